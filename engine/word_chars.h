@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "engine/word_rules.h"
+
+namespace korv {
+
+/// A word is never longer than this many characters; a longer run of word characters is cut here.
+inline constexpr size_t kMostWordCharacters = 65000;
+
+/// Whether `ch` (one character, UTF-8; empty is none) may stand in a word: ASCII and Latin-1 letters
+/// (215 and 247 are none), letters and marks from code 256 on, digits where `digitsAreWordChars`, and
+/// whatever stands in `extra`.
+bool IsWordChar(std::string_view ch, bool digitsAreWordChars, std::string_view extra);
+bool IsWordCharCode(char32_t ch, bool digitsAreWordChars, std::string_view extra);
+
+/// What stands right after a word.
+struct WordEnd {
+  bool EndedBySemicolon = false;
+  bool EndedByPeriod = false;
+  bool EndedByDoubleQuote = false;
+  bool EndedByTab = false;
+  bool EndedByComma = false;
+  bool AtClosingTag = false;  ///< "</" follows.
+};
+
+/// Steps through `text` from byte `start` in direction `step` (+1 or -1) to the first character that is
+/// no word character, and returns its byte position (text.size(), or npos-like static_cast<size_t>(-1)
+/// at the beginning, when there is none). Gives up after kMostWordCharacters. `end` is set for the
+/// character at the stop.
+size_t NumAlpha2(std::string_view text, size_t start, int step, WordEnd& end, std::string_view extra);
+
+}  // namespace korv

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+namespace korv {
+
+/// What counts as a word, and where phrases end. The defaults are those of "Restore defaults".
+struct WordRules {
+  // Characters that a word may hold beside letters.
+  bool AllowHyphens = true;
+  bool AllowApostrophes = false;
+  bool AllowUnderscores = false;
+  bool AllowColons = false;
+  bool AllowBackslashes = false;
+  bool AllowForwardslashes = false;
+  bool AllowPeriods = false;
+  bool AllowAtSigns = false;
+  bool AllowNumerals = false;
+  bool AllowParentheses = false;
+  bool AllowAmpersands = false;
+  bool AllowCommas = false;
+
+  bool CaseSignificant = false;  ///< Off: words are lower-cased.
+  bool Only7bitASCII = false;    ///< Words with a character of code 128 or above are dropped.
+  bool IgnoreShortWords = true;  ///< Words of fewer than ShortWordSize characters are dropped.
+  int ShortWordSize = 3;         ///< 2..20
+  int LongWordSize = 50;         ///< 20..80 in tens; words of more characters are dropped.
+  bool IgnoreNoLetter = true;    ///< Words without a letter are dropped.
+  bool IgnoreRepetitions = true; ///< Words with one letter four times in a row, case aside, are dropped.
+
+  // Where no phrase goes on.
+  bool TerminateAtEndOfLine = false;
+  bool TerminateAtPeriod = true;
+  bool TerminateAtComma = false;
+  bool TerminateAtDoubleQuote = true;
+  bool TerminateAtTab = true;
+
+  /// The extra characters, ASCII, in no particular order; derived by the two functions below.
+  std::string AllowedExtraChars;
+};
+
+/// Starts AllowedExtraChars anew with what the first nine kinds admit: "-'_:\/.@" and the digits.
+void SetAllowedExtraChars(WordRules& rules);
+/// Appends "()", "&" and "," where they are allowed. Called after SetAllowedExtraChars, before each run.
+void SetAllowedExtraChars2(WordRules& rules);
+
+}  // namespace korv

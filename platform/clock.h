@@ -1,0 +1,14 @@
+#pragma once
+
+#include <chrono>
+
+namespace korv {
+
+/// The time, as something a test can set.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual std::chrono::steady_clock::time_point Now() const = 0;
+};
+
+}  // namespace korv

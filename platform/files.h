@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/expected.h"
+
+namespace korv {
+
+/// Why the file system refused. `PermissionDenied` is the one kind that users are told apart.
+enum class FileFault { NotFound, PermissionDenied, IsFolder, NotAFolder, NoSpace, Other };
+
+struct FileError {
+  FileFault fault = FileFault::Other;
+  std::string description;  ///< The system's own words, UTF-8, without the path.
+};
+
+/// A file open for reading, from its beginning. Closed by its destructor.
+class InputFile {
+ public:
+  virtual ~InputFile() = default;
+  /// Fills up to all of `buffer` and returns the bytes read; 0 only at the end of the file.
+  virtual Expected<size_t, FileError> Read(std::span<char> buffer) = 0;
+  /// Length in bytes when it was opened; files that have no length (pipes) say 0.
+  virtual uint64_t Size() const = 0;
+};
+
+/// A file being written beside its target. Nothing is seen under the target's name until Commit();
+/// destroyed without it, the file disappears and the target is as it was.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+  /// An empty result on success.
+  virtual std::optional<FileError> Write(std::string_view bytes) = 0;
+  /// Flushes and puts the file in the target's place in one step.
+  virtual std::optional<FileError> Commit() = 0;
+};
+
+struct FolderListing {
+  std::vector<std::filesystem::path> files;       ///< Names only, in no order. Links to files count as files.
+  std::vector<std::filesystem::path> subfolders;  ///< Names only, in no order, links to folders left out.
+};
+
+/// Everything that touches the disk, so that a test can make any call fail.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual bool FileExists(const std::filesystem::path& path) const = 0;
+  virtual bool FolderExists(const std::filesystem::path& path) const = 0;
+  virtual Expected<uint64_t, FileError> FileSize(const std::filesystem::path& path) const = 0;
+  /// Whether both names lead to one existing file (links followed, case as the system has it).
+  virtual bool SameFile(const std::filesystem::path& a, const std::filesystem::path& b) const = 0;
+  /// Absolute, without "." and "..", links not followed.
+  virtual std::filesystem::path AbsolutePath(const std::filesystem::path& path) const = 0;
+
+  virtual Expected<std::unique_ptr<InputFile>, FileError> OpenForReading(
+      const std::filesystem::path& path) = 0;
+  virtual Expected<std::unique_ptr<OutputFile>, FileError> OpenForWriting(
+      const std::filesystem::path& path) = 0;
+  virtual Expected<FolderListing, FileError> ListFolder(const std::filesystem::path& path) = 0;
+
+  virtual std::optional<FileError> CreateFolder(const std::filesystem::path& path) = 0;
+  /// Removes a file or an empty folder.
+  virtual std::optional<FileError> Remove(const std::filesystem::path& path) = 0;
+  /// A fresh folder in the user's temporary folder that only its owner can enter.
+  virtual Expected<std::filesystem::path, FileError> CreatePrivateTemporaryFolder() = 0;
+};
+
+/// A path as text to show: UTF-8; bytes that are none become U+FFFD.
+std::string PathToText(const std::filesystem::path& path);
+/// The path that a UTF-8 text names.
+std::filesystem::path PathFromText(std::string_view text);
+
+}  // namespace korv

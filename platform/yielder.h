@@ -1,0 +1,54 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+
+namespace korv {
+
+/// Keeps the program alive during long loops, and carries the request to stop.
+///
+/// A loop calls Yield() once per step, however small the step is: nearly every call only counts down.
+/// The count adapts to how long the steps take, so that the platform gets its turn about every 15 ms.
+/// Yield() belongs to the program's one thread; Stopped() and RequestStop() may be called from any
+/// thread and from a signal handler.
+class Yielder {
+ public:
+  Yielder() = default;
+  Yielder(const Yielder&) = delete;
+  Yielder& operator=(const Yielder&) = delete;
+  virtual ~Yielder() = default;
+
+  void Yield() {
+    if (--left_ == 0) Turn();
+  }
+  bool Stopped() const { return stopped_.load(std::memory_order_relaxed); }
+  void RequestStop() { stopped_.store(true, std::memory_order_relaxed); }
+  void ClearStop() { stopped_.store(false, std::memory_order_relaxed); }
+
+ protected:
+  /// The platform's turn: process events, show progress. May call RequestStop().
+  virtual void HandOver() = 0;
+  /// Called when a stride is used up: hands over if the platform's turn is due, and returns how many
+  /// calls of Yield() go by until it is asked again, at least 1. The base class goes by the clock; a test
+  /// that wants to see every call hands over and returns 1.
+  virtual uint32_t NextStride();
+
+ private:
+  void Turn();
+
+  static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler sets it");
+  std::atomic<bool> stopped_{false};
+  uint32_t left_ = 1;
+  uint32_t stride_ = 1;
+  std::chrono::steady_clock::time_point lastLook_{};
+  std::chrono::steady_clock::time_point lastTurn_{};
+};
+
+/// For callers that have nothing to keep alive.
+class NoYielder final : public Yielder {
+ protected:
+  void HandOver() override {}
+};
+
+}  // namespace korv
