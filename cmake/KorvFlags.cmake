@@ -18,6 +18,7 @@ endif()
 function(korv_room name)
   add_library(korv_${name} STATIC ${ARGN})
   target_link_libraries(korv_${name} PUBLIC korv_flags)
+  set_target_properties(korv_${name} PROPERTIES LINKER_LANGUAGE CXX)
 endfunction()
 
 # A test program: korv_test(<room> <name> <libraries> SOURCES <files>); registered under <room>.<name>.
