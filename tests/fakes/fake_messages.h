@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/messages.h"
+
+namespace korv {
+
+/// Messages that are answered beforehand, and remembered.
+///
+///   FakeMessages messages;
+///   messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+///   LoadCommonWords(list, messages);
+///   EXPECT_EQ(messages.Only().title, "Load common words file");
+///
+/// A question without an answer of its own gets its default, as if the user pressed Enter.
+class FakeMessages final : public Messages {
+ public:
+  struct InputBox {
+    std::string prompt;
+    std::string title;
+    std::string initial;
+  };
+
+  void WillAnswer(Question question, Answer answer) { answers_[question] = answer; }
+  /// The next input box gets this; empty for "Cancel". Boxes beyond the answers are cancelled.
+  void WillType(std::optional<std::string> text) { typed_.push_back(std::move(text)); }
+
+  Answer Show(const Message& message) override {
+    shown.push_back(message);
+    if (message.buttons == Buttons::Ok) return Answer::Ok;
+    const auto answer = answers_.find(message.question);
+    return answer == answers_.end() ? message.defaultAnswer : answer->second;
+  }
+
+  std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
+                                     const std::string& initial) override {
+    inputBoxes.push_back({prompt, title, initial});
+    if (inputBoxes.size() > typed_.size()) return std::nullopt;
+    return typed_[inputBoxes.size() - 1];
+  }
+
+  /// The one message that was shown; an empty one when there was none or more than one.
+  Message Only() const { return shown.size() == 1 ? shown.front() : Message{}; }
+  void Forget() { shown.clear(); }
+
+  std::vector<Message> shown;  ///< In order, questions included.
+  std::vector<InputBox> inputBoxes;
+
+ private:
+  std::map<Question, Answer> answers_;
+  std::vector<std::optional<std::string>> typed_;
+};
+
+}  // namespace korv
