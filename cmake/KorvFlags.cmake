@@ -1,3 +1,11 @@
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# The programs stand together, beside their data: see KorvData.cmake. Tests keep to their own folders.
+set(KORV_PROGRAM_DIR ${PROJECT_BINARY_DIR}/bin)
+
 # One interface target carries the flags of every target of ours.
 add_library(korv_flags INTERFACE)
 target_compile_features(korv_flags INTERFACE cxx_std_20)
@@ -7,11 +15,13 @@ if(KORV_SANITIZE)
   target_compile_options(korv_flags INTERFACE -fsanitize=${KORV_SANITIZE} -fno-omit-frame-pointer
                                               -fno-sanitize-recover=all)
   target_link_options(korv_flags INTERFACE -fsanitize=${KORV_SANITIZE})
+  target_compile_definitions(korv_flags INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
-set(CMAKE_CXX_EXTENSIONS OFF)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-if(NOT CMAKE_BUILD_TYPE)
-  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+if(KORV_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "KORV_FUZZ needs Clang; without it the fuzz targets are replayed as tests.")
+  endif()
+  target_compile_options(korv_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # A room is a static library named korv_<room> with its sources listed by hand.
@@ -21,7 +31,7 @@ function(korv_room name)
   set_target_properties(korv_${name} PROPERTIES LINKER_LANGUAGE CXX)
 endfunction()
 
-# A test program: korv_test(<room> <name> <libraries> SOURCES <files>); registered under <room>.<name>.
+# A test program: korv_test(<room> <name> SOURCES <files> LIBRARIES <targets>); registered as <room>.<name>.
 function(korv_test room name)
   cmake_parse_arguments(T "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(test_${room}_${name} ${T_SOURCES})
@@ -29,4 +39,6 @@ function(korv_test room name)
   target_compile_definitions(test_${room}_${name}
                              PRIVATE KORV_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   add_test(NAME ${room}.${name} COMMAND test_${room}_${name})
+  # Far above what any test takes: only a test that hangs is ended by it.
+  set_tests_properties(${room}.${name} PROPERTIES TIMEOUT 900 LABELS ${room})
 endfunction()
