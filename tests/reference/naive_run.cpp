@@ -1,0 +1,133 @@
+#include "tests/reference/naive_run.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "tests/reference/naive_text.h"
+
+namespace korv::naive {
+namespace {
+
+int WordsIn(std::string_view phrase) {
+  return static_cast<int>(std::count(phrase.begin(), phrase.end(), '+')) + 1;
+}
+
+std::string WithBlanks(std::string phrase) {
+  std::replace(phrase.begin(), phrase.end(), '+', ' ');
+  return phrase;
+}
+
+}  // namespace
+
+bool RulesDrop(std::string_view word, const WordRules& rules) {
+  const std::u32string characters = Decode(word);
+  const auto length = static_cast<int>(characters.size());
+  if (rules.IgnoreShortWords && length < rules.ShortWordSize) return true;
+  if (length > rules.LongWordSize) return true;
+  if (rules.IgnoreNoLetter && std::none_of(characters.begin(), characters.end(), IsLetter)) return true;
+  if (rules.IgnoreRepetitions) {
+    const std::u32string lowered = Decode(Lower(word));
+    for (size_t i = 3; i < characters.size(); ++i) {
+      if (IsLetter(characters[i]) && lowered[i] == lowered[i - 1] && lowered[i] == lowered[i - 2] &&
+          lowered[i] == lowered[i - 3]) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+CountingRun::CountingRun(const WordRules& rules, const RunOptions& options, ListEntries entries)
+    : rules_(rules),
+      options_(options),
+      lists_(std::move(entries)),
+      table_(options.SourceKind),
+      buffers_(static_cast<size_t>(options.MaxWords) + 1) {}
+
+void CountingRun::BeginSource(std::string_view path) {
+  table_.SetPath(path);
+  ResetPhrases();
+}
+
+void CountingRun::TakeWord(std::string_view word) {
+  if (RulesDrop(word, rules_)) {
+    ++dropped_;
+    return;
+  }
+  std::string folded = rules_.CaseSignificant ? std::string(word) : Lower(word);
+  if (options_.IgnoreMode == IgnoreRule::Remove && lists_.IsWordToIgnore(folded)) {
+    ++dropped_;
+    return;
+  }
+  GetWords2(folded);
+}
+
+void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
+  const bool sevenBit = std::all_of(word.begin(), word.end(), [](char c) { return (c & 0x80) == 0; });
+  if (rules_.Only7bitASCII && !sevenBit) {
+    ++dropped_;
+  } else {
+    ++taken_;
+    for (int k = options_.MinWords; k <= options_.MaxWords; ++k) {
+      std::string& buffer = buffers_[static_cast<size_t>(k)];
+      if (buffer.empty()) {
+        buffer = word;
+      } else {
+        if (WordsIn(buffer) >= k) buffer.erase(0, buffer.find('+') + 1);
+        buffer += "+" + std::string(word);
+      }
+      if (WordsIn(buffer) != k) continue;
+      std::string phrase = buffer;
+      if (options_.IgnoreMode == IgnoreRule::Remove && lists_.HasWordsToIgnore()) {
+        phrase = StripPhrase(buffer);
+        std::replace(phrase.begin(), phrase.end(), ' ', '+');
+        if (phrase.empty() || WordsIn(phrase) < options_.MinWords || WordsIn(phrase) > options_.MaxWords)
+          continue;
+      }
+      if (!IgnoreRuleAccepts(phrase) || !lists_.CountOnlyAdmits(phrase)) continue;
+      table_.AddWordToList(WithBlanks(phrase));
+    }
+  }
+  if (rules_.TerminateAtPeriod && end.EndedByPeriod) ResetPhrases();
+  if (rules_.TerminateAtDoubleQuote && end.EndedByDoubleQuote) ResetPhrases();
+  if (rules_.TerminateAtTab && end.EndedByTab) ResetPhrases();
+  if (rules_.TerminateAtComma && end.EndedByComma) ResetPhrases();
+}
+
+void CountingRun::ResetPhrases() {
+  for (size_t k = 2; k < buffers_.size(); ++k) buffers_[k].clear();
+}
+
+std::string CountingRun::StripPhrase(std::string_view phrase) const {
+  std::string stripped;
+  for (const std::string& word : Split(phrase, '+')) {
+    if (lists_.IsWordToIgnore(word)) continue;
+    if (!stripped.empty()) stripped += ' ';
+    stripped += word;
+  }
+  return stripped;
+}
+
+bool CountingRun::IgnoreRuleAccepts(std::string_view phrase) const {
+  if (!lists_.HasWordsToIgnore()) return true;
+  int ignored = 0, words = 0;
+  for (const std::string& word : Split(phrase, '+')) {
+    ++words;
+    if (lists_.IsWordToIgnore(word)) ++ignored;
+  }
+  if (options_.IgnoreMode == IgnoreRule::ExcludeWith) return ignored == 0;
+  if (options_.IgnoreMode == IgnoreRule::ExcludeAll) return ignored < words;
+  return true;
+}
+
+void CountingRun::Finish(ChainBy by) {
+  SortPhrases(table_, 1, table_.PhraseCount, 1, Direction::Descending);
+  for (int32_t i = 1; i <= table_.PhraseCount; ++i) {
+    table_[i].Listed = options_.MinFrequency == 1 || table_[i].Count >= options_.MinFrequency;
+  }
+  ExcludeRedundantSubphrases(table_);
+  SortPhrases(table_, 1, table_.PhraseCount, 1, Direction::Ascending);
+  SetUpFrequencyChain(table_, by);
+}
+
+}  // namespace korv::naive

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/run_lists.h"
+#include "engine/run_options.h"
+#include "engine/word_chars.h"
+#include "engine/word_rules.h"
+#include "tests/reference/naive_lists.h"
+#include "tests/reference/naive_order.h"
+#include "tests/reference/naive_table.h"
+
+namespace korv::naive {
+
+/// Whether the rules drop the word: short, long, letterless, repetitive.
+bool RulesDrop(std::string_view word, const WordRules& rules);
+
+/// One counting run: words in, table out. A stop is a text that ends earlier.
+class CountingRun {
+ public:
+  CountingRun(const WordRules& rules, const RunOptions& options, ListEntries entries);
+
+  void BeginSource(std::string_view path);
+  /// A word as cut from the text.
+  void TakeWord(std::string_view word);
+  /// A word for the phrase buffers; `end` tells what stands after it.
+  void GetWords2(std::string_view word, const WordEnd& end = {});
+  void ResetPhrases();
+  /// The phrase (words joined by "+") without its words to ignore, joined by blanks.
+  std::string StripPhrase(std::string_view phrase) const;
+
+  /// After the last word: sorts, marks what is listed, excludes, sorts the other way, builds the chain.
+  void Finish(ChainBy by = ChainBy::Count);
+
+  const Table& Phrases() const { return table_; }
+  int64_t WordsTaken() const { return taken_; }
+  int64_t WordsDropped() const { return dropped_; }
+
+ private:
+  /// The words-to-ignore test of a full-length phrase.
+  bool IgnoreRuleAccepts(std::string_view phrase) const;
+
+  WordRules rules_;
+  RunOptions options_;
+  Lists lists_;
+  Table table_;
+  std::vector<std::string> buffers_;  ///< Buffer k holds the last k words, joined by "+".
+  int64_t taken_ = 0;
+  int64_t dropped_ = 0;
+};
+
+}  // namespace korv::naive

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// The naive model of the engine: every rule written down as it is described, in the plainest way and
+/// without a thought for speed. The real engine is compared with it; so nothing here uses the real one
+/// but its plain records.
+namespace korv::naive {
+
+/// UTF-8 (well-formed) to code points and back.
+std::u32string Decode(std::string_view text);
+std::string Encode(std::u32string_view characters);
+/// Code points.
+int CharacterCount(std::string_view text);
+
+/// A letter as the no-letter and repetition rules mean it: by the table of codes below 256, by category
+/// (letter or mark) from there on. Digits and extra characters are none.
+bool IsLetter(char32_t character);
+/// Unicode simple lower-casing, character by character.
+std::string Lower(std::string_view text);
+
+std::string FoldAccents(std::string_view text);
+std::string FoldKey(std::string_view text);
+
+}  // namespace korv::naive
