@@ -29,21 +29,26 @@ class InputFile {
   virtual Expected<size_t, FileError> Read(std::span<char> buffer) = 0;
   /// Length in bytes when it was opened; files that have no length (pipes) say 0.
   virtual uint64_t Size() const = 0;
+  /// Goes on reading at `position` bytes from the beginning. Pipes and terminals refuse.
+  virtual std::optional<FileError> SeekTo(uint64_t position);
 };
 
 /// A file being written beside its target. Nothing is seen under the target's name until Commit();
-/// destroyed without it, the file disappears and the target is as it was.
+/// destroyed without it, the file disappears and the target is as it was. A target that is no ordinary
+/// file (a device, a pipe) is written to directly.
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
-  /// An empty result on success.
+  /// Writes all of `bytes`, unbuffered: hand over large blocks. An empty result on success.
   virtual std::optional<FileError> Write(std::string_view bytes) = 0;
-  /// Flushes and puts the file in the target's place in one step.
+  /// Puts the file in the target's place in one step, with the permissions of the file that it replaces.
   virtual std::optional<FileError> Commit() = 0;
 };
 
 struct FolderListing {
-  std::vector<std::filesystem::path> files;       ///< Names only, in no order. Links to files count as files.
+  /// Names only, in no order. Links to files count as files, and so do links that lead nowhere (opening
+  /// them tells); pipes, sockets and devices are left out, because opening them may wait for ever.
+  std::vector<std::filesystem::path> files;
   std::vector<std::filesystem::path> subfolders;  ///< Names only, in no order, links to folders left out.
 };
 
@@ -52,13 +57,17 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
+  /// Whether there is something of that name (links followed) that is no folder.
   virtual bool FileExists(const std::filesystem::path& path) const = 0;
   virtual bool FolderExists(const std::filesystem::path& path) const = 0;
+  /// In bytes. Pipes and devices have no size: an error of the kind Other.
   virtual Expected<uint64_t, FileError> FileSize(const std::filesystem::path& path) const = 0;
   /// Whether both names lead to one existing file (links followed, case as the system has it).
   virtual bool SameFile(const std::filesystem::path& a, const std::filesystem::path& b) const = 0;
   /// Absolute, without "." and "..", links not followed.
   virtual std::filesystem::path AbsolutePath(const std::filesystem::path& path) const = 0;
+  /// Absolute, with links followed as far as the path exists; AbsolutePath() where that fails.
+  virtual std::filesystem::path CanonicalPath(const std::filesystem::path& path) const = 0;
 
   virtual Expected<std::unique_ptr<InputFile>, FileError> OpenForReading(
       const std::filesystem::path& path) = 0;
@@ -66,12 +75,16 @@ class FileSystem {
       const std::filesystem::path& path) = 0;
   virtual Expected<FolderListing, FileError> ListFolder(const std::filesystem::path& path) = 0;
 
+  /// A folder that is there already is as good as a new one.
   virtual std::optional<FileError> CreateFolder(const std::filesystem::path& path) = 0;
   /// Removes a file or an empty folder.
   virtual std::optional<FileError> Remove(const std::filesystem::path& path) = 0;
   /// A fresh folder in the user's temporary folder that only its owner can enter.
   virtual Expected<std::filesystem::path, FileError> CreatePrivateTemporaryFolder() = 0;
 };
+
+/// The disks of this system. What it opens may be used from any thread, one thread at a time.
+std::unique_ptr<FileSystem> MakeSystemFiles();
 
 /// A path as text to show: UTF-8; bytes that are none become U+FFFD.
 std::string PathToText(const std::filesystem::path& path);

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "platform/messages.h"
+#include "sources/classification.h"
+#include "sources/text_reader.h"
+
+namespace korv {
+
+enum class EncodingChoice {
+  Auto,  ///< As classified; text that merely looks like UTF-8 is asked about.
+  Utf8,  ///< Every text file is UTF-8, whatever its signature says.
+  Ansi,  ///< Every text file is ANSI, whatever its signature says.
+};
+
+/// Decides how text files are decoded, and remembers the answers: one per path while the program runs, and
+/// one for all files of a folder run.
+class EncodingChooser {
+ public:
+  explicit EncodingChooser(EncodingChoice choice = EncodingChoice::Auto) : choice_(choice) {}
+
+  /// From here to EndFolderRun() one answer holds for every file.
+  void BeginFolderRun();
+  void EndFolderRun();
+
+  TextEncoding Choose(const TextFacts& facts, const std::string& path, Messages& messages);
+
+ private:
+  EncodingChoice choice_;
+  bool folderRun_ = false;
+  std::optional<bool> folderAnswer_;
+  std::map<std::string, bool> answers_;
+};
+
+}  // namespace korv

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+
+#include "platform/files.h"
+#include "platform/messages.h"
+#include "platform/number_format.h"
+#include "sources/classification.h"
+
+namespace korv {
+
+/// What IsTextFile works with, and what it remembers while the program runs.
+struct TextFileCheck {
+  FileSystem& Files;
+  korv::Messages& Messages;
+  const NumberFormat& Format;
+  std::function<void()> ClearOutput;  ///< Empties the window's text box; may be empty itself.
+  bool MacNoticeShown = false;
+};
+
+/// Whether a word-list file may be read; if not, the user has been told why. `silent` keeps back the remarks
+/// about line ends, not the refusals. `askToContinue` turns the remark on a slow file into a question.
+bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool silent, bool& isUtf8,
+                TextFileCode& code, bool askToContinue);
+
+/// The message with which a counting run of a single file refuses it. `facts.Code` is no readable text;
+/// `size` is the file's length in bytes.
+Message SingleFileRefusal(const std::string& path, const TextFacts& facts, uint64_t size,
+                          const NumberFormat& format);
+
+/// Why a folder run skips such a file: "is zero-length", "is not a text file" and so on.
+std::string_view SkipReason(TextFileCode code);
+
+}  // namespace korv
