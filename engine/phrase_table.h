@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -7,26 +8,25 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/run_options.h"
-#include "engine/word_stream.h"
-#include "platform/yielder.h"
+#include "engine/file_tallies.h"
 
 namespace korv {
 
 /// Index of an entry, 1-based; 0 means none.
 using PhraseIndex = uint32_t;
 
-class PhraseTable;
+struct PhraseTableData;
 
-/// The counts of one phrase by file. `FileNumbers` and `FileCounts` are parallel, in reading order;
-/// file numbers are 1-based indexes into PhraseTable::FilePaths.
-struct FileTally {
-  uint32_t FileNumber = 0;
-  uint32_t Count = 0;  ///< 1..99,999; more occurrences in one file are not recorded.
-};
-
-/// The phrases of one counting run with their numbers of occurrences. (Draft of the public face; see
-/// the operations in count_phrases.h, sort_phrases.h, redundancy.h and frequency_chain.h.)
+/// The phrases of one counting run with their numbers of occurrences.
+///
+/// It is filled in one of two ways. A counting run fills it from the words of the whole text
+/// (CountPhrases, count_phrases.h) and keeps as entries only the phrases that may be listed; the others are
+/// in PhraseCount() and Occurrences(). AddWordToList fills it one phrase at a time and keeps them all; that
+/// is how word lists are read. Then, in this order: SortPhrases, ExcludeRedundantSubphrases,
+/// SetUpFrequencyChain.
+///
+/// Phrases are kept as places in the text, 16 bytes each, however long they are; their characters are put
+/// together when asked for.
 class PhraseTable {
  public:
   PhraseTable();
@@ -34,41 +34,65 @@ class PhraseTable {
   PhraseTable(PhraseTable&&) noexcept;
   PhraseTable& operator=(PhraseTable&&) noexcept;
 
-  /// Number of different phrases of the run, listed or not.
+  /// Number of different phrases found so far, listed or not. Never decreases during a run; may be asked
+  /// from any thread.
   uint64_t PhraseCount() const;
-  /// Number of phrase occurrences that the run counted, listed or not.
+  /// Number of phrase occurrences counted, listed or not: the whole that relative frequencies refer to.
   uint64_t Occurrences() const;
 
-  /// Entries 1..EntryCount(). Only phrases that can be listed are kept as entries: neither those below
-  /// the minimum frequency nor those that a one-word-longer phrase makes redundant.
+  // ---- Filling one phrase at a time.
+
+  /// Empties the table. `forWordList`: entries are words of a list, without limit of length and files.
+  void Clear(bool forWordList = false);
+  /// Counts one occurrence of `phrase` (words joined by single blanks). In a phrase run phrases of more
+  /// than kMostPhraseCharacters are ignored. Expected constant cost.
+  void AddWordToList(std::string_view phrase);
+  /// From here on phrases belong to the file `path`; it gets a number with its first phrase.
+  void BeginFile(const std::filesystem::path& path);
+
+  struct Place {
+    bool Found;
+    /// The place of the phrase among all phrases in descending order of Text, 1-based; when it is not
+    /// there, the negated place at which it would be inserted.
+    int64_t Position;
+  };
+  /// Where `text` stands. Binary search; the first call after a change sorts.
+  Place FindPhrase(std::string_view text) const;
+  /// The most halving steps that a FindPhrase has taken.
+  int MaxSearchDepth() const;
+
+  // ---- Entries 1..EntryCount(); ascending by Key, then Text, once sorted.
+
   PhraseIndex EntryCount() const;
-  std::string Text(PhraseIndex i) const;
   void AppendText(PhraseIndex i, std::string& out) const;
+  std::string Text(PhraseIndex i) const;
+  /// The folded, lower-cased form by which entries are ordered.
   std::string Key(PhraseIndex i) const;
   uint32_t Count(PhraseIndex i) const;
-  bool Listed(PhraseIndex i) const;
   int Words(PhraseIndex i) const;       ///< Number of words.
   int Characters(PhraseIndex i) const;  ///< Number of characters, blanks included.
+  /// Cleared for phrases below the minimum frequency and for redundant ones.
+  bool Listed(PhraseIndex i) const;
+  void SetListed(PhraseIndex i, bool listed);
 
-  PhraseIndex ChainHead() const;
-  uint32_t ChainPosition(PhraseIndex i) const;  ///< Rank, 1 for the first; 0 when not in the chain.
-  PhraseIndex ChainNext(PhraseIndex i) const;   ///< 0 at the end.
+  // ---- The frequency chain.
 
-  /// Folder runs only. Cost: the phrase's number of occurrences.
+  PhraseIndex ChainHead() const;                ///< 0 for an empty chain.
+  uint32_t ChainPosition(PhraseIndex i) const;  ///< The rank, 1 for the first; 0 when not in the chain.
+  PhraseIndex ChainNext(PhraseIndex i) const;   ///< 0 at the end and for entries not in the chain.
+
+  // ---- Folder runs: the files that a phrase occurs in. Cost: its number of occurrences.
+
+  FileTallies Files(PhraseIndex i) const;
   uint32_t FileCount(PhraseIndex i) const;
-  std::vector<FileTally> Files(PhraseIndex i) const;
+  /// The files that contributed a phrase, in reading order; file number 1 is the first.
   const std::vector<std::filesystem::path>& FilePaths() const;
+
+  PhraseTableData& Data() { return *data_; }
+  const PhraseTableData& Data() const { return *data_; }
+
+ private:
+  std::unique_ptr<PhraseTableData> data_;
 };
-
-/// Counts every phrase of the stream and fills `table` with those that may be listed, in ascending order
-/// of Key, then Text. `found` is told the number of different phrases found so far. A stop leaves the
-/// table usable only after another call that is not stopped; returns false then.
-bool CountPhrases(WordStream& stream, PhraseTable& table, Yielder& yielder);
-/// Clears Listed of every entry that a longer phrase of the same count contains. False when stopped.
-bool ExcludeRedundantSubphrases(PhraseTable& table, Yielder& yielder);
-
-enum class ChainOrder { ByCount, ByFiles };
-/// Orders the listed entries: by Count (or FileCount, then Count), descending, then by index.
-bool SetUpFrequencyChain(PhraseTable& table, ChainOrder order, Yielder& yielder);
 
 }  // namespace korv

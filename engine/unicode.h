@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,16 +13,25 @@ inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 /// The character at byte `at` (which must be inside `text`); advances `at` past it. An ill-formed sequence
 /// gives kReplacementCharacter and advances by its longest well-formed beginning, at least one byte.
 char32_t NextCharacter(std::string_view text, size_t& at);
+/// `character` is a code point that is no surrogate.
 void AppendCharacter(char32_t character, std::string& text);
 /// Number of characters; `text` is well-formed UTF-8.
 size_t CharacterCount(std::string_view text);
-/// Canonical composition. Cheap when every character is below U+0300.
+/// Whether every byte is below 0x80. Eight bytes a step.
+bool IsAscii(std::string_view text);
+
+/// Canonical composition of well-formed UTF-8. Text that the characters themselves show to be composed
+/// (everything below U+0300 is) is only copied. Linear in the text, however many marks it stacks.
 std::string ToNfc(std::string_view text);
+/// Whether a look at each character alone shows that `text` is in NFC. False does not mean that it is not.
+bool IsCertainlyNfc(std::string_view text);
+
 /// Unicode simple lower-casing, character by character.
 char32_t LowerCharacter(char32_t character);
 std::string LowerText(std::string_view text);
 /// Whether the general category is a letter (L*) or a mark (M*).
 bool IsLetterOrMark(char32_t character);
+
 /// U+2018 and U+2019 become "'", U+201D becomes the plain double quote. For texts typed by the user
 /// and for everything that is decoded.
 void ReplaceTypographicQuotes(std::string& text);

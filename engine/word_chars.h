@@ -1,10 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string_view>
-
-#include "engine/word_rules.h"
 
 namespace korv {
 
@@ -27,10 +24,11 @@ struct WordEnd {
   bool AtClosingTag = false;  ///< "</" follows.
 };
 
-/// Steps through `text` from byte `start` in direction `step` (+1 or -1) to the first character that is
-/// no word character, and returns its byte position (text.size(), or npos-like static_cast<size_t>(-1)
-/// at the beginning, when there is none). Gives up after kMostWordCharacters. `end` is set for the
-/// character at the stop.
+/// Steps through `text` (UTF-8) from the character at byte `start` in direction `step` (+1 or -1) to the
+/// first character that is no word character, and returns the byte at which that character begins: going
+/// forward text.size() when there is none, going backward std::string_view::npos. Gives up after
+/// kMostWordCharacters. `end` is set for the character at the stop. Digits are word characters where
+/// `extra` holds them.
 size_t NumAlpha2(std::string_view text, size_t start, int step, WordEnd& end, std::string_view extra);
 
 }  // namespace korv

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,65 +10,80 @@
 
 #include "engine/run_lists.h"
 #include "engine/run_options.h"
+#include "engine/string_table.h"
+#include "engine/vocabulary.h"
 #include "engine/word_rules.h"
 
 namespace korv {
 
-/// The distinct words of a run, numbered from 1 in the order of their first appearance.
-class Vocabulary;
-
-/// The text of a run as counting needs it: one number per word, 0 where no phrase goes on.
+/// The text of a run as counting needs it: one number per word, kNoWord where no phrase goes on.
 ///
 /// The scanner hands over every word as it was cut (TakeWord) and every place where phrases end
-/// (ResetPhrases); what a phrase of k words is follows: k numbers in a row with no 0 between them, at
-/// most kMostPhraseCharacters characters long. Costs 4 bytes per word of text and one look-up per word;
-/// the rules that look at a word's letters are applied once per distinct word.
+/// (ResetPhrases). The phrase buffers of all lengths follow from that: a phrase of k words is k numbers in
+/// a row without kNoWord between them. Costs 4 bytes per word of text and one look-up per word; the rules
+/// that look at a word's letters are applied once per distinct word.
 ///
 ///   WordStream stream(rules, options, lists);
 ///   stream.BeginSource("a.txt");
 ///   stream.TakeWord("The"); stream.TakeWord("cat"); stream.ResetPhrases();
 class WordStream {
  public:
-  /// Keeps copies of rules and options; `lists` must outlive the stream.
+  /// Keeps copies of rules and options; `lists` must outlive the stream and its counting.
   WordStream(const WordRules& rules, const RunOptions& options, const RunLists& lists);
-  ~WordStream();
-  WordStream(WordStream&&) noexcept;
-  WordStream& operator=(WordStream&&) noexcept;
 
-  /// Starts a file (or the clipboard: any path): empties the phrase buffers. Phrases counted from here
+  /// Starts a file (or the clipboard, with an empty path): empties the phrase buffers. Phrases from here
   /// on belong to that file.
   void BeginSource(const std::filesystem::path& path);
 
   /// One word as cut from the text, UTF-8. Drops it under the short, long, letterless and repetition
   /// rules, folds its case unless case is significant, drops it when it is to be removed as a word to
-  /// ignore, and hands the rest to GetWords2. A dropped word leaves no gap.
+  /// ignore or under the 7-bit rule, and feeds the rest to the phrase buffers. A dropped word leaves no
+  /// gap: phrases close over it.
   void TakeWord(std::string_view word);
 
-  /// One word for the phrase buffers, dropped under the 7-bit rule.
+  /// One word for the phrase buffers as it stands; dropped under the 7-bit rule.
   void GetWords2(std::string_view word);
 
   /// No phrase goes on here: empties the phrase buffers.
-  void ResetPhrases();
+  void ResetPhrases() {
+    if (numbers_.back() != kNoWord) numbers_.push_back(kNoWord);
+  }
 
-  uint64_t WordsTaken() const;    ///< Words that went into phrases.
-  uint64_t WordsDropped() const;  ///< Words that the rules or the remove mode dropped.
+  uint64_t WordsTaken() const { return wordsTaken_; }      ///< Words fed to the phrase buffers.
+  uint64_t WordsDropped() const { return wordsDropped_; }  ///< Words that rules or the remove mode dropped.
 
-  // What counting reads.
-  const RunOptions& Options() const;
-  const RunLists& Lists() const;
-  const Vocabulary& Words() const;
-  std::span<const uint32_t> Numbers() const;
+  const RunOptions& Options() const { return options_; }
+  const RunLists& Lists() const { return *lists_; }
 
+  /// A file of the run with the index of its first number.
   struct Source {
-    std::filesystem::path path;
-    size_t begin;  ///< Index of its first number.
+    std::filesystem::path Path;
+    size_t Begin;
   };
-  std::span<const Source> Sources() const;
+  const std::vector<Source>& Sources() const { return sources_; }
 
  private:
-  friend class PhraseTable;
-  struct State;
-  std::unique_ptr<State> state_;
+  friend struct CountingAccess;
+
+  /// What becomes of a word as cut: its number, or one of the verdicts below.
+  static constexpr WordNumber kDropped = 0xFFFFFFFF;
+  /// Excludes every phrase that holds it, which is what a phrase end does.
+  static constexpr WordNumber kEndsPhrase = 0xFFFFFFFE;
+
+  WordNumber Judge(std::string_view word);
+  WordNumber Admit(std::string_view word);
+  void Feed(WordNumber verdict);
+
+  WordRules rules_;
+  RunOptions options_;
+  const RunLists* lists_;
+  StringTable asCut_;                 ///< The words as cut ...
+  std::vector<WordNumber> verdicts_;  ///< ... and what becomes of each.
+  Vocabulary vocabulary_;
+  std::vector<WordNumber> numbers_;  ///< Begins with kNoWord, so that every word has a left neighbour.
+  std::vector<Source> sources_;
+  uint64_t wordsTaken_ = 0;
+  uint64_t wordsDropped_ = 0;
 };
 
 }  // namespace korv

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace korv {
+
+/// In which files a phrase occurs and how often in each, with the two limits that reports rely on.
+class FileTallies {
+ public:
+  static constexpr uint32_t kMostFiles = 10000;
+  static constexpr uint32_t kMostPerFile = 99999;
+
+  struct Tally {
+    uint32_t FileNumber;  ///< 1-based.
+    uint32_t Count;       ///< 1..kMostPerFile; further occurrences are not recorded.
+    bool operator==(const Tally&) const = default;
+  };
+
+  /// One occurrence in a file; calls come in reading order. From the moment kMostFiles files are recorded
+  /// nothing more is, not even for the last of them.
+  void Add(uint32_t fileNumber);
+
+  uint32_t FileCount() const { return static_cast<uint32_t>(tallies_.size()); }
+  const std::vector<Tally>& Tallies() const { return tallies_; }
+
+  /// The file numbers, five digits each.
+  std::string FileNumbers() const;
+  /// The counts, five digits each, parallel to FileNumbers().
+  std::string FileCounts() const;
+
+ private:
+  std::vector<Tally> tallies_;
+};
+
+}  // namespace korv

@@ -1,0 +1,128 @@
+#include "engine/phrase_table.h"
+
+#include <algorithm>
+
+#include "engine/folding.h"
+#include "engine/phrase_table_data.h"
+#include "engine/unicode.h"
+
+namespace korv {
+
+namespace {
+
+PhraseEntry& Entry(PhraseTableData& data, PhraseIndex i) {
+  return data.Entries[i - 1];
+}
+const PhraseEntry& Entry(const PhraseTableData& data, PhraseIndex i) {
+  return data.Entries[i - 1];
+}
+
+}  // namespace
+
+PhraseTable::PhraseTable() : data_(std::make_unique<PhraseTableData>()) {}
+PhraseTable::~PhraseTable() = default;
+PhraseTable::PhraseTable(PhraseTable&&) noexcept = default;
+PhraseTable& PhraseTable::operator=(PhraseTable&&) noexcept = default;
+
+uint64_t PhraseTable::PhraseCount() const {
+  return data_->PhraseCount.load(std::memory_order_relaxed);
+}
+uint64_t PhraseTable::Occurrences() const {
+  return data_->Occurrences;
+}
+
+PhraseIndex PhraseTable::EntryCount() const {
+  return static_cast<PhraseIndex>(data_->Entries.size());
+}
+
+void PhraseTable::AppendText(PhraseIndex i, std::string& out) const {
+  const PhraseEntry& entry = Entry(*data_, i);
+  const WordNumber* word = data_->Numbers.data() + entry.First;
+  out += data_->Words.Text(*word);
+  for (uint8_t k = 1; k < entry.Words; ++k) {
+    out += ' ';
+    out += data_->Words.Text(*++word);
+  }
+}
+
+std::string PhraseTable::Text(PhraseIndex i) const {
+  std::string text;
+  AppendText(i, text);
+  return text;
+}
+
+std::string PhraseTable::Key(PhraseIndex i) const {
+  return FoldKey(FoldAccents(Text(i)));
+}
+
+uint32_t PhraseTable::Count(PhraseIndex i) const {
+  return Entry(*data_, i).Count;
+}
+int PhraseTable::Words(PhraseIndex i) const {
+  return Entry(*data_, i).Words;
+}
+
+int PhraseTable::Characters(PhraseIndex i) const {
+  const PhraseEntry& entry = Entry(*data_, i);
+  int characters = entry.Words - 1;
+  for (uint8_t k = 0; k < entry.Words; ++k)
+    characters += data_->Words.Characters(data_->Numbers[entry.First + k]);
+  return characters;
+}
+
+bool PhraseTable::Listed(PhraseIndex i) const {
+  return Entry(*data_, i).Listed;
+}
+void PhraseTable::SetListed(PhraseIndex i, bool listed) {
+  Entry(*data_, i).Listed = listed;
+}
+
+PhraseIndex PhraseTable::ChainHead() const {
+  return data_->Chain.empty() ? 0 : data_->Chain.front();
+}
+
+uint32_t PhraseTable::ChainPosition(PhraseIndex i) const {
+  return data_->Rank.empty() ? 0 : data_->Rank[i];
+}
+
+PhraseIndex PhraseTable::ChainNext(PhraseIndex i) const {
+  const uint32_t rank = ChainPosition(i);
+  return rank == 0 || rank == data_->Chain.size() ? 0 : data_->Chain[rank];
+}
+
+namespace {
+
+uint32_t FileNumberAt(const PhraseTableData& data, uint32_t position) {
+  const uint32_t block = position / kSourceBlock;
+  const auto first = data.Sources.begin() + data.SourceOfBlock[block];
+  const auto last = block + 1 < data.SourceOfBlock.size()
+                        ? data.Sources.begin() + data.SourceOfBlock[block + 1] + 1
+                        : data.Sources.end();
+  const auto after = std::upper_bound(
+      first, last, position, [](uint32_t p, const WordStream::Source& source) { return p < source.Begin; });
+  return data.FileNumberOfSource[static_cast<size_t>(after - data.Sources.begin()) - 1];
+}
+
+}  // namespace
+
+FileTallies PhraseTable::Files(PhraseIndex i) const {
+  if (!data_->Tallies.empty()) return data_->Tallies[Entry(*data_, i).Slice];
+  FileTallies tallies;
+  if (data_->Positions.empty()) return tallies;
+  const PhraseEntry& entry = Entry(*data_, i);
+  std::vector<uint32_t> files(entry.Count);
+  for (uint32_t k = 0; k < entry.Count; ++k)
+    files[k] = FileNumberAt(*data_, data_->Positions[entry.Slice + k]);
+  std::sort(files.begin(), files.end());
+  for (const uint32_t file : files) tallies.Add(file);
+  return tallies;
+}
+
+uint32_t PhraseTable::FileCount(PhraseIndex i) const {
+  return Files(i).FileCount();
+}
+const std::vector<std::filesystem::path>& PhraseTable::FilePaths() const {
+  return data_->FilePaths;
+}
+
+}  // namespace korv

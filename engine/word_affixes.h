@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/vocabulary.h"
+#include "platform/yielder.h"
+
+namespace korv {
+
+/// Which words of a vocabulary end or begin with other words of it ("the" ends with "he", "cats" begins
+/// with "cat").
+///
+/// Each word points to the longest shorter one, so that following the pointers visits all of them. Words
+/// that meet at the end of their pointers are of one family. Expected cost: the characters of the words.
+class WordAffixes {
+ public:
+  /// On all threads. After a stop the object is of no use.
+  WordAffixes(const Vocabulary& words, Yielder& yielder);
+
+  /// The longest proper suffix of `word` that is a word, kNoWord when there is none.
+  WordNumber Suffix(WordNumber word) const { return suffix_[word]; }
+  WordNumber Prefix(WordNumber word) const { return prefix_[word]; }
+  /// Where the suffixes of `word` end: the word without a suffix of its own.
+  WordNumber SuffixFamily(WordNumber word) const { return suffixFamily_[word]; }
+  WordNumber PrefixFamily(WordNumber word) const { return prefixFamily_[word]; }
+
+ private:
+  std::vector<WordNumber> suffix_;
+  std::vector<WordNumber> prefix_;
+  std::vector<WordNumber> suffixFamily_;
+  std::vector<WordNumber> prefixFamily_;
+};
+
+}  // namespace korv

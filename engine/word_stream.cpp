@@ -1,0 +1,52 @@
+#include "engine/word_stream.h"
+
+#include "engine/unicode.h"
+#include "engine/word_verdict.h"
+
+namespace korv {
+
+WordStream::WordStream(const WordRules& rules, const RunOptions& options, const RunLists& lists)
+    : rules_(rules), options_(options), lists_(&lists), numbers_{kNoWord} {}
+
+void WordStream::BeginSource(const std::filesystem::path& path) {
+  ResetPhrases();
+  sources_.push_back({path, numbers_.size()});
+}
+
+void WordStream::TakeWord(std::string_view word) {
+  const uint32_t cut = asCut_.Number(word);
+  if (cut == verdicts_.size()) verdicts_.push_back(Judge(word));
+  Feed(verdicts_[cut]);
+}
+
+void WordStream::GetWords2(std::string_view word) {
+  Feed(Admit(word));
+}
+
+WordNumber WordStream::Judge(std::string_view word) {
+  if (IsDroppedByForm(word, rules_)) return kDropped;
+  const std::string folded = rules_.CaseSignificant ? std::string(word) : LowerText(word);
+  if (options_.IgnoreMode == IgnoreRule::Remove && lists_->IsWordToIgnore(folded)) return kDropped;
+  return Admit(folded);
+}
+
+WordNumber WordStream::Admit(std::string_view word) {
+  if (rules_.Only7bitASCII && !Is7bit(word)) return kDropped;
+  // Asked here and not of every phrase: no phrase can hold the word or go past it.
+  if (options_.IgnoreMode == IgnoreRule::ExcludeWith && lists_->IsWordToIgnore(word)) return kEndsPhrase;
+  return vocabulary_.Number(word);
+}
+
+void WordStream::Feed(WordNumber verdict) {
+  if (verdict == kDropped) {
+    ++wordsDropped_;
+    return;
+  }
+  ++wordsTaken_;
+  if (verdict == kEndsPhrase)
+    ResetPhrases();
+  else
+    numbers_.push_back(verdict);
+}
+
+}  // namespace korv
