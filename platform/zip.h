@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "platform/expected.h"
+#include "platform/files.h"
+
+namespace korv {
+
+/// Why an archive or a member of it cannot be read.
+enum class ZipFault {
+  NotAnArchive,  ///< No archive, or its directory is damaged or cut off.
+  NoSuchMember,
+  Unsupported,  ///< Encrypted, or packed by a method that is not known.
+  BadChecksum,
+  Damaged,     ///< The packed data, or a size that does not agree with them.
+  Unreadable,  ///< The file itself could not be read.
+};
+
+struct ZipError {
+  ZipFault fault = ZipFault::Damaged;
+  std::string description;
+};
+
+/// One member of an archive, unpacked while it is read. Nothing that the archive says of the member's size
+/// is believed.
+class ZipMember {
+ public:
+  ~ZipMember();
+  ZipMember(ZipMember&&) noexcept;
+  ZipMember& operator=(ZipMember&&) noexcept;
+
+  /// Fills up to all of `buffer` and returns the bytes unpacked; 0 at the end, which also means that
+  /// checksum and size were right.
+  Expected<size_t, ZipError> Read(std::span<char> buffer);
+
+ private:
+  friend Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile>, const std::string&);
+  struct State;
+  explicit ZipMember(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
+};
+
+/// Opens the member of exactly this name (the first, where there are several). Takes the file over, which
+/// must be able to seek.
+Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile> archive, const std::string& name);
+
+}  // namespace korv
