@@ -13,7 +13,6 @@ namespace {
 PhraseEntry& Entry(PhraseTableData& data, PhraseIndex i) {
   return data.Entries[i - 1];
 }
-const PhraseEntry& Entry(const PhraseTableData& data, PhraseIndex i) {
   return data.Entries[i - 1];
 }
 
