@@ -13,8 +13,6 @@ namespace {
 PhraseEntry& Entry(PhraseTableData& data, PhraseIndex i) {
   return data.Entries[i - 1];
 }
-  return data.Entries[i - 1];
-}
 
 }  // namespace
 
