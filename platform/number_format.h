@@ -9,7 +9,8 @@ namespace korv {
 struct NumberFormat {
   std::string DecimalPoint = ".";
   std::string GroupSeparator = ",";
-  /// Sizes of the groups from the right, the last one repeated; empty for no grouping.
+  /// Sizes of the groups from the right, one byte each, the last one repeated; empty for no grouping. A
+  /// size of 0 or CHAR_MAX ends the grouping, as in the C library's lconv.
   std::string Grouping = "\3";
   /// Whether a number below 1 has a 0 before its decimal point.
   bool LeadingZero = true;
@@ -20,9 +21,12 @@ struct NumberFormat {
   std::string Decimals(double value, int decimals) const;
   /// The same with groups: 1234.567 with two decimals as "1,234.57".
   std::string GroupedDecimals(double value, int decimals) const;
+  /// Decimals() at the end of `out`, for the loops that format millions.
+  void AppendDecimals(double value, int decimals, std::string& out) const;
 };
 
-/// The format of a locale of this system ("de_DE.UTF-8"); false in `known` when there is no such locale.
+/// The format of a locale of this system ("de_DE.UTF-8"), of the user's own one for the empty name. `known`
+/// becomes false when there is no such locale; the result is the default format then.
 NumberFormat NumberFormatOfLocale(const std::string& name, bool& known);
 
 /// A number as text with a leading blank before a non-negative one: 12 as " 12", -3 as "-3".

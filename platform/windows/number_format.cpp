@@ -1,0 +1,66 @@
+#include "platform/number_format.h"
+
+#include <windows.h>
+
+#include <optional>
+
+namespace korv {
+
+namespace {
+
+std::wstring ToWide(const std::string& utf8) {
+  const int size = static_cast<int>(utf8.size());
+  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)),
+                    L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, wide.data(), static_cast<int>(wide.size()));
+  return wide;
+}
+
+std::optional<std::string> LocaleText(const wchar_t* locale, LCTYPE what) {
+  wchar_t wide[32];
+  const int length = GetLocaleInfoEx(locale, what, wide, static_cast<int>(std::size(wide)));
+  if (length <= 0) return std::nullopt;
+  char utf8[4 * std::size(wide)];
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, wide, length, utf8, sizeof utf8, nullptr, nullptr);
+  if (bytes <= 0) return std::nullopt;
+  return std::string(utf8, static_cast<size_t>(bytes) - 1);
+}
+
+/// Here groups are written "3;2;0": a final 0 means that the last size is repeated, its absence that the
+/// grouping ends there.
+std::string GroupSizes(const std::string& written) {
+  std::string sizes;
+  bool repeated = false;
+  for (const char c : written) {
+    if (c == '0') repeated = true;
+    if (c >= '1' && c <= '9') sizes += static_cast<char>(c - '0');
+  }
+  if (!sizes.empty() && !repeated) sizes += '\0';
+  return sizes;
+}
+
+}  // namespace
+
+NumberFormat NumberFormatOfLocale(const std::string& name, bool& known) {
+  // Names are written "de-DE" here; the form with an underscore and an encoding is understood too.
+  std::string plain = name.substr(0, name.find('.'));
+  for (char& c : plain)
+    if (c == '_') c = '-';
+  const std::wstring wide = ToWide(plain);
+  const wchar_t* locale = plain.empty() ? LOCALE_NAME_USER_DEFAULT : wide.c_str();
+  known = plain.empty() || plain == "C" || plain == "POSIX" || IsValidLocaleName(locale) != 0;
+  if (!known) return {};
+  NumberFormat format;
+  if (plain == "C" || plain == "POSIX") {
+    format.Grouping.clear();
+    return format;
+  }
+  if (const auto point = LocaleText(locale, LOCALE_SDECIMAL)) format.DecimalPoint = *point;
+  if (const auto separator = LocaleText(locale, LOCALE_STHOUSAND)) format.GroupSeparator = *separator;
+  if (const auto groups = LocaleText(locale, LOCALE_SGROUPING)) format.Grouping = GroupSizes(*groups);
+  if (const auto zero = LocaleText(locale, LOCALE_ILZERO)) format.LeadingZero = *zero != "0";
+  if (format.GroupSeparator.empty()) format.Grouping.clear();
+  return format;
+}
+
+}  // namespace korv
