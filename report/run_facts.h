@@ -2,19 +2,28 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "engine/run_options.h"
 
 namespace korv {
 
+/// A file of a folder run that could not be counted.
+struct SkippedFile {
+  std::string Path;    ///< As text, UTF-8.
+  std::string Reason;  ///< "is zero-length", ...
+};
+
 /// What a finished counting run knows beside its phrases; everything that header, summary and notices say.
 struct RunFacts {
-  RunOptions Options;              ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
-  bool WordsToIgnoreInUse = false; ///< A words-to-ignore list with at least one entry applied.
-  std::string InputPath;           ///< As given, trimmed: the file or the folder; empty for clipboard and pipes.
+  RunOptions Options;               ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
+  bool WordsToIgnoreInUse = false;  ///< A words-to-ignore list with at least one entry applied.
+  int MinCharacters = 0;            ///< Shorter words were ignored; 0 when that rule is off.
+  std::string InputPath;  ///< As given, trimmed: the file or the folder; empty for clipboard and pipes.
   bool IncludeSubfolders = false;
-  uint64_t FilesScanned = 0;       ///< Folder source: files whose text was read.
-  uint64_t FoldersScanned = 0;     ///< Folder source: folders entered, the chosen one included.
+  uint64_t FilesScanned = 0;              ///< Folder source: files whose text was read.
+  uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, the chosen one included.
+  std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.
 };
 
 }  // namespace korv

@@ -1,0 +1,43 @@
+#include "report/error_text.h"
+
+#include "platform/number_format.h"
+
+namespace korv {
+
+namespace {
+constexpr int kFirstAdviceText = 92;
+constexpr int kLastAdviceText = 96;
+}  // namespace
+
+int ErrorNumber(FileFault fault) {
+  switch (fault) {
+    case FileFault::NotFound:
+      return kErrorFileNotFound;
+    case FileFault::PermissionDenied:
+      return kErrorPermissionDenied;
+    case FileFault::IsFolder:
+    case FileFault::NotAFolder:
+      return kErrorPath;
+    case FileFault::NoSpace:
+      return kErrorDiskFull;
+    case FileFault::Other:
+      break;
+  }
+  return kErrorDevice;
+}
+
+std::string UnexpectedErrorText(std::string_view place, int number, std::string_view description) {
+  std::string text = "At ";
+  text.append(place).append(" error #").append(NumberWithBlank(number));
+  return text.append(".\r\nDescription: ").append(description);
+}
+
+std::string ListingAdvice(const ProgramText* texts) {
+  std::string advice;
+  if (texts == nullptr) return advice;
+  for (int number = kFirstAdviceText; number <= kLastAdviceText; ++number)
+    if (const std::string line = texts->Get(number); !line.empty()) advice += "\r\n" + line;
+  return advice;
+}
+
+}  // namespace korv

@@ -1,0 +1,61 @@
+#include "report/output_box.h"
+
+#include <algorithm>
+
+namespace korv {
+
+namespace {
+constexpr size_t kPiece = 2048;
+// What is cut off a full box makes room for the notice that it is full.
+constexpr size_t kCutFrom = 1024;
+constexpr size_t kCut = 256;
+}  // namespace
+
+bool OutputBox::OutputToTxb(std::string_view text) {
+  if (full_) return false;
+  if (box_.Length() > kTextBoxCapacity) {
+    MarkFull();
+    return false;
+  }
+  box_.Append(text);
+  box_.ShowEnd();
+  return true;
+}
+
+void OutputBox::Clear() {
+  box_.Clear();
+  full_ = false;
+}
+
+size_t OutputBox::Room() const {
+  const size_t length = box_.Length();
+  return full_ || length > kTextBoxCapacity ? 0 : kTextBoxCapacity - length;
+}
+
+void OutputBox::MarkFull() {
+  hooks_.ClearBusy();
+  const size_t length = box_.Length();
+  if (length > kCutFrom) box_.Truncate(length - kCut);
+  std::string notice = "\r\n\r\nTextbox is full.";
+  if (const std::string soFar = hooks_.CountSoFar(); !soFar.empty())
+    notice += "\r\n\r\nTo this point: " + soFar;
+  box_.Append(notice);
+  box_.ShowEnd();
+  full_ = true;
+}
+
+size_t TextBoxReportSink::PieceSize() const {
+  // Bytes are at least as many as characters, so near the end pieces become shorter than they need be,
+  // never longer.
+  return std::min(kPiece, box_.Room());
+}
+
+ListResult ListWordsToTextBox(const Report& report, OutputBox& box, Yielder& yielder) {
+  box.Clear();
+  TextBoxReportSink sink(box);
+  const ListResult result = ListWords(report, {.SkippedFiles = true}, sink, yielder);
+  if (result.Outcome == ListOutcome::Stopped) box.OutputToTxb("\r\nListing stopped.\r\n");
+  return result;
+}
+
+}  // namespace korv

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "report/list_words.h"
+
+namespace korv {
+
+/// A text box takes text while it holds at most this many characters.
+inline constexpr size_t kTextBoxCapacity = 65000;
+
+/// The multi-line text box of a window, as far as output needs it. Lengths are in characters; a line break
+/// of the text counts as the two characters CR LF.
+class TextBox {
+ public:
+  virtual ~TextBox() = default;
+  virtual size_t Length() const = 0;
+  virtual void Append(std::string_view text) = 0;
+  /// Keeps the first `characters` characters.
+  virtual void Truncate(size_t characters) = 0;
+  virtual void Clear() = 0;
+  /// Moves the caret to the end and shows what is there.
+  virtual void ShowEnd() = 0;
+};
+
+/// What the box needs to know of the program around it when it fills up.
+struct OutputBoxHooks {
+  std::function<void()> ClearBusy = [] {};
+  /// ProgressCountText() of the count that is running; empty when none is.
+  std::function<std::string()> CountSoFar = [] { return std::string(); };
+};
+
+/// Output to the text box, whose room is limited: once it has refused a text it says that it is full, and
+/// what comes later is ignored until it is cleared.
+class OutputBox {
+ public:
+  explicit OutputBox(TextBox& box, OutputBoxHooks hooks = {}) : box_(box), hooks_(std::move(hooks)) {}
+
+  /// Appends a text, whole: it may go beyond the capacity, the next one then finds the box full. False
+  /// when it was not taken.
+  bool OutputToTxb(std::string_view text);
+  /// Empties the box; it takes text again.
+  void Clear();
+  bool Full() const { return full_; }
+  /// Characters that the box takes before it is full.
+  size_t Room() const;
+
+ private:
+  void MarkFull();
+
+  TextBox& box_;
+  OutputBoxHooks hooks_;
+  bool full_ = false;
+};
+
+/// Hands a listing to the box in pieces of a couple of thousand characters, so that the user sees it grow.
+/// The last piece before the box is full ends with the line that passes its capacity.
+class TextBoxReportSink final : public ReportSink {
+ public:
+  explicit TextBoxReportSink(OutputBox& box) : box_(box) {}
+  bool Write(std::string_view piece) override { return box_.OutputToTxb(piece); }
+  size_t PieceSize() const override;
+
+ private:
+  OutputBox& box_;
+};
+
+/// Lists into the box, in place of what it holds, with the notice of a stop.
+ListResult ListWordsToTextBox(const Report& report, OutputBox& box, Yielder& yielder);
+
+}  // namespace korv

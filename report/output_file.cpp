@@ -1,0 +1,108 @@
+#include "report/output_file.h"
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <new>
+
+#include "report/error_text.h"
+
+namespace korv {
+
+namespace {
+
+void ShowFileError(const FileError& error, const FileListingServices& services) {
+  if (error.fault == FileFault::PermissionDenied) {
+    services.Dialogs.Show({.text = "Perhaps the output file\r\nis in use by another application.",
+                           .title = "Permission denied",
+                           .icon = Icon::Information});
+    return;
+  }
+  services.Dialogs.Show(
+      {.text = UnexpectedErrorText("ListWords", ErrorNumber(error.fault), error.description) +
+               ListingAdvice(services.Texts),
+       .title = "Error",
+       .icon = Icon::Critical});
+}
+
+}  // namespace
+
+bool FileReportSink::Write(std::string_view piece) {
+  if (!error_) error_ = file_.Write(piece);
+  return !error_;
+}
+
+FileListResult ListWordsToFile(const Report& report, const std::filesystem::path& path,
+                               const FileListingServices& services, Yielder& yielder) {
+  FileListResult result;
+  if (services.Box) services.Box->OutputToTxb("Now writing to output file . . .\r\n");
+  auto file = services.Files.OpenForWriting(path);
+  if (!file) {
+    ShowFileError(file.Error(), services);
+    return result;
+  }
+  FileReportSink sink(**file);
+  try {
+    result.List = ListWords(report, {.LineLayout = Layout::Tabs, .File = true}, sink, yielder);
+  } catch (const std::bad_alloc&) {
+    services.Dialogs.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Exclamation});
+    return result;
+  } catch (const std::exception& error) {
+    services.Dialogs.Show(
+        {.text = UnexpectedErrorText(NameOfListing(report.Options), kErrorUnexpected, error.what()) +
+                 ListingAdvice(services.Texts),
+         .title = "Error",
+         .icon = Icon::Critical});
+    return result;
+  }
+  std::optional<FileError> error = sink.Error();
+  const bool stopped = result.List.Outcome == ListOutcome::Stopped;
+  // A report without a single line would only replace what the user had.
+  const bool keep = !error && !(stopped && result.List.Phrases == 0);
+  if (keep) error = (*file)->Commit();
+  result.Written = keep && !error;
+  if (error) ShowFileError(*error, services);
+  if (stopped && services.Box) services.Box->OutputToTxb("\r\nOutput to file was terminated.");
+  return result;
+}
+
+std::optional<std::string> OverwriteGuard::Confirm(const std::string& path, bool always) {
+  const std::filesystem::path asGiven = PathFromText(path);
+  if (!files_.FileExists(asGiven)) return path;
+  if (!always && WrittenBefore(asGiven)) return path;
+  const std::optional<std::string> answer = messages_.AskText(
+      "To overwrite the current output file click on 'OK'.\r\n"
+      "To write to a different file edit the filepath below.\r\n"
+      "To disable file output click on 'Cancel'.",
+      "The output file exists.", path);
+  if (!answer || answer->empty()) return std::nullopt;
+  if (*answer == path) return path;
+  const std::filesystem::path folder = files_.AbsolutePath(PathFromText(*answer)).parent_path();
+  if (!files_.FolderExists(folder)) {
+    messages_.Show({.text = "Folder does not exist.", .title = "Error", .icon = Icon::Exclamation});
+    return std::nullopt;
+  }
+  return answer;
+}
+
+void OverwriteGuard::Written(const std::filesystem::path& path) {
+  if (!WrittenBefore(path)) written_.push_back(path);
+}
+
+bool OverwriteGuard::WrittenBefore(const std::filesystem::path& path) const {
+  return std::any_of(written_.begin(), written_.end(),
+                     [&](const std::filesystem::path& before) { return files_.SameFile(before, path); });
+}
+
+bool CanOpenOutputFile(const std::filesystem::path& path, FileSystem& files, Messages& messages) {
+  const auto file = files.OpenForWriting(path);
+  if (file) return true;
+  messages.Show({.text = "Error: " + file.Error().description +
+                         "\r\nIf the output file is open in Excel then it must first be closed"
+                         "\r\nor a different file should be specified as the output file.",
+                 .title = "Error",
+                 .icon = Icon::Exclamation});
+  return false;
+}
+
+}  // namespace korv

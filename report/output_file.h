@@ -1,0 +1,73 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/messages.h"
+#include "platform/program_text.h"
+#include "report/list_words.h"
+#include "report/output_box.h"
+
+namespace korv {
+
+/// Carries a report into a file that is being written. Where writing fails it takes no more and keeps the
+/// error.
+class FileReportSink final : public ReportSink {
+ public:
+  explicit FileReportSink(OutputFile& file) : file_(file) {}
+  bool Write(std::string_view piece) override;
+  size_t PieceSize() const override { return size_t{1} << 19; }
+  const std::optional<FileError>& Error() const { return error_; }
+
+ private:
+  OutputFile& file_;
+  std::optional<FileError> error_;
+};
+
+/// What listing into files needs of the program. `Texts` may be null (no advice), `Box` too (no notices
+/// of progress).
+struct FileListingServices {
+  FileSystem& Files;
+  Messages& Dialogs;
+  const ProgramText* Texts = nullptr;
+  OutputBox* Box = nullptr;
+};
+
+struct FileListResult {
+  ListResult List;
+  bool Written = false;  ///< The file holds the report, or its lines up to a stop.
+};
+
+/// Lists into the file `path`, in place of what it holds. Every failure is shown here and leaves the file
+/// as it was, and so does a stop before the first phrase.
+FileListResult ListWordsToFile(const Report& report, const std::filesystem::path& path,
+                               const FileListingServices& services, Yielder& yielder);
+
+/// Which file a listing may replace: asks before it writes over one, and remembers those that it need not
+/// ask for again because this program wrote them.
+class OverwriteGuard {
+ public:
+  OverwriteGuard(const FileSystem& files, Messages& messages) : files_(files), messages_(messages) {}
+
+  /// The path to write to, perhaps another one than `path`, as the user edited it; empty when output to a
+  /// file is to be disabled (cancelled, or a folder that does not exist, which is shown). `always`: ask
+  /// for files that this program wrote, too.
+  std::optional<std::string> Confirm(const std::string& path, bool always);
+  void Written(const std::filesystem::path& path);
+
+ private:
+  bool WrittenBefore(const std::filesystem::path& path) const;
+
+  const FileSystem& files_;
+  Messages& messages_;
+  std::vector<std::filesystem::path> written_;
+};
+
+/// Before a count: whether the output file can be opened. It is left as it is. Where it cannot, says so
+/// and returns false; the run then goes on without it.
+bool CanOpenOutputFile(const std::filesystem::path& path, FileSystem& files, Messages& messages);
+
+}  // namespace korv
