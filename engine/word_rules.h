@@ -20,13 +20,13 @@ struct WordRules {
   bool AllowAmpersands = false;
   bool AllowCommas = false;
 
-  bool CaseSignificant = false;  ///< Off: words are lower-cased.
-  bool Only7bitASCII = false;    ///< Words with a character of code 128 or above are dropped.
-  bool IgnoreShortWords = true;  ///< Words of fewer than ShortWordSize characters are dropped.
-  int ShortWordSize = 3;         ///< 2..20
-  int LongWordSize = 50;         ///< 20..80 in tens; words of more characters are dropped.
-  bool IgnoreNoLetter = true;    ///< Words without a letter are dropped.
-  bool IgnoreRepetitions = true; ///< Words with one letter four times in a row, case aside, are dropped.
+  bool CaseSignificant = false;   ///< Off: words are lower-cased.
+  bool Only7bitASCII = false;     ///< Words with a character of code 128 or above are dropped.
+  bool IgnoreShortWords = true;   ///< Words of fewer than ShortWordSize characters are dropped.
+  int ShortWordSize = 3;          ///< 2..20
+  int LongWordSize = 50;          ///< 20..80 in tens; words of more characters are dropped.
+  bool IgnoreNoLetter = true;     ///< Words without a letter are dropped.
+  bool IgnoreRepetitions = true;  ///< Words with one letter four times in a row, case aside, are dropped.
 
   // Where no phrase goes on.
   bool TerminateAtEndOfLine = false;

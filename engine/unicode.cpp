@@ -1,0 +1,255 @@
+#include "engine/unicode.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <stdexcept>
+#include <vector>
+
+namespace korv {
+namespace {
+
+unsigned char ByteAt(std::string_view text, size_t at) {
+  return static_cast<unsigned char>(text[at]);
+}
+
+constexpr bool IsContinuation(unsigned char byte) {
+  return (byte & 0xC0) == 0x80;
+}
+
+utf8proc_int32_t Code(char32_t character) {
+  return static_cast<utf8proc_int32_t>(character);
+}
+
+/// How many characters one character can become when it is decomposed for good.
+constexpr utf8proc_ssize_t kMostParts = 32;
+
+utf8proc_ssize_t Decompose(char32_t character, utf8proc_int32_t* parts) {
+  int boundary = UTF8PROC_BOUNDCLASS_START;
+  return utf8proc_decompose_char(Code(character), parts, kMostParts,
+                                 static_cast<utf8proc_option_t>(UTF8PROC_DECOMPOSE | UTF8PROC_STABLE),
+                                 &boundary);
+}
+
+int CombiningClass(utf8proc_int32_t character) {
+  return utf8proc_get_property(character)->combining_class;
+}
+
+void AppendDecomposed(std::string_view text, std::vector<utf8proc_int32_t>& parts) {
+  parts.reserve(text.size());
+  for (size_t at = 0; at < text.size();) {
+    utf8proc_int32_t of[kMostParts];
+    const utf8proc_ssize_t count = Decompose(NextCharacter(text, at), of);
+    if (count < 0) throw std::runtime_error(utf8proc_errmsg(count));
+    parts.insert(parts.end(), of, of + count);
+  }
+}
+
+/// The library orders marks by exchanging neighbours, which a hostile text makes quadratic.
+void OrderMarks(std::vector<utf8proc_int32_t>& parts) {
+  for (auto it = parts.begin(); it != parts.end();) {
+    const auto isStarter = [](utf8proc_int32_t c) { return CombiningClass(c) == 0; };
+    const auto marks = std::find_if_not(it, parts.end(), isStarter);
+    it = std::find_if(marks, parts.end(), isStarter);
+    std::stable_sort(marks, it, [](utf8proc_int32_t a, utf8proc_int32_t b) {
+      return CombiningClass(a) < CombiningClass(b);
+    });
+  }
+}
+
+/// Whether `character` is its own composition, is no mark and cannot join the character before it.
+bool StandsAlone(char32_t character) {
+  const utf8proc_category_t category = utf8proc_category(Code(character));
+  if (category == UTF8PROC_CATEGORY_MN || category == UTF8PROC_CATEGORY_MC ||
+      category == UTF8PROC_CATEGORY_ME || CombiningClass(Code(character)) != 0)
+    return false;
+  if (character >= 0x1100 && character <= 0x11FF) return false;  // Syllables are composed of these.
+  utf8proc_int32_t parts[kMostParts];
+  utf8proc_ssize_t count = Decompose(character, parts);
+  if (count < 1) return false;
+  count = utf8proc_normalize_utf32(parts, count,
+                                   static_cast<utf8proc_option_t>(UTF8PROC_COMPOSE | UTF8PROC_STABLE));
+  return count == 1 && parts[0] == Code(character);
+}
+
+constexpr char32_t kFirstThatMayCompose = 0x300;
+constexpr char32_t kTableEnd = 0x3400;
+
+/// One flag for each character from kFirstThatMayCompose up to kTableEnd: the alphabets.
+using AloneTable = std::array<bool, kTableEnd - kFirstThatMayCompose>;
+
+const AloneTable& StandingAlone() {
+  static const AloneTable table = [] {
+    AloneTable made{};
+    for (size_t k = 0; k < made.size(); ++k)
+      made[k] = StandsAlone(kFirstThatMayCompose + static_cast<char32_t>(k));
+    return made;
+  }();
+  return table;
+}
+
+/// Beyond the alphabets: the ideographs, Hangul syllables, symbols for private use, full-width forms.
+bool StandsAloneBeyondTable(char32_t c) {
+  return (c >= 0x3400 && c <= 0x9FFF) || (c >= 0xAC00 && c <= 0xD7A3) || (c >= 0xE000 && c <= 0xF8FF) ||
+         (c >= 0xFF00 && c <= 0xFFFD);
+}
+
+}  // namespace
+
+char32_t NextCharacter(std::string_view text, size_t& at) {
+  const unsigned char lead = ByteAt(text, at++);
+  if (lead < 0x80) return lead;
+  size_t more;
+  unsigned char low = 0x80;
+  unsigned char high = 0xBF;
+  char32_t character;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    more = 1;
+    character = lead & 0x1FU;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    more = 2;
+    character = lead & 0x0FU;
+    if (lead == 0xE0) low = 0xA0;   // Below are the overlong forms,
+    if (lead == 0xED) high = 0x9F;  // above the surrogates.
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    more = 3;
+    character = lead & 0x07U;
+    if (lead == 0xF0) low = 0x90;
+    if (lead == 0xF4) high = 0x8F;
+  } else {
+    return kReplacementCharacter;
+  }
+  for (; more > 0; --more) {
+    if (at == text.size()) return kReplacementCharacter;
+    const unsigned char byte = ByteAt(text, at);
+    if (byte < low || byte > high) return kReplacementCharacter;
+    low = 0x80;
+    high = 0xBF;
+    character = (character << 6) | (byte & 0x3FU);
+    ++at;
+  }
+  return character;
+}
+
+void AppendCharacter(char32_t character, std::string& text) {
+  utf8proc_uint8_t bytes[4];
+  const utf8proc_ssize_t count = utf8proc_encode_char(Code(character), bytes);
+  text.append(reinterpret_cast<const char*>(bytes), static_cast<size_t>(count));
+}
+
+size_t CharacterCount(std::string_view text) {
+  return static_cast<size_t>(std::count_if(
+      text.begin(), text.end(), [](char c) { return !IsContinuation(static_cast<unsigned char>(c)); }));
+}
+
+bool IsAscii(std::string_view text) {
+  constexpr uint64_t kHighBits = 0x8080808080808080;
+  size_t at = 0;
+  uint64_t seen = 0;
+  for (; at + 32 <= text.size(); at += 32) {
+    uint64_t parts[4];
+    std::memcpy(parts, text.data() + at, 32);
+    seen = (parts[0] | parts[1]) | (parts[2] | parts[3]);
+    if (seen & kHighBits) return false;
+  }
+  for (; at + 8 <= text.size(); at += 8) {
+    uint64_t part;
+    std::memcpy(&part, text.data() + at, 8);
+    seen |= part;
+  }
+  for (; at < text.size(); ++at) seen |= ByteAt(text, at);
+  return (seen & kHighBits) == 0;
+}
+
+bool IsCertainlyNfc(std::string_view text) {
+  const AloneTable* table = nullptr;
+  for (size_t at = 0; at < text.size();) {
+    if (ByteAt(text, at) < 0xCC) {  // 0xCC leads U+0300.
+      ++at;
+      continue;
+    }
+    const char32_t c = NextCharacter(text, at);
+    if (c < kTableEnd) {
+      if (table == nullptr) table = &StandingAlone();
+      if (!(*table)[c - kFirstThatMayCompose]) return false;
+    } else if (!StandsAloneBeyondTable(c)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+std::string ToNfc(std::string_view text) {
+  if (IsCertainlyNfc(text)) return std::string(text);
+  std::vector<utf8proc_int32_t> characters;
+  AppendDecomposed(text, characters);
+  OrderMarks(characters);
+  const utf8proc_ssize_t count =
+      utf8proc_normalize_utf32(characters.data(), static_cast<utf8proc_ssize_t>(characters.size()),
+                               static_cast<utf8proc_option_t>(UTF8PROC_COMPOSE | UTF8PROC_STABLE));
+  if (count < 0) throw std::runtime_error(utf8proc_errmsg(count));
+  std::string composed;
+  composed.reserve(text.size());
+  for (utf8proc_ssize_t k = 0; k < count; ++k)
+    AppendCharacter(static_cast<char32_t>(characters[static_cast<size_t>(k)]), composed);
+  return composed;
+}
+
+char32_t LowerCharacter(char32_t character) {
+  if (character < 0x80) return character >= 'A' && character <= 'Z' ? character + 32 : character;
+  return static_cast<char32_t>(utf8proc_tolower(Code(character)));
+}
+
+std::string LowerText(std::string_view text) {
+  std::string lower;
+  lower.reserve(text.size());
+  for (size_t at = 0; at < text.size();) {
+    const unsigned char byte = ByteAt(text, at);
+    if (byte < 0x80) {
+      lower += static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte + 32 : byte);
+      ++at;
+    } else {
+      AppendCharacter(LowerCharacter(NextCharacter(text, at)), lower);
+    }
+  }
+  return lower;
+}
+
+bool IsLetterOrMark(char32_t character) {
+  switch (utf8proc_category(Code(character))) {
+    case UTF8PROC_CATEGORY_LU:
+    case UTF8PROC_CATEGORY_LL:
+    case UTF8PROC_CATEGORY_LT:
+    case UTF8PROC_CATEGORY_LM:
+    case UTF8PROC_CATEGORY_LO:
+    case UTF8PROC_CATEGORY_MN:
+    case UTF8PROC_CATEGORY_MC:
+    case UTF8PROC_CATEGORY_ME:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void ReplaceTypographicQuotes(std::string& text) {
+  constexpr std::string_view kLead = "\xE2\x80";
+  size_t from = text.find(kLead);
+  if (from == std::string::npos) return;
+  size_t to = from;
+  while (from < text.size()) {
+    if (from + 2 < text.size() && text.compare(from, 2, kLead) == 0) {
+      const unsigned char last = ByteAt(text, from + 2);
+      if (last == 0x98 || last == 0x99 || last == 0x9D) {
+        text[to++] = last == 0x9D ? '"' : '\'';
+        from += 3;
+        continue;
+      }
+    }
+    text[to++] = text[from++];
+  }
+  text.resize(to);
+}
+
+}  // namespace korv
