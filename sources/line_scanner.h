@@ -1,7 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "engine/word_rules.h"
 #include "sources/comment_markers.h"
@@ -12,29 +16,84 @@ namespace korv {
 class WordSink {
  public:
   virtual ~WordSink() = default;
+  /// One word as cut, UTF-8, valid during the call.
   virtual void TakeWord(std::string_view word) = 0;
+  /// No phrase goes on here. May be called several times between two words.
   virtual void ResetPhrases() = 0;
 };
 
 /// Cuts lines into words: cleans a line of double hyphens and named entities, skips regions (kept track
 /// of across lines), and hands over the words with the places where phrases end.
 ///
-/// A template over its sink so that the hot loop has no virtual call: see line_scanner_impl.h for the
-/// two instantiations (WordStream for counting, WordSink for word lists and tests).
+/// A template over its sink so that the hot loop has no virtual call: line_scanner.cpp instantiates it for
+/// WordStream (counting) and WordSink (word lists, tests). Allocates nothing per line or word once its
+/// buffers have grown to the longest line that needs cleaning; linear in the line whatever it holds.
+///
+///   LineScanner<WordStream> scanner(rules, markers, stream);
+///   scanner.BeginSource();
+///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
 template <typename Sink>
 class LineScanner {
  public:
+  /// Keeps copies of the rules and markers it was made with; `sink` must outlive it. What may stand in a
+  /// word is rules.AllowedExtraChars, in a word list "~?" among it.
   LineScanner(const WordRules& rules, const CommentMarkers& markers, Sink& sink);
-  ~LineScanner();
 
   /// Starts a text: outside every region.
-  void BeginSource();
-  /// One decoded line without its end. Calls ResetPhrases before it when TerminateAtEndOfLine is set.
-  void ScanLine(std::string_view line);
+  void BeginSource() { intWithinComment_ = kOutside; }
+  /// One decoded line without its end. With TerminateAtEndOfLine phrases end before it. A piece of a line
+  /// that began earlier (after a blank or tab; only for text without markers and entities) is no start of
+  /// a line.
+  void ScanLine(std::string_view line, bool startsLine = true);
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  static constexpr int kOutside = -1;
+  static constexpr size_t kNotSought = static_cast<size_t>(-2);
+
+  /// What a byte can be outside a region, as bits.
+  enum Class : uint8_t {
+    kWord = 1,        ///< ASCII character that may stand in a word ...
+    kTrimmed = 2,     ///< ... but is cut off its ends.
+    kMarker = 4,      ///< May begin a marker.
+    kTerminator = 8,  ///< Ends phrases wherever it stands between words.
+    kAfterWord = 16,  ///< Ends phrases right after a word.
+    kNotAscii = 32,   ///< Part of a longer character.
+  };
+
+  void ClassifyBytes(const WordRules& rules);
+  std::string_view Clean(std::string_view line, bool startsLine);
+
+  // All positions are bytes of line_, the line being scanned.
+  unsigned ClassAt(size_t at) const { return classes_[static_cast<unsigned char>(line_[at])]; }
+  size_t CdataDelimiterAt(size_t at) const;
+  int PairAt(size_t at);
+  bool HasMarkerAt(size_t at) { return CdataDelimiterAt(at) != 0 || PairAt(at) != kOutside; }
+  bool AmpersandIsMarker(size_t at);
+  size_t PastMarker(size_t at);
+  size_t PastRegion(size_t at);
+
+  size_t PastLongCharacter(size_t at, bool& isWordCharacter) const;
+  size_t PastWordCharacter(size_t at);
+  size_t EndOfRun(size_t begin);
+  size_t EndOfLongRun(size_t begin);
+  size_t WithApostrophe(size_t begin, size_t end);
+  bool WordCanEndBefore(size_t at);
+  void Trim(size_t& begin, size_t& end);
+  void FindLoneParentheses(size_t begin, size_t end);
+  size_t TakeRun(size_t begin);
+
+  CommentMarkers markers_;
+  Sink* sink_;
+  std::array<uint8_t, 256> classes_{};
+  bool terminatesAtEndOfLine_;
+  bool apostropheIsWordCharacter_ = false;
+  bool isMarkup_;
+  int intWithinComment_ = kOutside;  ///< The pair of the region that goes on.
+  std::string cleaned_;
+  std::string_view line_;
+  size_t lastSemicolon_ = kNotSought;  ///< Of line_; npos: there is none.
+  std::vector<size_t> loneOpening_;    ///< Parentheses of a run without their partner, ascending.
+  std::vector<size_t> loneClosing_;
 };
 
 }  // namespace korv

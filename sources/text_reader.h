@@ -7,31 +7,40 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "sources/text_decoder.h"
 
 namespace korv {
 
-enum class TextEncoding { Ansi, Utf8 };
+/// How lines of more than about a megabyte are handed out.
+enum class LongLines {
+  Whole,     ///< As they are: mark-up needs all of a line to be cleaned.
+  InPieces,  ///< In pieces that end with a blank or a tab, which is as good for text without markers.
+};
 
-/// The lines of a text, read in blocks and decoded on the way: UTF-8 in NFC, typographic apostrophes and
-/// closing quotes replaced, a UTF-8 signature removed, ill-formed bytes as U+FFFD, without the line end
-/// (CR LF, LF or CR).
+/// The lines of a text, read in blocks and decoded on the way (see DecodeText), without the line end
+/// (CR LF, LF or CR) and without a UTF-8 signature. Holds one block, and of a longer line what is handed
+/// out at once.
 ///
-///   TextReader reader(std::move(head), file.get(), TextEncoding::Utf8);
-///   while (reader.NextLine()) Use(reader.Line());
+///   TextReader reader(std::move(head), file.get(), TextEncoding::Utf8, LongLines::InPieces);
+///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
 ///   if (reader.Error()) ...
 class TextReader {
  public:
   /// `head` is what has been read of the text already; `rest` supplies what follows (null: nothing) and
   /// must outlive the reader.
-  TextReader(std::string head, InputFile* rest, TextEncoding encoding);
+  TextReader(std::string head, InputFile* rest, TextEncoding encoding,
+             LongLines longLines = LongLines::Whole);
   ~TextReader();
 
-  /// False at the end of the text, or where reading failed (Error() tells).
+  /// False at the end of the text, or where reading failed (Error() tells). What was read before a
+  /// failure is handed out first.
   bool NextLine();
   /// Valid until the next call of NextLine().
   std::string_view Line() const;
+  /// False where Line() goes on with a line that began earlier; the piece before ended with a blank or tab.
+  bool StartsLine() const;
   std::optional<FileError> Error() const;
-  /// Bytes taken from the source so far, for progress.
+  /// Bytes taken from the source so far, the head among them, for progress.
   uint64_t BytesRead() const;
 
  private:

@@ -1,0 +1,286 @@
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+
+#include "engine/unicode.h"
+#include "engine/word_chars.h"
+#include "sources/line_scanner.h"
+#include "sources/markup.h"
+
+// The body of LineScanner; included where it is instantiated.
+
+namespace korv {
+namespace line_scanner {
+
+inline constexpr std::string_view kPunctuationInWords = "'.,()+-";
+inline constexpr std::string_view kCdataBegin = "<![cdata[";
+inline constexpr std::string_view kCdataEnd = "]]>";
+
+inline unsigned char LowerAscii(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 32) : byte;
+}
+
+/// Whether `marker`, in lower case, stands at byte `at`, ASCII case aside.
+inline bool StandsAt(std::string_view line, size_t at, std::string_view marker) {
+  if (line.size() - at < marker.size()) return false;
+  for (size_t k = 0; k < marker.size(); ++k)
+    if (LowerAscii(line[at + k]) != static_cast<unsigned char>(marker[k])) return false;
+  return true;
+}
+
+/// Where `marker`, in lower case and not empty, stands next; npos if nowhere.
+inline size_t FindMarker(std::string_view line, size_t from, std::string_view marker) {
+  const char first = marker[0];
+  const bool isLetter = first >= 'a' && first <= 'z';
+  const char both[] = {first, static_cast<char>(first - ('a' - 'A'))};
+  for (size_t at = from;; ++at) {
+    at = isLetter ? line.find_first_of({both, 2}, at) : line.find(first, at);
+    if (at == std::string_view::npos || StandsAt(line, at, marker)) return at;
+  }
+}
+
+}  // namespace line_scanner
+
+template <typename Sink>
+LineScanner<Sink>::LineScanner(const WordRules& rules, const CommentMarkers& markers, Sink& sink)
+    : markers_(markers),
+      sink_(&sink),
+      terminatesAtEndOfLine_(rules.TerminateAtEndOfLine),
+      isMarkup_(markers.Language == "XML" || markers.Language == "HTML" || markers.Language == "PHP") {
+  ClassifyBytes(rules);
+}
+
+template <typename Sink>
+void LineScanner<Sink>::ClassifyBytes(const WordRules& rules) {
+  const auto add = [this](char c, unsigned bits) {
+    uint8_t& of = classes_[static_cast<unsigned char>(c)];
+    of = static_cast<uint8_t>(of | bits);
+  };
+  for (unsigned code = 0; code < 0x80; ++code)
+    if (IsWordCharCode(code, false, rules.AllowedExtraChars)) add(static_cast<char>(code), kWord);
+  for (const char c : line_scanner::kPunctuationInWords)
+    if (classes_[static_cast<unsigned char>(c)] & kWord) add(c, kTrimmed);
+  apostropheIsWordCharacter_ = (classes_['\''] & kWord) != 0;
+  for (unsigned code = 0x80; code < 0x100; ++code) add(static_cast<char>(code), kNotAscii);
+
+  for (int k = 0; k < markers_.intNumCommentMarkers; ++k)
+    add(markers_.Markers[static_cast<size_t>(k)].Start[0], kMarker);
+  if (isMarkup_) {
+    add(line_scanner::kCdataBegin[0], kMarker);
+    add(line_scanner::kCdataEnd[0], kMarker);
+  }
+
+  if (rules.TerminateAtDoubleQuote) add('"', kTerminator);
+  if (rules.TerminateAtTab) add('\t', kTerminator);
+  if (rules.TerminateAtPeriod) add('.', kAfterWord);
+  if (rules.TerminateAtComma) add(',', kAfterWord);
+}
+
+template <typename Sink>
+void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine) {
+  if (startsLine && terminatesAtEndOfLine_) sink_->ResetPhrases();
+  line_ = Clean(line, startsLine);
+  lastSemicolon_ = kNotSought;
+  size_t at = intWithinComment_ == kOutside ? 0 : PastRegion(0);
+  while (at < line_.size()) {
+    const unsigned is = ClassAt(at);
+    if (is & kMarker) {
+      const size_t past = PastMarker(at);
+      if (past != at) {
+        at = past;
+        continue;
+      }
+    }
+    if (is & kWord) {
+      at = TakeRun(at);
+    } else if (is & kNotAscii) {
+      bool isWordCharacter;
+      const size_t past = PastLongCharacter(at, isWordCharacter);
+      at = isWordCharacter ? TakeRun(at) : past;
+    } else {
+      if (is & kTerminator) sink_->ResetPhrases();
+      ++at;
+    }
+  }
+}
+
+/// The line as words are cut from it: `line` itself where there is nothing to clean.
+template <typename Sink>
+std::string_view LineScanner<Sink>::Clean(std::string_view line, bool startsLine) {
+  const bool hasHyphens = line.find("--") != std::string_view::npos;
+  const bool hasEntities = markers_.blnCharacterEntitiesPossible && line.find('&') != std::string_view::npos;
+  if (!hasHyphens && !hasEntities) return line;
+  cleaned_.assign(line);
+  if (hasHyphens) ReplaceDoubleHyphensInPlace(cleaned_, startsLine);
+  if (hasEntities) ReplaceNamedEntities(cleaned_);
+  return cleaned_;
+}
+
+/// The length of the CDATA delimiter at `at`; 0: none.
+template <typename Sink>
+size_t LineScanner<Sink>::CdataDelimiterAt(size_t at) const {
+  if (!isMarkup_) return 0;
+  for (const std::string_view delimiter : {line_scanner::kCdataBegin, line_scanner::kCdataEnd})
+    if (line_scanner::StandsAt(line_, at, delimiter)) return delimiter.size();
+  return 0;
+}
+
+/// The first pair whose start marker stands at `at`, or kOutside.
+template <typename Sink>
+int LineScanner<Sink>::PairAt(size_t at) {
+  for (int k = 0; k < markers_.intNumCommentMarkers; ++k) {
+    const std::string_view start = markers_.Markers[static_cast<size_t>(k)].Start;
+    if (line_scanner::StandsAt(line_, at, start) && (start != "&" || AmpersandIsMarker(at))) return k;
+  }
+  return kOutside;
+}
+
+template <typename Sink>
+bool LineScanner<Sink>::AmpersandIsMarker(size_t at) {
+  if (lastSemicolon_ == kNotSought) lastSemicolon_ = line_.rfind(';');
+  return lastSemicolon_ != std::string_view::npos && lastSemicolon_ > at &&
+         EntityLength(line_.substr(at)) != 0;
+}
+
+/// Past the delimiter or the region that begins at `at`, or `at` where none does.
+template <typename Sink>
+size_t LineScanner<Sink>::PastMarker(size_t at) {
+  if (const size_t length = CdataDelimiterAt(at)) return at + length;
+  const int pair = PairAt(at);
+  if (pair == kOutside) return at;
+  intWithinComment_ = pair;
+  return PastRegion(at + markers_.Markers[static_cast<size_t>(pair)].Start.size());
+}
+
+/// Past the end marker of the region that holds `at`, or the end of the line.
+template <typename Sink>
+size_t LineScanner<Sink>::PastRegion(size_t at) {
+  const std::string_view end = markers_.Markers[static_cast<size_t>(intWithinComment_)].End;
+  if (end.empty()) {
+    intWithinComment_ = kOutside;
+    return line_.size();
+  }
+  const size_t found = line_scanner::FindMarker(line_, at, end);
+  if (found == std::string_view::npos) return line_.size();
+  intWithinComment_ = kOutside;
+  return found + end.size();
+}
+
+/// Past the character at `at`, which is no ASCII.
+template <typename Sink>
+size_t LineScanner<Sink>::PastLongCharacter(size_t at, bool& isWordCharacter) const {
+  const char32_t c = NextCharacter(line_, at);
+  isWordCharacter = IsWordCharCode(c, false, {});
+  return at;
+}
+
+/// Past the word character at `at`, or `at` where a run ends there.
+template <typename Sink>
+size_t LineScanner<Sink>::PastWordCharacter(size_t at) {
+  const unsigned is = ClassAt(at);
+  if (is & kNotAscii) {
+    bool isWordCharacter;
+    const size_t past = PastLongCharacter(at, isWordCharacter);
+    return isWordCharacter ? past : at;
+  }
+  if (!(is & kWord) || ((is & kMarker) && HasMarkerAt(at))) return at;
+  return at + 1;
+}
+
+template <typename Sink>
+size_t LineScanner<Sink>::EndOfRun(size_t begin) {
+  const size_t certain = std::min(line_.size(), begin + kMostWordCharacters);
+  size_t at = begin;
+  while (at < certain) {
+    if ((ClassAt(at) & (kWord | kMarker)) == kWord) {
+      ++at;
+      continue;
+    }
+    const size_t past = PastWordCharacter(at);
+    if (past == at) return at;
+    at = past;
+  }
+  return at >= line_.size() ? at : EndOfLongRun(begin);
+}
+
+/// The same, counting: the run has more bytes than a word may have characters.
+template <typename Sink>
+size_t LineScanner<Sink>::EndOfLongRun(size_t begin) {
+  size_t at = begin;
+  for (size_t characters = 0; at < line_.size() && characters < kMostWordCharacters; ++characters) {
+    const size_t past = PastWordCharacter(at);
+    if (past == at) break;
+    at = past;
+  }
+  return at;
+}
+
+/// Whether an apostrophe and its letter may end a word before `at`: before no word character, one that
+/// would be cut off a word's end, a marker, or the end of the line.
+template <typename Sink>
+bool LineScanner<Sink>::WordCanEndBefore(size_t at) {
+  return at == line_.size() || (ClassAt(at) & kTrimmed) || PastWordCharacter(at) == at;
+}
+
+/// The end of the run with the apostrophe and "s" or "t" that belong to it; `end` where none does.
+template <typename Sink>
+size_t LineScanner<Sink>::WithApostrophe(size_t begin, size_t end) {
+  if (apostropheIsWordCharacter_ || end + 1 >= line_.size() || line_[end] != '\'') return end;
+  const unsigned char letter = line_scanner::LowerAscii(line_[end + 1]);
+  if ((letter != 's' && letter != 't') || !WordCanEndBefore(end + 2)) return end;
+  if (letter == 't') {
+    while (begin < end && (ClassAt(begin) & kTrimmed)) ++begin;
+    if (!IsNegativeContractionStem(line_.substr(begin, end - begin))) return end;
+  }
+  return end + 2;
+}
+
+/// Notes the parentheses of a run that have no partner in it, paired by nesting.
+template <typename Sink>
+void LineScanner<Sink>::FindLoneParentheses(size_t begin, size_t end) {
+  loneOpening_.clear();
+  loneClosing_.clear();
+  for (size_t at = begin; at < end; ++at) {
+    if (line_[at] == '(') {
+      loneOpening_.push_back(at);
+    } else if (line_[at] == ')') {
+      if (loneOpening_.empty())
+        loneClosing_.push_back(at);
+      else
+        loneOpening_.pop_back();
+    }
+  }
+}
+
+/// Cuts punctuation off both ends of a run, but no parenthesis whose partner it holds.
+template <typename Sink>
+void LineScanner<Sink>::Trim(size_t& begin, size_t& end) {
+  if (!((ClassAt(begin) | ClassAt(end - 1)) & kTrimmed)) return;
+  FindLoneParentheses(begin, end);
+  const auto isParenthesis = [this](size_t at) { return line_[at] == '(' || line_[at] == ')'; };
+  const auto isLone = [this](size_t at) {
+    return std::binary_search(loneOpening_.begin(), loneOpening_.end(), at) ||
+           std::binary_search(loneClosing_.begin(), loneClosing_.end(), at);
+  };
+  const auto isCut = [&](size_t at) {
+    return (ClassAt(at) & kTrimmed) && (!isParenthesis(at) || isLone(at));
+  };
+  while (begin < end && isCut(begin)) ++begin;
+  while (begin < end && isCut(end - 1)) --end;
+}
+
+/// Hands over the word that the run at `begin` holds, if any. Returns where to go on.
+template <typename Sink>
+size_t LineScanner<Sink>::TakeRun(size_t begin) {
+  const size_t next = WithApostrophe(begin, EndOfRun(begin));
+  size_t end = next;
+  Trim(begin, end);
+  if (begin == end) return next;
+  sink_->TakeWord(line_.substr(begin, end - begin));
+  if (end < line_.size() && (ClassAt(end) & kAfterWord)) sink_->ResetPhrases();
+  return next;
+}
+
+}  // namespace korv

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace korv {
+
+/// Replaces the known character entities of a line by the characters they stand for: letters by
+/// themselves, quotes of all shapes by an apostrophe, "&quot;" by a double quote. Unknown ones stay. What
+/// a replacement makes is not looked at again. An "&" without ";" after it ends the work. Linear.
+void ReplaceNamedEntities(std::string& text);
+
+/// Replaces "--" by two blanks, save at the first two characters of the line and where it belongs to
+/// "<!--" or "-->". Linear.
+std::string ReplaceDoubleHyphens(std::string_view text);
+/// The same in place. Where `text` goes on a line that began earlier (after a blank), there are no first
+/// two characters to spare.
+void ReplaceDoubleHyphensInPlace(std::string& text, bool startsLine);
+
+/// For text that begins at an ampersand: 0 where it is no entity, 1 for a numeric one ("&#"), else the
+/// position of its ";" in characters, counted from 1. Looks at the first 20 characters at most.
+int EntityLength(std::string_view text);
+
+/// Whether an apostrophe and "t" belong to `word` before them ("didn", "WASN"). Tails of such words pass
+/// too, the empty one among them.
+bool IsNegativeContractionStem(std::string_view word);
+
+}  // namespace korv

@@ -1,0 +1,164 @@
+#include "sources/text_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace korv {
+namespace {
+
+constexpr size_t kBlock = 256 * 1024;
+constexpr size_t kLongLine = 1024 * 1024;
+constexpr std::string_view kSignature = "\xEF\xBB\xBF";
+
+}  // namespace
+
+struct TextReader::State {
+  // bytes[begin, end) has been read and not been handed out.
+  std::string bytes;
+  size_t begin = 0;
+  size_t end = 0;
+  InputFile* rest;
+  TextEncoding encoding;
+  LongLines longLines;
+  uint64_t bytesRead = 0;
+  std::optional<FileError> error;
+
+  // Where the next LF and CR stand at or after `begin`; `end` where there is none in what was read. Each
+  // is looked for once, so that a text without the other kind is not searched for it line by line.
+  size_t nextLf = 0;
+  size_t nextCr = 0;
+  // No place to part a long line before this byte.
+  size_t unparted = 0;
+
+  std::string decoded;
+  std::string_view line;
+  bool startsLine = true;
+  bool nextStartsLine = true;
+
+  void Begin();
+  bool NextLine();
+
+ private:
+  void RemoveSignature();
+  size_t Find(char sign, size_t from) const;
+  bool ReadMore();
+  void HandOut(size_t length, size_t lineEnd, bool endsLine);
+  bool HandOutPiece();
+};
+
+size_t TextReader::State::Find(char sign, size_t from) const {
+  if (from >= end) return end;
+  const void* found = std::memchr(bytes.data() + from, sign, end - from);
+  return found == nullptr ? end : static_cast<size_t>(static_cast<const char*>(found) - bytes.data());
+}
+
+/// Appends a block to what is left. False where there is nothing more.
+bool TextReader::State::ReadMore() {
+  if (rest == nullptr) return false;
+  if (begin > 0 && (begin == end || bytes.size() - end < kBlock)) {
+    std::memmove(bytes.data(), bytes.data() + begin, end - begin);
+    nextLf -= begin;
+    nextCr -= begin;
+    unparted -= std::min(unparted, begin);
+    end -= begin;
+    begin = 0;
+  }
+  if (bytes.size() - end < kBlock) bytes.resize(std::max(bytes.size() + bytes.size() / 2, end + kBlock));
+  const Expected<size_t, FileError> got = rest->Read({bytes.data() + end, kBlock});
+  if (!got) error = got.Error();
+  if (!got || *got == 0) {
+    rest = nullptr;
+    return false;
+  }
+  const size_t before = end;
+  end += *got;
+  bytesRead += *got;
+  if (nextLf == before) nextLf = Find('\n', before);
+  if (nextCr == before) nextCr = Find('\r', before);
+  return true;
+}
+
+void TextReader::State::HandOut(size_t length, size_t lineEnd, bool endsLine) {
+  line = DecodeText(std::string_view(bytes).substr(begin, length), encoding, decoded);
+  startsLine = nextStartsLine;
+  nextStartsLine = endsLine;
+  begin += length + lineEnd;
+  if (nextLf < begin) nextLf = Find('\n', begin);
+  if (nextCr < begin) nextCr = Find('\r', begin);
+}
+
+/// Parts an unfinished line after its last blank or tab that plain ASCII follows: no word, no composed
+/// character and no pair of hyphens reaches across.
+bool TextReader::State::HandOutPiece() {
+  for (size_t at = end - 1; at > std::max(begin, unparted); --at) {
+    const char c = bytes[at - 1];
+    if ((c == ' ' || c == '\t') && static_cast<unsigned char>(bytes[at]) < 0x80) {
+      HandOut(at - begin, 0, false);
+      return true;
+    }
+  }
+  unparted = end - 1;
+  return false;
+}
+
+void TextReader::State::Begin() {
+  end = bytes.size();
+  bytesRead = end;
+  nextLf = Find('\n', 0);
+  nextCr = Find('\r', 0);
+  if (encoding == TextEncoding::Utf8) RemoveSignature();
+}
+
+bool TextReader::State::NextLine() {
+  for (;;) {
+    const size_t lineEnd = std::min(nextLf, nextCr);
+    if (lineEnd < end) {
+      const bool isCr = bytes[lineEnd] == '\r';
+      // Whether an LF belongs to a CR at the very end is known when more has been read.
+      if (isCr && lineEnd + 1 == end && ReadMore()) continue;
+      const bool isPair = isCr && lineEnd + 1 < end && bytes[lineEnd + 1] == '\n';
+      HandOut(lineEnd - begin, isPair ? 2 : 1, true);
+      return true;
+    }
+    if (longLines == LongLines::InPieces && end - begin >= kLongLine && HandOutPiece()) return true;
+    if (ReadMore()) continue;
+    if (begin == end) return false;
+    HandOut(end - begin, 0, true);
+    return true;
+  }
+}
+
+void TextReader::State::RemoveSignature() {
+  while (end - begin < kSignature.size() && ReadMore()) {
+  }
+  if (std::string_view(bytes).substr(begin, end - begin).starts_with(kSignature)) begin += kSignature.size();
+}
+
+TextReader::TextReader(std::string head, InputFile* rest, TextEncoding encoding, LongLines longLines)
+    : state_(std::make_unique<State>()) {
+  State& s = *state_;
+  s.bytes = std::move(head);
+  s.rest = rest;
+  s.encoding = encoding;
+  s.longLines = longLines;
+  s.Begin();
+}
+
+TextReader::~TextReader() = default;
+bool TextReader::NextLine() {
+  return state_->NextLine();
+}
+std::string_view TextReader::Line() const {
+  return state_->line;
+}
+bool TextReader::StartsLine() const {
+  return state_->startsLine;
+}
+std::optional<FileError> TextReader::Error() const {
+  return state_->error;
+}
+uint64_t TextReader::BytesRead() const {
+  return state_->bytesRead;
+}
+
+}  // namespace korv
