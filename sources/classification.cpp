@@ -1,0 +1,273 @@
+#include "sources/classification.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "engine/unicode.h"
+#include "platform/utf8.h"
+#include "sources/docx.h"
+#include "sources/first_lines.h"
+
+namespace korv {
+
+namespace {
+
+using std::filesystem::path;
+
+constexpr std::string_view kSignatureUtf8 = "\xEF\xBB\xBF";
+
+EncodingSignature SignatureOfFault(FileFault fault) {
+  switch (fault) {
+    case FileFault::NotFound:
+    case FileFault::IsFolder:  // There is no file of that name.
+    case FileFault::NotAFolder:
+      return EncodingSignature::NotFound;
+    case FileFault::PermissionDenied:
+      return EncodingSignature::PermissionDenied;
+    default:
+      return EncodingSignature::CannotOpen;
+  }
+}
+
+TextFileCode CodeOf(EncodingSignature signature) {
+  switch (signature) {
+    case EncodingSignature::Utf8:
+      return TextFileCode::WindowsText;
+    case EncodingSignature::Utf16LittleEndian:
+    case EncodingSignature::Utf16BigEndian:
+    case EncodingSignature::Utf32BigEndian:
+      return TextFileCode::UnicodeNotUtf8;
+    default:
+      return static_cast<TextFileCode>(signature);
+  }
+}
+
+EncodingSignature SignatureOfHead(std::string_view head, std::string_view extension) {
+  using enum EncodingSignature;
+  if (head.empty()) return ZeroLength;
+  if (head.size() < 5) return TooShort;
+  if (head.starts_with("{\\rtf")) return Rtf;
+  if (head.starts_with("\xFF\xFE")) return Utf16LittleEndian;
+  if (head.starts_with("\xFE\xFF")) return Utf16BigEndian;
+  if (head.starts_with(kSignatureUtf8)) return Utf8;
+  if (head.starts_with(std::string_view("\0\0\xFE\xFF", 4))) return Utf32BigEndian;
+  if (extension != "xml") return None;
+  if (head[0] == '<') return head[1] != '\0' ? Utf8 : Utf16LittleEndian;
+  return head[0] == '\0' && head[1] == '<' ? Utf16BigEndian : None;
+}
+
+bool DeclaresUtf8(std::string_view lines) {
+  constexpr auto npos = std::string_view::npos;
+  return lines.find("charset=UTF-8") != npos || lines.find("charset=\"UTF-8\"") != npos ||
+         lines.find("\xE2\x80") != npos;
+}
+
+// A file open at the end of its head.
+struct Opened {
+  std::unique_ptr<InputFile> file;
+  std::string head;
+  EncodingSignature signature = EncodingSignature::None;
+};
+
+// What follows the head is read in pieces that are not kept.
+bool DeclaresUtf8BeyondHead(InputFile& file, FirstLines& lines, std::string& declared) {
+  constexpr size_t kLongestDeclaration = 15;
+  std::vector<char> block(size_t{1} << 16);
+  while (!lines.Full()) {
+    // Enough of what came before to see a declaration that two pieces share.
+    if (declared.size() > kLongestDeclaration) declared.erase(0, declared.size() - kLongestDeclaration);
+    const Expected<size_t, FileError> got = file.Read(block);
+    if (!got || *got == 0) return false;
+    lines.Take({block.data(), *got}, declared);
+    if (DeclaresUtf8(declared)) return true;
+  }
+  return false;
+}
+
+// The first ten lines nearly always end inside the head. Where they do not, they are read on to their end,
+// and the file is put back to where the head ends. A pipe cannot be put back, so its head has to do.
+bool DeclaresUtf8(InputFile& file, std::string_view head) {
+  FirstLines lines(10, true);
+  std::string declared;
+  lines.Take(head, declared);
+  if (DeclaresUtf8(declared)) return true;
+  if (lines.Full() || file.SeekTo(head.size())) return false;
+  const bool declares = DeclaresUtf8BeyondHead(file, lines, declared);
+  file.SeekTo(head.size());
+  return declares;
+}
+
+Expected<std::string, FileError> ReadHead(InputFile& file, size_t most) {
+  std::string head(most, '\0');
+  size_t filled = 0;
+  while (filled < most) {
+    const Expected<size_t, FileError> got = file.Read(std::span(head).subspan(filled));
+    if (!got) return got.Error();
+    if (*got == 0) break;
+    filled += *got;
+  }
+  head.resize(filled);
+  return head;
+}
+
+Opened OpenAndProbe(FileSystem& files, const path& path, size_t headBytes, bool checkDeclaredCharset) {
+  Opened opened;
+  const auto refuse = [&](EncodingSignature why) -> Opened& {
+    opened.signature = why;
+    return opened;
+  };
+  if (path.empty()) return std::move(refuse(EncodingSignature::NoPath));
+  auto file = files.OpenForReading(path);
+  if (!file) return std::move(refuse(SignatureOfFault(file.Error().fault)));
+  auto head = ReadHead(**file, headBytes);
+  if (!head) {
+    // The file is there, whatever the reason says.
+    const bool denied = head.Error().fault == FileFault::PermissionDenied;
+    return std::move(refuse(denied ? EncodingSignature::PermissionDenied : EncodingSignature::CannotOpen));
+  }
+  opened.file = std::move(*file);
+  opened.head = std::move(*head);
+  const std::string name = PathToText(path);
+  opened.signature = SignatureOfHead(opened.head, FileExtension(name, true));
+  if (opened.signature == EncodingSignature::None && checkDeclaredCharset && IsPlainTextExtension(name) &&
+      DeclaresUtf8(*opened.file, opened.head))
+    opened.signature = EncodingSignature::Utf8;
+  return opened;
+}
+
+bool IsAnomalous(unsigned char byte) {
+  return byte < 32 && byte != '\n' && byte != '\r' && byte != '\f' && byte != '\t' && byte != '\b';
+}
+
+void Scan(std::string_view bytes, int32_t maxBytes, double threshold, TextFacts& facts) {
+  bool sawCR = false;
+  bool sawLF = false;
+  int32_t count = 0;
+  int32_t i = 0;
+  for (const char c : bytes) {
+    ++i;
+    const auto byte = static_cast<unsigned char>(c);
+    sawLF |= byte == '\n';
+    sawCR |= byte == '\r';
+    if (IsAnomalous(byte)) {
+      ++count;
+      if (facts.FirstAnomalousByte == 32) {
+        facts.FirstAnomalousByte = byte;
+        facts.AnomalyPosition = i;
+      }
+    }
+    if (count > 0 && i > maxBytes / 5.0) {
+      facts.AnomalyPercent = count * 100.0 / i;
+      if (facts.AnomalyPercent > threshold * 10) {
+        facts.Code = TextFileCode::NotText;
+        return;
+      }
+    }
+  }
+  facts.AnomalyPercent = count > 0 ? count * 100.0 / static_cast<double>(bytes.size()) : 0;
+  if (facts.AnomalyPercent > threshold)
+    facts.Code = TextFileCode::NotText;
+  else if (sawCR != sawLF)
+    facts.Code = sawCR ? TextFileCode::MacText : TextFileCode::UnixText;
+  else
+    facts.Code = TextFileCode::WindowsText;
+}
+
+bool LooksLikeUtf8(std::string_view scanned, bool wholeFile) {
+  bool multiByte = false;
+  for (size_t at = 0; at < scanned.size();) {
+    const Utf8Sequence sequence = Utf8SequenceAt(scanned, at);
+    if (sequence.kind == Utf8Kind::IllFormed) return false;
+    if (sequence.kind == Utf8Kind::CutOff) return multiByte && !wholeFile;
+    multiByte |= sequence.length > 1;
+    at += sequence.length;
+  }
+  return multiByte;
+}
+
+TextFacts Classify(const Opened& opened, int32_t maxBytes, double threshold) {
+  TextFacts facts;
+  if (opened.signature != EncodingSignature::None) {
+    facts.Code = CodeOf(opened.signature);
+    facts.IsUtf8 = opened.signature == EncodingSignature::Utf8;
+    return facts;
+  }
+  const auto most = static_cast<size_t>(std::max(maxBytes, 0));
+  const std::string_view scanned = std::string_view(opened.head).substr(0, most);
+  Scan(scanned, maxBytes, threshold, facts);
+  if (IsReadableText(facts.Code)) facts.LooksLikeUtf8 = LooksLikeUtf8(scanned, opened.head.size() <= most);
+  return facts;
+}
+
+// One byte more than is scanned tells whether the scan ends where the file does.
+constexpr size_t HeadBytes(int32_t maxBytes) {
+  return static_cast<size_t>(std::max(maxBytes, 4)) + 1;
+}
+
+}  // namespace
+
+TextSource OpenTextSource(FileSystem& files, const path& path, double threshold) {
+  Opened opened = OpenAndProbe(files, path, HeadBytes(kScannedBytes), true);
+  TextSource source;
+  source.Facts = Classify(opened, kScannedBytes, threshold);
+  source.File = std::move(opened.file);
+  source.Head = std::move(opened.head);
+  source.IsDocx = IsDocxFile(PathToText(path), source.Head);
+  return source;
+}
+
+EncodingSignature ProbeTextEncoding(FileSystem& files, const path& path, bool checkDeclaredCharset) {
+  return OpenAndProbe(files, path, HeadBytes(0), checkDeclaredCharset).signature;
+}
+
+TextFileCode ClassifyTextFile(FileSystem& files, const path& path, int32_t maxBytes,
+                              uint8_t& firstAnomalousByte, int32_t& anomalyPosition, double threshold,
+                              double& anomalyPercent, bool& isUtf8, bool checkDeclaredCharset) {
+  const Opened opened = OpenAndProbe(files, path, HeadBytes(maxBytes), checkDeclaredCharset);
+  const TextFacts facts = Classify(opened, maxBytes, threshold);
+  firstAnomalousByte = facts.FirstAnomalousByte;
+  anomalyPosition = facts.AnomalyPosition;
+  anomalyPercent = facts.AnomalyPercent;
+  isUtf8 = facts.IsUtf8;
+  return facts.Code;
+}
+
+Expected<std::string, FileError> ReadFirstLines(FileSystem& files, const path& path, int maxLines,
+                                                bool skipBlank) {
+  auto file = files.OpenForReading(path);
+  if (!file) return file.Error();
+  FirstLines lines(maxLines, skipBlank);
+  std::string joined;
+  std::vector<char> block(size_t{1} << 14);
+  while (!lines.Full()) {
+    const Expected<size_t, FileError> got = (*file)->Read(block);
+    if (!got) return got.Error();
+    if (*got == 0) break;
+    lines.Take({block.data(), *got}, joined);
+  }
+  lines.Finish(joined);
+  return joined;
+}
+
+bool IsPlainTextExtension(std::string_view path) {
+  static constexpr std::array<std::string_view, 11> kExtensions = {
+      "prn", "csv", "xhtml", "xhtm", "shtml", "shtm", "html", "htm", "xml", "log", "txt"};
+  const std::string extension = FileExtension(path, true);
+  return std::ranges::find(kExtensions, extension) != kExtensions.end();
+}
+
+std::string_view FileNamePart(std::string_view path) {
+  const size_t separator = path.find_last_of("\\/");
+  return separator == std::string_view::npos ? path : path.substr(separator + 1);
+}
+
+std::string FileExtension(std::string_view path, bool lowerCase) {
+  const std::string_view name = FileNamePart(path);
+  const size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos) return {};
+  const std::string_view extension = name.substr(dot + 1);
+  return lowerCase ? LowerText(extension) : std::string(extension);
+}
+
+}  // namespace korv
