@@ -6,17 +6,24 @@
 namespace korv {
 
 /// One compiled regular expression with ECMAScript's rules as far as the library offers them, UTF-8,
-/// searched anywhere in the text. Matching is bounded by a match limit and a depth limit; beyond them
-/// it is no match. Matching is const and may be done from several threads at once.
+/// searched anywhere in the text: "$" stands for the end of the text alone, "\uXXXX" for a character,
+/// a reference to a group that has not taken part matches the empty text, "[]" matches nothing, and
+/// "\w", "\d" and "\b" know ASCII only. "." matches any character but CR and LF.
+///
+/// Compiling costs some ten microseconds and some kilobytes; matching a word about 50 ns. Matching is
+/// bounded by a match limit and a depth limit per place where a match could begin; beyond them it is no
+/// match. Matching is const and may be done from several threads at once.
 class Regex {
  public:
-  /// An invalid expression gives an object that matches nothing.
+  /// An invalid expression, or one longer than kMostExpressionBytes, gives an object that matches nothing.
   Regex(std::string_view expression, bool caseSignificant);
   ~Regex();
   Regex(Regex&&) noexcept;
   Regex& operator=(Regex&&) noexcept;
 
-  bool Valid() const;
+  static constexpr size_t kMostExpressionBytes = 65'536;
+
+  bool Valid() const { return compiled_ != nullptr; }
   bool Matches(std::string_view text) const;
 
  private:

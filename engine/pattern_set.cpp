@@ -1,0 +1,58 @@
+#include "engine/pattern_set.h"
+
+#include <algorithm>
+
+namespace korv {
+
+void PatternSet::AddPattern(std::string_view text) {
+  if (!known_.emplace(text).second) return;
+  Pattern pattern(text, caseSignificant_);
+  if (pattern.MatchesNothing()) return;
+  if (std::string_view literal; pattern.IsLiteral(literal)) {
+    literals_.emplace(literal);
+    return;
+  }
+  const auto number = static_cast<uint32_t>(patterns_.size());
+  const Fragment needed = pattern.Needs();
+  patterns_.push_back(std::move(pattern));
+  const size_t length = std::min(needed.Text.size(), kFragmentBytes);
+  if (length == 0) {
+    always_.push_back(number);
+    return;
+  }
+  const bool atEnd = needed.Where == Fragment::Place::End;
+  Shelf& shelf = atEnd ? ends_ : needed.Where == Fragment::Place::Beginning ? beginnings_ : anywhere_;
+  shelf.LengthInUse[length] = true;
+  shelf.ByFragment[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
+}
+
+bool PatternSet::Matches(std::string_view text) const {
+  if (words_.contains(text)) return true;
+  if (patterns_.empty() && literals_.empty()) return false;
+  const std::string folded = FoldForMatching(text, caseSignificant_);
+  const std::string_view f = folded;
+  if (literals_.contains(f)) return true;
+  for (size_t length = 1; length <= std::min(kFragmentBytes, f.size()); ++length) {
+    if (beginnings_.LengthInUse[length] && ShelfMatches(beginnings_, f.substr(0, length), text, f))
+      return true;
+    if (ends_.LengthInUse[length] && ShelfMatches(ends_, f.substr(f.size() - length), text, f)) return true;
+    if (!anywhere_.LengthInUse[length]) continue;
+    for (size_t at = 0; at + length <= f.size(); ++at)
+      if (ShelfMatches(anywhere_, f.substr(at, length), text, f)) return true;
+  }
+  return AnyMatches(always_, text, f);
+}
+
+bool PatternSet::ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,
+                              std::string_view folded) const {
+  const auto found = shelf.ByFragment.find(fragment);
+  return found != shelf.ByFragment.end() && AnyMatches(found->second, text, folded);
+}
+
+bool PatternSet::AnyMatches(const PatternNumbers& candidates, std::string_view text,
+                            std::string_view folded) const {
+  return std::any_of(candidates.begin(), candidates.end(),
+                     [&](uint32_t number) { return patterns_[number].MatchesFolded(text, folded); });
+}
+
+}  // namespace korv

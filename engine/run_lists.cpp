@@ -1,0 +1,92 @@
+#include "engine/run_lists.h"
+
+#include "engine/list_entry.h"
+#include "engine/matching.h"
+#include "engine/pattern_set.h"
+#include "engine/phrase_entries.h"
+#include "engine/unicode.h"
+
+namespace korv {
+
+struct RunLists::Lists {
+  explicit Lists(bool caseSignificant)
+      : Ignore(caseSignificant), CountOnlyWords(caseSignificant), CountOnlyPhrases(caseSignificant) {}
+
+  bool HasIgnore = false;
+  bool HasCountOnly = false;
+  PatternSet Ignore;
+  PatternSet CountOnlyWords;
+  PhraseEntries CountOnlyPhrases;
+};
+
+namespace {
+
+void AddOneWord(PatternSet& set, const std::string& entry, bool isPattern) {
+  const std::string lowered = LowerOutsideBrackets(entry);
+  if (isPattern)
+    set.AddPattern(lowered);
+  else
+    set.AddWord(lowered);
+}
+
+void AddCountOnly(PatternSet& words, PhraseEntries& phrases, const std::string& entry) {
+  std::vector<std::string> pieces;
+  for (const std::string_view piece : SplitOutsideBrackets(entry, ' '))
+    if (!piece.empty()) pieces.emplace_back(piece);
+  if (pieces.empty()) return;
+  if (pieces.size() > 1) {
+    const std::string pattern = PhrasePattern(entry);
+    const std::vector<std::string_view> parts = SplitOutsideBrackets(pattern, '+');
+    phrases.AddParts({parts.begin(), parts.end()});
+  } else if (pieces[0].find(' ') != std::string::npos) {
+    phrases.AddWholePhrase(pieces[0]);
+  } else {
+    AddOneWord(words, pieces[0], HoldsPattern(pieces[0]));
+  }
+}
+
+}  // namespace
+
+RunLists::RunLists() = default;
+
+RunLists::RunLists(const ListEntries& entries) : lists_(std::make_unique<Lists>(entries.CaseSignificant)) {
+  Lists& lists = *lists_;
+  const bool all = entries.PatternMatchingInWordsToIgnoreFile;
+  for (const std::string& word : entries.FileWordsToIgnore) AddOneWord(lists.Ignore, word, all);
+  for (const std::string& word : entries.TypedWordsToIgnore)
+    AddOneWord(lists.Ignore, word, all || HoldsPattern(word));
+  for (const std::string& entry : entries.CountOnly)
+    AddCountOnly(lists.CountOnlyWords, lists.CountOnlyPhrases, entry);
+  lists.HasIgnore = !entries.FileWordsToIgnore.empty() || !entries.TypedWordsToIgnore.empty();
+  lists.HasCountOnly = !entries.CountOnly.empty();
+}
+
+RunLists::~RunLists() = default;
+RunLists::RunLists(RunLists&&) noexcept = default;
+RunLists& RunLists::operator=(RunLists&&) noexcept = default;
+
+bool RunLists::HasWordsToIgnore() const {
+  return lists_ && lists_->HasIgnore;
+}
+
+bool RunLists::IsWordToIgnore(std::string_view word) const {
+  return HasWordsToIgnore() && lists_->Ignore.Matches(LowerText(word));
+}
+
+bool RunLists::HasCountOnly() const {
+  return lists_ && lists_->HasCountOnly;
+}
+
+bool RunLists::IsCountOnlyWord(std::string_view word) const {
+  return HasCountOnly() && lists_->CountOnlyWords.Matches(LowerText(word));
+}
+
+bool RunLists::HasCountOnlyPhrases() const {
+  return lists_ && !lists_->CountOnlyPhrases.Empty();
+}
+
+bool RunLists::IsCountOnlyPhrase(std::string_view phrase) const {
+  return HasCountOnlyPhrases() && lists_->CountOnlyPhrases.Matches(phrase);
+}
+
+}  // namespace korv

@@ -1,0 +1,307 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "engine/fragment.h"
+#include "engine/matching.h"
+#include "engine/pattern.h"
+#include "engine/pattern_set.h"
+#include "engine/unicode.h"
+#include "platform/regex.h"
+
+namespace korv {
+namespace {
+
+struct Case {
+  const char* pattern;
+  const char* text;
+  bool caseSignificant;
+  bool matches;
+};
+
+TEST(MatchPattern, FollowsWildcardsAndExpressions) {
+  const Case cases[] = {
+      {"~ing", "counting", false, true},
+      {"~ing", "ingot", false, false},
+      {"?at", "cat", false, true},
+      {"?at", "at", false, false},
+      {"?at", "éat", false, true},
+      {"~", "anything", false, true},
+      {"~", "", false, true},
+      {"~~", "", false, true},
+      {"?~", "", false, false},
+      {"c~t", "cat", false, true},
+      {"c~t", "ct", false, true},
+      {"c~t", "cats", false, false},
+      {"~a~b~", "xxaxxbxx", false, true},
+      {"~a~b~", "xxbxxaxx", false, false},
+      {"~aab", "aaaab", false, true},
+      {"~ab?ab", "abcabxab", false, true},
+      // Other signs go to the expression as they are.
+      {"U.S.", "uxsx", false, true},
+      {"a.b~", "axbcd", false, true},
+      {"a.b~", "ab", false, false},
+      {"colou*r", "color", false, true},
+      {"a+", "aaa", false, true},
+      {"a|b~", "ax", false, true},
+      {"(a~", "(ab", false, false},
+      {"~*", "a", false, false},
+      {"[ab]?", "bx", false, true},
+      {"\\w~", "word", false, true},
+      // Case as asked for.
+      {"CAT", "cat", false, true},
+      {"CAT", "cat", true, false},
+      {"caf?", "CAFÉ", false, true},
+      {"CAFÉ~", "cafés", false, true},
+      {"CAFÉ~", "cafés", true, false},
+      {"<^c>", "Cat", false, true},
+      {"<^c>", "Cat", true, false},
+      {"<T$>", "CAT", true, true},
+      // Angle brackets.
+      {"<ing>", "ingot", false, true},
+      {"<>", "", false, false},
+      {"<>", "a", false, false},
+      {"<", "<", false, true},
+      {"<a", "<a", false, true},
+      {"x<a>", "xa", false, false},
+      {"<(>", "(", false, false},
+      {"<[>", "x", false, false},
+      {"<?~>", "x", false, false},
+      {"", "", false, true},
+      {"", "a", false, false},
+      {"\xFF", "a", false, false},
+      {"\xFE", "a", true, false},
+      {"a\xFF", "ab", true, false},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(MatchPattern(c.text, c.pattern, '~', '?', c.caseSignificant), c.matches)
+        << c.pattern << " on " << c.text << (c.caseSignificant ? ", case significant" : "");
+}
+
+TEST(MatchPattern, TakesItsWildcardsFromTheCaller) {
+  EXPECT_TRUE(MatchPattern("report.txt", "%.t_t", '%', '_', false));
+  EXPECT_FALSE(MatchPattern("report.txt", "~.t?t", '%', '_', false));
+}
+
+TEST(MatchPattern, InvalidExpressionsMatchNothing) {
+  for (const char* pattern : {"<(>", "<[a>", "<*>", "<a{2,1}>", "(~", "~[", "a)?"})
+    EXPECT_FALSE(MatchPattern("a", pattern, '~', '?', false)) << pattern;
+}
+
+TEST(Wildcard, AgreesWithTheEngineOnAllSmallPatternsAndTexts) {
+  const std::vector<std::string> signs = {".", ".*", "a", "B", "é", "ſ"};
+  const std::vector<std::string> letters = {"a", "b", "É", "s", "\n"};
+  std::vector<std::string> patterns = {""};
+  std::vector<std::string> texts = {""};
+  const auto extend = [](std::vector<std::string>& all, const std::vector<std::string>& by, int rounds) {
+    size_t begin = 0;
+    for (int round = 0; round < rounds; ++round) {
+      const size_t end = all.size();
+      for (size_t i = begin; i < end; ++i)
+        for (const std::string& sign : by) all.push_back(all[i] + sign);
+      begin = end;
+    }
+  };
+  extend(patterns, signs, 3);
+  extend(texts, letters, 3);
+  for (const std::string& pattern : patterns) {
+    for (const bool caseSignificant : {false, true}) {
+      const auto wildcard = Wildcard::FromExpression(pattern, caseSignificant);
+      ASSERT_TRUE(wildcard.has_value()) << pattern;
+      const Regex engine("^" + pattern + "$", caseSignificant);
+      for (const std::string& text : texts)
+        ASSERT_EQ(wildcard->Matches(FoldForMatching(text, caseSignificant)), engine.Matches(text))
+            << pattern << " on " << text << (caseSignificant ? ", case significant" : "");
+    }
+  }
+}
+
+TEST(Wildcard, TakesCharactersAsOneWithoutCaseExactlyWhereTheEngineDoes) {
+  // Every character that a wildcard takes on without case, against every letter that might be one with it.
+  std::vector<char32_t> texts;
+  for (char32_t c = 1; c < 0x2C00; ++c)
+    if (IsLetterOrMark(c)) texts.push_back(c);
+  for (char32_t p = 'a'; p <= 0x180; ++p) {
+    std::string pattern;
+    AppendCharacter(p, pattern);
+    const auto wildcard = Wildcard::FromExpression(pattern, false);
+    if (!wildcard) continue;
+    const Regex engine("^" + pattern + "$", false);
+    ASSERT_TRUE(engine.Valid()) << pattern;
+    for (const char32_t t : texts) {
+      std::string text;
+      AppendCharacter(t, text);
+      ASSERT_EQ(wildcard->Matches(FoldForMatching(text, false)), engine.Matches(text))
+          << pattern << " on " << text;
+    }
+  }
+}
+
+TEST(Wildcard, LeavesToTheEngineWhatOnlyItCanJudge) {
+  for (const char* inner : {"a+", "a*", "(a)", "[a]", "a|b", "\\w", "a{2}", "^a", "a$", "a?", "\n"})
+    EXPECT_FALSE(Wildcard::FromExpression(inner, true)) << inner;
+  // Greek and Cyrillic letters have variants that are one without case; so has the micro sign.
+  for (const char* inner : {"σ", "в", "µ"}) {
+    EXPECT_FALSE(Wildcard::FromExpression(inner, false)) << inner;
+    EXPECT_TRUE(Wildcard::FromExpression(inner, true)) << inner;
+  }
+}
+
+TEST(Wildcard, ManyRunsDoNotExplode) {
+  std::string pattern;
+  for (int i = 0; i < 40; ++i) pattern += "a~";
+  EXPECT_FALSE(MatchPattern(std::string(5000, 'a') + "b", pattern + "c", '~', '?', false));
+  EXPECT_TRUE(MatchPattern(std::string(5000, 'a') + "c", pattern + "c", '~', '?', false));
+}
+
+TEST(Fragment, IsWhatEveryMatchHolds) {
+  using Place = Fragment::Place;
+  struct FragmentCase {
+    const char* expression;
+    bool caseSignificant;
+    const char* text;
+    Place where;
+  };
+  const FragmentCase cases[] = {
+      {"^abc", true, "abc", Place::Beginning},
+      {"abc$", true, "abc", Place::End},
+      {"^abc$", true, "abc", Place::Beginning},
+      {"abc", true, "abc", Place::Anywhere},
+      {"ABC", false, "abc", Place::Anywhere},
+      {"ABC", true, "ABC", Place::Anywhere},
+      {"^ab*cde", true, "cde", Place::Anywhere},
+      {"^ab?", true, "a", Place::Beginning},
+      {"ab+c", true, "ab", Place::Anywhere},
+      {"ab{0,3}c$", true, "c", Place::End},
+      {"a.bc.d", true, "bc", Place::Anywhere},
+      {"[abc]de[^]x", true, "de", Place::Anywhere},
+      {"(abc|d)ef", true, "ef", Place::Anywhere},
+      {"(?:abc)?ef", true, "ef", Place::Anywhere},
+      {"\\bcat\\b", true, "cat", Place::Anywhere},
+      {"a\\.b", true, "a.b", Place::Anywhere},
+      {"naïve", false, "na", Place::Anywhere},
+      {"naïve", true, "naïve", Place::Anywhere},
+      {"xé?yy", true, "yy", Place::Anywhere},
+      {"big hat", false, "big hat", Place::Anywhere},
+      // Out of the ordinary, or nothing needed.
+      {"abc|def", true, "", Place::Anywhere},
+      {"(?i)abc", true, "", Place::Anywhere},
+      {"(*ACCEPT)abc", true, "", Place::Anywhere},
+      {"\\Qa*b\\E", true, "", Place::Anywhere},
+      {"\\u0041bc", true, "", Place::Anywhere},
+      {"(a)\\1bc", true, "", Place::Anywhere},
+      {"[[:alpha:]]bc", true, "", Place::Anywhere},
+      {"a{2", true, "", Place::Anywhere},
+      {"abc)", true, "", Place::Anywhere},
+      {"abc^", true, "", Place::Anywhere},
+      {"ab$c", true, "", Place::Anywhere},
+      {"(?:abc", true, "", Place::Anywhere},
+      {"[ab", true, "", Place::Anywhere},
+      {"a*", true, "", Place::Anywhere},
+      {".*", true, "", Place::Anywhere},
+      {"", true, "", Place::Anywhere},
+  };
+  for (const FragmentCase& c : cases) {
+    const Fragment fragment = FragmentOfExpression(c.expression, c.caseSignificant);
+    EXPECT_EQ(fragment.Text, c.text) << c.expression;
+    if (!fragment.Text.empty()) {
+      EXPECT_EQ(fragment.Where, c.where) << c.expression;
+    }
+  }
+}
+
+TEST(PatternSet, AgreesWithEachPatternAlone) {
+  const std::vector<std::string> patterns = {
+      "~ing",
+      "c~",
+      "?at",
+      "a~b~c",
+      "~middle~",
+      "U.S.",
+      "plain",
+      "<^co>",
+      "<ed$>",
+      "<[aeiou]{3}>",
+      "<^a.*z$>",
+      "<É>",
+      "<(ab|cd)ef?g>",
+      "~é",
+      "naïve",
+      "<(>",
+      "<>",
+      "??????????????",
+      "<sto+p>",
+      "~veryverylongfragmentatend",
+      "verylongbeginning~",
+      "<S>",
+      "s~ſ",
+      "<abc(?=def)def>",
+      "<\\.>",
+      "~$",
+  };
+  const std::vector<std::string> words = {
+      "",
+      "a",
+      "at",
+      "cat",
+      "counting",
+      "ing",
+      "ingot",
+      "abc",
+      "axxbxxc",
+      "xmiddlex",
+      "uxsx",
+      "plain",
+      "plains",
+      "cooperate",
+      "queue",
+      "ended",
+      "a to z",
+      "az",
+      "café",
+      "CAFÉ",
+      "abeg",
+      "cdefg",
+      "naïve",
+      "fourteenletter",
+      "stop",
+      "stoooop",
+      "stp",
+      "averyverylongfragmentatend",
+      "verylongfragmentatend",
+      "verylongbeginnings",
+      "ſ",
+      "abcdef",
+      "sſs",
+      "ÉTÉ",
+  };
+  for (const bool caseSignificant : {false, true}) {
+    for (const std::string& word : words) {
+      bool any = false;
+      for (const std::string& pattern : patterns) {
+        PatternSet one(caseSignificant);
+        one.AddPattern(pattern);
+        const bool alone = MatchPattern(word, pattern, '~', '?', caseSignificant);
+        EXPECT_EQ(one.Matches(word), alone) << pattern << " on " << word;
+        any |= alone;
+      }
+      PatternSet all(caseSignificant);
+      for (const std::string& pattern : patterns) all.AddPattern(pattern);
+      EXPECT_EQ(all.Matches(word), any) << word;
+    }
+  }
+}
+
+TEST(PatternSet, PlainWordsMatchThemselvesAlone) {
+  PatternSet set(false);
+  set.AddWord("a.b");
+  set.AddWord("s");
+  EXPECT_TRUE(set.Matches("a.b"));
+  EXPECT_FALSE(set.Matches("axb"));
+  EXPECT_FALSE(set.Matches("ſ"));
+  EXPECT_FALSE(PatternSet(false).Matches("a"));
+}
+
+}  // namespace
+}  // namespace korv
