@@ -25,14 +25,6 @@ bool HoldsBlank(std::string_view entry) {
   return entry.find(' ') != std::string_view::npos;
 }
 
-/// One word against a one-word entry.
-bool MatchesOneWordEntry(std::string_view word, const std::string& entry, bool byPattern,
-                         bool caseSignificant) {
-  std::string lowered = IsBracketed(entry) ? entry : Lower(entry);
-  if (!byPattern) return Lower(word) == lowered;
-  return MatchPattern(Lower(word), lowered, '~', '?', caseSignificant);
-}
-
 std::wstring Wide(std::string_view text) {
   std::wstring wide;
   for (char32_t character : Decode(text)) wide += static_cast<wchar_t>(character);
@@ -74,12 +66,13 @@ bool MatchPattern(std::string_view text, std::string_view pattern, char anyRun, 
   }
 }
 
-bool MatchPhrasePattern(std::string_view phrase, std::string_view pattern, bool caseSignificant) {
+bool MatchPhrasePattern(std::string_view phrase, std::string_view pattern,
+                        const std::function<bool(std::string_view word, std::string_view part)>& matchPart) {
   std::vector<std::string> words = Split(phrase, '+');
   std::vector<std::string> parts = Split(pattern, '+', false);
   if (words.size() != parts.size()) return false;
   for (size_t i = 0; i < words.size(); ++i) {
-    if (!MatchPattern(words[i], parts[i], '~', '?', caseSignificant)) return false;
+    if (!matchPart(words[i], parts[i])) return false;
   }
   return true;
 }
@@ -99,6 +92,17 @@ std::vector<std::string> Split(std::string_view text, char separator, bool insid
   return parts;
 }
 
+bool Lists::Match(std::string_view text, std::string_view pattern) const {
+  auto [answer, isNew] = answers_.try_emplace({std::string(text), std::string(pattern)}, false);
+  if (isNew) answer->second = MatchPattern(text, pattern, '~', '?', entries_.CaseSignificant);
+  return answer->second;
+}
+
+bool Lists::MatchesOneWordEntry(std::string_view word, const std::string& entry, bool byPattern) const {
+  const std::string lowered = IsBracketed(entry) ? entry : Lower(entry);
+  return byPattern ? Match(Lower(word), lowered) : Lower(word) == lowered;
+}
+
 bool Lists::HasWordsToIgnore() const {
   return !entries_.FileWordsToIgnore.empty() || !entries_.TypedWordsToIgnore.empty();
 }
@@ -106,7 +110,7 @@ bool Lists::HasWordsToIgnore() const {
 bool Lists::IsWordToIgnore(std::string_view word) const {
   const bool all = entries_.PatternMatchingInWordsToIgnoreFile;
   auto matches = [&](const std::string& entry, bool byPattern) {
-    return MatchesOneWordEntry(word, entry, byPattern, entries_.CaseSignificant);
+    return MatchesOneWordEntry(word, entry, byPattern);
   };
   return std::any_of(entries_.FileWordsToIgnore.begin(), entries_.FileWordsToIgnore.end(),
                      [&](const std::string& entry) { return matches(entry, all); }) ||
@@ -118,22 +122,22 @@ bool Lists::CountOnlyAdmits(std::string_view phrase) const {
   if (entries_.CountOnly.empty()) return true;
   const std::vector<std::string> words = Split(phrase, '+');
   for (const std::string& entry : entries_.CountOnly) {
-    const bool significant = entries_.CaseSignificant;
     if (IsSingleExpression(entry) && HoldsBlank(entry)) {
       std::string spaced(phrase);
       std::replace(spaced.begin(), spaced.end(), '+', ' ');
-      if (MatchPattern(spaced, entry, '~', '?', significant)) return true;
+      if (Match(spaced, entry)) return true;
       continue;
     }
     std::vector<std::string> parts = Split(entry, ' ', false);
     if (parts.size() > 1) {
       std::string pattern = parts[0];
       for (size_t i = 1; i < parts.size(); ++i) pattern += "+" + parts[i];
-      if (MatchPhrasePattern(phrase, pattern, significant)) return true;
+      auto matchPart = [&](std::string_view word, std::string_view part) { return Match(word, part); };
+      if (MatchPhrasePattern(phrase, pattern, matchPart)) return true;
       continue;
     }
     for (const std::string& word : words) {
-      if (MatchesOneWordEntry(word, entry, HoldsPattern(entry), significant)) return true;
+      if (MatchesOneWordEntry(word, entry, HoldsPattern(entry))) return true;
     }
   }
   return false;

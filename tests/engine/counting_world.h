@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "engine/count_phrases.h"
+#include "engine/run_lists.h"
+#include "engine/run_options.h"
+#include "engine/word_rules.h"
+#include "platform/yielder.h"
+
+namespace korv {
+
+/// A whole run: what is asked for and the text, small enough for the naive model to count.
+struct CountingWorld {
+  WordRules Rules;
+  RunOptions Options;
+  ListEntries Entries;
+  ChainOrder Order = ChainOrder::ByCount;
+
+  struct Step {
+    enum class Kind { Word, EndOfPhrase, NextFile } What;
+    std::string Text;  ///< The word as cut, or the file's path.
+  };
+  std::vector<Step> Steps;
+};
+
+std::ostream& operator<<(std::ostream& out, const CountingWorld& world);
+
+/// Everything of a run that can be observed.
+struct CountingOutcome {
+  struct Entry {
+    std::string Text;
+    std::string Key;
+    int64_t Count;
+    int64_t Rank;
+    std::string Next;  ///< The text of the entry that follows in the chain.
+    std::string FileNumbers;
+    std::string FileCounts;
+    int64_t FileCount;
+    bool operator==(const Entry&) const = default;
+  };
+  std::vector<Entry> Listed;  ///< In table order.
+  std::string Head;           ///< The text of the first entry of the chain.
+  int64_t PhraseCount = 0;
+  int64_t Occurrences = 0;
+  std::vector<std::string> FilePaths;
+  int64_t WordsTaken = 0;
+  int64_t WordsDropped = 0;
+  bool operator==(const CountingOutcome&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const CountingOutcome& outcome);
+
+/// What the naive model makes of it.
+CountingOutcome ModelOutcome(const CountingWorld& world);
+
+/// What the engine makes of it. Every stage is taken up again, with the stop request cleared, until it is
+/// finished; what a stopped stage must leave behind is checked on the way.
+CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder);
+
+/// What to vary; the rest keeps its defaults.
+struct WorldKind {
+  bool Lists = false;
+  bool Rules = false;
+  bool Folder = false;
+  int MostWords = kMostWords;
+};
+
+/// A random world, drawn from the generator of the property that is being checked.
+CountingWorld DrawWorld(const WorldKind& kind);
+
+}  // namespace korv
