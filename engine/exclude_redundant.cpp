@@ -36,20 +36,57 @@ uint64_t OfWord(WordNumber word) {
   return Scatter(word);
 }
 
-/// A set that may say yes to what it does not hold, one time in some hundreds.
+/// A set that may say yes to what it does not hold, one time in some tens. Any thread may add.
 class LikelySet {
  public:
-  explicit LikelySet(size_t members) : bits_(std::bit_ceil(members * 16 + 64) / 64) {}
-  void Add(uint64_t hash) { bits_[Word(hash)] |= Mask(hash); }
+  explicit LikelySet(size_t members) : bits_(std::bit_ceil(members * 8 + 64) / 64) {}
+  /// Whether it may have been there before.
+  bool Add(uint64_t hash) {
+    const uint64_t mask = Mask(hash);
+    return (bits_[Word(hash)].fetch_or(mask, std::memory_order_relaxed) & mask) == mask;
+  }
   void Prefetch(uint64_t hash) const { __builtin_prefetch(&bits_[Word(hash)]); }
-  bool MayHold(uint64_t hash) const { return (bits_[Word(hash)] & Mask(hash)) == Mask(hash); }
+  bool MayHold(uint64_t hash) const {
+    const uint64_t mask = Mask(hash);
+    return (bits_[Word(hash)].load(std::memory_order_relaxed) & mask) == mask;
+  }
 
  private:
   size_t Word(uint64_t hash) const { return hash >> 24 & (bits_.size() - 1); }
   static uint64_t Mask(uint64_t hash) {
     return uint64_t{1} << (hash & 63) | uint64_t{1} << (hash >> 6 & 63) | uint64_t{1} << (hash >> 12 & 63);
   }
-  std::vector<uint64_t> bits_;
+  std::vector<std::atomic<uint64_t>> bits_;
+};
+
+/// Entries by a hash, open addressing, at most two thirds full. Any thread may insert; look-ups come after.
+class EntryTable {
+ public:
+  void Reserve(size_t entries) {
+    slots_ = std::vector<std::atomic<uint64_t>>(std::bit_ceil(entries * 3 / 2 + 2));
+  }
+  void Insert(uint64_t hash, uint32_t entry) {
+    const uint64_t slot = (hash & kHashPart) | (uint64_t{entry} + 1);
+    for (size_t at = First(hash);; at = Next(at)) {
+      uint64_t empty = 0;
+      if (slots_[at].compare_exchange_strong(empty, slot, std::memory_order_relaxed)) return;
+    }
+  }
+  /// Calls `use` with each entry inserted under this hash, and with few others, until it returns true.
+  template <typename Use>
+  void Visit(uint64_t hash, const Use& use) const {
+    for (size_t at = First(hash);; at = Next(at)) {
+      const uint64_t slot = slots_[at].load(std::memory_order_relaxed);
+      if (slot == 0) return;
+      if ((slot & kHashPart) == (hash & kHashPart) && use(static_cast<uint32_t>(slot) - 1)) return;
+    }
+  }
+
+ private:
+  static constexpr uint64_t kHashPart = 0xFFFFFFFF00000000;
+  size_t First(uint64_t hash) const { return hash & (slots_.size() - 1); }
+  size_t Next(size_t at) const { return (at + 1) & (slots_.size() - 1); }
+  std::vector<std::atomic<uint64_t>> slots_;
 };
 
 /// Finds, for every listed phrase, the listed phrases of the same count within it.
@@ -57,9 +94,9 @@ class LikelySet {
 /// A phrase stands in a longer one as a run of as many words of which only the first and the last may
 /// reach further out: the first of the run ends with the phrase's first word, the last begins with its
 /// last. So every run of words of every phrase is taken as a candidate, with its first word replaced by
-/// each of its suffixes that is a word and its last by each such prefix, and looked up. Small sets that
-/// rarely say yes in vain answer nearly all questions that have no answer: one asks for word families
-/// before the replacements are gone through, one for the very phrase before the table is touched.
+/// each of its suffixes that is a word and its last by each such prefix, and looked up. Small sets of what
+/// phrases have in common with the runs that hold them answer nearly all of the questions that have no
+/// answer.
 ///
 /// Phrases that follow each other in the text by one word and have the same count share all runs but the
 /// ones that end behind the first; for long phrases those are passed over, so that a passage that occurs
@@ -70,16 +107,10 @@ class Containment {
 
   bool Find(Yielder& yielder) {
     affixes_ = std::make_unique<WordAffixes>(data_.Words, yielder);
-    if (yielder.Stopped() || !Prepare(yielder)) return false;
-    constexpr size_t kTask = 4096;
-    const size_t tasks = (listed_.size() + kTask - 1) / kTask;
-    if (!RunTasks(tasks, listed_.size() < kTask, yielder, [&](size_t task, size_t) {
-          for (size_t k = task * kTask; k < std::min(listed_.size(), (task + 1) * kTask); ++k) {
-            constexpr size_t kAhead = 8;
-            if (k + kAhead < listed_.size()) __builtin_prefetch(TextOf(data_.Entries[listed_[k + kAhead]]));
-            Search(data_.Entries[listed_[k]]);
-          }
-        }))
+    if (yielder.Stopped()) return false;
+    Reserve();
+    if (!ForEachListed(yielder, [this](uint32_t e) { Add(e); }) ||
+        !ForEachListed(yielder, [this](uint32_t e) { Search(data_.Entries[e]); }))
       return false;
     for (size_t e = 0; e < redundant_.size(); ++e)
       if (redundant_[e].load(std::memory_order_relaxed)) data_.Entries[e].Listed = false;
@@ -87,7 +118,6 @@ class Containment {
   }
 
  private:
-  static constexpr uint32_t kNoEntry = 0xFFFFFFFF;
   /// From this many words on it pays to ask for the neighbour.
   static constexpr int kLongPhrase = 9;
 
@@ -107,9 +137,15 @@ class Containment {
         suffixFamily_[first] * kPowers[static_cast<size_t>(words) - 1] + inner * kBase + prefixFamily_[last],
         count, words);
   }
+  /// The same for one choice of the first word.
+  uint64_t HalfHash(WordNumber first, uint64_t inner, WordNumber last, uint32_t count, int words) const {
+    return WithCount(
+        OfWord(first) * kPowers[static_cast<size_t>(words) - 1] + inner * kBase + prefixFamily_[last] + 1,
+        count, words);
+  }
   static uint64_t PlaceHash(uint32_t first, uint32_t count) { return Scatter(uint64_t{first} << 32 | count); }
 
-  bool Prepare(Yielder& yielder) {
+  void Reserve() {
     size_t longPhrases = 0;
     for (uint32_t e = 0; e < data_.Entries.size(); ++e) {
       const PhraseEntry& entry = data_.Entries[e];
@@ -125,40 +161,52 @@ class Containment {
       prefixFamily_[w] = OfWord(affixes_->PrefixFamily(w));
     }
     families_ = std::make_unique<LikelySet>(listed_.size());
-    phrases_ = std::make_unique<LikelySet>(listed_.size());
-    slots_.assign(std::bit_ceil(listed_.size() * 2 + 2), kNoEntry);
-    places_.assign(std::bit_ceil(longPhrases * 2 + 2), kNoEntry);
-    for (const uint32_t e : listed_) {
-      const PhraseEntry& entry = data_.Entries[e];
-      const WordNumber* words = TextOf(entry);
-      const int n = entry.Words;
-      families_->Add(FamilyHash(words[0], HashOf(words + 1, n - 2), words[n - 1], entry.Count, n));
-      const uint64_t hash = WithCount(HashOf(words, n), entry.Count, n);
-      phrases_->Add(hash);
-      Insert(slots_, hash, e);
-      if (n >= kLongPhrase) Insert(places_, PlaceHash(entry.First, entry.Count), e);
-      yielder.Yield();
-      if (yielder.Stopped()) return false;
-    }
-    return true;
+    largeFamilies_ = std::make_unique<LikelySet>(listed_.size() / 2);
+    halves_ = std::make_unique<LikelySet>(listed_.size());
+    largeHalves_ = std::make_unique<LikelySet>(listed_.size() / 2);
+    phrases_.Reserve(listed_.size());
+    places_.Reserve(longPhrases);
   }
 
-  static void Insert(std::vector<uint32_t>& table, uint64_t hash, uint32_t entry) {
-    size_t at = hash & (table.size() - 1);
-    while (table[at] != kNoEntry) at = (at + 1) & (table.size() - 1);
-    table[at] = entry;
+  template <typename Work>
+  bool ForEachListed(Yielder& yielder, const Work& work) const {
+    constexpr size_t kTask = 4096;
+    constexpr size_t kAhead = 8;
+    const size_t n = listed_.size();
+    return RunTasks((n + kTask - 1) / kTask, n < kTask, yielder, [&](size_t task, size_t) {
+      for (size_t k = task * kTask; k < std::min(n, (task + 1) * kTask); ++k) {
+        if (k + kAhead < n) __builtin_prefetch(TextOf(data_.Entries[listed_[k + kAhead]]));
+        work(listed_[k]);
+      }
+    });
+  }
+
+  void Add(uint32_t e) {
+    const PhraseEntry& entry = data_.Entries[e];
+    const WordNumber* words = TextOf(entry);
+    const int n = entry.Words;
+    const uint64_t inner = HashOf(words + 1, n - 2);
+    const uint64_t family = FamilyHash(words[0], inner, words[n - 1], entry.Count, n);
+    if (families_->Add(family)) largeFamilies_->Add(family);
+    const uint64_t half = HalfHash(words[0], inner, words[n - 1], entry.Count, n);
+    if (halves_->Add(half)) largeHalves_->Add(half);
+    const uint64_t hash =
+        OfWord(words[0]) * kPowers[static_cast<size_t>(n) - 1] + inner * kBase + OfWord(words[n - 1]);
+    phrases_.Insert(WithCount(hash, entry.Count, n), e);
+    if (n >= kLongPhrase) places_.Insert(PlaceHash(entry.First, entry.Count), e);
   }
 
   /// Words of `entry` that the long phrase of the same count which starts one word before it covers.
   int CoveredByNeighbour(const PhraseEntry& entry) const {
     if (entry.Words < kLongPhrase) return 0;
-    const size_t mask = places_.size() - 1;
-    for (size_t at = PlaceHash(entry.First - 1, entry.Count) & mask; places_[at] != kNoEntry;
-         at = (at + 1) & mask) {
-      const PhraseEntry& other = data_.Entries[places_[at]];
-      if (other.First + 1 == entry.First && other.Count == entry.Count) return other.Words - 1;
-    }
-    return 0;
+    int covered = 0;
+    places_.Visit(PlaceHash(entry.First - 1, entry.Count), [&](uint32_t e) {
+      const PhraseEntry& other = data_.Entries[e];
+      if (other.First + 1 != entry.First || other.Count != entry.Count) return false;
+      covered = other.Words - 1;
+      return true;
+    });
+    return covered;
   }
 
   void Search(const PhraseEntry& entry) {
@@ -190,43 +238,40 @@ class Containment {
         const bool whole = begin == 0 && end == n;
         if (!hasSuffix[b] && !hasPrefix[e - 1] && (data_.OnlyMaximal || whole)) continue;
         const uint64_t inner = upTo[e - 1] - upTo[b + 1] * kPowers[e - b - 2];
-        if (whole) {
-          MarkWithin(words, n, inner, entry.Count, true);
-          continue;
-        }
         Run& run = runs[count++];
         run = {inner, FamilyHash(words[b], inner, words[e - 1], entry.Count, end - begin),
                static_cast<uint8_t>(begin), static_cast<uint8_t>(end)};
-        families_->Prefetch(run.Family);
+        (whole ? largeFamilies_ : families_)->Prefetch(run.Family);
       }
-    for (size_t k = 0; k < count; ++k)
-      if (families_->MayHold(runs[k].Family))
+    for (size_t k = 0; k < count; ++k) {
+      // The whole phrase is of its own family: only one with another member is worth the question.
+      const bool whole = runs[k].Begin == 0 && runs[k].End == n;
+      if ((whole ? largeFamilies_ : families_)->MayHold(runs[k].Family))
         MarkWithin(words + runs[k].Begin, runs[k].End - runs[k].Begin, runs[k].Inner, entry.Count,
-                   data_.OnlyMaximal);
+                   whole || data_.OnlyMaximal, whole);
+    }
   }
 
   /// Marks the listed phrases of this count that the run of `n` words holds from within its first to within
   /// its last word; the run itself only if it is not to be skipped.
-  void MarkWithin(const WordNumber* run, int n, uint64_t inner, uint32_t count, bool skipRun) {
+  void MarkWithin(const WordNumber* run, int n, uint64_t inner, uint32_t count, bool skipRun, bool isPhrase) {
     const uint64_t power = kPowers[static_cast<size_t>(n) - 1];
     for (WordNumber first = run[0]; first != kNoWord; first = affixes_->Suffix(first)) {
+      // Where the run itself is one of the phrases, its own half says nothing.
+      const uint64_t half = HalfHash(first, inner, run[n - 1], count, n);
+      if (!(isPhrase && first == run[0] ? largeHalves_ : halves_)->MayHold(half)) continue;
       const uint64_t beginning = OfWord(first) * power + inner * kBase;
       for (WordNumber last = run[n - 1]; last != kNoWord; last = affixes_->Prefix(last)) {
         if (skipRun && first == run[0] && last == run[n - 1]) continue;
-        const uint64_t hash = WithCount(beginning + OfWord(last), count, n);
-        if (phrases_->MayHold(hash)) Mark(hash, run, n, first, last, count);
+        phrases_.Visit(WithCount(beginning + OfWord(last), count, n), [&](uint32_t e) {
+          const PhraseEntry& entry = data_.Entries[e];
+          const WordNumber* words = TextOf(entry);
+          const bool same = entry.Count == count && entry.Words == n && words[0] == first &&
+                            words[n - 1] == last && std::equal(run + 1, run + n - 1, words + 1);
+          if (same) redundant_[e].store(1, std::memory_order_relaxed);
+          return same;
+        });
       }
-    }
-  }
-
-  void Mark(uint64_t hash, const WordNumber* run, int n, WordNumber first, WordNumber last, uint32_t count) {
-    const size_t mask = slots_.size() - 1;
-    for (size_t at = hash & mask; slots_[at] != kNoEntry; at = (at + 1) & mask) {
-      const PhraseEntry& entry = data_.Entries[slots_[at]];
-      if (entry.Count != count || entry.Words != n) continue;
-      const WordNumber* words = TextOf(entry);
-      if (words[0] == first && words[n - 1] == last && std::equal(run + 1, run + n - 1, words + 1))
-        redundant_[slots_[at]].store(1, std::memory_order_relaxed);
     }
   }
 
@@ -237,10 +282,12 @@ class Containment {
   int fewest_ = kMostWords;  ///< Words of the shortest listed phrase.
   std::vector<std::atomic<uint8_t>> redundant_;
   std::vector<uint32_t> listed_;
-  std::vector<uint32_t> slots_;   ///< The listed entries by hash of words and count.
-  std::vector<uint32_t> places_;  ///< The long ones by hash of place and count.
+  EntryTable phrases_;  ///< The listed entries by words and count.
+  EntryTable places_;   ///< The long ones by place and count.
   std::unique_ptr<LikelySet> families_;
-  std::unique_ptr<LikelySet> phrases_;
+  std::unique_ptr<LikelySet> largeFamilies_;  ///< Those of two phrases and more.
+  std::unique_ptr<LikelySet> halves_;
+  std::unique_ptr<LikelySet> largeHalves_;
 };
 
 }  // namespace
