@@ -207,9 +207,9 @@ constexpr size_t HeadBytes(int32_t maxBytes) {
 
 }  // namespace
 
-TextSource OpenTextSource(FileSystem& files, const path& path, double threshold) {
+OpenedText OpenTextSource(FileSystem& files, const path& path, double threshold) {
   Opened opened = OpenAndProbe(files, path, HeadBytes(kScannedBytes), true);
-  TextSource source;
+  OpenedText source;
   source.Facts = Classify(opened, kScannedBytes, threshold);
   source.File = std::move(opened.file);
   source.Head = std::move(opened.head);

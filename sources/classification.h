@@ -32,7 +32,7 @@ struct TextFacts {
 };
 
 /// A file opened once, for classification and for reading on.
-struct TextSource {
+struct OpenedText {
   TextFacts Facts;
   std::unique_ptr<InputFile> File;  ///< Null when it could not be opened. Stands right after Head.
   std::string Head;                 ///< The file's beginning, at most kScannedBytes + 1 bytes.
@@ -41,10 +41,10 @@ struct TextSource {
 
 /// Opens `path` and says what it is. A failure is in Facts.Code, and nowhere else.
 ///
-///   TextSource source = OpenTextSource(files, path, kRunThreshold);
+///   OpenedText source = OpenTextSource(files, path, kRunThreshold);
 ///   if (!IsReadableText(source.Facts.Code)) ...
 ///   TextReader reader(std::move(source.Head), source.File.get(), encoding);
-TextSource OpenTextSource(FileSystem& files, const std::filesystem::path& path, double threshold);
+OpenedText OpenTextSource(FileSystem& files, const std::filesystem::path& path, double threshold);
 
 /// What the first five bytes say, and (for the extensions of IsPlainTextExtension) the first ten lines that
 /// are not blank: "charset=UTF-8", with or without double quotes and only in this case, or the bytes E2 80.

@@ -101,12 +101,12 @@ std::string WillBeScannedText(uint64_t count, const NumberFormat& format) {
          " will be scanned.";
 }
 
-std::string SkippedFilesText(std::span<const SkippedFile> skipped, const fs::path& folder,
+std::string SkippedFilesText(std::span<const UnreadFile> skipped, const fs::path& folder,
                              const NumberFormat& format) {
   if (skipped.empty()) return {};
   std::string text = format.Grouped(static_cast<int64_t>(skipped.size()));
   text += skipped.size() == 1 ? " file was skipped:\r\n" : " files were skipped:\r\n";
-  for (const SkippedFile& file : skipped) {
+  for (const UnreadFile& file : skipped) {
     text += FolderAbbreviated(file.Path, folder);
     text += ": ";
     text += file.Reason;
