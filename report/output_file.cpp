@@ -66,23 +66,24 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   return result;
 }
 
-std::optional<std::string> OverwriteGuard::Confirm(const std::string& path, bool always) {
-  const std::filesystem::path asGiven = PathFromText(path);
-  if (!files_.FileExists(asGiven)) return path;
-  if (!always && WrittenBefore(asGiven)) return path;
-  const std::optional<std::string> answer = messages_.AskText(
-      "To overwrite the current output file click on 'OK'.\r\n"
-      "To write to a different file edit the filepath below.\r\n"
-      "To disable file output click on 'Cancel'.",
-      "The output file exists.", path);
-  if (!answer || answer->empty()) return std::nullopt;
-  if (*answer == path) return path;
-  const std::filesystem::path folder = files_.AbsolutePath(PathFromText(*answer)).parent_path();
-  if (!files_.FolderExists(folder)) {
-    messages_.Show({.text = "Folder does not exist.", .title = "Error", .icon = Icon::Exclamation});
-    return std::nullopt;
+std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always) {
+  // A path that the user edits may name another file that exists; it is asked for in its turn.
+  for (;;) {
+    const std::filesystem::path target = PathFromText(path);
+    if (!files_.FileExists(target) || (!always && WrittenBefore(target))) return path;
+    const std::optional<std::string> answer = messages_.AskText(
+        "To overwrite the current output file click on 'OK'.\r\n"
+        "To write to a different file edit the filepath below.\r\n"
+        "To disable file output click on 'Cancel'.",
+        "The output file exists.", path);
+    if (!answer || answer->empty()) return std::nullopt;
+    if (*answer == path) return path;
+    if (!files_.FolderExists(files_.AbsolutePath(PathFromText(*answer)).parent_path())) {
+      messages_.Show({.text = "Folder does not exist.", .title = "Error", .icon = Icon::Exclamation});
+      return std::nullopt;
+    }
+    path = *answer;
   }
-  return answer;
 }
 
 void OverwriteGuard::Written(const std::filesystem::path& path) {

@@ -53,9 +53,10 @@ class OverwriteGuard {
   OverwriteGuard(const FileSystem& files, Messages& messages) : files_(files), messages_(messages) {}
 
   /// The path to write to, perhaps another one than `path`, as the user edited it; empty when output to a
-  /// file is to be disabled (cancelled, or a folder that does not exist, which is shown). `always`: ask
-  /// for files that this program wrote, too.
-  std::optional<std::string> Confirm(const std::string& path, bool always);
+  /// file is to be disabled (cancelled, or a folder that does not exist, which is shown). An edited path
+  /// has yet to pass the checks that protect the input. `always`: ask for files that this program wrote,
+  /// too.
+  std::optional<std::string> Confirm(std::string path, bool always);
   void Written(const std::filesystem::path& path);
 
  private:
