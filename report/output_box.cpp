@@ -44,10 +44,20 @@ void OutputBox::MarkFull() {
   full_ = true;
 }
 
-size_t TextBoxReportSink::PieceSize() const {
+TextBoxReportSink::TextBoxReportSink(OutputBox& box) : box_(box) {
+  UpdatePieceSize();
+}
+
+bool TextBoxReportSink::Write(std::string_view piece) {
+  const bool taken = box_.OutputToTxb(piece);
+  UpdatePieceSize();
+  return taken;
+}
+
+void TextBoxReportSink::UpdatePieceSize() {
   // Bytes are at least as many as characters, so near the end pieces become shorter than they need be,
   // never longer.
-  return std::min(kPiece, box_.Room());
+  pieceSize_ = std::min(kPiece, box_.Room());
 }
 
 ListResult ListWordsToTextBox(const Report& report, OutputBox& box, Yielder& yielder) {

@@ -60,12 +60,16 @@ class OutputBox {
 /// The last piece before the box is full ends with the line that passes its capacity.
 class TextBoxReportSink final : public ReportSink {
  public:
-  explicit TextBoxReportSink(OutputBox& box) : box_(box) {}
-  bool Write(std::string_view piece) override { return box_.OutputToTxb(piece); }
-  size_t PieceSize() const override;
+  explicit TextBoxReportSink(OutputBox& box);
+  bool Write(std::string_view piece) override;
+  size_t PieceSize() const override { return pieceSize_; }
 
  private:
+  // Asked for once per line of the report, whereas a window's text box may have to count its characters.
+  void UpdatePieceSize();
+
   OutputBox& box_;
+  size_t pieceSize_ = 0;
 };
 
 /// Lists into the box, in place of what it holds, with the notice of a stop.

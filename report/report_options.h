@@ -15,7 +15,7 @@ struct ReportOptions {
   bool RelativeFrequency = false;    ///< Percentages of all counted occurrences instead of counts.
   bool SortByNumberOfFiles = false;  ///< Only format 12, by frequency, folder source.
   bool FileList = false;             ///< Selecting it selects format 10.
-  std::string FilterText;            ///< Normalised filter words, single blanks between them.
+  std::string FilterText = {};       ///< Normalised filter words, single blanks between them.
   FilterMode FilterModeOfWords = FilterMode::AllWords;
   bool FilterActive = false;  ///< Only the listing at hand is filtered.
 };
