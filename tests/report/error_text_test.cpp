@@ -1,0 +1,34 @@
+#include "report/error_text.h"
+
+#include <gtest/gtest.h>
+
+namespace korv {
+namespace {
+
+class AdviceTexts final : public ProgramText {
+ public:
+  std::string Get(int number) const override {
+    return number == 92 ? "Please save your work." : number == 94 ? "Then start again." : "";
+  }
+};
+
+TEST(UnexpectedError, NamesPlaceNumberAndDescription) {
+  EXPECT_EQ(UnexpectedErrorText("ListWords", 57, "Input/output error"),
+            "At ListWords error # 57.\r\nDescription: Input/output error");
+}
+
+TEST(ListingAdvice, IsTheProgramsTextsThatThereAre) {
+  EXPECT_EQ(ListingAdvice(nullptr), "");
+  const AdviceTexts texts;
+  EXPECT_EQ(ListingAdvice(&texts), "\r\nPlease save your work.\r\nThen start again.");
+}
+
+TEST(ErrorNumber, TellsDeniedPermissionFromTheRest) {
+  EXPECT_EQ(ErrorNumber(FileFault::PermissionDenied), 70);
+  for (const FileFault fault : {FileFault::NotFound, FileFault::IsFolder, FileFault::NotAFolder,
+                                FileFault::NoSpace, FileFault::Other})
+    EXPECT_NE(ErrorNumber(fault), 70);
+}
+
+}  // namespace
+}  // namespace korv

@@ -1,0 +1,35 @@
+#include "report/folder_paths.h"
+
+#include <gtest/gtest.h>
+
+namespace korv {
+namespace {
+
+TEST(AbbreviatePath, PutsAWordInPlaceOfTheFolder) {
+  struct PathCase {
+    const char* path;
+    const char* folder;
+    const char* shown;
+  };
+  const PathCase cases[] = {
+      {"/home/a/texts/one.txt", "/home/a/texts", "{Folder}/one.txt"},
+      {"/home/a/texts/sub/one.txt", "/home/a/texts", "{Folder}/sub/one.txt"},
+      {"C:\\texts\\one.txt", "C:\\texts", "{Folder}\\one.txt"},
+      {"/one.txt", "/", "{Folder}/one.txt"},
+      {"C:\\one.txt", "C:\\", "{Folder}\\one.txt"},
+      {"/home/a/texts2/one.txt", "/home/a/texts", "/home/a/texts2/one.txt"},
+      {"/other/one.txt", "/home", "/other/one.txt"},
+      {"one.txt", "", "one.txt"},
+      {"./one.txt", ".", "{Folder}/one.txt"},
+      {"/home/texts", "/home/texts", "{Folder}"},
+  };
+  for (const PathCase& c : cases) EXPECT_EQ(AbbreviatePath(c.path, c.folder), c.shown) << c.path;
+}
+
+TEST(AbbreviatePath, ShowsTheFolderOfEveryPathOfAList) {
+  const std::filesystem::path folder = "texts";
+  EXPECT_EQ(AbbreviatePaths({folder / "é.txt"}, "texts").front().substr(0, 8), "{Folder}");
+}
+
+}  // namespace
+}  // namespace korv

@@ -1,0 +1,140 @@
+#include "report/output_box.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/fake_text_box.h"
+#include "tests/report/report_world.h"
+
+namespace korv {
+namespace {
+
+TEST(OutputToTxb, AppendsAndShowsTheEnd) {
+  FakeTextBox text;
+  OutputBox box(text);
+  EXPECT_TRUE(box.OutputToTxb("one\r\n"));
+  EXPECT_TRUE(box.OutputToTxb("two"));
+  EXPECT_EQ(text.text, "one\r\ntwo");
+  EXPECT_EQ(text.shown, 2);
+  EXPECT_FALSE(box.Full());
+}
+
+TEST(OutputToTxb, ABoxOfExactlyItsCapacityTakesOneMoreText) {
+  FakeTextBox text;
+  OutputBox box(text);
+  text.text.assign(kTextBoxCapacity, 'x');
+  EXPECT_TRUE(box.OutputToTxb("last"));
+  EXPECT_EQ(text.Length(), kTextBoxCapacity + 4);
+  EXPECT_FALSE(box.Full());
+}
+
+TEST(OutputToTxb, AFullerBoxRefusesAndSaysSo) {
+  FakeTextBox text;
+  OutputBox box(text);
+  const std::string held(kTextBoxCapacity + 100, 'x');
+  text.text = held;
+  EXPECT_FALSE(box.OutputToTxb("more"));
+  EXPECT_TRUE(box.Full());
+  EXPECT_EQ(text.text, held.substr(0, held.size() - 256) + "\r\n\r\nTextbox is full.");
+}
+
+TEST(OutputToTxb, LaterTextsChangeNothingUntilTheBoxIsCleared) {
+  FakeTextBox text;
+  OutputBox box(text);
+  text.text.assign(kTextBoxCapacity + 1, 'x');
+  box.OutputToTxb("more");
+  const std::string full = text.text;
+  EXPECT_FALSE(box.OutputToTxb("still more"));
+  EXPECT_EQ(text.text, full);
+  box.Clear();
+  EXPECT_FALSE(box.Full());
+  EXPECT_TRUE(box.OutputToTxb("fresh"));
+  EXPECT_EQ(text.text, "fresh");
+}
+
+TEST(OutputToTxb, CharactersCountNotBytes) {
+  FakeTextBox text;
+  OutputBox box(text);
+  for (size_t i = 0; i < kTextBoxCapacity; ++i) text.text += "é";
+  EXPECT_TRUE(box.OutputToTxb("é"));
+  EXPECT_FALSE(box.OutputToTxb("é"));
+  EXPECT_EQ(text.Length(), kTextBoxCapacity + 1 - 256 + std::string("\r\n\r\nTextbox is full.").size());
+}
+
+TEST(OutputToTxb, AFullBoxTellsHowFarARunningCountHasCome) {
+  FakeTextBox text;
+  int busyCleared = 0;
+  OutputBox box(text,
+                {.ClearBusy = [&] { ++busyCleared; }, .CountSoFar = [] { return "2 files in 1 folder"; }});
+  text.text.assign(kTextBoxCapacity + 1, 'x');
+  box.OutputToTxb("more");
+  EXPECT_TRUE(text.text.ends_with("xx\r\n\r\nTextbox is full.\r\n\r\nTo this point: 2 files in 1 folder"));
+  EXPECT_EQ(busyCleared, 1);
+}
+
+ReportWorld ManyPhrases(int phrases) {
+  ReportWorld world;
+  for (int i = 0; i < phrases; ++i) world.table.AddWordToList("phrase number" + std::to_string(100000 + i));
+  world.Finish();
+  world.options.DisplayFormat = 8;
+  return world;
+}
+
+TEST(ListWordsToTextBox, HoldsTheReportOfAShortList) {
+  ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
+  FakeTextBox text;
+  text.text = "what was there";
+  OutputBox box(text);
+  NoYielder yielder;
+  EXPECT_EQ(ListWordsToTextBox(world.View(), box, yielder).Outcome, ListOutcome::Listed);
+  EXPECT_EQ(text.text, TextOf(world.View(), kBoxForm));
+}
+
+TEST(ListWordsToTextBox, ALongListFillsTheBoxAndTheRestIsDropped) {
+  ReportWorld world = ManyPhrases(100000);
+  FakeTextBox text;
+  OutputBox box(text);
+  NoYielder yielder;
+  EXPECT_EQ(ListWordsToTextBox(world.View(), box, yielder).Outcome, ListOutcome::SinkFull);
+  const std::string full = "\r\n\r\nTextbox is full.";
+  ASSERT_TRUE(text.text.ends_with(full));
+  const std::string kept = text.text.substr(0, text.text.size() - full.size());
+  const std::string whole = TextOf(world.View(), kBoxForm);
+  EXPECT_TRUE(whole.starts_with(kept));
+  const size_t line = std::string("phrase number100000\r\n").size();
+  EXPECT_GE(kept.size(), kTextBoxCapacity - 256);
+  EXPECT_LE(kept.size(), kTextBoxCapacity - 256 + line);
+  EXPECT_TRUE(box.Full());
+}
+
+TEST(ListWordsToTextBox, PiecesAreAFewThousandCharacters) {
+  ReportWorld world = ManyPhrases(1000);
+  FakeTextBox text;
+  OutputBox box(text);
+  NoYielder yielder;
+  ListWordsToTextBox(world.View(), box, yielder);
+  EXPECT_EQ(text.text, TextOf(world.View(), kBoxForm));
+  EXPECT_GE(text.appends, 8);
+  EXPECT_LE(text.appends, 12);
+}
+
+TEST(ListWordsToTextBox, SaysThatItWasStopped) {
+  ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
+  FakeTextBox text;
+  OutputBox box(text);
+  StoppingYielder yielder(2 + 2);
+  EXPECT_EQ(ListWordsToTextBox(world.View(), box, yielder).Outcome, ListOutcome::Stopped);
+  EXPECT_TRUE(text.text.ends_with("    1     3  a dog\r\n\r\nListing stopped.\r\n"));
+}
+
+TEST(ListWordsToTextBox, NamesSkippedFiles) {
+  ReportWorld world = ReportWorld::Of({{"the cat", 2}});
+  world.facts.SkippedFiles = {{"c.rtf", "is an RTF file"}};
+  FakeTextBox text;
+  OutputBox box(text);
+  NoYielder yielder;
+  ListWordsToTextBox(world.View(), box, yielder);
+  EXPECT_TRUE(text.text.starts_with("1 file was skipped:\r\nc.rtf: is an RTF file\r\nThere is one phrase"));
+}
+
+}  // namespace
+}  // namespace korv

@@ -1,0 +1,204 @@
+#include "report/output_file.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+#include "tests/fakes/fake_text_box.h"
+#include "tests/report/report_world.h"
+
+namespace korv {
+namespace {
+
+class AdviceTexts final : public ProgramText {
+ public:
+  std::string Get(int number) const override { return number == 92 ? "Start again." : ""; }
+};
+
+struct FileListing : testing::Test {
+  FileListResult List(const std::filesystem::path& path) {
+    NoYielder yielder;
+    return ListWordsToFile(world.View(), path, services, yielder);
+  }
+
+  FakeFiles files;
+  FakeMessages messages;
+  FakeTextBox text;
+  OutputBox box{text};
+  AdviceTexts advice;
+  FileListingServices services{files, messages, &advice, &box};
+  ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
+};
+
+TEST_F(FileListing, TheFileGetsTheReportAndTheBoxAMessage) {
+  files.Add("/out/report.txt", "what was there");
+  const FileListResult result = List("/out/report.txt");
+  EXPECT_TRUE(result.Written);
+  EXPECT_EQ(result.List.Outcome, ListOutcome::Listed);
+  EXPECT_EQ(files.Content("/out/report.txt"), TextOf(world.View(), kFileForm));
+  EXPECT_EQ(text.text, "Now writing to output file . . .\r\n");
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FileListing, EveryLineOfALongListIsWritten) {
+  world = ReportWorld();
+  for (int i = 0; i < 100000; ++i) world.table.AddWordToList("phrase number" + std::to_string(100000 + i));
+  world.Finish();
+  world.options.DisplayFormat = 8;
+  files.AddFolder("/out");
+  EXPECT_TRUE(List("/out/report.txt").Written);
+  const std::string content = files.Content("/out/report.txt").value_or("");
+  EXPECT_EQ(content, TextOf(world.View(), kFileForm));
+  EXPECT_EQ(std::ranges::count(content, '\n'), 100000 + 4);
+}
+
+TEST_F(FileListing, WhateverCallFailsTheOldFileStays) {
+  for (int call = 1;; ++call) {
+    files.Add("/out/report.txt", "what was there");
+    messages.Forget();
+    files.FailCall(call, FileFault::NoSpace);
+    const FileListResult result = List("/out/report.txt");
+    if (!files.FailureHappened()) {
+      EXPECT_TRUE(result.Written);
+      EXPECT_GT(call, 3);
+      break;
+    }
+    EXPECT_FALSE(result.Written);
+    EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
+    EXPECT_EQ(messages.Only().text,
+              "At ListWords error # 61.\r\nDescription: Input/output error\r\nStart again.");
+    EXPECT_EQ(messages.Only().icon, Icon::Critical);
+  }
+}
+
+TEST_F(FileListing, DeniedPermissionHasItsOwnMessage) {
+  files.Add("/out/report.txt", "what was there");
+  files.Refuse("/out/report.txt", FileFault::PermissionDenied);
+  EXPECT_FALSE(List("/out/report.txt").Written);
+  EXPECT_EQ(messages.Only().text, "Perhaps the output file\r\nis in use by another application.");
+  EXPECT_EQ(messages.Only().title, "Permission denied");
+  EXPECT_EQ(messages.Only().icon, Icon::Information);
+}
+
+TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFar) {
+  files.Add("/out/report.txt", "what was there");
+  StoppingYielder yielder(2 + 2);
+  const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
+  EXPECT_TRUE(result.Written);
+  EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
+  EXPECT_TRUE(files.Content("/out/report.txt").value_or("").ends_with("1\t3\ta dog\t\r\n"));
+  EXPECT_TRUE(text.text.ends_with("\r\nOutput to file was terminated."));
+}
+
+TEST_F(FileListing, AStopBeforeTheFirstLineKeepsTheOldFile) {
+  files.Add("/out/report.txt", "what was there");
+  StoppingYielder yielder(1);
+  const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
+  EXPECT_FALSE(result.Written);
+  EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
+  EXPECT_TRUE(text.text.ends_with("\r\nOutput to file was terminated."));
+}
+
+TEST_F(FileListing, NothingListedIsAReportToo) {
+  world = ReportWorld();
+  files.AddFolder("/out");
+  EXPECT_TRUE(List("/out/report.txt").Written);
+  EXPECT_EQ(files.Content("/out/report.txt"),
+            "No phrases satisfying the specified conditions were found.\r\n");
+}
+
+TEST_F(FileListing, NeedsNeitherBoxNorTexts) {
+  files.AddFolder("/out");
+  services.Box = nullptr;
+  services.Texts = nullptr;
+  EXPECT_TRUE(List("/out/report.txt").Written);
+  files.FailCall(1);
+  EXPECT_FALSE(List("/out/report.txt").Written);
+  EXPECT_EQ(messages.Only().text, "At ListWords error # 57.\r\nDescription: Input/output error");
+}
+
+struct Overwriting : testing::Test {
+  FakeFiles files;
+  FakeMessages messages;
+  OverwriteGuard guard{files, messages};
+};
+
+TEST_F(Overwriting, ANewFileNeedsNoQuestion) {
+  EXPECT_EQ(guard.Confirm("/out/new.txt", true), "/out/new.txt");
+  EXPECT_TRUE(messages.inputBoxes.empty());
+}
+
+TEST_F(Overwriting, AFileThatExistsIsAskedFor) {
+  files.Add("/out/old.txt", "");
+  messages.WillType("/out/old.txt");
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/old.txt");
+  ASSERT_EQ(messages.inputBoxes.size(), 1u);
+  EXPECT_EQ(messages.inputBoxes[0].title, "The output file exists.");
+  EXPECT_EQ(messages.inputBoxes[0].prompt,
+            "To overwrite the current output file click on 'OK'.\r\n"
+            "To write to a different file edit the filepath below.\r\n"
+            "To disable file output click on 'Cancel'.");
+  EXPECT_EQ(messages.inputBoxes[0].initial, "/out/old.txt");
+}
+
+TEST_F(Overwriting, CancelAndAnEmptyPathDisableTheFile) {
+  files.Add("/out/old.txt", "kept");
+  messages.WillType(std::nullopt);
+  messages.WillType("");
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(files.Content("/out/old.txt"), "kept");
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(Overwriting, AnotherPathIsTakenWhereItsFolderExists) {
+  files.Add("/out/old.txt", "");
+  messages.WillType("/out/new.txt");
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/new.txt");
+}
+
+TEST_F(Overwriting, AnotherPathThatExistsIsAskedForInItsTurn) {
+  files.Add("/out/old.txt", "");
+  files.Add("/out/other.txt", "");
+  messages.WillType("/out/other.txt");
+  messages.WillType("/out/new.txt");
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/new.txt");
+  ASSERT_EQ(messages.inputBoxes.size(), 2u);
+  EXPECT_EQ(messages.inputBoxes[1].initial, "/out/other.txt");
+}
+
+TEST_F(Overwriting, AFolderThatDoesNotExistDisablesTheFile) {
+  files.Add("/out/old.txt", "");
+  messages.WillType("/nowhere/new.txt");
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(messages.Only().text, "Folder does not exist.");
+  EXPECT_EQ(messages.Only().title, "Error");
+  EXPECT_EQ(messages.Only().icon, Icon::Exclamation);
+}
+
+TEST_F(Overwriting, AFileThatTheProgramWroteIsAskedForOnlyOnRequest) {
+  files.Add("/out/own.txt", "");
+  files.AddAlias("/out/alias.txt", "/out/own.txt");
+  guard.Written("/out/own.txt");
+  EXPECT_EQ(guard.Confirm("/out/own.txt", false), "/out/own.txt");
+  EXPECT_EQ(guard.Confirm("/out/alias.txt", false), "/out/alias.txt");
+  EXPECT_TRUE(messages.inputBoxes.empty());
+  messages.WillType("/out/own.txt");
+  EXPECT_EQ(guard.Confirm("/out/own.txt", true), "/out/own.txt");
+  EXPECT_EQ(messages.inputBoxes.size(), 1u);
+}
+
+TEST_F(Overwriting, TryingToOpenLeavesTheFileAsItIs) {
+  files.Add("/out/old.txt", "kept");
+  EXPECT_TRUE(CanOpenOutputFile("/out/old.txt", files, messages));
+  EXPECT_EQ(files.Content("/out/old.txt"), "kept");
+  files.Refuse("/out/old.txt", FileFault::PermissionDenied);
+  EXPECT_FALSE(CanOpenOutputFile("/out/old.txt", files, messages));
+  EXPECT_EQ(messages.Only().text,
+            "Error: Permission denied\r\n"
+            "If the output file is open in Excel then it must first be closed\r\n"
+            "or a different file should be specified as the output file.");
+}
+
+}  // namespace
+}  // namespace korv
