@@ -6,11 +6,13 @@
 
 namespace korv {
 
-/// The words of one loaded list.
+/// What one loaded list file holds.
 struct WordList {
-  std::vector<std::string> Words;  ///< Distinct, lower-cased, in the order of their first appearance.
-  bool HasPatterns = false;        ///< Some word holds "~" or "?".
-  std::filesystem::path Path;      ///< Where it came from.
+  /// Distinct, in the order of their first appearance: words to ignore lower-cased, count-only entries as
+  /// they stand in the file.
+  std::vector<std::string> Words;
+  bool HasPatterns = false;  ///< Some entry is a pattern: it holds "~" or "?", a count-only one perhaps "<".
+  std::filesystem::path Path;  ///< Where it came from.
 };
 
 }  // namespace korv

@@ -1,0 +1,31 @@
+#include "wordlists/comment_markers_ok.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "engine/word_chars.h"
+
+namespace korv {
+
+bool CommentMarkersOK(const WordRules& rules, Messages& messages) {
+  WordRules current = rules;
+  SetAllowedExtraChars(current);
+  SetAllowedExtraChars2(current);
+  for (const std::string_view marker : {"/*", "//"}) {
+    const bool couldBeWord = std::all_of(marker.begin(), marker.end(), [&](char c) {
+      return IsWordChar(std::string_view(&c, 1), false, current.AllowedExtraChars);
+    });
+    if (!couldBeWord) continue;
+    messages.Show({.text = "With the current settings the start-comment marker " + std::string(marker) +
+                           " could be part of a word.\r\n"
+                           "Check the the 'Settings' window and perhaps disallow comment "
+                           "markers or restrict allowable characters in 'words'.",
+                   .title = "Error",
+                   .icon = Icon::Critical});
+    return false;
+  }
+  return true;
+}
+
+}  // namespace korv

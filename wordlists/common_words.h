@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+#include "platform/files.h"
+#include "platform/messages.h"
+#include "wordlists/word_file_list.h"
+
+namespace korv {
+
+/// One choice of cboCommonWordsLanguages.
+struct CommonWordsLanguage {
+  std::string_view Code;  ///< As on the command line.
+  std::string_view Item;
+  std::string_view File;  ///< In the program's folder; empty for no language.
+};
+
+inline constexpr std::array<CommonWordsLanguage, 8> kCommonWordsLanguages = {{
+    {"en", "English", "cwds_en.txt"},
+    {"de", "German", "cwds_de.txt"},
+    {"es", "Spanish", "cwds_es.txt"},
+    {"pt", "Portuguese", "cwds_pt.txt"},
+    {"it", "Italian", "cwds_it.txt"},
+    {"fr", "French", "cwds_fr.txt"},
+    {"all", "All six languages", "cwds_en_de_es_pt_it_fr.txt"},
+    {"", "[No language selected]", ""},
+}};
+
+/// The language of a code such as "en" or "all"; null for any other text.
+const CommonWordsLanguage* FindCommonWordsLanguage(std::string_view code);
+
+/// Where the file of a language lies, if it is there; a missing one is reported as such.
+std::optional<std::filesystem::path> CommonWordsFile(const CommonWordsLanguage& language,
+                                                     const std::filesystem::path& programFolder,
+                                                     const FileSystem& files, Messages& messages);
+
+/// What a choice in cboCommonWordsLanguages does: asks whether to load the language's file, puts it into
+/// `list` and selects it. True when the selected file is to be loaded now.
+bool AddCommonWords(const CommonWordsLanguage& language, const std::filesystem::path& programFolder,
+                    const FileSystem& files, WordFileList& list, Messages& messages);
+
+/// Puts the English file into the list.
+void SetPathToCWDs_Eng(const std::filesystem::path& programFolder, WordFileList& list, Messages& messages);
+
+}  // namespace korv

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "engine/run_options.h"
+
+namespace korv {
+
+/// The two uses of word lists, and how captions and messages tell them apart.
+enum class ListKind { WordsToIgnore, CountOnly };
+
+/// "words-to-ignore", "count-only words"
+std::string_view NameOfMany(ListKind kind);
+/// "word-to-ignore", "count-only word"
+std::string_view NameOfOne(ListKind kind);
+
+/// What the state label says once a list is loaded: "One word-to-ignore loaded", "12 words-to-ignore loaded".
+std::string LoadedLabel(ListKind kind, size_t count);
+/// The caption of the button that adds a file, with the number of files in the list.
+std::string FilesButtonCaption(ListKind kind, size_t files);
+/// Title and filter of the dialog that asks for a list file.
+std::string_view SelectFileTitle(ListKind kind);
+inline constexpr std::string_view kListFileFilter = "Any text file (*.*) | *.*";
+
+/// What stands in the text box while a list is read.
+std::string_view ReadingNotice(ListKind kind);
+
+/// What the main window says of words to ignore: nothing where `mode` lets every phrase pass, else whether
+/// a list is in force.
+std::string_view SetWordsToIgnoreNotice(IgnoreRule mode, bool inForce);
+
+}  // namespace korv

@@ -1,0 +1,154 @@
+#include "wordlists/read_words.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "engine/list_entry.h"
+#include "engine/unicode.h"
+#include "sources/comment_markers.h"
+#include "sources/line_scanner.h"
+#include "sources/text_reader.h"
+#include "wordlists/comment_stripper.h"
+#include "wordlists/typed_words.h"
+
+namespace korv {
+
+namespace {
+
+// The number under which errors of devices are reported.
+constexpr int kErrorDevice = 57;
+constexpr size_t kWordsPerReport = 10;
+
+/// The distinct entries of a list, in the order of their first appearance.
+class DistinctWords {
+ public:
+  explicit DistinctWords(const ListReading& reading) : reading_(reading) {}
+
+  void Add(std::string word) {
+    if (word.empty() || !known_.insert(word).second) return;
+    words_.push_back(std::move(word));
+    if (reading_.ShowWordsRead && words_.size() % kWordsPerReport == 0)
+      reading_.ShowWordsRead("Number of words read so far: " +
+                             reading_.Check.Format.Grouped(static_cast<int64_t>(words_.size())));
+  }
+  std::vector<std::string> Take() { return std::move(words_); }
+
+ private:
+  const ListReading& reading_;
+  std::vector<std::string> words_;
+  std::unordered_set<std::string> known_;
+};
+
+class ListSink final : public WordSink {
+ public:
+  explicit ListSink(DistinctWords& words) : words_(words) {}
+  void TakeWord(std::string_view word) override { words_.Add(LowerText(word)); }
+  void ResetPhrases() override {}
+
+ private:
+  DistinctWords& words_;
+};
+
+std::string_view Trimmed(std::string_view line) {
+  constexpr std::string_view kBlanks = " \t";
+  const size_t begin = line.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) return {};
+  return line.substr(begin, line.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+void ReadWordsToIgnore(TextReader& reader, const WordRules& rules, Yielder& yielder, DistinctWords& words) {
+  WordRules listRules = rules;
+  SetAllowedExtraChars(listRules);
+  SetAllowedExtraChars2(listRules);
+  listRules.AllowedExtraChars += kAnyRun;
+  listRules.AllowedExtraChars += kAnyChar;
+  CommentMarkers markers;
+  SetCommentMarkers(markers, "C");
+  ListSink sink(words);
+  LineScanner<WordSink> scanner(listRules, markers, sink);
+  scanner.BeginSource();
+  while (reader.NextLine()) {
+    const std::string_view line = Trimmed(reader.Line());
+    if (!line.empty()) scanner.ScanLine(line);
+    yielder.Yield();
+  }
+}
+
+void ReadCountOnly(TextReader& reader, Yielder& yielder, DistinctWords& entries) {
+  CommentStripper comments;
+  while (reader.NextLine()) {
+    entries.Add(std::string(Trimmed(NormaliseTypedText(comments.Strip(reader.Line())))));
+    yielder.Yield();
+  }
+}
+
+/// An entry that holds what no word can hold will never be found: the user should know.
+void WarnOfCharacters(const std::vector<std::string>& entries, ListKind kind, const WordRules& rules,
+                      Messages& messages) {
+  for (const std::string& entry : entries) {
+    const std::string character = CheckForNonAlphaNumeric(entry, rules);
+    if (character.empty()) continue;
+    messages.Show({.text = "The character '" + character + "' occurs in the " + std::string(NameOfOne(kind)) +
+                           "\r\n" + entry + "\r\nbut is not currently set as a character allowed in a word.",
+                   .title = "Character not allowed",
+                   .icon = Icon::Exclamation});
+    return;
+  }
+}
+
+void ReportReadError(Messages& messages, const std::string& description) {
+  messages.Show(
+      {.text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\r\nDescription: " + description,
+       .title = "Error",
+       .icon = Icon::Critical});
+}
+
+}  // namespace
+
+bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind, const WordRules& rules,
+               WordList& list) {
+  bool isUtf8 = false;
+  TextFileCode code = TextFileCode::CannotOpen;
+  if (!IsTextFile(reading.Check, path, false, isUtf8, code, true)) return false;
+
+  Messages& messages = reading.Check.Messages;
+  OpenedText source = OpenTextSource(reading.Check.Files, path, kWordListThreshold);
+  const TextEncoding encoding = reading.Encodings.Choose(source.Facts, PathToText(path), messages);
+  if (!source.File) {  // Gone since it was looked at.
+    ReportReadError(messages, PathToText(path) + " cannot be opened");
+    return false;
+  }
+  TextReader reader(std::move(source.Head), source.File.get(), encoding);
+  DistinctWords words(reading);
+  if (kind == ListKind::WordsToIgnore)
+    ReadWordsToIgnore(reader, rules, reading.Yield, words);
+  else
+    ReadCountOnly(reader, reading.Yield, words);
+  if (const auto error = reader.Error()) {
+    ReportReadError(messages, error->description);
+    return false;
+  }
+
+  list.Words = words.Take();
+  list.HasPatterns = std::any_of(list.Words.begin(), list.Words.end(), HoldsPattern);
+  list.Path = path;
+  WarnOfCharacters(list.Words, kind, rules, messages);
+  return true;
+}
+
+bool AttemptToReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind,
+                        const WordRules& rules, WordList& list, std::string& stateLabel) {
+  if (!reading.Check.Files.FileExists(path)) {
+    reading.Check.Messages.Show({.text = "File for " + std::string(NameOfMany(kind)) + " not found.",
+                                 .title = "File not found",
+                                 .icon = Icon::Exclamation});
+    return false;
+  }
+  if (!ReadWords(reading, path, kind, rules, list)) return false;
+  stateLabel = LoadedLabel(kind, list.Words.size());
+  return true;
+}
+
+}  // namespace korv

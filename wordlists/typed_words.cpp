@@ -1,0 +1,144 @@
+#include "wordlists/typed_words.h"
+
+#include <functional>
+
+#include "engine/list_entry.h"
+#include "engine/unicode.h"
+#include "engine/word_chars.h"
+
+namespace korv {
+
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  const size_t begin = text.find_first_not_of(' ');
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
+}
+
+/// Calls `take` with the place of every byte that stands outside angle brackets, until it returns false.
+void OutsideBrackets(std::string_view text, const std::function<bool(size_t)>& take) {
+  bool bracketsPossible = true;
+  for (size_t i = 0; i < text.size(); ++i) {
+    size_t close = 0;
+    if (text[i] == '<' && bracketsPossible) {
+      bracketsPossible = OpensBrackets(text, i, close);
+      if (bracketsPossible) {
+        i = close;
+        continue;
+      }
+    }
+    if (!take(i)) return;
+  }
+}
+
+size_t FindOutsideBrackets(std::string_view text, const std::function<bool(size_t)>& isWanted) {
+  size_t found = std::string_view::npos;
+  OutsideBrackets(text, [&](size_t at) {
+    if (isWanted(at)) found = at;
+    return found == std::string_view::npos;
+  });
+  return found;
+}
+
+std::vector<std::string_view> SplitAtCommaAndBlank(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  size_t begin = 0;
+  OutsideBrackets(text, [&](size_t at) {
+    if (text[at] == ',' && at + 1 < text.size() && text[at + 1] == ' ') {
+      pieces.push_back(text.substr(begin, at - begin));
+      begin = at + 2;
+    }
+    return true;
+  });
+  pieces.push_back(text.substr(begin));
+  return pieces;
+}
+
+/// The first character outside angle brackets that is neither one of `passing` nor one that a word may hold.
+std::string FirstDisallowed(std::string_view text, std::string_view passing, const WordRules& rules) {
+  WordRules current = rules;
+  SetAllowedExtraChars(current);
+  SetAllowedExtraChars2(current);
+  std::string found;
+  size_t next = 0;
+  OutsideBrackets(text, [&](size_t at) {
+    if (at < next) return true;  // Inside a character of several bytes.
+    next = at;
+    const char32_t c = NextCharacter(text, next);
+    const bool passes = c < 0x80 && passing.find(static_cast<char>(c)) != std::string_view::npos;
+    if (!passes && !IsWordCharCode(c, false, current.AllowedExtraChars)) AppendCharacter(c, found);
+    return found.empty();
+  });
+  return found;
+}
+
+void Refuse(Messages& messages, std::string text, std::string title) {
+  messages.Show({.text = std::move(text), .title = std::move(title), .icon = Icon::Exclamation});
+}
+
+}  // namespace
+
+std::string NormaliseTypedText(std::string_view typed) {
+  std::string text;
+  // What comes from a command line need not be well-formed.
+  for (size_t at = 0; at < typed.size();) AppendCharacter(NextCharacter(typed, at), text);
+  ReplaceTypographicQuotes(text);
+  text = ToNfc(text);
+  std::string result = text;
+  OutsideBrackets(text, [&](size_t at) {
+    if (text[at] == '\t' || text[at] == '\r' || text[at] == '\n') result[at] = ' ';
+    return true;
+  });
+  return result;
+}
+
+std::vector<std::string> SplitTypedEntries(ListKind kind, std::string_view typed) {
+  const std::string text = NormaliseTypedText(typed);
+  std::vector<std::string> entries;
+  for (const std::string_view piece :
+       kind == ListKind::WordsToIgnore ? SplitOutsideBrackets(text, ' ') : SplitAtCommaAndBlank(text)) {
+    const std::string_view entry = Trimmed(piece);
+    if (!entry.empty()) entries.emplace_back(entry);
+  }
+  return entries;
+}
+
+std::string CheckForNonAlphaNumeric(std::string_view entry, const WordRules& rules) {
+  return FirstDisallowed(entry, " ~?", rules);
+}
+
+bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRules& rules,
+                            Messages& messages) {
+  const std::string text = NormaliseTypedText(typed);
+  // Commas and carets have their own messages.
+  const std::string disallowed = FirstDisallowed(text, " ~?,^", rules);
+  if (!disallowed.empty()) {
+    Refuse(messages,
+           "The character '" + disallowed + "' occurs in some extra " + std::string(NameOfOne(kind)) +
+               "\r\nbut is not currently set as a character allowed in a word.",
+           "Character not allowed");
+    return false;
+  }
+  const bool ignoring = kind == ListKind::WordsToIgnore;
+  const size_t comma = FindOutsideBrackets(text, [&](size_t at) {
+    return text[at] == ',' && (ignoring || at + 1 == text.size() || text[at + 1] != ' ');
+  });
+  if (comma != std::string_view::npos) {
+    Refuse(messages,
+           ignoring ? "Words-to-ignore must be separated by a space, not by a comma."
+                    : "Count-only words and phrases must be separated by comma+space, not just by comma.",
+           "Korv");
+    return false;
+  }
+  if (FindOutsideBrackets(text, [&](size_t at) { return text[at] == '^'; }) != std::string_view::npos) {
+    messages.Show({.text = std::string("Perhaps some ") + (ignoring ? "Word-to-ignore" : "count-only word") +
+                           " is a regular expression\r\nwithout angle brackets.",
+                   .title = "Korv",
+                   .icon = Icon::Information});
+    return false;
+  }
+  return true;
+}
+
+}  // namespace korv

@@ -1,0 +1,102 @@
+#include "wordlists/word_file_list.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/unicode.h"
+
+namespace korv {
+
+namespace {
+
+std::string_view Trimmed(std::string_view text) {
+  const size_t begin = text.find_first_not_of(' ');
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(' ') + 1 - begin);
+}
+
+void SayAlreadyPresent(Messages& messages, std::string_view path) {
+  messages.Show({.text = std::string(path) + "\r\nis already in this list. If the file has changed\r\n"
+                                             "select it from the drop-down list and reload it.",
+                 .title = "Already present",
+                 .icon = Icon::Information});
+}
+
+}  // namespace
+
+std::string WordFileList::SelectedPath() const {
+  return selected_ == kNone ? std::string() : paths_[static_cast<size_t>(selected_)];
+}
+
+void WordFileList::Select(int index) {
+  selected_ = index >= 0 && static_cast<size_t>(index) < paths_.size() ? index : kNone;
+}
+
+int WordFileList::Find(std::string_view path) const {
+  const std::string wanted = LowerText(path);
+  const auto found = std::find_if(paths_.begin(), paths_.end(),
+                                  [&](const std::string& known) { return LowerText(known) == wanted; });
+  return found == paths_.end() ? kNone : static_cast<int>(found - paths_.begin());
+}
+
+bool WordFileList::MayGrow(Messages& messages) const {
+  if (paths_.size() < kMostFiles) return true;
+  messages.Show(
+      {.text = "No more files may be added to this list.", .title = "Korv", .icon = Icon::Exclamation});
+  return false;
+}
+
+bool WordFileList::Add(std::string_view path, Messages& messages) {
+  path = Trimmed(path);
+  if (path.empty()) return false;
+  if (Find(path) != kNone) {
+    SayAlreadyPresent(messages, path);
+    return false;
+  }
+  if (!MayGrow(messages)) return false;
+  const auto place = sorted_ ? std::lower_bound(paths_.begin(), paths_.end(), path,
+                                                [](const std::string& known, std::string_view added) {
+                                                  return LowerText(known) < LowerText(added);
+                                                })
+                             : paths_.begin();
+  selected_ = static_cast<int>(paths_.emplace(place, path) - paths_.begin());
+  return true;
+}
+
+bool WordFileList::AddOrSelect(std::string_view path, Messages& messages) {
+  const int known = Find(Trimmed(path));
+  if (known == kNone) return Add(path, messages);
+  selected_ = known;
+  return true;
+}
+
+void WordFileList::RemoveSelected() {
+  if (selected_ == kNone) return;
+  paths_.erase(paths_.begin() + selected_);
+  selected_ = kNone;
+}
+
+void WordFileList::Clear() {
+  paths_.clear();
+  selected_ = kNone;
+}
+
+bool WordFileList::AskToClear(Messages& messages) {
+  const Answer answer = messages.Show({.text = "Do you wish to remove ALL files from this list?",
+                                       .title = "Clear " + std::string(NameOfMany(kind_)) + " files",
+                                       .icon = Icon::Question,
+                                       .buttons = Buttons::YesNo,
+                                       .defaultAnswer = Answer::No,
+                                       .question = Question::ClearWordFiles});
+  if (answer != Answer::Yes) return false;
+  Clear();
+  return true;
+}
+
+void WordFileList::Restore(std::vector<std::string> paths, int selected) {
+  paths_ = std::move(paths);
+  if (paths_.size() > kMostFiles) paths_.resize(kMostFiles);
+  Select(selected);
+}
+
+}  // namespace korv
