@@ -1,0 +1,324 @@
+#include "sources/text_file_check.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "sources/encoding_choice.h"
+#include "sources/file_size_text.h"
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+
+namespace korv {
+namespace {
+
+using namespace std::string_literals;
+
+const std::string kCopyAdvice =
+    "You could try reading it using its associated application, then copying the text and pasting it into "
+    "the "
+    "textbox (then copy it to the clipboard and select 'Clipboard' as the source).";
+
+class IsTextFileTest : public testing::Test {
+ protected:
+  bool Check(const std::string& path, bool silent = false, bool ask = true) {
+    return IsTextFile(check, path, silent, isUtf8, code, ask);
+  }
+  void ExpectOnly(const std::string& text, const std::string& title) {
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text, text);
+    EXPECT_EQ(messages.shown[0].title, title);
+    EXPECT_EQ(messages.shown[0].icon, Icon::Information);
+    EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
+  }
+
+  FakeFiles files;
+  FakeMessages messages;
+  NumberFormat format;
+  int cleared = 0;
+  TextFileCheck check{files, messages, format, [this] { ++cleared; }};
+  bool isUtf8 = false;
+  TextFileCode code = TextFileCode::CannotOpen;
+};
+
+TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
+  files.Add("/empty", "");
+  files.Add("/denied", "some text");
+  files.Refuse("/denied", FileFault::PermissionDenied);
+  files.Add("/short", "abc");
+  files.Add("/broken", "some text");
+  files.Refuse("/broken", FileFault::Other);
+  files.Add("/a.rtf", "{\\rtf1}");
+  files.Add("/wide", "\xFF\xFE" + "a\0b\0"s);
+  struct Row {
+    const char* path;
+    TextFileCode code;
+    const char* text;
+  };
+  const std::vector<Row> rows = {
+      {"/missing", TextFileCode::NotFound, "File /missing not found."},
+      {"/empty", TextFileCode::ZeroLength, "File /empty is zero-length."},
+      {"/denied", TextFileCode::PermissionDenied, "File /denied\r\n cannot be opened (permission denied)."},
+      {"/short", TextFileCode::TooShort, "File /short\r\ncontains only from 1 to 4 bytes."},
+      {"/broken", TextFileCode::CannotOpen, "File /broken\r\ncannot be opened."},
+      {"/a.rtf", TextFileCode::Rtf, "File /a.rtf\r\nis an RTF file."},
+      {"/wide", TextFileCode::UnicodeNotUtf8, "File /wide\r\nis a Unicode file but not UTF-8 encoded."},
+  };
+  for (const Row& row : rows) {
+    for (const bool silent : {false, true}) {
+      messages.Forget();
+      EXPECT_FALSE(Check(row.path, silent));
+      EXPECT_EQ(code, row.code);
+      ExpectOnly(row.text, "Fatal error");
+    }
+  }
+}
+
+TEST_F(IsTextFileTest, NoPathIsRefusedWithoutAWord) {
+  EXPECT_FALSE(Check(""));
+  EXPECT_EQ(code, TextFileCode::NoPath);
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(IsTextFileTest, EmptiesTheOutputBoxFirst) {
+  files.Add("/a", "plain words");
+  EXPECT_TRUE(Check("/a", true));
+  EXPECT_EQ(cleared, 1);
+  check.ClearOutput = nullptr;
+  EXPECT_TRUE(Check("/a", true));
+}
+
+TEST_F(IsTextFileTest, OneControlByteIsOneTooMany) {
+  files.Add("/a", std::string(4999, 'a') + '\0');
+  EXPECT_FALSE(Check("/a", true));
+  EXPECT_EQ(code, TextFileCode::NotText);
+  ExpectOnly("/a\r\nis not an ANSI or UTF-8 encoded text file.\r\nIt appears to be a binary file.\r\n\r\n" +
+                 kCopyAdvice,
+             "Not a text file");
+}
+
+TEST_F(IsTextFileTest, CopyingIsProposedForSmallFilesThatAreMostlyText) {
+  const std::string refusal =
+      "/a\r\nis not an ANSI or UTF-8 encoded text file.\r\nIt appears to be a binary file.";
+  struct Row {
+    size_t controls;
+    size_t size;
+    bool advice;
+  };
+  for (const Row& row :
+       {Row{89, 1000, true}, Row{90, 1000, false}, Row{1, 102399, true}, Row{1, 102400, false}}) {
+    messages.Forget();
+    files.Add("/a", std::string(row.controls, '\x01') + std::string(row.size - row.controls, 'a'));
+    EXPECT_FALSE(Check("/a"));
+    ExpectOnly(row.advice ? refusal + "\r\n\r\n" + kCopyAdvice : refusal, "Not a text file");
+  }
+}
+
+TEST_F(IsTextFileTest, TheMacNoticeComesOncePerProgram) {
+  files.Add("/a", "one\rtwo\r");
+  EXPECT_TRUE(Check("/a", true));
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(Check("/a"));
+  EXPECT_EQ(code, TextFileCode::MacText);
+  ExpectOnly(
+      "File /a\r\nhas Macintosh-type line endings (CR).\r\n\r\n"
+      "You might wish to use a program such as Notepad++\r\n"
+      "to convert the line endings to Windows-type (CR+LF).",
+      "This is a Mac-style text file");
+  EXPECT_TRUE(Check("/a"));
+  EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+std::string UnixLines(size_t bytes) {
+  std::string text(bytes, 'a');
+  text[10] = '\n';
+  return text;
+}
+
+const std::string kSlow =
+    "File /a\r\nhas Unix-type line endings (LF).\r\n\r\nThe size of this file is 250.00 Kb\r\n"
+    "so processing of this file might be rather slow.\r\n\r\n"
+    "It is advisable to use a program such as Notepad++\r\n"
+    "to convert the line endings to Windows-type (CR+LF).";
+
+TEST_F(IsTextFileTest, UnixLineEndsAreFineUpTo256000Bytes) {
+  files.Add("/a", UnixLines(256000));
+  EXPECT_TRUE(Check("/a"));
+  EXPECT_EQ(code, TextFileCode::UnixText);
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(IsTextFileTest, LargerUnixFilesAreAskedAbout) {
+  files.Add("/a", UnixLines(256001));
+  messages.WillAnswer(Question::LargeWordList, Answer::Yes);
+  EXPECT_TRUE(Check("/a"));
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, kSlow + "\r\n\r\nDo you wish to continue processing this file?");
+  EXPECT_EQ(messages.shown[0].title, "This is a Unix-style text file");
+  EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
+}
+
+TEST_F(IsTextFileTest, NoToALargerUnixFileCancels) {
+  files.Add("/a", UnixLines(512000));
+  EXPECT_FALSE(Check("/a"));
+  EXPECT_EQ(code, TextFileCode::NotText);
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[1].text, "Operation canceled.");
+  EXPECT_EQ(messages.shown[1].title, "This is a Unix-style text file");
+  EXPECT_EQ(messages.shown[1].icon, Icon::None);
+}
+
+TEST_F(IsTextFileTest, WithoutAskingLargerUnixFilesAreRemarkedOn) {
+  files.Add("/a", UnixLines(256001));
+  EXPECT_TRUE(Check("/a", false, false));
+  ExpectOnly(kSlow, "This is a Unix-style file");
+}
+
+TEST_F(IsTextFileTest, UnixFilesAbove512000BytesAreRefused) {
+  files.Add("/a", UnixLines(512001));
+  EXPECT_FALSE(Check("/a"));
+  EXPECT_EQ(code, TextFileCode::NotText);
+  ExpectOnly(
+      "File /a\r\nhas Unix-type line endings (LF).\r\n\r\nThe size of this file is 500.00 Kb\r\n"
+      "so processing of this file would take a long time.\r\n\r\n"
+      "You can process this file by first using a program such as Notepad++\r\n"
+      "to convert the line endings to Windows-type (CR+LF).",
+      "Cannot process this file");
+}
+
+TEST_F(IsTextFileTest, SilentAsksNothingOfAnySize) {
+  files.Add("/a", UnixLines(600000));
+  EXPECT_TRUE(Check("/a", true));
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(IsTextFileTest, AUtf8SignatureGetsNoNoticeOfLineEnds) {
+  files.Add("/a", "\xEF\xBB\xBF" + UnixLines(600000));
+  EXPECT_TRUE(Check("/a"));
+  EXPECT_TRUE(isUtf8);
+  EXPECT_EQ(code, TextFileCode::WindowsText);
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+struct RefusalCase {
+  TextFacts facts;
+  uint64_t size;
+  std::string title;
+  std::string text;
+};
+
+TEST(SingleFileRefusal, SaysWhatIsWrong) {
+  using enum TextFileCode;
+  const std::string notText = "/a is not a text file.\r\n\r\n";
+  const auto byteAt = [](const std::string& share) {
+    return "This file contains a byte 7 at position 12, indicating that it does not consist solely of text.  "
+           "The percentage of such anomalous bytes in the first 16384 bytes is " +
+           share + "%.\r\n\r\n";
+  };
+  const std::vector<RefusalCase> cases = {
+      {{.Code = ZeroLength}, 0, "Invalid input file", "This is a zero-length file."},
+      {{.Code = TooShort}, 3, "Invalid input file", "File /a\r\ncontains only from 1 to 4 bytes."},
+      {{.Code = CannotOpen}, 9, "Invalid input file", "This file cannot be opened."},
+      {{.Code = PermissionDenied}, 9, "Invalid input file", "This file cannot be opened."},
+      {{.Code = Rtf}, 9, "Not a text file", "File /a\r\nis an RTF file."},
+      {{.Code = UnicodeNotUtf8}, 9, "Not a text file", "File /a\r\nis a Unicode file but not UTF-8 encoded."},
+      {{NotText, 7, 12, 1.5}, 5000, "Not a text file", notText + byteAt("1.50") + kCopyAdvice},
+      {{NotText, 7, 12, 8.999}, 102399, "Not a text file", notText + byteAt("9.00") + kCopyAdvice},
+      {{NotText, 7, 12, 9.0}, 5000, "Not a text file", notText + byteAt("9.00")},
+      {{NotText, 7, 12, 1.5}, 102400, "Not a text file", notText + byteAt("1.50")},
+      {{NotText, 7, 12, 0.61}, 5000, "Not a text file", notText + kCopyAdvice},
+  };
+  for (const RefusalCase& c : cases) {
+    const Message message = SingleFileRefusal("/a", c.facts, c.size, NumberFormat());
+    EXPECT_EQ(message.text, c.text);
+    EXPECT_EQ(message.title, c.title);
+    EXPECT_EQ(message.icon, Icon::Information);
+  }
+}
+
+TEST(SkipReason, HasAWordForEveryRefusal) {
+  using enum TextFileCode;
+  EXPECT_EQ(SkipReason(ZeroLength), "is zero-length");
+  EXPECT_EQ(SkipReason(TooShort), "contains only from 1 to 4 bytes");
+  EXPECT_EQ(SkipReason(PermissionDenied), "cannot be opened (permission denied)");
+  EXPECT_EQ(SkipReason(CannotOpen), "cannot be opened");
+  EXPECT_EQ(SkipReason(NotFound), "cannot be opened");
+  EXPECT_EQ(SkipReason(NotText), "is not a text file");
+  EXPECT_EQ(SkipReason(Rtf), "is an RTF file");
+  EXPECT_EQ(SkipReason(UnicodeNotUtf8), "is a Unicode file but not UTF-8 encoded");
+}
+
+TEST(FormatFileSize, HasTwoDecimalsFromOneKiloOn) {
+  struct Row {
+    uint64_t bytes;
+    const char* text;
+  };
+  for (const Row& row : {Row{0, "0 bytes"}, Row{1023, "1023 bytes"}, Row{1024, "1.00 Kb"},
+                         Row{1536, "1.50 Kb"}, Row{1048575, "1,024.00 Kb"}, Row{1048576, "1.00 Mb"},
+                         Row{1294540, "1.23 Mb"}, Row{5368709120, "5,120.00 Mb"}}) {
+    EXPECT_EQ(FormatByteCount(row.bytes, NumberFormat()), row.text);
+  }
+}
+
+TEST(FormatFileSize, IsEmptyWithoutAFile) {
+  FakeFiles files;
+  files.Add("/a", "12345");
+  EXPECT_EQ(FormatFileSize(files, "/a", NumberFormat()), "5 bytes");
+  EXPECT_EQ(FormatFileSize(files, "/b", NumberFormat()), "");
+  EXPECT_EQ(FormatFileSize(files, "", NumberFormat()), "");
+}
+
+class EncodingChooserTest : public testing::Test {
+ protected:
+  FakeMessages messages;
+  TextFacts ansi{.Code = TextFileCode::UnixText};
+  TextFacts signed8{.Code = TextFileCode::WindowsText, .IsUtf8 = true};
+  TextFacts looks8{.Code = TextFileCode::UnixText, .LooksLikeUtf8 = true};
+};
+
+TEST_F(EncodingChooserTest, AsksOncePerPath) {
+  EncodingChooser chooser;
+  EXPECT_EQ(chooser.Choose(looks8, "/a", messages), TextEncoding::Utf8) << "Yes is the default";
+  EXPECT_EQ(messages.Only().text,
+            "This file appears to be UTF-8 text without a signature.\r\nDo you wish to read it as UTF-8?");
+  EXPECT_EQ(messages.Only().title, "Text encoding");
+  EXPECT_EQ(messages.Only().defaultAnswer, Answer::Yes);
+  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+  EXPECT_EQ(chooser.Choose(looks8, "/a", messages), TextEncoding::Utf8);
+  EXPECT_EQ(messages.shown.size(), 1U);
+  messages.WillAnswer(Question::TextEncoding, Answer::No);
+  EXPECT_EQ(chooser.Choose(looks8, "/b", messages), TextEncoding::Ansi);
+  EXPECT_EQ(chooser.Choose(looks8, "/a", messages), TextEncoding::Utf8);
+  EXPECT_EQ(messages.shown.size(), 2U);
+}
+
+TEST_F(EncodingChooserTest, AsksOncePerFolderRun) {
+  EncodingChooser chooser;
+  chooser.BeginFolderRun();
+  messages.WillAnswer(Question::TextEncoding, Answer::No);
+  EXPECT_EQ(chooser.Choose(ansi, "/a", messages), TextEncoding::Ansi);
+  EXPECT_EQ(chooser.Choose(signed8, "/b", messages), TextEncoding::Utf8);
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(chooser.Choose(looks8, "/c", messages), TextEncoding::Ansi);
+  EXPECT_EQ(chooser.Choose(looks8, "/d", messages), TextEncoding::Ansi);
+  EXPECT_EQ(messages.shown.size(), 1U);
+  chooser.EndFolderRun();
+  chooser.BeginFolderRun();
+  EXPECT_EQ(chooser.Choose(looks8, "/c", messages), TextEncoding::Ansi);
+  EXPECT_EQ(messages.shown.size(), 2U) << "the next run asks anew";
+}
+
+TEST_F(EncodingChooserTest, AForcedEncodingHoldsForEveryFile) {
+  EncodingChooser utf8(EncodingChoice::Utf8);
+  EncodingChooser forcedAnsi(EncodingChoice::Ansi);
+  for (const TextFacts& facts : {ansi, signed8, looks8}) {
+    EXPECT_EQ(utf8.Choose(facts, "/a", messages), TextEncoding::Utf8);
+    EXPECT_EQ(forcedAnsi.Choose(facts, "/a", messages), TextEncoding::Ansi);
+  }
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+}  // namespace
+}  // namespace korv
