@@ -115,7 +115,10 @@ bool TextReader::State::NextLine() {
     if (lineEnd < end) {
       const bool isCr = bytes[lineEnd] == '\r';
       // Whether an LF belongs to a CR at the very end is known when more has been read.
-      if (isCr && lineEnd + 1 == end && ReadMore()) continue;
+      if (isCr && lineEnd + 1 == end && rest != nullptr) {
+        ReadMore();
+        continue;
+      }
       const bool isPair = isCr && lineEnd + 1 < end && bytes[lineEnd + 1] == '\n';
       HandOut(lineEnd - begin, isPair ? 2 : 1, true);
       return true;

@@ -46,7 +46,9 @@ Text EntityTable() {
   return table;
 }
 
-char32_t LowerAscii(char32_t c) { return c >= U'A' && c <= U'Z' ? c + 32 : c; }
+char32_t LowerAscii(char32_t c) {
+  return c >= U'A' && c <= U'Z' ? c + 32 : c;
+}
 
 bool StandsAt(View line, size_t at, View marker) {
   if (at + marker.size() > line.size()) return false;
@@ -159,7 +161,9 @@ bool Scanner::IsNegativeContractionStem(View word) {
   return stems.find(Lower(Encode(word)) + " ") != std::string::npos;
 }
 
-bool Scanner::IsWordCharacter(char32_t c) const { return IsLetter(c) || extra_.find(c) != kNowhere; }
+bool Scanner::IsWordCharacter(char32_t c) const {
+  return IsLetter(c) || extra_.find(c) != kNowhere;
+}
 
 bool Scanner::IsPunctuationInWords(char32_t c) const {
   return kPunctuation.find(c) != kNowhere && extra_.find(c) != kNowhere;
