@@ -1,0 +1,377 @@
+#include "engine/phrase_table.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "engine/count_phrases.h"
+#include "engine/word_stream.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Counted = std::pair<std::string, int>;
+
+PhraseTable TableOf(const std::vector<std::string>& phrases) {
+  PhraseTable table;
+  table.Clear();
+  for (const std::string& phrase : phrases) table.AddWordToList(phrase);
+  return table;
+}
+
+/// Sorted, everything listed.
+PhraseTable CountedTable(const std::vector<Counted>& phrases) {
+  PhraseTable table = TableOf({});
+  for (const Counted& phrase : phrases) {
+    for (int i = 0; i < phrase.second; ++i) table.AddWordToList(phrase.first);
+  }
+  NoYielder yielder;
+  EXPECT_TRUE(SortPhrases(table, yielder));
+  return table;
+}
+
+PhraseIndex IndexOf(const PhraseTable& table, const std::string& text) {
+  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
+    if (table.Text(i) == text) return i;
+  }
+  return 0;
+}
+
+std::vector<std::string> Texts(const PhraseTable& table) {
+  std::vector<std::string> texts;
+  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) texts.push_back(table.Text(i));
+  return texts;
+}
+
+std::vector<std::string> Listed(const PhraseTable& table) {
+  std::vector<std::string> texts;
+  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
+    if (table.Listed(i)) texts.push_back(table.Text(i));
+  }
+  return texts;
+}
+
+std::vector<PhraseIndex> Chain(const PhraseTable& table) {
+  std::vector<PhraseIndex> chain;
+  for (PhraseIndex i = table.ChainHead(); i != 0; i = table.ChainNext(i)) chain.push_back(i);
+  return chain;
+}
+
+/// A phrase of `characters` characters, most of them of two bytes.
+std::string PhraseOfCharacters(int characters) {
+  std::string phrase = "a b";
+  for (int i = 3; i < characters; ++i) phrase += "é";
+  return phrase;
+}
+
+TEST(AddWordToList, CreatesAnEntryOfTheFirstPhrase) {
+  PhraseTable table = TableOf({"The Cat"});
+  EXPECT_EQ(table.PhraseCount(), 1u);
+  EXPECT_EQ(table.Occurrences(), 1u);
+  ASSERT_EQ(table.EntryCount(), 1u);
+  EXPECT_EQ(table.Text(1), "The Cat");
+  EXPECT_EQ(table.Key(1), "the cat");
+  EXPECT_EQ(table.Count(1), 1u);
+  EXPECT_EQ(table.Words(1), 2);
+  EXPECT_EQ(table.Characters(1), 7);
+  EXPECT_TRUE(table.Listed(1));
+  EXPECT_EQ(table.ChainPosition(1), 0u);
+  EXPECT_EQ(table.ChainNext(1), 0u);
+  EXPECT_EQ(table.MaxSearchDepth(), 0);
+}
+
+TEST(AddWordToList, CountsRepeatedPhrasesAndTellsCaseApart) {
+  PhraseTable table = TableOf({"the cat", "The cat", "the cat", "the Cat"});
+  EXPECT_EQ(table.PhraseCount(), 3u);
+  EXPECT_EQ(table.Occurrences(), 4u);
+  EXPECT_EQ(table.Count(IndexOf(table, "the cat")), 2u);
+  EXPECT_EQ(table.Count(IndexOf(table, "The cat")), 1u);
+  EXPECT_EQ(table.Count(IndexOf(table, "the Cat")), 1u);
+}
+
+TEST(AddWordToList, CountsAPhraseOf100CharactersAndNotOneOf101) {
+  PhraseTable table = TableOf({PhraseOfCharacters(101)});
+  EXPECT_EQ(table.PhraseCount(), 0u);
+  EXPECT_EQ(table.Occurrences(), 0u);
+  table.AddWordToList(PhraseOfCharacters(100));
+  EXPECT_EQ(table.PhraseCount(), 1u);
+  EXPECT_EQ(table.Characters(1), 100);
+}
+
+TEST(AddWordToList, HasNoLimitOfLengthForAWordList) {
+  PhraseTable table;
+  table.Clear(true);
+  for (int i = 0; i < 2; ++i) table.AddWordToList(std::string(200, 'a'));
+  ASSERT_EQ(table.PhraseCount(), 1u);
+  EXPECT_EQ(table.Count(1), 2u);
+  EXPECT_EQ(table.Text(1), std::string(200, 'a'));
+}
+
+TEST(AddWordToList, NumbersOnlyFilesThatYieldAPhrase) {
+  PhraseTable table = TableOf({});
+  table.BeginFile("one.txt");
+  table.AddWordToList("a b");
+  table.AddWordToList("a b");
+  table.BeginFile("too-long.txt");
+  table.AddWordToList(PhraseOfCharacters(101));
+  table.BeginFile("two.txt");
+  table.AddWordToList("c d");
+  table.AddWordToList("a b");
+  EXPECT_THAT(table.FilePaths(), ElementsAre("one.txt", "two.txt"));
+  const PhraseIndex ab = IndexOf(table, "a b");
+  const PhraseIndex cd = IndexOf(table, "c d");
+  EXPECT_EQ(table.Files(ab).FileNumbers(), "0000100002");
+  EXPECT_EQ(table.Files(ab).FileCounts(), "0000200001");
+  EXPECT_EQ(table.FileCount(ab), 2u);
+  EXPECT_EQ(table.Files(cd).FileNumbers(), "00002");
+  EXPECT_EQ(table.Files(cd).FileCounts(), "00001");
+}
+
+TEST(AddWordToList, KeepsFilesWithTheirPhrasesWhenSorted) {
+  PhraseTable table = TableOf({});
+  table.BeginFile("one.txt");
+  table.AddWordToList("c d");
+  table.BeginFile("two.txt");
+  table.AddWordToList("a b");
+  NoYielder yielder;
+  ASSERT_TRUE(SortPhrases(table, yielder));
+  EXPECT_THAT(Texts(table), ElementsAre("a b", "c d"));
+  EXPECT_EQ(table.Files(1).FileNumbers(), "00002");
+  EXPECT_EQ(table.Files(2).FileNumbers(), "00001");
+}
+
+TEST(PhraseTable, IsEmptyAfterClear) {
+  PhraseTable table = CountedTable({{"a b", 2}, {"c d", 1}});
+  NoYielder yielder;
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
+  table.FindPhrase("b");
+  table.Clear();
+  EXPECT_EQ(table.PhraseCount(), 0u);
+  EXPECT_EQ(table.Occurrences(), 0u);
+  EXPECT_EQ(table.EntryCount(), 0u);
+  EXPECT_EQ(table.ChainHead(), 0u);
+  EXPECT_EQ(table.MaxSearchDepth(), 0);
+  EXPECT_THAT(table.FilePaths(), IsEmpty());
+  table.AddWordToList("e f");
+  EXPECT_EQ(table.Text(1), "e f");
+}
+
+TEST(FindPhrase, SeesPhrasesAddedSinceTheLastCall) {
+  PhraseTable table = TableOf({"b"});
+  EXPECT_FALSE(table.FindPhrase("a").Found);
+  table.AddWordToList("a");
+  EXPECT_TRUE(table.FindPhrase("a").Found);
+}
+
+TEST(SortPhrases, OrdersByKeyAndEqualKeysByText) {
+  PhraseTable table = CountedTable(
+      {{"cote a", 1}, {"b", 1}, {"côte a", 1}, {"Cote a", 1}, {"d", 1}, {"côté", 1}, {"b b", 1}});
+  EXPECT_THAT(Texts(table), ElementsAre("b", "b b", "côté", "Cote a", "cote a", "côte a", "d"));
+}
+
+TEST(SortPhrases, LetsTheWholeKeyDecideBeforeTheTextOfAnyWord) {
+  PhraseTable table = CountedTable({{"côte a", 1}, {"cote b", 1}, {"Cote c", 1}, {"Côte b", 1}});
+  EXPECT_THAT(Texts(table), ElementsAre("côte a", "Côte b", "cote b", "Cote c"));
+}
+
+TEST(SortPhrases, CopesWithAnEmptyTable) {
+  PhraseTable table = CountedTable({});
+  EXPECT_EQ(table.EntryCount(), 0u);
+}
+
+TEST(ListByFrequency, ListsPhrasesFromTheMinimumOn) {
+  PhraseTable table = CountedTable({{"a", 1}, {"b", 2}, {"c", 3}});
+  ListByFrequency(table, 2);
+  EXPECT_THAT(Listed(table), ElementsAre("b", "c"));
+  ListByFrequency(table, 1);
+  EXPECT_THAT(Listed(table), ElementsAre("a", "b", "c"));
+}
+
+TEST(ExcludeRedundantSubphrases, DropsWhatALongerPhraseOfTheSameCountContains) {
+  struct Case {
+    std::vector<Counted> phrases;
+    std::vector<std::string> listed;
+  };
+  const Case cases[] = {
+      {{{"of the", 5}, {"of the year", 5}}, {"of the year"}},
+      {{{"of the", 6}, {"of the year", 5}}, {"of the", "of the year"}},
+      // Any run of characters will do, not only whole words.
+      {{{"he sat", 2}, {"the sat mat", 2}}, {"the sat mat"}},
+      {{{"the sat", 2}, {"lathe satin mat", 2}}, {"lathe satin mat"}},
+      {{{"he sat", 2}, {"the  sat", 2}}, {"he sat", "the  sat"}},
+      {{{"a b", 2}, {"a b c", 2}, {"a b c d", 2}, {"b c", 2}}, {"a b c d"}},
+      {{{"The cat sat", 2}, {"the cat", 2}}, {"The cat sat", "the cat"}},
+      {{{"ab cd", 2}, {"cd ab", 2}}, {"ab cd", "cd ab"}},
+      {{{"é t", 1}, {"té te", 1}}, {"té te"}},
+      {{{"e t", 1}, {"té te", 1}}, {"e t", "té te"}},
+  };
+  for (const Case& c : cases) {
+    PhraseTable table = CountedTable(c.phrases);
+    NoYielder yielder;
+    ASSERT_TRUE(ExcludeRedundantSubphrases(table, yielder));
+    EXPECT_THAT(Listed(table), testing::UnorderedElementsAreArray(c.listed));
+  }
+}
+
+TEST(ExcludeRedundantSubphrases, DoesNotLookAtUnlistedPhrases) {
+  PhraseTable table = CountedTable({{"of the", 1}, {"of the year", 1}});
+  table.SetListed(IndexOf(table, "of the year"), false);
+  NoYielder yielder;
+  ASSERT_TRUE(ExcludeRedundantSubphrases(table, yielder));
+  EXPECT_THAT(Listed(table), ElementsAre("of the"));
+}
+
+TEST(ExcludeRedundantSubphrases, CopesWithAnEmptyTable) {
+  PhraseTable table = CountedTable({});
+  NoYielder yielder;
+  EXPECT_TRUE(ExcludeRedundantSubphrases(table, yielder));
+}
+
+TEST(SetUpFrequencyChain, GoesByCountThenByIndex) {
+  PhraseTable table = CountedTable({{"a", 5}, {"b", 9}, {"c", 5}});
+  NoYielder yielder;
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
+  EXPECT_THAT(Chain(table), ElementsAre(2, 1, 3));
+  EXPECT_EQ(table.ChainPosition(1), 2u);
+  EXPECT_EQ(table.ChainPosition(2), 1u);
+  EXPECT_EQ(table.ChainPosition(3), 3u);
+}
+
+TEST(SetUpFrequencyChain, OfOneEntryIsThatEntry) {
+  PhraseTable table = CountedTable({{"a", 1}});
+  NoYielder yielder;
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
+  EXPECT_THAT(Chain(table), ElementsAre(1));
+}
+
+TEST(SetUpFrequencyChain, LeavesOutUnlistedEntries) {
+  PhraseTable table = CountedTable({{"a", 5}, {"b", 9}, {"c", 5}});
+  table.SetListed(2, false);
+  NoYielder yielder;
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
+  EXPECT_THAT(Chain(table), ElementsAre(1, 3));
+  EXPECT_EQ(table.ChainPosition(2), 0u);
+  EXPECT_EQ(table.ChainNext(2), 0u);
+  for (PhraseIndex i : {1u, 3u}) table.SetListed(i, false);
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
+  EXPECT_THAT(Chain(table), IsEmpty());
+}
+
+TEST(SetUpFrequencyChain, GoesByFilesThenCountThenIndexWhenAsked) {
+  PhraseTable table = TableOf({});
+  table.BeginFile("one.txt");
+  for (const char* phrase : {"a", "b", "b", "b", "b", "c", "d", "d"}) table.AddWordToList(phrase);
+  table.BeginFile("two.txt");
+  for (const char* phrase : {"a", "c", "d"}) table.AddWordToList(phrase);
+  NoYielder yielder;
+  ASSERT_TRUE(SortPhrases(table, yielder));
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByFiles, yielder));
+  EXPECT_THAT(Chain(table), ElementsAre(4, 1, 3, 2));
+}
+
+// ---- The same limits where a whole text is counted.
+
+/// Counts a text of one phrase length; `steps` are words, "/" begins a file.
+PhraseTable CountText(const std::vector<std::string>& steps, int words, TextSource source) {
+  WordRules rules;
+  rules.IgnoreShortWords = false;
+  rules.IgnoreRepetitions = false;
+  rules.LongWordSize = 80;
+  RunOptions options;
+  options.MinWords = options.MaxWords = words;
+  options.MinFrequency = 1;
+  options.SourceKind = source;
+  const RunLists none;
+  WordStream stream(rules, options, none);
+  int file = 0;
+  stream.BeginSource("0");
+  for (const std::string& step : steps) {
+    if (step == "/") {
+      stream.BeginSource(std::to_string(++file));
+    } else {
+      stream.TakeWord(step);
+    }
+  }
+  PhraseTable table;
+  TakeText(std::move(stream), table);
+  NoYielder yielder;
+  EXPECT_TRUE(CountPhrases(table, yielder));
+  EXPECT_TRUE(SortPhrases(table, yielder));
+  return table;
+}
+
+TEST(CountPhrases, CountsPhrasesOf100CharactersAndNoneOf101) {
+  for (const char* letter : {"x", "é"}) {
+    std::string w49, w50;
+    for (int i = 0; i < 49; ++i) w49 += letter;
+    w50 = w49 + letter;
+    PhraseTable table = CountText({w49, w50, w50, w49}, 2, TextSource::SingleFile);
+    EXPECT_EQ(table.PhraseCount(), 2u) << letter;
+    EXPECT_EQ(table.Occurrences(), 2u) << letter;
+    EXPECT_THAT(Texts(table), testing::UnorderedElementsAre(w49 + " " + w50, w50 + " " + w49));
+    EXPECT_EQ(table.Characters(1), 100);
+  }
+}
+
+TEST(CountPhrases, StopsCountingInOneFileAt99999) {
+  std::vector<std::string> steps(100001, "a");
+  steps.insert(steps.end(), {"/", "a", "a"});
+  PhraseTable table = CountText(steps, 2, TextSource::Folder);
+  ASSERT_EQ(table.EntryCount(), 1u);
+  EXPECT_EQ(table.Count(1), 100001u);
+  EXPECT_EQ(table.Files(1).FileNumbers(), "0000100002");
+  EXPECT_EQ(table.Files(1).FileCounts(), "9999900001");
+}
+
+TEST(CountPhrases, RecordsNothingMoreFromThe10000thFileOn) {
+  std::vector<std::string> steps;
+  for (int i = 0; i < 10001; ++i) steps.insert(steps.end(), {"a", "a", "a", "/"});
+  PhraseTable table = CountText(steps, 2, TextSource::Folder);
+  ASSERT_EQ(table.EntryCount(), 1u);
+  EXPECT_EQ(table.Count(1), 20002u);
+  EXPECT_EQ(table.FileCount(1), 10000u);
+  EXPECT_EQ(table.FilePaths().size(), 10001u);
+  const FileTallies files = table.Files(1);
+  EXPECT_EQ(files.FileNumbers().substr(49990), "0999910000");
+  EXPECT_EQ(files.FileCounts().substr(49990), "0000200001") << "the list is full before the second one";
+}
+
+TEST(CountPhrases, PutsVeryFrequentPhrasesIntoTheChainAsAnyOther) {
+  std::vector<std::string> steps;
+  for (const auto& [word, times] :
+       {Counted{"a", 70001}, {"b", 80001}, {"c", 70001}, {"d", 6}, {"e", 65537}}) {
+    steps.insert(steps.end(), static_cast<size_t>(times), word);
+    steps.push_back("/");
+  }
+  PhraseTable table = CountText(steps, 2, TextSource::SingleFile);
+  NoYielder yielder;
+  ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
+  EXPECT_THAT(Texts(table), ElementsAre("a a", "b b", "c c", "d d", "e e"));
+  EXPECT_THAT(Chain(table), ElementsAre(2, 1, 3, 5, 4));
+}
+
+TEST(CountPhrases, NumbersOnlyFilesThatYieldAPhrase) {
+  PhraseTable table = CountText({"a", "b", "/", "a", "/", "/", "b", "a", "b"}, 2, TextSource::Folder);
+  EXPECT_THAT(table.FilePaths(), ElementsAre("0", "3"));
+  EXPECT_THAT(Texts(table), ElementsAre("a b", "b a"));
+  EXPECT_EQ(table.Files(1).FileNumbers(), "0000100002");
+  EXPECT_EQ(table.Files(2).FileNumbers(), "00002");
+}
+
+TEST(CountPhrases, CopesWithNoTextAndWithTooFewWords) {
+  for (const std::vector<std::string>& steps : {std::vector<std::string>{}, {"a"}, {"a", "/", "b"}}) {
+    PhraseTable table = CountText(steps, 2, TextSource::Folder);
+    EXPECT_EQ(table.PhraseCount(), 0u);
+    EXPECT_EQ(table.EntryCount(), 0u);
+    EXPECT_THAT(table.FilePaths(), IsEmpty());
+  }
+}
+
+}  // namespace
+}  // namespace korv
