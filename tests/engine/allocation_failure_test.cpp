@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <optional>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "engine/count_phrases.h"
+#include "engine/word_stream.h"
+
+// Every allocation of a counting run fails once: the failure must come out as std::bad_alloc, nothing may
+// be lost or crash on the way, and the next run must go through.
+
+namespace {
+
+/// Allocations until one fails; negative: none does.
+std::atomic<long> allocationsLeft{-1};
+
+void* Allocate(std::size_t size) {
+  if (allocationsLeft.load(std::memory_order_relaxed) >= 0 &&
+      allocationsLeft.fetch_sub(1, std::memory_order_relaxed) == 0) {
+    throw std::bad_alloc();
+  }
+  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+// NOLINTBEGIN: replacing them is the point.
+void* operator new(std::size_t size) {
+  return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+  return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+// NOLINTEND
+
+namespace korv {
+namespace {
+
+struct World {
+  std::vector<std::string> Words;
+  RunOptions Options;
+  ListEntries Entries;
+};
+
+World RandomWorld(size_t words) {
+  World world;
+  std::mt19937 random(1);
+  const std::vector<std::string> vocabulary = {"the", "cat", "côte", "cote", "he", "them", "year", "hen"};
+  for (size_t i = 0; i < words; ++i) world.Words.push_back(vocabulary[random() % vocabulary.size()]);
+  world.Options.MinWords = 2;
+  world.Options.MaxWords = 5;
+  world.Options.SourceKind = TextSource::Folder;
+  world.Entries.FileWordsToIgnore = {"the", "he"};
+  return world;
+}
+
+/// The number of listed phrases.
+int Count(const World& world) {
+  const RunLists lists(world.Entries);
+  WordStream stream(WordRules{}, world.Options, lists);
+  for (size_t i = 0; i < world.Words.size(); ++i) {
+    if (i % 1000 == 0) stream.BeginSource("file");
+    stream.TakeWord(world.Words[i]);
+  }
+  PhraseTable table;
+  TakeText(std::move(stream), table);
+  NoYielder yielder;
+  EXPECT_TRUE(CountPhrases(table, yielder));
+  EXPECT_TRUE(SortPhrases(table, yielder));
+  ListByFrequency(table, world.Options.MinFrequency);
+  EXPECT_TRUE(ExcludeRedundantSubphrases(table, yielder));
+  EXPECT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByFiles, yielder));
+  int listed = 0;
+  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) listed += table.Listed(i) ? 1 : 0;
+  return listed;
+}
+
+/// Nothing when an allocation failed.
+std::optional<int> CountWithFailure(const World& world, long allocations) {
+  allocationsLeft = allocations;
+  std::optional<int> listed;
+  try {
+    listed = Count(world);
+  } catch (const std::bad_alloc&) {
+  }
+  allocationsLeft = -1;
+  return listed;
+}
+
+void FailEvery(const World& world, double growth) {
+  const int expected = Count(world);
+  EXPECT_GT(expected, 0);
+  int failures = 0;
+  for (double at = 0;; at = at * growth + 1) {
+    const std::optional<int> listed = CountWithFailure(world, static_cast<long>(at));
+    if (listed) {
+      EXPECT_EQ(*listed, expected);
+      break;
+    }
+    ++failures;
+  }
+  EXPECT_GT(failures, 10);
+  EXPECT_EQ(Count(world), expected);
+}
+
+TEST(AllocationFailure, ComesOutOfASmallRunWhereverItHappens) {
+  FailEvery(RandomWorld(300), 1.0);
+}
+
+TEST(AllocationFailure, ComesOutOfARunOnSeveralThreads) {
+  FailEvery(RandomWorld(60000), 1.05);
+}
+
+}  // namespace
+}  // namespace korv
