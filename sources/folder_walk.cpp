@@ -101,20 +101,6 @@ std::string WillBeScannedText(uint64_t count, const NumberFormat& format) {
          " will be scanned.";
 }
 
-std::string SkippedFilesText(std::span<const UnreadFile> skipped, const fs::path& folder,
-                             const NumberFormat& format) {
-  if (skipped.empty()) return {};
-  std::string text = format.Grouped(static_cast<int64_t>(skipped.size()));
-  text += skipped.size() == 1 ? " file was skipped:\r\n" : " files were skipped:\r\n";
-  for (const UnreadFile& file : skipped) {
-    text += FolderAbbreviated(file.Path, folder);
-    text += ": ";
-    text += file.Reason;
-    text += "\r\n";
-  }
-  return text;
-}
-
 std::string UnreadableFolderText(const fs::path& path, const FileError& error) {
   return "Folder " + PathToText(path) + " cannot be read (" + error.description + ").\r\n";
 }

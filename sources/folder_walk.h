@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <functional>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,14 +73,6 @@ std::string FolderAbbreviated(const std::filesystem::path& path, const std::file
 /// "No files will be scanned.", "1 file will be scanned.", "1,234 files will be scanned."
 std::string WillBeScannedText(uint64_t count, const NumberFormat& format);
 
-/// A wanted file whose text was not read, and why.
-struct UnreadFile {
-  std::filesystem::path Path;
-  std::string_view Reason;  ///< One of the constant texts of SkipReason() and DocxSkipReason().
-};
-/// "1 file was skipped:" and a line for each; empty when there is none.
-std::string SkippedFilesText(std::span<const UnreadFile> skipped, const std::filesystem::path& folder,
-                             const NumberFormat& format);
 /// The line for the text box about a folder that could not be read.
 std::string UnreadableFolderText(const std::filesystem::path& path, const FileError& error);
 
