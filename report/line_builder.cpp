@@ -106,13 +106,13 @@ void LineBuilder::AppendColumns(const Columns& columns, std::string& out, Append
   }
 }
 
-void LineBuilder::AppendPhraseCell(std::string_view text, int characters, bool last, std::string& out) const {
+void LineBuilder::AppendPhraseCell(std::string_view text, bool last, std::string& out) const {
   out += text;
   if (tabs_)
     out += '\t';
   else if (!last)
     // With the two blanks before the next column.
-    out.append(static_cast<size_t>(std::max(widths_.Phrase - characters, 0)) + 2, ' ');
+    out.append(static_cast<size_t>(std::max(widths_.Phrase - Characters(text), 0)) + 2, ' ');
 }
 
 void LineBuilder::AppendRightAligned(std::string_view text, int characters, int width,
@@ -144,7 +144,7 @@ void LineBuilder::AppendHeading(std::string& out) {
   AppendColumns(columns_, out, [&](Column column, bool last) {
     switch (column) {
       case Column::Phrase:
-        return AppendPhraseCell(kPhraseHeading, Length(kPhraseHeading), last, out);
+        return AppendPhraseCell(kPhraseHeading, last, out);
       case Column::Rank:
         return AppendRightAligned(kRankHeading, Length(kRankHeading), widths_.Rank, out);
       case Column::Frequency:
@@ -186,7 +186,7 @@ void LineBuilder::AppendPhrase(const ListedPhrase& phrase, std::string& out) {
   }
   if (format_.DisplayFormat == kPhraseOnly) {
     // Unlike its heading it does not begin with a blank.
-    AppendPhraseCell(phrase.Text, phrase.Characters, true, out);
+    AppendPhraseCell(phrase.Text, true, out);
     out += format_.LineEnd;
     return;
   }
@@ -194,7 +194,7 @@ void LineBuilder::AppendPhrase(const ListedPhrase& phrase, std::string& out) {
   AppendColumns(noPaths ? Columns{Column::Phrase} : columns_, out, [&](Column column, bool last) {
     switch (column) {
       case Column::Phrase:
-        return AppendPhraseCell(phrase.Text, phrase.Characters, last, out);
+        return AppendPhraseCell(phrase.Text, last, out);
       case Column::Rank:
         return AppendRank(phrase.Rank, out);
       case Column::Frequency:

@@ -52,7 +52,6 @@ ColumnWidths ComputeColumnWidths(const LineFormat& format);
 /// One phrase to be listed.
 struct ListedPhrase {
   std::string_view Text;  ///< Words joined by single blanks.
-  int Characters = 0;     ///< Of `Text`.
   uint32_t Rank = 0;
   uint32_t Count = 0;
   uint32_t FileCount = 0;                          ///< Folder runs.
@@ -83,7 +82,7 @@ class LineBuilder {
   /// Calls appendCell(column, isLast) for each column and puts what belongs between them.
   template <typename AppendCell>
   void AppendColumns(const Columns& columns, std::string& out, AppendCell&& appendCell) const;
-  void AppendPhraseCell(std::string_view text, int characters, bool last, std::string& out) const;
+  void AppendPhraseCell(std::string_view text, bool last, std::string& out) const;
   void AppendRightAligned(std::string_view text, int characters, int width, std::string& out) const;
   void AppendRank(uint32_t rank, std::string& out) const;
   void AppendFrequencyCell(uint32_t count, std::string& out);

@@ -131,10 +131,8 @@ class Listing {
 
  private:
   void AppendLine(PhraseIndex i) {
-    ListedPhrase phrase{.Text = text_,
-                        .Characters = report_.Table.Characters(i),
-                        .Rank = report_.Table.ChainPosition(i),
-                        .Count = report_.Table.Count(i)};
+    ListedPhrase phrase{
+        .Text = text_, .Rank = report_.Table.ChainPosition(i), .Count = report_.Table.Count(i)};
     if (!perFile_) return lines_.AppendPhrase(phrase, pending_);
     const FileTallies files = report_.Table.Files(i);
     phrase.FileCount = files.FileCount();

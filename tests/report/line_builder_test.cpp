@@ -22,8 +22,8 @@ LineFormat Format(int displayFormat, Layout layout) {
 constexpr Tally kFirst[] = {{1, 6}, {2, 3}};
 constexpr Tally kSecond[] = {{2, 2}};
 const ListedPhrase kPhrases[] = {
-    {.Text = "one two", .Characters = 7, .Rank = 1, .Count = 9, .FileCount = 2, .Files = kFirst},
-    {.Text = "café is on", .Characters = 10, .Rank = 2, .Count = 2, .FileCount = 1, .Files = kSecond},
+    {.Text = "one two", .Rank = 1, .Count = 9, .FileCount = 2, .Files = kFirst},
+    {.Text = "café is on", .Rank = 2, .Count = 2, .FileCount = 1, .Files = kSecond},
 };
 
 std::string Lines(const LineFormat& format) {
@@ -198,7 +198,7 @@ TEST(LineBuilder, FileFrequencyIsSinglePrecision) {
   format.FilesScanned = 80;
   LineBuilder builder(format);
   std::string text;
-  builder.AppendPhrase({.Text = "a", .Characters = 1, .Count = 3, .FileCount = 3}, text);
+  builder.AppendPhrase({.Text = "a", .Count = 3, .FileCount = 3}, text);
   EXPECT_EQ(text, "a\t3\t0.038\t3\r\n");
 }
 
@@ -208,7 +208,7 @@ TEST(LineBuilder, OneThirdIsThirtyThreePointThreeThreePercent) {
   format.TotalOccurrences = 3;
   LineBuilder builder(format);
   std::string text;
-  builder.AppendPhrase({.Text = "a b", .Characters = 3, .Count = 1}, text);
+  builder.AppendPhrase({.Text = "a b", .Count = 1}, text);
   EXPECT_EQ(text, "a b\t33.33%\r\n");
 }
 
@@ -225,8 +225,7 @@ TEST(LineBuilder, NumbersFollowTheLocale) {
 TEST(LineBuilder, FormatNineHasNoCommaAfterTheLastOfThree) {
   LineBuilder builder(Format(9, Layout::Tabs));
   std::string text;
-  for (const char* phrase : {"a b", "c d", "e f"})
-    builder.AppendPhrase({.Text = phrase, .Characters = 3}, text);
+  for (const char* phrase : {"a b", "c d", "e f"}) builder.AppendPhrase({.Text = phrase}, text);
   builder.AppendEnd(text);
   EXPECT_EQ(text, "a b, c d, e f\r\n");
 }
@@ -241,8 +240,8 @@ TEST(LineBuilder, FormatNineWithoutPhrasesHasNoLine) {
 
 TEST(LineBuilder, PhraseWithoutFilesEndsItsLine) {
   std::string text;
-  LineBuilder(Format(11, Layout::Columns)).AppendPhrase({.Text = "a b", .Characters = 3}, text);
-  LineBuilder(Format(11, Layout::Tabs)).AppendPhrase({.Text = "a b", .Characters = 3}, text);
+  LineBuilder(Format(11, Layout::Columns)).AppendPhrase({.Text = "a b"}, text);
+  LineBuilder(Format(11, Layout::Tabs)).AppendPhrase({.Text = "a b"}, text);
   EXPECT_EQ(text, " a b\r\na b\t\r\n");
 }
 
