@@ -11,4 +11,9 @@ class Clock {
   virtual std::chrono::steady_clock::time_point Now() const = 0;
 };
 
+class SystemClock final : public Clock {
+ public:
+  std::chrono::steady_clock::time_point Now() const override { return std::chrono::steady_clock::now(); }
+};
+
 }  // namespace korv

@@ -1,0 +1,302 @@
+#include "app/source_reading.h"
+
+#include <utility>
+
+#include "platform/utf8.h"
+#include "report/error_text.h"
+#include "sources/docx.h"
+#include "sources/folder_walk.h"
+#include "sources/line_scanner.h"
+#include "sources/source_checks.h"
+#include "sources/text_file_check.h"
+#include "wordlists/comment_markers_ok.h"
+
+namespace korv {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kProductWord = "Korv";
+constexpr std::string_view kSignature = "\xEF\xBB\xBF";
+/// Shorter files are read before a progress display could be seen.
+constexpr uint64_t kProgressFromBytes = 10241;
+constexpr size_t kStreamBlock = size_t{1} << 18;
+constexpr size_t kMostBytesOfCharacter = 4;
+
+CommentMarkers MarkersOf(const fs::path& path) {
+  CommentMarkers markers;
+  SetMarkupLanguageFromExtension(markers, FileExtension(PathToText(path), true));
+  return markers;
+}
+
+void ShowFileError(Messages& messages, const FileError& error) {
+  messages.Show({.text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.fault), error.description),
+                 .title = "Error",
+                 .icon = Icon::Critical});
+}
+
+/// Well-formed, save that a text cut off by a stop may end inside a character.
+bool IsWellFormed(std::string_view bytes, bool cutOff) {
+  for (size_t at = 0; at < bytes.size();) {
+    const Utf8Sequence sequence = Utf8SequenceAt(bytes, at);
+    if (sequence.kind == Utf8Kind::IllFormed) return false;
+    if (sequence.kind == Utf8Kind::CutOff) return cutOff;
+    at += sequence.length;
+  }
+  return true;
+}
+
+/// The beginning of a text as UTF-8, long enough for the look at its first characters.
+std::string Beginning(std::string_view bytes, TextEncoding encoding) {
+  std::string buffer;
+  if (encoding == TextEncoding::Ansi)
+    return std::string(DecodeText(bytes.substr(0, kLookedAtCharacters), encoding, buffer));
+  return MendedUtf8(bytes.substr(0, kLookedAtCharacters * kMostBytesOfCharacter));
+}
+
+}  // namespace
+
+SourceReading::SourceReading(const RunRequest& request, const WordRules& rules, const RunServices& services,
+                             CountedRun& run, WordStream& stream)
+    : request_(request), rules_(rules), services_(services), run_(run), stream_(stream) {}
+
+RunEnd SourceReading::DoItFromClipboard() {
+  std::string text = request_.ClipboardText;
+  TextEncoding encoding = TextEncoding::Utf8;
+  if (request_.Stream) {
+    auto bytes = WholeStream();
+    if (!bytes) {
+      ShowFileError(services_.Messages, bytes.Error());
+      return RunEnd::Refused;
+    }
+    text = std::move(*bytes);
+    if (text.starts_with(kSignature)) text.erase(0, kSignature.size());
+    encoding = EncodingOfStream(text);
+    if (!CheckNaturalLanguage(Beginning(text, encoding), services_.Messages, kLookedAtCharacters))
+      return RunEnd::Refused;
+  } else if (!CheckClipboardText(text, services_.Messages, services_.Numbers) ||
+             !CheckNaturalLanguage(text, services_.Messages)) {
+    return RunEnd::Refused;
+  }
+  services_.View.Status("Now counting phrases on the clipboard");
+  stream_.BeginSource({});
+  services_.Progress.BytesTotal = text.size();
+  TextReader reader(std::move(text), nullptr, encoding, LongLines::InPieces);
+  FeedLines(reader, {});
+  return RunEnd::Counted;
+}
+
+Expected<std::string, FileError> SourceReading::WholeStream() {
+  std::string bytes;
+  while (!Stopped()) {
+    const size_t before = bytes.size();
+    bytes.resize(before + kStreamBlock);
+    const auto read = request_.Stream->Read({bytes.data() + before, kStreamBlock});
+    if (!read) return read.Error();
+    bytes.resize(before + *read);
+    if (*read == 0) break;
+    services_.Progress.BytesRead = bytes.size();
+    services_.Yielder.YieldNow();
+  }
+  return bytes;
+}
+
+TextEncoding SourceReading::EncodingOfStream(std::string_view bytes) const {
+  switch (request_.StreamEncoding) {
+    case EncodingChoice::Utf8:
+      return TextEncoding::Utf8;
+    case EncodingChoice::Ansi:
+      return TextEncoding::Ansi;
+    case EncodingChoice::Auto:
+      break;
+  }
+  return IsWellFormed(bytes, Stopped()) ? TextEncoding::Utf8 : TextEncoding::Ansi;
+}
+
+RunEnd SourceReading::DoItFromFile() {
+  const std::string& input = run_.Facts.InputPath;
+  const InputFileCode code = ValidateInputFile(services_.Files, input, run_.OutputPath);
+  if (code != InputFileCode::Valid) {
+    services_.View.Sizes("", "");
+    if (code == InputFileCode::InvalidSpecification) services_.View.InputFile("");
+    ShowInputFileError(services_.Messages, code, input);
+    return RunEnd::Refused;
+  }
+  if (!ConfirmLargeInput()) {
+    services_.View.Sizes("", "");
+    return RunEnd::Abandoned;
+  }
+  const fs::path path = PathFromText(input);
+  if (!CommentMarkersAreSafe(MarkersOf(path))) return RunEnd::Refused;
+  services_.View.Status("Now counting phrases in\r\n\r\n" + input);
+  if (ReadFile(path, Kind::Single)) return RunEnd::Counted;
+  services_.View.Sizes("", "");
+  services_.View.ClearOutput();
+  return RunEnd::Refused;
+}
+
+bool SourceReading::ConfirmLargeInput() {
+  if (!run_.OutputPath.empty()) return true;
+  const auto size = services_.Files.FileSize(PathFromText(run_.Facts.InputPath));
+  if (!size || *size < kLargeInputBytes) return true;
+  switch (AskLargeInput(services_.Messages)) {
+    case Answer::Cancel:
+      return false;
+    case Answer::Yes:
+      run_.OutputPath = services_.View.ChooseOutputFile().value_or("");
+      return true;
+    default:
+      return true;
+  }
+}
+
+RunEnd SourceReading::DoItFromFolder() {
+  const std::string& folderText = run_.Facts.InputPath;
+  if (!ValidatePatterns(request_.Selection, services_.Messages) ||
+      !ValidateFolder(services_.Files, services_.Messages, folderText, run_.OutputPath,
+                      request_.IncludeSubfolders))
+    return RunEnd::Refused;
+
+  const fs::path folder = PathFromText(folderText);
+  RunView& view = services_.View;
+  RunProgress& progress = services_.Progress;
+  FolderWalk walk(services_.Files, services_.Yielder, request_.Selection, request_.IncludeSubfolders);
+  FolderEvents events;
+  events.Say = [&](const std::string& text) { view.Status(text); };
+  events.Unreadable = [&](const fs::path& path, const FileError& error) {
+    view.Notice(UnreadableFolderText(path, error));
+  };
+
+  // One file in a language with comments is enough to ask for safe markers.
+  CommentMarkers withComments;
+  events.Wanted = [&](const fs::path& path) {
+    ++progress.FilesTotal;
+    if (const CommentMarkers markers = MarkersOf(path); markers.Language == "C" || markers.Language == "PHP")
+      withComments = markers;
+  };
+  progress.CountingFiles = true;
+  const FolderTotals found = walk.ProcessFolder(folder, WalkMode::Counting, events);
+  progress.CountingFiles = false;
+  if (found.Stopped) return RunEnd::Stopped;
+  progress.FilesTotal = found.Files;
+  view.Status(WillBeScannedText(found.Files, services_.Numbers));
+  if (found.Files == 0) {
+    const std::string pattern = JoinPatterns(request_.Selection.Patterns);
+    services_.Messages.Show({.text = "No scanable files " +
+                                     (pattern.empty() ? "" : "as specified " + pattern + " ") +
+                                     "were found in this folder" +
+                                     (request_.IncludeSubfolders ? " or in its subfolders" : "") + ".",
+                             .title = "No files found",
+                             .icon = Icon::Information});
+    return RunEnd::Refused;
+  }
+  if (found.Files > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput) {
+    ShowMultipleFilesNeedOutput(services_.Messages);
+    return RunEnd::Refused;
+  }
+  if (!CommentMarkersAreSafe(withComments)) return RunEnd::Refused;
+
+  services_.Encodings.BeginFolderRun();
+  events.Wanted = [&](const fs::path& path) {
+    view.InputFile(PathToText(path));
+    if (ReadFile(path, Kind::OneOfMany)) ++run_.Facts.FilesScanned;
+    ++progress.FilesRead;
+  };
+  const FolderTotals read = walk.ProcessFolder(folder, WalkMode::Reading, events);
+  services_.Encodings.EndFolderRun();
+  run_.Facts.FoldersScanned = read.Folders;
+  return RunEnd::Counted;
+}
+
+bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
+  OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
+  const uint64_t size = opened.File ? opened.File->Size() : 0;
+  services_.View.Sizes(opened.File ? FileSizeLabel(size, services_.Numbers) : "", "");
+  if (opened.IsDocx) return ReadDocx(path, opened, kind);
+  if (!IsReadableText(opened.Facts.Code)) return Refuse(path, opened, kind);
+
+  const CommentMarkers markers = MarkersOf(path);
+  const TextEncoding encoding =
+      services_.Encodings.Choose(opened.Facts, PathToText(path), services_.Messages);
+  const bool isUtf8 = encoding == TextEncoding::Utf8;
+  services_.View.FileKind(FileKindWhileReading(isUtf8));
+  if (kind == Kind::Single) {
+    run_.FileKind = FileKindAfterRun(isUtf8, opened.Facts.Code);
+    services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
+  }
+  stream_.BeginSource(path);
+  // Mark-up is cleaned line by line, so that it needs its lines whole.
+  const bool plain = markers.intNumCommentMarkers == 0 && !markers.blnCharacterEntitiesPossible;
+  TextReader reader(std::move(opened.Head), opened.File.get(), encoding,
+                    plain ? LongLines::InPieces : LongLines::Whole);
+  FeedLines(reader, markers);
+  const std::optional<FileError> error = reader.Error();
+  if (!error) return true;
+  if (kind == Kind::Single) {
+    ShowFileError(services_.Messages, *error);
+    return false;
+  }
+  services_.View.Notice("File " + PathToText(path) + " was read only in part (" + error->description + ").");
+  return true;
+}
+
+bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
+  const std::string shown = PathToText(path);
+  std::string text;
+  // In a folder run nobody wants to be asked about each large document.
+  const int32_t result = korv::ReadDocx({services_.Files, services_.Messages, services_.Yielder}, path,
+                                        std::move(opened.File), kProductWord, kind == Kind::Single, text,
+                                        [&](const std::string& bar) { services_.View.TextProgress(bar); });
+  if (result < 0) {
+    const Message message =
+        kind == Kind::Single ? DocxRefusal(result, shown) : DocxFolderRefusal(result, shown);
+    if (!message.text.empty()) services_.Messages.Show(message);
+    return kind == Kind::Single ? false : Skip(path, DocxSkipReason(result));
+  }
+  services_.View.Sizes(
+      FileSizeLabel(services_.Files.FileSize(path) ? *services_.Files.FileSize(path) : 0, services_.Numbers),
+      TextSizeLabel(text.size(), services_.Numbers));
+  if (request_.ExtractTextFromDocx) KeepExtractedText(path, text);
+  stream_.BeginSource(path);
+  TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::InPieces);
+  FeedLines(reader, {});
+  return true;
+}
+
+void SourceReading::KeepExtractedText(const fs::path& path, std::string_view text) {
+  if (const auto error = WriteExtractedText(services_.Files, path, text))
+    ShowFileError(services_.Messages, *error);
+}
+
+bool SourceReading::Refuse(const fs::path& path, const OpenedText& opened, Kind kind) {
+  if (kind == Kind::OneOfMany) return Skip(path, SkipReason(opened.Facts.Code));
+  const auto size = services_.Files.FileSize(path);
+  services_.Messages.Show(
+      SingleFileRefusal(PathToText(path), opened.Facts, size ? *size : 0, services_.Numbers));
+  return false;
+}
+
+bool SourceReading::Skip(const fs::path& path, std::string_view reason) {
+  run_.Facts.SkippedFiles.push_back({PathToText(path), std::string(reason)});
+  return false;
+}
+
+void SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers) {
+  LineScanner<WordStream> scanner(rules_, markers, stream_);
+  scanner.BeginSource();
+  RunProgress& progress = services_.Progress;
+  while (!Stopped() && reader.NextLine()) {
+    scanner.ScanLine(reader.Line(), reader.StartsLine());
+    progress.BytesRead = reader.BytesRead();
+    progress.Words = stream_.WordsTaken();
+    services_.Yielder.Yield();
+  }
+}
+
+bool SourceReading::CommentMarkersAreSafe(const CommentMarkers& markers) const {
+  if (markers.Language != "C" && markers.Language != "PHP") return true;
+  return CommentMarkersOK(rules_, services_.Messages);
+}
+
+}  // namespace korv

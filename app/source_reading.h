@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "app/run.h"
+#include "engine/word_stream.h"
+#include "sources/classification.h"
+#include "sources/comment_markers.h"
+#include "sources/text_reader.h"
+
+namespace korv {
+
+/// Feeds the texts of a run's source to its stream. One object per run; every way of reading ends soon
+/// after a stop, with what has been read until then.
+class SourceReading {
+ public:
+  /// `rules` has its AllowedExtraChars. Everything must outlive the object.
+  SourceReading(const RunRequest& request, const WordRules& rules, const RunServices& services,
+                CountedRun& run, WordStream& stream);
+
+  /// The clipboard's text, or the stream that takes its place. Counted or Refused.
+  RunEnd DoItFromClipboard();
+  /// A single file, from its checks on. Counted, Refused or Abandoned.
+  RunEnd DoItFromFile();
+  /// The wanted files of a folder. Counted, Refused, or Stopped while they were still being counted.
+  RunEnd DoItFromFolder();
+
+ private:
+  enum class Kind { Single, OneOfMany };
+
+  bool Stopped() const { return services_.Yielder.Stopped(); }
+  bool ConfirmLargeInput();
+  /// False when it was not read, after telling why.
+  bool ReadFile(const std::filesystem::path& path, Kind kind);
+  bool ReadDocx(const std::filesystem::path& path, OpenedText& opened, Kind kind);
+  bool Refuse(const std::filesystem::path& path, const OpenedText& opened, Kind kind);
+  bool Skip(const std::filesystem::path& path, std::string_view reason);
+  void FeedLines(TextReader& reader, const CommentMarkers& markers);
+  void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
+  bool CommentMarkersAreSafe(const CommentMarkers& markers) const;
+  Expected<std::string, FileError> WholeStream();
+  TextEncoding EncodingOfStream(std::string_view bytes) const;
+
+  const RunRequest& request_;
+  const WordRules& rules_;
+  const RunServices& services_;
+  CountedRun& run_;
+  WordStream& stream_;
+};
+
+}  // namespace korv
