@@ -130,6 +130,8 @@ struct ZipMember::State {
   FileSource source;
   std::unique_ptr<zip_t, Free> archive;
   std::unique_ptr<zip_file_t, Free> member;
+  uint64_t claimedSize = 0;
+  uint64_t unpacked = 0;
 };
 
 ZipMember::ZipMember(std::unique_ptr<State> state) : state_(std::move(state)) {}
@@ -140,6 +142,10 @@ ZipMember& ZipMember::operator=(ZipMember&&) noexcept = default;
 Expected<size_t, ZipError> ZipMember::Read(std::span<char> buffer) {
   const zip_int64_t got = zip_fread(state_->member.get(), buffer.data(), buffer.size());
   if (got < 0) return ErrorOf(zip_file_get_error(state_->member.get()));
+  state_->unpacked += static_cast<uint64_t>(got);
+  // The library checks the sum of what it unpacks, not the size.
+  if (got == 0 && !buffer.empty() && state_->unpacked != state_->claimedSize)
+    return ZipError{ZipFault::Damaged, "The size is not the one that the archive names"};
   return static_cast<size_t>(got);
 }
 
@@ -161,7 +167,12 @@ Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile> archive, 
 
   const zip_int64_t index = zip_name_locate(state->archive.get(), name.c_str(), ZIP_FL_ENC_RAW);
   if (index < 0) return ErrorOf(zip_get_error(state->archive.get()));
-  state->member.reset(zip_fopen_index(state->archive.get(), static_cast<zip_uint64_t>(index), 0));
+  const auto member = static_cast<zip_uint64_t>(index);
+  zip_stat_t facts;
+  if (zip_stat_index(state->archive.get(), member, 0, &facts) != 0)
+    return ErrorOf(zip_get_error(state->archive.get()));
+  state->claimedSize = facts.size;
+  state->member.reset(zip_fopen_index(state->archive.get(), member, 0));
   if (!state->member) return ErrorOf(zip_get_error(state->archive.get()));
   return ZipMember(std::move(state));
 }

@@ -1,0 +1,292 @@
+#include "sources/docx.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+#include "tests/sources/docx_builder.h"
+
+namespace korv {
+namespace {
+
+class DocxTest : public testing::Test {
+ protected:
+  ~DocxTest() override { EXPECT_TRUE(files.TemporaryIsClean()); }
+
+  int32_t Read(const std::string& path = "/in/x.docx") {
+    return ReadDocx(context, path, nullptr, "Korv", true, text);
+  }
+  int32_t ReadArchive(const std::string& archive) {
+    files.Add("/in/x.docx", archive);
+    return Read();
+  }
+
+  FakeFiles files;
+  FakeMessages messages;
+  NoYielder yielder;
+  DocxContext context{files, messages, yielder};
+  std::string text;
+};
+
+std::string XmlOfSize(size_t bytes) {
+  std::string xml = Paragraphs({"the first words"});
+  xml.append(bytes - xml.size(), ' ');
+  return xml;
+}
+
+TEST_F(DocxTest, GivesTheTextAndTheSizeOfTheXml) {
+  const std::string xml = Paragraphs({"some words", "more words"});
+  EXPECT_EQ(ReadArchive(BuildDocx(xml)), static_cast<int32_t>(xml.size()));
+  EXPECT_EQ(text, "some words\r\nmore words\r\n");
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(DocxTest, ReadsStoredMembersToo) {
+  EXPECT_GT(ReadArchive(BuildArchive({{"word/document.xml", Paragraphs({"stored"}), false}})), 0);
+  EXPECT_EQ(text, "stored\r\n");
+}
+
+TEST_F(DocxTest, TakesAFileThatIsOpenAlready) {
+  files.Add("/in/x.docx", BuildDocx(Paragraphs({"some words"})));
+  auto file = files.OpenForReading("/in/x.docx");
+  ASSERT_TRUE(file);
+  char head[100];
+  ASSERT_TRUE((*file)->Read(head));
+  EXPECT_GT(ReadDocx(context, "/in/x.docx", std::move(*file), "Korv", true, text), 0);
+  EXPECT_EQ(text, "some words\r\n");
+  EXPECT_EQ(files.Openings(), 2) << "the archive once, the unpacked part once";
+}
+
+TEST_F(DocxTest, AnEmptyMainPartIsADocumentWithoutText) {
+  EXPECT_EQ(ReadArchive(BuildDocx("")), 0);
+  EXPECT_EQ(text, "");
+}
+
+TEST_F(DocxTest, ABrokenChecksumIsTold) {
+  std::string archive = BuildDocx(Paragraphs({"some words"}));
+  PatchChecksum(archive, 0x12345678);
+  EXPECT_EQ(ReadArchive(archive), kDocxBadChecksum);
+  EXPECT_EQ(text, "");
+}
+
+TEST_F(DocxTest, ABrokenChecksumIsToldOfStoredMembersToo) {
+  std::string archive = BuildArchive({{"word/document.xml", Paragraphs({"stored words"}), false}});
+  archive[archive.find("stored words")] = 'S';
+  EXPECT_EQ(ReadArchive(archive), kDocxBadChecksum);
+}
+
+TEST_F(DocxTest, WhatIsNoReadableDocumentIsNotUnpacked) {
+  const std::string fine = BuildDocx(Paragraphs({"some words and more of them"}));
+  std::string method = fine;
+  PatchMethod(method, 97);
+  std::string packed = fine;
+  packed[packed.find("word/document.xml") + 30] = '\x55';
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"no archive", "PK, but this is just text after all"},
+      {"no such member", BuildArchive({{"word/styles.xml", "<x/>"}})},
+      {"another folder's member", BuildArchive({{"../word/document.xml", Paragraphs({"x"})},
+                                                {"/word/document.xml", Paragraphs({"x"})},
+                                                {"word/document.xml/../../x", Paragraphs({"x"})}})},
+      {"encrypted", BuildEncryptedDocx(Paragraphs({"some words"}))},
+      {"an unknown method", method},
+      {"cut off after the first member", fine.substr(0, fine.size() / 2)},
+      {"cut off in the directory", fine.substr(0, fine.size() - 10)},
+  };
+  for (const auto& [about, archive] : cases) {
+    EXPECT_EQ(ReadArchive(archive), kDocxNotUnpacked) << about;
+    EXPECT_TRUE(files.TemporaryIsClean()) << about;
+  }
+  EXPECT_LT(ReadArchive(packed), 0) << "damaged data";
+}
+
+TEST_F(DocxTest, AMissingFileOrAFolderIsNotUnpacked) {
+  files.AddFolder("/in/folder.docx");
+  EXPECT_EQ(Read("/in/missing.docx"), kDocxNotUnpacked);
+  EXPECT_EQ(Read("/in/folder.docx"), kDocxNotUnpacked);
+}
+
+TEST_F(DocxTest, EveryTruncationIsRefusedOrRead) {
+  const std::string fine = BuildDocx(Paragraphs({"some words"}));
+  for (size_t length = 0; length < fine.size(); ++length)
+    EXPECT_LT(ReadArchive(fine.substr(0, length)), 0) << length;
+}
+
+TEST_F(DocxTest, EveryChangedByteIsRefusedOrRead) {
+  const std::string fine = BuildDocx(Paragraphs({"some words"}));
+  for (size_t at = 0; at < fine.size(); ++at) {
+    for (const int change : {0x01, 0x80, 0xFF}) {
+      std::string changed = fine;
+      changed[at] = static_cast<char>(changed[at] ^ change);
+      if (ReadArchive(changed) >= 0) {
+        EXPECT_EQ(text, "some words\r\n") << at;
+      }
+      ASSERT_TRUE(files.TemporaryIsClean());
+    }
+  }
+}
+
+TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
+  files.Add("/in/x.docx", BuildDocx(XmlOfSize(15 << 20)));
+  EXPECT_EQ(Read(), kDocxDeclined) << "No is the default";
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[0].text,
+            "/in/x.docx\r\nis rather large.  It may take awhile to scan.\r\nDo you wish to continue?");
+  EXPECT_EQ(messages.shown[0].title, "Big file");
+  EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
+  EXPECT_EQ(messages.shown[1].text,
+            "You could try saving it as a text file\r\nand applying this program to that text file.");
+  EXPECT_EQ(messages.shown[1].title, "Big file");
+
+  messages.Forget();
+  messages.WillAnswer(Question::LargeDocx, Answer::Yes);
+  EXPECT_EQ(Read(), 15 << 20);
+  EXPECT_EQ(text, "the first words\r\n");
+  EXPECT_EQ(messages.shown.size(), 1U);
+
+  messages.Forget();
+  EXPECT_EQ(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text), 15 << 20);
+  EXPECT_TRUE(messages.shown.empty()) << "nothing is asked where it is not wanted";
+}
+
+TEST_F(DocxTest, ExactlyTheLimitsAreStillWithinThem) {
+  EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kLargeDocxBytes))), kLargeDocxBytes);
+  EXPECT_TRUE(messages.shown.empty());
+  messages.WillAnswer(Question::LargeDocx, Answer::Yes);
+  EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kLargeDocxBytes + 1))), kLargeDocxBytes + 1);
+  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kMostDocxBytes))), kMostDocxBytes);
+  EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kMostDocxBytes + 1))), kDocxTooLarge);
+}
+
+TEST_F(DocxTest, ALargeDocumentIsRefusedHoweverSmallItsArchive) {
+  const std::string archive = BuildDocx(XmlOfSize(25 << 20));
+  EXPECT_LT(archive.size(), 1U << 20);
+  EXPECT_EQ(ReadArchive(archive), kDocxTooLarge);
+}
+
+TEST_F(DocxTest, ALyingSizeDoesNotDefeatTheLimit) {
+  std::string archive = BuildDocx(XmlOfSize(25 << 20));
+  PatchSize(archive, 1000);
+  EXPECT_EQ(ReadArchive(archive), kDocxTooLarge);
+}
+
+TEST_F(DocxTest, ALyingSizeOfASmallDocumentIsDamage) {
+  for (const uint32_t size : {10U, 30U << 20}) {
+    std::string archive = BuildDocx(Paragraphs({"some words"}));
+    PatchSize(archive, size);
+    EXPECT_EQ(ReadArchive(archive), kDocxNotUnpacked) << size;
+  }
+}
+
+TEST_F(DocxTest, WithoutATemporaryFolderSaysSo) {
+  files.Add("/in/x.docx", BuildDocx(Paragraphs({"some words"})));
+  files.Refuse("/tmp", FileFault::NoSpace);
+  EXPECT_EQ(Read(), kDocxNoTemporaryFolder);
+  EXPECT_EQ(messages.Only().text, "Cannot create temporary folder.");
+  EXPECT_EQ(messages.Only().title, "Error");
+  EXPECT_EQ(messages.Only().icon, Icon::Critical);
+}
+
+TEST_F(DocxTest, AnyFailingCallLeavesNothingBehindButWhatCannotBeRemoved) {
+  const std::string archive = BuildDocx(Paragraphs({"some words"}));
+  for (int call = 1;; ++call) {
+    FakeFiles disk;
+    FakeMessages shown;
+    disk.Add("/in/x.docx", archive);
+    disk.FailCall(call);
+    const int32_t result = ReadDocx({disk, shown, yielder}, "/in/x.docx", nullptr, "Korv", true, text);
+    if (!disk.FailureHappened()) {
+      EXPECT_GT(result, 0);
+      break;
+    }
+    const bool removalFailed =
+        !shown.shown.empty() && shown.shown[0].text.find("when attempting to delete") != std::string::npos;
+    EXPECT_TRUE(removalFailed || result < 0) << "call " << call;
+    EXPECT_TRUE(removalFailed || disk.TemporaryIsClean()) << "call " << call;
+    EXPECT_EQ(disk.Content("/in/x.docx"), archive);
+    ASSERT_LT(call, 100);
+  }
+}
+
+TEST_F(DocxTest, FailuresToCleanUpAreShown) {
+  FakeFiles disk;
+  disk.Add("/t/word/document.xml", "x");
+  disk.Refuse("/t/word/document.xml", FileFault::PermissionDenied);
+  RemoveDocxTempFiles(disk, messages, "/t");
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[0].text, "Error when attempting to delete /t/word/document.xml");
+  EXPECT_EQ(messages.shown[0].title, "Error");
+  EXPECT_EQ(messages.shown[1].text, "Input/output error when attempting to delete folder /t/word");
+  EXPECT_EQ(messages.shown[1].title, "Error");
+}
+
+TEST_F(DocxTest, TheExtractedTextLiesBesideTheDocument) {
+  EXPECT_EQ(ExtractedTextPath("/in/x.docx"), "/in/extracted_text/x.docx.txt");
+  files.AddFolder("/in");
+  for (int k = 0; k < 2; ++k) {
+    EXPECT_FALSE(WriteExtractedText(files, "/in/x.docx", "caf\xC3\xA9\r\n"));
+    EXPECT_EQ(files.Content("/in/extracted_text/x.docx.txt"),
+              "\xEF\xBB\xBF"
+              "caf\xC3\xA9\r\n");
+  }
+}
+
+TEST_F(DocxTest, AFailingExtractedTextIsReported) {
+  for (int call = 1;; ++call) {
+    FakeFiles disk;
+    disk.AddFolder("/in");
+    disk.FailCall(call, FileFault::NoSpace);
+    const auto fault = WriteExtractedText(disk, "/in/x.docx", "words");
+    if (!disk.FailureHappened()) break;
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->fault, FileFault::NoSpace);
+    EXPECT_FALSE(disk.Content("/in/extracted_text/x.docx.txt"));
+  }
+}
+
+TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
+  struct Row {
+    int32_t fault;
+    const char* title;
+    const char* text;
+    Icon icon;
+  };
+  for (const Row& row :
+       {Row{kDocxNoTemporaryFolder, "Error", "Unable to create temporary folder.", Icon::Exclamation},
+        Row{kDocxBadChecksum, "Error", "/a.docx\r\nInvalid checksum found when processing",
+            Icon::Exclamation},
+        Row{kDocxTooLarge, "File too big",
+            "/a.docx\r\nis too large (more than 20 Mb) to be scanned directly.\r\n\r\n"
+            "You might be able to save it as a text file\r\nand apply this program to that file.",
+            Icon::Information},
+        Row{kDocxDeclined, "", "", Icon::None},
+        Row{kDocxNotUnpacked, "Error", "/a.docx\r\nis not a readable .docx file.", Icon::Exclamation}}) {
+    const Message message = DocxRefusal(row.fault, "/a.docx");
+    EXPECT_EQ(message.text, row.text);
+    EXPECT_EQ(message.title, row.title);
+    EXPECT_EQ(message.icon, row.icon);
+  }
+}
+
+TEST_F(DocxTest, HasTheWordsOfAFolderRun) {
+  for (const int32_t fault : {kDocxNoTemporaryFolder, kDocxBadChecksum, kDocxTooLarge, kDocxNotUnpacked}) {
+    const Message message = DocxFolderRefusal(fault, "/in/a.docx");
+    EXPECT_TRUE(message.text.ends_with(" when processing a.docx")) << message.text;
+    EXPECT_EQ(message.title, "Error");
+  }
+  EXPECT_EQ(DocxFolderRefusal(kDocxDeclined, "/in/a.docx").text, "");
+  EXPECT_EQ(DocxSkipReason(kDocxBadChecksum), "has an invalid checksum");
+  EXPECT_EQ(DocxSkipReason(kDocxTooLarge), "is too large");
+  EXPECT_EQ(DocxSkipReason(kDocxDeclined), "is too large");
+  EXPECT_EQ(DocxSkipReason(kDocxNotUnpacked), "is not a readable .docx file");
+  EXPECT_EQ(DocxSkipReason(kDocxNoTemporaryFolder), "is not a readable .docx file");
+}
+
+}  // namespace
+}  // namespace korv
