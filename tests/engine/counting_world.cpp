@@ -29,7 +29,8 @@ const std::vector<std::vector<std::string>>& Vocabularies() {
       {"a", "a-b", "a'b", "a.b", "ab", "(a)", "a_b", "a-", "b", "é", "z", "a1"},
       {"İt", "it", "IT", "Жук", "жук", "ὈΔΌΣ", "ὀδός", "ÿ", "Ÿ", "Þ", "þ", "Ð", "d"},
       {x33, y32, z49, w50, "a", "b", e16, std::string(70, 'm'), std::string(80, 'l')},
-      {"1", "12", "a1", "aaaa", "AAaa", "--", "a--b", "é", "ab", "abc", "Abc", "ÉéÉé", "1111a", "aaab"},
+      {"1", "12", "a1", "aaaa", "AAaa", "aa-aa", "aaa1a", "--", "a--b", "é", "ab", "abc", "Abc", "ÉéÉé",
+       "1111a", "aaab"},
       {"the", "cat", "sat", "on", "mat", "of", "year"},
   };
   return all;
