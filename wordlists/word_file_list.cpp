@@ -59,7 +59,8 @@ bool WordFileList::Add(std::string_view path, Messages& messages) {
                                                   return LowerText(known) < LowerText(added);
                                                 })
                              : paths_.begin();
-  selected_ = static_cast<int>(paths_.emplace(place, path) - paths_.begin());
+  const auto added = paths_.emplace(place, path);
+  selected_ = static_cast<int>(added - paths_.begin());
   return true;
 }
 

@@ -1,0 +1,321 @@
+#include "wordlists/read_words.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/wordlists/list_world.h"
+#include "wordlists/comment_stripper.h"
+#include "wordlists/gather_lists.h"
+
+namespace korv {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Words = std::vector<std::string>;
+
+TEST(ReadWords, TakesWordsAsTheTextThatIsCountedIsCut) {
+  struct FileCase {
+    const char* content;
+    Words words;
+  };
+  const FileCase cases[] = {
+      {"the\r\nand\r\nof\r\n", {"the", "and", "of"}},
+      {"the and, of; one-two\r\n", {"the", "and", "of", "one-two"}},
+      {"The THE the\r\n", {"the"}},
+      {"  the  \r\n\r\n\tand\r\n", {"the", "and"}},
+      // Short, letterless and repetitive words stay: those rules are for the text.
+      {"a b cc aaaaa\r\n", {"a", "b", "cc", "aaaaa"}},
+      {"~ing ?at c~t\r\n", {"~ing", "?at", "c~t"}},
+      {"<^ing$> dog\r\n", {"ing", "dog"}},
+      {"Tom's isn't don't\r\n", {"tom's", "isn't", "don", "t"}},
+      {"1984 word42\r\n", {"word"}},
+      {"zebra\napple\nmango\n", {"zebra", "apple", "mango"}},
+      {"one\rtwo\r", {"one", "two"}},
+      {"last line", {"last", "line"}},
+      {"\xEF\xBB\xBF"
+       "café ÉTÉ\n",
+       {"café", "été"}},
+  };
+  for (const FileCase& c : cases) {
+    ListWorld world;
+    EXPECT_EQ(world.Read(c.content).Words, c.words) << c.content;
+    EXPECT_TRUE(world.loaded) << c.content;
+  }
+}
+
+TEST(ReadWords, LeavesOutCommentsOfBothKinds) {
+  ListWorld world;
+  const WordList list = world.Read(
+      "// A list of words\r\n"
+      "the // and this is why\r\n"
+      "and /* not\r\n"
+      "these words\r\n"
+      "but */ of\r\n"
+      "one/*two*/three\r\n");
+  EXPECT_THAT(list.Words, ElementsAre("the", "and", "of", "one", "three"));
+}
+
+TEST(ReadWords, AFileOfBlankLinesGivesAnEmptyList) {
+  ListWorld world;
+  world.files.Add("/lists/l.txt", "\r\n   \r\n\r\n\t\r\n");
+  WordList list;
+  std::string label;
+  EXPECT_TRUE(
+      AttemptToReadWords(world.reading, "/lists/l.txt", ListKind::WordsToIgnore, world.rules, list, label));
+  EXPECT_THAT(list.Words, IsEmpty());
+  EXPECT_EQ(label, "0 words-to-ignore loaded");
+}
+
+TEST(ReadWords, SaysHowManyWordsAreLoaded) {
+  struct LabelCase {
+    const char* content;
+    ListKind kind;
+    const char* label;
+  };
+  const LabelCase cases[] = {
+      {"single\r\n", ListKind::WordsToIgnore, "One word-to-ignore loaded"},
+      {"one two three\r\n", ListKind::WordsToIgnore, "3 words-to-ignore loaded"},
+      {"single word\r\n", ListKind::CountOnly, "One count-only word loaded"},
+      {"one\r\ntwo\r\n", ListKind::CountOnly, "2 count-only words loaded"},
+  };
+  for (const LabelCase& c : cases) {
+    ListWorld world;
+    world.files.Add("/l.txt", c.content);
+    WordList list;
+    std::string label;
+    EXPECT_TRUE(AttemptToReadWords(world.reading, "/l.txt", c.kind, world.rules, list, label));
+    EXPECT_EQ(label, c.label);
+    EXPECT_EQ(list.Path, "/l.txt");
+    EXPECT_THAT(world.messages.shown, IsEmpty());
+  }
+}
+
+TEST(ReadWords, NotesWhetherAnyWordHoldsAWildcard) {
+  ListWorld world;
+  EXPECT_FALSE(world.Read("plain words\r\n").HasPatterns);
+  EXPECT_TRUE(world.Read("plain ~ing\r\n").HasPatterns);
+  EXPECT_TRUE(world.Read("plain ?at\r\n").HasPatterns);
+  EXPECT_FALSE(world.Read("<plain>\r\n").HasPatterns);
+  EXPECT_TRUE(world.Read("<plain>\r\n", ListKind::CountOnly).HasPatterns);
+}
+
+TEST(ReadWords, GoesByTheAllowedCharactersOfTheMoment) {
+  ListWorld world;
+  world.rules.AllowHyphens = false;
+  world.rules.AllowApostrophes = true;
+  world.rules.AllowNumerals = true;
+  EXPECT_THAT(world.Read("well-known don't word42\r\n").Words,
+              ElementsAre("well", "known", "don't", "word42"));
+  // A comment begins even where slashes may stand in words.
+  world.rules.AllowForwardslashes = true;
+  EXPECT_THAT(world.Read("and/or not//this\r\n").Words, ElementsAre("and/or", "not"));
+}
+
+TEST(ReadWords, SaysEveryTenWordsHowManyThereAre) {
+  ListWorld world;
+  std::string content;
+  for (char a = 'a'; a <= 'b'; ++a)
+    for (char b = 'a'; b <= 'l'; ++b) content += std::string{a, b, 'x'} + " again\r\n";
+  EXPECT_EQ(world.Read(content).Words.size(), 25u);
+  EXPECT_THAT(world.progress,
+              ElementsAre("Number of words read so far: 10", "Number of words read so far: 20"));
+}
+
+TEST(ReadWords, AMissingFileLeavesTheListInForce) {
+  ListWorld world;
+  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
+    WordList list{{"kept"}, false, "/old.txt"};
+    std::string label = "as it was";
+    world.messages.Forget();
+    EXPECT_FALSE(AttemptToReadWords(world.reading, "/none.txt", kind, world.rules, list, label));
+    EXPECT_EQ(world.messages.Only().title, "File not found");
+    EXPECT_EQ(world.messages.Only().text, kind == ListKind::WordsToIgnore
+                                              ? "File for words-to-ignore not found."
+                                              : "File for count-only words not found.");
+    EXPECT_THAT(list.Words, ElementsAre("kept"));
+    EXPECT_EQ(list.Path, "/old.txt");
+    EXPECT_EQ(label, "as it was");
+  }
+}
+
+TEST(ReadWords, RefusesWhatIsNoText) {
+  struct RefusalCase {
+    std::string content;
+    const char* title;
+  };
+  const RefusalCase cases[] = {
+      {"abc", "Fatal error"},
+      {"", "Fatal error"},
+      {"{\\rtf1 words}", "Fatal error"},
+      {"\xFF\xFEw\0o\0", "Fatal error"},
+      // One control byte is one too many.
+      {"words\x01words and more words", "Not a text file"},
+  };
+  for (const RefusalCase& c : cases) {
+    ListWorld world;
+    world.Read(c.content);
+    EXPECT_FALSE(world.loaded);
+    EXPECT_EQ(world.messages.Only().title, c.title) << c.content;
+  }
+}
+
+TEST(ReadWords, EveryFailureOfTheDiskIsReportedAndLeavesTheListInForce) {
+  for (int call = 1;; ++call) {
+    ListWorld world;
+    std::string content;
+    for (int i = 0; i < 20'000; ++i) content += "word\r\n";
+    world.files.Add("/l.txt", content);
+    world.files.FailCall(call);
+    WordList list{{"kept"}, false, "/old.txt"};
+    const bool loaded = ReadWords(world.reading, "/l.txt", ListKind::WordsToIgnore, world.rules, list);
+    if (!world.files.FailureHappened()) {
+      EXPECT_GT(call, 3);
+      EXPECT_TRUE(loaded);
+      break;
+    }
+    if (loaded) {
+      // The size of a file is asked for messages only.
+      EXPECT_THAT(list.Words, ElementsAre("word"));
+    } else {
+      EXPECT_EQ(world.messages.shown.size(), 1u) << call;
+      EXPECT_THAT(list.Words, ElementsAre("kept")) << call;
+    }
+  }
+}
+
+TEST(ReadWords, AFileThatBreaksOffWhileItIsReadIsReportedAsAnError) {
+  bool seen = false;
+  for (int call = 1; call < 40 && !seen; ++call) {
+    ListWorld world;
+    world.files.Add("/l.txt", std::string(100'000, 'w') + "\r\n");
+    world.files.FailCall(call);
+    WordList list;
+    if (ReadWords(world.reading, "/l.txt", ListKind::WordsToIgnore, world.rules, list)) continue;
+    seen = world.messages.Only().text.starts_with("At ReadWords error # 57.\r\nDescription: ");
+  }
+  EXPECT_TRUE(seen);
+}
+
+TEST(ReadWords, GoesByTheChosenEncoding) {
+  const std::string utf8 = "caf\xC3\xA9 words\r\n";
+  const std::string ansi = "caf\xE9 words\r\n";
+  {
+    ListWorld world;
+    EXPECT_THAT(world.Read(utf8).Words, ElementsAre("café", "words"));
+    EXPECT_EQ(world.messages.Only().title, "Text encoding");
+    EXPECT_THAT(world.Read(utf8).Words, ElementsAre("café", "words"));
+    EXPECT_EQ(world.messages.shown.size(), 1u) << "asked once per path";
+    EXPECT_THAT(world.Read(ansi).Words, ElementsAre("café", "words"));
+  }
+  {
+    ListWorld world;
+    world.messages.WillAnswer(Question::TextEncoding, Answer::No);
+    EXPECT_THAT(world.Read(utf8).Words, ElementsAre("cafã", "words"));
+  }
+  EXPECT_THAT(ListWorld(EncodingChoice::Ansi).Read(utf8).Words, ElementsAre("cafã", "words"));
+  EXPECT_THAT(ListWorld(EncodingChoice::Utf8).Read(ansi).Words, ElementsAre("caf", "words"));
+}
+
+TEST(ReadWords, CountOnlyFilesHoldOneEntryALine) {
+  ListWorld world;
+  const WordList list = world.Read(
+      "// entries\r\n"
+      "  Big hat  \r\n"
+      "cat, dog\r\n"
+      "<^A  b,c$>\r\n"
+      "\r\n"
+      "red/* and */nose\r\n"
+      "one /* two\r\n"
+      "three */ four // five\r\n"
+      "tab\tbed\r\n"
+      "Big hat\r\n",
+      ListKind::CountOnly);
+  EXPECT_THAT(list.Words,
+              ElementsAre("Big hat", "cat, dog", "<^A  b,c$>", "red nose", "one", "four", "tab bed"));
+}
+
+TEST(ReadWords, WarnsOfCountOnlyEntriesThatNoWordCanMatch) {
+  ListWorld world;
+  EXPECT_THAT(world.Read("cat\r\n~t <a.b> ?ed\r\nU.S. army\r\n", ListKind::CountOnly).Words.size(), 3u);
+  EXPECT_TRUE(world.loaded);
+  EXPECT_EQ(world.messages.Only().title, "Character not allowed");
+  EXPECT_EQ(world.messages.Only().text,
+            "The character '.' occurs in the count-only word\r\nU.S. army\r\n"
+            "but is not currently set as a character allowed in a word.");
+}
+
+TEST(CommentStripper, ReplacesEveryCommentByOneBlank) {
+  struct LineCase {
+    const char* line;
+    const char* stripped;
+  };
+  // In order: a comment goes on from line to line.
+  const LineCase cases[] = {
+      {"plain", "plain"}, {"a/*b*/c", "a c"}, {"a//b", "a "}, {"//", " "},
+      {"/**/", " "},      {"/*/", " "},       {"b", " "},     {"*/c", " c"},
+      {"a/*b//c", "a "},  {"*///d", "  "},    {"", ""},       {"a / b * c", "a / b * c"},
+  };
+  CommentStripper stripper;
+  for (const LineCase& c : cases) EXPECT_EQ(stripper.Strip(c.line), c.stripped) << c.line;
+}
+
+TEST(GatherLists, PutsFilesAndTypedTextTogether) {
+  ListWorld world;
+  world.files.Add("/i.txt", "the ~ing\r\n");
+  world.files.Add("/c.txt", "Big hat\r\ncat\r\n");
+  ListRequest request;
+  request.IgnoreFile = "/i.txt";
+  request.IgnoreWords = "Ibid <a b> viz";
+  request.PatternMatching = true;
+  request.CountOnlyFile = "/c.txt";
+  request.CountOnly = "dog, <x, y>";
+  world.rules.CaseSignificant = true;
+  const auto lists = GatherLists(request, world.rules, world.reading);
+  ASSERT_TRUE(lists.has_value());
+  EXPECT_THAT(lists->FileWordsToIgnore, ElementsAre("the", "~ing"));
+  EXPECT_THAT(lists->TypedWordsToIgnore, ElementsAre("Ibid", "<a b>", "viz"));
+  EXPECT_TRUE(lists->PatternMatchingInWordsToIgnoreFile);
+  EXPECT_THAT(lists->CountOnly, ElementsAre("Big hat", "cat", "dog", "<x, y>"));
+  EXPECT_TRUE(lists->CaseSignificant);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
+TEST(GatherLists, WithoutAnyListNothingIsInForce) {
+  ListWorld world;
+  const auto lists = GatherLists({}, world.rules, world.reading);
+  ASSERT_TRUE(lists.has_value());
+  EXPECT_FALSE(RunLists(*lists).HasWordsToIgnore());
+  EXPECT_FALSE(RunLists(*lists).HasCountOnly());
+}
+
+TEST(GatherLists, AMissingFileEndsIt) {
+  ListWorld world;
+  ListRequest request;
+  request.IgnoreFile = "/none.txt";
+  EXPECT_FALSE(GatherLists(request, world.rules, world.reading).has_value());
+  EXPECT_EQ(world.messages.Only().text, "File for words-to-ignore not found.");
+  world.messages.Forget();
+  request = {};
+  request.CountOnlyFile = "/none.txt";
+  EXPECT_FALSE(GatherLists(request, world.rules, world.reading).has_value());
+  EXPECT_EQ(world.messages.Only().text, "File for count-only words not found.");
+}
+
+TEST(GatherLists, TypedTextWithAFaultDrawsItsMessageAndIsUsedAsTyped) {
+  ListWorld world;
+  ListRequest request;
+  request.IgnoreWords = "U.S. the";
+  request.CountOnly = "cat,dog";
+  const auto lists = GatherLists(request, world.rules, world.reading);
+  ASSERT_TRUE(lists.has_value());
+  EXPECT_EQ(world.messages.shown.size(), 2u);
+  EXPECT_THAT(lists->TypedWordsToIgnore, ElementsAre("U.S.", "the"));
+  EXPECT_THAT(lists->CountOnly, ElementsAre("cat,dog"));
+}
+
+}  // namespace
+}  // namespace korv
