@@ -250,6 +250,29 @@ TEST_F(DocxTest, AFailingExtractedTextIsReported) {
   }
 }
 
+std::string ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file.is_open()) << path;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST_F(DocxTest, ReadsDocumentsOfAnotherProgram) {
+  for (const std::string name : {"market", "plain", "empty"}) {
+    const std::string base = KORV_TEST_DATA "/docx/" + name;
+    EXPECT_GT(ReadArchive(ReadFile(base + ".docx")), 0) << name;
+    EXPECT_EQ(text, ReadFile(base + ".txt")) << name;
+  }
+}
+
+TEST_F(DocxTest, ReadsThemFromTheRealDisk) {
+  const auto disk = MakeSystemFiles();
+  EXPECT_GT(
+      ReadDocx({*disk, messages, yielder}, KORV_TEST_DATA "/docx/plain.docx", nullptr, "Korv", true, text),
+      0);
+  EXPECT_EQ(text, ReadFile(KORV_TEST_DATA "/docx/plain.txt"));
+  EXPECT_TRUE(messages.shown.empty()) << "cleaning up failed";
+}
+
 TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
   struct Row {
     int32_t fault;
