@@ -1,0 +1,24 @@
+// Any bytes as a .docx: a size within the limit or a fault, nothing left behind, the file as it was.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "sources/docx.h"
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  korv::FakeFiles files;
+  korv::FakeMessages messages;
+  korv::NoYielder yielder;
+  const std::string content(reinterpret_cast<const char*>(data), size);
+  files.Add("/in/x.docx", content);
+  std::string text;
+  const int32_t result =
+      korv::ReadDocx({files, messages, yielder}, "/in/x.docx", nullptr, "Korv", true, text);
+  const bool known = result == korv::kDocxBadChecksum || result == korv::kDocxTooLarge ||
+                     result == korv::kDocxDeclined || result == korv::kDocxNotUnpacked;
+  if (result < 0 ? !known || !text.empty() : result > korv::kMostDocxBytes) std::abort();
+  if (!files.TemporaryIsClean() || files.Content("/in/x.docx") != content) std::abort();
+  return 0;
+}

@@ -1,0 +1,23 @@
+// Any bytes as the main part of a document: every line end of the text is CR LF, and every character of it
+// comes from the document or stands for an element of it.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "sources/docx.h"
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  korv::FakeFiles files;
+  korv::FakeMessages messages;
+  korv::NoYielder yielder;
+  const std::string_view xml(reinterpret_cast<const char*>(data), size);
+  const std::string text = korv::DocxXmlToText(xml, {files, messages, yielder});
+  if (text.size() > 2 * size || !messages.shown.empty()) std::abort();
+  for (size_t k = 0; k < text.size(); ++k) {
+    if (text[k] == '\n' && (k == 0 || text[k - 1] != '\r')) std::abort();
+    if (text[k] == '\r' && (k + 1 == text.size() || text[k + 1] != '\n')) std::abort();
+  }
+  return 0;
+}
