@@ -1,0 +1,328 @@
+#include "app/korv_count/count_program.h"
+
+#include <exception>
+#include <new>
+#include <optional>
+#include <utility>
+
+#include "app/korv_count/count_view.h"
+#include "app/korv_count/options.h"
+#include "app/program_folder.h"
+#include "app/program_text.h"
+#include "app/run.h"
+#include "app/saved_state.h"
+#include "platform/console/console_messages.h"
+#include "report/error_text.h"
+#include "report/list_words.h"
+#include "report/output_file.h"
+#include "report/report_rules.h"
+#include "report/stream_sink.h"
+#include "report/summary.h"
+#include "sources/folder_walk.h"
+#include "sources/source_checks.h"
+#include "wordlists/gather_lists.h"
+
+namespace korv {
+
+namespace {
+
+constexpr const char* kName = "korv-count";
+
+class CountProgram {
+ public:
+  CountProgram(CountOptions options, const CountEnvironment& environment)
+      : options_(std::move(options)),
+        env_(environment),
+        line_(env_.Err, env_.ErrIsTerminal, env_.Clock),
+        messages_(env_.Err, kName,
+                  options_.Quiet ? ConsoleMessages::When::OnFailure : ConsoleMessages::When::AtOnce,
+                  [this] { line_.Clear(); }),
+        encodings_(options_.Encoding),
+        view_(env_.Err, line_, progress_, run_.Table, options_.Numbers, options_.Quiet) {}
+
+  int Run() {
+    const int status = Work();
+    line_.Clear();
+    if (status == kExitRefused) messages_.TellHeld();
+    return status;
+  }
+
+ private:
+  int Work() {
+    if (!LoadSettings()) return kExitRefused;
+    ApplyOptions(options_, settings_);
+    PlacePath();
+    if (options_.ListFiles && settings_.SourceKind == TextSource::Clipboard) {
+      env_.Err << kName << ": standard input has no files to list\n";
+      return kExitUsage;
+    }
+    if (!AddWordsFile()) return kExitRefused;
+    if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat();
+    if (!SaveSettings()) return kExitRefused;
+    return options_.ListFiles ? ListTheFiles() : Count();
+  }
+
+  // ---- Settings
+
+  bool LoadSettings() {
+    if (options_.SettingsFile.empty()) return true;
+    SavedState state(env_.Files, messages_, {});
+    const RestoreOutcome outcome = state.RestoreSavedState(PathFromText(options_.SettingsFile), settings_);
+    if (outcome.Complete()) return true;
+    if (const std::string failure = LoadFailureText(outcome); !failure.empty())
+      messages_.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
+    return false;
+  }
+
+  void PlacePath() {
+    const std::string path = TrimmedPath(options_.Path);
+    if (path.empty()) return;
+    if (options_.FromStandardInput()) {
+      settings_.SourceKind = TextSource::Clipboard;
+    } else if (env_.Files.FolderExists(PathFromText(path))) {
+      settings_.SourceKind = TextSource::Folder;
+      settings_.Folder = path;
+    } else {
+      settings_.SourceKind = TextSource::SingleFile;
+      settings_.InputFile = path;
+    }
+  }
+
+  /// The file of words to ignore that the options name becomes the selected one of the list.
+  bool AddWordsFile() {
+    std::filesystem::path path;
+    if (!options_.IgnoreFile.empty()) {
+      path = env_.Files.AbsolutePath(PathFromText(options_.IgnoreFile));
+    } else if (options_.CommonWordsOf) {
+      const auto file = CommonWordsFile(*options_.CommonWordsOf, env_.ProgramFolder, env_.Files, messages_);
+      if (!file) return false;
+      path = *file;
+      settings_.CommonWordsLanguage =
+          static_cast<CommonWords>(options_.CommonWordsOf - kCommonWordsLanguages.data());
+    } else {
+      return true;
+    }
+    WordFileList list(ListKind::WordsToIgnore);
+    list.Restore(settings_.WordsFiles, settings_.SelectedWordsFile);
+    if (!list.AddOrSelect(PathToText(path), messages_)) return false;
+    settings_.WordsFiles = list.Paths();
+    settings_.SelectedWordsFile = list.Selected();
+    return true;
+  }
+
+  void TellUnavailableFormat() {
+    const int format = options_.Format.value_or(settings_.Report.DisplayFormat);
+    const auto texts = ProgramTextFile::Load(env_.Files, env_.ProgramFolder / kProgramTextName);
+    if (!texts) {
+      messages_.Show({.text = texts.Error().Text(), .title = "Error", .icon = Icon::Critical});
+      return;
+    }
+    messages_.Show(UnavailableFormatMessage(texts->Get(DisplayFormatTextNumber(format))));
+  }
+
+  bool SaveSettings() {
+    if (options_.SaveSettingsFile.empty()) return true;
+    for (const std::string* file :
+         {&settings_.InputFile, &options_.Output, &options_.IgnoreFile, &options_.CountOnlyFile}) {
+      if (file->empty() || !PathsMeetInOneFile(env_.Files, *file, options_.SaveSettingsFile)) continue;
+      messages_.Show({.text = "The settings file cannot be the same as " + *file + ".",
+                      .title = "Error",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    SavedState state(env_.Files, messages_, {});
+    const std::string error = state.SaveState(PathFromText(options_.SaveSettingsFile), settings_);
+    if (error.empty()) return true;
+    messages_.Show({.text = error, .title = "Save settngs", .icon = Icon::Exclamation});
+    return false;
+  }
+
+  // ---- Listing files
+
+  FileSelection Selection() const {
+    return {.Patterns = SplitPatterns(settings_.FilePatterns),
+            .Exclusions = SplitPatterns(settings_.ExcludedTexts)};
+  }
+
+  int ListTheFiles() {
+    if (settings_.SourceKind == TextSource::SingleFile) {
+      const std::string path = TrimmedPath(settings_.InputFile);
+      const InputFileCode code = ValidateInputFile(env_.Files, path, "");
+      ShowInputFileError(messages_, code, path);
+      if (code != InputFileCode::Valid) return kExitRefused;
+      env_.Out << path << '\n' << std::flush;
+      return env_.Out ? kExitReport : CannotWrite();
+    }
+    const std::string folder = TrimmedFolderPath(settings_.Folder);
+    if (!ValidatePatterns(Selection(), messages_) ||
+        !ValidateFolder(env_.Files, messages_, folder, "", settings_.IncludeSubfolders))
+      return kExitRefused;
+    FolderWalk walk(env_.Files, env_.Yielder, Selection(), settings_.IncludeSubfolders);
+    FolderEvents events;
+    events.Unreadable = [&](const std::filesystem::path& path, const FileError& error) {
+      view_.Notice(UnreadableFolderText(path, error));
+    };
+    const FolderTotals totals = ListFiles(walk, PathFromText(folder), events, [&](const std::string& line) {
+      env_.Out << WithPlainLineEnds(line);
+    });
+    env_.Out << std::flush;
+    if (!env_.Out) return CannotWrite();
+    return totals.Stopped ? kExitInterrupted : kExitReport;
+  }
+
+  // ---- Counting
+
+  int Count() {
+    RunRequest request;
+    if (!MakeRequest(request)) return kExitRefused;
+    if (env_.Yielder.Stopped()) return kExitInterrupted;
+    ReportOptions report = settings_.Report;
+    if (!OutputMayBeWritten(request.OutputPath)) return kExitRefused;
+    if (!AskBeforeCounting(request, report, env_.Files, messages_)) return kExitRefused;
+    if (ShowsProgress()) env_.Yielder.OnTurn([this] { view_.ShowProgress(); });
+    const RunEnd end = RunCount(request, Services(), run_);
+    if (!run_.OutputPath.empty())
+      progress_.Stage = RunStage::Writing;
+    else
+      env_.Yielder.OnTurn(nullptr);
+    line_.Clear();
+    switch (end) {
+      case RunEnd::Counted:
+        break;
+      case RunEnd::Stopped:
+        return kExitInterrupted;
+      default:
+        return kExitRefused;
+    }
+    const int status = WriteReport(report);
+    line_.Clear();
+    if (!options_.Quiet) env_.Err << WithPlainLineEnds(SkippedFilesText(run_.Facts)) << std::flush;
+    if (options_.Stages) TellStages();
+    return status == kExitReport && run_.Interrupted ? kExitInterrupted : status;
+  }
+
+  RunServices Services() {
+    return {messages_, env_.Yielder, env_.Files, env_.Clock, options_.Numbers, encodings_, view_, progress_};
+  }
+
+  bool ShowsProgress() const { return !options_.Quiet && (options_.Progress || env_.ErrIsTerminal); }
+
+  bool MakeRequest(RunRequest& request) {
+    request.Options = RunOptionsOf(settings_);
+    request.Rules = settings_.Words;
+    SetAllowedExtraChars(request.Rules);
+    SetAllowedExtraChars2(request.Rules);
+    request.Chain = ChainOrderOf(settings_.Report);
+    request.InputPath = settings_.SourceKind == TextSource::Folder ? settings_.Folder : settings_.InputFile;
+    request.OutputPath = OutputPath();
+    request.Stream = &env_.StandardInput;
+    request.StreamEncoding = options_.Encoding;
+    request.Selection = Selection();
+    request.IncludeSubfolders = settings_.IncludeSubfolders;
+    request.SeveralFilesNeedOutput = false;
+    request.ExtractTextFromDocx = settings_.ExtractTextFromDocx;
+    return GatherTheLists(request);
+  }
+
+  /// A path on the command line replaces the settings' source, and their output file with it.
+  std::string OutputPath() const {
+    if (!options_.Output.empty()) return options_.Output;
+    return options_.Path.empty() && !settings_.DisableOutputToFile ? settings_.OutputFile : std::string();
+  }
+
+  bool GatherTheLists(RunRequest& request) {
+    ListRequest lists;
+    if (settings_.SelectedWordsFile >= 0)
+      lists.IgnoreFile = PathFromText(settings_.WordsFiles[static_cast<size_t>(settings_.SelectedWordsFile)]);
+    lists.IgnoreWords = settings_.ExtraWordsToIgnore;
+    lists.PatternMatching = settings_.PatternMatchingInWordsToIgnoreFile;
+    if (!options_.CountOnlyFile.empty()) lists.CountOnlyFile = PathFromText(options_.CountOnlyFile);
+    lists.CountOnly = options_.CountOnly;
+    TextFileCheck check{env_.Files, messages_, options_.Numbers, {}};
+    ListReading reading{check, encodings_, env_.Yielder, {}};
+    std::optional<ListEntries> entries = GatherLists(lists, request.Rules, reading);
+    if (entries) request.Lists = std::move(*entries);
+    return entries.has_value();
+  }
+
+  bool OutputMayBeWritten(const std::string& output) {
+    if (output.empty()) return true;
+    const std::filesystem::path path = PathFromText(output);
+    if (env_.Files.FolderExists(path)) {
+      messages_.Show({.text = "The output file " + output + " is a folder.",
+                      .title = "Error",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    if (!options_.Force && env_.Files.FileExists(path)) {
+      messages_.Show({.text = "The output file " + output + " exists.  --force replaces it.",
+                      .title = "The output file exists.",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    return CanOpenOutputFile(path, env_.Files, messages_);
+  }
+
+  int WriteReport(const ReportOptions& options) {
+    const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
+    const Report report{run_.Table, run_.Facts, options, options_.Numbers};
+    if (!run_.OutputPath.empty()) {
+      const FileListResult result =
+          ListWordsToFile(report, PathFromText(run_.OutputPath), {env_.Files, messages_}, env_.Yielder);
+      if (result.List.Outcome == ListOutcome::Stopped) return kExitInterrupted;
+      return result.Written ? kExitReport : kExitRefused;
+    }
+    StreamReportSink sink(env_.Out);
+    const bool tabs = options_.LineLayout == Layout::Tabs;
+    const ListResult result = ListWords(
+        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n"}, sink, env_.Yielder);
+    if (!sink.Finish()) return CannotWrite();
+    return result.Outcome == ListOutcome::Stopped ? kExitInterrupted : kExitReport;
+  }
+
+  int CannotWrite() {
+    messages_.Show({.text = "Standard output cannot be written.", .title = "Error", .icon = Icon::Critical});
+    return kExitRefused;
+  }
+
+  void TellStages() {
+    static constexpr const char* kStageNames[kRunStages] = {"reading and cutting", "counting", "sorting",
+                                                            "exclusion",           "chain",    "writing"};
+    for (int k = 0; k < kRunStages; ++k) {
+      const std::chrono::duration<double> time = run_.Times.Of(static_cast<RunStage>(k));
+      env_.Err << kStageNames[k] << '\t' << NumberFormat{}.Decimals(time.count(), 3) << " s\n";
+    }
+    env_.Err << "words\t" << run_.Words << "\nwords dropped\t" << run_.WordsDropped << "\ndifferent phrases\t"
+             << run_.Table.PhraseCount() << '\n'
+             << std::flush;
+  }
+
+  CountOptions options_;
+  const CountEnvironment& env_;
+  Settings settings_;
+  ProgressLine line_;
+  ConsoleMessages messages_;
+  EncodingChooser encodings_;
+  CountedRun run_;
+  RunProgress progress_;
+  CountView view_;
+};
+
+}  // namespace
+
+int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment& environment) {
+  auto parsed = ParseCountOptions(arguments, environment.Out, environment.Err);
+  if (const int* status = std::get_if<int>(&parsed)) return *status;
+  try {
+    return CountProgram(std::get<CountOptions>(std::move(parsed)), environment).Run();
+  } catch (const std::bad_alloc&) {
+    environment.Err << kName << ": Insufficient memory\n";
+  } catch (const std::exception& error) {
+    environment.Err << kName << ": "
+                    << WithPlainLineEnds(UnexpectedErrorText("KorvCount", kErrorUnexpected, error.what()))
+                    << '\n';
+  }
+  return kExitRefused;
+}
+
+}  // namespace korv

@@ -1,0 +1,26 @@
+#include <iostream>
+
+#include "app/korv_count/count_program.h"
+#include "app/program_folder.h"
+#include "platform/interrupts.h"
+#include "platform/process.h"
+
+int main(int argc, char** argv) {
+  using namespace korv;
+  std::ios::sync_with_stdio(false);
+  PrepareStandardStreams();
+  const std::unique_ptr<FileSystem> files = MakeSystemFiles();
+  ConsoleYielder yielder;
+  const InterruptGuard interrupts(yielder);
+  const SystemClock clock;
+  const std::unique_ptr<InputFile> input = OpenStandardInput(yielder);
+  return KorvCount(ProgramArguments(argc, argv),
+                   {.Files = *files,
+                    .Yielder = yielder,
+                    .Clock = clock,
+                    .StandardInput = *input,
+                    .Out = std::cout,
+                    .Err = std::cerr,
+                    .ErrIsTerminal = StandardErrorIsTerminal(),
+                    .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0]))});
+}

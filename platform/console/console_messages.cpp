@@ -1,0 +1,67 @@
+#include "platform/console/console_messages.h"
+
+namespace korv {
+
+namespace {
+
+Answer AnswerTo(const Message& message) {
+  switch (message.question) {
+    case Question::None:
+      return Answer::Ok;
+    case Question::MinimumFrequency:
+    case Question::LargeInput:
+    case Question::SetDefaults:
+    case Question::FirstCommonWords:
+    case Question::ClearWordFiles:
+      return Answer::No;
+    case Question::KeepFilter:
+    case Question::CountingInterrupted:
+    case Question::TextEncoding:
+    case Question::LargeDocx:
+    case Question::StopDocx:
+    case Question::LargeWordList:
+    case Question::LoadWordFile:
+    case Question::LoadCommonWords:
+      return Answer::Yes;
+    case Question::ReallyStop:
+    case Question::Relist:
+    case Question::RereadSource:
+    case Question::ReallyQuit:
+      break;
+  }
+  return message.defaultAnswer;
+}
+
+}  // namespace
+
+Answer ConsoleMessages::Show(const Message& message) {
+  if (message.buttons != Buttons::Ok) return AnswerTo(message);
+  const std::string text = program_ + ": " + WithPlainLineEnds(message.text) + "\n";
+  if (when_ == When::AtOnce)
+    Write(text);
+  else
+    held_ += text;
+  return Answer::Ok;
+}
+
+std::optional<std::string> ConsoleMessages::AskText(const std::string&, const std::string&,
+                                                    const std::string&) {
+  return std::nullopt;
+}
+
+void ConsoleMessages::TellHeld() {
+  if (!held_.empty()) Write(held_);
+  held_.clear();
+}
+
+void ConsoleMessages::Write(const std::string& text) {
+  if (beforeOutput_) beforeOutput_();
+  stream_ << text << std::flush;
+}
+
+std::string WithPlainLineEnds(std::string text) {
+  std::erase(text, '\r');
+  return text;
+}
+
+}  // namespace korv

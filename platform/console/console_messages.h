@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+#include "platform/messages.h"
+
+namespace korv {
+
+/// Messages of a program that nobody sits at: they go to a stream, and questions are answered by what they
+/// are about, without being shown.
+class ConsoleMessages final : public Messages {
+ public:
+  enum class When {
+    AtOnce,
+    OnFailure,  ///< Kept back until TellHeld(); what does not matter in the end is never told.
+  };
+
+  /// Each message is preceded by `program` and a colon. `beforeOutput`, where given, is called first: a
+  /// progress line makes room in it.
+  ConsoleMessages(std::ostream& stream, std::string program, When when,
+                  std::function<void()> beforeOutput = nullptr)
+      : stream_(stream), program_(std::move(program)), when_(when), beforeOutput_(std::move(beforeOutput)) {}
+
+  Answer Show(const Message& message) override;
+  std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
+                                     const std::string& initial) override;
+
+  /// The messages kept back, now that the program fails.
+  void TellHeld();
+
+ private:
+  void Write(const std::string& text);
+
+  std::ostream& stream_;
+  std::string program_;
+  When when_;
+  std::function<void()> beforeOutput_;
+  std::string held_;
+};
+
+/// A text with CR LF line breaks as a terminal takes it.
+std::string WithPlainLineEnds(std::string text);
+
+}  // namespace korv

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "platform/yielder.h"
+
+namespace korv {
+
+/// Gives its turns to a function: whoever shows the progress.
+class ConsoleYielder final : public Yielder {
+ public:
+  /// Replaces the function; null for none.
+  void OnTurn(std::function<void()> turn) { turn_ = std::move(turn); }
+
+ protected:
+  void HandOver() override {
+    if (turn_) turn_();
+  }
+
+ private:
+  std::function<void()> turn_;
+};
+
+}  // namespace korv

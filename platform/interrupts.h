@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/yielder.h"
+
+namespace korv {
+
+/// While it lives, the terminal's interrupt (Ctrl-C) requests a stop. A second one ends the program as
+/// usual. One object at a time; the yielder must outlive it.
+class InterruptGuard {
+ public:
+  explicit InterruptGuard(Yielder& yielder);
+  ~InterruptGuard();
+  InterruptGuard(const InterruptGuard&) = delete;
+  InterruptGuard& operator=(const InterruptGuard&) = delete;
+};
+
+}  // namespace korv

@@ -1,0 +1,54 @@
+#include "platform/process.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/system_calls.h"
+
+namespace korv {
+
+namespace {
+
+class StandardInput final : public InputFile {
+ public:
+  explicit StandardInput(const Yielder& yielder) : yielder_(yielder) {}
+
+  Expected<size_t, FileError> Read(std::span<char> buffer) override {
+    while (!yielder_.Stopped()) {
+      const ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+      if (got >= 0) return static_cast<size_t>(got);
+      if (errno != EINTR) return FileErrorOf({errno, std::generic_category()});
+    }
+    return size_t{0};
+  }
+  uint64_t Size() const override { return 0; }
+
+ private:
+  const Yielder& yielder_;
+};
+
+}  // namespace
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+  return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
+}
+
+std::filesystem::path ExecutablePath(const char* argv0) {
+  std::error_code code;
+  std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", code);
+  if (code) path = std::filesystem::canonical(argv0, code);
+  return code ? std::filesystem::path(argv0) : path;
+}
+
+void PrepareStandardStreams() {}
+
+bool StandardErrorIsTerminal() {
+  return ::isatty(STDERR_FILENO) == 1;
+}
+
+std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
+  return std::make_unique<StandardInput>(yielder);
+}
+
+}  // namespace korv
