@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <cstring>
 #include <stdexcept>
 #include <vector>
@@ -74,6 +75,24 @@ bool StandsAlone(char32_t character) {
   return count == 1 && parts[0] == Code(character);
 }
 
+constexpr char32_t kPlaneEnd = 0x10000;
+
+bool HasCategoryOfWords(char32_t character) {
+  switch (utf8proc_category(Code(character))) {
+    case UTF8PROC_CATEGORY_LU:
+    case UTF8PROC_CATEGORY_LL:
+    case UTF8PROC_CATEGORY_LT:
+    case UTF8PROC_CATEGORY_LM:
+    case UTF8PROC_CATEGORY_LO:
+    case UTF8PROC_CATEGORY_MN:
+    case UTF8PROC_CATEGORY_MC:
+    case UTF8PROC_CATEGORY_ME:
+      return true;
+    default:
+      return false;
+  }
+}
+
 constexpr char32_t kFirstThatMayCompose = 0x300;
 constexpr char32_t kTableEnd = 0x3400;
 
@@ -98,9 +117,8 @@ bool StandsAloneBeyondTable(char32_t c) {
 
 }  // namespace
 
-char32_t NextCharacter(std::string_view text, size_t& at) {
+char32_t NextLongCharacter(std::string_view text, size_t& at) {
   const unsigned char lead = ByteAt(text, at++);
-  if (lead < 0x80) return lead;
   size_t more;
   unsigned char low = 0x80;
   unsigned char high = 0xBF;
@@ -164,19 +182,16 @@ bool IsAscii(std::string_view text) {
 }
 
 bool IsCertainlyNfc(std::string_view text) {
-  const AloneTable* table = nullptr;
-  for (size_t at = 0; at < text.size();) {
-    if (ByteAt(text, at) < 0xCC) {  // 0xCC leads U+0300.
-      ++at;
-      continue;
-    }
+  size_t at = 0;
+  const auto skipLow = [&] {  // 0xCC leads U+0300.
+    while (at < text.size() && ByteAt(text, at) < 0xCC) ++at;
+  };
+  skipLow();
+  if (at == text.size()) return true;
+  const AloneTable& table = StandingAlone();
+  for (; at < text.size(); skipLow()) {
     const char32_t c = NextCharacter(text, at);
-    if (c < kTableEnd) {
-      if (table == nullptr) table = &StandingAlone();
-      if (!(*table)[c - kFirstThatMayCompose]) return false;
-    } else if (!StandsAloneBeyondTable(c)) {
-      return false;
-    }
+    if (c < kTableEnd ? !table[c - kFirstThatMayCompose] : !StandsAloneBeyondTable(c)) return false;
   }
   return true;
 }
@@ -218,19 +233,13 @@ std::string LowerText(std::string_view text) {
 }
 
 bool IsLetterOrMark(char32_t character) {
-  switch (utf8proc_category(Code(character))) {
-    case UTF8PROC_CATEGORY_LU:
-    case UTF8PROC_CATEGORY_LL:
-    case UTF8PROC_CATEGORY_LT:
-    case UTF8PROC_CATEGORY_LM:
-    case UTF8PROC_CATEGORY_LO:
-    case UTF8PROC_CATEGORY_MN:
-    case UTF8PROC_CATEGORY_MC:
-    case UTF8PROC_CATEGORY_ME:
-      return true;
-    default:
-      return false;
-  }
+  // One bit for each character of the basic plane: asking the library costs more than reading a word.
+  static const std::bitset<kPlaneEnd> basicPlane = [] {
+    std::bitset<kPlaneEnd> made;
+    for (char32_t c = 0; c < kPlaneEnd; ++c) made[c] = HasCategoryOfWords(c);
+    return made;
+  }();
+  return character < kPlaneEnd ? basicPlane[character] : HasCategoryOfWords(character);
 }
 
 void ReplaceTypographicQuotes(std::string& text) {

@@ -12,7 +12,7 @@ inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 /// The character at byte `at` (which must be inside `text`); advances `at` past it. An ill-formed sequence
 /// gives kReplacementCharacter and advances by its longest well-formed beginning, at least one byte.
-char32_t NextCharacter(std::string_view text, size_t& at);
+inline char32_t NextCharacter(std::string_view text, size_t& at);
 /// `character` is a code point that is no surrogate.
 void AppendCharacter(char32_t character, std::string& text);
 /// Number of characters; `text` is well-formed UTF-8.
@@ -35,5 +35,24 @@ bool IsLetterOrMark(char32_t character);
 /// U+2018 and U+2019 become "'", U+201D becomes the plain double quote. For texts typed by the user
 /// and for everything that is decoded.
 void ReplaceTypographicQuotes(std::string& text);
+
+/// NextCharacter for everything but well-formed sequences of one or two bytes.
+char32_t NextLongCharacter(std::string_view text, size_t& at);
+
+inline char32_t NextCharacter(std::string_view text, size_t& at) {
+  const auto lead = static_cast<unsigned char>(text[at]);
+  if (lead < 0x80) {
+    ++at;
+    return lead;
+  }
+  if (lead >= 0xC2 && lead <= 0xDF && at + 1 < text.size()) {
+    const auto next = static_cast<unsigned char>(text[at + 1]);
+    if ((next & 0xC0) == 0x80) {
+      at += 2;
+      return ((lead & 0x1FU) << 6) | (next & 0x3FU);
+    }
+  }
+  return NextLongCharacter(text, at);
+}
 
 }  // namespace korv

@@ -49,6 +49,15 @@ bool IsWordCharCode(char32_t ch, bool digitsAreWordChars, std::string_view extra
   return !extra.empty() && Holds(extra, ch);
 }
 
+const std::bitset<kShortCodes>& ShortWordCharacters() {
+  static const std::bitset<kShortCodes> letters = [] {
+    std::bitset<kShortCodes> made;
+    for (char32_t c = 0; c < kShortCodes; ++c) made[c] = IsWordCharCode(c, false, {});
+    return made;
+  }();
+  return letters;
+}
+
 bool IsWordChar(std::string_view ch, bool digitsAreWordChars, std::string_view extra) {
   if (ch.empty()) return false;
   size_t at = 0;

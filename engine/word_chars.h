@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <string_view>
 
@@ -13,6 +14,10 @@ inline constexpr size_t kMostWordCharacters = 65000;
 /// whatever stands in `extra`.
 bool IsWordChar(std::string_view ch, bool digitsAreWordChars, std::string_view extra);
 bool IsWordCharCode(char32_t ch, bool digitsAreWordChars, std::string_view extra);
+
+/// IsWordCharCode(ch, false, {}) for the characters below kShortCodes, which are two bytes or one, by code.
+inline constexpr char32_t kShortCodes = 0x800;
+const std::bitset<kShortCodes>& ShortWordCharacters();
 
 /// What stands right after a word.
 struct WordEnd {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "engine/word_chars.h"
 #include "engine/word_rules.h"
 #include "sources/comment_markers.h"
 
@@ -58,6 +60,7 @@ class LineScanner {
     kTerminator = 8,  ///< Ends phrases wherever it stands between words.
     kAfterWord = 16,  ///< Ends phrases right after a word.
     kNotAscii = 32,   ///< Part of a longer character.
+    kElision = 64,    ///< The apostrophe, where it stands in words only before "s" and "t".
   };
 
   void ClassifyBytes(const WordRules& rules);
@@ -82,9 +85,17 @@ class LineScanner {
   void FindLoneParentheses(size_t begin, size_t end);
   size_t TakeRun(size_t begin);
 
+  // Most words are letters between two plain separators. They are found by bits, 64 bytes at a time.
+  void LoadWindow(size_t begin);
+  size_t PastSeparators(size_t at);
+  size_t PastLetters(size_t at);
+  size_t TakePlainWords(size_t at);
+
   CommentMarkers markers_;
   Sink* sink_;
+  const std::bitset<kShortCodes>* shortLetters_;
   std::array<uint8_t, 256> classes_{};
+  std::array<uint8_t, 256> lanes_{};  ///< 1: a byte that goes on a run, whatever follows; 2: a separator.
   bool terminatesAtEndOfLine_;
   bool apostropheIsWordCharacter_ = false;
   bool isMarkup_;
@@ -92,6 +103,9 @@ class LineScanner {
   std::string cleaned_;
   std::string_view line_;
   size_t lastSemicolon_ = kNotSought;  ///< Of line_; npos: there is none.
+  size_t windowBegin_ = kNotSought;    ///< A multiple of 64; the window ends with the line.
+  uint64_t letters_ = 0;               ///< The bytes of the window in lane 1, the first lowest ...
+  uint64_t separators_ = 0;            ///< ... and in lane 2.
   std::vector<size_t> loneOpening_;    ///< Parentheses of a run without their partner, ascending.
   std::vector<size_t> loneClosing_;
 };

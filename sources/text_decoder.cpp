@@ -61,14 +61,17 @@ std::string_view Substitute(char32_t character) {
 
 /// The byte from `at` on where the first sequence begins that has a substitute.
 size_t SkipFaithful(std::string_view text, size_t at) {
-  while ((at = SkipAscii(text, at)) < text.size()) {
+  while (at < text.size()) {
     const unsigned char lead = ByteAt(text, at);
-    if (lead >= 0xC2 && lead <= 0xDF && at + 1 < text.size() && (ByteAt(text, at + 1) & 0xC0) == 0x80) {
+    if (lead < 0x80) {
+      at = SkipAscii(text, at);
+    } else if (lead >= 0xC2 && lead <= 0xDF && at + 1 < text.size() &&
+               (ByteAt(text, at + 1) & 0xC0) == 0x80) {
       at += 2;
-      continue;
+    } else {
+      const size_t begin = at;
+      if (!Substitute(NextCharacter(text, at)).empty()) return begin;
     }
-    const size_t begin = at;
-    if (!Substitute(NextCharacter(text, at)).empty()) return begin;
   }
   return at;
 }

@@ -214,9 +214,23 @@ TEST(LineScanner, LeavesAWordOf65000CharactersWhole) {
   EXPECT_EQ(words.Found()[0].size(), 65002U);
 }
 
+/// The scanner looks at 64 bytes at a time; nothing may depend on where they begin.
+TEST(LineScanner, FindsTheSameWhereverALineIsDivided) {
+  WordRules rules = WithExtra("-");
+  rules.TerminateAtPeriod = true;
+  for (size_t blanks = 0; blanks < 130; ++blanks) {
+    for (const size_t letters : {1, 3, 62, 63, 64, 65, 127, 128, 129}) {
+      const std::string word(letters, 'x');
+      const std::string text = std::string(blanks, ' ') + word + ". " + word + "é " + word + "-b Tom's";
+      const std::string found = word + " | " + word + "é " + word + "-b Tom's";
+      ASSERT_EQ(Scanned(text, rules, "txt"), found) << blanks << " " << letters;
+    }
+  }
+}
+
 /// Would take hours if any step looked at the rest of the line again.
 TEST(LineScanner, StaysLinearOnHostileLines) {
-  constexpr size_t kLength = 1 << 20;
+  constexpr size_t kLength = 1 << 18;
   for (const std::string unit :
        {"&", "&a", "&#", "<", "-", "(", ")", "()", "'t", "]]", "<!", "a/", "\xCC\x81"}) {
     std::string line;
