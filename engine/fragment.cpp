@@ -59,6 +59,17 @@ class ExpressionReader {
     return runs_.Best();
   }
 
+  /// Whether everything is known, alternatives and anchors in odd places included.
+  bool IsKnown() {
+    while (at_ < text_.size()) {
+      if (text_[at_] == '|' || text_[at_] == '^' || text_[at_] == '$')
+        ++at_;
+      else if (!Item())
+        return false;
+    }
+    return true;
+  }
+
  private:
   bool Item() {
     const char c = text_[at_];
@@ -208,6 +219,10 @@ Fragment FragmentOfWildcard(std::string_view signs) {
 
 Fragment FragmentOfExpression(std::string_view expression, bool caseSignificant) {
   return ExpressionReader(expression, caseSignificant).Read().value_or(Fragment{});
+}
+
+bool CanStandInAlternation(std::string_view expression) {
+  return ExpressionReader(expression, true).IsKnown();
 }
 
 }  // namespace korv

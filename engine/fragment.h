@@ -20,4 +20,8 @@ Fragment FragmentOfWildcard(std::string_view signs);
 /// anything out of the ordinary needs nothing. Where case is not significant only ASCII is looked for.
 Fragment FragmentOfExpression(std::string_view expression, bool caseSignificant);
 
+/// Whether a valid expression means the same as one alternative of a larger one: it refers to no group, sets
+/// no option and holds nothing else that reaches beyond it. Read conservatively, too.
+bool CanStandInAlternation(std::string_view expression);
+
 }  // namespace korv

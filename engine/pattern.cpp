@@ -56,6 +56,12 @@ Fragment Pattern::Needs() const {
   return {};
 }
 
+std::string_view Pattern::Alternative() const {
+  const auto* expression = std::get_if<Expression>(&form_);
+  return expression != nullptr && CanStandInAlternation(expression->Source) ? expression->Source
+                                                                            : std::string_view();
+}
+
 bool Pattern::IsLiteral(std::string_view& literal) const {
   const auto* wildcard = std::get_if<Wildcard>(&form_);
   if (wildcard == nullptr || !wildcard->IsLiteral()) return false;

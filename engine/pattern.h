@@ -32,6 +32,8 @@ class Pattern {
   Fragment Needs() const;
   /// Whether it is one text and no pattern at all; `literal` is that text after FoldForMatching.
   bool IsLiteral(std::string_view& literal) const;
+  /// The regular expression that decides, where one does and it can stand in an alternation with others.
+  std::string_view Alternative() const;
   bool MatchesNothing() const { return std::holds_alternative<Nothing>(form_); }
 
  private:

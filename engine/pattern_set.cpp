@@ -26,6 +26,43 @@ void PatternSet::AddPattern(std::string_view text) {
   shelf.ByFragment[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
 }
 
+void PatternSet::Prepare() {
+  // Small enough that an alternation is compiled in no time, large enough that its call costs nothing.
+  constexpr size_t kMostMembers = 64;
+  constexpr size_t kMostBytes = 4096;
+  PatternNumbers alone;
+  PatternNumbers members;
+  std::string joined;
+  const auto close = [&] {
+    Regex regex(joined, caseSignificant_);
+    if (members.size() > 1 && regex.Valid())
+      alternations_.push_back({std::move(regex), std::move(members)});
+    else
+      alone.insert(alone.end(), members.begin(), members.end());
+    members.clear();
+    joined.clear();
+  };
+  for (const uint32_t number : always_) {
+    const std::string_view expression = patterns_[number].Alternative();
+    if (expression.empty()) {
+      alone.push_back(number);
+      continue;
+    }
+    if (members.size() == kMostMembers || joined.size() + expression.size() > kMostBytes) close();
+    joined.append(members.empty() ? "(?:" : "|(?:").append(expression).append(")");
+    members.push_back(number);
+  }
+  close();
+  always_.swap(alone);
+}
+
+bool PatternSet::JoinedMatches(const Alternation& alternation, std::string_view text,
+                               std::string_view folded) const {
+  const Regex::Outcome outcome = alternation.Joined.Try(text);
+  return outcome == Regex::Outcome::Match ||
+         (outcome == Regex::Outcome::GaveUp && AnyMatches(alternation.Members, text, folded));
+}
+
 bool PatternSet::Matches(std::string_view text) const {
   if (words_.contains(text)) return true;
   if (patterns_.empty() && literals_.empty()) return false;
@@ -40,7 +77,9 @@ bool PatternSet::Matches(std::string_view text) const {
     for (size_t at = 0; at + length <= f.size(); ++at)
       if (ShelfMatches(anywhere_, f.substr(at, length), text, f)) return true;
   }
-  return AnyMatches(always_, text, f);
+  return AnyMatches(always_, text, f) ||
+         std::any_of(alternations_.begin(), alternations_.end(),
+                     [&](const Alternation& joined) { return JoinedMatches(joined, text, f); });
 }
 
 bool PatternSet::ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,

@@ -18,8 +18,8 @@ namespace korv {
 ///
 /// Plain words are looked up. Of the patterns only those are tried whose fragment (see fragment.h) the text
 /// holds: fragments are kept by their place and their first (at the end: last) kFragmentBytes bytes, and a
-/// text asks for all of its own. A text of n bytes costs some n look-ups, and a test per candidate;
-/// patterns that need no fragment are tried every time.
+/// text asks for all of its own. A text of n bytes costs some n look-ups, and a test per candidate.
+/// Expressions that need no fragment are tried every time, but many as one alternation.
 ///
 /// Asking is const and may be done from several threads at once.
 class PatternSet {
@@ -30,6 +30,8 @@ class PatternSet {
   void AddWord(std::string_view word) { words_.emplace(word); }
   /// See Pattern.
   void AddPattern(std::string_view pattern);
+  /// After the last addition, for speed: joins what can be tried together.
+  void Prepare();
 
   bool Matches(std::string_view text) const;
 
@@ -49,6 +51,13 @@ class PatternSet {
     std::array<bool, kFragmentBytes + 1> LengthInUse{};  ///< Lengths of the fragments.
   };
 
+  /// Expressions as one: where it gives up at a limit, its members are asked one by one.
+  struct Alternation {
+    Regex Joined;
+    PatternNumbers Members;
+  };
+
+  bool JoinedMatches(const Alternation& alternation, std::string_view text, std::string_view folded) const;
   bool AnyMatches(const PatternNumbers& candidates, std::string_view text, std::string_view folded) const;
   bool ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,
                     std::string_view folded) const;
@@ -62,6 +71,7 @@ class PatternSet {
   Shelf ends_;
   Shelf anywhere_;
   PatternNumbers always_;  ///< Need no fragment.
+  std::vector<Alternation> alternations_;
 };
 
 }  // namespace korv

@@ -27,6 +27,9 @@ class PhraseEntries {
   /// One expression in angle brackets with a blank in it.
   void AddWholePhrase(std::string_view expression);
 
+  /// After the last addition, for speed.
+  void Prepare() { wholePhrases_.Prepare(); }
+
   bool Empty() const { return entries_.empty() && !hasWholePhrases_; }
   /// `phrase` has its words joined by "+". Const and safe from several threads at once.
   bool Matches(std::string_view phrase) const;

@@ -57,6 +57,9 @@ RunLists::RunLists(const ListEntries& entries) : lists_(std::make_unique<Lists>(
     AddOneWord(lists.Ignore, word, all || HoldsPattern(word));
   for (const std::string& entry : entries.CountOnly)
     AddCountOnly(lists.CountOnlyWords, lists.CountOnlyPhrases, entry);
+  lists.Ignore.Prepare();
+  lists.CountOnlyWords.Prepare();
+  lists.CountOnlyPhrases.Prepare();
   lists.HasIgnore = !entries.FileWordsToIgnore.empty() || !entries.TypedWordsToIgnore.empty();
   lists.HasCountOnly = !entries.CountOnly.empty();
 }

@@ -82,8 +82,8 @@ Regex::~Regex() = default;
 Regex::Regex(Regex&&) noexcept = default;
 Regex& Regex::operator=(Regex&&) noexcept = default;
 
-bool Regex::Matches(std::string_view text) const {
-  if (!compiled_) return false;
+Regex::Outcome Regex::Try(std::string_view text) const {
+  if (!compiled_) return Outcome::NoMatch;
   MatchData data(compiled_->spare.exchange(nullptr, std::memory_order_acquire));
   if (!data) data = OrThrow(MatchData(pcre2_match_data_create(1, nullptr)));
 
@@ -96,7 +96,8 @@ bool Regex::Matches(std::string_view text) const {
   if (result == PCRE2_ERROR_JIT_STACKLIMIT) result = match(PCRE2_NO_JIT);
 
   MatchData other(compiled_->spare.exchange(data.release(), std::memory_order_release));
-  return result >= 0;
+  if (result >= 0) return Outcome::Match;
+  return result == PCRE2_ERROR_NOMATCH ? Outcome::NoMatch : Outcome::GaveUp;
 }
 
 }  // namespace korv

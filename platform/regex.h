@@ -24,7 +24,10 @@ class Regex {
   static constexpr size_t kMostExpressionBytes = 65'536;
 
   bool Valid() const { return compiled_ != nullptr; }
-  bool Matches(std::string_view text) const;
+  bool Matches(std::string_view text) const { return Try(text) == Outcome::Match; }
+
+  enum class Outcome { NoMatch, Match, GaveUp /**< At a limit, or over text that is no UTF-8. */ };
+  Outcome Try(std::string_view text) const;
 
  private:
   struct Compiled;

@@ -289,8 +289,47 @@ TEST(PatternSet, AgreesWithEachPatternAlone) {
       PatternSet all(caseSignificant);
       for (const std::string& pattern : patterns) all.AddPattern(pattern);
       EXPECT_EQ(all.Matches(word), any) << word;
+      all.Prepare();
+      EXPECT_EQ(all.Matches(word), any) << word;
     }
   }
+}
+
+TEST(PatternSet, JoinsExpressionsWithoutChangingTheirAnswers) {
+  // None of these needs a certain piece of text. More than one alternation holds.
+  std::vector<std::string> patterns = {"<^[ab]|[xy]$>", "<^[^a-z]>",      "<(a)\\1>", "<(?i)Q>",
+                                       "<[ab]{3}$>",    "<^(un|re)[dt]>", "<^(a+)+$>"};
+  for (char c = 'a'; c <= 'z'; ++c)
+    for (char d = 'a'; d <= 'e'; ++d) patterns.push_back(std::string("<^[") + c + "][" + d + "]{2}[kw]$>");
+  PatternSet set(true);
+  for (const std::string& pattern : patterns) set.AddPattern(pattern);
+  set.Prepare();
+  for (const std::string& word :
+       {std::string("apple"), std::string("proxy"), std::string("édit"), std::string("ooaa"),
+        std::string("Quit"), std::string("sabb"), std::string("undo"), std::string("reed"),
+        std::string("zeek"), std::string("zeej"), std::string("mddw"), std::string("mdew"),
+        std::string(40, 'a') + "!", std::string("m"), std::string()}) {
+    bool any = false;
+    for (const std::string& pattern : patterns) any |= MatchPattern(word, pattern, '~', '?', true);
+    EXPECT_EQ(set.Matches(word), any) << word;
+  }
+}
+
+TEST(PatternSet, AnAlternationThatGivesUpAsksItsMembers) {
+  PatternSet set(true);
+  set.AddPattern("<^(a+)+$>");  // Explodes on what follows ...
+  set.AddPattern("<[!?]$>");    // ... which this one matches.
+  set.Prepare();
+  EXPECT_TRUE(set.Matches(std::string(60, 'a') + "!"));
+  EXPECT_FALSE(set.Matches(std::string(60, 'a') + "."));
+}
+
+TEST(Fragment, OnlyExpressionsOfTheirOwnStandInAlternations) {
+  for (const char* expression : {"a|b", "^a$", "(a|b)+c", "[a-z]{2,3}", "\\w+\\b", "(?:a)(?=b)", "x^y$z", ""})
+    EXPECT_TRUE(CanStandInAlternation(expression)) << expression;
+  for (const char* expression : {"(a)\\1", "(?i)a", "(?<n>a)", "(*ACCEPT)", "a(*COMMIT)b", "\\Qa", "(?R)",
+                                 "(?|a)", "\\k<n>", "(?#c)a", "\\u0041"})
+    EXPECT_FALSE(CanStandInAlternation(expression)) << expression;
 }
 
 TEST(PatternSet, PlainWordsMatchThemselvesAlone) {
