@@ -7,35 +7,12 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/sources/bitten_file.h"
+
 namespace korv {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-/// Hands out a text in bites of so many bytes, and may fail after some of them.
-class BittenFile final : public InputFile {
- public:
-  explicit BittenFile(std::string_view text, size_t bite = static_cast<size_t>(-1), int failsAt = -1)
-      : text_(text), bite_(bite), failsAt_(failsAt) {}
-
-  Expected<size_t, FileError> Read(std::span<char> buffer) override {
-    if (failsAt_ >= 0 && reads_ >= failsAt_) return FileError{FileFault::Other, "worn out"};
-    ++reads_;
-    const size_t count = std::min({bite_, buffer.size(), text_.size() - at_});
-    std::copy_n(text_.data() + at_, count, buffer.data());
-    at_ += count;
-    return count;
-  }
-  uint64_t Size() const override { return text_.size(); }
-  int Reads() const { return reads_; }
-
- private:
-  std::string_view text_;
-  size_t bite_;
-  int failsAt_;
-  size_t at_ = 0;
-  int reads_ = 0;
-};
 
 Lines LinesOf(TextReader& reader) {
   Lines lines;
