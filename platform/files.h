@@ -25,7 +25,8 @@ struct FileError {
 class InputFile {
  public:
   virtual ~InputFile() = default;
-  /// Fills up to all of `buffer` and returns the bytes read; 0 only at the end of the file.
+  /// Fills up to all of `buffer` and returns the bytes read; 0 only at the end of the file. What is added to
+  /// a file after it was opened is not read.
   virtual Expected<size_t, FileError> Read(std::span<char> buffer) = 0;
   /// Length in bytes when it was opened; files that have no length (pipes) say 0.
   virtual uint64_t Size() const = 0;

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -45,12 +46,12 @@ class FileDescriptor {
 
 // Opening a pipe must not wait for its other end; reading it then may wait as usual.
 FileDescriptor OpenWithoutWaiting(const fs::path& path, int flags) {
-  FileDescriptor file(::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-  if (file.Open()) {
-    const int state = ::fcntl(file.Number(), F_GETFL);
-    if (state >= 0) ::fcntl(file.Number(), F_SETFL, state & ~O_NONBLOCK);
-  }
-  return file;
+  return FileDescriptor(::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+}
+
+void WaitWhenUsed(const FileDescriptor& file) {
+  const int state = ::fcntl(file.Number(), F_GETFL);
+  if (state >= 0) ::fcntl(file.Number(), F_SETFL, state & ~O_NONBLOCK);
 }
 
 class PosixInput final : public InputFile {
@@ -58,21 +59,30 @@ class PosixInput final : public InputFile {
   PosixInput(FileDescriptor file, uint64_t size) : file_(std::move(file)), size_(size) {}
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
+    // A file that grows while it is read ends where it ended when it was opened: one that grows faster than
+    // it is read would have no end. This also saves asking for more where nothing can be.
+    if (size_ > 0)
+      buffer = buffer.first(std::min<uint64_t>(buffer.size(), size_ - std::min(position_, size_)));
+    if (buffer.empty()) return size_t{0};
     for (;;) {
       const ssize_t got = ::read(file_.Number(), buffer.data(), buffer.size());
-      if (got >= 0) return static_cast<size_t>(got);
-      if (errno != EINTR) return LastError();
+      if (got < 0 && errno == EINTR) continue;
+      if (got < 0) return LastError();
+      position_ += static_cast<uint64_t>(got);
+      return static_cast<size_t>(got);
     }
   }
   uint64_t Size() const override { return size_; }
   std::optional<FileError> SeekTo(uint64_t position) override {
     if (::lseek(file_.Number(), static_cast<off_t>(position), SEEK_SET) < 0) return LastError();
+    position_ = position;
     return std::nullopt;
   }
 
  private:
   FileDescriptor file_;
-  uint64_t size_;
+  uint64_t size_;  ///< 0 where there is no telling: pipes, and files that the system makes up.
+  uint64_t position_ = 0;
 };
 
 std::optional<FileError> WriteAll(int file, std::string_view bytes) {
@@ -168,6 +178,7 @@ Expected<Target, FileError> FollowLinks(fs::path path) {
 Expected<std::unique_ptr<OutputFile>, FileError> OpenDirectly(const fs::path& path) {
   FileDescriptor file = OpenWithoutWaiting(path, O_WRONLY | O_APPEND);
   if (!file.Open()) return LastError();
+  WaitWhenUsed(file);
   return std::unique_ptr<OutputFile>(std::make_unique<DirectOutput>(std::move(file)));
 }
 
@@ -198,7 +209,9 @@ Expected<std::unique_ptr<InputFile>, FileError> SystemOpenForReading(const fs::p
   struct stat facts {};
   if (::fstat(file.Number(), &facts) != 0) return LastError();
   if (S_ISDIR(facts.st_mode)) return FileErrorOf(std::make_error_code(std::errc::is_a_directory));
-  const uint64_t size = S_ISREG(facts.st_mode) ? static_cast<uint64_t>(facts.st_size) : 0;
+  const bool ordinary = S_ISREG(facts.st_mode);
+  if (!ordinary) WaitWhenUsed(file);
+  const uint64_t size = ordinary ? static_cast<uint64_t>(facts.st_size) : 0;
   return std::unique_ptr<InputFile>(std::make_unique<PosixInput>(std::move(file), size));
 }
 

@@ -81,6 +81,16 @@ TEST_F(FilesTest, AFileThatShrinksMeanwhileJustEnds) {
   EXPECT_EQ(*(*file)->Read(buffer), 0U);
 }
 
+TEST_F(FilesTest, AFileThatGrowsMeanwhileEndsWhereItEnded) {
+  WriteTestFile(folder / "a.txt", "words");
+  auto file = files->OpenForReading(folder / "a.txt");
+  ASSERT_TRUE(file);
+  WriteTestFile(folder / "a.txt", "words and more words");
+  char buffer[100];
+  EXPECT_EQ(*(*file)->Read(buffer), 5U);
+  EXPECT_EQ(*(*file)->Read(buffer), 0U);
+}
+
 TEST_F(FilesTest, AnOutputAppearsWhenItIsComplete) {
   const fs::path target = folder / "out.txt";
   auto file = files->OpenForWriting(target);
