@@ -69,8 +69,10 @@ class CountProgram {
     SavedState state(env_.Files, messages_, {});
     const RestoreOutcome outcome = state.RestoreSavedState(PathFromText(options_.SettingsFile), settings_);
     if (outcome.Complete()) return true;
-    if (const std::string failure = LoadFailureText(outcome); !failure.empty())
-      messages_.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
+    const std::string failure = outcome.EndedEarly
+                                    ? "Error when attempting to load settings: Input past end of file."
+                                    : LoadFailureText(outcome);
+    messages_.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
     return false;
   }
 
@@ -254,7 +256,8 @@ class CountProgram {
                       .icon = Icon::Exclamation});
       return false;
     }
-    if (!options_.Force && env_.Files.FileExists(path)) {
+    // A device or a pipe has no size, and nothing in it that could be lost.
+    if (!options_.Force && env_.Files.FileExists(path) && env_.Files.FileSize(path)) {
       messages_.Show({.text = "The output file " + output + " exists.  --force replaces it.",
                       .title = "The output file exists.",
                       .icon = Icon::Exclamation});

@@ -1,0 +1,460 @@
+#include "app/saved_state.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+
+namespace korv {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// Settings in which every field differs from its default.
+Settings AllChanged() {
+  Settings s;
+  s.Folder = "/texts";
+  s.InputFile = "/texts/a.txt";
+  s.OutputFile = "/out/report.txt";
+  s.FilePatterns = "*.txt, a*.htm*";
+  s.ExcludedTexts = "copy, bak";
+  s.ExtraWordsToIgnore = "ibid vide größer";
+  s.SourceKind = TextSource::Folder;
+  s.IncludeSubfolders = true;
+  s.DisableOutputToFile = true;
+  WordRules& w = s.Words;
+  for (bool WordRules::*flag :
+       {&WordRules::AllowHyphens,      &WordRules::AllowApostrophes,  &WordRules::AllowUnderscores,
+        &WordRules::AllowColons,       &WordRules::AllowBackslashes,  &WordRules::AllowForwardslashes,
+        &WordRules::AllowPeriods,      &WordRules::AllowAtSigns,      &WordRules::AllowNumerals,
+        &WordRules::AllowParentheses,  &WordRules::AllowAmpersands,   &WordRules::AllowCommas,
+        &WordRules::CaseSignificant,   &WordRules::Only7bitASCII,     &WordRules::IgnoreShortWords,
+        &WordRules::IgnoreNoLetter,    &WordRules::IgnoreRepetitions, &WordRules::TerminateAtEndOfLine,
+        &WordRules::TerminateAtPeriod, &WordRules::TerminateAtComma,  &WordRules::TerminateAtDoubleQuote,
+        &WordRules::TerminateAtTab})
+    w.*flag = !(w.*flag);
+  w.ShortWordSize = 20;
+  w.LongWordSize = 80;
+  s.MinWords = 2;
+  s.MaxWords = 25;
+  s.MinFrequency = 20;
+  s.IgnoreOption = IgnoreRule::Remove;
+  s.WordsFiles = {"/lists/one.txt", "/lists/two.txt"};
+  s.SelectedWordsFile = 1;
+  s.CommonWordsLanguage = CommonWords::None;
+  s.PatternMatchingInWordsToIgnoreFile = true;
+  s.Report.DisplayFormat = 12;
+  s.Report.WordOrder = 1;
+  s.Report.RelativeFrequency = true;
+  s.Report.SortByNumberOfFiles = true;
+  s.Report.FilterText = "the cat";
+  s.Report.FilterModeOfWords = FilterMode::Subphrase;
+  s.ExtractTextFromDocx = true;
+  s.SaveStateOnQuit = true;
+  s.WarnOnOverwrite = true;
+  return s;
+}
+
+std::string BytesOf(const Settings& settings) {
+  const auto bytes = StateBytes(settings);
+  return bytes ? *bytes : "fault: " + bytes.Error().Description;
+}
+
+std::vector<std::string> LinesOf(const std::string& bytes) {
+  std::vector<std::string> lines;
+  for (size_t at = 0; at < bytes.size();) {
+    const size_t end = bytes.find("\r\n", at);
+    lines.push_back(bytes.substr(at, end - at));
+    at = end + 2;
+  }
+  return lines;
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string bytes;
+  for (const std::string& line : lines) bytes += line + "\r\n";
+  return bytes;
+}
+
+/// The default file with line `number` (from 1) replaced.
+std::string WithLine(size_t number, const std::string& line) {
+  std::vector<std::string> lines = LinesOf(BytesOf(Settings{}));
+  lines[number - 1] = line;
+  return Joined(lines);
+}
+
+TEST(StateBytes, OfFreshSettingsHaveEveryFieldInItsPlace) {
+  const std::vector<std::string> expected = {
+      R"("")", R"("")", R"("")", R"("")", R"("")", R"("")",       // Paths and texts.
+      "1",     "3",     "1",     "1",     "0",     "1",     "0",  // Sizes and word rules.
+      "1",     "0",     "0",     "0",     "0",     "0",     "0",
+      "0",     "0",     "0",     "0",     "0",  // Extra characters.
+      "0",     "0",     "0",     "0",           // Behaviour.
+      "0",     "0",     "0",                    // Order, format, 7-bit.
+      "0",     "-1",                            // The empty list, and nothing selected.
+      "1",                                      // The source.
+      "0",     "1",     "1",     "1",     "0",  // Terminators.
+      "2",     "4",     "1",                    // Lengths and frequency.
+      "1",     "0",     "0",     "0",     "0",  // The tab once more, patterns, report.
+      R"("")", "0",                             // Filter.
+      "0",     "-1",    "0",     "0"};          // Words to ignore.
+  EXPECT_EQ(LinesOf(BytesOf(Settings{})), expected);
+}
+
+TEST(StateBytes, OfChangedSettingsHaveEveryFieldInItsPlace) {
+  const std::vector<std::string> expected = {R"("/texts")",
+                                             R"("ibid vide größer")",
+                                             R"("/texts/a.txt")",
+                                             R"("*.txt, a*.htm*")",
+                                             R"("/out/report.txt")",
+                                             R"("copy, bak")",
+                                             "18",
+                                             "6",
+                                             "0",
+                                             "0",
+                                             "1",
+                                             "0",
+                                             "1",
+                                             "0",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "12",
+                                             "1",
+                                             "2",
+                                             R"("/lists/one.txt")",
+                                             R"("/lists/two.txt")",
+                                             "1",
+                                             "2",
+                                             "1",
+                                             "0",
+                                             "0",
+                                             "0",
+                                             "1",
+                                             "0",
+                                             "23",
+                                             "19",
+                                             "0",
+                                             "1",
+                                             "1",
+                                             "1",
+                                             "7",
+                                             R"("the cat")",
+                                             "2",
+                                             "0",
+                                             "0",
+                                             "-1",
+                                             "0"};
+  EXPECT_EQ(LinesOf(BytesOf(AllChanged())), expected);
+}
+
+TEST(StateBytes, EndWithTheLineEndOfTheLastOption) {
+  EXPECT_TRUE(BytesOf(Settings{}).ends_with("\r\n0\r\n"));
+}
+
+TEST(StateBytes, RefuseTextsThatCannotBeRepresented) {
+  for (const char* text : {"a\"b", "a\nb", "a\rb",
+                           "a\xFF"
+                           "b"}) {
+    Settings settings;
+    settings.InputFile = text;
+    EXPECT_FALSE(StateBytes(settings)) << text;
+  }
+}
+
+TEST(ReadStateBytes, GivesBackEveryField) {
+  const std::string bytes = BytesOf(AllChanged());
+  Settings restored;
+  EXPECT_TRUE(ReadStateBytes(bytes, restored).Complete());
+  EXPECT_EQ(BytesOf(restored), bytes);
+  EXPECT_EQ(restored.Words.LongWordSize, 80);
+  EXPECT_EQ(restored.IgnoreOption, IgnoreRule::Remove);
+  EXPECT_EQ(restored.WordsFiles, AllChanged().WordsFiles);
+}
+
+TEST(ReadStateBytes, GivesTheSameBytesAgainForEachOption) {
+  for (const std::optional<IgnoreRule> option :
+       {std::optional<IgnoreRule>(), std::optional(IgnoreRule::Allow), std::optional(IgnoreRule::ExcludeAll),
+        std::optional(IgnoreRule::Remove), std::optional(IgnoreRule::ExcludeWith)}) {
+    Settings settings;
+    settings.IgnoreOption = option;
+    Settings restored;
+    EXPECT_TRUE(ReadStateBytes(BytesOf(settings), restored).Complete());
+    EXPECT_EQ(restored.IgnoreOption, option);
+  }
+}
+
+TEST(ReadStateBytes, TakesTheSecondCopyOfTheTab) {
+  constexpr size_t kFirstTab = 39;
+  constexpr size_t kSecondTab = 44;
+  for (const auto& [first, second] : {std::pair{"0", "1"}, {"1", "0"}}) {
+    std::vector<std::string> lines = LinesOf(BytesOf(Settings{}));
+    lines[kFirstTab - 1] = first;
+    lines[kSecondTab - 1] = second;
+    Settings settings;
+    EXPECT_TRUE(ReadStateBytes(Joined(lines), settings).Complete());
+    EXPECT_EQ(settings.Words.TerminateAtTab, std::string(second) == "1");
+  }
+}
+
+TEST(ReadStateBytes, TakesWhatOtherHandsWrote) {
+  std::string bytes = BytesOf(AllChanged());
+  std::string linux = bytes;
+  std::erase(linux, '\r');
+  std::string spaced = bytes;
+  spaced.replace(spaced.find("18\r\n"), 4, " 18 \r\n");
+  for (const std::string& variant :
+       {"\xEF\xBB\xBF" + bytes, linux, spaced, bytes + "\"more\"\r\n", bytes.substr(0, bytes.size() - 2)}) {
+    Settings settings;
+    EXPECT_TRUE(ReadStateBytes(variant, settings).Complete());
+    EXPECT_EQ(BytesOf(settings), bytes);
+  }
+}
+
+TEST(ReadStateBytes, StopsAtTheEndOfAShortFileWithTheFieldsBeforeItApplied) {
+  const std::vector<std::string> lines = LinesOf(BytesOf(AllChanged()));
+  for (size_t kept = 0; kept < lines.size(); ++kept) {
+    Settings settings;
+    const RestoreOutcome outcome =
+        ReadStateBytes(Joined({lines.begin(), lines.begin() + static_cast<ptrdiff_t>(kept)}), settings);
+    EXPECT_TRUE(outcome.EndedEarly) << kept;
+    EXPECT_EQ(outcome.Result, kRestored);
+    EXPECT_EQ(settings.Folder, kept > 0 ? "/texts" : "");
+    EXPECT_EQ(settings.Words.ShortWordSize, kept > 6 ? 20 : 3);
+    EXPECT_EQ(settings.WordsFiles.size(), kept < 34 ? 0u : kept < 35 ? 1u : 2u) << kept;
+    EXPECT_EQ(settings.SelectedWordsFile, kept < 36 ? -1 : 1);
+    // The default option is switched off before the saved one is switched on.
+    EXPECT_EQ(settings.IgnoreOption.has_value(), kept != 54) << kept;
+    if (settings.IgnoreOption)
+      EXPECT_EQ(settings.IgnoreOption, kept < 54 ? IgnoreRule::ExcludeAll : IgnoreRule::Remove) << kept;
+  }
+}
+
+TEST(ReadStateBytes, NeverPutsAValueOutOfItsRange) {
+  struct Case {
+    size_t Line;
+    const char* Value;
+  };
+  for (const Case c : {Case{7, "19"},
+                       {7, "-1"},
+                       {8, "7"},
+                       {9, "2"},
+                       {9, "-1"},
+                       {30, "2"},
+                       {31, "13"},
+                       {31, "-1"},
+                       {33, "-1"},
+                       {33, "100"},
+                       {34, "0"},
+                       {34, "-2"},
+                       {35, "3"},
+                       {35, "-1"},
+                       {41, "24"},
+                       {42, "24"},
+                       {43, "20"},
+                       {48, "8"},
+                       {50, "3"},
+                       {51, "1"},
+                       {51, "-2"},
+                       {7, "99999999999999999999"},
+                       {7, "-99999999999999999999"}}) {
+    Settings settings;
+    const RestoreOutcome outcome = ReadStateBytes(WithLine(c.Line, c.Value), settings);
+    EXPECT_EQ(outcome.Result, kInvalidIndex) << c.Line << " " << c.Value;
+    EXPECT_EQ(outcome.ErrorText, "Invalid data");
+    EXPECT_FALSE(outcome.EndedEarly);
+    EXPECT_EQ(BytesOf(settings), BytesOf(Settings{})) << c.Line << " " << c.Value;
+  }
+}
+
+TEST(ReadStateBytes, RefusesWhatIsNoRecordOfItsKind) {
+  struct Case {
+    size_t Line;
+    std::string Value;
+  };
+  for (const Case& c : {Case{1, "text"},
+                        {1, "7"},
+                        {1, ""},
+                        {7, "\"1\""},
+                        {7, "one"},
+                        {7, "1x"},
+                        {7, "1.5"},
+                        {1, "\"a\"b"},
+                        {1, "\"a\r\nb\""},
+                        {1, std::string("\"a\0b\"", 5)},
+                        {1, "\"\xC3\""},
+                        {7, ""},
+                        {7, "+1"},
+                        {7, "0x1"}}) {
+    Settings settings;
+    const RestoreOutcome outcome = ReadStateBytes(WithLine(c.Line, c.Value), settings);
+    EXPECT_EQ(outcome.Result, kCannotRestore) << c.Line << " " << c.Value;
+    EXPECT_THAT(outcome.ErrorText, testing::Not(IsEmpty()));
+    EXPECT_EQ(BytesOf(settings), BytesOf(Settings{}));
+  }
+}
+
+TEST(ReadStateBytes, ATextThatNeverEndsEndsTheFile) {
+  Settings settings;
+  EXPECT_TRUE(ReadStateBytes("\"/texts\"\r\n\"ibid", settings).EndedEarly);
+  EXPECT_EQ(settings.Folder, "/texts");
+  EXPECT_EQ(settings.ExtraWordsToIgnore, "");
+}
+
+TEST(ReadStateBytes, ReplacesTheListOfFiles) {
+  Settings settings = AllChanged();
+  EXPECT_TRUE(ReadStateBytes(BytesOf(Settings{}), settings).Complete());
+  EXPECT_THAT(settings.WordsFiles, IsEmpty());
+  EXPECT_EQ(settings.SelectedWordsFile, -1);
+}
+
+class SavedStateTest : public testing::Test {
+ protected:
+  FakeFiles files;
+  FakeMessages messages;
+  SavedState state{files, messages, "/home/me/.config/Korv/korv.usr"};
+};
+
+TEST_F(SavedStateTest, SavesToTheStateFileAndRestoresFromIt) {
+  files.AddFolder("/home/me/.config");
+  EXPECT_EQ(state.SaveState("", AllChanged()), "");
+  EXPECT_EQ(files.Content("/home/me/.config/Korv/korv.usr"), BytesOf(AllChanged()));
+  Settings restored;
+  EXPECT_TRUE(state.RestoreSavedState("", restored).Complete());
+  EXPECT_EQ(BytesOf(restored), BytesOf(AllChanged()));
+  EXPECT_THAT(messages.shown, IsEmpty());
+}
+
+TEST_F(SavedStateTest, SavesToANamedFileInPlaceOfWhatItHeld) {
+  files.Add("/mine.korv", "old");
+  EXPECT_EQ(state.SaveState("/mine.korv", Settings{}), "");
+  EXPECT_EQ(files.Content("/mine.korv"), BytesOf(Settings{}));
+}
+
+TEST_F(SavedStateTest, KeepsTheOldFileWhenSavingFailsAnywhere) {
+  for (int call = 1;; ++call) {
+    FakeFiles disk;
+    disk.AddFolder("/home/me/.config");
+    disk.Add("/mine.korv", "old");
+    SavedState onDisk(disk, messages, "/home/me/.config/Korv/korv.usr");
+    disk.FailCall(call, FileFault::NoSpace);
+    const std::string error = onDisk.SaveState("/mine.korv", Settings{});
+    if (!disk.FailureHappened()) break;
+    EXPECT_THAT(error, testing::StartsWith("Error when attempting to save state: "));
+    EXPECT_EQ(disk.Content("/mine.korv"), "old");
+  }
+}
+
+TEST_F(SavedStateTest, KeepsTheOldFileWhenAValueCannotBeRepresented) {
+  files.Add("/mine.korv", "old");
+  Settings settings;
+  settings.Folder = "say \"hello\"";
+  EXPECT_EQ(state.SaveState("/mine.korv", settings),
+            "Error when attempting to save state: A text holds a double quote or a line break.");
+  EXPECT_EQ(files.Content("/mine.korv"), "old");
+}
+
+TEST_F(SavedStateTest, AsksAboutDefaultsWhenTheFileEndsEarly) {
+  files.Add("/short.korv", "\"/texts\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n5\r\n");
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    messages.Forget();
+    messages.WillAnswer(Question::SetDefaults, answer);
+    Settings settings;
+    const RestoreOutcome outcome = state.RestoreSavedState("/short.korv", settings);
+    EXPECT_TRUE(outcome.EndedEarly);
+    EXPECT_FALSE(outcome.Complete());
+    EXPECT_EQ(settings.Folder, "/texts");
+    EXPECT_EQ(settings.Words.ShortWordSize, answer == Answer::Yes ? 3 : 7);
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].text, "Input past end of file.  Set default values?");
+    EXPECT_EQ(messages.shown[0].title, "Error restoring saved state");
+    EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
+    EXPECT_EQ(messages.shown[1].text, "Saving the settings should fix the 'Input past end of file' error.");
+    EXPECT_EQ(messages.shown[1].title, "Input past end of file");
+    EXPECT_EQ(messages.shown[1].icon, Icon::Information);
+  }
+}
+
+TEST_F(SavedStateTest, TellsWhyAFileCannotBeRestored) {
+  files.Add("/bad.korv", WithLine(31, "13"));
+  files.Add("/worse.korv", WithLine(1, "none"));
+  files.Add("/huge.korv", std::string(kMostStateBytes + 1, '\n'));
+  Settings settings;
+  EXPECT_EQ(LoadFailureText(state.RestoreSavedState("/bad.korv", settings)), "Invalid combo box index.");
+  EXPECT_EQ(LoadFailureText(state.RestoreSavedState("/worse.korv", settings)),
+            "Error when attempting to load settings: Type mismatch.");
+  for (const char* path : {"/none.korv", "/huge.korv", "/"})
+    EXPECT_THAT(LoadFailureText(state.RestoreSavedState(path, settings)),
+                testing::StartsWith("Error when attempting to load settings: "));
+  EXPECT_EQ(LoadFailureText({}), "");
+  EXPECT_EQ(BytesOf(settings), BytesOf(Settings{}));
+}
+
+TEST_F(SavedStateTest, ReadingThatFailsAnywhereLeavesTheSettings) {
+  files.Add("/mine.korv", BytesOf(AllChanged()));
+  for (int call = 1;; ++call) {
+    files.FailCall(call);
+    Settings settings;
+    const RestoreOutcome outcome = state.RestoreSavedState("/mine.korv", settings);
+    if (!files.FailureHappened()) break;
+    EXPECT_EQ(outcome.Result, kCannotRestore);
+    EXPECT_EQ(BytesOf(settings), BytesOf(Settings{}));
+  }
+}
+
+TEST(AskToLoadWordFile, NamesTheFile) {
+  FakeMessages messages;
+  messages.WillAnswer(Question::LoadWordFile, Answer::No);
+  EXPECT_FALSE(AskToLoadWordFile("/lists/one.txt", messages));
+  EXPECT_EQ(messages.Only().text, "Do you wish to load the words-to-ignore file\r\n/lists/one.txt ?");
+  EXPECT_EQ(messages.Only().title, "Load file?");
+  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+}
+
+TEST(SetDefaultValues, ResetsRulesAndLeavesPathsListsAndReport) {
+  Settings settings = AllChanged();
+  SetDefaultValues(settings);
+  EXPECT_EQ(settings.Words.LongWordSize, 50);
+  EXPECT_EQ(settings.Words.ShortWordSize, 3);
+  EXPECT_TRUE(settings.Words.AllowHyphens);
+  EXPECT_TRUE(settings.Words.TerminateAtPeriod);
+  EXPECT_FALSE(settings.WarnOnOverwrite);
+  EXPECT_FALSE(settings.SaveStateOnQuit);
+  EXPECT_FALSE(settings.ExtractTextFromDocx);
+  EXPECT_FALSE(settings.PatternMatchingInWordsToIgnoreFile);
+  EXPECT_EQ(settings.SourceKind, TextSource::SingleFile);
+  EXPECT_EQ(settings.Folder, "/texts");
+  EXPECT_EQ(settings.WordsFiles.size(), 2u);
+  EXPECT_EQ(settings.MaxWords, 25);
+  EXPECT_EQ(settings.Report.DisplayFormat, 12);
+}
+
+TEST(RunOptionsOf, WithoutAnOptionPhrasesOfWordsToIgnoreAreAllowed) {
+  Settings settings;
+  EXPECT_EQ(RunOptionsOf(settings).IgnoreMode, IgnoreRule::ExcludeAll);
+  settings.IgnoreOption.reset();
+  EXPECT_EQ(RunOptionsOf(settings).IgnoreMode, IgnoreRule::Allow);
+}
+
+}  // namespace
+}  // namespace korv
