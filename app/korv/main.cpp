@@ -1,0 +1,66 @@
+#include <QApplication>
+#include <QIcon>
+#include <QSettings>
+
+#include "app/program_folder.h"
+#include "app/windows/desktop.h"
+#include "app/windows/frm_main.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_launcher.h"
+#include "platform/qt/qt_messages.h"
+#include "platform/qt/qt_yielder.h"
+#include "platform/qt/standard_places.h"
+#include "platform/qt/text.h"
+
+namespace {
+
+class SteadyClock final : public korv::Clock {
+ public:
+  std::chrono::steady_clock::time_point Now() const override { return std::chrono::steady_clock::now(); }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Korv"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
+  QApplication::setApplicationVersion(QStringLiteral(KORV_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("korv"));
+  QIcon icon;
+  for (const int size : {16, 32, 48, 128, 256}) {
+    icon.addFile(QStringLiteral(":/korv/korv-%1.png").arg(size), QSize(size, size));
+  }
+  QApplication::setWindowIcon(icon);
+
+  korv::QtMessages messages;
+  korv::QtDialogs dialogs;
+  korv::QtClipboard clipboard;
+  korv::QtLauncher launcher;
+  korv::QtYielder yielder;
+  const SteadyClock clock;
+  const auto files = korv::MakeSystemFiles();
+  const auto folder =
+      korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(QApplication::applicationFilePath())));
+  QSettings store(QStringLiteral("Korv"), QStringLiteral("windows"));
+
+  bool known = false;
+  const korv::NumberFormat system = korv::NumberFormatOfLocale("", known);
+  const korv::Desktop desktop{.messages = messages,
+                              .dialogs = dialogs,
+                              .clipboard = clipboard,
+                              .launcher = launcher,
+                              .files = *files,
+                              .yielder = yielder,
+                              .clock = clock,
+                              .numbers = known ? system : korv::NumberFormat{},
+                              .programText = folder / korv::kProgramTextName,
+                              .programFolder = folder,
+                              .stateFile = korv::StateFilePath(),
+                              .store = store};
+  korv::frmMain window(desktop);
+  window.show();
+  if (!window.Form_Load()) return 1;
+  return QApplication::exec();
+}

@@ -1,0 +1,53 @@
+#include "app/windows/control_factory.h"
+
+namespace korv {
+
+QPushButton* MakeButton(const char* name, const char* caption, QWidget* parent) {
+  auto* button = Named(new QPushButton(QString::fromUtf8(caption), parent), name);
+  button->setAutoDefault(false);
+  return button;
+}
+
+QCheckBox* MakeCheckBox(const char* name, const char* caption, QWidget* parent) {
+  return Named(new QCheckBox(QString::fromUtf8(caption), parent), name);
+}
+
+QRadioButton* MakeOption(const char* name, const char* caption, QWidget* parent) {
+  return Named(new QRadioButton(QString::fromUtf8(caption), parent), name);
+}
+
+QComboBox* MakeCombo(const char* name, const char* accessibleName, QWidget* parent) {
+  auto* combo = Described(Named(new QComboBox(parent), name), accessibleName);
+  // A long path or caption in the list must not widen the window.
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  return combo;
+}
+
+QLineEdit* MakeTextBox(const char* name, const char* accessibleName, QWidget* parent) {
+  return Described(Named(new QLineEdit(parent), name), accessibleName);
+}
+
+QLabel* MakeLabel(const char* name, QWidget* parent) {
+  auto* label = Named(new QLabel(parent), name);
+  label->setTextFormat(Qt::PlainText);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
+
+QLabel* MakeCaption(const char* caption, QWidget* control, QWidget* parent) {
+  auto* label = new QLabel(QString::fromUtf8(caption), parent);
+  label->setBuddy(control);
+  return label;
+}
+
+QString WithoutMnemonic(QString caption) {
+  QString read;
+  read.reserve(caption.size());
+  for (qsizetype i = 0; i < caption.size(); ++i) {
+    if (caption[i] == u'&' && i + 1 < caption.size()) ++i;
+    read += caption[i];
+  }
+  return read;
+}
+
+}  // namespace korv

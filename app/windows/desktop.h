@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/launcher.h"
+#include "platform/messages.h"
+#include "platform/number_format.h"
+#include "platform/yielder.h"
+
+class QSettings;
+
+namespace korv {
+
+/// Everything outside the program that its windows touch. The parts outlive the windows.
+struct Desktop {
+  Messages& messages;
+  Dialogs& dialogs;
+  Clipboard& clipboard;
+  Launcher& launcher;
+  FileSystem& files;
+  Yielder& yielder;
+  const Clock& clock;
+  NumberFormat numbers;
+  std::filesystem::path programText;    ///< The file of the numbered texts.
+  std::filesystem::path programFolder;  ///< Where the common-words files lie.
+  std::filesystem::path stateFile;
+  /// What is kept outside the state file: window geometry, recent sources.
+  QSettings& store;
+};
+
+}  // namespace korv

@@ -1,0 +1,321 @@
+#include "app/windows/frm_main.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollBar>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
+
+#include "app/format.h"
+#include "app/windows/frm_clipboard.h"
+#include "app/windows/frm_help.h"
+#include "app/windows/frm_params.h"
+#include "app/windows/frm_popup.h"
+#include "platform/qt/text.h"
+#include "report/report_rules.h"
+
+namespace korv {
+namespace {
+
+constexpr int kFirstCommonWordsQuestion = 41;
+constexpr int kFirstCommonWordsTitle = 42;
+constexpr int kFirstFolderFormat = 10;
+
+}  // namespace
+
+frmMain::frmMain(const Desktop& desktop)
+    : messages_(desktop.messages),
+      desktop_{.messages = messages_,
+               .dialogs = desktop.dialogs,
+               .clipboard = desktop.clipboard,
+               .launcher = desktop.launcher,
+               .files = desktop.files,
+               .yielder = desktop.yielder,
+               .clock = desktop.clock,
+               .numbers = desktop.numbers,
+               .programText = desktop.programText,
+               .programFolder = desktop.programFolder,
+               .stateFile = desktop.stateFile,
+               .store = desktop.store},
+      recentFiles_(desktop.store, "recent/files"),
+      recentFolders_(desktop.store, "recent/folders") {
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowTitle(QStringLiteral("Korv"));
+  setAcceptDrops(true);
+  BuildControls(this);
+  outputTextBox_ = std::make_unique<OutputTextBox>(*txbOutput);
+  popUp_ = new frmPopUp(this);
+  overwrite_ = std::make_unique<OverwriteGuard>(desktop_.files, desktop_.messages);
+  tmrProgress_ = Named(new QTimer(this), "tmrProgress");
+}
+
+frmMain::~frmMain() = default;
+
+bool frmMain::LoadProgramText() {
+  auto texts = ProgramTextFile::Load(desktop_.files, desktop_.programText);
+  if (!texts) {
+    desktop_.messages.Show({.text = texts.Error().Text(), .title = {}, .icon = Icon::Critical});
+    return false;
+  }
+  texts_ = std::make_unique<ProgramTextFile>(std::move(*texts));
+  return true;
+}
+
+bool frmMain::Form_Load() {
+  if (!LoadProgramText()) return false;
+
+  RestoreGeometry();
+  params_ = std::make_unique<frmParams>(*this);
+  output_ = std::make_unique<OutputBox>(*outputTextBox_,
+                                        OutputBoxHooks{.ClearBusy = [this] { lblTwirler->clear(); },
+                                                       .CountSoFar = [this] { return CountSoFar(); }});
+  FillLists();
+  Connect();
+  BuildMenus();
+  EnableDisableButtons(true);
+  Initialize();
+  SelectSource(TextSource::SingleFile);
+  // Before any state is restored the long words are those of more than 40 characters.
+  params_->SelectStartUpSizes();
+  EnableDisableButtons(true);
+
+  lblWordsToIgnoreNotice->clear();
+  chkSuppressWords->setChecked(true);
+  chkSuppressWords->hide();
+  cmdListFiles->hide();
+  lblTimeElapsed->hide();
+  chkFileList->hide();
+  RestoreStateFile();
+  const QString filterWords = txbFilterWords->text();
+  txbFilterWords->clear();
+  if (SourceKind() != TextSource::Folder && cboDisplayFormat->currentIndex() >= kFirstFolderFormat) {
+    cboDisplayFormat->setCurrentIndex(0);
+  }
+  if (!optAllowPhrasesAllWordsToIgnore->isChecked() && !optExcludePhrasesWithWordToIgnore->isChecked() &&
+      !optRemoveWordsToIgnore->isChecked()) {
+    optExcludePhrasesAllWordsToIgnore->setChecked(true);
+  }
+  if (!params_->HasWordFiles()) {
+    const bool load = desktop_.messages.Show({.text = texts_->Get(kFirstCommonWordsQuestion),
+                                              .title = texts_->Get(kFirstCommonWordsTitle),
+                                              .icon = Icon::Question,
+                                              .buttons = Buttons::YesNo,
+                                              .defaultAnswer = Answer::Yes,
+                                              .question = Question::FirstCommonWords}) == Answer::Yes;
+    if (load) {
+      params_->SetPathToCWDs_Eng();
+      params_->AttemptToReadWords();
+      SetCountPhrasesCaption();
+    } else {
+      params_->SelectNoLanguage();
+    }
+  }
+  SetWordsToIgnoreNotice();
+  EnableDisableReportOptions();
+  cmdClear->setEnabled(!txbFilterWords->text().isEmpty());
+  Timer1->start();
+  SetCountPhrasesCaption();
+  if (!txbFilterWords->text().isEmpty()) params_->cmdInitialize_Click();
+  // Those of the state file come after that, so that they survive a restart like everything else.
+  txbFilterWords->setText(filterWords);
+  cmdClear->setEnabled(!filterWords.isEmpty());
+  Timer1_Timer();
+  SetTheFocus();
+  startUpCompleted_ = true;
+  return true;
+}
+
+void frmMain::Initialize() {
+  const QScopedValueRollback<bool> quiet(restoring_, true);
+  chkSortByNumberOfFiles->setChecked(false);
+  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded,
+                        lblFilesize, lblXMLsize}) {
+    label->setText(QStringLiteral(" "));
+  }
+  params_->txbStateFile->clear();
+  for (int i = 0; i < 2; ++i) {
+    txbFileFilepathSpecifications[static_cast<size_t>(i)]->clear();
+    txbFileFilepathSpecifications_LostFocus(i);
+  }
+  params_->ClearExtraWords();
+  params_->SetDefaultValues();
+  cboWordOrder->setCurrentIndex(0);
+  cboDisplayFormat->setCurrentIndex(0);
+  if (params_->HasWordFiles() &&
+      desktop_.messages.Show({.text = "Do you wish to clear all words-to-ignore files?",
+                              .title = {},
+                              .icon = Icon::Question,
+                              .buttons = Buttons::YesNo,
+                              .defaultAnswer = Answer::No,
+                              .question = Question::ClearWordFiles}) == Answer::Yes) {
+    params_->ClearWordFiles();
+  }
+  txbFilterWords->clear();
+  cmdClear->setEnabled(false);
+  params_->SelectDefaultSizes();
+  EnableDisableReportOptions();
+}
+
+void frmMain::EnableDisableButtons(bool enabled) {
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           cmdClipboardViewer, cmdHelp, cmdSetParameters, cmdClearOutput, txbFileFilepathSpecifications[0],
+           txbFileFilepathSpecifications[1], cmdListFiles, cmdCountPhrases, cmdSaveState}) {
+    control->setEnabled(enabled);
+  }
+  // What is being counted cannot be chosen again while it is counted.
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           optOnClipboard, optInFile, optFolder, cmdFile[0], txbFile[0], cmdFolder, txbFolder,
+           chkIncludeSubfolders, cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency,
+           optAllowPhrasesAllWordsToIgnore, optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore,
+           optExcludePhrasesAllWordsToIgnore}) {
+    control->setEnabled(enabled);
+  }
+  for (QAction* action : idleActions_) action->setEnabled(enabled);
+  setAcceptDrops(enabled);
+  params_->EnableDisableButtons(enabled);
+  EnableClearButtons();
+}
+
+void frmMain::SetTheFocus() {
+  activateWindow();
+  cmdCountPhrases->setFocus();
+}
+
+void frmMain::SetCountPhrasesCaption() {
+  cmdCountPhrases->setText(running_ ? QStringLiteral("sto&p") : QStringLiteral("&Count phrases"));
+  stopAction_->setEnabled(running_);
+}
+
+TextSource frmMain::SourceKind() const {
+  if (optOnClipboard->isChecked()) return TextSource::Clipboard;
+  if (optFolder->isChecked()) return TextSource::Folder;
+  return TextSource::SingleFile;
+}
+
+// ---- Timers
+
+void frmMain::Timer1_Timer() {
+  const bool tooWide = txbOutput->horizontalScrollBar()->maximum() > 0;
+  txbOutput->setToolTip(tooWide ? QStringLiteral("You may need to increase the width.") : QString());
+  EnableClearButtons();
+  params_->ShowWordFilesState();
+  SetPathToolTips();
+  const bool folder = SourceKind() == TextSource::Folder;
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{txbFileFilepathSpecifications[0], txbFileFilepathSpecifications[1],
+                                       chkIncludeSubfolders, cmdListFiles}) {
+    control->setVisible(folder);
+  }
+}
+
+void frmMain::EnableClearButtons() {
+  if (running_) return;
+  for (size_t i = 0; i < 2; ++i) cmdClearFile[i]->setEnabled(!txbFile[i]->text().isEmpty());
+  cmdClearFolder->setEnabled(!txbFolder->text().isEmpty());
+  cmdClearOutput->setEnabled(!txbOutput->document()->isEmpty());
+  params_->EnableClearButtons();
+}
+
+void frmMain::SetPathToolTips() {
+  const auto tip = [](QLineEdit* box, const char* otherwise) {
+    box->setToolTip(box->text().isEmpty() ? QString::fromUtf8(otherwise) : box->text());
+  };
+  tip(txbFile[0], "To specify an input file click on the button labelled 'Single file'.");
+  tip(txbFile[1], "To specify an output file click on the button labelled 'Output file'.");
+  tip(txbFolder, "To specify a folder click on the button labelled 'Folder'.");
+  cmdFile[0]->setToolTip(QStringLiteral("Click on the 'Single file' button to specify an input file."));
+  cmdFolder->setToolTip(QStringLiteral("Click on the 'Folder' button to specify a folder with input files."));
+}
+
+// ---- Quitting, settings, help
+
+void frmMain::cmdQuit_Click() {
+  if (running_) {
+    // The run ends first; then the window closes, and nothing more is asked.
+    if (params_->ReallyQuit()) {
+      quitRequested_ = true;
+      messages_.Mute();
+      desktop_.yielder.RequestStop();
+    }
+    return;
+  }
+  if (params_->chkSaveStateOnQuit->isChecked()) {
+    if (const std::string fault = SaveStateTo({}); !fault.empty()) {
+      desktop_.messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+    }
+  }
+  StoreGeometry();
+  params_->hide();
+  if (help_) help_->hide();
+  if (clipboardViewer_) clipboardViewer_->hide();
+  ended_ = true;
+  close();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  if (ended_) {
+    event->accept();
+    return;
+  }
+  event->ignore();
+  cmdQuit_Click();
+}
+
+void frmMain::cmdSetParameters_Click() {
+  params_->show();
+  params_->raise();
+  params_->activateWindow();
+}
+
+void frmMain::cmdHelp_Click() {
+  if (!help_) help_ = std::make_unique<frmHelp>(*texts_);
+  help_->show();
+  help_->raise();
+  help_->activateWindow();
+}
+
+// ---- Geometry
+
+void frmMain::RestoreGeometry() {
+  if (desktop_.store.contains(QStringLiteral("geometry/main"))) {
+    restoreGeometry(desktop_.store.value(QStringLiteral("geometry/main")).toByteArray());
+    return;
+  }
+  // The first time: as high as the screen allows, up to where more height helps nobody.
+  const QSize room = screen()->availableSize();
+  resize(std::min(1280, room.width() * 9 / 10), std::min(900, room.height() * 9 / 10));
+}
+
+void frmMain::StoreGeometry() {
+  desktop_.store.setValue(QStringLiteral("geometry/main"), saveGeometry());
+  desktop_.store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());
+}
+
+// ---- Errors of handlers
+
+void frmMain::ShowInsufficientMemory() {
+  desktop_.messages.Show({.text = "Insufficient memory", .title = {}, .icon = Icon::Critical});
+}
+
+void frmMain::ShowUnexpectedError(const char* place, const char* description) {
+  desktop_.messages.Show({.text = UnexpectedErrorText(place, kErrorUnexpected, description),
+                          .title = {},
+                          .icon = Icon::Critical});
+}
+
+void frmMain::ShowStatus(const QString& text) {
+  lblStatusText->setText(text);
+}
+
+}  // namespace korv

@@ -1,0 +1,238 @@
+#pragma once
+
+#include <QMainWindow>
+#include <chrono>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "app/program_text.h"
+#include "app/run.h"
+#include "app/saved_state.h"
+#include "app/settings.h"
+#include "app/windows/desktop.h"
+#include "app/windows/frm_main_controls.h"
+#include "app/windows/muted_messages.h"
+#include "app/windows/output_text_box.h"
+#include "app/windows/recent_sources.h"
+#include "engine/run_options.h"
+#include "report/error_text.h"
+#include "report/list_words.h"
+#include "report/output_box.h"
+#include "report/output_file.h"
+#include "report/report_options.h"
+#include "sources/encoding_choice.h"
+#include "wordlists/read_words.h"
+
+class QAction;
+class QMenu;
+
+namespace korv {
+
+class frmClipboard;
+class frmHelp;
+class frmParams;
+class frmPopUp;
+
+/// The program's main window: start-up, source and report controls, the text box, the two timers, quitting.
+/// What it counts and how it lists is done elsewhere; it hands records over and shows what comes back.
+///
+/// Handlers carry the names of their controls. Members of the window's parts are in frm_main_<part>.cpp.
+class frmMain final : public QMainWindow, public FrmMainControls {
+ public:
+  explicit frmMain(const Desktop& desktop);
+  ~frmMain() override;
+
+  // ---- Life cycle
+
+  /// Start-up. False when the program's texts cannot be loaded; the user has been told, and the program
+  /// ends.
+  bool Form_Load();
+  /// A fresh state, as "Reinitialize" wants it. May ask whether to clear the word-list files.
+  void Initialize();
+  /// Enables, or disables for the time of a run, what must not be used during one.
+  void EnableDisableButtons(bool enabled);
+  void SetTheFocus();
+  void SetWordsToIgnoreNotice();
+  void SetCountPhrasesCaption();
+  /// Saves the state file and tells so in a pop-up. `window` is where the pop-up belongs.
+  void SaveStateFile(QWidget* window);
+
+  // ---- Settings (frm_main_settings.cpp)
+
+  /// What the controls of both windows say.
+  Settings GatherSettings() const;
+  /// Puts it into the controls, without asking or listing anything.
+  void ApplySettings(const Settings& settings);
+  /// An empty path is the state file. Empty on success, else the message to show.
+  std::string SaveStateTo(const std::filesystem::path& path);
+  /// Reads a settings file into the controls; may ask to load its word list.
+  RestoreOutcome RestoreSavedState(const std::filesystem::path& path);
+
+  // ---- What the Settings window asks
+
+  frmParams& Params() { return *params_; }
+  const Desktop& Outside() const { return desktop_; }
+  frmPopUp& PopUps() { return *popUp_; }
+  OutputBox& Output() { return *output_; }
+  /// The selected source.
+  TextSource SourceKind() const;
+  /// Selects a source and runs its handler.
+  void SelectSource(TextSource source);
+  /// Words have been read and their phrases can be listed.
+  bool HasResult() const;
+  /// Forgets the counted phrases; the next run reads its source anew.
+  void DiscardResult();
+  bool StartUpCompleted() const { return startUpCompleted_; }
+  bool Running() const { return running_; }
+  const ProgramText& Texts() const { return *texts_; }
+
+  // ---- Source (frm_main_source.cpp)
+
+  void optOnClipboard_Click();
+  void optInFile_Click();
+  void optFolder_Click();
+  void cmdFile_Click(int index);
+  void cmdClearFile_Click(int index);
+  void txbFile_LostFocus(int index);
+  void cmdFolder_Click();
+  void cmdClearFolder_Click();
+  void txbFolder_LostFocus();
+  void txbFileFilepathSpecifications_LostFocus(int index);
+  void cmdListFiles_Click();
+  void cmdClipboardViewer_Click();
+  /// Makes a file or a folder the source.
+  void TakeSource(const QString& path);
+
+  // ---- Report options and listing (frm_main_report.cpp)
+
+  ReportOptions GatherReportOptions() const;
+  /// Enables, disables and corrects what depends on format, order, source and relative frequency.
+  void EnableDisableReportOptions();
+  void cboDisplayFormat_Click();
+  void cboWordOrder_Click();
+  void chkDisplayRelativeFrequency_Click();
+  void chkSortByNumberOfFiles_Click();
+  void chkFileList_Click();
+  void chkDisableOutputToFile_Click();
+  void txbFilterWords_LostFocus();
+  void txbFilterWords_KeyPress(int key);
+  void cmdFilterResults_Click();
+  void cmdClear_Click();
+  void cmdClearOutput_Click();
+  /// Lists the counted phrases, to the output file or into the text box.
+  void ListTheResult(bool filtered);
+
+  // ---- The run (frm_main_run.cpp)
+
+  void cmdCountPhrases_Click();
+  /// Does `work` with the buttons disabled, `notice` in the text box and the count button busy.
+  void WhileBusy(const std::string& notice, const std::function<void(ListReading&)>& work);
+
+  // ---- Others
+
+  void cmdSaveState_Click();
+  void cmdSetParameters_Click();
+  void cmdHelp_Click();
+  void cmdQuit_Click();
+  void Timer1_Timer();
+  void Timer2_Timer();
+
+  /// `handler` with its errors shown, not thrown: they must not pass through the toolkit.
+  template <typename Handler>
+  auto Guarded(const char* place, Handler handler) {
+    return [this, place, handler = std::move(handler)](auto&&...) {
+      try {
+        handler();
+      } catch (const std::bad_alloc&) {
+        ShowInsufficientMemory();
+      } catch (const std::exception& error) {
+        ShowUnexpectedError(place, error.what());
+      }
+    };
+  }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class WindowRunView;
+  /// The window is in its running state for as long as this lives.
+  class RunGuard {
+   public:
+    explicit RunGuard(frmMain& main) : main_(main) { main_.BeginRun(); }
+    ~RunGuard() { main_.EndRun(); }
+    RunGuard(const RunGuard&) = delete;
+    RunGuard& operator=(const RunGuard&) = delete;
+
+   private:
+    frmMain& main_;
+  };
+
+  bool LoadProgramText();
+  void RestoreStateFile();
+  void FillLists();
+  void Connect();
+  void SourceHasChanged();
+  void RelistAfterChange();
+  std::string CountSoFar() const;
+  void BuildMenus();
+  void FillRecentMenu(QMenu* menu);
+  void RestoreGeometry();
+  void StoreGeometry();
+  void EnableClearButtons();
+  void SetPathToolTips();
+  void ShowFileSizes();
+  void ShowStatus(const QString& text);
+  RunRequest GatherRunRequest() const;
+  void ShowRunFacts();
+  void ShowCounts(uint64_t files, uint64_t words, uint64_t phrases);
+  void ListTheResultTo(const Report& report, const std::optional<std::string>& path);
+  /// Where the report is to be written; empty for the text box. May ask, and may disable file output.
+  std::optional<std::string> ConfirmedOutputPath();
+  /// Whether writing to `path` would destroy what was counted; says so.
+  bool OutputIsSource(const std::string& path);
+  void BeginRun();
+  void EndRun();
+  void tmrProgress_Timer();
+  void ShowInsufficientMemory();
+  void ShowUnexpectedError(const char* place, const char* description);
+
+  MutedMessages messages_;
+  Desktop desktop_;  ///< As given, but its messages are the ones above.
+  std::unique_ptr<ProgramText> texts_;
+  std::unique_ptr<OutputTextBox> outputTextBox_;
+  std::unique_ptr<OutputBox> output_;
+  std::unique_ptr<frmParams> params_;
+  std::unique_ptr<frmHelp> help_;
+  std::unique_ptr<frmClipboard> clipboardViewer_;
+  frmPopUp* popUp_ = nullptr;
+  std::unique_ptr<OverwriteGuard> overwrite_;
+  EncodingChooser encodings_;
+  RecentSources recentFiles_;
+  RecentSources recentFolders_;
+  QList<QAction*> idleActions_;  ///< Commands that rest during a run.
+  QAction* stopAction_ = nullptr;
+
+  bool startUpCompleted_ = false;
+  bool restoring_ = false;  ///< Settings are being put into the controls.
+  bool running_ = false;
+  bool ended_ = false;
+  bool quitRequested_ = false;
+  std::optional<CountedRun> result_;
+  const CountedRun* counting_ = nullptr;  ///< The run that is going on.
+  RunProgress progress_;
+  std::optional<ReportOptions> listed_;  ///< Of the last listing.
+  QTimer* tmrProgress_ = nullptr;
+  size_t twirlerFrame_ = 0;
+  std::chrono::steady_clock::time_point runStart_;
+};
+
+}  // namespace korv

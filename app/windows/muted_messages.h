@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/messages.h"
+
+namespace korv {
+
+/// Messages that fall silent once the program is about to end: a question then gets No, and nothing is
+/// shown any more.
+class MutedMessages final : public Messages {
+ public:
+  explicit MutedMessages(Messages& messages) : messages_(messages) {}
+
+  void Mute() { muted_ = true; }
+
+  Answer Show(const Message& message) override {
+    if (!muted_) return messages_.Show(message);
+    switch (message.buttons) {
+      case Buttons::Ok:
+        return Answer::Ok;
+      case Buttons::YesNo:
+        return Answer::No;
+      case Buttons::YesNoCancel:
+        return Answer::Cancel;
+    }
+    return Answer::Ok;
+  }
+  std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
+                                     const std::string& initial) override {
+    if (muted_) return std::nullopt;
+    return messages_.AskText(prompt, title, initial);
+  }
+
+ private:
+  Messages& messages_;
+  bool muted_ = false;
+};
+
+}  // namespace korv

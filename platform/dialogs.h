@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace korv {
+
+/// What a file chooser is asked. `filter` is a name and its pattern with a bar between them:
+/// "Korv settings files (*.korv) | *.korv".
+struct FileChoice {
+  std::string title;
+  std::string filter;
+  std::string initialPath;  ///< Offered first; a folder or a file, may be empty.
+  /// When saving: ask before an existing file is chosen. Off where whoever writes the file asks.
+  bool asksBeforeReplacing = false;
+};
+
+/// The system's choosers. Paths are UTF-8 texts as the system shows them; empty when the user cancelled.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  virtual std::optional<std::string> ChooseFileToOpen(const FileChoice& choice) = 0;
+  virtual std::optional<std::string> ChooseFileToSave(const FileChoice& choice) = 0;
+  virtual std::optional<std::string> ChooseFolder(const std::string& title,
+                                                  const std::string& initialPath) = 0;
+};
+
+}  // namespace korv
