@@ -12,7 +12,8 @@ void FirstLines::Take(std::string_view piece, std::string& lines) {
       continue;
     }
     afterCR_ = false;
-    const size_t end = std::min(piece.find_first_of("\r\n"), piece.size());
+    const auto isEnd = [](char c) { return c == '\r' || c == '\n'; };
+    const auto end = static_cast<size_t>(std::ranges::find_if(piece, isEnd) - piece.begin());
     if (end > 0) Append(piece.substr(0, end), lines);
     if (end == piece.size()) return;
     afterCR_ = piece[end] == '\r';
