@@ -1,0 +1,75 @@
+// Any bytes as a list file of either kind and as typed entries: read or refused with one message, and what
+// comes out is clean and can be asked.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+#include <string>
+
+#include "engine/run_lists.h"
+#include "engine/unicode.h"
+#include "engine/word_chars.h"
+#include "tests/wordlists/list_world.h"
+#include "wordlists/gather_lists.h"
+#include "wordlists/typed_words.h"
+
+namespace {
+
+using namespace korv;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+void RequireClean(const std::string& text) {
+  Require(!text.empty() && text.front() != ' ' && text.back() != ' ');
+  Require(ToNfc(text) == text);
+  std::string again;
+  for (size_t at = 0; at < text.size();) AppendCharacter(NextCharacter(text, at), again);
+  Require(again == text);
+}
+
+void RequireWord(const std::string& word, const WordRules& rules) {
+  Require(LowerText(word) == word);
+  for (size_t at = 0; at < word.size();) {
+    const char32_t c = NextCharacter(word, at);
+    // An apostrophe may stand before a last s or t whatever the rules say.
+    Require(IsWordCharCode(c, false, rules.AllowedExtraChars + "~?'"));
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  constexpr size_t kMostBytes = 4096;
+  if (size == 0 || size > kMostBytes) return 0;
+  const ListKind kind = (data[0] & 1) != 0 ? ListKind::CountOnly : ListKind::WordsToIgnore;
+  static constexpr EncodingChoice kChoices[] = {EncodingChoice::Auto, EncodingChoice::Utf8,
+                                                EncodingChoice::Ansi, EncodingChoice::Auto};
+  ListWorld world(kChoices[data[0] >> 1 & 3]);
+  world.rules.AllowForwardslashes = (data[0] & 8) != 0;
+  world.rules.AllowNumerals = world.rules.AllowPeriods = (data[0] & 16) != 0;
+  SetAllowedExtraChars(world.rules);
+  SetAllowedExtraChars2(world.rules);
+  const std::string content(reinterpret_cast<const char*>(data) + 1, size - 1);
+
+  const WordList list = world.Read(content, kind);
+  if (!world.loaded) Require(list.Words.empty() && world.messages.shown.size() == 1);
+  Require(std::set<std::string>(list.Words.begin(), list.Words.end()).size() == list.Words.size());
+  for (const std::string& word : list.Words) {
+    RequireClean(word);
+    if (kind == ListKind::WordsToIgnore) RequireWord(word, world.rules);
+  }
+
+  world.messages.Forget();
+  const bool faultless = CheckAllowedExtraChars(kind, content, world.rules, world.messages);
+  Require(world.messages.shown.size() == (faultless ? 0u : 1u));
+  for (const std::string& entry : SplitTypedEntries(kind, content)) RequireClean(entry);
+
+  const ListEntries entries = MakeListEntries(&list, content.substr(0, 200), (data[0] & 32) != 0, &list,
+                                              content.substr(0, 200), world.rules);
+  const RunLists lists(entries);
+  for (const std::string& word : list.Words) lists.IsWordToIgnore(word);
+  lists.IsCountOnlyPhrase("some+words");
+  return 0;
+}
