@@ -20,28 +20,44 @@ namespace {
 /// Allocations until one fails; negative: none does.
 std::atomic<long> allocationsLeft{-1};
 
-void* Allocate(std::size_t size) {
+void* AllocateOrNull(std::size_t size) noexcept {
   if (allocationsLeft.load(std::memory_order_relaxed) >= 0 &&
       allocationsLeft.fetch_sub(1, std::memory_order_relaxed) == 0) {
-    throw std::bad_alloc();
+    return nullptr;
   }
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+  return std::malloc(size == 0 ? 1 : size);
+}
+
+void* Allocate(std::size_t size) {
+  if (void* memory = AllocateOrNull(size)) return memory;
   throw std::bad_alloc();
 }
 
 }  // namespace
 
-// NOLINTBEGIN: replacing them is the point.
+// NOLINTBEGIN: replacing them is the point. All forms that the library uses, as they free each other's.
 void* operator new(std::size_t size) {
   return Allocate(size);
 }
 void* operator new[](std::size_t size) {
   return Allocate(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return AllocateOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return AllocateOrNull(size);
+}
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
 void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
   std::free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
