@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
 
 #include "engine/wildcard.h"
 
@@ -42,21 +41,21 @@ class Runs {
   Fragment best_;
 };
 
-/// Reads the top level of an expression. Every step fails (false) on what it does not know.
+/// Reads the top level of an expression, alternative by alternative. Every step fails (false) on what it does
+/// not know.
 class ExpressionReader {
  public:
   ExpressionReader(std::string_view expression, bool caseSignificant)
       : text_(expression), caseSignificant_(caseSignificant) {}
 
-  std::optional<Fragment> Read() {
-    if (!text_.empty() && text_[0] == '^') {
-      ++at_;
-      runs_.BeginAtBeginning();
+  std::vector<Fragment> Read() {
+    std::vector<Fragment> needed;
+    for (;; ++at_) {
+      const Fragment best = ReadAlternative();
+      if (best.Text.empty()) return {};
+      needed.push_back(best);
+      if (at_ == text_.size()) return needed;
     }
-    while (at_ < text_.size())
-      if (!Item()) return std::nullopt;
-    runs_.Close(endsAtEnd_);
-    return runs_.Best();
   }
 
   /// Whether everything is known, alternatives and anchors in odd places included.
@@ -71,6 +70,20 @@ class ExpressionReader {
   }
 
  private:
+  /// Up to the next "|" or the end; empty as well where something is not known.
+  Fragment ReadAlternative() {
+    runs_ = Runs();
+    endsAtEnd_ = false;
+    if (at_ < text_.size() && text_[at_] == '^') {
+      ++at_;
+      runs_.BeginAtBeginning();
+    }
+    while (at_ < text_.size() && text_[at_] != '|')
+      if (!Item()) return {};
+    runs_.Close(endsAtEnd_);
+    return runs_.Best();
+  }
+
   bool Item() {
     const char c = text_[at_];
     switch (c) {
@@ -84,7 +97,8 @@ class ExpressionReader {
         return false;
       case '$':
         // Anywhere else than at the end it matches nothing that would matter.
-        endsAtEnd_ = ++at_ == text_.size();
+        ++at_;
+        endsAtEnd_ = at_ == text_.size() || text_[at_] == '|';
         return endsAtEnd_;
       case '.':
         ++at_;
@@ -217,8 +231,8 @@ Fragment FragmentOfWildcard(std::string_view signs) {
   return runs.Best();
 }
 
-Fragment FragmentOfExpression(std::string_view expression, bool caseSignificant) {
-  return ExpressionReader(expression, caseSignificant).Read().value_or(Fragment{});
+std::vector<Fragment> FragmentsOfExpression(std::string_view expression, bool caseSignificant) {
+  return ExpressionReader(expression, caseSignificant).Read();
 }
 
 bool CanStandInAlternation(std::string_view expression) {

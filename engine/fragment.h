@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korv {
 
@@ -16,9 +17,10 @@ struct Fragment {
 /// The longest piece that a wildcard's signs (Wildcard::Signs) need.
 Fragment FragmentOfWildcard(std::string_view signs);
 
-/// The longest piece that a regular expression needs, read conservatively: an expression that holds
-/// anything out of the ordinary needs nothing. Where case is not significant only ASCII is looked for.
-Fragment FragmentOfExpression(std::string_view expression, bool caseSignificant);
+/// Pieces of which every match of a regular expression holds one, the longest of each alternative. Empty:
+/// nothing is known to be needed, as of any expression that holds something out of the ordinary. Where case
+/// is not significant only ASCII is looked for.
+std::vector<Fragment> FragmentsOfExpression(std::string_view expression, bool caseSignificant);
 
 /// Whether a valid expression means the same as one alternative of a larger one: it refers to no group, sets
 /// no option and holds nothing else that reaches beyond it. Read conservatively, too.

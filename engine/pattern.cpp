@@ -49,10 +49,13 @@ bool Pattern::MatchesFolded(std::string_view text, std::string_view folded) cons
   return std::holds_alternative<Everything>(form_);
 }
 
-Fragment Pattern::Needs() const {
-  if (const auto* wildcard = std::get_if<Wildcard>(&form_)) return FragmentOfWildcard(wildcard->Signs());
+std::vector<Fragment> Pattern::Needs() const {
+  if (const auto* wildcard = std::get_if<Wildcard>(&form_)) {
+    Fragment needed = FragmentOfWildcard(wildcard->Signs());
+    if (!needed.Text.empty()) return {std::move(needed)};
+  }
   if (const auto* expression = std::get_if<Expression>(&form_))
-    return FragmentOfExpression(expression->Source, caseSignificant_);
+    return FragmentsOfExpression(expression->Source, caseSignificant_);
   return {};
 }
 

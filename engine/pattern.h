@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "engine/fragment.h"
 #include "engine/list_entry.h"
@@ -28,8 +29,8 @@ class Pattern {
   /// For whoever asks many patterns of one text: `folded` is FoldForMatching of it.
   bool MatchesFolded(std::string_view text, std::string_view folded) const;
 
-  /// What a text must hold to be worth asking for (after FoldForMatching).
-  Fragment Needs() const;
+  /// A text that holds none of these (after FoldForMatching) is not worth asking for. Empty: any may be.
+  std::vector<Fragment> Needs() const;
   /// Whether it is one text and no pattern at all; `literal` is that text after FoldForMatching.
   bool IsLiteral(std::string_view& literal) const;
   /// The regular expression that decides, where one does and it can stand in an alternation with others.

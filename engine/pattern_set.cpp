@@ -13,13 +13,14 @@ void PatternSet::AddPattern(std::string_view text) {
     return;
   }
   const auto number = static_cast<uint32_t>(patterns_.size());
-  const Fragment needed = pattern.Needs();
+  const std::vector<Fragment> needed = pattern.Needs();
   patterns_.push_back(std::move(pattern));
+  if (needed.empty()) always_.push_back(number);
+  for (const Fragment& fragment : needed) Shelve(number, fragment);
+}
+
+void PatternSet::Shelve(uint32_t number, const Fragment& needed) {
   const size_t length = std::min(needed.Text.size(), kFragmentBytes);
-  if (length == 0) {
-    always_.push_back(number);
-    return;
-  }
   const bool atEnd = needed.Where == Fragment::Place::End;
   Shelf& shelf = atEnd ? ends_ : needed.Where == Fragment::Place::Beginning ? beginnings_ : anywhere_;
   shelf.LengthInUse[length] = true;

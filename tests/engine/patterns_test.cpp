@@ -185,7 +185,6 @@ TEST(Fragment, IsWhatEveryMatchHolds) {
       {"xé?yy", true, "yy", Place::Anywhere},
       {"big hat", false, "big hat", Place::Anywhere},
       // Out of the ordinary, or nothing needed.
-      {"abc|def", true, "", Place::Anywhere},
       {"(?i)abc", true, "", Place::Anywhere},
       {"(*ACCEPT)abc", true, "", Place::Anywhere},
       {"\\Qa*b\\E", true, "", Place::Anywhere},
@@ -203,12 +202,29 @@ TEST(Fragment, IsWhatEveryMatchHolds) {
       {"", true, "", Place::Anywhere},
   };
   for (const FragmentCase& c : cases) {
-    const Fragment fragment = FragmentOfExpression(c.expression, c.caseSignificant);
-    EXPECT_EQ(fragment.Text, c.text) << c.expression;
-    if (!fragment.Text.empty()) {
-      EXPECT_EQ(fragment.Where, c.where) << c.expression;
+    const std::vector<Fragment> fragments = FragmentsOfExpression(c.expression, c.caseSignificant);
+    if (*c.text == '\0') {
+      EXPECT_TRUE(fragments.empty()) << c.expression;
+    } else {
+      ASSERT_EQ(fragments.size(), 1u) << c.expression;
+      EXPECT_EQ(fragments[0].Text, c.text) << c.expression;
+      EXPECT_EQ(fragments[0].Where, c.where) << c.expression;
     }
   }
+}
+
+TEST(Fragment, EachAlternativeHasItsOwn) {
+  const std::vector<Fragment> fragments = FragmentsOfExpression("^un|re$|x.*yz", true);
+  ASSERT_EQ(fragments.size(), 3u);
+  EXPECT_EQ(fragments[0].Text, "un");
+  EXPECT_EQ(fragments[0].Where, Fragment::Place::Beginning);
+  EXPECT_EQ(fragments[1].Text, "re");
+  EXPECT_EQ(fragments[1].Where, Fragment::Place::End);
+  EXPECT_EQ(fragments[2].Text, "yz");
+  EXPECT_EQ(fragments[2].Where, Fragment::Place::Anywhere);
+  // One alternative that needs nothing, and nothing is needed.
+  for (const char* expression : {"abc|", "|abc", "abc|.", "abc|d*", "abc|(?i)d", "a$b|c"})
+    EXPECT_TRUE(FragmentsOfExpression(expression, true).empty()) << expression;
 }
 
 TEST(PatternSet, AgreesWithEachPatternAlone) {
@@ -235,6 +251,8 @@ TEST(PatternSet, AgreesWithEachPatternAlone) {
       "~veryverylongfragmentatend",
       "verylongbeginning~",
       "<S>",
+      "<^un|re$|[xy]{2}q>",
+      "<^co|ee>",
       "s~ſ",
       "<abc(?=def)def>",
       "<\\.>",
