@@ -96,7 +96,7 @@ class SystemFiles final : public FileSystem {
   // Asks the disk about links only: for everything else the listing itself tells the type.
   static void Sort(const fs::directory_entry& entry, FolderListing& listing) {
     std::error_code code;
-    if (entry.is_symlink(code)) {
+    if (SystemIsLink(entry)) {
       const fs::file_status target = entry.status(code);
       if (fs::is_regular_file(target) || !fs::exists(target))
         listing.files.push_back(entry.path().filename());

@@ -240,6 +240,11 @@ Expected<fs::path, FileError> SystemPrivateTemporaryFolder() {
   return fs::path(name);
 }
 
+bool SystemIsLink(const fs::directory_entry& entry) {
+  std::error_code code;
+  return entry.is_symlink(code);
+}
+
 std::string PathToText(const fs::path& path) {
   return MendedUtf8(path.native());
 }
