@@ -1,5 +1,6 @@
 #include "app/source_reading.h"
 
+#include <cstring>
 #include <utility>
 
 #include "platform/utf8.h"
@@ -36,9 +37,23 @@ void ShowFileError(Messages& messages, const FileError& error) {
                  .icon = Icon::Critical});
 }
 
+constexpr size_t kAsciiStep = sizeof(uint64_t);
+
+/// Whether the next kAsciiStep bytes are there and all ASCII.
+bool IsAsciiAt(std::string_view bytes, size_t at) {
+  if (bytes.size() - at < kAsciiStep) return false;
+  uint64_t step;
+  std::memcpy(&step, bytes.data() + at, kAsciiStep);
+  return (step & 0x8080808080808080) == 0;
+}
+
 /// Well-formed, save that a text cut off by a stop may end inside a character.
 bool IsWellFormed(std::string_view bytes, bool cutOff) {
   for (size_t at = 0; at < bytes.size();) {
+    if (IsAsciiAt(bytes, at)) {
+      at += kAsciiStep;
+      continue;
+    }
     const Utf8Sequence sequence = Utf8SequenceAt(bytes, at);
     if (sequence.kind == Utf8Kind::IllFormed) return false;
     if (sequence.kind == Utf8Kind::CutOff) return cutOff;

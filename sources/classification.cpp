@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "engine/unicode.h"
@@ -90,15 +91,16 @@ bool DeclaresUtf8BeyondHead(InputFile& file, FirstLines& lines, std::string& dec
 }
 
 // The first ten lines nearly always end inside the head. Where they do not, they are read on to their end,
-// and the file is put back to where the head ends. A pipe cannot be put back, so its head has to do.
-bool DeclaresUtf8(InputFile& file, std::string_view head) {
+// and the file is put back to where the head ends. A pipe cannot be put back, so its head has to do. Empty
+// where the way back failed: what has been read on is lost.
+std::optional<bool> DeclaresUtf8(InputFile& file, std::string_view head) {
   FirstLines lines(10, true);
   std::string declared;
   lines.Take(head, declared);
   if (DeclaresUtf8(declared)) return true;
   if (lines.Full() || file.SeekTo(head.size())) return false;
   const bool declares = DeclaresUtf8BeyondHead(file, lines, declared);
-  file.SeekTo(head.size());
+  if (file.SeekTo(head.size())) return std::nullopt;
   return declares;
 }
 
@@ -136,9 +138,11 @@ Opened OpenAndProbe(FileSystem& files, const path& path, size_t headBytes, bool 
   opened.head = std::move(*head);
   const std::string name = PathToText(path);
   opened.signature = SignatureOfHead(opened.head, FileExtension(name, true));
-  if (opened.signature == EncodingSignature::None && checkDeclaredCharset && IsPlainTextExtension(name) &&
-      DeclaresUtf8(*opened.file, opened.head))
-    opened.signature = EncodingSignature::Utf8;
+  if (opened.signature == EncodingSignature::None && checkDeclaredCharset && IsPlainTextExtension(name)) {
+    const std::optional<bool> declares = DeclaresUtf8(*opened.file, opened.head);
+    if (!declares) return std::move(refuse(EncodingSignature::CannotOpen));
+    if (*declares) opened.signature = EncodingSignature::Utf8;
+  }
   return opened;
 }
 

@@ -305,7 +305,7 @@ void frmMain::StoreGeometry() {
 // ---- Errors of handlers
 
 void frmMain::ShowInsufficientMemory() {
-  desktop_.messages.Show({.text = "Insufficient memory", .title = {}, .icon = Icon::Critical});
+  desktop_.messages.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Critical});
 }
 
 void frmMain::ShowUnexpectedError(const char* place, const char* description) {

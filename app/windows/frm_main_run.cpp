@@ -60,7 +60,7 @@ class frmMain::WindowRunView final : public RunView {
 
   void Status(const std::string& text) override {
     // The counting has begun; two results at a time would only cost memory.
-    main_.DiscardResult();
+    if (main_.counting_ != nullptr) main_.DiscardResult();
     main_.output_->OutputToTxb(text + "\r\n");
     main_.ShowStatus(ToQtLines(text).simplified());
   }
@@ -107,6 +107,7 @@ RunRequest frmMain::GatherRunRequest() const {
   request.Selection = {.Patterns = SplitPatterns(settings.FilePatterns),
                        .Exclusions = SplitPatterns(settings.ExcludedTexts)};
   request.IncludeSubfolders = settings.IncludeSubfolders;
+  request.Chain = ChainOrderOf(settings.Report);
   request.ExtractTextFromDocx = settings.ExtractTextFromDocx;
   return request;
 }

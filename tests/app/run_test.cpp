@@ -1,0 +1,751 @@
+#include "app/run.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "tests/app/run_world.h"
+
+namespace korv {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr const char* kText = "The big cat sat. The big cat ran and the big dog sat.";
+
+std::string ManyPhrases(int words) {
+  std::string text;
+  for (int k = 0; k < words; ++k) {
+    std::string word = "word";
+    for (int n = k; n > 0; n /= 26) word += static_cast<char>('a' + n % 26);
+    text += word + " ";
+  }
+  return text;
+}
+
+// ---- Before a run.
+
+struct Asked {
+  bool Starts;
+  int MinFrequency;
+  ReportOptions Report;
+};
+
+Asked Ask(RunWorld& world, ReportOptions report = {}) {
+  const bool starts = AskBeforeCounting(world.request, report, world.files, world.messages);
+  return {starts, world.request.Options.MinFrequency, report};
+}
+
+TEST(AskBeforeCounting, RefusesAMaximumBelowTheMinimum) {
+  RunWorld world;
+  world.UseLengths(5, 4, 1);
+  EXPECT_FALSE(Ask(world).Starts);
+  EXPECT_EQ(world.messages.Only().text,
+            "The maximum number of words in each phrase\r\nmust not be less than the minimum number.");
+  EXPECT_EQ(world.messages.Only().title, "Invalid input");
+  EXPECT_EQ(world.messages.Only().icon, Icon::Exclamation);
+}
+
+TEST(AskBeforeCounting, AcceptsEqualLengths) {
+  RunWorld world;
+  world.UseLengths(5, 5);
+  EXPECT_TRUE(Ask(world).Starts);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
+TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
+  constexpr size_t kBelow = 51 * 1024 - 513;
+  constexpr size_t kEnough = 51 * 1024 - 511;
+  struct Case {
+    TextSource Source;
+    size_t FileBytes;
+    int MinFrequency;
+    int WordOrder;
+    bool Advised;
+  };
+  for (const Case c : {Case{TextSource::Folder, 0, 1, 0, true},
+                       {TextSource::Folder, 0, 2, 0, false},
+                       {TextSource::Folder, 0, 1, 1, false},
+                       {TextSource::Clipboard, kEnough, 1, 0, false},
+                       {TextSource::SingleFile, kBelow, 1, 0, false},
+                       {TextSource::SingleFile, kEnough, 1, 0, true},
+                       {TextSource::SingleFile, kEnough, 1, 1, false}})
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+      RunWorld world;
+      world.UseFile("/a.txt", std::string(c.FileBytes, 'x'));
+      world.UseLengths(2, 3, c.MinFrequency);
+      world.request.Options.SourceKind = c.Source;
+      world.messages.WillAnswer(Question::MinimumFrequency, answer);
+      const Asked asked = Ask(world, {.WordOrder = c.WordOrder});
+      EXPECT_TRUE(asked.Starts);
+      EXPECT_EQ(!world.messages.shown.empty(), c.Advised) << c.FileBytes;
+      EXPECT_EQ(asked.MinFrequency, c.Advised && answer == Answer::Yes ? 2 : c.MinFrequency);
+      if (c.Advised) {
+        EXPECT_EQ(world.messages.Only().text,
+                  "If you are just interested in the most frequently occurring phrases then the minimum "
+                  "number of occurrences should be set to at least 2, otherwise processing will take "
+                  "longer.\r\nDo you wish to reset it?");
+        EXPECT_EQ(world.messages.Only().buttons, Buttons::YesNo);
+      }
+    }
+}
+
+TEST(AskBeforeCounting, AsksWhetherToKeepTheFilter) {
+  for (const bool keep : {true, false}) {
+    RunWorld world;
+    world.messages.WillAnswer(Question::KeepFilter, keep ? Answer::Yes : Answer::No);
+    const Asked asked = Ask(world, {.FilterText = "cat"});
+    EXPECT_TRUE(asked.Starts);
+    EXPECT_EQ(asked.Report.FilterText, keep ? "cat" : "");
+    EXPECT_EQ(asked.Report.FilterActive, keep);
+    EXPECT_EQ(world.messages.Only().text, "Do you wish to keep the filter settings?");
+    EXPECT_EQ(world.messages.Only().title, "Filter results?");
+  }
+}
+
+TEST(AskBeforeCounting, WithoutFilterWordsTheListIsWhole) {
+  RunWorld world;
+  const Asked asked = Ask(world, {.FilterActive = true});
+  EXPECT_FALSE(asked.Report.FilterActive);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
+// ---- Single files.
+
+TEST(RunCount, CountsTheCatsOfAFile) {
+  RunWorld world;
+  world.UseFile("/a.txt", kText);
+  world.UseLengths(2, 3);
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.Listed(), "3 the big, 2 the big cat");
+  EXPECT_EQ(world.run.Facts.InputPath, "/a.txt");
+  EXPECT_EQ(world.run.Facts.MinCharacters, 3);
+  EXPECT_FALSE(world.run.Facts.WordsToIgnoreInUse);
+  EXPECT_FALSE(world.run.Facts.Options.Stopped);
+  EXPECT_EQ(world.run.Words, 13u);
+  EXPECT_FALSE(world.run.Interrupted);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.view.statuses,
+              ElementsAre("Now counting phrases in\r\n\r\n/a.txt", "Excluding redundant subphrases . . . ",
+                          "Now setting up frequency chain . . .", "(cleared)"));
+  EXPECT_THAT(world.view.sizes, ElementsAre("Filesize: 53 bytes|"));
+}
+
+TEST(RunCount, ListsEveryPhraseWithAMinimumFrequencyOfOne) {
+  RunWorld world;
+  world.UseFile("/a.txt", "one two three. one two");
+  world.UseLengths(2, 3, 1);
+  world.Count();
+  EXPECT_EQ(world.Listed(), "2 one two, 1 one two three");
+}
+
+TEST(RunCount, TellsOfSortingAboveAThousandPhrases) {
+  for (const int phrases : {1, 1000, 1001}) {
+    RunWorld world;
+    world.UseFile("/a.txt", ManyPhrases(phrases + 1));
+    world.UseLengths(2, 2, 1);
+    world.Count();
+    EXPECT_EQ(world.run.Table.PhraseCount(), static_cast<uint64_t>(phrases));
+    if (phrases > 1000)
+      EXPECT_THAT(world.view.statuses, Contains("Now sorting ..."));
+    else
+      EXPECT_THAT(world.view.statuses, Not(Contains("Now sorting ...")));
+  }
+}
+
+TEST(RunCount, SaysWhatKindOfFileItIs) {
+  struct Case {
+    std::string Content;
+    const char* Kind;
+  };
+  for (const Case& c : {Case{"one two\r\nthree", ""},
+                        {"one two\nthree", "This is a Unix-type file."},
+                        {"one two\rthree", "This is a Macintosh-type file."},
+                        {"\xEF\xBB\xBFone two\nthree", "This is a UTF-8 text file."}}) {
+    RunWorld world;
+    world.UseFile("/a.txt", c.Content);
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_EQ(world.run.FileKind, c.Kind);
+  }
+}
+
+TEST(RunCount, RefusesAFileThatCannotBeCountedOnceAndLeavesNoSizes) {
+  struct Case {
+    const char* Path;
+    const char* Output;
+    const char* Text;
+    const char* Title;
+  };
+  for (const Case c :
+       {Case{" ", "", "Input file not specified.", "Error"},
+        {"/texts\\", "", "Invalid input file specification.", "Invalid input"},
+        {"/none.txt", "", "Input file does not exist.", "File not found"},
+        {"/empty.txt", "", "Input file is zero-length.", "Error"},
+        {"/a.txt", "/A.TXT", "The output file cannot be the same as the input file.", "Error"},
+        {"/tiny.txt", "", "File /tiny.txt\r\ncontains only from 1 to 4 bytes.", "Invalid input file"},
+        {"/locked.txt", "", "This file cannot be opened.", "Invalid input file"}}) {
+    RunWorld world;
+    world.files.Add("/a.txt", kText);
+    world.files.Add("/empty.txt", "");
+    world.files.Add("/tiny.txt", "abc");
+    world.files.Add("/locked.txt", kText);
+    world.files.Refuse("/locked.txt", FileFault::PermissionDenied);
+    world.request.InputPath = c.Path;
+    world.request.OutputPath = c.Output;
+    EXPECT_EQ(world.Count(), RunEnd::Refused) << c.Path;
+    EXPECT_EQ(world.messages.Only().text, c.Text);
+    EXPECT_EQ(world.messages.Only().title, c.Title);
+    EXPECT_EQ(world.view.sizes.back(), "|");
+  }
+}
+
+TEST(RunCount, EmptiesTheInputBoxOnAnInvalidSpecificationOnly) {
+  RunWorld world;
+  world.request.InputPath = "/texts/";
+  world.Count();
+  EXPECT_THAT(world.view.inputFiles, ElementsAre(""));
+}
+
+TEST(RunCount, RefusesFilesThatAreNoText) {
+  struct Case {
+    std::string Content;
+    const char* Title;
+  };
+  for (const Case& c : {Case{std::string(100, '\x01'), "Not a text file"},
+                        {"{\\rtf1 some words in it", "Not a text file"},
+                        {std::string("\xFF\xFE") + std::string(50, '\x41'), "Not a text file"}}) {
+    RunWorld world;
+    world.UseFile("/a.txt", c.Content);
+    EXPECT_EQ(world.Count(), RunEnd::Refused);
+    EXPECT_EQ(world.messages.Only().title, c.Title);
+  }
+}
+
+TEST(RunCount, AsksAboutLargeInputOnceAndOnlyWithoutAnOutputFile) {
+  const std::string large = ManyPhrases(30000).substr(0, 200001);
+  struct Case {
+    size_t Bytes;
+    const char* Output;
+    Answer Given;
+    RunEnd End;
+    bool Asks;
+    const char* OutputAfter;
+  };
+  for (const Case c : {Case{200000, "", Answer::Cancel, RunEnd::Counted, false, ""},
+                       {200001, "/out.txt", Answer::Cancel, RunEnd::Counted, false, "/out.txt"},
+                       {200001, "", Answer::Cancel, RunEnd::Abandoned, true, ""},
+                       {200001, "", Answer::No, RunEnd::Counted, true, ""},
+                       {200001, "", Answer::Yes, RunEnd::Counted, true, "/chosen.txt"}}) {
+    RunWorld world;
+    world.UseFile("/a.txt", large.substr(0, c.Bytes));
+    world.request.OutputPath = c.Output;
+    world.messages.WillAnswer(Question::LargeInput, c.Given);
+    world.view.chosenOutput = "/chosen.txt";
+    EXPECT_EQ(world.Count(), c.End);
+    EXPECT_EQ(world.messages.shown.size(), c.Asks ? 1u : 0u);
+    EXPECT_EQ(world.view.choices, c.Given == Answer::Yes ? 1 : 0);
+    EXPECT_EQ(world.run.OutputPath, c.OutputAfter);
+    if (c.Asks) {
+      EXPECT_EQ(world.messages.Only().title, "Large input file");
+    }
+  }
+}
+
+TEST(RunCount, GoesOnWithoutAnOutputFileWhenNoneIsChosen) {
+  RunWorld world;
+  world.UseFile("/a.txt", ManyPhrases(60000));
+  world.messages.WillAnswer(Question::LargeInput, Answer::Yes);
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.run.OutputPath, "");
+}
+
+TEST(RunCount, ReadsMarkUpByTheExtension) {
+  for (const auto& [path, listed] :
+       {std::pair{"/a.html", "2 big cat"}, {"/a.txt", "2 big cat, 2 cat span"}}) {
+    RunWorld world;
+    world.UseFile(path, "big cat<span> big cat<span>");
+    world.UseLengths(2, 2);
+    world.Count();
+    EXPECT_EQ(world.Listed().substr(0, 9), "2 big cat");
+    EXPECT_EQ(world.Listed() == "2 big cat", std::string(path) == "/a.html");
+  }
+}
+
+TEST(RunCount, RefusesACFileWhenItsCommentMarkersCouldBeWords) {
+  for (const char* path : {"/a.c", "/a.txt"}) {
+    RunWorld world;
+    world.UseFile(path, "some words // and more");
+    world.request.Rules.AllowForwardslashes = true;
+    EXPECT_EQ(world.Count(), std::string(path) == "/a.c" ? RunEnd::Refused : RunEnd::Counted);
+    EXPECT_EQ(world.messages.shown.size(), std::string(path) == "/a.c" ? 1u : 0u);
+  }
+}
+
+TEST(RunCount, AsksOncePerPathWhetherTextIsUtf8) {
+  RunWorld world;
+  world.UseFile("/a.txt", "größer größer größer größer");
+  world.UseLengths(2, 2);
+  for (int k = 0; k < 2; ++k) {
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_EQ(world.Listed(), "3 größer größer");
+  }
+  EXPECT_EQ(world.messages.Only().title, "Text encoding");
+}
+
+TEST(RunCount, RefusesAFileWhoseReadingFails) {
+  RunWorld reference;
+  reference.UseFile("/a.txt", ManyPhrases(20000));
+  reference.Count();
+  for (int call = 1; call < 12; ++call) {
+    RunWorld world;
+    world.UseFile("/a.txt", ManyPhrases(20000));
+    world.files.FailCall(call);
+    const RunEnd end = world.Count();
+    // The sizes that are asked for in advance are of no consequence; all else ends the run with a message.
+    if (end == RunEnd::Counted) {
+      EXPECT_EQ(world.run.Words, reference.run.Words) << call;
+    } else {
+      EXPECT_EQ(end, RunEnd::Refused) << call;
+      EXPECT_EQ(world.messages.shown.size(), 1u) << call;
+    }
+  }
+}
+
+// ---- The clipboard and streams.
+
+TEST(RunCount, CountsTheClipboard) {
+  RunWorld world;
+  world.UseClipboard(kText);
+  world.UseLengths(2, 2);
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.Listed(), "3 the big, 2 big cat");
+  EXPECT_EQ(world.run.Facts.InputPath, "");
+}
+
+TEST(RunCount, RefusesClipboardsThatAreNoText) {
+  struct Case {
+    std::string Text;
+    const char* Message;
+    const char* Title;
+  };
+  const char* noWords = "The text on the clipboard does not consist\r\nsolely of natural language words.";
+  for (const Case& c :
+       {Case{"", "There is no text on the clipboard.", "Invalid input"},
+        {"12 34 ...", noWords, "Invalid input"},
+        {std::string("words ") + std::string(10, '\x01'), noWords, "Invalid input"},
+        {std::string(100001, 'a'),
+         "There are 100,001 characters in the text on the clipboard.\r\nThe maximum permitted "
+         "is 100,000.  If possible,\r\ncount word frequencies for this text using an input "
+         "file.",
+         "Too much clipboard text"}}) {
+    RunWorld world;
+    world.UseClipboard(c.Text);
+    EXPECT_EQ(world.Count(), RunEnd::Refused);
+    EXPECT_EQ(world.messages.Only().text, c.Message);
+    EXPECT_EQ(world.messages.Only().title, c.Title);
+  }
+}
+
+TEST(RunCount, TakesAClipboardOfExactlyTheLimit) {
+  RunWorld world;
+  world.UseClipboard(std::string(100000, 'a'));
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+}
+
+TEST(RunCount, ReadsAStreamOfAnyLengthInItsEncoding) {
+  const std::string utf8 = "größer als größer als ";
+  const std::string ansi =
+      "gr\xF6\xDF"
+      "er als gr\xF6\xDF"
+      "er als ";
+  struct Case {
+    std::string Bytes;
+    EncodingChoice Choice;
+    const char* Listed;
+  };
+  for (const Case& c : {Case{utf8, EncodingChoice::Auto, "2 größer als"},
+                        {"\xEF\xBB\xBF" + utf8, EncodingChoice::Auto, "2 größer als"},
+                        {ansi, EncodingChoice::Auto, "2 größer als"},
+                        {ansi, EncodingChoice::Ansi, "2 größer als"},
+                        {"\xEF\xBB\xBF" + ansi, EncodingChoice::Ansi, "2 größer als"},
+                        // An ill-formed sequence separates words.
+                        {ansi, EncodingChoice::Utf8, "2 als"}}) {
+    FakeStream stream(c.Bytes);
+    RunWorld world;
+    world.UseClipboard("");
+    world.request.Stream = &stream;
+    world.request.StreamEncoding = c.Choice;
+    world.UseLengths(2, 2);
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    if (c.Choice == EncodingChoice::Utf8)
+      EXPECT_EQ(world.Listed().find("größer"), std::string::npos);
+    else
+      EXPECT_EQ(world.Listed(), c.Listed);
+  }
+  FakeStream longStream(std::string(150000, ' ') + kText);
+  RunWorld world;
+  world.UseClipboard("");
+  world.request.Stream = &longStream;
+  EXPECT_EQ(world.Count(), RunEnd::Refused);  // Nothing but blanks where it is looked at.
+}
+
+TEST(RunCount, RefusesAStreamThatIsEmptyOrFails) {
+  FakeStream empty("");
+  FakeStream failing("words");
+  failing.fail = true;
+  for (FakeStream* stream : {&empty, &failing}) {
+    RunWorld world;
+    world.UseClipboard("");
+    world.request.Stream = stream;
+    EXPECT_EQ(world.Count(), RunEnd::Refused);
+    EXPECT_EQ(world.messages.shown.size(), 1u);
+  }
+}
+
+TEST(RunCount, AFileStaysAFileWhenThereIsAStreamToo) {
+  FakeStream stream("not these words");
+  RunWorld world;
+  world.UseFile("/a.txt", kText);
+  world.request.Stream = &stream;
+  world.UseLengths(2, 2);
+  world.Count();
+  EXPECT_EQ(world.Listed(), "3 the big, 2 big cat");
+}
+
+// ---- Folders.
+
+TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
+  RunWorld world;
+  world.files.Add("/t/b.txt", "the big cat");
+  world.files.Add("/t/A.txt", "the big dog");
+  world.files.Add("/t/empty.txt", "");
+  world.files.Add("/t/tiny.txt", "abc");
+  world.files.Add("/t/binary.txt", std::string(50, '\x02'));
+  world.files.Add("/t/rich.txt", "{\\rtf1 words and more");
+  world.files.Add("/t/broken.docx", "PK" + std::string(100, 'x'));
+  world.files.Add("/t/page.js", "the big script");
+  world.files.Add("/t/sub/c.txt", "the big cat");
+  world.UseFolder("/t/");
+  world.UseLengths(2, 3);
+  world.request.IncludeSubfolders = true;
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.Listed(), "3 the big, 2 the big cat");
+  const RunFacts& facts = world.run.Facts;
+  EXPECT_EQ(facts.InputPath, "/t");
+  EXPECT_EQ(facts.FilesScanned, 3u);
+  EXPECT_EQ(facts.FoldersScanned, 2u);
+  EXPECT_TRUE(facts.IncludeSubfolders);
+  std::vector<std::string> skipped;
+  for (const SkippedFile& file : facts.SkippedFiles) skipped.push_back(file.Path + ": " + file.Reason);
+  EXPECT_THAT(skipped,
+              ElementsAre("/t/binary.txt: is not a text file", "/t/broken.docx: is not a readable .docx file",
+                          "/t/empty.txt: is zero-length", "/t/rich.txt: is an RTF file",
+                          "/t/tiny.txt: contains only from 1 to 4 bytes"));
+  EXPECT_THAT(world.view.inputFiles,
+              ElementsAre("/t/A.txt", "/t/b.txt", "/t/binary.txt", "/t/broken.docx", "/t/empty.txt",
+                          "/t/rich.txt", "/t/tiny.txt", "/t/sub/c.txt"));
+  EXPECT_THAT(world.view.statuses, Contains("Counting files . . ."));
+  EXPECT_THAT(world.view.statuses, Contains("8 files will be scanned."));
+  EXPECT_EQ(world.messages.Only().title, "Error");  // The broken document.
+  EXPECT_TRUE(world.messages.Only().text.ends_with(" when processing broken.docx"));
+}
+
+TEST(RunCount, RefusesFoldersThatCannotBeCounted) {
+  struct Case {
+    const char* Folder;
+    const char* Output;
+    const char* Pattern;
+    bool Subfolders;
+    const char* Text;
+    const char* Title;
+  };
+  for (const Case c :
+       {Case{"", "", "", false, "Folder not specified.", "Error"},
+        {"/none", "", "", false, "Folder does not exist", "Invalid input"},
+        {"/outer", "", "", true, "Folder contains no files.", "Nothing to do"},
+        {"/t", "/t/out.txt", "", false, "The output file cannot be in the folder or a subfolder.",
+         "Invalid output file"},
+        {"/t", "/t2/out.txt", "", true, "The output file cannot be in the folder or a subfolder.",
+         "Invalid output file"},
+        {"/t", "", "a<b", false, "File pattern 'a<b' contains an invalid character.", "Invalid input"},
+        {"/t", "", "*.xyz", false, "No scanable files as specified *.xyz were found in this folder.",
+         "No files found"},
+        {"/t", "", "*.xyz", true,
+         "No scanable files as specified *.xyz were found in this folder or in its subfolders.",
+         "No files found"},
+        {"/scripts", "", "", false, "No scanable files were found in this folder.", "No files found"}}) {
+    RunWorld world;
+    world.files.Add("/t/a.txt", kText);
+    world.files.Add("/t2/a.txt", kText);
+    world.files.Add("/outer/inner/a.txt", kText);
+    world.files.Add("/scripts/a.js", kText);
+    world.UseFolder(c.Folder);
+    world.request.OutputPath = c.Output;
+    world.request.Selection.Patterns = SplitPatterns(c.Pattern);
+    world.request.IncludeSubfolders = c.Subfolders;
+    EXPECT_EQ(world.Count(), RunEnd::Refused) << c.Text;
+    EXPECT_EQ(world.messages.Only().text, c.Text);
+    EXPECT_EQ(world.messages.Only().title, c.Title);
+  }
+}
+
+TEST(RunCount, WantsAnOutputFileForSeveralFilesWhereTheTextBoxIsSmall) {
+  for (const int fileCount : {1, 2})
+    for (const bool needed : {false, true})
+      for (const char* output : {"", "/out.txt"}) {
+        RunWorld world;
+        for (int k = 0; k < fileCount; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", kText);
+        world.UseFolder("/t");
+        world.request.SeveralFilesNeedOutput = needed;
+        world.request.OutputPath = output;
+        const bool refused = fileCount > 1 && needed && !*output;
+        EXPECT_EQ(world.Count(), refused ? RunEnd::Refused : RunEnd::Counted);
+        if (refused) {
+          EXPECT_EQ(world.messages.Only().title, "Multiple files/folders");
+        }
+      }
+}
+
+TEST(RunCount, ChecksCommentMarkersOnceForAFolderWithACFile) {
+  RunWorld world;
+  world.files.Add("/t/a.c", "words in here");
+  world.files.Add("/t/b.c", "words in here");
+  world.files.Add("/t/c.txt", "words in here");
+  world.UseFolder("/t");
+  world.request.Rules.AllowForwardslashes = true;
+  EXPECT_EQ(world.Count(), RunEnd::Refused);
+  EXPECT_EQ(world.messages.Only().title, "Error");
+  world.messages.Forget();
+  world.request.Selection.Patterns = {"*.txt"};
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+}
+
+TEST(RunCount, AsksOncePerFolderRunWhetherTextIsUtf8) {
+  RunWorld world;
+  world.files.Add("/t/a.txt", "größer als größer");
+  world.files.Add("/t/b.txt", "größer als größer");
+  world.UseFolder("/t");
+  world.Count();
+  EXPECT_EQ(world.messages.shown.size(), 1u);
+  world.Count();
+  EXPECT_EQ(world.messages.shown.size(), 2u);
+}
+
+TEST(RunCount, TellsOnceOfAFolderThatCannotBeRead) {
+  RunWorld world;
+  world.files.Add("/t/a.txt", kText);
+  world.files.Add("/t/locked/b.txt", kText);
+  world.files.Refuse("/t/locked", FileFault::PermissionDenied);
+  world.UseFolder("/t");
+  world.request.IncludeSubfolders = true;
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.view.notices.size(), 1u);
+  EXPECT_EQ(world.run.Facts.FoldersScanned, 1u);
+}
+
+TEST(RunCount, NothingOfAnEarlierRunIsLeft) {
+  RunWorld world;
+  world.files.Add("/t/empty.txt", "");
+  world.files.Add("/t/a.txt", kText);
+  world.UseFolder("/t");
+  world.Count();
+  EXPECT_EQ(world.run.Facts.SkippedFiles.size(), 1u);
+  world.UseFile("/b.txt", "other words entirely");
+  world.UseLengths(2, 2, 1);
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_THAT(world.run.Facts.SkippedFiles, IsEmpty());
+  EXPECT_EQ(world.run.Facts.FilesScanned, 0u);
+  EXPECT_EQ(world.Listed(), "1 other words, 1 words entirely");
+}
+
+// ---- Word rules and lists.
+
+TEST(RunCount, AppliesTheFourModesOfWordsToIgnore) {
+  struct Case {
+    IgnoreRule Mode;
+    const char* Listed;
+  };
+  for (const Case c : {Case{IgnoreRule::Allow, "2 cat and, 2 the cat"},
+                       {IgnoreRule::ExcludeAll, "2 cat and, 2 the cat"},
+                       {IgnoreRule::ExcludeWith, "2 dog sat"},
+                       {IgnoreRule::Remove, "2 cat dog, 2 dog sat"}}) {
+    RunWorld world;
+    world.UseFile("/a.txt", "the cat and dog sat. the cat and dog sat.");
+    world.UseLengths(2, 2);
+    world.request.Options.IgnoreMode = c.Mode;
+    world.request.Lists.TypedWordsToIgnore = {"the", "and"};
+    world.Count();
+    EXPECT_TRUE(world.run.Facts.WordsToIgnoreInUse);
+    if (c.Mode == IgnoreRule::Allow || c.Mode == IgnoreRule::ExcludeAll)
+      EXPECT_EQ(world.Listed(), "2 and dog, 2 cat and, 2 dog sat, 2 the cat");
+    else
+      EXPECT_EQ(world.Listed(), c.Listed);
+  }
+}
+
+TEST(RunCount, TakesCaseOfListsFromTheRules) {
+  RunWorld world;
+  world.UseFile("/a.txt", "The Cat. The Cat. the cat. the cat.");
+  world.UseLengths(2, 2);
+  world.request.Rules.CaseSignificant = true;
+  world.request.Lists.CountOnly = {"<^The Cat$>"};
+  world.Count();
+  EXPECT_EQ(world.Listed(), "2 The Cat");
+}
+
+// ---- Stopping.
+
+TEST(AskToStop, StopsOnYesOnly) {
+  for (const bool yes : {false, true}) {
+    RunWorld world;
+    if (yes) world.messages.WillAnswer(Question::ReallyStop, Answer::Yes);
+    AskToStop(world.messages, world.yielder, world.view);
+    EXPECT_EQ(world.messages.Only().text, "Really stop?");
+    EXPECT_EQ(world.messages.Only().defaultAnswer, Answer::No);
+    EXPECT_EQ(world.yielder.Stopped(), yes);
+    EXPECT_EQ(world.view.statuses.empty(), !yes);
+    if (yes) {
+      EXPECT_THAT(world.view.statuses, ElementsAre("Counting of all phrases was stopped."));
+    }
+  }
+}
+
+std::string LinesOfWords(int lines) {
+  std::string text;
+  for (int k = 0; k < lines; ++k) text += "the big cat sat on line " + ManyPhrases(k % 7 + 1) + "\n";
+  return text;
+}
+
+TEST(RunCount, AStopAtAnyMomentAsksOnceAndListsWhatWasRead) {
+  const std::string text = LinesOfWords(30);
+  for (uint64_t call = 1;; ++call) {
+    RunWorld world;
+    world.UseFile("/a.txt", text);
+    world.UseLengths(2, 4);
+    world.yielder.StopAtCall(call);
+    world.messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    if (!world.yielder.Stopped() && world.messages.shown.empty()) break;
+
+    // The same as a text that ends there, whatever the stage in which the stop came.
+    const bool cut = world.run.Facts.Options.Stopped;
+    size_t end = 0;
+    for (uint64_t line = 0; line < (cut ? call : 30); ++line) end = text.find('\n', end) + 1;
+    RunWorld shorter;
+    shorter.UseFile("/a.txt", text.substr(0, end));
+    shorter.UseLengths(2, 4);
+    shorter.Count();
+    EXPECT_EQ(world.Listed(), shorter.Listed()) << call;
+    EXPECT_EQ(world.run.Table.PhraseCount(), shorter.run.Table.PhraseCount());
+    if (world.yielder.Stopped()) continue;  // The very last call: nothing was left to stop.
+    EXPECT_TRUE(world.run.Interrupted);
+    EXPECT_EQ(world.messages.Only().text,
+              "The operation was stopped before all phrases were counted.\r\n"
+              "Do you wish to list those which were were found?");
+    EXPECT_EQ(world.messages.Only().title, "Counting interrupted");
+  }
+}
+
+TEST(RunCount, AStopAnsweredWithNoEndsTheRun) {
+  RunWorld world;
+  world.UseFile("/a.txt", LinesOfWords(30));
+  world.yielder.StopAtCall(5);
+  world.messages.WillAnswer(Question::CountingInterrupted, Answer::No);
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_EQ(world.view.statuses.back(), "Stopped");
+  EXPECT_FALSE(world.yielder.Stopped());
+}
+
+TEST(RunCount, AStopBeforeAnythingWasReadEndsTheRunInSilence) {
+  RunWorld world;
+  world.UseFile("/a.txt", "word\n" + LinesOfWords(5));
+  world.yielder.StopAtCall(1);
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
+TEST(RunCount, AStopWhileFilesAreCountedEndsTheRun) {
+  RunWorld world;
+  for (int k = 0; k < 5; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", kText);
+  world.UseFolder("/t");
+  world.yielder.StopAtCall(3);
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_EQ(world.view.statuses.back(), "Stopped while counting files (so far: 2).");
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
+TEST(RunCount, AStopBetweenFilesListsTheFilesRead) {
+  RunWorld world;
+  for (int k = 0; k < 5; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", "the big cat");
+  world.UseFolder("/t");
+  world.UseLengths(2, 2);
+  world.messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  world.yielder.StopAtCall(10);  // Five while counting files; then two per file.
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_TRUE(world.run.Facts.Options.Stopped);
+  EXPECT_LT(world.run.Facts.FilesScanned, 5u);
+  EXPECT_EQ(world.Listed().substr(2),
+            "big cat, " + std::to_string(world.run.Facts.FilesScanned) + " the big");
+}
+
+TEST(RunCount, AStopRequestedBeforeTheRunIsForgotten) {
+  RunWorld world;
+  world.UseFile("/a.txt", kText);
+  world.yielder.RequestStop();
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+}
+
+// ---- What nobody foresaw.
+
+TEST(RunCount, ShowsWhatNobodyForesaw) {
+  for (const bool memory : {false, true}) {
+    RunWorld world;
+    world.UseFile("/a.txt", kText);
+    world.yielder.onTurn = [&] {
+      if (memory) throw std::bad_alloc();
+      throw std::runtime_error("surprise");
+    };
+    EXPECT_EQ(world.Count(), RunEnd::Failed);
+    EXPECT_EQ(world.messages.Only().text,
+              memory ? "Insufficient memory" : "At RunCount error # 5.\r\nDescription: surprise");
+  }
+}
+
+// ---- Ranks by number of files.
+
+TEST(SetUpChainFor, FollowsTheReport) {
+  RunWorld world;
+  world.files.Add("/t/a.txt", "big cat big cat big cat tall dog");
+  world.files.Add("/t/b.txt", "tall dog");
+  world.UseFolder("/t");
+  world.UseLengths(2, 2);
+  world.request.Rules.TerminateAtEndOfLine = true;
+  world.Count();
+  EXPECT_EQ(world.Listed(), "3 big cat, 2 cat big, 2 tall dog");
+  ReportOptions byFiles{.DisplayFormat = 12, .SortByNumberOfFiles = true};
+  EXPECT_TRUE(SetUpChainFor(world.run, byFiles, world.yielder));
+  EXPECT_EQ(world.Listed(), "2 tall dog, 3 big cat, 2 cat big");
+  EXPECT_TRUE(SetUpChainFor(world.run, {}, world.yielder));
+  EXPECT_EQ(world.Listed(), "3 big cat, 2 cat big, 2 tall dog");
+  world.request.Chain = ChainOrderOf(byFiles);
+  world.Count();
+  EXPECT_EQ(world.Listed(), "2 tall dog, 3 big cat, 2 cat big");
+}
+
+TEST(StageTimes, MeasureEveryStage) {
+  RunWorld world;
+  world.clock.step = std::chrono::milliseconds(5);
+  world.UseFile("/a.txt", kText);
+  world.UseLengths(2, 3);
+  world.Count();
+  for (const RunStage stage :
+       {RunStage::Reading, RunStage::Counting, RunStage::Sorting, RunStage::Exclusion, RunStage::Chain})
+    EXPECT_EQ(world.run.Times.Of(stage), std::chrono::milliseconds(5));
+  EXPECT_EQ(world.run.Times.Of(RunStage::Writing), std::chrono::milliseconds(0));
+}
+
+}  // namespace
+}  // namespace korv

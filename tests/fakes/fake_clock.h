@@ -1,0 +1,20 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/clock.h"
+
+namespace korv {
+
+/// A clock that goes on by `step` with every look at it.
+class FakeClock final : public Clock {
+ public:
+  std::chrono::steady_clock::time_point Now() const override { return now_ += step; }
+
+  std::chrono::steady_clock::duration step{0};
+
+ private:
+  mutable std::chrono::steady_clock::time_point now_{};
+};
+
+}  // namespace korv

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "platform/yielder.h"
+
+namespace korv {
+
+/// Hands over at every call, so that a test can stop at any one of them.
+class FakeYielder final : public Yielder {
+ public:
+  /// Requests a stop at that call of Yield() from here on, counted from 1; 0 for never.
+  void StopAtCall(uint64_t call) {
+    calls = 0;
+    stopAt_ = call;
+  }
+
+  uint64_t calls = 0;
+  std::function<void()> onTurn;  ///< May be empty.
+
+ protected:
+  void HandOver() override {
+    if (++calls == stopAt_) RequestStop();
+    if (onTurn) onTurn();
+  }
+  uint32_t NextStride() override {
+    HandOver();
+    return 1;
+  }
+
+ private:
+  uint64_t stopAt_ = 0;
+};
+
+}  // namespace korv
