@@ -7,6 +7,7 @@ namespace korv {
 namespace {
 
 constexpr size_t kBlock = 256 * 1024;
+constexpr size_t kLeastBlock = 4 * 1024;
 constexpr size_t kLongLine = 1024 * 1024;
 constexpr std::string_view kSignature = "\xEF\xBB\xBF";
 
@@ -41,6 +42,7 @@ struct TextReader::State {
  private:
   void RemoveSignature();
   size_t Find(char sign, size_t from) const;
+  size_t BlockSize() const;
   bool ReadMore();
   void HandOut(size_t length, size_t lineEnd, bool endsLine);
   bool HandOutPiece();
@@ -52,10 +54,18 @@ size_t TextReader::State::Find(char sign, size_t from) const {
   return found == nullptr ? end : static_cast<size_t>(static_cast<const char*>(found) - bytes.data());
 }
 
+/// How much to ask for next: no more room for a small file than it needs, but enough to see its end.
+size_t TextReader::State::BlockSize() const {
+  const uint64_t size = rest->Size();
+  if (size == 0) return kBlock;
+  return static_cast<size_t>(std::clamp<uint64_t>(size - std::min(size, bytesRead) + 1, kLeastBlock, kBlock));
+}
+
 /// Appends a block to what is left. False where there is nothing more.
 bool TextReader::State::ReadMore() {
   if (rest == nullptr) return false;
-  if (begin > 0 && (begin == end || bytes.size() - end < kBlock)) {
+  const size_t block = BlockSize();
+  if (begin > 0 && (begin == end || bytes.size() - end < block)) {
     std::memmove(bytes.data(), bytes.data() + begin, end - begin);
     nextLf -= begin;
     nextCr -= begin;
@@ -63,8 +73,8 @@ bool TextReader::State::ReadMore() {
     end -= begin;
     begin = 0;
   }
-  if (bytes.size() - end < kBlock) bytes.resize(std::max(bytes.size() + bytes.size() / 2, end + kBlock));
-  const Expected<size_t, FileError> got = rest->Read({bytes.data() + end, kBlock});
+  if (bytes.size() - end < block) bytes.resize(std::max(bytes.size() + bytes.size() / 2, end + block));
+  const Expected<size_t, FileError> got = rest->Read({bytes.data() + end, block});
   if (!got) error = got.Error();
   if (!got || *got == 0) {
     rest = nullptr;

@@ -24,13 +24,16 @@ class BittenFile final : public InputFile {
     at_ += count;
     return count;
   }
-  uint64_t Size() const override { return text_.size(); }
+  uint64_t Size() const override { return claimed_; }
+  /// For a file that grows or shrinks after it was opened, or a pipe.
+  void ClaimSize(uint64_t size) { claimed_ = size; }
   int Reads() const { return reads_; }
 
  private:
   std::string_view text_;
   size_t bite_;
   int failsAt_;
+  uint64_t claimed_ = text_.size();
   size_t at_ = 0;
   int reads_ = 0;
 };

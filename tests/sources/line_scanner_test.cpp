@@ -228,9 +228,9 @@ TEST(LineScanner, FindsTheSameWhereverALineIsDivided) {
   }
 }
 
-/// Would take hours if any step looked at the rest of the line again.
+/// Takes minutes when any step looks at the rest of the line again.
 TEST(LineScanner, StaysLinearOnHostileLines) {
-  constexpr size_t kLength = 1 << 18;
+  constexpr size_t kLength = 1 << 16;
   for (const std::string unit :
        {"&", "&a", "&#", "<", "-", "(", ")", "()", "'t", "]]", "<!", "a/", "\xCC\x81"}) {
     std::string line;

@@ -107,6 +107,18 @@ TEST(TextReader, ReadsATextOfManyBlocks) {
   }
 }
 
+TEST(TextReader, ReadsToTheEndWhateverSizeTheFileClaims) {
+  const std::string line(99, 'a');
+  std::string text;
+  for (int k = 0; k < 10000; ++k) text += line + '\n';
+  for (const uint64_t claimed : {uint64_t{0}, uint64_t{1}, uint64_t{500'000}, uint64_t{1} << 40}) {
+    BittenFile rest(text);
+    rest.ClaimSize(claimed);
+    TextReader reader("", &rest, TextEncoding::Utf8);
+    EXPECT_EQ(LinesOf(reader), Lines(10000, line));
+  }
+}
+
 TEST(TextReader, HandsOutLongLinesWhole) {
   const std::string line(3'000'000, ' ');
   const std::string text = "a\n" + line + "\nb";
