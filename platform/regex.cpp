@@ -95,7 +95,7 @@ Regex::Outcome Regex::Try(std::string_view text) const {
   // The JIT's small stack bounds long texts before the limits do; the interpreter goes by the limits alone.
   if (result == PCRE2_ERROR_JIT_STACKLIMIT) result = match(PCRE2_NO_JIT);
 
-  MatchData other(compiled_->spare.exchange(data.release(), std::memory_order_release));
+  MatchData other(compiled_->spare.exchange(data.release(), std::memory_order_acq_rel));
   if (result >= 0) return Outcome::Match;
   return result == PCRE2_ERROR_NOMATCH ? Outcome::NoMatch : Outcome::GaveUp;
 }
