@@ -86,6 +86,7 @@ RunEnd SourceReading::DoItFromClipboard() {
       return RunEnd::Refused;
     }
     text = std::move(*bytes);
+    if (text.empty() && Stopped()) return RunEnd::Stopped;
     if (text.starts_with(kSignature)) text.erase(0, kSignature.size());
     encoding = EncodingOfStream(text);
     if (!CheckNaturalLanguage(Beginning(text, encoding), services_.Messages, kLookedAtCharacters))
@@ -98,7 +99,11 @@ RunEnd SourceReading::DoItFromClipboard() {
   stream_.BeginSource({});
   services_.Progress.BytesTotal = text.size();
   TextReader reader(std::move(text), nullptr, encoding, LongLines::InPieces);
+  // What a stopped stream had given by then is counted, and the stop noticed after that.
+  const bool cut = Stopped();
+  services_.Yielder.ClearStop();
   FeedLines(reader, {});
+  if (cut) services_.Yielder.RequestStop();
   return RunEnd::Counted;
 }
 

@@ -21,7 +21,8 @@ class SourceReading {
   SourceReading(const RunRequest& request, const WordRules& rules, const RunServices& services,
                 CountedRun& run, WordStream& stream);
 
-  /// The clipboard's text, or the stream that takes its place. Counted or Refused.
+  /// The clipboard's text, or the stream that takes its place. Counted, Refused, or Stopped
+  /// before there was any text.
   RunEnd DoItFromClipboard();
   /// A single file, from its checks on. Counted, Refused or Abandoned.
   RunEnd DoItFromFile();

@@ -81,7 +81,7 @@ class CountProgram {
     if (path.empty()) return;
     if (options_.FromStandardInput()) {
       settings_.SourceKind = TextSource::Clipboard;
-    } else if (env_.Files.FolderExists(PathFromText(path))) {
+    } else if (env_.Files.FolderExists(PathFromText(TrimmedFolderPath(path)))) {
       settings_.SourceKind = TextSource::Folder;
       settings_.Folder = path;
     } else {

@@ -405,6 +405,16 @@ TEST(RunCount, RefusesAStreamThatIsEmptyOrFails) {
   }
 }
 
+TEST(RunCount, AStreamStoppedBeforeItsFirstByteEndsTheRunInSilence) {
+  FakeStream stream("");
+  RunWorld world;
+  stream.onRead = [&] { world.yielder.RequestStop(); };
+  world.UseClipboard("");
+  world.request.Stream = &stream;
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
 TEST(RunCount, AFileStaysAFileWhenThereIsAStreamToo) {
   FakeStream stream("not these words");
   RunWorld world;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <cstring>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,6 +47,7 @@ class FakeStream final : public InputFile {
  public:
   explicit FakeStream(std::string bytes) : bytes_(std::move(bytes)) {}
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
+    if (onRead) onRead();
     if (fail) return FileError{FileFault::Other, "Input/output error"};
     const size_t count = std::min({buffer.size(), bytes_.size() - at_, size_t{1000}});
     std::memcpy(buffer.data(), bytes_.data() + at_, count);
@@ -53,6 +57,7 @@ class FakeStream final : public InputFile {
   uint64_t Size() const override { return 0; }
 
   bool fail = false;
+  std::function<void()> onRead;  ///< May be empty.
 
  private:
   std::string bytes_;

@@ -1,0 +1,543 @@
+#include "app/korv_count/count_program.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "app/saved_state.h"
+#include "tests/app/run_world.h"
+
+namespace korv {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+constexpr const char* kText = "The big cat sat. The big cat ran.\n";
+
+/// korv-count in this process, on a disk in memory.
+class CountProgramTest : public testing::Test {
+ protected:
+  CountProgramTest() {
+    files.Add("/a.txt", kText);
+    files.Add("/program/korv.dat", "62\t#10: Phrase, number of files, frequency\n");
+    files.Add("/program/cwds_en.txt", "\xEF\xBB\xBFthe\n");
+  }
+
+  int Count(std::vector<std::string> arguments) {
+    out.str("");
+    err.str("");
+    yielder = std::make_unique<ConsoleYielder>();
+    FakeStream stream(input);
+    stream.onRead = onRead;
+    return KorvCount(arguments, {.Files = files,
+                                 .Yielder = *yielder,
+                                 .Clock = clock,
+                                 .StandardInput = stream,
+                                 .Out = out,
+                                 .Err = err,
+                                 .ErrIsTerminal = terminal,
+                                 .ProgramFolder = "/program"});
+  }
+
+  /// The settings that the arguments lead to.
+  Settings Resulting(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--save-settings", "/result.korv"});
+    Count(std::move(arguments));
+    Settings settings;
+    EXPECT_TRUE(ReadStateBytes(files.Content("/result.korv").value_or(""), settings).Complete());
+    return settings;
+  }
+
+  FakeFiles files;
+  std::unique_ptr<ConsoleYielder> yielder;  ///< Of the last run.
+  FakeClock clock;
+  std::ostringstream out;
+  std::ostringstream err;
+  std::string input;
+  std::function<void()> onRead;
+  bool terminal = false;
+};
+
+TEST_F(CountProgramTest, WritesColumnsToStandardOutput) {
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2"}), 0);
+  EXPECT_EQ(out.str(),
+            "There is one phrase with 2 to 6 words which occurs at least twice.\n\n"
+            " Rank  Freq  Phrase [longest has 11 characters]\n"
+            "    1     2  the big cat\n");
+  EXPECT_THAT(err.str(), IsEmpty());
+}
+
+TEST_F(CountProgramTest, WritesTheWholeReportFileAsTabs) {
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "--layout", "tabs"}), 0);
+  EXPECT_EQ(out.str(),
+            "File: /a.txt\n"
+            "There is one phrase with 2 to 6 words which occurs at least twice.\n\n"
+            "Rank\tFreq\tPhrase [longest has 11 characters]\n"
+            "1\t2\tthe big cat\t\n");
+}
+
+TEST_F(CountProgramTest, WritesAReportFileInsteadOfStandardOutput) {
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "-o", "/r.txt"}), 0);
+  EXPECT_THAT(out.str(), IsEmpty());
+  EXPECT_EQ(files.Content("/r.txt"),
+            "File: /a.txt\r\n"
+            "There is one phrase with 2 to 6 words which occurs at least twice.\r\n\r\n"
+            "Rank\tFreq\tPhrase [longest has 11 characters]\r\n"
+            "1\t2\tthe big cat\t\r\n");
+}
+
+TEST_F(CountProgramTest, MakesAReportWithoutPhrasesToo) {
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "20", "--max-words", "20"}), 0);
+  EXPECT_EQ(out.str(),
+            "No phrases with at least 3 characters\nsatisfying the specified conditions were found.\n");
+}
+
+TEST_F(CountProgramTest, ReplacesAnExistingReportOnlyByForce) {
+  files.Add("/r.txt", "old");
+  EXPECT_EQ(Count({"/a.txt", "-o", "/r.txt"}), 1);
+  EXPECT_THAT(err.str(), HasSubstr("/r.txt exists"));
+  EXPECT_EQ(files.Content("/r.txt"), "old");
+  EXPECT_EQ(Count({"/a.txt", "-o", "/r.txt", "--force"}), 0);
+  EXPECT_NE(files.Content("/r.txt"), "old");
+}
+
+TEST_F(CountProgramTest, KeepsAnExistingReportThroughEveryFailureOfTheDisk) {
+  for (int call = 1;; ++call) {
+    files.Add("/r.txt", "old");
+    files.FailCall(call, FileFault::NoSpace);
+    const int status = Count({"/a.txt", "-o", "/r.txt", "--force", "--min-words", "2"});
+    if (!files.FailureHappened()) {
+      EXPECT_EQ(status, 0);
+      break;
+    }
+    files.FailCall(0);
+    EXPECT_TRUE(status == 0 || (status == 1 && !err.str().empty() && files.Content("/r.txt") == "old"))
+        << call << " " << status << " " << err.str();
+    EXPECT_EQ(files.Content("/a.txt"), kText);
+  }
+}
+
+TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
+  files.AddFolder("/folder");
+  files.AddFolder("/folder/empty");
+  files.Add("/binary.txt", std::string(50, '\x01'));
+  files.Add("/l.txt", "words");
+  struct Case {
+    std::vector<std::string> Arguments;
+    const char* Message;
+  };
+  for (const Case& c : std::vector<Case>{
+           {{"/none.txt"}, "korv-count: Input file does not exist.\n"},
+           {{"/a.txt", "--min-words", "9"},
+            "korv-count: The maximum number of words in each phrase\nmust not be less than the minimum "
+            "number.\n"},
+           {{"/folder/empty"}, "korv-count: Folder contains no files.\n"},
+           {{"/a.txt", "-o", "/a.txt", "--force"},
+            "korv-count: The output file cannot be the same as the input file.\n"},
+           {{"/a.txt", "-o", "/folder"}, "korv-count: The output file /folder is a folder.\n"},
+           {{"/a.txt", "--ignore-file", "/none.txt"}, "korv-count: File for words-to-ignore not found.\n"},
+           {{"/a.txt", "--count-only-file", "/none.txt"},
+            "korv-count: File for count-only words not found.\n"},
+           {{"/a.txt", "--common-words", "de"}, "korv-count: /program/cwds_de.txt not found.\n"},
+           {{"/a.txt", "--save-settings", "/a.txt"},
+            "korv-count: The settings file cannot be the same as /a.txt.\n"},
+           {{"/a.txt", "--ignore-file", "/l.txt", "--save-settings", "/l.txt"},
+            "korv-count: The settings file cannot be the same as /l.txt.\n"},
+           {{"--settings", "/none.korv"},
+            "korv-count: Error when attempting to load settings: Input/output error\n"},
+           {{"-"}, "korv-count: There is no text on the clipboard.\n"}}) {
+    for (const bool quiet : {false, true}) {
+      std::vector<std::string> arguments = c.Arguments;
+      if (quiet) arguments.push_back("--quiet");
+      EXPECT_EQ(Count(arguments), 1) << c.Message;
+      EXPECT_EQ(err.str(), c.Message);
+      EXPECT_THAT(out.str(), IsEmpty());
+      EXPECT_EQ(files.Content("/a.txt"), kText);
+      EXPECT_EQ(files.Content("/l.txt"), "words");
+    }
+  }
+}
+
+TEST_F(CountProgramTest, RefusesWrongUsageWithStatus2) {
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{},
+                                             {"--nonsense"},
+                                             {"/a.txt", "/b.txt"},
+                                             {"/a.txt", "--min-words", "1"},
+                                             {"/a.txt", "--max-words", "26"},
+                                             {"/a.txt", "--min-words", "two"},
+                                             {"/a.txt", "--min-words", "4.5"},
+                                             {"/a.txt", "--min-words", ""},
+                                             {"/a.txt", "--min-words"},
+                                             {"/a.txt", "--min-frequency", "0"},
+                                             {"/a.txt", "--min-frequency", "21"},
+                                             {"/a.txt", "--short-words", "1"},
+                                             {"/a.txt", "--short-words", "21"},
+                                             {"/a.txt", "--long-words", "10"},
+                                             {"/a.txt", "--long-words", "45"},
+                                             {"/a.txt", "--long-words", "off"},
+                                             {"/a.txt", "--format", "13"},
+                                             {"/a.txt", "--format", "-1"},
+                                             {"/a.txt", "--order", "rank"},
+                                             {"/a.txt", "--ignore-mode", "some"},
+                                             {"/a.txt", "--allow", "dashes"},
+                                             {"/a.txt", "--allow", "hyphens,"},
+                                             {"/a.txt", "--allow", ""},
+                                             {"/a.txt", "--allow", "none,hyphens"},
+                                             {"/a.txt", "--terminate", "semicolon"},
+                                             {"/a.txt", "--filter-mode", "any"},
+                                             {"/a.txt", "--layout", "html"},
+                                             {"/a.txt", "--encoding", "utf-16"},
+                                             {"/a.txt", "--locale", "xx_YY"},
+                                             {"/a.txt", "--common-words", "nl"},
+                                             {"/a.txt", "--common-words", "en", "--ignore-file", "/l.txt"},
+                                             {"-", "--list-files"}}) {
+    EXPECT_EQ(Count(arguments), 2) << testing::PrintToString(arguments);
+    EXPECT_THAT(err.str(), StartsWith("korv-count: "));
+    EXPECT_THAT(err.str(), Not(HasSubstr("std::")));
+    EXPECT_THAT(out.str(), IsEmpty());
+  }
+}
+
+TEST_F(CountProgramTest, ExplainsItselfOnStandardOutput) {
+  EXPECT_EQ(Count({"--help"}), 0);
+  for (const char* option : {"--settings",
+                             "--save-settings",
+                             "--min-words",
+                             "--max-words",
+                             "--min-frequency",
+                             "--ignore-mode",
+                             "--ignore-file",
+                             "--common-words",
+                             "--ignore-words",
+                             "--pattern-matching",
+                             "--count-only",
+                             "--count-only-file",
+                             "--locale",
+                             "--allow",
+                             "--terminate",
+                             "--case-significant",
+                             "--seven-bit",
+                             "--short-words",
+                             "--long-words",
+                             "--keep-repetitions",
+                             "--keep-letterless",
+                             "--patterns",
+                             "--exclude",
+                             "--subfolders",
+                             "--format",
+                             "--order",
+                             "--relative",
+                             "--sort-by-files",
+                             "--filter",
+                             "--filter-mode",
+                             "--encoding",
+                             "--output",
+                             "--layout",
+                             "--list-files",
+                             "--quiet",
+                             "--progress",
+                             "--force"})
+    EXPECT_THAT(out.str(), HasSubstr(option));
+  EXPECT_EQ(Count({"--version"}), 0);
+  EXPECT_THAT(out.str(), StartsWith("korv-count "));
+}
+
+TEST_F(CountProgramTest, EveryOptionSetsItsField) {
+  const std::string defaults = *StateBytes(Settings{});
+  struct Case {
+    std::vector<std::string> Arguments;
+    std::function<void(Settings&)> Change;
+  };
+  const std::vector<Case> cases = {
+      {{}, [](Settings&) {}},
+      {{"--min-words", "2"}, [](Settings& s) { s.MinWords = 2; }},
+      {{"--max-words", "25"}, [](Settings& s) { s.MaxWords = 25; }},
+      {{"--min-frequency", "20"}, [](Settings& s) { s.MinFrequency = 20; }},
+      {{"--ignore-mode", "allow"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::Allow; }},
+      {{"--ignore-mode", "exclude-all"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::ExcludeAll; }},
+      {{"--ignore-mode", "remove"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::Remove; }},
+      {{"--ignore-mode", "exclude-with"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::ExcludeWith; }},
+      {{"--ignore-file", "/program/cwds_en.txt"},
+       [](Settings& s) {
+         s.WordsFiles = {"/program/cwds_en.txt"};
+         s.SelectedWordsFile = 0;
+       }},
+      {{"--common-words", "en"},
+       [](Settings& s) {
+         s.WordsFiles = {"/program/cwds_en.txt"};
+         s.SelectedWordsFile = 0;
+         s.CommonWordsLanguage = CommonWords::English;
+       }},
+      {{"--ignore-words", "ibid viz"}, [](Settings& s) { s.ExtraWordsToIgnore = "ibid viz"; }},
+      {{"--pattern-matching"}, [](Settings& s) { s.PatternMatchingInWordsToIgnoreFile = true; }},
+      {{"--count-only", "cat"}, [](Settings&) {}},
+      {{"--allow", "none"}, [](Settings& s) { s.Words.AllowHyphens = false; }},
+      {{"--allow", "apostrophes,commas"},
+       [](Settings& s) {
+         s.Words.AllowHyphens = false;
+         s.Words.AllowApostrophes = s.Words.AllowCommas = true;
+       }},
+      {{"--allow", "hyphens,underscores,colons,backslashes,forwardslashes,periods"},
+       [](Settings& s) {
+         s.Words.AllowUnderscores = s.Words.AllowColons = s.Words.AllowBackslashes = true;
+         s.Words.AllowForwardslashes = s.Words.AllowPeriods = true;
+       }},
+      {{"--allow", "hyphens,at-signs,numerals,parentheses,ampersands"},
+       [](Settings& s) {
+         s.Words.AllowAtSigns = s.Words.AllowNumerals = true;
+         s.Words.AllowParentheses = s.Words.AllowAmpersands = true;
+       }},
+      {{"--terminate", "none"},
+       [](Settings& s) {
+         s.Words.TerminateAtPeriod = s.Words.TerminateAtDoubleQuote = s.Words.TerminateAtTab = false;
+       }},
+      {{"--terminate", "line,comma"},
+       [](Settings& s) {
+         s.Words.TerminateAtPeriod = s.Words.TerminateAtDoubleQuote = s.Words.TerminateAtTab = false;
+         s.Words.TerminateAtEndOfLine = s.Words.TerminateAtComma = true;
+       }},
+      {{"--case-significant"}, [](Settings& s) { s.Words.CaseSignificant = true; }},
+      {{"--seven-bit"}, [](Settings& s) { s.Words.Only7bitASCII = true; }},
+      {{"--short-words", "20"}, [](Settings& s) { s.Words.ShortWordSize = 20; }},
+      {{"--short-words", "off"}, [](Settings& s) { s.Words.IgnoreShortWords = false; }},
+      {{"--long-words", "80"}, [](Settings& s) { s.Words.LongWordSize = 80; }},
+      {{"--keep-repetitions"}, [](Settings& s) { s.Words.IgnoreRepetitions = false; }},
+      {{"--keep-letterless"}, [](Settings& s) { s.Words.IgnoreNoLetter = false; }},
+      {{"--patterns", "*.txt,a*.xml  b*"}, [](Settings& s) { s.FilePatterns = "*.txt, a*.xml, b*"; }},
+      {{"--exclude", "copy bak"}, [](Settings& s) { s.ExcludedTexts = "copy, bak"; }},
+      {{"--subfolders"}, [](Settings& s) { s.IncludeSubfolders = true; }},
+      {{"--format", "9"}, [](Settings& s) { s.Report.DisplayFormat = 9; }},
+      {{"--order", "alphabetical"}, [](Settings& s) { s.Report.WordOrder = 1; }},
+      {{"--relative"}, [](Settings& s) { s.Report.RelativeFrequency = true; }},
+      // Only for a folder.
+      {{"--sort-by-files"}, [](Settings&) {}},
+      {{"--filter", " The  CAT, "}, [](Settings& s) { s.Report.FilterText = "the cat"; }},
+      {{"--filter-mode", "subphrase"},
+       [](Settings& s) { s.Report.FilterModeOfWords = FilterMode::Subphrase; }},
+      {{"-o", "/out.txt"}, [](Settings& s) { s.OutputFile = "/out.txt"; }},
+  };
+  for (const Case& c : cases) {
+    files.Erase("/out.txt");
+    Settings expected;
+    expected.InputFile = "/a.txt";
+    c.Change(expected);
+    std::vector<std::string> arguments = c.Arguments;
+    arguments.insert(arguments.begin(), "/a.txt");
+    EXPECT_EQ(*StateBytes(Resulting(arguments)), *StateBytes(expected))
+        << testing::PrintToString(c.Arguments);
+  }
+}
+
+TEST_F(CountProgramTest, ThePathSetsTheSource) {
+  files.Add("/t/a.txt", kText);
+  EXPECT_EQ(Resulting({"/a.txt"}).SourceKind, TextSource::SingleFile);
+  const Settings folder = Resulting({"/t", "--format", "12", "--sort-by-files"});
+  EXPECT_EQ(folder.SourceKind, TextSource::Folder);
+  EXPECT_EQ(folder.Folder, "/t");
+  EXPECT_EQ(folder.Report.DisplayFormat, 12);
+  EXPECT_TRUE(folder.Report.SortByNumberOfFiles);
+  EXPECT_EQ(Resulting({"-"}).SourceKind, TextSource::Clipboard);
+}
+
+TEST_F(CountProgramTest, LoadsSettingsAndLetsOptionsOverrideThem) {
+  Settings settings;
+  settings.InputFile = "/a.txt";
+  settings.OutputFile = "/from-settings.txt";
+  settings.MinWords = 2;
+  settings.MaxWords = 3;
+  settings.ExcludedTexts = "kept as it is";
+  files.Add("/s.korv", *StateBytes(settings));
+
+  EXPECT_EQ(Count({"--settings", "/s.korv", "--save-settings", "/same.korv"}), 0);
+  EXPECT_EQ(files.Content("/same.korv"), files.Content("/s.korv"));
+  EXPECT_THAT(out.str(), IsEmpty());
+  EXPECT_THAT(files.Content("/from-settings.txt").value_or(""), HasSubstr("the big cat"));
+
+  // It exists now.
+  EXPECT_EQ(Count({"--settings", "/s.korv"}), 1);
+  EXPECT_EQ(Count({"--settings", "/s.korv", "--force"}), 0);
+
+  // A path takes the place of the source, and of the output file with it.
+  EXPECT_EQ(Count({"--settings", "/s.korv", "/a.txt"}), 0);
+  EXPECT_THAT(out.str(), HasSubstr("the big cat"));
+
+  const Settings overridden = Resulting({"--settings", "/s.korv", "--force", "--max-words", "5"});
+  EXPECT_EQ(overridden.MinWords, 2);
+  EXPECT_EQ(overridden.MaxWords, 5);
+  EXPECT_EQ(overridden.ExcludedTexts, "kept as it is");
+}
+
+TEST_F(CountProgramTest, DisabledOutputGoesToStandardOutput) {
+  Settings settings;
+  settings.InputFile = "/a.txt";
+  settings.OutputFile = "/r.txt";
+  settings.DisableOutputToFile = true;
+  settings.MinWords = 2;
+  files.Add("/s.korv", *StateBytes(settings));
+  EXPECT_EQ(Count({"--settings", "/s.korv"}), 0);
+  EXPECT_THAT(out.str(), HasSubstr("the big cat"));
+  EXPECT_EQ(files.Content("/r.txt"), std::nullopt);
+  EXPECT_EQ(Count({"--settings", "/s.korv", "-o", "/r.txt"}), 0);
+  EXPECT_THAT(files.Content("/r.txt").value_or(""), HasSubstr("the big cat"));
+}
+
+TEST_F(CountProgramTest, StandardInputTakesThePlaceOfTheClipboard) {
+  Settings settings;
+  settings.SourceKind = TextSource::Clipboard;
+  settings.MinWords = 2;
+  files.Add("/s.korv", *StateBytes(settings));
+  input = kText;
+  EXPECT_EQ(Count({"--settings", "/s.korv", "--layout", "tabs"}), 0);
+  EXPECT_THAT(out.str(), StartsWith("There is one phrase"));
+  EXPECT_EQ(Count({"--settings", "/s.korv", "--list-files"}), 2);
+}
+
+TEST_F(CountProgramTest, LoadsTheSelectedListOfTheSettings) {
+  Settings settings;
+  settings.InputFile = "/a.txt";
+  settings.MinWords = 2;
+  settings.WordsFiles = {"/none.txt", "/program/cwds_en.txt"};
+  settings.SelectedWordsFile = 1;
+  settings.IgnoreOption = IgnoreRule::ExcludeWith;
+  files.Add("/s.korv", *StateBytes(settings));
+  EXPECT_EQ(Count({"--settings", "/s.korv"}), 0);
+  EXPECT_THAT(out.str(), HasSubstr("  big cat\n"));
+  settings.SelectedWordsFile = 0;
+  files.Add("/s.korv", *StateBytes(settings));
+  EXPECT_EQ(Count({"--settings", "/s.korv"}), 1);
+  EXPECT_EQ(err.str(), "korv-count: File for words-to-ignore not found.\n");
+}
+
+TEST_F(CountProgramTest, RefusesDamagedSettings) {
+  const std::string whole = *StateBytes(Settings{});
+  struct Case {
+    std::string Bytes;
+    const char* Message;
+  };
+  for (const Case& c :
+       {Case{"", "Input past end of file."},
+        {whole.substr(0, whole.size() / 2), "Input past end of file."},
+        {"nonsense", "Type mismatch."},
+        {"\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n77\r\n", "Invalid combo box index."}}) {
+    files.Add("/s.korv", c.Bytes);
+    EXPECT_EQ(Count({"--settings", "/s.korv", "/a.txt"}), 1);
+    EXPECT_THAT(err.str(), HasSubstr(c.Message));
+  }
+}
+
+TEST_F(CountProgramTest, ListsFiles) {
+  files.Add("/t/b.txt", kText);
+  files.Add("/t/A.txt", kText);
+  files.Add("/t/page.js", kText);
+  files.Add("/t/sub/c.txt", kText);
+  EXPECT_EQ(Count({"/a.txt", "--list-files"}), 0);
+  EXPECT_EQ(out.str(), "/a.txt\n");
+  EXPECT_EQ(Count({"/t/", "--list-files"}), 0);
+  EXPECT_EQ(out.str(), "{Folder} = /t\n{Folder}/A.txt\n{Folder}/b.txt\n");
+  EXPECT_EQ(Count({"/t", "--list-files", "--subfolders", "--exclude", "b"}), 0);
+  EXPECT_EQ(out.str(), "{Folder} = /t\n{Folder}/A.txt\n{Folder}/sub/c.txt\n");
+  EXPECT_EQ(Count({"/t", "--list-files", "--patterns", "*.none"}), 0);
+  EXPECT_EQ(out.str(), "{Folder} = /t\n");
+  EXPECT_EQ(Count({"/none", "--list-files"}), 1);
+  EXPECT_EQ(Count({"/t", "--list-files", "--patterns", "a<b"}), 1);
+}
+
+TEST_F(CountProgramTest, TellsOfSkippedFilesUnlessQuiet) {
+  files.Add("/t/a.txt", kText);
+  files.Add("/t/empty.txt", "");
+  EXPECT_EQ(Count({"/t", "--min-words", "2"}), 0);
+  EXPECT_EQ(err.str(), "1 file was skipped:\n{Folder}/empty.txt: is zero-length\n");
+  EXPECT_THAT(out.str(), StartsWith("1 file (in 1 folder) was scanned.\n"));
+  EXPECT_EQ(Count({"/t", "-o", "/r.txt"}), 0);
+  EXPECT_EQ(err.str(), "1 file was skipped:\n{Folder}/empty.txt: is zero-length\n");
+  EXPECT_EQ(Count({"/t", "--quiet"}), 0);
+  EXPECT_THAT(err.str(), IsEmpty());
+}
+
+TEST_F(CountProgramTest, NeedsNoReportFileForSeveralFiles) {
+  files.Add("/t/a.txt", kText);
+  files.Add("/t/b.txt", kText);
+  EXPECT_EQ(Count({"/t", "--min-words", "2", "--format", "10"}), 0);
+  EXPECT_THAT(out.str(), HasSubstr("the big cat"));
+}
+
+TEST_F(CountProgramTest, ListsFormat0WhereAFormatNeedsAFolder) {
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "--format", "10"}), 0);
+  EXPECT_EQ(err.str(),
+            "korv-count: The display format '#10: Phrase, number of files, frequency' is available\n"
+            "only when the source of the text is a folder.\n");
+  EXPECT_THAT(out.str(), HasSubstr(" Rank  Freq  Phrase"));
+  EXPECT_EQ(Count({"/a.txt", "--format", "10", "--quiet"}), 0);
+  EXPECT_THAT(err.str(), IsEmpty());
+}
+
+TEST_F(CountProgramTest, AnswersQuestionsByItself) {
+  // No to a higher minimum frequency, No to an output file for a large input, Yes to the filter.
+  std::string text;
+  while (text.size() < 300000) text += "The big cat sat with the small dog. ";
+  files.Add("/large.txt", text + "one single phrase");
+  EXPECT_EQ(Count({"/large.txt", "--min-words", "2", "--max-words", "2", "--min-frequency", "1", "--filter",
+                   "single"}),
+            0);
+  EXPECT_THAT(out.str(), HasSubstr("one single\n"));
+  EXPECT_THAT(out.str(), Not(HasSubstr("big cat")));
+  EXPECT_THAT(err.str(), IsEmpty());
+}
+
+TEST_F(CountProgramTest, ReadsUtf8WithoutASignatureAsTheEncodingSays) {
+  files.Add("/u.txt", "größer größer größer größer");
+  EXPECT_EQ(Count({"/u.txt", "--min-words", "2"}), 0);
+  EXPECT_THAT(out.str(), HasSubstr("größer größer"));
+  EXPECT_EQ(Count({"/u.txt", "--min-words", "2", "--encoding", "ansi"}), 0);
+  EXPECT_THAT(out.str(), Not(HasSubstr("größer")));
+}
+
+TEST_F(CountProgramTest, AnInterruptListsWhatWasReadWithStatus130) {
+  input = std::string(2000, ' ') + kText + std::string(200000, ' ') + "the end of it";
+  int reads = 0;
+  onRead = [&] {
+    if (++reads == 4) yielder->RequestStop();
+  };
+  EXPECT_EQ(Count({"-", "--min-words", "2"}), 130);
+  EXPECT_THAT(out.str(), HasSubstr("the big cat"));
+}
+
+TEST_F(CountProgramTest, ShowsProgressOnATerminalAndTakesItAway) {
+  terminal = true;
+  clock.step = std::chrono::seconds(1);
+  for (int k = 0; k < 30; ++k) input += kText;
+  onRead = [] {};
+  EXPECT_EQ(Count({"-", "--min-words", "2"}), 0);
+  EXPECT_THAT(err.str(), HasSubstr("\r\x1b[KReading: "));
+  EXPECT_TRUE(err.str().ends_with("\r\x1b[K"));
+  EXPECT_EQ(Count({"-", "--quiet"}), 0);
+  EXPECT_THAT(err.str(), IsEmpty());
+  terminal = false;
+  EXPECT_EQ(Count({"-"}), 0);
+  EXPECT_THAT(err.str(), IsEmpty());
+  EXPECT_EQ(Count({"-", "--progress"}), 0);
+  EXPECT_THAT(err.str(), HasSubstr("Reading: 0 words\n"));
+}
+
+TEST_F(CountProgramTest, TellsTheTimesOfItsStagesWhenAsked) {
+  EXPECT_EQ(Count({"/a.txt", "--stages"}), 0);
+  for (const char* stage : {"reading and cutting\t", "counting\t", "sorting\t", "exclusion\t", "chain\t",
+                            "writing\t", "words\t8\n"})
+    EXPECT_THAT(err.str(), HasSubstr(stage));
+}
+
+TEST_F(CountProgramTest, SaysWhenStandardOutputFails) {
+  out.setstate(std::ios::badbit);
+  EXPECT_EQ(Count({"/a.txt"}), 1);
+  EXPECT_EQ(err.str(), "korv-count: Standard output cannot be written.\n");
+}
+
+}  // namespace
+}  // namespace korv
