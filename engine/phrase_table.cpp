@@ -48,6 +48,15 @@ std::string PhraseTable::Text(PhraseIndex i) const {
   return text;
 }
 
+void PhraseTable::Prefetch(PhraseIndex i, PhraseIndex later) const {
+  const size_t entries = data_->Entries.size();
+  if (later - 1 < entries) {
+    __builtin_prefetch(data_->Entries.data() + later - 1);
+    if (!data_->Rank.empty()) __builtin_prefetch(data_->Rank.data() + later);
+  }
+  if (i - 1 < entries) __builtin_prefetch(data_->Numbers.data() + Entry(*data_, i).First);
+}
+
 std::string PhraseTable::Key(PhraseIndex i) const {
   return FoldKey(FoldAccents(Text(i)));
 }
@@ -80,6 +89,10 @@ PhraseIndex PhraseTable::ChainHead() const {
 
 uint32_t PhraseTable::ChainPosition(PhraseIndex i) const {
   return data_->Rank.empty() ? 0 : data_->Rank[i];
+}
+
+PhraseIndex PhraseTable::AtChainPosition(uint32_t position) const {
+  return position - 1 < data_->Chain.size() ? data_->Chain[position - 1] : 0;
 }
 
 PhraseIndex PhraseTable::ChainNext(PhraseIndex i) const {

@@ -66,6 +66,9 @@ class PhraseTable {
   PhraseIndex EntryCount() const;
   void AppendText(PhraseIndex i, std::string& out) const;
   std::string Text(PhraseIndex i) const;
+  /// Hints that Text(i) and the numbers of entry `i` will be wanted soon, and that those of `later` will be
+  /// a little after them. Entries outside the table are no harm.
+  void Prefetch(PhraseIndex i, PhraseIndex later) const;
   /// The folded, lower-cased form by which entries are ordered.
   std::string Key(PhraseIndex i) const;
   uint32_t Count(PhraseIndex i) const;
@@ -79,7 +82,8 @@ class PhraseTable {
 
   PhraseIndex ChainHead() const;                ///< 0 for an empty chain.
   uint32_t ChainPosition(PhraseIndex i) const;  ///< The rank, 1 for the first; 0 when not in the chain.
-  PhraseIndex ChainNext(PhraseIndex i) const;   ///< 0 at the end and for entries not in the chain.
+  PhraseIndex AtChainPosition(uint32_t position) const;  ///< The inverse; 0 beyond the end.
+  PhraseIndex ChainNext(PhraseIndex i) const;            ///< 0 at the end and for entries not in the chain.
 
   // ---- Folder runs: the files that a phrase occurs in. Cost: its number of occurrences.
 

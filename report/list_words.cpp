@@ -15,6 +15,8 @@ namespace {
 constexpr int kPathsOfFiles = 11;
 constexpr int kSharesOfFiles = 12;
 constexpr int kAlphabetical = 1;
+// A line takes about as long as a few misses of the cache, and phrases lie all over the text.
+constexpr uint32_t kLookAhead = 16;
 
 bool ShowsPaths(const ReportOptions& options) {
   return options.DisplayFormat == kPathsOfFiles || options.DisplayFormat == kSharesOfFiles;
@@ -167,13 +169,19 @@ class Listing {
 
 void ListWordsAlphabetically(const PhraseTable& table, Listing& listing) {
   const PhraseIndex entries = table.EntryCount();
-  for (PhraseIndex i = 1; i <= entries; ++i)
+  for (PhraseIndex i = 1; i <= entries; ++i) {
+    table.Prefetch(i + kLookAhead, i + 2 * kLookAhead);
     if (table.Listed(i) && !listing.List(i)) return;
+  }
 }
 
 void ListWordsByFrequency(const PhraseTable& table, Listing& listing) {
-  for (PhraseIndex i = table.ChainHead(); i != 0; i = table.ChainNext(i))
+  uint32_t position = 1;
+  for (PhraseIndex i = table.ChainHead(); i != 0; i = table.AtChainPosition(++position)) {
+    table.Prefetch(table.AtChainPosition(position + kLookAhead),
+                   table.AtChainPosition(position + 2 * kLookAhead));
     if (!listing.List(i)) return;
+  }
 }
 
 }  // namespace
