@@ -22,7 +22,8 @@ void PhraseTable::AddWordToList(std::string_view phrase) {
   PhraseTableData& data = *data_;
   if (!data.ForWordList && CharacterCount(phrase) > static_cast<size_t>(kMostPhraseCharacters)) return;
   if (!data.ForWordList && !data.CurrentFileNumbered && !data.CurrentFile.empty()) {
-    data.FilePaths.push_back(data.CurrentFile);
+    if (data.FilePaths.empty() || data.FilePaths.back() != data.CurrentFile)
+      data.FilePaths.push_back(data.CurrentFile);
     data.CurrentFileNumbered = true;
   }
   ++data.Occurrences;
@@ -62,12 +63,13 @@ PhraseTable::Place PhraseTable::FindPhrase(std::string_view text) const {
   if (textAt(n) > text) return {false, -(n + 1)};
   if (n == 1) return {true, 1};
 
-  // The first probe is n / 2, the later ones round up; both halves are then at most half as long.
+  // The first probe is n / 2, the later ones round up, but for the last two entries: there rounding up
+  // would probe the upper one, which may have been probed already, for ever.
   int64_t low = 1;
   int64_t high = n;
   int steps = 0;
   Place place{false, 0};
-  for (int64_t middle = n / 2;; middle = low + (high - low + 1) / 2) {
+  for (int64_t middle = n / 2;; middle = high - low == 1 ? low : low + (high - low + 1) / 2) {
     ++steps;
     const std::string probe = textAt(middle);
     if (probe == text) {

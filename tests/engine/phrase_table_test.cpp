@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -133,6 +136,16 @@ TEST(AddWordToList, NumbersOnlyFilesThatYieldAPhrase) {
   EXPECT_EQ(table.Files(cd).FileCounts(), "00001");
 }
 
+TEST(AddWordToList, GivesTheSameFileOneNumberHoweverOftenItIsBegun) {
+  PhraseTable table = TableOf({});
+  for (int i = 0; i < 2; ++i) {
+    table.BeginFile("one.txt");
+    table.AddWordToList("a b");
+  }
+  EXPECT_THAT(table.FilePaths(), ElementsAre("one.txt"));
+  EXPECT_EQ(table.Files(1).FileCounts(), "00002");
+}
+
 TEST(AddWordToList, KeepsFilesWithTheirPhrasesWhenSorted) {
   PhraseTable table = TableOf({});
   table.BeginFile("one.txt");
@@ -160,6 +173,70 @@ TEST(PhraseTable, IsEmptyAfterClear) {
   EXPECT_THAT(table.FilePaths(), IsEmpty());
   table.AddWordToList("e f");
   EXPECT_EQ(table.Text(1), "e f");
+}
+
+TEST(FindPhrase, TellsWhereATextIsOrBelongs) {
+  struct Case {
+    std::vector<std::string> phrases;
+    std::string text;
+    bool found;
+    int64_t position;
+  };
+  const Case cases[] = {
+      {{}, "a", false, -1},
+      {{"b"}, "c", false, -1},
+      {{"b"}, "a", false, -2},
+      {{"b"}, "b", true, 1},
+      {{"b", "d"}, "e", false, -1},
+      {{"b", "d"}, "d", true, 1},
+      {{"b", "d"}, "c", false, -2},
+      {{"b", "d"}, "b", true, 2},
+      {{"b", "d"}, "a", false, -3},
+      {{"a", "c", "e"}, "d", false, -2},
+      {{"a", "c", "e"}, "c", true, 2},
+      {{"a", "c", "e"}, "b", false, -3},
+      {{"a", "c", "e"}, "a", true, 3},
+      {{"The cat", "the cat"}, "THE cat", false, -3},
+      {{"e", "é", "z"}, "é", true, 1},
+  };
+  for (const Case& c : cases) {
+    PhraseTable table = TableOf(c.phrases);
+    const PhraseTable::Place place = table.FindPhrase(c.text);
+    EXPECT_EQ(place.Found, c.found) << c.text << " in " << testing::PrintToString(c.phrases);
+    EXPECT_EQ(place.Position, c.position) << c.text << " in " << testing::PrintToString(c.phrases);
+  }
+}
+
+TEST(FindPhrase, AgreesWithALinearSearchInTablesOfEverySize) {
+  for (int n = 0; n <= 70; ++n) {
+    std::vector<std::string> phrases;
+    for (int i = 0; i < n; ++i) phrases.push_back(std::string(1, static_cast<char>('!' + i)) + "m");
+    std::shuffle(phrases.begin(), phrases.end(), std::mt19937(static_cast<unsigned>(n)));
+    PhraseTable table = TableOf(phrases);
+    std::sort(phrases.rbegin(), phrases.rend());
+    for (int i = 0; i <= n; ++i) {
+      for (const char* tail : {"a", "m", "z"}) {
+        const std::string text = std::string(1, static_cast<char>('!' + i)) + tail;
+        size_t at = 0;
+        while (at < phrases.size() && phrases[at] > text) ++at;
+        const bool found = at < phrases.size() && phrases[at] == text;
+        const int64_t position = static_cast<int64_t>(at) + 1;
+        const PhraseTable::Place place = table.FindPhrase(text);
+        ASSERT_EQ(place.Found, found) << n << text;
+        ASSERT_EQ(place.Position, found ? position : -position) << n << text;
+      }
+    }
+  }
+}
+
+TEST(FindPhrase, HalvesItsWayThroughTheTable) {
+  PhraseTable table = TableOf({});
+  for (int i = 0; i < 1000; ++i) table.AddWordToList(std::to_string(1000 + i));
+  table.FindPhrase("1500");
+  EXPECT_EQ(table.MaxSearchDepth(), 1) << "the middle is looked at first";
+  for (int i = 0; i < 1000; ++i) table.FindPhrase(std::to_string(1000 + i));
+  EXPECT_GE(table.MaxSearchDepth(), 9);
+  EXPECT_LE(table.MaxSearchDepth(), 12);
 }
 
 TEST(FindPhrase, SeesPhrasesAddedSinceTheLastCall) {
