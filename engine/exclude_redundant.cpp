@@ -98,19 +98,21 @@ class EntryTable {
 /// phrases have in common with the runs that hold them answer nearly all of the questions that have no
 /// answer.
 ///
-/// Phrases that follow each other in the text by one word and have the same count share all runs but the
-/// ones that end behind the first; for long phrases those are passed over, so that a passage that occurs
-/// twice costs its length, not its length times 25.
+/// Phrases are gone through by their places in the text. Two that follow each other by one word and have the
+/// same count share all runs but the ones that end behind the first; those are passed over, so that a
+/// passage that occurs twice costs its length, not its length times 25.
 class Containment {
  public:
   explicit Containment(PhraseTableData& data) : data_(data), redundant_(data.Entries.size()) {}
 
   bool Find(Yielder& yielder) {
-    affixes_ = std::make_unique<WordAffixes>(data_.Words, yielder);
+    if (!RunTasks(1, data_.Entries.size() < 1000, yielder, [this](size_t, size_t) { Collect(); }))
+      return false;
+    affixes_ = std::make_unique<WordAffixes>(data_.Words, isFirst_, isLast_, yielder);
     if (yielder.Stopped()) return false;
     Reserve();
-    if (!ForEachListed(yielder, [this](uint32_t e) { Add(e); }) ||
-        !ForEachListed(yielder, [this](uint32_t e) { Search(data_.Entries[e]); }))
+    if (!ForEachListed(yielder, [this](size_t k) { Add(listed_[k]); }) ||
+        !ForEachListed(yielder, [this](size_t k) { Search(k); }))
       return false;
     for (size_t e = 0; e < redundant_.size(); ++e)
       if (redundant_[e].load(std::memory_order_relaxed)) data_.Entries[e].Listed = false;
@@ -118,10 +120,15 @@ class Containment {
   }
 
  private:
-  /// From this many words on it pays to ask for the neighbour.
-  static constexpr int kLongPhrase = 9;
+  /// A listed phrase, side by side with its neighbours in the text.
+  struct Phrase {
+    uint32_t First;
+    uint32_t Count;
+    uint32_t Entry;  ///< Index in Entries.
+    uint8_t Words;
+  };
 
-  const WordNumber* TextOf(const PhraseEntry& entry) const { return data_.Numbers.data() + entry.First; }
+  const WordNumber* TextOf(const Phrase& phrase) const { return data_.Numbers.data() + phrase.First; }
 
   static uint64_t HashOf(const WordNumber* words, int n) {
     uint64_t h = 0;
@@ -143,17 +150,31 @@ class Containment {
         OfWord(first) * kPowers[static_cast<size_t>(words) - 1] + inner * kBase + prefixFamily_[last] + 1,
         count, words);
   }
-  static uint64_t PlaceHash(uint32_t first, uint32_t count) { return Scatter(uint64_t{first} << 32 | count); }
-
-  void Reserve() {
-    size_t longPhrases = 0;
+  /// Lists the phrases by First, counting digit by digit of it.
+  void Collect() {
+    isFirst_.assign(data_.Words.Size() + 1, false);
+    isLast_.assign(data_.Words.Size() + 1, false);
     for (uint32_t e = 0; e < data_.Entries.size(); ++e) {
       const PhraseEntry& entry = data_.Entries[e];
       if (!entry.Listed || entry.Words < kLeastWords) continue;
-      listed_.push_back(e);
+      listed_.push_back({entry.First, entry.Count, e, entry.Words});
       fewest_ = std::min<int>(fewest_, entry.Words);
-      longPhrases += entry.Words >= kLongPhrase ? 1 : 0;
+      isFirst_[data_.Numbers[entry.First]] = true;
+      isLast_[data_.Numbers[entry.First + entry.Words - 1u]] = true;
     }
+    constexpr int kDigitBits = 11;
+    constexpr size_t kDigits = size_t{1} << kDigitBits;
+    std::vector<Phrase> sorted(listed_.size());
+    for (int shift = 0; shift < 32 && data_.Numbers.size() >> shift != 0; shift += kDigitBits) {
+      std::array<size_t, kDigits + 1> next{};
+      for (const Phrase& phrase : listed_) ++next[(phrase.First >> shift & (kDigits - 1)) + 1];
+      for (size_t d = 0; d < kDigits; ++d) next[d + 1] += next[d];
+      for (const Phrase& phrase : listed_) sorted[next[phrase.First >> shift & (kDigits - 1)]++] = phrase;
+      listed_.swap(sorted);
+    }
+  }
+
+  void Reserve() {
     suffixFamily_.resize(data_.Words.Size() + 1);
     prefixFamily_.resize(data_.Words.Size() + 1);
     for (WordNumber w = 1; w <= data_.Words.Size(); ++w) {
@@ -165,53 +186,43 @@ class Containment {
     halves_ = std::make_unique<LikelySet>(listed_.size());
     largeHalves_ = std::make_unique<LikelySet>(listed_.size() / 2);
     phrases_.Reserve(listed_.size());
-    places_.Reserve(longPhrases);
   }
 
   template <typename Work>
   bool ForEachListed(Yielder& yielder, const Work& work) const {
     constexpr size_t kTask = 4096;
-    constexpr size_t kAhead = 8;
     const size_t n = listed_.size();
     return RunTasks((n + kTask - 1) / kTask, n < kTask, yielder, [&](size_t task, size_t) {
-      for (size_t k = task * kTask; k < std::min(n, (task + 1) * kTask); ++k) {
-        if (k + kAhead < n) __builtin_prefetch(TextOf(data_.Entries[listed_[k + kAhead]]));
-        work(listed_[k]);
-      }
+      for (size_t k = task * kTask; k < std::min(n, (task + 1) * kTask); ++k) work(k);
     });
   }
 
-  void Add(uint32_t e) {
-    const PhraseEntry& entry = data_.Entries[e];
-    const WordNumber* words = TextOf(entry);
-    const int n = entry.Words;
+  void Add(const Phrase& phrase) {
+    const WordNumber* words = TextOf(phrase);
+    const int n = phrase.Words;
     const uint64_t inner = HashOf(words + 1, n - 2);
-    const uint64_t family = FamilyHash(words[0], inner, words[n - 1], entry.Count, n);
+    const uint64_t family = FamilyHash(words[0], inner, words[n - 1], phrase.Count, n);
     if (families_->Add(family)) largeFamilies_->Add(family);
-    const uint64_t half = HalfHash(words[0], inner, words[n - 1], entry.Count, n);
+    const uint64_t half = HalfHash(words[0], inner, words[n - 1], phrase.Count, n);
     if (halves_->Add(half)) largeHalves_->Add(half);
     const uint64_t hash =
         OfWord(words[0]) * kPowers[static_cast<size_t>(n) - 1] + inner * kBase + OfWord(words[n - 1]);
-    phrases_.Insert(WithCount(hash, entry.Count, n), e);
-    if (n >= kLongPhrase) places_.Insert(PlaceHash(entry.First, entry.Count), e);
+    phrases_.Insert(WithCount(hash, phrase.Count, n), phrase.Entry);
   }
 
-  /// Words of `entry` that the long phrase of the same count which starts one word before it covers.
-  int CoveredByNeighbour(const PhraseEntry& entry) const {
-    if (entry.Words < kLongPhrase) return 0;
-    int covered = 0;
-    places_.Visit(PlaceHash(entry.First - 1, entry.Count), [&](uint32_t e) {
-      const PhraseEntry& other = data_.Entries[e];
-      if (other.First + 1 != entry.First || other.Count != entry.Count) return false;
-      covered = other.Words - 1;
-      return true;
-    });
-    return covered;
+  /// Words of phrase `k` that the phrase of the same count which starts one word before it covers.
+  int CoveredByNeighbour(size_t k) const {
+    const Phrase& phrase = listed_[k];
+    while (k > 0 && listed_[k - 1].First == phrase.First) --k;
+    for (; k > 0 && listed_[k - 1].First + 1 == phrase.First; --k)
+      if (listed_[k - 1].Count == phrase.Count) return listed_[k - 1].Words - 1;
+    return 0;
   }
 
-  void Search(const PhraseEntry& entry) {
-    const WordNumber* words = TextOf(entry);
-    const int n = entry.Words;
+  void Search(size_t place) {
+    const Phrase& phrase = listed_[place];
+    const WordNumber* words = TextOf(phrase);
+    const int n = phrase.Words;
     std::array<uint64_t, kMostWords + 1> upTo;
     std::array<bool, kMostWords> hasSuffix;
     std::array<bool, kMostWords> hasPrefix;
@@ -231,7 +242,7 @@ class Containment {
     };
     std::array<Run, kMostWords * kMostWords / 2> runs;
     size_t count = 0;
-    for (int end = std::max(fewest_, CoveredByNeighbour(entry) + 1); end <= n; ++end)
+    for (int end = std::max(fewest_, CoveredByNeighbour(place) + 1); end <= n; ++end)
       for (int begin = 0; begin + fewest_ <= end; ++begin) {
         const auto b = static_cast<size_t>(begin);
         const auto e = static_cast<size_t>(end);
@@ -239,7 +250,7 @@ class Containment {
         if (!hasSuffix[b] && !hasPrefix[e - 1] && (data_.OnlyMaximal || whole)) continue;
         const uint64_t inner = upTo[e - 1] - upTo[b + 1] * kPowers[e - b - 2];
         Run& run = runs[count++];
-        run = {inner, FamilyHash(words[b], inner, words[e - 1], entry.Count, end - begin),
+        run = {inner, FamilyHash(words[b], inner, words[e - 1], phrase.Count, end - begin),
                static_cast<uint8_t>(begin), static_cast<uint8_t>(end)};
         (whole ? largeFamilies_ : families_)->Prefetch(run.Family);
       }
@@ -247,7 +258,7 @@ class Containment {
       // The whole phrase is of its own family: only one with another member is worth the question.
       const bool whole = runs[k].Begin == 0 && runs[k].End == n;
       if ((whole ? largeFamilies_ : families_)->MayHold(runs[k].Family))
-        MarkWithin(words + runs[k].Begin, runs[k].End - runs[k].Begin, runs[k].Inner, entry.Count,
+        MarkWithin(words + runs[k].Begin, runs[k].End - runs[k].Begin, runs[k].Inner, phrase.Count,
                    whole || data_.OnlyMaximal, whole);
     }
   }
@@ -265,7 +276,7 @@ class Containment {
         if (skipRun && first == run[0] && last == run[n - 1]) continue;
         phrases_.Visit(WithCount(beginning + OfWord(last), count, n), [&](uint32_t e) {
           const PhraseEntry& entry = data_.Entries[e];
-          const WordNumber* words = TextOf(entry);
+          const WordNumber* words = data_.Numbers.data() + entry.First;
           const bool same = entry.Count == count && entry.Words == n && words[0] == first &&
                             words[n - 1] == last && std::equal(run + 1, run + n - 1, words + 1);
           if (same) redundant_[e].store(1, std::memory_order_relaxed);
@@ -281,9 +292,10 @@ class Containment {
   std::vector<uint64_t> prefixFamily_;
   int fewest_ = kMostWords;  ///< Words of the shortest listed phrase.
   std::vector<std::atomic<uint8_t>> redundant_;
-  std::vector<uint32_t> listed_;
-  EntryTable phrases_;  ///< The listed entries by words and count.
-  EntryTable places_;   ///< The long ones by place and count.
+  std::vector<Phrase> listed_;  ///< By First.
+  std::vector<bool> isFirst_;   ///< Per word: a listed phrase begins with it.
+  std::vector<bool> isLast_;    ///< Per word: a listed phrase ends with it.
+  EntryTable phrases_;          ///< The listed entries by words and count.
   std::unique_ptr<LikelySet> families_;
   std::unique_ptr<LikelySet> largeFamilies_;  ///< Those of two phrases and more.
   std::unique_ptr<LikelySet> halves_;

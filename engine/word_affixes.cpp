@@ -33,9 +33,10 @@ bool EndsCharacter(std::string_view word, size_t n) {
 template <bool Backward>
 class Beginnings {
  public:
-  explicit Beginnings(const Vocabulary& words)
+  Beginnings(const Vocabulary& words, const std::vector<bool>& wanted)
       : words_(words), slots_(std::bit_ceil(size_t{words.Size()} * 2 + 2), kNoWord) {
     for (WordNumber w = 1; w <= words.Size(); ++w) {
+      if (!wanted[w]) continue;
       const std::string_view text = words.Text(w);
       uint64_t hash = 0;
       for (size_t k = 0; k < text.size(); ++k) hash = Extend(hash, ByteAt<Backward>(text, k));
@@ -78,17 +79,18 @@ std::vector<WordNumber> Families(const std::vector<WordNumber>& shorter) {
 
 }  // namespace
 
-WordAffixes::WordAffixes(const Vocabulary& words, Yielder& yielder)
+WordAffixes::WordAffixes(const Vocabulary& words, const std::vector<bool>& isSuffix,
+                         const std::vector<bool>& isPrefix, Yielder& yielder)
     : suffix_(words.Size() + 1, kNoWord), prefix_(words.Size() + 1, kNoWord) {
   const auto fill = [&](const auto& beginnings, std::vector<WordNumber>& longest) {
     for (WordNumber w = 1; w <= words.Size() && !yielder.Stopped(); ++w) longest[w] = beginnings.LongestOf(w);
   };
   RunTasks(2, words.Size() < 2000, yielder, [&](size_t task, size_t) {
     if (task == 0) {
-      fill(Beginnings<true>(words), suffix_);
+      fill(Beginnings<true>(words, isSuffix), suffix_);
       suffixFamily_ = Families(suffix_);
     } else {
-      fill(Beginnings<false>(words), prefix_);
+      fill(Beginnings<false>(words, isPrefix), prefix_);
       prefixFamily_ = Families(prefix_);
     }
   });
