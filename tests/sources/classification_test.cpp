@@ -47,7 +47,7 @@ TEST_P(Classification, IsAsTabled) {
       ClassifyTextFile(files, c.path, kScannedBytes, first, position, c.threshold, percent, isUtf8, true),
       c.code);
   EXPECT_EQ(isUtf8, c.isUtf8);
-  const TextSource source = OpenTextSource(files, c.path, c.threshold);
+  const OpenedText source = OpenTextSource(files, c.path, c.threshold);
   EXPECT_EQ(source.Facts.Code, c.code);
   EXPECT_EQ(source.Facts.IsUtf8, c.isUtf8);
   ASSERT_TRUE(source.File);
@@ -154,7 +154,7 @@ TEST(ClassifyTextFile, TellsTheFirstAnomalyAndTheShare) {
 TEST(ClassifyTextFile, WithoutAnomalySaysBlankAndZero) {
   FakeFiles files;
   files.Add("/a.txt", Plain(10));
-  const TextSource source = OpenTextSource(files, "/a.txt", 1.0);
+  const OpenedText source = OpenTextSource(files, "/a.txt", 1.0);
   EXPECT_EQ(source.Facts.FirstAnomalousByte, 32);
   EXPECT_EQ(source.Facts.AnomalyPercent, 0);
 }
@@ -218,7 +218,7 @@ TEST(OpenTextSource, OpensTheFileOnceAndStandsAfterTheHead) {
   const std::string text = Plain(30000) + "the end";
   files.Add("/a.txt", text);
   files.ReadInPiecesOf(1000);
-  TextSource source = OpenTextSource(files, "/a.txt", kRunThreshold);
+  OpenedText source = OpenTextSource(files, "/a.txt", kRunThreshold);
   EXPECT_EQ(files.Openings(), 1);
   std::string all = source.Head;
   char buffer[777];
@@ -237,7 +237,7 @@ TEST(OpenTextSource, AnyFailingReadGivesACodeAndNoCrash) {
     files.Add("/a.txt", Plain(100000));
     files.ReadInPiecesOf(9000);
     files.FailCall(call);
-    const TextSource source = OpenTextSource(files, "/a.txt", kRunThreshold);
+    const OpenedText source = OpenTextSource(files, "/a.txt", kRunThreshold);
     if (!files.FailureHappened()) break;
     // Where only the search for a declaration fails, the file is read as if there were none.
     EXPECT_TRUE(source.Facts.Code == Code::CannotOpen || source.Facts.Code == Code::WindowsText) << call;
