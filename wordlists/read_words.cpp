@@ -134,7 +134,9 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
   list.Words = words.Take();
   list.HasPatterns = std::any_of(list.Words.begin(), list.Words.end(), HoldsPattern);
   list.Path = path;
-  WarnOfCharacters(list.Words, kind, rules, messages);
+  // Words to ignore were cut as those of the text are, so that each can be found there; an apostrophe in one
+  // is the ending of "isn't".
+  if (kind == ListKind::CountOnly) WarnOfCharacters(list.Words, kind, rules, messages);
   return true;
 }
 

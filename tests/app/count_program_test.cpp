@@ -26,7 +26,7 @@ class CountProgramTest : public testing::Test {
   CountProgramTest() {
     files.Add("/a.txt", kText);
     files.Add("/program/korv.dat", "62\t#10: Phrase, number of files, frequency\n");
-    files.Add("/program/cwds_en.txt", "\xEF\xBB\xBFthe\n");
+    files.Add("/program/cwds_en.txt", "\xEF\xBB\xBFthe\naren't\n");
   }
 
   int Count(std::vector<std::string> arguments) {
@@ -413,6 +413,12 @@ TEST_F(CountProgramTest, LoadsTheSelectedListOfTheSettings) {
   files.Add("/s.korv", *StateBytes(settings));
   EXPECT_EQ(Count({"--settings", "/s.korv"}), 1);
   EXPECT_EQ(err.str(), "korv-count: File for words-to-ignore not found.\n");
+}
+
+TEST_F(CountProgramTest, CommonWordsLoadInSilence) {
+  EXPECT_EQ(Count({"/a.txt", "--common-words", "en", "--min-words", "2", "--ignore-mode", "remove"}), 0);
+  EXPECT_THAT(err.str(), IsEmpty());
+  EXPECT_THAT(out.str(), HasSubstr("  big cat\n"));
 }
 
 TEST_F(CountProgramTest, RefusesDamagedSettings) {
