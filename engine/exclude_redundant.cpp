@@ -72,6 +72,7 @@ class EntryTable {
       if (slots_[at].compare_exchange_strong(empty, slot, std::memory_order_relaxed)) return;
     }
   }
+  void Prefetch(uint64_t hash) const { __builtin_prefetch(&slots_[First(hash)]); }
   /// Calls `use` with each entry inserted under this hash, and with few others, until it returns true.
   template <typename Use>
   void Visit(uint64_t hash, const Use& use) const {
@@ -111,8 +112,14 @@ class Containment {
     affixes_ = std::make_unique<WordAffixes>(data_.Words, isFirst_, isLast_, yielder);
     if (yielder.Stopped()) return false;
     Reserve();
-    if (!ForEachListed(yielder, [this](size_t k) { Add(listed_[k]); }) ||
-        !ForEachListed(yielder, [this](size_t k) { Search(k); }))
+    if (!ForParts(yielder, [this](size_t begin, size_t end) {
+          for (size_t k = begin; k < end; ++k) Add(listed_[k]);
+        }))
+      return false;
+    if (!ForParts(yielder, [this](size_t begin, size_t end) {
+          Search search(*this);
+          for (size_t k = begin; k < end; ++k) search.Runs(k);
+        }))
       return false;
     for (size_t e = 0; e < redundant_.size(); ++e)
       if (redundant_[e].load(std::memory_order_relaxed)) data_.Entries[e].Listed = false;
@@ -188,13 +195,13 @@ class Containment {
     phrases_.Reserve(listed_.size());
   }
 
+  /// Shares the listed phrases out to all threads, `work` being called with [begin, end) of listed_.
   template <typename Work>
-  bool ForEachListed(Yielder& yielder, const Work& work) const {
-    constexpr size_t kTask = 4096;
+  bool ForParts(Yielder& yielder, const Work& work) const {
+    constexpr size_t kPart = 4096;
     const size_t n = listed_.size();
-    return RunTasks((n + kTask - 1) / kTask, n < kTask, yielder, [&](size_t task, size_t) {
-      for (size_t k = task * kTask; k < std::min(n, (task + 1) * kTask); ++k) work(k);
-    });
+    return RunTasks((n + kPart - 1) / kPart, n < kPart, yielder,
+                    [&](size_t part, size_t) { work(part * kPart, std::min(n, (part + 1) * kPart)); });
   }
 
   void Add(const Phrase& phrase) {
@@ -219,72 +226,127 @@ class Containment {
     return 0;
   }
 
-  void Search(size_t place) {
-    const Phrase& phrase = listed_[place];
-    const WordNumber* words = TextOf(phrase);
-    const int n = phrase.Words;
-    std::array<uint64_t, kMostWords + 1> upTo;
-    std::array<bool, kMostWords> hasSuffix;
-    std::array<bool, kMostWords> hasPrefix;
-    upTo[0] = 0;
-    for (size_t i = 0; i < static_cast<size_t>(n); ++i) {
-      upTo[i + 1] = upTo[i] * kBase + OfWord(words[i]);
-      hasSuffix[i] = affixes_->Suffix(words[i]) != kNoWord;
-      hasPrefix[i] = affixes_->Prefix(words[i]) != kNoWord;
+  /// Whether a run of words holds a listed phrase, from the first doubt to the last. Each doubt is a look at
+  /// memory that is far away, so that many are collected and asked for together before any is looked at.
+  class Search {
+   public:
+    explicit Search(Containment& all) : all_(all) {}
+    ~Search() {
+      AskFamilies();
+      AskHalves();
+      AskPhrases();
     }
 
-    // First the questions, so that the memory they ask for is on its way when the answers are needed.
-    struct Run {
-      uint64_t Inner;
-      uint64_t Family;
-      uint8_t Begin;
-      uint8_t End;
-    };
-    std::array<Run, kMostWords * kMostWords / 2> runs;
-    size_t count = 0;
-    for (int end = std::max(fewest_, CoveredByNeighbour(place) + 1); end <= n; ++end)
-      for (int begin = 0; begin + fewest_ <= end; ++begin) {
-        const auto b = static_cast<size_t>(begin);
-        const auto e = static_cast<size_t>(end);
-        const bool whole = begin == 0 && end == n;
-        if (!hasSuffix[b] && !hasPrefix[e - 1] && (data_.OnlyMaximal || whole)) continue;
-        const uint64_t inner = upTo[e - 1] - upTo[b + 1] * kPowers[e - b - 2];
-        Run& run = runs[count++];
-        run = {inner, FamilyHash(words[b], inner, words[e - 1], phrase.Count, end - begin),
-               static_cast<uint8_t>(begin), static_cast<uint8_t>(end)};
-        (whole ? largeFamilies_ : families_)->Prefetch(run.Family);
+    /// Asks for all runs of phrase `place` that its neighbour does not hold.
+    void Runs(size_t place) {
+      const Phrase& phrase = all_.listed_[place];
+      const WordNumber* words = all_.TextOf(phrase);
+      const int n = phrase.Words;
+      std::array<uint64_t, kMostWords + 1> upTo;
+      std::array<bool, kMostWords> hasSuffix;
+      std::array<bool, kMostWords> hasPrefix;
+      upTo[0] = 0;
+      for (size_t i = 0; i < static_cast<size_t>(n); ++i) {
+        upTo[i + 1] = upTo[i] * kBase + OfWord(words[i]);
+        hasSuffix[i] = all_.affixes_->Suffix(words[i]) != kNoWord;
+        hasPrefix[i] = all_.affixes_->Prefix(words[i]) != kNoWord;
       }
-    for (size_t k = 0; k < count; ++k) {
-      // The whole phrase is of its own family: only one with another member is worth the question.
-      const bool whole = runs[k].Begin == 0 && runs[k].End == n;
-      if ((whole ? largeFamilies_ : families_)->MayHold(runs[k].Family))
-        MarkWithin(words + runs[k].Begin, runs[k].End - runs[k].Begin, runs[k].Inner, phrase.Count,
-                   whole || data_.OnlyMaximal, whole);
+      for (int end = std::max(all_.fewest_, all_.CoveredByNeighbour(place) + 1); end <= n; ++end)
+        for (int begin = 0; begin + all_.fewest_ <= end; ++begin) {
+          const auto b = static_cast<size_t>(begin);
+          const auto e = static_cast<size_t>(end);
+          const bool isPhrase = begin == 0 && end == n;
+          const bool skipRun = isPhrase || all_.data_.OnlyMaximal;
+          if (!hasSuffix[b] && !hasPrefix[e - 1] && skipRun) continue;
+          const uint64_t inner = upTo[e - 1] - upTo[b + 1] * kPowers[e - b - 2];
+          const int run = end - begin;
+          const Question question{.Run = words + begin,
+                                  .Inner = inner,
+                                  .Hash = all_.FamilyHash(words[b], inner, words[e - 1], phrase.Count, run),
+                                  .First = words[b],
+                                  .Last = words[e - 1],
+                                  .Count = phrase.Count,
+                                  .Words = static_cast<uint8_t>(run),
+                                  .SkipRun = skipRun,
+                                  .IsPhrase = isPhrase};
+          FamiliesFor(question).Prefetch(question.Hash);
+          runs_.push_back(question);
+        }
+      if (runs_.size() >= kTogether) AskFamilies();
     }
-  }
 
-  /// Marks the listed phrases of this count that the run of `n` words holds from within its first to within
-  /// its last word; the run itself only if it is not to be skipped.
-  void MarkWithin(const WordNumber* run, int n, uint64_t inner, uint32_t count, bool skipRun, bool isPhrase) {
-    const uint64_t power = kPowers[static_cast<size_t>(n) - 1];
-    for (WordNumber first = run[0]; first != kNoWord; first = affixes_->Suffix(first)) {
-      // Where the run itself is one of the phrases, its own half says nothing.
-      const uint64_t half = HalfHash(first, inner, run[n - 1], count, n);
-      if (!(isPhrase && first == run[0] ? largeHalves_ : halves_)->MayHold(half)) continue;
-      const uint64_t beginning = OfWord(first) * power + inner * kBase;
-      for (WordNumber last = run[n - 1]; last != kNoWord; last = affixes_->Prefix(last)) {
-        if (skipRun && first == run[0] && last == run[n - 1]) continue;
-        phrases_.Visit(WithCount(beginning + OfWord(last), count, n), [&](uint32_t e) {
-          const PhraseEntry& entry = data_.Entries[e];
-          const WordNumber* words = data_.Numbers.data() + entry.First;
-          const bool same = entry.Count == count && entry.Words == n && words[0] == first &&
-                            words[n - 1] == last && std::equal(run + 1, run + n - 1, words + 1);
-          if (same) redundant_[e].store(1, std::memory_order_relaxed);
+   private:
+    static constexpr size_t kTogether = 64;
+
+    /// Does the run hold a phrase of this count whose first and last words are First and Last, or ones in
+    /// their place?
+    struct Question {
+      const WordNumber* Run;
+      uint64_t Inner;  ///< Hash of the words between first and last.
+      uint64_t Hash;   ///< Of what is asked next.
+      WordNumber First;
+      WordNumber Last;
+      uint32_t Count;
+      uint8_t Words;
+      bool SkipRun;   ///< The run as it stands is no answer.
+      bool IsPhrase;  ///< It is a listed phrase itself, in the sets like all others.
+    };
+
+    // A phrase is of its own family and half: only those with another member are worth the next question.
+    const LikelySet& FamiliesFor(const Question& q) const {
+      return q.IsPhrase ? *all_.largeFamilies_ : *all_.families_;
+    }
+    const LikelySet& HalvesFor(const Question& q) const {
+      return q.IsPhrase && q.First == q.Run[0] ? *all_.largeHalves_ : *all_.halves_;
+    }
+
+    void AskFamilies() {
+      for (Question& q : runs_) {
+        if (!FamiliesFor(q).MayHold(q.Hash)) continue;
+        for (; q.First != kNoWord; q.First = all_.affixes_->Suffix(q.First)) {
+          q.Hash = all_.HalfHash(q.First, q.Inner, q.Last, q.Count, q.Words);
+          HalvesFor(q).Prefetch(q.Hash);
+          halves_.push_back(q);
+        }
+        if (halves_.size() >= kTogether) AskHalves();
+      }
+      runs_.clear();
+    }
+
+    void AskHalves() {
+      for (Question& q : halves_) {
+        if (!HalvesFor(q).MayHold(q.Hash)) continue;
+        const uint64_t beginning = OfWord(q.First) * kPowers[q.Words - 1u] + q.Inner * kBase;
+        for (; q.Last != kNoWord; q.Last = all_.affixes_->Prefix(q.Last)) {
+          if (q.SkipRun && q.First == q.Run[0] && q.Last == q.Run[q.Words - 1]) continue;
+          q.Hash = WithCount(beginning + OfWord(q.Last), q.Count, q.Words);
+          all_.phrases_.Prefetch(q.Hash);
+          phrases_.push_back(q);
+        }
+        if (phrases_.size() >= kTogether) AskPhrases();
+      }
+      halves_.clear();
+    }
+
+    void AskPhrases() {
+      for (const Question& q : phrases_)
+        all_.phrases_.Visit(q.Hash, [&](uint32_t e) {
+          const PhraseEntry& entry = all_.data_.Entries[e];
+          const WordNumber* words = all_.data_.Numbers.data() + entry.First;
+          const bool same = entry.Count == q.Count && entry.Words == q.Words && words[0] == q.First &&
+                            words[q.Words - 1] == q.Last &&
+                            std::equal(q.Run + 1, q.Run + q.Words - 1, words + 1);
+          if (same) all_.redundant_[e].store(1, std::memory_order_relaxed);
           return same;
         });
-      }
+      phrases_.clear();
     }
-  }
+
+    Containment& all_;
+    std::vector<Question> runs_;
+    std::vector<Question> halves_;
+    std::vector<Question> phrases_;
+  };
 
   PhraseTableData& data_;
   std::unique_ptr<WordAffixes> affixes_;
