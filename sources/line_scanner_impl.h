@@ -91,7 +91,7 @@ void LineScanner<Sink>::ClassifyBytes(const WordRules& rules) {
     const unsigned is = classes_[code];
     if (is == kWord)
       lanes_[code] = 1;
-    else if ((is & ~(kAfterWord | kElision)) == 0)
+    else if ((is | kAfterWord | kElision) == (kAfterWord | kElision))
       lanes_[code] = 2;
   }
 }
