@@ -18,6 +18,7 @@
 #include "report/report_rules.h"
 #include "report/stream_sink.h"
 #include "report/summary.h"
+#include "sources/classification.h"
 #include "sources/folder_walk.h"
 #include "sources/source_checks.h"
 #include "wordlists/gather_lists.h"
@@ -27,6 +28,7 @@ namespace korv {
 namespace {
 
 constexpr const char* kName = "korv-count";
+constexpr const char* kSettingsExtension = "korv";
 
 class CountProgram {
  public:
@@ -132,8 +134,18 @@ class CountProgram {
                       .icon = Icon::Exclamation});
       return false;
     }
+    const std::filesystem::path path = PathFromText(options_.SaveSettingsFile);
+    if (settings_.SourceKind == TextSource::Folder && env_.Files.FileExists(path) &&
+        FileExtension(options_.SaveSettingsFile, true) != kSettingsExtension &&
+        OutputIsInFolder(env_.Files, settings_.Folder, options_.SaveSettingsFile,
+                         settings_.IncludeSubfolders)) {
+      messages_.Show({.text = "The settings file cannot replace a file of the folder.",
+                      .title = "Error",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
     SavedState state(env_.Files, messages_, {});
-    const std::string error = state.SaveState(PathFromText(options_.SaveSettingsFile), settings_);
+    const std::string error = state.SaveState(path, settings_);
     if (error.empty()) return true;
     messages_.Show({.text = error, .title = "Save settngs", .icon = Icon::Exclamation});
     return false;

@@ -110,10 +110,8 @@ class Parser {
   void AddSettings() {
     app_.add_option("PATH", options_.Path, "A file, a folder, or - for standard input");
     app_.set_version_flag("--version", kVersion);
-    Text("--settings", options_.SettingsFile, "A settings file, applied before the other options")
-        ->type_name("FILE");
-    Text("--save-settings", options_.SaveSettingsFile, "Write the resulting settings to a file")
-        ->type_name("FILE");
+    File("--settings", options_.SettingsFile, "A settings file, applied before the other options");
+    File("--save-settings", options_.SaveSettingsFile, "Write the resulting settings to a file");
   }
 
   void AddPhrases() {
@@ -131,9 +129,7 @@ class Parser {
                                        {"remove", IgnoreRule::Remove},
                                        {"exclude-with", IgnoreRule::ExcludeWith}},
                                       "What words to ignore do to phrases (exclude-all)", ignore);
-    auto* file = Text("--ignore-file", options_.IgnoreFile, "A file of words to ignore")
-                     ->type_name("FILE")
-                     ->group(ignore);
+    auto* file = File("--ignore-file", options_.IgnoreFile, "A file of words to ignore")->group(ignore);
     Parsed(
         "--common-words",
         [this](const std::string& text) {
@@ -148,11 +144,10 @@ class Parser {
         ->group(ignore);
     app_.add_flag("--pattern-matching", options_.PatternMatching, "Patterns in the file of words to ignore")
         ->group(ignore);
-    Text("--count-only", options_.CountOnly, "Words and phrases to count, separated by comma and blank")
+    app_.add_option("--count-only", options_.CountOnly,
+                    "Words and phrases to count, separated by comma and blank")
         ->group(ignore);
-    Text("--count-only-file", options_.CountOnlyFile, "A file of them, one a line")
-        ->type_name("FILE")
-        ->group(ignore);
+    File("--count-only-file", options_.CountOnlyFile, "A file of them, one a line")->group(ignore);
 
     const char* words = "What is a word, and where phrases end";
     Parsed(
@@ -233,7 +228,7 @@ class Parser {
 
   void AddOutput() {
     const char* group = "Output";
-    Text("--output,-o", options_.Output, "Write the report to a file")->type_name("FILE")->group(group);
+    File("--output,-o", options_.Output, "Write the report to a file")->group(group);
     app_.add_flag("--force", options_.Force, "Replace an existing output file")->group(group);
     Choice<Layout>("--layout", options_.LineLayout, {{"columns", Layout::Columns}, {"tabs", Layout::Tabs}},
                    "What standard output gets (columns)", group);
@@ -243,8 +238,16 @@ class Parser {
     app_.add_flag("--stages", options_.Stages, "Tell how long each stage took")->group(group);
   }
 
-  CLI::Option* Text(const char* names, std::string& field, const char* help) {
-    return app_.add_option(names, field, help);
+  /// An empty name is a variable that was not set in some script, not a wish for no file.
+  CLI::Option* File(const char* names, std::string& field, const char* help) {
+    return Parsed(
+               names,
+               [names, &field](const std::string& text) {
+                 if (text.empty()) throw CLI::ValidationError(names, "a file is needed");
+                 field = text;
+               },
+               help, "Settings")
+        ->type_name("FILE");
   }
   /// `parse` throws where the text cannot be meant.
   template <typename Parse>

@@ -126,6 +126,7 @@ TEST_F(CountProgramTest, KeepsAnExistingReportThroughEveryFailureOfTheDisk) {
 TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
   files.AddFolder("/folder");
   files.AddFolder("/folder/empty");
+  files.Add("/folder/c.txt", kText);
   files.Add("/binary.txt", std::string(50, '\x01'));
   files.Add("/l.txt", "words");
   struct Case {
@@ -149,6 +150,8 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
             "korv-count: The settings file cannot be the same as /a.txt.\n"},
            {{"/a.txt", "--ignore-file", "/l.txt", "--save-settings", "/l.txt"},
             "korv-count: The settings file cannot be the same as /l.txt.\n"},
+           {{"/folder", "--save-settings", "/folder/c.txt"},
+            "korv-count: The settings file cannot replace a file of the folder.\n"},
            {{"--settings", "/none.korv"},
             "korv-count: Error when attempting to load settings: Input/output error\n"},
            {{"-"}, "korv-count: There is no text on the clipboard.\n"}}) {
@@ -197,6 +200,9 @@ TEST_F(CountProgramTest, RefusesWrongUsageWithStatus2) {
                                              {"/a.txt", "--locale", "xx_YY"},
                                              {"/a.txt", "--common-words", "nl"},
                                              {"/a.txt", "--common-words", "en", "--ignore-file", "/l.txt"},
+                                             {"/a.txt", "-o", ""},
+                                             {"", "--settings", ""},
+                                             {"/a.txt", "--ignore-file", ""},
                                              {"-", "--list-files"}}) {
     EXPECT_EQ(Count(arguments), 2) << testing::PrintToString(arguments);
     EXPECT_THAT(err.str(), StartsWith("korv-count: "));
