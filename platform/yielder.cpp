@@ -30,6 +30,8 @@ uint32_t Yielder::NextStride() {
   return stride_;
 }
 
-void Yielder::Turn() { left_ = std::max<uint32_t>(1, NextStride()); }
+void Yielder::Turn() {
+  left_ = std::max<uint32_t>(1, NextStride());
+}
 
 }  // namespace korv
