@@ -263,6 +263,7 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
 
 bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
   const std::string shown = PathToText(path);
+  const uint64_t size = opened.File ? opened.File->Size() : 0;
   std::string text;
   // In a folder run nobody wants to be asked about each large document.
   const int32_t result = korv::ReadDocx({services_.Files, services_.Messages, services_.Yielder}, path,
@@ -274,9 +275,7 @@ bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind
     if (!message.text.empty()) services_.Messages.Show(message);
     return kind == Kind::Single ? false : Skip(path, DocxSkipReason(result));
   }
-  services_.View.Sizes(
-      FileSizeLabel(services_.Files.FileSize(path) ? *services_.Files.FileSize(path) : 0, services_.Numbers),
-      TextSizeLabel(text.size(), services_.Numbers));
+  services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(text.size(), services_.Numbers));
   if (request_.ExtractTextFromDocx) KeepExtractedText(path, text);
   stream_.BeginSource(path);
   TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::InPieces);

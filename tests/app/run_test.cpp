@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "tests/app/run_world.h"
@@ -272,6 +274,41 @@ TEST(RunCount, ReadsMarkUpByTheExtension) {
     EXPECT_EQ(world.Listed().substr(0, 9), "2 big cat");
     EXPECT_EQ(world.Listed() == "2 big cat", std::string(path) == "/a.html");
   }
+}
+
+std::string Document(const char* name) {
+  std::ifstream file(std::string(KORV_TEST_DATA) + "/docx/" + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(RunCount, CountsADocumentAndKeepsItsTextOnlyWhenAsked) {
+  for (const bool keep : {false, true}) {
+    RunWorld world;
+    world.UseFile("/d/market.docx", Document("market.docx"));
+    world.UseLengths(2, 2, 1);
+    world.request.ExtractTextFromDocx = keep;
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_GT(world.run.Words, 0u);
+    const auto text = world.files.Content("/d/extracted_text/market.docx.txt");
+    EXPECT_EQ(text.has_value(), keep);
+    EXPECT_THAT(world.view.sizes.back(), testing::HasSubstr("|Text: "));
+    EXPECT_TRUE(world.files.TemporaryIsClean());
+    if (!keep) continue;
+    RunWorld again;
+    again.UseFile("/text.txt", *text);
+    again.UseLengths(2, 2, 1);
+    again.Count();
+    EXPECT_EQ(again.Listed(), world.Listed());
+  }
+}
+
+TEST(RunCount, RefusesADamagedDocument) {
+  RunWorld world;
+  world.UseFile("/d/market.docx", Document("market.docx").substr(0, 300));
+  EXPECT_EQ(world.Count(), RunEnd::Refused);
+  EXPECT_EQ(world.messages.shown.size(), 1u);
+  EXPECT_EQ(world.view.sizes.back(), "|");
+  EXPECT_TRUE(world.files.TemporaryIsClean());
 }
 
 TEST(RunCount, RefusesACFileWhenItsCommentMarkersCouldBeWords) {
