@@ -7,6 +7,8 @@
 
 #include <shellapi.h>
 
+#include <cerrno>
+
 #include "platform/system_calls.h"
 
 namespace korv {
