@@ -5,6 +5,7 @@
 #include "engine/list_entry.h"
 #include "engine/unicode.h"
 #include "engine/word_chars.h"
+#include "sources/markup.h"
 
 namespace korv {
 
@@ -73,6 +74,23 @@ std::string FirstDisallowed(std::string_view text, std::string_view passing, con
   return found;
 }
 
+/// Blanks the apostrophes that the text's words keep whatever the rules: those of "'s", and of "'t" after a
+/// stem such as "didn".
+std::string WithoutApostropheEndings(std::string_view entry) {
+  std::string plain(entry);
+  for (size_t at = plain.find('\''); at != plain.npos; at = plain.find('\'', at + 1)) {
+    const size_t end = at + 2;
+    if (end > plain.size() || (end < plain.size() && plain[end] != ' ')) continue;
+    const size_t begin = plain.rfind(' ', at) + 1;
+    const char last = static_cast<char>(plain[at + 1] | 0x20);
+    const bool kept =
+        last == 's' ||
+        (last == 't' && IsNegativeContractionStem(std::string_view(plain).substr(begin, at - begin)));
+    if (kept && at > begin) plain[at] = ' ';
+  }
+  return plain;
+}
+
 void Refuse(Messages& messages, std::string text, std::string title) {
   messages.Show({.text = std::move(text), .title = std::move(title), .icon = Icon::Exclamation});
 }
@@ -105,7 +123,7 @@ std::vector<std::string> SplitTypedEntries(ListKind kind, std::string_view typed
 }
 
 std::string CheckForNonAlphaNumeric(std::string_view entry, const WordRules& rules) {
-  return FirstDisallowed(entry, " ~?", rules);
+  return FirstDisallowed(WithoutApostropheEndings(entry), " ~?", rules);
 }
 
 bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRules& rules,

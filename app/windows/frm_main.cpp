@@ -60,7 +60,16 @@ frmMain::frmMain(const Desktop& desktop)
   tmrProgress_ = Named(new QTimer(this), "tmrProgress");
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+  // Hiding and deleting controls makes them tell of a lost focus; by then nobody may be listening.
+  messages_.Mute();
+  if (params_) params_->hide();
+  hide();
+  for (QObject* child : findChildren<QObject*>()) {
+    child->removeEventFilter(this);
+    child->disconnect(this);
+  }
+}
 
 bool frmMain::LoadProgramText() {
   auto texts = ProgramTextFile::Load(desktop_.files, desktop_.programText);
@@ -241,6 +250,11 @@ void frmMain::SetPathToolTips() {
 // ---- Quitting, settings, help
 
 void frmMain::cmdQuit_Click() {
+  if (EndProgram()) close();
+}
+
+bool frmMain::EndProgram() {
+  if (ended_) return true;
   if (running_) {
     // The run ends first; then the window closes, and nothing more is asked.
     if (params_->ReallyQuit()) {
@@ -248,7 +262,7 @@ void frmMain::cmdQuit_Click() {
       messages_.Mute();
       desktop_.yielder.RequestStop();
     }
-    return;
+    return false;
   }
   if (params_->chkSaveStateOnQuit->isChecked()) {
     if (const std::string fault = SaveStateTo({}); !fault.empty()) {
@@ -260,16 +274,11 @@ void frmMain::cmdQuit_Click() {
   if (help_) help_->hide();
   if (clipboardViewer_) clipboardViewer_->hide();
   ended_ = true;
-  close();
+  return true;
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-  if (ended_) {
-    event->accept();
-    return;
-  }
-  event->ignore();
-  cmdQuit_Click();
+  event->setAccepted(EndProgram());
 }
 
 void frmMain::cmdSetParameters_Click() {

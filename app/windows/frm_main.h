@@ -177,6 +177,8 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   };
 
   bool LoadProgramText();
+  /// Saves what is to be saved and hides the other windows. False while a run is still going on.
+  bool EndProgram();
   void RestoreStateFile();
   void FillLists();
   void Connect();

@@ -51,6 +51,13 @@ QLabel* MakeHint(const char* text, QWidget* parent) {
   return label;
 }
 
+/// What comes and goes must not move what stands around it.
+void KeepPlaceWhenHidden(QWidget* control) {
+  QSizePolicy policy = control->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  control->setSizePolicy(policy);
+}
+
 }  // namespace
 
 QFont WordsFont() {
@@ -178,6 +185,11 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
   folderFoot->addStretch(1);
   folderFoot->addWidget(cmdListFiles);
   folderLayout->addLayout(folderFoot, 2, 0, 1, 3);
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{txbFileFilepathSpecifications[0], txbFileFilepathSpecifications[1],
+                                       chkIncludeSubfolders, cmdListFiles}) {
+    KeepPlaceWhenHidden(control);
+  }
   folderLayout->setColumnStretch(1, 1);
   folderLayout->setRowStretch(3, 1);
   stkSource->addWidget(folder);
@@ -202,7 +214,10 @@ QWidget* FrmMainControls::BuildPhrases(QWidget* parent) {
   cboMinimumFrequency = MakeCombo("cboMinimumFrequency", "Minimum number of occurrences", fraPhrases);
   for (QComboBox* combo : {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency}) {
     combo->setToolTip(combo->accessibleName());
-    combo->setMinimumContentsLength(3);
+    // As wide as the two digits of its items need.
+    combo->setMinimumWidth(combo->minimumSizeHint().width() +
+                           combo->fontMetrics().horizontalAdvance(QStringLiteral("25")) + 8);
+    combo->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   }
   layout->addWidget(MakeCaption("Phrase length", cboPhraseLength[0], fraPhrases));
   layout->addWidget(cboPhraseLength[0]);
@@ -258,10 +273,7 @@ QWidget* FrmMainControls::BuildReport(QWidget* parent) {
   chkFileList = MakeCheckBox("chkFileList", "Set display format to #10", fraReport);
   chkSuppressWords = MakeCheckBox("chkSuppressWords", "Don't display words as found", fraReport);
   chkSuppressWords->setToolTip(QStringLiteral("Check this box for faster processing."));
-  // Coming and going with the source, it must not move what stands around it.
-  QSizePolicy keepsItsPlace = chkFileList->sizePolicy();
-  keepsItsPlace.setRetainSizeWhenHidden(true);
-  chkFileList->setSizePolicy(keepsItsPlace);
+  KeepPlaceWhenHidden(chkFileList);
   layout->addWidget(MakeCaption("Or&der:", cboWordOrder, fraReport), 0, 0);
   layout->addWidget(cboWordOrder, 0, 1);
   layout->addWidget(chkFileList, 0, 2);
@@ -313,11 +325,8 @@ QWidget* FrmMainControls::BuildRun(QWidget* parent) {
   progress->addWidget(prgProgress, 1);
   progress->addWidget(lblTwirler);
   progress->addWidget(lblTimeElapsed);
-  for (QWidget* shown : std::initializer_list<QWidget*>{lblTwirler, lblTimeElapsed}) {
-    QSizePolicy keepsItsPlace = shown->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    shown->setSizePolicy(keepsItsPlace);
-  }
+  KeepPlaceWhenHidden(lblTwirler);
+  KeepPlaceWhenHidden(lblTimeElapsed);
   layout->addLayout(progress);
 
   cmdSaveState = MakeButton("cmdSaveState", "Save settin&gs", run);
@@ -396,11 +405,11 @@ QWidget* FrmMainControls::BuildFilter(QWidget* parent) {
   modes->addStretch(1);
   auto* note = MakeHint("Case is not significant.", fraFilterResults);
   note->setWordWrap(false);
-  modes->addWidget(note);
-  layout->addLayout(modes, 0, 0, 1, 3);
+  layout->addLayout(modes, 0, 0, 1, 4);
   layout->addWidget(txbFilterWords, 1, 0);
-  layout->addWidget(cmdFilterResults, 1, 1);
-  layout->addWidget(cmdClear, 1, 2);
+  layout->addWidget(note, 1, 1);
+  layout->addWidget(cmdFilterResults, 1, 2);
+  layout->addWidget(cmdClear, 1, 3);
   layout->setColumnStretch(0, 1);
   return fraFilterResults;
 }

@@ -72,6 +72,9 @@ void frmMain::Connect() {
     onClick(option, "optWordsToIgnore_Click", [this] { SetWordsToIgnoreNotice(); });
   }
 
+  connect(txbFilterWords, &QLineEdit::textChanged, this,
+          [this](const QString& text) { cmdClear->setEnabled(!text.isEmpty()); });
+
   // The tick would do this within a second; a button that follows at once feels alive.
   for (QLineEdit* box : {txbFile[0], txbFile[1], txbFolder}) {
     connect(box, &QLineEdit::textChanged, this, [this] { EnableClearButtons(); });

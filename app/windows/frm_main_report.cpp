@@ -54,7 +54,8 @@ void frmMain::EnableDisableReportOptions() {
   chkSortByNumberOfFiles->setChecked(options.SortByNumberOfFiles);
   chkFileList->setVisible(source == TextSource::Folder);
   chkFileList->setChecked(options.DisplayFormat == kFileListFormat);
-  if (!available && startUpCompleted_) desktop_.messages.Show(UnavailableFormatMessage(FromQt(format)));
+  if (!available && startUpCompleted_ && !restoring_)
+    desktop_.messages.Show(UnavailableFormatMessage(FromQt(format)));
 }
 
 void frmMain::cboDisplayFormat_Click() {

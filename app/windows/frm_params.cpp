@@ -41,7 +41,12 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
   }
 }
 
-frmParams::~frmParams() = default;
+frmParams::~frmParams() {
+  for (QObject* child : findChildren<QObject*>()) {
+    child->removeEventFilter(this);
+    child->disconnect(this);
+  }
+}
 
 void frmParams::Connect() {
   const auto onClick = [this](QAbstractButton* button, const char* place, auto handler) {

@@ -130,5 +130,14 @@ TEST(CheckForNonAlphaNumeric, FindsWhatNoWordCanHold) {
   EXPECT_EQ(CheckForNonAlphaNumeric("a+b.c", {}), "+");
 }
 
+TEST(CheckForNonAlphaNumeric, PassesTheEndingsThatWordsKeepWithoutApostrophes) {
+  for (const char* word : {"aren't", "hasn't anyone", "the king's men", "it's"}) {
+    EXPECT_EQ(CheckForNonAlphaNumeric(word, {}), "") << word;
+  }
+  for (const char* word : {"rock'n'roll", "o'clock", "can'ts", "cat't", "'s", "dogs'"}) {
+    EXPECT_EQ(CheckForNonAlphaNumeric(word, {}), "'") << word;
+  }
+}
+
 }  // namespace
 }  // namespace korv

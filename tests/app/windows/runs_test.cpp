@@ -1,0 +1,251 @@
+// A run in the window: from the click on "Count phrases" to its report, and stopping it.
+
+#include <QProgressBar>
+#include <QTimer>
+#include <functional>
+
+#include "tests/app/windows/window_test.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+const char* const kText =
+    "The white whale swam. The white whale swam away from the old man. The old man saw it, and the old man "
+    "wept.\n";
+
+class Runs : public WindowTest {
+ protected:
+  void SetUp() override { ASSERT_TRUE(Start()); }
+
+  /// A text on which the program counts for long enough to be looked at.
+  void UseLongText() {
+    std::string text;
+    unsigned seed = 1;
+    while (text.size() < 4'000'000) {
+      seed = seed * 1103515245 + 12345;
+      text += "word";
+      for (unsigned rest = (seed >> 16) % 5000; rest > 0; rest /= 26)
+        text += static_cast<char>('a' + rest % 26);
+      text += (seed >> 12) % 12 == 0 ? ".\n" : " ";
+    }
+    UseFile(text);
+    messages.WillAnswer(Question::LargeInput, Answer::No);
+  }
+  /// Does `act` once, as soon as a run is going on and has got its turn.
+  void DuringTheRun(std::function<void()> act) {
+    auto* timer = new QTimer(main.get());
+    QObject::connect(timer, &QTimer::timeout, main.get(), [this, timer, act] {
+      if (!main->Running()) return;
+      timer->stop();
+      act();
+    });
+    timer->start(0);
+  }
+};
+
+TEST_F(Runs, CountAFileAndListItsPhrases) {
+  UseFile(kText);
+  Choose("cboPhraseLength_0", 0);
+  Choose("cboPhraseLength_1", 1);
+  Count();
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  EXPECT_THAT(Output(),
+              testing::StartsWith("There are 3 phrases with 2 to 3 words which occur at least twice."));
+  EXPECT_THAT(Output(), HasSubstr("    3  the old man\n"));
+  EXPECT_THAT(TextOf("lblNumberOfWords"), HasSubstr("Number of phrases in this list:"));
+  EXPECT_THAT(TextOf("lblNumOccurrences"), HasSubstr("No. of instances of phrases in this list: "));
+  EXPECT_THAT(TextOf("lblStatusWords"), testing::EndsWith(" words"));
+  EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
+}
+
+TEST_F(Runs, RefuseLengthsThatContradictEachOther) {
+  UseFile(kText);
+  Choose("cboPhraseLength_0", 5);
+  Choose("cboPhraseLength_1", 4);
+  Count();
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre("Invalid input | The maximum number of words in each phrase\r\n"
+                          "must not be less than the minimum number."));
+  EXPECT_FALSE(main->HasResult());
+  Choose("cboPhraseLength_1", 5);
+  Count();
+  EXPECT_TRUE(main->HasResult());
+}
+
+TEST_F(Runs, AdviseAHigherMinimumFrequency) {
+  std::string text;
+  while (text.size() < 52 * 1024) text += kText;
+  UseFile(text);
+  Choose("cboMinimumFrequency", 0);
+  messages.WillAnswer(Question::MinimumFrequency, Answer::No);
+  Count();
+  EXPECT_EQ(TextOf("cboMinimumFrequency"), "1");
+  EXPECT_THAT(Output(), HasSubstr("occur at least once"));
+  messages.WillAnswer(Question::MinimumFrequency, Answer::Yes);
+  Count();
+  EXPECT_EQ(TextOf("cboMinimumFrequency"), "2");
+  EXPECT_THAT(Output(), HasSubstr("occur at least twice"));
+}
+
+TEST_F(Runs, KeepTheFilterOrEmptyIt) {
+  UseFile(kText);
+  Choose("cboPhraseLength_0", 0);
+  Type("txbFilterWords", "whale");
+  messages.WillAnswer(Question::KeepFilter, Answer::Yes);
+  Count();
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("Filter results? | Do you wish to keep the filter settings?"));
+  EXPECT_THAT(Output(), HasSubstr("Phrase filtering (all filter words) has been applied."));
+  EXPECT_THAT(Output(), Not(HasSubstr("old man")));
+  messages.WillAnswer(Question::KeepFilter, Answer::No);
+  Count();
+  EXPECT_EQ(TextOf("txbFilterWords"), "");
+  EXPECT_THAT(Output(), HasSubstr("old man"));
+}
+
+TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
+  UseLongText();
+  bool looked = false;
+  DuringTheRun([&] {
+    looked = true;
+    EXPECT_EQ(TextOf("cmdCountPhrases"), "stop");
+    EXPECT_TRUE(Enabled("cmdCountPhrases"));
+    for (const char* name :
+         {"cmdClipboardViewer", "cmdHelp", "cmdSetParameters", "cmdClearOutput",
+          "txbFileFilepathSpecifications_0", "txbFileFilepathSpecifications_1", "cmdListFiles",
+          "cmdSaveState", "fraIgnoreTheseWords", "fraAllowWords", "fraIgnoreWords", "fraStateFile",
+          "fraOptions", "cmdSetOrClearCheckboxes_0", "cmdSetOrClearCheckboxes_1", "cmdRestoreDefaults"}) {
+      EXPECT_FALSE(Enabled(name)) << name;
+    }
+    EXPECT_TRUE(main->Timer2->isActive());
+    EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 0s");
+    EXPECT_TRUE(WindowTest::Shown("lblTimeElapsed"));
+    clock.step = std::chrono::hours(1);
+    main->Timer2_Timer();
+    clock.step = {};
+    EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 1h 0m 0s");
+    EXPECT_THAT(TextOf("lblNumberOfWords"),
+                testing::StartsWith("Number of different phrases found so far: "));
+    EXPECT_THAT(Output(), testing::EndsWith(". "));
+  });
+  Count();
+  EXPECT_TRUE(looked);
+  EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
+  EXPECT_FALSE(main->Timer2->isActive());
+  for (const char* name : {"cmdHelp", "cmdSetParameters", "cmdSaveState", "fraOptions", "optFolder"}) {
+    EXPECT_TRUE(Enabled(name)) << name;
+  }
+}
+
+TEST_F(Runs, MoveTheProgressBarAndTheTwirler) {
+  UseLongText();
+  auto* bar = Find<QProgressBar>("prgProgress");
+  int furthest = 0;
+  std::set<std::string> frames;
+  QObject::connect(bar, &QProgressBar::valueChanged, bar, [&](int value) {
+    furthest = std::max(furthest, value);
+    frames.insert(TextOf("lblTwirler"));
+  });
+  Count();
+  EXPECT_GT(furthest, 0);
+  EXPECT_FALSE(frames.contains(""));
+  EXPECT_EQ(TextOf("lblTwirler"), "");
+}
+
+TEST_F(Runs, GoOnWhenTheStopIsTakenBack) {
+  UseLongText();
+  messages.WillAnswer(Question::ReallyStop, Answer::No);
+  DuringTheRun([&] { Count(); });
+  Count();
+  const auto shown = WindowTest::Shown();
+  ASSERT_FALSE(shown.empty());
+  EXPECT_THAT(shown.back(), HasSubstr("Really stop?"));
+  EXPECT_TRUE(main->HasResult());
+}
+
+TEST_F(Runs, ListWhatWasFoundBeforeAStop) {
+  UseLongText();
+  messages.WillAnswer(Question::ReallyStop, Answer::Yes);
+  messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  bool stopped = false;
+  DuringTheRun([&] {
+    stopped = true;
+    Count();
+  });
+  Count();
+  EXPECT_TRUE(stopped);
+  EXPECT_THAT(
+      WindowTest::Shown(),
+      testing::Contains("Counting interrupted | The operation was stopped before all phrases were counted."
+                        "\r\nDo you wish to list those which were were found?"));
+  EXPECT_TRUE(main->HasResult());
+  EXPECT_THAT(Output(), testing::StartsWith("There "));
+}
+
+TEST_F(Runs, SayStoppedWhenWhatWasFoundIsNotWanted) {
+  UseLongText();
+  messages.WillAnswer(Question::ReallyStop, Answer::Yes);
+  messages.WillAnswer(Question::CountingInterrupted, Answer::No);
+  DuringTheRun([&] { Count(); });
+  Count();
+  EXPECT_FALSE(main->HasResult());
+  EXPECT_THAT(Output(), HasSubstr("Counting of all phrases was stopped."));
+  EXPECT_THAT(Output(), HasSubstr("Stopped"));
+  EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
+}
+
+TEST_F(Runs, EndWithoutFurtherQuestionsWhenTheWindowIsClosed) {
+  UseLongText();
+  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  DuringTheRun([&] { main->close(); });
+  Count();
+  const auto shown = WindowTest::Shown();
+  EXPECT_EQ(shown.back(), "Quit | Really quit?");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !main->isVisible(); }));
+}
+
+TEST_F(Runs, StayInTheirWindowWhenClosingItIsTakenBack) {
+  UseLongText();
+  messages.WillAnswer(Question::ReallyQuit, Answer::No);
+  DuringTheRun([&] { main->close(); });
+  Count();
+  EXPECT_TRUE(main->isVisible());
+  EXPECT_TRUE(main->HasResult());
+}
+
+TEST_F(Runs, LetTheEventsOfTheWindowPassWhileTheyCount) {
+  UseLongText();
+  int turns = 0;
+  QTimer heartbeat;
+  QObject::connect(&heartbeat, &QTimer::timeout, main.get(), [&] {
+    if (main->Running()) ++turns;
+  });
+  heartbeat.start(0);
+  Count();
+  EXPECT_GT(turns, 3);
+}
+
+TEST_F(Runs, TakeTheWordRulesOfTheSettingsWindow) {
+  UseFile("one x2 two, one x2 two");
+  Choose("cboPhraseLength_0", 0);
+  Choose("cboPhraseLength_1", 0);
+  Count();
+  EXPECT_THAT(Output(), HasSubstr("one two"));
+  Check("chkAllowWordsWithNumerals");
+  Check("chkIgnoreShortWords", false);
+  Count();
+  EXPECT_THAT(Output(), HasSubstr("x2 two"));
+}
+
+TEST_F(Runs, TellHowManyWordsWereExcluded) {
+  UseFile("we saw it and we saw it again");
+  Count();
+  EXPECT_EQ(TextOf("lblNumWordsExcluded"), "Number of words excluded: 4");
+}
+
+}  // namespace
+}  // namespace korv

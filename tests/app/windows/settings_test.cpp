@@ -1,0 +1,340 @@
+// The Settings window: defaults, its buttons, confirming changes, and settings files.
+
+#include "app/windows/frm_popup.h"
+#include "tests/app/windows/window_test.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::vector<const char*> kBoxes = {"chkAllowWordsWithHyphens",
+                                         "chkAllowWordsWithApostrophes",
+                                         "chkAllowWordsWithUnderscores",
+                                         "chkAllowWordsWithColons",
+                                         "chkAllowWordsWithBackslashes",
+                                         "chkAllowWordsWithForwardslashes",
+                                         "chkAllowWordsWithParentheses",
+                                         "chkAllowWordsWithAmpersands",
+                                         "chkAllowWordsWithPeriods",
+                                         "chkAllowWordsWithCommas",
+                                         "chkAllowWordsWithAtSigns",
+                                         "chkAllowWordsWithNumerals",
+                                         "chkCaseSignificant",
+                                         "chkIgnoreRepetitions",
+                                         "chkExtractTextFromDocx",
+                                         "chkIgnoreNoLetter",
+                                         "chkIgnoreShortWords",
+                                         "chkWarnOnOverwrite",
+                                         "chkSaveStateOnQuit",
+                                         "chkTerminatePhraseAtEndOfLine",
+                                         "chkTerminatePhraseAtPeriod",
+                                         "chkTerminatePhraseAtDoubleQuote",
+                                         "chkTerminatePhraseAtTab",
+                                         "chkTerminatePhraseAtComma",
+                                         "chkOnly7bitASCII",
+                                         "chkPatternMatchingInWordsToIgnoreFile"};
+
+const std::set<std::string> kCheckedByDefault = {
+    "chkAllowWordsWithHyphens", "chkIgnoreRepetitions",       "chkIgnoreNoLetter",
+    "chkIgnoreShortWords",      "chkTerminatePhraseAtPeriod", "chkTerminatePhraseAtDoubleQuote",
+    "chkTerminatePhraseAtTab"};
+
+class SettingsWindow : public WindowTest {
+ protected:
+  void SetUp() override { ASSERT_TRUE(Start()); }
+  void ExpectDefaults() const {
+    for (const char* box : kBoxes) EXPECT_EQ(Checked(box), kCheckedByDefault.contains(box)) << box;
+    EXPECT_EQ(TextOf("cboShortWordSize"), "3");
+    EXPECT_TRUE(Checked("optInFile"));
+  }
+  void CountSomething() {
+    UseFile("The white whale swam. The white whale swam.");
+    Count();
+    ASSERT_TRUE(main->HasResult());
+    messages.Forget();
+  }
+  std::string PopUpText() const {
+    const auto* popUp = main->findChild<frmPopUp*>();
+    return popUp->isVisible() ? popUp->lblMessage->text().toStdString() : "";
+  }
+};
+
+TEST_F(SettingsWindow, StartsWithItsDefaults) {
+  ExpectDefaults();
+}
+
+TEST_F(SettingsWindow, ChecksAndClearsEveryCheckbox) {
+  Click("cmdSetOrClearCheckboxes_0");
+  for (const char* box : kBoxes) EXPECT_TRUE(Checked(box)) << box;
+  Click("cmdSetOrClearCheckboxes_1");
+  for (const char* box : kBoxes) EXPECT_FALSE(Checked(box)) << box;
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(SettingsWindow, RestoresItsDefaults) {
+  Click("cmdSetOrClearCheckboxes_0");
+  Click("optFolder");
+  Choose("cboShortWordSize", 7);
+  Click("cmdRestoreDefaults");
+  ExpectDefaults();
+  EXPECT_EQ(TextOf("cboLongWordSize"), "50");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(SettingsWindow, SavesTheDefaultOfLongWordsAfterRestoringIt) {
+  Click("cmdRestoreDefaults");
+  Click("cmdSaveState");
+  // Six texts, the short size, then the long one.
+  EXPECT_THAT(ReadFile(StatePath()),
+              testing::StartsWith("\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n1\r\n3\r\n"));
+}
+
+TEST_F(SettingsWindow, ReinitializesTheProgram) {
+  Click("cmdSetOrClearCheckboxes_0");
+  Click("optFolder");
+  Choose("cboDisplayFormat", 12);
+  Check("chkSortByNumberOfFiles");
+  Type("txbFileFilepathSpecifications_0", "*.txt");
+  Type("txbWordsToIgnoreOrCount_0", "ibid");
+  Type("txbFilterWords", "whale");
+  Click("cmdInitialize");
+  ExpectDefaults();
+  EXPECT_EQ(PopUpText(), "Program reinitialized");
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
+  for (const char* box : {"txbFileFilepathSpecifications_0", "txbWordsToIgnoreOrCount_0", "txbFilterWords"}) {
+    EXPECT_EQ(TextOf(box), "") << box;
+  }
+  EXPECT_FALSE(Checked("chkSortByNumberOfFiles"));
+  EXPECT_EQ(TextOf("lblFilesize"), " ");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(SettingsWindow, AsksAboutTheWordFilesWhenItReinitializes) {
+  dialogs.WillChoose(WriteFile("list.txt", "the of and"));
+  Click("cmdSelectWordsFile");
+  messages.WillAnswer(Question::ClearWordFiles, Answer::No);
+  Click("cmdInitialize");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(" | Do you wish to clear all words-to-ignore files?"));
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
+  messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
+  Click("cmdInitialize");
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
+}
+
+TEST_F(SettingsWindow, EnablesTheShortSizeOnlyWithItsRule) {
+  EXPECT_TRUE(Enabled("cboShortWordSize"));
+  Check("chkIgnoreShortWords", false);
+  EXPECT_FALSE(Enabled("cboShortWordSize"));
+}
+
+TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
+  for (const char* box : {"chkCaseSignificant", "chkAllowWordsWithHyphens", "chkAllowWordsWithNumerals"}) {
+    CountSomething();
+    const bool before = Checked(box);
+    messages.WillAnswer(Question::RereadSource, Answer::No);
+    Click(box);
+    EXPECT_THAT(WindowTest::Shown(),
+                ElementsAre(" | Changing this entails reading the file anew.  Is this OK?"));
+    EXPECT_EQ(Checked(box), before) << box;
+    EXPECT_TRUE(main->HasResult()) << box;
+    messages.WillAnswer(Question::RereadSource, Answer::Yes);
+    Click(box);
+    EXPECT_EQ(Checked(box), !before) << box;
+    EXPECT_FALSE(main->HasResult()) << box;
+    messages.Forget();
+    Click(box);
+    EXPECT_THAT(WindowTest::Shown(), IsEmpty()) << "nothing has been read";
+  }
+}
+
+TEST_F(SettingsWindow, NamesTheSourceThatWouldBeReadAnew) {
+  CountSomething();
+  messages.WillAnswer(Question::RereadSource, Answer::No);
+  Click("optFolder");
+  Click("chkCaseSignificant");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("reading the files anew")));
+  Click("optOnClipboard");
+  Click("chkCaseSignificant");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("reading the clipboard anew")));
+}
+
+TEST_F(SettingsWindow, AsksNothingWhenTheProgramChangesABox) {
+  CountSomething();
+  Click("cmdSetOrClearCheckboxes_0");
+  Click("cmdRestoreDefaults");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  EXPECT_TRUE(main->HasResult());
+}
+
+TEST_F(SettingsWindow, ChecksTheTypedWordsAfterACharacterIsNoLongerAllowed) {
+  Type("txbWordsToIgnoreOrCount_0", "well-known");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  Check("chkAllowWordsWithHyphens", false);
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(HasSubstr("Character not allowed | The character '-' occurs")));
+}
+
+// ---- Files
+
+TEST_F(SettingsWindow, SavesTheStateAndTellsSo) {
+  Click("cmdSaveState");
+  EXPECT_EQ(PopUpText(), "Settings saved");
+  EXPECT_EQ(main->findChild<frmPopUp*>()->windowTitle().toStdString(), "Save state");
+  ClickInParams("cmdSaveState");
+  EXPECT_TRUE(std::filesystem::exists(StatePath()));
+}
+
+TEST_F(SettingsWindow, TellsWhenTheStateCannotBeSaved) {
+  Type("txbFile_0", "a \"quoted\" name.txt");
+  Click("cmdSaveState");
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(testing::StartsWith("Save state | Error when attempting to save state: ")));
+  EXPECT_FALSE(std::filesystem::exists(StatePath()));
+}
+
+TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
+  Type("txbFolder", "/some folder");
+  Type("txbWordsToIgnoreOrCount_0", "ibid vide");
+  Type("txbFile_0", "/in.txt");
+  Type("txbFile_1", "/out.txt");
+  Click("optFolder");
+  Type("txbFileFilepathSpecifications_0", "*.txt, *.html");
+  Type("txbFileFilepathSpecifications_1", "bak");
+  Choose("cboShortWordSize", 5);
+  Choose("cboLongWordSize", 6);
+  for (const char* box : kBoxes) Find<QCheckBox>(box)->setChecked(!kCheckedByDefault.contains(box));
+  Check("chkDisableOutputToFile");
+  Check("chkIncludeSubfolders");
+  Choose("cboDisplayFormat", 12);
+  Check("chkSortByNumberOfFiles");
+  Check("chkDisplayRelativeFrequency");
+  dialogs.WillChoose(WriteFile("list.txt", "the\nof"));
+  Click("cmdSelectWordsFile");
+  Choose("cboPhraseLength_0", 1);
+  Choose("cboPhraseLength_1", 23);
+  Choose("cboMinimumFrequency", 19);
+  messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+  Choose("cboCommonWordsLanguages", 5);
+  Type("txbFilterWords", "white whale");
+  Click("optIncludeAllWordsAsSubphrase");
+  Click("optRemoveWordsToIgnore");
+  Click("cmdSaveState");
+  const std::string saved = ReadFile(StatePath());
+
+  messages.WillAnswer(Question::LoadWordFile, Answer::Yes);
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(TextOf("txbFolder"), "/some folder");
+  EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "ibid vide");
+  EXPECT_EQ(TextOf("txbFile_0"), "/in.txt");
+  EXPECT_EQ(TextOf("txbFile_1"), "/out.txt");
+  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "*.txt, *.html");
+  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_1"), "bak");
+  EXPECT_EQ(ItemOf("cboShortWordSize"), 5);
+  EXPECT_EQ(ItemOf("cboLongWordSize"), 6);
+  for (const char* box : kBoxes) EXPECT_EQ(Checked(box), !kCheckedByDefault.contains(box)) << box;
+  EXPECT_TRUE(Checked("chkDisableOutputToFile"));
+  EXPECT_TRUE(Checked("chkIncludeSubfolders"));
+  EXPECT_TRUE(Checked("optFolder"));
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 12);
+  EXPECT_TRUE(Checked("chkSortByNumberOfFiles"));
+  EXPECT_TRUE(Checked("chkDisplayRelativeFrequency"));
+  EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
+  EXPECT_EQ(TextOf("lblWordsState"), "2 words-to-ignore loaded");
+  EXPECT_EQ(ItemOf("cboPhraseLength_0"), 1);
+  EXPECT_EQ(ItemOf("cboPhraseLength_1"), 23);
+  EXPECT_EQ(ItemOf("cboMinimumFrequency"), 19);
+  EXPECT_EQ(ItemOf("cboCommonWordsLanguages"), 5);
+  EXPECT_EQ(TextOf("txbFilterWords"), "white whale");
+  EXPECT_TRUE(Checked("optIncludeAllWordsAsSubphrase"));
+  EXPECT_TRUE(Checked("optRemoveWordsToIgnore"));
+
+  Click("cmdSaveState");
+  EXPECT_EQ(ReadFile(StatePath()), saved);
+}
+
+TEST_F(SettingsWindow, SavesAndLoadsSettingsUnderAName) {
+  Choose("cboMinimumFrequency", 6);
+  dialogs.WillChoose(PathOf("mine"));
+  Click("cmdSaveLoadState_1");
+  EXPECT_EQ(dialogs.saved.at(0).title, "Specify file to save settings to");
+  EXPECT_EQ(dialogs.saved.at(0).filter, "Korv settings files (*.korv) | *.korv");
+  EXPECT_TRUE(dialogs.saved.at(0).asksBeforeReplacing);
+  EXPECT_EQ(TextOf("lblState"), "Settings saved to " + PathOf("mine.korv"));
+  const std::string saved = ReadFile(PathOf("mine.korv"));
+
+  Choose("cboMinimumFrequency", 2);
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_0");
+  EXPECT_EQ(dialogs.opened.at(0).title, "Specify file to load settings from.");
+  EXPECT_EQ(TextOf("lblState"), "Settings loaded from " + PathOf("mine.korv"));
+  EXPECT_EQ(ItemOf("cboMinimumFrequency"), 6);
+  Click("cmdSaveState");
+  EXPECT_EQ(ReadFile(StatePath()), saved);
+}
+
+TEST_F(SettingsWindow, ShowsWhereSettingsCouldNotBeSaved) {
+  dialogs.WillChoose(PathOf("nowhere/mine.korv"));
+  Click("cmdSaveLoadState_1");
+  EXPECT_EQ(TextOf("lblState"), "Error saving to " + PathOf("nowhere/mine.korv"));
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(testing::StartsWith("Save settngs | Error when attempting to save state: ")));
+}
+
+TEST_F(SettingsWindow, AsksForTheListOfLoadedSettings) {
+  dialogs.WillChoose(WriteFile("list.txt", "the of and"));
+  Click("cmdSelectWordsFile");
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_1");
+  messages.Forget();
+  messages.WillAnswer(Question::LoadWordFile, Answer::No);
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_0");
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre("Load file? | Do you wish to load the words-to-ignore file\r\n" +
+                          PathOf("list.txt") + " ?"));
+  EXPECT_EQ(TextOf("lblWordsState"), "");
+}
+
+TEST_F(SettingsWindow, OffersDefaultsForAFileThatEndsEarlyAndKeepsWhatWasRead) {
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    Check("chkOnly7bitASCII");
+    dialogs.WillChoose(WriteFile("old.korv", "\"/early\"\r\n\"\"\r\n"));
+    messages.WillAnswer(Question::SetDefaults, answer);
+    Click("cmdSaveLoadState_0");
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_EQ(messages.shown[0].title, "Error restoring saved state");
+    EXPECT_EQ(messages.shown[0].text, "Input past end of file.  Set default values?");
+    EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
+    EXPECT_EQ(messages.shown[1].title, "Input past end of file");
+    EXPECT_EQ(messages.shown[1].text, "Saving the settings should fix the 'Input past end of file' error.");
+    EXPECT_EQ(TextOf("txbFolder"), "/early");
+    EXPECT_EQ(Checked("chkOnly7bitASCII"), answer == Answer::No);
+    messages.Forget();
+  }
+}
+
+TEST_F(SettingsWindow, ReinitializesAfterALoadThatFailed) {
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_1");
+  std::string state = ReadFile(PathOf("mine.korv"));
+  state.replace(state.find("\r\n1\r\n"), 5, "\r\n77\r\n");  // The size of short words.
+  dialogs.WillChoose(WriteFile("bad.korv", state));
+  Check("chkOnly7bitASCII");
+  Click("cmdSaveLoadState_0");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("Load settings | Invalid combo box index."));
+  EXPECT_EQ(TextOf("lblState"), "Error loading from " + PathOf("bad.korv"));
+  EXPECT_FALSE(Checked("chkOnly7bitASCII"));
+}
+
+TEST_F(SettingsWindow, LoadsNothingWhenTheDialogIsCancelled) {
+  Click("cmdSaveLoadState_0");
+  Click("cmdSaveLoadState_1");
+  EXPECT_EQ(TextOf("lblState"), "");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace korv

@@ -1,0 +1,303 @@
+// Start-up, the housekeeping timer, help, and quitting.
+
+#include <QMenu>
+#include <QTimer>
+
+#include "app/windows/frm_help.h"
+#include "app/windows/frm_popup.h"
+#include "tests/app/windows/window_test.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class StartUp : public WindowTest {
+ protected:
+  /// Like Start(), but what was shown is kept.
+  bool StartShowing(Answer commonWords) {
+    EXPECT_TRUE(Start());
+    main.reset();
+    messages.WillAnswer(Question::FirstCommonWords, commonWords);
+    main = std::make_unique<frmMain>(Desktop{.messages = messages,
+                                             .dialogs = dialogs,
+                                             .clipboard = clipboard,
+                                             .launcher = launcher,
+                                             .files = *files,
+                                             .yielder = yielder,
+                                             .clock = clock,
+                                             .numbers = {},
+                                             .programText = programText,
+                                             .programFolder = KORV_WORD_LISTS,
+                                             .stateFile = StatePath(),
+                                             .store = *store});
+    main->show();
+    return main->Form_Load();
+  }
+};
+
+TEST_F(StartUp, SelectsTheDefaults) {
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Checked("optInFile"));
+  EXPECT_EQ(TextOf("cboPhraseLength_0"), "4");
+  EXPECT_EQ(TextOf("cboPhraseLength_1"), "6");
+  EXPECT_EQ(TextOf("cboMinimumFrequency"), "2");
+  EXPECT_TRUE(Checked("optExcludePhrasesAllWordsToIgnore"));
+  EXPECT_EQ(ItemOf("cboWordOrder"), 0);
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
+  EXPECT_TRUE(Checked("optIncludeAllWords"));
+  for (const char* name : {"chkSortByNumberOfFiles", "chkDisplayRelativeFrequency", "chkDisableOutputToFile",
+                           "chkIncludeSubfolders"}) {
+    EXPECT_FALSE(Checked(name)) << name;
+  }
+}
+
+TEST_F(StartUp, ChecksAndHidesTheChoiceToShowWordsAsFound) {
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Checked("chkSuppressWords"));
+  EXPECT_FALSE(Shown("chkSuppressWords"));
+}
+
+TEST_F(StartUp, HidesWhatDoesNotApply) {
+  ASSERT_TRUE(Start());
+  for (const char* name : {"cmdListFiles", "lblTimeElapsed", "chkFileList", "txbStateFile",
+                           "txbFileFilepathSpecifications_0", "txbFolder", "cmdClipboardViewer"}) {
+    EXPECT_FALSE(Shown(name)) << name;
+  }
+}
+
+TEST_F(StartUp, SelectsLongWordsOfFortyBeforeAnyStateIsRestored) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(TextOf("cboShortWordSize"), "3");
+  EXPECT_EQ(TextOf("cboLongWordSize"), "40");
+}
+
+TEST_F(StartUp, OffersTheCommonWordsOfEnglishAndLoadsThem) {
+  ASSERT_TRUE(StartShowing(Answer::Yes));
+  EXPECT_THAT(Shown(), ElementsAre("Words to ignore | No file of words to ignore has been specified.\r\n\r\n"
+                                   "Do you wish to ignore the most common words of English?"));
+  EXPECT_EQ(ItemOf("cboCommonWordsLanguages"), 0);
+  EXPECT_THAT(TextOf("cboWordsFile"), testing::EndsWith("cwds_en.txt"));
+  EXPECT_THAT(TextOf("lblWordsState"), testing::EndsWith(" words-to-ignore loaded"));
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"),
+            "This operation uses the words-to-ignore specifications in the 'Settings' window.");
+}
+
+TEST_F(StartUp, SelectsNoLanguageWhenTheCommonWordsAreNotWanted) {
+  ASSERT_TRUE(StartShowing(Answer::No));
+  EXPECT_EQ(TextOf("cboCommonWordsLanguages"), "[No language selected]");
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "No words-to-ignore are specified in the 'Settings' window.");
+}
+
+TEST_F(StartUp, EndsAtOnceWithoutTheProgramsTexts) {
+  programText = PathOf("missing.dat");
+  main = std::make_unique<frmMain>(Desktop{.messages = messages,
+                                           .dialogs = dialogs,
+                                           .clipboard = clipboard,
+                                           .launcher = launcher,
+                                           .files = *files,
+                                           .yielder = yielder,
+                                           .clock = clock,
+                                           .numbers = {},
+                                           .programText = programText,
+                                           .programFolder = KORV_WORD_LISTS,
+                                           .stateFile = StatePath(),
+                                           .store = *store});
+  EXPECT_FALSE(main->Form_Load());
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Cannot open file containing program text.");
+  EXPECT_EQ(messages.shown[0].icon, Icon::Critical);
+}
+
+TEST_F(StartUp, SetsAFolderFormatBackWhenTheSourceIsNoFolder) {
+  ASSERT_TRUE(Start());
+  Click("optFolder");
+  Choose("cboDisplayFormat", 11);
+  Click("cmdSaveState");
+  // The same file with the clipboard as source.
+  std::string state = ReadFile(StatePath());
+  const std::string source = "-1\r\n2\r\n";  // No word list, then the folder.
+  const size_t at = state.find("\r\n0\r\n" + source);
+  ASSERT_NE(at, state.npos);
+  state.replace(at + 5, source.size(), "-1\r\n0\r\n");
+  WriteFile("config/korv.usr", state);
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Checked("optOnClipboard"));
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
+}
+
+TEST_F(StartUp, KeepsTheFilterWordsOfTheStateFile) {
+  ASSERT_TRUE(Start());
+  Type("txbFilterWords", "white whale");
+  Click("cmdSaveState");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(TextOf("txbFilterWords"), "white whale");
+  EXPECT_TRUE(Enabled("cmdClear"));
+}
+
+TEST_F(StartUp, TellsOfADamagedStateFileAndGoesOn) {
+  WriteFile("config/korv.usr", "\"folder\"\r\nnonsense");
+  messages.WillAnswer(Question::SetDefaults, Answer::No);
+  ASSERT_TRUE(StartShowing(Answer::No));
+  EXPECT_THAT(Shown(),
+              testing::Contains(HasSubstr("Load settings | Error when attempting to load settings: ")));
+}
+
+TEST_F(StartUp, RemembersTheWindowsGeometry) {
+  ASSERT_TRUE(Start());
+  main->resize(1111, 777);
+  Click("cmdQuit");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(main->size(), QSize(1111, 777));
+}
+
+// ---- The housekeeping timer
+
+TEST_F(StartUp, EnablesEachClearButtonOnlyWhenItsBoxHoldsText) {
+  ASSERT_TRUE(Start());
+  const std::pair<const char*, const char*> pairs[] = {
+      {"txbFile_0", "cmdClearFile_0"},
+      {"txbFile_1", "cmdClearFile_1"},
+      {"txbFolder", "cmdClearFolder"},
+      {"txbWordsToIgnoreOrCount_0", "cmdClearWordsToIgnoreOrCount"}};
+  for (const auto& [box, button] : pairs) {
+    EXPECT_FALSE(Enabled(button)) << button;
+    Type(box, "text");
+    main->Timer1_Timer();
+    EXPECT_TRUE(Enabled(button)) << button;
+    Click(button);
+    main->Timer1_Timer();
+    EXPECT_EQ(TextOf(box), "") << box;
+    EXPECT_FALSE(Enabled(button)) << button;
+  }
+  EXPECT_FALSE(Enabled("cmdClearOutput"));
+  EXPECT_FALSE(Enabled("cboWordsFile"));
+  EXPECT_FALSE(Enabled("cmdClearWordsFile"));
+}
+
+TEST_F(StartUp, ShowsPathsInToolTips) {
+  ASSERT_TRUE(Start());
+  Type("txbFile_0", "/somewhere/a text.txt");
+  main->Timer1_Timer();
+  EXPECT_EQ(TipOf("txbFile_0"), "/somewhere/a text.txt");
+}
+
+TEST_F(StartUp, SuggestsAWiderWindowWhenLinesAreWiderThanTheBox) {
+  ASSERT_TRUE(Start());
+  main->Timer1_Timer();
+  EXPECT_EQ(TipOf("txbOutput"), "");
+  Find<QPlainTextEdit>("txbOutput")->setPlainText(QString(2000, u'w'));
+  QApplication::processEvents();
+  main->Timer1_Timer();
+  EXPECT_EQ(TipOf("txbOutput"), "You may need to increase the width.");
+}
+
+TEST_F(StartUp, TicksEverySecond) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(main->Timer1->interval(), 1000);
+  EXPECT_TRUE(main->Timer1->isActive());
+  EXPECT_EQ(main->Timer2->interval(), 1000);
+  EXPECT_FALSE(main->Timer2->isActive());
+}
+
+// ---- Help, menus, quitting
+
+QWidget* TopLevel(const char* name) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() == QLatin1String(name)) return widget;
+  }
+  return nullptr;
+}
+
+TEST_F(StartUp, ShowsTheHelpAndHidesItAgain) {
+  ASSERT_TRUE(Start());
+  Click("cmdHelp");
+  auto* help = dynamic_cast<frmHelp*>(TopLevel("frmHelp"));
+  ASSERT_NE(help, nullptr);
+  EXPECT_TRUE(help->isVisible());
+  EXPECT_EQ(help->windowTitle().toStdString(), "Korv help");
+  const std::string text = help->txbHelpScreen->toPlainText().toStdString();
+  for (const char* topic : {"CHOOSING THE TEXT", "WORDS AND PHRASES", "WORDS TO IGNORE, WORDS TO COUNT",
+                            "FORMATS", "OUTPUT FILE AND FILTER", "SETTINGS AND KEYS"}) {
+    EXPECT_THAT(text, HasSubstr(topic));
+  }
+  help->cmdClose->click();
+  EXPECT_FALSE(help->isVisible());
+}
+
+TEST_F(StartUp, SavesTheStateWhenQuittingOnlyIfThatIsWanted) {
+  ASSERT_TRUE(Start());
+  Click("cmdQuit");
+  EXPECT_FALSE(main->isVisible());
+  EXPECT_FALSE(std::filesystem::exists(StatePath()));
+  ASSERT_TRUE(Start());
+  Check("chkSaveStateOnQuit");
+  main->close();
+  EXPECT_FALSE(main->isVisible());
+  EXPECT_TRUE(std::filesystem::exists(StatePath()));
+}
+
+TEST_F(StartUp, AsksBeforeTheSettingsWindowQuits) {
+  ASSERT_TRUE(Start());
+  messages.WillAnswer(Question::ReallyQuit, Answer::No);
+  ClickInParams("cmdQuit");
+  EXPECT_TRUE(main->isVisible());
+  EXPECT_THAT(Shown(), ElementsAre("Quit | Really quit?"));
+  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  ClickInParams("cmdQuit");
+  EXPECT_FALSE(main->isVisible());
+}
+
+TEST_F(StartUp, OpensTheSettingsWindowAndOnlyHidesIt) {
+  ASSERT_TRUE(Start());
+  Click("cmdSetParameters");
+  EXPECT_TRUE(main->Params().isVisible());
+  Check("chkOnly7bitASCII");
+  ClickInParams("cmdClose");
+  EXPECT_FALSE(main->Params().isVisible());
+  Click("cmdSetParameters");
+  EXPECT_TRUE(main->Params().isVisible());
+  main->Params().close();
+  EXPECT_FALSE(main->Params().isVisible());
+  EXPECT_TRUE(Checked("chkOnly7bitASCII"));
+}
+
+TEST_F(StartUp, RepeatsItsCommandsInMenusWithKeys) {
+  ASSERT_TRUE(Start());
+  std::map<std::string, std::string> keys;
+  for (const QAction* action : main->findChildren<QAction*>()) {
+    if (!action->shortcut().isEmpty()) {
+      keys[WithoutMnemonic(action->text()).toStdString()] =
+          action->shortcut().toString(QKeySequence::PortableText).toStdString();
+    }
+  }
+  EXPECT_EQ(keys["Open file..."], "Ctrl+O");
+  EXPECT_EQ(keys["Save settings"], "Ctrl+S");
+  EXPECT_EQ(keys["Filter words"], "Ctrl+F");
+  EXPECT_EQ(keys["Help"], "F1");
+  EXPECT_EQ(keys["Stop"], "Esc");
+  EXPECT_EQ(keys["Count phrases"], "Ctrl+Return");
+}
+
+TEST_F(StartUp, ShowsTheClipboardWhereTheSystemHasNoViewer) {
+  ASSERT_TRUE(Start());
+  clipboard.text = "what was copied\r\nbefore";
+  Click("optOnClipboard");
+  Click("cmdClipboardViewer");
+  auto* viewer = TopLevel("frmClipboard");
+  ASSERT_NE(viewer, nullptr);
+  EXPECT_EQ(viewer->findChild<QPlainTextEdit*>()->toPlainText().toStdString(), "what was copied\nbefore");
+  EXPECT_TRUE(viewer->findChild<QPlainTextEdit*>()->isReadOnly());
+
+  launcher.hasViewer = true;
+  viewer->hide();
+  Click("cmdClipboardViewer");
+  EXPECT_EQ(launcher.viewersAsked, 2);
+  EXPECT_FALSE(viewer->isVisible());
+}
+
+}  // namespace
+}  // namespace korv

@@ -1,0 +1,223 @@
+// What the windows stand on: message boxes, pop-ups, the text box, opening with other programs.
+
+#include <QClipboard>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "app/windows/frm_popup.h"
+#include "app/windows/open_associated.h"
+#include "app/windows/output_text_box.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_launcher.h"
+#include "platform/qt/qt_messages.h"
+#include "tests/app/windows/window_test.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+
+// ---- Message boxes
+
+struct BoxCase {
+  Buttons buttons;
+  Answer preferred;
+  QMessageBox::StandardButton pressed;
+  Answer answer;
+};
+
+TEST(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
+  const BoxCase cases[] = {
+      {Buttons::Ok, Answer::Ok, QMessageBox::Ok, Answer::Ok},
+      {Buttons::YesNo, Answer::No, QMessageBox::Yes, Answer::Yes},
+      {Buttons::YesNo, Answer::No, QMessageBox::No, Answer::No},
+      {Buttons::YesNoCancel, Answer::Yes, QMessageBox::Cancel, Answer::Cancel},
+  };
+  for (const BoxCase& c : cases) {
+    QTimer::singleShot(0, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->text().toStdString(), "Two\nlines & <b>no mark-up</b>");
+      EXPECT_EQ(box->textFormat(), Qt::PlainText);
+      EXPECT_EQ(box->windowTitle().toStdString(), "The title");
+      EXPECT_EQ(box->icon(), QMessageBox::Warning);
+      box->button(c.pressed)->click();
+    });
+    QtMessages messages;
+    EXPECT_EQ(messages.Show({.text = "Two\r\nlines & <b>no mark-up</b>",
+                             .title = "The title",
+                             .icon = Icon::Exclamation,
+                             .buttons = c.buttons,
+                             .defaultAnswer = c.preferred}),
+              c.answer);
+  }
+}
+
+TEST(QtMessageBoxes, TakeTheAnswerThatChangesLeastForEscape) {
+  const std::pair<Buttons, Answer> cases[] = {
+      {Buttons::Ok, Answer::Ok}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}};
+  for (const auto& [buttons, answer] : cases) {
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    QtMessages messages;
+    EXPECT_EQ(messages.Show({.text = "?", .title = "?", .buttons = buttons, .defaultAnswer = Answer::Yes}),
+              answer);
+  }
+}
+
+TEST(QtMessageBoxes, OfferATextForEditing) {
+  for (const bool accepted : {true, false}) {
+    QTimer::singleShot(0, [accepted] {
+      auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->windowTitle().toStdString(), "The title");
+      EXPECT_EQ(box->labelText().toStdString(), "Two\nlines");
+      EXPECT_EQ(box->textValue().toStdString(), "/before");
+      box->setTextValue(QStringLiteral("/after"));
+      accepted ? box->accept() : box->reject();
+    });
+    QtMessages messages;
+    const auto answer = messages.AskText("Two\r\nlines", "The title", "/before");
+    EXPECT_EQ(answer, accepted ? std::optional<std::string>("/after") : std::nullopt);
+  }
+}
+
+// ---- Pop-ups
+
+class PopUps : public testing::Test {
+ protected:
+  PopUps() {
+    owner.setGeometry(100, 50, 600, 600);
+    owner.show();
+  }
+  QWidget owner;
+};
+
+TEST_F(PopUps, StayTwoSecondsOrFourForALongNotice) {
+  frmPopUp popUp(&owner);
+  popUp.PopUp(QString(60, u'w'));
+  EXPECT_EQ(popUp.Timer1->interval(), 2000);
+  EXPECT_TRUE(popUp.isVisible());
+  popUp.Timer1_Timer();
+  EXPECT_FALSE(popUp.isVisible());
+  popUp.PopUp(QString(61, u'w'));
+  EXPECT_EQ(popUp.Timer1->interval(), 4000);
+}
+
+TEST_F(PopUps, AreHiddenByAClickOnTheirMessage) {
+  frmPopUp popUp(&owner);
+  popUp.PopUp(QStringLiteral("Program reinitialized"));
+  EXPECT_EQ(popUp.lblMessage->text().toStdString(), "Program reinitialized");
+  QTest::mouseClick(popUp.lblMessage, Qt::LeftButton);
+  EXPECT_FALSE(popUp.isVisible());
+  EXPECT_FALSE(popUp.Timer1->isActive());
+}
+
+TEST_F(PopUps, AppearOverTheLowerThirdOfTheirPlace) {
+  frmPopUp popUp(&owner);
+  const auto expectOver = [&](const QRect& area) {
+    EXPECT_NEAR(popUp.geometry().center().x(), area.center().x(), 2);
+    EXPECT_GT(popUp.geometry().center().y(), area.top() + area.height() * 2 / 3);
+    EXPECT_LT(popUp.geometry().bottom(), area.bottom());
+  };
+  popUp.PopUp(QStringLiteral("notice"));
+  expectOver(owner.frameGeometry());
+  popUp.PopUpCenterScreen(QStringLiteral("notice"));
+  expectOver(owner.screen()->availableGeometry());
+  QWidget other;
+  other.setGeometry(10, 20, 300, 300);
+  other.show();
+  popUp.PopUpInForm(QStringLiteral("notice"), &other);
+  expectOver(other.frameGeometry());
+}
+
+TEST_F(PopUps, WithYesAndNoWaitForAButton) {
+  frmPopUp popUp(&owner);
+  QTimer::singleShot(0, [&] {
+    EXPECT_EQ(popUp.Timer1->interval(), 15000);
+    QTest::mouseClick(popUp.lblMessage, Qt::LeftButton);
+    EXPECT_TRUE(popUp.isVisible());
+    popUp.cmdYes->click();
+  });
+  EXPECT_TRUE(popUp.PopUpYesNo(QStringLiteral("Now?")));
+  EXPECT_FALSE(popUp.isVisible());
+  QTimer::singleShot(0, [&] { popUp.cmdNo->click(); });
+  EXPECT_FALSE(popUp.PopUpYesNoCenterScreen(QStringLiteral("Now?")));
+  QTimer::singleShot(0, [&] { popUp.Timer1->start(0); });
+  EXPECT_FALSE(popUp.PopUpYesNo(QStringLiteral("Now?"))) << "No, once the time is up";
+}
+
+// ---- The result box
+
+TEST(TheOutputTextBox, CountsALineBreakAsTwoCharacters) {
+  QPlainTextEdit widget;
+  OutputTextBox box(widget);
+  box.Append("a\r\nB\xC3\xA4r\r\n");
+  EXPECT_EQ(box.Length(), 8U);
+  EXPECT_EQ(widget.toPlainText().toStdString(), "a\nB\xC3\xA4r\n");
+  box.Truncate(4);
+  EXPECT_EQ(box.Length(), 4U);
+  EXPECT_EQ(widget.toPlainText().toStdString(), "a\nB");
+  box.Append("\xF0\x9F\x90\x8B!");
+  EXPECT_EQ(box.Length(), 6U);
+  box.Truncate(5);
+  EXPECT_EQ(widget.toPlainText().toStdString(), "a\nB\xF0\x9F\x90\x8B");
+  box.Clear();
+  EXPECT_EQ(box.Length(), 0U);
+}
+
+// ---- Opening with other programs
+
+TEST(OpenWithAssociatedProgram, SaysNothingWhenItWorks) {
+  FakeLauncher launcher;
+  FakeMessages messages;
+  EXPECT_TRUE(OpenWithAssociatedProgram(launcher, messages, "/a.txt"));
+  EXPECT_THAT(launcher.opened, ElementsAre("/a.txt"));
+  EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
+  struct Case {
+    const char* target;
+    LaunchResult result;
+    const char* title;
+    const char* text;
+  };
+  const Case cases[] = {
+      {"/a.xyz",
+       {LaunchFault::Other, 0},
+       "Error",
+       "Error when opening file /a.xyz.\r\nPerhaps the file extension has no association."},
+      {"/a.xyz",
+       {LaunchFault::NoAssociation, 31},
+       "Error",
+       "Error when opening file /a.xyz.\r\nPerhaps the file extension has no association.\r\nFile extension "
+       "'xyz' is not associated with any application program."},
+      {"https://example.org",
+       {LaunchFault::OutOfMemory, 8},
+       "Cannot launch web browser",
+       "Error launching web browser, error code = 8.\r\nOut of memory.\r\nPlease try once more."},
+      {"http://example.org",
+       {LaunchFault::Other, 5},
+       "Cannot launch web browser",
+       "Error launching web browser, error code = 5."},
+  };
+  for (const Case& c : cases) {
+    FakeLauncher launcher;
+    launcher.result = c.result;
+    FakeMessages messages;
+    EXPECT_FALSE(OpenWithAssociatedProgram(launcher, messages, c.target));
+    EXPECT_EQ(messages.Only().title, c.title);
+    EXPECT_EQ(messages.Only().text, c.text);
+  }
+}
+
+TEST(TheClipboard, GivesItsText) {
+  QApplication::clipboard()->setText(QStringLiteral("süß"));
+  EXPECT_EQ(QtClipboard().Text(), "s\xC3\xBC\xC3\x9F");
+  QApplication::clipboard()->clear();
+  EXPECT_EQ(QtClipboard().Text(), "");
+}
+
+}  // namespace
+}  // namespace korv

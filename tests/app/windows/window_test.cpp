@@ -1,0 +1,122 @@
+#include "tests/app/windows/window_test.h"
+
+#include <QApplication>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace korv {
+
+WindowTest::WindowTest() : files(MakeSystemFiles()), programText(KORV_PROGRAM_TEXT) {
+  store = std::make_unique<QSettings>(folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
+}
+
+WindowTest::~WindowTest() {
+  End();
+}
+
+bool WindowTest::Start() {
+  End();
+  messages.WillAnswer(Question::FirstCommonWords, Answer::No);
+  main = std::make_unique<frmMain>(Desktop{.messages = messages,
+                                           .dialogs = dialogs,
+                                           .clipboard = clipboard,
+                                           .launcher = launcher,
+                                           .files = *files,
+                                           .yielder = yielder,
+                                           .clock = clock,
+                                           .numbers = {},
+                                           .programText = programText,
+                                           .programFolder = KORV_WORD_LISTS,
+                                           .stateFile = StatePath(),
+                                           .store = *store});
+  main->show();
+  const bool started = main->Form_Load();
+  QApplication::processEvents();
+  messages.Forget();
+  return started;
+}
+
+void WindowTest::End() {
+  if (main == nullptr) return;
+  yielder.RequestStop();
+  main.reset();
+}
+
+std::string WindowTest::WriteFile(const std::string& name, const std::string& bytes) const {
+  const std::filesystem::path path(PathOf(name));
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << bytes;
+  return path.string();
+}
+
+std::string WindowTest::PathOf(const std::string& name) const {
+  return folder.filePath(QString::fromStdString(name)).toStdString();
+}
+
+std::string WindowTest::ReadFile(const std::string& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+void WindowTest::Check(const char* name, bool checked) const {
+  auto* box = Find<QAbstractButton>(name);
+  if (box->isChecked() != checked) box->click();
+}
+
+void WindowTest::Type(const char* name, const std::string& text) const {
+  auto* control = Find<QWidget>(name);
+  const QString typed = QString::fromStdString(text);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) {
+    line->setText(typed);
+    emit line->editingFinished();
+  } else if (auto* box = qobject_cast<QPlainTextEdit*>(control)) {
+    box->setPlainText(typed);
+    QFocusEvent left(QEvent::FocusOut);
+    QApplication::sendEvent(box, &left);
+  } else {
+    ADD_FAILURE() << name << " takes no text";
+  }
+}
+
+void WindowTest::Choose(const char* name, int item) const {
+  auto* combo = Find<QComboBox>(name);
+  combo->setCurrentIndex(item);
+  emit combo->activated(item);
+}
+
+std::string WindowTest::TextOf(const char* name) const {
+  auto* control = Find<QWidget>(name);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) return line->text().toStdString();
+  if (auto* label = qobject_cast<QLabel*>(control)) return label->text().toStdString();
+  if (auto* combo = qobject_cast<QComboBox*>(control)) return combo->currentText().toStdString();
+  if (auto* box = qobject_cast<QPlainTextEdit*>(control)) return box->toPlainText().toStdString();
+  if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+    return WithoutMnemonic(button->text()).toStdString();
+  }
+  return {};
+}
+
+std::string WindowTest::Output() const {
+  return TextOf("txbOutput");
+}
+
+std::vector<std::string> WindowTest::Shown() {
+  std::vector<std::string> shown;
+  for (const Message& message : messages.shown) shown.push_back(message.title + " | " + message.text);
+  messages.Forget();
+  return shown;
+}
+
+}  // namespace korv
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  // Windows are tested without a display unless one is asked for.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Korv"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
+  return RUN_ALL_TESTS();
+}

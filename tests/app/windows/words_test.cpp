@@ -1,0 +1,208 @@
+// The Settings window's words to ignore and to count.
+
+#include <QTimer>
+
+#include "app/windows/frm_load_remove.h"
+#include "tests/app/windows/window_test.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class Words : public WindowTest {
+ protected:
+  void SetUp() override { ASSERT_TRUE(Start()); }
+  void AddFile(const std::string& name, const std::string& bytes) {
+    dialogs.WillChoose(WriteFile(name, bytes));
+    Click("cmdSelectWordsFile");
+  }
+  /// Answers the dialog that the next choice in the list of files opens.
+  void WillDo(const char* option) {
+    QTimer::singleShot(0, main.get(), [this, option] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      EXPECT_EQ(dialog->windowTitle().toStdString(), "Load or remove this file");
+      EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("lblFile"))->text().toStdString(),
+                TextOf("cboWordsFile"));
+      if (option == nullptr) return dialog->reject();
+      dialog->findChild<QRadioButton*>(QLatin1String(option))->click();
+      dialog->findChild<QPushButton*>(QStringLiteral("cmdClose"))->click();
+    });
+  }
+};
+
+TEST_F(Words, AreLoadedFromAFileThatIsAddedToTheList) {
+  AddFile("list.txt", "the of\nand");
+  EXPECT_EQ(dialogs.opened.at(0).title, "Specify a file containing words to ignore");
+  EXPECT_EQ(dialogs.opened.at(0).filter, "Any text file (*.*) | *.*");
+  EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
+  EXPECT_EQ(TipOf("cboWordsFile"), PathOf("list.txt"));
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
+  EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"),
+            "This operation uses the words-to-ignore specifications in the 'Settings' window.");
+  EXPECT_EQ(Output(), "");
+  EXPECT_TRUE(Enabled("cmdCountPhrases"));
+}
+
+TEST_F(Words, OfAnEmptyFileAreNone) {
+  AddFile("list.txt", "\n   \n\n");
+  EXPECT_EQ(TextOf("lblWordsState"), "0 words-to-ignore loaded");
+  AddFile("one.txt", "whereas");
+  EXPECT_EQ(TextOf("lblWordsState"), "One word-to-ignore loaded");
+}
+
+TEST_F(Words, AreNotListedTwice) {
+  AddFile("list.txt", "the of and");
+  messages.Forget();
+  AddFile("list.txt", "the of and");
+  const auto shown = WindowTest::Shown();
+  ASSERT_EQ(shown.size(), 1U);
+  EXPECT_THAT(shown[0], testing::StartsWith("Already present | " + PathOf("list.txt") +
+                                            "\r\nis already in this list. "));
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
+}
+
+TEST_F(Words, ComeFromNinetyNineFilesAtMost) {
+  Settings settings = main->GatherSettings();
+  for (int i = 0; i < 99; ++i) settings.WordsFiles.push_back("/list" + std::to_string(i));
+  main->ApplySettings(settings);
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (99)");
+  AddFile("list.txt", "the of and");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(EndsWith("No more files may be added to this list.")));
+  EXPECT_THAT(dialogs.opened, IsEmpty());
+}
+
+TEST_F(Words, OfAListedFileAreLoadedAgainOrRemoved) {
+  AddFile("a.txt", "the of and");
+  AddFile("b.txt", "of and");
+  WriteFile("a.txt", "the of an");
+  WillDo("optLoad");
+  Choose("cboWordsFile", Find<QComboBox>("cboWordsFile")->findText(QString::fromStdString(PathOf("a.txt"))));
+  EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+
+  WillDo("optCancel");
+  Choose("cboWordsFile", 0);
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (2)");
+  WillDo(nullptr);
+  Choose("cboWordsFile", 0);
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (2)");
+
+  WillDo("optRemove");
+  Choose("cboWordsFile", 0);
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
+}
+
+TEST_F(Words, StayInForceWhenTheFileToLoadIsGone) {
+  AddFile("a.txt", "the of");
+  std::filesystem::remove(PathOf("a.txt"));
+  WillDo("optLoad");
+  Choose("cboWordsFile", 0);
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("File not found | File for words-to-ignore not found."));
+  EXPECT_EQ(TextOf("lblWordsState"), "2 words-to-ignore loaded");
+}
+
+TEST_F(Words, AreForgottenWhenTheListIsCleared) {
+  AddFile("a.txt", "the of");
+  messages.Forget();
+  messages.WillAnswer(Question::ClearWordFiles, Answer::No);
+  Click("cmdClearWordsFile");
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre("Clear words-to-ignore files | Do you wish to remove ALL files from this list?"));
+  EXPECT_EQ(TextOf("lblWordsState"), "2 words-to-ignore loaded");
+  messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
+  Click("cmdClearWordsFile");
+  EXPECT_EQ(TextOf("lblWordsState"), "");
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "No words-to-ignore are specified in the 'Settings' window.");
+  EXPECT_FALSE(Enabled("cboWordsFile"));
+}
+
+TEST_F(Words, OfALanguageAreLoadedOnRequest) {
+  messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+  Choose("cboCommonWordsLanguages", 1);
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre("Load common words file | Load common words file for German?"));
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
+  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  Choose("cboCommonWordsLanguages", 1);
+  EXPECT_THAT(TextOf("cboWordsFile"), EndsWith("cwds_de.txt"));
+  EXPECT_THAT(TextOf("lblWordsState"), EndsWith(" words-to-ignore loaded"));
+  messages.Forget();
+  Choose("cboCommonWordsLanguages", 7);
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(Words, TypedByTheUserAreChecked) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"one, two", "Words-to-ignore must be separated by a space, not by a comma."},
+      {"a@b",
+       "The character '@' occurs in some extra word-to-ignore\r\nbut is not currently set as a character "
+       "allowed in a word."},
+      {"^the", "Perhaps some Word-to-ignore is a regular expression\r\nwithout angle brackets."},
+  };
+  for (const auto& [typed, text] : cases) {
+    Type("txbWordsToIgnoreOrCount_0", typed);
+    const auto shown = WindowTest::Shown();
+    ASSERT_EQ(shown.size(), 1U) << typed;
+    EXPECT_THAT(shown[0], HasSubstr(text)) << typed;
+  }
+  Type("txbWordsToIgnoreOrCount_0", "ibid ~ing <^a,@b$>");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(Words, TypedByTheUserAreIgnoredWithoutAnyFile) {
+  UseFile("white whale swam on. white whale swam on.");
+  Choose("cboPhraseLength_0", 0);
+  Choose("cboPhraseLength_1", 0);
+  Type("txbWordsToIgnoreOrCount_0", "white");
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"),
+            "This operation uses the words-to-ignore specifications in the 'Settings' window.");
+  Click("optExcludePhrasesWithWordToIgnore");
+  Count();
+  EXPECT_THAT(Output(), HasSubstr("whale swam"));
+  EXPECT_THAT(Output(), Not(HasSubstr("white whale")));
+}
+
+TEST_F(Words, ToCountAreEditedInTheSameFrame) {
+  Type("txbWordsToIgnoreOrCount_0", "ibid");
+  Click("optCountOnlyWordsAndPhrases");
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Count-only words files (0)");
+  EXPECT_FALSE(Enabled("cboCommonWordsLanguages"));
+  AddFile("only.txt", "whale\nold man");
+  EXPECT_EQ(dialogs.opened.back().title, "Specify a file containing count-only words/phrases");
+  EXPECT_EQ(TextOf("lblWordsState"), "2 count-only words loaded");
+  Type("txbWordsToIgnoreOrCount_1", "sea,ship");
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(HasSubstr(
+                  "Count-only words and phrases must be separated by comma+space, not just by comma.")));
+  Click("optWordsToIgnore");
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
+  EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "ibid");
+  EXPECT_TRUE(Enabled("cboCommonWordsLanguages"));
+}
+
+TEST_F(Words, ToCountRestrictTheCount) {
+  UseFile("the white whale swam. the white whale swam. the old man wept. the old man wept.");
+  Choose("cboPhraseLength_0", 1);
+  Choose("cboPhraseLength_1", 1);
+  Click("optCountOnlyWordsAndPhrases");
+  Type("txbWordsToIgnoreOrCount_1", "wept");
+  Count();
+  EXPECT_THAT(Output(), HasSubstr("old man wept"));
+  EXPECT_THAT(Output(), Not(HasSubstr("whale")));
+}
+
+TEST_F(Words, NoticeFollowsTheChosenMode) {
+  Click("optAllowPhrasesAllWordsToIgnore");
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "");
+  Click("optRemoveWordsToIgnore");
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "No words-to-ignore are specified in the 'Settings' window.");
+}
+
+}  // namespace
+}  // namespace korv

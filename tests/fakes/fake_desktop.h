@@ -1,0 +1,72 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/clipboard.h"
+#include "platform/dialogs.h"
+#include "platform/launcher.h"
+
+namespace korv {
+
+/// File and folder choosers that are answered beforehand, in order, and remember what they were asked. One
+/// without an answer is cancelled.
+class FakeDialogs final : public Dialogs {
+ public:
+  void WillChoose(std::optional<std::string> path) { answers_.push_back(std::move(path)); }
+
+  std::optional<std::string> ChooseFileToOpen(const FileChoice& choice) override {
+    opened.push_back(choice);
+    return Next();
+  }
+  std::optional<std::string> ChooseFileToSave(const FileChoice& choice) override {
+    saved.push_back(choice);
+    return Next();
+  }
+  std::optional<std::string> ChooseFolder(const std::string& title, const std::string&) override {
+    folderTitles.push_back(title);
+    return Next();
+  }
+
+  std::vector<FileChoice> opened;
+  std::vector<FileChoice> saved;
+  std::vector<std::string> folderTitles;
+
+ private:
+  std::optional<std::string> Next() {
+    if (answers_.empty()) return std::nullopt;
+    auto answer = answers_.front();
+    answers_.pop_front();
+    return answer;
+  }
+
+  std::deque<std::optional<std::string>> answers_;
+};
+
+class FakeClipboard final : public Clipboard {
+ public:
+  std::string Text() const override { return text; }
+  std::string text;
+};
+
+/// Launches nothing, and says what it was told to say.
+class FakeLauncher final : public Launcher {
+ public:
+  LaunchResult Open(const std::string& target) override {
+    opened.push_back(target);
+    return result;
+  }
+  bool OpenClipboardViewer() override {
+    ++viewersAsked;
+    return hasViewer;
+  }
+
+  LaunchResult result;
+  bool hasViewer = false;
+  std::vector<std::string> opened;
+  int viewersAsked = 0;
+};
+
+}  // namespace korv
