@@ -191,6 +191,7 @@ ListExtent MeasureList(const PhraseTable& table, Yielder& yielder) {
   const PhraseIndex entries = table.EntryCount();
   for (PhraseIndex i = 1; i <= entries; ++i) {
     yielder.Yield();
+    table.Prefetch(i + kLookAhead, i + 2 * kLookAhead);
     if (!table.Listed(i)) continue;
     ++extent.Phrases;
     extent.HighestCount = std::max(extent.HighestCount, table.Count(i));
