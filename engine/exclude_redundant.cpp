@@ -112,10 +112,7 @@ class Containment {
     affixes_ = std::make_unique<WordAffixes>(data_.Words, isFirst_, isLast_, yielder);
     if (yielder.Stopped()) return false;
     Reserve();
-    if (!ForParts(yielder, [this](size_t begin, size_t end) {
-          for (size_t k = begin; k < end; ++k) Add(listed_[k]);
-        }))
-      return false;
+    if (!ForParts(yielder, [this](size_t begin, size_t end) { Add(begin, end); })) return false;
     if (!ForParts(yielder, [this](size_t begin, size_t end) {
           Search search(*this);
           for (size_t k = begin; k < end; ++k) search.Runs(k);
@@ -166,8 +163,6 @@ class Containment {
       if (!entry.Listed || entry.Words < kLeastWords) continue;
       listed_.push_back({entry.First, entry.Count, e, entry.Words});
       fewest_ = std::min<int>(fewest_, entry.Words);
-      isFirst_[data_.Numbers[entry.First]] = true;
-      isLast_[data_.Numbers[entry.First + entry.Words - 1u]] = true;
     }
     constexpr int kDigitBits = 11;
     constexpr size_t kDigits = size_t{1} << kDigitBits;
@@ -178,6 +173,10 @@ class Containment {
       for (size_t d = 0; d < kDigits; ++d) next[d + 1] += next[d];
       for (const Phrase& phrase : listed_) sorted[next[phrase.First >> shift & (kDigits - 1)]++] = phrase;
       listed_.swap(sorted);
+    }
+    for (const Phrase& phrase : listed_) {
+      isFirst_[TextOf(phrase)[0]] = true;
+      isLast_[TextOf(phrase)[phrase.Words - 1]] = true;
     }
   }
 
@@ -204,17 +203,38 @@ class Containment {
                     [&](size_t part, size_t) { work(part * kPart, std::min(n, (part + 1) * kPart)); });
   }
 
-  void Add(const Phrase& phrase) {
-    const WordNumber* words = TextOf(phrase);
-    const int n = phrase.Words;
-    const uint64_t inner = HashOf(words + 1, n - 2);
-    const uint64_t family = FamilyHash(words[0], inner, words[n - 1], phrase.Count, n);
-    if (families_->Add(family)) largeFamilies_->Add(family);
-    const uint64_t half = HalfHash(words[0], inner, words[n - 1], phrase.Count, n);
-    if (halves_->Add(half)) largeHalves_->Add(half);
-    const uint64_t hash =
-        OfWord(words[0]) * kPowers[static_cast<size_t>(n) - 1] + inner * kBase + OfWord(words[n - 1]);
-    phrases_.Insert(WithCount(hash, phrase.Count, n), phrase.Entry);
+  /// Puts phrases [begin, end) of listed_ into the sets and the table; a few at a time, so that the memory
+  /// they go to is on its way before it is needed.
+  void Add(size_t begin, size_t end) {
+    struct Hashes {
+      uint64_t Family;
+      uint64_t Half;
+      uint64_t Whole;
+    };
+    std::array<Hashes, 32> hashes;
+    while (begin < end) {
+      const size_t together = std::min(hashes.size(), end - begin);
+      for (size_t k = 0; k < together; ++k) {
+        const Phrase& phrase = listed_[begin + k];
+        const WordNumber* words = TextOf(phrase);
+        const int n = phrase.Words;
+        const uint64_t inner = HashOf(words + 1, n - 2);
+        hashes[k].Family = FamilyHash(words[0], inner, words[n - 1], phrase.Count, n);
+        hashes[k].Half = HalfHash(words[0], inner, words[n - 1], phrase.Count, n);
+        hashes[k].Whole = WithCount(
+            OfWord(words[0]) * kPowers[static_cast<size_t>(n) - 1] + inner * kBase + OfWord(words[n - 1]),
+            phrase.Count, n);
+        families_->Prefetch(hashes[k].Family);
+        halves_->Prefetch(hashes[k].Half);
+        phrases_.Prefetch(hashes[k].Whole);
+      }
+      for (size_t k = 0; k < together; ++k) {
+        if (families_->Add(hashes[k].Family)) largeFamilies_->Add(hashes[k].Family);
+        if (halves_->Add(hashes[k].Half)) largeHalves_->Add(hashes[k].Half);
+        phrases_.Insert(hashes[k].Whole, listed_[begin + k].Entry);
+      }
+      begin += together;
+    }
   }
 
   /// Words of phrase `k` that the phrase of the same count which starts one word before it covers.
