@@ -26,7 +26,8 @@ struct Report {
 class ReportSink {
  public:
   virtual ~ReportSink() = default;
-  /// Takes the next piece of the report, whole lines mostly. False when it takes no more.
+  /// Takes the next piece of the report, whole characters and mostly whole lines. False when it takes no
+  /// more.
   virtual bool Write(std::string_view piece) = 0;
   /// Pieces are handed over once they exceed this many bytes.
   virtual size_t PieceSize() const = 0;

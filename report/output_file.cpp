@@ -28,7 +28,13 @@ void ShowFileError(const FileError& error, const FileListingServices& services) 
 }  // namespace
 
 bool FileReportSink::Write(std::string_view piece) {
-  if (!error_) error_ = file_.Write(piece);
+  if (error_) return false;
+  if (encoding_) {
+    encoded_.clear();
+    encoding_->Encode(piece, encoded_);
+    piece = encoded_;
+  }
+  error_ = file_.Write(piece);
   return !error_;
 }
 
@@ -41,7 +47,7 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
     ShowFileError(file.Error(), services);
     return result;
   }
-  FileReportSink sink(**file);
+  FileReportSink sink(**file, services.Encoding);
   try {
     result.List = ListWords(report, {.LineLayout = Layout::Tabs, .File = true}, sink, yielder);
   } catch (const std::bad_alloc&) {

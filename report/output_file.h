@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/messages.h"
 #include "platform/program_text.h"
@@ -14,26 +15,30 @@
 namespace korv {
 
 /// Carries a report into a file that is being written. Where writing fails it takes no more and keeps the
-/// error.
+/// error. `encoding` may be null: UTF-8.
 class FileReportSink final : public ReportSink {
  public:
-  explicit FileReportSink(OutputFile& file) : file_(file) {}
+  explicit FileReportSink(OutputFile& file, CodePage* encoding = nullptr)
+      : file_(file), encoding_(encoding) {}
   bool Write(std::string_view piece) override;
   size_t PieceSize() const override { return size_t{1} << 19; }
   const std::optional<FileError>& Error() const { return error_; }
 
  private:
   OutputFile& file_;
+  CodePage* encoding_;
+  std::string encoded_;
   std::optional<FileError> error_;
 };
 
 /// What listing into files needs of the program. `Texts` may be null (no advice), `Box` too (no notices
-/// of progress).
+/// of progress), and so may `Encoding` (UTF-8).
 struct FileListingServices {
   FileSystem& Files;
   Messages& Dialogs;
   const ProgramText* Texts = nullptr;
   OutputBox* Box = nullptr;
+  CodePage* Encoding = nullptr;
 };
 
 struct FileListResult {

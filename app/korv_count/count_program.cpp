@@ -282,8 +282,9 @@ class CountProgram {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
     const Report report{run_.Table, run_.Facts, options, options_.Numbers};
     if (!run_.OutputPath.empty()) {
-      const FileListResult result =
-          ListWordsToFile(report, PathFromText(run_.OutputPath), {env_.Files, messages_}, env_.Yielder);
+      const FileListResult result = ListWordsToFile(
+          report, PathFromText(run_.OutputPath),
+          {.Files = env_.Files, .Dialogs = messages_, .Encoding = env_.Encoding}, env_.Yielder);
       if (result.List.Outcome == ListOutcome::Stopped) return kExitInterrupted;
       return result.Written ? kExitReport : kExitRefused;
     }

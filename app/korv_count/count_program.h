@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/code_page.h"
 #include "platform/console/console_yielder.h"
 #include "platform/files.h"
 
@@ -21,6 +22,7 @@ struct CountEnvironment {
   std::ostream& Err;
   bool ErrIsTerminal = false;
   std::filesystem::path ProgramFolder;  ///< With the program texts and the common-words files.
+  CodePage* Encoding = nullptr;         ///< Of output files; null for UTF-8.
 };
 
 /// The whole program after its system has been set up: the exit status.

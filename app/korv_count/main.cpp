@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
   ConsoleYielder yielder;
   const InterruptGuard interrupts(yielder);
   const SystemClock clock;
+  const std::unique_ptr<CodePage> encoding = SystemCodePage();
   const std::unique_ptr<InputFile> input = OpenStandardInput(yielder);
   return KorvCount(ProgramArguments(argc, argv),
                    {.Files = *files,
@@ -22,5 +23,6 @@ int main(int argc, char** argv) {
                     .Out = std::cout,
                     .Err = std::cerr,
                     .ErrIsTerminal = StandardErrorIsTerminal(),
-                    .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0]))});
+                    .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0])),
+                    .Encoding = encoding.get()});
 }

@@ -9,6 +9,7 @@
 
 #include "app/saved_state.h"
 #include "tests/app/run_world.h"
+#include "tests/fakes/fake_code_page.h"
 
 namespace korv {
 namespace {
@@ -42,7 +43,8 @@ class CountProgramTest : public testing::Test {
                                  .Out = out,
                                  .Err = err,
                                  .ErrIsTerminal = terminal,
-                                 .ProgramFolder = "/program"});
+                                 .ProgramFolder = "/program",
+                                 .Encoding = encoding});
   }
 
   /// The settings that the arguments lead to.
@@ -62,6 +64,7 @@ class CountProgramTest : public testing::Test {
   std::string input;
   std::function<void()> onRead;
   bool terminal = false;
+  CodePage* encoding = nullptr;
 };
 
 TEST_F(CountProgramTest, WritesColumnsToStandardOutput) {
@@ -90,6 +93,20 @@ TEST_F(CountProgramTest, WritesAReportFileInsteadOfStandardOutput) {
             "There is one phrase with 2 to 6 words which occurs at least twice.\r\n\r\n"
             "Rank\tFreq\tPhrase [longest has 11 characters]\r\n"
             "1\t2\tthe big cat\t\r\n");
+}
+
+TEST_F(CountProgramTest, OnlyTheReportFileIsInTheCodePageOfTheSystem) {
+  FakeCodePage page;
+  encoding = &page;
+  files.Add("/e.txt", "un caf\u00e9 \u0395\u03bb. un caf\u00e9 \u0395\u03bb.\n");
+  const std::vector<std::string> arguments = {"/e.txt", "--min-words", "2", "--short-words",
+                                              "off",    "--format",    "8"};
+  EXPECT_EQ(Count(arguments), 0);
+  EXPECT_THAT(out.str(), HasSubstr("\nun caf\u00e9 \u03b5\u03bb\n"));
+  std::vector<std::string> intoFile = arguments;
+  intoFile.insert(intoFile.end(), {"-o", "/r.txt"});
+  EXPECT_EQ(Count(intoFile), 0);
+  EXPECT_THAT(files.Content("/r.txt").value_or(""), HasSubstr("\nun caf\xE9 ??\t\r\n"));
 }
 
 TEST_F(CountProgramTest, MakesAReportWithoutPhrasesToo) {

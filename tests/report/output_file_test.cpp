@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/fake_text_box.h"
@@ -38,6 +39,22 @@ TEST_F(FileListing, TheFileGetsTheReportAndTheBoxAMessage) {
   EXPECT_EQ(files.Content("/out/report.txt"), TextOf(world.View(), kFileForm));
   EXPECT_EQ(text.text, "Now writing to output file . . .\r\n");
   EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FileListing, TheFileIsInTheCodePageOfTheSystem) {
+  FakeCodePage page;
+  services.Encoding = &page;
+  world = ReportWorld::Of({{"caf\u00e9 noir", 2}, {"\u0395\u03bb caf\u00e9", 1}});
+  world.facts.Options.SourceKind = TextSource::SingleFile;
+  world.facts.InputPath = "/in/\u20ac.txt";
+  files.AddFolder("/out");
+  EXPECT_TRUE(List("/out/report.txt").Written);
+  EXPECT_EQ(files.Content("/out/report.txt"),
+            "File: /in/?.txt\r\n"
+            "There are 2 phrases with 2 to 3 words which occur at least once.\r\n\r\n"
+            "Rank\tFreq\tPhrase [longest has 9 characters]\r\n"
+            "1\t2\tcaf\xE9 noir\t\r\n"
+            "2\t1\t?? caf\xE9\t\r\n");
 }
 
 TEST_F(FileListing, EveryLineOfALongListIsWritten) {
