@@ -5,6 +5,7 @@
 #include "app/program_folder.h"
 #include "app/windows/desktop.h"
 #include "app/windows/frm_main.h"
+#include "platform/qt/color_scheme.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_launcher.h"
@@ -27,12 +28,14 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Korv"));
   QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
   QApplication::setApplicationVersion(QStringLiteral(KORV_VERSION));
-  QApplication::setDesktopFileName(QStringLiteral("korv"));
+  QApplication::setDesktopFileName(QStringLiteral("org.korv.Korv"));
   QIcon icon;
   for (const int size : {16, 32, 48, 128, 256}) {
     icon.addFile(QStringLiteral(":/korv/korv-%1.png").arg(size), QSize(size, size));
   }
   QApplication::setWindowIcon(icon);
+
+  korv::FollowColorScheme();
 
   korv::QtMessages messages;
   korv::QtDialogs dialogs;

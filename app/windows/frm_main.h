@@ -141,6 +141,8 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void cmdQuit_Click();
   void Timer1_Timer();
   void Timer2_Timer();
+  /// Several times a second during a run: the bar, the twirler, the status line.
+  void tmrProgress_Timer();
 
   /// `handler` with its errors shown, not thrown: they must not pass through the toolkit.
   template <typename Handler>
@@ -203,7 +205,7 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   bool OutputIsSource(const std::string& path);
   void BeginRun();
   void EndRun();
-  void tmrProgress_Timer();
+  void ShowTimeElapsed();
   void ShowInsufficientMemory();
   void ShowUnexpectedError(const char* place, const char* description);
 

@@ -272,6 +272,7 @@ void frmMain::BeginRun() {
 }
 
 void frmMain::EndRun() {
+  ShowTimeElapsed();
   Timer2->stop();
   tmrProgress_->stop();
   prgProgress->setRange(0, kWholeProgress);
@@ -284,10 +285,14 @@ void frmMain::EndRun() {
   if (quitRequested_) QTimer::singleShot(0, this, [this] { cmdQuit_Click(); });
 }
 
-void frmMain::Timer2_Timer() {
+void frmMain::ShowTimeElapsed() {
   const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(desktop_.clock.Now() - runStart_);
   lblTimeElapsed->setText(QStringLiteral("Time elapsed: ") + ToQt(FormatElapsedCompact(elapsed)));
   lblTimeElapsed->show();
+}
+
+void frmMain::Timer2_Timer() {
+  ShowTimeElapsed();
   if (counting_ == nullptr) return;
   lblNumberOfWords->setText(
       QStringLiteral("Number of different phrases found so far: ") +

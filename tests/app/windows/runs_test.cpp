@@ -144,14 +144,20 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
 TEST_F(Runs, MoveTheProgressBarAndTheTwirler) {
   UseLongText();
   auto* bar = Find<QProgressBar>("prgProgress");
-  int furthest = 0;
   std::set<std::string> frames;
-  QObject::connect(bar, &QProgressBar::valueChanged, bar, [&](int value) {
-    furthest = std::max(furthest, value);
+  int furthest = 0;
+  QTimer tick;
+  QObject::connect(&tick, &QTimer::timeout, main.get(), [&] {
+    if (!main->Running()) return;
+    main->tmrProgress_Timer();
     frames.insert(TextOf("lblTwirler"));
+    EXPECT_GE(bar->value(), furthest);
+    furthest = bar->value();
   });
+  tick.start(0);
   Count();
   EXPECT_GT(furthest, 0);
+  EXPECT_GT(frames.size(), 1U);
   EXPECT_FALSE(frames.contains(""));
   EXPECT_EQ(TextOf("lblTwirler"), "");
 }

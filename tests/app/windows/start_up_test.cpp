@@ -19,22 +19,8 @@ class StartUp : public WindowTest {
  protected:
   /// Like Start(), but what was shown is kept.
   bool StartShowing(Answer commonWords) {
-    EXPECT_TRUE(Start());
-    main.reset();
     messages.WillAnswer(Question::FirstCommonWords, commonWords);
-    main = std::make_unique<frmMain>(Desktop{.messages = messages,
-                                             .dialogs = dialogs,
-                                             .clipboard = clipboard,
-                                             .launcher = launcher,
-                                             .files = *files,
-                                             .yielder = yielder,
-                                             .clock = clock,
-                                             .numbers = {},
-                                             .programText = programText,
-                                             .programFolder = KORV_WORD_LISTS,
-                                             .stateFile = StatePath(),
-                                             .store = *store});
-    main->show();
+    MakeWindow();
     return main->Form_Load();
   }
 };
@@ -94,18 +80,7 @@ TEST_F(StartUp, SelectsNoLanguageWhenTheCommonWordsAreNotWanted) {
 
 TEST_F(StartUp, EndsAtOnceWithoutTheProgramsTexts) {
   programText = PathOf("missing.dat");
-  main = std::make_unique<frmMain>(Desktop{.messages = messages,
-                                           .dialogs = dialogs,
-                                           .clipboard = clipboard,
-                                           .launcher = launcher,
-                                           .files = *files,
-                                           .yielder = yielder,
-                                           .clock = clock,
-                                           .numbers = {},
-                                           .programText = programText,
-                                           .programFolder = KORV_WORD_LISTS,
-                                           .stateFile = StatePath(),
-                                           .store = *store});
+  MakeWindow();
   EXPECT_FALSE(main->Form_Load());
   ASSERT_EQ(messages.shown.size(), 1U);
   EXPECT_EQ(messages.shown[0].text, "Cannot open file containing program text.");

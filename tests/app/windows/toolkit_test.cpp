@@ -4,10 +4,12 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QTimer>
+#include <cmath>
 
 #include "app/windows/frm_popup.h"
 #include "app/windows/open_associated.h"
 #include "app/windows/output_text_box.h"
+#include "platform/qt/color_scheme.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_launcher.h"
 #include "platform/qt/qt_messages.h"
@@ -209,6 +211,30 @@ TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
     EXPECT_FALSE(OpenWithAssociatedProgram(launcher, messages, c.target));
     EXPECT_EQ(messages.Only().title, c.title);
     EXPECT_EQ(messages.Only().text, c.text);
+  }
+}
+
+// ---- Colours
+
+double Luminance(const QColor& color) {
+  const auto channel = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+  return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const double first = Luminance(a);
+  const double second = Luminance(b);
+  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+TEST(TheDarkPalette, CanBeRead) {
+  const QPalette palette = DarkPalette();
+  const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
+      {QPalette::WindowText, QPalette::Window},         {QPalette::Text, QPalette::Base},
+      {QPalette::ButtonText, QPalette::Button},         {QPalette::ToolTipText, QPalette::ToolTipBase},
+      {QPalette::HighlightedText, QPalette::Highlight}, {QPalette::PlaceholderText, QPalette::Base}};
+  for (const auto& [text, ground] : pairs) {
+    EXPECT_GE(Contrast(palette.color(text), palette.color(ground)), 4.5) << text;
   }
 }
 

@@ -15,9 +15,9 @@ WindowTest::~WindowTest() {
   End();
 }
 
-bool WindowTest::Start() {
+void WindowTest::MakeWindow() {
   End();
-  messages.WillAnswer(Question::FirstCommonWords, Answer::No);
+  const NumberFormat numbers;
   main = std::make_unique<frmMain>(Desktop{.messages = messages,
                                            .dialogs = dialogs,
                                            .clipboard = clipboard,
@@ -25,12 +25,17 @@ bool WindowTest::Start() {
                                            .files = *files,
                                            .yielder = yielder,
                                            .clock = clock,
-                                           .numbers = {},
+                                           .numbers = numbers,
                                            .programText = programText,
                                            .programFolder = KORV_WORD_LISTS,
                                            .stateFile = StatePath(),
                                            .store = *store});
   main->show();
+}
+
+bool WindowTest::Start() {
+  messages.WillAnswer(Question::FirstCommonWords, Answer::No);
+  MakeWindow();
   const bool started = main->Form_Load();
   QApplication::processEvents();
   messages.Forget();

@@ -41,6 +41,8 @@ class WindowTest : public testing::Test {
 
   /// Opens the main window, or opens it anew as after a restart. The question about common words gets No.
   bool Start();
+  /// Only makes the window; its Form_Load() is still to be called.
+  void MakeWindow();
   void End();
 
   // ---- Files

@@ -1,0 +1,7 @@
+#include "platform/qt/color_scheme.h"
+
+namespace korv {
+
+void FollowColorScheme() {}
+
+}  // namespace korv
