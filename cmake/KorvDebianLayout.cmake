@@ -9,3 +9,7 @@ foreach(page ${pages})
   # Without names and times in it, the same page always gives the same bytes.
   execute_process(COMMAND gzip -9n ${page} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
+# Folders for everybody, whatever the umask of who packs.
+file(CHMOD_RECURSE ${CPACK_TEMPORARY_DIRECTORY}/usr
+     DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+                           WORLD_READ WORLD_EXECUTE)
