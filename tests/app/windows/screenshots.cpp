@@ -2,11 +2,14 @@
 // Run by scripts/screenshots. TEXT is the file to be counted, shown as it is named.
 
 #include <QApplication>
+#include <QImage>
 #include <QPlainTextEdit>
+#include <QSet>
 #include <QSettings>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 
 #include "app/windows/frm_main.h"
@@ -21,10 +24,31 @@
 namespace korv {
 namespace {
 
+/// With so few colours that the file needs one byte a pixel: each channel rounded to a multiple of 4, which
+/// nobody sees in a window.
+QImage FewColours(QImage image) {
+  image = image.convertToFormat(QImage::Format_RGB32);
+  const auto rounded = [](int channel) { return channel >= 252 ? 255 : (channel + 2) / 4 * 4; };
+  QSet<QRgb> colours;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QRgb seen = image.pixel(x, y);
+      const QRgb shown = qRgb(rounded(qRed(seen)), rounded(qGreen(seen)), rounded(qBlue(seen)));
+      image.setPixel(x, y, shown);
+      colours.insert(shown);
+    }
+  }
+  // In order, so that the same window always gives the same bytes.
+  QList<QRgb> table(colours.cbegin(), colours.cend());
+  std::sort(table.begin(), table.end());
+  return table.size() <= 256 ? image.convertToFormat(QImage::Format_Indexed8, table) : image;
+}
+
 bool Save(QWidget& window, const QString& folder, const char* name) {
   QApplication::processEvents();
   const QString path = folder + u'/' + QLatin1String(name);
-  if (window.grab().save(path)) return true;
+  constexpr int kSmallest = 0;
+  if (FewColours(window.grab().toImage()).save(path, "PNG", kSmallest)) return true;
   std::fprintf(stderr, "%s cannot be written\n", qPrintable(path));
   return false;
 }
