@@ -330,10 +330,12 @@ size_t LineScanner<Sink>::PastSeparators(size_t at) {
   return at;
 }
 
-/// The same for the bytes that go on a run.
+/// The same for the bytes that go on a run; somewhere in it once that is longer than a word can be, because
+/// the run is then taken in parts, and each would look for its end.
 template <typename Sink>
 size_t LineScanner<Sink>::PastLetters(size_t at) {
-  for (; at < line_.size(); at = windowBegin_ + line_scanner::kWindow) {
+  const size_t enough = at + kMostWordCharacters + 1;
+  for (; at < std::min(line_.size(), enough); at = windowBegin_ + line_scanner::kWindow) {
     const size_t within = at % line_scanner::kWindow;
     if (at - within != windowBegin_) LoadWindow(at - within);
     const uint64_t others = ~letters_ >> within;

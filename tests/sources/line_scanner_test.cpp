@@ -206,6 +206,17 @@ TEST(LineScanner, CutsAWordAfter65000Characters) {
   }
 }
 
+TEST(LineScanner, CutsALongRunIntoPartsWhereverItBegins) {
+  for (const size_t blanks : {0u, 1u, 23u, 24u, 25u, 63u, 64u}) {
+    RecordedWords words;
+    LineScanner<WordSink> scanner(LettersOnly(), MarkersOf("txt"), words);
+    scanner.ScanLine(std::string(blanks, ' ') + std::string(3 * 65000 + 7, 'a') + ". b");
+    std::vector<size_t> sizes;
+    for (const std::string& found : words.Found()) sizes.push_back(found.size());
+    EXPECT_EQ(sizes, (std::vector<size_t>{65000, 65000, 65000, 7, 1})) << blanks;
+  }
+}
+
 TEST(LineScanner, LeavesAWordOf65000CharactersWhole) {
   RecordedWords words;
   LineScanner<WordSink> scanner(LettersOnly(), MarkersOf("txt"), words);
