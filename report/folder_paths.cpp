@@ -1,6 +1,7 @@
 #include "report/folder_paths.h"
 
 #include "platform/files.h"
+#include "platform/utf8.h"
 
 namespace korv {
 
@@ -11,6 +12,10 @@ bool IsSeparator(char c) {
   return c == '/' || c == '\\';
 }
 }  // namespace
+
+std::string ShownPath(std::string_view given) {
+  return MendedUtf8(given);
+}
 
 std::string AbbreviatePath(std::string_view path, std::string_view folder) {
   if (folder.empty() || !path.starts_with(folder)) return std::string(path);

@@ -29,9 +29,10 @@ bool Filters(const ReportOptions& options) {
 std::string HeaderText(const RunFacts& facts) {
   switch (facts.Options.SourceKind) {
     case TextSource::SingleFile:
-      return facts.InputPath.empty() ? "" : "File: " + facts.InputPath + "\r\n";
+      return facts.InputPath.empty() ? "" : "File: " + ShownPath(facts.InputPath) + "\r\n";
     case TextSource::Folder:
-      return "Folder: " + facts.InputPath + (facts.IncludeSubfolders ? " plus any subfolders" : "") + "\r\n";
+      return "Folder: " + ShownPath(facts.InputPath) +
+             (facts.IncludeSubfolders ? " plus any subfolders" : "") + "\r\n";
     case TextSource::Clipboard:
       break;
   }
@@ -59,7 +60,7 @@ std::string OpeningText(const Report& report, const ReportForm& form, const List
   text += SummaryText(report.Facts, extent.Phrases, extent.LongestWords);
   if (Filters(report.Options))
     text += FilterNoticeText(report.Options.FilterModeOfWords, report.Options.FilterText);
-  if (ShowsPaths(report.Options)) text += "{Folder} = " + report.Facts.InputPath + "\r\n";
+  if (ShowsPaths(report.Options)) text += "{Folder} = " + ShownPath(report.Facts.InputPath) + "\r\n";
   return text;
 }
 
@@ -81,7 +82,7 @@ LineFormat FormatOfLines(const Report& report, const ReportForm& form, const Lis
                     .LineEnd = form.LineEnd,
                     .FilePaths = {}};
   if (ShowsPaths(report.Options))
-    format.FilePaths = AbbreviatePaths(report.Table.FilePaths(), report.Facts.InputPath);
+    format.FilePaths = AbbreviatePaths(report.Table.FilePaths(), ShownPath(report.Facts.InputPath));
   return format;
 }
 

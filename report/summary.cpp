@@ -109,8 +109,9 @@ std::string SkippedFilesText(const RunFacts& facts) {
   if (count == 0) return "";
   std::string text = count == 1 ? "1 file was skipped:" : std::to_string(count) + " files were skipped:";
   text += "\r\n";
+  const std::string folder = ShownPath(facts.InputPath);
   for (const SkippedFile& file : facts.SkippedFiles)
-    text += AbbreviatePath(file.Path, facts.InputPath) + ": " + file.Reason + "\r\n";
+    text += AbbreviatePath(file.Path, folder) + ": " + file.Reason + "\r\n";
   return text;
 }
 

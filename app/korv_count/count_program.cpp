@@ -246,7 +246,10 @@ class CountProgram {
 
   bool GatherTheLists(RunRequest& request) {
     ListRequest lists;
-    if (settings_.SelectedWordsFile >= 0)
+    // The settings hold text, which a name need not be.
+    if (!options_.IgnoreFile.empty())
+      lists.IgnoreFile = env_.Files.AbsolutePath(PathFromText(options_.IgnoreFile));
+    else if (settings_.SelectedWordsFile >= 0)
       lists.IgnoreFile = PathFromText(settings_.WordsFiles[static_cast<size_t>(settings_.SelectedWordsFile)]);
     lists.IgnoreWords = settings_.ExtraWordsToIgnore;
     lists.PatternMatching = settings_.PatternMatchingInWordsToIgnoreFile;

@@ -73,6 +73,14 @@ cmp -s fromPipe fromFile || fault 'pipe and file differ'
 cp sample.txt $'caf\xe9.txt'
 expect 0 '' $'caf\xe9.txt' -o $'r\xe9port.txt'
 [ -s $'r\xe9port.txt' ] || fault 'a report under an odd name is missing'
+printf 'time\n' >$'w\xe9rds.txt'
+expect 0 '' sample.txt --ignore-file $'w\xe9rds.txt' --ignore-mode exclude-with
+grep -q 'for the time being' out && fault 'words to ignore under an odd name were not read'
+mkdir $'t\xe9xts'
+cp sample.txt $'t\xe9xts'
+expect 0 '' $'t\xe9xts' --format 11
+grep -q '{Folder}/sample.txt' out || fault 'a folder under an odd name is not abbreviated'
+rm -r $'t\xe9xts'
 
 # Ctrl-C ends standard input, and what came before it is listed.
 mkfifo typed

@@ -31,5 +31,10 @@ TEST(AbbreviatePath, ShowsTheFolderOfEveryPathOfAList) {
   EXPECT_EQ(AbbreviatePaths({folder / "é.txt"}, "texts").front().substr(0, 8), "{Folder}");
 }
 
+TEST(ShownPath, MendsWhatIsNoText) {
+  EXPECT_EQ(ShownPath("caf\xE9/texts"), "caf\uFFFD/texts");
+  EXPECT_EQ(ShownPath("café"), "café");
+}
+
 }  // namespace
 }  // namespace korv
