@@ -4,8 +4,9 @@
 
 namespace korv {
 
-/// While it lives, the terminal's interrupt (Ctrl-C) requests a stop. A second one ends the program as
-/// usual. One object at a time; the yielder must outlive it.
+/// While it lives, the terminal's interrupt (Ctrl-C) requests a stop, and so does, where there is such a
+/// thing, the system's request to end. A second one ends the program as usual. One object at a time; the
+/// yielder must outlive it.
 class InterruptGuard {
  public:
   explicit InterruptGuard(Yielder& yielder);

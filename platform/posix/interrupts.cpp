@@ -12,6 +12,9 @@ namespace {
 std::atomic<Yielder*> stoppedByInterrupt{nullptr};
 static_assert(std::atomic<Yielder*>::is_always_lock_free);
 
+/// A program that is asked to end, or whose terminal goes, has temporary files to remove as well.
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
 extern "C" void OnInterrupt(int) {
   if (Yielder* const yielder = stoppedByInterrupt.load()) yielder->RequestStop();
 }
@@ -26,11 +29,19 @@ InterruptGuard::InterruptGuard(Yielder& yielder) {
   // must notice.
   action.sa_flags = static_cast<int>(SA_RESETHAND);
   sigemptyset(&action.sa_mask);
-  sigaction(SIGINT, &action, nullptr);
+  for (const int number : kSignals) {
+    struct sigaction before = {};
+    // What was started to outlive its terminal shall do so.
+    const bool ignored = sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
+    if (number != SIGHUP || !ignored) sigaction(number, &action, nullptr);
+  }
 }
 
 InterruptGuard::~InterruptGuard() {
-  signal(SIGINT, SIG_DFL);
+  for (const int number : kSignals) {
+    struct sigaction now = {};
+    if (sigaction(number, nullptr, &now) == 0 && now.sa_handler == OnInterrupt) signal(number, SIG_DFL);
+  }
   stoppedByInterrupt = nullptr;
 }
 

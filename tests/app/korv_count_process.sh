@@ -83,18 +83,21 @@ grep -q '{Folder}/sample.txt' out || fault 'a folder under an odd name is not ab
 rm -r $'t\xe9xts'
 
 # Ctrl-C ends standard input, and what came before it is listed.
+# So does the request to end, or else temporary files would stay behind.
 mkfifo typed
-"$program" - --min-words 2 <typed >out 2>err &
-pid=$!
-exec 3>typed
-printf 'the big cat sat. the big cat ran. ' >&3
-sleep 0.5
-kill -INT $pid
-wait $pid
-got=$?
-[ $got -eq 130 ] || fault "an interrupt ended with $got"
-exec 3>&-
-grep -q 'the big cat' out || fault 'an interrupt lost what had been read'
+for signal in INT TERM HUP; do
+  "$program" - --min-words 2 <typed >out 2>err &
+  pid=$!
+  exec 3>typed
+  printf 'the big cat sat. the big cat ran. ' >&3
+  sleep 0.5
+  kill -$signal $pid
+  wait $pid
+  got=$?
+  [ $got -eq 130 ] || fault "the signal $signal ended with $got"
+  exec 3>&-
+  grep -q 'the big cat' out || fault "the signal $signal lost what had been read"
+done
 
 # Ctrl-C in the middle of a large file: a whole report of its beginning, or none.
 for _ in $(seq 60); do cat sample.txt; done >one
