@@ -5,8 +5,9 @@
 namespace korv {
 
 /// While it lives, the terminal's interrupt (Ctrl-C) requests a stop, and so does, where there is such a
-/// thing, the system's request to end. A second one ends the program as usual. One object at a time; the
-/// yielder must outlive it.
+/// thing, the system's request to end. One that comes while the stop before it is still pending ends the
+/// program as usual; after ClearStop() it is a new request. One object at a time; the yielder must outlive
+/// it.
 class InterruptGuard {
  public:
   explicit InterruptGuard(Yielder& yielder);

@@ -15,8 +15,13 @@ static_assert(std::atomic<Yielder*>::is_always_lock_free);
 /// A program that is asked to end, or whose terminal goes, has temporary files to remove as well.
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-extern "C" void OnInterrupt(int) {
-  if (Yielder* const yielder = stoppedByInterrupt.load()) yielder->RequestStop();
+extern "C" void OnInterrupt(int number) {
+  Yielder* const yielder = stoppedByInterrupt.load();
+  if (!yielder) return;
+  if (!yielder->Stopped()) return yielder->RequestStop();
+  // Nobody has heeded the first one. This one is delivered when the handler has returned.
+  signal(number, SIG_DFL);
+  raise(number);
 }
 
 }  // namespace
@@ -25,9 +30,8 @@ InterruptGuard::InterruptGuard(Yielder& yielder) {
   stoppedByInterrupt = &yielder;
   struct sigaction action = {};
   action.sa_handler = OnInterrupt;
-  // Once only, and without going on with a system call that waits: a program that reads from a terminal
-  // must notice.
-  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  // Without going on with a system call that waits: a program that reads from a terminal must notice.
+  action.sa_flags = 0;
   sigemptyset(&action.sa_mask);
   for (const int number : kSignals) {
     struct sigaction before = {};

@@ -13,8 +13,9 @@ std::atomic<Yielder*> stoppedByInterrupt{nullptr};
 
 BOOL WINAPI OnInterrupt(DWORD event) {
   if (event != CTRL_C_EVENT) return FALSE;
-  Yielder* const yielder = stoppedByInterrupt.exchange(nullptr);
-  if (!yielder) return FALSE;
+  Yielder* const yielder = stoppedByInterrupt;
+  // Where nobody has heeded the first one, the second ends the program.
+  if (!yielder || yielder->Stopped()) return FALSE;
   yielder->RequestStop();
   return TRUE;
 }
