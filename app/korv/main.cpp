@@ -65,5 +65,7 @@ int main(int argc, char** argv) {
   korv::frmMain window(desktop);
   window.show();
   if (!window.Form_Load()) return 1;
+  // Closed already, while it was starting: nothing would end the events.
+  if (!window.isVisible()) return 0;
   return QApplication::exec();
 }

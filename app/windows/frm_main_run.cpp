@@ -148,6 +148,10 @@ void frmMain::cmdCountPhrases_Click() {
   desktop_.yielder.ClearStop();
   result_.emplace(std::move(run));
   ShowRunFacts();
+  if (request.Options.SourceKind != TextSource::Clipboard) {
+    (request.Options.SourceKind == TextSource::Folder ? recentFolders_ : recentFiles_)
+        .Add(ToQt(result_->Facts.InputPath));
+  }
   ListTheResult(report.FilterActive);
 }
 

@@ -62,7 +62,11 @@ void FrmParamsControls::BuildControls(QWidget* window) {
   }
   buttons->addStretch(1);
   for (QPushButton* button : {cmdSaveState, cmdClose, cmdQuit}) buttons->addWidget(button);
-  layout->addLayout(buttons, 4, 0, 1, 2);
+  lblState = MakeLabel("lblState", window);
+  // A long path is cut at the window's edge; it never widens the window.
+  lblState->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  layout->addWidget(lblState, 4, 0, 1, 2);
+  layout->addLayout(buttons, 5, 0, 1, 2);
 
   layout->setColumnStretch(0, 1);
   layout->setColumnStretch(1, 1);
@@ -248,10 +252,6 @@ QWidget* FrmParamsControls::BuildStateFile(QWidget* parent) {
   auto* layout = Tight(new QVBoxLayout(frame));
   cmdSaveLoadState[0] = MakeButton("cmdSaveLoadState_0", "&Load settings from file", frame);
   cmdSaveLoadState[1] = MakeButton("cmdSaveLoadState_1", "Save settings &to file", frame);
-  lblState = MakeLabel("lblState", frame);
-  lblState->setWordWrap(true);
-  lblState->setMinimumHeight(2 * lblState->fontMetrics().lineSpacing());
-  lblState->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   txbStateFile = MakeTextBox("txbStateFile", "Settings file", frame);
   txbStateFile->hide();
   auto* buttons = new QHBoxLayout;
@@ -259,7 +259,7 @@ QWidget* FrmParamsControls::BuildStateFile(QWidget* parent) {
   buttons->addWidget(cmdSaveLoadState[1]);
   buttons->addStretch(1);
   layout->addLayout(buttons);
-  layout->addWidget(lblState, 1);
+  layout->addStretch(1);
   return frame;
 }
 

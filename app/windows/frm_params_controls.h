@@ -57,7 +57,7 @@ struct FrmParamsControls {
   QLabel* lblWordsToIgnoreOrCount = nullptr;
   std::array<QPlainTextEdit*, 2> txbWordsToIgnoreOrCount{};  ///< 0 words to ignore, 1 count-only.
   QPushButton* cmdClearWordsToIgnoreOrCount = nullptr;
-  QLabel* lblWordsState = nullptr;  ///< What was loaded last.
+  QLabel* lblWordsState = nullptr;  ///< What is loaded of the list that is shown.
 
   // Behaviour
   QGroupBox* fraOptions = nullptr;
@@ -69,7 +69,7 @@ struct FrmParamsControls {
   // Settings file
   QGroupBox* fraStateFile = nullptr;
   std::array<QPushButton*, 2> cmdSaveLoadState{};  ///< 0 loads, 1 saves.
-  QLabel* lblState = nullptr;
+  QLabel* lblState = nullptr;         ///< What was loaded or saved last: settings, or a list of words.
   QLineEdit* txbStateFile = nullptr;  ///< Never shown; the path of the settings file used last.
 
   // Buttons

@@ -205,6 +205,7 @@ void frmParams::AttemptToReadWords() {
     if (korv::AttemptToReadWords(reading, path, kind, main_.GatherSettings().Words, list, label)) {
       LoadedOf(kind) = std::move(list);
       loadedLabels_[static_cast<size_t>(kind)] = label;
+      lblState->setText(ToQt(label));
     }
   });
   ShowWordFiles();

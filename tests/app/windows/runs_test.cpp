@@ -3,6 +3,7 @@
 #include <QProgressBar>
 #include <QTimer>
 #include <functional>
+#include <stdexcept>
 
 #include "tests/app/windows/window_test.h"
 
@@ -245,6 +246,20 @@ TEST_F(Runs, TakeTheWordRulesOfTheSettingsWindow) {
   Check("chkIgnoreShortWords", false);
   Count();
   EXPECT_THAT(Output(), HasSubstr("x2 two"));
+}
+
+TEST_F(Runs, LeaveTheWindowUsableAfterAnErrorThatNobodyForesaw) {
+  const auto handler =
+      main->Guarded("cmdFile_Click", [] { throw std::runtime_error("the disk is on fire"); });
+  handler();
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(HasSubstr("At cmdFile_Click error # 5.\r\nDescription: the disk is on fire")));
+  const auto hungry = main->Guarded("cmdFile_Click", [] { throw std::bad_alloc(); });
+  hungry();
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("Insufficient memory")));
+  UseFile(kText);
+  Count();
+  EXPECT_TRUE(main->HasResult());
 }
 
 TEST_F(Runs, TellHowManyWordsWereExcluded) {

@@ -7,7 +7,8 @@
 
 namespace korv {
 
-WindowTest::WindowTest() : files(MakeSystemFiles()), programText(KORV_PROGRAM_TEXT) {
+WindowTest::WindowTest()
+    : files(MakeSystemFiles()), programText(KORV_PROGRAM_TEXT), programFolder(KORV_WORD_LISTS) {
   store = std::make_unique<QSettings>(folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
 }
 
@@ -27,7 +28,7 @@ void WindowTest::MakeWindow() {
                                            .clock = clock,
                                            .numbers = numbers,
                                            .programText = programText,
-                                           .programFolder = KORV_WORD_LISTS,
+                                           .programFolder = programFolder,
                                            .stateFile = StatePath(),
                                            .store = *store});
   main->show();

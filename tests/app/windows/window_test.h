@@ -101,6 +101,7 @@ class WindowTest : public testing::Test {
   std::unique_ptr<FileSystem> files;
   std::unique_ptr<QSettings> store;
   std::filesystem::path programText;
+  std::filesystem::path programFolder;
   std::unique_ptr<frmMain> main;
 };
 

@@ -44,6 +44,7 @@ TEST_F(Words, AreLoadedFromAFileThatIsAddedToTheList) {
   EXPECT_EQ(TipOf("cboWordsFile"), PathOf("list.txt"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
   EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "3 words-to-ignore loaded");
   EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"),
             "This operation uses the words-to-ignore specifications in the 'Settings' window.");
   EXPECT_EQ(Output(), "");
@@ -135,6 +136,16 @@ TEST_F(Words, OfALanguageAreLoadedOnRequest) {
   messages.Forget();
   Choose("cboCommonWordsLanguages", 7);
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(Words, OfALanguageMayBeMissing) {
+  programFolder = folder.path().toStdString();
+  ASSERT_TRUE(Start());
+  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  Choose("cboCommonWordsLanguages", 2);
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("Load common words file | Load common words file for Spanish?",
+                                               "Error | " + PathOf("cwds_es.txt") + " not found."));
+  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
 }
 
 TEST_F(Words, TypedByTheUserAreChecked) {
