@@ -48,6 +48,7 @@ int main(int argc, char** argv) {
       korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(QApplication::applicationFilePath())));
   QSettings store(QStringLiteral("Korv"), QStringLiteral("windows"));
 
+  const auto encoding = korv::SystemCodePage();
   bool known = false;
   const korv::NumberFormat system = korv::NumberFormatOfLocale("", known);
   const korv::Desktop desktop{.messages = messages,
@@ -61,7 +62,8 @@ int main(int argc, char** argv) {
                               .programText = folder / korv::kProgramTextName,
                               .programFolder = folder,
                               .stateFile = korv::StateFilePath(),
-                              .store = store};
+                              .store = store,
+                              .encoding = encoding.get()};
   korv::frmMain window(desktop);
   window.show();
   if (!window.Form_Load()) return 1;

@@ -4,6 +4,7 @@
 
 #include "platform/clipboard.h"
 #include "platform/clock.h"
+#include "platform/code_page.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/launcher.h"
@@ -30,6 +31,7 @@ struct Desktop {
   std::filesystem::path stateFile;
   /// What is kept outside the state file: window geometry, recent sources.
   QSettings& store;
+  CodePage* encoding = nullptr;  ///< Of output files; null for UTF-8.
 };
 
 }  // namespace korv

@@ -208,10 +208,13 @@ void frmMain::ListTheResultTo(const Report& report, const std::optional<std::str
   korv::ListResult listed;
   if (path) {
     const std::filesystem::path file = PathFromText(*path);
-    const FileListResult written = ListWordsToFile(
-        report, file,
-        {.Files = desktop_.files, .Dialogs = desktop_.messages, .Texts = texts_.get(), .Box = output_.get()},
-        desktop_.yielder);
+    const FileListResult written = ListWordsToFile(report, file,
+                                                   {.Files = desktop_.files,
+                                                    .Dialogs = desktop_.messages,
+                                                    .Texts = texts_.get(),
+                                                    .Box = output_.get(),
+                                                    .Encoding = desktop_.encoding},
+                                                   desktop_.yielder);
     if (written.Written) overwrite_->Written(file);
     listed = written.List;
   } else {
