@@ -168,16 +168,16 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
   const std::array<const char*, 2> names = {"txbFileFilepathSpecifications_0",
                                             "txbFileFilepathSpecifications_1"};
   const std::array<const char*, 2> examples = {"E.g., *.txt, *.docx, a*.htm*, b*.xml", "E.g., copy, bak"};
-  auto* specifications = Bare(new QGridLayout);
+  auto* patternRows = Bare(new QGridLayout);
   for (int i = 0; i < 2; ++i) {
     const auto index = static_cast<size_t>(i);
     auto* box = MakeTextBox(names[index], captions[index], folder);
     box->setPlaceholderText(QString::fromUtf8(examples[index]));
     txbFileFilepathSpecifications[index] = box;
-    specifications->addWidget(MakeCaption(captions[index], box, folder), i, 0);
-    specifications->addWidget(box, i, 1);
+    patternRows->addWidget(MakeCaption(captions[index], box, folder), i, 0);
+    patternRows->addWidget(box, i, 1);
   }
-  folderLayout->addLayout(specifications, 1, 0, 1, 3);
+  folderLayout->addLayout(patternRows, 1, 0, 1, 3);
   chkIncludeSubfolders = MakeCheckBox("chkIncludeSubfolders", "Include subfolders", folder);
   cmdListFiles = MakeButton("cmdListFiles", "List files to be sca&nned", folder);
   auto* folderFoot = new QHBoxLayout;
