@@ -250,7 +250,9 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
   const bool plain = markers.intNumCommentMarkers == 0 && !markers.blnCharacterEntitiesPossible;
   TextReader reader(std::move(opened.Head), opened.File.get(), encoding,
                     plain ? LongLines::InPieces : LongLines::Whole);
-  FeedLines(reader, markers);
+  const uint64_t textBytes = FeedLines(reader, markers);
+  if (markers.blnCharacterEntitiesPossible)
+    services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(textBytes, services_.Numbers));
   const std::optional<FileError> error = reader.Error();
   if (!error) return true;
   if (kind == Kind::Single) {
@@ -301,7 +303,7 @@ bool SourceReading::Skip(const fs::path& path, std::string_view reason) {
   return false;
 }
 
-void SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers) {
+uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers) {
   LineScanner<WordStream> scanner(rules_, markers, stream_);
   scanner.BeginSource();
   RunProgress& progress = services_.Progress;
@@ -311,6 +313,7 @@ void SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers)
     progress.Words = stream_.WordsTaken();
     services_.Yielder.Yield();
   }
+  return scanner.TextBytes();
 }
 
 bool SourceReading::CommentMarkersAreSafe(const CommentMarkers& markers) const {

@@ -42,11 +42,16 @@ class LineScanner {
   LineScanner(const WordRules& rules, const CommentMarkers& markers, Sink& sink);
 
   /// Starts a text: outside every region.
-  void BeginSource() { intWithinComment_ = kOutside; }
+  void BeginSource() {
+    intWithinComment_ = kOutside;
+    textBytes_ = 0;
+  }
   /// One decoded line without its end. With TerminateAtEndOfLine phrases end before it. A piece of a line
   /// that began earlier (after a blank or tab; only for text without markers and entities) is no start of
   /// a line.
   void ScanLine(std::string_view line, bool startsLine = true);
+  /// Bytes of the text's lines, as cleaned and without their ends, that lay outside regions.
+  uint64_t TextBytes() const { return textBytes_; }
 
  private:
   static constexpr int kOutside = -1;
@@ -74,6 +79,7 @@ class LineScanner {
   bool AmpersandIsMarker(size_t at);
   size_t PastMarker(size_t at);
   size_t PastRegion(size_t at);
+  size_t EndOfRegion(size_t at);
 
   size_t PastLongCharacter(size_t at, bool& isWordCharacter) const;
   size_t PastWordCharacter(size_t at);
@@ -100,6 +106,7 @@ class LineScanner {
   bool apostropheIsWordCharacter_ = false;
   bool isMarkup_;
   int intWithinComment_ = kOutside;  ///< The pair of the region that goes on.
+  uint64_t textBytes_ = 0;
   std::string cleaned_;
   std::string_view line_;
   size_t lastSemicolon_ = kNotSought;  ///< Of line_; npos: there is none.

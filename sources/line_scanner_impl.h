@@ -100,6 +100,7 @@ template <typename Sink>
 void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine) {
   if (startsLine && terminatesAtEndOfLine_) sink_->ResetPhrases();
   line_ = Clean(line, startsLine);
+  textBytes_ += line_.size();
   lastSemicolon_ = kNotSought;
   windowBegin_ = kNotSought;
   size_t at = intWithinComment_ == kOutside ? 0 : PastRegion(0);
@@ -166,16 +167,28 @@ bool LineScanner<Sink>::AmpersandIsMarker(size_t at) {
 /// Past the delimiter or the region that begins at `at`, or `at` where none does.
 template <typename Sink>
 size_t LineScanner<Sink>::PastMarker(size_t at) {
-  if (const size_t length = CdataDelimiterAt(at)) return at + length;
+  if (const size_t length = CdataDelimiterAt(at)) {
+    textBytes_ -= length;
+    return at + length;
+  }
   const int pair = PairAt(at);
   if (pair == kOutside) return at;
   intWithinComment_ = pair;
-  return PastRegion(at + markers_.Markers[static_cast<size_t>(pair)].Start.size());
+  const size_t inside = at + markers_.Markers[static_cast<size_t>(pair)].Start.size();
+  textBytes_ -= inside - at;
+  return PastRegion(inside);
 }
 
 /// Past the end marker of the region that holds `at`, or the end of the line.
 template <typename Sink>
 size_t LineScanner<Sink>::PastRegion(size_t at) {
+  const size_t past = EndOfRegion(at);
+  textBytes_ -= past - at;
+  return past;
+}
+
+template <typename Sink>
+size_t LineScanner<Sink>::EndOfRegion(size_t at) {
   const std::string_view end = markers_.Markers[static_cast<size_t>(intWithinComment_)].End;
   if (end.empty()) {
     intWithinComment_ = kOutside;

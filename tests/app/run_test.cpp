@@ -276,6 +276,16 @@ TEST(RunCount, ReadsMarkUpByTheExtension) {
   }
 }
 
+TEST(RunCount, TellsHowMuchOfAMarkUpFileIsText) {
+  for (const auto& [path, text] : {std::pair{"/a.html", "|Text: 24 bytes"}, std::pair{"/a.txt", "|"}}) {
+    RunWorld world;
+    world.UseFile(path, "<p>the big cat</p>, the big cat");
+    world.UseLengths(3, 3, 2);
+    world.Count();
+    EXPECT_TRUE(world.view.sizes.back().ends_with(text)) << world.view.sizes.back();
+  }
+}
+
 std::string Document(const char* name) {
   std::ifstream file(std::string(KORV_TEST_DATA) + "/docx/" + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};

@@ -192,6 +192,30 @@ TEST(LineScanner, LeavesAnOpenRegionAtTheNextSource) {
   EXPECT_EQ(words.Line(), "a c");
 }
 
+TEST(LineScanner, CountsTheBytesThatAreNoMarkUp) {
+  struct Row {
+    std::string_view lines;
+    std::string_view extension;
+    uint64_t bytes;
+  };
+  for (const Row& row : std::vector<Row>{{"one two", "txt", 7},
+                                         {"<b>one</b> two", "html", 7},
+                                         {"one <!-- gone\ngone --> two", "html", 8},
+                                         {"one <![CDATA[two]]>", "xml", 7},
+                                         {"caf&eacute;&#233;", "html", 5},
+                                         {"one // gone", "c", 4}}) {
+    RecordedWords words;
+    LineScanner<WordSink> scanner(LettersOnly(), MarkersOf(row.extension), words);
+    scanner.BeginSource();
+    for (size_t begin = 0; begin <= row.lines.size();) {
+      const size_t end = std::min(row.lines.find('\n', begin), row.lines.size());
+      scanner.ScanLine(row.lines.substr(begin, end - begin));
+      begin = end + 1;
+    }
+    EXPECT_EQ(scanner.TextBytes(), row.bytes) << row.lines;
+  }
+}
+
 TEST(LineScanner, CutsAWordAfter65000Characters) {
   for (const std::string letter : {"a", "é", "я", "漢"}) {
     std::string text;
