@@ -210,7 +210,7 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
 
   const bool folder = data.Options.SourceKind == TextSource::Folder;
   std::vector<std::atomic<uint8_t>> sourceHasPhrase(folder && accepted.ByPhrase() ? data.Sources.size() : 0);
-  const SweepContext context{&data, &accepted, starts.MostWords.data(),
+  const SweepContext context{&data, &accepted, &yielder, starts.MostWords.data(),
                              sourceHasPhrase.empty() ? nullptr : &sourceHasPhrase};
   const std::vector<WordNumber> firsts = Tasks(starts, data.Words.Size());
   const size_t tasks = firsts.size() - 1;
@@ -241,6 +241,7 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
       order.Sort({starts.Positions.data() + begin, static_cast<size_t>(end - begin)});
       if (yielder.Stopped()) return;
       sweep.Sweep(order.Suffixes(), order.Shared(), static_cast<uint32_t>(begin));
+      if (yielder.Stopped()) return;
       if (folder)
         std::transform(order.Suffixes().begin(), order.Suffixes().end(),
                        starts.Positions.begin() + static_cast<std::ptrdiff_t>(begin),

@@ -15,7 +15,9 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
   const bool singlesToo = minFrequency_ == 1 || context_.Accepted->ByPhrase();
   const auto n = static_cast<uint32_t>(suffixes.size());
   open_.clear();
+  constexpr uint32_t kStopEvery = 1u << 16;
   for (uint32_t i = n; i-- > 0;) {
+    if (i % kStopEvery == 0 && context_.Stop->Stopped()) return;
     const int after = i + 1 < n ? shared[i + 1] : 0;
     const int before = shared[i];
     Interval closed{context_.MostWords[suffixes[i].Position], i, i + 1, suffixes[i].Position,

@@ -15,6 +15,7 @@ namespace korv {
 struct SweepContext {
   const PhraseTableData* Data;
   const Acceptance* Accepted;
+  const Yielder* Stop;
   /// Per index of Data->Numbers: most words of a phrase that starts there.
   const uint8_t* MostWords;
   /// Folder runs with entries for whole phrases: set per source in which a phrase was counted.
@@ -34,7 +35,7 @@ class PhraseSweep {
   explicit PhraseSweep(const SweepContext& context);
 
   /// Adds the entries of a bucket, last phrase first. `slice` is the index in Data->Positions of its first
-  /// place.
+  /// place. After a stop the entries are of no use.
   void Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> shared, uint32_t slice);
 
   std::vector<PhraseEntry>& Entries() { return entries_; }

@@ -9,6 +9,8 @@ namespace korv {
 namespace {
 
 constexpr size_t kShortRun = 32;
+/// Places between two looks at the request to stop: some milliseconds.
+constexpr size_t kStopEvery = size_t{1} << 16;
 constexpr int kDigitBits = 9;
 constexpr size_t kDigits = size_t{1} << kDigitBits;
 
@@ -42,6 +44,7 @@ void SuffixOrder::Sort(std::span<const uint32_t> positions) {
   // The places are scattered over the text: without asking ahead every one would be waited for.
   constexpr size_t kAhead = 24;
   for (size_t i = 0; i < n; ++i) {
+    if (i % kStopEvery == 0 && yielder_.Stopped()) return;
     if (i + kAhead < n) __builtin_prefetch(text + positions[i + kAhead]);
     const uint32_t p = positions[i];
     suffixes_[i] = {KeyAt(p, 1), p, text[p - 1]};
@@ -67,6 +70,7 @@ void SuffixOrder::SortFrom(size_t begin, size_t end, int depth) {
   for (size_t i = begin; i < end; ++i) {
     // Asking ahead crosses the end of the run on purpose: the next run comes right after.
     if (i + 8 < suffixes_.size()) __builtin_prefetch(numbers_.data() + suffixes_[i + 8].Position + depth);
+    if (i % kStopEvery == 0 && yielder_.Stopped()) return;
     suffixes_[i].Key = KeyAt(suffixes_[i].Position, depth);
   }
   SortByKey(suffixes_.data() + begin, spare_.data(), end - begin);
@@ -117,15 +121,17 @@ void SuffixOrder::SortByKey(Suffix* a, Suffix* spare, size_t n) {
   if (yielder_.Stopped()) return;
   uint64_t different = 0;
   for (size_t i = 1; i < n; ++i) different |= a[i].Key ^ a[0].Key;
-  if (different == 0) return;
+  if (different == 0 || yielder_.Stopped()) return;
   const int shift = std::max(0, static_cast<int>(std::bit_width(different)) - kDigitBits);
   const auto digit = [shift](const Suffix& s) { return (s.Key >> shift) & (kDigits - 1); };
 
   std::array<uint32_t, kDigits + 1> begins{};
   for (size_t i = 0; i < n; ++i) ++begins[digit(a[i]) + 1];
   for (size_t d = 0; d < kDigits; ++d) begins[d + 1] += begins[d];
+  if (yielder_.Stopped()) return;
   std::array<uint32_t, kDigits + 1> next = begins;
   for (size_t i = 0; i < n; ++i) spare[next[digit(a[i])]++] = a[i];
+  if (yielder_.Stopped()) return;
   std::copy(spare, spare + n, a);
   if (shift == 0) return;
   for (size_t d = 0; d < kDigits; ++d)

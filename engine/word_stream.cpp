@@ -14,6 +14,9 @@ void WordStream::BeginSource(const std::filesystem::path& path) {
 }
 
 void WordStream::TakeWord(std::string_view word) {
+  // Too long to be counted whatever its characters are; such things are not worth remembering.
+  constexpr size_t kMostBytesOfCharacter = 4;
+  if (word.size() > static_cast<size_t>(rules_.LongWordSize) * kMostBytesOfCharacter) return Feed(kDropped);
   const uint32_t cut = asCut_.Number(word);
   if (cut == verdicts_.size()) verdicts_.push_back(Judge(word));
   Feed(verdicts_[cut]);
