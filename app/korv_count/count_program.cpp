@@ -265,6 +265,13 @@ class CountProgram {
   bool OutputMayBeWritten(const std::string& output) {
     if (output.empty()) return true;
     const std::filesystem::path path = PathFromText(output);
+    for (const std::string* file : {&options_.SettingsFile, &options_.IgnoreFile, &options_.CountOnlyFile}) {
+      if (file->empty() || !PathsMeetInOneFile(env_.Files, *file, output)) continue;
+      messages_.Show({.text = "The output file cannot be the same as " + *file + ".",
+                      .title = "Error",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
     if (env_.Files.FolderExists(path)) {
       messages_.Show({.text = "The output file " + output + " is a folder.",
                       .title = "Error",
