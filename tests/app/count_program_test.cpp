@@ -10,6 +10,7 @@
 #include "app/saved_state.h"
 #include "tests/app/run_world.h"
 #include "tests/fakes/fake_code_page.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -148,7 +149,7 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
   files.Add("/l.txt", "words");
   struct Case {
     std::vector<std::string> Arguments;
-    const char* Message;
+    std::string Message;
   };
   for (const Case& c : std::vector<Case>{
            {{"/none.txt"}, "korv-count: Input file does not exist.\n"},
@@ -162,7 +163,8 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
            {{"/a.txt", "--ignore-file", "/none.txt"}, "korv-count: File for words-to-ignore not found.\n"},
            {{"/a.txt", "--count-only-file", "/none.txt"},
             "korv-count: File for count-only words not found.\n"},
-           {{"/a.txt", "--common-words", "de"}, "korv-count: /program/cwds_de.txt not found.\n"},
+           {{"/a.txt", "--common-words", "de"},
+            "korv-count: " + Below("/program", "cwds_de.txt") + " not found.\n"},
            {{"/a.txt", "--save-settings", "/a.txt"},
             "korv-count: The settings file cannot be the same as /a.txt.\n"},
            {{"/a.txt", "--ignore-file", "/l.txt", "--save-settings", "/l.txt"},
@@ -292,13 +294,13 @@ TEST_F(CountProgramTest, EveryOptionSetsItsField) {
       {{"--ignore-mode", "remove"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::Remove; }},
       {{"--ignore-mode", "exclude-with"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::ExcludeWith; }},
       {{"--ignore-file", "/program/cwds_en.txt"},
-       [](Settings& s) {
-         s.WordsFiles = {"/program/cwds_en.txt"};
+       [this](Settings& s) {
+         s.WordsFiles = {PathToText(files.AbsolutePath("/program/cwds_en.txt"))};
          s.SelectedWordsFile = 0;
        }},
       {{"--common-words", "en"},
        [](Settings& s) {
-         s.WordsFiles = {"/program/cwds_en.txt"};
+         s.WordsFiles = {Below("/program", "cwds_en.txt")};
          s.SelectedWordsFile = 0;
          s.CommonWordsLanguage = CommonWords::English;
        }},
@@ -473,9 +475,9 @@ TEST_F(CountProgramTest, ListsFiles) {
   EXPECT_EQ(Count({"/a.txt", "--list-files"}), 0);
   EXPECT_EQ(out.str(), "/a.txt\n");
   EXPECT_EQ(Count({"/t/", "--list-files"}), 0);
-  EXPECT_EQ(out.str(), "{Folder} = /t\n{Folder}/A.txt\n{Folder}/b.txt\n");
+  EXPECT_EQ(out.str(), WithNativePaths("{Folder} = /t\n{Folder}/A.txt\n{Folder}/b.txt\n"));
   EXPECT_EQ(Count({"/t", "--list-files", "--subfolders", "--exclude", "b"}), 0);
-  EXPECT_EQ(out.str(), "{Folder} = /t\n{Folder}/A.txt\n{Folder}/sub/c.txt\n");
+  EXPECT_EQ(out.str(), WithNativePaths("{Folder} = /t\n{Folder}/A.txt\n{Folder}/sub/c.txt\n"));
   EXPECT_EQ(Count({"/t", "--list-files", "--patterns", "*.none"}), 0);
   EXPECT_EQ(out.str(), "{Folder} = /t\n");
   EXPECT_EQ(Count({"/none", "--list-files"}), 1);
@@ -486,10 +488,10 @@ TEST_F(CountProgramTest, TellsOfSkippedFilesUnlessQuiet) {
   files.Add("/t/a.txt", kText);
   files.Add("/t/empty.txt", "");
   EXPECT_EQ(Count({"/t", "--min-words", "2"}), 0);
-  EXPECT_EQ(err.str(), "1 file was skipped:\n{Folder}/empty.txt: is zero-length\n");
+  EXPECT_EQ(err.str(), "1 file was skipped:\n" + Below("{Folder}", "empty.txt") + ": is zero-length\n");
   EXPECT_THAT(out.str(), StartsWith("1 file (in 1 folder) was scanned.\n"));
   EXPECT_EQ(Count({"/t", "-o", "/r.txt"}), 0);
-  EXPECT_EQ(err.str(), "1 file was skipped:\n{Folder}/empty.txt: is zero-length\n");
+  EXPECT_EQ(err.str(), "1 file was skipped:\n" + Below("{Folder}", "empty.txt") + ": is zero-length\n");
   EXPECT_EQ(Count({"/t", "--quiet"}), 0);
   EXPECT_THAT(err.str(), IsEmpty());
 }

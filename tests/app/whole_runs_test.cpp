@@ -11,6 +11,7 @@
 
 #include "app/korv_count/count_program.h"
 #include "tests/app/run_world.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -67,7 +68,7 @@ TEST(WholeRuns, AreAsTheyWereRead) {
         << err.str();
     const fs::path golden = fs::path(KORV_TEST_DATA) / "runs" / (c.Name + ".txt");
     if (update) std::ofstream(golden, std::ios::binary) << out.str();
-    EXPECT_EQ(out.str(), Content(golden)) << c.Name;
+    EXPECT_EQ(out.str(), WithNativePaths(Content(golden))) << c.Name;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "report/stream_sink.h"
+#include "tests/fakes/native_paths.h"
 #include "tests/report/report_world.h"
 
 namespace korv {
@@ -96,22 +97,23 @@ TEST(ListWords, FolderReportTellsOfFilesAndAbbreviatesThem) {
   ReportWorld world = FolderWorld();
   world.options.DisplayFormat = 11;
   const std::string summary = "There are 2 phrases with 2 to 3 words which occur at least once.\r\n\r\n";
-  EXPECT_EQ(TextOf(world.View(), kBoxForm), "3 files (in 2 folders) were scanned.\r\n" + summary +
-                                                "{Folder} = texts\r\n"
-                                                " Phrase   Files\r\n"
-                                                " a dog    {Folder}/a.txt\r\n"
-                                                " the cat  {Folder}/a.txt  {Folder}/b.txt\r\n");
+  EXPECT_EQ(TextOf(world.View(), kBoxForm),
+            "3 files (in 2 folders) were scanned.\r\n" + summary +
+                WithNativePaths("{Folder} = texts\r\n"
+                                " Phrase   Files\r\n"
+                                " a dog    {Folder}/a.txt\r\n"
+                                " the cat  {Folder}/a.txt  {Folder}/b.txt\r\n"));
   world.options.DisplayFormat = 12;
   world.facts.IncludeSubfolders = true;
   EXPECT_EQ(TextOf(world.View(), kFileForm),
             "Folder: texts plus any subfolders\r\n3 files (in 2 folders) were scanned.\r\n" + summary +
-                "{Folder} = texts\r\n"
-                "Phrase\t\r\n"
-                "a dog\t\r\n"
-                "    100.00% {Folder}/a.txt\r\n"
-                "the cat\t\r\n"
-                "     33.33% {Folder}/a.txt\r\n"
-                "     66.67% {Folder}/b.txt\r\n");
+                WithNativePaths("{Folder} = texts\r\n"
+                                "Phrase\t\r\n"
+                                "a dog\t\r\n"
+                                "    100.00% {Folder}/a.txt\r\n"
+                                "the cat\t\r\n"
+                                "     33.33% {Folder}/a.txt\r\n"
+                                "     66.67% {Folder}/b.txt\r\n"));
   world.options.DisplayFormat = 10;
   EXPECT_EQ(TextOf(world.View(), kFileForm),
             "Folder: texts plus any subfolders\r\n3 files (in 2 folders) were scanned.\r\n" + summary +

@@ -27,7 +27,7 @@ std::string Build(const std::vector<DocxPart>& parts, const char* password) {
     Require(index >= 0);
     const auto at = static_cast<zip_uint64_t>(index);
     Require(zip_set_file_compression(archive, at, part.deflated ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 1) == 0);
-    if (password) Require(zip_file_set_encryption(archive, at, ZIP_EM_AES_128, password) == 0);
+    if (password) Require(zip_file_set_encryption(archive, at, ZIP_EM_TRAD_PKWARE, password) == 0);
   }
   Require(zip_close(archive) == 0);
   Require(zip_source_open(target) == 0);

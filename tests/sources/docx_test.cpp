@@ -9,6 +9,7 @@
 
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
+#include "tests/fakes/native_paths.h"
 #include "tests/sources/docx_builder.h"
 
 namespace korv {
@@ -220,9 +221,10 @@ TEST_F(DocxTest, FailuresToCleanUpAreShown) {
   disk.Refuse("/t/word/document.xml", FileFault::PermissionDenied);
   RemoveDocxTempFiles(disk, messages, "/t");
   ASSERT_EQ(messages.shown.size(), 2U);
-  EXPECT_EQ(messages.shown[0].text, "Error when attempting to delete /t/word/document.xml");
+  EXPECT_EQ(messages.shown[0].text, "Error when attempting to delete " + Below("/t", "word/document.xml"));
   EXPECT_EQ(messages.shown[0].title, "Error");
-  EXPECT_EQ(messages.shown[1].text, "Input/output error when attempting to delete folder /t/word");
+  EXPECT_EQ(messages.shown[1].text,
+            "Input/output error when attempting to delete folder " + Below("/t", "word"));
   EXPECT_EQ(messages.shown[1].title, "Error");
 }
 

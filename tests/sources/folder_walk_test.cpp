@@ -6,11 +6,17 @@
 #include <vector>
 
 #include "tests/fakes/fake_files.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
 
 using Strings = std::vector<std::string>;
+
+template <typename... Names>
+Strings In(const Names&... names) {
+  return {Below("/in", names)...};
+}
 
 class FolderWalkTest : public testing::Test {
  protected:
@@ -37,17 +43,16 @@ TEST_F(FolderWalkTest, GivesFilesByNameThenSubfoldersByName) {
   for (const char* path :
        {"/in/b.txt", "/in/A.txt", "/in/a.txt", "/in/C.txt", "/in/Zoo/x.txt", "/in/apes/z.txt",
         "/in/apes/deep/q.txt", "/in/apes/\xC3\x89.txt", "/in/apes/f.txt", "/in/\xC3\xA9.txt"})
-    files.Add(path, "words");
-  EXPECT_EQ(Paths(),
-            (Strings{"/in/A.txt", "/in/a.txt", "/in/b.txt", "/in/C.txt", "/in/\xC3\xA9.txt", "/in/apes/f.txt",
-                     "/in/apes/z.txt", "/in/apes/\xC3\x89.txt", "/in/apes/deep/q.txt", "/in/Zoo/x.txt"}));
+    files.Add(PathFromText(path), "words");
+  EXPECT_EQ(Paths(), In("A.txt", "a.txt", "b.txt", "C.txt", "\xC3\xA9.txt", "apes/f.txt", "apes/z.txt",
+                        "apes/\xC3\x89.txt", "apes/deep/q.txt", "Zoo/x.txt"));
   EXPECT_EQ(totals.Folders, 4U);
 }
 
 TEST_F(FolderWalkTest, WithoutSubfoldersStaysInTheFolder) {
   files.Add("/in/a.txt", "words");
   files.Add("/in/sub/b.txt", "words");
-  EXPECT_EQ(Paths("/in", false), Strings{"/in/a.txt"});
+  EXPECT_EQ(Paths("/in", false), In("a.txt"));
   EXPECT_EQ(totals.Folders, 1U);
 }
 
@@ -56,13 +61,13 @@ TEST_F(FolderWalkTest, NeverEntersRecycleBinsAndExtractedTexts) {
        {"/in/$RECYCLE.BIN/a.txt", "/in/sub/$Recycle.Bin/a.txt", "/in/my recycle.bin folder/a.txt",
         "/in/extracted_text/a.txt", "/in/sub/Extracted_Text/a.txt", "/in/extracted_texts/a.txt"})
     files.Add(path, "words");
-  EXPECT_EQ(Paths(), Strings{"/in/extracted_texts/a.txt"});
+  EXPECT_EQ(Paths(), In("extracted_texts/a.txt"));
   EXPECT_EQ(totals.Folders, 3U);
 }
 
 TEST_F(FolderWalkTest, TheChosenFolderIsEnteredWhateverItsName) {
   files.Add("/extracted_text/a.txt", "words");
-  EXPECT_EQ(Paths("/extracted_text"), Strings{"/extracted_text/a.txt"});
+  EXPECT_EQ(Paths("/extracted_text"), Strings{Below("/extracted_text", "a.txt")});
 }
 
 TEST_F(FolderWalkTest, GivesOnlyWantedFiles) {
@@ -70,7 +75,7 @@ TEST_F(FolderWalkTest, GivesOnlyWantedFiles) {
   files.Add("/in/b.js", "words");
   files.Add("/in/c.md", "words");
   files.Add("/in/d.bak.txt", "words");
-  EXPECT_EQ(Paths("/in", true, {{"*.txt", "*.js"}, {"bak"}}), Strings{"/in/a.txt"});
+  EXPECT_EQ(Paths("/in", true, {{"*.txt", "*.js"}, {"bak"}}), In("a.txt"));
 }
 
 TEST_F(FolderWalkTest, AnEmptyFolderHasNoFiles) {
@@ -84,8 +89,9 @@ TEST_F(FolderWalkTest, AFolderThatCannotBeReadIsToldOfAndSkipped) {
   files.Add("/in/closed/b.txt", "words");
   files.Add("/in/open/c.txt", "words");
   files.Refuse("/in/closed", FileFault::PermissionDenied);
-  EXPECT_EQ(Paths(), (Strings{"/in/a.txt", "/in/open/c.txt"}));
-  EXPECT_EQ(unreadable, Strings{"Folder /in/closed cannot be read (Permission denied).\r\n"});
+  EXPECT_EQ(Paths(), In("a.txt", "open/c.txt"));
+  EXPECT_EQ(unreadable,
+            Strings{"Folder " + Below("/in", "closed") + " cannot be read (Permission denied).\r\n"});
   EXPECT_EQ(totals.Folders, 2U) << "a folder that was not entered is not counted";
 }
 
@@ -108,7 +114,7 @@ TEST_F(FolderWalkTest, AFolderThatVanishesMeanwhileIsToldOf) {
   files.BeforeListing = [this](const std::filesystem::path& path) {
     if (path == "/in/b") files.Erase("/in/b");
   };
-  EXPECT_EQ(Paths(), (Strings{"/in/a.txt", "/in/c/c.txt"}));
+  EXPECT_EQ(Paths(), In("a.txt", "c/c.txt"));
   EXPECT_EQ(unreadable.size(), 1U);
 }
 
@@ -158,9 +164,13 @@ TEST_F(FolderWalkTest, AStopBetweenFilesEndsTheReading) {
   EXPECT_EQ(wanted, 3);
 }
 
-TEST_F(FolderWalkTest, NamesThatAreNoUtf8AreShownMended) {
-  files.Add("/in/bad\xFFname.txt", "words");
-  EXPECT_EQ(Paths(), Strings{"/in/bad\xEF\xBF\xBDname.txt"});
+TEST_F(FolderWalkTest, NamesThatAreNoTextAreShownMended) {
+  using std::filesystem::path;
+  using Unit = path::value_type;
+  // A byte that is no UTF-8, or half a character where names are UTF-16.
+  constexpr auto kNoText = static_cast<Unit>(sizeof(Unit) == 1 ? 0xFF : 0xD800);
+  files.Add(path("/in/bad").concat(path::string_type(1, kNoText)).concat("name.txt"), "words");
+  EXPECT_EQ(Paths(), In("bad\xEF\xBF\xBDname.txt"));
 }
 
 TEST_F(FolderWalkTest, ListFilesAbbreviatesTheFolder) {
@@ -170,7 +180,8 @@ TEST_F(FolderWalkTest, ListFilesAbbreviatesTheFolder) {
   FolderWalk walk(files, yielder, {}, true);
   std::string listing;
   totals = ListFiles(walk, "/in", {}, [&](const std::string& line) { listing += line; });
-  EXPECT_EQ(listing, "{Folder} = /in\r\n{Folder}/a b.txt\r\n{Folder}/b.txt\r\n{Folder}/sub/c.txt\r\n");
+  EXPECT_EQ(listing, WithNativePaths(
+                         "{Folder} = /in\r\n{Folder}/a b.txt\r\n{Folder}/b.txt\r\n{Folder}/sub/c.txt\r\n"));
   EXPECT_EQ(totals.Files, 3U);
 }
 

@@ -7,6 +7,7 @@
 
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
+#include "tests/fakes/native_paths.h"
 #include "wordlists/comment_markers_ok.h"
 #include "wordlists/common_words.h"
 
@@ -136,7 +137,7 @@ TEST(CommonWords, EveryLanguageHasItsFile) {
 
 TEST(CommonWords, AskBeforeTheFileIsListedAndSelected) {
   FakeFiles files;
-  files.Add("/korv/cwds_de.txt", "der\n");
+  files.Add(Below("/korv", "cwds_de.txt"), "der\n");
   FakeMessages messages;
   WordFileList list(ListKind::WordsToIgnore);
   const CommonWordsLanguage& german = *FindCommonWordsLanguage("de");
@@ -152,8 +153,8 @@ TEST(CommonWords, AskBeforeTheFileIsListedAndSelected) {
   EXPECT_TRUE(AddCommonWords(german, "/korv", files, list, messages));
   list.Add("/other.txt", messages);
   EXPECT_TRUE(AddCommonWords(german, "/korv", files, list, messages)) << "chosen anew, loaded anew";
-  EXPECT_THAT(list.Paths(), ElementsAre("/other.txt", "/korv/cwds_de.txt"));
-  EXPECT_EQ(list.SelectedPath(), "/korv/cwds_de.txt");
+  EXPECT_THAT(list.Paths(), ElementsAre("/other.txt", Below("/korv", "cwds_de.txt")));
+  EXPECT_EQ(list.SelectedPath(), Below("/korv", "cwds_de.txt"));
 
   messages.Forget();
   EXPECT_FALSE(AddCommonWords(kCommonWordsLanguages.back(), "/korv", files, list, messages));
@@ -166,7 +167,7 @@ TEST(CommonWords, AMissingFileIsReported) {
   WordFileList list(ListKind::WordsToIgnore);
   EXPECT_FALSE(AddCommonWords(*FindCommonWordsLanguage("fr"), "/korv", files, list, messages));
   ASSERT_EQ(messages.shown.size(), 2u);
-  EXPECT_EQ(messages.shown[1].text, "/korv/cwds_fr.txt not found.");
+  EXPECT_EQ(messages.shown[1].text, Below("/korv", "cwds_fr.txt") + " not found.");
   EXPECT_EQ(messages.shown[1].title, "Error");
   EXPECT_THAT(list.Paths(), IsEmpty());
 }
@@ -175,7 +176,7 @@ TEST(CommonWords, SetPathToEnglishPutsItIntoTheList) {
   FakeMessages messages;
   WordFileList list(ListKind::WordsToIgnore);
   SetPathToCWDs_Eng("/korv", list, messages);
-  EXPECT_EQ(list.SelectedPath(), "/korv/cwds_en.txt");
+  EXPECT_EQ(list.SelectedPath(), Below("/korv", "cwds_en.txt"));
 }
 
 TEST(SetWordsToIgnoreNotice, TellsWhetherWordsToIgnoreAreInForce) {
