@@ -86,6 +86,8 @@ class Parser {
  public:
   std::variant<CountOptions, int> Parse(const std::vector<std::string>& arguments, std::ostream& out,
                                         std::ostream& err) {
+    // "/texts" is a path on every system.
+    app_.allow_windows_style_options(false);
     AddSettings();
     AddPhrases();
     AddWords();
