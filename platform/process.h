@@ -16,12 +16,20 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 /// Where the running program is; `argv0` where the system cannot tell.
 std::filesystem::path ExecutablePath(const char* argv0);
 
-/// Standard output and error take bytes as they are and text as UTF-8.
-void PrepareStandardStreams();
+/// While it lives, standard output and error take bytes as they are and text as UTF-8. A terminal is as it
+/// was afterwards. One object at a time.
+class StandardStreams {
+ public:
+  StandardStreams();
+  ~StandardStreams();
+  StandardStreams(const StandardStreams&) = delete;
+  StandardStreams& operator=(const StandardStreams&) = delete;
+};
 
 bool StandardErrorIsTerminal();
 
-/// Standard input. A stop requested of `yielder`, which must outlive it, is its end.
+/// Standard input: bytes as they are; what is typed at a terminal as the system's encoding has it, on Windows
+/// UTF-8. A stop requested of `yielder`, which must outlive it, is its end.
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder);
 
 }  // namespace korv

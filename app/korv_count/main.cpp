@@ -8,7 +8,7 @@
 int main(int argc, char** argv) {
   using namespace korv;
   std::ios::sync_with_stdio(false);
-  PrepareStandardStreams();
+  const StandardStreams streams;
   const std::unique_ptr<FileSystem> files = MakeSystemFiles();
   ConsoleYielder yielder;
   const InterruptGuard interrupts(yielder);

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-#include "platform/system_calls.h"
+#include "platform/posix/system_calls.h"
 
 namespace korv {
 
@@ -41,7 +41,8 @@ std::filesystem::path ExecutablePath(const char* argv0) {
   return code ? std::filesystem::path(argv0) : path;
 }
 
-void PrepareStandardStreams() {}
+StandardStreams::StandardStreams() = default;
+StandardStreams::~StandardStreams() = default;
 
 bool StandardErrorIsTerminal() {
   return ::isatty(STDERR_FILENO) == 1;

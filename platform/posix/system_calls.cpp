@@ -1,4 +1,4 @@
-#include "platform/system_calls.h"
+#include "platform/posix/system_calls.h"
 
 #include <fcntl.h>
 #include <stdlib.h>
@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/random_name.h"
 #include "platform/utf8.h"
 
 namespace korv {
@@ -238,11 +239,6 @@ Expected<fs::path, FileError> SystemPrivateTemporaryFolder() {
   std::string name = (parent / "korv-XXXXXX").native();
   if (::mkdtemp(name.data()) == nullptr) return LastError();
   return fs::path(name);
-}
-
-bool SystemIsLink(const fs::directory_entry& entry) {
-  std::error_code code;
-  return entry.is_symlink(code);
 }
 
 std::string PathToText(const fs::path& path) {

@@ -1,34 +1,58 @@
 #include "platform/interrupts.h"
 
-#include <windows.h>
+#include <mutex>
 
-#include <atomic>
+#include "platform/windows/console.h"
+#include "platform/windows/console_events.h"
+#include "platform/windows/waiting_read.h"
 
 namespace korv {
 
 namespace {
 
 // A handler has no other way to reach an object.
-std::atomic<Yielder*> stoppedByInterrupt{nullptr};
+std::mutex yielderMutex;
+Yielder* stoppedByInterrupt = nullptr;
 
-BOOL WINAPI OnInterrupt(DWORD event) {
-  if (event != CTRL_C_EVENT) return FALSE;
-  Yielder* const yielder = stoppedByInterrupt;
-  // Where nobody has heeded the first one, the second ends the program.
-  if (!yielder || yielder->Stopped()) return FALSE;
-  yielder->RequestStop();
-  return TRUE;
+enum class Request { NotTaken, First, Repeated };
+
+Request RequestStop() {
+  const std::lock_guard lock(yielderMutex);
+  if (!stoppedByInterrupt) return Request::NotTaken;
+  if (stoppedByInterrupt->Stopped()) return Request::Repeated;
+  stoppedByInterrupt->RequestStop();
+  return Request::First;
+}
+
+bool EndsTheProgram(DWORD event) {
+  return event == CTRL_CLOSE_EVENT || event == CTRL_LOGOFF_EVENT || event == CTRL_SHUTDOWN_EVENT;
 }
 
 }  // namespace
 
+BOOL WINAPI OnConsoleEvent(DWORD event) {
+  const Request request = RequestStop();
+  if (request == Request::First) EndWaitingRead();
+  if (request != Request::NotTaken && EndsTheProgram(event)) ::Sleep(INFINITE);
+  if (request == Request::First) return TRUE;
+  // Nobody has heeded the one before. What ends the program now runs no destructors.
+  RestoreConsole();
+  return FALSE;
+}
+
 InterruptGuard::InterruptGuard(Yielder& yielder) {
-  stoppedByInterrupt = &yielder;
-  SetConsoleCtrlHandler(OnInterrupt, TRUE);
+  {
+    const std::lock_guard lock(yielderMutex);
+    stoppedByInterrupt = &yielder;
+  }
+  // Once, and never taken back: that would wait for a handler that is waiting for the program's end. Without
+  // a guard it passes everything on.
+  static const BOOL registered = ::SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
+  static_cast<void>(registered);
 }
 
 InterruptGuard::~InterruptGuard() {
-  SetConsoleCtrlHandler(OnInterrupt, FALSE);
+  const std::lock_guard lock(yielderMutex);
   stoppedByInterrupt = nullptr;
 }
 

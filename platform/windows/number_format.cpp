@@ -4,26 +4,17 @@
 
 #include <optional>
 
+#include "platform/windows/wide_text.h"
+
 namespace korv {
 
 namespace {
-
-std::wstring ToWide(const std::string& utf8) {
-  const int size = static_cast<int>(utf8.size());
-  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)),
-                    L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, wide.data(), static_cast<int>(wide.size()));
-  return wide;
-}
 
 std::optional<std::string> LocaleText(const wchar_t* locale, LCTYPE what) {
   wchar_t wide[32];
   const int length = GetLocaleInfoEx(locale, what, wide, static_cast<int>(std::size(wide)));
   if (length <= 0) return std::nullopt;
-  char utf8[4 * std::size(wide)];
-  const int bytes = WideCharToMultiByte(CP_UTF8, 0, wide, length, utf8, sizeof utf8, nullptr, nullptr);
-  if (bytes <= 0) return std::nullopt;
-  return std::string(utf8, static_cast<size_t>(bytes) - 1);
+  return ToUtf8({wide, static_cast<size_t>(length) - 1});
 }
 
 /// Here groups are written "3;2;0": a final 0 means that the last size is repeated, its absence that the

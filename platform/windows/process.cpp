@@ -5,68 +5,148 @@
 #include <stdio.h>
 #include <windows.h>
 
-#include <shellapi.h>
+#include <algorithm>
+#include <iostream>
 
-#include <cerrno>
+#include "platform/windows/console.h"
+#include "platform/windows/extended_path.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/typed_input.h"
+#include "platform/windows/waiting_read.h"
+#include "platform/windows/wide_text.h"
 
-#include "platform/system_calls.h"
+// The runtime's own division of the command line, which its headers leave out.
+struct RuntimeStart {
+  int newMode;
+};
+extern "C" int __cdecl __wgetmainargs(int* count, wchar_t*** arguments, wchar_t*** environment,
+                                      int expandWildcards, RuntimeStart* start);
 
 namespace korv {
 
 namespace {
 
-constexpr int kStandardInput = 0;
-constexpr int kStandardError = 2;
+bool IsConsole(HANDLE handle) {
+  DWORD mode = 0;
+  return ::GetConsoleMode(handle, &mode) != 0;
+}
 
-class StandardInput final : public InputFile {
+/// A file or a pipe.
+class RedirectedInput final : public InputFile {
  public:
-  explicit StandardInput(const Yielder& yielder) : yielder_(yielder) {}
+  RedirectedInput(HANDLE input, const Yielder& yielder) : input_(input), yielder_(yielder) {}
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
+    constexpr size_t kMostAtOnce = size_t{1} << 30;
+    const WaitingRead waiting;
     if (yielder_.Stopped()) return size_t{0};
-    const int got = _read(kStandardInput, buffer.data(), static_cast<unsigned>(buffer.size()));
-    if (got < 0 && !yielder_.Stopped()) return FileErrorOf({errno, std::generic_category()});
-    return got < 0 ? size_t{0} : static_cast<size_t>(got);
+    DWORD got = 0;
+    const auto most = static_cast<DWORD>(std::min(buffer.size(), kMostAtOnce));
+    if (::ReadFile(input_, buffer.data(), most, &got, nullptr)) return static_cast<size_t>(got);
+    switch (const DWORD error = ::GetLastError()) {
+      case ERROR_BROKEN_PIPE:
+      case ERROR_PIPE_NOT_CONNECTED:
+      case ERROR_OPERATION_ABORTED:
+        return size_t{0};
+      case ERROR_MORE_DATA:
+        return static_cast<size_t>(got);
+      default:
+        return ErrorOf(error);
+    }
   }
   uint64_t Size() const override { return 0; }
 
  private:
+  HANDLE input_;
   const Yielder& yielder_;
+};
+
+class ConsoleInput final : public InputFile {
+ public:
+  ConsoleInput(HANDLE console, const Yielder& yielder)
+      : yielder_(yielder),
+        typed_([this, console](std::span<wchar_t> units) { return ReadConsoleUnits(console, units); }) {}
+
+  Expected<size_t, FileError> Read(std::span<char> buffer) override {
+    const size_t got = typed_.Read(buffer);
+    if (fault_ != ERROR_SUCCESS) return ErrorOf(fault_);
+    return got;
+  }
+  uint64_t Size() const override { return 0; }
+
+ private:
+  size_t ReadConsoleUnits(HANDLE console, std::span<wchar_t> units) {
+    const WaitingRead waiting;
+    if (yielder_.Stopped()) return 0;
+    DWORD got = 0;
+    ::SetLastError(ERROR_SUCCESS);
+    const bool read =
+        ::ReadConsoleW(console, units.data(), static_cast<DWORD>(units.size()), &got, nullptr) != 0;
+    const DWORD error = ::GetLastError();
+    if (read && got > 0) return got;
+    if (error == ERROR_OPERATION_ABORTED)
+      WaitForTheInterrupt();
+    else if (!read)
+      fault_ = error;
+    return 0;
+  }
+
+  /// Ctrl-C ends the read at once; the thread that asks for the stop comes a little later.
+  void WaitForTheInterrupt() const {
+    constexpr int kTries = 100;
+    for (int k = 0; k < kTries && !yielder_.Stopped(); ++k) ::Sleep(1);
+  }
+
+  const Yielder& yielder_;
+  TypedInput typed_;
+  DWORD fault_ = ERROR_SUCCESS;
 };
 
 }  // namespace
 
 std::vector<std::string> ProgramArguments(int, char**) {
+  // The system's function for this would make it a program with windows, which is not told on the console
+  // that the user logs off.
   int count = 0;
-  wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+  wchar_t** wide = nullptr;
+  wchar_t** environment = nullptr;
+  RuntimeStart start = {};
+  constexpr int kLeaveWildcards = 0;
   std::vector<std::string> arguments;
-  for (int k = 1; wide && k < count; ++k)
-    arguments.push_back(PathToText(std::filesystem::path(wide[k], std::filesystem::path::native_format)));
-  LocalFree(wide);
+  if (::__wgetmainargs(&count, &wide, &environment, kLeaveWildcards, &start) != 0) return arguments;
+  for (int k = 1; k < count; ++k) arguments.push_back(ToUtf8(wide[k]));
   return arguments;
 }
 
 std::filesystem::path ExecutablePath(const char* argv0) {
-  std::wstring path(32768, L'\0');
-  const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  if (length == 0 || length >= path.size()) return argv0;
+  constexpr size_t kLongestPath = 32768;
+  std::wstring path(kLongestPath, L'\0');
+  const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  if (length == 0 || length >= path.size()) return PathFromText(argv0);
   path.resize(length);
-  return path;
+  return PlainPath(path);
 }
 
-void PrepareStandardStreams() {
-  _setmode(_fileno(stdin), _O_BINARY);
-  _setmode(_fileno(stdout), _O_BINARY);
-  _setmode(_fileno(stderr), _O_BINARY);
-  SetConsoleOutputCP(CP_UTF8);
+StandardStreams::StandardStreams() {
+  for (FILE* const stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
+  PrepareConsole();
+}
+
+StandardStreams::~StandardStreams() {
+  // What is still held back is UTF-8 as well.
+  std::cout.flush();
+  std::cerr.flush();
+  RestoreConsole();
 }
 
 bool StandardErrorIsTerminal() {
-  return _isatty(kStandardError) != 0;
+  return IsConsole(::GetStdHandle(STD_ERROR_HANDLE));
 }
 
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
-  return std::make_unique<StandardInput>(yielder);
+  const HANDLE input = ::GetStdHandle(STD_INPUT_HANDLE);
+  if (IsConsole(input)) return std::make_unique<ConsoleInput>(input, yielder);
+  return std::make_unique<RedirectedInput>(input, yielder);
 }
 
 }  // namespace korv

@@ -1,8 +1,7 @@
 #include <algorithm>
-#include <random>
 
 #include "platform/files.h"
-#include "platform/system_calls.h"
+#include "platform/posix/system_calls.h"
 
 namespace korv {
 
@@ -96,7 +95,7 @@ class SystemFiles final : public FileSystem {
   // Asks the disk about links only: for everything else the listing itself tells the type.
   static void Sort(const fs::directory_entry& entry, FolderListing& listing) {
     std::error_code code;
-    if (SystemIsLink(entry)) {
+    if (entry.is_symlink(code)) {
       const fs::file_status target = entry.status(code);
       if (fs::is_regular_file(target) || !fs::exists(target))
         listing.files.push_back(entry.path().filename());
@@ -134,21 +133,8 @@ std::unique_ptr<FileSystem> MakeSystemFiles() {
   return std::make_unique<SystemFiles>();
 }
 
-std::optional<FileError> InputFile::SeekTo(uint64_t) {
-  return FileErrorOf(std::make_error_code(std::errc::invalid_seek));
-}
-
 FileError FileErrorOf(const std::error_code& code) {
   return {FaultOf(code), code.message()};
-}
-
-std::string RandomNamePart() {
-  static constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
-  std::random_device random;
-  uint64_t bits = (static_cast<uint64_t>(random()) << 32) | random();
-  std::string part;
-  for (int k = 0; k < 8; ++k, bits >>= 5) part += kLetters[bits & 31];
-  return part;
 }
 
 }  // namespace korv
