@@ -25,6 +25,16 @@ std::string WithinBasicPlane(std::string_view text) {
   return within;
 }
 
+// A letter that merely looks alike would be another word.
+constexpr DWORD kHow = WC_NO_BEST_FIT_CHARS;
+constexpr const char* kReplacement = "?";
+
+/// Some encodings, with shifts or for all characters there are, want to be asked otherwise; no system is set
+/// to one of these.
+bool CanBeAsked(UINT number) {
+  return WideCharToMultiByte(number, kHow, L"a", 1, nullptr, 0, kReplacement, nullptr) == 1;
+}
+
 class WindowsCodePage final : public CodePage {
  public:
   explicit WindowsCodePage(UINT number) : number_(number) {}
@@ -36,8 +46,7 @@ class WindowsCodePage final : public CodePage {
     std::wstring wide(within.size(), L'\0');
     const int length = MultiByteToWideChar(CP_UTF8, 0, within.data(), size, wide.data(), size);
     const auto convert = [&](char* out, int room) {
-      // A letter that merely looks alike would be another word.
-      return WideCharToMultiByte(number_, WC_NO_BEST_FIT_CHARS, wide.data(), length, out, room, "?", nullptr);
+      return WideCharToMultiByte(number_, kHow, wide.data(), length, out, room, kReplacement, nullptr);
     };
     const size_t before = bytes.size();
     const int needed = convert(nullptr, 0);
@@ -51,7 +60,7 @@ class WindowsCodePage final : public CodePage {
 
 std::unique_ptr<CodePage> CodePageOfNumber(UINT number) {
   constexpr UINT kAscii = 20127;
-  if (number == CP_UTF8 || number == kAscii || !IsValidCodePage(number)) return nullptr;
+  if (number == CP_UTF8 || number == kAscii || !CanBeAsked(number)) return nullptr;
   return std::make_unique<WindowsCodePage>(number);
 }
 

@@ -22,8 +22,8 @@ FileFacts FactsFrom(DWORD attributes, DWORD sizeHigh, DWORD sizeLow) {
 }
 
 bool FindEntry(const std::wstring& name, WIN32_FIND_DATAW& entry) {
-  const HANDLE search = ::FindFirstFileExW(name.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch,
-                                           nullptr, 0);
+  const HANDLE search =
+      ::FindFirstFileExW(name.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch, nullptr, 0);
   return search != INVALID_HANDLE_VALUE && ::FindClose(search) != 0;
 }
 
@@ -61,7 +61,9 @@ bool IsLink(const fs::path& full) {
 EntryKind KindOfEntry(DWORD attributes, DWORD reparseTag) {
   if ((attributes & FILE_ATTRIBUTE_DEVICE) != 0) return EntryKind::Special;
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-    if (IsReparseTagNameSurrogate(reparseTag)) return EntryKind::Link;
+    // Where it is not told what it is, it may lead in a circle.
+    if (reparseTag == IO_REPARSE_TAG_RESERVED_ZERO || IsReparseTagNameSurrogate(reparseTag))
+      return EntryKind::Link;
     if (reparseTag == kUnixSocket || reparseTag == kUnixPipe || reparseTag == kUnixCharacterDevice ||
         reparseTag == kUnixBlockDevice)
       return EntryKind::Special;

@@ -12,7 +12,7 @@ namespace korv {
 struct FileFacts {
   bool folder = false;
   bool readOnly = false;  ///< Marked as such; of no meaning for folders.
-  uint64_t size = 0;  ///< In bytes; of no meaning for folders.
+  uint64_t size = 0;      ///< In bytes; of no meaning for folders.
 };
 
 /// What a FullPath() that is no device leads to, links followed.

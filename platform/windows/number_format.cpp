@@ -30,6 +30,14 @@ std::string GroupSizes(const std::string& written) {
   return sizes;
 }
 
+/// Newer systems take every name that is well-formed, and find nothing behind those that are nobody's.
+bool IsLocale(const wchar_t* name) {
+  wchar_t found[LOCALE_NAME_MAX_LENGTH];
+  constexpr int kEmptyName = 1;  // Its end alone.
+  return IsValidLocaleName(name) &&
+         ResolveLocaleName(name, found, static_cast<int>(std::size(found))) > kEmptyName;
+}
+
 }  // namespace
 
 NumberFormat NumberFormatOfLocale(const std::string& name, bool& known) {
@@ -39,7 +47,7 @@ NumberFormat NumberFormatOfLocale(const std::string& name, bool& known) {
     if (c == '_') c = '-';
   const std::wstring wide = ToWide(plain);
   const wchar_t* locale = plain.empty() ? LOCALE_NAME_USER_DEFAULT : wide.c_str();
-  known = plain.empty() || plain == "C" || plain == "POSIX" || IsValidLocaleName(locale) != 0;
+  known = plain.empty() || plain == "C" || plain == "POSIX" || IsLocale(locale);
   if (!known) return {};
   NumberFormat format;
   if (plain == "C" || plain == "POSIX") {

@@ -86,7 +86,7 @@ class ConsoleInput final : public InputFile {
     if (read && got > 0) return got;
     if (error == ERROR_OPERATION_ABORTED)
       WaitForTheInterrupt();
-    else if (!read)
+    else if (!read && !yielder_.Stopped())
       fault_ = error;
     return 0;
   }

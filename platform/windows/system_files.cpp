@@ -179,8 +179,7 @@ class SystemFiles final : public FileSystem {
     if (IsDevice(full)) return ErrorOf(ERROR_ACCESS_DENIED);
     const std::wstring name = ExtendedPath(full.native());
     const DWORD attributes = ::GetFileAttributesW(name.c_str());
-    const bool folder =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const bool folder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if (folder ? ::RemoveDirectoryW(name.c_str()) : ::DeleteFileW(name.c_str())) return std::nullopt;
     return ErrorAt(full, ::GetLastError());
   }

@@ -23,8 +23,8 @@ class TypedInput {
   void Take(std::wstring_view units);
 
   ReadUnits read_;
-  std::string bytes_;     ///< Typed, and not yet handed on.
-  wchar_t pending_ = 0;   ///< The first half of a character whose second half has not been read; or 0.
+  std::string bytes_;    ///< Typed, and not yet handed on.
+  wchar_t pending_ = 0;  ///< The first half of a character whose second half has not been read; or 0.
   bool atLineBegin_ = true;
   bool ended_ = false;
 };

@@ -13,13 +13,13 @@ struct Row {
 };
 
 TEST(ExtendedPath, TakesPathsWordForWordAndPlainPathTakesItBack) {
-  for (const Row& row : {Row{LR"(C:\)", LR"(\\?\C:\)"}, Row{LR"(C:\a b\c.txt)", LR"(\\?\C:\a b\c.txt)"},
-                         Row{LR"(z:\x)", LR"(\\?\z:\x)"},
-                         Row{LR"(\\server\share\x)", LR"(\\?\UNC\server\share\x)"},
-                         Row{LR"(\\server\share\)", LR"(\\?\UNC\server\share\)"},
-                         Row{L"C:\\caf\u00E9\\\u65E5\u672C", L"\\\\?\\C:\\caf\u00E9\\\u65E5\u672C"},
-                         Row{LR"(\\.\NUL)", LR"(\\.\NUL)"}, Row{LR"(\\.\pipe\x)", LR"(\\.\pipe\x)"},
-                         Row{LR"(\\?\Volume{1}\x)", LR"(\\?\Volume{1}\x)"}, Row{L"", L""}}) {
+  for (const Row& row :
+       {Row{LR"(C:\)", LR"(\\?\C:\)"}, Row{LR"(C:\a b\c.txt)", LR"(\\?\C:\a b\c.txt)"},
+        Row{LR"(z:\x)", LR"(\\?\z:\x)"}, Row{LR"(\\server\share\x)", LR"(\\?\UNC\server\share\x)"},
+        Row{LR"(\\server\share\)", LR"(\\?\UNC\server\share\)"},
+        Row{L"C:\\caf\u00E9\\\u65E5\u672C", L"\\\\?\\C:\\caf\u00E9\\\u65E5\u672C"},
+        Row{LR"(\\.\NUL)", LR"(\\.\NUL)"}, Row{LR"(\\.\pipe\x)", LR"(\\.\pipe\x)"},
+        Row{LR"(\\?\Volume{1}\x)", LR"(\\?\Volume{1}\x)"}, Row{L"", L""}}) {
     EXPECT_EQ(ExtendedPath(row.plain), row.extended);
     EXPECT_EQ(PlainPath(row.extended), row.plain);
     EXPECT_EQ(ExtendedPath(row.extended), row.extended) << "a second time changes nothing";

@@ -61,8 +61,8 @@ class WindowsFilesTest : public testing::Test {
 
 /// Another program that has a file open.
 Handle OpenByOther(const fs::path& path, DWORD sharing, DWORD access = GENERIC_READ) {
-  Handle file(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                          nullptr));
+  Handle file(
+      CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   EXPECT_TRUE(file.Open());
   return file;
 }
@@ -179,15 +179,15 @@ TEST_F(WindowsFilesTest, ASeparatorAtTheEndIsKeptAtARootOnly) {
     const wchar_t* given;
     const wchar_t* absolute;
   };
-  for (const Row& row : {Row{L"C:\\", L"C:\\"}, Row{L"C:/", L"C:\\"}, Row{L"C:\\a\\..", L"C:\\"},
-                         Row{L"C:\\a\\", L"C:\\a"}, Row{L"C:\\a\\b\\..\\", L"C:\\a"},
-                         Row{LR"(\\server\share\)", LR"(\\server\share\)"},
-                         Row{LR"(\\server\share\a\)", LR"(\\server\share\a)"},
-                         Row{LR"(\\server\share\..\a)", LR"(\\server\share\a)"},
-                         Row{LR"(//server/share/a/../b)", LR"(\\server\share\b)"},
-                         Row{LR"(\\server\share)", LR"(\\server\share)"},
-                         Row{LR"(\\?\C:\a\b)", LR"(C:\a\b)"}, Row{LR"(\\?\UNC\server\share\a)", LR"(\\server\share\a)"},
-                         Row{LR"(\\.\C:\a)", LR"(C:\a)"}, Row{L"", L""}})
+  for (const Row& row :
+       {Row{L"C:\\", L"C:\\"}, Row{L"C:/", L"C:\\"}, Row{L"C:\\a\\..", L"C:\\"}, Row{L"C:\\a\\", L"C:\\a"},
+        Row{L"C:\\a\\b\\..\\", L"C:\\a"}, Row{LR"(\\server\share\)", LR"(\\server\share\)"},
+        Row{LR"(\\server\share\a\)", LR"(\\server\share\a)"},
+        Row{LR"(\\server\share\..\a)", LR"(\\server\share\a)"},
+        Row{LR"(//server/share/a/../b)", LR"(\\server\share\b)"},
+        Row{LR"(\\server\share)", LR"(\\server\share)"}, Row{LR"(\\?\C:\a\b)", LR"(C:\a\b)"},
+        Row{LR"(\\?\UNC\server\share\a)", LR"(\\server\share\a)"}, Row{LR"(\\.\C:\a)", LR"(C:\a)"},
+        Row{L"", L""}})
     EXPECT_EQ(files->AbsolutePath(row.given), fs::path(row.absolute)) << PathToText(row.given);
 }
 
@@ -440,9 +440,9 @@ TEST(EntryKind, OnlyWhatLeadsElsewhereIsALink) {
         Row{kReparse, IO_REPARSE_TAG_SYMLINK, EntryKind::Link},
         Row{kReparse | kFolder, IO_REPARSE_TAG_SYMLINK, EntryKind::Link},
         Row{kReparse | kFolder, IO_REPARSE_TAG_MOUNT_POINT, EntryKind::Link},
-        Row{kReparse, kOtherSystemsLink, EntryKind::Link}, Row{kReparse, kCloud, EntryKind::File},
-        Row{kReparse | kFolder, kCloud, EntryKind::Folder}, Row{kReparse, kDeduplicated, EntryKind::File},
-        Row{kReparse, kOtherSystemsPipe, EntryKind::Special},
+        Row{kReparse | kFolder, 0, EntryKind::Link}, Row{kReparse, kOtherSystemsLink, EntryKind::Link},
+        Row{kReparse, kCloud, EntryKind::File}, Row{kReparse | kFolder, kCloud, EntryKind::Folder},
+        Row{kReparse, kDeduplicated, EntryKind::File}, Row{kReparse, kOtherSystemsPipe, EntryKind::Special},
         Row{FILE_ATTRIBUTE_DEVICE, 0, EntryKind::Special}})
     EXPECT_EQ(KindOfEntry(row.attributes, row.tag), row.kind) << row.attributes << ' ' << row.tag;
 }
