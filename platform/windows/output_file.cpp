@@ -80,7 +80,6 @@ class ReplacingOutput final : public OutputFile {
     // A file that takes another's place must be on the disk first, or a crash of the system could leave
     // neither. A new file has nothing to lose, and waiting for the disk is slow.
     const bool kept = !replaces_ || ::FlushFileBuffers(file_.Get());
-    triedToReplace_ = replaces_;
     if (!kept || !file_.Close() || !TakePlace())
       fault_ = LastError();
     else
@@ -91,6 +90,7 @@ class ReplacingOutput final : public OutputFile {
  private:
   bool TakePlace() {
     if (replaces_ && !MayStillBeReplaced()) return false;
+    triedToReplace_ = replaces_;
     // Replacing keeps the rights and times of the old file, moving does not; but not every file system can.
     return (replaces_ && ::ReplaceFileW(target_.c_str(), temporary_.c_str(), nullptr,
                                         REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) ||

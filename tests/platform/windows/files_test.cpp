@@ -414,6 +414,29 @@ TEST_F(WindowsFilesTest, APipeIsReadToItsEnd) {
 
 // ---- Folders and links
 
+TEST_F(WindowsFilesTest, TheTemporaryFolderIsForItsOwnerOnly) {
+  constexpr DWORD kRoom = 4096;
+  alignas(SECURITY_DESCRIPTOR) unsigned char descriptor[kRoom];
+  DWORD needed = 0;
+  ASSERT_TRUE(GetFileSecurityW(folder.Path().c_str(), DACL_SECURITY_INFORMATION, descriptor, kRoom, &needed));
+  BOOL present = FALSE;
+  BOOL byDefault = FALSE;
+  ACL* rights = nullptr;
+  ASSERT_TRUE(GetSecurityDescriptorDacl(descriptor, &present, &rights, &byDefault));
+  ASSERT_TRUE(present && rights) << "everybody may do everything";
+  ASSERT_GT(rights->AceCount, 0U);
+  for (DWORD k = 0; k < rights->AceCount; ++k) {
+    ACCESS_ALLOWED_ACE* right = nullptr;
+    ASSERT_TRUE(GetAce(rights, k, reinterpret_cast<void**>(&right)));
+    for (const WELL_KNOWN_SID_TYPE others : {WinWorldSid, WinBuiltinUsersSid, WinAuthenticatedUserSid})
+      EXPECT_FALSE(right->Header.AceType == ACCESS_ALLOWED_ACE_TYPE &&
+                   IsWellKnownSid(&right->SidStart, others))
+          << others;
+  }
+  WriteTestFile(folder / "a.txt", "words");
+  EXPECT_EQ(Read(folder / "a.txt"), "words") << "its owner can";
+}
+
 TEST_F(WindowsFilesTest, HiddenAndSystemFilesAreListed) {
   WriteTestFile(folder / "hidden.txt", "words");
   WriteTestFile(folder / "system.txt", "words");
