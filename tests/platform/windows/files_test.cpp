@@ -67,14 +67,22 @@ Handle OpenByOther(const fs::path& path, DWORD sharing, DWORD access = GENERIC_R
   return file;
 }
 
-/// What no other call of the test could make: the name is taken as it is written.
-void WriteWordForWord(const fs::path& path, const std::string& content) {
-  const Handle file(CreateFileW(ExtendedPath(path.native()).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
-  ASSERT_TRUE(file.Open()) << GetLastError();
-  DWORD written = 0;
-  ASSERT_TRUE(WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr));
-}
+/// A file whose name is taken as it is written; no other call could make it, or remove it.
+class WordForWordFile {
+ public:
+  WordForWordFile(const fs::path& path, const std::string& content) : name_(ExtendedPath(path.native())) {
+    const Handle file(
+        CreateFileW(name_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr));
+  }
+  ~WordForWordFile() { DeleteFileW(name_.c_str()); }
+  WordForWordFile(const WordForWordFile&) = delete;
+  WordForWordFile& operator=(const WordForWordFile&) = delete;
+
+ private:
+  std::wstring name_;
+};
 
 // ---- Long paths
 
@@ -144,9 +152,9 @@ TEST_F(WindowsFilesTest, ANameThatIsNoTextIsListedAndReadAndItsTextMarksIt) {
 }
 
 TEST_F(WindowsFilesTest, NamesThatCannotBeTypedAreReadAsTheyWereListed) {
-  WriteWordForWord(folder / "report.", "period");
-  WriteWordForWord(folder / "report ", "blank");
-  WriteWordForWord(folder / "NUL", "device");
+  const WordForWordFile period(folder / "report.", "period");
+  const WordForWordFile blank(folder / "report ", "blank");
+  const WordForWordFile device(folder / "NUL", "device");
   WriteTestFile(folder / "report", "plain");
   for (const fs::path& place : {folder.Path(), folder / "." / ""}) {
     EXPECT_EQ(Read(place / "report."), "period");
@@ -211,9 +219,8 @@ TEST_F(WindowsFilesTest, PathsWithoutAPlaceBeginAtTheCurrentFolder) {
   EXPECT_EQ(files->AbsolutePath(drive), folder.Path());
   EXPECT_EQ(files->AbsolutePath(L"\\x.txt"), fs::path(drive + L"\\x.txt"));
   EXPECT_EQ(files->AbsolutePath(L"\\a/../x.txt"), fs::path(drive + L"\\x.txt"));
-  WriteWordForWord(folder / "x.", "words");
+  const WordForWordFile file(folder / "x.", "words");
   EXPECT_EQ(Read(drive + L".\\x."), "words");
-  EXPECT_FALSE(files->Remove(folder / "x."));
 }
 
 TEST_F(WindowsFilesTest, TheRootOfADriveIsAFolder) {
