@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QDir>
 #include <QIcon>
 #include <QSettings>
 
@@ -6,9 +7,9 @@
 #include "app/windows/desktop.h"
 #include "app/windows/frm_main.h"
 #include "platform/qt/color_scheme.h"
+#include "platform/qt/desktop_launcher.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_launcher.h"
 #include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_yielder.h"
 #include "platform/qt/standard_places.h"
@@ -40,12 +41,12 @@ int main(int argc, char** argv) {
   korv::QtMessages messages;
   korv::QtDialogs dialogs;
   korv::QtClipboard clipboard;
-  korv::QtLauncher launcher;
+  const auto launcher = korv::MakeDesktopLauncher();
   korv::QtYielder yielder;
   const SteadyClock clock;
   const auto files = korv::MakeSystemFiles();
-  const auto folder =
-      korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(QApplication::applicationFilePath())));
+  const QString program = QDir::toNativeSeparators(QApplication::applicationFilePath());
+  const auto folder = korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(program)));
   QSettings store(QStringLiteral("Korv"), QStringLiteral("windows"));
 
   const auto encoding = korv::SystemCodePage();
@@ -54,7 +55,7 @@ int main(int argc, char** argv) {
   const korv::Desktop desktop{.messages = messages,
                               .dialogs = dialogs,
                               .clipboard = clipboard,
-                              .launcher = launcher,
+                              .launcher = *launcher,
                               .files = *files,
                               .yielder = yielder,
                               .clock = clock,

@@ -1,6 +1,8 @@
 #include "platform/qt/standard_places.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QOperatingSystemVersion>
 #include <QStandardPaths>
 
@@ -9,13 +11,19 @@
 
 namespace korv {
 
+std::filesystem::path StateFilePathFor(const QString& program, const QString& folder) {
+  QString name = QFileInfo(program).fileName();
+  if (name.endsWith(QLatin1String(".exe"), Qt::CaseInsensitive)) name.chop(4);
+  const QString place = folder.isEmpty() ? QDir::rootPath() + QStringLiteral("Korv") : folder;
+  return PathFromText(FromQt(QDir::toNativeSeparators(place + u'/' + name + QStringLiteral(".usr"))));
+}
+
 std::filesystem::path StateFilePath() {
   const bool windows = QOperatingSystemVersion::currentType() == QOperatingSystemVersion::Windows;
   // Both end with the application's name, "Korv".
-  QString folder = QStandardPaths::writableLocation(windows ? QStandardPaths::AppDataLocation
-                                                            : QStandardPaths::AppConfigLocation);
-  if (folder.isEmpty()) folder = QDir::rootPath() + QStringLiteral("Korv");
-  return PathFromText(FromQt(folder)) / "korv.usr";
+  return StateFilePathFor(QCoreApplication::applicationFilePath(),
+                          QStandardPaths::writableLocation(windows ? QStandardPaths::AppDataLocation
+                                                                   : QStandardPaths::AppConfigLocation));
 }
 
 }  // namespace korv

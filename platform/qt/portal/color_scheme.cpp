@@ -8,7 +8,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QStyleFactory>
+
+#include "platform/qt/scheme_switch.h"
 
 namespace korv {
 namespace {
@@ -23,7 +24,7 @@ constexpr uint kDark = 1;
 class Follower final : public QObject {
   Q_OBJECT
  public:
-  explicit Follower(QObject* parent) : QObject(parent), light_(QApplication::palette()) {
+  Follower(QObject* parent, const SchemeSwitch& scheme) : QObject(parent), scheme_(scheme) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
     bus.connect(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kInterface),
@@ -48,26 +49,17 @@ class Follower final : public QObject {
   void Apply(QVariant value) {
     // Read() wraps the value once more than the signal does.
     while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
-    const bool dark = value.toUInt() == kDark;
-    if (dark == dark_) return;
-    dark_ = dark;
-    // The one style that takes all its colours from the palette.
-    if (dark) QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(dark ? DarkPalette() : light_);
+    scheme_.Turn(value.toUInt() == kDark);
   }
 
-  QPalette light_;
-  bool dark_ = false;
+  SchemeSwitch scheme_;
 };
-
-bool PaletteIsDark() {
-  return QApplication::palette().color(QPalette::Window).lightness() < 128;
-}
 
 }  // namespace
 
 void FollowColorScheme() {
-  if (!PaletteIsDark()) new Follower(qApp);
+  const SchemeSwitch scheme;
+  if (!scheme.CameUpDark()) new Follower(qApp, scheme);
 }
 
 }  // namespace korv
