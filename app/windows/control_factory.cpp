@@ -2,8 +2,27 @@
 
 namespace korv {
 
+namespace {
+
+/// Some styles set the caption almost against the frame.
+class Button final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+  QSize sizeHint() const override { return WithRoom(QPushButton::sizeHint()); }
+  QSize minimumSizeHint() const override { return WithRoom(QPushButton::minimumSizeHint()); }
+
+ private:
+  QSize WithRoom(QSize hint) const {
+    constexpr int kRoom = 20;
+    const int caption = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return hint.expandedTo({caption + kRoom, 0});
+  }
+};
+
+}  // namespace
+
 QPushButton* MakeButton(const char* name, const char* caption, QWidget* parent) {
-  auto* button = Named(new QPushButton(QString::fromUtf8(caption), parent), name);
+  auto* button = Named<QPushButton>(new Button(QString::fromUtf8(caption), parent), name);
   button->setAutoDefault(false);
   return button;
 }

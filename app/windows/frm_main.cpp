@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 #include <QUrl>
 
@@ -47,7 +48,8 @@ frmMain::frmMain(const Desktop& desktop)
                .programText = desktop.programText,
                .programFolder = desktop.programFolder,
                .stateFile = desktop.stateFile,
-               .store = desktop.store},
+               .store = desktop.store,
+               .encoding = desktop.encoding},
       recentFiles_(desktop.store, "recent/files"),
       recentFolders_(desktop.store, "recent/folders") {
   setObjectName(QStringLiteral("frmMain"));
@@ -302,8 +304,10 @@ void frmMain::RestoreGeometry() {
     return;
   }
   // The first time: as high as the screen allows, up to where more height helps nobody.
-  const QSize room = screen()->availableSize();
-  resize(std::min(1280, room.width() * 9 / 10), std::min(900, room.height() * 9 / 10));
+  // In the middle, for some systems would let a part of it hang out of the screen.
+  const QRect room = screen()->availableGeometry();
+  const QSize size(std::min(1280, room.width() * 9 / 10), std::min(900, room.height() * 9 / 10));
+  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, room));
 }
 
 void frmMain::StoreGeometry() {

@@ -427,6 +427,7 @@ void FrmMainControls::BuildStatusLine(QMainWindow* window) {
   for (QLabel* label : {lblStatusFiles, lblStatusWords, lblStatusPhrases}) {
     label->setContentsMargins(8, 0, 8, 0);
     bar->addPermanentWidget(label);
+    label->hide();
   }
 }
 

@@ -177,8 +177,12 @@ void frmMain::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
            QString::fromUtf8(number == 1 ? one : many);
   };
   lblStatusFiles->setText(files == 0 ? QString() : count(files, "file", "files"));
+  // Some styles draw lines between the fields, around empty ones too.
+  lblStatusFiles->setVisible(files != 0);
   lblStatusWords->setText(count(words, "word", "words"));
   lblStatusPhrases->setText(count(phrases, "different phrase", "different phrases"));
+  lblStatusWords->show();
+  lblStatusPhrases->show();
 }
 
 // ---- Listing
