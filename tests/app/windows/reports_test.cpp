@@ -1,6 +1,7 @@
 // Listing what was counted: formats, orders, the filter, the output file.
 
 #include "tests/app/windows/window_test.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -121,11 +122,11 @@ TEST_F(Reports, ListAFolderInItsOwnFormats) {
   EXPECT_THAT(Output(), HasSubstr(" Files"));
   Choose("cboDisplayFormat", 11);
   EXPECT_THAT(Output(), HasSubstr("{Folder} = " + PathOf("texts") + "\n"));
-  EXPECT_THAT(Output(), HasSubstr("{Folder}/a.txt  {Folder}/b.txt"));
+  EXPECT_THAT(Output(), HasSubstr(WithNativePaths("{Folder}/a.txt  {Folder}/b.txt")));
   Choose("cboDisplayFormat", 12);
-  EXPECT_THAT(Output(), HasSubstr("     50.00% {Folder}/a.txt\n"));
+  EXPECT_THAT(Output(), HasSubstr(WithNativePaths("     50.00% {Folder}/a.txt\n")));
   Check("chkSortByNumberOfFiles");
-  EXPECT_THAT(Output(), HasSubstr("     50.00% {Folder}/b.txt\n"));
+  EXPECT_THAT(Output(), HasSubstr(WithNativePaths("     50.00% {Folder}/b.txt\n")));
 }
 
 TEST_F(Reports, KeepToFormatZeroWhenTheListedSourceWasNoFolder) {

@@ -2,6 +2,7 @@
 // Run by scripts/screenshots. TEXT is the file to be counted, shown as it is named.
 
 #include <QApplication>
+#include <QDir>
 #include <QImage>
 #include <QPlainTextEdit>
 #include <QSet>
@@ -14,8 +15,8 @@
 
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
-#include "platform/qt/color_scheme.h"
 #include "platform/qt/qt_yielder.h"
+#include "platform/qt/scheme_switch.h"
 #include "platform/qt/text.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_desktop.h"
@@ -44,9 +45,9 @@ QImage FewColours(QImage image) {
   return table.size() <= 256 ? image.convertToFormat(QImage::Format_Indexed8, table) : image;
 }
 
-bool Save(QWidget& window, const QString& folder, const char* name) {
+bool Save(QWidget& window, const QString& folder, const QString& name) {
   QApplication::processEvents();
-  const QString path = folder + u'/' + QLatin1String(name);
+  const QString path = folder + u'/' + QLatin1String(KORV_PICTURE_PREFIX) + name;
   constexpr int kSmallest = 0;
   if (FewColours(window.grab().toImage()).save(path, "PNG", kSmallest)) return true;
   std::fprintf(stderr, "%s cannot be written\n", qPrintable(path));
@@ -79,37 +80,41 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
                          .store = store});
   window.show();
   if (!window.Form_Load()) return false;
-  window.resize(1180, 800);
+  window.resize(1180, 860);
   window.txbFile[0]->setText(ToQt(text));
   window.cboPhraseLength[0]->setCurrentIndex(1);
   window.SelectSource(TextSource::SingleFile);
   window.cmdCountPhrases_Click();
   window.Timer1_Timer();
-  QTest::qWait(50);
+  window.activateWindow();
+  if (!QTest::qWaitForWindowActive(&window)) return false;
+
+  const QString scheme = dark ? QStringLiteral("-dark.png") : QStringLiteral("-light.png");
+  if (!Save(window, folder, QStringLiteral("main") + scheme)) return false;
 
   frmParams& params = window.Params();
   // The list shows where the program lies on this machine; pictures need not.
-  params.cboWordsFile->setItemText(0, QStringLiteral("/usr/share/korv/cwds_en.txt"));
+  params.cboWordsFile->setItemText(
+      0, QDir::toNativeSeparators(QStringLiteral(KORV_PICTURE_PROGRAM_FOLDER "/cwds_en.txt")));
   params.txbWordsToIgnoreOrCount[0]->setPlainText(QStringLiteral("ibid vide viz sans ~ly"));
   params.resize(900, 700);
   params.show();
-  return Save(window, folder, dark ? "main-dark.png" : "main-light.png") &&
-         Save(params, folder, dark ? "settings-dark.png" : "settings-light.png");
+  return Save(params, folder, QStringLiteral("settings") + scheme);
 }
 
 }  // namespace
 }  // namespace korv
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", KORV_WINDOW_SYSTEM);
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral(KORV_PICTURE_STYLE)));
   if (argc != 3) {
     std::fprintf(stderr, "screenshots TEXT FOLDER\n");
     return 2;
   }
   if (!korv::Picture(argv[1], QString::fromLocal8Bit(argv[2]), false)) return 1;
-  QApplication::setPalette(korv::DarkPalette());
+  korv::SchemeSwitch().Turn(true);
   return korv::Picture(argv[1], QString::fromLocal8Bit(argv[2]), true) ? 0 : 1;
 }

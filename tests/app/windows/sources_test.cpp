@@ -6,6 +6,7 @@
 #include <QMimeData>
 
 #include "tests/app/windows/window_test.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -74,7 +75,7 @@ TEST_F(Sources, AreTakenFromWhatIsDroppedOnTheWindow) {
     QApplication::sendEvent(main.get(), &drop);
     EXPECT_TRUE(Checked(option));
   }
-  EXPECT_EQ(TextOf("txbFolder"), folder.path().toStdString());
+  EXPECT_EQ(TextOf("txbFolder"), FolderPath());
   EXPECT_EQ(TextOf("txbFile_0"), path);
 }
 
@@ -271,8 +272,8 @@ TEST_F(Sources, ListTheFilesThatWouldBeScanned) {
   Type("txbFileFilepathSpecifications_1", "bak");
   Check("chkIncludeSubfolders");
   Click("cmdListFiles");
-  EXPECT_EQ(Output(),
-            "{Folder} = " + PathOf("texts") + "\n{Folder}/a.txt\n{Folder}/b.txt\n{Folder}/sub/c.txt\n");
+  EXPECT_EQ(Output(), "{Folder} = " + PathOf("texts") + "\n" +
+                          WithNativePaths("{Folder}/a.txt\n{Folder}/b.txt\n{Folder}/sub/c.txt\n"));
   EXPECT_TRUE(Enabled("cmdListFiles"));
 }
 

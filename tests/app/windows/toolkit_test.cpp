@@ -11,9 +11,10 @@
 #include "app/windows/output_text_box.h"
 #include "platform/qt/color_scheme.h"
 #include "platform/qt/qt_clipboard.h"
-#include "platform/qt/qt_launcher.h"
 #include "platform/qt/qt_messages.h"
+#include "platform/qt/standard_places.h"
 #include "tests/app/windows/window_test.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -212,6 +213,31 @@ TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
     EXPECT_EQ(messages.Only().title, c.title);
     EXPECT_EQ(messages.Only().text, c.text);
   }
+}
+
+// ---- Standard places
+
+TEST(TheStateFile, IsNamedAfterTheProgram) {
+  const QString folder = QStringLiteral("/data/Korv");
+  const std::filesystem::path place(Below("", "data/Korv"));
+  EXPECT_EQ(StateFilePathFor(QStringLiteral("/usr/bin/korv"), folder), place / "korv.usr");
+  EXPECT_EQ(StateFilePathFor(QStringLiteral("/opt/korv-1.2"), folder), place / "korv-1.2.usr");
+  EXPECT_EQ(StateFilePathFor(QStringLiteral("C:/Programs/korv.exe"), folder), place / "korv.usr");
+  EXPECT_EQ(StateFilePathFor(QStringLiteral("C:/Programs/KORV120.EXE"), folder), place / "KORV120.usr");
+}
+
+TEST(TheStateFile, LiesInTheFolderOfTheApplication) {
+  const std::filesystem::path path = StateFilePath();
+  EXPECT_EQ(path.parent_path().filename(), "Korv");
+  EXPECT_EQ(path.stem(), std::filesystem::path(QApplication::applicationFilePath().toStdString()).stem());
+  EXPECT_EQ(path.extension(), ".usr");
+  EXPECT_EQ(path, std::filesystem::path(path).make_preferred());
+}
+
+TEST(TheStateFile, LiesAtTheRootOfTheDriveWithoutAFolder) {
+  const std::filesystem::path path = StateFilePathFor(QStringLiteral("korv.exe"), {});
+  EXPECT_EQ(path, path.root_path() / "Korv" / "korv.usr");
+  EXPECT_TRUE(path.is_absolute());
 }
 
 // ---- Colours

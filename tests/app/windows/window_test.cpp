@@ -1,6 +1,7 @@
 #include "tests/app/windows/window_test.h"
 
 #include <QApplication>
+#include <QDir>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -18,20 +19,23 @@ WindowTest::~WindowTest() {
 
 void WindowTest::MakeWindow() {
   End();
-  const NumberFormat numbers;
-  main = std::make_unique<frmMain>(Desktop{.messages = messages,
-                                           .dialogs = dialogs,
-                                           .clipboard = clipboard,
-                                           .launcher = launcher,
-                                           .files = *files,
-                                           .yielder = yielder,
-                                           .clock = clock,
-                                           .numbers = numbers,
-                                           .programText = programText,
-                                           .programFolder = programFolder,
-                                           .stateFile = StatePath(),
-                                           .store = *store});
+  main = std::make_unique<frmMain>(Surroundings());
   main->show();
+}
+
+Desktop WindowTest::Surroundings() {
+  return {.messages = messages,
+          .dialogs = dialogs,
+          .clipboard = clipboard,
+          .launcher = launcher,
+          .files = *files,
+          .yielder = yielder,
+          .clock = clock,
+          .numbers = {},
+          .programText = programText,
+          .programFolder = programFolder,
+          .stateFile = PathFromText(StatePath()),
+          .store = *store};
 }
 
 bool WindowTest::Start() {
@@ -50,19 +54,24 @@ void WindowTest::End() {
 }
 
 std::string WindowTest::WriteFile(const std::string& name, const std::string& bytes) const {
-  const std::filesystem::path path(PathOf(name));
+  const std::string text = PathOf(name);
+  const std::filesystem::path path = PathFromText(text);
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << bytes;
-  return path.string();
+  return text;
 }
 
 std::string WindowTest::PathOf(const std::string& name) const {
-  return folder.filePath(QString::fromStdString(name)).toStdString();
+  return QDir::toNativeSeparators(folder.filePath(QString::fromStdString(name))).toStdString();
+}
+
+std::string WindowTest::FolderPath() const {
+  return QDir::toNativeSeparators(folder.path()).toStdString();
 }
 
 std::string WindowTest::ReadFile(const std::string& path) {
   std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  bytes << std::ifstream(PathFromText(path), std::ios::binary).rdbuf();
   return bytes.str();
 }
 
@@ -119,8 +128,7 @@ std::vector<std::string> WindowTest::Shown() {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  // Windows are tested without a display unless one is asked for.
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", KORV_WINDOW_SYSTEM);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Korv"));
   QApplication::setApplicationDisplayName(QStringLiteral("Korv"));

@@ -43,13 +43,16 @@ class WindowTest : public testing::Test {
   bool Start();
   /// Only makes the window; its Form_Load() is still to be called.
   void MakeWindow();
+  /// What the next window stands on.
+  virtual Desktop Surroundings();
   void End();
 
   // ---- Files
 
-  /// Writes `bytes` into a file of the temporary folder and returns its path.
+  /// Writes `bytes` into a file of the temporary folder and returns its path, as the system writes paths.
   std::string WriteFile(const std::string& name, const std::string& bytes) const;
   std::string PathOf(const std::string& name) const;
+  std::string FolderPath() const;
   static std::string ReadFile(const std::string& path);
   std::string StatePath() const { return PathOf("config/korv.usr"); }
 

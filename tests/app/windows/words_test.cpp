@@ -139,7 +139,7 @@ TEST_F(Words, OfALanguageAreLoadedOnRequest) {
 }
 
 TEST_F(Words, OfALanguageMayBeMissing) {
-  programFolder = folder.path().toStdString();
+  programFolder = PathFromText(FolderPath());
   ASSERT_TRUE(Start());
   messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
   Choose("cboCommonWordsLanguages", 2);
