@@ -47,7 +47,10 @@ int main(int argc, char** argv) {
   const auto files = korv::MakeSystemFiles();
   const QString program = QDir::toNativeSeparators(QApplication::applicationFilePath());
   const auto folder = korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(program)));
-  QSettings store(QStringLiteral("Korv"), QStringLiteral("windows"));
+  // Everything that the program keeps lies in one folder, on every system.
+  const std::filesystem::path stateFile = korv::StateFilePath();
+  QSettings store(korv::ToQt(korv::PathToText(stateFile.parent_path() / "windows.conf")),
+                  QSettings::IniFormat);
 
   const auto encoding = korv::SystemCodePage();
   bool known = false;
@@ -62,7 +65,7 @@ int main(int argc, char** argv) {
                               .numbers = known ? system : korv::NumberFormat{},
                               .programText = folder / korv::kProgramTextName,
                               .programFolder = folder,
-                              .stateFile = korv::StateFilePath(),
+                              .stateFile = stateFile,
                               .store = store,
                               .encoding = encoding.get()};
   korv::frmMain window(desktop);

@@ -271,9 +271,12 @@ void frmMain::BeginRun() {
   progress_ = {};
   desktop_.yielder.ClearStop();
   runStart_ = desktop_.clock.Now();
+  const bool onCount = focusWidget() == cmdCountPhrases;
   EnableDisableButtons(false);
   SetCountPhrasesCaption();
   cmdCountPhrases->setEnabled(true);
+  // For a moment the next button that may be used had it, which is "Quit".
+  if (onCount) cmdCountPhrases->setFocus();
   prgProgress->setValue(0);
   prgProgress->setTextVisible(true);
   lblTimeElapsed->setText(QStringLiteral("Time elapsed: 0s"));

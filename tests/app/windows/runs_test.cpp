@@ -142,6 +142,15 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
   }
 }
 
+TEST_F(Runs, LeaveTheFocusOnTheButtonThatStartsAndStopsThem) {
+  UseLongText();
+  const auto focused = [&] { return main->focusWidget()->objectName().toStdString(); };
+  Find<QAbstractButton>("cmdCountPhrases")->setFocus();
+  DuringTheRun([&] { EXPECT_EQ(focused(), "cmdCountPhrases"); });
+  Count();
+  EXPECT_EQ(focused(), "cmdCountPhrases");
+}
+
 TEST_F(Runs, MoveTheProgressBarAndTheTwirler) {
   UseLongText();
   auto* bar = Find<QProgressBar>("prgProgress");
