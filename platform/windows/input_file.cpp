@@ -76,7 +76,7 @@ Expected<std::unique_ptr<InputFile>, FileError> OpenInput(const fs::path& full) 
                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   if (!file.Open()) {
     const DWORD error = ::GetLastError();
-    if (error == ERROR_ACCESS_DENIED && !IsDevice(full)) {
+    if (!IsDevice(full)) {
       const Expected<FileFacts, FileError> facts = FactsOf(full);
       if (facts && facts->folder) return FolderError();
     }

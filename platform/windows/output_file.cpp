@@ -169,7 +169,7 @@ Expected<std::unique_ptr<OutputFile>, FileError> OpenOutput(const fs::path& full
   Handle existing = OpenExisting(ExtendedPath(full.native()), kReplace);
   if (!existing.Open()) {
     const DWORD error = ::GetLastError();
-    if (IsLink(full) && (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND))
+    if ((error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) && IsLink(full))
       return OpenBehindDeadLink(full);
     if (error != ERROR_FILE_NOT_FOUND) return ErrorAt(full, error);
     return OpenBeside(full, false);

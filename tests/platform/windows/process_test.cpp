@@ -1,24 +1,25 @@
 #include "platform/process.h"
 
-#include <gmock/gmock.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <io.h>
+#include <sys/stat.h>
 #include <windows.h>
 
 #include <chrono>
+#include <cstdio>
 #include <iostream>
 #include <thread>
 
 #include "platform/interrupts.h"
 #include "platform/windows/console_events.h"
 #include "platform/windows/handle.h"
-#include "platform/windows/wide_text.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace korv {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 
 /// Makes something open this program's standard input for as long as it lives.
 class InputIs {
@@ -184,12 +185,22 @@ TEST(StandardStreams, LeaveTheConsoleAsItWas) {
 
 TEST(StandardStreams, TakeBytesAsTheyAre) {
   const TemporaryFolder folder;
+  constexpr int kOutput = 1;
+  std::cout.flush();
+  std::fflush(stdout);
+  const int before = _dup(kOutput);
+  const int file = _wopen((folder / "out").c_str(), _O_CREAT | _O_WRONLY | _O_TEXT, _S_IWRITE);
+  ASSERT_EQ(_dup2(file, kOutput), 0);
   {
     const StandardStreams streams;
-    testing::internal::CaptureStdout();
-    std::cout << "a\nb\r\n" << std::flush;
+    std::cout << "a\nb\r\n\x1A";
+    std::cout.flush();
+    std::fflush(stdout);
   }
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "a\nb\r\n");
+  _dup2(before, kOutput);
+  _close(file);
+  _close(before);
+  EXPECT_EQ(ReadTestFile(folder / "out"), "a\nb\r\n\x1A");
 }
 
 }  // namespace
