@@ -104,7 +104,7 @@ grep -qF "\\$part\\sample.txt" out || fault 'a folder of long paths is not liste
 # A report that cannot be replaced stays as it is.
 echo old > kept.txt
 chmod a-w kept.txt
-expect 1 'error' sample.txt -o kept.txt --force
+expect 1 'must first be closed' sample.txt -o kept.txt --force
 [ "$(cat kept.txt)" = old ] || fault 'a write-protected report was replaced'
 
 # Recycle bins are never entered.
