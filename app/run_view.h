@@ -21,7 +21,8 @@ struct RunProgress {
   uint64_t BytesTotal = 0;  ///< Of a single file; 0 for short ones and where it is not known.
   uint64_t FilesRead = 0;   ///< Folder runs: files read or skipped.
   uint64_t FilesTotal = 0;
-  uint64_t Words = 0;  ///< Words that went into phrases.
+  uint64_t FoldersRead = 0;  ///< Folder runs: folders whose files are being read or have been.
+  uint64_t Words = 0;        ///< Words that went into phrases.
 };
 
 /// Wall time of the stages of a run.

@@ -185,7 +185,7 @@ RunEnd SourceReading::DoItFromFolder() {
   FolderEvents events;
   events.Say = [&](const std::string& text) { view.Status(text); };
   events.Unreadable = [&](const fs::path& path, const FileError& error) {
-    view.Notice(UnreadableFolderText(path, error));
+    Note(UnreadableFolderText(path, error));
   };
 
   // One file in a language with comments is enough to ask for safe markers.
@@ -218,6 +218,7 @@ RunEnd SourceReading::DoItFromFolder() {
   if (!CommentMarkersAreSafe(withComments)) return RunEnd::Refused;
 
   services_.Encodings.BeginFolderRun();
+  events.Entered = [&](const fs::path&) { ++progress.FoldersRead; };
   events.Wanted = [&](const fs::path& path) {
     view.InputFile(PathToText(path));
     if (ReadFile(path, Kind::OneOfMany)) ++run_.Facts.FilesScanned;
@@ -259,7 +260,7 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
     ShowFileError(services_.Messages, *error);
     return false;
   }
-  services_.View.Notice("File " + PathToText(path) + " was read only in part (" + error->description + ").");
+  Note("File " + PathToText(path) + " was read only in part (" + error->description + ").");
   return true;
 }
 
@@ -296,6 +297,11 @@ bool SourceReading::Refuse(const fs::path& path, const OpenedText& opened, Kind 
   services_.Messages.Show(
       SingleFileRefusal(PathToText(path), opened.Facts, size ? *size : 0, services_.Numbers));
   return false;
+}
+
+void SourceReading::Note(const std::string& text) {
+  services_.View.Notice(text);
+  run_.Facts.Notices.push_back(text);
 }
 
 bool SourceReading::Skip(const fs::path& path, std::string_view reason) {

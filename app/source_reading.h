@@ -39,6 +39,8 @@ class SourceReading {
   bool ReadDocx(const std::filesystem::path& path, OpenedText& opened, Kind kind);
   bool Refuse(const std::filesystem::path& path, const OpenedText& opened, Kind kind);
   bool Skip(const std::filesystem::path& path, std::string_view reason);
+  /// Tells now, and keeps it for the report.
+  void Note(const std::string& text);
   /// Returns how many bytes of the text were no mark-up.
   uint64_t FeedLines(TextReader& reader, const CommentMarkers& markers);
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);

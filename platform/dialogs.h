@@ -11,6 +11,9 @@ struct FileChoice {
   std::string title;
   std::string filter;
   std::string initialPath;  ///< Offered first; a folder or a file, may be empty.
+  /// When saving: added to a name that has no extension, before anything is asked about the file. Without its
+  /// dot; may be empty.
+  std::string extension{};
   /// When saving: ask before an existing file is chosen. Off where whoever writes the file asks.
   bool asksBeforeReplacing = false;
 };

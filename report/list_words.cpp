@@ -56,7 +56,7 @@ std::string OpeningText(const Report& report, const ReportForm& form, const List
   std::string text;
   if (form.File) text += HeaderText(report.Facts);
   text += FilesScannedText(report.Facts, report.Numbers);
-  if (form.SkippedFiles) text += SkippedFilesText(report.Facts);
+  if (form.SkippedFiles) text += SkippedFilesText(report.Facts) + NoticesText(report.Facts);
   text += SummaryText(report.Facts, extent.Phrases, extent.LongestWords);
   if (Filters(report.Options))
     text += FilterNoticeText(report.Options.FilterModeOfWords, report.Options.FilterText);

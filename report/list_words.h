@@ -38,7 +38,7 @@ struct ReportForm {
   Layout LineLayout = Layout::Columns;
   /// Whole report file: its header, and notices on lines of their own. Otherwise what the text box gets.
   bool File = false;
-  /// The files that could not be counted are named behind the files-scanned text.
+  /// The files and folders that could not be counted are named behind the files-scanned text.
   bool SkippedFiles = false;
   std::string LineEnd = "\r\n";
 };

@@ -3,13 +3,19 @@
 #include <algorithm>
 #include <exception>
 #include <memory>
-#include <new>
 
 #include "report/error_text.h"
+#include "report/listing_errors.h"
+#include "report/summary.h"
 
 namespace korv {
 
 namespace {
+
+std::string Trimmed(const std::string& path) {
+  const size_t first = path.find_first_not_of(' ');
+  return first == path.npos ? "" : path.substr(first, path.find_last_not_of(' ') - first + 1);
+}
 
 void ShowFileError(const FileError& error, const FileListingServices& services) {
   if (error.fault == FileFault::PermissionDenied) {
@@ -50,15 +56,8 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   FileReportSink sink(**file, services.Encoding);
   try {
     result.List = ListWords(report, {.LineLayout = Layout::Tabs, .File = true}, sink, yielder);
-  } catch (const std::bad_alloc&) {
-    services.Dialogs.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Exclamation});
-    return result;
-  } catch (const std::exception& error) {
-    services.Dialogs.Show(
-        {.text = UnexpectedErrorText(NameOfListing(report.Options), kErrorUnexpected, error.what()) +
-                 ListingAdvice(services.Texts),
-         .title = "Error",
-         .icon = Icon::Critical});
+  } catch (const std::exception&) {
+    ShowListingError(report.Options, services.Dialogs, services.Texts);
     return result;
   }
   std::optional<FileError> error = sink.Error();
@@ -68,7 +67,11 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   if (keep) error = (*file)->Commit();
   result.Written = keep && !error;
   if (error) ShowFileError(*error, services);
-  if (stopped && services.Box) services.Box->OutputToTxb("\r\nOutput to file was terminated.");
+  if (services.Box) {
+    // The file has no room for what was not counted; the box has.
+    services.Box->OutputToTxb(SkippedFilesText(report.Facts) + NoticesText(report.Facts));
+    if (stopped) services.Box->OutputToTxb("\r\nOutput to file was terminated.");
+  }
   return result;
 }
 
@@ -82,13 +85,15 @@ std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always
         "To write to a different file edit the filepath below.\r\n"
         "To disable file output click on 'Cancel'.",
         "The output file exists.", path);
-    if (!answer || answer->empty()) return std::nullopt;
-    if (*answer == path) return path;
-    if (!files_.FolderExists(files_.AbsolutePath(PathFromText(*answer)).parent_path())) {
+    if (!answer) return std::nullopt;
+    const std::string edited = Trimmed(*answer);
+    if (edited.empty()) return std::nullopt;
+    if (edited == path) return path;
+    if (!files_.FolderExists(files_.AbsolutePath(PathFromText(edited)).parent_path())) {
       messages_.Show({.text = "Folder does not exist.", .title = "Error", .icon = Icon::Exclamation});
       return std::nullopt;
     }
-    path = *answer;
+    path = edited;
   }
 }
 

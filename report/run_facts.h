@@ -24,6 +24,7 @@ struct RunFacts {
   uint64_t FilesScanned = 0;              ///< Folder source: files whose text was read.
   uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, the chosen one included.
   std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.
+  std::vector<std::string> Notices;       ///< Folders and files that could not be read, or not wholly.
 };
 
 }  // namespace korv

@@ -115,6 +115,12 @@ std::string SkippedFilesText(const RunFacts& facts) {
   return text;
 }
 
+std::string NoticesText(const RunFacts& facts) {
+  std::string text;
+  for (const std::string& notice : facts.Notices) text += notice + "\r\n";
+  return text;
+}
+
 StatusLabels StatusLabelTexts(uint32_t phrases, uint64_t occurrences, bool filtered,
                               const NumberFormat& numbers) {
   StatusLabels labels;

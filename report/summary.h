@@ -25,6 +25,8 @@ std::string NoResultText(const RunFacts& facts);
 
 /// The files that a folder run could not count, one a line, with the reason; empty when there are none.
 std::string SkippedFilesText(const RunFacts& facts);
+/// What else the user should know of the run, a line each; empty when there is nothing.
+std::string NoticesText(const RunFacts& facts);
 
 /// What the labels beside the text box say of the list in it.
 struct StatusLabels {

@@ -62,6 +62,7 @@ void FolderWalk::Walk(const fs::path& folder, const FolderEvents& events, Folder
     return;
   }
   ++totals.Folders;
+  if (events.Entered) events.Entered(folder);
   std::vector<fs::path> names = std::move(listing->files);
   std::erase_if(names, [&](const fs::path& name) { return !FileIsWanted(selection_, PathToText(name)); });
   SortByName(names);
@@ -90,8 +91,10 @@ FolderTotals ListFiles(FolderWalk& walk, const fs::path& folder, FolderEvents ev
 
 std::string FolderAbbreviated(const fs::path& path, const fs::path& folder) {
   const std::string text = PathToText(path);
-  const std::string prefix = PathToText(folder);
+  std::string prefix = PathToText(folder);
   if (!text.starts_with(prefix)) return text;
+  // The root of a drive ends with its separator, which then belongs to what follows.
+  if (prefix.ends_with('/') || prefix.ends_with('\\')) prefix.pop_back();
   return std::string(kFolder) + text.substr(prefix.size());
 }
 
@@ -102,7 +105,7 @@ std::string WillBeScannedText(uint64_t count, const NumberFormat& format) {
 }
 
 std::string UnreadableFolderText(const fs::path& path, const FileError& error) {
-  return "Folder " + PathToText(path) + " cannot be read (" + error.description + ").\r\n";
+  return "Folder " + PathToText(path) + " cannot be read (" + error.description + ").";
 }
 
 }  // namespace korv

@@ -27,6 +27,8 @@ struct FolderTotals {
 struct FolderEvents {
   /// A wanted file, in order: the chosen folder's path as given, then the names below it.
   std::function<void(const std::filesystem::path&)> Wanted;
+  /// A folder whose files come next.
+  std::function<void(const std::filesystem::path&)> Entered;
   /// A folder that could not be read and is skipped; told once per folder while the object lives.
   std::function<void(const std::filesystem::path&, const FileError&)> Unreadable;
   /// A text for the output box.
@@ -73,7 +75,7 @@ std::string FolderAbbreviated(const std::filesystem::path& path, const std::file
 /// "No files will be scanned.", "1 file will be scanned.", "1,234 files will be scanned."
 std::string WillBeScannedText(uint64_t count, const NumberFormat& format);
 
-/// The line for the text box about a folder that could not be read.
+/// What the user is told of a folder that could not be read, without a line break.
 std::string UnreadableFolderText(const std::filesystem::path& path, const FileError& error);
 
 }  // namespace korv

@@ -69,8 +69,9 @@ int main(int argc, char** argv) {
                               .store = store,
                               .encoding = encoding.get()};
   korv::frmMain window(desktop);
+  if (!window.LoadProgramText()) return 1;
   window.show();
-  if (!window.Form_Load()) return 1;
+  window.Guarded("Form_Load", [&] { window.Form_Load(); })();
   // Closed already, while it was starting: nothing would end the events.
   if (!window.isVisible()) return 0;
   return QApplication::exec();

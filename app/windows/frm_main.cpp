@@ -84,7 +84,7 @@ bool frmMain::LoadProgramText() {
 }
 
 bool frmMain::Form_Load() {
-  if (!LoadProgramText()) return false;
+  if (!texts_ && !LoadProgramText()) return false;
 
   RestoreGeometry();
   params_ = std::make_unique<frmParams>(*this);
@@ -126,7 +126,7 @@ bool frmMain::Form_Load() {
                                               .question = Question::FirstCommonWords}) == Answer::Yes;
     if (load) {
       params_->SetPathToCWDs_Eng();
-      params_->AttemptToReadWords();
+      params_->AttemptToReadWords(ListKind::WordsToIgnore);
       SetCountPhrasesCaption();
     } else {
       params_->SelectNoLanguage();
@@ -137,8 +137,7 @@ bool frmMain::Form_Load() {
   cmdClear->setEnabled(!txbFilterWords->text().isEmpty());
   Timer1->start();
   SetCountPhrasesCaption();
-  if (!txbFilterWords->text().isEmpty()) params_->cmdInitialize_Click();
-  // Those of the state file come after that, so that they survive a restart like everything else.
+  // Those of the state file come last of all, so that no default wipes them out.
   txbFilterWords->setText(filterWords);
   cmdClear->setEnabled(!filterWords.isEmpty());
   Timer1_Timer();
@@ -189,13 +188,13 @@ void frmMain::EnableDisableButtons(bool enabled) {
            optOnClipboard, optInFile, optFolder, cmdFile[0], txbFile[0], cmdFolder, txbFolder,
            chkIncludeSubfolders, cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency,
            optAllowPhrasesAllWordsToIgnore, optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore,
-           optExcludePhrasesAllWordsToIgnore}) {
+           optExcludePhrasesAllWordsToIgnore, cmdClearFile[0], cmdClearFolder}) {
     control->setEnabled(enabled);
   }
   for (QAction* action : idleActions_) action->setEnabled(enabled);
   setAcceptDrops(enabled);
   params_->EnableDisableButtons(enabled);
-  EnableClearButtons();
+  if (enabled) EnableClearButtons();
 }
 
 void frmMain::SetTheFocus() {
@@ -231,7 +230,7 @@ void frmMain::Timer1_Timer() {
 }
 
 void frmMain::EnableClearButtons() {
-  if (running_) return;
+  if (!Idle()) return;
   for (size_t i = 0; i < 2; ++i) cmdClearFile[i]->setEnabled(!txbFile[i]->text().isEmpty());
   cmdClearFolder->setEnabled(!txbFolder->text().isEmpty());
   cmdClearOutput->setEnabled(!txbOutput->document()->isEmpty());
@@ -280,7 +279,10 @@ bool frmMain::EndProgram() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-  event->setAccepted(EndProgram());
+  // A state that cannot be saved keeps nobody from leaving.
+  bool ended = true;
+  Guarded("Form_Unload", [&] { ended = EndProgram(); })();
+  event->setAccepted(ended);
 }
 
 void frmMain::cmdSetParameters_Click() {

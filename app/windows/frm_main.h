@@ -49,8 +49,10 @@ class frmMain final : public QMainWindow, public FrmMainControls {
 
   // ---- Life cycle
 
-  /// Start-up. False when the program's texts cannot be loaded; the user has been told, and the program
-  /// ends.
+  /// The first step of start-up, which needs no window. False when the program's texts cannot be loaded; the
+  /// user has been told, and the program ends.
+  bool LoadProgramText();
+  /// Start-up. False when LoadProgramText() has not been called and fails.
   bool Form_Load();
   /// A fresh state, as "Reinitialize" wants it. May ask whether to clear the word-list files.
   void Initialize();
@@ -89,6 +91,8 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void DiscardResult();
   bool StartUpCompleted() const { return startUpCompleted_; }
   bool Running() const { return running_; }
+  /// Neither counting nor listing, and no word list is being read.
+  bool Idle() const { return !running_ && !readingList_; }
   const ProgramText& Texts() const { return *texts_; }
 
   // ---- Source (frm_main_source.cpp)
@@ -124,8 +128,8 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void cmdFilterResults_Click();
   void cmdClear_Click();
   void cmdClearOutput_Click();
-  /// Lists the counted phrases, to the output file or into the text box.
-  void ListTheResult(bool filtered);
+  /// Lists the counted phrases: into the output file, if there is one and `toFile`, else into the text box.
+  void ListTheResult(bool filtered, bool toFile = true);
 
   // ---- The run (frm_main_run.cpp)
 
@@ -178,7 +182,6 @@ class frmMain final : public QMainWindow, public FrmMainControls {
     frmMain& main_;
   };
 
-  bool LoadProgramText();
   /// Saves what is to be saved and hides the other windows. False while a run is still going on.
   bool EndProgram();
   void RestoreStateFile();
@@ -228,10 +231,12 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   bool startUpCompleted_ = false;
   bool restoring_ = false;  ///< Settings are being put into the controls.
   bool running_ = false;
+  bool readingList_ = false;
   bool ended_ = false;
   bool quitRequested_ = false;
   std::optional<CountedRun> result_;
   const CountedRun* counting_ = nullptr;  ///< The run that is going on.
+  bool countShown_ = false;               ///< It has shown its first status.
   RunProgress progress_;
   std::optional<ReportOptions> listed_;  ///< Of the last listing.
   QTimer* tmrProgress_ = nullptr;

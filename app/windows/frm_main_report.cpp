@@ -86,13 +86,13 @@ void frmMain::chkFileList_Click() {
 }
 
 void frmMain::RelistAfterChange() {
-  if (!startUpCompleted_ || running_ || !HasResult()) return;
+  if (!startUpCompleted_ || !Idle() || !HasResult()) return;
   if (listed_ && SameListing(*listed_, GatherReportOptions())) return;
   ListTheResult(false);
 }
 
 void frmMain::chkDisableOutputToFile_Click() {
-  if (chkDisableOutputToFile->isChecked() || running_ || !HasResult() ||
+  if (chkDisableOutputToFile->isChecked() || !Idle() || !HasResult() ||
       txbFile[1]->text().trimmed().isEmpty()) {
     return;
   }
@@ -122,7 +122,7 @@ void frmMain::txbFilterWords_KeyPress(int key) {
 
 void frmMain::cmdFilterResults_Click() {
   txbFilterWords_LostFocus();
-  if (running_ || txbFilterWords->text().isEmpty() || !HasResult()) return;
+  if (!Idle() || txbFilterWords->text().isEmpty() || !HasResult()) return;
   ListTheResult(true);
 }
 

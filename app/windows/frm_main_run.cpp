@@ -2,14 +2,17 @@
 
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTimer>
 #include <array>
+#include <utility>
 
 #include "app/format.h"
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
 #include "platform/qt/text.h"
+#include "report/listing_errors.h"
 #include "report/output_file.h"
 #include "report/report_rules.h"
 #include "report/summary.h"
@@ -59,8 +62,12 @@ class frmMain::WindowRunView final : public RunView {
   explicit WindowRunView(frmMain& main) : main_(main) {}
 
   void Status(const std::string& text) override {
-    // The counting has begun; two results at a time would only cost memory.
-    if (main_.counting_ != nullptr) main_.DiscardResult();
+    // The counting has begun. Two results at a time would only cost memory, and a box full of the last one
+    // would take nothing of what is to be told now.
+    if (main_.counting_ != nullptr && !std::exchange(main_.countShown_, true)) {
+      main_.DiscardResult();
+      main_.output_->Clear();
+    }
     main_.output_->OutputToTxb(text + "\r\n");
     main_.ShowStatus(ToQtLines(text).simplified());
   }
@@ -80,6 +87,7 @@ class frmMain::WindowRunView final : public RunView {
     main_.cmdFile_Click(1);
     const std::string path = FromQt(main_.txbFile[1]->text().trimmed());
     if (path.empty()) return std::nullopt;
+    main_.chkDisableOutputToFile->setChecked(false);
     return path;
   }
 
@@ -118,9 +126,17 @@ void frmMain::cmdCountPhrases_Click() {
     AskToStop(desktop_.messages, desktop_.yielder, view);
     return;
   }
+  // A key may have come here without the filter words having lost the focus.
+  txbFilterWords_LostFocus();
   RunRequest request = GatherRunRequest();
   ReportOptions report = GatherReportOptions();
   if (!AskBeforeCounting(request, report, desktop_.files, desktop_.messages)) return;
+  bool toFile = true;
+  if (!request.OutputPath.empty() &&
+      !CanOpenOutputFile(PathFromText(TrimmedPath(request.OutputPath)), desktop_.files, desktop_.messages)) {
+    request.OutputPath.clear();
+    toFile = false;
+  }
   cboMinimumFrequency->setCurrentIndex(request.Options.MinFrequency - 1);
   txbFilterWords->setText(ToQt(report.FilterText));
   cmdClear->setEnabled(!report.FilterText.empty());
@@ -129,6 +145,7 @@ void frmMain::cmdCountPhrases_Click() {
   const RunGuard busy(*this);
   CountedRun run;
   counting_ = &run;
+  countShown_ = false;
   const RunEnd end = RunCount(request,
                               {.Messages = desktop_.messages,
                                .Yielder = desktop_.yielder,
@@ -152,7 +169,7 @@ void frmMain::cmdCountPhrases_Click() {
     (request.Options.SourceKind == TextSource::Folder ? recentFolders_ : recentFiles_)
         .Add(ToQt(result_->Facts.InputPath));
   }
-  ListTheResult(report.FilterActive);
+  ListTheResult(report.FilterActive, toFile);
 }
 
 void frmMain::ShowRunFacts() {
@@ -187,7 +204,7 @@ void frmMain::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
 
 // ---- Listing
 
-void frmMain::ListTheResult(bool filtered) {
+void frmMain::ListTheResult(bool filtered, bool toFile) {
   if (!result_) return;
   ReportOptions options = GatherReportOptions();
   options.FilterActive = filtered;
@@ -198,7 +215,8 @@ void frmMain::ListTheResult(bool filtered) {
     cboDisplayFormat->setCurrentIndex(options.DisplayFormat);
     EnableDisableReportOptions();
   }
-  std::optional<std::string> path = ConfirmedOutputPath();
+  std::optional<std::string> path;
+  if (toFile) path = ConfirmedOutputPath();
 
   std::optional<RunGuard> busy;
   if (!running_) busy.emplace(*this);
@@ -222,7 +240,11 @@ void frmMain::ListTheResultTo(const Report& report, const std::optional<std::str
     if (written.Written) overwrite_->Written(file);
     listed = written.List;
   } else {
-    listed = ListWordsToTextBox(report, *output_, desktop_.yielder);
+    try {
+      listed = ListWordsToTextBox(report, *output_, desktop_.yielder);
+    } catch (const std::exception&) {
+      ShowListingError(report.Options, desktop_.messages, texts_.get());
+    }
   }
   const StatusLabels labels =
       StatusLabelTexts(listed.Phrases, listed.Occurrences, report.Options.FilterActive, desktop_.numbers);
@@ -296,7 +318,11 @@ void frmMain::EndRun() {
   running_ = false;
   EnableDisableButtons(true);
   SetCountPhrasesCaption();
-  if (quitRequested_) QTimer::singleShot(0, this, [this] { cmdQuit_Click(); });
+  if (quitRequested_) {
+    // What goes wrong with the state file is worth telling even now.
+    messages_.Unmute();
+    QTimer::singleShot(0, this, Guarded("cmdQuit_Click", [this] { cmdQuit_Click(); }));
+  }
 }
 
 void frmMain::ShowTimeElapsed() {
@@ -324,11 +350,12 @@ void frmMain::tmrProgress_Timer() {
   prgProgress->setRange(0, value < 0 ? 0 : kWholeProgress);
   if (value >= 0) prgProgress->setValue(std::max(value, prgProgress->value()));
   ShowCounts(progress_.FilesRead, progress_.Words, counting_->Table.PhraseCount());
+  if (progress_.FoldersRead > 0) lblStatusFiles->setText(ToQt(CountSoFar()));
 }
 
 std::string frmMain::CountSoFar() const {
-  if (counting_ == nullptr) return {};
-  return ProgressCountText(progress_.FilesRead, counting_->Facts.FoldersScanned);
+  if (counting_ == nullptr || counting_->Facts.Options.SourceKind != TextSource::Folder) return {};
+  return ProgressCountText(progress_.FilesRead, progress_.FoldersRead);
 }
 
 void frmMain::WhileBusy(const std::string& notice, const std::function<void(ListReading&)>& work) {
@@ -336,8 +363,15 @@ void frmMain::WhileBusy(const std::string& notice, const std::function<void(List
   output_->OutputToTxb(notice);
   lblNumberOfWords->clear();
   lblNumOccurrences->clear();
+  readingList_ = true;
   EnableDisableButtons(false);
   cmdCountPhrases->setText(QStringLiteral("Processing . . . "));
+  const auto end = qScopeGuard([this] {
+    readingList_ = false;
+    ShowStatus({});
+    EnableDisableButtons(true);
+    SetCountPhrasesCaption();
+  });
   // A stop of an earlier run does not concern the reading.
   desktop_.yielder.ClearStop();
   TextFileCheck check{
@@ -348,9 +382,6 @@ void frmMain::WhileBusy(const std::string& notice, const std::function<void(List
                       .ShowWordsRead = [this](const std::string& text) { ShowStatus(ToQt(text)); }};
   work(reading);
   if (!output_->Full()) outputTextBox_->Truncate(before);
-  ShowStatus({});
-  EnableDisableButtons(true);
-  SetCountPhrasesCaption();
 }
 
 void frmMain::SetWordsToIgnoreNotice() {

@@ -150,13 +150,20 @@ RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
     txbFileFilepathSpecifications_LostFocus(i);
   }
   txbFolder_LostFocus();
+  // What follows the last field is not for a file that ended before it.
+  if (outcome.EndedEarly) {
+    SetWordsToIgnoreNotice();
+    return outcome;
+  }
   if (settings.SelectedWordsFile >= 0) {
     const std::string& selected = settings.WordsFiles[static_cast<size_t>(settings.SelectedWordsFile)];
     if (AskToLoadWordFile(selected, desktop_.messages)) {
-      params_->AttemptToReadWords();
+      params_->AttemptToReadWords(ListKind::WordsToIgnore);
     } else {
-      params_->ForgetLoadedWords();
+      params_->ForgetLoadedWords(ListKind::WordsToIgnore);
     }
+  } else {
+    params_->ForgetLoadedWords(ListKind::WordsToIgnore);
   }
   SetWordsToIgnoreNotice();
   return outcome;

@@ -150,9 +150,9 @@ void frmMain::TakeSource(const QString& path) {
 
 void frmMain::txbFileFilepathSpecifications_LostFocus(int index) {
   QLineEdit* box = txbFileFilepathSpecifications[static_cast<size_t>(index)];
-  if (index == 0) WarnAboutDocPattern(FromQt(box->text()), desktop_.messages);
   const QString joined = ToQt(JoinPatterns(SplitPatterns(FromQt(box->text()))));
   if (joined != box->text()) box->setText(joined);
+  if (index == 0) WarnAboutDocPattern(FromQt(joined), desktop_.messages);
   ValidatePatterns(SelectionOf(txbFileFilepathSpecifications), desktop_.messages);
 }
 
@@ -164,14 +164,14 @@ void frmMain::cmdListFiles_Click() {
                       chkIncludeSubfolders->isChecked())) {
     return;
   }
-  const std::filesystem::path folder = desktop_.files.AbsolutePath(PathFromText(folderText));
+  const std::filesystem::path folder = PathFromText(folderText);
   const RunGuard busy(*this);
   output_->Clear();
   FolderWalk walk(desktop_.files, desktop_.yielder, selection, chkIncludeSubfolders->isChecked());
   FolderEvents events;
   events.Say = [this](const std::string& text) { output_->OutputToTxb(text); };
   events.Unreadable = [this](const std::filesystem::path& path, const FileError& error) {
-    output_->OutputToTxb(UnreadableFolderText(path, error));
+    output_->OutputToTxb(UnreadableFolderText(path, error) + "\r\n");
   };
   const FolderTotals totals =
       ListFiles(walk, folder, events, [this](const std::string& line) { output_->OutputToTxb(line); });

@@ -1,6 +1,5 @@
 #include "app/windows/frm_params.h"
 
-#include <QCloseEvent>
 #include <QGroupBox>
 #include <QSettings>
 #include <QShortcut>
@@ -14,7 +13,7 @@ namespace korv {
 namespace {
 
 constexpr const char* kSettingsFilter = "Korv settings files (*.korv) | *.korv";
-constexpr const char* kSettingsExtension = ".korv";
+constexpr const char* kSettingsExtension = "korv";
 
 constexpr int kDefaultShortSize = 1;  // "3"
 constexpr int kDefaultLongSize = 3;   // "50"
@@ -69,10 +68,12 @@ void frmParams::Connect() {
   }
   connect(chkIgnoreShortWords, &QCheckBox::toggled, this, [this] { EnableWordSizes(); });
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { cmdClose_Click(); });
-  connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
-          main_.Guarded("cmdHelp_Click", [this] { main_.cmdHelp_Click(); }));
-  connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this,
-          main_.Guarded("cmdSaveState_Click", [this] { cmdSaveState_Click(); }));
+  const auto onKey = [this](QKeySequence::StandardKey key, const char* place, auto handler) {
+    idleShortcuts_.append(new QShortcut(key, this));
+    connect(idleShortcuts_.back(), &QShortcut::activated, this, main_.Guarded(place, handler));
+  };
+  onKey(QKeySequence::HelpContents, "cmdHelp_Click", [this] { main_.cmdHelp_Click(); });
+  onKey(QKeySequence::Save, "cmdSaveState_Click", [this] { cmdSaveState_Click(); });
   ConnectWords();
 }
 
@@ -101,6 +102,7 @@ void frmParams::EnableDisableButtons(bool enabled) {
   // What these do would pull the rug from under a run as well.
   cmdInitialize->setEnabled(enabled);
   cmdSaveState->setEnabled(enabled);
+  for (QShortcut* shortcut : idleShortcuts_) shortcut->setEnabled(enabled);
 }
 
 void frmParams::EnableWordSizes() {
@@ -109,10 +111,12 @@ void frmParams::EnableWordSizes() {
 
 void frmParams::cmdRestoreDefaults_Click() {
   SetDefaultValues();
+  CheckAllowedExtraChars();
 }
 
 void frmParams::cmdSetOrClearCheckboxes_Click(int index) {
   for (QCheckBox* box : AllCheckboxes()) box->setChecked(index == 0);
+  CheckAllowedExtraChars();
 }
 
 void frmParams::cmdInitialize_Click() {
@@ -121,7 +125,6 @@ void frmParams::cmdInitialize_Click() {
   const std::string fault = main_.SaveStateTo({});
   if (!fault.empty()) {
     main_.Outside().messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
-    return;
   }
   main_.PopUps().PopUpInForm(QStringLiteral("Program reinitialized"), this);
 }
@@ -137,12 +140,12 @@ void frmParams::cmdSaveLoadState_Click(int index) {
       .title = load ? "Specify file to load settings from." : "Specify file to save settings to",
       .filter = kSettingsFilter,
       .initialPath = FromQt(txbStateFile->text()),
+      .extension = kSettingsExtension,
       .asksBeforeReplacing = !load};
   const std::optional<std::string> chosen =
       load ? outside.dialogs.ChooseFileToOpen(choice) : outside.dialogs.ChooseFileToSave(choice);
   if (!chosen || chosen->empty()) return;
-  std::filesystem::path path = PathFromText(*chosen);
-  if (!load && !path.has_extension()) path += kSettingsExtension;
+  const std::filesystem::path path = PathFromText(*chosen);
   const std::string shown = PathToText(path);
 
   if (load) {
@@ -160,6 +163,7 @@ void frmParams::LoadSettings(const std::filesystem::path& path) {
   const RestoreOutcome outcome = main_.RestoreSavedState(path);
   if (outcome.Result == kRestored) {
     lblState->setText(ToQt("Settings loaded from " + PathToText(path)));
+    CheckAllowedExtraChars();
     return;
   }
   lblState->setText(ToQt("Error loading from " + PathToText(path)));
@@ -212,11 +216,6 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
   }
   box->setChecked(!box->isChecked());
   return false;
-}
-
-void frmParams::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  hide();
 }
 
 }  // namespace korv

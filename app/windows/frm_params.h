@@ -11,6 +11,8 @@
 #include "wordlists/word_file_list.h"
 #include "wordlists/word_list.h"
 
+class QShortcut;
+
 namespace korv {
 
 class frmMain;
@@ -59,13 +61,14 @@ class frmParams final : public QWidget, public FrmParamsControls {
   /// The frame now shows the words to ignore, or the count-only words and phrases.
   void optListKind_Click();
   void SetPathToCWDs_Eng();
-  /// Loads the selected file of the list that the frame shows.
-  void AttemptToReadWords();
-  /// Shows a message for the first fault of the typed words.
+  /// Loads the selected file of a list.
+  void AttemptToReadWords(ListKind kind);
+  /// Shows a message for the first fault of the typed words of each list.
   void CheckAllowedExtraChars();
   bool HasWordFiles() const { return !FilesOf(ListKind::WordsToIgnore).Paths().empty(); }
   void ClearWordFiles();
-  void ForgetLoadedWords();
+  /// Leaves a list without a loaded file; its files stay listed.
+  void ForgetLoadedWords(ListKind kind);
   void ClearExtraWords();
   void SelectNoLanguage();
   /// The file button's caption and the list's tool tip.
@@ -78,9 +81,6 @@ class frmParams final : public QWidget, public FrmParamsControls {
   ListEntries GatherListEntries(const WordRules& rules) const;
   /// Whether any word to ignore is in force.
   bool HasWordsToIgnore() const;
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   void Connect();
@@ -104,6 +104,7 @@ class frmParams final : public QWidget, public FrmParamsControls {
                                          WordFileList(ListKind::CountOnly)};
   std::array<std::optional<WordList>, 2> loaded_;
   std::array<std::string, 2> loadedLabels_;
+  QList<QShortcut*> idleShortcuts_;  ///< Keys that rest during a run.
 };
 
 }  // namespace korv

@@ -88,7 +88,7 @@ void frmParams::cmdSelectWordsFile_Click() {
   if (!path) return;
   const bool added = files.Add(*path, messages);
   ShowWordFiles();
-  if (added) AttemptToReadWords();
+  if (added) AttemptToReadWords(ShownKind());
 }
 
 void frmParams::cboWordsFile_Click() {
@@ -99,13 +99,13 @@ void frmParams::cboWordsFile_Click() {
   dialog.exec();
   switch (dialog.Chosen()) {
     case frmLoadRemove::Choice::Load:
-      AttemptToReadWords();
+      AttemptToReadWords(ShownKind());
       break;
     case frmLoadRemove::Choice::Remove: {
       const std::string removed = files.SelectedPath();
       files.RemoveSelected();
       auto& loaded = LoadedOf(ShownKind());
-      if (loaded && PathToText(loaded->Path) == removed) ForgetLoadedWords();
+      if (loaded && PathToText(loaded->Path) == removed) ForgetLoadedWords(ShownKind());
       break;
     }
     case frmLoadRemove::Choice::Cancel:
@@ -116,21 +116,18 @@ void frmParams::cboWordsFile_Click() {
 
 void frmParams::cmdClearWordsFile_Click() {
   if (!FilesOf(ShownKind()).AskToClear(main_.Outside().messages)) return;
-  ForgetLoadedWords();
+  ForgetLoadedWords(ShownKind());
   ShowWordFiles();
 }
 
 void frmParams::ClearWordFiles() {
   FilesOf(ListKind::WordsToIgnore).Clear();
-  LoadedOf(ListKind::WordsToIgnore).reset();
-  loadedLabels_[static_cast<size_t>(ListKind::WordsToIgnore)].clear();
-  ShowWordFiles();
-  main_.SetWordsToIgnoreNotice();
+  ForgetLoadedWords(ListKind::WordsToIgnore);
 }
 
-void frmParams::ForgetLoadedWords() {
-  LoadedOf(ShownKind()).reset();
-  loadedLabels_[static_cast<size_t>(ShownKind())].clear();
+void frmParams::ForgetLoadedWords(ListKind kind) {
+  LoadedOf(kind).reset();
+  loadedLabels_[static_cast<size_t>(kind)].clear();
   ShowWordFiles();
   main_.SetWordsToIgnoreNotice();
 }
@@ -180,7 +177,7 @@ void frmParams::cboCommonWordsLanguages_Click() {
   if (AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.programFolder, outside.files,
                      FilesOf(ListKind::WordsToIgnore), outside.messages)) {
     ShowWordFiles();
-    AttemptToReadWords();
+    AttemptToReadWords(ListKind::WordsToIgnore);
   }
 }
 
@@ -196,8 +193,7 @@ void frmParams::SelectNoLanguage() {
 
 // ---- Loading
 
-void frmParams::AttemptToReadWords() {
-  const ListKind kind = ShownKind();
+void frmParams::AttemptToReadWords(ListKind kind) {
   const std::filesystem::path path = PathFromText(FilesOf(kind).SelectedPath());
   WordList list;
   std::string label;
@@ -223,8 +219,9 @@ void frmParams::CheckAllowedExtraChars() {
   WordRules rules = main_.GatherSettings().Words;
   SetAllowedExtraChars(rules);
   SetAllowedExtraChars2(rules);
-  const ListKind kind = ShownKind();
-  korv::CheckAllowedExtraChars(kind, TypedOf(kind), rules, main_.Outside().messages);
+  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
+    korv::CheckAllowedExtraChars(kind, TypedOf(kind), rules, main_.Outside().messages);
+  }
 }
 
 void frmParams::ClearExtraWords() {

@@ -11,6 +11,7 @@ class MutedMessages final : public Messages {
   explicit MutedMessages(Messages& messages) : messages_(messages) {}
 
   void Mute() { muted_ = true; }
+  void Unmute() { muted_ = false; }
 
   Answer Show(const Message& message) override {
     if (!muted_) return messages_.Show(message);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "platform/qt/text.h"
 
@@ -35,11 +36,21 @@ std::optional<std::string> QtDialogs::ChooseFileToOpen(const FileChoice& choice)
 }
 
 std::optional<std::string> QtDialogs::ChooseFileToSave(const FileChoice& choice) {
-  const QFileDialog::Options options =
-      choice.asksBeforeReplacing ? QFileDialog::Options() : QFileDialog::DontConfirmOverwrite;
-  return Chosen(QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(choice.title),
-                                             ToQt(choice.initialPath), NameFilter(choice.filter), nullptr,
-                                             options));
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(choice.title), {}, NameFilter(choice.filter));
+  dialog.setObjectName(QStringLiteral("saveDialog"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !choice.asksBeforeReplacing);
+  dialog.setDefaultSuffix(ToQt(choice.extension));
+  const QFileInfo initial(ToQt(choice.initialPath));
+  if (initial.isDir()) {
+    dialog.setDirectory(initial.filePath());
+  } else if (!choice.initialPath.empty()) {
+    dialog.setDirectory(initial.path());
+    dialog.selectFile(initial.fileName());
+  }
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return Chosen(dialog.selectedFiles().value(0));
 }
 
 std::optional<std::string> QtDialogs::ChooseFolder(const std::string& title, const std::string& initialPath) {

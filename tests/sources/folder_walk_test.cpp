@@ -90,8 +90,7 @@ TEST_F(FolderWalkTest, AFolderThatCannotBeReadIsToldOfAndSkipped) {
   files.Add("/in/open/c.txt", "words");
   files.Refuse("/in/closed", FileFault::PermissionDenied);
   EXPECT_EQ(Paths(), In("a.txt", "open/c.txt"));
-  EXPECT_EQ(unreadable,
-            Strings{"Folder " + Below("/in", "closed") + " cannot be read (Permission denied).\r\n"});
+  EXPECT_EQ(unreadable, Strings{"Folder " + Below("/in", "closed") + " cannot be read (Permission denied)."});
   EXPECT_EQ(totals.Folders, 2U) << "a folder that was not entered is not counted";
 }
 

@@ -257,10 +257,11 @@ TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
 
 TEST_F(SettingsWindow, SavesAndLoadsSettingsUnderAName) {
   Choose("cboMinimumFrequency", 6);
-  dialogs.WillChoose(PathOf("mine"));
+  dialogs.WillChoose(PathOf("mine.korv"));
   Click("cmdSaveLoadState_1");
   EXPECT_EQ(dialogs.saved.at(0).title, "Specify file to save settings to");
   EXPECT_EQ(dialogs.saved.at(0).filter, "Korv settings files (*.korv) | *.korv");
+  EXPECT_EQ(dialogs.saved.at(0).extension, "korv");
   EXPECT_TRUE(dialogs.saved.at(0).asksBeforeReplacing);
   EXPECT_EQ(TextOf("lblState"), "Settings saved to " + PathOf("mine.korv"));
   const std::string saved = ReadFile(PathOf("mine.korv"));
