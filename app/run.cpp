@@ -109,14 +109,16 @@ class Run {
     run_.Words = stream.WordsTaken();
     run_.WordsDropped = stream.WordsDropped();
     run_.Facts.Options.Stopped = services_.Yielder.Stopped();
-    if (services_.Yielder.Stopped() && !StopFindsSomething(run_.Words)) return RunEnd::Stopped;
     TakeText(std::move(stream), run_.Table);
-    return RunEnd::Counted;
+    return services_.Yielder.Stopped() && !StopFindsSomething() ? RunEnd::Stopped : RunEnd::Counted;
   }
 
-  // Without enough words for a phrase there is nothing to ask about.
-  bool StopFindsSomething(uint64_t words) const {
-    return words >= static_cast<uint64_t>(request_.Options.MinWords);
+  // Where no phrase was read there is nothing to ask about.
+  bool StopFindsSomething() {
+    services_.Yielder.ClearStop();
+    const bool found = HoldsPhrase(run_.Table, services_.Yielder);
+    services_.Yielder.RequestStop();
+    return found;
   }
 
   bool Finish() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <numeric>
 #include <stdexcept>
+#include <string>
 
 #include "engine/acceptance.h"
 #include "engine/phrase_sweep.h"
@@ -194,6 +195,28 @@ void TakeText(WordStream&& stream, PhraseTable& table) {
   if (data.Numbers.size() > std::numeric_limits<uint32_t>::max() - kTrailingEnds)
     throw std::length_error("The text has more than four thousand million words.");
   data.Numbers.insert(data.Numbers.end(), kTrailingEnds, kNoWord);
+}
+
+bool HoldsPhrase(PhraseTable& table, Yielder& yielder) {
+  const PhraseTableData& data = table.Data();
+  bool stopped = false;
+  const Acceptance accepted(data, yielder, stopped);
+  if (stopped) return true;
+  std::string scratch;
+  for (size_t i = 0; i < data.Numbers.size(); ++i) {
+    if ((i & 4095) == 0) {
+      yielder.Yield();
+      if (yielder.Stopped()) return true;
+    }
+    const WordNumber* const first = data.Numbers.data() + i;
+    int characters = -1;
+    for (int words = 1; words <= data.Options.MaxWords && first[words - 1] != kNoWord; ++words) {
+      characters += data.Words.Characters(first[words - 1]) + 1;
+      if (characters > kMostPhraseCharacters) break;
+      if (words >= data.Options.MinWords && accepted.Accepts(first, words, scratch)) return true;
+    }
+  }
+  return false;
 }
 
 bool CountPhrases(PhraseTable& table, Yielder& yielder) {

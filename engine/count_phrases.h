@@ -10,6 +10,10 @@ namespace korv {
 /// the counting). The stream is used up.
 void TakeText(WordStream&& stream, PhraseTable& table);
 
+/// Whether the table's text holds a phrase that would be counted; true as well when stopped before that is
+/// known. Mostly known after a few words; proportional to the text where nothing counts.
+bool HoldsPhrase(PhraseTable& table, Yielder& yielder);
+
 /// Counts every phrase of the table's text and makes entries of those that may be listed: at least
 /// MinFrequency occurrences, and no phrase that is longer by one word and occurs exactly as often holds
 /// them (they would be redundant). Entries ascend by word numbers.

@@ -727,6 +727,18 @@ TEST(RunCount, AStopBeforeAnythingWasReadEndsTheRunInSilence) {
   EXPECT_THAT(world.messages.shown, IsEmpty());
 }
 
+TEST(RunCount, AStopBeforeAnyPhraseWasReadEndsTheRunInSilence) {
+  RunWorld world;
+  // Words enough for many phrases, but a period behind each of them.
+  std::string words;
+  for (int k = 0; k < 50; ++k) words += "word.\n";
+  world.UseFile("/a.txt", words + LinesOfWords(5));
+  world.UseLengths(2, 4);
+  world.yielder.StopAtCall(40);
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_THAT(world.messages.shown, IsEmpty());
+}
+
 TEST(RunCount, AStopWhileFilesAreCountedEndsTheRun) {
   RunWorld world;
   for (int k = 0; k < 5; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", kText);

@@ -222,6 +222,8 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
 
   PhraseTable table;
   TakeText(std::move(stream), table);
+  NoYielder unstopped;
+  const bool holdsPhrase = HoldsPhrase(table, unstopped);
   uint64_t foundSoFar = 0;
   Finish(
       yielder, [&] { return CountPhrases(table, yielder); },
@@ -231,6 +233,7 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
         foundSoFar = table.PhraseCount();
       });
   RC_ASSERT(table.PhraseCount() >= foundSoFar);
+  RC_ASSERT(holdsPhrase == (table.PhraseCount() > 0));
   Finish(
       yielder, [&] { return SortPhrases(table, yielder); }, [] {});
   ListByFrequency(table, world.Options.MinFrequency);
