@@ -314,7 +314,9 @@ void frmMain::RestoreGeometry() {
 
 void frmMain::StoreGeometry() {
   desktop_.store.setValue(QStringLiteral("geometry/main"), saveGeometry());
-  desktop_.store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());
+  // One that was never shown has no place yet.
+  if (params_->windowHandle() != nullptr)
+    desktop_.store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());
 }
 
 // ---- Errors of handlers

@@ -1,8 +1,10 @@
 #include "app/windows/frm_params.h"
 
 #include <QGroupBox>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QStyle>
 
 #include "app/settings.h"
 #include "app/windows/frm_main.h"
@@ -37,6 +39,9 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
   const QSettings& store = main_.Outside().store;
   if (store.contains(QStringLiteral("geometry/settings"))) {
     restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
+  } else {
+    setGeometry(
+        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, sizeHint(), screen()->availableGeometry()));
   }
 }
 

@@ -1,6 +1,7 @@
 // Start-up, the housekeeping timer, help, and quitting.
 
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 
 #include "app/windows/frm_help.h"
@@ -127,6 +128,23 @@ TEST_F(StartUp, RemembersTheWindowsGeometry) {
   Click("cmdQuit");
   ASSERT_TRUE(Start());
   EXPECT_EQ(main->size(), QSize(1111, 777));
+}
+
+TEST_F(StartUp, RemembersTheGeometryOfTheSettingsWindowOnceItWasShown) {
+  ASSERT_TRUE(Start());
+  Click("cmdQuit");
+  EXPECT_FALSE(store->contains(QStringLiteral("geometry/settings")));
+  ASSERT_TRUE(Start());
+  const QRect screen = main->screen()->availableGeometry();
+  EXPECT_LE(std::abs(main->Params().geometry().center().x() - screen.center().x()), 1);
+  Click("cmdSetParameters");
+  const QSize size = main->Params().size() + QSize(22, 11);
+  main->Params().resize(size);
+  Click("cmdQuit");
+  ASSERT_TRUE(Start());
+  Click("cmdQuit");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(main->Params().size(), size);
 }
 
 // ---- The housekeeping timer
