@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "app/windows/control_factory.h"
+#include "app/windows/frm_main_controls.h"
 #include "platform/program_text.h"
 #include "platform/qt/text.h"
 
@@ -31,6 +32,8 @@ frmHelp::frmHelp(const ProgramText& text, QWidget* parent) : QWidget(parent, Qt:
   txbHelpScreen = Described(Named(new QPlainTextEdit(this), "txbHelpScreen"), "Help text");
   txbHelpScreen->setReadOnly(true);
   txbHelpScreen->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  // The text has columns and lists as in a report.
+  txbHelpScreen->setFont(WordsFont());
   txbHelpScreen->setPlainText(ToQtLines(help));
   txbHelpScreen->document()->setDocumentMargin(12);
   cmdClose = MakeButton("cmdClose", "&Close", this);
@@ -43,7 +46,8 @@ frmHelp::frmHelp(const ProgramText& text, QWidget* parent) : QWidget(parent, Qt:
   buttons->addStretch(1);
   buttons->addWidget(cmdClose);
   layout->addLayout(buttons);
-  resize(fontMetrics().averageCharWidth() * 96, fontMetrics().lineSpacing() * 38);
+  const QFontMetrics letters(txbHelpScreen->font());
+  resize(letters.averageCharWidth() * 88, letters.lineSpacing() * 42);
 }
 
 void frmHelp::cmdClose_Click() {
