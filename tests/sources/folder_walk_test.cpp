@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "tests/fakes/fake_files.h"
@@ -182,6 +183,16 @@ TEST_F(FolderWalkTest, ListFilesAbbreviatesTheFolder) {
   EXPECT_EQ(listing, WithNativePaths(
                          "{Folder} = /in\r\n{Folder}/a b.txt\r\n{Folder}/b.txt\r\n{Folder}/sub/c.txt\r\n"));
   EXPECT_EQ(totals.Files, 3U);
+}
+
+TEST(FolderTexts, PutAWordInPlaceOfTheFolder) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"texts/a.txt", "texts", "{Folder}/a.txt"},
+      {"/a.txt", "/", "{Folder}/a.txt"},
+      {"C:\\a.txt", "C:\\", "{Folder}\\a.txt"},
+      {"/other/a.txt", "/in", "/other/a.txt"},
+  };
+  for (const auto& [path, folder, shown] : cases) EXPECT_EQ(FolderAbbreviated(path, folder), shown);
 }
 
 TEST(FolderTexts, AnnounceTheFiles) {

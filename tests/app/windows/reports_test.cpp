@@ -232,6 +232,24 @@ TEST_F(Reports, GoToTheOutputFileAlone) {
   EXPECT_THAT(messages.inputBoxes, IsEmpty());
 }
 
+TEST_F(Reports, ToAFileLeaveWhatWasNotCountedInTheTextBox) {
+  FakeFiles& disk = OpenOnFakeFiles();
+  disk.Add("/texts/a.txt", kText);
+  disk.Add("/texts/empty.txt", "");
+  disk.Add("/texts/locked/b.txt", kText);
+  disk.Refuse("/texts/locked", FileFault::PermissionDenied);
+  disk.AddFolder("/out");
+  Click("optFolder");
+  Type("txbFolder", "/texts");
+  Check("chkIncludeSubfolders");
+  Type("txbFile_1", "/out/report.txt");
+  Count();
+  ASSERT_TRUE(disk.Content("/out/report.txt"));
+  EXPECT_EQ(Output(), "Now writing to output file . . .\n1 file was skipped:\n" +
+                          WithNativePaths("{Folder}/empty.txt: is zero-length\n") + "Folder " +
+                          Below("/texts", "locked") + " cannot be read (Permission denied).\n");
+}
+
 TEST_F(Reports, ReplaceAFileWhenThePromptSaysSo) {
   WriteFile("out.txt", "precious");
   Type("txbFile_1", PathOf("out.txt"));

@@ -1,6 +1,7 @@
 // A run in the window: from the click on "Count phrases" to its report, and stopping it.
 
 #include <QProgressBar>
+#include <QShortcut>
 #include <QTimer>
 #include <functional>
 #include <stdexcept>
@@ -110,16 +111,19 @@ TEST_F(Runs, KeepTheFilterOrEmptyIt) {
 
 TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
   UseLongText();
+  Type("txbFolder", FolderPath());
   bool looked = false;
   DuringTheRun([&] {
     looked = true;
     EXPECT_EQ(TextOf("cmdCountPhrases"), "stop");
     EXPECT_TRUE(Enabled("cmdCountPhrases"));
+    main->Timer1_Timer();
     for (const char* name :
-         {"cmdClipboardViewer", "cmdHelp", "cmdSetParameters", "cmdClearOutput",
-          "txbFileFilepathSpecifications_0", "txbFileFilepathSpecifications_1", "cmdListFiles",
-          "cmdSaveState", "fraIgnoreTheseWords", "fraAllowWords", "fraIgnoreWords", "fraStateFile",
-          "fraOptions", "cmdSetOrClearCheckboxes_0", "cmdSetOrClearCheckboxes_1", "cmdRestoreDefaults"}) {
+         {"cmdClipboardViewer", "cmdHelp", "cmdSetParameters", "cmdClearOutput", "cmdClearFile_0",
+          "cmdClearFolder", "txbFileFilepathSpecifications_0", "txbFileFilepathSpecifications_1",
+          "cmdListFiles", "cmdSaveState", "fraIgnoreTheseWords", "fraAllowWords", "fraIgnoreWords",
+          "fraStateFile", "fraOptions", "cmdSetOrClearCheckboxes_0", "cmdSetOrClearCheckboxes_1",
+          "cmdRestoreDefaults"}) {
       EXPECT_FALSE(Enabled(name)) << name;
     }
     EXPECT_TRUE(main->Timer2->isActive());
@@ -140,6 +144,21 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
   for (const char* name : {"cmdHelp", "cmdSetParameters", "cmdSaveState", "fraOptions", "optFolder"}) {
     EXPECT_TRUE(Enabled(name)) << name;
   }
+}
+
+TEST_F(Runs, LetTheKeysOfTheSettingsWindowRest) {
+  UseLongText();
+  const auto keysAtWork = [this] {
+    std::set<std::string> keys;
+    for (const QShortcut* shortcut : main->Params().findChildren<QShortcut*>()) {
+      if (shortcut->isEnabled())
+        keys.insert(shortcut->key().toString(QKeySequence::PortableText).toStdString());
+    }
+    return keys;
+  };
+  DuringTheRun([&] { EXPECT_THAT(keysAtWork(), ElementsAre("Esc")); });
+  Count();
+  EXPECT_THAT(keysAtWork(), ElementsAre("Ctrl+S", "Esc", "F1"));
 }
 
 TEST_F(Runs, LeaveTheFocusOnTheButtonThatStartsAndStopsThem) {
@@ -222,6 +241,19 @@ TEST_F(Runs, EndWithoutFurtherQuestionsWhenTheWindowIsClosed) {
   const auto shown = WindowTest::Shown();
   EXPECT_EQ(shown.back(), "Quit | Really quit?");
   EXPECT_TRUE(QTest::qWaitFor([this] { return !main->isVisible(); }));
+}
+
+TEST_F(Runs, TellOfAStateThatCannotBeSavedBeforeTheyEndTheWindow) {
+  UseLongText();
+  Check("chkSaveStateOnQuit");
+  Type("txbFolder", "a \"quoted\" name");
+  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  DuringTheRun([&] { Click("cmdQuit"); });
+  Count();
+  messages.Forget();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !main->isVisible(); }));
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(testing::StartsWith("Save state | Error when attempting to save state: ")));
 }
 
 TEST_F(Runs, StayInTheirWindowWhenClosingItIsTakenBack) {

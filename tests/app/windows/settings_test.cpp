@@ -177,6 +177,26 @@ TEST_F(SettingsWindow, ChecksTheTypedWordsAfterACharacterIsNoLongerAllowed) {
               ElementsAre(HasSubstr("Character not allowed | The character '-' occurs")));
 }
 
+TEST_F(SettingsWindow, ChecksTheTypedWordsOfBothListsWheneverItChangesTheRules) {
+  const auto typed = [this](const char* box, const char* words) {
+    Find<QPlainTextEdit>(box)->setPlainText(QLatin1String(words));
+  };
+  typed("txbWordsToIgnoreOrCount_0", "a#b");
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_1");
+  typed("txbWordsToIgnoreOrCount_1", "c%d");
+  for (const char* button : {"cmdSetOrClearCheckboxes_0", "cmdSetOrClearCheckboxes_1", "cmdRestoreDefaults",
+                             "cmdSaveLoadState_0"}) {
+    dialogs.WillChoose(PathOf("mine.korv"));
+    Click(button);
+    EXPECT_THAT(
+        WindowTest::Shown(),
+        ElementsAre(HasSubstr("not allowed | The character '#' occurs in some extra word-to-ignore"),
+                    HasSubstr("not allowed | The character '%' occurs in some extra count-only word")))
+        << button;
+  }
+}
+
 // ---- Files
 
 TEST_F(SettingsWindow, SavesTheStateAndTellsSo) {
@@ -253,6 +273,106 @@ TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
 
   Click("cmdSaveState");
   EXPECT_EQ(ReadFile(StatePath()), saved);
+}
+
+/// A control and the lines of the state file that hold its value.
+struct Saved {
+  const char* name;
+  std::vector<size_t> lines;
+};
+
+const std::vector<Saved> kSavedControls = {{"txbFolder", {1}},
+                                           {"txbWordsToIgnoreOrCount_0", {2}},
+                                           {"txbFile_0", {3}},
+                                           {"txbFileFilepathSpecifications_0", {4}},
+                                           {"txbFile_1", {5}},
+                                           {"txbFileFilepathSpecifications_1", {6}},
+                                           {"cboShortWordSize", {7}},
+                                           {"cboLongWordSize", {8}},
+                                           {"chkIgnoreShortWords", {9}},
+                                           {"chkIgnoreRepetitions", {10}},
+                                           {"chkExtractTextFromDocx", {11}},
+                                           {"chkIgnoreNoLetter", {12}},
+                                           {"chkCaseSignificant", {13}},
+                                           {"chkAllowWordsWithHyphens", {14}},
+                                           {"chkAllowWordsWithApostrophes", {15}},
+                                           {"chkAllowWordsWithUnderscores", {16}},
+                                           {"chkAllowWordsWithColons", {17}},
+                                           {"chkAllowWordsWithBackslashes", {18}},
+                                           {"chkAllowWordsWithForwardslashes", {19}},
+                                           {"chkAllowWordsWithParentheses", {20}},
+                                           {"chkAllowWordsWithPeriods", {21}},
+                                           {"chkAllowWordsWithCommas", {22}},
+                                           {"chkAllowWordsWithAtSigns", {23}},
+                                           {"chkAllowWordsWithNumerals", {24}},
+                                           {"chkAllowWordsWithAmpersands", {25}},
+                                           {"chkWarnOnOverwrite", {26}},
+                                           {"chkSaveStateOnQuit", {27}},
+                                           {"chkDisableOutputToFile", {28}},
+                                           {"chkIncludeSubfolders", {29}},
+                                           {"cboWordOrder", {30}},
+                                           {"cboDisplayFormat", {31}},
+                                           {"chkOnly7bitASCII", {32}},
+                                           {"chkTerminatePhraseAtEndOfLine", {36}},
+                                           {"chkTerminatePhraseAtPeriod", {37}},
+                                           {"chkTerminatePhraseAtDoubleQuote", {38}},
+                                           {"chkTerminatePhraseAtTab", {39, 44}},
+                                           {"chkTerminatePhraseAtComma", {40}},
+                                           {"cboPhraseLength_0", {41}},
+                                           {"cboPhraseLength_1", {42}},
+                                           {"cboMinimumFrequency", {43}},
+                                           {"chkPatternMatchingInWordsToIgnoreFile", {45}},
+                                           {"chkDisplayRelativeFrequency", {46}},
+                                           {"cboCommonWordsLanguages", {48}},
+                                           {"txbFilterWords", {49}}};
+
+TEST_F(SettingsWindow, SavesAndLoadsEachControlInItsOwnLine) {
+  const auto value = [this](const char* name) {
+    auto* control = Find<QWidget>(name);
+    if (const auto* combo = qobject_cast<QComboBox*>(control)) return std::to_string(combo->currentIndex());
+    if (const auto* box = qobject_cast<QCheckBox*>(control)) return std::to_string(box->isChecked());
+    return "\"" + TextOf(name) + "\"";
+  };
+  const auto change = [this](const char* name) {
+    auto* control = Find<QWidget>(name);
+    if (auto* combo = qobject_cast<QComboBox*>(control)) {
+      combo->setCurrentIndex((combo->currentIndex() + 1) % combo->count());
+    } else if (auto* box = qobject_cast<QCheckBox*>(control)) {
+      box->toggle();
+    } else {
+      Type(name, "typed");
+    }
+  };
+  FakeFiles& disk = OpenOnFakeFiles();
+  const auto state = [&] {
+    main->SaveStateTo("/saved.korv");
+    return disk.Content("/saved.korv").value_or("");
+  };
+  const auto load = [&](const std::string& bytes) {
+    disk.Add("/one.korv", bytes);
+    dialogs.WillChoose("/one.korv");
+    Click("cmdSaveLoadState_0");
+  };
+  std::string before = state();
+  for (const auto& [name, lines] : kSavedControls) {
+    change(name);
+    const std::string changed = value(name);
+    std::string expected = before;
+    for (const size_t line : lines) {
+      size_t at = 0;
+      for (size_t passed = 1; passed < line; ++passed) at = expected.find("\r\n", at) + 2;
+      expected.replace(at, expected.find("\r\n", at) - at, changed);
+    }
+    EXPECT_NE(expected, before) << name;
+    EXPECT_EQ(state(), expected) << name;
+    load(before);
+    EXPECT_EQ(state(), before) << name;
+    load(expected);
+    EXPECT_EQ(value(name), changed) << name;
+    EXPECT_EQ(state(), expected) << name;
+    before = expected;
+  }
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
 }
 
 TEST_F(SettingsWindow, SavesAndLoadsSettingsUnderAName) {

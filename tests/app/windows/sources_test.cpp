@@ -1,5 +1,6 @@
 // Choosing and checking what is to be counted.
 
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMenu>
@@ -275,6 +276,17 @@ TEST_F(Sources, ListTheFilesThatWouldBeScanned) {
   EXPECT_EQ(Output(), "{Folder} = " + PathOf("texts") + "\n" +
                           WithNativePaths("{Folder}/a.txt\n{Folder}/b.txt\n{Folder}/sub/c.txt\n"));
   EXPECT_TRUE(Enabled("cmdListFiles"));
+}
+
+TEST_F(Sources, ListARelativeFolderAsItWasGiven) {
+  WriteFile("texts/a.txt", kText);
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder.path()));
+  Click("optFolder");
+  Type("txbFolder", "texts");
+  Click("cmdListFiles");
+  EXPECT_EQ(Output(), "{Folder} = texts\n" + WithNativePaths("{Folder}/a.txt\n"));
+  QDir::setCurrent(before);
 }
 
 TEST_F(Sources, CountAFolderIntoAnOutputFile) {

@@ -233,6 +233,15 @@ TEST_F(StartUp, SavesTheStateWhenQuittingOnlyIfThatIsWanted) {
   EXPECT_TRUE(std::filesystem::exists(StatePath()));
 }
 
+TEST_F(StartUp, TellsOfAStateThatCannotBeSavedAndQuitsAllTheSame) {
+  ASSERT_TRUE(Start());
+  Check("chkSaveStateOnQuit");
+  Type("txbFile_0", "a \"quoted\" name.txt");
+  Click("cmdQuit");
+  EXPECT_THAT(Shown(), ElementsAre(StartsWith("Save state | Error when attempting to save state: ")));
+  EXPECT_FALSE(main->isVisible());
+}
+
 TEST_F(StartUp, AsksBeforeTheSettingsWindowQuits) {
   ASSERT_TRUE(Start());
   messages.WillAnswer(Question::ReallyQuit, Answer::No);

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 namespace korv {
 
@@ -29,7 +30,7 @@ Desktop WindowTest::Surroundings() {
           .clipboard = clipboard,
           .launcher = launcher,
           .files = *files,
-          .yielder = yielder,
+          .yielder = *usedYielder,
           .clock = clock,
           .numbers = {},
           .programText = programText,
@@ -49,8 +50,30 @@ bool WindowTest::Start() {
 
 void WindowTest::End() {
   if (main == nullptr) return;
-  yielder.RequestStop();
+  usedYielder->RequestStop();
   main.reset();
+}
+
+FakeFiles& WindowTest::OpenOnFakeFiles() {
+  End();
+  auto disk = std::make_unique<FakeFiles>();
+  disk->Add(programText, ReadFile(PathToText(programText)));
+  FakeFiles& opened = *disk;
+  files = std::move(disk);
+  EXPECT_TRUE(Start());
+  return opened;
+}
+
+void WindowTest::OpenWithEveryTurn() {
+  End();
+  usedYielder = &everyTurn;
+  EXPECT_TRUE(Start());
+}
+
+void WindowTest::AtTheNextTurn(std::function<void()> act) {
+  everyTurn.onTurn = [act, done = false]() mutable {
+    if (!std::exchange(done, true)) act();
+  };
 }
 
 std::string WindowTest::WriteFile(const std::string& name, const std::string& bytes) const {

@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,7 +24,9 @@
 #include "platform/qt/qt_yielder.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_desktop.h"
+#include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
+#include "tests/fakes/fake_yielder.h"
 
 namespace korv {
 
@@ -46,6 +49,12 @@ class WindowTest : public testing::Test {
   /// What the next window stands on.
   virtual Desktop Surroundings();
   void End();
+  /// Opens the window anew, on a disk in memory that holds the program's texts.
+  FakeFiles& OpenOnFakeFiles();
+  /// Opens the window anew, with turns that come at every step of a run or a reading and pass no events.
+  void OpenWithEveryTurn();
+  /// Does `act` once, when the next of those turns comes.
+  void AtTheNextTurn(std::function<void()> act);
 
   // ---- Files
 
@@ -101,6 +110,8 @@ class WindowTest : public testing::Test {
   FakeLauncher launcher;
   FakeClock clock;
   QtYielder yielder;
+  FakeYielder everyTurn;
+  Yielder* usedYielder = &yielder;  ///< The one of the two that the window has.
   std::unique_ptr<FileSystem> files;
   std::unique_ptr<QSettings> store;
   std::filesystem::path programText;

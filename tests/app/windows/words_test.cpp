@@ -1,6 +1,8 @@
 // The Settings window's words to ignore and to count.
 
 #include <QTimer>
+#include <stdexcept>
+#include <tuple>
 
 #include "app/windows/frm_load_remove.h"
 #include "tests/app/windows/window_test.h"
@@ -206,6 +208,106 @@ TEST_F(Words, ToCountRestrictTheCount) {
   Count();
   EXPECT_THAT(Output(), HasSubstr("old man wept"));
   EXPECT_THAT(Output(), Not(HasSubstr("whale")));
+}
+
+TEST_F(Words, ToIgnoreAreLoadedAndForgottenWhileThoseToCountAreShown) {
+  const auto saveTo = [this](const char* name) {
+    dialogs.WillChoose(PathOf(name));
+    Click("cmdSaveLoadState_1");
+  };
+  saveTo("without.korv");
+  AddFile("ignored.txt", "the of and");
+  saveTo("with.korv");
+  Click("optCountOnlyWordsAndPhrases");
+  AddFile("only.txt", "whale\nold man");
+  const std::tuple<const char*, Answer, const char*> loads[] = {
+      {"with.korv", Answer::No, ""},
+      {"with.korv", Answer::Yes, "3 words-to-ignore loaded"},
+      {"without.korv", Answer::Yes, ""},
+  };
+  const auto expectStates = [this](const std::string& toIgnore, const std::string& file) {
+    EXPECT_EQ(TextOf("lblWordsState"), "2 count-only words loaded") << file;
+    EXPECT_EQ(TextOf("cboWordsFile"), PathOf("only.txt")) << file;
+    Click("optWordsToIgnore");
+    EXPECT_EQ(TextOf("lblWordsState"), toIgnore) << file;
+    Click("optCountOnlyWordsAndPhrases");
+  };
+  for (const auto& [file, answer, state] : loads) {
+    messages.WillAnswer(Question::LoadWordFile, answer);
+    dialogs.WillChoose(PathOf(file));
+    Click("cmdSaveLoadState_0");
+    expectStates(state, file);
+  }
+  // A language is one of words to ignore, too.
+  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  Find<QComboBox>("cboCommonWordsLanguages")->setCurrentIndex(1);
+  main->Params().cboCommonWordsLanguages_Click();
+  Click("optWordsToIgnore");
+  EXPECT_THAT(TextOf("cboWordsFile"), EndsWith("cwds_de.txt"));
+  const std::string german = TextOf("lblWordsState");
+  EXPECT_THAT(german, EndsWith(" words-to-ignore loaded"));
+  Click("optCountOnlyWordsAndPhrases");
+  expectStates(german, "German");
+}
+
+// ---- While they are read
+
+const char* const kText = "The white whale swam. The white whale swam.";
+
+const char* const kRestWhileReading[] = {
+    "cmdCountPhrases", "cmdClearOutput", "cmdClipboardViewer",  "cmdHelp",       "cmdSetParameters",
+    "cmdSaveState",    "cmdListFiles",   "fraIgnoreTheseWords", "fraAllowWords", "fraIgnoreWords",
+    "fraStateFile",    "fraOptions",     "cmdFile_0",           "cmdInitialize", "cmdRestoreDefaults"};
+
+TEST_F(Words, KeepTheWindowBusyWhileTheyAreRead) {
+  OpenWithEveryTurn();
+  UseFile(kText);
+  Choose("cboPhraseLength_0", 0);
+  Count();
+  const std::string report = Output();
+  EXPECT_THAT(TextOf("lblNumberOfWords"), HasSubstr("Number of phrases"));
+  bool looked = false;
+  AtTheNextTurn([&] {
+    looked = true;
+    const std::string during = report + "Now reading words to ignore . . . ";
+    EXPECT_EQ(Output(), during);
+    EXPECT_EQ(TextOf("cmdCountPhrases"), "Processing . . . ");
+    EXPECT_EQ(TextOf("lblNumberOfWords"), "");
+    EXPECT_EQ(TextOf("lblNumOccurrences"), "");
+    main->Timer1_Timer();
+    for (const char* name : kRestWhileReading) EXPECT_FALSE(Enabled(name)) << name;
+    // Nothing is listed, whatever is chosen.
+    Choose("cboDisplayFormat", 8);
+    Choose("cboWordOrder", 1);
+    Check("chkDisplayRelativeFrequency");
+    Type("txbFilterWords", "whale");
+    Click("cmdFilterResults");
+    Type("txbFile_1", PathOf("out.txt"));
+    Check("chkDisableOutputToFile");
+    Check("chkDisableOutputToFile", false);
+    EXPECT_EQ(Output(), during);
+  });
+  AddFile("list.txt", "the of\nand");
+  EXPECT_TRUE(looked);
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  EXPECT_EQ(Output(), report);
+  EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
+  for (const char* name : kRestWhileReading) EXPECT_TRUE(Enabled(name)) << name;
+}
+
+TEST_F(Words, FreeTheWindowWhenReadingThemFailsUnforeseen) {
+  OpenWithEveryTurn();
+  UseFile(kText);
+  Choose("cboPhraseLength_0", 0);
+  Count();
+  AtTheNextTurn([] { throw std::runtime_error("a torn page"); });
+  AddFile("list.txt", "the of\nand");
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(HasSubstr("At cmdSelectWordsFile_Click error # 5.\r\nDescription: a torn page")));
+  EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
+  for (const char* name : kRestWhileReading) EXPECT_TRUE(Enabled(name)) << name;
+  Choose("cboDisplayFormat", 8);
+  EXPECT_THAT(Output(), HasSubstr("\nthe white whale swam\n"));
 }
 
 TEST_F(Words, NoticeFollowsTheChosenMode) {
