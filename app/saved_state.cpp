@@ -191,6 +191,13 @@ Expected<std::string, StateError> ReadWhole(FileSystem& files, const std::filesy
   return StateError{"The file is too long for a settings file."};
 }
 
+std::optional<FileError> MakeFolder(FileSystem& files, const std::filesystem::path& folder) {
+  if (folder.empty() || files.FolderExists(folder)) return std::nullopt;
+  if (folder.has_relative_path())
+    if (auto fault = MakeFolder(files, folder.parent_path())) return fault;
+  return files.CreateFolder(folder);
+}
+
 std::string WriteWhole(FileSystem& files, const std::filesystem::path& path, std::string_view bytes) {
   auto file = files.OpenForWriting(path);
   if (!file) return file.Error().description;
@@ -220,9 +227,9 @@ std::string SavedState::SaveState(const std::filesystem::path& path, const Setti
   if (!bytes) {
     error = bytes.Error().Description;
   } else {
-    // Only the state file's own folder is the program's to make.
-    if (path.empty() && !files_.FolderExists(stateFile_.parent_path()))
-      if (const auto refused = files_.CreateFolder(stateFile_.parent_path())) error = refused->description;
+    // Only the state file's own folder is the program's to make, with those above it: a new user has none.
+    if (path.empty())
+      if (const auto refused = MakeFolder(files_, stateFile_.parent_path())) error = refused->description;
     if (error.empty()) error = WriteWhole(files_, target, *bytes);
   }
   return error.empty() ? error : "Error when attempting to save state: " + error;

@@ -345,6 +345,16 @@ TEST_F(SavedStateTest, SavesToTheStateFileAndRestoresFromIt) {
   EXPECT_THAT(messages.shown, IsEmpty());
 }
 
+TEST(SavedState, MakesTheFoldersThatANewUserLacks) {
+  FakeFiles files;
+  FakeMessages messages;
+  SavedState state(files, messages, "/home/new/.config/Korv/korv.usr");
+  EXPECT_EQ(state.SaveState({}, Settings{}), "");
+  EXPECT_EQ(files.Content("/home/new/.config/Korv/korv.usr"), BytesOf(Settings{}));
+  EXPECT_NE(state.SaveState("/nowhere/x.korv", Settings{}), "")
+      << "a folder that the user named is the user's";
+}
+
 TEST_F(SavedStateTest, SavesToANamedFileInPlaceOfWhatItHeld) {
   files.Add("/mine.korv", "old");
   EXPECT_EQ(state.SaveState("/mine.korv", Settings{}), "");
