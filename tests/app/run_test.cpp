@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "report/summary.h"
 #include "tests/app/run_world.h"
 #include "tests/fakes/native_paths.h"
 
@@ -162,15 +163,18 @@ TEST(RunCount, TellsOfSortingAboveAThousandPhrases) {
 TEST(RunCount, SaysWhatKindOfFileItIs) {
   struct Case {
     std::string Content;
+    const char* WhileReading;
     const char* Kind;
   };
-  for (const Case& c : {Case{"one two\r\nthree", ""},
-                        {"one two\nthree", "This is a Unix-type file."},
-                        {"one two\rthree", "This is a Macintosh-type file."},
-                        {"\xEF\xBB\xBFone two\nthree", "This is a UTF-8 text file."}}) {
+  for (const Case& c :
+       {Case{"one two\r\nthree", "", ""},
+        {"one two\nthree", "", "This is a Unix-type file."},
+        {"one two\rthree", "", "This is a Macintosh-type file."},
+        {"\xEF\xBB\xBFone two\nthree", "This is a UTF8 file.", "This is a UTF-8 text file."}}) {
     RunWorld world;
     world.UseFile("/a.txt", c.Content);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_THAT(world.view.fileKinds, ElementsAre(c.WhileReading));
     EXPECT_EQ(world.run.FileKind, c.Kind);
   }
 }
@@ -251,9 +255,20 @@ TEST(RunCount, AsksAboutLargeInputOnceAndOnlyWithoutAnOutputFile) {
     EXPECT_EQ(world.messages.shown.size(), c.Asks ? 1u : 0u);
     EXPECT_EQ(world.view.choices, c.Given == Answer::Yes ? 1 : 0);
     EXPECT_EQ(world.run.OutputPath, c.OutputAfter);
+    EXPECT_EQ(testing::Value(world.view.sizes, Contains("|")), c.End == RunEnd::Abandoned);
     if (c.Asks) {
       EXPECT_EQ(world.messages.Only().title, "Large input file");
     }
+  }
+}
+
+TEST(RunCount, ShowsTheProgressOfLargerFilesOnly) {
+  for (const size_t bytes : {10240U, 10241U}) {
+    RunWorld world;
+    world.UseFile("/a.txt", ManyPhrases(3000).substr(0, bytes));
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_EQ(world.progress.BytesTotal, bytes > 10240 ? bytes : 0U);
+    EXPECT_EQ(world.progress.BytesRead, bytes);
   }
 }
 
@@ -511,6 +526,29 @@ TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
   EXPECT_THAT(world.view.statuses, Contains("8 files will be scanned."));
   EXPECT_EQ(world.messages.Only().title, "Error");  // The broken document.
   EXPECT_TRUE(world.messages.Only().text.ends_with(" when processing broken.docx"));
+}
+
+TEST(RunCount, TellsOfEachFileOfAFolderWhatItTellsOfASingleOne) {
+  RunWorld world;
+  world.files.Add("/t/a.txt", "the big cat");
+  world.files.Add("/t/b.html", "<p>the big cat</p>");
+  world.files.Add("/t/empty.txt", "");
+  world.files.Add("/t/sub/c.txt", "\xEF\xBB\xBFthe big cat sat");
+  world.UseFolder("/t");
+  world.request.IncludeSubfolders = true;
+  std::vector<std::string> moments;
+  world.yielder.onTurn = [&] {
+    if (!world.progress.CountingFiles)
+      moments.push_back(ProgressCountText(world.progress.FilesRead, world.progress.FoldersRead));
+  };
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_THAT(world.view.sizes,
+              ElementsAre("Filesize: 11 bytes|", "Filesize: 18 bytes|", "Filesize: 18 bytes|Text: 11 bytes",
+                          "Filesize: 0 bytes|", "Filesize: 18 bytes|"));
+  EXPECT_THAT(world.view.fileKinds, ElementsAre("", "", "This is a UTF8 file."));
+  for (const char* moment : {"0 files in 1 folder", "1 file in 1 folder", "3 files in 2 folders"})
+    EXPECT_THAT(moments, Contains(moment));
+  EXPECT_EQ(moments.back(), "4 files in 2 folders");
 }
 
 TEST(RunCount, RefusesFoldersThatCannotBeCounted) {

@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <iterator>
 #include <map>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "tests/fakes/fake_files.h"
@@ -165,6 +168,120 @@ TEST(StateBytes, OfChangedSettingsHaveEveryFieldInItsPlace) {
                                              "-1",
                                              "0"};
   EXPECT_EQ(LinesOf(BytesOf(AllChanged())), expected);
+}
+
+/// A field of the settings, its lines in the file, and what is written there for another value.
+struct Field {
+  std::vector<size_t> Lines;
+  std::string Written;
+  std::function<void(Settings&)> Change;
+  std::function<bool(const Settings&)> IsChanged;
+};
+
+/// The settings themselves, or the part of them that a member belongs to.
+template <typename Part, typename AnySettings>
+auto& PartOf(AnySettings& settings) {
+  if constexpr (std::is_same_v<Part, WordRules>)
+    return settings.Words;
+  else if constexpr (std::is_same_v<Part, ReportOptions>)
+    return settings.Report;
+  else
+    return settings;
+}
+
+template <typename Part, typename T>
+Field FieldAt(std::vector<size_t> lines, std::string written, T Part::*member, T changed) {
+  return {std::move(lines), std::move(written), [=](Settings& s) { PartOf<Part>(s).*member = changed; },
+          [=](const Settings& s) { return PartOf<Part>(s).*member == changed; }};
+}
+
+std::vector<Field> Fields() {
+  const std::string text = "x";
+  std::vector<Field> fields = {
+      FieldAt({1}, R"("x")", &Settings::Folder, text),
+      FieldAt({2}, R"("x")", &Settings::ExtraWordsToIgnore, text),
+      FieldAt({3}, R"("x")", &Settings::InputFile, text),
+      FieldAt({4}, R"("x")", &Settings::FilePatterns, text),
+      FieldAt({5}, R"("x")", &Settings::OutputFile, text),
+      FieldAt({6}, R"("x")", &Settings::ExcludedTexts, text),
+      FieldAt({7}, "3", &WordRules::ShortWordSize, 5),
+      FieldAt({8}, "1", &WordRules::LongWordSize, 30),
+      FieldAt({30}, "1", &ReportOptions::WordOrder, 1),
+      FieldAt({31}, "7", &ReportOptions::DisplayFormat, 7),
+      FieldAt({35}, "2", &Settings::SourceKind, TextSource::Folder),
+      FieldAt({41}, "6", &Settings::MinWords, 8),
+      FieldAt({42}, "6", &Settings::MaxWords, 8),
+      FieldAt({43}, "6", &Settings::MinFrequency, 7),
+      FieldAt({48}, "5", &Settings::CommonWordsLanguage, CommonWords::French),
+      FieldAt({49}, R"("x")", &ReportOptions::FilterText, text),
+      FieldAt({50}, "1", &ReportOptions::FilterModeOfWords, FilterMode::AllWordsInSameOrder)};
+  const auto addCheck = [&]<typename Part>(std::vector<size_t> lines, bool Part::*member) {
+    const Settings fresh;
+    const bool changed = !(PartOf<Part>(fresh).*member);
+    fields.push_back(FieldAt(std::move(lines), changed ? "1" : "0", member, changed));
+  };
+  addCheck({9}, &WordRules::IgnoreShortWords);
+  addCheck({10}, &WordRules::IgnoreRepetitions);
+  addCheck({11}, &Settings::ExtractTextFromDocx);
+  addCheck({12}, &WordRules::IgnoreNoLetter);
+  addCheck({13}, &WordRules::CaseSignificant);
+  addCheck({14}, &WordRules::AllowHyphens);
+  addCheck({15}, &WordRules::AllowApostrophes);
+  addCheck({16}, &WordRules::AllowUnderscores);
+  addCheck({17}, &WordRules::AllowColons);
+  addCheck({18}, &WordRules::AllowBackslashes);
+  addCheck({19}, &WordRules::AllowForwardslashes);
+  addCheck({20}, &WordRules::AllowParentheses);
+  addCheck({21}, &WordRules::AllowPeriods);
+  addCheck({22}, &WordRules::AllowCommas);
+  addCheck({23}, &WordRules::AllowAtSigns);
+  addCheck({24}, &WordRules::AllowNumerals);
+  addCheck({25}, &WordRules::AllowAmpersands);
+  addCheck({26}, &Settings::WarnOnOverwrite);
+  addCheck({27}, &Settings::SaveStateOnQuit);
+  addCheck({28}, &Settings::DisableOutputToFile);
+  addCheck({29}, &Settings::IncludeSubfolders);
+  addCheck({32}, &WordRules::Only7bitASCII);
+  addCheck({36}, &WordRules::TerminateAtEndOfLine);
+  addCheck({37}, &WordRules::TerminateAtPeriod);
+  addCheck({38}, &WordRules::TerminateAtDoubleQuote);
+  addCheck({39, 44}, &WordRules::TerminateAtTab);
+  addCheck({40}, &WordRules::TerminateAtComma);
+  addCheck({45}, &Settings::PatternMatchingInWordsToIgnoreFile);
+  addCheck({46}, &ReportOptions::RelativeFrequency);
+  addCheck({47}, &ReportOptions::SortByNumberOfFiles);
+  return fields;
+}
+
+TEST(StateBytes, HaveALineForEachFieldAndGiveItBackAlone) {
+  const std::vector<Field> fields = Fields();
+  for (const Field& field : fields) {
+    std::vector<std::string> lines = LinesOf(BytesOf(Settings{}));
+    for (const size_t line : field.Lines) lines[line - 1] = field.Written;
+    Settings changed;
+    field.Change(changed);
+    EXPECT_EQ(LinesOf(BytesOf(changed)), lines) << field.Lines[0];
+    Settings restored;
+    EXPECT_TRUE(ReadStateBytes(Joined(lines), restored).Complete());
+    for (const Field& other : fields)
+      EXPECT_EQ(other.IsChanged(restored), &other == &field) << field.Lines[0] << " " << other.Lines[0];
+  }
+}
+
+TEST(StateBytes, HaveALineForEachOptionOfTheWordsToIgnore) {
+  const IgnoreRule rules[] = {IgnoreRule::Allow, IgnoreRule::ExcludeAll, IgnoreRule::Remove,
+                              IgnoreRule::ExcludeWith};
+  for (size_t k = 0; k < std::size(rules); ++k) {
+    Settings settings;
+    settings.IgnoreOption = rules[k];
+    std::vector<std::string> lines = LinesOf(BytesOf(Settings{}));
+    for (size_t option = 0; option < std::size(rules); ++option)
+      lines[50 + option] = option == k ? "-1" : "0";
+    EXPECT_EQ(LinesOf(BytesOf(settings)), lines) << k;
+    Settings restored;
+    EXPECT_TRUE(ReadStateBytes(Joined(lines), restored).Complete());
+    EXPECT_EQ(restored.IgnoreOption, rules[k]);
+  }
 }
 
 TEST(StateBytes, EndWithTheLineEndOfTheLastOption) {

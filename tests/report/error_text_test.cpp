@@ -8,7 +8,7 @@ namespace {
 class AdviceTexts final : public ProgramText {
  public:
   std::string Get(int number) const override {
-    return number == 92 ? "Please save your work." : number == 94 ? "Then start again." : "";
+    return number == 93 ? "" : "Advice " + std::to_string(number);
   }
 };
 
@@ -20,7 +20,7 @@ TEST(UnexpectedError, NamesPlaceNumberAndDescription) {
 TEST(ListingAdvice, IsTheProgramsTextsThatThereAre) {
   EXPECT_EQ(ListingAdvice(nullptr), "");
   const AdviceTexts texts;
-  EXPECT_EQ(ListingAdvice(&texts), "\r\nPlease save your work.\r\nThen start again.");
+  EXPECT_EQ(ListingAdvice(&texts), "\r\nAdvice 92\r\nAdvice 94\r\nAdvice 95\r\nAdvice 96");
 }
 
 TEST(ErrorNumber, TellsDeniedPermissionFromTheRest) {

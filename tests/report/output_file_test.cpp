@@ -2,10 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
+#include <utility>
+
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/fake_text_box.h"
+#include "tests/fakes/fake_yielder.h"
 #include "tests/report/report_world.h"
 
 namespace korv {
@@ -97,6 +102,26 @@ TEST_F(FileListing, DeniedPermissionHasItsOwnMessage) {
   EXPECT_EQ(messages.Only().icon, Icon::Information);
 }
 
+TEST_F(FileListing, AnErrorInTheMiddleNamesTheListingAndKeepsTheOldFile) {
+  for (const auto& [order, name] : {std::pair{0, "ListWordsByFrequency"}, {1, "ListWordsAlphabetically"}})
+    for (const bool memory : {false, true}) {
+      files.Add("/out/report.txt", "what was there");
+      messages.Forget();
+      world.options.WordOrder = order;
+      FakeYielder yielder;
+      yielder.onTurn = [&] {
+        if (yielder.calls < 2 + 2) return;  // Both are measured; then the first is listed.
+        if (memory) throw std::bad_alloc();
+        throw std::runtime_error("a surprise");
+      };
+      EXPECT_FALSE(ListWordsToFile(world.View(), "/out/report.txt", services, yielder).Written);
+      EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
+      EXPECT_EQ(messages.Only().text, memory ? "Insufficient memory"
+                                             : std::string("At ") + name +
+                                                   " error # 5.\r\nDescription: a surprise\r\nStart again.");
+    }
+}
+
 TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFar) {
   files.Add("/out/report.txt", "what was there");
   StoppingYielder yielder(2 + 2);
@@ -162,6 +187,8 @@ TEST_F(Overwriting, CancelAndAnEmptyPathDisableTheFile) {
   files.Add("/out/old.txt", "kept");
   messages.WillType(std::nullopt);
   messages.WillType("");
+  messages.WillType("   ");
+  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
   EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
   EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
   EXPECT_EQ(files.Content("/out/old.txt"), "kept");
@@ -170,8 +197,10 @@ TEST_F(Overwriting, CancelAndAnEmptyPathDisableTheFile) {
 
 TEST_F(Overwriting, AnotherPathIsTakenWhereItsFolderExists) {
   files.Add("/out/old.txt", "");
-  messages.WillType("/out/new.txt");
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/new.txt");
+  for (const char* typed : {"/out/new.txt", "  /out/new.txt "}) {
+    messages.WillType(typed);
+    EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/new.txt") << typed;
+  }
 }
 
 TEST_F(Overwriting, AnotherPathThatExistsIsAskedForInItsTurn) {

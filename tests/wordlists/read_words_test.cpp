@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/fakes/fake_yielder.h"
 #include "tests/wordlists/list_world.h"
 #include "wordlists/comment_stripper.h"
 #include "wordlists/gather_lists.h"
@@ -57,6 +58,18 @@ TEST(ReadWords, LeavesOutCommentsOfBothKinds) {
       "but */ of\r\n"
       "one/*two*/three\r\n");
   EXPECT_THAT(list.Words, ElementsAre("the", "and", "of", "one", "three"));
+}
+
+TEST(ReadWords, GivesTheSystemItsTurnAfterEachLine) {
+  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
+    ListWorld world;
+    FakeYielder turns;
+    ListReading reading{world.check, world.encodings, turns, {}};
+    world.files.Add("/lists/l.txt", "the of\r\n\r\nand\r\nwhale");
+    WordList list;
+    EXPECT_TRUE(ReadWords(reading, "/lists/l.txt", kind, world.rules, list));
+    EXPECT_EQ(turns.calls, 4U);
+  }
 }
 
 TEST(ReadWords, AFileOfBlankLinesGivesAnEmptyList) {
