@@ -3,10 +3,13 @@
 #include <QProgressBar>
 #include <QShortcut>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
+#include <set>
 #include <stdexcept>
 
 #include "tests/app/windows/window_test.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -161,6 +164,140 @@ TEST_F(Runs, LetTheKeysOfTheSettingsWindowRest) {
   EXPECT_THAT(keysAtWork(), ElementsAre("Ctrl+S", "Esc", "F1"));
 }
 
+TEST_F(Runs, TellHowManyPhrasesTheyHaveFoundAtEveryTick) {
+  OpenWithEveryTurn();
+  std::string text;
+  for (int i = 0; i < 1235; ++i) {
+    std::string word;
+    for (int rest = i + 1; rest > 0; rest /= 26) word += static_cast<char>('a' + rest % 26);
+    text += "the word" + word + ".\n";
+  }
+  UseFile(text);
+  Choose("cboPhraseLength_0", 0);
+  Choose("cboPhraseLength_1", 0);
+  Choose("cboMinimumFrequency", 0);
+  std::string last;
+  everyTurn.onTurn = [&] {
+    if (everyTurn.calls % 50 != 0 || !Output().starts_with("Now ")) return;
+    main->Timer2_Timer();
+    last = TextOf("lblNumberOfWords");
+  };
+  Count();
+  EXPECT_EQ(last, "Number of different phrases found so far: 1,235");
+}
+
+TEST_F(Runs, ShowASignOfLifeAtEveryTickWhileTheBoxIsShort) {
+  OpenWithEveryTurn();
+  UseFile(kText);
+  bool looked = false;
+  AtTheNextTurn([&] {
+    looked = true;
+    const std::string before = Output();
+    main->Timer2_Timer();
+    main->Timer2_Timer();
+    EXPECT_EQ(Output(), before + ". . ");
+    Find<QCheckBox>("chkSuppressWords")->setChecked(false);
+    main->Timer2_Timer();
+    EXPECT_EQ(Output(), before + ". . ");
+    Find<QCheckBox>("chkSuppressWords")->setChecked(true);
+    // A line break counts twice.
+    const auto length = [this] {
+      return Output().size() + static_cast<size_t>(std::ranges::count(Output(), '\n'));
+    };
+    main->Output().OutputToTxb(std::string(2999 - length(), 'x'));
+    main->Timer2_Timer();
+    EXPECT_EQ(length(), 3001U);
+    main->Timer2_Timer();
+    EXPECT_EQ(length(), 3001U);
+    main->Timer2->setInterval(0);
+    main->Output().Clear();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Output().starts_with(". "); })) << "the timer itself";
+  });
+  Count();
+  EXPECT_TRUE(looked);
+}
+
+/// Fills the box to its end.
+void Fill(OutputBox& box) {
+  std::string lines;
+  for (int i = 0; i < 20; ++i) lines += std::string(98, 'x') + "\r\n";
+  while (box.OutputToTxb(lines)) {
+  }
+}
+
+TEST_F(Runs, TellHowFarAFolderWasReadWhenTheBoxIsFull) {
+  OpenWithEveryTurn();
+  for (const char* name : {"texts/a.txt", "texts/b.txt", "texts/sub/c.txt", "texts/sub/d.txt"}) {
+    WriteFile(name, kText);
+  }
+  Click("optFolder");
+  Type("txbFolder", PathOf("texts"));
+  Check("chkIncludeSubfolders");
+  Type("txbFile_1", PathOf("out.txt"));
+  std::string full;
+  everyTurn.onTurn = [&] {
+    if (!full.empty() || !TextOf("txbFile_0").ends_with("d.txt")) return;
+    Fill(main->Output());
+    full = Output();
+    main->tmrProgress_Timer();
+    EXPECT_EQ(TextOf("lblStatusFiles"), "3 files in 2 folders");
+  };
+  Count();
+  EXPECT_THAT(full, testing::EndsWith("\n\nTextbox is full.\n\nTo this point: 3 files in 2 folders"));
+
+  Click("optInFile");
+  UseFile(kText);
+  AtTheNextTurn([&] {
+    Fill(main->Output());
+    full = Output();
+  });
+  Count();
+  EXPECT_THAT(full, testing::EndsWith("\n\nTextbox is full."));
+}
+
+TEST_F(Runs, AreToldOfInABoxThatWasFull) {
+  OpenWithEveryTurn();
+  UseFile(kText);
+  Count();
+  Fill(main->Output());
+  std::string during;
+  AtTheNextTurn([&] { during = Output(); });
+  Count();
+  EXPECT_EQ(during, "Now counting phrases in\n\n" + PathOf("text.txt") + "\n");
+}
+
+TEST_F(Runs, LeaveTheUnreadableFoldersInTheBox) {
+  FakeFiles& disk = OpenOnFakeFiles();
+  disk.Add("/texts/a.txt", kText);
+  disk.Add("/texts/locked/b.txt", kText);
+  disk.Refuse("/texts/locked", FileFault::PermissionDenied);
+  Click("optFolder");
+  Type("txbFolder", "/texts");
+  Check("chkIncludeSubfolders");
+  Choose("cboPhraseLength_0", 1);
+  Count();
+  EXPECT_THAT(Output(),
+              testing::StartsWith("1 file (in 1 folder) was scanned.\nFolder " + Below("/texts", "locked") +
+                                  " cannot be read (Permission denied).\nThere are "));
+}
+
+TEST_F(Runs, TakeTheFilterWordsAsTheyStandThere) {
+  UseFile(kText);
+  Choose("cboPhraseLength_0", 0);
+  messages.WillAnswer(Question::KeepFilter, Answer::Yes);
+  // A key starts the run while the box has the focus.
+  Find<QLineEdit>("txbFilterWords")->setText(QStringLiteral("WHALE,"));
+  Count();
+  EXPECT_EQ(TextOf("txbFilterWords"), "whale");
+  EXPECT_THAT(Output(), HasSubstr("Filter words: whale\n"));
+  EXPECT_EQ(WindowTest::Shown().size(), 1U);
+  Find<QLineEdit>("txbFilterWords")->setText(QStringLiteral(","));
+  Count();
+  EXPECT_EQ(TextOf("txbFilterWords"), "");
+  EXPECT_THAT(Output(), Not(HasSubstr("Filter words")));
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
 TEST_F(Runs, LeaveTheFocusOnTheButtonThatStartsAndStopsThem) {
   UseLongText();
   const auto focused = [&] { return main->focusWidget()->objectName().toStdString(); };
@@ -307,6 +444,25 @@ TEST_F(Runs, TellHowManyWordsWereExcluded) {
   UseFile("we saw it and we saw it again");
   Count();
   EXPECT_EQ(TextOf("lblNumWordsExcluded"), "Number of words excluded: 4");
+  UseFile("they saw the whale and they saw the whale again");
+  Count();
+  EXPECT_EQ(TextOf("lblNumWordsExcluded"), "");
+}
+
+TEST_F(Runs, TellWhatTheyCounted) {
+  UseFile("the old man. the old man.\n");
+  Choose("cboPhraseLength_0", 0);
+  Choose("cboPhraseLength_1", 0);
+  Count();
+  EXPECT_EQ(TextOf("lblTotalNumOccurrences"), "This is a Unix-type file.");
+  EXPECT_EQ(TextOf("lblStatusWords"), "6 words");
+  EXPECT_EQ(TextOf("lblStatusPhrases"), "2 different phrases");
+  EXPECT_FALSE(WindowTest::Shown("lblStatusFiles"));
+  Click("optOnClipboard");
+  clipboard.text = "the man. the man.";
+  Count();
+  EXPECT_EQ(TextOf("lblTotalNumOccurrences"), "Total number of phrase occurrences: 2");
+  EXPECT_EQ(TextOf("lblStatusPhrases"), "1 different phrase");
 }
 
 }  // namespace

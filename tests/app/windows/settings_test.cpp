@@ -96,20 +96,38 @@ TEST_F(SettingsWindow, ReinitializesTheProgram) {
   Click("cmdSetOrClearCheckboxes_0");
   Click("optFolder");
   Choose("cboDisplayFormat", 12);
-  Check("chkSortByNumberOfFiles");
-  Type("txbFileFilepathSpecifications_0", "*.txt");
-  Type("txbWordsToIgnoreOrCount_0", "ibid");
-  Type("txbFilterWords", "whale");
+  Choose("cboWordOrder", 1);
+  Choose("cboLongWordSize", 0);
+  Find<QCheckBox>("chkSortByNumberOfFiles")->setChecked(true);
+  const char* const boxes[] = {"txbFileFilepathSpecifications_0", "txbFileFilepathSpecifications_1",
+                               "txbWordsToIgnoreOrCount_0", "txbFilterWords", "txbStateFile"};
+  for (const char* box : boxes) Type(box, "typed");
+  const char* const labels[] = {"lblNumberOfWords",    "lblNumOccurrences", "lblTotalNumOccurrences",
+                                "lblNumWordsExcluded", "lblFilesize",       "lblXMLsize"};
+  for (const char* label : labels) Find<QLabel>(label)->setText(QStringLiteral("told"));
   Click("cmdInitialize");
   ExpectDefaults();
   EXPECT_EQ(PopUpText(), "Program reinitialized");
   EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
-  for (const char* box : {"txbFileFilepathSpecifications_0", "txbWordsToIgnoreOrCount_0", "txbFilterWords"}) {
-    EXPECT_EQ(TextOf(box), "") << box;
-  }
+  EXPECT_EQ(ItemOf("cboWordOrder"), 0);
+  EXPECT_EQ(TextOf("cboLongWordSize"), "50");
+  for (const char* box : boxes) EXPECT_EQ(TextOf(box), "") << box;
+  for (const char* label : labels) EXPECT_EQ(TextOf(label), " ") << label;
   EXPECT_FALSE(Checked("chkSortByNumberOfFiles"));
-  EXPECT_EQ(TextOf("lblFilesize"), " ");
+  EXPECT_FALSE(Enabled("cmdClear"));
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  const std::string saved = ReadFile(StatePath());
+  Click("cmdSaveState");
+  EXPECT_EQ(ReadFile(StatePath()), saved);
+  EXPECT_THAT(saved, testing::Not(IsEmpty()));
+}
+
+TEST_F(SettingsWindow, TellsThatItReinitializedAlthoughTheStateCannotBeSaved) {
+  Type("txbFile_0", "a \"quoted\" name.txt");
+  Click("cmdInitialize");
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(testing::StartsWith("Save state | Error when attempting to save state: ")));
+  EXPECT_EQ(PopUpText(), "Program reinitialized");
 }
 
 TEST_F(SettingsWindow, AsksAboutTheWordFilesWhenItReinitializes) {
@@ -131,8 +149,12 @@ TEST_F(SettingsWindow, EnablesTheShortSizeOnlyWithItsRule) {
 }
 
 TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
-  for (const char* box : {"chkCaseSignificant", "chkAllowWordsWithHyphens", "chkAllowWordsWithNumerals"}) {
+  // The twelve kinds of characters and the case, which come first.
+  ASSERT_STREQ(kBoxes[12], "chkCaseSignificant");
+  for (size_t i = 0; i <= 12; ++i) {
+    const char* box = kBoxes[i];
     CountSomething();
+    const std::string report = Output();
     const bool before = Checked(box);
     messages.WillAnswer(Question::RereadSource, Answer::No);
     Click(box);
@@ -140,6 +162,7 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
                 ElementsAre(" | Changing this entails reading the file anew.  Is this OK?"));
     EXPECT_EQ(Checked(box), before) << box;
     EXPECT_TRUE(main->HasResult()) << box;
+    EXPECT_EQ(Output(), report) << box;
     messages.WillAnswer(Question::RereadSource, Answer::Yes);
     Click(box);
     EXPECT_EQ(Checked(box), !before) << box;
@@ -162,9 +185,16 @@ TEST_F(SettingsWindow, NamesTheSourceThatWouldBeReadAnew) {
 }
 
 TEST_F(SettingsWindow, AsksNothingWhenTheProgramChangesABox) {
+  Click("cmdSetOrClearCheckboxes_0");
+  dialogs.WillChoose(PathOf("all.korv"));
+  Click("cmdSaveLoadState_1");
+  Click("cmdRestoreDefaults");
   CountSomething();
   Click("cmdSetOrClearCheckboxes_0");
   Click("cmdRestoreDefaults");
+  dialogs.WillChoose(PathOf("all.korv"));
+  Click("cmdSaveLoadState_0");
+  EXPECT_TRUE(Checked("chkCaseSignificant"));
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
   EXPECT_TRUE(main->HasResult());
 }
@@ -203,8 +233,13 @@ TEST_F(SettingsWindow, SavesTheStateAndTellsSo) {
   Click("cmdSaveState");
   EXPECT_EQ(PopUpText(), "Settings saved");
   EXPECT_EQ(main->findChild<frmPopUp*>()->windowTitle().toStdString(), "Save state");
+  const std::string saved = ReadFile(StatePath());
+  std::filesystem::remove(StatePath());
+  main->findChild<frmPopUp*>()->hide();
   ClickInParams("cmdSaveState");
-  EXPECT_TRUE(std::filesystem::exists(StatePath()));
+  EXPECT_EQ(PopUpText(), "Settings saved");
+  EXPECT_EQ(ReadFile(StatePath()), saved);
+  EXPECT_THAT(saved, testing::Not(IsEmpty()));
 }
 
 TEST_F(SettingsWindow, TellsWhenTheStateCannotBeSaved) {
@@ -419,6 +454,36 @@ TEST_F(SettingsWindow, AsksForTheListOfLoadedSettings) {
   EXPECT_EQ(TextOf("lblWordsState"), "");
 }
 
+TEST_F(SettingsWindow, AsksForNoListWhenTheFileEndsEarlyBehindIt) {
+  dialogs.WillChoose(WriteFile("list.txt", "the of and"));
+  Click("cmdSelectWordsFile");
+  Click("cmdSaveState");
+  const std::string state = ReadFile(StatePath());
+  const size_t list = state.find("list.txt\"\r\n0\r\n");
+  ASSERT_NE(list, state.npos);
+  dialogs.WillChoose(WriteFile("cut.korv", state.substr(0, list + 13)));
+  Click("cmdSaveLoadState_0");
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[0].question, Question::SetDefaults);
+  EXPECT_EQ(messages.shown[1].title, "Input past end of file");
+  EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
+}
+
+TEST_F(SettingsWindow, LeavesTheLoadedFieldsAsTheUserDoes) {
+  Find<QLineEdit>("txbFileFilepathSpecifications_0")->setText(QStringLiteral("*.txt,*.doc"));
+  Click("optAllowPhrasesAllWordsToIgnore");
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_1");
+  Type("txbFileFilepathSpecifications_0", "");
+  Click("optRemoveWordsToIgnore");
+  EXPECT_THAT(TextOf("lblWordsToIgnoreNotice"), testing::StartsWith("No words-to-ignore"));
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_0");
+  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "*.txt, *.doc");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("This software does not process .doc files.")));
+  EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "");
+}
+
 TEST_F(SettingsWindow, OffersDefaultsForAFileThatEndsEarlyAndKeepsWhatWasRead) {
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     Check("chkOnly7bitASCII");
@@ -445,6 +510,7 @@ TEST_F(SettingsWindow, ReinitializesAfterALoadThatFailed) {
   dialogs.WillChoose(WriteFile("bad.korv", state));
   Check("chkOnly7bitASCII");
   Click("cmdSaveLoadState_0");
+  EXPECT_EQ(messages.Only().icon, Icon::Exclamation);
   EXPECT_THAT(WindowTest::Shown(), ElementsAre("Load settings | Invalid combo box index."));
   EXPECT_EQ(TextOf("lblState"), "Error loading from " + PathOf("bad.korv"));
   EXPECT_FALSE(Checked("chkOnly7bitASCII"));

@@ -42,6 +42,13 @@ TEST_F(StartUp, SelectsTheDefaults) {
   }
 }
 
+TEST_F(StartUp, EndsOnTheCountButtonWithoutFilterWords) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(main->focusWidget()->objectName().toStdString(), "cmdCountPhrases");
+  EXPECT_EQ(TextOf("txbFilterWords"), "");
+  EXPECT_FALSE(Enabled("cmdClear"));
+}
+
 TEST_F(StartUp, ChecksAndHidesTheChoiceToShowWordsAsFound) {
   ASSERT_TRUE(Start());
   EXPECT_TRUE(Checked("chkSuppressWords"));
@@ -100,9 +107,11 @@ TEST_F(StartUp, SetsAFolderFormatBackWhenTheSourceIsNoFolder) {
   ASSERT_NE(at, state.npos);
   state.replace(at + 5, source.size(), "-1\r\n0\r\n");
   WriteFile("config/korv.usr", state);
-  ASSERT_TRUE(Start());
+  messages.Forget();
+  ASSERT_TRUE(StartShowing(Answer::No));
   EXPECT_TRUE(Checked("optOnClipboard"));
   EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
+  EXPECT_THAT(Shown(), ElementsAre(StartsWith("Words to ignore | "))) << "and says nothing of it";
 }
 
 TEST_F(StartUp, KeepsTheFilterWordsOfTheStateFile) {
@@ -166,16 +175,35 @@ TEST_F(StartUp, EnablesEachClearButtonOnlyWhenItsBoxHoldsText) {
     EXPECT_EQ(TextOf(box), "") << box;
     EXPECT_FALSE(Enabled(button)) << button;
   }
-  EXPECT_FALSE(Enabled("cmdClearOutput"));
-  EXPECT_FALSE(Enabled("cboWordsFile"));
-  EXPECT_FALSE(Enabled("cmdClearWordsFile"));
+  for (const bool filled : {false, true, false}) {
+    Find<QPlainTextEdit>("txbOutput")->setPlainText(filled ? QStringLiteral("text") : QString());
+    Find<QComboBox>("cboWordsFile")->clear();
+    if (filled) Find<QComboBox>("cboWordsFile")->addItem(QStringLiteral("/list.txt"));
+    main->Timer1_Timer();
+    for (const char* name : {"cmdClearOutput", "cboWordsFile", "cmdClearWordsFile"}) {
+      EXPECT_EQ(Enabled(name), filled) << name;
+    }
+  }
 }
 
 TEST_F(StartUp, ShowsPathsInToolTips) {
   ASSERT_TRUE(Start());
-  Type("txbFile_0", "/somewhere/a text.txt");
-  main->Timer1_Timer();
-  EXPECT_EQ(TipOf("txbFile_0"), "/somewhere/a text.txt");
+  for (const char* box : {"txbFile_0", "txbFile_1", "txbFolder"}) {
+    const std::string before = TipOf(box);
+    Type(box, "/somewhere/a text.txt");
+    main->Timer1_Timer();
+    EXPECT_EQ(TipOf(box), "/somewhere/a text.txt") << box;
+    Type(box, "");
+    main->Timer1_Timer();
+    EXPECT_EQ(TipOf(box), before) << box;
+  }
+}
+
+TEST_F(StartUp, DoesItsHousekeepingWhenTheTimerTicks) {
+  ASSERT_TRUE(Start());
+  Type("txbFile_1", "/somewhere/a text.txt");
+  main->Timer1->setInterval(0);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return TipOf("txbFile_1") == "/somewhere/a text.txt"; }));
 }
 
 TEST_F(StartUp, SuggestsAWiderWindowWhenLinesAreWiderThanTheBox) {
@@ -213,10 +241,14 @@ TEST_F(StartUp, ShowsTheHelpAndHidesItAgain) {
   EXPECT_TRUE(help->isVisible());
   EXPECT_EQ(help->windowTitle().toStdString(), "Korv help");
   const std::string text = help->txbHelpScreen->toPlainText().toStdString();
-  for (const char* topic : {"CHOOSING THE TEXT", "WORDS AND PHRASES", "WORDS TO IGNORE, WORDS TO COUNT",
-                            "FORMATS", "OUTPUT FILE AND FILTER", "SETTINGS AND KEYS"}) {
-    EXPECT_THAT(text, HasSubstr(topic));
+  std::string expected;
+  for (int number = 364; number <= 369; ++number) {
+    expected += (number == 364 ? "" : "\r\n") + main->Texts().Get(number);
   }
+  std::erase(expected, '\r');
+  EXPECT_EQ(text, expected);
+  EXPECT_THAT(text, StartsWith("CHOOSING THE TEXT\n"));
+  EXPECT_EQ(WithoutMnemonic(help->cmdClose->text()).toStdString(), "Close");
   help->cmdClose->click();
   EXPECT_FALSE(help->isVisible());
 }
@@ -257,6 +289,8 @@ TEST_F(StartUp, OpensTheSettingsWindowAndOnlyHidesIt) {
   ASSERT_TRUE(Start());
   Click("cmdSetParameters");
   EXPECT_TRUE(main->Params().isVisible());
+  EXPECT_FALSE(main->Params().isModal());
+  EXPECT_EQ(main->Params().windowModality(), Qt::NonModal);
   Check("chkOnly7bitASCII");
   ClickInParams("cmdClose");
   EXPECT_FALSE(main->Params().isVisible());
