@@ -31,6 +31,8 @@ uint32_t Yielder::NextStride() {
 }
 
 void Yielder::Turn() {
+  // Should the turn end in an exception, the next call must ask again, not count down from nothing.
+  left_ = 1;
   left_ = std::max<uint32_t>(1, NextStride());
 }
 
