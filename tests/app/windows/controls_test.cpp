@@ -1,5 +1,6 @@
 // The controls of both windows: names, captions, tool tips, items, defaults, and how they are reached.
 
+#include <QGroupBox>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <map>
@@ -112,6 +113,41 @@ TEST_F(Controls, OfTheSettingsWindowHaveTheirCaptions) {
     EXPECT_EQ(WithoutMnemonic(InParams<QAbstractButton>(name)->text()).toStdString(), caption) << name;
   }
   EXPECT_EQ(main->Params().windowTitle().toStdString(), "Korv settings");
+}
+
+TEST_F(Controls, StandAmongTheirTitlesAndLabels) {
+  std::multiset<std::string> texts;
+  const std::array<QWidget*, 2> windows = {main.get(), &main->Params()};
+  for (const QWidget* window : windows) {
+    for (const QGroupBox* group : window->findChildren<QGroupBox*>())
+      texts.insert(group->title().toStdString());
+    for (const QLabel* label : window->findChildren<QLabel*>()) {
+      texts.insert(WithoutMnemonic(label->text()).toStdString());
+    }
+  }
+  const std::pair<const char*, size_t> expected[] = {{"Select source of text to be scanned:", 1},
+                                                     {"Phrase length", 1},
+                                                     {"Minimum frequency", 1},
+                                                     {"Order:", 1},
+                                                     {"Format:", 1},
+                                                     {"Case is not significant.", 1},
+                                                     {"A phrase must not go beyond:", 1},
+                                                     {"Allow 'words' with:", 1},
+                                                     {"Also:", 1},
+                                                     {"Ignore words:", 1},
+                                                     {"with more than", 1},
+                                                     {"characters", 2},
+                                                     {"Ignore common words in:", 1},
+                                                     {"Extra words to ignore:", 1},
+                                                     {"for words-to-ignore file", 1}};
+  for (const auto& [text, count] : expected) EXPECT_EQ(texts.count(text), count) << text;
+}
+
+TEST_F(Controls, GiveExamplesOfPatterns) {
+  EXPECT_EQ(Find<QLineEdit>("txbFileFilepathSpecifications_0")->placeholderText().toStdString(),
+            "E.g., *.txt, *.docx, a*.htm*, b*.xml");
+  EXPECT_EQ(Find<QLineEdit>("txbFileFilepathSpecifications_1")->placeholderText().toStdString(),
+            "E.g., copy, bak");
 }
 
 TEST_F(Controls, ExplainThemselvesInToolTips) {

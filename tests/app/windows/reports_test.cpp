@@ -1,5 +1,10 @@
 // Listing what was counted: formats, orders, the filter, the output file.
 
+#include <functional>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
 #include "tests/app/windows/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -170,6 +175,34 @@ TEST_F(Reports, AreFilteredByEnterToo) {
   EXPECT_THAT(Output(), HasSubstr("Phrase filtering (all filter words) has been applied."));
 }
 
+TEST_F(Reports, AreUnfilteredWheneverTheyAreListedOtherwise) {
+  CountText();
+  Type("txbFilterWords", "whale");
+  const std::function<void()> listings[] = {[this] { Choose("cboDisplayFormat", 5); },
+                                            [this] { Choose("cboWordOrder", 1); },
+                                            [this] { Check("chkDisplayRelativeFrequency"); }};
+  for (const auto& list : listings) {
+    Click("cmdFilterResults");
+    EXPECT_THAT(Output(), HasSubstr("has been applied."));
+    EXPECT_THAT(Output(), Not(HasSubstr("old man wept")));
+    list();
+    EXPECT_THAT(Output(), Not(HasSubstr("has been applied.")));
+    EXPECT_THAT(Output(), HasSubstr("old man wept"));
+  }
+}
+
+TEST_F(Reports, AreNotFilteredBeforeThereIsOne) {
+  Find<QLineEdit>("txbFilterWords")->setText(QStringLiteral("WHALE,"));
+  QFocusEvent left(QEvent::FocusOut);
+  QApplication::sendEvent(Find<QLineEdit>("txbFilterWords"), &left);
+  EXPECT_EQ(TextOf("txbFilterWords"), "whale");
+  Click("cmdFilterResults");
+  EXPECT_EQ(Output(), "");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  Click("cmdClear");
+  EXPECT_EQ(main->focusWidget()->objectName().toStdString(), "txbFilterWords");
+}
+
 TEST_F(Reports, SayWhenNoPhrasePassesTheFilter) {
   CountText();
   Type("txbFilterWords", "elephant");
@@ -334,11 +367,54 @@ TEST_F(Reports, AreWrittenAfterwardsWhenTheOutputIsEnabled) {
 }
 
 TEST_F(Reports, SayWhenTheOutputFileCannotBeWritten) {
-  Type("txbFile_1", PathOf("nowhere/out.txt"));
-  CountText();
-  EXPECT_FALSE(WindowTest::Shown().empty());
-  EXPECT_TRUE(main->HasResult());
+  FakeFiles& disk = OpenOnFakeFiles();
+  disk.Add("/text.txt", kText);
+  disk.Add("/out/report.txt", "precious");
+  disk.Refuse("/out/report.txt", FileFault::PermissionDenied);
+  Type("txbFile_1", "/out/report.txt");
+  const char* const refusal =
+      "Error | Error: Permission denied\r\nIf the output file is open in Excel then it must first be "
+      "closed\r\n"
+      "or a different file should be specified as the output file.";
+  // Before anything is read: the input file is not even looked for.
+  Type("txbFile_0", "/nowhere.txt");
+  Count();
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(refusal, HasSubstr("Input file does not exist.")));
+  Type("txbFile_0", "/text.txt");
+  Count();
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(refusal));
+  EXPECT_THAT(Output(), HasSubstr("the white whale swam"));
+  EXPECT_EQ(disk.Content("/out/report.txt"), "precious");
+  EXPECT_THAT(messages.inputBoxes, IsEmpty());
+  EXPECT_FALSE(Checked("chkDisableOutputToFile"));
   EXPECT_TRUE(Enabled("cmdCountPhrases"));
+}
+
+TEST_F(Reports, NameTheListingThatFailedUnforeseen) {
+  OpenWithEveryTurn();
+  CountText();
+  const char* const advice =
+      "The phrases that were counted are still there.\r\nYou could list them once more, perhaps with an "
+      "output "
+      "file in another folder,\r\nor with another display format.\r\nIf the error comes back please quit the "
+      "program and start it again.";
+  for (const bool toFile : {false, true}) {
+    Type("txbFile_1", toFile ? PathOf("out.txt") : "");
+    for (const auto& [order, name] : {std::pair(1, "ListWordsAlphabetically"), {0, "ListWordsByFrequency"}}) {
+      AtTheNextTurn([] { throw std::runtime_error("a surprise"); });
+      Choose("cboWordOrder", order);
+      EXPECT_THAT(WindowTest::Shown(), ElementsAre(std::string("Error | At ") + name +
+                                                   " error # 5.\r\nDescription: a surprise\r\n" + advice));
+      AtTheNextTurn([] { throw std::bad_alloc(); });
+      Click("chkDisplayRelativeFrequency");
+      EXPECT_THAT(WindowTest::Shown(), ElementsAre("Error | Insufficient memory"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(PathOf("out.txt")));
+  }
+  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(Enabled("cmdSetParameters"));
+  Choose("cboDisplayFormat", 8);
+  EXPECT_THAT(ReadFile(PathOf("out.txt")), HasSubstr("white whale swam"));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // The Settings window: defaults, its buttons, confirming changes, and settings files.
 
+#include <sstream>
+
 #include "app/windows/frm_popup.h"
 #include "tests/app/windows/window_test.h"
 
@@ -408,6 +410,42 @@ TEST_F(SettingsWindow, SavesAndLoadsEachControlInItsOwnLine) {
     before = expected;
   }
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+}
+
+TEST_F(SettingsWindow, SavesAndLoadsEachOptionButtonInItsOwnLine) {
+  struct Option {
+    const char* name;
+    size_t line;
+    const char* selected;
+    const char* instead;
+  };
+  const Option options[] = {
+      {"optOnClipboard", 35, "0", "optInFile"},
+      {"optInFile", 35, "1", "optFolder"},
+      {"optFolder", 35, "2", "optInFile"},
+      {"optIncludeAllWordsInSameOrder", 50, "1", "optIncludeAllWords"},
+      {"optIncludeAllWordsAsSubphrase", 50, "2", "optIncludeAllWords"},
+      {"optIncludeAllWords", 50, "0", "optIncludeAllWordsAsSubphrase"},
+      {"optAllowPhrasesAllWordsToIgnore", 51, "-1", "optRemoveWordsToIgnore"},
+      {"optExcludePhrasesAllWordsToIgnore", 52, "-1", "optRemoveWordsToIgnore"},
+      {"optRemoveWordsToIgnore", 53, "-1", "optExcludePhrasesWithWordToIgnore"},
+      {"optExcludePhrasesWithWordToIgnore", 54, "-1", "optRemoveWordsToIgnore"},
+  };
+  FakeFiles& disk = OpenOnFakeFiles();
+  for (const auto& [name, line, selected, instead] : options) {
+    Click(name);
+    main->SaveStateTo("/one.korv");
+    std::istringstream state(disk.Content("/one.korv").value_or(""));
+    std::string value;
+    for (size_t i = 0; i < line; ++i) std::getline(state, value);
+    EXPECT_EQ(value, std::string(selected) + "\r") << name;
+    Click(instead);
+    EXPECT_FALSE(Checked(name)) << name;
+    dialogs.WillChoose("/one.korv");
+    Click("cmdSaveLoadState_0");
+    EXPECT_TRUE(Checked(name)) << name;
+    EXPECT_FALSE(Checked(instead)) << name;
+  }
 }
 
 TEST_F(SettingsWindow, SavesAndLoadsSettingsUnderAName) {

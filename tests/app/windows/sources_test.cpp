@@ -5,6 +5,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <tuple>
 
 #include "tests/app/windows/window_test.h"
 #include "tests/fakes/native_paths.h"
@@ -84,15 +85,22 @@ TEST_F(Sources, AreRememberedInTheRecentMenu) {
   const std::string path = WriteFile("a.txt", kText);
   dialogs.WillChoose(path);
   Click("cmdFile_0");
-  Type("txbFile_0", "");
+  dialogs.WillChoose(FolderPath());
+  Click("cmdFolder");
   Start();
+  const std::tuple<std::string, const char*, const char*> sources[] = {
+      {path, "txbFile_0", "optInFile"}, {FolderPath(), "txbFolder", "optFolder"}};
   auto* recent = main->findChild<QMenu*>(QStringLiteral("mnuRecent"));
   ASSERT_NE(recent, nullptr);
-  emit recent->aboutToShow();
-  ASSERT_FALSE(recent->actions().isEmpty());
-  EXPECT_EQ(recent->actions().first()->text().toStdString(), path);
-  recent->actions().first()->trigger();
-  EXPECT_EQ(TextOf("txbFile_0"), path);
+  for (const auto& [source, box, option] : sources) {
+    EXPECT_EQ(TextOf(box), "");
+    emit recent->aboutToShow();
+    for (QAction* action : recent->actions()) {
+      if (action->text().toStdString() == source) action->trigger();
+    }
+    EXPECT_EQ(TextOf(box), source);
+    EXPECT_TRUE(Checked(option));
+  }
 }
 
 // ---- A single file
@@ -130,6 +138,24 @@ TEST_F(Sources, ShowTheSizeOfTheInputFile) {
   EXPECT_EQ(TextOf("lblFilesize"), "Filesize: 230.20 Kb");
   Type("txbFile_0", PathOf("nowhere.txt"));
   EXPECT_EQ(TextOf("lblFilesize"), " ");
+}
+
+TEST_F(Sources, ShowHowMuchOfAMarkUpFileIsText) {
+  Type("txbFile_0", WriteFile("a.html", "<p>the big cat</p>"));
+  EXPECT_EQ(TextOf("lblXMLsize"), " ");
+  Count();
+  EXPECT_EQ(TextOf("lblFilesize"), "Filesize: 18 bytes");
+  EXPECT_EQ(TextOf("lblXMLsize"), "Text: 11 bytes");
+  UseFile(kText);
+  Count();
+  EXPECT_EQ(TextOf("lblXMLsize"), " ");
+}
+
+TEST_F(Sources, AreTrimmedWhenTheirBoxIsLeft) {
+  for (const char* box : {"txbFile_0", "txbFile_1", "txbFolder"}) {
+    Type(box, "  " + PathOf("a b") + "   ");
+    EXPECT_EQ(TextOf(box), PathOf("a b")) << box;
+  }
 }
 
 std::string LargeText() {
@@ -256,6 +282,9 @@ TEST_F(Sources, RewriteAndCheckPatternsWhenTheBoxIsLeft) {
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre("Match file patterns | This software does not process .doc files.  To process\r\n"
                           "Word .doc files they should first be converted to .docx files."));
+  Type("txbFileFilepathSpecifications_0", "*.doc *.txt");
+  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "*.doc, *.txt");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("This software does not process .doc files.")));
   Type("txbFileFilepathSpecifications_0", "");
   Type("txbFileFilepathSpecifications_1", "b*k");
   EXPECT_THAT(WindowTest::Shown(),

@@ -98,6 +98,7 @@ class PopUps : public testing::Test {
 
 TEST_F(PopUps, StayTwoSecondsOrFourForALongNotice) {
   frmPopUp popUp(&owner);
+  EXPECT_EQ(popUp.Timer1->interval(), 2000);
   popUp.PopUp(QString(60, u'w'));
   EXPECT_EQ(popUp.Timer1->interval(), 2000);
   EXPECT_TRUE(popUp.isVisible());
@@ -105,6 +106,13 @@ TEST_F(PopUps, StayTwoSecondsOrFourForALongNotice) {
   EXPECT_FALSE(popUp.isVisible());
   popUp.PopUp(QString(61, u'w'));
   EXPECT_EQ(popUp.Timer1->interval(), 4000);
+}
+
+TEST_F(PopUps, HaveNoBorderAndAFontOfTheirOwn) {
+  const frmPopUp popUp(&owner);
+  EXPECT_TRUE(popUp.windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(popUp.isWindow());
+  EXPECT_EQ(popUp.lblMessage->font().families().value(0).toStdString(), "Tahoma");
 }
 
 TEST_F(PopUps, AreHiddenByAClickOnTheirMessage) {

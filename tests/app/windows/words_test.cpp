@@ -31,6 +31,14 @@ class Words : public WindowTest {
       EXPECT_EQ(dialog->windowTitle().toStdString(), "Load or remove this file");
       EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("lblFile"))->text().toStdString(),
                 TextOf("cboWordsFile"));
+      const std::pair<const char*, const char*> captions[] = {{"optLoad", "Load this file"},
+                                                              {"optRemove", "Remove this file from the list"},
+                                                              {"optCancel", "Cancel"},
+                                                              {"cmdClose", "Close"}};
+      for (const auto& [name, caption] : captions) {
+        const auto* button = dialog->findChild<QAbstractButton*>(QLatin1String(name));
+        EXPECT_EQ(WithoutMnemonic(button->text()).toStdString(), caption);
+      }
       if (option == nullptr) return dialog->reject();
       dialog->findChild<QRadioButton*>(QLatin1String(option))->click();
       dialog->findChild<QPushButton*>(QStringLiteral("cmdClose"))->click();
