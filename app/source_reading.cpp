@@ -70,6 +70,18 @@ std::string Beginning(std::string_view bytes, TextEncoding encoding) {
   return MendedUtf8(bytes.substr(0, kLookedAtCharacters * kMostBytesOfCharacter));
 }
 
+/// For as long as this lives, one answer about the encoding holds for every file.
+class OneAnswerForAll {
+ public:
+  explicit OneAnswerForAll(EncodingChooser& chooser) : chooser_(chooser) { chooser_.BeginFolderRun(); }
+  ~OneAnswerForAll() { chooser_.EndFolderRun(); }
+  OneAnswerForAll(const OneAnswerForAll&) = delete;
+  OneAnswerForAll& operator=(const OneAnswerForAll&) = delete;
+
+ private:
+  EncodingChooser& chooser_;
+};
+
 }  // namespace
 
 SourceReading::SourceReading(const RunRequest& request, const WordRules& rules, const RunServices& services,
@@ -217,7 +229,7 @@ RunEnd SourceReading::DoItFromFolder() {
   }
   if (!CommentMarkersAreSafe(withComments)) return RunEnd::Refused;
 
-  services_.Encodings.BeginFolderRun();
+  const OneAnswerForAll encodings(services_.Encodings);
   events.Entered = [&](const fs::path&) { ++progress.FoldersRead; };
   events.Wanted = [&](const fs::path& path) {
     view.InputFile(PathToText(path));
@@ -225,7 +237,6 @@ RunEnd SourceReading::DoItFromFolder() {
     ++progress.FilesRead;
   };
   const FolderTotals read = walk.ProcessFolder(folder, WalkMode::Reading, events);
-  services_.Encodings.EndFolderRun();
   run_.Facts.FoldersScanned = read.Folders;
   return RunEnd::Counted;
 }

@@ -101,6 +101,8 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void optInFile_Click();
   void optFolder_Click();
   void cmdFile_Click(int index);
+  /// Lets the user choose the output file. False when none was, or one that must not be written.
+  bool ChooseOutputFile();
   void cmdClearFile_Click(int index);
   void txbFile_LostFocus(int index);
   void cmdFolder_Click();
@@ -232,6 +234,7 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   bool restoring_ = false;  ///< Settings are being put into the controls.
   bool running_ = false;
   bool readingList_ = false;
+  bool macNoticeShown_ = false;  ///< It is shown once while the program runs.
   bool ended_ = false;
   bool quitRequested_ = false;
   std::optional<CountedRun> result_;

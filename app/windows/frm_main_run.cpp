@@ -84,11 +84,9 @@ class frmMain::WindowRunView final : public RunView {
   void FileKind(const std::string& text) override { main_.lblTotalNumOccurrences->setText(ToQt(text)); }
   void TextProgress(const std::string& bar) override { main_.ShowStatus(ToQt(bar)); }
   std::optional<std::string> ChooseOutputFile() override {
-    main_.cmdFile_Click(1);
-    const std::string path = FromQt(main_.txbFile[1]->text().trimmed());
-    if (path.empty()) return std::nullopt;
+    if (!main_.ChooseOutputFile()) return std::nullopt;
     main_.chkDisableOutputToFile->setChecked(false);
-    return path;
+    return FromQt(main_.txbFile[1]->text());
   }
 
  private:
@@ -169,7 +167,8 @@ void frmMain::cmdCountPhrases_Click() {
     (request.Options.SourceKind == TextSource::Folder ? recentFolders_ : recentFiles_)
         .Add(ToQt(result_->Facts.InputPath));
   }
-  ListTheResult(report.FilterActive, toFile);
+  // A file that was chosen meanwhile is another one than that which could not be opened.
+  ListTheResult(report.FilterActive, toFile || !result_->OutputPath.empty());
 }
 
 void frmMain::ShowRunFacts() {
@@ -374,13 +373,17 @@ void frmMain::WhileBusy(const std::string& notice, const std::function<void(List
   });
   // A stop of an earlier run does not concern the reading.
   desktop_.yielder.ClearStop();
-  TextFileCheck check{
-      .Files = desktop_.files, .Messages = desktop_.messages, .Format = desktop_.numbers, .ClearOutput = {}};
+  TextFileCheck check{.Files = desktop_.files,
+                      .Messages = desktop_.messages,
+                      .Format = desktop_.numbers,
+                      .ClearOutput = {},
+                      .MacNoticeShown = macNoticeShown_};
   ListReading reading{.Check = check,
                       .Encodings = encodings_,
                       .Yield = desktop_.yielder,
                       .ShowWordsRead = [this](const std::string& text) { ShowStatus(ToQt(text)); }};
   work(reading);
+  macNoticeShown_ = check.MacNoticeShown;
   if (!output_->Full()) outputTextBox_->Truncate(before);
 }
 

@@ -75,21 +75,27 @@ void frmMain::cmdFile_Click(int index) {
         {.title = "Specify an input file", .filter = kAnyTextFile, .initialPath = FromQt(box->text())});
     if (!path) return;
     TakeSource(ToQt(*path));
-    return;
+  } else {
+    ChooseOutputFile();
   }
+}
+
+bool frmMain::ChooseOutputFile() {
+  QLineEdit* const box = txbFile[1];
   const auto path = desktop_.dialogs.ChooseFileToSave(
       {.title = "Specify an output file", .filter = kAnyTextFile, .initialPath = FromQt(box->text())});
-  if (!path) return;
+  if (!path) return false;
   const std::string folder = FromQt(txbFolder->text());
   if (SourceKind() == TextSource::Folder && !folder.empty() &&
       OutputIsInFolder(desktop_.files, folder, *path, chkIncludeSubfolders->isChecked())) {
     ShowOutputInFolder(desktop_.messages);
-    return;
+    return false;
   }
   box->setText(ToQt(*path));
   box->setCursorPosition(static_cast<int>(box->text().size()));
   EnableClearButtons();
   SetPathToolTips();
+  return true;
 }
 
 void frmMain::cmdClearFile_Click(int index) {

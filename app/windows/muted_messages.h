@@ -4,8 +4,8 @@
 
 namespace korv {
 
-/// Messages that fall silent once the program is about to end: a question then gets No, and nothing is
-/// shown any more.
+/// Messages that fall silent once the program is about to end: nothing is shown any more, and a question gets
+/// No, but for the one whether to stop.
 class MutedMessages final : public Messages {
  public:
   explicit MutedMessages(Messages& messages) : messages_(messages) {}
@@ -19,7 +19,7 @@ class MutedMessages final : public Messages {
       case Buttons::Ok:
         return Answer::Ok;
       case Buttons::YesNo:
-        return Answer::No;
+        return message.question == Question::StopDocx ? Answer::Yes : Answer::No;
       case Buttons::YesNoCancel:
         return Answer::Cancel;
     }

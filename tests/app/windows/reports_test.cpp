@@ -417,5 +417,43 @@ TEST_F(Reports, NameTheListingThatFailedUnforeseen) {
   EXPECT_THAT(ReadFile(PathOf("out.txt")), HasSubstr("white whale swam"));
 }
 
+// ---- An output file that a large input asks for
+
+class LargeInputs : public Reports {
+ protected:
+  void SetUp() override {
+    Reports::SetUp();
+    std::string text;
+    while (text.size() < 210000) text += "the white whale swims here. ";
+    UseFile(text);
+    messages.WillAnswer(Question::LargeInput, Answer::Yes);
+  }
+};
+
+TEST_F(LargeInputs, AreReportedToTheFileThatIsChosenForThem) {
+  Check("chkDisableOutputToFile");
+  dialogs.WillChoose(PathOf("new.txt"));
+  Count();
+  EXPECT_FALSE(Checked("chkDisableOutputToFile"));
+  EXPECT_EQ(TextOf("txbFile_1"), PathOf("new.txt"));
+  EXPECT_THAT(ReadFile(PathOf("new.txt")), HasSubstr("white whale"));
+}
+
+TEST_F(LargeInputs, LeaveADisabledOutputFileAloneWhenNoneIsChosen) {
+  Type("txbFile_1", PathOf("old.txt"));
+  Check("chkDisableOutputToFile");
+  Count();
+  EXPECT_EQ(dialogs.saved.size(), 1U);
+  EXPECT_TRUE(Checked("chkDisableOutputToFile"));
+  EXPECT_FALSE(std::filesystem::exists(PathFromText(PathOf("old.txt"))));
+}
+
+TEST_F(LargeInputs, MayChooseAnotherFileThanOneThatCannotBeOpened) {
+  Type("txbFile_1", PathOf("nowhere/out.txt"));
+  dialogs.WillChoose(PathOf("new.txt"));
+  Count();
+  EXPECT_THAT(ReadFile(PathOf("new.txt")), HasSubstr("white whale"));
+}
+
 }  // namespace
 }  // namespace korv

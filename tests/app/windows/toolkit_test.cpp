@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "app/windows/frm_popup.h"
+#include "app/windows/muted_messages.h"
 #include "app/windows/open_associated.h"
 #include "app/windows/output_text_box.h"
 #include "platform/qt/color_scheme.h"
@@ -277,6 +278,24 @@ TEST(TheClipboard, GivesItsText) {
   EXPECT_EQ(QtClipboard().Text(), "s\xC3\xBC\xC3\x9F");
   QApplication::clipboard()->clear();
   EXPECT_EQ(QtClipboard().Text(), "");
+}
+
+TEST(MutedMessages, ShowNothingAndStopWhatAsksWhetherToStop) {
+  FakeMessages shown;
+  MutedMessages messages(shown);
+  messages.Mute();
+  EXPECT_EQ(
+      messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNo, .question = Question::StopDocx}),
+      Answer::Yes);
+  EXPECT_EQ(
+      messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNo, .question = Question::KeepFilter}),
+      Answer::No);
+  EXPECT_EQ(messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNoCancel}), Answer::Cancel);
+  EXPECT_EQ(messages.AskText("?", "?", "x"), std::nullopt);
+  EXPECT_TRUE(shown.shown.empty() && shown.inputBoxes.empty());
+  messages.Unmute();
+  messages.Show({.text = "!", .title = {}});
+  EXPECT_EQ(shown.Only().text, "!");
 }
 
 }  // namespace

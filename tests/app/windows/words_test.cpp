@@ -325,5 +325,13 @@ TEST_F(Words, NoticeFollowsTheChosenMode) {
   EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "No words-to-ignore are specified in the 'Settings' window.");
 }
 
+TEST_F(Words, OfMacintoshFilesAreRemarkedOnOnce) {
+  AddFile("first.txt", "the\rof\rand\r");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("This is a Mac-style text file | ")));
+  AddFile("second.txt", "but\rnor\ryet\r");
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+}
+
 }  // namespace
 }  // namespace korv
