@@ -162,6 +162,17 @@ size_t CharacterCount(std::string_view text) {
       text.begin(), text.end(), [](char c) { return !IsContinuation(static_cast<unsigned char>(c)); }));
 }
 
+size_t PastAscii(std::string_view text, size_t at) {
+  constexpr uint64_t kHighBits = 0x8080808080808080;
+  for (; at + 8 <= text.size(); at += 8) {
+    uint64_t part;
+    std::memcpy(&part, text.data() + at, 8);
+    if (part & kHighBits) break;
+  }
+  while (at < text.size() && ByteAt(text, at) < 0x80) ++at;
+  return at;
+}
+
 bool IsAscii(std::string_view text) {
   constexpr uint64_t kHighBits = 0x8080808080808080;
   size_t at = 0;
@@ -196,19 +207,40 @@ bool IsCertainlyNfc(std::string_view text) {
   return true;
 }
 
-std::string ToNfc(std::string_view text) {
-  if (IsCertainlyNfc(text)) return std::string(text);
-  std::vector<utf8proc_int32_t> characters;
+namespace {
+
+void AppendComposed(std::string_view text, std::vector<utf8proc_int32_t>& characters, std::string& composed) {
+  if (IsCertainlyNfc(text)) {
+    composed += text;
+    return;
+  }
+  characters.clear();
   AppendDecomposed(text, characters);
   OrderMarks(characters);
   const utf8proc_ssize_t count =
       utf8proc_normalize_utf32(characters.data(), static_cast<utf8proc_ssize_t>(characters.size()),
                                static_cast<utf8proc_option_t>(UTF8PROC_COMPOSE | UTF8PROC_STABLE));
   if (count < 0) throw std::runtime_error(utf8proc_errmsg(count));
-  std::string composed;
-  composed.reserve(text.size());
   for (utf8proc_ssize_t k = 0; k < count; ++k)
     AppendCharacter(static_cast<char32_t>(characters[static_cast<size_t>(k)]), composed);
+}
+
+}  // namespace
+
+std::string ToNfc(std::string_view text) {
+  std::string composed;
+  composed.reserve(text.size());
+  std::vector<utf8proc_int32_t> characters;
+  for (size_t at = 0; at < text.size();) {
+    // A character of ASCII joins none before it, so that each begins a part that can be composed by itself.
+    const size_t foreign = PastAscii(text, at);
+    const bool hasMarks = foreign < text.size();
+    const size_t begin = hasMarks && foreign > at ? foreign - 1 : foreign;
+    composed += text.substr(at, begin - at);
+    at = foreign;
+    while (at < text.size() && ByteAt(text, at) >= 0x80) ++at;
+    if (hasMarks) AppendComposed(text.substr(begin, at - begin), characters, composed);
+  }
   return composed;
 }
 

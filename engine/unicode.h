@@ -19,9 +19,12 @@ void AppendCharacter(char32_t character, std::string& text);
 size_t CharacterCount(std::string_view text);
 /// Whether every byte is below 0x80. Eight bytes a step.
 bool IsAscii(std::string_view text);
+/// The first byte from `at` on that is not below 0x80; the end where there is none.
+size_t PastAscii(std::string_view text, size_t at);
 
 /// Canonical composition of well-formed UTF-8. Text that the characters themselves show to be composed
-/// (everything below U+0300 is) is only copied. Linear in the text, however many marks it stacks.
+/// (everything below U+0300 is) is only copied, and so are the words of ASCII in any text. Linear in the
+/// text, however many marks it stacks.
 std::string ToNfc(std::string_view text);
 /// Whether a look at each character alone shows that `text` is in NFC. False does not mean that it is not.
 bool IsCertainlyNfc(std::string_view text);

@@ -1,8 +1,5 @@
 #include "sources/text_decoder.h"
 
-#include <cstdint>
-#include <cstring>
-
 #include "engine/unicode.h"
 
 namespace korv {
@@ -12,20 +9,8 @@ unsigned char ByteAt(std::string_view text, size_t at) {
   return static_cast<unsigned char>(text[at]);
 }
 
-/// The first byte from `at` on that is not below 0x80.
-size_t SkipAscii(std::string_view text, size_t at) {
-  constexpr uint64_t kHighBits = 0x8080808080808080;
-  for (; at + 8 <= text.size(); at += 8) {
-    uint64_t part;
-    std::memcpy(&part, text.data() + at, 8);
-    if (part & kHighBits) break;
-  }
-  while (at < text.size() && ByteAt(text, at) < 0x80) ++at;
-  return at;
-}
-
 std::string_view DecodeAnsi(std::string_view bytes, std::string& buffer) {
-  size_t at = SkipAscii(bytes, 0);
+  size_t at = PastAscii(bytes, 0);
   if (at == bytes.size()) return bytes;
   buffer.assign(bytes.substr(0, at));
   while (at < bytes.size()) {
@@ -36,7 +21,7 @@ std::string_view DecodeAnsi(std::string_view bytes, std::string& buffer) {
       buffer += '"';
     else
       AppendCharacter(byte, buffer);
-    const size_t next = SkipAscii(bytes, at);
+    const size_t next = PastAscii(bytes, at);
     buffer.append(bytes, at, next - at);
     at = next;
   }
@@ -64,7 +49,7 @@ size_t SkipFaithful(std::string_view text, size_t at) {
   while (at < text.size()) {
     const unsigned char lead = ByteAt(text, at);
     if (lead < 0x80) {
-      at = SkipAscii(text, at);
+      at = PastAscii(text, at);
     } else if (lead >= 0xC2 && lead <= 0xDF && at + 1 < text.size() &&
                (ByteAt(text, at + 1) & 0xC0) == 0x80) {
       at += 2;

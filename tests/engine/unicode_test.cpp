@@ -95,6 +95,33 @@ TEST(Unicode, OrdersMarksBeforeItComposes) {
       }
 }
 
+TEST(Unicode, ComposesLongTextsAsTheLibraryDoes) {
+  // Words with and without marks in every order, with and without ASCII between them, at every distance.
+  const std::u32string_view kWords[] = {
+      U"plain",    U"e\u0301",        U" ",    U"\u0301", U"na\u00EFve",           U"\u1112\u1161\u11AB",
+      U"か\u3099", U"x\u0323\u0302y", U"漢字", U"\u0323", U"longer words of ASCII"};
+  constexpr size_t kCount = std::size(kWords);
+  for (size_t n = 0; n < kCount * kCount * kCount * kCount; ++n) {
+    std::u32string text;
+    for (size_t rest = n, k = 0; k < 4; ++k, rest /= kCount) text += kWords[rest % kCount];
+    ASSERT_EQ(ToNfc(Utf8(text)), Composed(Utf8(text))) << Utf8(text);
+  }
+}
+
+TEST(Unicode, FindsWhereAsciiEnds) {
+  for (size_t length = 0; length < 40; ++length) {
+    for (size_t at = 0; at <= length; ++at) {
+      std::string text(length, 'a');
+      EXPECT_EQ(PastAscii(text, at), length);
+      for (size_t foreign = at; foreign < length; ++foreign) {
+        text.assign(length, 'a');
+        text[foreign] = '\x80';
+        EXPECT_EQ(PastAscii(text, at), foreign);
+      }
+    }
+  }
+}
+
 TEST(Unicode, WhatIsCertainlyComposedIs) {
   for (char32_t c = 0; c <= kLastCharacter; ++c) {
     if (IsSurrogate(c)) continue;
