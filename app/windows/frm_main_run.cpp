@@ -332,7 +332,9 @@ void frmMain::ShowTimeElapsed() {
 
 void frmMain::Timer2_Timer() {
   ShowTimeElapsed();
-  if (counting_ == nullptr) return;
+  // While a refusal of the source waits for its button, nothing has been found, and the last list still
+  // stands.
+  if (counting_ == nullptr || !countShown_) return;
   lblNumberOfWords->setText(
       QStringLiteral("Number of different phrases found so far: ") +
       ToQt(desktop_.numbers.Grouped(static_cast<int64_t>(counting_->Table.PhraseCount()))));

@@ -372,6 +372,23 @@ TEST_F(Runs, SayStoppedWhenWhatWasFoundIsNotWanted) {
   EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
 }
 
+TEST_F(Runs, WriteNoSignOfLifeWhileTheirSourceIsChecked) {
+  FakeFiles& disk = OpenOnFakeFiles();
+  disk.AddFolder("/empty");
+  Click("optFolder");
+  Type("txbFolder", "/empty");
+  int ticks = 0;
+  disk.BeforeListing = [&](const std::filesystem::path&) {
+    ++ticks;
+    main->Timer2_Timer();
+  };
+  Count();
+  EXPECT_GT(ticks, 0);
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("Nothing to do | Folder contains no files."));
+  EXPECT_EQ(Output(), "");
+  EXPECT_THAT(TextOf("lblNumberOfWords"), Not(HasSubstr("so far")));
+}
+
 TEST_F(Runs, EndWithoutFurtherQuestionsWhenTheWindowIsClosed) {
   UseLongText();
   messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
