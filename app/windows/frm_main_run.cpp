@@ -292,12 +292,12 @@ void frmMain::BeginRun() {
   progress_ = {};
   desktop_.yielder.ClearStop();
   runStart_ = desktop_.clock.Now();
-  const bool onCount = focusWidget() == cmdCountPhrases;
+  const QWidget* const focused = focusWidget();
   EnableDisableButtons(false);
   SetCountPhrasesCaption();
   cmdCountPhrases->setEnabled(true);
-  // For a moment the next button that may be used had it, which is "Quit".
-  if (onCount) cmdCountPhrases->setFocus();
+  // A control that is disabled, if only for a moment, hands the focus on to whatever comes next.
+  if (focused && (focused == cmdCountPhrases || !focused->isEnabled())) cmdCountPhrases->setFocus();
   prgProgress->setValue(0);
   prgProgress->setTextVisible(true);
   lblTimeElapsed->setText(QStringLiteral("Time elapsed: 0s"));
