@@ -6,32 +6,13 @@ set -u
 runner=$1
 program=$2
 data=$3
+. "$(dirname "$0")/process_checks.sh"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
 cp "$data/sample.txt" sample.txt
-faults=0
-
-fault() {
-  echo "FAULT: $1" >&2
-  faults=$((faults + 1))
-}
 count() {
   "$runner" "$program" "$@"
-}
-
-# expect STATUS MESSAGE ARGUMENTS...: the exit status, and a text on standard error.
-expect() {
-  local status=$1 message=$2 got
-  shift 2
-  count "$@" > out 2> err < /dev/null
-  got=$?
-  [ $got -eq "$status" ] || fault "'$*' ended with $got, not $status: $(cat err)"
-  if [ -n "$message" ]; then
-    grep -qF -- "$message" err || fault "'$*' did not say: $message"
-  elif [ -s err ]; then
-    fault "'$*' said: $(cat err)"
-  fi
 }
 
 expect 0 '' sample.txt
@@ -132,5 +113,4 @@ got=$?
 [ $got -eq 130 ] || fault "Ctrl-C ended with $got"
 grep -q 'the big cat' out || fault "Ctrl-C lost what had been read"
 
-[ $faults -eq 0 ] || exit 1
-echo 'no faults'
+finish
