@@ -7,7 +7,7 @@ namespace korv {
 
 enum class Icon { None, Information, Exclamation, Critical, Question };
 enum class Buttons { Ok, YesNo, YesNoCancel };
-enum class Answer { Ok, Yes, No, Cancel };
+enum class Answer { Ok, Yes, No, Cancel, Extra };
 
 /// Which question a message asks. A program without windows answers by this, never by the words.
 enum class Question {
@@ -29,9 +29,13 @@ enum class Question {
   RereadSource,         ///< May a changed word rule discard the counted result?
   SetDefaults,          ///< Set the defaults after a settings file that ended early?
   ReallyQuit,           ///< Quit?
+  KeepSettings,         ///< Keep changed settings that quitting would forget?
+  Reinitialize,         ///< Set everything to its defaults?
 };
 
-/// One message box. Texts are UTF-8 with CR LF line breaks.
+/// One message box. Texts are UTF-8 with CR LF line breaks. What a text is about stands in `text`; the
+/// members below `question` add to it and may be left out without changing what Escape, Enter and a program
+/// without windows do.
 struct Message {
   std::string text;
   std::string title;
@@ -39,6 +43,18 @@ struct Message {
   Buttons buttons = Buttons::Ok;
   Answer defaultAnswer = Answer::Ok;
   Question question = Question::None;
+  /// A line below the text; empty for none.
+  std::string addition{};
+  /// The caption of one further button, which answers Answer::Extra; empty for none. Never the default, and
+  /// nobody chooses it but the user.
+  std::string extraButton{};
+  /// Captions for the buttons of Answer::Yes and Answer::No; empty for the usual words.
+  std::string yesButton{};
+  std::string noButton{};
+  /// Windows offer "Do not ask again". Once that is ticked, the question gets `silencedAnswer`, or where that
+  /// is empty the answer that was given with the tick. The question has to have a `question` of its own.
+  bool mayBeSilenced = false;
+  std::optional<Answer> silencedAnswer{};
 };
 
 /// Shows messages and asks questions. Called on the one thread that runs the program's events;

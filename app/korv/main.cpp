@@ -38,7 +38,12 @@ int main(int argc, char** argv) {
 
   korv::FollowColorScheme();
 
-  korv::QtMessages messages;
+  // Everything that the program keeps lies in one folder, on every system.
+  const std::filesystem::path stateFile = korv::StateFilePath();
+  QSettings store(korv::ToQt(korv::PathToText(stateFile.parent_path() / "windows.conf")),
+                  QSettings::IniFormat);
+
+  korv::QtMessages messages(store);
   korv::QtDialogs dialogs;
   korv::QtClipboard clipboard;
   const auto launcher = korv::MakeDesktopLauncher();
@@ -47,10 +52,6 @@ int main(int argc, char** argv) {
   const auto files = korv::MakeSystemFiles();
   const QString program = QDir::toNativeSeparators(QApplication::applicationFilePath());
   const auto folder = korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(program)));
-  // Everything that the program keeps lies in one folder, on every system.
-  const std::filesystem::path stateFile = korv::StateFilePath();
-  QSettings store(korv::ToQt(korv::PathToText(stateFile.parent_path() / "windows.conf")),
-                  QSettings::IniFormat);
 
   const auto encoding = korv::SystemCodePage();
   bool known = false;

@@ -27,6 +27,8 @@ Answer AnswerTo(const Message& message) {
     case Question::Relist:
     case Question::RereadSource:
     case Question::ReallyQuit:
+    case Question::KeepSettings:
+    case Question::Reinitialize:
       break;
   }
   return message.defaultAnswer;
@@ -36,7 +38,8 @@ Answer AnswerTo(const Message& message) {
 
 Answer ConsoleMessages::Show(const Message& message) {
   if (message.buttons != Buttons::Ok) return AnswerTo(message);
-  const std::string text = program_ + ": " + WithPlainLineEnds(message.text) + "\n";
+  std::string text = program_ + ": " + WithPlainLineEnds(message.text) + "\n";
+  if (!message.addition.empty()) text += WithPlainLineEnds(message.addition) + "\n";
   if (when_ == When::AtOnce)
     Write(text);
   else

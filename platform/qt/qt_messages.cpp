@@ -1,10 +1,14 @@
 #include "platform/qt/qt_messages.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
 
+#include "platform/qt/silenced_questions.h"
 #include "platform/qt/text.h"
 
 namespace korv {
@@ -41,6 +45,7 @@ QMessageBox::StandardButtons BoxButtons(Buttons buttons) {
 QMessageBox::StandardButton BoxButton(Answer answer) {
   switch (answer) {
     case Answer::Ok:
+    case Answer::Extra:
       return QMessageBox::Ok;
     case Answer::Yes:
       return QMessageBox::Yes;
@@ -69,23 +74,22 @@ QString TitleOr(const std::string& title) {
   return title.empty() ? QApplication::applicationDisplayName() : ToQt(title);
 }
 
-}  // namespace
-
-Answer QtMessages::Show(const Message& message) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setObjectName(QStringLiteral("messageBox"));
-  box.setWindowTitle(TitleOr(message.title));
-  // Paths and words of the user stand in these texts: nothing in them is mark-up.
-  box.setTextFormat(Qt::PlainText);
-  box.setText(ToQtLines(message.text));
-  box.setIcon(BoxIcon(message.icon));
+void AddButtons(QMessageBox& box, const Message& message) {
   const QMessageBox::StandardButtons buttons = BoxButtons(message.buttons);
   box.setStandardButtons(buttons);
   if (const auto preferred = BoxButton(message.defaultAnswer); buttons.testFlag(preferred)) {
     box.setDefaultButton(preferred);
   }
   box.setEscapeButton(EscapeButton(message.buttons));
-  switch (box.exec()) {
+  const auto rename = [&](QMessageBox::StandardButton which, const std::string& caption) {
+    if (buttons.testFlag(which) && !caption.empty()) box.button(which)->setText(ToQt(caption));
+  };
+  rename(QMessageBox::Yes, message.yesButton);
+  rename(QMessageBox::No, message.noButton);
+}
+
+Answer AnswerOf(int pressed) {
+  switch (pressed) {
     case QMessageBox::Yes:
       return Answer::Yes;
     case QMessageBox::No:
@@ -95,6 +99,45 @@ Answer QtMessages::Show(const Message& message) {
     default:
       return Answer::Ok;
   }
+}
+
+QString TextOf(const Message& message) {
+  const QString text = ToQtLines(message.text);
+  return message.addition.empty() ? text : text + QStringLiteral("\n\n") + ToQtLines(message.addition);
+}
+
+}  // namespace
+
+Answer QtMessages::Show(const Message& message) {
+  const bool maySilence = message.mayBeSilenced && message.question != Question::None;
+  if (maySilence) {
+    if (const auto answer = SilencedAnswer(store_, message.question)) return *answer;
+  }
+  QMessageBox box(QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("messageBox"));
+  box.setWindowTitle(TitleOr(message.title));
+  // Paths and words of the user stand in these texts: nothing in them is mark-up.
+  box.setTextFormat(Qt::PlainText);
+  box.setText(TextOf(message));
+  box.setIcon(BoxIcon(message.icon));
+  AddButtons(box, message);
+  QAbstractButton* extra = nullptr;
+  if (!message.extraButton.empty()) {
+    extra = box.addButton(ToQt(message.extraButton), QMessageBox::ActionRole);
+    extra->setObjectName(QStringLiteral("cmdExtra"));
+  }
+  QCheckBox* silence = nullptr;
+  if (maySilence) {
+    silence = new QCheckBox(QStringLiteral("Do not ask again"), &box);
+    silence->setObjectName(QStringLiteral("chkDoNotAskAgain"));
+    box.setCheckBox(silence);
+  }
+  const int pressed = box.exec();
+  const Answer answer = extra != nullptr && box.clickedButton() == extra ? Answer::Extra : AnswerOf(pressed);
+  if (silence != nullptr && silence->isChecked()) {
+    Silence(store_, message.question, message.silencedAnswer.value_or(answer));
+  }
+  return answer;
 }
 
 std::optional<std::string> QtMessages::AskText(const std::string& prompt, const std::string& title,

@@ -16,7 +16,8 @@ namespace korv {
 ///   LoadCommonWords(list, messages);
 ///   EXPECT_EQ(messages.Only().title, "Load common words file");
 ///
-/// A question without an answer of its own gets its default, as if the user pressed Enter.
+/// A question without an answer of its own gets its default, as if the user pressed Enter. Nothing is ever
+/// silenced here: whether a question may be stands in the message that was shown.
 class FakeMessages final : public Messages {
  public:
   struct InputBox {
@@ -31,7 +32,7 @@ class FakeMessages final : public Messages {
 
   Answer Show(const Message& message) override {
     shown.push_back(message);
-    if (message.buttons == Buttons::Ok) return Answer::Ok;
+    if (message.buttons == Buttons::Ok && message.extraButton.empty()) return Answer::Ok;
     const auto answer = answers_.find(message.question);
     return answer == answers_.end() ? message.defaultAnswer : answer->second;
   }

@@ -97,7 +97,7 @@ class Story : public WindowTest {
     return desktop;
   }
 
-  QtMessages realMessages;
+  QtMessages realMessages{*store};
   QtClipboard realClipboard;
   std::unique_ptr<Launcher> realLauncher = MakeDesktopLauncher();
   SteadyClock realClock;

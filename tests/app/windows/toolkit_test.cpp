@@ -1,8 +1,11 @@
 // What the windows stand on: message boxes, pop-ups, the text box, opening with other programs.
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <cmath>
 
@@ -13,6 +16,7 @@
 #include "platform/qt/color_scheme.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_messages.h"
+#include "platform/qt/silenced_questions.h"
 #include "platform/qt/standard_places.h"
 #include "tests/app/windows/window_test.h"
 #include "tests/fakes/native_paths.h"
@@ -24,6 +28,24 @@ using testing::ElementsAre;
 
 // ---- Message boxes
 
+class QtMessageBoxes : public testing::Test {
+ protected:
+  /// Does `act` with the box that is shown next.
+  void WithTheBox(std::function<void(QMessageBox&)> act) {
+    QTimer::singleShot(0, [this, act = std::move(act)] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      ++boxes;
+      act(*box);
+    });
+  }
+
+  QTemporaryDir folder;
+  QSettings store{folder.filePath(QStringLiteral("windows.conf")), QSettings::IniFormat};
+  QtMessages messages{store};
+  int boxes = 0;  ///< Shown through WithTheBox().
+};
+
 struct BoxCase {
   Buttons buttons;
   Answer preferred;
@@ -31,7 +53,7 @@ struct BoxCase {
   Answer answer;
 };
 
-TEST(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
+TEST_F(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
   const BoxCase cases[] = {
       {Buttons::Ok, Answer::Ok, QMessageBox::Ok, Answer::Ok},
       {Buttons::YesNo, Answer::No, QMessageBox::Yes, Answer::Yes},
@@ -48,7 +70,6 @@ TEST(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
       EXPECT_EQ(box->icon(), QMessageBox::Warning);
       box->button(c.pressed)->click();
     });
-    QtMessages messages;
     EXPECT_EQ(messages.Show({.text = "Two\r\nlines & <b>no mark-up</b>",
                              .title = "The title",
                              .icon = Icon::Exclamation,
@@ -58,18 +79,17 @@ TEST(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
   }
 }
 
-TEST(QtMessageBoxes, TakeTheAnswerThatChangesLeastForEscape) {
+TEST_F(QtMessageBoxes, TakeTheAnswerThatChangesLeastForEscape) {
   const std::pair<Buttons, Answer> cases[] = {
       {Buttons::Ok, Answer::Ok}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}};
   for (const auto& [buttons, answer] : cases) {
     QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-    QtMessages messages;
     EXPECT_EQ(messages.Show({.text = "?", .title = "?", .buttons = buttons, .defaultAnswer = Answer::Yes}),
               answer);
   }
 }
 
-TEST(QtMessageBoxes, OfferATextForEditing) {
+TEST_F(QtMessageBoxes, OfferATextForEditing) {
   for (const bool accepted : {true, false}) {
     QTimer::singleShot(0, [accepted] {
       auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
@@ -80,10 +100,145 @@ TEST(QtMessageBoxes, OfferATextForEditing) {
       box->setTextValue(QStringLiteral("/after"));
       accepted ? box->accept() : box->reject();
     });
-    QtMessages messages;
     const auto answer = messages.AskText("Two\r\nlines", "The title", "/before");
     EXPECT_EQ(answer, accepted ? std::optional<std::string>("/after") : std::nullopt);
   }
+}
+
+TEST_F(QtMessageBoxes, ShowAnAdditionBelowTheText) {
+  WithTheBox([](QMessageBox& box) {
+    EXPECT_EQ(box.text().toStdString(), "The text\n\nOne more line");
+    box.accept();
+  });
+  messages.Show({.text = "The text", .title = "?", .addition = "One more line"});
+  EXPECT_EQ(boxes, 1);
+}
+
+TEST_F(QtMessageBoxes, HaveAFurtherButtonThatIsNeitherDefaultNorEscape) {
+  for (const Buttons buttons : {Buttons::Ok, Buttons::YesNo, Buttons::YesNoCancel}) {
+    const Message message{.text = "?",
+                          .title = "?",
+                          .buttons = buttons,
+                          .defaultAnswer = buttons == Buttons::Ok ? Answer::Ok : Answer::No,
+                          .extraButton = "Something else"};
+    WithTheBox([](QMessageBox& box) {
+      auto* extra = box.findChild<QPushButton*>(QStringLiteral("cmdExtra"));
+      ASSERT_NE(extra, nullptr);
+      EXPECT_EQ(extra->text().toStdString(), "Something else");
+      EXPECT_FALSE(extra->isDefault());
+      extra->click();
+    });
+    EXPECT_EQ(messages.Show(message), Answer::Extra);
+    WithTheBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(messages.Show(message), message.defaultAnswer);
+    WithTheBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_NE(messages.Show(message), Answer::Extra);
+  }
+  EXPECT_EQ(boxes, 9);
+}
+
+TEST_F(QtMessageBoxes, NameTheButtonsYesAndNoAsAsked) {
+  WithTheBox([](QMessageBox& box) {
+    EXPECT_EQ(box.button(QMessageBox::Yes)->text().toStdString(), "This time");
+    EXPECT_EQ(box.button(QMessageBox::No)->text().toStdString(), "Not now");
+    box.button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(messages.Show({.text = "?",
+                           .title = "?",
+                           .buttons = Buttons::YesNo,
+                           .yesButton = "This time",
+                           .noButton = "Not now"}),
+            Answer::Yes);
+  EXPECT_EQ(boxes, 1);
+}
+
+// ---- Questions that are not asked again
+
+Message SilencableQuestion() {
+  return {.text = "?",
+          .title = "?",
+          .buttons = Buttons::YesNoCancel,
+          .defaultAnswer = Answer::No,
+          .question = Question::KeepFilter,
+          .extraButton = "Else",
+          .mayBeSilenced = true};
+}
+
+void TickAndClick(QMessageBox& box, QAbstractButton* button) {
+  auto* tick = box.findChild<QCheckBox*>(QStringLiteral("chkDoNotAskAgain"));
+  ASSERT_NE(tick, nullptr);
+  EXPECT_EQ(tick->text().toStdString(), "Do not ask again");
+  EXPECT_FALSE(tick->isChecked());
+  tick->click();
+  button->click();
+}
+
+TEST_F(QtMessageBoxes, KeepTheAnswerThatWasGivenWithTheTick) {
+  const std::pair<const char*, Answer> cases[] = {
+      {"&Yes", Answer::Yes}, {"&No", Answer::No}, {"Else", Answer::Extra}};
+  for (const auto& [caption, answer] : cases) {
+    AskEverythingAgain(store);
+    boxes = 0;
+    WithTheBox([caption = QLatin1String(caption)](QMessageBox& box) {
+      for (QAbstractButton* button : box.buttons()) {
+        if (button->text() == caption) TickAndClick(box, button);
+      }
+    });
+    EXPECT_EQ(messages.Show(SilencableQuestion()), answer) << caption;
+    EXPECT_TRUE(AnySilenced(store));
+    // Without a box: another program's start reads the same store.
+    QtMessages later(store);
+    EXPECT_EQ(later.Show(SilencableQuestion()), answer) << caption;
+    EXPECT_EQ(boxes, 1);
+  }
+}
+
+TEST_F(QtMessageBoxes, AskAgainWithoutATickAndAfterAnAnswerThatDecidesNothing) {
+  WithTheBox([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+  EXPECT_EQ(messages.Show(SilencableQuestion()), Answer::Yes);
+  WithTheBox([](QMessageBox& box) { TickAndClick(box, box.button(QMessageBox::Cancel)); });
+  EXPECT_EQ(messages.Show(SilencableQuestion()), Answer::Cancel);
+  EXPECT_FALSE(AnySilenced(store));
+  WithTheBox([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+  EXPECT_EQ(messages.Show(SilencableQuestion()), Answer::No);
+  EXPECT_EQ(boxes, 3);
+}
+
+TEST_F(QtMessageBoxes, GiveASilencedQuestionItsOwnAnswerWhereItHasOne) {
+  Message message = SilencableQuestion();
+  message.silencedAnswer = Answer::No;
+  WithTheBox([](QMessageBox& box) { TickAndClick(box, box.button(QMessageBox::Yes)); });
+  EXPECT_EQ(messages.Show(message), Answer::Yes);
+  EXPECT_EQ(messages.Show(message), Answer::No);
+  EXPECT_EQ(boxes, 1);
+}
+
+TEST_F(QtMessageBoxes, AskEverythingAgainWhenTold) {
+  EXPECT_FALSE(AnySilenced(store));
+  Silence(store, Question::KeepFilter, Answer::Yes);
+  Silence(store, Question::LargeInput, Answer::No);
+  store.setValue(QStringLiteral("frmMain"), 1);
+  EXPECT_TRUE(AnySilenced(store));
+  AskEverythingAgain(store);
+  EXPECT_FALSE(AnySilenced(store));
+  EXPECT_TRUE(store.contains(QStringLiteral("frmMain")));
+  WithTheBox([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+  EXPECT_EQ(messages.Show(SilencableQuestion()), Answer::No);
+  EXPECT_EQ(boxes, 1);
+}
+
+TEST_F(QtMessageBoxes, OfferNoSilenceForOtherMessages) {
+  Message question = SilencableQuestion();
+  question.mayBeSilenced = false;
+  Silence(store, question.question, Answer::Extra);
+  for (const Message& message : {question, Message{.text = "told", .title = "?"}}) {
+    WithTheBox([](QMessageBox& box) {
+      EXPECT_EQ(box.findChild<QCheckBox*>(QStringLiteral("chkDoNotAskAgain")), nullptr);
+      QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_NE(messages.Show(message), Answer::Extra);
+  }
+  EXPECT_EQ(boxes, 2);
 }
 
 // ---- Pop-ups
