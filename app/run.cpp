@@ -106,8 +106,7 @@ class Run {
         break;
     }
     if (end != RunEnd::Counted) return end;
-    run_.Words = stream.WordsTaken();
-    run_.WordsDropped = stream.WordsDropped();
+    run_.Facts.Words = stream.Counts();
     run_.Facts.Options.Stopped = services_.Yielder.Stopped();
     TakeText(std::move(stream), run_.Table);
     return services_.Yielder.Stopped() && !StopFindsSomething() ? RunEnd::Stopped : RunEnd::Counted;
@@ -125,6 +124,7 @@ class Run {
     if (!GoesOn()) return false;
     if (!Stage(RunStage::Counting, "", [&] { return CountPhrases(run_.Table, services_.Yielder); }))
       return false;
+    run_.Facts.LongPhrases = run_.Table.LongPhrases();
     const bool longSort = run_.Table.PhraseCount() > kNoticedSort;
     if (run_.Table.PhraseCount() >= 2 && !Stage(RunStage::Sorting, longSort ? "Now sorting ..." : "",
                                                 [&] { return SortPhrases(run_.Table, services_.Yielder); }))

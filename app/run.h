@@ -71,10 +71,8 @@ struct CountedRun {
   PhraseTable Table;
   ChainOrder Chain = ChainOrder::ByCount;  ///< What the chain goes by.
   RunFacts Facts;
-  std::string OutputPath;  ///< As in the request, or as chosen during the run.
-  std::string FileKind;    ///< Single file: what lblTotalNumOccurrences says after the run.
-  uint64_t Words = 0;      ///< Words that went into phrases.
-  uint64_t WordsDropped = 0;
+  std::string OutputPath;    ///< As in the request, or as chosen during the run.
+  std::string FileKind;      ///< Single file: what lblTotalNumOccurrences says after the run.
   bool Interrupted = false;  ///< Stopped at some point; the user wanted what was found.
   StageTimes Times;
 };

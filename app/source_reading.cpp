@@ -327,7 +327,7 @@ uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& mark
   while (!Stopped() && reader.NextLine()) {
     scanner.ScanLine(reader.Line(), reader.StartsLine());
     progress.BytesRead = reader.BytesRead();
-    progress.Words = stream_.WordsTaken();
+    progress.Words = stream_.Counts().Taken;
     services_.Yielder.Yield();
   }
   return scanner.TextBytes();

@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
   stream.BeginSource({});
   Feeder feeder{stream};
   korv::bench::ReadWordsOf(argv[1], feeder);
-  const uint64_t words = stream.WordsTaken();
+  const uint64_t words = stream.Counts().Taken;
 
   korv::PhraseTable table;
   korv::NoYielder yielder;

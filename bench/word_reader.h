@@ -49,7 +49,7 @@ void ReadWordsOf(const std::filesystem::path& path, Visitor& visitor) {
   struct Sink final : WordSink {
     Sink(const WordRules& wordRules, Visitor& wordVisitor) : rules(wordRules), visitor(wordVisitor) {}
     void TakeWord(std::string_view word) override {
-      if (IsDroppedByForm(word, rules)) {
+      if (DroppedByForm(word, rules)) {
         visitor.DroppedWord();
       } else {
         visitor.Word(LowerText(word));

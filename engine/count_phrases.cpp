@@ -9,6 +9,7 @@
 #include <string>
 
 #include "engine/acceptance.h"
+#include "engine/long_phrases.h"
 #include "engine/phrase_sweep.h"
 #include "engine/phrase_table_data.h"
 #include "engine/suffix_order.h"
@@ -47,6 +48,7 @@ struct Starts {
   std::vector<uint32_t> Positions;    ///< Places with a phrase that counts, by first word, then ascending.
   std::vector<uint64_t> BucketEnds;   ///< Per word: end of its places in Positions.
   std::vector<uint64_t> Occurrences;  ///< Per word: phrases that count and start with it.
+  uint64_t LongPhrases = 0;           ///< Would count but for their characters; not with entries for phrases.
 };
 
 /// Goes through the text from its end, as everything that bounds a phrase lies behind its start.
@@ -72,6 +74,7 @@ class StartFinder {
     const bool excludeAll = accepted_.ExcludesAllIgnored();
     const bool countOnly = accepted_.HasCountOnly();
     size_t end = n;                   // of the longest phrase from here
+    size_t noWord = n;                // next place where no phrase goes on
     int characters = 0;               // of its words, with a blank for each
     int ignored = 0;                  // words to ignore in a row from here
     int untilCountOnly = kMostWords;  // words before the next count-only word
@@ -83,7 +86,7 @@ class StartFinder {
       while (source > 0 && data_.Sources[source - 1].Begin > i) --source;
       const WordNumber word = text[i];
       if (word == kNoWord) {
-        end = i;
+        end = noWord = i;
         characters = 0;
         ignored = 0;
         untilCountOnly = kMostWords;
@@ -106,6 +109,9 @@ class StartFinder {
         if (accepted_.ByPhrase()) first = minWords;
       }
       starts_.MostWords[i] = static_cast<uint8_t>(most);
+      if (const int reach = static_cast<int>(std::min<size_t>(noWord - i, static_cast<size_t>(maxWords)));
+          reach > most)
+        starts_.LongPhrases += static_cast<uint64_t>(std::max(0, reach - std::max(first, most + 1) + 1));
       if (most < first) continue;
       ++inBucket[word + 1];
       starts_.Occurrences[word] += static_cast<uint64_t>(most - first + 1);
@@ -280,6 +286,12 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
   if (!finished) return false;
   orders.clear();
 
+  data.LongPhrases = starts.LongPhrases;
+  if (accepted.ByPhrase()) {
+    const auto tooLong = CountLongPhrases(data, accepted, starts.MostWords, TooFew(data), yielder);
+    if (!tooLong) return false;
+    data.LongPhrases = *tooLong;
+  }
   data.Occurrences = occurrences;
   data.PhraseCount = differentBefore.load();
   if (accepted.ByPhrase()) finder.NumberFiles(sourceHasPhrase);

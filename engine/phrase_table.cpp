@@ -27,6 +27,9 @@ uint64_t PhraseTable::PhraseCount() const {
 uint64_t PhraseTable::Occurrences() const {
   return data_->Occurrences;
 }
+uint64_t PhraseTable::LongPhrases() const {
+  return data_->LongPhrases;
+}
 
 PhraseIndex PhraseTable::EntryCount() const {
   return static_cast<PhraseIndex>(data_->Entries.size());

@@ -39,6 +39,9 @@ class PhraseTable {
   uint64_t PhraseCount() const;
   /// Number of phrase occurrences counted, listed or not: the whole that relative frequencies refer to.
   uint64_t Occurrences() const;
+  /// Number of phrase occurrences that only their length kept from being counted: more characters than
+  /// kMostPhraseCharacters.
+  uint64_t LongPhrases() const;
 
   // ---- Filling one phrase at a time.
 

@@ -20,7 +20,10 @@ void PhraseTable::BeginFile(const std::filesystem::path& path) {
 
 void PhraseTable::AddWordToList(std::string_view phrase) {
   PhraseTableData& data = *data_;
-  if (!data.ForWordList && CharacterCount(phrase) > static_cast<size_t>(kMostPhraseCharacters)) return;
+  if (!data.ForWordList && CharacterCount(phrase) > static_cast<size_t>(kMostPhraseCharacters)) {
+    ++data.LongPhrases;
+    return;
+  }
   if (!data.ForWordList && !data.CurrentFileNumbered && !data.CurrentFile.empty()) {
     if (data.FilePaths.empty() || data.FilePaths.back() != data.CurrentFile)
       data.FilePaths.push_back(data.CurrentFile);

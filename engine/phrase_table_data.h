@@ -40,6 +40,7 @@ struct PhraseTableData {
   std::vector<PhraseEntry> Entries;
   std::atomic<uint64_t> PhraseCount{0};
   uint64_t Occurrences = 0;
+  uint64_t LongPhrases = 0;
   /// Containment along word boundaries was already resolved, so that no entry contains another that way.
   bool OnlyMaximal = false;
   /// Entries ascend by word numbers (which is the order by Key unless words share Keys).

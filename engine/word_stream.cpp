@@ -16,7 +16,8 @@ void WordStream::BeginSource(const std::filesystem::path& path) {
 void WordStream::TakeWord(std::string_view word) {
   // Too long to be counted whatever its characters are; such things are not worth remembering.
   constexpr size_t kMostBytesOfCharacter = 4;
-  if (word.size() > static_cast<size_t>(rules_.LongWordSize) * kMostBytesOfCharacter) return Feed(kDropped);
+  if (word.size() > static_cast<size_t>(rules_.LongWordSize) * kMostBytesOfCharacter)
+    return Feed(Dropped(DropReason::Long));
   const uint32_t cut = asCut_.Number(word);
   if (cut == verdicts_.size()) verdicts_.push_back(Judge(word));
   Feed(verdicts_[cut]);
@@ -27,25 +28,26 @@ void WordStream::GetWords2(std::string_view word) {
 }
 
 WordNumber WordStream::Judge(std::string_view word) {
-  if (IsDroppedByForm(word, rules_)) return kDropped;
+  if (const auto reason = DroppedByForm(word, rules_)) return Dropped(*reason);
   const std::string folded = rules_.CaseSignificant ? std::string(word) : LowerText(word);
-  if (options_.IgnoreMode == IgnoreRule::Remove && lists_->IsWordToIgnore(folded)) return kDropped;
+  if (options_.IgnoreMode == IgnoreRule::Remove && lists_->IsWordToIgnore(folded))
+    return Dropped(DropReason::Ignored);
   return Admit(folded);
 }
 
 WordNumber WordStream::Admit(std::string_view word) {
-  if (rules_.Only7bitASCII && !Is7bit(word)) return kDropped;
+  if (rules_.Only7bitASCII && !Is7bit(word)) return Dropped(DropReason::Not7bit);
   // Asked here and not of every phrase: no phrase can hold the word or go past it.
   if (options_.IgnoreMode == IgnoreRule::ExcludeWith && lists_->IsWordToIgnore(word)) return kEndsPhrase;
   return vocabulary_.Number(word);
 }
 
 void WordStream::Feed(WordNumber verdict) {
-  if (verdict == kDropped) {
-    ++wordsDropped_;
+  if (verdict > kEndsPhrase) {
+    ++counts_.DroppedBy[verdict - kEndsPhrase - 1];
     return;
   }
-  ++wordsTaken_;
+  ++counts_.Taken;
   if (verdict == kEndsPhrase)
     ResetPhrases();
   else

@@ -12,6 +12,7 @@
 #include "engine/run_options.h"
 #include "engine/string_table.h"
 #include "engine/vocabulary.h"
+#include "engine/word_counts.h"
 #include "engine/word_rules.h"
 
 namespace korv {
@@ -49,8 +50,7 @@ class WordStream {
     if (numbers_.back() != kNoWord) numbers_.push_back(kNoWord);
   }
 
-  uint64_t WordsTaken() const { return wordsTaken_; }      ///< Words fed to the phrase buffers.
-  uint64_t WordsDropped() const { return wordsDropped_; }  ///< Words that rules or the remove mode dropped.
+  const WordCounts& Counts() const { return counts_; }
 
   const RunOptions& Options() const { return options_; }
   const RunLists& Lists() const { return *lists_; }
@@ -65,10 +65,12 @@ class WordStream {
  private:
   friend struct CountingAccess;
 
-  /// What becomes of a word as cut: its number, or one of the verdicts below.
-  static constexpr WordNumber kDropped = 0xFFFFFFFF;
-  /// Excludes every phrase that holds it, which is what a phrase end does.
-  static constexpr WordNumber kEndsPhrase = 0xFFFFFFFE;
+  /// What becomes of a word as cut: its number, or a verdict from here on. The first excludes every phrase
+  /// that holds the word, which is what a phrase end does; the others drop it for a reason.
+  static constexpr WordNumber kEndsPhrase = 0xFFFFFFF0;
+  static constexpr WordNumber Dropped(DropReason reason) {
+    return kEndsPhrase + 1 + static_cast<WordNumber>(reason);
+  }
 
   WordNumber Judge(std::string_view word);
   WordNumber Admit(std::string_view word);
@@ -82,8 +84,7 @@ class WordStream {
   Vocabulary vocabulary_;
   std::vector<WordNumber> numbers_;  ///< Begins with kNoWord, so that every word has a left neighbour.
   std::vector<Source> sources_;
-  uint64_t wordsTaken_ = 0;
-  uint64_t wordsDropped_ = 0;
+  WordCounts counts_;
 };
 
 }  // namespace korv

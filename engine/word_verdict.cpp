@@ -7,7 +7,7 @@
 
 namespace korv {
 
-bool IsDroppedByForm(std::string_view word, const WordRules& rules) {
+std::optional<DropReason> DroppedByForm(std::string_view word, const WordRules& rules) {
   constexpr int kRepetitions = 4;
   int characters = 0;
   bool hasLetter = false;
@@ -27,8 +27,11 @@ bool IsDroppedByForm(std::string_view word, const WordRules& rules) {
     last = lower;
     repeats = repeats || inARow >= kRepetitions;
   }
-  return (rules.IgnoreShortWords && characters < rules.ShortWordSize) || characters > rules.LongWordSize ||
-         (rules.IgnoreNoLetter && !hasLetter) || (rules.IgnoreRepetitions && repeats);
+  if (rules.IgnoreShortWords && characters < rules.ShortWordSize) return DropReason::Short;
+  if (characters > rules.LongWordSize) return DropReason::Long;
+  if (rules.IgnoreNoLetter && !hasLetter) return DropReason::Letterless;
+  if (rules.IgnoreRepetitions && repeats) return DropReason::Repetition;
+  return std::nullopt;
 }
 
 bool Is7bit(std::string_view word) {

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
+#include "engine/word_counts.h"
 #include "engine/word_rules.h"
 
 namespace korv {
 
-/// Whether the rules by form drop a word (UTF-8, as cut): shorter than ShortWordSize, longer than
-/// LongWordSize, without a letter, or with one letter four times in a row, case aside.
-bool IsDroppedByForm(std::string_view word, const WordRules& rules);
+/// The first of the rules by form that drops a word (UTF-8, as cut): shorter than ShortWordSize, longer than
+/// LongWordSize, without a letter, or with one letter four times in a row, case aside. Empty: none does.
+std::optional<DropReason> DroppedByForm(std::string_view word, const WordRules& rules);
 
 /// Whether every character has a code below 128.
 bool Is7bit(std::string_view word);

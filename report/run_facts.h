@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/run_options.h"
+#include "engine/word_counts.h"
 
 namespace korv {
 
@@ -21,6 +22,8 @@ struct RunFacts {
   int MinCharacters = 0;            ///< Shorter words were ignored; 0 when that rule is off.
   std::string InputPath;  ///< As given, trimmed: the file or the folder; empty for clipboard and pipes.
   bool IncludeSubfolders = false;
+  WordCounts Words;                       ///< What became of the words that were read.
+  uint64_t LongPhrases = 0;               ///< Phrase occurrences left out for having over 100 characters.
   uint64_t FilesScanned = 0;              ///< Folder source: files whose text was read.
   uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, the chosen one included.
   std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.

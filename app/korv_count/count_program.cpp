@@ -318,8 +318,8 @@ class CountProgram {
       const std::chrono::duration<double> time = run_.Times.Of(static_cast<RunStage>(k));
       env_.Err << kStageNames[k] << '\t' << NumberFormat{}.Decimals(time.count(), 3) << " s\n";
     }
-    env_.Err << "words\t" << run_.Words << "\nwords dropped\t" << run_.WordsDropped << "\ndifferent phrases\t"
-             << run_.Table.PhraseCount() << '\n'
+    env_.Err << "words\t" << run_.Facts.Words.Taken << "\nwords dropped\t" << run_.Facts.Words.Dropped()
+             << "\ndifferent phrases\t" << run_.Table.PhraseCount() << '\n'
              << std::flush;
   }
 

@@ -179,12 +179,12 @@ void frmMain::ShowRunFacts() {
           ? ToQt(run.FileKind)
           : QStringLiteral("Total number of phrase occurrences: ") +
                 ToQt(numbers.Grouped(static_cast<int64_t>(run.Table.Occurrences()))));
-  lblNumWordsExcluded->setText(run.WordsDropped == 0
-                                   ? QString()
-                                   : QStringLiteral("Number of words excluded: ") +
-                                         ToQt(numbers.Grouped(static_cast<int64_t>(run.WordsDropped))));
+  const uint64_t dropped = run.Facts.Words.Dropped();
+  lblNumWordsExcluded->setText(dropped == 0 ? QString()
+                                            : QStringLiteral("Number of words excluded: ") +
+                                                  ToQt(numbers.Grouped(static_cast<int64_t>(dropped))));
   const bool folder = run.Facts.Options.SourceKind == TextSource::Folder;
-  ShowCounts(folder ? run.Facts.FilesScanned : 0, run.Words, run.Table.PhraseCount());
+  ShowCounts(folder ? run.Facts.FilesScanned : 0, run.Facts.Words.Taken, run.Table.PhraseCount());
 }
 
 void frmMain::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {

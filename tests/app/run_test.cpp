@@ -129,7 +129,8 @@ TEST(RunCount, CountsTheCatsOfAFile) {
   EXPECT_EQ(world.run.Facts.MinCharacters, 3);
   EXPECT_FALSE(world.run.Facts.WordsToIgnoreInUse);
   EXPECT_FALSE(world.run.Facts.Options.Stopped);
-  EXPECT_EQ(world.run.Words, 13u);
+  EXPECT_EQ(world.run.Facts.Words.Taken, 13u);
+  EXPECT_EQ(world.run.Facts.LongPhrases, 0u);
   EXPECT_FALSE(world.run.Interrupted);
   EXPECT_THAT(world.messages.shown, IsEmpty());
   EXPECT_THAT(world.view.statuses,
@@ -302,6 +303,22 @@ TEST(RunCount, TellsHowMuchOfAMarkUpFileIsText) {
   }
 }
 
+TEST(RunCount, TellsWhatBecameOfTheWords) {
+  RunWorld world;
+  const std::string w40(40, 'w');
+  world.UseFile("/a.txt", "it is the hmmmm of " + w40 + " " + w40 + " " + w40 + " cat\r\n");
+  world.UseLengths(2, 3, 1);
+  world.request.Rules.LongWordSize = 40;
+  world.request.Rules.IgnoreRepetitions = false;
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  const RunFacts& facts = world.run.Facts;
+  EXPECT_EQ(facts.Words.Read(), 9u);
+  EXPECT_EQ(facts.Words.Taken, 6u);
+  EXPECT_EQ(facts.Words.DroppedFor(DropReason::Short), 3u);
+  EXPECT_EQ(facts.Words.Dropped(), 3u);
+  EXPECT_EQ(facts.LongPhrases, 1u) << "of three long words";
+}
+
 std::string Document(const char* name) {
   std::ifstream file(std::string(KORV_TEST_DATA) + "/docx/" + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
@@ -314,7 +331,7 @@ TEST(RunCount, CountsADocumentAndKeepsItsTextOnlyWhenAsked) {
     world.UseLengths(2, 2, 1);
     world.request.ExtractTextFromDocx = keep;
     EXPECT_EQ(world.Count(), RunEnd::Counted);
-    EXPECT_GT(world.run.Words, 0u);
+    EXPECT_GT(world.run.Facts.Words.Taken, 0u);
     const auto text = world.files.Content("/d/extracted_text/market.docx.txt");
     EXPECT_EQ(text.has_value(), keep);
     EXPECT_THAT(world.view.sizes.back(), testing::HasSubstr("|Text: "));
@@ -369,7 +386,7 @@ TEST(RunCount, RefusesAFileWhoseReadingFails) {
     const RunEnd end = world.Count();
     // The sizes that are asked for in advance are of no consequence; all else ends the run with a message.
     if (end == RunEnd::Counted) {
-      EXPECT_EQ(world.run.Words, reference.run.Words) << call;
+      EXPECT_EQ(world.run.Facts.Words.Taken, reference.run.Facts.Words.Taken) << call;
     } else {
       EXPECT_EQ(end, RunEnd::Refused) << call;
       EXPECT_EQ(world.messages.shown.size(), 1u) << call;

@@ -66,6 +66,10 @@ std::vector<std::string> DrawEntries(const std::vector<std::string>& pool, int m
   return *rc::gen::container<std::vector<std::string>>(static_cast<size_t>(n), Among(pool));
 }
 
+/// As the model calls them.
+constexpr const char* kReasonNames[kDropReasons] = {"short",      "long",    "letterless",
+                                                    "repetition", "ignored", "not 7-bit"};
+
 void DrawRules(WordRules& rules) {
   rules.CaseSignificant = Coin();
   rules.Only7bitASCII = OneIn(4);
@@ -209,6 +213,7 @@ CountingOutcome ModelOutcome(const CountingWorld& world) {
   }
   outcome.WordsTaken = run.WordsTaken();
   outcome.WordsDropped = run.WordsDropped();
+  outcome.LongPhrases = table.LongPhrases;
   return outcome;
 }
 
@@ -217,8 +222,11 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
   WordStream stream(world.Rules, world.Options, lists);
   Feed(world, stream);
   CountingOutcome outcome;
-  outcome.WordsTaken = static_cast<int64_t>(stream.WordsTaken());
-  outcome.WordsDropped = static_cast<int64_t>(stream.WordsDropped());
+  outcome.WordsTaken = static_cast<int64_t>(stream.Counts().Taken);
+  for (size_t reason = 0; reason < kDropReasons; ++reason) {
+    const auto dropped = static_cast<int64_t>(stream.Counts().DroppedBy[reason]);
+    if (dropped > 0) outcome.WordsDropped[kReasonNames[reason]] = dropped;
+  }
 
   PhraseTable table;
   TakeText(std::move(stream), table);
@@ -270,6 +278,7 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
   outcome.Head = textOf(table.ChainHead());
   outcome.PhraseCount = static_cast<int64_t>(table.PhraseCount());
   outcome.Occurrences = static_cast<int64_t>(table.Occurrences());
+  outcome.LongPhrases = static_cast<int64_t>(table.LongPhrases());
   if (folder) {
     for (const std::filesystem::path& path : table.FilePaths()) outcome.FilePaths.push_back(path.string());
   }
@@ -313,7 +322,9 @@ std::ostream& operator<<(std::ostream& out, const CountingWorld& world) {
 
 std::ostream& operator<<(std::ostream& out, const CountingOutcome& outcome) {
   out << outcome.PhraseCount << " phrases, " << outcome.Occurrences << " occurrences, " << outcome.WordsTaken
-      << " words, " << outcome.WordsDropped << " dropped, files";
+      << " words, dropped";
+  for (const auto& [reason, words] : outcome.WordsDropped) out << ' ' << words << ' ' << reason;
+  out << ", " << outcome.LongPhrases << " too long, files";
   for (const std::string& path : outcome.FilePaths) out << ' ' << path;
   out << ", first [" << outcome.Head << "]\n";
   for (const CountingOutcome::Entry& entry : outcome.Listed) {

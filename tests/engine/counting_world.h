@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -48,7 +49,8 @@ struct CountingOutcome {
   int64_t Occurrences = 0;
   std::vector<std::string> FilePaths;
   int64_t WordsTaken = 0;
-  int64_t WordsDropped = 0;
+  std::map<std::string, int64_t> WordsDropped;  ///< By reason; without those that dropped nothing.
+  int64_t LongPhrases = 0;
   bool operator==(const CountingOutcome&) const = default;
 };
 

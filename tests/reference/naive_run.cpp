@@ -19,22 +19,23 @@ std::string WithBlanks(std::string phrase) {
 
 }  // namespace
 
-bool RulesDrop(std::string_view word, const WordRules& rules) {
+std::string RulesDrop(std::string_view word, const WordRules& rules) {
   const std::u32string characters = Decode(word);
   const auto length = static_cast<int>(characters.size());
-  if (rules.IgnoreShortWords && length < rules.ShortWordSize) return true;
-  if (length > rules.LongWordSize) return true;
-  if (rules.IgnoreNoLetter && std::none_of(characters.begin(), characters.end(), IsLetter)) return true;
+  if (rules.IgnoreShortWords && length < rules.ShortWordSize) return "short";
+  if (length > rules.LongWordSize) return "long";
+  if (rules.IgnoreNoLetter && std::none_of(characters.begin(), characters.end(), IsLetter))
+    return "letterless";
   if (rules.IgnoreRepetitions) {
     const std::u32string lowered = Decode(Lower(word));
     for (size_t i = 3; i < characters.size(); ++i) {
       if (IsLetter(characters[i]) && lowered[i] == lowered[i - 1] && lowered[i] == lowered[i - 2] &&
           lowered[i] == lowered[i - 3]) {
-        return true;
+        return "repetition";
       }
     }
   }
-  return false;
+  return "";
 }
 
 CountingRun::CountingRun(const WordRules& rules, const RunOptions& options, ListEntries entries)
@@ -50,13 +51,13 @@ void CountingRun::BeginSource(std::string_view path) {
 }
 
 void CountingRun::TakeWord(std::string_view word) {
-  if (RulesDrop(word, rules_)) {
-    ++dropped_;
+  if (const std::string rule = RulesDrop(word, rules_); !rule.empty()) {
+    ++dropped_[rule];
     return;
   }
   std::string folded = rules_.CaseSignificant ? std::string(word) : Lower(word);
   if (options_.IgnoreMode == IgnoreRule::Remove && lists_.IsWordToIgnore(folded)) {
-    ++dropped_;
+    ++dropped_["ignored"];
     return;
   }
   GetWords2(folded);
@@ -65,7 +66,7 @@ void CountingRun::TakeWord(std::string_view word) {
 void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
   const bool sevenBit = std::all_of(word.begin(), word.end(), [](char c) { return (c & 0x80) == 0; });
   if (rules_.Only7bitASCII && !sevenBit) {
-    ++dropped_;
+    ++dropped_["not 7-bit"];
   } else {
     ++taken_;
     for (int k = options_.MinWords; k <= options_.MaxWords; ++k) {

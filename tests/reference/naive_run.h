@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +16,11 @@
 
 namespace korv::naive {
 
-/// Whether the rules drop the word: short, long, letterless, repetitive.
-bool RulesDrop(std::string_view word, const WordRules& rules);
+/// Why a word does not count: "short", "long", "letterless", "repetition", "ignored" or "not 7-bit".
+using DropCounts = std::map<std::string, int64_t>;
+
+/// The first of the rules by form that drops the word, by its name above; empty when none does.
+std::string RulesDrop(std::string_view word, const WordRules& rules);
 
 /// One counting run: words in, table out. A stop is a text that ends earlier.
 class CountingRun {
@@ -37,7 +41,7 @@ class CountingRun {
 
   const Table& Phrases() const { return table_; }
   int64_t WordsTaken() const { return taken_; }
-  int64_t WordsDropped() const { return dropped_; }
+  const DropCounts& WordsDropped() const { return dropped_; }
 
  private:
   /// The words-to-ignore test of a full-length phrase.
@@ -49,7 +53,7 @@ class CountingRun {
   Table table_;
   std::vector<std::string> buffers_;  ///< Buffer k holds the last k words, joined by "+".
   int64_t taken_ = 0;
-  int64_t dropped_ = 0;
+  DropCounts dropped_;  ///< Reasons for which no word was dropped are not in it.
 };
 
 }  // namespace korv::naive

@@ -97,7 +97,7 @@ TEST(NaiveGetWords2, ClosesTheGapOverWordsThatAreNot7Bit) {
   CountingRun run(rules, Lengths(2, 2), {});
   EXPECT_THAT(Counts(Feed(run, "a café b")), ElementsAre(Pair("a b", 1)));
   EXPECT_EQ(run.WordsTaken(), 2);
-  EXPECT_EQ(run.WordsDropped(), 1);
+  EXPECT_THAT(run.WordsDropped(), ElementsAre(Pair("not 7-bit", 1)));
 }
 
 TEST(NaiveGetWords2, EndsPhrasesAtTheTerminatorsThatAreOn) {
@@ -149,37 +149,69 @@ TEST(NaiveGetWords2, DoesNotCarryPhrasesFromOneSourceToTheNext) {
 TEST(NaiveTakeWord, DropsWordsUnderTheRules) {
   struct Case {
     const char* word;
-    bool dropped;
+    const char* rule;
     const char* why;
   };
   const Case cases[] = {
-      {"ab", true, "shorter than three"},
-      {"éa", true, "characters count, not bytes"},
-      {"abc", false, "three"},
-      {"éàü", false, "three"},
-      {"aaabbbcccdddeeefffggg", true, "longer than twenty"},
-      {"aaabbbcccdddeeefffgg", false, "twenty"},
-      {"éééèèèàààùùùêêêôôôîî", false, "twenty characters"},
-      {"123", true, "no letter"},
-      {"---", true, "no letter"},
-      {"12a", false, "a letter"},
-      {"12é", false, "a letter"},
-      {"12ñ", false, "a letter"},
-      {"12ж", false, "a letter"},
-      {"baaaab", true, "four times a"},
-      {"baaab", false, "three times a"},
-      {"aAaA", true, "case aside"},
-      {"éÉéÉ", true, "case aside"},
-      {"жжЖж", true, "case aside"},
-      {"aaéa", false, "another letter between"},
-      {"a1111", false, "digits are no letters"},
-      {"a----", false, "nor are hyphens"},
+      {"ab", "short", "shorter than three"},
+      {"éa", "short", "characters count, not bytes"},
+      {"abc", "", "three"},
+      {"éàü", "", "three"},
+      {"aaabbbcccdddeeefffggg", "long", "longer than twenty"},
+      {"aaabbbcccdddeeefffgg", "", "twenty"},
+      {"éééèèèàààùùùêêêôôôîî", "", "twenty characters"},
+      {"123", "letterless", "no letter"},
+      {"---", "letterless", "no letter"},
+      {"12a", "", "a letter"},
+      {"12é", "", "a letter"},
+      {"12ñ", "", "a letter"},
+      {"12ж", "", "a letter"},
+      {"baaaab", "repetition", "four times a"},
+      {"baaab", "", "three times a"},
+      {"aAaA", "repetition", "case aside"},
+      {"éÉéÉ", "repetition", "case aside"},
+      {"жжЖж", "repetition", "case aside"},
+      {"aaéa", "", "another letter between"},
+      {"a1111", "", "digits are no letters"},
+      {"a----", "", "nor are hyphens"},
+      {"1", "short", "without a letter as well"},
+      {"11112222333344445555666677778888", "long", "without a letter as well"},
+      {"aaaaaaaaaaaaaaaaaaaaa", "long", "repeats a letter as well"},
   };
   WordRules rules;
   rules.LongWordSize = 20;
-  for (const Case& c : cases) EXPECT_EQ(RulesDrop(c.word, rules), c.dropped) << c.word << ": " << c.why;
+  for (const Case& c : cases) EXPECT_EQ(RulesDrop(c.word, rules), c.rule) << c.word << ": " << c.why;
   rules = AnyWord();
-  for (const char* word : {"a", "--", "aaaa", "1"}) EXPECT_FALSE(RulesDrop(word, rules)) << word;
+  for (const char* word : {"a", "--", "aaaa", "1"}) EXPECT_EQ(RulesDrop(word, rules), "") << word;
+}
+
+TEST(NaiveTakeWord, CountsADroppedWordForTheFirstRuleThatDropsIt) {
+  WordRules rules = AnyWord();
+  rules.IgnoreShortWords = true;
+  rules.Only7bitASCII = true;
+  CountingRun run(rules, Lengths(2, 2, IgnoreRule::Remove), Ignoring({"été", "the", "é"}));
+  Feed(run, "é été the élan cat");
+  EXPECT_EQ(run.WordsTaken(), 1);
+  EXPECT_THAT(run.WordsDropped(), ElementsAre(Pair("ignored", 2), Pair("not 7-bit", 1), Pair("short", 1)));
+}
+
+TEST(NaiveGetWords2, TellsHowManyPhrasesOnlyTheirLengthKeptOut) {
+  const std::string w50(50, 'w'), x49(49, 'x');
+  struct Case {
+    const char* name;
+    ListEntries entries;
+    int64_t expected;
+  };
+  const Case cases[] = {
+      {"no lists", {}, 2},  // x w w of 151 characters, w w of 101; x w has 100
+      {"a list that excludes", Ignoring({w50}), 1},
+      {"a list of whole phrases", CountingOnly({"~ " + w50}), 1},
+  };
+  for (const Case& c : cases) {
+    CountingRun run(AnyWord(), Lengths(2, 3), c.entries);
+    Feed(run, x49 + " " + w50 + " " + w50 + " / " + x49 + " " + w50);
+    EXPECT_EQ(run.Phrases().LongPhrases, c.expected) << c.name;
+  }
 }
 
 TEST(NaiveTakeWord, FoldsCaseUnlessItIsSignificant) {
@@ -195,7 +227,7 @@ TEST(NaiveTakeWord, ClosesTheGapOverDroppedWords) {
   CountingRun run(rules, Lengths(2, 2), {});
   EXPECT_THAT(Counts(Feed(run, "cat is mat / dog it / sat")), ElementsAre(Pair("cat mat", 1)));
   EXPECT_EQ(run.WordsTaken(), 4);
-  EXPECT_EQ(run.WordsDropped(), 2);
+  EXPECT_THAT(run.WordsDropped(), ElementsAre(Pair("short", 2)));
 }
 
 TEST(NaiveIgnoreModes, TreatPhrasesAsTheyAreAskedTo) {

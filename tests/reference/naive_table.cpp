@@ -30,11 +30,15 @@ void Table::Empty() {
   CurrentFileNumber = 0;
   MaxSearchDepth = 0;
   Occurrences = 0;
+  LongPhrases = 0;
   ChainHead = 0;
 }
 
 void Table::AddWordToList(std::string_view phrase) {
-  if (use_ == Use::Phrases && CharacterCount(phrase) > kMostPhraseCharacters) return;
+  if (use_ == Use::Phrases && CharacterCount(phrase) > kMostPhraseCharacters) {
+    ++LongPhrases;
+    return;
+  }
   ++Occurrences;
   if (use_ == Use::Phrases && source_ == TextSource::Folder) NoteFile();
 

@@ -52,6 +52,7 @@ class Table {
   int32_t CurrentFileNumber = 0;
   int16_t MaxSearchDepth = 0;
   int64_t Occurrences = 0;  ///< Accepted calls of AddWordToList.
+  int64_t LongPhrases = 0;  ///< Calls refused for the length of the phrase.
   int32_t ChainHead = 0;
 
  private:

@@ -1,0 +1,36 @@
+#include "engine/long_phrases.h"
+
+#include <algorithm>
+#include <atomic>
+#include <string>
+
+#include "engine/workers.h"
+
+namespace korv {
+
+std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const Acceptance& accepted,
+                                         std::span<const uint8_t> mostWords, bool onCallingThread,
+                                         Yielder& yielder) {
+  constexpr size_t kTask = size_t{1} << 14;
+  const WordNumber* const text = data.Numbers.data();
+  const size_t n = mostWords.size();
+  const int minWords = data.Options.MinWords;
+  const int maxWords = data.Options.MaxWords;
+  std::atomic<uint64_t> found{0};
+  const bool finished = RunTasks((n + kTask - 1) / kTask, onCallingThread, yielder, [&](size_t task, size_t) {
+    std::string scratch;
+    uint64_t inTask = 0;
+    for (size_t i = task * kTask; i < std::min(n, (task + 1) * kTask); ++i) {
+      if (text[i] == kNoWord) continue;
+      if (yielder.Stopped()) return;
+      // The text ends with more phrase ends than a phrase has words.
+      for (int words = mostWords[i] + 1; words <= maxWords && text[i + words - 1] != kNoWord; ++words)
+        if (words >= minWords && accepted.Accepts(text + i, words, scratch)) ++inTask;
+    }
+    found.fetch_add(inTask, std::memory_order_relaxed);
+  });
+  if (!finished || yielder.Stopped()) return std::nullopt;
+  return found.load();
+}
+
+}  // namespace korv

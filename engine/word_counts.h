@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <numeric>
+
+namespace korv {
+
+/// Why a word does not count, in the order in which the rules are asked.
+enum class DropReason : uint8_t {
+  Short,       ///< Fewer characters than ShortWordSize.
+  Long,        ///< More characters than LongWordSize.
+  Letterless,  ///< No letter in it.
+  Repetition,  ///< The same letter four times in a row.
+  Ignored,     ///< A word to ignore, in the mode that removes them from the text.
+  Not7bit,     ///< A character of code 128 or above.
+};
+inline constexpr size_t kDropReasons = 6;
+
+/// What became of the words of a text.
+struct WordCounts {
+  uint64_t Taken = 0;                              ///< Words that went into phrases.
+  std::array<uint64_t, kDropReasons> DroppedBy{};  ///< By DropReason; a word counts for the first that holds.
+
+  uint64_t DroppedFor(DropReason reason) const { return DroppedBy[static_cast<size_t>(reason)]; }
+  uint64_t Dropped() const { return std::accumulate(DroppedBy.begin(), DroppedBy.end(), uint64_t{0}); }
+  /// The running words: all that were cut from the text, dropped or not.
+  uint64_t Read() const { return Taken + Dropped(); }
+
+  bool operator==(const WordCounts&) const = default;
+};
+
+}  // namespace korv
