@@ -123,12 +123,7 @@ ZipError ErrorOf(zip_error_t* error) {
 
 }  // namespace
 
-// In the order in which they depend on each other; destroyed from the last to the first.
 struct ZipMember::State {
-  explicit State(std::unique_ptr<InputFile> file) : source(std::move(file)) {}
-
-  FileSource source;
-  std::unique_ptr<zip_t, Free> archive;
   std::unique_ptr<zip_file_t, Free> member;
   uint64_t claimedSize = 0;
   uint64_t unpacked = 0;
@@ -149,8 +144,35 @@ Expected<size_t, ZipError> ZipMember::Read(std::span<char> buffer) {
   return static_cast<size_t>(got);
 }
 
-Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile> archive, const std::string& name) {
-  auto state = std::make_unique<ZipMember::State>(std::move(archive));
+// In the order in which they depend on each other; destroyed from the last to the first.
+struct ZipArchive::State {
+  explicit State(std::unique_ptr<InputFile> file) : source(std::move(file)) {}
+
+  FileSource source;
+  std::unique_ptr<zip_t, Free> archive;
+};
+
+ZipArchive::ZipArchive(std::unique_ptr<State> state) : state_(std::move(state)) {}
+ZipArchive::~ZipArchive() = default;
+ZipArchive::ZipArchive(ZipArchive&&) noexcept = default;
+ZipArchive& ZipArchive::operator=(ZipArchive&&) noexcept = default;
+
+Expected<ZipMember, ZipError> ZipArchive::Open(const std::string& name) {
+  zip_t* archive = state_->archive.get();
+  const zip_int64_t index = zip_name_locate(archive, name.c_str(), ZIP_FL_ENC_RAW);
+  if (index < 0) return ErrorOf(zip_get_error(archive));
+  const auto at = static_cast<zip_uint64_t>(index);
+  zip_stat_t facts;
+  if (zip_stat_index(archive, at, 0, &facts) != 0) return ErrorOf(zip_get_error(archive));
+  auto member = std::make_unique<ZipMember::State>();
+  member->claimedSize = facts.size;
+  member->member.reset(zip_fopen_index(archive, at, 0));
+  if (!member->member) return ErrorOf(zip_get_error(archive));
+  return ZipMember(std::move(member));
+}
+
+Expected<ZipArchive, ZipError> OpenZipArchive(std::unique_ptr<InputFile> file) {
+  auto state = std::make_unique<ZipArchive::State>(std::move(file));
   zip_error_t error;
   zip_error_init(&error);
   const std::unique_ptr<zip_error_t, void (*)(zip_error_t*)> finish(&error, &zip_error_fini);
@@ -164,17 +186,7 @@ Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile> archive, 
     return reason;
   }
   source.release();  // The archive owns it now.
-
-  const zip_int64_t index = zip_name_locate(state->archive.get(), name.c_str(), ZIP_FL_ENC_RAW);
-  if (index < 0) return ErrorOf(zip_get_error(state->archive.get()));
-  const auto member = static_cast<zip_uint64_t>(index);
-  zip_stat_t facts;
-  if (zip_stat_index(state->archive.get(), member, 0, &facts) != 0)
-    return ErrorOf(zip_get_error(state->archive.get()));
-  state->claimedSize = facts.size;
-  state->member.reset(zip_fopen_index(state->archive.get(), member, 0));
-  if (!state->member) return ErrorOf(zip_get_error(state->archive.get()));
-  return ZipMember(std::move(state));
+  return ZipArchive(std::move(state));
 }
 
 }  // namespace korv

@@ -26,7 +26,7 @@ struct ZipError {
 };
 
 /// One member of an archive, unpacked while it is read. Nothing that the archive says of the member's size
-/// is believed.
+/// is believed. The archive must outlive it.
 class ZipMember {
  public:
   ~ZipMember();
@@ -38,14 +38,30 @@ class ZipMember {
   Expected<size_t, ZipError> Read(std::span<char> buffer);
 
  private:
-  friend Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile>, const std::string&);
+  friend class ZipArchive;
   struct State;
   explicit ZipMember(std::unique_ptr<State> state);
   std::unique_ptr<State> state_;
 };
 
-/// Opens the member of exactly this name (the first, where there are several). Takes the file over, which
-/// must be able to seek.
-Expected<ZipMember, ZipError> OpenZipMember(std::unique_ptr<InputFile> archive, const std::string& name);
+/// An archive whose members are read one at a time.
+class ZipArchive {
+ public:
+  ~ZipArchive();
+  ZipArchive(ZipArchive&&) noexcept;
+  ZipArchive& operator=(ZipArchive&&) noexcept;
+
+  /// The member of exactly this name (the first, where there are several).
+  Expected<ZipMember, ZipError> Open(const std::string& name);
+
+ private:
+  friend Expected<ZipArchive, ZipError> OpenZipArchive(std::unique_ptr<InputFile>);
+  struct State;
+  explicit ZipArchive(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
+};
+
+/// Takes the file over, which must be able to seek.
+Expected<ZipArchive, ZipError> OpenZipArchive(std::unique_ptr<InputFile> file);
 
 }  // namespace korv

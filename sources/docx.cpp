@@ -5,6 +5,7 @@
 
 #include "platform/zip.h"
 #include "sources/classification.h"
+#include "sources/docx_main_part.h"
 
 namespace korv {
 
@@ -28,6 +29,33 @@ Expected<std::string, FileError> ReadWhole(FileSystem& files, const fs::path& pa
     bytes.append(block.data(), *got);
   }
   return bytes;
+}
+
+// Reads all of a member; one of more than `most` bytes counts as damaged.
+Expected<std::string, ZipError> ReadMember(ZipMember member, size_t most) {
+  std::string bytes;
+  std::vector<char> block(kBlock);
+  for (;;) {
+    const Expected<size_t, ZipError> got = member.Read(block);
+    if (!got) return got.Error();
+    if (*got == 0) return bytes;
+    if (bytes.size() + *got > most) return ZipError{ZipFault::Damaged, "Too large"};
+    bytes.append(block.data(), *got);
+  }
+}
+
+// Opens the document's main part: the member of the usual name, or else the one that the relationships name.
+Expected<ZipMember, ZipError> OpenMainPart(ZipArchive& archive) {
+  constexpr size_t kMostRelationshipBytes = size_t{1} << 20;
+  Expected<ZipMember, ZipError> usual = archive.Open(kMember);
+  if (usual || usual.Error().fault != ZipFault::NoSuchMember) return usual;
+  Expected<ZipMember, ZipError> member = archive.Open("_rels/.rels");
+  if (!member) return usual;
+  const Expected<std::string, ZipError> relationships =
+      ReadMember(std::move(*member), kMostRelationshipBytes);
+  if (!relationships) return relationships.Error();
+  const std::optional<std::string> name = MainPartOf(*relationships);
+  return name ? archive.Open(*name) : std::move(usual);
 }
 
 bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
@@ -103,8 +131,15 @@ bool IsDocxFile(std::string_view path, std::string_view head) {
 bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive, const fs::path& folder,
                       Yielder& yielder, DocxFault& fault) {
   fault = kDocxNotUnpacked;
-  Expected<ZipMember, ZipError> member = OpenZipMember(std::move(archive), kMember);
-  if (!member || files.CreateFolder(folder / "word")) return false;
+  const auto failed = [&](const ZipError& error) {
+    if (error.fault == ZipFault::BadChecksum) fault = kDocxBadChecksum;
+    return false;
+  };
+  Expected<ZipArchive, ZipError> opened = OpenZipArchive(std::move(archive));
+  if (!opened) return false;
+  Expected<ZipMember, ZipError> member = OpenMainPart(*opened);
+  if (!member) return failed(member.Error());
+  if (files.CreateFolder(folder / "word")) return false;
   auto file = files.OpenForWriting(folder / "word" / "document.xml");
   if (!file) return false;
 
@@ -114,10 +149,7 @@ bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive, con
     yielder.Yield();
     const size_t wanted = std::min(block.size(), kMost - written);
     const Expected<size_t, ZipError> got = member->Read(std::span(block).first(wanted));
-    if (!got) {
-      if (got.Error().fault == ZipFault::BadChecksum) fault = kDocxBadChecksum;
-      return false;
-    }
+    if (!got) return failed(got.Error());
     if (*got == 0) break;
     if ((*file)->Write({block.data(), *got})) return false;
     written += *got;

@@ -59,9 +59,10 @@ class DocxTempFolder {
 /// are, at least 10 of the first 16) begin as an archive does.
 bool IsDocxFile(std::string_view path, std::string_view head);
 
-/// Writes the member "word/document.xml" of the archive as word/document.xml below `folder`, and nothing
-/// else. Never writes more than kMostDocxBytes + 1 bytes, whatever the archive claims of itself. False where
-/// it could not; `fault` then is kDocxBadChecksum or kDocxNotUnpacked, and what was written may be there.
+/// Writes the member "word/document.xml" of the archive, or where it has none the one that its relationships
+/// name as the document, as word/document.xml below `folder`, and nothing else. Never writes more than
+/// kMostDocxBytes + 1 bytes, whatever the archive claims of itself. False where it could not; `fault` then is
+/// kDocxBadChecksum or kDocxNotUnpacked, and what was written may be there.
 bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive,
                       const std::filesystem::path& folder, Yielder& yielder, DocxFault& fault);
 
@@ -74,7 +75,8 @@ int32_t ExtractDocx(const DocxContext& context, const std::filesystem::path& pat
                     std::unique_ptr<InputFile> archive, std::string_view productWord, bool askIfLarge,
                     DocxTempFolder& temp);
 
-/// The text of a document's runs, UTF-8, with CR LF after every paragraph and break. Linear in `xml`. A
+/// The text of a document's runs, UTF-8, with CR LF after every paragraph and break. Entities are decoded;
+/// what the document repeats for older programs, and what was moved away, is passed over. Linear in `xml`. A
 /// request to stop asks whether to; Yes ends the extraction with what there is. `progress`, where given, gets
 /// a bar of characters while a document of more than 1,000,000 bytes is worked on.
 std::string DocxXmlToText(std::string_view xml, const DocxContext& context,

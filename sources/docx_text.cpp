@@ -2,6 +2,7 @@
 #include <array>
 
 #include "sources/docx.h"
+#include "sources/xml_text.h"
 
 namespace korv {
 
@@ -10,32 +11,15 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 constexpr std::string_view kBreak = "\r\n";
 
-// What ends a tag's name.
-bool EndsName(char c) {
-  return c == '>' || c == '/' || c == ' ' || c == '\t' || c == '\r' || c == '\n';
-}
-
-// Appends a run's text: the three entities decoded once, every kind of line end as CR LF.
+// Appends a run's text with every kind of line end as CR LF.
 void AppendRun(std::string_view run, std::string& text) {
-  struct Entity {
-    std::string_view name;
-    char character;
-  };
-  static constexpr std::array<Entity, 3> kEntities = {{{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}}};
   while (!run.empty()) {
-    const size_t plain = std::min(run.find_first_of("&\r\n"), run.size());
+    const size_t plain = std::min(run.find_first_of(kBreak), run.size());
     text.append(run, 0, plain);
     run.remove_prefix(plain);
     if (run.empty()) break;
-    if (run[0] != '&') {
-      text += kBreak;
-      run.remove_prefix(run.starts_with(kBreak) ? 2 : 1);
-      continue;
-    }
-    const auto entity =
-        std::ranges::find_if(kEntities, [&](const Entity& e) { return run.starts_with(e.name); });
-    text += entity == kEntities.end() ? '&' : entity->character;
-    run.remove_prefix(entity == kEntities.end() ? 1 : entity->name.size());
+    text += kBreak;
+    run.remove_prefix(run.starts_with(kBreak) ? 2 : 1);
   }
 }
 
@@ -45,7 +29,9 @@ class TextBuilder {
   void Run(std::string_view run) {
     if (run.empty()) return;
     Join();
-    AppendRun(run, text_);
+    decoded_.clear();
+    AppendXmlDecoded(run, decoded_);
+    AppendRun(decoded_, text_);
   }
   void Hyphen() {
     Join();
@@ -58,6 +44,10 @@ class TextBuilder {
     onLine_ = false;
     tab_ = false;
   }
+  // A paragraph may stand inside another one, in a text box.
+  void BeginParagraph() {
+    if (onLine_) Break();
+  }
   std::string Finish() { return std::move(text_); }
 
  private:
@@ -68,9 +58,14 @@ class TextBuilder {
   }
 
   std::string text_;
+  std::string decoded_;  // A run's; kept for its memory.
   bool onLine_ = false;
   bool tab_ = false;
 };
+
+// What stands in these stands elsewhere in the document too: a text box for older programs, and the place
+// that text was moved away from.
+constexpr std::array<std::string_view, 2> kPassedOver = {"mc:Fallback", "w:moveFrom"};
 
 // Walks the tags that matter. Every step goes forward, so the whole is linear in the document.
 class RunReader {
@@ -84,25 +79,46 @@ class RunReader {
     at_ = xml_.find('<', at_);
     if (at_ == npos) return false;
     const std::string_view rest = xml_.substr(at_);
+    if (depth_ > 0) return PassOver(rest);
+    for (const std::string_view name : kPassedOver) {
+      if (!Opens(rest, name)) continue;
+      passedOver_ = name;
+      return PassOver(rest);
+    }
     if (rest.starts_with("<w:t ") || rest.starts_with("<w:t>")) return Run();
-    if (rest.starts_with("</w:p>") || IsTag(rest, "<w:br") || IsTag(rest, "<w:cr"))
+    if (rest.starts_with("</w:p>") || IsXmlTag(rest, "<w:br") || IsXmlTag(rest, "<w:cr"))
       builder_.Break();
-    else if (IsTag(rest, "<w:tab"))
+    else if (IsXmlTag(rest, "<w:p"))
+      builder_.BeginParagraph();
+    else if (IsXmlTag(rest, "<w:tab") || IsXmlTag(rest, "<w:ptab"))
       builder_.Tab();
-    else if (IsTag(rest, "<w:noBreakHyphen"))
+    else if (IsXmlTag(rest, "<w:noBreakHyphen"))
       builder_.Hyphen();
     ++at_;
     return true;
   }
 
  private:
-  static bool IsTag(std::string_view rest, std::string_view start) {
-    return rest.starts_with(start) && rest.size() > start.size() && EndsName(rest[start.size()]);
+  static bool Opens(std::string_view rest, std::string_view name) { return IsXmlTag(rest.substr(1), name); }
+
+  // Counts how deep in elements of the name that is passed over the tag leads; one without an end reaches
+  // to the end of the document.
+  bool PassOver(std::string_view rest) {
+    if (Opens(rest, passedOver_)) {
+      const size_t close = XmlTagEnd(xml_, at_);
+      if (close == npos) return false;
+      if (xml_[close - 1] != '/') ++depth_;
+      at_ = close;
+    } else if (rest.starts_with("</") && Opens(rest.substr(1), passedOver_)) {
+      --depth_;
+    }
+    ++at_;
+    return true;
   }
 
   // A run without an end, at the end of a document that is cut off, is no run.
   bool Run() {
-    const size_t close = TagEnd(at_);
+    const size_t close = XmlTagEnd(xml_, at_);
     if (close == npos) return false;
     if (xml_[close - 1] == '/') {
       at_ = close + 1;
@@ -115,24 +131,11 @@ class RunReader {
     return true;
   }
 
-  // The ">" of the tag at `at`; one inside a quoted value does not count.
-  size_t TagEnd(size_t at) const {
-    char quote = 0;
-    for (; at < xml_.size(); ++at) {
-      const char c = xml_[at];
-      if (quote != 0)
-        quote = c == quote ? '\0' : quote;
-      else if (c == '"' || c == '\'')
-        quote = c;
-      else if (c == '>')
-        return at;
-    }
-    return npos;
-  }
-
   std::string_view xml_;
   TextBuilder& builder_;
   size_t at_ = 0;
+  std::string_view passedOver_;  // The element that is passed over, while depth_ is above 0.
+  size_t depth_ = 0;
 };
 
 bool StopConfirmed(const DocxContext& context) {

@@ -45,7 +45,7 @@ std::vector<std::string_view> LinesOf(std::string_view text) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr size_t kEnough = 4096;  // The model is quadratic.
   if (size < 3 || size > kEnough) return 0;
-  const WordRules rules = RulesOf(data[0] | data[1] << 8, data[2] >> 3);
+  const WordRules rules = RulesOf(data[0] + 256U * data[1], data[2] >> 3U);
   static constexpr const char* kExtensions[] = {"txt", "c", "xml", "html", "php"};
   static constexpr const char* kLanguages[] = {"None", "C", "XML", "HTML", "PHP"};
   const size_t language = (data[2] & 7) % std::size(kLanguages);

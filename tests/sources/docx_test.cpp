@@ -105,6 +105,102 @@ TEST_F(DocxTest, WhatIsNoReadableDocumentIsNotUnpacked) {
   EXPECT_LT(ReadArchive(packed), 0) << "damaged data";
 }
 
+std::string Relationships(const std::string& inside) {
+  return "<?xml version=\"1.0\"?><!-- it's --><Relationships xmlns=\"x\">"
+         "<Relationship Id=\"1\" Type=\"http://x/metadata/core-properties\" Target=\"docProps/core.xml\"/>" +
+         inside + "</Relationships>";
+}
+
+std::string OfficeDocument(const std::string& target) {
+  return Relationships("<Relationship Target=\"" + target +
+                       "\" Type=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships/"
+                       "officeDocument\" Id=\"2\"/>");
+}
+
+TEST_F(DocxTest, TheMainPartMayHaveAnotherName) {
+  const std::string xml = Paragraphs({"some words"});
+  for (const std::string target : {"word/document2.xml", "/word/document2.xml", "./word/document2.xml",
+                                   "word/x/../document2.xml", "word//document2.xml"}) {
+    EXPECT_EQ(
+        ReadArchive(BuildArchive({{"_rels/.rels", OfficeDocument(target)}, {"word/document2.xml", xml}})),
+        static_cast<int32_t>(xml.size()))
+        << target;
+    EXPECT_EQ(text, "some words\r\n") << target;
+  }
+}
+
+TEST_F(DocxTest, EitherDialectNamesTheMainPart) {
+  for (const std::string inside :
+       {"<Relationship Id='a' Type='http://purl.oclc.org/ooxml/officeDocument/relationships/officeDocument' "
+        "Target='a&amp;b.xml'/>",
+        "<p:Relationship\n Target = \"a&#38;b.xml\"\n Type = \"x/officeDocument\"></p:Relationship>",
+        "<Relationship Type='x/officeDocument' Target='http://x/y' TargetMode='External'/>"
+        "<Relationship Type='x/officeDocument' Target='a&amp;b.xml' TargetMode='Internal'/>"}) {
+    EXPECT_GT(ReadArchive(BuildArchive(
+                  {{"a&b.xml", Paragraphs({"some words"})}, {"_rels/.rels", Relationships(inside)}})),
+              0)
+        << inside;
+    EXPECT_EQ(text, "some words\r\n") << inside;
+  }
+}
+
+TEST_F(DocxTest, TheUsualNameGoesBeforeAnyOther) {
+  EXPECT_GT(ReadArchive(BuildArchive({{"_rels/.rels", OfficeDocument("word/other.xml")},
+                                      {"word/other.xml", Paragraphs({"other"})},
+                                      {"word/document.xml", Paragraphs({"usual"})}})),
+            0);
+  EXPECT_EQ(text, "usual\r\n");
+}
+
+TEST_F(DocxTest, RelationshipsThatNameNoMemberAreOfNoUse) {
+  const std::string part = Paragraphs({"x"});
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"empty", ""},
+      {"no relationship of the type", Relationships("")},
+      {"a type that only holds the word",
+       Relationships("<Relationship Type='x/officeDocument/y' Target='a.xml'/>")},
+      {"another element", Relationships("<Relation Type='x/officeDocument' Target='a.xml'/>")},
+      {"no target", Relationships("<Relationship Type='x/officeDocument'/>")},
+      {"no type", Relationships("<Relationship Target='a.xml'/>")},
+      {"an empty target", OfficeDocument("")},
+      {"the root", OfficeDocument("/")},
+      {"a missing member", OfficeDocument("b.xml")},
+      {"outside the archive", OfficeDocument("../a.xml")},
+      {"outside the archive and in again", OfficeDocument("/word/../../a.xml")},
+      {"cut off", OfficeDocument("a.xml").substr(0, 200)},
+  };
+  for (const auto& [about, relationships] : cases) {
+    EXPECT_EQ(
+        ReadArchive(BuildArchive({{"_rels/.rels", relationships}, {"a.xml", part}, {"../a.xml", part}})),
+        kDocxNotUnpacked)
+        << about;
+    EXPECT_TRUE(messages.shown.empty()) << about;
+  }
+}
+
+TEST_F(DocxTest, LimitsHoldForAMainPartOfAnotherNameToo) {
+  const auto archive = [](size_t bytes) {
+    return BuildArchive({{"_rels/.rels", OfficeDocument("a.xml")}, {"a.xml", XmlOfSize(bytes)}});
+  };
+  EXPECT_EQ(ReadArchive(archive(25 << 20)), kDocxTooLarge);
+  EXPECT_EQ(ReadArchive(archive(15 << 20)), kDocxDeclined);
+  EXPECT_EQ(messages.shown.size(), 2U);
+}
+
+TEST_F(DocxTest, RelationshipsBeyondAllMeasureAreNotRead) {
+  std::string relationships = OfficeDocument("a.xml");
+  relationships.insert(0, size_t{25} << 20, ' ');
+  EXPECT_EQ(ReadArchive(BuildArchive({{"_rels/.rels", relationships}, {"a.xml", Paragraphs({"x"})}})),
+            kDocxNotUnpacked);
+}
+
+TEST_F(DocxTest, ABrokenChecksumOfTheRelationshipsIsToldToo) {
+  std::string archive =
+      BuildArchive({{"_rels/.rels", OfficeDocument("a.xml"), false}, {"a.xml", Paragraphs({"x"})}});
+  archive[archive.find("core-properties")] = 'C';
+  EXPECT_EQ(ReadArchive(archive), kDocxBadChecksum);
+}
+
 TEST_F(DocxTest, AMissingFileOrAFolderIsNotUnpacked) {
   files.AddFolder("/in/folder.docx");
   EXPECT_EQ(Read("/in/missing.docx"), kDocxNotUnpacked);
