@@ -276,19 +276,13 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
 }
 
 bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
-  const std::string shown = PathToText(path);
   const uint64_t size = opened.File ? opened.File->Size() : 0;
   std::string text;
   // In a folder run nobody wants to be asked about each large document.
   const int32_t result = korv::ReadDocx({services_.Files, services_.Messages, services_.Yielder}, path,
                                         std::move(opened.File), kProductWord, kind == Kind::Single, text,
                                         [&](const std::string& bar) { services_.View.TextProgress(bar); });
-  if (result < 0) {
-    const Message message =
-        kind == Kind::Single ? DocxRefusal(result, shown) : DocxFolderRefusal(result, shown);
-    if (!message.text.empty()) services_.Messages.Show(message);
-    return kind == Kind::Single ? false : Skip(path, DocxSkipReason(result));
-  }
+  if (result < 0) return RefuseDocx(path, result, kind);
   services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(text.size(), services_.Numbers));
   if (request_.ExtractTextFromDocx) KeepExtractedText(path, text);
   stream_.BeginSource(path);
@@ -297,9 +291,25 @@ bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind
   return true;
 }
 
+bool SourceReading::RefuseDocx(const fs::path& path, int32_t fault, Kind kind) {
+  const std::string shown = PathToText(path);
+  const Message message = kind == Kind::Single ? DocxRefusal(fault, shown) : DocxFolderRefusal(fault, shown);
+  if (!message.text.empty() && !docxFaultTold_) {
+    services_.Messages.Show(message);
+    docxFaultTold_ = true;
+  }
+  return kind == Kind::Single ? false : Skip(path, DocxSkipReason(fault));
+}
+
 void SourceReading::KeepExtractedText(const fs::path& path, std::string_view text) {
-  if (const auto error = WriteExtractedText(services_.Files, path, text))
+  const auto error = WriteExtractedText(services_.Files, path, text);
+  if (!error) return;
+  if (extractionFaultTold_) {
+    Note("The text of " + PathToText(path) + " was not written (" + error->description + ").");
+  } else {
     ShowFileError(services_.Messages, *error);
+    extractionFaultTold_ = true;
+  }
 }
 
 bool SourceReading::Refuse(const fs::path& path, const OpenedText& opened, Kind kind) {

@@ -37,12 +37,16 @@ class SourceReading {
   /// False when it was not read, after telling why.
   bool ReadFile(const std::filesystem::path& path, Kind kind);
   bool ReadDocx(const std::filesystem::path& path, OpenedText& opened, Kind kind);
+  /// Tells of a document that cannot be read; in a folder only of the first, so that a run that nobody
+  /// watches waits once at most. False.
+  bool RefuseDocx(const std::filesystem::path& path, int32_t fault, Kind kind);
   bool Refuse(const std::filesystem::path& path, const OpenedText& opened, Kind kind);
   bool Skip(const std::filesystem::path& path, std::string_view reason);
   /// Tells now, and keeps it for the report.
   void Note(const std::string& text);
   /// Returns how many bytes of the text were no mark-up.
   uint64_t FeedLines(TextReader& reader, const CommentMarkers& markers);
+  /// Tells of the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
   bool CommentMarkersAreSafe(const CommentMarkers& markers) const;
   Expected<std::string, FileError> WholeStream();
@@ -53,6 +57,8 @@ class SourceReading {
   const RunServices& services_;
   CountedRun& run_;
   WordStream& stream_;
+  bool docxFaultTold_ = false;
+  bool extractionFaultTold_ = false;
 };
 
 }  // namespace korv

@@ -104,8 +104,6 @@ bool DocxTempFolder::Create(std::string_view productWord) {
     folder_.clear();
     Remove();
   }
-  context_.Messages.Show(
-      {.text = "Cannot create temporary folder.", .title = "Error", .icon = Icon::Critical});
   return false;
 }
 
@@ -164,7 +162,12 @@ void RemoveDocxTempFiles(FileSystem& files, Messages& messages, const fs::path& 
 
 int32_t ExtractDocx(const DocxContext& context, const fs::path& path, std::unique_ptr<InputFile> archive,
                     std::string_view productWord, bool askIfLarge, DocxTempFolder& temp) {
-  if (!temp.Create(productWord)) return kDocxNoTemporaryFolder;
+  if (!temp.Create(productWord)) {
+    if (askIfLarge)
+      context.Messages.Show(
+          {.text = "Cannot create temporary folder.", .title = "Error", .icon = Icon::Critical});
+    return kDocxNoTemporaryFolder;
+  }
   const auto refuse = [&](int32_t fault) {
     temp.Remove();
     return fault;

@@ -42,7 +42,7 @@ class DocxTempFolder {
   DocxTempFolder(const DocxTempFolder&) = delete;
   DocxTempFolder& operator=(const DocxTempFolder&) = delete;
 
-  /// False, after a message, when it cannot be created.
+  /// False when it cannot be created.
   bool Create(std::string_view productWord);
   const std::filesystem::path& Path() const { return folder_; }
   std::filesystem::path XmlPath() const;
@@ -70,7 +70,8 @@ bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive,
 void RemoveDocxTempFiles(FileSystem& files, Messages& messages, const std::filesystem::path& folder);
 
 /// Unpacks the document's main part into `temp`. The size of document.xml in bytes, or a DocxFault with
-/// nothing left behind. `archive` is the open file, at any position; null opens `path`.
+/// nothing left behind. `archive` is the open file, at any position; null opens `path`. Without `askIfLarge`
+/// nobody is there to answer: a large document is taken, and a missing temporary folder is only returned.
 int32_t ExtractDocx(const DocxContext& context, const std::filesystem::path& path,
                     std::unique_ptr<InputFile> archive, std::string_view productWord, bool askIfLarge,
                     DocxTempFolder& temp);

@@ -40,7 +40,8 @@ std::optional<Reference> NumericReference(std::string_view raw) {
   uint32_t value = 0;
   size_t at = first;
   for (; at < raw.size() && DigitValue(raw[at]) < base; ++at)
-    value = std::min(kBeyond, value * static_cast<uint32_t>(base) + static_cast<uint32_t>(DigitValue(raw[at])));
+    value =
+        std::min(kBeyond, value * static_cast<uint32_t>(base) + static_cast<uint32_t>(DigitValue(raw[at])));
   const bool isWhole = at > first && at < raw.size() && raw[at] == ';';
   const bool isCharacter = value != 0 && value < kBeyond && (value < 0xD800 || value > 0xDFFF);
   if (!isWhole || !isCharacter) return std::nullopt;

@@ -62,7 +62,9 @@ const NamedAnswer kDecisions[] = {{Answer::Yes, QLatin1String("Yes")},
                                   {Answer::No, QLatin1String("No")},
                                   {Answer::Extra, QLatin1String("Extra")}};
 
-QString KeyOf(Question question) { return kGroup + u'/' + QLatin1String(NameOf(question)); }
+QString KeyOf(Question question) {
+  return kGroup + u'/' + QLatin1String(NameOf(question));
+}
 
 }  // namespace
 
@@ -87,6 +89,8 @@ bool AnySilenced(const QSettings& store) {
   return false;
 }
 
-void AskEverythingAgain(QSettings& store) { store.remove(kGroup); }
+void AskEverythingAgain(QSettings& store) {
+  store.remove(kGroup);
+}
 
 }  // namespace korv

@@ -545,6 +545,55 @@ TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
   EXPECT_TRUE(world.messages.Only().text.ends_with(" when processing broken.docx"));
 }
 
+TEST(RunCount, TellsOfTheFirstBrokenDocumentOfAFolderAndListsAll) {
+  RunWorld world;
+  world.files.Add("/t/1.docx", "PK" + std::string(100, 'x'));
+  world.files.Add("/t/2.docx", Document("market.docx").substr(0, 300));
+  world.files.Add("/t/3.docx", Document("market.docx"));
+  world.files.Add("/t/4.docx", "PK" + std::string(100, 'y'));
+  world.UseFolder("/t");
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.messages.Only().text, "Not a readable .docx file when processing 1.docx");
+  EXPECT_EQ(world.messages.Only().title, "Error");
+  std::vector<std::string> skipped;
+  for (const SkippedFile& file : world.run.Facts.SkippedFiles)
+    skipped.push_back(file.Path + ": " + file.Reason);
+  EXPECT_THAT(skipped, ElementsAre(Below("/t", "1.docx") + ": is not a readable .docx file",
+                                   Below("/t", "2.docx") + ": is not a readable .docx file",
+                                   Below("/t", "4.docx") + ": is not a readable .docx file"));
+  EXPECT_EQ(world.run.Facts.FilesScanned, 1u);
+
+  world.messages.Forget();
+  world.Count();
+  EXPECT_EQ(world.messages.shown.size(), 1u) << "the next run tells again";
+}
+
+TEST(RunCount, WithoutATemporaryFolderAFolderOfDocumentsTellsItOnce) {
+  RunWorld world;
+  for (const char* name : {"/t/1.docx", "/t/2.docx", "/t/3.docx"})
+    world.files.Add(name, Document("market.docx"));
+  world.files.Refuse("/tmp", FileFault::NoSpace);
+  world.UseFolder("/t");
+  world.Count();
+  EXPECT_EQ(world.messages.Only().text, "Unable to create temporary folder when processing 1.docx");
+  EXPECT_EQ(world.run.Facts.SkippedFiles.size(), 3u);
+}
+
+TEST(RunCount, TellsOnceThatExtractedTextsCannotBeWritten) {
+  RunWorld world;
+  for (const char* name : {"/t/1.docx", "/t/2.docx"}) world.files.Add(name, Document("market.docx"));
+  world.files.Refuse("/t/extracted_text", FileFault::PermissionDenied);
+  world.UseFolder("/t");
+  world.request.ExtractTextFromDocx = true;
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.messages.shown.size(), 1u);
+  EXPECT_EQ(world.run.Facts.FilesScanned, 2u);
+  EXPECT_THAT(
+      world.run.Facts.Notices,
+      ElementsAre(AllOf(testing::StartsWith("The text of " + Below("/t", "2.docx") + " was not written ("),
+                        testing::EndsWith(")."))));
+}
+
 TEST(RunCount, TellsOfEachFileOfAFolderWhatItTellsOfASingleOne) {
   RunWorld world;
   world.files.Add("/t/a.txt", "the big cat");

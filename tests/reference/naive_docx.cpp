@@ -62,7 +62,8 @@ std::string Character(const std::string& entity) {
   if (entity.empty() || entity[0] != '#') return "";
   const bool hexadecimal = entity.size() > 1 && entity[1] == 'x';
   const std::string digits = entity.substr(hexadecimal ? 2 : 1);
-  if (digits.empty() || digits.find_first_not_of(hexadecimal ? "0123456789abcdefABCDEF" : "0123456789") != npos)
+  if (digits.empty() ||
+      digits.find_first_not_of(hexadecimal ? "0123456789abcdefABCDEF" : "0123456789") != npos)
     return "";
   const unsigned long code = std::strtoul(digits.c_str(), nullptr, hexadecimal ? 16 : 10);
   if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return "";

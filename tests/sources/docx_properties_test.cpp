@@ -18,21 +18,58 @@ namespace {
 
 using Pieces = std::vector<std::string_view>;
 
-const Pieces kRuns = {"<w:t>", "<w:t xml:space=\"preserve\">", "<w:t x='>'>", "<w:t/>", "<w:t",
-                      "</w:t>", "</w:t>", "</w:t>"};
+const Pieces kRuns = {
+    "<w:t>", "<w:t xml:space=\"preserve\">", "<w:t x='>'>", "<w:t/>", "<w:t", "</w:t>", "</w:t>", "</w:t>"};
 
-const Pieces kMarkup = {
-    "<w:p>", "<w:p w:a=\"1\">", "<w:p/>", "<w:pPr>", "</w:p>", "</w:p>", "<w:br/>", "<w:br w:type=\"page\"/>",
-    "<w:cr/>", "<w:tab/>", "<w:tab w:val=\"left\"/>", "<w:tabs>", "<w:ptab w:leader=\"none\"/>",
-    "<w:noBreakHyphen/>", "<w:delText>", "<mc:Fallback>", "<mc:Fallback>", "<mc:Fallback/>", "</mc:Fallback>",
-    "</mc:Fallback>", "</mc:Fallback>", "</mc:Fallback >", "<mc:Fallbacks>", "<w:moveFrom w:id=\"1\">",
-    "<w:moveFrom w:id='>'/>", "<w:moveFromRangeStart/>", "</w:moveFrom>", "</w:moveFrom>", "</w:moveFrom>",
-    "<mc:Choice>", "<w:t/>"};
+const Pieces kMarkup = {"<w:p>",
+                        "<w:p w:a=\"1\">",
+                        "<w:p/>",
+                        "<w:pPr>",
+                        "</w:p>",
+                        "</w:p>",
+                        "<w:br/>",
+                        "<w:br w:type=\"page\"/>",
+                        "<w:cr/>",
+                        "<w:tab/>",
+                        "<w:tab w:val=\"left\"/>",
+                        "<w:tabs>",
+                        "<w:ptab w:leader=\"none\"/>",
+                        "<w:noBreakHyphen/>",
+                        "<w:delText>",
+                        "<mc:Fallback>",
+                        "<mc:Fallback>",
+                        "<mc:Fallback/>",
+                        "</mc:Fallback>",
+                        "</mc:Fallback>",
+                        "</mc:Fallback>",
+                        "</mc:Fallback >",
+                        "<mc:Fallbacks>",
+                        "<w:moveFrom w:id=\"1\">",
+                        "<w:moveFrom w:id='>'/>",
+                        "<w:moveFromRangeStart/>",
+                        "</w:moveFrom>",
+                        "</w:moveFrom>",
+                        "</w:moveFrom>",
+                        "<mc:Choice>",
+                        "<w:t/>"};
 
-const Pieces kText = {
-    "a", "b", "word", " ", "\r", "\n", "\r\n", "\u00E9", "&amp;", "&lt;", "&gt;", "&quot;", "&apos;", "&#65;",
-    "&#xe9;", "&#x", "&#0;", "&#13;", "&#10;", "&#xD800;", "&#x110000;", "&#99999999999999999999999;", "&",
-    "&#", "#", "x", "41", "amp", ";", ";", ">", "\"", "'", "/"};
+const Pieces kText = {"a",          "b",
+                      "word",       " ",
+                      "\r",         "\n",
+                      "\r\n",       "\u00E9",
+                      "&amp;",      "&lt;",
+                      "&gt;",       "&quot;",
+                      "&apos;",     "&#65;",
+                      "&#xe9;",     "&#x",
+                      "&#0;",       "&#13;",
+                      "&#10;",      "&#xD800;",
+                      "&#x110000;", "&#99999999999999999999999;",
+                      "&",          "&#",
+                      "#",          "x",
+                      "41",         "amp",
+                      ";",          ";",
+                      ">",          "\"",
+                      "'",          "/"};
 
 std::string Draw(const Pieces& choice) {
   std::string text;

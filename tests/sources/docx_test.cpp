@@ -288,6 +288,10 @@ TEST_F(DocxTest, WithoutATemporaryFolderSaysSo) {
   EXPECT_EQ(messages.Only().text, "Cannot create temporary folder.");
   EXPECT_EQ(messages.Only().title, "Error");
   EXPECT_EQ(messages.Only().icon, Icon::Critical);
+
+  messages.Forget();
+  EXPECT_EQ(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text), kDocxNoTemporaryFolder);
+  EXPECT_TRUE(messages.shown.empty()) << "nothing is shown where nobody is asked";
 }
 
 TEST_F(DocxTest, AnyFailingCallLeavesNothingBehindButWhatCannotBeRemoved) {
