@@ -35,7 +35,7 @@ struct ProgramTextError {
   std::string Text() const;
 };
 
-inline constexpr uint64_t kMostProgramTextBytes = 1024 * 1024;
+inline constexpr uint64_t kMostProgramTextBytes = uint64_t{1024} * 1024;
 inline constexpr size_t kMostProgramTextCharacters = 1024;
 
 /// Texts by number from a file with one on each line: number, tab, text. "\n" in a text is a line break,

@@ -18,7 +18,7 @@ inline constexpr int kInvalidIndex = 1;   ///< A value out of its control's rang
 inline constexpr int kCannotRestore = 3;  ///< Anything else that made reading impossible.
 
 /// A longer file is no settings file and is not read.
-inline constexpr uint64_t kMostStateBytes = 16 * 1024 * 1024;
+inline constexpr uint64_t kMostStateBytes = uint64_t{16} * 1024 * 1024;
 
 struct RestoreOutcome {
   int Result = kRestored;

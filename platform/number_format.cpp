@@ -33,7 +33,7 @@ std::string GroupDigits(std::string_view digits, const NumberFormat& format) {
   size_t left = digits.size();
   // From the right, as the sizes are given.
   while (group < format.Grouping.size() && !EndsGrouping(format.Grouping[group])) {
-    const auto size = static_cast<size_t>(format.Grouping[group]);
+    const auto size = static_cast<size_t>(static_cast<unsigned char>(format.Grouping[group]));
     if (left <= size) break;
     left -= size;
     grouped.insert(0, digits.substr(left, size)).insert(0, format.GroupSeparator);

@@ -2,6 +2,7 @@
 
 #include <zip.h>
 
+#include <tuple>
 #include <utility>
 
 namespace korv {
@@ -185,7 +186,7 @@ Expected<ZipArchive, ZipError> OpenZipArchive(std::unique_ptr<InputFile> file) {
     if (reason.fault == ZipFault::Damaged) reason.fault = ZipFault::NotAnArchive;
     return reason;
   }
-  source.release();  // The archive owns it now.
+  std::ignore = source.release();  // The archive owns it now.
   return ZipArchive(std::move(state));
 }
 

@@ -40,7 +40,8 @@ std::string HeaderText(const RunFacts& facts) {
 }
 
 std::string WithLineEnd(std::string text) {
-  return text.empty() || text.ends_with("\r\n") ? text : text + "\r\n";
+  if (!text.empty() && !text.ends_with("\r\n")) text += "\r\n";
+  return text;
 }
 
 /// What a report consists of when there is nothing to list.
