@@ -1,9 +1,8 @@
 #include "app/source_reading.h"
 
-#include <cstring>
 #include <utility>
 
-#include "platform/utf8.h"
+#include "app/stream_source.h"
 #include "report/error_text.h"
 #include "sources/docx.h"
 #include "sources/folder_walk.h"
@@ -19,11 +18,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kProductWord = "Korv";
-constexpr std::string_view kSignature = "\xEF\xBB\xBF";
 /// Shorter files are read before a progress display could be seen.
 constexpr uint64_t kProgressFromBytes = 10241;
-constexpr size_t kStreamBlock = size_t{1} << 18;
-constexpr size_t kMostBytesOfCharacter = 4;
 
 CommentMarkers MarkersOf(const fs::path& path) {
   CommentMarkers markers;
@@ -35,39 +31,6 @@ void ShowFileError(Messages& messages, const FileError& error) {
   messages.Show({.text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.fault), error.description),
                  .title = "Error",
                  .icon = Icon::Critical});
-}
-
-constexpr size_t kAsciiStep = sizeof(uint64_t);
-
-/// Whether the next kAsciiStep bytes are there and all ASCII.
-bool IsAsciiAt(std::string_view bytes, size_t at) {
-  if (bytes.size() - at < kAsciiStep) return false;
-  uint64_t step;
-  std::memcpy(&step, bytes.data() + at, kAsciiStep);
-  return (step & 0x8080808080808080) == 0;
-}
-
-/// Well-formed, save that a text cut off by a stop may end inside a character.
-bool IsWellFormed(std::string_view bytes, bool cutOff) {
-  for (size_t at = 0; at < bytes.size();) {
-    if (IsAsciiAt(bytes, at)) {
-      at += kAsciiStep;
-      continue;
-    }
-    const Utf8Sequence sequence = Utf8SequenceAt(bytes, at);
-    if (sequence.kind == Utf8Kind::IllFormed) return false;
-    if (sequence.kind == Utf8Kind::CutOff) return cutOff;
-    at += sequence.length;
-  }
-  return true;
-}
-
-/// The beginning of a text as UTF-8, long enough for the look at its first characters.
-std::string Beginning(std::string_view bytes, TextEncoding encoding) {
-  std::string buffer;
-  if (encoding == TextEncoding::Ansi)
-    return std::string(DecodeText(bytes.substr(0, kLookedAtCharacters), encoding, buffer));
-  return MendedUtf8(bytes.substr(0, kLookedAtCharacters * kMostBytesOfCharacter));
 }
 
 /// For as long as this lives, one answer about the encoding holds for every file.
@@ -89,61 +52,41 @@ SourceReading::SourceReading(const RunRequest& request, const WordRules& rules, 
     : request_(request), rules_(rules), services_(services), run_(run), stream_(stream) {}
 
 RunEnd SourceReading::DoItFromClipboard() {
-  std::string text = request_.ClipboardText;
-  TextEncoding encoding = TextEncoding::Utf8;
-  if (request_.Stream) {
-    auto bytes = WholeStream();
-    if (!bytes) {
-      ShowFileError(services_.Messages, bytes.Error());
-      return RunEnd::Refused;
-    }
-    text = std::move(*bytes);
-    if (text.empty() && Stopped()) return RunEnd::Stopped;
-    if (text.starts_with(kSignature)) text.erase(0, kSignature.size());
-    encoding = EncodingOfStream(text);
-    if (!CheckNaturalLanguage(Beginning(text, encoding), services_.Messages, kLookedAtCharacters))
-      return RunEnd::Refused;
-  } else if (!CheckClipboardText(text, services_.Messages, services_.Numbers) ||
-             !CheckNaturalLanguage(text, services_.Messages)) {
+  if (request_.Stream) return DoItFromStream();
+  const std::string& text = request_.ClipboardText;
+  if (!CheckClipboardText(text, services_.Messages, services_.Numbers) ||
+      !CheckNaturalLanguage(text, services_.Messages))
     return RunEnd::Refused;
-  }
   services_.View.Status("Now counting phrases on the clipboard");
   stream_.BeginSource({});
   services_.Progress.BytesTotal = text.size();
-  TextReader reader(std::move(text), nullptr, encoding, LongLines::InPieces);
-  // What a stopped stream had given by then is counted, and the stop noticed after that.
-  const bool cut = Stopped();
-  services_.Yielder.ClearStop();
-  FeedLines(reader, {});
-  if (cut) services_.Yielder.RequestStop();
+  TextReader reader(text, nullptr, TextEncoding::Utf8, LongLines::InPieces);
+  FeedLines(reader, {}, AfterStop::Nothing);
   return RunEnd::Counted;
 }
 
-Expected<std::string, FileError> SourceReading::WholeStream() {
-  std::string bytes;
-  while (!Stopped()) {
-    const size_t before = bytes.size();
-    bytes.resize(before + kStreamBlock);
-    const auto read = request_.Stream->Read({bytes.data() + before, kStreamBlock});
-    if (!read) return read.Error();
-    bytes.resize(before + *read);
-    if (*read == 0) break;
-    services_.Progress.BytesRead = bytes.size();
+RunEnd SourceReading::DoItFromStream() {
+  StreamSource source(*request_.Stream, request_.StreamEncoding, services_.Yielder);
+  const auto unread = source.ReadHead([this](uint64_t bytes) {
+    services_.Progress.BytesRead = bytes;
     services_.Yielder.YieldNow();
+  });
+  if (unread) {
+    ShowFileError(services_.Messages, *unread);
+    return RunEnd::Refused;
   }
-  return bytes;
-}
-
-TextEncoding SourceReading::EncodingOfStream(std::string_view bytes) const {
-  switch (request_.StreamEncoding) {
-    case EncodingChoice::Utf8:
-      return TextEncoding::Utf8;
-    case EncodingChoice::Ansi:
-      return TextEncoding::Ansi;
-    case EncodingChoice::Auto:
-      break;
-  }
-  return IsWellFormed(bytes, Stopped()) ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  const std::string beginning = source.Beginning();
+  if (beginning.empty() && Stopped()) return RunEnd::Stopped;
+  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters)) return RunEnd::Refused;
+  services_.View.Status("Now counting phrases on the clipboard");
+  stream_.BeginSource({});
+  services_.Progress.BytesTotal = source.Size();
+  TextReader reader(source.TakeHead(), &source, source.Encoding(), LongLines::InPieces);
+  FeedLines(reader, {}, AfterStop::WhatIsThere);
+  Tally(reader);
+  if (!reader.Error()) return RunEnd::Counted;
+  ShowFileError(services_.Messages, *reader.Error());
+  return RunEnd::Refused;
 }
 
 RunEnd SourceReading::DoItFromFile() {
@@ -249,20 +192,18 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
   if (!IsReadableText(opened.Facts.Code)) return Refuse(path, opened, kind);
 
   const CommentMarkers markers = MarkersOf(path);
-  const TextEncoding encoding =
-      services_.Encodings.Choose(opened.Facts, PathToText(path), services_.Messages);
-  const bool isUtf8 = encoding == TextEncoding::Utf8;
-  services_.View.FileKind(FileKindWhileReading(isUtf8));
-  if (kind == Kind::Single) {
-    run_.FileKind = FileKindAfterRun(isUtf8, opened.Facts.Code);
-    services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
-  }
+  EncodingPlan encoding = PlanFor(path, opened.Facts);
+  services_.View.FileKind(FileKindWhileReading(encoding.Settled == TextEncoding::Utf8));
+  if (kind == Kind::Single) services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
   stream_.BeginSource(path);
   // Mark-up is cleaned line by line, so that it needs its lines whole.
   const bool plain = markers.intNumCommentMarkers == 0 && !markers.blnCharacterEntitiesPossible;
-  TextReader reader(std::move(opened.Head), opened.File.get(), encoding,
+  TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding),
                     plain ? LongLines::InPieces : LongLines::Whole);
-  const uint64_t textBytes = FeedLines(reader, markers);
+  const uint64_t textBytes = FeedLines(reader, markers, AfterStop::Nothing);
+  Tally(reader);
+  if (kind == Kind::Single)
+    run_.FileKind = FileKindAfterRun(reader.ReadAs() == ReadAs::Utf8, opened.Facts.Code);
   if (markers.blnCharacterEntitiesPossible)
     services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(textBytes, services_.Numbers));
   const std::optional<FileError> error = reader.Error();
@@ -273,6 +214,33 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
   }
   Note("File " + PathToText(path) + " was read only in part (" + error->description + ").");
   return true;
+}
+
+/// The plan for a file, and the label that goes with it once it is known.
+EncodingPlan SourceReading::PlanFor(const fs::path& path, const TextFacts& facts) {
+  EncodingPlan plan = services_.Encodings.PlanFor(facts, PathToText(path), services_.Messages);
+  if (plan.Settled) return plan;
+  return EncodingPlan([this, confirm = std::move(plan.ConfirmUtf8)] {
+    const bool isUtf8 = confirm();
+    services_.View.FileKind(FileKindWhileReading(isUtf8));
+    return isUtf8;
+  });
+}
+
+void SourceReading::Tally(const TextReader& reader) {
+  EncodingCounts& counts = run_.Facts.Encodings;
+  switch (reader.ReadAs()) {
+    case ReadAs::Ascii:
+      ++counts.Ascii;
+      break;
+    case ReadAs::Ansi:
+      ++counts.Ansi;
+      break;
+    case ReadAs::Utf8:
+      ++counts.Utf8;
+      break;
+  }
+  counts.IllFormed += reader.IllFormed();
 }
 
 bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
@@ -287,7 +255,8 @@ bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind
   if (request_.ExtractTextFromDocx) KeepExtractedText(path, text);
   stream_.BeginSource(path);
   TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::InPieces);
-  FeedLines(reader, {});
+  FeedLines(reader, {}, AfterStop::Nothing);
+  Tally(reader);
   return true;
 }
 
@@ -330,11 +299,11 @@ bool SourceReading::Skip(const fs::path& path, std::string_view reason) {
   return false;
 }
 
-uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers) {
+uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers, AfterStop afterStop) {
   LineScanner<WordStream> scanner(rules_, markers, stream_);
   scanner.BeginSource();
   RunProgress& progress = services_.Progress;
-  while (!Stopped() && reader.NextLine()) {
+  while ((!Stopped() || afterStop == AfterStop::WhatIsThere) && reader.NextLine()) {
     scanner.ScanLine(reader.Line(), reader.StartsLine());
     progress.BytesRead = reader.BytesRead();
     progress.Words = stream_.Counts().Taken;

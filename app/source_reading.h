@@ -31,8 +31,11 @@ class SourceReading {
 
  private:
   enum class Kind { Single, OneOfMany };
+  /// What is still read after a stop. What came by a stream until then is there to be counted.
+  enum class AfterStop { Nothing, WhatIsThere };
 
   bool Stopped() const { return services_.Yielder.Stopped(); }
+  RunEnd DoItFromStream();
   bool ConfirmLargeInput();
   /// False when it was not read, after telling why.
   bool ReadFile(const std::filesystem::path& path, Kind kind);
@@ -45,12 +48,13 @@ class SourceReading {
   /// Tells now, and keeps it for the report.
   void Note(const std::string& text);
   /// Returns how many bytes of the text were no mark-up.
-  uint64_t FeedLines(TextReader& reader, const CommentMarkers& markers);
+  uint64_t FeedLines(TextReader& reader, const CommentMarkers& markers, AfterStop afterStop);
+  /// Keeps how a text was read.
+  void Tally(const TextReader& reader);
+  EncodingPlan PlanFor(const std::filesystem::path& path, const TextFacts& facts);
   /// Tells of the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
   bool CommentMarkersAreSafe(const CommentMarkers& markers) const;
-  Expected<std::string, FileError> WholeStream();
-  TextEncoding EncodingOfStream(std::string_view bytes) const;
 
   const RunRequest& request_;
   const WordRules& rules_;

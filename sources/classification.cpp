@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "engine/unicode.h"
-#include "platform/utf8.h"
 #include "sources/docx.h"
 #include "sources/first_lines.h"
 
@@ -75,11 +74,12 @@ struct Opened {
   EncodingSignature signature = EncodingSignature::None;
 };
 
-// What follows the head is read in pieces that are not kept.
+// What follows the head is read in pieces that are not kept, and not without end: ten lines may be anything.
 bool DeclaresUtf8BeyondHead(InputFile& file, FirstLines& lines, std::string& declared) {
   constexpr size_t kLongestDeclaration = 15;
+  constexpr int kMostPieces = 16;
   std::vector<char> block(size_t{1} << 16);
-  while (!lines.Full()) {
+  for (int piece = 0; piece < kMostPieces && !lines.Full(); ++piece) {
     // Enough of what came before to see a declaration that two pieces share.
     if (declared.size() > kLongestDeclaration) declared.erase(0, declared.size() - kLongestDeclaration);
     const Expected<size_t, FileError> got = file.Read(block);
@@ -90,8 +90,8 @@ bool DeclaresUtf8BeyondHead(InputFile& file, FirstLines& lines, std::string& dec
   return false;
 }
 
-// The first ten lines nearly always end inside the head. Where they do not, they are read on to their end,
-// and the file is put back to where the head ends. A pipe cannot be put back, so its head has to do. Empty
+// The first ten lines nearly always end inside the head. Where they do not, a megabyte more is looked at, and
+// the file is put back to where the head ends. A pipe cannot be put back, so its head has to do. Empty
 // where the way back failed: what has been read on is lost.
 std::optional<bool> DeclaresUtf8(InputFile& file, std::string_view head) {
   FirstLines lines(10, true);
@@ -190,20 +190,6 @@ void Scan(std::string_view bytes, int32_t maxBytes, double threshold, TextFacts&
     facts.Code = TextFileCode::WindowsText;
 }
 
-bool LooksLikeUtf8(std::string_view scanned, bool wholeFile) {
-  // Counting all of them is quicker than looking for the first.
-  if (std::ranges::count_if(scanned, [](char c) { return (c & 0x80) != 0; }) == 0) return false;
-  bool multiByte = false;
-  for (size_t at = 0; at < scanned.size();) {
-    const Utf8Sequence sequence = Utf8SequenceAt(scanned, at);
-    if (sequence.kind == Utf8Kind::IllFormed) return false;
-    if (sequence.kind == Utf8Kind::CutOff) return multiByte && !wholeFile;
-    multiByte |= sequence.length > 1;
-    at += sequence.length;
-  }
-  return multiByte;
-}
-
 TextFacts Classify(const Opened& opened, int32_t maxBytes, double threshold) {
   TextFacts facts;
   if (opened.signature != EncodingSignature::None) {
@@ -212,15 +198,14 @@ TextFacts Classify(const Opened& opened, int32_t maxBytes, double threshold) {
     return facts;
   }
   const auto most = static_cast<size_t>(std::max(maxBytes, 0));
-  const std::string_view scanned = std::string_view(opened.head).substr(0, most);
-  Scan(scanned, maxBytes, threshold, facts);
-  if (IsReadableText(facts.Code)) facts.LooksLikeUtf8 = LooksLikeUtf8(scanned, opened.head.size() <= most);
+  Scan(std::string_view(opened.head).substr(0, most), maxBytes, threshold, facts);
   return facts;
 }
 
-// One byte more than is scanned tells whether the scan ends where the file does.
+// What is scanned, and no less than the signatures take.
 constexpr size_t HeadBytes(int32_t maxBytes) {
-  return static_cast<size_t>(std::max(maxBytes, 4)) + 1;
+  constexpr int32_t kSignatureBytes = 5;
+  return static_cast<size_t>(std::max(maxBytes, kSignatureBytes));
 }
 
 }  // namespace

@@ -25,17 +25,13 @@ struct TextFacts {
   int32_t AnomalyPosition = 0;      ///< 1-based; 0 when none was found.
   double AnomalyPercent = 0;
   bool IsUtf8 = false;  ///< By signature, by declared character set, or as XML.
-  /// Only where the scan was made and IsUtf8 is not set: what was scanned holds at least one multi-byte
-  /// UTF-8 sequence and no ill-formed one. A sequence cut by the end of the scan is no fault, one cut by
-  /// the end of the file is.
-  bool LooksLikeUtf8 = false;
 };
 
 /// A file opened once, for classification and for reading on.
 struct OpenedText {
   TextFacts Facts;
   std::unique_ptr<InputFile> File;  ///< Null when it could not be opened. Stands right after Head.
-  std::string Head;                 ///< The file's beginning, at most kScannedBytes + 1 bytes.
+  std::string Head;                 ///< The file's beginning, at most kScannedBytes bytes.
   bool IsDocx = false;              ///< See IsDocxFile(). Facts.Code then says nothing of use.
 };
 
@@ -43,7 +39,7 @@ struct OpenedText {
 ///
 ///   OpenedText source = OpenTextSource(files, path, kRunThreshold);
 ///   if (!IsReadableText(source.Facts.Code)) ...
-///   TextReader reader(std::move(source.Head), source.File.get(), encoding);
+///   TextReader reader(std::move(source.Head), source.File.get(), chooser.PlanFor(source.Facts, ...));
 OpenedText OpenTextSource(FileSystem& files, const std::filesystem::path& path, double threshold);
 
 /// What the first five bytes say, and (for the extensions of IsPlainTextExtension) the first ten lines that

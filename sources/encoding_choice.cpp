@@ -25,21 +25,21 @@ void EncodingChooser::EndFolderRun() {
   folderRun_ = false;
 }
 
-TextEncoding EncodingChooser::Choose(const TextFacts& facts, const std::string& path, Messages& messages) {
+EncodingPlan EncodingChooser::PlanFor(const TextFacts& facts, const std::string& path, Messages& messages) {
   if (choice_ == EncodingChoice::Utf8) return TextEncoding::Utf8;
   if (choice_ == EncodingChoice::Ansi) return TextEncoding::Ansi;
   if (facts.IsUtf8) return TextEncoding::Utf8;
-  if (!facts.LooksLikeUtf8) return TextEncoding::Ansi;
-  bool utf8;
+  return EncodingPlan([this, path, &messages] { return ConfirmUtf8(path, messages); });
+}
+
+bool EncodingChooser::ConfirmUtf8(const std::string& path, Messages& messages) {
   if (folderRun_) {
     if (!folderAnswer_) folderAnswer_ = AskToReadAsUtf8(messages);
-    utf8 = *folderAnswer_;
-  } else {
-    auto answer = answers_.find(path);
-    if (answer == answers_.end()) answer = answers_.emplace(path, AskToReadAsUtf8(messages)).first;
-    utf8 = answer->second;
+    return *folderAnswer_;
   }
-  return utf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  auto answer = answers_.find(path);
+  if (answer == answers_.end()) answer = answers_.emplace(path, AskToReadAsUtf8(messages)).first;
+  return answer->second;
 }
 
 }  // namespace korv

@@ -11,7 +11,7 @@
 namespace korv {
 
 enum class EncodingChoice {
-  Auto,  ///< As classified; text that merely looks like UTF-8 is asked about.
+  Auto,  ///< As classified; text that nothing tells the encoding of and that looks like UTF-8 is asked about.
   Utf8,  ///< Every text file is UTF-8, whatever its signature says.
   Ansi,  ///< Every text file is ANSI, whatever its signature says.
 };
@@ -26,9 +26,13 @@ class EncodingChooser {
   void BeginFolderRun();
   void EndFolderRun();
 
-  TextEncoding Choose(const TextFacts& facts, const std::string& path, Messages& messages);
+  /// How the text at `path`, classified as `facts`, is to be read. The plan may ask while the text is being
+  /// read; chooser and messages must live until then.
+  EncodingPlan PlanFor(const TextFacts& facts, const std::string& path, Messages& messages);
 
  private:
+  bool ConfirmUtf8(const std::string& path, Messages& messages);
+
   EncodingChoice choice_;
   bool folderRun_ = false;
   std::optional<bool> folderAnswer_;

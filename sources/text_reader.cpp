@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
+
+#include "engine/unicode.h"
+#include "sources/encoding_sample.h"
 
 namespace korv {
 namespace {
@@ -18,9 +22,9 @@ struct TextReader::State {
   std::string bytes;
   size_t begin = 0;
   size_t end = 0;
-  InputFile* rest;
-  TextEncoding encoding;
-  LongLines longLines;
+  InputFile* rest = nullptr;
+  EncodingPlan encoding = TextEncoding::Ansi;
+  LongLines longLines = LongLines::Whole;
   uint64_t bytesRead = 0;
   std::optional<FileError> error;
 
@@ -33,6 +37,8 @@ struct TextReader::State {
 
   std::string decoded;
   std::string_view line;
+  bool hasAnsi = false;  // Bytes above 127 were read as ANSI.
+  uint64_t illFormed = 0;
   bool startsLine = true;
   bool nextStartsLine = true;
 
@@ -44,6 +50,8 @@ struct TextReader::State {
   size_t Find(char sign, size_t from) const;
   size_t BlockSize() const;
   bool ReadMore();
+  void Decide(size_t length);
+  void Decode(size_t length);
   void HandOut(size_t length, size_t lineEnd, bool endsLine);
   bool HandOutPiece();
 };
@@ -88,8 +96,33 @@ bool TextReader::State::ReadMore() {
   return true;
 }
 
+/// Settles the encoding where the next `length` bytes hold one above 127: it begins the sample.
+void TextReader::State::Decide(size_t length) {
+  const std::string_view next = std::string_view(bytes).substr(begin, length);
+  if (IsAscii(next)) return;
+  const size_t before = PastAscii(next, 0);
+  while (end - begin < before + kEncodingSample && ReadMore()) {
+  }
+  const std::string_view sample =
+      std::string_view(bytes).substr(begin, end - begin).substr(before, kEncodingSample);
+  const bool isUtf8 = LooksLikeUtf8(sample) && (!encoding.ConfirmUtf8 || encoding.ConfirmUtf8());
+  encoding.Settled = isUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+}
+
+/// Makes a line of the next `length` bytes.
+void TextReader::State::Decode(size_t length) {
+  if (!encoding.Settled) Decide(length);
+  const std::string_view source = std::string_view(bytes).substr(begin, length);
+  if (!encoding.Settled) {
+    line = source;
+    return;
+  }
+  line = DecodeText(source, *encoding.Settled, decoded, &illFormed);
+  hasAnsi |= encoding.Settled == TextEncoding::Ansi && line.data() != source.data();
+}
+
 void TextReader::State::HandOut(size_t length, size_t lineEnd, bool endsLine) {
-  line = DecodeText(std::string_view(bytes).substr(begin, length), encoding, decoded);
+  Decode(length);
   startsLine = nextStartsLine;
   nextStartsLine = endsLine;
   begin += length + lineEnd;
@@ -116,7 +149,7 @@ void TextReader::State::Begin() {
   bytesRead = end;
   nextLf = Find('\n', 0);
   nextCr = Find('\r', 0);
-  if (encoding == TextEncoding::Utf8) RemoveSignature();
+  if (encoding.Settled == TextEncoding::Utf8) RemoveSignature();
 }
 
 bool TextReader::State::NextLine() {
@@ -147,12 +180,12 @@ void TextReader::State::RemoveSignature() {
   if (std::string_view(bytes).substr(begin, end - begin).starts_with(kSignature)) begin += kSignature.size();
 }
 
-TextReader::TextReader(std::string head, InputFile* rest, TextEncoding encoding, LongLines longLines)
+TextReader::TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines)
     : state_(std::make_unique<State>()) {
   State& s = *state_;
   s.bytes = std::move(head);
   s.rest = rest;
-  s.encoding = encoding;
+  s.encoding = std::move(encoding);
   s.longLines = longLines;
   s.Begin();
 }
@@ -172,6 +205,13 @@ std::optional<FileError> TextReader::Error() const {
 }
 uint64_t TextReader::BytesRead() const {
   return state_->bytesRead;
+}
+ReadAs TextReader::ReadAs() const {
+  if (state_->encoding.Settled == TextEncoding::Utf8) return ReadAs::Utf8;
+  return state_->hasAnsi ? ReadAs::Ansi : ReadAs::Ascii;
+}
+uint64_t TextReader::IllFormed() const {
+  return state_->illFormed;
 }
 
 }  // namespace korv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +18,22 @@ enum class LongLines {
   InPieces,  ///< In pieces that end with a blank or a tab, which is as good for text without markers.
 };
 
+/// The encoding of a text that is about to be read.
+struct EncodingPlan {
+  /// Settled from the start.
+  EncodingPlan(TextEncoding encoding) : Settled(encoding) {}
+  /// To be found out: the first byte above 127 decides, with what follows it (see LooksLikeUtf8). Where that
+  /// looks like UTF-8, `confirm` is called once and has the last word; it may be empty, which means yes.
+  explicit EncodingPlan(std::function<bool()> confirm) : ConfirmUtf8(std::move(confirm)) {}
+
+  std::optional<TextEncoding> Settled;
+  std::function<bool()> ConfirmUtf8;
+};
+
+/// What a text was read as. Ascii: nothing said that it was UTF-8, and no byte above 127 was met, so that
+/// there was nothing to decide.
+enum class ReadAs { Ascii, Ansi, Utf8 };
+
 /// The lines of a text, read in blocks and decoded on the way (see DecodeText), without the line end
 /// (CR LF, LF or CR) and without a UTF-8 signature. Holds one block, and of a longer line what is handed
 /// out at once.
@@ -28,7 +45,7 @@ class TextReader {
  public:
   /// `head` is what has been read of the text already; `rest` supplies what follows (null: nothing) and
   /// must outlive the reader.
-  TextReader(std::string head, InputFile* rest, TextEncoding encoding,
+  TextReader(std::string head, InputFile* rest, EncodingPlan encoding,
              LongLines longLines = LongLines::Whole);
   ~TextReader();
 
@@ -42,6 +59,11 @@ class TextReader {
   std::optional<FileError> Error() const;
   /// Bytes taken from the source so far, the head among them, for progress.
   uint64_t BytesRead() const;
+
+  /// The two say how the lines handed out so far were decoded.
+  korv::ReadAs ReadAs() const;
+  /// Ill-formed sequences of UTF-8 that became U+FFFD.
+  uint64_t IllFormed() const;
 
  private:
   struct State;

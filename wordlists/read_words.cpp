@@ -115,12 +115,12 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
 
   Messages& messages = reading.Check.Messages;
   OpenedText source = OpenTextSource(reading.Check.Files, path, kWordListThreshold);
-  const TextEncoding encoding = reading.Encodings.Choose(source.Facts, PathToText(path), messages);
   if (!source.File) {  // Gone since it was looked at.
     ReportReadError(messages, PathToText(path) + " cannot be opened");
     return false;
   }
-  TextReader reader(std::move(source.Head), source.File.get(), encoding);
+  TextReader reader(std::move(source.Head), source.File.get(),
+                    reading.Encodings.PlanFor(source.Facts, PathToText(path), messages));
   DistinctWords words(reading);
   if (kind == ListKind::WordsToIgnore)
     ReadWordsToIgnore(reader, rules, reading.Yield, words);

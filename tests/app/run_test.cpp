@@ -375,6 +375,64 @@ TEST(RunCount, AsksOncePerPathWhetherTextIsUtf8) {
   EXPECT_EQ(world.messages.Only().title, "Text encoding");
 }
 
+TEST(RunCount, TellsHowATextWasRead) {
+  struct Case {
+    const char* Path;
+    std::string Text;
+    Answer Utf8;
+    EncodingCounts Expected;
+    const char* Kind;
+  };
+  for (const Case& c :
+       {Case{"/a.txt", "plain words", Answer::Yes, {.Ascii = 1}, ""},
+        {"/a.txt", "caf\xE9 noir", Answer::Yes, {.Ansi = 1}, ""},
+        {"/a.txt", "plain words\ncaf\xE9 noir\n", Answer::Yes, {.Ansi = 1}, "This is a Unix-type file."},
+        {"/a.txt", "caf\xC3\xA9 noir", Answer::Yes, {.Utf8 = 1}, "This is a UTF-8 text file."},
+        {"/a.txt", "caf\xC3\xA9 noir", Answer::No, {.Ansi = 1}, ""},
+        {"/a.txt", "\xEF\xBB\xBFplain words", Answer::Yes, {.Utf8 = 1}, "This is a UTF-8 text file."},
+        {"/a.xml",
+         "<a>caf\xC3\xA9 \xFF\xC3</a>",
+         Answer::Yes,
+         {.Utf8 = 1, .IllFormed = 2},
+         "This is a UTF-8 text file."}}) {
+    RunWorld world;
+    world.messages.WillAnswer(Question::TextEncoding, c.Utf8);
+    world.UseFile(c.Path, c.Text);
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_EQ(world.run.Facts.Encodings, c.Expected) << c.Text;
+    EXPECT_EQ(world.run.FileKind, c.Kind) << c.Text;
+    const bool isUtf8 = c.Expected.Utf8 == 1;
+    EXPECT_EQ(world.view.fileKinds.back(), isUtf8 ? "This is a UTF8 file." : "") << c.Text;
+  }
+}
+
+TEST(RunCount, CountsTheFilesOfAFolderByTheirEncoding) {
+  RunWorld world;
+  world.files.Add("/t/ascii.txt", "plain words");
+  world.files.Add("/t/ansi.txt", "caf\xE9 noir");
+  world.files.Add("/t/utf8.txt", "caf\xC3\xA9 noir");
+  world.files.Add("/t/more.txt", "caf\xC3\xA9 noir" + std::string(20000, ' ') + "\xFF");
+  world.UseFolder("/t");
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.run.Facts.Encodings, (EncodingCounts{.Ascii = 1, .Ansi = 1, .Utf8 = 2, .IllFormed = 1}));
+  EXPECT_EQ(world.messages.shown.size(), 1u) << "asked once for the whole run";
+}
+
+TEST(RunCount, AsksAboutTheEncodingOnlyWhereTheTextNeedsIt) {
+  RunWorld world;
+  const std::string words = "the big cat\n";
+  std::string text;
+  while (text.size() < 100'000) text += words;
+  uint64_t wordsThen = 0;
+  world.messages.onShow = [&](const Message& message) {
+    if (message.question == Question::TextEncoding) wordsThen = world.progress.Words;
+  };
+  world.UseFile("/a.txt", text + "caf\xC3\xA9\n");
+  world.Count();
+  EXPECT_EQ(world.messages.shown.size(), 1u);
+  EXPECT_EQ(wordsThen, text.size() / words.size() * 3);
+}
+
 TEST(RunCount, RefusesAFileWhoseReadingFails) {
   RunWorld reference;
   reference.UseFile("/a.txt", ManyPhrases(20000));
@@ -470,6 +528,48 @@ TEST(RunCount, ReadsAStreamOfAnyLengthInItsEncoding) {
   world.UseClipboard("");
   world.request.Stream = &longStream;
   EXPECT_EQ(world.Count(), RunEnd::Refused);  // Nothing but blanks where it is looked at.
+}
+
+TEST(RunCount, CountsAStreamWhileItComes) {
+  std::string text;
+  while (text.size() < 2'000'000) text += "gr\u00F6\u00DFer als das Haus\n";
+  FakeStream stream(text);
+  RunWorld world;
+  uint64_t wordsBeforeTheEnd = 0;
+  stream.onRead = [&] { wordsBeforeTheEnd = world.progress.Words; };
+  world.UseClipboard("");
+  world.request.Stream = &stream;
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_GT(wordsBeforeTheEnd, world.run.Facts.Words.Taken / 2);
+  EXPECT_EQ(world.run.Facts.Encodings.Utf8, 1u);
+}
+
+TEST(RunCount, CountsWhatAStreamHadGivenWhenItWasStopped) {
+  // The first byte above 127 makes the reader wait for more of the text than the lines that are complete.
+  FakeStream stream("caf\xC3\xA9 noir\ncaf\xC3\xA9 noir\ncaf\xC3\xA9 no");
+  RunWorld world;
+  int reads = 0;
+  stream.onRead = [&] {
+    if (++reads == 2) world.yielder.RequestStop();
+  };
+  world.messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  world.UseClipboard("");
+  world.UseLengths(2, 2);
+  world.request.Stream = &stream;
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.Listed(), "2 caf\u00E9 noir, 2 noir caf\u00E9");
+  EXPECT_TRUE(world.run.Interrupted);
+}
+
+TEST(RunCount, RefusesAStreamThatFailsLate) {
+  FakeStream stream(std::string(200000, 'w') + "\nwords");
+  RunWorld world;
+  int reads = 0;
+  stream.onRead = [&] { stream.fail = ++reads > 150; };
+  world.UseClipboard("");
+  world.request.Stream = &stream;
+  EXPECT_EQ(world.Count(), RunEnd::Refused);
+  EXPECT_EQ(world.messages.shown.size(), 1u);
 }
 
 TEST(RunCount, RefusesAStreamThatIsEmptyOrFails) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,6 +32,7 @@ class FakeMessages final : public Messages {
   void WillType(std::optional<std::string> text) { typed_.push_back(std::move(text)); }
 
   Answer Show(const Message& message) override {
+    if (onShow) onShow(message);
     shown.push_back(message);
     if (message.buttons == Buttons::Ok && message.extraButton.empty()) return Answer::Ok;
     const auto answer = answers_.find(message.question);
@@ -50,6 +52,7 @@ class FakeMessages final : public Messages {
 
   std::vector<Message> shown;  ///< In order, questions included.
   std::vector<InputBox> inputBoxes;
+  std::function<void(const Message&)> onShow;  ///< Called before it is answered; may be empty.
 
  private:
   std::map<Question, Answer> answers_;

@@ -51,7 +51,7 @@ TEST_P(Classification, IsAsTabled) {
   EXPECT_EQ(source.Facts.Code, c.code);
   EXPECT_EQ(source.Facts.IsUtf8, c.isUtf8);
   ASSERT_TRUE(source.File);
-  EXPECT_EQ(source.Head, c.content.substr(0, kScannedBytes + 1));
+  EXPECT_EQ(source.Head, c.content.substr(0, kScannedBytes));
 }
 
 const std::string kBlankLines = "\n \r\n\t\n\r";
@@ -105,7 +105,7 @@ std::vector<Case> Cases() {
       {"a declaration across the end of the head", "/a.txt", Plain(kScannedBytes - 5) + "charset=\"UTF-8\"",
        1, Code::WindowsText, true},
       {"a declaration across the end of a piece", "/a.txt",
-       Plain(kScannedBytes + 1 + 65536 - 9) + "charset=\"UTF-8\"", 1, Code::WindowsText, true},
+       Plain(kScannedBytes + 65536 - 9) + "charset=\"UTF-8\"", 1, Code::WindowsText, true},
       {"a late declaration after ten long lines", "/a.txt",
        [] {
          std::string text;
@@ -256,41 +256,6 @@ TEST(OpenTextSource, KnowsADocxByNameAndContent) {
   EXPECT_FALSE(OpenTextSource(files, "/b.docx", 1).IsDocx);
   EXPECT_FALSE(OpenTextSource(files, "/c.txt", 1).IsDocx);
   EXPECT_FALSE(OpenTextSource(files, "/d.docx", 1).IsDocx) << "nine bytes are too few";
-}
-
-struct LooksCase {
-  const char* about;
-  std::string content;
-  bool looksLikeUtf8;
-};
-
-TEST(LooksLikeUtf8, NeedsAMultiByteSequenceAndNoIllFormedOne) {
-  const std::string almostFull = Plain(kScannedBytes - 1);
-  const std::vector<LooksCase> cases = {
-      {"ASCII", "plain words", false},
-      {"well-formed", "caf\xC3\xA9 au lait", true},
-      {"four bytes", "smile \xF0\x9F\x98\x80", true},
-      {"ANSI", "caf\xE9 au lait", false},
-      {"overlong", "\xC0\xAF caf\xC3\xA9", false},
-      {"surrogate", "\xED\xA0\x80 caf\xC3\xA9", false},
-      {"above the last character", "\xF4\x90\x80\x80 caf\xC3\xA9", false},
-      {"cut by the end of the file", "caf\xC3\xA9 caf\xC3", false},
-      {"cut by the end of the scan, nothing before", almostFull + "\xC3\xA9 more", false},
-      {"cut by the end of the scan", "\xC3\xA9" + Plain(kScannedBytes - 3) + "\xC3\xA9 more", true},
-      {"the file ends where the scan does", "\xC3\xA9" + Plain(kScannedBytes - 3) + "\xC3", false},
-      {"ill-formed beyond the scan", "\xC3\xA9" + Plain(kScannedBytes) + "\xFF", true},
-  };
-  for (const LooksCase& c : cases) {
-    FakeFiles files;
-    files.Add("/a.md", c.content);
-    EXPECT_EQ(OpenTextSource(files, "/a.md", 1).Facts.LooksLikeUtf8, c.looksLikeUtf8) << c.about;
-  }
-}
-
-TEST(LooksLikeUtf8, IsNotSaidOfWhatIsKnownToBeUtf8) {
-  FakeFiles files;
-  files.Add("/a.xml", "<a>caf\xC3\xA9</a>");
-  EXPECT_FALSE(OpenTextSource(files, "/a.xml", 1).Facts.LooksLikeUtf8);
 }
 
 TEST(ReadFirstLines, JoinsTheLinesWithCrLf) {

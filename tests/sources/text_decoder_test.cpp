@@ -30,13 +30,15 @@ TEST(DecodeText, TakesAnsiByteByCode) {
        "a'z'b"},
       {"\x93quoted\x94", "\u0093quoted\""},
       {"\xC3\xA9", "\u00C3\u00A9"},  // Not taken for UTF-8.
+      {"co\xADop", "coop"},
+      {"\xAD", ""},
   };
   for (const Row& row : kTable) EXPECT_EQ(Decoded(row.Bytes, TextEncoding::Ansi), row.Text);
 }
 
 TEST(DecodeText, KnowsEveryAnsiByte) {
   for (int code = 0x80; code < 0x100; ++code) {
-    if (code == 0x91 || code == 0x92 || code == 0x94) continue;
+    if (code == 0x91 || code == 0x92 || code == 0x94 || code == 0xAD) continue;
     const std::string expected = {static_cast<char>(0xC0 | (code >> 6)),
                                   static_cast<char>(0x80 | (code & 0x3F))};
     EXPECT_EQ(Decoded(std::string(1, static_cast<char>(code)), TextEncoding::Ansi), expected);
@@ -46,6 +48,41 @@ TEST(DecodeText, KnowsEveryAnsiByte) {
 TEST(DecodeText, ReplacesThreeQuotesOnly) {
   EXPECT_EQ(Decoded("\u2018a\u2019s \u201Cb\u201D \u201Ec\u201F \u2026", TextEncoding::Utf8),
             "'a's \u201Cb\" \u201Ec\u201F \u2026");
+}
+
+TEST(DecodeText, DropsWhatIsInvisibleWithinWords) {
+  constexpr Row kTable[] = {
+      {"co\u00ADop\u00ADer", "cooper"},
+      {"\uFEFFa\u2060b\uFEFF", "ab"},
+      {"\u00AD", ""},
+      // Only then are marks composed.
+      {"e\u00AD\u0301", "\u00E9"},
+      // Joiners matter to words.
+      {"a\u200Cb\u200Dc\u200B", "a\u200Cb\u200Dc\u200B"},
+      {"\u00AC\u00AE\u2061\uFEFE", "\u00AC\u00AE\u2061\uFEFE"},
+  };
+  for (const Row& row : kTable) EXPECT_EQ(Decoded(row.Bytes, TextEncoding::Utf8), row.Text);
+}
+
+TEST(DecodeText, KnowsTwoHyphensFromDashes) {
+  EXPECT_EQ(Decoded("a\u2010b \u2011c\u2012d\u2013e\u2014", TextEncoding::Utf8),
+            "a-b -c\u2012d\u2013e\u2014");
+}
+
+TEST(DecodeText, CountsIllFormedSequences) {
+  struct Case {
+    std::string_view Bytes;
+    uint64_t IllFormed;
+  };
+  std::string buffer;
+  for (const Case& c : {Case{"plain", 0}, Case{"caf\u00E9", 0}, Case{"\uFFFD", 0}, Case{"a\xFFz", 1},
+                        Case{"\uFFFD\xE2\x80 \xC0\xAF", 3}, Case{"z\xC3", 1}}) {
+    uint64_t count = 5;
+    DecodeText(c.Bytes, TextEncoding::Utf8, buffer, &count);
+    EXPECT_EQ(count, 5 + c.IllFormed) << c.Bytes;
+    DecodeText(c.Bytes, TextEncoding::Ansi, buffer, &count);
+    EXPECT_EQ(count, 5 + c.IllFormed) << c.Bytes;
+  }
 }
 
 TEST(DecodeText, ReplacesTheLongestBeginningOfAnIllFormedSequence) {

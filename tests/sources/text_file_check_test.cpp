@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "sources/encoding_choice.h"
 #include "sources/file_size_text.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
@@ -268,56 +267,6 @@ TEST(FormatFileSize, IsEmptyWithoutAFile) {
   EXPECT_EQ(FormatFileSize(files, "/a", NumberFormat()), "5 bytes");
   EXPECT_EQ(FormatFileSize(files, "/b", NumberFormat()), "");
   EXPECT_EQ(FormatFileSize(files, "", NumberFormat()), "");
-}
-
-class EncodingChooserTest : public testing::Test {
- protected:
-  FakeMessages messages;
-  TextFacts ansi{.Code = TextFileCode::UnixText};
-  TextFacts signed8{.Code = TextFileCode::WindowsText, .IsUtf8 = true};
-  TextFacts looks8{.Code = TextFileCode::UnixText, .LooksLikeUtf8 = true};
-};
-
-TEST_F(EncodingChooserTest, AsksOncePerPath) {
-  EncodingChooser chooser;
-  EXPECT_EQ(chooser.Choose(looks8, "/a", messages), TextEncoding::Utf8) << "Yes is the default";
-  EXPECT_EQ(messages.Only().text,
-            "This file appears to be UTF-8 text without a signature.\r\nDo you wish to read it as UTF-8?");
-  EXPECT_EQ(messages.Only().title, "Text encoding");
-  EXPECT_EQ(messages.Only().defaultAnswer, Answer::Yes);
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
-  EXPECT_EQ(chooser.Choose(looks8, "/a", messages), TextEncoding::Utf8);
-  EXPECT_EQ(messages.shown.size(), 1U);
-  messages.WillAnswer(Question::TextEncoding, Answer::No);
-  EXPECT_EQ(chooser.Choose(looks8, "/b", messages), TextEncoding::Ansi);
-  EXPECT_EQ(chooser.Choose(looks8, "/a", messages), TextEncoding::Utf8);
-  EXPECT_EQ(messages.shown.size(), 2U);
-}
-
-TEST_F(EncodingChooserTest, AsksOncePerFolderRun) {
-  EncodingChooser chooser;
-  chooser.BeginFolderRun();
-  messages.WillAnswer(Question::TextEncoding, Answer::No);
-  EXPECT_EQ(chooser.Choose(ansi, "/a", messages), TextEncoding::Ansi);
-  EXPECT_EQ(chooser.Choose(signed8, "/b", messages), TextEncoding::Utf8);
-  EXPECT_TRUE(messages.shown.empty());
-  EXPECT_EQ(chooser.Choose(looks8, "/c", messages), TextEncoding::Ansi);
-  EXPECT_EQ(chooser.Choose(looks8, "/d", messages), TextEncoding::Ansi);
-  EXPECT_EQ(messages.shown.size(), 1U);
-  chooser.EndFolderRun();
-  chooser.BeginFolderRun();
-  EXPECT_EQ(chooser.Choose(looks8, "/c", messages), TextEncoding::Ansi);
-  EXPECT_EQ(messages.shown.size(), 2U) << "the next run asks anew";
-}
-
-TEST_F(EncodingChooserTest, AForcedEncodingHoldsForEveryFile) {
-  EncodingChooser utf8(EncodingChoice::Utf8);
-  EncodingChooser forcedAnsi(EncodingChoice::Ansi);
-  for (const TextFacts& facts : {ansi, signed8, looks8}) {
-    EXPECT_EQ(utf8.Choose(facts, "/a", messages), TextEncoding::Utf8);
-    EXPECT_EQ(forcedAnsi.Choose(facts, "/a", messages), TextEncoding::Ansi);
-  }
-  EXPECT_TRUE(messages.shown.empty());
 }
 
 }  // namespace

@@ -61,17 +61,14 @@ TEST(TextReader, NeedsNoFile) {
   EXPECT_FALSE(reader.NextLine());
 }
 
-TEST(TextReader, RemovesTheSignatureOfUtf8AtTheBeginningOnly) {
+TEST(TextReader, RemovesTheSignatureOfUtf8) {
   for (size_t head = 0; head <= 4; ++head) {
     const std::string_view text =
         "\xEF\xBB\xBF"
-        "a\n\xEF\xBB\xBF"
-        "b";
+        "a\nb";
     BittenFile rest(text.substr(head), 1);
     TextReader reader(std::string(text.substr(0, head)), &rest, TextEncoding::Utf8);
-    EXPECT_EQ(LinesOf(reader), (Lines{"a",
-                                      "\uFEFF"
-                                      "b"}));
+    EXPECT_EQ(LinesOf(reader), (Lines{"a", "b"}));
   }
   TextReader onlySignature("\xEF\xBB\xBF", nullptr, TextEncoding::Utf8);
   EXPECT_FALSE(onlySignature.NextLine());
@@ -117,6 +114,96 @@ TEST(TextReader, ReadsToTheEndWhateverSizeTheFileClaims) {
     TextReader reader("", &rest, TextEncoding::Utf8);
     EXPECT_EQ(LinesOf(reader), Lines(10000, line));
   }
+}
+
+// What the reader makes of a text of which nothing tells the encoding.
+struct UnknownCase {
+  const char* About;
+  std::string Text;
+  bool Answer;
+  ReadAs Read;
+  int Asked;
+  uint64_t IllFormed;
+  std::string LastLine;
+};
+
+TEST(TextReader, DecidesAtTheFirstByteAbove127) {
+  const std::string late = std::string(300000, 'w') + "\n" + std::string(300000, ' ') + "\n";
+  std::string russian;
+  for (int k = 0; k < 100; ++k) russian += "\u0436\n";
+  const UnknownCase kCases[] = {
+      {"ASCII only", late + "end", true, ReadAs::Ascii, 0, 0, "end"},
+      {"well-formed", late + "caf\xC3\xA9", true, ReadAs::Utf8, 1, 0, "caf\u00E9"},
+      {"well-formed, not wanted", late + "caf\xC3\xA9", false, ReadAs::Ansi, 1, 0, "caf\u00C3\u00A9"},
+      {"ANSI", late + "caf\xE9", true, ReadAs::Ansi, 0, 0, "caf\u00E9"},
+      {"one stray byte", "\xFF\n" + russian + "\u0436", true, ReadAs::Utf8, 1, 1, "\u0436"},
+      {"ill-formed behind the sample", "\u0436" + std::string(16382, ' ') + "\n\xE9", true, ReadAs::Utf8, 1,
+       1, "\uFFFD"},
+      {"well-formed behind the sample", "\xE9" + std::string(16382, ' ') + "\n\u0436", true, ReadAs::Ansi, 0,
+       0, "\u00D0\u00B6"},
+      {"the sample cuts the only sequence", "\xE2" + std::string(16382, ' ') + "\n\u0436", true, ReadAs::Ansi,
+       0, 0, "\u00D0\u00B6"},
+      {"the end cuts the only sequence", "caf\xC3", true, ReadAs::Ansi, 0, 0, "caf\u00C3"},
+  };
+  for (const UnknownCase& c : kCases) {
+    for (const size_t head : {size_t{0}, size_t{3}, c.Text.size()}) {
+      BittenFile rest(std::string_view(c.Text).substr(std::min(head, c.Text.size())), 1000);
+      int asked = 0;
+      TextReader reader(c.Text.substr(0, head), &rest, EncodingPlan([&] {
+                          ++asked;
+                          return c.Answer;
+                        }));
+      std::string last;
+      while (reader.NextLine()) last = reader.Line();
+      EXPECT_EQ(last, c.LastLine) << c.About << head;
+      EXPECT_EQ(reader.ReadAs(), c.Read) << c.About << head;
+      EXPECT_EQ(reader.IllFormed(), c.IllFormed) << c.About << head;
+      EXPECT_EQ(asked, c.Asked) << c.About << head;
+      EXPECT_EQ(reader.BytesRead(), c.Text.size());
+    }
+  }
+}
+
+TEST(TextReader, AsksNotBeforeItHandsOutTheByte) {
+  int asked = 0;
+  TextReader reader("one\ntwo\ncaf\xC3\xA9\n", nullptr, EncodingPlan([&] {
+                      ++asked;
+                      return true;
+                    }));
+  reader.NextLine();
+  reader.NextLine();
+  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(reader.ReadAs(), ReadAs::Ascii);
+  reader.NextLine();
+  EXPECT_EQ(asked, 1);
+}
+
+TEST(TextReader, TakesWhatLooksLikeUtf8ForItWhereNobodyIsToBeAsked) {
+  TextReader reader("caf\xC3\xA9", nullptr, EncodingPlan(nullptr));
+  EXPECT_EQ(LinesOf(reader), Lines{"caf\u00E9"});
+}
+
+TEST(TextReader, DecidesOnALongLineByItsFirstPiece) {
+  std::string text = "caf\xC3\xA9 ";
+  while (text.size() < 3'000'000) text += "words and more ";
+  BittenFile rest(text);
+  TextReader reader("", &rest, EncodingPlan(nullptr), LongLines::InPieces);
+  ASSERT_TRUE(reader.NextLine());
+  EXPECT_EQ(reader.ReadAs(), ReadAs::Utf8);
+  EXPECT_LT(reader.BytesRead(), 2'000'000U);
+}
+
+TEST(TextReader, SaysHowAForcedEncodingWasNeeded) {
+  TextReader ascii("plain", nullptr, TextEncoding::Ansi);
+  LinesOf(ascii);
+  EXPECT_EQ(ascii.ReadAs(), ReadAs::Ascii);
+  TextReader ansi("plain\n\xAD\nplain", nullptr, TextEncoding::Ansi);
+  LinesOf(ansi);
+  EXPECT_EQ(ansi.ReadAs(), ReadAs::Ansi);
+  TextReader utf8("plain \xFF", nullptr, TextEncoding::Utf8);
+  EXPECT_EQ(utf8.ReadAs(), ReadAs::Utf8);
+  LinesOf(utf8);
+  EXPECT_EQ(utf8.IllFormed(), 1U);
 }
 
 TEST(TextReader, HandsOutLongLinesWhole) {

@@ -1,0 +1,150 @@
+#include "tests/reference/naive_decoding.h"
+
+#include <utf8proc.h>
+
+#include <cstdlib>
+
+#include "tests/reference/naive_text.h"
+
+namespace korv::naive {
+namespace {
+
+enum class Kind { Well, Ill, Cut };
+
+struct Sequence {
+  Kind kind;
+  size_t length;
+  char32_t character;
+};
+
+/// Every range of bytes that begins a character, in words of the standard's table of well-formed sequences.
+struct Form {
+  unsigned char firstLow, firstHigh;    // The lead byte.
+  unsigned char secondLow, secondHigh;  // What may follow it.
+  size_t length;
+};
+constexpr Form kForms[] = {{0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2},
+                           {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
+                           {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
+                           {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4},
+                           {0xF4, 0xF4, 0x80, 0x8F, 4}};
+
+Sequence SequenceAt(std::string_view bytes, size_t at) {
+  const auto byte = [&](size_t k) { return static_cast<unsigned char>(bytes[k]); };
+  for (const Form& form : kForms) {
+    if (byte(at) < form.firstLow || byte(at) > form.firstHigh) continue;
+    if (form.length == 1) return {Kind::Well, 1, byte(at)};
+    char32_t code = byte(at) & (0x7Fu >> form.length);
+    for (size_t k = 1; k < form.length; ++k) {
+      if (at + k == bytes.size()) return {Kind::Cut, k, U'\uFFFD'};
+      const unsigned char low = k == 1 ? form.secondLow : 0x80;
+      const unsigned char high = k == 1 ? form.secondHigh : 0xBF;
+      if (byte(at + k) < low || byte(at + k) > high) return {Kind::Ill, k, U'\uFFFD'};
+      code = code << 6 | (byte(at + k) & 0x3Fu);
+    }
+    return {Kind::Well, form.length, code};
+  }
+  return {Kind::Ill, 1, U'\uFFFD'};
+}
+
+std::u32string WithReplacements(const std::u32string& characters) {
+  std::u32string clean;
+  for (const char32_t c : characters) {
+    if (c == U'\u00AD' || c == U'\u2060' || c == U'\uFEFF') continue;
+    if (c == U'\u2010' || c == U'\u2011')
+      clean += U'-';
+    else if (c == U'\u2018' || c == U'\u2019')
+      clean += U'\'';
+    else if (c == U'\u201D')
+      clean += U'"';
+    else
+      clean += c;
+  }
+  return clean;
+}
+
+std::u32string CharactersOfUtf8(std::string_view bytes, uint64_t& illFormed) {
+  std::u32string characters;
+  for (size_t at = 0; at < bytes.size();) {
+    const Sequence sequence = SequenceAt(bytes, at);
+    characters += sequence.character;
+    illFormed += sequence.kind != Kind::Well;
+    at += sequence.length;
+  }
+  return characters;
+}
+
+std::u32string CharactersOfAnsi(std::string_view bytes) {
+  std::u32string characters;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte == 0xAD) continue;
+    characters += byte == 0x91 || byte == 0x92 ? U'\'' : byte == 0x94 ? U'"' : char32_t{byte};
+  }
+  return characters;
+}
+
+std::vector<std::string_view> BytesOfLines(std::string_view bytes) {
+  std::vector<std::string_view> lines;
+  size_t begin = 0;
+  for (size_t at = 0; at < bytes.size(); ++at) {
+    if (bytes[at] != '\r' && bytes[at] != '\n') continue;
+    lines.push_back(bytes.substr(begin, at - begin));
+    if (bytes.substr(at, 2) == "\r\n") ++at;
+    begin = at + 1;
+  }
+  if (begin < bytes.size()) lines.push_back(bytes.substr(begin));
+  return lines;
+}
+
+}  // namespace
+
+bool TakesForUtf8(std::string_view bytes) {
+  size_t first = 0;
+  while (first < bytes.size() && static_cast<unsigned char>(bytes[first]) <= 127) ++first;
+  const std::string_view sample = bytes.substr(first, 16384);
+  int well = 0;
+  int ill = 0;
+  for (size_t at = 0; at < sample.size();) {
+    const Sequence sequence = SequenceAt(sample, at);
+    if (sequence.kind == Kind::Well && sequence.length > 1) ++well;
+    if (sequence.kind == Kind::Ill) ++ill;
+    at += sequence.length;
+  }
+  return well >= 1 && ill * 20 <= ill + well;
+}
+
+DecodedText DecodeBytes(std::string_view bytes, bool isUtf8) {
+  DecodedText decoded;
+  decoded.IsUtf8 = isUtf8;
+  for (const std::string_view line : BytesOfLines(bytes)) {
+    if (isUtf8)
+      decoded.Lines.push_back(Nfc(Encode(WithReplacements(CharactersOfUtf8(line, decoded.IllFormed)))));
+    else
+      decoded.Lines.push_back(Encode(CharactersOfAnsi(line)));
+  }
+  return decoded;
+}
+
+std::string Clean(std::string_view text) {
+  uint64_t illFormed = 0;
+  return Nfc(Encode(WithReplacements(CharactersOfUtf8(text, illFormed))));
+}
+
+std::string Nfc(std::string_view text) {
+  // The library's own call ends at the first NUL, so what stands between them is composed piece by piece.
+  std::string composed;
+  for (size_t begin = 0;;) {
+    const size_t end = std::min(text.find('\0', begin), text.size());
+    const std::string piece(text.substr(begin, end - begin));
+    utf8proc_uint8_t* result = utf8proc_NFC(reinterpret_cast<const utf8proc_uint8_t*>(piece.c_str()));
+    if (result == nullptr) std::abort();
+    composed += reinterpret_cast<const char*>(result);
+    std::free(result);
+    if (end == text.size()) return composed;
+    composed += '\0';
+    begin = end + 1;
+  }
+}
+
+}  // namespace korv::naive
