@@ -42,6 +42,8 @@ class OutputFile {
   virtual ~OutputFile() = default;
   /// Writes all of `bytes`, unbuffered: hand over large blocks. An empty result on success.
   virtual std::optional<FileError> Write(std::string_view bytes) = 0;
+  /// Whether Commit() takes away a file that was there when this one was opened. Known from the beginning.
+  virtual bool Replaces() const = 0;
   /// Puts the file in the target's place in one step, with the permissions of the file that it replaces.
   virtual std::optional<FileError> Commit() = 0;
 };

@@ -62,17 +62,28 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   }
   std::optional<FileError> error = sink.Error();
   const bool stopped = result.List.Outcome == ListOutcome::Stopped;
-  // A report without a single line would only replace what the user had.
-  const bool keep = !error && !(stopped && result.List.Phrases == 0);
+  // Part of a report is worth less than the whole one that was there, but more than nothing.
+  const bool keep = !error && !(stopped && ((*file)->Replaces() || result.List.Phrases == 0));
   if (keep) error = (*file)->Commit();
   result.Written = keep && !error;
   if (error) ShowFileError(*error, services);
   if (services.Box) {
     // The file has no room for what was not counted; the box has.
     services.Box->OutputToTxb(SkippedFilesText(report.Facts) + NoticesText(report.Facts));
-    if (stopped) services.Box->OutputToTxb("\r\nOutput to file was terminated.");
+    if (stopped)
+      services.Box->OutputToTxb("\r\nOutput to file was terminated.\r\n" +
+                                StoppedFileText(result, report.Numbers));
   }
   return result;
+}
+
+std::string StoppedFileText(const FileListResult& result, const NumberFormat& numbers) {
+  if (!result.Written) return "The output file is as it was.";
+  return "The output file holds only the first " +
+         (result.List.Phrases == 1
+              ? std::string("phrase")
+              : numbers.Grouped(static_cast<int64_t>(result.List.Phrases)) + " phrases") +
+         " of the list.";
 }
 
 std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always) {

@@ -43,13 +43,16 @@ struct FileListingServices {
 
 struct FileListResult {
   ListResult List;
-  bool Written = false;  ///< The file holds the report, or its lines up to a stop.
+  bool Written = false;  ///< The file holds the report; after a stop, its lines up to there.
 };
 
 /// Lists into the file `path`, in place of what it holds. Every failure is shown here and leaves the file
-/// as it was, and so does a stop before the first phrase.
+/// as it was. So does a stop, which keeps the lines written so far only where there was no file before.
 FileListResult ListWordsToFile(const Report& report, const std::filesystem::path& path,
                                const FileListingServices& services, Yielder& yielder);
+
+/// After a stop: what the file holds now. One sentence.
+std::string StoppedFileText(const FileListResult& result, const NumberFormat& numbers);
 
 /// Which file a listing may replace: asks before it writes over one, and remembers those that it need not
 /// ask for again because this program wrote them.

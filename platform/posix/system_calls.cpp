@@ -105,6 +105,7 @@ class DirectOutput final : public OutputFile {
     if (!fault_) fault_ = WriteAll(file_.Number(), bytes);
     return fault_;
   }
+  bool Replaces() const override { return false; }
   std::optional<FileError> Commit() override {
     if (!fault_ && file_.Open() && !file_.Close()) fault_ = LastError();
     return fault_;
@@ -131,6 +132,7 @@ class ReplacingOutput final : public OutputFile {
     return fault_;
   }
 
+  bool Replaces() const override { return replaces_; }
   std::optional<FileError> Commit() override {
     if (fault_ || committed_) return fault_;
     // A file that takes another's place must be on the disk first, or a crash of the system could leave

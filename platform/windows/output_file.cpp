@@ -47,6 +47,7 @@ class DirectOutput final : public OutputFile {
     if (!fault_) fault_ = WriteAll(file_.Get(), bytes);
     return fault_;
   }
+  bool Replaces() const override { return false; }
   std::optional<FileError> Commit() override {
     if (!fault_ && file_.Open() && !file_.Close()) fault_ = LastError();
     return fault_;
@@ -75,6 +76,7 @@ class ReplacingOutput final : public OutputFile {
     return fault_;
   }
 
+  bool Replaces() const override { return replaces_; }
   std::optional<FileError> Commit() override {
     if (fault_ || inPlace_) return fault_;
     // A file that takes another's place must be on the disk first, or a crash of the system could leave

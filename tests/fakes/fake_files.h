@@ -189,12 +189,14 @@ class FakeFiles final : public FileSystem {
 
   class Output final : public OutputFile {
    public:
-    Output(FakeFiles& files, std::filesystem::path path) : files_(files), path_(std::move(path)) {}
+    Output(FakeFiles& files, std::filesystem::path path)
+        : files_(files), path_(std::move(path)), replaces_(files.files_.contains(path_)) {}
     std::optional<FileError> Write(std::string_view bytes) override {
       if (auto fault = files_.Fault({})) return fault;
       written_ += bytes;
       return std::nullopt;
     }
+    bool Replaces() const override { return replaces_; }
     std::optional<FileError> Commit() override {
       if (auto fault = files_.Fault({})) return fault;
       files_.files_[path_] = std::make_shared<std::string>(std::move(written_));
@@ -204,6 +206,7 @@ class FakeFiles final : public FileSystem {
    private:
     FakeFiles& files_;
     std::filesystem::path path_;
+    bool replaces_;
     std::string written_;
   };
 

@@ -95,6 +95,7 @@ TEST_F(FilesTest, AnOutputAppearsWhenItIsComplete) {
   const fs::path target = folder / "out.txt";
   auto file = files->OpenForWriting(target);
   ASSERT_TRUE(file);
+  EXPECT_FALSE((*file)->Replaces());
   EXPECT_FALSE((*file)->Write("one "));
   EXPECT_FALSE((*file)->Write("two"));
   EXPECT_FALSE(fs::exists(target));
@@ -121,6 +122,7 @@ TEST_F(FilesTest, AnOutputReplacesTheOldFile) {
   WriteTestFile(target, "old and longer");
   auto file = files->OpenForWriting(target);
   ASSERT_TRUE(file);
+  EXPECT_TRUE((*file)->Replaces());
   EXPECT_FALSE((*file)->Write("new"));
   EXPECT_FALSE((*file)->Commit());
   EXPECT_FALSE((*file)->Commit()) << "a second time changes nothing";

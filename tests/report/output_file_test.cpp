@@ -122,23 +122,48 @@ TEST_F(FileListing, AnErrorInTheMiddleNamesTheListingAndKeepsTheOldFile) {
     }
 }
 
-TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFar) {
-  files.Add("/out/report.txt", "what was there");
+TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFarWhereThereWasNoFile) {
+  files.AddFolder("/out");
   StoppingYielder yielder(2 + 2);
   const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
   EXPECT_TRUE(result.Written);
   EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
   EXPECT_TRUE(files.Content("/out/report.txt").value_or("").ends_with("1\t3\ta dog\t\r\n"));
-  EXPECT_TRUE(text.text.ends_with("\r\nOutput to file was terminated."));
+  EXPECT_TRUE(
+      text.text.ends_with("\r\nOutput to file was terminated.\r\n"
+                          "The output file holds only the first phrase of the list."));
 }
 
-TEST_F(FileListing, AStopBeforeTheFirstLineKeepsTheOldFile) {
-  files.Add("/out/report.txt", "what was there");
+TEST_F(FileListing, AStopKeepsTheOldFileHoweverMuchWasWritten) {
+  for (const int calls : {1, 2 + 1, 2 + 2}) {
+    files.Add("/out/report.txt", "what was there");
+    StoppingYielder yielder(calls);
+    const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
+    EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
+    EXPECT_FALSE(result.Written);
+    EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
+    EXPECT_TRUE(text.text.ends_with("\r\nOutput to file was terminated.\r\nThe output file is as it was."));
+  }
+}
+
+TEST_F(FileListing, AStopBeforeTheFirstLineLeavesNoFile) {
+  files.AddFolder("/out");
   StoppingYielder yielder(1);
-  const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
-  EXPECT_FALSE(result.Written);
-  EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
-  EXPECT_TRUE(text.text.ends_with("\r\nOutput to file was terminated."));
+  EXPECT_FALSE(ListWordsToFile(world.View(), "/out/report.txt", services, yielder).Written);
+  EXPECT_FALSE(files.FileExists("/out/report.txt"));
+}
+
+TEST(StoppedFile, TellsHowMuchItHolds) {
+  const NumberFormat numbers;
+  const auto text = [&](bool written, uint32_t phrases) {
+    FileListResult result;
+    result.Written = written;
+    result.List.Phrases = phrases;
+    return StoppedFileText(result, numbers);
+  };
+  EXPECT_EQ(text(false, 7), "The output file is as it was.");
+  EXPECT_EQ(text(true, 1), "The output file holds only the first phrase of the list.");
+  EXPECT_EQ(text(true, 1234), "The output file holds only the first 1,234 phrases of the list.");
 }
 
 TEST_F(FileListing, NothingListedIsAReportToo) {
