@@ -6,6 +6,7 @@
 #include "app/program_folder.h"
 #include "app/windows/desktop.h"
 #include "app/windows/frm_main.h"
+#include "platform/qt/application_name.h"
 #include "platform/qt/color_scheme.h"
 #include "platform/qt/desktop_launcher.h"
 #include "platform/qt/qt_clipboard.h"
@@ -26,8 +27,7 @@ class SteadyClock final : public korv::Clock {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("Korv"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
+  korv::NameApplication();
   QApplication::setApplicationVersion(QStringLiteral(KORV_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("org.korv.Korv"));
   QIcon icon;

@@ -71,7 +71,7 @@ QMessageBox::StandardButton EscapeButton(Buttons buttons) {
 }
 
 QString TitleOr(const std::string& title) {
-  return title.empty() ? QApplication::applicationDisplayName() : ToQt(title);
+  return title.empty() ? QApplication::applicationName() : ToQt(title);
 }
 
 void AddButtons(QMessageBox& box, const Message& message) {

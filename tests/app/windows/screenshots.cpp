@@ -15,6 +15,7 @@
 
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
+#include "platform/qt/application_name.h"
 #include "platform/qt/qt_yielder.h"
 #include "platform/qt/scheme_switch.h"
 #include "platform/qt/text.h"
@@ -108,7 +109,7 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", KORV_WINDOW_SYSTEM);
   QApplication application(argc, argv);
-  QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
+  korv::NameApplication();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral(KORV_PICTURE_STYLE)));
   if (argc != 3) {
     std::fprintf(stderr, "screenshots TEXT FOLDER\n");

@@ -241,6 +241,26 @@ TEST_F(QtMessageBoxes, OfferNoSilenceForOtherMessages) {
   EXPECT_EQ(boxes, 2);
 }
 
+// ---- Titles
+
+TEST(TheToolkit, AddsNothingToTheTitlesOfWindows) {
+  // It appends the display name, where one was set; one that was not follows the application's name.
+  const QString name = QApplication::applicationName();
+  EXPECT_EQ(name.toStdString(), "Korv");
+  QApplication::setApplicationName(QStringLiteral("Other"));
+  EXPECT_EQ(QApplication::applicationDisplayName().toStdString(), "Other");
+  QApplication::setApplicationName(name);
+}
+
+TEST_F(QtMessageBoxes, AreTitledWithTheProgramsNameWhereNothingElseIs) {
+  WithTheBox([](QMessageBox& box) {
+    EXPECT_EQ(box.windowTitle().toStdString(), "Korv");
+    box.accept();
+  });
+  messages.Show({.text = "!", .title = {}});
+  EXPECT_EQ(boxes, 1);
+}
+
 // ---- Pop-ups
 
 class PopUps : public testing::Test {

@@ -7,6 +7,8 @@
 #include <sstream>
 #include <utility>
 
+#include "platform/qt/application_name.h"
+
 namespace korv {
 
 WindowTest::WindowTest()
@@ -153,7 +155,6 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", KORV_WINDOW_SYSTEM);
   QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("Korv"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Korv"));
+  korv::NameApplication();
   return RUN_ALL_TESTS();
 }

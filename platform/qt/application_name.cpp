@@ -1,0 +1,11 @@
+#include "platform/qt/application_name.h"
+
+#include <QApplication>
+
+namespace korv {
+
+void NameApplication() {
+  QApplication::setApplicationName(QStringLiteral("Korv"));
+}
+
+}  // namespace korv
