@@ -3,13 +3,23 @@
 namespace korv {
 
 void SetDefaultValues(Settings& settings) {
-  const Settings fresh;
-  settings.Words = fresh.Words;
-  settings.ExtractTextFromDocx = fresh.ExtractTextFromDocx;
-  settings.WarnOnOverwrite = fresh.WarnOnOverwrite;
-  settings.SaveStateOnQuit = fresh.SaveStateOnQuit;
-  settings.PatternMatchingInWordsToIgnoreFile = fresh.PatternMatchingInWordsToIgnoreFile;
-  settings.SourceKind = fresh.SourceKind;
+  TakeResettable(settings, Settings{});
+}
+
+void TakeResettable(Settings& settings, const Settings& from) {
+  settings.Words = from.Words;
+  settings.ExtractTextFromDocx = from.ExtractTextFromDocx;
+  settings.WarnOnOverwrite = from.WarnOnOverwrite;
+  settings.SaveStateOnQuit = from.SaveStateOnQuit;
+  settings.PatternMatchingInWordsToIgnoreFile = from.PatternMatchingInWordsToIgnoreFile;
+  settings.SourceKind = from.SourceKind;
+}
+
+bool SameResettable(const Settings& one, const Settings& other) {
+  return one.Words == other.Words && one.ExtractTextFromDocx == other.ExtractTextFromDocx &&
+         one.WarnOnOverwrite == other.WarnOnOverwrite && one.SaveStateOnQuit == other.SaveStateOnQuit &&
+         one.PatternMatchingInWordsToIgnoreFile == other.PatternMatchingInWordsToIgnoreFile &&
+         one.SourceKind == other.SourceKind;
 }
 
 RunOptions RunOptionsOf(const Settings& settings) {

@@ -60,6 +60,10 @@ struct Settings {
 /// What "Restore defaults" resets: word rules with their sizes, terminators, the behaviour options, pattern
 /// matching and the source kind. Paths, lists, lengths and the report's options stay.
 void SetDefaultValues(Settings& settings);
+/// Takes what SetDefaultValues() would reset from `from` instead.
+void TakeResettable(Settings& settings, const Settings& from);
+/// Whether two settings agree in that.
+bool SameResettable(const Settings& one, const Settings& other);
 
 /// What a run reads out of the settings.
 RunOptions RunOptionsOf(const Settings& settings);

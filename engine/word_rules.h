@@ -37,6 +37,8 @@ struct WordRules {
 
   /// The extra characters, ASCII, in no particular order; derived by the two functions below.
   std::string AllowedExtraChars;
+
+  bool operator==(const WordRules&) const = default;
 };
 
 /// Starts AllowedExtraChars anew with what the first nine kinds admit: "-'_:\/.@" and the digits.
