@@ -21,6 +21,27 @@ std::string FilesButtonCaption(ListKind kind, size_t files) {
   return caption + " files (" + std::to_string(files) + ")";
 }
 
+std::string FilesListHint(ListKind kind) {
+  const bool ignoring = kind == ListKind::WordsToIgnore;
+  return "To specify (or add) a file containing " +
+         std::string(ignoring ? "words to ignore" : "count-only words/phrases") +
+         ", click on the button labelled '" + (ignoring ? "Words-to-ignore" : "Count-only words") +
+         " files'.";
+}
+
+std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed) {
+  const bool ignoring = kind == ListKind::WordsToIgnore;
+  if (file.empty() && typed == 0) {
+    return ignoring ? "The list is empty: no word is ignored."
+                    : "The list is empty: every phrase is counted.";
+  }
+  std::string label = "In the list: " + std::string(file);
+  if (typed == 0) return label;
+  if (!file.empty()) label += " and ";
+  label += typed == 1 ? "one extra " : std::to_string(typed) + " extra ";
+  return label + (ignoring ? typed == 1 ? "word" : "words" : typed == 1 ? "entry" : "entries");
+}
+
 std::string_view SelectFileTitle(ListKind kind) {
   return kind == ListKind::WordsToIgnore ? "Specify a file containing words to ignore"
                                          : "Specify a file containing count-only words/phrases";

@@ -20,6 +20,11 @@ std::string_view NameOfOne(ListKind kind);
 std::string LoadedLabel(ListKind kind, size_t count);
 /// The caption of the button that adds a file, with the number of files in the list.
 std::string FilesButtonCaption(ListKind kind, size_t files);
+/// What the list of files says while nothing of it is selected: how to get a file into it.
+std::string FilesListHint(ListKind kind);
+/// What a list consists of at present: the words of the file named `file` (empty: of none) and `typed` extra
+/// entries.
+std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed);
 /// Title and filter of the dialog that asks for a list file.
 std::string_view SelectFileTitle(ListKind kind);
 inline constexpr std::string_view kListFileFilter = "Any text file (*.*) | *.*";
