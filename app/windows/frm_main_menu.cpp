@@ -126,8 +126,8 @@ void frmMain::BuildMenus() {
   stopAction_->setEnabled(false);
   file->addSeparator();
   add(file, "&Save settings", QKeySequence::Save, [this] { cmdSaveState_Click(); });
-  add(file, "&Load settings from file...", {}, [this] { params_->cmdSaveLoadState_Click(0); });
-  add(file, "Save settings to f&ile...", {}, [this] { params_->cmdSaveLoadState_Click(1); });
+  add(file, "&Load settings from file...", {}, [this] { params_->cmdSaveLoadState_Click(0, this); });
+  add(file, "Save settings to f&ile...", {}, [this] { params_->cmdSaveLoadState_Click(1, this); });
   file->addSeparator();
   add(
       file, "&Quit", QKeySequence::Quit, [this] { cmdQuit_Click(); }, true);

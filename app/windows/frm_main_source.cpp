@@ -159,7 +159,10 @@ void frmMain::txbFileFilepathSpecifications_LostFocus(int index) {
   const QString joined = ToQt(JoinPatterns(SplitPatterns(FromQt(box->text()))));
   if (joined != box->text()) box->setText(joined);
   if (index == 0) WarnAboutDocPattern(FromQt(joined), desktop_.messages);
-  ValidatePatterns(SelectionOf(txbFileFilepathSpecifications), desktop_.messages);
+  // Of its own faults only; those of the other box are told when that one is left.
+  FileSelection own;
+  (index == 0 ? own.Patterns : own.Exclusions) = SplitPatterns(FromQt(joined));
+  ValidatePatterns(own, desktop_.messages);
 }
 
 void frmMain::cmdListFiles_Click() {

@@ -7,8 +7,12 @@
 #include <QStyle>
 
 #include "app/settings.h"
+#include "app/windows/eliding_label.h"
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_popup.h"
+#include "app/windows/rules_sample_box.h"
+#include "app/windows/settings_undo.h"
+#include "platform/qt/silenced_questions.h"
 #include "platform/qt/text.h"
 
 namespace korv {
@@ -35,13 +39,15 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
   }
   SelectStartUpSizes();
   FillLanguages();
+  optListKind_Click();
   Connect();
   const QSettings& store = main_.Outside().store;
   if (store.contains(QStringLiteral("geometry/settings"))) {
     restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
   } else {
-    setGeometry(
-        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, sizeHint(), screen()->availableGeometry()));
+    const QRect room = screen()->availableGeometry();
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                    sizeHint().boundedTo(room.size()).expandedTo(minimumSizeHint()), room));
   }
 }
 
@@ -71,6 +77,8 @@ void frmParams::Connect() {
   for (QCheckBox* box : AllowWordsBoxes()) {
     onClick(box, "chkAllowWordsWith_Click", [this, box] { chkAllowWords_Click(box); });
   }
+  onClick(cmdUndo, "cmdUndo_Click", [this] { cmdUndo_Click(); });
+  onClick(cmdAskEverythingAgain, "cmdAskEverythingAgain_Click", [this] { cmdAskEverythingAgain_Click(); });
   connect(chkIgnoreShortWords, &QCheckBox::toggled, this, [this] { EnableWordSizes(); });
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { cmdClose_Click(); });
   const auto onKey = [this](QKeySequence::StandardKey key, const char* place, auto handler) {
@@ -80,6 +88,19 @@ void frmParams::Connect() {
   onKey(QKeySequence::HelpContents, "cmdHelp_Click", [this] { main_.cmdHelp_Click(); });
   onKey(QKeySequence::Save, "cmdSaveState_Click", [this] { cmdSaveState_Click(); });
   ConnectWords();
+  ConnectOptions();
+}
+
+void frmParams::ConnectOptions() {
+  // By whomever they are changed: the user, a settings file, or one of the buttons that change many at once.
+  const auto changed = [this] { OptionsHaveChanged(); };
+  for (QCheckBox* box : AllCheckboxes()) connect(box, &QCheckBox::toggled, this, changed);
+  for (QComboBox* list : {cboShortWordSize, cboLongWordSize}) {
+    connect(list, &QComboBox::currentIndexChanged, this, changed);
+  }
+  for (QRadioButton* source : {main_.optOnClipboard, main_.optInFile, main_.optFolder}) {
+    connect(source, &QRadioButton::toggled, this, changed);
+  }
 }
 
 void frmParams::SetDefaultValues() {
@@ -101,7 +122,7 @@ void frmParams::SelectDefaultSizes() {
 void frmParams::EnableDisableButtons(bool enabled) {
   for (QWidget* control : std::initializer_list<QWidget*>{
            fraIgnoreTheseWords, fraAllowWords, fraIgnoreWords, fraStateFile, fraOptions,
-           cmdSetOrClearCheckboxes[0], cmdSetOrClearCheckboxes[1], cmdRestoreDefaults}) {
+           cmdSetOrClearCheckboxes[0], cmdSetOrClearCheckboxes[1], cmdRestoreDefaults, cmdUndo}) {
     control->setEnabled(enabled);
   }
   // What these do would pull the rug from under a run as well.
@@ -115,17 +136,64 @@ void frmParams::EnableWordSizes() {
 }
 
 void frmParams::cmdRestoreDefaults_Click() {
-  SetDefaultValues();
-  CheckAllowedExtraChars();
+  ChangeAtOnce([this] { SetDefaultValues(); }, "Defaults restored.", cmdRestoreDefaults);
 }
 
 void frmParams::cmdSetOrClearCheckboxes_Click(int index) {
-  for (QCheckBox* box : AllCheckboxes()) box->setChecked(index == 0);
+  ChangeAtOnce(
+      [this, index] {
+        for (QCheckBox* box : AllCheckboxes()) box->setChecked(index == 0);
+      },
+      index == 0 ? "All checkboxes checked." : "All checkboxes cleared.",
+      cmdSetOrClearCheckboxes[static_cast<size_t>(index)]);
+}
+
+void frmParams::ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by) {
+  const Settings before = main_.GatherSettings();
+  change();
+  lblState->setText(QString::fromUtf8(told));
+  cmdUndo->Offer(before, main_.GatherSettings(), by);
   CheckAllowedExtraChars();
 }
 
+void frmParams::cmdUndo_Click() {
+  const std::optional<Settings> before = cmdUndo->Take();
+  if (!before) return;
+  // Only what was changed at once: a path typed since then stays.
+  Settings settings = main_.GatherSettings();
+  TakeResettable(settings, *before);
+  main_.ApplySettings(settings);
+  lblState->setText(QStringLiteral("Everything is as it was before."));
+  CheckAllowedExtraChars();
+}
+
+void frmParams::OptionsHaveChanged() {
+  cmdUndo->Forget();
+  fraSample->Show(main_.GatherSettings().Words);
+}
+
+void frmParams::showEvent(QShowEvent* event) {
+  fraSample->Show(main_.GatherSettings().Words);
+  EnableClearButtons();
+  QWidget::showEvent(event);
+}
+
 void frmParams::cmdInitialize_Click() {
+  if (main_.Outside().messages.Show(
+          {.text =
+               "This sets every option to its default, clears the extra words to ignore, the file patterns "
+               "and\r\nthe filter words, and saves all that.  Do you wish to go on?",
+           .title = "Reinitialize",
+           .icon = Icon::Question,
+           .buttons = Buttons::YesNo,
+           .defaultAnswer = Answer::Yes,
+           .question = Question::Reinitialize,
+           .mayBeSilenced = true,
+           .silencedAnswer = Answer::Yes}) != Answer::Yes) {
+    return;
+  }
   main_.Initialize();
+  cmdUndo->Forget();
   main_.SetWordsToIgnoreNotice();
   const std::string fault = main_.SaveStateTo({});
   if (!fault.empty()) {
@@ -134,11 +202,17 @@ void frmParams::cmdInitialize_Click() {
   main_.PopUps().PopUpInForm(QStringLiteral("Program reinitialized"), this);
 }
 
+void frmParams::cmdAskEverythingAgain_Click() {
+  AskEverythingAgain(main_.Outside().store);
+  cmdAskEverythingAgain->setEnabled(false);
+  lblState->setText(QStringLiteral("Every question will be asked again."));
+}
+
 void frmParams::cmdSaveState_Click() {
   main_.SaveStateFile(this);
 }
 
-void frmParams::cmdSaveLoadState_Click(int index) {
+void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   const bool load = index == 0;
   const Desktop& outside = main_.Outside();
   const FileChoice choice{
@@ -151,31 +225,41 @@ void frmParams::cmdSaveLoadState_Click(int index) {
       load ? outside.dialogs.ChooseFileToOpen(choice) : outside.dialogs.ChooseFileToSave(choice);
   if (!chosen || chosen->empty()) return;
   const std::filesystem::path path = PathFromText(*chosen);
-  const std::string shown = PathToText(path);
-
-  if (load) {
-    LoadSettings(path);
-  } else if (const std::string fault = main_.SaveStateTo(path); fault.empty()) {
-    lblState->setText(ToQt("Settings saved to " + shown));
-  } else {
-    lblState->setText(ToQt("Error saving to " + shown));
-    outside.messages.Show({.text = fault, .title = "Save settngs", .icon = Icon::Exclamation});
+  const QString shown = ToQt(PathToText(path));
+  const bool done = load ? LoadSettings(path) : SaveSettings(path);
+  txbStateFile->setText(shown);
+  // A failure has had its message box.
+  if (done && otherWindow != nullptr) {
+    const QString told =
+        load ? QStringLiteral("Settings loaded from\n") : QStringLiteral("Settings saved to\n");
+    main_.PopUps().PopUpInForm(told + shown, otherWindow);
   }
-  txbStateFile->setText(ToQt(shown));
 }
 
-void frmParams::LoadSettings(const std::filesystem::path& path) {
+bool frmParams::SaveSettings(const std::filesystem::path& path) {
+  const std::string fault = main_.SaveStateTo(path);
+  const bool saved = fault.empty();
+  lblState->setText(ToQt((saved ? "Settings saved to " : "Error saving to ") + PathToText(path)));
+  if (!saved) {
+    main_.Outside().messages.Show({.text = fault, .title = "Save settngs", .icon = Icon::Exclamation});
+  }
+  return saved;
+}
+
+bool frmParams::LoadSettings(const std::filesystem::path& path) {
   const RestoreOutcome outcome = main_.RestoreSavedState(path);
+  cmdUndo->Forget();
   if (outcome.Result == kRestored) {
     lblState->setText(ToQt("Settings loaded from " + PathToText(path)));
     CheckAllowedExtraChars();
-    return;
+    return true;
   }
   lblState->setText(ToQt("Error loading from " + PathToText(path)));
   main_.Outside().messages.Show(
       {.text = LoadFailureText(outcome), .title = "Load settings", .icon = Icon::Exclamation});
   main_.Initialize();
   main_.SetWordsToIgnoreNotice();
+  return false;
 }
 
 void frmParams::cmdClose_Click() {

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 #include "app/settings.h"
@@ -42,8 +43,11 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void cmdSetOrClearCheckboxes_Click(int index);
   void cmdInitialize_Click();
   void cmdSaveState_Click();
-  /// 0 loads a settings file, 1 saves one.
-  void cmdSaveLoadState_Click(int index);
+  /// 0 loads a settings file, 1 saves one. What became of it stands in the state label, and for a command of
+  /// another window in a pop-up over that one.
+  void cmdSaveLoadState_Click(int index, QWidget* otherWindow = nullptr);
+  void cmdUndo_Click();
+  void cmdAskEverythingAgain_Click();
   void cmdClose_Click();
   void cmdQuit_Click();
   void chkIgnoreShortWords_Click();
@@ -63,8 +67,10 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void SetPathToCWDs_Eng();
   /// Loads the selected file of a list.
   void AttemptToReadWords(ListKind kind);
-  /// Shows a message for the first fault of the typed words of each list.
+  /// Shows a message for the first fault of the typed words of each list ...
   void CheckAllowedExtraChars();
+  /// ... or of one.
+  void CheckAllowedExtraChars(ListKind kind);
   bool HasWordFiles() const { return !FilesOf(ListKind::WordsToIgnore).Paths().empty(); }
   void ClearWordFiles();
   /// Leaves a list without a loaded file; its files stay listed.
@@ -84,7 +90,13 @@ class frmParams final : public QWidget, public FrmParamsControls {
 
  private:
   void Connect();
-  void LoadSettings(const std::filesystem::path& path);
+  bool LoadSettings(const std::filesystem::path& path);
+  bool SaveSettings(const std::filesystem::path& path);
+  /// Does `change` to many controls at once, tells so and offers to take it back.
+  void ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by);
+  /// Some option is not what it was.
+  void OptionsHaveChanged();
+  void ConnectOptions();
   void ConnectWords();
   void FillLanguages();
   ListKind ShownKind() const;
@@ -93,8 +105,10 @@ class frmParams final : public QWidget, public FrmParamsControls {
   std::optional<WordList>& LoadedOf(ListKind kind) { return loaded_[static_cast<size_t>(kind)]; }
   /// What the box of the extra words holds, as typed.
   std::string TypedOf(ListKind kind) const;
-  /// Shows the list of the kind that is shown, its selection and what is loaded of it.
+  /// Shows the list of the kind that is shown, its selection and what it consists of.
   void ShowWordFiles();
+  void ShowWordsState();
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   /// Whether the user wants `box` to change although that discards the result; otherwise it is put back.
   bool ConfirmsRereading(QCheckBox* box);

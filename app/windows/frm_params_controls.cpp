@@ -6,9 +6,15 @@
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QStackedLayout>
-#include <QVBoxLayout>
+#include <algorithm>
 
+#include "app/windows/eliding_label.h"
 #include "app/windows/frm_main_controls.h"
+#include "app/windows/rule_tips.h"
+#include "app/windows/rules_sample_box.h"
+#include "app/windows/settings_undo.h"
+#include "platform/qt/text.h"
+#include "wordlists/word_file_list.h"
 
 namespace korv {
 namespace {
@@ -45,16 +51,39 @@ void FrmParamsControls::BuildControls(QWidget* window) {
   layout->addWidget(BuildAllowWords(window), 1, 0, 2, 1);
   layout->addWidget(BuildIgnoreWords(window), 1, 1);
   layout->addWidget(BuildPhraseBoundaries(window), 2, 1);
-  layout->addWidget(BuildOptions(window), 3, 0);
-  layout->addWidget(BuildStateFile(window), 3, 1);
+  fraSample = new RulesSampleBox(window);
+  layout->addWidget(fraSample, 3, 0, 1, 2);
+  auto* behaviour = new QHBoxLayout;
+  behaviour->addWidget(BuildOptions(window), 1);
+  behaviour->addWidget(BuildStateFile(window));
+  layout->addLayout(behaviour, 4, 0, 1, 2);
+  layout->addLayout(BuildState(window), 5, 0, 1, 2);
+  layout->addLayout(BuildButtons(window), 6, 0, 1, 2);
 
-  cmdSetOrClearCheckboxes[0] = MakeButton("cmdSetOrClearCheckboxes_0", "Check &all checkboxes", window);
-  cmdSetOrClearCheckboxes[1] = MakeButton("cmdSetOrClearCheckboxes_1", "Cl&ear all checkboxes", window);
-  cmdRestoreDefaults = MakeButton("cmdRestoreDefaults", "Restore &defaults", window);
-  cmdInitialize = MakeButton("cmdInitialize", "Re&initialize", window);
-  cmdSaveState = MakeButton("cmdSaveState", "&Save settings", window);
-  cmdClose = MakeButton("cmdClose", "&Hide settings", window);
-  cmdQuit = MakeButton("cmdQuit", "&Quit", window);
+  layout->setColumnStretch(0, 1);
+  layout->setColumnStretch(1, 1);
+  layout->setRowStretch(0, 1);
+  SetRuleTips(*this);
+  SetTabOrder();
+}
+
+QLayout* FrmParamsControls::BuildState(QWidget* parent) {
+  lblState = Named(new ElidingLabel(parent), "lblState");
+  cmdUndo = new SettingsUndo(parent);
+  auto* state = new QHBoxLayout;
+  state->addWidget(lblState, 1);
+  state->addWidget(cmdUndo);
+  return state;
+}
+
+QLayout* FrmParamsControls::BuildButtons(QWidget* parent) {
+  cmdSetOrClearCheckboxes[0] = MakeButton("cmdSetOrClearCheckboxes_0", "Check &all checkboxes", parent);
+  cmdSetOrClearCheckboxes[1] = MakeButton("cmdSetOrClearCheckboxes_1", "Cl&ear all checkboxes", parent);
+  cmdRestoreDefaults = MakeButton("cmdRestoreDefaults", "Restore &defaults", parent);
+  cmdInitialize = MakeButton("cmdInitialize", "Re&initialize", parent);
+  cmdSaveState = MakeButton("cmdSaveState", "&Save settings", parent);
+  cmdClose = MakeButton("cmdClose", "&Hide settings", parent);
+  cmdQuit = MakeButton("cmdQuit", "&Quit", parent);
   auto* buttons = new QHBoxLayout;
   for (QPushButton* button :
        {cmdSetOrClearCheckboxes[0], cmdSetOrClearCheckboxes[1], cmdRestoreDefaults, cmdInitialize}) {
@@ -62,16 +91,7 @@ void FrmParamsControls::BuildControls(QWidget* window) {
   }
   buttons->addStretch(1);
   for (QPushButton* button : {cmdSaveState, cmdClose, cmdQuit}) buttons->addWidget(button);
-  lblState = MakeLabel("lblState", window);
-  // A long path is cut at the window's edge; it never widens the window.
-  lblState->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  layout->addWidget(lblState, 4, 0, 1, 2);
-  layout->addLayout(buttons, 5, 0, 1, 2);
-
-  layout->setColumnStretch(0, 1);
-  layout->setColumnStretch(1, 1);
-  layout->setRowStretch(0, 1);
-  SetTabOrder();
+  return buttons;
 }
 
 QWidget* FrmParamsControls::BuildIgnoreTheseWords(QWidget* parent) {
@@ -90,18 +110,25 @@ QWidget* FrmParamsControls::BuildIgnoreTheseWords(QWidget* parent) {
   top->addSpacing(12);
   top->addWidget(optCountOnlyWordsAndPhrases);
   top->addStretch(1);
-  top->addWidget(MakeCaption("Ignore common words in:", cboCommonWordsLanguages, frame));
+  lblCommonWordsLanguages = MakeCaption("Ignore common words in:", cboCommonWordsLanguages, frame);
+  top->addWidget(lblCommonWordsLanguages);
   top->addWidget(cboCommonWordsLanguages);
+  // The languages go while the other list is shown; what stands beside them stays where it is.
+  for (QWidget* control : std::initializer_list<QWidget*>{lblCommonWordsLanguages, cboCommonWordsLanguages}) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+  }
   layout->addLayout(top, 0, 0, 1, 3);
 
-  cmdSelectWordsFile = MakeButton("cmdSelectWordsFile", "&Words-to-ignore files (0)", frame);
+  cmdSelectWordsFile = MakeButton("cmdSelectWordsFile", "", frame);
   // Room for the longest caption, so that the list beside it does not move.
-  cmdSelectWordsFile->setMinimumWidth(
-      cmdSelectWordsFile->fontMetrics().horizontalAdvance(QStringLiteral("Words-to-ignore files (99)")) + 28);
+  for (const ListKind kind : {ListKind::CountOnly, ListKind::WordsToIgnore}) {
+    cmdSelectWordsFile->setText(ToQt(FilesButtonCaption(kind, WordFileList::kMostFiles)));
+    cmdSelectWordsFile->setMinimumWidth(
+        std::max(cmdSelectWordsFile->minimumWidth(), cmdSelectWordsFile->sizeHint().width()));
+  }
   cboWordsFile = MakeCombo("cboWordsFile", "Word-list files", frame);
-  cboWordsFile->setPlaceholderText(
-      QStringLiteral("To specify (or add) a file containing words to ignore, click on the button labelled "
-                     "'Words-to-ignore files'."));
   cmdClearWordsFile =
       Described(MakeButton("cmdClearWordsFile", "&Clear", frame), "Clear the list of word-list files");
   layout->addWidget(cmdSelectWordsFile, 1, 0);
@@ -109,8 +136,23 @@ QWidget* FrmParamsControls::BuildIgnoreTheseWords(QWidget* parent) {
   layout->addWidget(cmdClearWordsFile, 1, 2);
 
   lblWordsToIgnoreOrCount = Named(new QLabel(frame), "lblWordsToIgnoreOrCount");
-  lblWordsToIgnoreOrCount->setText(QStringLiteral("E&xtra words to ignore:"));
   lblWordsToIgnoreOrCount->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  // Two lines of the longer caption, so that nothing below moves.
+  lblWordsToIgnoreOrCount->setMinimumHeight(2 * lblWordsToIgnoreOrCount->fontMetrics().lineSpacing());
+  cmdClearWordsToIgnoreOrCount =
+      Described(MakeButton("cmdClearWordsToIgnoreOrCount", "Clea&r", frame), "Clear the extra words");
+  layout->addWidget(lblWordsToIgnoreOrCount, 2, 0);
+  layout->addLayout(BuildWordsBoxes(frame), 2, 1);
+  layout->addWidget(cmdClearWordsToIgnoreOrCount, 2, 2, Qt::AlignTop);
+
+  lblWordsState = Named(new ElidingLabel(frame), "lblWordsState");
+  layout->addWidget(lblWordsState, 3, 1, 1, 2);
+  layout->setColumnStretch(1, 1);
+  layout->setRowStretch(2, 1);
+  return frame;
+}
+
+QLayout* FrmParamsControls::BuildWordsBoxes(QWidget* frame) {
   txbWordsToIgnoreOrCount[0] =
       MakeWordsBox("txbWordsToIgnoreOrCount_0", "Extra words to ignore", "ibid, vide, viz, sans, Ising",
                    "Extra words to ignore (not phrases) may be added here.  Spaces (not commas) should be "
@@ -121,24 +163,12 @@ QWidget* FrmParamsControls::BuildIgnoreTheseWords(QWidget* parent) {
       "Only phrases that hold one of these words, or are one of these phrases, are counted.  Comma "
       "and space should be used to separate them.  A regular expression stands between < and >.",
       frame);
-  lblWordsToIgnoreOrCount->setBuddy(txbWordsToIgnoreOrCount[0]);
-  auto* boxes = new QStackedLayout;
-  boxes->addWidget(txbWordsToIgnoreOrCount[0]);
-  boxes->addWidget(txbWordsToIgnoreOrCount[1]);
-  // Three lines at least; the rest of the window's height goes here.
-  const int lines = 3 * QFontMetrics(WordsFont()).lineSpacing() + 14;
+  wordsBoxes = new QStackedLayout;
+  for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) wordsBoxes->addWidget(box);
+  // Two lines at least; the rest of the window's height goes here.
+  const int lines = 2 * QFontMetrics(WordsFont()).lineSpacing() + 14;
   for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) box->setMinimumHeight(lines);
-  cmdClearWordsToIgnoreOrCount =
-      Described(MakeButton("cmdClearWordsToIgnoreOrCount", "Clea&r", frame), "Clear the extra words");
-  layout->addWidget(lblWordsToIgnoreOrCount, 2, 0);
-  layout->addLayout(boxes, 2, 1);
-  layout->addWidget(cmdClearWordsToIgnoreOrCount, 2, 2, Qt::AlignTop);
-
-  lblWordsState = MakeLabel("lblWordsState", frame);
-  layout->addWidget(lblWordsState, 3, 1, 1, 2);
-  layout->setColumnStretch(1, 1);
-  layout->setRowStretch(2, 1);
-  return frame;
+  return wordsBoxes;
 }
 
 QWidget* FrmParamsControls::BuildAllowWords(QWidget* parent) {
@@ -240,26 +270,29 @@ QWidget* FrmParamsControls::BuildOptions(QWidget* parent) {
   patterns->addStretch(1);
   layout->addLayout(patterns, 0, 0);
   layout->addWidget(chkExtractTextFromDocx, 1, 0);
-  layout->addWidget(chkSaveStateOnQuit, 2, 0);
-  layout->addWidget(chkWarnOnOverwrite, 3, 0);
-  layout->setRowStretch(4, 1);
+  layout->addWidget(chkSaveStateOnQuit, 0, 1);
+  layout->addWidget(chkWarnOnOverwrite, 1, 1);
+  layout->setColumnStretch(0, 1);
+  layout->setHorizontalSpacing(16);
+  layout->setRowStretch(2, 1);
   return frame;
 }
 
 QWidget* FrmParamsControls::BuildStateFile(QWidget* parent) {
-  fraStateFile = MakeGroup("fraStateFile", "Settings file", parent);
+  fraStateFile = MakeGroup("fraStateFile", "Settings file and questions", parent);
   QWidget* frame = fraStateFile;
-  auto* layout = Tight(new QVBoxLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame));
   cmdSaveLoadState[0] = MakeButton("cmdSaveLoadState_0", "&Load settings from file", frame);
   cmdSaveLoadState[1] = MakeButton("cmdSaveLoadState_1", "Save settings &to file", frame);
+  cmdAskEverythingAgain = MakeButton("cmdAskEverythingAgain", "As&k everything again", frame);
+  cmdAskEverythingAgain->setToolTip(
+      QStringLiteral("Asks again every question for which 'Do not ask again' was ticked."));
   txbStateFile = MakeTextBox("txbStateFile", "Settings file", frame);
   txbStateFile->hide();
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(cmdSaveLoadState[0]);
-  buttons->addWidget(cmdSaveLoadState[1]);
-  buttons->addStretch(1);
-  layout->addLayout(buttons);
-  layout->addStretch(1);
+  layout->addWidget(cmdSaveLoadState[0], 0, 0);
+  layout->addWidget(cmdSaveLoadState[1], 0, 1);
+  layout->addWidget(cmdAskEverythingAgain, 1, 0, 1, 2);
+  layout->setRowStretch(2, 1);
   return frame;
 }
 
@@ -315,12 +348,15 @@ void FrmParamsControls::SetTabOrder() {
                                        chkTerminatePhraseAtTab,
                                        chkTerminatePhraseAtPeriod,
                                        chkTerminatePhraseAtEndOfLine,
+                                       fraSample->txbSample,
                                        chkPatternMatchingInWordsToIgnoreFile,
                                        chkExtractTextFromDocx,
                                        chkSaveStateOnQuit,
                                        chkWarnOnOverwrite,
                                        cmdSaveLoadState[0],
                                        cmdSaveLoadState[1],
+                                       cmdAskEverythingAgain,
+                                       cmdUndo,
                                        cmdSetOrClearCheckboxes[0],
                                        cmdSetOrClearCheckboxes[1],
                                        cmdRestoreDefaults,

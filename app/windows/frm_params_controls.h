@@ -8,8 +8,13 @@
 class QFrame;
 class QGroupBox;
 class QPlainTextEdit;
+class QStackedLayout;
 
 namespace korv {
+
+class ElidingLabel;
+class RulesSampleBox;
+class SettingsUndo;
 
 /// The Settings window's controls under their names, and where they stand. Owned by the window.
 struct FrmParamsControls {
@@ -50,6 +55,7 @@ struct FrmParamsControls {
   QGroupBox* fraIgnoreTheseWords = nullptr;
   QRadioButton* optWordsToIgnore = nullptr;             ///< The frame shows the words to ignore ...
   QRadioButton* optCountOnlyWordsAndPhrases = nullptr;  ///< ... or the count-only words and phrases.
+  QLabel* lblCommonWordsLanguages = nullptr;
   QComboBox* cboCommonWordsLanguages = nullptr;
   QComboBox* cboWordsFile = nullptr;
   QPushButton* cmdSelectWordsFile = nullptr;
@@ -57,7 +63,10 @@ struct FrmParamsControls {
   QLabel* lblWordsToIgnoreOrCount = nullptr;
   std::array<QPlainTextEdit*, 2> txbWordsToIgnoreOrCount{};  ///< 0 words to ignore, 1 count-only.
   QPushButton* cmdClearWordsToIgnoreOrCount = nullptr;
-  QLabel* lblWordsState = nullptr;  ///< What is loaded of the list that is shown.
+  QStackedLayout* wordsBoxes = nullptr;   ///< Shows one of the two.
+  ElidingLabel* lblWordsState = nullptr;  ///< What the list that is shown consists of.
+
+  RulesSampleBox* fraSample = nullptr;  ///< What the rules above make of a text.
 
   // Behaviour
   QGroupBox* fraOptions = nullptr;
@@ -69,12 +78,14 @@ struct FrmParamsControls {
   // Settings file
   QGroupBox* fraStateFile = nullptr;
   std::array<QPushButton*, 2> cmdSaveLoadState{};  ///< 0 loads, 1 saves.
-  QLabel* lblState = nullptr;         ///< What was loaded or saved last: settings, or a list of words.
-  QLineEdit* txbStateFile = nullptr;  ///< Never shown; the path of the settings file used last.
+  ElidingLabel* lblState = nullptr;                ///< What was done last: to settings, or a list of words.
+  QLineEdit* txbStateFile = nullptr;               ///< Never shown; the path of the settings file used last.
 
   // Buttons
   QPushButton* cmdRestoreDefaults = nullptr;
   QPushButton* cmdInitialize = nullptr;
+  SettingsUndo* cmdUndo = nullptr;  ///< Takes back the defaults, or the checkboxes all checked or cleared.
+  QPushButton* cmdAskEverythingAgain = nullptr;
   std::array<QPushButton*, 2> cmdSetOrClearCheckboxes{};  ///< 0 checks all, 1 clears all.
   QPushButton* cmdSaveState = nullptr;
   QPushButton* cmdClose = nullptr;
@@ -95,6 +106,9 @@ struct FrmParamsControls {
   QWidget* BuildPhraseBoundaries(QWidget* parent);
   QWidget* BuildOptions(QWidget* parent);
   QWidget* BuildStateFile(QWidget* parent);
+  QLayout* BuildWordsBoxes(QWidget* frame);
+  QLayout* BuildState(QWidget* parent);
+  QLayout* BuildButtons(QWidget* parent);
   void SetTabOrder();
 };
 

@@ -4,10 +4,13 @@
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QStackedLayout>
+#include <initializer_list>
 
+#include "app/windows/eliding_label.h"
 #include "app/windows/frm_load_remove.h"
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
+#include "platform/qt/silenced_questions.h"
 #include "platform/qt/text.h"
 #include "wordlists/common_words.h"
 #include "wordlists/gather_lists.h"
@@ -45,15 +48,19 @@ void frmParams::ConnectWords() {
           main_.Guarded("cboCommonWordsLanguages_Click", [this] { cboCommonWordsLanguages_Click(); }));
   for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) {
     box->installEventFilter(this);
-    connect(box, &QPlainTextEdit::textChanged, this, [this] { EnableClearButtons(); });
+    connect(box, &QPlainTextEdit::textChanged, this, [this] {
+      EnableClearButtons();
+      ShowWordsState();
+    });
   }
 }
 
 bool frmParams::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut &&
       (watched == txbWordsToIgnoreOrCount[0] || watched == txbWordsToIgnoreOrCount[1])) {
-    main_.Guarded("txbWordsToIgnoreOrCount_LostFocus", [this] {
-      CheckAllowedExtraChars();
+    main_.Guarded("txbWordsToIgnoreOrCount_LostFocus", [this, watched] {
+      CheckAllowedExtraChars(watched == txbWordsToIgnoreOrCount[0] ? ListKind::WordsToIgnore
+                                                                   : ListKind::CountOnly);
       main_.SetWordsToIgnoreNotice();
     })();
   }
@@ -66,12 +73,22 @@ ListKind frmParams::ShownKind() const {
 
 void frmParams::optListKind_Click() {
   const bool countOnly = ShownKind() == ListKind::CountOnly;
-  txbWordsToIgnoreOrCount[0]->setVisible(!countOnly);
-  txbWordsToIgnoreOrCount[1]->setVisible(countOnly);
-  lblWordsToIgnoreOrCount->setText(countOnly ? QStringLiteral("Count-only words\nand phrases (&x):")
-                                             : QStringLiteral("E&xtra words to ignore:"));
+  wordsBoxes->setCurrentIndex(countOnly ? 1 : 0);
   lblWordsToIgnoreOrCount->setBuddy(txbWordsToIgnoreOrCount[countOnly ? 1 : 0]);
-  cboCommonWordsLanguages->setEnabled(!countOnly);
+  lblWordsToIgnoreOrCount->setText(countOnly ? QStringLiteral("E&xtra count-only words\nand phrases:")
+                                             : QStringLiteral("E&xtra words to ignore:"));
+  cboWordsFile->setPlaceholderText(ToQt(FilesListHint(ShownKind())));
+  const QString files = ToQt(NameOfMany(ShownKind())) + QStringLiteral(" files");
+  cboWordsFile->setAccessibleName(files);
+  cmdSelectWordsFile->setToolTip(QStringLiteral("Add a file to the list of %1 and load it").arg(files));
+  cmdClearWordsFile->setToolTip(QStringLiteral("Clear the list of %1").arg(files));
+  cmdClearWordsToIgnoreOrCount->setToolTip(
+      countOnly ? QStringLiteral("Clear the extra count-only words and phrases")
+                : QStringLiteral("Clear the extra words to ignore"));
+  // Common words are words to ignore.
+  for (QWidget* control : std::initializer_list<QWidget*>{lblCommonWordsLanguages, cboCommonWordsLanguages}) {
+    control->setVisible(!countOnly);
+  }
   ShowWordFiles();
 }
 
@@ -127,7 +144,10 @@ void frmParams::ClearWordFiles() {
 
 void frmParams::ForgetLoadedWords(ListKind kind) {
   LoadedOf(kind).reset();
-  loadedLabels_[static_cast<size_t>(kind)].clear();
+  // What was told of them is no longer so.
+  std::string& told = loadedLabels_[static_cast<size_t>(kind)];
+  if (FromQt(lblState->text()) == told) lblState->setText({});
+  told.clear();
   ShowWordFiles();
   main_.SetWordsToIgnoreNotice();
 }
@@ -138,7 +158,7 @@ void frmParams::ShowWordFiles() {
   cboWordsFile->clear();
   for (const std::string& path : files.Paths()) cboWordsFile->addItem(ToQt(path));
   cboWordsFile->setCurrentIndex(files.Selected());
-  lblWordsState->setText(ToQt(loadedLabels_[static_cast<size_t>(ShownKind())]));
+  ShowWordsState();
   ShowWordFilesState();
   EnableClearButtons();
 }
@@ -148,7 +168,16 @@ void frmParams::ShowWordFilesState() {
   QString caption = ToQt(FilesButtonCaption(ShownKind(), files.Paths().size()));
   caption.insert(caption.indexOf(QLatin1String("ords")) - 1, u'&');
   cmdSelectWordsFile->setText(caption);
-  cboWordsFile->setToolTip(ToQt(files.SelectedPath()));
+  cboWordsFile->setToolTip(files.Selected() < 0 ? cboWordsFile->placeholderText()
+                                                : ToQt(files.SelectedPath()));
+}
+
+void frmParams::ShowWordsState() {
+  const std::optional<WordList>& loaded = LoadedOf(ShownKind());
+  const std::string file =
+      loaded && !loaded->Words.empty() ? PathToText(loaded->Path.filename()) : std::string();
+  lblWordsState->setText(
+      ToQt(ListStateLabel(ShownKind(), file, SplitTypedEntries(ShownKind(), TypedOf(ShownKind())).size())));
 }
 
 void frmParams::EnableClearButtons() {
@@ -156,6 +185,7 @@ void frmParams::EnableClearButtons() {
   cmdClearWordsToIgnoreOrCount->setEnabled(!txbWordsToIgnoreOrCount[kind]->document()->isEmpty());
   cboWordsFile->setEnabled(cboWordsFile->count() > 0);
   cmdClearWordsFile->setEnabled(cboWordsFile->count() > 0);
+  cmdAskEverythingAgain->setEnabled(AnySilenced(main_.Outside().store));
 }
 
 void frmParams::GatherWordFiles(Settings& settings) const {
@@ -216,12 +246,11 @@ std::string frmParams::TypedOf(ListKind kind) const {
 }
 
 void frmParams::CheckAllowedExtraChars() {
-  WordRules rules = main_.GatherSettings().Words;
-  SetAllowedExtraChars(rules);
-  SetAllowedExtraChars2(rules);
-  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
-    korv::CheckAllowedExtraChars(kind, TypedOf(kind), rules, main_.Outside().messages);
-  }
+  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) CheckAllowedExtraChars(kind);
+}
+
+void frmParams::CheckAllowedExtraChars(ListKind kind) {
+  korv::CheckAllowedExtraChars(kind, TypedOf(kind), main_.GatherSettings().Words, main_.Outside().messages);
 }
 
 void frmParams::ClearExtraWords() {

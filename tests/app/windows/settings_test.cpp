@@ -1,8 +1,12 @@
 // The Settings window: defaults, its buttons, confirming changes, and settings files.
 
+#include <QAction>
+#include <functional>
 #include <sstream>
 
+#include "app/rules_sample.h"
 #include "app/windows/frm_popup.h"
+#include "platform/qt/silenced_questions.h"
 #include "tests/app/windows/window_test.h"
 
 namespace korv {
@@ -117,7 +121,7 @@ TEST_F(SettingsWindow, ReinitializesTheProgram) {
   for (const char* label : labels) EXPECT_EQ(TextOf(label), " ") << label;
   EXPECT_FALSE(Checked("chkSortByNumberOfFiles"));
   EXPECT_FALSE(Enabled("cmdClear"));
-  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(testing::StartsWith("Reinitialize | ")));
   const std::string saved = ReadFile(StatePath());
   Click("cmdSaveState");
   EXPECT_EQ(ReadFile(StatePath()), saved);
@@ -128,7 +132,8 @@ TEST_F(SettingsWindow, TellsThatItReinitializedAlthoughTheStateCannotBeSaved) {
   Type("txbFile_0", "a \"quoted\" name.txt");
   Click("cmdInitialize");
   EXPECT_THAT(WindowTest::Shown(),
-              ElementsAre(testing::StartsWith("Save state | Error when attempting to save state: ")));
+              ElementsAre(testing::StartsWith("Reinitialize | "),
+                          testing::StartsWith("Save state | Error when attempting to save state: ")));
   EXPECT_EQ(PopUpText(), "Program reinitialized");
 }
 
@@ -137,11 +142,153 @@ TEST_F(SettingsWindow, AsksAboutTheWordFilesWhenItReinitializes) {
   Click("cmdSelectWordsFile");
   messages.WillAnswer(Question::ClearWordFiles, Answer::No);
   Click("cmdInitialize");
-  EXPECT_THAT(WindowTest::Shown(), ElementsAre(" | Do you wish to clear all words-to-ignore files?"));
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(testing::StartsWith("Reinitialize | "),
+                                               " | Do you wish to clear all words-to-ignore files?"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
   messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
   Click("cmdInitialize");
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
+}
+
+TEST_F(SettingsWindow, AsksBeforeItReinitializes) {
+  Click("cmdSetOrClearCheckboxes_0");
+  messages.WillAnswer(Question::Reinitialize, Answer::No);
+  Click("cmdInitialize");
+  const Message question = messages.Only();
+  EXPECT_EQ(question.title, "Reinitialize");
+  EXPECT_EQ(
+      question.text,
+      "This sets every option to its default, clears the extra words to ignore, the file patterns and\r\n"
+      "the filter words, and saves all that.  Do you wish to go on?");
+  EXPECT_EQ(question.buttons, Buttons::YesNo);
+  EXPECT_EQ(question.defaultAnswer, Answer::Yes);
+  EXPECT_TRUE(question.mayBeSilenced);
+  EXPECT_EQ(question.silencedAnswer, Answer::Yes) << "it was told to reinitialize";
+  for (const char* box : kBoxes) EXPECT_TRUE(Checked(box)) << box;
+  EXPECT_EQ(PopUpText(), "");
+  EXPECT_FALSE(std::filesystem::exists(StatePath()));
+}
+
+TEST_F(SettingsWindow, AsksEverythingAgainWhereSomethingWasSilenced) {
+  main->Params().show();
+  EXPECT_FALSE(Enabled("cmdAskEverythingAgain"));
+  Silence(*store, Question::KeepFilter, Answer::Yes);
+  main->Timer1_Timer();
+  EXPECT_TRUE(Enabled("cmdAskEverythingAgain"));
+  Click("cmdAskEverythingAgain");
+  EXPECT_FALSE(AnySilenced(*store));
+  EXPECT_FALSE(Enabled("cmdAskEverythingAgain"));
+  EXPECT_EQ(TextOf("lblState"), "Every question will be asked again.");
+  EXPECT_EQ(TipOf("cmdAskEverythingAgain"),
+            "Asks again every question for which 'Do not ask again' was ticked.");
+}
+
+// ---- Taking back
+
+TEST_F(SettingsWindow, TakesBackWhatItChangedAtOnce) {
+  main->Params().show();
+  const auto oddly = [this] {
+    for (size_t i = 0; i < kBoxes.size(); ++i) Find<QCheckBox>(kBoxes[i])->setChecked(i % 3 == 0);
+    Choose("cboShortWordSize", 7);
+    Choose("cboLongWordSize", 6);
+    Click("optFolder");
+  };
+  const std::pair<const char*, const char*> buttons[] = {
+      {"cmdSetOrClearCheckboxes_0", "All checkboxes checked."},
+      {"cmdSetOrClearCheckboxes_1", "All checkboxes cleared."},
+      {"cmdRestoreDefaults", "Defaults restored."}};
+  EXPECT_FALSE(Shown("cmdUndo"));
+  for (const auto& [button, told] : buttons) {
+    oddly();
+    Click(button);
+    EXPECT_EQ(TextOf("lblState"), told);
+    EXPECT_TRUE(Shown("cmdUndo")) << button;
+    Type("txbFile_0", button);
+    Click("cmdUndo");
+    for (size_t i = 0; i < kBoxes.size(); ++i) EXPECT_EQ(Checked(kBoxes[i]), i % 3 == 0) << kBoxes[i];
+    EXPECT_EQ(ItemOf("cboShortWordSize"), 7);
+    EXPECT_EQ(ItemOf("cboLongWordSize"), 6);
+    EXPECT_TRUE(Checked("optFolder"));
+    EXPECT_EQ(TextOf("txbFile_0"), button) << "typed since then";
+    EXPECT_FALSE(Shown("cmdUndo")) << button;
+    EXPECT_EQ(TextOf("lblState"), "Everything is as it was before.");
+  }
+}
+
+TEST_F(SettingsWindow, TakesBackNothingOnceSomethingElseHasChanged) {
+  main->Params().show();
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_1");
+  const std::pair<const char*, std::function<void()>> changes[] = {
+      {"a checkbox", [this] { Click("chkWarnOnOverwrite"); }},
+      {"a size", [this] { Choose("cboLongWordSize", 0); }},
+      {"the source", [this] { Click("optOnClipboard"); }},
+      {"loaded settings",
+       [this] {
+         dialogs.WillChoose(PathOf("mine.korv"));
+         Click("cmdSaveLoadState_0");
+       }},
+      {"reinitializing", [this] { Click("cmdInitialize"); }},
+  };
+  for (const auto& [name, change] : changes) {
+    Click("cmdSetOrClearCheckboxes_1");
+    Click("cmdSetOrClearCheckboxes_0");
+    EXPECT_TRUE(Shown("cmdUndo")) << name;
+    change();
+    EXPECT_FALSE(Shown("cmdUndo")) << name;
+  }
+  Click("cmdRestoreDefaults");
+  Click("cmdRestoreDefaults");
+  EXPECT_FALSE(Shown("cmdUndo")) << "nothing was changed";
+}
+
+// ---- What the rules do
+
+TEST_F(SettingsWindow, ShowsLiveWhatTheRulesMakeOfASample) {
+  main->Params().show();
+  EXPECT_EQ(TextOf("txbSample"), RulesSample());
+  for (const char* box : kBoxes) {
+    Click(box);
+    EXPECT_EQ(TextOf("lblSampleWords"), WordsOfSample(RulesSample(), main->GatherSettings().Words)) << box;
+  }
+  Click("cmdRestoreDefaults");
+  Find<QLineEdit>("txbSample")->setText(QStringLiteral("don't stop-loss 3D"));
+  EXPECT_EQ(TextOf("lblSampleWords"), "don | stop-loss");
+  Check("chkAllowWordsWithApostrophes");
+  EXPECT_EQ(TextOf("lblSampleWords"), "don't | stop-loss");
+  Choose("cboShortWordSize", 4);
+  EXPECT_EQ(TextOf("lblSampleWords"), "stop-loss");
+  Choose("cboShortWordSize", 18);
+  EXPECT_EQ(TextOf("lblSampleWords"), "No word of this text would be counted.");
+}
+
+TEST_F(SettingsWindow, ExplainsEveryWordRuleByAnExample) {
+  const std::set<std::string> behaviour = {"chkExtractTextFromDocx", "chkSaveStateOnQuit",
+                                           "chkWarnOnOverwrite"};
+  for (const char* box : kBoxes) {
+    if (behaviour.contains(box)) continue;
+    EXPECT_THAT(TipOf(box), HasSubstr("\nExample: ")) << box;
+    EXPECT_THAT(TipOf(box), HasSubstr("\nchecked: ")) << box;
+    EXPECT_THAT(TipOf(box), HasSubstr("\nunchecked: ")) << box;
+    const std::string tip = TipOf(box);
+    const size_t on = tip.find("\nchecked: ");
+    const size_t off = tip.find("\nunchecked: ");
+    EXPECT_NE(tip.substr(on + 10, off - on - 10), tip.substr(off + 12)) << box;
+  }
+  EXPECT_EQ(
+      TipOf("chkAllowWordsWithHyphens"),
+      "A hyphen may stand within a word.\nExample: stop-loss\nchecked: stop-loss\nunchecked: stop | loss");
+  EXPECT_EQ(TipOf("cboShortWordSize"), TipOf("chkIgnoreShortWords"));
+  // What the list of long words says of its examples.
+  EXPECT_THAT(TipOf("cboLongWordSize"), HasSubstr("internationalization has 20 letters"));
+  EXPECT_THAT(TipOf("cboLongWordSize"),
+              HasSubstr("antidisestablishmentarianism has 28 and is counted from 30 on"));
+  WordRules rules;
+  rules.LongWordSize = 20;
+  EXPECT_EQ(WordsOfSample("internationalization antidisestablishmentarianism", rules),
+            "internationalization");
+  rules.LongWordSize = 30;
+  EXPECT_EQ(WordsOfSample("antidisestablishmentarianism", rules), "antidisestablishmentarianism");
 }
 
 TEST_F(SettingsWindow, EnablesTheShortSizeOnlyWithItsRule) {
@@ -299,7 +446,7 @@ TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
   EXPECT_TRUE(Checked("chkSortByNumberOfFiles"));
   EXPECT_TRUE(Checked("chkDisplayRelativeFrequency"));
   EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
-  EXPECT_EQ(TextOf("lblWordsState"), "2 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "2 words-to-ignore loaded");
   EXPECT_EQ(ItemOf("cboPhraseLength_0"), 1);
   EXPECT_EQ(ItemOf("cboPhraseLength_1"), 23);
   EXPECT_EQ(ItemOf("cboMinimumFrequency"), 19);
@@ -469,6 +616,42 @@ TEST_F(SettingsWindow, SavesAndLoadsSettingsUnderAName) {
   EXPECT_EQ(ReadFile(StatePath()), saved);
 }
 
+QAction* CommandOf(const frmMain& main, const char* caption) {
+  for (QAction* action : main.findChildren<QAction*>()) {
+    if (WithoutMnemonic(action->text()) == QLatin1String(caption)) return action;
+  }
+  ADD_FAILURE() << caption;
+  return nullptr;
+}
+
+TEST_F(SettingsWindow, TellsOverTheMainWindowWhatCommandsOfItsMenuSavedAndLoaded) {
+  const std::pair<const char*, const char*> commands[] = {
+      {"Save settings to file...", "Settings saved to"},
+      {"Load settings from file...", "Settings loaded from"}};
+  for (const auto& [caption, told] : commands) {
+    dialogs.WillChoose(PathOf("mine.korv"));
+    CommandOf(*main, caption)->trigger();
+    EXPECT_EQ(PopUpText(), std::string(told) + "\n" + PathOf("mine.korv"));
+    EXPECT_EQ(TextOf("lblState"), std::string(told) + " " + PathOf("mine.korv"));
+    main->findChild<frmPopUp*>()->hide();
+  }
+  dialogs.WillChoose(PathOf("no/mine.korv"));
+  CommandOf(*main, commands[0].first)->trigger();
+  EXPECT_EQ(PopUpText(), "") << "the message box has told";
+  Click("cmdSaveLoadState_0");
+  EXPECT_EQ(PopUpText(), "") << "the window itself tells";
+}
+
+TEST_F(SettingsWindow, TellsOfEachInvalidPatternOfAFileOnce) {
+  Find<QLineEdit>("txbFileFilepathSpecifications_0")->setText(QStringLiteral("a;b"));
+  Find<QLineEdit>("txbFileFilepathSpecifications_1")->setText(QStringLiteral("c*d"));
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_1");
+  dialogs.WillChoose(PathOf("mine.korv"));
+  Click("cmdSaveLoadState_0");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("a;b"), HasSubstr("c*d")));
+}
+
 TEST_F(SettingsWindow, ShowsWhereSettingsCouldNotBeSaved) {
   dialogs.WillChoose(PathOf("nowhere/mine.korv"));
   Click("cmdSaveLoadState_1");
@@ -489,7 +672,7 @@ TEST_F(SettingsWindow, AsksForTheListOfLoadedSettings) {
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre("Load file? | Do you wish to load the words-to-ignore file\r\n" +
                           PathOf("list.txt") + " ?"));
-  EXPECT_EQ(TextOf("lblWordsState"), "");
+  EXPECT_EQ(TextOf("lblWordsState"), "The list is empty: no word is ignored.");
 }
 
 TEST_F(SettingsWindow, AsksForNoListWhenTheFileEndsEarlyBehindIt) {

@@ -75,7 +75,7 @@ TEST_F(StartUp, OffersTheCommonWordsOfEnglishAndLoadsThem) {
                                    "Do you wish to ignore the most common words of English?"));
   EXPECT_EQ(ItemOf("cboCommonWordsLanguages"), 0);
   EXPECT_THAT(TextOf("cboWordsFile"), testing::EndsWith("cwds_en.txt"));
-  EXPECT_THAT(TextOf("lblWordsState"), testing::EndsWith(" words-to-ignore loaded"));
+  EXPECT_THAT(TextOf("lblState"), testing::EndsWith(" words-to-ignore loaded"));
   EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"),
             "This operation uses the words-to-ignore specifications in the 'Settings' window.");
 }

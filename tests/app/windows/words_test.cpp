@@ -53,7 +53,7 @@ TEST_F(Words, AreLoadedFromAFileThatIsAddedToTheList) {
   EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
   EXPECT_EQ(TipOf("cboWordsFile"), PathOf("list.txt"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
-  EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblWordsState"), "In the list: list.txt");
   EXPECT_EQ(TextOf("lblState"), "3 words-to-ignore loaded");
   EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"),
             "This operation uses the words-to-ignore specifications in the 'Settings' window.");
@@ -63,9 +63,10 @@ TEST_F(Words, AreLoadedFromAFileThatIsAddedToTheList) {
 
 TEST_F(Words, OfAnEmptyFileAreNone) {
   AddFile("list.txt", "\n   \n\n");
-  EXPECT_EQ(TextOf("lblWordsState"), "0 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "0 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblWordsState"), "The list is empty: no word is ignored.");
   AddFile("one.txt", "whereas");
-  EXPECT_EQ(TextOf("lblWordsState"), "One word-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "One word-to-ignore loaded");
 }
 
 TEST_F(Words, AreNotListedTwice) {
@@ -95,7 +96,7 @@ TEST_F(Words, OfAListedFileAreLoadedAgainOrRemoved) {
   WriteFile("a.txt", "the of an");
   WillDo("optLoad");
   Choose("cboWordsFile", Find<QComboBox>("cboWordsFile")->findText(QString::fromStdString(PathOf("a.txt"))));
-  EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "3 words-to-ignore loaded");
 
   WillDo("optCancel");
   Choose("cboWordsFile", 0);
@@ -115,7 +116,7 @@ TEST_F(Words, StayInForceWhenTheFileToLoadIsGone) {
   WillDo("optLoad");
   Choose("cboWordsFile", 0);
   EXPECT_THAT(WindowTest::Shown(), ElementsAre("File not found | File for words-to-ignore not found."));
-  EXPECT_EQ(TextOf("lblWordsState"), "2 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblWordsState"), "In the list: a.txt");
 }
 
 TEST_F(Words, AreForgottenWhenTheListIsCleared) {
@@ -125,10 +126,11 @@ TEST_F(Words, AreForgottenWhenTheListIsCleared) {
   Click("cmdClearWordsFile");
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre("Clear words-to-ignore files | Do you wish to remove ALL files from this list?"));
-  EXPECT_EQ(TextOf("lblWordsState"), "2 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "2 words-to-ignore loaded");
   messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
   Click("cmdClearWordsFile");
-  EXPECT_EQ(TextOf("lblWordsState"), "");
+  EXPECT_EQ(TextOf("lblState"), "");
+  EXPECT_EQ(TextOf("lblWordsState"), "The list is empty: no word is ignored.");
   EXPECT_EQ(TextOf("lblWordsToIgnoreNotice"), "No words-to-ignore are specified in the 'Settings' window.");
   EXPECT_FALSE(Enabled("cboWordsFile"));
 }
@@ -142,7 +144,7 @@ TEST_F(Words, OfALanguageAreLoadedOnRequest) {
   messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
   Choose("cboCommonWordsLanguages", 1);
   EXPECT_THAT(TextOf("cboWordsFile"), EndsWith("cwds_de.txt"));
-  EXPECT_THAT(TextOf("lblWordsState"), EndsWith(" words-to-ignore loaded"));
+  EXPECT_THAT(TextOf("lblState"), EndsWith(" words-to-ignore loaded"));
   messages.Forget();
   Choose("cboCommonWordsLanguages", 7);
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
@@ -192,19 +194,75 @@ TEST_F(Words, TypedByTheUserAreIgnoredWithoutAnyFile) {
 TEST_F(Words, ToCountAreEditedInTheSameFrame) {
   Type("txbWordsToIgnoreOrCount_0", "ibid");
   Click("optCountOnlyWordsAndPhrases");
-  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Count-only words files (0)");
-  EXPECT_FALSE(Enabled("cboCommonWordsLanguages"));
   AddFile("only.txt", "whale\nold man");
   EXPECT_EQ(dialogs.opened.back().title, "Specify a file containing count-only words/phrases");
-  EXPECT_EQ(TextOf("lblWordsState"), "2 count-only words loaded");
+  EXPECT_EQ(TextOf("lblState"), "2 count-only words loaded");
   Type("txbWordsToIgnoreOrCount_1", "sea,ship");
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre(HasSubstr(
                   "Count-only words and phrases must be separated by comma+space, not just by comma.")));
   Click("optWordsToIgnore");
-  EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
   EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "ibid");
-  EXPECT_TRUE(Enabled("cboCommonWordsLanguages"));
+}
+
+TEST_F(Words, AreSpokenOfAsThoseOfTheListThatIsShown) {
+  main->Params().show();
+  struct Texts {
+    const char* option;
+    const char* box;
+    const char* files;
+    const char* label;
+    const char* hint;
+    const char* state;
+    const char* sample;
+    bool languages;
+  };
+  const Texts lists[] = {
+      {"optCountOnlyWordsAndPhrases", "txbWordsToIgnoreOrCount_1", "Count-only words files (0)",
+       "Extra count-only words\nand phrases:",
+       "To specify (or add) a file containing count-only words/phrases, click on the button labelled "
+       "'Count-only words files'.",
+       "The list is empty: every phrase is counted.", "white whale, harpoon~, <s[aeiou]+l>", false},
+      {"optWordsToIgnore", "txbWordsToIgnoreOrCount_0", "Words-to-ignore files (0)", "Extra words to ignore:",
+       "To specify (or add) a file containing words to ignore, click on the button labelled "
+       "'Words-to-ignore files'.",
+       "The list is empty: no word is ignored.", "ibid, vide, viz, sans, Ising", true},
+  };
+  for (const Texts& list : lists) {
+    Click(list.option);
+    EXPECT_EQ(TextOf("cmdSelectWordsFile"), list.files);
+    EXPECT_EQ(WithoutMnemonic(Find<QLabel>("lblWordsToIgnoreOrCount")->text()).toStdString(), list.label);
+    EXPECT_EQ(Find<QLabel>("lblWordsToIgnoreOrCount")->buddy(), Find<QWidget>(list.box));
+    EXPECT_EQ(Find<QComboBox>("cboWordsFile")->placeholderText().toStdString(), list.hint);
+    EXPECT_EQ(TipOf("cboWordsFile"), list.hint);
+    EXPECT_EQ(TextOf("lblWordsState"), list.state);
+    EXPECT_EQ(Find<QPlainTextEdit>(list.box)->placeholderText().toStdString(), list.sample);
+    EXPECT_TRUE(Shown(list.box));
+    EXPECT_EQ(Shown("cboCommonWordsLanguages"), list.languages);
+    const std::string many = list.languages ? "words-to-ignore" : "count-only words";
+    EXPECT_EQ(Find<QWidget>("cboWordsFile")->accessibleName().toStdString(), many + " files");
+    EXPECT_EQ(TipOf("cmdSelectWordsFile"), "Add a file to the list of " + many + " files and load it");
+    EXPECT_EQ(TipOf("cmdClearWordsFile"), "Clear the list of " + many + " files");
+    EXPECT_EQ(TipOf("cmdClearWordsToIgnoreOrCount"), list.languages
+                                                         ? "Clear the extra words to ignore"
+                                                         : "Clear the extra count-only words and phrases");
+  }
+}
+
+TEST_F(Words, AreNamedWithTheirFileAndHowManyWereTyped) {
+  Type("txbWordsToIgnoreOrCount_0", "ibid vide");
+  EXPECT_EQ(TextOf("lblWordsState"), "In the list: 2 extra words");
+  AddFile("list.txt", "the of");
+  EXPECT_EQ(TextOf("lblWordsState"), "In the list: list.txt and 2 extra words");
+  Click("cmdClearWordsToIgnoreOrCount");
+  EXPECT_EQ(TextOf("lblWordsState"), "In the list: list.txt");
+}
+
+TEST_F(Words, OfOneListAreCheckedWhenItsBoxIsLeft) {
+  Type("txbWordsToIgnoreOrCount_0", "a#b");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("'#' occurs in some extra word-to-ignore")));
+  Type("txbWordsToIgnoreOrCount_1", "c%d");
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("'%' occurs in some extra count-only word")));
 }
 
 TEST_F(Words, ToCountRestrictTheCount) {
@@ -229,12 +287,12 @@ TEST_F(Words, ToIgnoreAreLoadedAndForgottenWhileThoseToCountAreShown) {
   Click("optCountOnlyWordsAndPhrases");
   AddFile("only.txt", "whale\nold man");
   const std::tuple<const char*, Answer, const char*> loads[] = {
-      {"with.korv", Answer::No, ""},
-      {"with.korv", Answer::Yes, "3 words-to-ignore loaded"},
-      {"without.korv", Answer::Yes, ""},
+      {"with.korv", Answer::No, "The list is empty: no word is ignored."},
+      {"with.korv", Answer::Yes, "In the list: ignored.txt"},
+      {"without.korv", Answer::Yes, "The list is empty: no word is ignored."},
   };
   const auto expectStates = [this](const std::string& toIgnore, const std::string& file) {
-    EXPECT_EQ(TextOf("lblWordsState"), "2 count-only words loaded") << file;
+    EXPECT_EQ(TextOf("lblWordsState"), "In the list: only.txt") << file;
     EXPECT_EQ(TextOf("cboWordsFile"), PathOf("only.txt")) << file;
     Click("optWordsToIgnore");
     EXPECT_EQ(TextOf("lblWordsState"), toIgnore) << file;
@@ -253,7 +311,7 @@ TEST_F(Words, ToIgnoreAreLoadedAndForgottenWhileThoseToCountAreShown) {
   Click("optWordsToIgnore");
   EXPECT_THAT(TextOf("cboWordsFile"), EndsWith("cwds_de.txt"));
   const std::string german = TextOf("lblWordsState");
-  EXPECT_THAT(german, EndsWith(" words-to-ignore loaded"));
+  EXPECT_THAT(german, EndsWith("cwds_de.txt"));
   Click("optCountOnlyWordsAndPhrases");
   expectStates(german, "German");
 }
@@ -330,7 +388,7 @@ TEST_F(Words, OfMacintoshFilesAreRemarkedOnOnce) {
   EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("This is a Mac-style text file | ")));
   AddFile("second.txt", "but\rnor\ryet\r");
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
-  EXPECT_EQ(TextOf("lblWordsState"), "3 words-to-ignore loaded");
+  EXPECT_EQ(TextOf("lblState"), "3 words-to-ignore loaded");
 }
 
 }  // namespace
