@@ -8,21 +8,22 @@ namespace korv {
 
 Acceptance::Acceptance(const PhraseTableData& data, Yielder& yielder, bool& stopped)
     : data_(data),
-      excludeAll_(data.Options.IgnoreMode == IgnoreRule::ExcludeAll && data.Lists->HasWordsToIgnore()),
-      countOnly_(data.Lists->HasCountOnly()),
-      byPhrase_(data.Lists->HasCountOnlyPhrases()) {
+      excludeAll_(data.Corpus.Options.IgnoreMode == IgnoreRule::ExcludeAll &&
+                  data.Corpus.Lists->HasWordsToIgnore()),
+      countOnly_(data.Corpus.Lists->HasCountOnly()),
+      byPhrase_(data.Corpus.Lists->HasCountOnlyPhrases()) {
   stopped = false;
   if (AcceptsAll()) return;
-  const uint32_t words = data.Words.Size();
+  const uint32_t words = data.Corpus.Words.Size();
   marks_.resize(words + 1);
   constexpr uint32_t kTask = 256;
   stopped = !RunTasks((words + kTask - 1) / kTask, words <= kTask, yielder, [&](size_t task, size_t) {
     const auto first = static_cast<WordNumber>(task * kTask + 1);
     for (WordNumber w = first; w <= std::min(words, first + kTask - 1) && !yielder.Stopped(); ++w) {
-      const std::string_view text = data.Words.Text(w);
+      const std::string_view text = data.Corpus.Words.Text(w);
       uint8_t mark = 0;
-      if (excludeAll_ && data.Lists->IsWordToIgnore(text)) mark |= kIgnored;
-      if (countOnly_ && data.Lists->IsCountOnlyWord(text)) mark |= kCountOnly;
+      if (excludeAll_ && data.Corpus.Lists->IsWordToIgnore(text)) mark |= kIgnored;
+      if (countOnly_ && data.Corpus.Lists->IsCountOnlyWord(text)) mark |= kCountOnly;
       marks_[w] = mark;
     }
   });
@@ -48,12 +49,12 @@ bool Acceptance::Accepts(const WordNumber* first, int words, std::string& scratc
   if (!byPhrase_) return false;
   if (excludeAll_ && std::all_of(first, first + words, [this](WordNumber w) { return IsWordToIgnore(w); }))
     return false;
-  scratch = data_.Words.Text(first[0]);
+  scratch = data_.Corpus.Words.Text(first[0]);
   for (int k = 1; k < words; ++k) {
     scratch += '+';
-    scratch += data_.Words.Text(first[k]);
+    scratch += data_.Corpus.Words.Text(first[k]);
   }
-  return data_.Lists->IsCountOnlyPhrase(scratch);
+  return data_.Corpus.Lists->IsCountOnlyPhrase(scratch);
 }
 
 }  // namespace korv

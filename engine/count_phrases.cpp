@@ -24,20 +24,22 @@ constexpr size_t kTooFewForThreads = 20000;
 constexpr size_t kBlock = size_t{1} << 18;
 
 bool TooFew(const PhraseTableData& data) {
-  return data.Numbers.size() < kTooFewForThreads;
+  return data.Corpus.Tokens.size() < kTooFewForThreads;
 }
 
 /// Renumbers words by rank, so that the order of numbers is the order of Keys, then Texts.
 bool RankText(PhraseTableData& data, Yielder& yielder) {
-  if (!data.Words.Ranked() &&
-      !RunTasks(1, TooFew(data), yielder, [&](size_t, size_t) { data.Words.Rank(data.NewNumbers, yielder); }))
+  if (!data.Corpus.Words.Ranked() && !RunTasks(1, TooFew(data), yielder, [&](size_t, size_t) {
+        data.Corpus.Words.Rank(data.NewNumbers, yielder);
+      }))
     return false;
-  const size_t blocks = (data.Numbers.size() + kBlock - 1) / kBlock;
+  const size_t blocks = (data.Corpus.Tokens.size() + kBlock - 1) / kBlock;
   data.BlockRenumbered.resize(blocks, 0);
   return RunTasks(blocks, TooFew(data), yielder, [&](size_t block, size_t) {
     if (data.BlockRenumbered[block]) return;
-    const size_t end = std::min(data.Numbers.size(), (block + 1) * kBlock);
-    for (size_t i = block * kBlock; i < end; ++i) data.Numbers[i] = data.NewNumbers[data.Numbers[i]];
+    const size_t end = std::min(data.Corpus.Tokens.size(), (block + 1) * kBlock);
+    for (size_t i = block * kBlock; i < end; ++i)
+      data.Corpus.Tokens[i] = data.NewNumbers[data.Corpus.Tokens[i]];
     data.BlockRenumbered[block] = 1;
   });
 }
@@ -45,8 +47,8 @@ bool RankText(PhraseTableData& data, Yielder& yielder) {
 /// Where phrases may start, grouped by their first word.
 struct Starts {
   std::vector<uint8_t> MostWords;     ///< Per number of the text; 0 where no phrase starts.
-  std::vector<uint32_t> Positions;    ///< Places with a phrase that counts, by first word, then ascending.
-  std::vector<uint64_t> BucketEnds;   ///< Per word: end of its places in Positions.
+  std::vector<uint32_t> Places;       ///< Those with a phrase that counts, by first word, then ascending.
+  std::vector<uint64_t> BucketEnds;   ///< Per word: end of its part of Places.
   std::vector<uint64_t> Occurrences;  ///< Per word: phrases that count and start with it.
   uint64_t LongPhrases = 0;           ///< Would count but for their characters; not with entries for phrases.
 };
@@ -58,18 +60,18 @@ class StartFinder {
       : data_(data), accepted_(accepted), starts_(starts) {}
 
   bool Find(Yielder& yielder) {
-    const size_t n = data_.Numbers.size();
-    const uint32_t words = data_.Words.Size();
-    const bool folder = data_.Options.SourceKind == TextSource::Folder;
+    const size_t n = data_.Corpus.Tokens.size();
+    const uint32_t words = data_.Corpus.Words.Size();
+    const bool folder = data_.Corpus.Options.SourceKind == TextSource::Folder;
     starts_.MostWords.assign(n, 0);
     starts_.Occurrences.assign(words + 1, 0);
     std::vector<uint64_t> inBucket(words + 2, 0);
-    std::vector<uint8_t> sourceHasPhrase(data_.Sources.size(), 0);
-    size_t source = data_.Sources.size();
+    std::vector<uint8_t> sourceHasPhrase(data_.Corpus.Sources.size(), 0);
+    size_t source = data_.Corpus.Sources.size();
 
-    const WordNumber* text = data_.Numbers.data();
-    const int minWords = data_.Options.MinWords;
-    const int maxWords = data_.Options.MaxWords;
+    const WordNumber* text = data_.Corpus.Tokens.data();
+    const int minWords = data_.Corpus.Options.MinWords;
+    const int maxWords = data_.Corpus.Options.MaxWords;
     const bool all = accepted_.AcceptsAll();
     const bool excludeAll = accepted_.ExcludesAllIgnored();
     const bool countOnly = accepted_.HasCountOnly();
@@ -83,7 +85,7 @@ class StartFinder {
         yielder.Yield();
         if (yielder.Stopped()) return false;
       }
-      while (source > 0 && data_.Sources[source - 1].Begin > i) --source;
+      while (source > 0 && data_.Corpus.Sources[source - 1].Begin > i) --source;
       const WordNumber word = text[i];
       if (word == kNoWord) {
         end = noWord = i;
@@ -92,9 +94,9 @@ class StartFinder {
         untilCountOnly = kMostWords;
         continue;
       }
-      characters += data_.Words.Characters(word) + 1;
+      characters += data_.Corpus.Words.Characters(word) + 1;
       while (end - i > static_cast<size_t>(maxWords) || characters - 1 > kMostPhraseCharacters)
-        characters -= data_.Words.Characters(text[--end]) + 1;
+        characters -= data_.Corpus.Words.Characters(text[--end]) + 1;
       const auto most = static_cast<int>(end - i);
       int first = minWords;
       if (!all) {
@@ -119,14 +121,14 @@ class StartFinder {
     }
 
     std::partial_sum(inBucket.begin(), inBucket.end(), inBucket.begin());
-    starts_.Positions.resize(inBucket.back());
+    starts_.Places.resize(inBucket.back());
     for (size_t i = 0; i < n; ++i) {
       if ((i & 4095) == 0) {
         yielder.Yield();
         if (yielder.Stopped()) return false;
       }
       if (starts_.MostWords[i] >= minWords && (all || Counts(text + i, starts_.MostWords[i])))
-        starts_.Positions[inBucket[text[i]]++] = static_cast<uint32_t>(i);
+        starts_.Places[inBucket[text[i]]++] = static_cast<uint32_t>(i);
     }
     starts_.BucketEnds = std::move(inBucket);
     if (!accepted_.ByPhrase()) NumberFiles(sourceHasPhrase);
@@ -135,19 +137,13 @@ class StartFinder {
 
   template <typename Flags>
   void NumberFiles(const Flags& sourceHasPhrase) {
-    if (data_.Options.SourceKind != TextSource::Folder) return;
-    data_.FileNumberOfSource.assign(data_.Sources.size(), 0);
+    if (data_.Corpus.Options.SourceKind != TextSource::Folder) return;
+    data_.FileNumberOfSource.assign(data_.Corpus.Sources.size(), 0);
     data_.FilePaths.clear();
-    for (size_t s = 0; s < data_.Sources.size(); ++s) {
+    for (size_t s = 0; s < data_.Corpus.Sources.size(); ++s) {
       if (!sourceHasPhrase[s]) continue;
-      data_.FilePaths.push_back(data_.Sources[s].Path);
+      data_.FilePaths.push_back(data_.Corpus.Sources[s].Path);
       data_.FileNumberOfSource[s] = static_cast<uint32_t>(data_.FilePaths.size());
-    }
-    data_.SourceOfBlock.clear();
-    size_t source = 0;
-    for (size_t position = 0; position < data_.Numbers.size(); position += kSourceBlock) {
-      while (source + 1 < data_.Sources.size() && data_.Sources[source + 1].Begin <= position) ++source;
-      data_.SourceOfBlock.push_back(static_cast<uint32_t>(source));
     }
   }
 
@@ -164,7 +160,7 @@ class StartFinder {
 /// Runs of words whose buckets one task sorts: enough tasks for an even share, few enough to cost nothing.
 std::vector<WordNumber> Tasks(const Starts& starts, uint32_t words) {
   constexpr uint64_t kTasks = 256;
-  const uint64_t perTask = std::max<uint64_t>(1, starts.Positions.size() / kTasks);
+  const uint64_t perTask = std::max<uint64_t>(1, starts.Places.size() / kTasks);
   std::vector<WordNumber> firsts{1};
   uint64_t begin = 0;
   for (WordNumber w = 1; w <= words; ++w) {
@@ -183,7 +179,8 @@ struct Found {
 void Empty(PhraseTableData& data) {
   data.Entries.clear();
   data.Entries.shrink_to_fit();
-  data.Positions.clear();
+  data.Corpus.Places.clear();
+  data.Corpus.PlacesOfWord.clear();
   data.Chain.clear();
   data.Rank.clear();
 }
@@ -192,15 +189,7 @@ void Empty(PhraseTableData& data) {
 
 void TakeText(WordStream&& stream, PhraseTable& table) {
   table = PhraseTable();
-  PhraseTableData& data = table.Data();
-  data.Options = stream.Options();
-  data.Lists = &stream.Lists();
-  data.Words = std::move(CountingAccess::Words(stream));
-  data.Numbers = std::move(CountingAccess::Numbers(stream));
-  data.Sources = std::move(CountingAccess::Sources(stream));
-  if (data.Numbers.size() > std::numeric_limits<uint32_t>::max() - kTrailingEnds)
-    throw std::length_error("The text has more than four thousand million words.");
-  data.Numbers.insert(data.Numbers.end(), kTrailingEnds, kNoWord);
+  table.Data().Corpus = std::move(stream).TakeCorpus();
 }
 
 bool HoldsPhrase(PhraseTable& table, Yielder& yielder) {
@@ -209,17 +198,17 @@ bool HoldsPhrase(PhraseTable& table, Yielder& yielder) {
   const Acceptance accepted(data, yielder, stopped);
   if (stopped) return true;
   std::string scratch;
-  for (size_t i = 0; i < data.Numbers.size(); ++i) {
+  for (size_t i = 0; i < data.Corpus.Tokens.size(); ++i) {
     if ((i & 4095) == 0) {
       yielder.Yield();
       if (yielder.Stopped()) return true;
     }
-    const WordNumber* const first = data.Numbers.data() + i;
+    const WordNumber* const first = data.Corpus.Tokens.data() + i;
     int characters = -1;
-    for (int words = 1; words <= data.Options.MaxWords && first[words - 1] != kNoWord; ++words) {
-      characters += data.Words.Characters(first[words - 1]) + 1;
+    for (int words = 1; words <= data.Corpus.Options.MaxWords && first[words - 1] != kNoWord; ++words) {
+      characters += data.Corpus.Words.Characters(first[words - 1]) + 1;
       if (characters > kMostPhraseCharacters) break;
-      if (words >= data.Options.MinWords && accepted.Accepts(first, words, scratch)) return true;
+      if (words >= data.Corpus.Options.MinWords && accepted.Accepts(first, words, scratch)) return true;
     }
   }
   return false;
@@ -237,11 +226,13 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
   StartFinder finder(data, accepted, starts);
   if (!finder.Find(yielder)) return false;
 
-  const bool folder = data.Options.SourceKind == TextSource::Folder;
-  std::vector<std::atomic<uint8_t>> sourceHasPhrase(folder && accepted.ByPhrase() ? data.Sources.size() : 0);
+  const bool folder = data.Corpus.Options.SourceKind == TextSource::Folder;
+  const bool keepsPlaces = KeepsPlaces(data.Corpus.Options);
+  std::vector<std::atomic<uint8_t>> sourceHasPhrase(folder && accepted.ByPhrase() ? data.Corpus.Sources.size()
+                                                                                  : 0);
   const SweepContext context{&data, &accepted, &yielder, starts.MostWords.data(),
                              sourceHasPhrase.empty() ? nullptr : &sourceHasPhrase};
-  const std::vector<WordNumber> firsts = Tasks(starts, data.Words.Size());
+  const std::vector<WordNumber> firsts = Tasks(starts, data.Corpus.Words.Size());
   const size_t tasks = firsts.size() - 1;
   std::vector<Found> found(tasks);
   std::vector<std::unique_ptr<SuffixOrder>> orders(WorkerCount());
@@ -258,8 +249,9 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
 
   const bool finished = RunTasks(tasks, TooFew(data), yielder, [&](size_t task, size_t worker) {
     if (!orders[worker])
-      orders[worker] = std::make_unique<SuffixOrder>(std::span<const WordNumber>(data.Numbers),
-                                                     data.Words.Size(), data.Options.MaxWords, yielder);
+      orders[worker] =
+          std::make_unique<SuffixOrder>(std::span<const WordNumber>(data.Corpus.Tokens),
+                                        data.Corpus.Words.Size(), data.Corpus.Options.MaxWords, yielder);
     SuffixOrder& order = *orders[worker];
     PhraseSweep sweep(context);
     uint64_t inTask = 0;
@@ -267,13 +259,13 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
       const uint64_t begin = starts.BucketEnds[word - 1];
       const uint64_t end = starts.BucketEnds[word];
       if (begin == end) continue;
-      order.Sort({starts.Positions.data() + begin, static_cast<size_t>(end - begin)});
+      order.Sort({starts.Places.data() + begin, static_cast<size_t>(end - begin)});
       if (yielder.Stopped()) return;
       sweep.Sweep(order.Suffixes(), order.Shared(), static_cast<uint32_t>(begin));
       if (yielder.Stopped()) return;
-      if (folder)
+      if (keepsPlaces)
         std::transform(order.Suffixes().begin(), order.Suffixes().end(),
-                       starts.Positions.begin() + static_cast<std::ptrdiff_t>(begin),
+                       starts.Places.begin() + static_cast<std::ptrdiff_t>(begin),
                        [](const Suffix& s) { return s.Position; });
       inTask += starts.Occurrences[word];
     }
@@ -305,7 +297,10 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
     part.Entries = {};
     yielder.Yield();
   }
-  if (folder) data.Positions = std::move(starts.Positions);
+  if (keepsPlaces) {
+    data.Corpus.Places = std::move(starts.Places);
+    data.Corpus.PlacesOfWord.assign(starts.BucketEnds.begin(), starts.BucketEnds.end());
+  }
   data.OnlyMaximal = !accepted.ByPhrase();
   data.OrderedByNumbers = true;
   return true;

@@ -109,7 +109,7 @@ class Containment {
   bool Find(Yielder& yielder) {
     if (!RunTasks(1, data_.Entries.size() < 1000, yielder, [this](size_t, size_t) { Collect(); }))
       return false;
-    affixes_ = std::make_unique<WordAffixes>(data_.Words, isFirst_, isLast_, yielder);
+    affixes_ = std::make_unique<WordAffixes>(data_.Corpus.Words, isFirst_, isLast_, yielder);
     if (yielder.Stopped()) return false;
     Reserve();
     if (!ForParts(yielder, [this](size_t begin, size_t end) { Add(begin, end); })) return false;
@@ -132,7 +132,7 @@ class Containment {
     uint8_t Words;
   };
 
-  const WordNumber* TextOf(const Phrase& phrase) const { return data_.Numbers.data() + phrase.First; }
+  const WordNumber* TextOf(const Phrase& phrase) const { return data_.Corpus.Tokens.data() + phrase.First; }
 
   static uint64_t HashOf(const WordNumber* words, int n) {
     uint64_t h = 0;
@@ -156,8 +156,8 @@ class Containment {
   }
   /// Lists the phrases by First, counting digit by digit of it.
   void Collect() {
-    isFirst_.assign(data_.Words.Size() + 1, false);
-    isLast_.assign(data_.Words.Size() + 1, false);
+    isFirst_.assign(data_.Corpus.Words.Size() + 1, false);
+    isLast_.assign(data_.Corpus.Words.Size() + 1, false);
     for (uint32_t e = 0; e < data_.Entries.size(); ++e) {
       const PhraseEntry& entry = data_.Entries[e];
       if (!entry.Listed || entry.Words < kLeastWords) continue;
@@ -167,7 +167,7 @@ class Containment {
     constexpr int kDigitBits = 11;
     constexpr size_t kDigits = size_t{1} << kDigitBits;
     std::vector<Phrase> sorted(listed_.size());
-    for (int shift = 0; shift < 32 && data_.Numbers.size() >> shift != 0; shift += kDigitBits) {
+    for (int shift = 0; shift < 32 && data_.Corpus.Tokens.size() >> shift != 0; shift += kDigitBits) {
       std::array<size_t, kDigits + 1> next{};
       for (const Phrase& phrase : listed_) ++next[(phrase.First >> shift & (kDigits - 1)) + 1];
       for (size_t d = 0; d < kDigits; ++d) next[d + 1] += next[d];
@@ -181,9 +181,9 @@ class Containment {
   }
 
   void Reserve() {
-    suffixFamily_.resize(data_.Words.Size() + 1);
-    prefixFamily_.resize(data_.Words.Size() + 1);
-    for (WordNumber w = 1; w <= data_.Words.Size(); ++w) {
+    suffixFamily_.resize(data_.Corpus.Words.Size() + 1);
+    prefixFamily_.resize(data_.Corpus.Words.Size() + 1);
+    for (WordNumber w = 1; w <= data_.Corpus.Words.Size(); ++w) {
       suffixFamily_[w] = OfWord(affixes_->SuffixFamily(w));
       prefixFamily_[w] = OfWord(affixes_->PrefixFamily(w));
     }
@@ -352,7 +352,7 @@ class Containment {
       for (const Question& q : phrases_)
         all_.phrases_.Visit(q.Hash, [&](uint32_t e) {
           const PhraseEntry& entry = all_.data_.Entries[e];
-          const WordNumber* words = all_.data_.Numbers.data() + entry.First;
+          const WordNumber* words = all_.data_.Corpus.Tokens.data() + entry.First;
           const bool same = entry.Count == q.Count && entry.Words == q.Words && words[0] == q.First &&
                             words[q.Words - 1] == q.Last &&
                             std::equal(q.Run + 1, q.Run + q.Words - 1, words + 1);

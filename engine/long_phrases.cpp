@@ -12,10 +12,10 @@ std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const Acce
                                          std::span<const uint8_t> mostWords, bool onCallingThread,
                                          Yielder& yielder) {
   constexpr size_t kTask = size_t{1} << 14;
-  const WordNumber* const text = data.Numbers.data();
+  const WordNumber* const text = data.Corpus.Tokens.data();
   const size_t n = mostWords.size();
-  const int minWords = data.Options.MinWords;
-  const int maxWords = data.Options.MaxWords;
+  const int minWords = data.Corpus.Options.MinWords;
+  const int maxWords = data.Corpus.Options.MaxWords;
   std::atomic<uint64_t> found{0};
   const bool finished = RunTasks((n + kTask - 1) / kTask, onCallingThread, yielder, [&](size_t task, size_t) {
     std::string scratch;

@@ -6,9 +6,9 @@ namespace korv {
 
 PhraseSweep::PhraseSweep(const SweepContext& context)
     : context_(context),
-      minWords_(context.Data->Options.MinWords),
-      minFrequency_(static_cast<uint32_t>(context.Data->Options.MinFrequency)),
-      keepSlices_(context.Data->Options.SourceKind == TextSource::Folder) {}
+      minWords_(context.Data->Corpus.Options.MinWords),
+      minFrequency_(static_cast<uint32_t>(context.Data->Corpus.Options.MinFrequency)),
+      keepSlices_(KeepsPlaces(context.Data->Corpus.Options)) {}
 
 void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> shared, uint32_t slice) {
   suffixes_ = suffixes;
@@ -44,7 +44,7 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
 
 // The phrases of outerDepth + 1 to interval.Depth words occur exactly at the interval's places.
 void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice) {
-  const WordNumber* first = context_.Data->Numbers.data() + interval.First;
+  const WordNumber* first = context_.Data->Corpus.Tokens.data() + interval.First;
   const int to = std::min<int>(interval.Depth, context_.MostWords[interval.First]);
   const int from = std::max(outerDepth + 1, minWords_);
   if (from > to) return;
@@ -62,7 +62,7 @@ void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice
 }
 
 void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice) {
-  const WordNumber* first = context_.Data->Numbers.data() + interval.First;
+  const WordNumber* first = context_.Data->Corpus.Tokens.data() + interval.First;
   const uint32_t count = interval.End - interval.Begin;
   bool any = false;
   for (int words = to; words >= from; --words) {
@@ -75,14 +75,9 @@ void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint
                           static_cast<uint8_t>(words), true});
   }
   if (!any || context_.SourceHasPhrase == nullptr) return;
-  const auto& sources = context_.Data->Sources;
-  for (uint32_t i = interval.Begin; i < interval.End; ++i) {
-    const auto after =
-        std::upper_bound(sources.begin(), sources.end(), suffixes_[i].Position,
-                         [](uint32_t p, const WordStream::Source& source) { return p < source.Begin; });
-    (*context_.SourceHasPhrase)[static_cast<size_t>(after - sources.begin()) - 1].store(
+  for (uint32_t i = interval.Begin; i < interval.End; ++i)
+    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].Position)].store(
         1, std::memory_order_relaxed);
-  }
 }
 
 }  // namespace korv

@@ -16,7 +16,7 @@ struct SweepContext {
   const PhraseTableData* Data;
   const Acceptance* Accepted;
   const Yielder* Stop;
-  /// Per index of Data->Numbers: most words of a phrase that starts there.
+  /// Per index of Data->Corpus.Tokens: most words of a phrase that starts there.
   const uint8_t* MostWords;
   /// Folder runs with entries for whole phrases: set per source in which a phrase was counted.
   std::vector<std::atomic<uint8_t>>* SourceHasPhrase;
@@ -34,7 +34,7 @@ class PhraseSweep {
  public:
   explicit PhraseSweep(const SweepContext& context);
 
-  /// Adds the entries of a bucket, last phrase first. `slice` is the index in Data->Positions of its first
+  /// Adds the entries of a bucket, last phrase first. `slice` is the index in Corpus.Places of its first
   /// place. After a stop the entries are of no use.
   void Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> shared, uint32_t slice);
 

@@ -37,11 +37,11 @@ PhraseIndex PhraseTable::EntryCount() const {
 
 void PhraseTable::AppendText(PhraseIndex i, std::string& out) const {
   const PhraseEntry& entry = Entry(*data_, i);
-  const WordNumber* word = data_->Numbers.data() + entry.First;
-  out += data_->Words.Text(*word);
+  const WordNumber* word = data_->Corpus.Tokens.data() + entry.First;
+  out += data_->Corpus.Words.Text(*word);
   for (uint8_t k = 1; k < entry.Words; ++k) {
     out += ' ';
-    out += data_->Words.Text(*++word);
+    out += data_->Corpus.Words.Text(*++word);
   }
 }
 
@@ -57,7 +57,7 @@ void PhraseTable::Prefetch(PhraseIndex i, PhraseIndex later) const {
     __builtin_prefetch(data_->Entries.data() + later - 1);
     if (!data_->Rank.empty()) __builtin_prefetch(data_->Rank.data() + later);
   }
-  if (i - 1 < entries) __builtin_prefetch(data_->Numbers.data() + Entry(*data_, i).First);
+  if (i - 1 < entries) __builtin_prefetch(data_->Corpus.Tokens.data() + Entry(*data_, i).First);
 }
 
 std::string PhraseTable::Key(PhraseIndex i) const {
@@ -75,7 +75,7 @@ int PhraseTable::Characters(PhraseIndex i) const {
   const PhraseEntry& entry = Entry(*data_, i);
   int characters = entry.Words - 1;
   for (uint8_t k = 0; k < entry.Words; ++k)
-    characters += data_->Words.Characters(data_->Numbers[entry.First + k]);
+    characters += data_->Corpus.Words.Characters(data_->Corpus.Tokens[entry.First + k]);
   return characters;
 }
 
@@ -103,29 +103,25 @@ PhraseIndex PhraseTable::ChainNext(PhraseIndex i) const {
   return rank == 0 || rank == data_->Chain.size() ? 0 : data_->Chain[rank];
 }
 
-namespace {
-
-uint32_t FileNumberAt(const PhraseTableData& data, uint32_t position) {
-  const uint32_t block = position / kSourceBlock;
-  const auto first = data.Sources.begin() + data.SourceOfBlock[block];
-  const auto last = block + 1 < data.SourceOfBlock.size()
-                        ? data.Sources.begin() + data.SourceOfBlock[block + 1] + 1
-                        : data.Sources.end();
-  const auto after = std::upper_bound(
-      first, last, position, [](uint32_t p, const WordStream::Source& source) { return p < source.Begin; });
-  return data.FileNumberOfSource[static_cast<size_t>(after - data.Sources.begin()) - 1];
+const korv::Corpus& PhraseTable::Corpus() const {
+  return data_->Corpus;
 }
 
-}  // namespace
+std::span<const uint32_t> PhraseTable::Places(PhraseIndex i) const {
+  const std::vector<uint32_t>& places = data_->Corpus.Places;
+  if (places.empty()) return {};
+  const PhraseEntry& entry = Entry(*data_, i);
+  return std::span(places).subspan(entry.Slice, entry.Count);
+}
 
 FileTallies PhraseTable::Files(PhraseIndex i) const {
   if (!data_->Tallies.empty()) return data_->Tallies[Entry(*data_, i).Slice];
   FileTallies tallies;
-  if (data_->Positions.empty()) return tallies;
-  const PhraseEntry& entry = Entry(*data_, i);
-  std::vector<uint32_t> files(entry.Count);
-  for (uint32_t k = 0; k < entry.Count; ++k)
-    files[k] = FileNumberAt(*data_, data_->Positions[entry.Slice + k]);
+  if (data_->FileNumberOfSource.empty()) return tallies;
+  const std::span<const uint32_t> places = Places(i);
+  std::vector<uint32_t> files(places.size());
+  std::transform(places.begin(), places.end(), files.begin(),
+                 [this](uint32_t place) { return data_->FileNumberOfSource[data_->Corpus.SourceAt(place)]; });
   std::sort(files.begin(), files.end());
   for (const uint32_t file : files) tallies.Add(file);
   return tallies;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,7 @@ namespace korv {
 /// Index of an entry, 1-based; 0 means none.
 using PhraseIndex = uint32_t;
 
+struct Corpus;
 struct PhraseTableData;
 
 /// The phrases of one counting run with their numbers of occurrences.
@@ -87,6 +89,13 @@ class PhraseTable {
   uint32_t ChainPosition(PhraseIndex i) const;  ///< The rank, 1 for the first; 0 when not in the chain.
   PhraseIndex AtChainPosition(uint32_t position) const;  ///< The inverse; 0 beyond the end.
   PhraseIndex ChainNext(PhraseIndex i) const;            ///< 0 at the end and for entries not in the chain.
+
+  // ---- Runs that keep places.
+
+  /// Where the phrase stands, in no order; empty where the run kept no places. Constant.
+  std::span<const uint32_t> Places(PhraseIndex i) const;
+  /// The text that was counted.
+  const korv::Corpus& Corpus() const;
 
   // ---- Folder runs: the files that a phrase occurs in. Cost: its number of occurrences.
 

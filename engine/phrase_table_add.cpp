@@ -10,7 +10,7 @@ namespace korv {
 void PhraseTable::Clear(bool forWordList) {
   *this = PhraseTable();
   data_->ForWordList = forWordList;
-  data_->Numbers.assign(1, kNoWord);
+  data_->Corpus.Tokens.assign(1, kNoWord);
 }
 
 void PhraseTable::BeginFile(const std::filesystem::path& path) {
@@ -33,11 +33,11 @@ void PhraseTable::AddWordToList(std::string_view phrase) {
   const auto [found, isNew] =
       data.IndexOfText.try_emplace(std::string(phrase), static_cast<PhraseIndex>(data.Entries.size() + 1));
   if (isNew) {
-    PhraseEntry entry{static_cast<uint32_t>(data.Numbers.size()), 0,
+    PhraseEntry entry{static_cast<uint32_t>(data.Corpus.Tokens.size()), 0,
                       static_cast<uint32_t>(data.Tallies.size()), 0, true};
     for (size_t begin = 0; begin <= phrase.size();) {
       const size_t end = std::min(phrase.find(' ', begin), phrase.size());
-      data.Numbers.push_back(data.Words.Number(phrase.substr(begin, end - begin)));
+      data.Corpus.Tokens.push_back(data.Corpus.Words.Number(phrase.substr(begin, end - begin)));
       ++entry.Words;
       begin = end + 1;
     }

@@ -7,18 +7,17 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/corpus/corpus.h"
 #include "engine/file_tallies.h"
 #include "engine/phrase_table.h"
-#include "engine/vocabulary.h"
-#include "engine/word_stream.h"
 
 namespace korv {
 
 /// One phrase: a place in the text.
 struct PhraseEntry {
-  uint32_t First;  ///< Index in Numbers of the first word of its earliest occurrence.
+  uint32_t First;  ///< Place of its earliest occurrence.
   uint32_t Count;  ///< All occurrences.
-  uint32_t Slice;  ///< Folder runs: index in Positions of the first of Count occurrences, or in Tallies.
+  uint32_t Slice;  ///< Where places are kept: index in Corpus.Places of the first of Count. Else in Tallies.
   uint8_t Words;   ///< Number of words.
   bool Listed;
 };
@@ -26,12 +25,7 @@ static_assert(sizeof(PhraseEntry) == 16);
 
 /// What lies behind a PhraseTable, for the stages that fill and order it.
 struct PhraseTableData {
-  // The text, as TakeText left it.
-  RunOptions Options;
-  const RunLists* Lists = nullptr;
-  Vocabulary Words;
-  std::vector<WordNumber> Numbers;  ///< Begins with kNoWord and ends with kTrailingEnds of them.
-  std::vector<WordStream::Source> Sources;
+  korv::Corpus Corpus;
   /// Renumbering by rank goes block by block, so that a stop may come between two.
   std::vector<WordNumber> NewNumbers;
   std::vector<uint8_t> BlockRenumbered;
@@ -47,9 +41,7 @@ struct PhraseTableData {
   bool OrderedByNumbers = false;
 
   // Folder runs.
-  std::vector<uint32_t> Positions;           ///< Occurrences, the ones of a phrase side by side.
   std::vector<uint32_t> FileNumberOfSource;  ///< 0 for a source without a phrase.
-  std::vector<uint32_t> SourceOfBlock;       ///< Source of every kSourceBlock-th position, for look-ups.
   std::vector<std::filesystem::path> FilePaths;
 
   // The chain: entries by rank, and ranks by entry (both 1-based values; element 0 of Rank is unused).
@@ -64,17 +56,6 @@ struct PhraseTableData {
   bool CurrentFileNumbered = false;
   mutable std::vector<PhraseIndex> ByText;  ///< Entries in descending order of Text; empty when outdated.
   mutable int MaxSearchDepth = 0;
-};
-
-inline constexpr uint32_t kSourceBlock = 4096;
-/// So that the words of a longest phrase may be looked at from anywhere without asking for the end.
-inline constexpr size_t kTrailingEnds = kMostWords + 1;
-
-/// The parts of a WordStream that become a table's text.
-struct CountingAccess {
-  static Vocabulary& Words(WordStream& stream) { return stream.vocabulary_; }
-  static std::vector<WordNumber>& Numbers(WordStream& stream) { return stream.numbers_; }
-  static std::vector<WordStream::Source>& Sources(WordStream& stream) { return stream.sources_; }
 };
 
 }  // namespace korv

@@ -25,7 +25,8 @@ struct RunOptions {
   int MinFrequency = 2;  ///< Phrases with fewer occurrences are not listed, 1..kMostMinFrequency.
   IgnoreRule IgnoreMode = IgnoreRule::ExcludeAll;
   TextSource SourceKind = TextSource::SingleFile;
-  bool Stopped = false;  ///< The run was interrupted; what is listed is incomplete.
+  bool KeepPlaces = false;  ///< The places of phrases are kept after the run (see Corpus::Places).
+  bool Stopped = false;     ///< The run was interrupted; what is listed is incomplete.
 };
 
 }  // namespace korv

@@ -26,9 +26,9 @@ class KeyOrder {
         ++begin;
         continue;
       }
-      const uint32_t keyClass = data_.Words.KeyClass(WordAt(begin, depth));
+      const uint32_t keyClass = data_.Corpus.Words.KeyClass(WordAt(begin, depth));
       const size_t classBegin = begin;
-      while (begin < end && data_.Words.KeyClass(WordAt(begin, depth)) == keyClass) {
+      while (begin < end && data_.Corpus.Words.KeyClass(WordAt(begin, depth)) == keyClass) {
         const WordNumber word = WordAt(begin, depth);
         const size_t wordBegin = begin;
         while (begin < end && WordAt(begin, depth) == word) ++begin;
@@ -41,7 +41,7 @@ class KeyOrder {
  private:
   WordNumber WordAt(size_t entry, int depth) const {
     const PhraseEntry& e = data_.Entries[entry];
-    return depth < e.Words ? data_.Numbers[e.First + static_cast<size_t>(depth)] : kNoWord;
+    return depth < e.Words ? data_.Corpus.Tokens[e.First + static_cast<size_t>(depth)] : kNoWord;
   }
 
   void Merge(size_t begin, size_t middle, size_t end) {
@@ -54,14 +54,14 @@ class KeyOrder {
 
   /// By Keys first; Texts, the last key, differ for any two entries.
   bool Before(const PhraseEntry& a, const PhraseEntry& b) const {
-    const WordNumber* x = data_.Numbers.data() + a.First;
-    const WordNumber* y = data_.Numbers.data() + b.First;
+    const WordNumber* x = data_.Corpus.Tokens.data() + a.First;
+    const WordNumber* y = data_.Corpus.Tokens.data() + b.First;
     const int shorter = std::min(a.Words, b.Words);
     int byText = 0;
     for (int k = 0; k < shorter; ++k) {
       if (x[k] == y[k]) continue;
-      const uint32_t keyX = data_.Words.KeyClass(x[k]);
-      const uint32_t keyY = data_.Words.KeyClass(y[k]);
+      const uint32_t keyX = data_.Corpus.Words.KeyClass(x[k]);
+      const uint32_t keyY = data_.Corpus.Words.KeyClass(y[k]);
       if (keyX != keyY) return keyX < keyY;
       if (byText == 0) byText = x[k] < y[k] ? -1 : 1;
     }
@@ -73,9 +73,9 @@ class KeyOrder {
 };
 
 void RankWords(PhraseTableData& data, const Yielder& yielder) {
-  data.Words.Rank(data.NewNumbers, yielder);
-  if (!data.Words.Ranked()) return;
-  for (WordNumber& word : data.Numbers) word = data.NewNumbers[word];
+  data.Corpus.Words.Rank(data.NewNumbers, yielder);
+  if (!data.Corpus.Words.Ranked()) return;
+  for (WordNumber& word : data.Corpus.Tokens) word = data.NewNumbers[word];
 }
 
 }  // namespace
@@ -86,17 +86,17 @@ bool SortPhrases(PhraseTable& table, Yielder& yielder) {
   data.ByText.clear();
   const bool small = data.Entries.size() < 1000;
   return RunTasks(1, small, yielder, [&](size_t, size_t) {
-    if (!data.Words.Ranked()) RankWords(data, yielder);
-    if (!data.Words.Ranked()) return;
+    if (!data.Corpus.Words.Ranked()) RankWords(data, yielder);
+    if (!data.Corpus.Words.Ranked()) return;
     if (!data.OrderedByNumbers) {
-      const WordNumber* text = data.Numbers.data();
+      const WordNumber* text = data.Corpus.Tokens.data();
       std::sort(data.Entries.begin(), data.Entries.end(), [text](const PhraseEntry& a, const PhraseEntry& b) {
         return std::lexicographical_compare(text + a.First, text + a.First + a.Words, text + b.First,
                                             text + b.First + b.Words);
       });
       data.OrderedByNumbers = true;
     }
-    if (!data.Words.KeysDiffer()) KeyOrder(data, yielder).Mend(0, data.Entries.size(), 0);
+    if (!data.Corpus.Words.KeysDiffer()) KeyOrder(data, yielder).Mend(0, data.Entries.size(), 0);
   });
 }
 

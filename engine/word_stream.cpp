@@ -1,22 +1,30 @@
 #include "engine/word_stream.h"
 
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
 #include "engine/unicode.h"
 #include "engine/word_verdict.h"
 
 namespace korv {
 
-WordStream::WordStream(const WordRules& rules, const RunOptions& options, const RunLists& lists)
-    : rules_(rules), options_(options), lists_(&lists), numbers_{kNoWord} {}
+WordStream::WordStream(const WordRules& rules, const RunOptions& options, const RunLists& lists) {
+  corpus_.Rules = rules;
+  corpus_.Options = options;
+  corpus_.Lists = &lists;
+  corpus_.Tokens.push_back(kNoWord);
+}
 
 void WordStream::BeginSource(const std::filesystem::path& path) {
   ResetPhrases();
-  sources_.push_back({path, numbers_.size()});
+  corpus_.Sources.push_back({path, corpus_.Tokens.size()});
 }
 
 void WordStream::TakeWord(std::string_view word) {
   // Too long to be counted whatever its characters are; such things are not worth remembering.
   constexpr size_t kMostBytesOfCharacter = 4;
-  if (word.size() > static_cast<size_t>(rules_.LongWordSize) * kMostBytesOfCharacter)
+  if (word.size() > static_cast<size_t>(corpus_.Rules.LongWordSize) * kMostBytesOfCharacter)
     return Feed(Dropped(DropReason::Long));
   const uint32_t cut = asCut_.Number(word);
   if (cut == verdicts_.size()) verdicts_.push_back(Judge(word));
@@ -28,18 +36,19 @@ void WordStream::GetWords2(std::string_view word) {
 }
 
 WordNumber WordStream::Judge(std::string_view word) {
-  if (const auto reason = DroppedByForm(word, rules_)) return Dropped(*reason);
-  const std::string folded = rules_.CaseSignificant ? std::string(word) : LowerText(word);
-  if (options_.IgnoreMode == IgnoreRule::Remove && lists_->IsWordToIgnore(folded))
+  if (const auto reason = DroppedByForm(word, corpus_.Rules)) return Dropped(*reason);
+  const std::string folded = corpus_.Rules.CaseSignificant ? std::string(word) : LowerText(word);
+  if (corpus_.Options.IgnoreMode == IgnoreRule::Remove && corpus_.Lists->IsWordToIgnore(folded))
     return Dropped(DropReason::Ignored);
   return Admit(folded);
 }
 
 WordNumber WordStream::Admit(std::string_view word) {
-  if (rules_.Only7bitASCII && !Is7bit(word)) return Dropped(DropReason::Not7bit);
+  if (corpus_.Rules.Only7bitASCII && !Is7bit(word)) return Dropped(DropReason::Not7bit);
   // Asked here and not of every phrase: no phrase can hold the word or go past it.
-  if (options_.IgnoreMode == IgnoreRule::ExcludeWith && lists_->IsWordToIgnore(word)) return kEndsPhrase;
-  return vocabulary_.Number(word);
+  if (corpus_.Options.IgnoreMode == IgnoreRule::ExcludeWith && corpus_.Lists->IsWordToIgnore(word))
+    return kEndsPhrase;
+  return corpus_.Words.Number(word);
 }
 
 void WordStream::Feed(WordNumber verdict) {
@@ -51,7 +60,15 @@ void WordStream::Feed(WordNumber verdict) {
   if (verdict == kEndsPhrase)
     ResetPhrases();
   else
-    numbers_.push_back(verdict);
+    corpus_.Tokens.push_back(verdict);
+}
+
+Corpus WordStream::TakeCorpus() && {
+  if (corpus_.Tokens.size() > std::numeric_limits<uint32_t>::max() - kTrailingEnds)
+    throw std::length_error("The text has more than four thousand million words.");
+  corpus_.Tokens.insert(corpus_.Tokens.end(), kTrailingEnds, kNoWord);
+  corpus_.IndexSources();
+  return std::move(corpus_);
 }
 
 }  // namespace korv

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/corpus/corpus.h"
 #include "engine/run_lists.h"
 #include "engine/run_options.h"
 #include "engine/string_table.h"
-#include "engine/vocabulary.h"
 #include "engine/word_counts.h"
 #include "engine/word_rules.h"
 
@@ -47,24 +47,18 @@ class WordStream {
 
   /// No phrase goes on here: empties the phrase buffers.
   void ResetPhrases() {
-    if (numbers_.back() != kNoWord) numbers_.push_back(kNoWord);
+    if (corpus_.Tokens.back() != kNoWord) corpus_.Tokens.push_back(kNoWord);
   }
 
   const WordCounts& Counts() const { return counts_; }
 
-  const RunOptions& Options() const { return options_; }
-  const RunLists& Lists() const { return *lists_; }
-
-  /// A file of the run with the index of its first number.
-  struct Source {
-    std::filesystem::path Path;
-    size_t Begin;
-  };
-  const std::vector<Source>& Sources() const { return sources_; }
+  /// The text so far, without trailing phrase ends.
+  const korv::Corpus& Corpus() const { return corpus_; }
+  /// Hands the text over as it is when all of it was read. The stream is used up. Throws std::length_error
+  /// for more words than places can number.
+  korv::Corpus TakeCorpus() &&;
 
  private:
-  friend struct CountingAccess;
-
   /// What becomes of a word as cut: its number, or a verdict from here on. The first excludes every phrase
   /// that holds the word, which is what a phrase end does; the others drop it for a reason.
   static constexpr WordNumber kEndsPhrase = 0xFFFFFFF0;
@@ -76,14 +70,9 @@ class WordStream {
   WordNumber Admit(std::string_view word);
   void Feed(WordNumber verdict);
 
-  WordRules rules_;
-  RunOptions options_;
-  const RunLists* lists_;
+  korv::Corpus corpus_;
   StringTable asCut_;                 ///< The words as cut ...
   std::vector<WordNumber> verdicts_;  ///< ... and what becomes of each.
-  Vocabulary vocabulary_;
-  std::vector<WordNumber> numbers_;  ///< Begins with kNoWord, so that every word has a left neighbour.
-  std::vector<Source> sources_;
   WordCounts counts_;
 };
 

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+#include "engine/run_lists.h"
+#include "engine/run_options.h"
+#include "engine/vocabulary.h"
+#include "engine/word_rules.h"
+
+namespace korv {
+
+/// A text of the run: a file, or the clipboard, whose path is empty.
+struct CorpusSource {
+  std::filesystem::path Path;
+  size_t Begin;  ///< Index of its first token.
+};
+
+/// What a run knows of its text: its words as numbers, where its texts begin, under which rules it was cut,
+/// and, where the run keeps them, the places of its phrases in order.
+///
+/// A token is a word of the vocabulary or kNoWord, which stands where no phrase goes on. A place is the index
+/// of a token, and a phrase of k words is k tokens in a row without kNoWord. Words that a rule dropped have no
+/// token.
+///
+///   Tokens.front() == kNoWord, so that every word has a left neighbour;
+///   once read, Tokens ends with kTrailingEnds of them, so that a longest phrase may be looked at from anywhere.
+///
+/// Costs 4 bytes a word, 4 more where the places are kept, and 8 a distinct word beside its letters.
+struct Corpus {
+  WordRules Rules;
+  RunOptions Options;
+  const RunLists* Lists = nullptr;  ///< Not owned.
+
+  Vocabulary Words;
+  std::vector<WordNumber> Tokens;
+  std::vector<CorpusSource> Sources;       ///< In reading order.
+  std::vector<uint32_t> SourceOfBlock;     ///< The source of every kSourceBlock-th token.
+  static constexpr uint32_t kSourceBlock = 4096;
+
+  /// The places where a phrase that counts starts, of all lengths, ordered by the up to MaxWords words that
+  /// follow; a phrase end comes before every word. Equal ones ascend. Empty where the run keeps no places.
+  std::vector<uint32_t> Places;
+  /// Places[PlacesOfWord[w - 1]] to Places[PlacesOfWord[w]], that one excluded, start with word w.
+  std::vector<uint32_t> PlacesOfWord;
+
+  /// Call once all tokens are there: sets up SourceAt(). Linear in the sources, and a step per block.
+  void IndexSources();
+  /// Index in Sources of the text that `place` belongs to. Constant but for texts shorter than a block.
+  size_t SourceAt(uint32_t place) const;
+};
+
+inline constexpr size_t kTrailingEnds = kMostWords + 1;
+
+/// Whether a run with these options keeps the places of its phrases: folder runs tell phrases' files by them.
+inline bool KeepsPlaces(const RunOptions& options) {
+  return options.KeepPlaces || options.SourceKind == TextSource::Folder;
+}
+
+}  // namespace korv
