@@ -52,7 +52,7 @@ void ReadWordsOf(const std::filesystem::path& path, Visitor& visitor) {
       if (DroppedByForm(word, rules)) {
         visitor.DroppedWord();
       } else {
-        visitor.Word(LowerText(word));
+        visitor.Word(FoldCase(word));
       }
     }
     void ResetPhrases() override { visitor.PhraseEnd(); }

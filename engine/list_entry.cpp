@@ -34,18 +34,18 @@ std::vector<std::string_view> SplitOutsideBrackets(std::string_view text, char s
   return pieces;
 }
 
-std::string LowerOutsideBrackets(std::string_view entry) {
-  std::string lowered;
+std::string FoldOutsideBrackets(std::string_view entry) {
+  std::string folded;
   size_t done = 0;
   while (done < entry.size()) {
     const size_t open = entry.find('<', done);
     size_t close = 0;
     if (open == std::string_view::npos || !OpensBrackets(entry, open, close)) break;
-    lowered += LowerText(entry.substr(done, open - done));
-    lowered += entry.substr(open, close + 1 - open);
+    folded += FoldCase(entry.substr(done, open - done));
+    folded += entry.substr(open, close + 1 - open);
     done = close + 1;
   }
-  return lowered += LowerText(entry.substr(done));
+  return folded += FoldCase(entry.substr(done));
 }
 
 }  // namespace korv

@@ -22,7 +22,7 @@ bool OpensBrackets(std::string_view text, size_t at, size_t& close);
 /// pieces are kept; text inside angle brackets is never looked at.
 std::vector<std::string_view> SplitOutsideBrackets(std::string_view text, char separator);
 
-/// Lower-cases what stands outside angle brackets.
-std::string LowerOutsideBrackets(std::string_view entry);
+/// Folds the case of what stands outside angle brackets.
+std::string FoldOutsideBrackets(std::string_view entry);
 
 }  // namespace korv

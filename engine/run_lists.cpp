@@ -22,22 +22,31 @@ struct RunLists::Lists {
 namespace {
 
 void AddOneWord(PatternSet& set, const std::string& entry, bool isPattern) {
-  const std::string lowered = LowerOutsideBrackets(entry);
+  const std::string folded = FoldOutsideBrackets(entry);
   if (isPattern)
-    set.AddPattern(lowered);
+    set.AddPattern(folded);
   else
-    set.AddWord(lowered);
+    set.AddWord(folded);
 }
 
-void AddCountOnly(PatternSet& words, PhraseEntries& phrases, const std::string& entry) {
+/// A part as the words of a phrase are folded where case is not significant, which decides on their form in
+/// NFC. ASCII is left to the matching, for which the case of an escape such as "\W" has a meaning.
+std::string FoldedPart(std::string_view part) {
+  if (IsAscii(part) || part.find('\\') != std::string_view::npos) return std::string(part);
+  return FoldOutsideBrackets(part);
+}
+
+void AddCountOnly(PatternSet& words, PhraseEntries& phrases, const std::string& entry, bool caseSignificant) {
   std::vector<std::string> pieces;
   for (const std::string_view piece : SplitOutsideBrackets(entry, ' '))
     if (!piece.empty()) pieces.emplace_back(piece);
   if (pieces.empty()) return;
   if (pieces.size() > 1) {
     const std::string pattern = PhrasePattern(entry);
-    const std::vector<std::string_view> parts = SplitOutsideBrackets(pattern, '+');
-    phrases.AddParts({parts.begin(), parts.end()});
+    std::vector<std::string> parts;
+    for (const std::string_view part : SplitOutsideBrackets(pattern, '+'))
+      parts.push_back(caseSignificant ? std::string(part) : FoldedPart(part));
+    phrases.AddParts(parts);
   } else if (pieces[0].find(' ') != std::string::npos) {
     phrases.AddWholePhrase(pieces[0]);
   } else {
@@ -56,7 +65,7 @@ RunLists::RunLists(const ListEntries& entries) : lists_(std::make_unique<Lists>(
   for (const std::string& word : entries.TypedWordsToIgnore)
     AddOneWord(lists.Ignore, word, all || HoldsPattern(word));
   for (const std::string& entry : entries.CountOnly)
-    AddCountOnly(lists.CountOnlyWords, lists.CountOnlyPhrases, entry);
+    AddCountOnly(lists.CountOnlyWords, lists.CountOnlyPhrases, entry, entries.CaseSignificant);
   lists.Ignore.Prepare();
   lists.CountOnlyWords.Prepare();
   lists.CountOnlyPhrases.Prepare();
@@ -73,7 +82,7 @@ bool RunLists::HasWordsToIgnore() const {
 }
 
 bool RunLists::IsWordToIgnore(std::string_view word) const {
-  return HasWordsToIgnore() && lists_->Ignore.Matches(LowerText(word));
+  return HasWordsToIgnore() && lists_->Ignore.Matches(FoldCase(word));
 }
 
 bool RunLists::HasCountOnly() const {
@@ -81,7 +90,7 @@ bool RunLists::HasCountOnly() const {
 }
 
 bool RunLists::IsCountOnlyWord(std::string_view word) const {
-  return HasCountOnly() && lists_->CountOnlyWords.Matches(LowerText(word));
+  return HasCountOnly() && lists_->CountOnlyWords.Matches(FoldCase(word));
 }
 
 bool RunLists::HasCountOnlyPhrases() const {

@@ -60,12 +60,19 @@ void OrderMarks(std::vector<utf8proc_int32_t>& parts) {
   }
 }
 
+bool HasCategoryOfLetters(char32_t character) {
+  const utf8proc_category_t category = utf8proc_category(Code(character));
+  return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_LO;
+}
+
+bool HasCategoryOfMarks(char32_t character) {
+  const utf8proc_category_t category = utf8proc_category(Code(character));
+  return category >= UTF8PROC_CATEGORY_MN && category <= UTF8PROC_CATEGORY_ME;
+}
+
 /// Whether `character` is its own composition, is no mark and cannot join the character before it.
 bool StandsAlone(char32_t character) {
-  const utf8proc_category_t category = utf8proc_category(Code(character));
-  if (category == UTF8PROC_CATEGORY_MN || category == UTF8PROC_CATEGORY_MC ||
-      category == UTF8PROC_CATEGORY_ME || CombiningClass(Code(character)) != 0)
-    return false;
+  if (HasCategoryOfMarks(character) || CombiningClass(Code(character)) != 0) return false;
   if (character >= 0x1100 && character <= 0x11FF) return false;  // Syllables are composed of these.
   utf8proc_int32_t parts[kMostParts];
   utf8proc_ssize_t count = Decompose(character, parts);
@@ -77,20 +84,14 @@ bool StandsAlone(char32_t character) {
 
 constexpr char32_t kPlaneEnd = 0x10000;
 
-bool HasCategoryOfWords(char32_t character) {
-  switch (utf8proc_category(Code(character))) {
-    case UTF8PROC_CATEGORY_LU:
-    case UTF8PROC_CATEGORY_LL:
-    case UTF8PROC_CATEGORY_LT:
-    case UTF8PROC_CATEGORY_LM:
-    case UTF8PROC_CATEGORY_LO:
-    case UTF8PROC_CATEGORY_MN:
-    case UTF8PROC_CATEGORY_MC:
-    case UTF8PROC_CATEGORY_ME:
-      return true;
-    default:
-      return false;
-  }
+/// One bit for each character of the basic plane: asking the library costs more than reading a word.
+using BasicPlane = std::bitset<kPlaneEnd>;
+
+template <typename Predicate>
+BasicPlane BasicPlaneOf(Predicate is) {
+  BasicPlane made;
+  for (char32_t c = 0; c < kPlaneEnd; ++c) made[c] = is(c);
+  return made;
 }
 
 constexpr char32_t kFirstThatMayCompose = 0x300;
@@ -264,33 +265,19 @@ std::string LowerText(std::string_view text) {
   return lower;
 }
 
-bool IsLetterOrMark(char32_t character) {
-  // One bit for each character of the basic plane: asking the library costs more than reading a word.
-  static const std::bitset<kPlaneEnd> basicPlane = [] {
-    std::bitset<kPlaneEnd> made;
-    for (char32_t c = 0; c < kPlaneEnd; ++c) made[c] = HasCategoryOfWords(c);
-    return made;
-  }();
-  return character < kPlaneEnd ? basicPlane[character] : HasCategoryOfWords(character);
+std::string FoldCase(std::string_view text) {
+  std::string folded = LowerText(text);
+  return IsCertainlyNfc(folded) ? folded : ToNfc(folded);
 }
 
-void ReplaceTypographicQuotes(std::string& text) {
-  constexpr std::string_view kLead = "\xE2\x80";
-  size_t from = text.find(kLead);
-  if (from == std::string::npos) return;
-  size_t to = from;
-  while (from < text.size()) {
-    if (from + 2 < text.size() && text.compare(from, 2, kLead) == 0) {
-      const unsigned char last = ByteAt(text, from + 2);
-      if (last == 0x98 || last == 0x99 || last == 0x9D) {
-        text[to++] = last == 0x9D ? '"' : '\'';
-        from += 3;
-        continue;
-      }
-    }
-    text[to++] = text[from++];
-  }
-  text.resize(to);
+bool IsUnicodeLetter(char32_t character) {
+  static const BasicPlane letters = BasicPlaneOf(HasCategoryOfLetters);
+  return character < kPlaneEnd ? letters[character] : HasCategoryOfLetters(character);
+}
+
+bool IsUnicodeMark(char32_t character) {
+  static const BasicPlane marks = BasicPlaneOf(HasCategoryOfMarks);
+  return character < kPlaneEnd ? marks[character] : HasCategoryOfMarks(character);
 }
 
 }  // namespace korv

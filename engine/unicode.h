@@ -32,12 +32,13 @@ bool IsCertainlyNfc(std::string_view text);
 /// Unicode simple lower-casing, character by character.
 char32_t LowerCharacter(char32_t character);
 std::string LowerText(std::string_view text);
-/// Whether the general category is a letter (L*) or a mark (M*).
-bool IsLetterOrMark(char32_t character);
+/// The same for words that are to be compared without regard to case: in NFC again, which lower-casing can
+/// leave (T with U+0308 has no composed form, t with it has).
+std::string FoldCase(std::string_view text);
 
-/// U+2018 and U+2019 become "'", U+201D becomes the plain double quote. For texts typed by the user
-/// and for everything that is decoded.
-void ReplaceTypographicQuotes(std::string& text);
+/// Whether the general category is a letter (L*), and whether it is a mark (M*).
+bool IsUnicodeLetter(char32_t character);
+bool IsUnicodeMark(char32_t character);
 
 /// NextCharacter for everything but well-formed sequences of one or two bytes.
 char32_t NextLongCharacter(std::string_view text, size_t& at);

@@ -37,7 +37,7 @@ void WordStream::GetWords2(std::string_view word) {
 
 WordNumber WordStream::Judge(std::string_view word) {
   if (const auto reason = DroppedByForm(word, corpus_.Rules)) return Dropped(*reason);
-  const std::string folded = corpus_.Rules.CaseSignificant ? std::string(word) : LowerText(word);
+  const std::string folded = corpus_.Rules.CaseSignificant ? std::string(word) : FoldCase(word);
   if (corpus_.Options.IgnoreMode == IgnoreRule::Remove && corpus_.Lists->IsWordToIgnore(folded))
     return Dropped(DropReason::Ignored);
   return Admit(folded);

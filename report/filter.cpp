@@ -1,5 +1,6 @@
 #include "report/filter.h"
 
+#include "engine/clean_text.h"
 #include "engine/unicode.h"
 #include "engine/word_chars.h"
 
@@ -7,9 +8,9 @@ namespace korv {
 
 namespace {
 
-constexpr std::string_view kExtraFilterChars = "'-";
+constexpr std::string_view kExtraFilterChars = "0123456789'-";
 
-/// Lower-cases into a buffer that keeps its capacity. Most phrases are ASCII, and millions are tested.
+/// Folds case into a buffer that keeps its capacity. Most phrases are ASCII, and millions are tested.
 void LowerInto(std::string_view text, std::string& lowered) {
   lowered.resize(text.size());
   unsigned char all = 0;
@@ -18,7 +19,7 @@ void LowerInto(std::string_view text, std::string& lowered) {
     all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
     lowered[i] = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
   }
-  if (all >= 0x80) lowered = LowerText(text);
+  if (all >= 0x80) lowered = FoldCase(text);
 }
 
 bool StandsAlone(std::string_view phrase, size_t at, size_t length) {
@@ -36,15 +37,13 @@ bool OccursAsWords(std::string_view phrase, std::string_view words) {
 }  // namespace
 
 std::vector<std::string> SplitFilterWords(std::string_view typed) {
-  std::string text(typed);
-  ReplaceTypographicQuotes(text);
-  text = LowerText(ToNfc(text));
+  const std::string text = FoldCase(CleanText(typed));
   std::vector<std::string> words;
   bool inWord = false;
+  WordCharReader reader(kExtraFilterChars);
   for (size_t at = 0; at < text.size();) {
     const size_t start = at;
-    const char32_t ch = NextCharacter(text, at);
-    if (!IsWordCharCode(ch, true, kExtraFilterChars)) {
+    if (!reader.Next(text, at)) {
       inWord = false;
       continue;
     }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -81,12 +80,13 @@ class LineScanner {
   size_t PastRegion(size_t at);
   size_t EndOfRegion(size_t at);
 
-  size_t PastLongCharacter(size_t at, bool& isWordCharacter) const;
-  size_t PastWordCharacter(size_t at);
+  CharKind KindOfLong(size_t at, size_t& past) const;
+  bool IsBehindLetter(size_t begin, size_t at) const;
+  size_t PastWordCharacter(size_t begin, size_t at);
   size_t EndOfRun(size_t begin);
   size_t EndOfLongRun(size_t begin);
   size_t WithApostrophe(size_t begin, size_t end);
-  bool WordCanEndBefore(size_t at);
+  bool WordCanEndBehind(size_t letter);
   void Trim(size_t& begin, size_t& end);
   void FindLoneParentheses(size_t begin, size_t end);
   size_t TakeRun(size_t begin);
@@ -99,7 +99,7 @@ class LineScanner {
 
   CommentMarkers markers_;
   Sink* sink_;
-  const std::bitset<kShortCodes>* shortLetters_;
+  const ShortKinds* shortKinds_;
   std::array<uint8_t, 256> classes_{};
   std::array<uint8_t, 256> lanes_{};  ///< 1: a byte that goes on a run, whatever follows; 2: a separator.
   bool terminatesAtEndOfLine_;

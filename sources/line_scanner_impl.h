@@ -17,6 +17,9 @@ inline constexpr std::string_view kPunctuationInWords = "'.,()+-";
 inline constexpr std::string_view kCdataBegin = "<![cdata[";
 inline constexpr std::string_view kCdataEnd = "]]>";
 
+inline constexpr std::string_view kNonJoiner = "\u200C";
+inline constexpr std::string_view kJoiner = "\u200D";
+
 inline constexpr size_t kWindow = 64;
 
 /// The lowest bits of eight bytes as the bits of one. The factors of the product meet nowhere, so that no
@@ -28,6 +31,10 @@ inline uint64_t GatherLowBits(uint64_t bytes) {
 inline unsigned char LowerAscii(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 32) : byte;
+}
+
+inline bool IsLetter(char c) {
+  return LowerAscii(c) >= 'a' && LowerAscii(c) <= 'z';
 }
 
 /// Whether `marker`, in lower case, stands at byte `at`, ASCII case aside.
@@ -55,7 +62,7 @@ template <typename Sink>
 LineScanner<Sink>::LineScanner(const WordRules& rules, const CommentMarkers& markers, Sink& sink)
     : markers_(markers),
       sink_(&sink),
-      shortLetters_(&ShortWordCharacters()),
+      shortKinds_(&KindsOfShortCodes()),
       terminatesAtEndOfLine_(rules.TerminateAtEndOfLine),
       isMarkup_(markers.Language == "XML" || markers.Language == "HTML" || markers.Language == "PHP") {
   ClassifyBytes(rules);
@@ -116,9 +123,8 @@ void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine) {
     if (is & kWord) {
       at = TakeRun(at);
     } else if (is & kNotAscii) {
-      bool isWordCharacter;
-      const size_t past = PastLongCharacter(at, isWordCharacter);
-      at = isWordCharacter ? TakeRun(at) : past;
+      size_t past;
+      at = KindOfLong(at, past) == CharKind::Letter ? TakeRun(at) : past;
     } else {
       if (is & kTerminator) sink_->ResetPhrases();
       ++at;
@@ -200,22 +206,37 @@ size_t LineScanner<Sink>::EndOfRegion(size_t at) {
   return found + end.size();
 }
 
-/// Past the character at `at`, which is no ASCII.
+/// What the character at `at` is, which is no ASCII, and where it ends.
 template <typename Sink>
-size_t LineScanner<Sink>::PastLongCharacter(size_t at, bool& isWordCharacter) const {
+CharKind LineScanner<Sink>::KindOfLong(size_t at, size_t& past) const {
   const char32_t c = NextCharacter(line_, at);
-  isWordCharacter = c < kShortCodes ? (*shortLetters_)[c] : IsWordCharCode(c, false, {});
-  return at;
+  past = at;
+  return c < kShortCodes ? (*shortKinds_)[c] : KindOf(c);
 }
 
-/// Past the word character at `at`, or `at` where a run ends there.
+/// Whether what stands before `at` in the run from `begin` on is a letter or a mark. No other character
+/// beyond ASCII gets into a run, except joiners.
 template <typename Sink>
-size_t LineScanner<Sink>::PastWordCharacter(size_t at) {
+bool LineScanner<Sink>::IsBehindLetter(size_t begin, size_t at) const {
+  if (at == begin) return false;
+  const char last = line_[at - 1];
+  if (static_cast<unsigned char>(last) < 0x80) return line_scanner::IsLetter(last);
+  return !line_.substr(begin, at - begin).ends_with(line_scanner::kNonJoiner) &&
+         !line_.substr(begin, at - begin).ends_with(line_scanner::kJoiner);
+}
+
+/// Past the word character at `at` of the run from `begin` on, or `at` where the run ends there.
+template <typename Sink>
+size_t LineScanner<Sink>::PastWordCharacter(size_t begin, size_t at) {
   const unsigned is = ClassAt(at);
   if (is & kNotAscii) {
-    bool isWordCharacter;
-    const size_t past = PastLongCharacter(at, isWordCharacter);
-    return isWordCharacter ? past : at;
+    size_t past;
+    const CharKind kind = KindOfLong(at, past);
+    if (kind == CharKind::Letter) return past;
+    if (kind == CharKind::Other || !IsBehindLetter(begin, at)) return at;
+    if (kind == CharKind::Mark) return past;
+    size_t next = past;
+    return past < line_.size() && KindOf(NextCharacter(line_, next)) == CharKind::Letter ? past : at;
   }
   if (!(is & kWord) || ((is & kMarker) && HasMarkerAt(at))) return at;
   return at + 1;
@@ -230,7 +251,7 @@ size_t LineScanner<Sink>::EndOfRun(size_t begin) {
       ++at;
       continue;
     }
-    const size_t past = PastWordCharacter(at);
+    const size_t past = PastWordCharacter(begin, at);
     if (past == at) return at;
     at = past;
   }
@@ -242,18 +263,19 @@ template <typename Sink>
 size_t LineScanner<Sink>::EndOfLongRun(size_t begin) {
   size_t at = begin;
   for (size_t characters = 0; at < line_.size() && characters < kMostWordCharacters; ++characters) {
-    const size_t past = PastWordCharacter(at);
+    const size_t past = PastWordCharacter(begin, at);
     if (past == at) break;
     at = past;
   }
   return at;
 }
 
-/// Whether an apostrophe and its letter may end a word before `at`: before no word character, one that
-/// would be cut off a word's end, a marker, or the end of the line.
+/// Whether the letter behind an apostrophe may end a word: before no word character, one that would be cut
+/// off a word's end, a marker, or the end of the line.
 template <typename Sink>
-bool LineScanner<Sink>::WordCanEndBefore(size_t at) {
-  return at == line_.size() || (ClassAt(at) & kTrimmed) || PastWordCharacter(at) == at;
+bool LineScanner<Sink>::WordCanEndBehind(size_t letter) {
+  const size_t at = letter + 1;
+  return at == line_.size() || (ClassAt(at) & kTrimmed) || PastWordCharacter(letter, at) == at;
 }
 
 /// The end of the run with the apostrophe and "s" or "t" that belong to it; `end` where none does.
@@ -261,7 +283,7 @@ template <typename Sink>
 size_t LineScanner<Sink>::WithApostrophe(size_t begin, size_t end) {
   if (apostropheIsWordCharacter_ || end + 1 >= line_.size() || line_[end] != '\'') return end;
   const unsigned char letter = line_scanner::LowerAscii(line_[end + 1]);
-  if ((letter != 's' && letter != 't') || !WordCanEndBefore(end + 2)) return end;
+  if ((letter != 's' && letter != 't') || !WordCanEndBehind(end + 1)) return end;
   if (letter == 't') {
     while (begin < end && (ClassAt(begin) & kTrimmed)) ++begin;
     if (!IsNegativeContractionStem(line_.substr(begin, end - begin))) return end;

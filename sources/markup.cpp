@@ -100,7 +100,7 @@ int EntityLength(std::string_view text) {
   if (text.substr(0, 2) == "&#") return 1;
   if (text[0] != '&') return 0;
   size_t at = 1;
-  if (!IsWordCharCode(NextCharacter(text, at), false, {})) return 0;
+  if (KindOf(NextCharacter(text, at)) != CharKind::Letter) return 0;
   for (int position = 3; at < text.size() && position <= kLatestSemicolon; ++position) {
     const char32_t c = NextCharacter(text, at);
     if (c == ';') return position;

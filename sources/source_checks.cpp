@@ -163,7 +163,7 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t char
     const char32_t ch = NextCharacter(text, at);
     const bool layout = ch == '\n' || ch == '\r' || ch == '\f' || ch == '\t' || ch == '\b';
     if (ch < 32 && !layout) ++controls;
-    letter = letter || IsWordCharCode(ch, false, "");
+    letter = letter || KindOf(ch) == CharKind::Letter;
   }
   if (letter && controls * 100 <= seen) return true;
   Complain(messages,

@@ -44,7 +44,7 @@ class DistinctWords {
 class ListSink final : public WordSink {
  public:
   explicit ListSink(DistinctWords& words) : words_(words) {}
-  void TakeWord(std::string_view word) override { words_.Add(LowerText(word)); }
+  void TakeWord(std::string_view word) override { words_.Add(FoldCase(word)); }
   void ResetPhrases() override {}
 
  private:

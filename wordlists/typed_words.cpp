@@ -2,8 +2,8 @@
 
 #include <functional>
 
+#include "engine/clean_text.h"
 #include "engine/list_entry.h"
-#include "engine/unicode.h"
 #include "engine/word_chars.h"
 #include "sources/markup.h"
 
@@ -63,12 +63,13 @@ std::string FirstDisallowed(std::string_view text, std::string_view passing, con
   SetAllowedExtraChars2(current);
   std::string found;
   size_t next = 0;
+  WordCharReader reader(current.AllowedExtraChars);
   OutsideBrackets(text, [&](size_t at) {
     if (at < next) return true;  // Inside a character of several bytes.
+    if (at > next) reader = WordCharReader(current.AllowedExtraChars);
     next = at;
-    const char32_t c = NextCharacter(text, next);
-    const bool passes = c < 0x80 && passing.find(static_cast<char>(c)) != std::string_view::npos;
-    if (!passes && !IsWordCharCode(c, false, current.AllowedExtraChars)) AppendCharacter(c, found);
+    const bool passes = passing.find(text[at]) != std::string_view::npos;
+    if (!reader.Next(text, next) && !passes) found = text.substr(at, next - at);
     return found.empty();
   });
   return found;
@@ -98,11 +99,8 @@ void Refuse(Messages& messages, std::string text, std::string title) {
 }  // namespace
 
 std::string NormaliseTypedText(std::string_view typed) {
-  std::string text;
   // What comes from a command line need not be well-formed.
-  for (size_t at = 0; at < typed.size();) AppendCharacter(NextCharacter(typed, at), text);
-  ReplaceTypographicQuotes(text);
-  text = ToNfc(text);
+  const std::string text = CleanText(typed);
   std::string result = text;
   OutsideBrackets(text, [&](size_t at) {
     if (text[at] == '\t' || text[at] == '\r' || text[at] == '\n') result[at] = ' ';

@@ -32,16 +32,18 @@ const std::vector<std::vector<std::string>>& Vocabularies() {
       {"1", "12", "a1", "aaaa", "AAaa", "aa-aa", "aaa1a", "--", "a--b", "é", "ab", "abc", "Abc", "ÉéÉé",
        "1111a", "aaab"},
       {"the", "cat", "sat", "on", "mat", "of", "year"},
+      {"T\u0308op", "\u1E97op", "top", "J\u030C", "\u01F0", "T\u0308", "\u1E97"},
   };
   return all;
 }
 
-const std::vector<std::string> kOneWordEntries = {"a",   "b",  "he",  "the",   "THE", "cote", "Côte",
-                                                  "~",   "?",  "a~",  "?he",   "~e",  "<e$>", "<^t>",
-                                                  "<(>", "<>", "cat", "<a|b>", "it",  "жук",  "<[>"};
+const std::vector<std::string> kOneWordEntries = {
+    "a",    "b",    "he",  "the", "THE", "cote",  "Côte", "~",   "?",   "a~",        "?he",    "~e",
+    "<e$>", "<^t>", "<(>", "<>",  "cat", "<a|b>", "it",   "жук", "<[>", "T\u0308op", "\u1E97", "?op"};
 const std::vector<std::string> kPhraseEntries = {
-    "a b",    "a a",       "the he",  "? ?",   "~ b",       "?? ~ the", "<e t>",       "<a b$>",  "a <b>",
-    "<^a> ~", "cote côte", "The cat", "~ ~ ~", "<^a a a$>", "a",        "the cat sat", "<b a> a", "<^> b"};
+    "a b",    "a a",         "the he",  "? ?",       "~ b",         "?? ~ the", "<e t>",
+    "<a b$>", "a <b>",       "<^a> ~",  "cote côte", "The cat",     "~ ~ ~",    "<^a a a$>",
+    "a",      "the cat sat", "<b a> a", "<^> b",     "T\u0308op ~", "? \u01F0", "J\u030C T\u0308"};
 
 /// Any number of the range, at every size: only the length of the text grows with the size.
 rc::Gen<int> Range(int least, int end) {

@@ -22,12 +22,14 @@ TEST(SplitOutsideBrackets, LeavesAngleBracketsAlone) {
   EXPECT_EQ(SplitOutsideBrackets("a> b", ' '), (Pieces{"a>", "b"}));
 }
 
-TEST(LowerOutsideBrackets, LeavesAngleBracketsAlone) {
-  EXPECT_EQ(LowerOutsideBrackets("CAFÉ~"), "café~");
-  EXPECT_EQ(LowerOutsideBrackets("<T$>"), "<T$>");
-  EXPECT_EQ(LowerOutsideBrackets("A<B>C<D>E"), "a<B>c<D>e");
-  EXPECT_EQ(LowerOutsideBrackets("A<B"), "a<b");
-  EXPECT_EQ(LowerOutsideBrackets(""), "");
+TEST(FoldOutsideBrackets, LeavesAngleBracketsAlone) {
+  EXPECT_EQ(FoldOutsideBrackets("CAFÉ~"), "café~");
+  EXPECT_EQ(FoldOutsideBrackets("T\u0308~"), "\u1E97~");
+  EXPECT_EQ(FoldOutsideBrackets("<T\u0308>"), "<T\u0308>");
+  EXPECT_EQ(FoldOutsideBrackets("<T$>"), "<T$>");
+  EXPECT_EQ(FoldOutsideBrackets("A<B>C<D>E"), "a<B>c<D>e");
+  EXPECT_EQ(FoldOutsideBrackets("A<B"), "a<b");
+  EXPECT_EQ(FoldOutsideBrackets(""), "");
 }
 
 ListEntries Ignoring(std::vector<std::string> typed, std::vector<std::string> file = {},

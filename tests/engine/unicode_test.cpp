@@ -151,29 +151,35 @@ TEST(Unicode, LowersCharacterByCharacter) {
   }
 }
 
-TEST(Unicode, KnowsLettersAndMarks) {
-  constexpr std::u32string_view kSome = U"aZéßŁяω漢한\u0301\u20DD\u0903\u02B0";
-  constexpr std::u32string_view kOthers = U"1 _-×\u00A0\u2014\u0660\u2160\uFFFD€";
-  for (const char32_t c : kSome) EXPECT_TRUE(IsLetterOrMark(c)) << static_cast<uint32_t>(c);
-  for (const char32_t c : kOthers) EXPECT_FALSE(IsLetterOrMark(c)) << static_cast<uint32_t>(c);
-}
-
-TEST(Unicode, ReplacesTypographicQuotes) {
+TEST(Unicode, FoldsCaseIntoNfc) {
   struct Row {
     std::string_view From;
     std::string_view To;
   };
   constexpr Row kTable[] = {{"", ""},
-                            {"plain", "plain"},
-                            {"\u2018a\u2019", "'a'"},
-                            {"\u201Ca\u201D", "\u201Ca\""},
-                            {"\u2019\u2019\u2026\u201D", "''\u2026\""},
-                            {"a\xE2\x80", "a\xE2\x80"}};
+                            {"Cat ÉTÉ", "cat été"},
+                            // These have no composed form as capitals.
+                            {"T\u0308", "\u1E97"},
+                            {"\u0397\u0342", "\u1FC6"},
+                            {"J\u030C", "\u01F0"},
+                            {"aT\u0308bT\u0308", "a\u1E97b\u1E97"},
+                            {"\u1E97", "\u1E97"}};
   for (const Row& row : kTable) {
-    std::string text(row.From);
-    ReplaceTypographicQuotes(text);
-    EXPECT_EQ(text, row.To);
+    EXPECT_EQ(FoldCase(row.From), row.To);
+    EXPECT_EQ(FoldCase(row.To), row.To);
   }
+}
+
+TEST(Unicode, KnowsLettersAndMarks) {
+  constexpr std::u32string_view kLetters = U"aZéßŁяω漢한\u02B0\U00010400";
+  constexpr std::u32string_view kMarks = U"\u0301\u20DD\u0903\uFE0F\U0001D165";
+  constexpr std::u32string_view kOthers = U"1 _-×\u00A0\u2014\u0660\u2160\uFFFD€\u200C\u200D\U0001F600";
+  for (const char32_t c : kLetters)
+    EXPECT_TRUE(IsUnicodeLetter(c) && !IsUnicodeMark(c)) << static_cast<uint32_t>(c);
+  for (const char32_t c : kMarks)
+    EXPECT_TRUE(IsUnicodeMark(c) && !IsUnicodeLetter(c)) << static_cast<uint32_t>(c);
+  for (const char32_t c : kOthers)
+    EXPECT_FALSE(IsUnicodeLetter(c) || IsUnicodeMark(c)) << static_cast<uint32_t>(c);
 }
 
 }  // namespace

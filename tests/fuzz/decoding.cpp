@@ -1,5 +1,6 @@
-// Any bytes as text of either encoding: what comes out is well-formed, composed and free of the quotes that
-// are replaced, the same at a second time, and its lines do not depend on the blocks in which it is read.
+// Any bytes as text of either encoding: what comes out is well-formed, composed and free of all that is
+// replaced or dropped, the same at a second time, and its lines do not depend on the blocks in which it is
+// read.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -23,7 +24,8 @@ void RequireClean(std::string_view text) {
     const size_t begin = at;
     const char32_t c = NextCharacter(text, at);
     Require(c != kReplacementCharacter || text.substr(begin, at - begin) == "\uFFFD");
-    Require(c != U'\u2018' && c != U'\u2019' && c != U'\u201D');
+    Require(std::u32string_view(U"\u2018\u2019\u201D\u2010\u2011\u00AD\u2060\uFEFF").find(c) ==
+            std::u32string_view::npos);
   }
   Require(ToNfc(text) == text);
   std::string buffer;

@@ -30,12 +30,11 @@ void RequireClean(const std::string& text) {
 }
 
 void RequireWord(const std::string& word, const WordRules& rules) {
-  Require(LowerText(word) == word);
-  for (size_t at = 0; at < word.size();) {
-    const char32_t c = NextCharacter(word, at);
-    // An apostrophe may stand before a last s or t whatever the rules say.
-    Require(IsWordCharCode(c, false, rules.AllowedExtraChars + "~?'"));
-  }
+  Require(FoldCase(word) == word);
+  // An apostrophe may stand before a last s or t whatever the rules say.
+  const std::string extra = rules.AllowedExtraChars + "~?'";
+  WordCharReader reader(extra);
+  for (size_t at = 0; at < word.size();) Require(reader.Next(word, at));
 }
 
 }  // namespace

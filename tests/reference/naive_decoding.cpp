@@ -1,9 +1,5 @@
 #include "tests/reference/naive_decoding.h"
 
-#include <utf8proc.h>
-
-#include <cstdlib>
-
 #include "tests/reference/naive_text.h"
 
 namespace korv::naive {
@@ -23,11 +19,10 @@ struct Form {
   unsigned char secondLow, secondHigh;  // What may follow it.
   size_t length;
 };
-constexpr Form kForms[] = {{0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2},
-                           {0xE0, 0xE0, 0xA0, 0xBF, 3}, {0xE1, 0xEC, 0x80, 0xBF, 3},
-                           {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
-                           {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4},
-                           {0xF4, 0xF4, 0x80, 0x8F, 4}};
+constexpr Form kForms[] = {
+    {0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
+    {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
+    {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4}};
 
 Sequence SequenceAt(std::string_view bytes, size_t at) {
   const auto byte = [&](size_t k) { return static_cast<unsigned char>(bytes[k]); };
@@ -129,22 +124,6 @@ DecodedText DecodeBytes(std::string_view bytes, bool isUtf8) {
 std::string Clean(std::string_view text) {
   uint64_t illFormed = 0;
   return Nfc(Encode(WithReplacements(CharactersOfUtf8(text, illFormed))));
-}
-
-std::string Nfc(std::string_view text) {
-  // The library's own call ends at the first NUL, so what stands between them is composed piece by piece.
-  std::string composed;
-  for (size_t begin = 0;;) {
-    const size_t end = std::min(text.find('\0', begin), text.size());
-    const std::string piece(text.substr(begin, end - begin));
-    utf8proc_uint8_t* result = utf8proc_NFC(reinterpret_cast<const utf8proc_uint8_t*>(piece.c_str()));
-    if (result == nullptr) std::abort();
-    composed += reinterpret_cast<const char*>(result);
-    std::free(result);
-    if (end == text.size()) return composed;
-    composed += '\0';
-    begin = end + 1;
-  }
 }
 
 }  // namespace korv::naive

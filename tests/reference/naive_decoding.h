@@ -14,12 +14,12 @@ struct DecodedText {
   uint64_t IllFormed = 0;  ///< Sequences of UTF-8 that became U+FFFD.
 };
 
-/// Whether a text that nothing tells the encoding of is UTF-8, by what stands from its first byte above 127 on.
+/// Whether a text that nothing tells the encoding of is UTF-8, by what stands from its first byte above 127
+/// on.
 bool TakesForUtf8(std::string_view bytes);
 DecodedText DecodeBytes(std::string_view bytes, bool isUtf8);
 
 /// UTF-8 (any bytes) with what is replaced replaced and what is dropped dropped, in NFC.
 std::string Clean(std::string_view text);
-std::string Nfc(std::string_view text);
 
 }  // namespace korv::naive

@@ -30,18 +30,18 @@ bool OccurInOrder(const std::string& phrase, const std::vector<std::string>& wor
 std::vector<std::string> FilterWords(std::string_view text) {
   std::vector<std::string> words;
   bool inWord = false;
-  for (char32_t character : Decode(Lower(text))) {
-    bool belongs = IsLetter(character) ||
-                   std::u32string_view(U"0123456789'-").find(character) != std::u32string_view::npos;
-    if (belongs && !inWord) words.emplace_back();
-    if (belongs) words.back() += Encode(std::u32string_view(&character, 1));
-    inWord = belongs;
+  const std::u32string characters = Decode(Fold(text));
+  const std::vector<bool> belongs = BelongsToWord(characters, U"0123456789'-");
+  for (size_t at = 0; at < characters.size(); ++at) {
+    if (belongs[at] && !inWord) words.emplace_back();
+    if (belongs[at]) words.back() += Encode(characters.substr(at, 1));
+    inWord = belongs[at];
   }
   return words;
 }
 
 bool PassesFilter(std::string_view phrase, const std::vector<std::string>& words, FilterMode mode) {
-  const std::string lowered = Lower(phrase);
+  const std::string lowered = Fold(phrase);
   if (mode == FilterMode::Subphrase) {
     std::string text;
     for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;

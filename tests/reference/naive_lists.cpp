@@ -51,8 +51,8 @@ bool MatchPattern(std::string_view text, std::string_view pattern, char anyRun, 
     expression = std::string(pattern);
     // The library at hand folds case within ASCII only.
     if (!caseSignificant) {
-      expression = Lower(expression);
-      searched = Lower(searched);
+      expression = Fold(expression);
+      searched = Fold(searched);
     }
     expression = "^" + ReplaceAll(ReplaceAll(expression, anyRun, ".*"), anyChar, ".") + "$";
     if (expression == "^.*$") return true;
@@ -99,8 +99,8 @@ bool Lists::Match(std::string_view text, std::string_view pattern) const {
 }
 
 bool Lists::MatchesOneWordEntry(std::string_view word, const std::string& entry, bool byPattern) const {
-  const std::string lowered = IsBracketed(entry) ? entry : Lower(entry);
-  return byPattern ? Match(Lower(word), lowered) : Lower(word) == lowered;
+  const std::string lowered = IsBracketed(entry) ? entry : Fold(entry);
+  return byPattern ? Match(Fold(word), lowered) : Fold(word) == lowered;
 }
 
 bool Lists::HasWordsToIgnore() const {

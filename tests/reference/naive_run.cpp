@@ -55,7 +55,7 @@ void CountingRun::TakeWord(std::string_view word) {
     ++dropped_[rule];
     return;
   }
-  std::string folded = rules_.CaseSignificant ? std::string(word) : Lower(word);
+  std::string folded = rules_.CaseSignificant ? std::string(word) : Fold(word);
   if (options_.IgnoreMode == IgnoreRule::Remove && lists_.IsWordToIgnore(folded)) {
     ++dropped_["ignored"];
     return;

@@ -152,7 +152,7 @@ size_t Scanner::EntityLength(View text) {
   if (semicolon == kNowhere) return 0;
   if (text.substr(0, semicolon).find(U' ') != kNowhere) return 0;
   if (semicolon + 1 > 20) return 0;
-  if (text[1] != U'#' && !IsLetter(text[1])) return 0;
+  if (text[1] != U'#' && !IsLetterProper(text[1])) return 0;
   return semicolon + 1;
 }
 
@@ -161,8 +161,8 @@ bool Scanner::IsNegativeContractionStem(View word) {
   return stems.find(Lower(Encode(word)) + " ") != std::string::npos;
 }
 
-bool Scanner::IsWordCharacter(char32_t c) const {
-  return IsLetter(c) || extra_.find(c) != kNowhere;
+bool Scanner::BeginsRun(View line, size_t at) const {
+  return IsLetterProper(line[at]) || extra_.find(line[at]) != kNowhere;
 }
 
 bool Scanner::IsPunctuationInWords(char32_t c) const {
@@ -209,7 +209,7 @@ size_t Scanner::SkipRegion(View line, size_t at) {
 
 size_t Scanner::RunEnd(View line, size_t at) const {
   const size_t begin = at;
-  while (at < line.size() && at - begin < 65000 && IsWordCharacter(line[at]) && !IsAnyMarker(line, at)) ++at;
+  while (at < line.size() && at - begin < 65000 && belongs_[at] && !IsAnyMarker(line, at)) ++at;
   return at;
 }
 
@@ -220,8 +220,8 @@ bool Scanner::TakesApostrophe(View line, size_t begin, size_t end) const {
   const bool isT = next == U"'t" || next == U"'T";
   if (!isS && !isT) return false;
   const size_t after = end + 2;
-  const bool ends = after == line.size() || !IsWordCharacter(line[after]) ||
-                    IsPunctuationInWords(line[after]) || IsAnyMarker(line, after);
+  const bool ends = after == line.size() || !belongs_[after] || IsPunctuationInWords(line[after]) ||
+                    IsAnyMarker(line, after);
   if (!ends) return false;
   if (isS) return true;
   while (begin < end && IsPunctuationInWords(line[begin])) ++begin;
@@ -237,6 +237,7 @@ void Scanner::ScanLine(std::string_view text) {
   Text line = ReplaceDoubleHyphens(Decode(text));
   if (isMarkup_) line = ReplaceNamedEntities(line);
   line = U" " + line;
+  belongs_ = BelongsToWord(line, extra_);
 
   size_t i = 0;
   while (i < line.size()) {
@@ -255,7 +256,7 @@ void Scanner::ScanLine(std::string_view text) {
       i = SkipRegion(line, i + pairs_[pair].first.size());
       continue;
     }
-    if (!IsWordCharacter(line[i])) {
+    if (!BeginsRun(line, i)) {
       if (line[i] == U'"' && rules_.TerminateAtDoubleQuote) Break();
       if (line[i] == U'\t' && rules_.TerminateAtTab) Break();
       ++i;

@@ -30,7 +30,7 @@ class Scanner {
   static bool IsNegativeContractionStem(std::u32string_view word);
 
  private:
-  bool IsWordCharacter(char32_t c) const;
+  bool BeginsRun(std::u32string_view line, size_t at) const;
   bool IsPunctuationInWords(char32_t c) const;
   bool IsDelimiter(std::u32string_view line, size_t at, size_t& length) const;
   bool IsMarker(std::u32string_view line, size_t at, size_t& pair) const;
@@ -45,6 +45,7 @@ class Scanner {
   std::vector<std::pair<std::u32string, std::u32string>> pairs_;
   bool isMarkup_;
   int inRegion_ = -1;
+  std::vector<bool> belongs_;  ///< To words: each character of the line that is being scanned.
   std::vector<std::string> found_;
 };
 

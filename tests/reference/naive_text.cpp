@@ -2,6 +2,9 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace korv::naive {
 namespace {
 
@@ -78,7 +81,14 @@ int CharacterCount(std::string_view text) {
   return static_cast<int>(Decode(text).size());
 }
 
-bool IsLetter(char32_t character) {
+bool IsMark(char32_t character) {
+  if (character < 256) return false;
+  const utf8proc_category_t category = utf8proc_category(static_cast<utf8proc_int32_t>(character));
+  return category == UTF8PROC_CATEGORY_MN || category == UTF8PROC_CATEGORY_MC ||
+         category == UTF8PROC_CATEGORY_ME;
+}
+
+bool IsLetterProper(char32_t character) {
   if (character < 256) {
     return (character >= 65 && character <= 90) || (character >= 97 && character <= 122) ||
            (character >= 192 && character != 215 && character != 247);
@@ -89,19 +99,57 @@ bool IsLetter(char32_t character) {
     case UTF8PROC_CATEGORY_LT:
     case UTF8PROC_CATEGORY_LM:
     case UTF8PROC_CATEGORY_LO:
-    case UTF8PROC_CATEGORY_MN:
-    case UTF8PROC_CATEGORY_MC:
-    case UTF8PROC_CATEGORY_ME:
       return true;
     default:
       return false;
   }
 }
 
+bool IsLetter(char32_t character) {
+  return IsLetterProper(character) || IsMark(character);
+}
+
 std::string Lower(std::string_view text) {
   std::u32string characters = Decode(text);
   for (char32_t& character : characters) character = LowerCode(character);
   return Encode(characters);
+}
+
+std::string Nfc(std::string_view text) {
+  // The library's own call ends at the first NUL, so what stands between them is composed piece by piece.
+  std::string composed;
+  for (size_t begin = 0;;) {
+    const size_t end = std::min(text.find('\0', begin), text.size());
+    const std::string piece(text.substr(begin, end - begin));
+    utf8proc_uint8_t* result = utf8proc_NFC(reinterpret_cast<const utf8proc_uint8_t*>(piece.c_str()));
+    if (result == nullptr) std::abort();
+    composed += reinterpret_cast<const char*>(result);
+    std::free(result);
+    if (end == text.size()) return composed;
+    composed += '\0';
+    begin = end + 1;
+  }
+}
+
+std::string Fold(std::string_view text) {
+  return Nfc(Lower(text));
+}
+
+std::vector<bool> BelongsToWord(std::u32string_view text, std::u32string_view extra) {
+  std::vector<bool> belongs(text.size());
+  const auto isJoiner = [&](size_t at) { return text[at] == U'\u200C' || text[at] == U'\u200D'; };
+  for (size_t at = 0; at < text.size(); ++at) {
+    const bool behindLetter = at > 0 && belongs[at - 1] && IsLetter(text[at - 1]);
+    if (IsLetterProper(text[at]))
+      belongs[at] = true;
+    else if (IsMark(text[at]))
+      belongs[at] = behindLetter;
+    else if (isJoiner(at))
+      belongs[at] = behindLetter && at + 1 < text.size() && IsLetterProper(text[at + 1]);
+    else
+      belongs[at] = extra.find(text[at]) != std::u32string_view::npos;
+  }
+  return belongs;
 }
 
 std::string FoldAccents(std::string_view text) {

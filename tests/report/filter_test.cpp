@@ -23,6 +23,10 @@ TEST(FilterText, KeepsLowerCasedWordsWithSingleBlanks) {
       {"ΟΔΌΣ Жук", "οδόσ жук"},
       {"a\u00D7b\u00F7c", "a b c"},
       {"a_b", "a b"},
+      {"T\u0308op", "\u1E97op"},
+      {"\u0645\u06CC\u200C\u062E a\u200C", "\u0645\u06CC\u200C\u062E a"},
+      {"i \u2764\uFE0F u", "i u"},
+      {"co\u00ADop well\u2010known", "coop well-known"},
       {"tab\tand\r\nline", "tab and line"},
       {"a\xFF"
        "b",
@@ -52,6 +56,9 @@ constexpr FilterMode kSubphrase = FilterMode::Subphrase;
 TEST(PhraseFilter, PassesPhrasesThatHoldItsWords) {
   const TestCase cases[] = {
       {"the cat", kSubphrase, "saw the cat", true},
+      {"\u1E97op", kAll, "the T\u0308op", true},
+      {"\u0645\u06CC\u200C\u062E", kAll, "a \u0645\u06CC\u200C\u062E", true},
+      {"\u062E", kAll, "a \u0645\u06CC\u200C\u062E", false},
       {"the cat", kSubphrase, "saw the cats", false},
       {"the cat", kSubphrase, "saw bathe cat", false},
       {"the cat", kSubphrase, "cat the", false},

@@ -31,8 +31,8 @@ constexpr std::string_view kPieces[] = {
     "\xED\xA0\x80"sv, "\xF0\x9F\x98"sv, "\xF4\x90\x80\x80"sv};
 
 std::string DrawBytes() {
-  const auto pieces = rc::gen::container<std::vector<std::string_view>>(rc::gen::elementOf(
-      std::vector<std::string_view>(std::begin(kPieces), std::end(kPieces))));
+  const auto pieces = rc::gen::container<std::vector<std::string_view>>(
+      rc::gen::elementOf(std::vector<std::string_view>(std::begin(kPieces), std::end(kPieces))));
   std::string bytes;
   for (const std::string_view piece : *pieces) bytes += piece;
   return bytes;
@@ -55,8 +55,7 @@ void CompareReaderWithModel(const std::string& bytes) {
   const size_t head = *rc::gen::inRange<size_t>(0, std::min<size_t>(bytes.size(), 40) + 1);
   BittenFile rest(std::string_view(bytes).substr(head), *rc::gen::element<size_t>(1, 2, 3, 1000, 100000));
   int asked = 0;
-  TextReader reader(bytes.substr(0, head), &rest,
-                    EncodingPlan([&] {
+  TextReader reader(bytes.substr(0, head), &rest, EncodingPlan([&] {
                       ++asked;
                       return answer;
                     }),
@@ -85,7 +84,8 @@ RC_GTEST_PROP(DecodingProperties, EitherEncodingIsDecodedLikeTheModel, ()) {
   const std::string bytes = DrawBytes();
   const bool isUtf8 = *rc::gen::arbitrary<bool>();
   const bool isSigned = isUtf8 && bytes.starts_with("\xEF\xBB\xBF");
-  const naive::DecodedText model = naive::DecodeBytes(std::string_view(bytes).substr(isSigned ? 3 : 0), isUtf8);
+  const naive::DecodedText model =
+      naive::DecodeBytes(std::string_view(bytes).substr(isSigned ? 3 : 0), isUtf8);
   TextReader reader(bytes, nullptr, isUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi);
   std::vector<std::string> lines;
   while (reader.NextLine()) lines.emplace_back(reader.Line());

@@ -20,7 +20,8 @@ constexpr std::string_view kPieces[] = {
     "a", "b", "cat", "isn", "WASN", "n", "café", "Ý", "кошка", "e\u0301", "漢字", "İsn", "ß", "x1y",
     "abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghij", "s", "t", " ", " ", " ", "  ", "\t",
     "\"", "'", "'", "'s", "'T", "'t ", "'S.", "-", "-", "--", "---", ".", ",", ";", ":", "(", ")", "()", "((",
-    "_", "/", "\\", "@", "&", "#", "~", "?", "+", "!", "×", "\u2014", "\uFFFD", "7", "\u00A0",
+    "\u0301", "\uFE0F", "\u0902", "\u200C", "\u200D", "\u200C", "\u200D", "\u2764\uFE0F", "\u0645\u06CC",
+    "T\u0308", "_", "/", "\\", "@", "&", "#", "~", "?", "+", "!", "×", "\u2014", "\uFFFD", "7", "\u00A0",
     // Markers, whole and broken.
     "<", ">", "<b>", "</b>", "<!--", "-->", "<!---->", "<!-->", "<!", "<script", "<SCRIPT>", "/script>",
     "</Script>", "<style x>", "</style>", "<noscript>", "</noscript>", "<?xml", "<?XML ", "?>", "<?php",

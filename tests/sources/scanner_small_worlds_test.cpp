@@ -18,12 +18,16 @@ constexpr size_t kLongest = 7;
 constexpr size_t kLongest = 5;
 #endif
 
-constexpr std::string_view kSigns = "ab -'.\n";
+using Signs = std::vector<std::string_view>;
+const Signs kOfText = {"a", "b", " ", "-", "'", ".", "\n"};
+/// A letter, one with a composed form, marks of which one composes, a joiner, and what can stand around them.
+const Signs kOfScripts = {"\u0645", "s", "\u0323", "\uFE0F", "\u200C", "'", "-"};
 
 struct RuleSet {
   const char* Name;
   std::string_view Extra;
   bool EndsPhrases;
+  const Signs& Alphabet = kOfText;
 };
 
 class SmallWorlds : public testing::TestWithParam<RuleSet> {
@@ -50,19 +54,17 @@ class SmallWorlds : public testing::TestWithParam<RuleSet> {
 };
 
 TEST_P(SmallWorlds, AreCutLikeTheModel) {
-  // Counts up in base kSigns.size(), one text per number.
+  // Counts up in base signs.size(), one text per number.
+  const Signs& signs = GetParam().Alphabet;
   for (size_t length = 0; length <= kLongest; ++length) {
     std::vector<size_t> digits(length, 0);
-    std::string text(length, kSigns[0]);
     for (;;) {
+      std::string text;
+      for (const size_t digit : digits) text += signs[digit];
       ASSERT_NO_FATAL_FAILURE(Compare(text));
       size_t at = 0;
-      while (at < length && ++digits[at] == kSigns.size()) {
-        digits[at] = 0;
-        text[at++] = kSigns[0];
-      }
+      while (at < length && ++digits[at] == signs.size()) digits[at++] = 0;
       if (at == length) break;
-      text[at] = kSigns[digits[at]];
     }
   }
 }
@@ -70,7 +72,9 @@ TEST_P(SmallWorlds, AreCutLikeTheModel) {
 INSTANTIATE_TEST_SUITE_P(Rules, SmallWorlds,
                          testing::Values(RuleSet{"LettersOnly", "", true}, RuleSet{"Hyphens", "-", true},
                                          RuleSet{"HyphensAndPeriods", "-.", true},
-                                         RuleSet{"ApostrophesAndPeriods", "'.", false}),
+                                         RuleSet{"ApostrophesAndPeriods", "'.", false},
+                                         RuleSet{"MarksAndJoiners", "", false, kOfScripts},
+                                         RuleSet{"MarksAndJoinersWithHyphens", "-", false, kOfScripts}),
                          [](const auto& row) { return std::string(row.param.Name); });
 
 }  // namespace

@@ -233,6 +233,22 @@ TEST(ReadWords, GoesByTheChosenEncoding) {
   EXPECT_THAT(ListWorld(EncodingChoice::Utf8).Read(ansi).Words, ElementsAre("caf", "words"));
 }
 
+TEST(ReadWords, FoldsCaseIntoNfcAndKeepsJoiners) {
+  ListWorld world(EncodingChoice::Utf8);
+  EXPECT_THAT(world.Read("T\u0308op co\u00ADop\r\n\u0645\u06CC\u200C\u062E \u2764\uFE0F\r\n").Words,
+              ElementsAre("\u1E97op", "coop", "\u0645\u06CC\u200C\u062E"));
+}
+
+TEST(ReadWords, AsksAboutTheEncodingOnlyWhereAByteAbove127Comes) {
+  ListWorld world;
+  std::string plain;
+  while (plain.size() < 40'000) plain += "words\r\n";
+  EXPECT_THAT(world.Read(plain).Words, ElementsAre("words"));
+  EXPECT_TRUE(world.messages.shown.empty());
+  EXPECT_THAT(world.Read(plain + "caf\xC3\xA9\r\n").Words, ElementsAre("words", "caf\u00E9"));
+  EXPECT_EQ(world.messages.Only().title, "Text encoding");
+}
+
 TEST(ReadWords, CountOnlyFilesHoldOneEntryALine) {
   ListWorld world;
   const WordList list = world.Read(

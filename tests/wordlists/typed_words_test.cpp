@@ -29,6 +29,7 @@ TEST(SplitTypedEntries, SeparatesWordsToIgnoreAtBlanks) {
       {"Caf\u00e9 cafe\u0301", {"Café", "café"}},
       {"isn\u2019t", {"isn't"}},
       {"bad\xFFword", {"bad\uFFFDword"}},
+      {"co\u00ADop well\u2011known \u201Cx\u201D", {"coop", "well-known", "\u201Cx\""}},
   };
   for (const SplitCase& c : cases)
     EXPECT_EQ(SplitTypedEntries(ListKind::WordsToIgnore, c.typed), c.entries) << c.typed;
@@ -69,6 +70,12 @@ TEST(CheckAllowedExtraChars, ShowsAMessageForTheFirstFault) {
        "but is not currently set as a character allowed in a word."},
       {ListKind::CountOnly, "cat, r\u00d7t", "Character not allowed",
        "The character '\u00d7' occurs in some extra count-only word\r\n"
+       "but is not currently set as a character allowed in a word."},
+      {ListKind::WordsToIgnore, "i \u2764\uFE0F", "Character not allowed",
+       "The character '\u2764' occurs in some extra word-to-ignore\r\n"
+       "but is not currently set as a character allowed in a word."},
+      {ListKind::WordsToIgnore, "a~\u0323", "Character not allowed",
+       "The character '\u0323' occurs in some extra word-to-ignore\r\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::WordsToIgnore, "word42", "Character not allowed",
        "The character '4' occurs in some extra word-to-ignore\r\n"
@@ -113,6 +120,7 @@ TEST(CheckAllowedExtraChars, LetsPassWhatWordsMayHold) {
       {ListKind::WordsToIgnore, "ibid well-known ~ing ?at", {}},
       {ListKind::WordsToIgnore, "ŠŒŸÀÖØÞšœÿàöøþß Ελλάδα слово", {}},
       {ListKind::WordsToIgnore, "<^a, b.c$> <[0-9]>", {}},
+      {ListKind::WordsToIgnore, "\u0645\u06CC\u200C\u062E\u0648 x\u0323y co\u00ADop", {}},
       {ListKind::CountOnly, "big hat, <x,y>, cat", {}},
       {ListKind::WordsToIgnore, "U.S. me@home word42", generous},
   };
