@@ -28,6 +28,10 @@ class StandardStreams {
 
 bool StandardErrorIsTerminal();
 
+/// For a program with windows: standard output and error lead to the terminal that it was started from, where
+/// they lead nowhere else. Nothing happens where there is no terminal.
+void AnswerInTheTerminal();
+
 /// Standard input: bytes as they are; what is typed at a terminal as the system's encoding has it, on Windows
 /// UTF-8. A stop requested of `yielder`, which must outlive it, is its end.
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder);

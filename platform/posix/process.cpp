@@ -48,6 +48,9 @@ bool StandardErrorIsTerminal() {
   return ::isatty(STDERR_FILENO) == 1;
 }
 
+// Every program has the streams of its terminal here.
+void AnswerInTheTerminal() {}
+
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
   return std::make_unique<StandardInput>(yielder);
 }

@@ -143,6 +143,18 @@ bool StandardErrorIsTerminal() {
   return IsConsole(::GetStdHandle(STD_ERROR_HANDLE));
 }
 
+void AnswerInTheTerminal() {
+  const auto leadsNowhere = [](DWORD stream) {
+    const HANDLE handle = ::GetStdHandle(stream);
+    return handle == nullptr || handle == INVALID_HANDLE_VALUE;
+  };
+  const bool output = leadsNowhere(STD_OUTPUT_HANDLE);
+  const bool error = leadsNowhere(STD_ERROR_HANDLE);
+  if ((!output && !error) || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+  if (output) std::freopen("CONOUT$", "w", stdout);
+  if (error) std::freopen("CONOUT$", "w", stderr);
+}
+
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
   const HANDLE input = ::GetStdHandle(STD_INPUT_HANDLE);
   if (IsConsole(input)) return std::make_unique<ConsoleInput>(input, yielder);
