@@ -190,7 +190,8 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
                      .icon = Icon::Question,
                      .buttons = Buttons::YesNo,
                      .defaultAnswer = Answer::Yes,
-                     .question = Question::KeepFilter}) == Answer::Yes)
+                     .question = Question::KeepFilter,
+                     .mayBeSilenced = true}) == Answer::Yes)
     report.FilterActive = true;
   else
     report.FilterText.clear();

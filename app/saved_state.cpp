@@ -277,7 +277,8 @@ bool AskToLoadWordFile(const std::string& path, Messages& messages) {
                         .icon = Icon::Question,
                         .buttons = Buttons::YesNo,
                         .defaultAnswer = Answer::Yes,
-                        .question = Question::LoadWordFile}) == Answer::Yes;
+                        .question = Question::LoadWordFile,
+                        .mayBeSilenced = true}) == Answer::Yes;
 }
 
 }  // namespace korv

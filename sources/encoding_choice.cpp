@@ -11,7 +11,8 @@ bool AskToReadAsUtf8(Messages& messages) {
                         .icon = Icon::Question,
                         .buttons = Buttons::YesNo,
                         .defaultAnswer = Answer::Yes,
-                        .question = Question::TextEncoding}) == Answer::Yes;
+                        .question = Question::TextEncoding,
+                        .mayBeSilenced = true}) == Answer::Yes;
 }
 
 }  // namespace

@@ -181,7 +181,8 @@ Answer AskLargeInput(Messages& messages) {
                         .icon = Icon::Question,
                         .buttons = Buttons::YesNoCancel,
                         .defaultAnswer = Answer::Yes,
-                        .question = Question::LargeInput});
+                        .question = Question::LargeInput,
+                        .mayBeSilenced = true});
 }
 
 std::string FileKindWhileReading(bool isUtf8) {

@@ -1,5 +1,7 @@
 #include "app/windows/control_factory.h"
 
+#include <algorithm>
+
 namespace korv {
 
 namespace {
@@ -33,6 +35,19 @@ QCheckBox* MakeCheckBox(const char* name, const char* caption, QWidget* parent) 
 
 QRadioButton* MakeOption(const char* name, const char* caption, QWidget* parent) {
   return Named(new QRadioButton(QString::fromUtf8(caption), parent), name);
+}
+
+void TabToTheSelected(std::vector<QRadioButton*> group) {
+  const auto update = [group] {
+    const auto selected =
+        std::find_if(group.begin(), group.end(), [](auto* one) { return one->isChecked(); });
+    const QRadioButton* const entry = selected == group.end() ? group.front() : *selected;
+    for (QRadioButton* option : group) {
+      option->setFocusPolicy(option == entry ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+  };
+  for (QRadioButton* option : group) QObject::connect(option, &QRadioButton::toggled, option, update);
+  update();
 }
 
 QComboBox* MakeCombo(const char* name, const char* accessibleName, QWidget* parent) {

@@ -2,10 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScopedValueRollback>
@@ -16,13 +13,13 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
-#include <QUrl>
 
 #include "app/format.h"
 #include "app/windows/frm_clipboard.h"
 #include "app/windows/frm_help.h"
 #include "app/windows/frm_params.h"
 #include "app/windows/frm_popup.h"
+#include "app/windows/placement.h"
 #include "platform/qt/text.h"
 #include "report/report_rules.h"
 
@@ -54,7 +51,6 @@ frmMain::frmMain(const Desktop& desktop)
       recentFolders_(desktop.store, "recent/folders") {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Korv"));
-  setAcceptDrops(true);
   BuildControls(this);
   outputTextBox_ = std::make_unique<OutputTextBox>(*txbOutput);
   popUp_ = new frmPopUp(this);
@@ -94,6 +90,7 @@ bool frmMain::Form_Load() {
   FillLists();
   Connect();
   BuildMenus();
+  WatchDrops();
   EnableDisableButtons(true);
   Initialize();
   SelectSource(TextSource::SingleFile);
@@ -123,7 +120,8 @@ bool frmMain::Form_Load() {
                                               .icon = Icon::Question,
                                               .buttons = Buttons::YesNo,
                                               .defaultAnswer = Answer::Yes,
-                                              .question = Question::FirstCommonWords}) == Answer::Yes;
+                                              .question = Question::FirstCommonWords,
+                                              .mayBeSilenced = true}) == Answer::Yes;
     if (load) {
       params_->SetPathToCWDs_Eng();
       params_->AttemptToReadWords(ListKind::WordsToIgnore);
@@ -142,6 +140,7 @@ bool frmMain::Form_Load() {
   cmdClear->setEnabled(!filterWords.isEmpty());
   Timer1_Timer();
   SetTheFocus();
+  keeper_.Remember(GatherSettings());
   startUpCompleted_ = true;
   return true;
 }
@@ -164,7 +163,7 @@ void frmMain::Initialize() {
   cboDisplayFormat->setCurrentIndex(0);
   if (params_->HasWordFiles() &&
       desktop_.messages.Show({.text = "Do you wish to clear all words-to-ignore files?",
-                              .title = {},
+                              .title = "Words-to-ignore files",
                               .icon = Icon::Question,
                               .buttons = Buttons::YesNo,
                               .defaultAnswer = Answer::No,
@@ -192,7 +191,6 @@ void frmMain::EnableDisableButtons(bool enabled) {
     control->setEnabled(enabled);
   }
   for (QAction* action : idleActions_) action->setEnabled(enabled);
-  setAcceptDrops(enabled);
   params_->EnableDisableButtons(enabled);
   if (enabled) EnableClearButtons();
 }
@@ -259,12 +257,14 @@ bool frmMain::EndProgram() {
   if (running_) {
     // The run ends first; then the window closes, and nothing more is asked.
     if (params_->ReallyQuit()) {
+      OfferToKeepSettings();
       quitRequested_ = true;
       messages_.Mute();
       desktop_.yielder.RequestStop();
     }
     return false;
   }
+  OfferToKeepSettings();
   if (params_->chkSaveStateOnQuit->isChecked()) {
     if (const std::string fault = SaveStateTo({}); !fault.empty()) {
       desktop_.messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
@@ -276,6 +276,18 @@ bool frmMain::EndProgram() {
   if (clipboardViewer_) clipboardViewer_->hide();
   ended_ = true;
   return true;
+}
+
+void frmMain::OfferToKeepSettings() {
+  if (!startUpCompleted_ || params_->chkSaveStateOnQuit->isChecked()) return;
+  if (!keeper_.WouldBeMissed(GatherSettings())) return;
+  const SettingsKeeper::Wish wish = keeper_.Ask(desktop_.messages);
+  // Where they are kept always, they are saved with the rest when the program ends.
+  if (wish == SettingsKeeper::Wish::KeepAlways) params_->chkSaveStateOnQuit->setChecked(true);
+  if (wish != SettingsKeeper::Wish::KeepNow) return;
+  if (const std::string fault = SaveStateTo({}); !fault.empty()) {
+    desktop_.messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+  }
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
@@ -293,6 +305,7 @@ void frmMain::cmdSetParameters_Click() {
 
 void frmMain::cmdHelp_Click() {
   if (!help_) help_ = std::make_unique<frmHelp>(*texts_);
+  if (!help_->isVisible()) CentreOver(*help_, *this);
   help_->show();
   help_->raise();
   help_->activateWindow();
@@ -327,7 +340,7 @@ void frmMain::ShowInsufficientMemory() {
 
 void frmMain::ShowUnexpectedError(const char* place, const char* description) {
   desktop_.messages.Show({.text = UnexpectedErrorText(place, kErrorUnexpected, description),
-                          .title = {},
+                          .title = "Unexpected error",
                           .icon = Icon::Critical});
 }
 

@@ -19,6 +19,7 @@
 #include "app/windows/muted_messages.h"
 #include "app/windows/output_text_box.h"
 #include "app/windows/recent_sources.h"
+#include "app/windows/settings_keeper.h"
 #include "engine/run_options.h"
 #include "report/error_text.h"
 #include "report/list_words.h"
@@ -114,6 +115,13 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   /// Makes a file or a folder the source.
   void TakeSource(const QString& path);
 
+  // ---- Opening (frm_main_open.cpp)
+
+  /// Opens what was dropped or given to the program: a text or a folder becomes the source, a settings file
+  /// is loaded. Several files can be counted together when one folder holds them; else they are refused. Says
+  /// what is wrong.
+  void OpenPaths(const QStringList& paths);
+
   // ---- Report options and listing (frm_main_report.cpp)
 
   ReportOptions GatherReportOptions() const;
@@ -166,8 +174,6 @@ class frmMain final : public QMainWindow, public FrmMainControls {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -186,6 +192,10 @@ class frmMain final : public QMainWindow, public FrmMainControls {
 
   /// Saves what is to be saved and hides the other windows. False while a run is still going on.
   bool EndProgram();
+  /// Offers to keep settings that are about to be forgotten. Only once: later calls do nothing.
+  void OfferToKeepSettings();
+  void OpenTogether(const QStringList& paths);
+  void WatchDrops();
   void RestoreStateFile();
   void FillLists();
   void Connect();
@@ -225,6 +235,7 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   frmPopUp* popUp_ = nullptr;
   std::unique_ptr<OverwriteGuard> overwrite_;
   EncodingChooser encodings_;
+  SettingsKeeper keeper_;
   RecentSources recentFiles_;
   RecentSources recentFolders_;
   QList<QAction*> idleActions_;  ///< Commands that rest during a run.

@@ -476,6 +476,10 @@ void FrmMainControls::SetTabOrder() {
                                        cmdFilterResults,
                                        cmdClear};
   for (size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+  TabToTheSelected({optOnClipboard, optInFile, optFolder});
+  TabToTheSelected({optAllowPhrasesAllWordsToIgnore, optExcludePhrasesAllWordsToIgnore,
+                    optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore});
+  TabToTheSelected({optIncludeAllWords, optIncludeAllWordsInSameOrder, optIncludeAllWordsAsSubphrase});
 }
 
 }  // namespace korv

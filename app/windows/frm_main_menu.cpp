@@ -116,7 +116,9 @@ void frmMain::BuildMenus() {
   idleActions_.append(recent->menuAction());
   add(file, "Output &file...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { cmdFile_Click(1); });
   file->addSeparator();
-  add(file, "Count &phrases", Qt::CTRL | Qt::Key_Return, [this] { cmdCountPhrases_Click(); });
+  add(file, "Count &phrases", Qt::CTRL | Qt::Key_Return, [this] {
+    cmdCountPhrases_Click();
+  })->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});
   stopAction_ = add(
       file, "S&top", Qt::Key_Escape,
       [this] {
@@ -179,6 +181,8 @@ void frmMain::BuildMenus() {
       view, "Larger &text", QKeySequence::ZoomIn, [this] { txbOutput->zoomIn(); }, true);
   add(
       view, "S&maller text", QKeySequence::ZoomOut, [this] { txbOutput->zoomOut(); }, true);
+  add(
+      view, "&Normal text size", Qt::CTRL | Qt::Key_0, [this] { txbOutput->setFont(WordsFont()); }, true);
   view->addSeparator();
   add(view, "View clip&board", {}, [this] { cmdClipboardViewer_Click(); });
   add(view, "&Settings", Qt::CTRL | Qt::Key_Comma, [this] { cmdSetParameters_Click(); });

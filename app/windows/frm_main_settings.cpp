@@ -134,7 +134,11 @@ void frmMain::ApplySettings(const Settings& settings) {
 }
 
 std::string frmMain::SaveStateTo(const std::filesystem::path& path) {
-  return SavedState(desktop_.files, desktop_.messages, desktop_.stateFile).SaveState(path, GatherSettings());
+  const Settings settings = GatherSettings();
+  const std::string fault =
+      SavedState(desktop_.files, desktop_.messages, desktop_.stateFile).SaveState(path, settings);
+  if (fault.empty()) keeper_.Remember(settings);
+  return fault;
 }
 
 RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
@@ -143,6 +147,7 @@ RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
       SavedState(desktop_.files, desktop_.messages, desktop_.stateFile).RestoreSavedState(path, settings);
   ApplySettings(settings);
   if (outcome.Result != kRestored) return outcome;
+  keeper_.Remember(settings);
 
   // As when the user leaves those fields.
   for (int i = 0; i < 2; ++i) {

@@ -1,16 +1,12 @@
 // The main window's source: what is to be counted, and choosing it.
 
-#include <QDir>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QStackedWidget>
-#include <QUrl>
 
 #include "app/windows/frm_clipboard.h"
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
+#include "app/windows/placement.h"
 #include "platform/qt/text.h"
 #include "sources/file_selection.h"
 #include "sources/folder_walk.h"
@@ -190,22 +186,8 @@ void frmMain::cmdListFiles_Click() {
 void frmMain::cmdClipboardViewer_Click() {
   if (desktop_.launcher.OpenClipboardViewer()) return;
   if (!clipboardViewer_) clipboardViewer_ = std::make_unique<frmClipboard>(desktop_.clipboard);
+  if (!clipboardViewer_->isVisible()) CentreOver(*clipboardViewer_, *this);
   clipboardViewer_->ShowText();
-}
-
-void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-  for (const QUrl& url : event->mimeData()->urls()) {
-    if (url.isLocalFile()) return event->acceptProposedAction();
-  }
-}
-
-void frmMain::dropEvent(QDropEvent* event) {
-  for (const QUrl& url : event->mimeData()->urls()) {
-    if (!url.isLocalFile()) continue;
-    event->acceptProposedAction();
-    Guarded("dropEvent", [&] { TakeSource(QDir::toNativeSeparators(url.toLocalFile())); })();
-    return;
-  }
 }
 
 }  // namespace korv

@@ -236,6 +236,14 @@ void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   }
 }
 
+void frmParams::OpenSettingsFile(const std::filesystem::path& path) {
+  const QString shown = ToQt(PathToText(path));
+  const bool done = LoadSettings(path);
+  txbStateFile->setText(shown);
+  // A failure has had its message box.
+  if (done) main_.PopUps().PopUpInForm(QStringLiteral("Settings loaded from\n") + shown, &main_);
+}
+
 bool frmParams::SaveSettings(const std::filesystem::path& path) {
   const std::string fault = main_.SaveStateTo(path);
   const bool saved = fault.empty();
@@ -295,7 +303,7 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
   if (main_.SourceKind() == TextSource::Folder) what = "files";
   if (main_.Outside().messages.Show(
           {.text = "Changing this entails reading the " + what + " anew.  Is this OK?",
-           .title = {},
+           .title = "Word rules",
            .icon = Icon::Question,
            .buttons = Buttons::YesNo,
            .defaultAnswer = Answer::Yes,

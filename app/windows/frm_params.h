@@ -48,6 +48,8 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void cmdSaveLoadState_Click(int index, QWidget* otherWindow = nullptr);
   void cmdUndo_Click();
   void cmdAskEverythingAgain_Click();
+  /// Loads a settings file, as "Load settings from file" of the main window does with the chosen one.
+  void OpenSettingsFile(const std::filesystem::path& path);
   void cmdClose_Click();
   void cmdQuit_Click();
   void chkIgnoreShortWords_Click();

@@ -34,6 +34,8 @@ class FakeMessages final : public Messages {
   Answer Show(const Message& message) override {
     if (onShow) onShow(message);
     shown.push_back(message);
+    if (message.question != Question::None && message.title.empty())
+      untitledQuestions.push_back(message.text);
     if (message.buttons == Buttons::Ok && message.extraButton.empty()) return Answer::Ok;
     const auto answer = answers_.find(message.question);
     return answer == answers_.end() ? message.defaultAnswer : answer->second;
@@ -53,6 +55,7 @@ class FakeMessages final : public Messages {
   std::vector<Message> shown;  ///< In order, questions included.
   std::vector<InputBox> inputBoxes;
   std::function<void(const Message&)> onShow;  ///< Called before it is answered; may be empty.
+  std::vector<std::string> untitledQuestions;  ///< Texts of questions without a title; never forgotten.
 
  private:
   std::map<Question, Answer> answers_;

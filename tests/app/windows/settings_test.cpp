@@ -142,8 +142,9 @@ TEST_F(SettingsWindow, AsksAboutTheWordFilesWhenItReinitializes) {
   Click("cmdSelectWordsFile");
   messages.WillAnswer(Question::ClearWordFiles, Answer::No);
   Click("cmdInitialize");
-  EXPECT_THAT(WindowTest::Shown(), ElementsAre(testing::StartsWith("Reinitialize | "),
-                                               " | Do you wish to clear all words-to-ignore files?"));
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre(testing::StartsWith("Reinitialize | "),
+                          "Words-to-ignore files | Do you wish to clear all words-to-ignore files?"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
   messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
   Click("cmdInitialize");
@@ -308,7 +309,7 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
     messages.WillAnswer(Question::RereadSource, Answer::No);
     Click(box);
     EXPECT_THAT(WindowTest::Shown(),
-                ElementsAre(" | Changing this entails reading the file anew.  Is this OK?"));
+                ElementsAre("Word rules | Changing this entails reading the file anew.  Is this OK?"));
     EXPECT_EQ(Checked(box), before) << box;
     EXPECT_TRUE(main->HasResult()) << box;
     EXPECT_EQ(Output(), report) << box;

@@ -1,10 +1,7 @@
 // Choosing and checking what is to be counted.
 
 #include <QDir>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QMenu>
-#include <QMimeData>
 #include <tuple>
 
 #include "tests/app/windows/window_test.h"
@@ -62,23 +59,6 @@ TEST_F(Sources, AreChosenInTheSystemsDialogs) {
   dialogs.WillChoose(std::nullopt);
   Click("cmdFolder");
   EXPECT_EQ(TextOf("txbFolder"), folder.path().toStdString());
-}
-
-TEST_F(Sources, AreTakenFromWhatIsDroppedOnTheWindow) {
-  const std::string path = WriteFile("a.txt", kText);
-  for (const auto& [dropped, option] :
-       {std::pair(folder.path(), "optFolder"), std::pair(QString::fromStdString(path), "optInFile")}) {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(dropped)});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(main.get(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(main.get(), &drop);
-    EXPECT_TRUE(Checked(option));
-  }
-  EXPECT_EQ(TextOf("txbFolder"), FolderPath());
-  EXPECT_EQ(TextOf("txbFile_0"), path);
 }
 
 TEST_F(Sources, AreRememberedInTheRecentMenu) {

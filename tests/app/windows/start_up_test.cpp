@@ -4,7 +4,6 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "app/windows/frm_help.h"
 #include "app/windows/frm_popup.h"
 #include "tests/app/windows/window_test.h"
 
@@ -71,8 +70,10 @@ TEST_F(StartUp, SelectsLongWordsOfFortyBeforeAnyStateIsRestored) {
 
 TEST_F(StartUp, OffersTheCommonWordsOfEnglishAndLoadsThem) {
   ASSERT_TRUE(StartShowing(Answer::Yes));
+  const bool commonWordsMayBeSilenced = messages.Only().mayBeSilenced;
   EXPECT_THAT(Shown(), ElementsAre("Words to ignore | No file of words to ignore has been specified.\r\n\r\n"
                                    "Do you wish to ignore the most common words of English?"));
+  EXPECT_TRUE(commonWordsMayBeSilenced);
   EXPECT_EQ(ItemOf("cboCommonWordsLanguages"), 0);
   EXPECT_THAT(TextOf("cboWordsFile"), testing::EndsWith("cwds_en.txt"));
   EXPECT_THAT(TextOf("lblState"), testing::EndsWith(" words-to-ignore loaded"));
@@ -233,26 +234,6 @@ QWidget* TopLevel(const char* name) {
   return nullptr;
 }
 
-TEST_F(StartUp, ShowsTheHelpAndHidesItAgain) {
-  ASSERT_TRUE(Start());
-  Click("cmdHelp");
-  auto* help = dynamic_cast<frmHelp*>(TopLevel("frmHelp"));
-  ASSERT_NE(help, nullptr);
-  EXPECT_TRUE(help->isVisible());
-  EXPECT_EQ(help->windowTitle().toStdString(), "Korv help");
-  const std::string text = help->txbHelpScreen->toPlainText().toStdString();
-  std::string expected;
-  for (int number = 364; number <= 369; ++number) {
-    expected += (number == 364 ? "" : "\r\n") + main->Texts().Get(number);
-  }
-  std::erase(expected, '\r');
-  EXPECT_EQ(text, expected);
-  EXPECT_THAT(text, StartsWith("CHOOSING THE TEXT\n"));
-  EXPECT_EQ(WithoutMnemonic(help->cmdClose->text()).toStdString(), "Close");
-  help->cmdClose->click();
-  EXPECT_FALSE(help->isVisible());
-}
-
 TEST_F(StartUp, SavesTheStateWhenQuittingOnlyIfThatIsWanted) {
   ASSERT_TRUE(Start());
   Click("cmdQuit");
@@ -316,6 +297,197 @@ TEST_F(StartUp, RepeatsItsCommandsInMenusWithKeys) {
   EXPECT_EQ(keys["Help"], "F1");
   EXPECT_EQ(keys["Stop"], "Esc");
   EXPECT_EQ(keys["Count phrases"], "Ctrl+Return");
+  EXPECT_EQ(keys["Normal text size"], "Ctrl+0");
+}
+
+TEST_F(StartUp, CountsAgainWithFunctionKeyFive) {
+  ASSERT_TRUE(Start());
+  UseFile("the old man said, the old man said.\n");
+  EXPECT_FALSE(main->HasResult());
+  main->activateWindow();
+  QTest::keyClick(main.get(), Qt::Key_F5);
+  EXPECT_TRUE(main->HasResult());
+}
+
+TEST_F(StartUp, RestoresTheSizeOfTheResultsText) {
+  ASSERT_TRUE(Start());
+  const auto size = [this] { return Find<QPlainTextEdit>("txbOutput")->font().pointSizeF(); };
+  const double before = size();
+  for (const char* other : {"Larger text", "Smaller text"}) {
+    for (QAction* action : main->findChildren<QAction*>()) {
+      if (WithoutMnemonic(action->text()) == QLatin1String(other)) {
+        action->trigger();
+        action->trigger();
+      }
+    }
+    EXPECT_NE(size(), before) << other;
+    QTest::keyClick(main.get(), Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(size(), before) << other;
+  }
+}
+
+TEST_F(StartUp, LetsTabLandOnTheSelectedOption) {
+  ASSERT_TRUE(Start());
+  const std::vector<const char*> groups[] = {
+      {"optOnClipboard", "optInFile", "optFolder"},
+      {"optAllowPhrasesAllWordsToIgnore", "optExcludePhrasesAllWordsToIgnore",
+       "optExcludePhrasesWithWordToIgnore", "optRemoveWordsToIgnore"},
+      {"optIncludeAllWords", "optIncludeAllWordsInSameOrder", "optIncludeAllWordsAsSubphrase"}};
+  const auto expectOnly = [this](const std::vector<const char*>& group, const char* selected) {
+    for (const char* option : group) {
+      EXPECT_EQ((Find<QRadioButton>(option)->focusPolicy() & Qt::TabFocus) != 0, option == selected)
+          << option << " with " << selected;
+    }
+  };
+  for (const auto& group : groups) {
+    for (const char* selected : group) {
+      Click(selected);
+      expectOnly(group, selected);
+      Find<QRadioButton>(selected)->setFocus(Qt::TabFocusReason);
+      expectOnly(group, selected);
+    }
+  }
+  // Settings select without a click.
+  main->SelectSource(TextSource::Clipboard);
+  expectOnly(groups[0], "optOnClipboard");
+}
+
+TEST_F(StartUp, LetsTabLeadThroughEveryControlOfTheColumn) {
+  ASSERT_TRUE(Start());
+  UseFile("the old man said, the old man said.\n");
+  Find<QWidget>("optInFile")->setFocus();
+  std::vector<std::string> path;
+  for (int i = 0; i < 8; ++i) {
+    path.push_back(main->focusWidget()->objectName().toStdString());
+    QTest::keyClick(main.get(), Qt::Key_Tab);
+  }
+  EXPECT_THAT(path,
+              ElementsAre("optInFile", "cmdFile_0", "txbFile_0", "cmdClearFile_0", "cboPhraseLength_0",
+                          "cboPhraseLength_1", "cboMinimumFrequency", "optExcludePhrasesAllWordsToIgnore"));
+}
+
+TEST_F(StartUp, LetsQuestionsThatComeBackBeSilenced) {
+  std::map<Question, bool> mayBeSilenced;
+  messages.onShow = [&](const Message& message) { mayBeSilenced[message.question] = message.mayBeSilenced; };
+  ASSERT_TRUE(StartShowing(Answer::Yes));
+  Click("cmdSaveState");
+  ASSERT_TRUE(StartShowing(Answer::Yes));
+  std::string text;
+  while (text.size() <= 200001) text += "Der B\xC3\xA4r mag H\xC3\xB6rnchen. ";
+  UseFile(text);
+  Type("txbFilterWords", "mag");
+  messages.WillAnswer(Question::LargeInput, Answer::No);
+  Count();
+  for (const Question question : {Question::FirstCommonWords, Question::LoadWordFile, Question::LargeInput,
+                                  Question::TextEncoding, Question::KeepFilter}) {
+    ASSERT_EQ(mayBeSilenced.count(question), 1U) << static_cast<int>(question);
+    EXPECT_TRUE(mayBeSilenced[question]) << static_cast<int>(question);
+  }
+  Click("cmdQuit");
+}
+
+// ---- Settings that quitting would forget
+
+class Quitting : public StartUp {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(Start());
+    Choose("cboPhraseLength_1", 9);
+  }
+  bool Saved() const { return std::filesystem::exists(StatePath()); }
+};
+
+TEST_F(Quitting, AsksWhetherChangedSettingsAreToBeKept) {
+  Click("cmdQuit");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  const Message& asked = messages.shown[0];
+  EXPECT_EQ(asked.text,
+            "You have changed settings, which are forgotten when the program ends.\r\n"
+            "Do you wish to keep them for the next start?");
+  EXPECT_EQ(asked.title, "Quit");
+  EXPECT_EQ(asked.question, Question::KeepSettings);
+  EXPECT_EQ(asked.buttons, Buttons::YesNo);
+  EXPECT_EQ(asked.defaultAnswer, Answer::No);
+  EXPECT_EQ(asked.extraButton, "&Always");
+  EXPECT_EQ(asked.yesButton, "&This time");
+  EXPECT_EQ(asked.noButton, "&Not now");
+  EXPECT_TRUE(asked.mayBeSilenced);
+  EXPECT_EQ(asked.silencedAnswer, Answer::No);
+  EXPECT_FALSE(main->isVisible());
+  EXPECT_FALSE(Saved()) << "as if nobody had been asked";
+}
+
+TEST_F(Quitting, KeepsThemThisTime) {
+  messages.WillAnswer(Question::KeepSettings, Answer::Yes);
+  main->close();
+  EXPECT_TRUE(Saved());
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(ItemOf("cboPhraseLength_1"), 9);
+  EXPECT_FALSE(Checked("chkSaveStateOnQuit"));
+}
+
+TEST_F(Quitting, KeepsThemAlways) {
+  messages.WillAnswer(Question::KeepSettings, Answer::Extra);
+  Click("cmdQuit");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(ItemOf("cboPhraseLength_1"), 9);
+  EXPECT_TRUE(Checked("chkSaveStateOnQuit"));
+  Choose("cboPhraseLength_1", 7);
+  Click("cmdQuit");
+  EXPECT_THAT(Shown(), IsEmpty()) << "they are saved without a question";
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(ItemOf("cboPhraseLength_1"), 7);
+}
+
+TEST_F(Quitting, AsksNothingWhenNothingWouldBeMissed) {
+  const std::pair<const char*, std::function<void()>> cases[] = {
+      {"nothing was changed", [] {}},
+      {"saved", [this] { Choose("cboPhraseLength_1", 8), Click("cmdSaveState"); }},
+      {"saved under a name",
+       [this] {
+         Choose("cboPhraseLength_1", 7);
+         EXPECT_EQ(main->SaveStateTo(PathFromText(PathOf("mine.korv"))), "");
+       }},
+      {"loaded from a file", [this] { main->OpenPaths({QString::fromStdString(PathOf("mine.korv"))}); }},
+      {"only another file was counted",
+       [this] { UseFile("the old man said, the old man said.\n"), Count(); }},
+      {"set back by hand", [this] {
+         const int before = ItemOf("cboPhraseLength_0");
+         Choose("cboPhraseLength_0", 0);
+         Choose("cboPhraseLength_0", before);
+       }}};
+  for (const auto& [name, act] : cases) {
+    ASSERT_TRUE(Start());
+    act();
+    messages.Forget();
+    Click("cmdQuit");
+    EXPECT_THAT(Shown(), IsEmpty()) << name;
+    EXPECT_FALSE(main->isVisible()) << name;
+  }
+}
+
+TEST_F(Quitting, TellsWhenTheyCannotBeKeptAndQuitsAllTheSame) {
+  Type("txbFile_0", "a \"quoted\" name.txt");
+  messages.Forget();
+  messages.WillAnswer(Question::KeepSettings, Answer::Yes);
+  Click("cmdQuit");
+  EXPECT_THAT(Shown(), ElementsAre(StartsWith("Quit | You have changed settings"),
+                                   StartsWith("Save state | Error when attempting to save state: ")));
+  EXPECT_FALSE(main->isVisible());
+}
+
+TEST_F(Quitting, AsksOnceWhenARunHasToEndFirst) {
+  OpenWithEveryTurn();
+  Choose("cboPhraseLength_1", 9);
+  UseFile("the old man said, the old man said.\n");
+  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  messages.WillAnswer(Question::KeepSettings, Answer::Yes);
+  messages.Forget();
+  AtTheNextTurn([this] { Click("cmdQuit"); });
+  Count();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !main->isVisible(); }));
+  EXPECT_THAT(Shown(), ElementsAre("Quit | Really quit?", StartsWith("Quit | You have changed settings")));
+  EXPECT_TRUE(Saved());
 }
 
 TEST_F(StartUp, ShowsTheClipboardWhereTheSystemHasNoViewer) {
@@ -327,6 +499,7 @@ TEST_F(StartUp, ShowsTheClipboardWhereTheSystemHasNoViewer) {
   ASSERT_NE(viewer, nullptr);
   EXPECT_EQ(viewer->findChild<QPlainTextEdit*>()->toPlainText().toStdString(), "what was copied\nbefore");
   EXPECT_TRUE(viewer->findChild<QPlainTextEdit*>()->isReadOnly());
+  EXPECT_LE((viewer->geometry().center() - main->frameGeometry().center()).manhattanLength(), 4);
 
   launcher.hasViewer = true;
   viewer->hide();

@@ -18,6 +18,7 @@ WindowTest::WindowTest()
 
 WindowTest::~WindowTest() {
   End();
+  EXPECT_THAT(messages.untitledQuestions, testing::IsEmpty());
 }
 
 void WindowTest::MakeWindow() {
