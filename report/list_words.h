@@ -1,47 +1,18 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <string>
+#include <span>
 #include <string_view>
 
-#include "engine/phrase_table.h"
 #include "platform/yielder.h"
-#include "report/line_builder.h"
-#include "report/report_options.h"
-#include "report/run_facts.h"
+#include "report/columns/column.h"
+#include "report/list_extent.h"
+#include "report/report.h"
+#include "report/report_form.h"
+#include "report/report_sink.h"
+#include "report/writers/list_writer.h"
 
 namespace korv {
-
-/// What a report is made of. A view: all of it must outlive the listing. The table has its frequency
-/// chain, and the options have been through ApplyReportRules().
-struct Report {
-  const PhraseTable& Table;
-  const RunFacts& Facts;
-  const ReportOptions& Options;
-  const NumberFormat& Numbers;
-};
-
-/// Where the text of a report goes. It only carries what it is given.
-class ReportSink {
- public:
-  virtual ~ReportSink() = default;
-  /// Takes the next piece of the report, whole characters and mostly whole lines. False when it takes no
-  /// more.
-  virtual bool Write(std::string_view piece) = 0;
-  /// Pieces are handed over once they exceed this many bytes.
-  virtual size_t PieceSize() const = 0;
-};
-
-/// The outer form of a report.
-struct ReportForm {
-  Layout LineLayout = Layout::Columns;
-  /// Whole report file: its header, and notices on lines of their own. Otherwise what the text box gets.
-  bool File = false;
-  /// The files and folders that could not be counted are named behind the files-scanned text.
-  bool SkippedFiles = false;
-  std::string LineEnd = "\r\n";
-};
 
 enum class ListOutcome {
   Listed,    ///< A list, perhaps without any match of a filter; or the notice that there is nothing.
@@ -59,11 +30,10 @@ struct ListResult {
 /// Calls Yield() once per phrase and ends soon after a stop. Cost: linear in the text listed.
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder);
 
-/// What the listed phrases of a table have in common. Linear in the entries.
-ListExtent MeasureList(const PhraseTable& table, Yielder& yielder);
-
-/// Whether the report is a list, not just a notice that there is nothing to list.
-bool AnythingListed(const PhraseTable& table);
+/// Hands the phrases of a report to a writer, in the report's order and through its filter, with these
+/// columns of theirs. `extent` is what MeasureList() says, for writers that ask for it.
+ListResult WriteList(const Report& report, std::span<const Column* const> columns, const ListExtent& extent,
+                     ListWriter& writer, Yielder& yielder);
 
 /// The name under which an error in the middle of a listing is reported.
 std::string_view NameOfListing(const ReportOptions& options);

@@ -5,6 +5,7 @@
 namespace korv {
 
 inline constexpr int kDisplayFormats = 13;
+inline constexpr int kAlphabetical = 1;  ///< A word order.
 
 enum class FilterMode { AllWords = 0, AllWordsInSameOrder = 1, Subphrase = 2 };
 

@@ -1,36 +1,21 @@
 #include "report/report_rules.h"
 
+#include "report/formats.h"
+
 namespace korv {
 
 namespace {
-constexpr int kFirstFolderFormat = 10;
-constexpr int kSharesOfFiles = 12;
-
 constexpr int kFirstFormatText = 51;
 constexpr int kTextBetweenFormats = 61;  // Belongs to something else.
 constexpr int kFirstWordOrderText = 43;
 }  // namespace
 
 ReportRules RulesOfOptions(const ReportOptions& options, TextSource source) {
-  ReportRules rules;
-  switch (options.DisplayFormat) {
-    case 0:
-    case 1:
-    case 2:
-    case 4:
-    case 5:
-    case 7:
-    case 10:
-    case 12:
-      rules.RelativeFrequencyEnabled = true;
-      break;
-    default:
-      break;
-  }
-  rules.SortByNumberOfFilesEnabled =
-      source == TextSource::Folder && options.WordOrder == 0 && options.DisplayFormat == kSharesOfFiles;
-  rules.FormatAvailable = source == TextSource::Folder || options.DisplayFormat < kFirstFolderFormat;
-  return rules;
+  const Format& format = FormatOf(options.DisplayFormat);
+  const bool folder = source == TextSource::Folder;
+  return {.RelativeFrequencyEnabled = ShowsFrequencies(format),
+          .SortByNumberOfFilesEnabled = folder && options.WordOrder != kAlphabetical && format.SortsByFiles,
+          .FormatAvailable = folder || !format.NeedsFolder};
 }
 
 bool ApplyReportRules(ReportOptions& options, TextSource source) {

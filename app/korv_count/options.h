@@ -8,7 +8,7 @@
 
 #include "app/settings.h"
 #include "platform/number_format.h"
-#include "report/line_builder.h"
+#include "report/report_form.h"
 #include "sources/encoding_choice.h"
 #include "wordlists/common_words.h"
 

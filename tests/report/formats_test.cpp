@@ -1,37 +1,46 @@
-#include "report/line_builder.h"
+#include "report/formats.h"
 
 #include <gtest/gtest.h>
+
+#include "tests/fakes/native_paths.h"
+#include "tests/report/report_world.h"
+
+// The lines of the thirteen formats, from a counted table to text.
 
 namespace korv {
 namespace {
 
-using Tally = FileTallies::Tally;
-
-// Three phrases, the longest with 10 characters ("é" is one), 20 occurrences, 8 files.
-LineFormat Format(int displayFormat, Layout layout) {
-  LineFormat format;
-  format.DisplayFormat = displayFormat;
-  format.LineLayout = layout;
-  format.TotalOccurrences = 20;
-  format.FilesScanned = 8;
-  format.Extent = {.Phrases = 3, .HighestCount = 9, .LongestCharacters = 10, .LongestWords = 3};
-  format.FilePaths = {"{Folder}/a.txt", "{Folder}/sub/b.txt"};
-  return format;
+/// Two phrases listed, the longest with 10 characters ("é" is one), of 20 occurrences in 8 files.
+ReportWorld World(int displayFormat) {
+  ReportWorld world;
+  world.facts.Options.SourceKind = TextSource::Folder;
+  world.facts.Options.MinFrequency = 2;
+  world.facts.InputPath = "texts";
+  world.facts.FilesScanned = 8;
+  const auto add = [&](const char* phrase, int times) {
+    for (int i = 0; i < times; ++i) world.table.AddWordToList(phrase);
+  };
+  world.table.BeginFile(std::filesystem::path("texts") / "a.txt");
+  add("one two", 6);
+  for (const char* once : {"z a", "z b", "z c", "z d", "z e", "z f", "z g", "z h", "z i"}) add(once, 1);
+  world.table.BeginFile(std::filesystem::path("texts") / "sub" / "b.txt");
+  add("one two", 3);
+  add("café is on", 2);
+  world.Finish();
+  world.options.DisplayFormat = displayFormat;
+  return world;
 }
 
-constexpr Tally kFirst[] = {{1, 6}, {2, 3}};
-constexpr Tally kSecond[] = {{2, 2}};
-const ListedPhrase kPhrases[] = {
-    {.Text = "one two", .Rank = 1, .Count = 9, .FileCount = 2, .Files = kFirst},
-    {.Text = "café is on", .Rank = 2, .Count = 2, .FileCount = 1, .Files = kSecond},
-};
+ReportForm FormOf(Layout layout) {
+  return layout == Layout::Tabs ? kFileForm : kBoxForm;
+}
 
-std::string Lines(const LineFormat& format) {
-  LineBuilder builder(format);
-  std::string text;
-  builder.AppendHeading(text);
-  for (const ListedPhrase& phrase : kPhrases) builder.AppendPhrase(phrase, text);
-  builder.AppendEnd(text);
+/// The report from its heading on.
+std::string Lines(const ReportWorld& world, Layout layout) {
+  std::string text = TextOf(world.View(), FormOf(layout));
+  const std::string endOfSummary = "\r\n\r\n", folder = "{Folder} = texts\r\n";
+  text.erase(0, text.find(endOfSummary) + endOfSummary.size());
+  if (text.starts_with(folder)) text.erase(0, folder.size());
   return text;
 }
 
@@ -41,7 +50,7 @@ struct FormatCase {
   const char* tabs;
 };
 
-TEST(LineBuilder, EveryFormatHasItsColumnsInBothLayouts) {
+TEST(Formats, EveryFormatHasItsColumnsInBothLayouts) {
   const FormatCase cases[] = {
       {0,
        " Rank  Freq  Phrase [longest has 10 characters]\r\n"
@@ -125,12 +134,12 @@ TEST(LineBuilder, EveryFormatHasItsColumnsInBothLayouts) {
        "    100.00% {Folder}/sub/b.txt\r\n"},
   };
   for (const FormatCase& c : cases) {
-    EXPECT_EQ(Lines(Format(c.displayFormat, Layout::Columns)), c.columns) << c.displayFormat;
-    EXPECT_EQ(Lines(Format(c.displayFormat, Layout::Tabs)), c.tabs) << c.displayFormat;
+    EXPECT_EQ(Lines(World(c.displayFormat), Layout::Columns), WithNativePaths(c.columns)) << c.displayFormat;
+    EXPECT_EQ(Lines(World(c.displayFormat), Layout::Tabs), WithNativePaths(c.tabs)) << c.displayFormat;
   }
 }
 
-TEST(LineBuilder, RelativeFrequencyTakesThePlaceOfTheCount) {
+TEST(Formats, RelativeFrequencyTakesThePlaceOfTheCount) {
   const FormatCase cases[] = {
       {0,
        " Rank  Rel freq  Phrase [longest has 10 characters]\r\n"
@@ -170,111 +179,98 @@ TEST(LineBuilder, RelativeFrequencyTakesThePlaceOfTheCount) {
   };
   for (const FormatCase& c : cases) {
     for (const Layout layout : {Layout::Columns, Layout::Tabs}) {
-      LineFormat format = Format(c.displayFormat, layout);
-      format.RelativeFrequency = true;
-      EXPECT_EQ(Lines(format), layout == Layout::Columns ? c.columns : c.tabs) << c.displayFormat;
+      ReportWorld world = World(c.displayFormat);
+      world.options.RelativeFrequency = true;
+      EXPECT_EQ(Lines(world, layout), WithNativePaths(layout == Layout::Columns ? c.columns : c.tabs))
+          << c.displayFormat;
     }
   }
 }
 
-TEST(LineBuilder, SortByNumberOfFilesShowsTheFileFrequency) {
-  LineFormat format = Format(10, Layout::Columns);
-  format.SortByNumberOfFiles = true;
-  EXPECT_EQ(Lines(format),
+TEST(Formats, SortByNumberOfFilesShowsTheFileFrequency) {
+  ReportWorld world = World(10);
+  world.options.SortByNumberOfFiles = true;
+  EXPECT_EQ(Lines(world, Layout::Columns),
             " Phrase       Files   File freq  Freq\r\n"
             " one two         2    0.250     9\r\n"
             " café is on      1    0.125     2\r\n");
-  format.LineLayout = Layout::Tabs;
-  EXPECT_EQ(Lines(format),
+  EXPECT_EQ(Lines(world, Layout::Tabs),
             "Phrase\t Files\tFile freq\tFreq\r\n"
             "one two\t2\t0.250\t9\r\n"
             "café is on\t1\t0.125\t2\r\n");
 }
 
-TEST(LineBuilder, FileFrequencyIsSinglePrecision) {
+TEST(Formats, FilesAndTheirFrequencyAreAlignedAsOneCell) {
+  ReportWorld world = World(10);
+  world.options.SortByNumberOfFiles = true;
+  world.numbers.LeadingZero = false;
+  EXPECT_EQ(Lines(world, Layout::Columns),
+            " Phrase       Files   File freq  Freq\r\n"
+            " one two          2    .250     9\r\n"
+            " café is on       1    .125     2\r\n");
+}
+
+TEST(Formats, FileFrequencyIsSinglePrecision) {
   // Double precision would give 0.037.
-  LineFormat format = Format(10, Layout::Tabs);
-  format.SortByNumberOfFiles = true;
-  format.FilesScanned = 80;
-  LineBuilder builder(format);
-  std::string text;
-  builder.AppendPhrase({.Text = "a", .Count = 3, .FileCount = 3}, text);
-  EXPECT_EQ(text, "a\t3\t0.038\t3\r\n");
+  ReportWorld world;
+  world.facts.FilesScanned = 80;
+  for (const char* file : {"a", "b", "c"}) {
+    world.table.BeginFile(file);
+    world.table.AddWordToList("a b");
+  }
+  world.Finish();
+  world.options = {.DisplayFormat = 10, .SortByNumberOfFiles = true};
+  EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\na b\t3\t0.038\t3\r\n"));
 }
 
-TEST(LineBuilder, OneThirdIsThirtyThreePointThreeThreePercent) {
-  LineFormat format = Format(7, Layout::Tabs);
-  format.RelativeFrequency = true;
-  format.TotalOccurrences = 3;
-  LineBuilder builder(format);
-  std::string text;
-  builder.AppendPhrase({.Text = "a b", .Count = 1}, text);
-  EXPECT_EQ(text, "a b\t33.33%\r\n");
+TEST(Formats, OneThirdIsThirtyThreePointThreeThreePercent) {
+  ReportWorld world = ReportWorld::Of({{"a b", 1}, {"c d", 2}});
+  world.options = {.DisplayFormat = 7, .RelativeFrequency = true};
+  EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\na b\t33.33%\r\n"));
 }
 
-TEST(LineBuilder, NumbersFollowTheLocale) {
-  LineFormat format = Format(7, Layout::Columns);
-  format.RelativeFrequency = true;
-  format.Numbers.DecimalPoint = "\u066B";  // Two bytes, one character.
-  EXPECT_EQ(Lines(format),
+TEST(Formats, NumbersFollowTheLocale) {
+  ReportWorld world = World(7);
+  world.options.RelativeFrequency = true;
+  world.numbers.DecimalPoint = "\u066B";  // Two bytes, one character.
+  EXPECT_EQ(Lines(world, Layout::Columns),
             " Phrase      Rel freq\r\n"
             " one two       45\u066B00%\r\n"
             " café is on    10\u066B00%\r\n");
 }
 
-TEST(LineBuilder, FormatNineHasNoCommaAfterTheLastOfThree) {
-  LineBuilder builder(Format(9, Layout::Tabs));
-  std::string text;
-  for (const char* phrase : {"a b", "c d", "e f"}) builder.AppendPhrase({.Text = phrase}, text);
-  builder.AppendEnd(text);
-  EXPECT_EQ(text, "a b, c d, e f\r\n");
+TEST(Formats, NineHasNoCommaAfterTheLastOfThree) {
+  ReportWorld world = ReportWorld::Of({{"a b", 3}, {"c d", 2}, {"e f", 1}});
+  world.options.DisplayFormat = 9;
+  EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\n\r\na b, c d, e f\r\n"));
 }
 
-TEST(LineBuilder, FormatNineWithoutPhrasesHasNoLine) {
-  LineBuilder builder(Format(9, Layout::Tabs));
-  std::string text;
-  builder.AppendHeading(text);
-  builder.AppendEnd(text);
-  EXPECT_EQ(text, "");
+TEST(Formats, NineWithoutPhrasesHasNoLine) {
+  ReportWorld world = World(9);
+  world.options.FilterText = "nothing";
+  world.options.FilterActive = true;
+  EXPECT_TRUE(TextOf(world.View(), kFileForm)
+                  .ends_with("Filter words: nothing\r\n\r\nNo phrase containing filter word(s) found.\r\n"));
 }
 
-TEST(LineBuilder, PhraseWithoutFilesEndsItsLine) {
-  std::string text;
-  LineBuilder(Format(11, Layout::Columns)).AppendPhrase({.Text = "a b"}, text);
-  LineBuilder(Format(11, Layout::Tabs)).AppendPhrase({.Text = "a b"}, text);
-  EXPECT_EQ(text, " a b\r\na b\t\r\n");
+TEST(Formats, LineEndsAreTheCallersChoice) {
+  const ReportWorld world = World(12);
+  for (const bool file : {false, true})
+    EXPECT_EQ(TextOf(world.View(), {.File = file, .LineEnd = "\n"}).find('\r'), std::string::npos);
 }
 
-TEST(LineBuilder, LineEndsAreTheCallersChoice) {
-  LineFormat format = Format(12, Layout::Tabs);
-  format.LineEnd = "\n";
-  EXPECT_EQ(Lines(format).find('\r'), std::string::npos);
+TEST(Formats, ANumberOutOfRangeIsTheNearestFormat) {
+  EXPECT_EQ(&FormatOf(-1), &FormatOf(0));
+  EXPECT_EQ(&FormatOf(kDisplayFormats), &FormatOf(kDisplayFormats - 1));
 }
 
-struct WidthCase {
-  ListExtent extent;
-  bool relative;
-  int phrase, rank, frequency;
-};
-
-TEST(ColumnWidths, AreThoseOfTheWidestCellOrTheHeading) {
-  const WidthCase cases[] = {
-      {{.Phrases = 1, .HighestCount = 1, .LongestCharacters = 3}, false, 6, 4, 4},
-      {{.Phrases = 9999, .HighestCount = 9999, .LongestCharacters = 6}, false, 6, 4, 4},
-      {{.Phrases = 10000, .HighestCount = 10000, .LongestCharacters = 7}, false, 7, 5, 5},
-      {{.Phrases = 2000000, .HighestCount = 4294967295u, .LongestCharacters = 100}, false, 100, 7, 10},
-      {{.Phrases = 1, .HighestCount = 20, .LongestCharacters = 3}, true, 6, 4, 8},
-      {{.Phrases = 1, .HighestCount = 2000, .LongestCharacters = 3}, true, 6, 4, 9},
-  };
-  for (const WidthCase& c : cases) {
-    LineFormat format = Format(0, Layout::Columns);
-    format.Extent = c.extent;
-    format.RelativeFrequency = c.relative;
-    const ColumnWidths widths = ComputeColumnWidths(format);
-    EXPECT_EQ(widths.Phrase, c.phrase);
-    EXPECT_EQ(widths.Rank, c.rank);
-    EXPECT_EQ(widths.Frequency, c.frequency);
-  }
+TEST(Formats, EveryColumnOfAFormatIsThere) {
+  for (int format = 0; format < kDisplayFormats; ++format)
+    for (const bool relative : {false, true})
+      for (const bool byFiles : {false, true})
+        for (const Column* column : ColumnsOfFormat(
+                 FormatOf(format), {.RelativeFrequency = relative, .SortByNumberOfFiles = byFiles}))
+          EXPECT_NE(column, nullptr) << format;
 }
 
 }  // namespace

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "engine/file_tallies.h"
+#include "engine/phrase_table.h"
+#include "report/columns/cell.h"
+#include "report/list_extent.h"
+#include "report/run_facts.h"
+
+namespace korv {
+
+/// A finished run as columns see it. A view: all of it outlives the listing.
+struct ColumnSource {
+  const PhraseTable& Table;
+  const RunFacts& Facts;
+  /// Of the whole list. Needed by Column::Greatest alone.
+  ListExtent Extent = {};
+  /// The table's FilePaths() as the report shows them; number 1 is the first. Needed by columns that have a
+  /// value per file.
+  std::span<const std::string> FilePaths = {};
+};
+
+/// The phrase at hand.
+class ListedPhrase {
+ public:
+  /// `text` is that of the entry; `files` are needed where a column of the list has NeedsFiles. Both outlive
+  /// this.
+  ListedPhrase(PhraseIndex entry, std::string_view text, std::span<const FileTallies::Tally> files = {})
+      : text_(text.data()), Entry(entry), size_(text.size()), Files(files) {}
+
+  /// Words joined by single blanks.
+  std::string_view Text() const { return {text_, size_}; }
+
+ private:
+  // Apart from its size on purpose. Side by side the compiler reads both in one go; right after they were
+  // written one by one, that read waits until the phrase's bytes have come from memory, and so does the
+  // whole line.
+  const char* text_;
+
+ public:
+  PhraseIndex Entry;
+
+ private:
+  size_t size_;
+
+ public:
+  std::span<const FileTallies::Tally> Files;
+};
+
+enum class ColumnType { Text, Integer, Real };
+enum class Alignment { Left, Right };
+
+/// The unit of percentages; where people read them it follows the number.
+inline constexpr std::string_view kPercentUnit = "%";
+
+/// One thing that can be said of every phrase: its names, what it means and how it is found. Reports, tables
+/// and exports show the same columns; a new one is a row in one of the files of this folder.
+struct Column {
+  std::string_view Id;       ///< For machines: lower case letters and "_". Never changes.
+  std::string_view Heading;  ///< For people.
+  ColumnType Type = ColumnType::Integer;
+  std::string_view Unit = {};  ///< What one of it is: "words", "%". Empty for texts and places.
+  Alignment Align = Alignment::Right;
+  std::string_view Definition;  ///< One sentence or two, with the formula.
+
+  /// The value of a phrase. Constant cost unless the column's file says otherwise. One of these two is set.
+  Cell (*Value)(const ColumnSource& source, const ListedPhrase& phrase) = nullptr;
+  /// The value of a phrase in one of its files: a column that repeats for each of them.
+  Cell (*ValueInFile)(const ColumnSource& source, const ListedPhrase& phrase,
+                      const FileTallies::Tally& file) = nullptr;
+  /// Numbers: the greatest value of the list, whose text is the widest. Null where it is not known.
+  Cell (*Greatest)(const ColumnSource& source) = nullptr;
+
+  /// Reads ListedPhrase::Files, which cost a look at every occurrence.
+  bool NeedsFiles = false;
+
+  // Where people read it, as padded text.
+  int Decimals = 0;         ///< Real: digits after the point.
+  int Width = 0;            ///< In characters, heading apart; 0: as wide as the widest cell or the heading.
+  bool SharesCell = false;  ///< Stands in the cell of the column before it, and Width is that of both.
+};
+
+}  // namespace korv

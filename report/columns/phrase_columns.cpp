@@ -1,0 +1,49 @@
+#include "report/columns/registry.h"
+
+// What a phrase is: its place in the list, its text and its size.
+
+namespace korv {
+
+namespace {
+
+constexpr Column kPhraseColumns[] = {
+    {.Id = "rank",
+     .Heading = "Rank",
+     .Type = ColumnType::Integer,
+     .Definition = "The place of the phrase in the order of the list, counted before any filter: 1 for the "
+                   "most frequent one; phrases of the same frequency stand in alphabetical order.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       return int64_t{source.Table.ChainPosition(phrase.Entry)};
+     },
+     .Greatest = [](const ColumnSource& source) -> Cell { return int64_t{source.Extent.Phrases}; }},
+    {.Id = "phrase",
+     .Heading = "Phrase",
+     .Type = ColumnType::Text,
+     .Align = Alignment::Left,
+     .Definition = "The words of the phrase as they were counted, with single blanks between them.",
+     .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell { return phrase.Text(); }},
+    {.Id = "words",
+     .Heading = "Words",
+     .Type = ColumnType::Integer,
+     .Unit = "words",
+     .Definition = "The number of words of the phrase.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       return int64_t{source.Table.Words(phrase.Entry)};
+     }},
+    {.Id = "characters",
+     .Heading = "Characters",
+     .Type = ColumnType::Integer,
+     .Unit = "characters",
+     .Definition = "The number of characters of the phrase, with the blanks between its words.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       return int64_t{source.Table.Characters(phrase.Entry)};
+     }},
+};
+
+}  // namespace
+
+std::span<const Column> PhraseColumns() {
+  return kPhraseColumns;
+}
+
+}  // namespace korv

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/phrase_table.h"
+#include "platform/yielder.h"
+
+namespace korv {
+
+/// What all phrases of a list have in common, over the listed ones and before any filter.
+struct ListExtent {
+  uint32_t Phrases = 0;       ///< Number of listed phrases.
+  uint32_t HighestCount = 0;  ///< Occurrences of the most frequent one.
+  int LongestCharacters = 0;  ///< Characters of the longest one.
+  int LongestWords = 0;       ///< The most words in one.
+  uint64_t Occurrences = 0;   ///< Sum of their counts.
+};
+
+/// Calls Yield() once per entry. Linear in the entries.
+ListExtent MeasureList(const PhraseTable& table, Yielder& yielder);
+
+}  // namespace korv

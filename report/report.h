@@ -1,0 +1,24 @@
+#pragma once
+
+#include "engine/phrase_table.h"
+#include "platform/number_format.h"
+#include "report/report_options.h"
+#include "report/run_facts.h"
+
+namespace korv {
+
+/// What a report is made of. A view: all of it must outlive the listing. The table has its frequency
+/// chain, and the options have been through ApplyReportRules().
+struct Report {
+  const PhraseTable& Table;
+  const RunFacts& Facts;
+  const ReportOptions& Options;
+  const NumberFormat& Numbers;
+};
+
+/// Whether the report is a list, not just a notice that there is nothing to list.
+inline bool AnythingListed(const PhraseTable& table) {
+  return table.ChainHead() != 0;
+}
+
+}  // namespace korv

@@ -1,0 +1,31 @@
+#include "report/row_builder.h"
+
+#include <new>
+
+namespace korv {
+
+RowBuilder::RowBuilder(std::span<const Column* const> columns, const ColumnSource& source) : source_(source) {
+  for (const Column* column : columns) {
+    (column->Value ? ofPhrase_ : inFile_).push_back(column);
+    needsFiles_ = needsFiles_ || column->NeedsFiles;
+  }
+  phraseCells_.resize(ofPhrase_.size());
+  cells_.OfPhrase = phraseCells_;
+}
+
+const RowCells& RowBuilder::Cells(PhraseIndex entry, std::string_view text) {
+  if (needsFiles_) files_ = source_.Table.Files(entry);
+  const ListedPhrase phrase(entry, text, files_.Tallies());
+  // Built where they stand: a cell that is copied right after it was made costs more than making it.
+  for (size_t k = 0; k < ofPhrase_.size(); ++k)
+    new (&phraseCells_[k]) Cell(ofPhrase_[k]->Value(source_, phrase));
+  if (!inFile_.empty()) {
+    fileCells_.clear();
+    for (const FileTallies::Tally& file : phrase.Files)
+      for (const Column* column : inFile_) fileCells_.push_back(column->ValueInFile(source_, phrase, file));
+    cells_.OfFiles = fileCells_;
+  }
+  return cells_;
+}
+
+}  // namespace korv

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+
+#include "report/columns/column.h"
+
+namespace korv {
+
+/// The cells of one phrase, valid during the call that they are given to.
+struct RowCells {
+  /// One for each column with a value per phrase, in their order.
+  std::span<const Cell> OfPhrase;
+  /// File by file in reading order, one for each column with a value per file.
+  std::span<const Cell> OfFiles;
+};
+
+/// Puts a list into one form: lines for reading, a table for other programs. Knows nothing of phrases but
+/// their cells, and nothing of files but what it was made with.
+///
+/// Begin() once, Row() for every phrase, End() once unless a Row() was refused.
+class ListWriter {
+ public:
+  virtual ~ListWriter() = default;
+  /// Columns and source outlive the writing.
+  virtual void Begin(std::span<const Column* const> columns, const ColumnSource& source) = 0;
+  /// False when the destination takes no more.
+  virtual bool Row(const RowCells& cells) = 0;
+  /// `stopped`: there would have been more rows. False when the destination took no more.
+  virtual bool End(bool stopped) = 0;
+};
+
+}  // namespace korv

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+#include "report/report_sink.h"
+
+namespace korv {
+
+/// Text on its way to a sink, which gets it in large pieces. A list of millions of lines is put together of
+/// scraps of a few bytes, so that appending is all inline; no allocation once a piece has been as large as
+/// they get.
+class Pieces {
+ public:
+  explicit Pieces(ReportSink& sink) : sink_(sink), pieceSize_(sink.PieceSize()) {}
+
+  void Append(std::string_view text) {
+    if (room_ - size_ < text.size()) Grow(text.size());
+    if (!text.empty()) std::memcpy(text_.get() + size_, text.data(), text.size());
+    size_ += text.size();
+  }
+  void Append(char c) {
+    if (room_ == size_) Grow(1);
+    text_[size_++] = c;
+  }
+  /// Nothing for a negative count.
+  void AppendBlanks(int count) {
+    if (count <= 0) return;
+    const auto blanks = static_cast<size_t>(count);
+    if (room_ - size_ < blanks) Grow(blanks);
+    std::memset(text_.get() + size_, ' ', blanks);
+    size_ += blanks;
+  }
+
+  /// These two are false when the sink takes no more.
+  bool HandOverWhenLarge() { return size_ <= pieceSize_ || HandOver(); }
+  bool HandOverRest() { return size_ == 0 || HandOver(); }
+
+ private:
+  bool HandOver() {
+    const bool taken = sink_.Write({text_.get(), size_});
+    size_ = 0;
+    // The room of a text box shrinks as it fills.
+    pieceSize_ = sink_.PieceSize();
+    return taken;
+  }
+
+  void Grow(size_t bytes) {
+    room_ = std::max(2 * room_, size_ + bytes);
+    auto grown = std::make_unique_for_overwrite<char[]>(room_);
+    if (size_ > 0) std::memcpy(grown.get(), text_.get(), size_);
+    text_ = std::move(grown);
+  }
+
+  ReportSink& sink_;
+  size_t pieceSize_;
+  std::unique_ptr<char[]> text_;
+  size_t size_ = 0;
+  size_t room_ = 0;
+};
+
+}  // namespace korv

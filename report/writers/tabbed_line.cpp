@@ -1,0 +1,54 @@
+#include "report/writers/text_line.h"
+
+namespace korv {
+
+namespace {
+
+/// A text of a phrase brings its tab along; all else gets one from what follows it.
+class Tabs {
+ public:
+  bool Before() const { return open_; }
+  bool Behind(const Column& column) {
+    const bool behind = column.Type == ColumnType::Text && column.Value != nullptr;
+    open_ = !behind;
+    return behind;
+  }
+
+ private:
+  bool open_ = false;  ///< The last cell has no tab behind it.
+};
+
+void AppendHeadings(const std::vector<TextColumn>& columns, Tabs& tabs, std::string& line) {
+  for (const TextColumn& column : columns) {
+    if (tabs.Before()) line += '\t';
+    line += column.Of.Heading;
+    if (tabs.Behind(column.Of)) line += '\t';
+  }
+}
+
+void AppendCell(TextColumn& column, const Cell& cell, Tabs& tabs, Pieces& out) {
+  if (tabs.Before()) out.Append('\t');
+  out.Append(column.Text.Of(cell));
+  if (tabs.Behind(column.Of)) out.Append('\t');
+}
+
+}  // namespace
+
+std::string TabbedLine::Headings(const TextColumns& columns) {
+  std::string line;
+  Tabs tabs;
+  AppendHeadings(columns.OfPhrase, tabs, line);
+  if (columns.FilesBeside) AppendHeadings(columns.InFile, tabs, line);
+  return line;
+}
+
+void TabbedLine::AppendCells(TextColumns& columns, const RowCells& cells, Pieces& out) {
+  Tabs tabs;
+  for (size_t k = 0; k < columns.OfPhrase.size(); ++k)
+    AppendCell(columns.OfPhrase[k], cells.OfPhrase[k], tabs, out);
+  if (!columns.FilesBeside) return;
+  for (size_t k = 0; k < cells.OfFiles.size(); ++k)
+    AppendCell(columns.InFile[k % columns.InFile.size()], cells.OfFiles[k], tabs, out);
+}
+
+}  // namespace korv

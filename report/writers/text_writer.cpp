@@ -1,0 +1,101 @@
+#include "report/writers/text_writer.h"
+
+#include <algorithm>
+
+#include "report/filter.h"
+#include "report/writers/report_opening.h"
+
+namespace korv {
+
+namespace {
+
+constexpr std::string_view kIndentOfFiles = "    ";
+
+/// As wide as the widest cell of the list, but not less than the heading.
+int WidthOf(const Column& column, const ColumnSource& source, CellText& text) {
+  if (column.Width > 0) return column.Width;
+  int widest = 0;
+  if (column.Type == ColumnType::Text) {
+    widest = source.Extent.LongestCharacters;
+  } else if (column.Greatest) {
+    text.Of(column.Greatest(source));
+    widest = text.Width();
+  }
+  return std::max(widest, static_cast<int>(column.Heading.size()));
+}
+
+}  // namespace
+
+TextWriter::TextWriter(const Report& report, const ReportForm& form, ReportSink& sink)
+    : report_(report), form_(form), format_(FormatOf(report.Options.DisplayFormat)), pieces_(sink) {
+  columns_.FilesBeside = !format_.LinePerFile;
+  if (form.LineLayout == Layout::Tabs)
+    line_ = std::make_unique<TabbedLine>();
+  else
+    line_ = std::make_unique<PaddedLine>(format_.FlushLeft);
+}
+
+void TextWriter::Begin(std::span<const Column* const> columns, const ColumnSource& source) {
+  for (const Column* column : columns) {
+    CellText text(*column, report_.Numbers);
+    const int width = WidthOf(*column, source, text);
+    (column->Value ? columns_.OfPhrase : columns_.InFile).push_back({*column, std::move(text), width});
+  }
+  pieces_.Append(OpeningText(report_, form_, source.Extent));
+  AppendHeading(source.Extent);
+}
+
+void TextWriter::AppendHeading(const ListExtent& extent) {
+  if (format_.OneLine && form_.LineLayout == Layout::Tabs) return;
+  std::string heading = line_->Headings(columns_);
+  if (format_.TellsLongest) {
+    heading.resize(heading.find_last_not_of(" \t") + 1);
+    heading += " [longest has" + NumberWithBlank(extent.LongestCharacters) + " characters]";
+  }
+  pieces_.Append(heading);
+  pieces_.Append(form_.LineEnd);
+}
+
+bool TextWriter::Row(const RowCells& cells) {
+  if (format_.OneLine) {
+    if (anyRow_) pieces_.Append(", ");
+    pieces_.Append(columns_.OfPhrase.front().Text.Of(cells.OfPhrase.front()));
+  } else {
+    line_->AppendCells(columns_, cells, pieces_);
+    pieces_.Append(form_.LineEnd);
+    if (format_.LinePerFile) AppendFileLines(cells);
+  }
+  anyRow_ = true;
+  return pieces_.HandOverWhenLarge();
+}
+
+// The same in both layouts.
+void TextWriter::AppendFileLines(const RowCells& cells) {
+  for (auto rest = cells.OfFiles; !rest.empty(); rest = rest.subspan(columns_.InFile.size())) {
+    pieces_.Append(kIndentOfFiles);
+    for (size_t k = 0; k < columns_.InFile.size(); ++k) {
+      if (k > 0) pieces_.Append(' ');
+      TextColumn& column = columns_.InFile[k];
+      const std::string_view text = column.Text.Of(rest[k]);
+      if (column.Of.Align == Alignment::Right) pieces_.AppendBlanks(column.Width - column.Text.Width());
+      pieces_.Append(text);
+    }
+    pieces_.Append(form_.LineEnd);
+  }
+}
+
+bool TextWriter::End(bool stopped) {
+  if (format_.OneLine && anyRow_) pieces_.Append(form_.LineEnd);
+  if (!stopped && !anyRow_) AppendNoMatch();
+  return pieces_.HandOverRest();
+}
+
+void TextWriter::AppendNoMatch() {
+  if (!form_.File) pieces_.Append(form_.LineEnd);
+  const auto place = form_.File ? NoticePlace::File : NoticePlace::TextBox;
+  const bool alphabetical = report_.Options.WordOrder == kAlphabetical;
+  pieces_.Append(NoMatchText(report_.Options.FilterModeOfWords, alphabetical, place));
+  if (form_.File) pieces_.Append(form_.LineEnd);
+}
+
+}  // namespace korv
