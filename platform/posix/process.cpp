@@ -1,5 +1,6 @@
 #include "platform/process.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -15,7 +16,13 @@ class StandardInput final : public InputFile {
   explicit StandardInput(const Yielder& yielder) : yielder_(yielder) {}
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
+    // A stop that comes between the question and a call that waits would be noticed with the next input only,
+    // which may never come; so the call waits for a moment at a time.
+    constexpr int kMoment = 50;  // Milliseconds.
     while (!yielder_.Stopped()) {
+      pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+      const int ready = ::poll(&input, 1, kMoment);
+      if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
       const ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
       if (got >= 0) return static_cast<size_t>(got);
       if (errno != EINTR) return FileErrorOf({errno, std::generic_category()});

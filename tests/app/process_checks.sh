@@ -22,6 +22,25 @@ expect() {
   fi
 }
 
+# ended PID: waits for a job of this shell and has its exit status; 137 when it had to be killed.
+ended() {
+  local left=1200
+  while kill -0 "$1" 2> /dev/null; do
+    left=$((left - 1))
+    if [ $left -eq 0 ]; then
+      fault "process $1 did not end within two minutes"
+      kill -KILL "$1"
+    fi
+    sleep 0.1
+  done
+  wait "$1"
+}
+
+# feed FILE: writes it to descriptor 3, a pipe. A pipe holds 64 KB, so whoever reads it has read the rest.
+feed() {
+  timeout 120 cat "$1" >&3 || fault "nobody read $1 within two minutes"
+}
+
 finish() {
   [ $faults -eq 0 ] || exit 1
   echo 'no faults'
