@@ -358,8 +358,8 @@ std::string ReadFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST_F(DocxTest, ReadsDocumentsOfAnotherProgram) {
-  for (const std::string name : {"market", "plain", "empty"}) {
+TEST_F(DocxTest, ReadsDocumentsOfOtherPrograms) {
+  for (const std::string name : {"market", "plain", "empty", "letter"}) {
     const std::string base = KORV_TEST_DATA "/docx/" + name;
     EXPECT_GT(ReadArchive(ReadFile(base + ".docx")), 0) << name;
     EXPECT_EQ(text, ReadFile(base + ".txt")) << name;
