@@ -47,11 +47,19 @@ if [ -e /dev/full ]; then
   grep -q 'Standard output cannot be written.' err || fault 'a full device was not told of'
 fi
 
-# A pipe as input has no size.
+# A pipe as input has no size. Its other end must be there before the program looks, or it is empty; so this
+# script opens it first, here and below, and keeps it to itself. The pipe cannot hold all of these lines: when they
+# are written, the program is reading.
+yes 'the big cat sat. the big cat ran.' | head -n 6000 >lines
 mkfifo pipe
-cat sample.txt >pipe &
-"$program" pipe >fromPipe || fault 'a named pipe was not counted'
-cmp -s fromPipe fromFile || fault 'pipe and file differ'
+exec 3<>pipe
+"$program" pipe --min-words 2 >fromPipe 3>&- &
+pid=$!
+feed lines
+exec 3>&-
+ended $pid || fault 'a named pipe was not counted'
+"$program" lines --min-words 2 >fromLines
+cmp -s fromPipe fromLines || fault 'pipe and file differ'
 
 # Names in any encoding.
 cp sample.txt $'caf\xe9.txt'
@@ -68,8 +76,7 @@ rm -r $'t\xe9xts'
 
 # Ctrl-C ends standard input, and what came before it is listed.
 # So does the request to end, or else temporary files would stay behind.
-# The pipe cannot hold all of this, so when it is written, the program is reading and heeds signals.
-yes 'the big cat sat. the big cat ran.' | head -n 6000 >lines
+# A program that is reading heeds signals.
 mkfifo typed
 signals=(INT TERM HUP)
 if ((0x$(sed -n 's/^SigIgn:[[:space:]]*//p' /proc/$$/status) & 1)); then
@@ -77,9 +84,9 @@ if ((0x$(sed -n 's/^SigIgn:[[:space:]]*//p' /proc/$$/status) & 1)); then
   signals=(INT TERM)
 fi
 for signal in "${signals[@]}"; do
-  "$program" - --min-words 2 <typed >out 2>err &
-  pid=$!
   exec 3<>typed
+  "$program" - --min-words 2 <typed >out 2>err 3>&- &
+  pid=$!
   feed lines
   kill -$signal $pid
   ended $pid
@@ -98,9 +105,9 @@ whole_or_none() {
 for _ in $(seq 200); do cat sample.txt; done >part
 for parts in 1 3 6; do
   rm -f report.txt
-  "$program" typed -o report.txt --quiet 2>err &
-  pid=$!
   exec 3<>typed
+  "$program" typed -o report.txt --quiet 2>err 3>&- &
+  pid=$!
   for _ in $(seq $parts); do feed part; done
   kill -INT $pid
   # A file is read on until a stop is seen, which is when there is something to read.
@@ -116,9 +123,9 @@ done
 
 # And when all has been read, while it is counted or listed.
 rm -f report.txt
-"$program" typed -o report.txt --quiet 2>err &
-pid=$!
 exec 3<>typed
+"$program" typed -o report.txt --quiet 2>err 3>&- &
+pid=$!
 for _ in 1 2 3; do feed part; done
 exec 3>&-
 kill -INT $pid

@@ -24,11 +24,11 @@ expect() {
 
 # ended PID: waits for a job of this shell and has its exit status; 137 when it had to be killed.
 ended() {
-  local left=1200
+  local left=600
   while kill -0 "$1" 2> /dev/null; do
     left=$((left - 1))
     if [ $left -eq 0 ]; then
-      fault "process $1 did not end within two minutes"
+      fault "process $1 did not end within a minute"
       kill -KILL "$1"
     fi
     sleep 0.1
@@ -38,7 +38,7 @@ ended() {
 
 # feed FILE: writes it to descriptor 3, a pipe. A pipe holds 64 KB, so whoever reads it has read the rest.
 feed() {
-  timeout 120 cat "$1" >&3 || fault "nobody read $1 within two minutes"
+  timeout 60 cat "$1" >&3 || fault "nobody read $1 within a minute"
 }
 
 finish() {
