@@ -24,9 +24,8 @@ std::string FilesButtonCaption(ListKind kind, size_t files) {
 std::string FilesListHint(ListKind kind) {
   const bool ignoring = kind == ListKind::WordsToIgnore;
   return "To specify (or add) a file containing " +
-         std::string(ignoring ? "words to ignore" : "count-only words/phrases") +
-         ", click on the button labelled '" + (ignoring ? "Words-to-ignore" : "Count-only words") +
-         " files'.";
+         std::string(ignoring ? "words to ignore" : "count-only words") + ", click on the button labelled '" +
+         (ignoring ? "Words-to-ignore" : "Count-only words") + " files'.";
 }
 
 std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed) {

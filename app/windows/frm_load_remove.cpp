@@ -1,19 +1,27 @@
 #include "app/windows/frm_load_remove.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/windows/control_factory.h"
+#include "app/windows/eliding_label.h"
 
 namespace korv {
+namespace {
+
+constexpr int kLeastPathWidth = 420;
+constexpr int kMostPathWidth = 700;
+
+}  // namespace
 
 frmLoadRemove::frmLoadRemove(const QString& path, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmLoadRemove"));
   setWindowTitle(QStringLiteral("Load or remove this file"));
 
-  lblFile = MakeLabel("lblFile", this);
+  lblFile = Named(new ElidingLabel(this), "lblFile");
   lblFile->setText(path);
-  lblFile->setWordWrap(true);
-  lblFile->setMinimumWidth(420);
+  // Most paths are seen in full; the longest do not make the window wider than a screen.
+  lblFile->setMinimumWidth(std::clamp(lblFile->sizeHint().width(), kLeastPathWidth, kMostPathWidth));
   optLoad = MakeOption("optLoad", "&Load this file", this);
   optRemove = MakeOption("optRemove", "&Remove this file from the list", this);
   optCancel = MakeOption("optCancel", "C&ancel", this);

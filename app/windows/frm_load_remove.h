@@ -2,11 +2,12 @@
 
 #include <QDialog>
 
-class QLabel;
 class QPushButton;
 class QRadioButton;
 
 namespace korv {
+
+class ElidingLabel;
 
 /// Asks what to do with a word-list file that was chosen from the list.
 class frmLoadRemove final : public QDialog {
@@ -15,7 +16,7 @@ class frmLoadRemove final : public QDialog {
 
   explicit frmLoadRemove(const QString& path, QWidget* parent = nullptr);
 
-  QLabel* lblFile = nullptr;
+  ElidingLabel* lblFile = nullptr;
   QRadioButton* optLoad = nullptr;
   QRadioButton* optRemove = nullptr;
   QRadioButton* optCancel = nullptr;

@@ -21,8 +21,7 @@ RulesSampleBox::RulesSampleBox(QWidget* parent)
       "Type any text to see which words would be counted. \u00B6 stands for the end of a line, "
       "\u21E5 for a tab."));
   lblSampleWords = Named(new ElidingLabel(this), "lblSampleWords");
-  lblSampleWords->setWhatsThis(
-      QStringLiteral("| stands between two words of a phrase, || where phrases end."));
+  setToolTip(QStringLiteral("| stands between two words, || where no phrase goes on."));
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(10, 8, 10, 8);
   layout->setSpacing(5);

@@ -340,7 +340,8 @@ TEST(ReadStateBytes, TakesWhatOtherHandsWrote) {
   std::string spaced = bytes;
   spaced.replace(spaced.find("18\r\n"), 4, " 18 \r\n");
   for (const std::string& variant :
-       {"\xEF\xBB\xBF" + bytes, linux, spaced, bytes + "\"more\"\r\n", bytes.substr(0, bytes.size() - 2)}) {
+       {"\xEF\xBB\xBF" + bytes, linux, spaced, bytes + "\"more\"\r\n",
+        bytes + "\"name=value\"\r\n\"other=2\"\r\n", bytes.substr(0, bytes.size() - 2)}) {
     Settings settings;
     EXPECT_TRUE(ReadStateBytes(variant, settings).Complete());
     EXPECT_EQ(BytesOf(settings), bytes);
@@ -575,6 +576,25 @@ TEST(SetDefaultValues, ResetsRulesAndLeavesPathsListsAndReport) {
   EXPECT_EQ(settings.WordsFiles.size(), 2u);
   EXPECT_EQ(settings.MaxWords, 25);
   EXPECT_EQ(settings.Report.DisplayFormat, 12);
+}
+
+TEST(TakeResettable, TakesWhatTheDefaultsWouldReset) {
+  Settings settings = AllChanged();
+  Settings fresh;
+  EXPECT_FALSE(SameResettable(settings, fresh));
+  TakeResettable(settings, fresh);
+  EXPECT_TRUE(SameResettable(settings, fresh));
+  Settings reset = AllChanged();
+  SetDefaultValues(reset);
+  EXPECT_EQ(BytesOf(settings), BytesOf(reset));
+  for (bool Settings::*value : {&Settings::ExtractTextFromDocx, &Settings::WarnOnOverwrite,
+                                &Settings::SaveStateOnQuit, &Settings::PatternMatchingInWordsToIgnoreFile}) {
+    settings.*value = true;
+    EXPECT_FALSE(SameResettable(settings, fresh));
+    settings.*value = false;
+  }
+  settings.SourceKind = TextSource::Folder;
+  EXPECT_FALSE(SameResettable(settings, fresh));
 }
 
 TEST(RunOptionsOf, WithoutAnOptionPhrasesOfWordsToIgnoreAreAllowed) {

@@ -15,7 +15,7 @@ TEST(TheListOfFiles, SaysHowAFileComesIntoIt) {
             "To specify (or add) a file containing words to ignore, click on the button labelled "
             "'Words-to-ignore files'.");
   EXPECT_EQ(FilesListHint(kCount),
-            "To specify (or add) a file containing count-only words/phrases, click on the button labelled "
+            "To specify (or add) a file containing count-only words, click on the button labelled "
             "'Count-only words files'.");
 }
 

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/windows/frm_load_remove.h"
 #include "tests/app/windows/window_test.h"
 
 namespace korv {
@@ -155,6 +156,14 @@ TEST_P(SettingsGeometry, IsWellWithAnyMessageInIt) {
        {"cmdSetOrClearCheckboxes_0", "cmdSetOrClearCheckboxes_1", "cmdRestoreDefaults"}) {
     Click(button);
     ExpectAllIsWell(button);
+  }
+}
+
+TEST_P(SettingsGeometry, OfTheDialogAboutAFileIsWellForAnyPath) {
+  for (const int length : {10, 80, 300}) {
+    frmLoadRemove dialog(u'/' + QString(length, u'n'), &main->Params());
+    dialog.show();
+    EXPECT_THAT(GeometryFaultsInEverySize(dialog), IsEmpty()) << length;
   }
 }
 

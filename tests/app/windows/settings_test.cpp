@@ -248,6 +248,10 @@ TEST_F(SettingsWindow, TakesBackNothingOnceSomethingElseHasChanged) {
 TEST_F(SettingsWindow, ShowsLiveWhatTheRulesMakeOfASample) {
   main->Params().show();
   EXPECT_EQ(TextOf("txbSample"), RulesSample());
+  EXPECT_EQ(TipOf("txbSample"),
+            "Type any text to see which words would be counted. \xC2\xB6 stands for the end of a line, "
+            "\xE2\x87\xA5 for a tab.");
+  EXPECT_EQ(TipOf("fraSample"), "| stands between two words, || where no phrase goes on.");
   for (const char* box : kBoxes) {
     Click(box);
     EXPECT_EQ(TextOf("lblSampleWords"), WordsOfSample(RulesSample(), main->GatherSettings().Words)) << box;

@@ -220,7 +220,7 @@ TEST_F(Words, AreSpokenOfAsThoseOfTheListThatIsShown) {
   const Texts lists[] = {
       {"optCountOnlyWordsAndPhrases", "txbWordsToIgnoreOrCount_1", "Count-only words files (0)",
        "Extra count-only words\nand phrases:",
-       "To specify (or add) a file containing count-only words/phrases, click on the button labelled "
+       "To specify (or add) a file containing count-only words, click on the button labelled "
        "'Count-only words files'.",
        "The list is empty: every phrase is counted.", "white whale, harpoon~, <s[aeiou]+l>", false},
       {"optWordsToIgnore", "txbWordsToIgnoreOrCount_0", "Words-to-ignore files (0)", "Extra words to ignore:",
