@@ -4,10 +4,16 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "app/rule_examples.h"
+#include "tests/reference/naive_run.h"
+#include "tests/reference/naive_scanner.h"
+#include "tests/reference/naive_text.h"
 
 namespace korv {
 namespace {
@@ -48,23 +54,90 @@ TEST(TheWordsOfASample, EndPhrasesAtTheEndOfALineWhereTheRulesSaySo) {
             "one || two || four");
 }
 
+using Rule = bool WordRules::*;
+constexpr Rule kRules[] = {
+    &WordRules::AllowHyphens,      &WordRules::AllowApostrophes,  &WordRules::AllowUnderscores,
+    &WordRules::AllowColons,       &WordRules::AllowBackslashes,  &WordRules::AllowForwardslashes,
+    &WordRules::AllowPeriods,      &WordRules::AllowAtSigns,      &WordRules::AllowNumerals,
+    &WordRules::AllowParentheses,  &WordRules::AllowAmpersands,   &WordRules::AllowCommas,
+    &WordRules::CaseSignificant,   &WordRules::Only7bitASCII,     &WordRules::IgnoreShortWords,
+    &WordRules::IgnoreNoLetter,    &WordRules::IgnoreRepetitions, &WordRules::TerminateAtEndOfLine,
+    &WordRules::TerminateAtPeriod, &WordRules::TerminateAtComma,  &WordRules::TerminateAtDoubleQuote,
+    &WordRules::TerminateAtTab};
+/// What the first twelve of them admit.
+constexpr std::string_view kAdmitted[] = {"-", "'", "_",          ":",  "\\", "/",
+                                          ".", "@", "0123456789", "()", "&",  ","};
+
+/// The same, straight from the rules.
+std::string NaiveWordsOf(const std::vector<std::string>& lines, WordRules rules) {
+  for (size_t i = 0; i < std::size(kAdmitted); ++i) {
+    if (rules.*kRules[i]) rules.AllowedExtraChars += kAdmitted[i];
+  }
+  naive::Scanner scanner(rules, "None");
+  for (const std::string& line : lines) scanner.ScanLine(line);
+  std::string words;
+  const char* between = " | ";
+  for (const std::string& found : scanner.Found()) {
+    if (found == naive::Scanner::kBreak) {
+      between = " || ";
+      continue;
+    }
+    const std::string word = rules.CaseSignificant ? found : naive::Lower(found);
+    const std::u32string characters = naive::Decode(word);
+    if (!naive::RulesDrop(found, rules).empty()) continue;
+    if (rules.Only7bitASCII &&
+        std::any_of(characters.begin(), characters.end(), [](char32_t c) { return c > 127; }))
+      continue;
+    words += (words.empty() ? "" : between) + word;
+    between = " | ";
+  }
+  return words;
+}
+
+RC_GTEST_PROP(TheWordsOfASample, AreThoseOfTheModel, ()) {
+  const std::vector<std::string> pieces = {"a",      "cat",
+                                           "WASN",   "'t",
+                                           "'s",     " ",
+                                           " ",      "caf\xC3\xA9",
+                                           "grrrrr", "7",
+                                           "3D",     "\"",
+                                           ".",      ",",
+                                           "-",      "--",
+                                           "(",      ")",
+                                           "&",      "_",
+                                           "/",      "\\",
+                                           "@",      ":",
+                                           "#",      "abcdefghijklmnopqrstuvwxyz"};
+  WordRules rules;
+  for (const Rule rule : kRules) rules.*rule = *rc::gen::arbitrary<bool>();
+  rules.ShortWordSize = *rc::gen::inRange(2, 6);
+  rules.LongWordSize = 10 * *rc::gen::inRange(2, 5);
+  std::vector<std::string> lines(*rc::gen::inRange<size_t>(1, 4));
+  std::string sample;
+  for (size_t i = 0; i < lines.size(); ++i) {
+    if (i > 0) sample += kLineEndMark;
+    for (const std::string& piece :
+         *rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(pieces))) {
+      lines[i] += piece;
+      sample += piece;
+      if (*rc::gen::inRange(0, 20) == 0) {
+        lines[i] += '\t';
+        sample += kTabMark;
+      }
+    }
+  }
+  RC_LOG() << sample << '\n';
+  RC_ASSERT(WordsOfSample(sample, rules) == NaiveWordsOf(lines, rules));
+}
+
 TEST(TheSample, ShowsEveryRule) {
-  bool WordRules::*const rules[] = {
-      &WordRules::AllowHyphens,      &WordRules::AllowApostrophes,  &WordRules::AllowUnderscores,
-      &WordRules::AllowColons,       &WordRules::AllowBackslashes,  &WordRules::AllowForwardslashes,
-      &WordRules::AllowPeriods,      &WordRules::AllowAtSigns,      &WordRules::AllowNumerals,
-      &WordRules::AllowParentheses,  &WordRules::AllowAmpersands,   &WordRules::AllowCommas,
-      &WordRules::CaseSignificant,   &WordRules::Only7bitASCII,     &WordRules::IgnoreShortWords,
-      &WordRules::IgnoreNoLetter,    &WordRules::IgnoreRepetitions, &WordRules::TerminateAtEndOfLine,
-      &WordRules::TerminateAtPeriod, &WordRules::TerminateAtComma,  &WordRules::TerminateAtDoubleQuote,
-      &WordRules::TerminateAtTab};
-  for (size_t i = 0; i < std::size(rules); ++i) {
+  for (size_t i = 0; i < std::size(kRules); ++i) {
     WordRules on;
     // Words without a letter come from numerals, and from nothing else.
-    on.AllowNumerals = rules[i] == &WordRules::IgnoreNoLetter;
+    on.AllowNumerals = kRules[i] == &WordRules::IgnoreNoLetter;
     WordRules off = on;
-    on.*rules[i] = true;
-    off.*rules[i] = false;
+    on.*kRules[i] = true;
+    off.*kRules[i] = false;
     EXPECT_NE(WordsOfSample(RulesSample(), on), WordsOfSample(RulesSample(), off)) << i;
   }
 }
