@@ -196,10 +196,7 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
   services_.View.FileKind(FileKindWhileReading(encoding.Settled == TextEncoding::Utf8));
   if (kind == Kind::Single) services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
   stream_.BeginSource(path);
-  // Mark-up is cleaned line by line, so that it needs its lines whole.
-  const bool plain = markers.intNumCommentMarkers == 0 && !markers.blnCharacterEntitiesPossible;
-  TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding),
-                    plain ? LongLines::InPieces : LongLines::Whole);
+  TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding), LongLines::InPieces);
   const uint64_t textBytes = FeedLines(reader, markers, AfterStop::Nothing);
   Tally(reader);
   if (kind == Kind::Single)
@@ -304,7 +301,7 @@ uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& mark
   scanner.BeginSource();
   RunProgress& progress = services_.Progress;
   while ((!Stopped() || afterStop == AfterStop::WhatIsThere) && reader.NextLine()) {
-    scanner.ScanLine(reader.Line(), reader.StartsLine());
+    scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
     progress.BytesRead = reader.BytesRead();
     progress.Words = stream_.Counts().Taken;
     services_.Yielder.Yield();

@@ -44,11 +44,13 @@ class LineScanner {
   void BeginSource() {
     intWithinComment_ = kOutside;
     textBytes_ = 0;
+    kept_.clear();
   }
   /// One decoded line without its end. With TerminateAtEndOfLine phrases end before it. A piece of a line
-  /// that began earlier (after a blank or tab; only for text without markers and entities) is no start of
-  /// a line.
-  void ScanLine(std::string_view line, bool startsLine = true);
+  /// that began earlier, parted as TextReader does it, is no start of a line.
+  /// Where more of the line follows, `endsLine` is false: an entity may end in it, so that the scanner may
+  /// keep what stands before for the next call, some 100,000 characters at most.
+  void ScanLine(std::string_view line, bool startsLine = true, bool endsLine = true);
   /// Bytes of the text's lines, as cleaned and without their ends, that lay outside regions.
   uint64_t TextBytes() const { return textBytes_; }
 
@@ -69,6 +71,8 @@ class LineScanner {
 
   void ClassifyBytes(const WordRules& rules);
   std::string_view Clean(std::string_view line, bool startsLine);
+  std::string_view BehindKept(std::string_view text);
+  size_t ScanText();
 
   // All positions are bytes of line_, the line being scanned.
   unsigned ClassAt(size_t at) const { return classes_[static_cast<unsigned char>(line_[at])]; }
@@ -76,6 +80,8 @@ class LineScanner {
   int PairAt(size_t at);
   bool HasMarkerAt(size_t at) { return CdataDelimiterAt(at) != 0 || PairAt(at) != kOutside; }
   bool AmpersandIsMarker(size_t at);
+  bool SemicolonCounts(size_t ampersand);
+  size_t CharactersBefore(size_t at, size_t characters) const;
   size_t PastMarker(size_t at);
   size_t PastRegion(size_t at);
   size_t EndOfRegion(size_t at);
@@ -108,8 +114,13 @@ class LineScanner {
   int intWithinComment_ = kOutside;  ///< The pair of the region that goes on.
   uint64_t textBytes_ = 0;
   std::string cleaned_;
+  std::string kept_;        ///< Cleaned text of this line that could not be scanned before more of it came.
+  bool inEntity_ = false;   ///< An "&" of this line waits for its ";", which named entities go by.
+  bool endsLine_ = true;    ///< The line ends with line_.
+  bool undecided_ = false;  ///< What comes behind line_ decides what stands at the place reached.
   std::string_view line_;
-  size_t lastSemicolon_ = kNotSought;  ///< Of line_; npos: there is none.
+  size_t semicolon_ = kNotSought;      ///< The next one from some place of line_ on; npos: there is none.
+  size_t semicolonFrom_ = kNotSought;  ///< An "&" from here on is near enough to it (or to what follows).
   size_t windowBegin_ = kNotSought;    ///< A multiple of 64; the window ends with the line.
   uint64_t letters_ = 0;               ///< The bytes of the window in lane 1, the first lowest ...
   uint64_t separators_ = 0;            ///< ... and in lane 2.

@@ -20,6 +20,9 @@ inline constexpr std::string_view kCdataEnd = "]]>";
 inline constexpr std::string_view kNonJoiner = "\u200C";
 inline constexpr std::string_view kJoiner = "\u200D";
 
+/// A ";" further away than this many characters ends no entity.
+inline constexpr size_t kFarthestSemicolon = 65000;
+
 inline constexpr size_t kWindow = 64;
 
 /// The lowest bits of eight bytes as the bits of one. The factors of the product meet nowhere, so that no
@@ -104,44 +107,73 @@ void LineScanner<Sink>::ClassifyBytes(const WordRules& rules) {
 }
 
 template <typename Sink>
-void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine) {
-  if (startsLine && terminatesAtEndOfLine_) sink_->ResetPhrases();
-  line_ = Clean(line, startsLine);
+void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine, bool endsLine) {
+  if (startsLine) {
+    inEntity_ = false;
+    if (terminatesAtEndOfLine_) sink_->ResetPhrases();
+  }
+  endsLine_ = endsLine;
+  line_ = BehindKept(Clean(line, startsLine));
+  const size_t scanned = ScanText();
+  if (scanned == line_.size() && kept_.empty()) return;
+  textBytes_ -= line_.size() - scanned;
+  kept_ = std::string(line_.substr(scanned));
+}
+
+/// Scans line_. Returns where what cannot be decided yet begins: the end, nearly always.
+template <typename Sink>
+size_t LineScanner<Sink>::ScanText() {
   textBytes_ += line_.size();
-  lastSemicolon_ = kNotSought;
+  semicolon_ = kNotSought;
   windowBegin_ = kNotSought;
+  undecided_ = false;
   size_t at = intWithinComment_ == kOutside ? 0 : PastRegion(0);
   while ((at = TakePlainWords(at)) < line_.size()) {
     const unsigned is = ClassAt(at);
     if (is & kMarker) {
       const size_t past = PastMarker(at);
+      if (undecided_) return at;
       if (past != at) {
         at = past;
         continue;
       }
     }
     if (is & kWord) {
-      at = TakeRun(at);
+      const size_t begin = at;
+      at = TakeRun(begin);
+      if (undecided_) return begin;
     } else if (is & kNotAscii) {
       size_t past;
+      const size_t begin = at;
       at = KindOfLong(at, past) == CharKind::Letter ? TakeRun(at) : past;
+      if (undecided_) return begin;
     } else {
       if (is & kTerminator) sink_->ResetPhrases();
       ++at;
     }
   }
+  return line_.size();
 }
 
 /// The line as words are cut from it: `line` itself where there is nothing to clean.
 template <typename Sink>
 std::string_view LineScanner<Sink>::Clean(std::string_view line, bool startsLine) {
   const bool hasHyphens = line.find("--") != std::string_view::npos;
-  const bool hasEntities = markers_.blnCharacterEntitiesPossible && line.find('&') != std::string_view::npos;
+  const bool hasEntities =
+      markers_.blnCharacterEntitiesPossible && (inEntity_ || line.find('&') != std::string_view::npos);
   if (!hasHyphens && !hasEntities) return line;
   cleaned_.assign(line);
   if (hasHyphens) ReplaceDoubleHyphensInPlace(cleaned_, startsLine);
-  if (hasEntities) ReplaceNamedEntities(cleaned_);
+  if (hasEntities) ReplaceNamedEntities(cleaned_, inEntity_);
   return cleaned_;
+}
+
+/// What was kept of the line, and `text` after it.
+template <typename Sink>
+std::string_view LineScanner<Sink>::BehindKept(std::string_view text) {
+  if (kept_.empty()) return text;
+  kept_ += text;
+  return kept_;
 }
 
 /// The length of the CDATA delimiter at `at`; 0: none.
@@ -165,9 +197,40 @@ int LineScanner<Sink>::PairAt(size_t at) {
 
 template <typename Sink>
 bool LineScanner<Sink>::AmpersandIsMarker(size_t at) {
-  if (lastSemicolon_ == kNotSought) lastSemicolon_ = line_.rfind(';');
-  return lastSemicolon_ != std::string_view::npos && lastSemicolon_ > at &&
-         EntityLength(line_.substr(at)) != 0;
+  constexpr size_t kLongestNamed = 80;  // Bytes of what EntityLength looks at.
+  const std::string_view rest = line_.substr(at);
+  const bool mayGrow = !endsLine_ && rest.size() < kLongestNamed && rest.find(';') == std::string_view::npos;
+  if (mayGrow && (rest.starts_with("&#") || rest.find(' ') == std::string_view::npos)) {
+    undecided_ = true;
+    return false;
+  }
+  return EntityLength(rest) != 0 && SemicolonCounts(at);
+}
+
+/// Whether a ";" follows that is near enough. Where none does in line_ but one may yet come, undecided_ is
+/// set.
+template <typename Sink>
+bool LineScanner<Sink>::SemicolonCounts(size_t ampersand) {
+  constexpr size_t kFarthest = line_scanner::kFarthestSemicolon;
+  if (semicolon_ == kNotSought || semicolon_ < ampersand) {
+    semicolon_ = line_.find(';', ampersand);
+    semicolonFrom_ = kNotSought;
+  }
+  const size_t end = std::min(semicolon_, line_.size());
+  if (end - ampersand > kFarthest) {
+    if (semicolonFrom_ == kNotSought) semicolonFrom_ = CharactersBefore(end, kFarthest);
+    if (ampersand < semicolonFrom_) return false;
+  }
+  if (semicolon_ != std::string_view::npos) return true;
+  undecided_ = !endsLine_;
+  return false;
+}
+
+/// The byte so many characters before byte `at`, or the beginning.
+template <typename Sink>
+size_t LineScanner<Sink>::CharactersBefore(size_t at, size_t characters) const {
+  while (at > 0 && characters > 0) characters -= (static_cast<unsigned char>(line_[--at]) & 0xC0) != 0x80;
+  return at;
 }
 
 /// Past the delimiter or the region that begins at `at`, or `at` where none does.
@@ -197,7 +260,7 @@ template <typename Sink>
 size_t LineScanner<Sink>::EndOfRegion(size_t at) {
   const std::string_view end = markers_.Markers[static_cast<size_t>(intWithinComment_)].End;
   if (end.empty()) {
-    intWithinComment_ = kOutside;
+    if (endsLine_) intWithinComment_ = kOutside;
     return line_.size();
   }
   const size_t found = line_scanner::FindMarker(line_, at, end);
@@ -325,10 +388,12 @@ void LineScanner<Sink>::Trim(size_t& begin, size_t& end) {
   while (begin < end && isCut(end - 1)) --end;
 }
 
-/// Hands over the word that the run at `begin` holds, if any. Returns where to go on.
+/// Hands over the word that the run at `begin` holds, if any. Returns where to go on; the place does not
+/// matter where the end of the run is undecided.
 template <typename Sink>
 size_t LineScanner<Sink>::TakeRun(size_t begin) {
   const size_t next = WithApostrophe(begin, EndOfRun(begin));
+  if (undecided_) return begin;
   size_t end = next;
   Trim(begin, end);
   if (begin == end) return next;

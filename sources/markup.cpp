@@ -49,8 +49,15 @@ bool IsPastSecondCharacter(std::string_view text, size_t at) {
 }  // namespace
 
 void ReplaceNamedEntities(std::string& text) {
-  size_t ampersand = text.find('&');
-  if (ampersand == std::string::npos) return;
+  bool open = false;
+  ReplaceNamedEntities(text, open);
+}
+
+void ReplaceNamedEntities(std::string& text, bool& open) {
+  const size_t begin = open ? text.find(';') : 0;
+  if (begin == std::string::npos) return;
+  size_t ampersand = text.find('&', begin);
+  open = false;
   size_t from = 0;  // What is read next ...
   size_t to = 0;    // ... and where it goes: a replacement is never longer than its entity.
   const auto keepUntil = [&](size_t end) {
@@ -62,7 +69,8 @@ void ReplaceNamedEntities(std::string& text) {
   };
   while (ampersand != std::string::npos) {
     const size_t semicolon = text.find(';', ampersand);
-    if (semicolon == std::string::npos) break;
+    open = semicolon == std::string::npos;
+    if (open) break;
     const std::string_view with =
         Replacement(std::string_view(text).substr(ampersand, semicolon + 1 - ampersand));
     if (!with.empty()) {

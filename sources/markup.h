@@ -10,6 +10,9 @@ namespace korv {
 /// themselves, quotes of all shapes by an apostrophe, "&quot;" by a double quote. Unknown ones stay. What
 /// a replacement makes is not looked at again. An "&" without ";" after it ends the work. Linear.
 void ReplaceNamedEntities(std::string& text);
+/// The same for a line that comes in parts, none of which ends inside a known entity. `open` says whether an
+/// "&" of an earlier part, in the end of this one, waits for its ";"; false at the beginning of a line.
+void ReplaceNamedEntities(std::string& text, bool& open);
 
 /// Replaces "--" by two blanks, save at the first two characters of the line and where it belongs to
 /// "<!--" or "-->". Linear.

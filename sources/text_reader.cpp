@@ -130,17 +130,20 @@ void TextReader::State::HandOut(size_t length, size_t lineEnd, bool endsLine) {
   if (nextCr < begin) nextCr = Find('\r', begin);
 }
 
-/// Parts an unfinished line after its last blank or tab that plain ASCII follows: no word, no composed
-/// character and no pair of hyphens reaches across.
+/// Parts an unfinished line after its last blank or tab: no word, no composed character and no pair of
+/// hyphens reaches across. Before the blank stands something of ASCII, so that nothing that is dropped hides
+/// what it is, but no "&", which with the blank and what may follow is the one known entity that holds a
+/// blank.
 bool TextReader::State::HandOutPiece() {
-  for (size_t at = end - 1; at > std::max(begin, unparted); --at) {
-    const char c = bytes[at - 1];
-    if ((c == ' ' || c == '\t') && static_cast<unsigned char>(bytes[at]) < 0x80) {
+  for (size_t at = end; at > std::max(begin + 1, unparted); --at) {
+    const char before = bytes[at - 2];
+    if ((bytes[at - 1] == ' ' || bytes[at - 1] == '\t') && before != '&' &&
+        static_cast<unsigned char>(before) < 0x80) {
       HandOut(at - begin, 0, false);
       return true;
     }
   }
-  unparted = end - 1;
+  unparted = end;
   return false;
 }
 
@@ -168,7 +171,7 @@ bool TextReader::State::NextLine() {
     }
     if (longLines == LongLines::InPieces && end - begin >= kLongLine && HandOutPiece()) return true;
     if (ReadMore()) continue;
-    if (begin == end) return false;
+    if (begin == end && nextStartsLine) return false;
     HandOut(end - begin, 0, true);
     return true;
   }
@@ -199,6 +202,9 @@ std::string_view TextReader::Line() const {
 }
 bool TextReader::StartsLine() const {
   return state_->startsLine;
+}
+bool TextReader::EndsLine() const {
+  return state_->nextStartsLine;
 }
 std::optional<FileError> TextReader::Error() const {
   return state_->error;

@@ -14,8 +14,8 @@ namespace korv {
 
 /// How lines of more than about a megabyte are handed out.
 enum class LongLines {
-  Whole,     ///< As they are: mark-up needs all of a line to be cleaned.
-  InPieces,  ///< In pieces that end with a blank or a tab, which is as good for text without markers.
+  Whole,     ///< As they are, for whom a line is one thing.
+  InPieces,  ///< In pieces that end with a blank or tab and part no word, marker or known entity.
 };
 
 /// The encoding of a text that is about to be read.
@@ -54,8 +54,10 @@ class TextReader {
   bool NextLine();
   /// Valid until the next call of NextLine().
   std::string_view Line() const;
-  /// False where Line() goes on with a line that began earlier; the piece before ended with a blank or tab.
+  /// False where Line() goes on with a line that began earlier.
   bool StartsLine() const;
+  /// False where more of the line follows, be it nothing but its end.
+  bool EndsLine() const;
   std::optional<FileError> Error() const;
   /// Bytes taken from the source so far, the head among them, for progress.
   uint64_t BytesRead() const;

@@ -69,9 +69,11 @@ void ReadWordsToIgnore(TextReader& reader, const WordRules& rules, Yielder& yiel
   ListSink sink(words);
   LineScanner<WordSink> scanner(listRules, markers, sink);
   scanner.BeginSource();
+  bool begun = false;  // Something of the line that goes on has been scanned.
   while (reader.NextLine()) {
-    const std::string_view line = Trimmed(reader.Line());
-    if (!line.empty()) scanner.ScanLine(line);
+    const std::string_view line = begun ? reader.Line() : Trimmed(reader.Line());
+    if (begun || !line.empty()) scanner.ScanLine(line, !begun, reader.EndsLine());
+    begun = !reader.EndsLine() && (begun || !line.empty());
     yielder.Yield();
   }
 }
@@ -120,7 +122,8 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
     return false;
   }
   TextReader reader(std::move(source.Head), source.File.get(),
-                    reading.Encodings.PlanFor(source.Facts, PathToText(path), messages));
+                    reading.Encodings.PlanFor(source.Facts, PathToText(path), messages),
+                    kind == ListKind::WordsToIgnore ? LongLines::InPieces : LongLines::Whole);
   DistinctWords words(reading);
   if (kind == ListKind::WordsToIgnore)
     ReadWordsToIgnore(reader, rules, reading.Yield, words);

@@ -22,11 +22,12 @@ struct CorpusSource {
 /// and, where the run keeps them, the places of its phrases in order.
 ///
 /// A token is a word of the vocabulary or kNoWord, which stands where no phrase goes on. A place is the index
-/// of a token, and a phrase of k words is k tokens in a row without kNoWord. Words that a rule dropped have no
-/// token.
+/// of a token, and a phrase of k words is k tokens in a row without kNoWord. Words that a rule dropped have
+/// no token.
 ///
 ///   Tokens.front() == kNoWord, so that every word has a left neighbour;
-///   once read, Tokens ends with kTrailingEnds of them, so that a longest phrase may be looked at from anywhere.
+///   once read, Tokens ends with kTrailingEnds of them, so that a longest phrase may be looked at from
+///   anywhere.
 ///
 /// Costs 4 bytes a word, 4 more where the places are kept, and 8 a distinct word beside its letters.
 struct Corpus {
@@ -36,8 +37,8 @@ struct Corpus {
 
   Vocabulary Words;
   std::vector<WordNumber> Tokens;
-  std::vector<CorpusSource> Sources;       ///< In reading order.
-  std::vector<uint32_t> SourceOfBlock;     ///< The source of every kSourceBlock-th token.
+  std::vector<CorpusSource> Sources;    ///< In reading order.
+  std::vector<uint32_t> SourceOfBlock;  ///< The source of every kSourceBlock-th token.
   static constexpr uint32_t kSourceBlock = 4096;
 
   /// The places where a phrase that counts starts, of all lengths, ordered by the up to MaxWords words that

@@ -183,7 +183,8 @@ bool Scanner::IsMarker(View line, size_t at, size_t& pair) const {
   for (pair = 0; pair < pairs_.size(); ++pair) {
     if (!StandsAt(line, at, pairs_[pair].first)) continue;
     if (pairs_[pair].first != U"&") return true;
-    if (EntityLength(line.substr(at)) != 0 && line.find(U';', at) != kNowhere) return true;
+    const size_t semicolon = line.find(U';', at);
+    if (EntityLength(line.substr(at)) != 0 && semicolon != kNowhere && semicolon - at <= 65000) return true;
   }
   return false;
 }

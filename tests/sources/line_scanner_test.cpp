@@ -290,5 +290,56 @@ TEST(LineScanner, StaysLinearOnHostileLines) {
   }
 }
 
+/// The words of one HTML line handed over in one piece, and in two parted behind `parted` bytes.
+std::vector<std::string> InOneAndInTwo(const std::string& line, size_t parted, std::string_view extra) {
+  std::vector<std::string> found;
+  for (const size_t cut : {line.size(), parted}) {
+    RecordedWords words;
+    LineScanner<WordSink> scanner(WithExtra(std::string(extra)), MarkersOf("html"), words);
+    scanner.ScanLine(std::string_view(line).substr(0, cut), true, cut == line.size());
+    if (cut < line.size()) scanner.ScanLine(std::string_view(line).substr(cut), false, true);
+    std::string joined;
+    for (const std::string& word : words.Found()) joined += word.size() > 20 ? "... " : word + " ";
+    found.push_back(joined);
+  }
+  return found;
+}
+
+TEST(Entities, EndAtMost65000CharactersAway) {
+  // Behind "&#" stand blanks, or letters of two bytes.
+  for (const std::string filler : {" ", "\u00E9"}) {
+    for (const int distance : {64999, 65000, 65001, 130000}) {
+      std::string inside;
+      for (int k = 2; k < distance; ++k) inside += filler;
+      const std::string line = "one &#" + inside + ";two three";
+      const bool counts = distance <= 65000;
+      const std::string expected = counts             ? "one two three "
+                                   : filler == " "    ? "one two three "
+                                   : distance < 65002 ? "one ... two three "
+                                                      : "one ... ... two three ";
+      const size_t parted = filler == " " ? line.size() / 2 : 4;
+      for (const std::string& found : InOneAndInTwo(line, parted, "")) EXPECT_EQ(found, expected) << distance;
+    }
+  }
+}
+
+TEST(Entities, WaitForTheRestOfTheirLine) {
+  struct Row {
+    const char* First;
+    const char* Second;
+    const char* Extra;
+    const char* Found;
+  };
+  for (const Row& row :
+       {Row{"a &# ", "b; c", "", "a c "}, Row{"a &# ", "b c", "", "a b c "},
+        Row{"a x&# ", "b; c", "&", "a x c "}, Row{"a x&# ", "b c", "&#", "a x&# b c "},
+        Row{"a &b\t", "c; d", "", "a d "}, Row{"a &b\t", "c d", "", "a b c d "},
+        Row{"a &lt ", "b; &amp;lt; c", "", "a lt b c "}, Row{"a &x ", "&eacute;t", "", "a x t "}}) {
+    const std::string line = std::string(row.First) + row.Second;
+    for (const std::string& found : InOneAndInTwo(line, std::string_view(row.First).size(), row.Extra))
+      EXPECT_EQ(found, row.Found) << line;
+  }
+}
+
 }  // namespace
 }  // namespace korv

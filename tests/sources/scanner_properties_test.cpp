@@ -93,20 +93,28 @@ RC_GTEST_PROP(ScannerProperties, PhpIsCutLikeTheModel, ()) {
 
 RC_GTEST_PROP(ScannerProperties, PiecesOfALineAreCutLikeTheWholeLine, ()) {
   const WordRules rules = DrawRules();
-  const std::vector<std::string> parts = DrawLines();
+  const std::string_view extension =
+      *rc::gen::elementOf(std::vector<std::string_view>{"txt", "c", "xml", "html", "php"});
   RecordedWords inPieces;
-  LineScanner<WordSink> scanner(rules, MarkersOf("txt"), inPieces);
-  std::string whole;
-  for (size_t k = 0; k < parts.size(); ++k) {
-    const std::string piece = parts[k] + ' ';
-    // Only from its first blank on does a piece show that it begins no line.
-    scanner.ScanLine(k == 0 ? "ab " + piece : piece, k == 0);
-    whole += piece;
-  }
   RecordedWords atOnce;
-  LineScanner<WordSink> other(rules, MarkersOf("txt"), atOnce);
-  other.ScanLine("ab " + whole);
+  LineScanner<WordSink> scanner(rules, MarkersOf(extension), inPieces);
+  LineScanner<WordSink> other(rules, MarkersOf(extension), atOnce);
+  for (int line = *rc::gen::inRange(1, 3); line > 0; --line) {
+    // As a reader parts lines: after a blank or tab behind ASCII that is no "&".
+    std::vector<std::string> pieces = DrawLines();
+    std::string whole;
+    for (std::string& piece : pieces) {
+      if (&piece != &pieces.back())
+        piece += *rc::gen::elementOf(
+            std::vector<std::string_view>{"a ", "\" ", "  ", "&#x ", "> ", "b\t", "&a\t"});
+      whole += piece;
+    }
+    for (const std::string& piece : pieces)
+      scanner.ScanLine(piece, &piece == &pieces.front(), &piece == &pieces.back());
+    other.ScanLine(whole);
+  }
   RC_ASSERT(inPieces.Found() == atOnce.Found());
+  RC_ASSERT(scanner.TextBytes() == other.TextBytes());
 }
 
 }  // namespace

@@ -214,9 +214,9 @@ TEST(TextReader, HandsOutLongLinesWhole) {
   EXPECT_EQ(LinesOf(reader), (Lines{"a", line, "b"}));
 }
 
-TEST(TextReader, PartsLongLinesAfterBlanksAndTabsBeforeAscii) {
+TEST(TextReader, PartsLongLinesAfterBlanksAndTabsBehindAscii) {
   std::string text;
-  while (text.size() < 5'000'000) text += "caf\u00E9 \u0301na\u00EFve\tb";
+  while (text.size() < 5'000'000) text += "caf\u00E9 \u0301na\u00EFve\t\u00E9b& &nbsp;";
   const std::string all = text + "\nnext";
   BittenFile rest(all);
   TextReader reader("", &rest, TextEncoding::Utf8, LongLines::InPieces);
@@ -224,10 +224,10 @@ TEST(TextReader, PartsLongLinesAfterBlanksAndTabsBeforeAscii) {
   int pieces = 0;
   while (reader.NextLine() && reader.Line() != "next") {
     EXPECT_EQ(reader.StartsLine(), pieces == 0);
+    EXPECT_EQ(reader.EndsLine(), joined.size() + reader.Line().size() == text.size());
     EXPECT_LT(reader.Line().size(), 2'000'000U);
     if (pieces > 0) {
-      EXPECT_TRUE(joined.back() == ' ' || joined.back() == '\t');
-      EXPECT_LT(static_cast<unsigned char>(reader.Line().front()), 0x80);
+      EXPECT_TRUE(joined.ends_with("e\t"));
     }
     joined += reader.Line();
     ++pieces;
@@ -236,6 +236,24 @@ TEST(TextReader, PartsLongLinesAfterBlanksAndTabsBeforeAscii) {
   EXPECT_EQ(joined, text);
   EXPECT_TRUE(reader.StartsLine());
   EXPECT_FALSE(reader.NextLine());
+}
+
+TEST(TextReader, EndsALineWhoseLastPieceEndsWithIt) {
+  // The piece takes all that there is, so that the end of the line is all that is left.
+  const std::string text = std::string(1'100'000, 'a') + " ";
+  for (const char* end : {"", "\n", "\r\n"}) {
+    const std::string all = text + end;
+    BittenFile rest(all, text.size());
+    TextReader reader("", &rest, TextEncoding::Ansi, LongLines::InPieces);
+    std::string joined;
+    bool ended = false;
+    while (reader.NextLine()) {
+      joined += reader.Line();
+      ended = reader.EndsLine();
+    }
+    EXPECT_EQ(joined, text);
+    EXPECT_TRUE(ended);
+  }
 }
 
 TEST(TextReader, PartsNoLineThatHoldsNoBlank) {
