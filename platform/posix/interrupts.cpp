@@ -4,6 +4,9 @@
 
 #include <atomic>
 
+#include "platform/posix/stop_signals.h"
+#include "platform/posix/temporary_names.h"
+
 namespace korv {
 
 namespace {
@@ -11,42 +14,64 @@ namespace {
 // A handler has no other way to reach an object.
 std::atomic<Yielder*> stoppedByInterrupt{nullptr};
 static_assert(std::atomic<Yielder*>::is_always_lock_free);
+std::atomic<bool> stopSignalled{false};
 
-/// A program that is asked to end, or whose terminal goes, has temporary files to remove as well.
-constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+/// What ends the program at once. A reader that went away is no error that anybody could be told of.
+constexpr int kEndSignals[] = {SIGQUIT, SIGPIPE};
 
-extern "C" void OnInterrupt(int number) {
-  Yielder* const yielder = stoppedByInterrupt.load();
-  if (!yielder) return;
-  if (!yielder->Stopped()) return yielder->RequestStop();
-  // Nobody has heeded the first one. This one is delivered when the handler has returned.
+extern "C" void OnEnd(int number) {
+  RemoveTemporaries();
+  // Delivered when the handler has returned, so that the program ends in the signal's own way.
   signal(number, SIG_DFL);
   raise(number);
 }
 
-}  // namespace
+extern "C" void OnStop(int number) {
+  Yielder* const yielder = stoppedByInterrupt.load();
+  if (yielder && !stopSignalled.exchange(true)) return yielder->RequestStop();
+  OnEnd(number);
+}
 
-InterruptGuard::InterruptGuard(Yielder& yielder) {
-  stoppedByInterrupt = &yielder;
+void Handle(int number, void (*handler)(int)) {
   struct sigaction action = {};
-  action.sa_handler = OnInterrupt;
+  action.sa_handler = handler;
   // Without going on with a system call that waits: a program that reads from a terminal must notice.
   action.sa_flags = 0;
   sigemptyset(&action.sa_mask);
-  for (const int number : kSignals) {
-    struct sigaction before = {};
+  sigaction(number, &action, nullptr);
+}
+
+bool IsHandledBy(int number, void (*handler)(int)) {
+  struct sigaction now = {};
+  return sigaction(number, nullptr, &now) == 0 && now.sa_handler == handler;
+}
+
+}  // namespace
+
+bool StopWasSignalled() {
+  return stopSignalled.load();
+}
+
+InterruptGuard::InterruptGuard(Yielder& yielder) {
+  stopSignalled = false;
+  stoppedByInterrupt = &yielder;
+  for (const int number : kStopSignals) {
     // What was started to outlive its terminal shall do so.
-    const bool ignored = sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
-    if (number != SIGHUP || !ignored) sigaction(number, &action, nullptr);
+    if (number != SIGHUP || !IsHandledBy(number, SIG_IGN)) Handle(number, OnStop);
   }
+  for (const int number : kEndSignals) Handle(number, OnEnd);
+  // A file that would become too large is an error of the write, like a full disk.
+  Handle(SIGXFSZ, SIG_IGN);
 }
 
 InterruptGuard::~InterruptGuard() {
-  for (const int number : kSignals) {
-    struct sigaction now = {};
-    if (sigaction(number, nullptr, &now) == 0 && now.sa_handler == OnInterrupt) signal(number, SIG_DFL);
-  }
+  for (const int number : kStopSignals)
+    if (IsHandledBy(number, OnStop)) signal(number, SIG_DFL);
+  for (const int number : kEndSignals)
+    if (IsHandledBy(number, OnEnd)) signal(number, SIG_DFL);
+  signal(SIGXFSZ, SIG_DFL);
   stoppedByInterrupt = nullptr;
+  stopSignalled = false;
 }
 
 }  // namespace korv

@@ -1,10 +1,10 @@
 #include "platform/process.h"
 
-#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
 
+#include "platform/posix/stop_signals.h"
 #include "platform/posix/system_calls.h"
 
 namespace korv {
@@ -16,16 +16,11 @@ class StandardInput final : public InputFile {
   explicit StandardInput(const Yielder& yielder) : yielder_(yielder) {}
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
-    // A stop that comes between the question and a call that waits would be noticed with the next input only,
-    // which may never come; so the call waits for a moment at a time.
-    constexpr int kMoment = 50;  // Milliseconds.
-    while (!yielder_.Stopped()) {
-      pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
-      const int ready = ::poll(&input, 1, kMoment);
-      if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
+    while (!yielder_.Stopped() && WaitForInput(STDIN_FILENO)) {
       const ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
       if (got >= 0) return static_cast<size_t>(got);
-      if (errno != EINTR) return FileErrorOf({errno, std::generic_category()});
+      // Whoever shares standard input may have read what there was, or have set it not to wait.
+      if (errno != EINTR && errno != EAGAIN) return FileErrorOf({errno, std::generic_category()});
     }
     return size_t{0};
   }

@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/posix/stop_signals.h"
+#include "platform/posix/temporary_names.h"
 #include "platform/random_name.h"
 #include "platform/utf8.h"
 
@@ -45,7 +47,7 @@ class FileDescriptor {
   int number_;
 };
 
-// Opening a pipe must not wait for its other end; reading it then may wait as usual.
+// Opening a pipe must not wait for its other end.
 FileDescriptor OpenWithoutWaiting(const fs::path& path, int flags) {
   return FileDescriptor(::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
 }
@@ -68,6 +70,11 @@ class PosixInput final : public InputFile {
     for (;;) {
       const ssize_t got = ::read(file_.Number(), buffer.data(), buffer.size());
       if (got < 0 && errno == EINTR) continue;
+      if (got < 0 && errno == EAGAIN) {
+        // A stop is the end of a pipe whose writer lets the reader wait.
+        if (!WaitForInput(file_.Number())) return size_t{0};
+        continue;
+      }
       if (got < 0) return LastError();
       position_ += static_cast<uint64_t>(got);
       return static_cast<size_t>(got);
@@ -124,7 +131,9 @@ class ReplacingOutput final : public OutputFile {
         target_(std::move(target)),
         replaces_(replaces) {}
   ~ReplacingOutput() override {
-    if (!committed_) ::unlink(temporary_.c_str());
+    if (committed_) return;
+    ::unlink(temporary_.c_str());
+    ForgetTemporary(temporary_);
   }
 
   std::optional<FileError> Write(std::string_view bytes) override {
@@ -138,11 +147,14 @@ class ReplacingOutput final : public OutputFile {
     // A file that takes another's place must be on the disk first, or a crash of the system could leave
     // neither. A new file has nothing to lose, and waiting for the disk is slow.
     const bool kept = !replaces_ || ::fsync(file_.Number()) == 0 || errno == EINVAL;
-    if (!kept || !file_.Close() || ::rename(temporary_.c_str(), target_.c_str()) != 0)
+    if (!kept || !file_.Close() || ::rename(temporary_.c_str(), target_.c_str()) != 0) {
       fault_ = LastError();
-    else
-      committed_ = true;
-    return fault_;
+      return fault_;
+    }
+    committed_ = true;
+    if (IsTemporary(target_.parent_path())) NoteTemporary(target_);
+    ForgetTemporary(temporary_);
+    return std::nullopt;
   }
 
  private:
@@ -191,9 +203,15 @@ Expected<std::unique_ptr<OutputFile>, FileError> OpenBeside(const fs::path& targ
   const mode_t mode = replaced ? 0600 : 0666;
   for (;;) {
     const fs::path temporary = target.parent_path() / (".korv-" + RandomNamePart() + ".tmp");
+    NoteTemporary(temporary);
     FileDescriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-    if (!file.Open() && errno == EEXIST) continue;
-    if (!file.Open()) return LastError();
+    if (!file.Open()) {
+      const int error = errno;
+      ForgetTemporary(temporary);
+      errno = error;
+      if (error == EEXIST) continue;
+      return LastError();
+    }
     if (replaced) {
       // The owner can often not be kept, and then a program must not run with another owner's rights.
       const bool owned = ::fchown(file.Number(), replaced->st_uid, replaced->st_gid) == 0;
@@ -212,9 +230,7 @@ Expected<std::unique_ptr<InputFile>, FileError> SystemOpenForReading(const fs::p
   struct stat facts {};
   if (::fstat(file.Number(), &facts) != 0) return LastError();
   if (S_ISDIR(facts.st_mode)) return FileErrorOf(std::make_error_code(std::errc::is_a_directory));
-  const bool ordinary = S_ISREG(facts.st_mode);
-  if (!ordinary) WaitWhenUsed(file);
-  const uint64_t size = ordinary ? static_cast<uint64_t>(facts.st_size) : 0;
+  const uint64_t size = S_ISREG(facts.st_mode) ? static_cast<uint64_t>(facts.st_size) : 0;
   return std::unique_ptr<InputFile>(std::make_unique<PosixInput>(std::move(file), size));
 }
 
@@ -240,6 +256,7 @@ Expected<fs::path, FileError> SystemPrivateTemporaryFolder() {
   if (code) return FileErrorOf(code);
   std::string name = (parent / "korv-XXXXXX").native();
   if (::mkdtemp(name.data()) == nullptr) return LastError();
+  NoteTemporary(name);
   return fs::path(name);
 }
 

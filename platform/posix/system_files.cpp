@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "platform/posix/system_calls.h"
+#include "platform/posix/temporary_names.h"
 
 namespace korv {
 
@@ -72,6 +73,7 @@ class SystemFiles final : public FileSystem {
     std::error_code code;
     fs::create_directory(path, code);
     if (code) return FileErrorOf(code);
+    if (IsTemporary(path.parent_path())) NoteTemporary(path);
     return std::nullopt;
   }
 
@@ -79,6 +81,7 @@ class SystemFiles final : public FileSystem {
     std::error_code code;
     if (!fs::remove(path, code) && !code) code = std::make_error_code(std::errc::no_such_file_or_directory);
     if (code) return FileErrorOf(code);
+    ForgetTemporary(path);
     return std::nullopt;
   }
 

@@ -13,13 +13,15 @@ namespace {
 // A handler has no other way to reach an object.
 std::mutex yielderMutex;
 Yielder* stoppedByInterrupt = nullptr;
+bool stopSignalled = false;
 
 enum class Request { NotTaken, First, Repeated };
 
 Request RequestStop() {
   const std::lock_guard lock(yielderMutex);
   if (!stoppedByInterrupt) return Request::NotTaken;
-  if (stoppedByInterrupt->Stopped()) return Request::Repeated;
+  if (stopSignalled) return Request::Repeated;
+  stopSignalled = true;
   stoppedByInterrupt->RequestStop();
   return Request::First;
 }
@@ -35,7 +37,7 @@ BOOL WINAPI OnConsoleEvent(DWORD event) {
   if (request == Request::First) EndWaitingRead();
   if (request != Request::NotTaken && EndsTheProgram(event)) ::Sleep(INFINITE);
   if (request == Request::First) return TRUE;
-  // Nobody has heeded the one before. What ends the program now runs no destructors.
+  // What ends the program now runs no destructors.
   RestoreConsole();
   return FALSE;
 }
@@ -44,6 +46,7 @@ InterruptGuard::InterruptGuard(Yielder& yielder) {
   {
     const std::lock_guard lock(yielderMutex);
     stoppedByInterrupt = &yielder;
+    stopSignalled = false;
   }
   // Once, and never taken back: that would wait for a handler that is waiting for the program's end. Without
   // a guard it passes everything on.

@@ -106,9 +106,9 @@ TEST(StandardInput, AnInterruptEndsAReadThatWaits) {
   const Pipe pipe = MakePipe();
   const InputIs redirected(pipe.reader);
   NoYielder yielder;
-  const InterruptGuard guard(yielder);
   const auto input = OpenStandardInput(yielder);
   for (int k = 0; k < 3; ++k) {
+    const InterruptGuard guard(yielder);
     std::thread interrupt([] {
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
       EXPECT_TRUE(OnConsoleEvent(CTRL_C_EVENT));
