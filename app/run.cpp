@@ -60,7 +60,6 @@ class Run {
 
  private:
   void Begin() {
-    services_.Yielder.ClearStop();
     services_.Progress = {};
     run_ = CountedRun{};
     SetAllowedExtraChars(rules_);

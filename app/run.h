@@ -85,9 +85,9 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
 /// A click on the button while a run is going: asks, and on Yes requests the stop.
 void AskToStop(Messages& messages, Yielder& yielder, RunView& view);
 
-/// Counts the phrases of the source of `request`, from its checks to the frequency chain. A stop asks
-/// whether to list what was found; Yes finishes as if the text had ended where it was stopped. Throws
-/// nothing: what nobody foresaw is shown.
+/// Counts the phrases of the source of `request`, from its checks to the frequency chain. A stop, which may
+/// have been requested before, asks whether to list what was found; Yes finishes as if the text had ended
+/// where it was stopped. Throws nothing: what nobody foresaw is shown.
 RunEnd RunCount(const RunRequest& request, const RunServices& services, CountedRun& run);
 
 /// The order of ranks that a report asks for.

@@ -220,6 +220,12 @@ RestoreOutcome ReadStateBytes(std::string_view bytes, Settings& settings) {
   return reader.Outcome();
 }
 
+bool IsSettingsFile(FileSystem& files, const std::filesystem::path& path) {
+  const Expected<std::string, StateError> bytes = ReadWhole(files, path);
+  Settings scratch;
+  return bytes && (bytes->empty() || ReadStateBytes(*bytes, scratch).Complete());
+}
+
 std::string SavedState::SaveState(const std::filesystem::path& path, const Settings& settings) {
   const std::filesystem::path& target = PathOf(path);
   const Expected<std::string, StateError> bytes = StateBytes(settings);

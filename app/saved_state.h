@@ -58,6 +58,9 @@ class SavedState {
   std::filesystem::path stateFile_;
 };
 
+/// Whether the file holds settings from its first to its last value, or nothing at all.
+bool IsSettingsFile(FileSystem& files, const std::filesystem::path& path);
+
 struct StateError {
   std::string Description;
 };

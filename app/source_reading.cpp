@@ -77,8 +77,9 @@ RunEnd SourceReading::DoItFromStream() {
   }
   const std::string beginning = source.Beginning();
   if (beginning.empty() && Stopped()) return RunEnd::Stopped;
-  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters)) return RunEnd::Refused;
-  services_.View.Status("Now counting phrases on the clipboard");
+  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, "standard input"))
+    return RunEnd::Refused;
+  services_.View.Status("Now counting phrases on standard input");
   stream_.BeginSource({});
   services_.Progress.BytesTotal = source.Size();
   TextReader reader(source.TakeHead(), &source, source.Encoding(), LongLines::InPieces);
@@ -282,7 +283,7 @@ bool SourceReading::Refuse(const fs::path& path, const OpenedText& opened, Kind 
   if (kind == Kind::OneOfMany) return Skip(path, SkipReason(opened.Facts.Code));
   const auto size = services_.Files.FileSize(path);
   services_.Messages.Show(
-      SingleFileRefusal(PathToText(path), opened.Facts, size ? *size : 0, services_.Numbers));
+      SingleFileRefusal(PathToText(path), opened.Facts, opened.Head, size ? *size : 0, services_.Numbers));
   return false;
 }
 

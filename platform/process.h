@@ -36,4 +36,8 @@ void AnswerInTheTerminal();
 /// UTF-8. A stop requested of `yielder`, which must outlive it, is its end.
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder);
 
+/// A path that leads to the file that standard input reads, for FileSystem::SameFile(); empty where the
+/// system has no such path.
+std::filesystem::path StandardInputPath();
+
 }  // namespace korv

@@ -151,9 +151,10 @@ bool CheckClipboardText(std::string_view text, Messages& messages, const NumberF
   return false;
 }
 
-bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters) {
+bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters,
+                          std::string_view place) {
   if (text.empty()) {
-    Complain(messages, "There is no text on the clipboard.", "Invalid input");
+    Complain(messages, "There is no text on " + std::string(place) + ".", "Invalid input");
     return false;
   }
   size_t seen = 0;
@@ -167,8 +168,9 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t char
   }
   if (letter && controls * 100 <= seen) return true;
   Complain(messages,
-           "The text on the clipboard does not consist\r\n"
-           "solely of natural language words.",
+           "The text on " + std::string(place) +
+               " does not consist\r\n"
+               "solely of natural language words.",
            "Invalid input");
   return false;
 }

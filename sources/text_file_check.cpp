@@ -3,6 +3,7 @@
 #include <string>
 
 #include "sources/file_size_text.h"
+#include "sources/foreign_kind.h"
 
 namespace korv {
 
@@ -22,8 +23,15 @@ std::string Text(std::initializer_list<std::string_view> parts) {
   return text;
 }
 
-void Inform(Messages& messages, std::string text, std::string title) {
-  messages.Show({.text = std::move(text), .title = std::move(title), .icon = Icon::Information});
+void Inform(Messages& messages, std::string text, std::string title, std::string addition = {}) {
+  messages.Show({.text = std::move(text),
+                 .title = std::move(title),
+                 .icon = Icon::Information,
+                 .addition = std::move(addition)});
+}
+
+std::string AdviceFor(FileSystem& files, const std::filesystem::path& path) {
+  return ForeignKindAdvice(OpenTextSource(files, path, kWordListThreshold).Head);
 }
 
 // What is wrong with a file that cannot be read as text at all; empty for the other codes.
@@ -127,9 +135,10 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
   if (!IsReadableText(code)) {
     const std::string fatal = FatalText(code, name);
     if (!fatal.empty())
-      Inform(check.Messages, fatal, "Fatal error");
+      Inform(check.Messages, fatal, "Fatal error", AdviceFor(check.Files, path));
     else if (code == TextFileCode::NotText)
-      Inform(check.Messages, NotTextText(name, facts, kWordListThreshold, size), "Not a text file");
+      Inform(check.Messages, NotTextText(name, facts, kWordListThreshold, size), "Not a text file",
+             AdviceFor(check.Files, path));
     return false;
   }
   if (silent) return true;
@@ -144,8 +153,8 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
   return true;
 }
 
-Message SingleFileRefusal(const std::string& path, const TextFacts& facts, uint64_t size,
-                          const NumberFormat& format) {
+Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::string_view head,
+                          uint64_t size, const NumberFormat& format) {
   Message message;
   message.title = "Invalid input file";
   message.icon = Icon::Information;
@@ -160,6 +169,7 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, uint6
     case TextFileCode::UnicodeNotUtf8:
       message.text = FatalText(facts.Code, path);
       message.title = "Not a text file";
+      message.addition = ForeignKindAdvice(head);
       break;
     case TextFileCode::NotText:
       message.text = path + " is not a text file.\r\n\r\n";
@@ -173,6 +183,7 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, uint6
       }
       message.text += CopyAdvice(facts.AnomalyPercent, size);
       message.title = "Not a text file";
+      message.addition = ForeignKindAdvice(head);
       break;
     default:
       message.text = "This file cannot be opened.";

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <string>
+#include <string_view>
 
 #include "platform/files.h"
 #include "platform/messages.h"
@@ -26,9 +28,9 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
                 TextFileCode& code, bool askToContinue);
 
 /// The message with which a counting run of a single file refuses it. `facts.Code` is no readable text;
-/// `size` is the file's length in bytes.
-Message SingleFileRefusal(const std::string& path, const TextFacts& facts, uint64_t size,
-                          const NumberFormat& format);
+/// `head` is the file's beginning and `size` its length in bytes.
+Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::string_view head,
+                          uint64_t size, const NumberFormat& format);
 
 /// Why a folder run skips such a file: "is zero-length", "is not a text file" and so on.
 std::string_view SkipReason(TextFileCode code);

@@ -100,11 +100,12 @@ void WarnOfCharacters(const std::vector<std::string>& entries, ListKind kind, co
   }
 }
 
-void ReportReadError(Messages& messages, const std::string& description) {
+void ReportReadError(Messages& messages, const std::filesystem::path& path, const std::string& description) {
   messages.Show(
       {.text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\r\nDescription: " + description,
        .title = "Error",
-       .icon = Icon::Critical});
+       .icon = Icon::Critical,
+       .addition = "File: " + PathToText(path)});
 }
 
 }  // namespace
@@ -118,7 +119,7 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
   Messages& messages = reading.Check.Messages;
   OpenedText source = OpenTextSource(reading.Check.Files, path, kWordListThreshold);
   if (!source.File) {  // Gone since it was looked at.
-    ReportReadError(messages, PathToText(path) + " cannot be opened");
+    ReportReadError(messages, path, "It cannot be opened");
     return false;
   }
   TextReader reader(std::move(source.Head), source.File.get(),
@@ -130,7 +131,7 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
   else
     ReadCountOnly(reader, reading.Yield, words);
   if (const auto error = reader.Error()) {
-    ReportReadError(messages, error->description);
+    ReportReadError(messages, path, error->description);
     return false;
   }
 
@@ -148,7 +149,8 @@ bool AttemptToReadWords(ListReading& reading, const std::filesystem::path& path,
   if (!reading.Check.Files.FileExists(path)) {
     reading.Check.Messages.Show({.text = "File for " + std::string(NameOfMany(kind)) + " not found.",
                                  .title = "File not found",
-                                 .icon = Icon::Exclamation});
+                                 .icon = Icon::Exclamation,
+                                 .addition = "File: " + PathToText(path)});
     return false;
   }
   if (!ReadWords(reading, path, kind, rules, list)) return false;

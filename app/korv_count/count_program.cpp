@@ -5,8 +5,10 @@
 #include <optional>
 #include <utility>
 
+#include "app/korv_count/about_file.h"
 #include "app/korv_count/count_view.h"
 #include "app/korv_count/options.h"
+#include "app/korv_count/run_line.h"
 #include "app/program_folder.h"
 #include "app/program_text.h"
 #include "app/run.h"
@@ -68,13 +70,14 @@ class CountProgram {
 
   bool LoadSettings() {
     if (options_.SettingsFile.empty()) return true;
-    SavedState state(env_.Files, messages_, {});
+    AboutFile messages(messages_, options_.SettingsFile);
+    SavedState state(env_.Files, messages, {});
     const RestoreOutcome outcome = state.RestoreSavedState(PathFromText(options_.SettingsFile), settings_);
     if (outcome.Complete()) return true;
     const std::string failure = outcome.EndedEarly
                                     ? "Error when attempting to load settings: Input past end of file."
                                     : LoadFailureText(outcome);
-    messages_.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
+    messages.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
     return false;
   }
 
@@ -144,11 +147,39 @@ class CountProgram {
                       .icon = Icon::Exclamation});
       return false;
     }
-    SavedState state(env_.Files, messages_, {});
-    const std::string error = state.SaveState(path, settings_);
+    if (!options_.Force && env_.Files.FileExists(path) && !IsSettingsFile(env_.Files, path)) {
+      messages_.Show({.text = "The file " + options_.SaveSettingsFile +
+                              " exists and is no settings file.  --force replaces it.",
+                      .title = "The file exists.",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    AboutFile messages(messages_, options_.SaveSettingsFile);
+    SavedState state(env_.Files, messages, {});
+    const std::string error = state.SaveState(path, SettingsToSave());
     if (error.empty()) return true;
-    messages_.Show({.text = error, .title = "Save settngs", .icon = Icon::Exclamation});
+    messages.Show({.text = error, .title = "Save settngs", .icon = Icon::Exclamation});
     return false;
+  }
+
+  /// Settings may be loaded from another folder: the paths of the command line are saved in full.
+  Settings SettingsToSave() const {
+    Settings saved = settings_;
+    if (!options_.Path.empty() && !options_.FromStandardInput()) {
+      if (saved.SourceKind == TextSource::Folder)
+        saved.Folder = InFull(TrimmedFolderPath(saved.Folder));
+      else
+        saved.InputFile = InFull(TrimmedPath(saved.InputFile));
+    }
+    if (!options_.Output.empty()) saved.OutputFile = InFull(TrimmedPath(saved.OutputFile));
+    return saved;
+  }
+
+  std::string InFull(const std::string& path) const {
+    const std::filesystem::path full = env_.Files.AbsolutePath(PathFromText(path));
+    const std::string text = PathToText(full);
+    // A name that is no text is left as it is, for the saving to refuse.
+    return PathFromText(text) == full ? text : path;
   }
 
   // ---- Listing files
@@ -191,7 +222,7 @@ class CountProgram {
     if (!MakeRequest(request)) return kExitRefused;
     if (env_.Yielder.Stopped()) return kExitInterrupted;
     ReportOptions report = settings_.Report;
-    if (!OutputMayBeWritten(request.OutputPath)) return kExitRefused;
+    if (!SourceIsThere(request.OutputPath) || !OutputMayBeWritten(request.OutputPath)) return kExitRefused;
     if (!AskBeforeCounting(request, report, env_.Files, messages_)) return kExitRefused;
     if (ShowsProgress()) env_.Yielder.OnTurn([this] { view_.ShowProgress(); });
     const RunEnd end = RunCount(request, Services(), run_);
@@ -204,15 +235,24 @@ class CountProgram {
       case RunEnd::Counted:
         break;
       case RunEnd::Stopped:
+        Tell("Stopped before a phrase was read: there is no report.");
         return kExitInterrupted;
       default:
         return kExitRefused;
     }
     const int status = WriteReport(report);
     line_.Clear();
+    if (status == kExitRefused) return status;
     if (!options_.Quiet) env_.Err << WithPlainLineEnds(SkippedFilesText(run_.Facts)) << std::flush;
-    if (options_.Stages) TellStages();
-    return status == kExitReport && run_.Interrupted ? kExitInterrupted : status;
+    if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
+    Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
+    if (options_.Stages && !options_.Quiet) TellStages();
+    return run_.Interrupted ? kExitInterrupted : status;
+  }
+
+  /// What the user should know that is no error.
+  void Tell(const std::string& text) {
+    if (!options_.Quiet) env_.Err << text << '\n' << std::flush;
   }
 
   RunServices Services() {
@@ -262,6 +302,33 @@ class CountProgram {
     return entries.has_value();
   }
 
+  /// What is wrong with the source, or makes it one with the output file, is told before anything of that
+  /// file.
+  bool SourceIsThere(const std::string& output) {
+    if (settings_.SourceKind == TextSource::SingleFile) {
+      const std::string path = TrimmedPath(settings_.InputFile);
+      AboutFile messages(messages_, path);
+      const InputFileCode code = ValidateInputFile(env_.Files, path, output);
+      ShowInputFileError(messages, code, path);
+      return code == InputFileCode::Valid;
+    }
+    const bool meets =
+        settings_.SourceKind == TextSource::Folder
+            ? OutputIsInFolder(env_.Files, settings_.Folder, output, settings_.IncludeSubfolders)
+            : !output.empty() && !env_.InputPath.empty() && env_.Files.FileSize(PathFromText(output)) &&
+                  env_.Files.SameFile(env_.InputPath, PathFromText(output));
+    if (!meets) return true;
+    if (settings_.SourceKind == TextSource::Folder) {
+      // A folder that cannot be counted is told of by the run.
+      if (!env_.Files.FolderExists(PathFromText(TrimmedFolderPath(settings_.Folder)))) return true;
+      AboutFile messages(messages_, output);
+      ShowOutputInFolder(messages);
+    } else {
+      ShowInputFileError(messages_, InputFileCode::SameAsOutput, output);
+    }
+    return false;
+  }
+
   bool OutputMayBeWritten(const std::string& output) {
     if (output.empty()) return true;
     const std::filesystem::path path = PathFromText(output);
@@ -285,17 +352,22 @@ class CountProgram {
                       .icon = Icon::Exclamation});
       return false;
     }
-    return CanOpenOutputFile(path, env_.Files, messages_);
+    AboutFile messages(messages_, output);
+    return CanOpenOutputFile(path, env_.Files, messages);
   }
 
   int WriteReport(const ReportOptions& options) {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
     const Report report{run_.Table, run_.Facts, options, options_.Numbers};
     if (!run_.OutputPath.empty()) {
+      AboutFile messages(messages_, run_.OutputPath);
       const FileListResult result = ListWordsToFile(
           report, PathFromText(run_.OutputPath),
-          {.Files = env_.Files, .Dialogs = messages_, .Encoding = env_.Encoding}, env_.Yielder);
-      if (result.List.Outcome == ListOutcome::Stopped) return kExitInterrupted;
+          {.Files = env_.Files, .Dialogs = messages, .Encoding = env_.Encoding}, env_.Yielder);
+      if (result.List.Outcome == ListOutcome::Stopped) {
+        Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
+        return kExitInterrupted;
+      }
       return result.Written ? kExitReport : kExitRefused;
     }
     StreamReportSink sink(env_.Out);
@@ -303,7 +375,10 @@ class CountProgram {
     const ListResult result = ListWords(
         report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n"}, sink, env_.Yielder);
     if (!sink.Finish()) return CannotWrite();
-    return result.Outcome == ListOutcome::Stopped ? kExitInterrupted : kExitReport;
+    if (result.Outcome != ListOutcome::Stopped) return kExitReport;
+    Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +
+         (result.Phrases == 1 ? " phrase." : " phrases."));
+    return kExitInterrupted;
   }
 
   int CannotWrite() {

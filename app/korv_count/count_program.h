@@ -23,6 +23,7 @@ struct CountEnvironment {
   bool ErrIsTerminal = false;
   std::filesystem::path ProgramFolder;  ///< With the program texts and the common-words files.
   CodePage* Encoding = nullptr;         ///< Of output files; null for UTF-8.
+  std::filesystem::path InputPath{};  ///< A name under which standard input can be compared; empty for none.
 };
 
 /// The whole program after its system has been set up: the exit status.

@@ -24,5 +24,6 @@ int main(int argc, char** argv) {
                     .Err = std::cerr,
                     .ErrIsTerminal = StandardErrorIsTerminal(),
                     .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0])),
-                    .Encoding = encoding.get()});
+                    .Encoding = encoding.get(),
+                    .InputPath = StandardInputPath()});
 }

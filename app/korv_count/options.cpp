@@ -6,6 +6,7 @@
 #include <iterator>
 #include <map>
 
+#include "app/korv_count/argument_names.h"
 #include "report/filter.h"
 #include "sources/file_selection.h"
 
@@ -43,14 +44,19 @@ std::string NamesOf(const Rows& rows) {
   return names;
 }
 
-/// A comma-separated list of the rows' names, or "none".
+std::string WithoutBlanksAround(const std::string& text) {
+  const size_t first = text.find_first_not_of(' ');
+  return first == text.npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// A comma-separated list of the rows' names, with or without blanks, or "none".
 template <typename Rows>
 std::vector<std::string> ParseNames(const std::string& text, const char* option, const Rows& rows) {
-  if (text == kNone) return {};
+  if (WithoutBlanksAround(text) == kNone) return {};
   std::vector<std::string> names;
   for (size_t at = 0; at <= text.size();) {
     const size_t end = std::min(text.find(',', at), text.size());
-    const std::string name = text.substr(at, end - at);
+    const std::string name = WithoutBlanksAround(text.substr(at, end - at));
     if (std::ranges::none_of(rows, [&](const NamedFlag& row) { return name == row.Name; }))
       throw CLI::ValidationError(option, "'" + name + "' is none of: " + NamesOf(rows));
     names.push_back(name);
@@ -95,6 +101,7 @@ class Parser {
     AddReport();
     AddOutput();
     try {
+      CheckNames(arguments);
       std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
       app_.parse(std::move(reversed));
       Check();
@@ -119,7 +126,8 @@ class Parser {
   void AddPhrases() {
     const char* group = "Phrases";
     Number("--min-words", options_.MinWords, kLeastWords, kMostWords, "Fewest words of a phrase (4)", group);
-    Number("--max-words", options_.MaxWords, kLeastWords, kMostWords, "Most words of a phrase (6)", group);
+    Number("--max-words", options_.MaxWords, kLeastWords, kMostWords,
+           "Most words of a phrase (6); alone it takes a larger minimum down with it", group);
     Number("--min-frequency", options_.MinFrequency, 1, kMostMinFrequency, "Fewest occurrences (2)", group);
   }
 
@@ -155,7 +163,8 @@ class Parser {
     Parsed(
         "--allow",
         [this](const std::string& text) { options_.Allow = ParseNames(text, "--allow", kAllowed); },
-        "Characters of words, comma-separated (hyphens): " + NamesOf(kAllowed) + ", or none", words)
+        "Characters of words besides letters, comma-separated (hyphens): " + NamesOf(kAllowed) + ", or none",
+        words)
         ->type_name("LIST");
     Parsed(
         "--terminate",
@@ -231,7 +240,8 @@ class Parser {
   void AddOutput() {
     const char* group = "Output";
     File("--output,-o", options_.Output, "Write the report to a file")->group(group);
-    app_.add_flag("--force", options_.Force, "Replace an existing output file")->group(group);
+    app_.add_flag("--force", options_.Force, "Replace an existing output file, or what is no settings file")
+        ->group(group);
     Choice<Layout>("--layout", options_.LineLayout, {{"columns", Layout::Columns}, {"tabs", Layout::Tabs}},
                    "What standard output gets (columns)", group);
     app_.add_flag("--list-files", options_.ListFiles, "List the files instead of counting")->group(group);
@@ -283,6 +293,19 @@ class Parser {
         ->type_name(names);
   }
 
+  /// Before the rest: what is no option would leave its value behind, to be taken for the path.
+  void CheckNames(const std::vector<std::string>& arguments) const {
+    std::vector<OptionName> known;
+    for (const CLI::Option* option : app_.get_options()) {
+      if (option->get_lnames().empty()) continue;
+      const auto& letters = option->get_snames();
+      known.push_back({option->get_lnames().front(), letters.empty() ? "" : letters.front(),
+                       option->get_items_expected_max() > 0});
+    }
+    const std::string fault = FaultInNames(arguments, known);
+    if (!fault.empty()) throw CLI::ParseError(fault, kExitUsage);
+  }
+
   void Check() const {
     if (options_.Path.empty() && options_.SettingsFile.empty())
       throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
@@ -309,6 +332,9 @@ void ApplyOptions(const CountOptions& options, Settings& settings) {
   ReportOptions& report = settings.Report;
   set(options.MinWords, settings.MinWords);
   set(options.MaxWords, settings.MaxWords);
+  // Who asks for shorter phrases alone does not mean to ask for none.
+  if (options.MaxWords && !options.MinWords)
+    settings.MinWords = std::min(settings.MinWords, *options.MaxWords);
   set(options.MinFrequency, settings.MinFrequency);
   if (options.IgnoreMode) settings.IgnoreOption = options.IgnoreMode;
   set(options.IgnoreWords, settings.ExtraWordsToIgnore);

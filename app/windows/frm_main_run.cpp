@@ -144,6 +144,7 @@ void frmMain::cmdCountPhrases_Click() {
   CountedRun run;
   counting_ = &run;
   countShown_ = false;
+  desktop_.yielder.ClearStop();
   const RunEnd end = RunCount(request,
                               {.Messages = desktop_.messages,
                                .Yielder = desktop_.yielder,

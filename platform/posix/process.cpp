@@ -53,6 +53,10 @@ bool StandardErrorIsTerminal() {
 // Every program has the streams of its terminal here.
 void AnswerInTheTerminal() {}
 
+std::filesystem::path StandardInputPath() {
+  return "/dev/stdin";
+}
+
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
   return std::make_unique<StandardInput>(yielder);
 }

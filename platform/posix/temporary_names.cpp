@@ -22,8 +22,8 @@ struct Names {
 // A handler has no other way to reach them, and must find them ready.
 constinit Names names;
 
-/// The thread that has the names takes no signals meanwhile, so that a handler never waits for the thread that
-/// it interrupted.
+/// The thread that has the names takes no signals meanwhile, so that a handler never waits for the thread
+/// that it interrupted.
 class NamesInUse {
  public:
   NamesInUse() {

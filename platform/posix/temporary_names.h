@@ -7,8 +7,8 @@ namespace korv {
 // The names of this process's temporary files and folders, for a signal that ends the program without running
 // destructors. All but RemoveTemporaries() may be called from any thread, not from a signal handler.
 
-/// From here on the file or empty folder `path` goes when a signal ends the program. Note a folder before what
-/// it holds.
+/// From here on the file or empty folder `path` goes when a signal ends the program. Note a folder before
+/// what it holds.
 void NoteTemporary(const std::filesystem::path& path);
 /// It has been removed, or is to stay. Unknown names are no harm.
 void ForgetTemporary(const std::filesystem::path& path);

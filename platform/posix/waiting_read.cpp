@@ -6,8 +6,8 @@
 
 namespace korv {
 
-// A signal that comes between the look at the flag and the waiting would be missed, so such signals are let in
-// only by the waiting itself.
+// A signal that comes between the look at the flag and the waiting would be missed, so such signals are let
+// in only by the waiting itself.
 bool WaitForInput(int file) {
   sigset_t stops;
   sigset_t before;

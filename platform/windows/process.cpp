@@ -155,6 +155,10 @@ void AnswerInTheTerminal() {
   if (error) std::freopen("CONOUT$", "w", stderr);
 }
 
+std::filesystem::path StandardInputPath() {
+  return {};
+}
+
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
   const HANDLE input = ::GetStdHandle(STD_INPUT_HANDLE);
   if (IsConsole(input)) return std::make_unique<ConsoleInput>(input, yielder);

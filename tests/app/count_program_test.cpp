@@ -21,6 +21,7 @@ using testing::Not;
 using testing::StartsWith;
 
 constexpr const char* kText = "The big cat sat. The big cat ran.\n";
+constexpr const char* kTextLine = "8 words read, none dropped; ASCII\n";
 
 /// korv-count in this process, on a disk in memory.
 class CountProgramTest : public testing::Test {
@@ -45,7 +46,8 @@ class CountProgramTest : public testing::Test {
                                  .Err = err,
                                  .ErrIsTerminal = terminal,
                                  .ProgramFolder = "/program",
-                                 .Encoding = encoding});
+                                 .Encoding = encoding,
+                                 .InputPath = inputPath});
   }
 
   /// The settings that the arguments lead to.
@@ -66,6 +68,7 @@ class CountProgramTest : public testing::Test {
   std::function<void()> onRead;
   bool terminal = false;
   CodePage* encoding = nullptr;
+  std::filesystem::path inputPath;
 };
 
 TEST_F(CountProgramTest, WritesColumnsToStandardOutput) {
@@ -74,7 +77,7 @@ TEST_F(CountProgramTest, WritesColumnsToStandardOutput) {
             "There is one phrase with 2 to 6 words which occurs at least twice.\n\n"
             " Rank  Freq  Phrase [longest has 11 characters]\n"
             "    1     2  the big cat\n");
-  EXPECT_THAT(err.str(), IsEmpty());
+  EXPECT_EQ(err.str(), kTextLine);
 }
 
 TEST_F(CountProgramTest, WritesTheWholeReportFileAsTabs) {
@@ -152,17 +155,22 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
     std::string Message;
   };
   for (const Case& c : std::vector<Case>{
-           {{"/none.txt"}, "korv-count: Input file does not exist.\n"},
+           {{"/none.txt"}, "korv-count: Input file does not exist.\nFile: /none.txt\n"},
            {{"/a.txt", "--min-words", "9"},
             "korv-count: The maximum number of words in each phrase\nmust not be less than the minimum "
             "number.\n"},
            {{"/folder/empty"}, "korv-count: Folder contains no files.\n"},
            {{"/a.txt", "-o", "/a.txt", "--force"},
-            "korv-count: The output file cannot be the same as the input file.\n"},
+            "korv-count: The output file cannot be the same as the input file.\nFile: /a.txt\n"},
+           {{"/a.txt", "-o", "/a.txt"},
+            "korv-count: The output file cannot be the same as the input file.\nFile: /a.txt\n"},
+           {{"/folder", "-o", "/folder/c.txt"},
+            "korv-count: The output file cannot be in the folder or a subfolder.\nFile: /folder/c.txt\n"},
            {{"/a.txt", "-o", "/folder"}, "korv-count: The output file /folder is a folder.\n"},
-           {{"/a.txt", "--ignore-file", "/none.txt"}, "korv-count: File for words-to-ignore not found.\n"},
+           {{"/a.txt", "--ignore-file", "/none.txt"},
+            "korv-count: File for words-to-ignore not found.\nFile: /none.txt\n"},
            {{"/a.txt", "--count-only-file", "/none.txt"},
-            "korv-count: File for count-only words not found.\n"},
+            "korv-count: File for count-only words not found.\nFile: /none.txt\n"},
            {{"/a.txt", "--common-words", "de"},
             "korv-count: " + Below("/program", "cwds_de.txt") + " not found.\n"},
            {{"/a.txt", "--save-settings", "/a.txt"},
@@ -176,8 +184,10 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
            {{"/folder", "--save-settings", "/folder/c.txt"},
             "korv-count: The settings file cannot replace a file of the folder.\n"},
            {{"--settings", "/none.korv"},
-            "korv-count: Error when attempting to load settings: Input/output error\n"},
-           {{"-"}, "korv-count: There is no text on the clipboard.\n"}}) {
+            "korv-count: Error when attempting to load settings: Input/output error\nFile: /none.korv\n"},
+           {{"/a.txt", "--save-settings", "/l.txt"},
+            "korv-count: The file /l.txt exists and is no settings file.  --force replaces it.\n"},
+           {{"-"}, "korv-count: There is no text on standard input.\n"}}) {
     for (const bool quiet : {false, true}) {
       std::vector<std::string> arguments = c.Arguments;
       if (quiet) arguments.push_back("--quiet");
@@ -194,6 +204,8 @@ TEST_F(CountProgramTest, RefusesWrongUsageWithStatus2) {
   for (const std::vector<std::string>& arguments :
        std::vector<std::vector<std::string>>{{},
                                              {"--nonsense"},
+                                             {"/a.txt", "--force", "-x"},
+                                             {"/a.txt", "--min-words", "2", "--min-words=3"},
                                              {"/a.txt", "/b.txt"},
                                              {"/a.txt", "--min-words", "1"},
                                              {"/a.txt", "--max-words", "26"},
@@ -232,6 +244,30 @@ TEST_F(CountProgramTest, RefusesWrongUsageWithStatus2) {
     EXPECT_THAT(err.str(), Not(HasSubstr("std::")));
     EXPECT_THAT(out.str(), IsEmpty());
   }
+}
+
+TEST_F(CountProgramTest, NamesWhatIsWrongWithAnOption) {
+  struct Case {
+    std::vector<std::string> Arguments;
+    std::string Message;
+  };
+  for (const Case& c : std::vector<Case>{
+           {{"--min-word", "3", "/a.txt"}, "there is no option --min-word; did you mean --min-words?"},
+           {{"/a.txt", "--min-word=3"}, "there is no option --min-word; did you mean --min-words?"},
+           {{"/a.txt", "--mni-words", "3"}, "there is no option --mni-words; did you mean --min-words?"},
+           {{"/a.txt", "-min-words", "3"}, "there is no option -min-words; did you mean --min-words?"},
+           {{"/a.txt", "--subfolder"}, "there is no option --subfolder; did you mean --subfolders?"},
+           {{"/a.txt", "--case"}, "there is no option --case; did you mean --case-significant?"},
+           {{"/a.txt", "--xyzzyx"}, "there is no option --xyzzyx"},
+           {{"/a.txt", "-q"}, "there is no option -q"},
+           {{"/a.txt", "--max-words", "3", "--max-words", "4"}, "--max-words is given twice"},
+           {{"/a.txt", "-o", "/r.txt", "--output=/s.txt"}, "--output is given twice"}}) {
+    EXPECT_EQ(Count(c.Arguments), 2);
+    EXPECT_EQ(err.str(), "korv-count: " + c.Message + "\nTry: korv-count --help\n");
+  }
+  EXPECT_EQ(files.Content("/r.txt"), std::nullopt);
+  // A value may look like an option.
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "--filter", "--cat"}), 0) << err.str();
 }
 
 TEST_F(CountProgramTest, ExplainsItselfOnStandardOutput) {
@@ -288,6 +324,12 @@ TEST_F(CountProgramTest, EveryOptionSetsItsField) {
       {{}, [](Settings&) {}},
       {{"--min-words", "2"}, [](Settings& s) { s.MinWords = 2; }},
       {{"--max-words", "25"}, [](Settings& s) { s.MaxWords = 25; }},
+      {{"--max-words", "3"}, [](Settings& s) { s.MinWords = s.MaxWords = 3; }},
+      {{"--max-words", "5"}, [](Settings& s) { s.MaxWords = 5; }},
+      {{"--allow", " hyphens,  numerals "}, [](Settings& s) { s.Words.AllowNumerals = true; }},
+      {{"--terminate", "period, double-quote, tab, comma"},
+       [](Settings& s) { s.Words.TerminateAtComma = true; }},
+      {{"--allow", " none "}, [](Settings& s) { s.Words.AllowHyphens = false; }},
       {{"--min-frequency", "20"}, [](Settings& s) { s.MinFrequency = 20; }},
       {{"--ignore-mode", "allow"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::Allow; }},
       {{"--ignore-mode", "exclude-all"}, [](Settings& s) { s.IgnoreOption = IgnoreRule::ExcludeAll; }},
@@ -441,12 +483,12 @@ TEST_F(CountProgramTest, LoadsTheSelectedListOfTheSettings) {
   settings.SelectedWordsFile = 0;
   files.Add("/s.korv", *StateBytes(settings));
   EXPECT_EQ(Count({"--settings", "/s.korv"}), 1);
-  EXPECT_EQ(err.str(), "korv-count: File for words-to-ignore not found.\n");
+  EXPECT_EQ(err.str(), "korv-count: File for words-to-ignore not found.\nFile: /none.txt\n");
 }
 
 TEST_F(CountProgramTest, CommonWordsLoadInSilence) {
   EXPECT_EQ(Count({"/a.txt", "--common-words", "en", "--min-words", "2", "--ignore-mode", "remove"}), 0);
-  EXPECT_THAT(err.str(), IsEmpty());
+  EXPECT_EQ(err.str(), "8 words read, 2 dropped (2 to be ignored); ASCII\n");
   EXPECT_THAT(out.str(), HasSubstr("  big cat\n"));
 }
 
@@ -464,6 +506,7 @@ TEST_F(CountProgramTest, RefusesDamagedSettings) {
     files.Add("/s.korv", c.Bytes);
     EXPECT_EQ(Count({"--settings", "/s.korv", "/a.txt"}), 1);
     EXPECT_THAT(err.str(), HasSubstr(c.Message));
+    EXPECT_TRUE(err.str().ends_with("\nFile: /s.korv\n")) << err.str();
   }
 }
 
@@ -488,10 +531,12 @@ TEST_F(CountProgramTest, TellsOfSkippedFilesUnlessQuiet) {
   files.Add("/t/a.txt", kText);
   files.Add("/t/empty.txt", "");
   EXPECT_EQ(Count({"/t", "--min-words", "2"}), 0);
-  EXPECT_EQ(err.str(), "1 file was skipped:\n" + Below("{Folder}", "empty.txt") + ": is zero-length\n");
+  const std::string told = "1 file was skipped:\n" + Below("{Folder}", "empty.txt") + ": is zero-length\n" +
+                           "8 words read, none dropped; 1 file ASCII\n";
+  EXPECT_EQ(err.str(), told);
   EXPECT_THAT(out.str(), StartsWith("1 file (in 1 folder) was scanned.\n"));
   EXPECT_EQ(Count({"/t", "-o", "/r.txt"}), 0);
-  EXPECT_EQ(err.str(), "1 file was skipped:\n" + Below("{Folder}", "empty.txt") + ": is zero-length\n");
+  EXPECT_EQ(err.str(), told);
   EXPECT_EQ(Count({"/t", "--quiet"}), 0);
   EXPECT_THAT(err.str(), IsEmpty());
 }
@@ -507,7 +552,8 @@ TEST_F(CountProgramTest, ListsFormat0WhereAFormatNeedsAFolder) {
   EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "--format", "10"}), 0);
   EXPECT_EQ(err.str(),
             "korv-count: The display format '#10: Phrase, number of files, frequency' is available\n"
-            "only when the source of the text is a folder.\n");
+            "only when the source of the text is a folder.\n" +
+                std::string(kTextLine));
   EXPECT_THAT(out.str(), HasSubstr(" Rank  Freq  Phrase"));
   EXPECT_EQ(Count({"/a.txt", "--format", "10", "--quiet"}), 0);
   EXPECT_THAT(err.str(), IsEmpty());
@@ -523,7 +569,7 @@ TEST_F(CountProgramTest, AnswersQuestionsByItself) {
             0);
   EXPECT_THAT(out.str(), HasSubstr("one single\n"));
   EXPECT_THAT(out.str(), Not(HasSubstr("big cat")));
-  EXPECT_THAT(err.str(), IsEmpty());
+  EXPECT_THAT(err.str(), Not(HasSubstr("korv-count:")));
 }
 
 TEST_F(CountProgramTest, ReadsUtf8WithoutASignatureAsTheEncodingSays) {
@@ -542,6 +588,18 @@ TEST_F(CountProgramTest, AnInterruptListsWhatWasReadWithStatus130) {
   };
   EXPECT_EQ(Count({"-", "--min-words", "2"}), 130);
   EXPECT_THAT(out.str(), HasSubstr("the big cat"));
+  EXPECT_EQ(err.str(), "Stopped: the report covers the first 8 words.\n" + std::string(kTextLine));
+  reads = 0;
+  EXPECT_EQ(Count({"-", "--min-words", "2", "--quiet"}), 130);
+  EXPECT_THAT(err.str(), IsEmpty());
+}
+
+TEST_F(CountProgramTest, AnInterruptBeforeAPhraseWasReadMakesNoReport) {
+  input = kText;
+  onRead = [&] { yielder->RequestStop(); };
+  EXPECT_EQ(Count({"-", "--min-words", "20", "--max-words", "20"}), 130);
+  EXPECT_THAT(out.str(), IsEmpty());
+  EXPECT_EQ(err.str(), "Stopped before a phrase was read: there is no report.\n");
 }
 
 TEST_F(CountProgramTest, ShowsProgressOnATerminalAndTakesItAway) {
@@ -551,12 +609,12 @@ TEST_F(CountProgramTest, ShowsProgressOnATerminalAndTakesItAway) {
   onRead = [] {};
   EXPECT_EQ(Count({"-", "--min-words", "2"}), 0);
   EXPECT_THAT(err.str(), HasSubstr("\r\x1b[KReading: "));
-  EXPECT_TRUE(err.str().ends_with("\r\x1b[K"));
+  EXPECT_TRUE(err.str().ends_with("\r\x1b[K240 words read, none dropped; ASCII\n")) << err.str();
   EXPECT_EQ(Count({"-", "--quiet"}), 0);
   EXPECT_THAT(err.str(), IsEmpty());
   terminal = false;
   EXPECT_EQ(Count({"-"}), 0);
-  EXPECT_THAT(err.str(), IsEmpty());
+  EXPECT_EQ(err.str(), "240 words read, none dropped; ASCII\n");
   EXPECT_EQ(Count({"-", "--progress"}), 0);
   EXPECT_THAT(err.str(), HasSubstr("Reading: 0 words\n"));
 }
@@ -566,6 +624,102 @@ TEST_F(CountProgramTest, TellsTheTimesOfItsStagesWhenAsked) {
   for (const char* stage : {"reading and cutting\t", "counting\t", "sorting\t", "exclusion\t", "chain\t",
                             "writing\t", "words\t8\n"})
     EXPECT_THAT(err.str(), HasSubstr(stage));
+}
+
+TEST_F(CountProgramTest, TellsWhatBecameOfTheWords) {
+  const std::string w40(40, 'w');
+  std::string thousands;
+  for (int k = 0; k < 1000; ++k) thousands += "to be ";
+  struct Case {
+    const char* name;
+    std::string text;
+    std::vector<std::string> options;
+    std::string line;
+  };
+  for (const Case& c : std::vector<Case>{
+           {"one of each",
+            "a " + std::string(81, 'x') + " 123 hmmmm the caf\u00e9 cat big dog",
+            {"--long-words", "80", "--allow", "numerals", "--ignore-words", "the", "--ignore-mode", "remove",
+             "--seven-bit"},
+            "9 words read, 6 dropped (1 shorter than 3 characters, 1 longer than 80 characters, "
+            "1 without a letter, 1 with a letter four times in a row, 1 to be ignored, 1 not 7-bit); UTF-8"},
+           {"phrases that are too long",
+            w40 + " " + w40 + " " + w40,
+            {"--keep-repetitions", "--min-words", "2", "--max-words", "3"},
+            "3 words read, none dropped; 1 phrase of more than 100 characters not counted; ASCII"},
+           {"thousands",
+            thousands,
+            {},
+            "2,000 words read, 2,000 dropped (2,000 shorter than 3 characters); ASCII"},
+           {"one word", "words, 1 2", {}, "1 word read, none dropped; ASCII"},
+           {"bytes above 127 as ANSI",
+            "caf\xE9 cat dog",
+            {},
+            "3 words read, none dropped; ANSI with bytes above 127"},
+           {"ill-formed sequences",
+            "\u00e9t\u00e9 caf\xE9 cat \xFF dog",
+            {"--encoding", "utf-8"},
+            "4 words read, none dropped; UTF-8, 2 ill-formed sequences replaced"}}) {
+    files.Add("/c.txt", c.text);
+    std::vector<std::string> arguments = {"/c.txt"};
+    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+    EXPECT_EQ(Count(arguments), 0) << c.name;
+    EXPECT_EQ(err.str(), c.line + "\n") << c.name;
+  }
+  files.Add("/t/a.txt", kText);
+  files.Add("/t/b.txt", kText);
+  files.Add("/t/c.txt", "\u00e9t\u00e9 caf\u00e9");
+  files.Add("/t/d.txt", "caf\xE9 cat dog");
+  EXPECT_EQ(Count({"/t"}), 0);
+  EXPECT_EQ(err.str(),
+            "21 words read, none dropped; 1 file UTF-8, 1 file ANSI with bytes above 127, 2 files ASCII\n");
+}
+
+TEST_F(CountProgramTest, SavesThePathsOfTheCommandLineInFull) {
+  files.Add("/t/b.txt", kText);
+  files.Add(files.AbsolutePath("x.txt"), kText);
+  const Settings file = Resulting({"x.txt", "-o", "r.txt"});
+  EXPECT_EQ(file.InputFile, PathToText(files.AbsolutePath("x.txt")));
+  EXPECT_EQ(file.OutputFile, PathToText(files.AbsolutePath("r.txt")));
+  EXPECT_EQ(Resulting({"/t/"}).Folder, PathToText(files.AbsolutePath("/t")));
+}
+
+TEST_F(CountProgramTest, ReplacesWhatIsNoSettingsFileOnlyByForce) {
+  for (const char* content : {"my notes", "\"quoted\"\r\n1\r\n"}) {
+    files.Add("/s.korv", content);
+    EXPECT_EQ(Count({"/a.txt", "--save-settings", "/s.korv"}), 1);
+    EXPECT_EQ(files.Content("/s.korv"), content);
+    EXPECT_EQ(Count({"/a.txt", "--save-settings", "/s.korv", "--force"}), 0);
+    EXPECT_EQ(Count({"/a.txt", "--save-settings", "/s.korv"}), 0) << "it holds settings now";
+  }
+  files.Add("/s.korv", "");
+  EXPECT_EQ(Count({"/a.txt", "--save-settings", "/s.korv"}), 0) << "there is nothing to lose";
+}
+
+TEST_F(CountProgramTest, KeepsTheFileThatStandardInputReads) {
+  files.Add("/in.txt", kText);
+  inputPath = "/in.txt";
+  input = kText;
+  EXPECT_EQ(Count({"-", "-o", "/in.txt", "--force"}), 1);
+  EXPECT_EQ(err.str(), "korv-count: The output file cannot be the same as the input file.\n");
+  EXPECT_EQ(files.Content("/in.txt"), kText);
+  EXPECT_EQ(Count({"-", "-o", "/r.txt"}), 0);
+}
+
+TEST_F(CountProgramTest, SaysWhatARefusedFileIs) {
+  const std::string advice = "\nIt is a PDF document.  Save its text as a text file (.txt) and count that.\n";
+  files.Add("/a.pdf", "%PDF-1.7\n" + std::string(100, '\x01'));
+  EXPECT_EQ(Count({"/a.pdf"}), 1);
+  EXPECT_TRUE(err.str().ends_with(advice)) << err.str();
+  EXPECT_EQ(Count({"/a.txt", "--ignore-file", "/a.pdf"}), 1);
+  EXPECT_TRUE(err.str().ends_with(advice)) << err.str();
+}
+
+TEST_F(CountProgramTest, SpeaksOfStandardInput) {
+  input = std::string(50, '\x01');
+  EXPECT_EQ(Count({"-"}), 1);
+  EXPECT_EQ(err.str(),
+            "korv-count: The text on standard input does not consist\nsolely of natural language words.\n");
 }
 
 TEST_F(CountProgramTest, SaysWhenStandardOutputFails) {

@@ -230,10 +230,11 @@ TEST(SingleFileRefusal, SaysWhatIsWrong) {
       {{NotText, 7, 12, 0.61}, 5000, "Not a text file", notText + kCopyAdvice},
   };
   for (const RefusalCase& c : cases) {
-    const Message message = SingleFileRefusal("/a", c.facts, c.size, NumberFormat());
+    const Message message = SingleFileRefusal("/a", c.facts, "%PDF-1.7", c.size, NumberFormat());
     EXPECT_EQ(message.text, c.text);
     EXPECT_EQ(message.title, c.title);
     EXPECT_EQ(message.icon, Icon::Information);
+    EXPECT_EQ(message.addition.starts_with("It is a PDF document."), message.title == "Not a text file");
   }
 }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace korv {
+
+/// An option as it may stand on the command line.
+struct OptionName {
+  std::string Long;   ///< Without "--"; never empty.
+  std::string Short;  ///< One letter, or empty.
+  bool TakesValue = false;
+};
+
+/// What is wrong with the names on a command line: one that is no option, with the one that was probably
+/// meant, or an option with a value that is given twice. Empty when nothing is.
+std::string FaultInNames(std::span<const std::string> arguments, std::span<const OptionName> options);
+
+}  // namespace korv

@@ -1,0 +1,75 @@
+#include "sources/foreign_kind.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korv {
+
+namespace {
+
+using std::string_view_literals::operator""sv;
+
+struct Kind {
+  std::string_view Bytes;  ///< What such files begin with.
+  std::string_view Advice;
+};
+
+constexpr std::string_view kPicture =
+    "It is a picture.  The words in it must first be recognised by a program for scanned pages.";
+constexpr std::string_view kWide =
+    "It is text in UTF-16 or UTF-32.  Open it in an editor and save it with the encoding UTF-8.";
+constexpr std::string_view kPacked = "It is a packed file.  Unpack it first and count what comes out.";
+
+constexpr std::array kKinds = {
+    Kind{"%PDF-"sv, "It is a PDF document.  Save its text as a text file (.txt) and count that."},
+    Kind{"\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv,
+         "It is a document of an old office program, such as .doc.  Save it as a Word document (.docx) or as "
+         "text and count that."},
+    Kind{"{\\rtf"sv, "Open it in a word processor and save it as a Word document (.docx) or as text."},
+    Kind{"\xFF\xFE"sv, kWide},
+    Kind{"\xFE\xFF"sv, kWide},
+    Kind{"\0\0\xFE\xFF"sv, kWide},
+    Kind{"\x1F\x8B"sv, kPacked},
+    Kind{"BZh"sv, kPacked},
+    Kind{"\xFD"
+         "7zXZ\0"sv,
+         kPacked},
+    Kind{"\x28\xB5\x2F\xFD"sv, kPacked},
+    Kind{"7z\xBC\xAF\x27\x1C"sv, kPacked},
+    Kind{"Rar!\x1A\x07"sv, kPacked},
+    Kind{"\x89PNG\r\n\x1A\n"sv, kPicture},
+    Kind{"\xFF\xD8\xFF"sv, kPicture},
+    Kind{"GIF8"sv, kPicture},
+    Kind{"II*\0"sv, kPicture},
+    Kind{"MM\0*"sv, kPicture},
+};
+
+/// Zip archives: the names of what they hold stand in their beginning.
+constexpr std::string_view kZip = "PK\x03\x04";
+constexpr std::array kZipKinds = {
+    Kind{"word/"sv, "It is a Word document.  Give it a name that ends in .docx and count it again."},
+    Kind{"application/epub+zip"sv, "It is an e-book.  Convert it to text (.txt) or HTML and count that."},
+    Kind{"application/vnd.oasis.opendocument.text"sv,
+         "It is an OpenDocument text.  Save it as a Word document (.docx) or as text and count that."},
+    Kind{"application/vnd.oasis.opendocument"sv,
+         "It is an OpenDocument file without running text.  Save what is to be counted as text."},
+    Kind{"xl/"sv, "It is a spreadsheet.  Save the sheet as text (.csv or .txt) and count that."},
+    Kind{"ppt/"sv, "It is a presentation.  Save its text as a text file (.txt) and count that."},
+};
+
+}  // namespace
+
+std::string ForeignKindAdvice(std::string_view head) {
+  if (head.starts_with(kZip)) {
+    const auto inner =
+        std::ranges::find_if(kZipKinds, [&](const Kind& kind) { return head.find(kind.Bytes) != head.npos; });
+    return std::string(inner == kZipKinds.end()
+                           ? "It is a zip archive.  Unpack it into a folder and count the folder."
+                           : inner->Advice);
+  }
+  const auto found =
+      std::ranges::find_if(kKinds, [&](const Kind& kind) { return head.starts_with(kind.Bytes); });
+  return found == kKinds.end() ? std::string() : std::string(found->Advice);
+}
+
+}  // namespace korv
