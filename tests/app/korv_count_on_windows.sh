@@ -23,7 +23,7 @@ expect 0 '' --version
 expect 2 'a file, a folder or - is needed'
 expect 2 'Try: korv-count --help' sample.txt --nonsense
 expect 1 'Input file does not exist.' none.txt
-expect 1 'There is no text on the clipboard.' -
+expect 1 'There is no text on standard input.' -
 cmp -s sample.txt "$data/sample.txt" || fault 'the input changed'
 
 # Beside the program lie the common words and the texts.

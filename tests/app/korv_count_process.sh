@@ -19,8 +19,9 @@ expect 0 '' --help
 expect 0 '' --version
 expect 2 'a file, a folder or - is needed'
 expect 2 'Try: korv-count --help' sample.txt --nonsense
+expect 2 'there is no option --min-word; did you mean --min-words?' --min-word 3 sample.txt
 expect 1 'Input file does not exist.' none.txt
-expect 1 'There is no text on the clipboard.' -
+expect 1 'There is no text on standard input.' -
 expect 1 'cannot be the same as the input file' sample.txt -o ./sample.txt --force
 cmp -s sample.txt "$data/sample.txt" || fault 'the input changed'
 
@@ -34,6 +35,8 @@ expect 1 'cannot be the same as the input file' sample.txt -o link.txt --force
 ln sample.txt second.txt
 expect 1 'cannot be the same as the input file' sample.txt -o second.txt --force
 cmp -s sample.txt "$data/sample.txt" || fault 'the input changed through a link'
+"$program" - -o sample.txt --force <sample.txt 2>err && fault 'the file behind standard input was replaced'
+grep -q 'cannot be the same as the input file' err || fault 'the file behind standard input was not known'
 
 # Reports go into pipes and devices, and a full one is a failure.
 "$program" sample.txt | head -n 1 | grep -q '^There are' || fault 'nothing came through a pipe'

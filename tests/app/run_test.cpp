@@ -967,11 +967,12 @@ TEST(RunCount, AStopBetweenFilesListsTheFilesRead) {
             "big cat, " + std::to_string(world.run.Facts.FilesScanned) + " the big");
 }
 
-TEST(RunCount, AStopRequestedBeforeTheRunIsForgotten) {
+TEST(RunCount, AStopRequestedBeforeTheRunStopsIt) {
   RunWorld world;
   world.UseFile("/a.txt", kText);
   world.yielder.RequestStop();
-  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_EQ(world.run.Facts.Words.Read(), 0u);
 }
 
 // ---- What nobody foresaw.
