@@ -1,10 +1,12 @@
 // Any bytes as the main part of a document: the text is that of the naive model, every line end of it is
-// CR LF, and every character of it comes from the document or stands for an element of it.
+// CR LF, and every character of it comes from the document or stands for an element of it. The same bytes
+// as relationships: a main part that they name lies inside the archive.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
 #include "sources/docx.h"
+#include "sources/docx_main_part.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/reference/naive_docx.h"
@@ -23,5 +25,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (text[k] == '\n' && (k == 0 || text[k - 1] != '\r')) std::abort();
     if (text[k] == '\r' && (k + 1 == text.size() || text[k + 1] != '\n')) std::abort();
   }
+  const auto part = korv::MainPartOf(xml);
+  const std::string steps = "/" + part.value_or("x") + "/";
+  for (const char* step : {"//", "/./", "/../"})
+    if (steps.find(step) != std::string::npos) std::abort();
   return 0;
 }

@@ -23,8 +23,9 @@ TEST(ForeignKindAdvice, TellsWhatAFileIsByItsBeginning) {
       {"UTF-32, big end first", "\0\0\xFE\xFF"s, "It is text in UTF-16 or UTF-32."},
       {"gzip", "\x1F\x8B\x08", "It is a packed file."},
       {"bzip2", "BZh91AY", "It is a packed file."},
-      {"xz", "\xFD"
-             "7zXZ\0\0"s,
+      {"xz",
+       "\xFD"
+       "7zXZ\0\0"s,
        "It is a packed file."},
       {"zstd", "\x28\xB5\x2F\xFD", "It is a packed file."},
       {"7z", "7z\xBC\xAF\x27\x1C", "It is a packed file."},
