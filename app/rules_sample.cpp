@@ -17,7 +17,7 @@ class SampleSink final : public WordSink {
 
   void TakeWord(std::string_view word) override {
     if (DroppedByForm(word, rules_)) return;
-    const std::string folded = rules_.CaseSignificant ? std::string(word) : LowerText(word);
+    const std::string folded = rules_.CaseSignificant ? std::string(word) : FoldCase(word);
     if (rules_.Only7bitASCII && !Is7bit(folded)) return;
     if (!found_.empty()) found_ += phraseEnds_ ? " || " : " | ";
     found_ += folded;
