@@ -20,6 +20,7 @@
 #include "app/windows/frm_params.h"
 #include "app/windows/frm_popup.h"
 #include "app/windows/placement.h"
+#include "app/windows/recent_list.h"
 #include "platform/qt/text.h"
 #include "report/report_rules.h"
 
@@ -91,6 +92,7 @@ bool frmMain::Form_Load() {
   Connect();
   BuildMenus();
   WatchDrops();
+  ConnectRecent();
   EnableDisableButtons(true);
   Initialize();
   SelectSource(TextSource::SingleFile);
@@ -190,6 +192,7 @@ void frmMain::EnableDisableButtons(bool enabled) {
            optExcludePhrasesAllWordsToIgnore, cmdClearFile[0], cmdClearFolder}) {
     control->setEnabled(enabled);
   }
+  lstRecent->setEnabled(enabled);
   for (QAction* action : idleActions_) action->setEnabled(enabled);
   params_->EnableDisableButtons(enabled);
   if (enabled) EnableClearButtons();

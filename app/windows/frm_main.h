@@ -196,6 +196,8 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void OfferToKeepSettings();
   void OpenTogether(const QStringList& paths);
   void WatchDrops();
+  /// Keeps the list of recent sources up to date, and lets a click on an entry choose it.
+  void ConnectRecent();
   void RestoreStateFile();
   void FillLists();
   void Connect();

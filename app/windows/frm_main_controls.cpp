@@ -17,6 +17,8 @@
 #include <QVBoxLayout>
 #include <vector>
 
+#include "app/windows/recent_list.h"
+
 namespace korv {
 namespace {
 
@@ -96,12 +98,11 @@ QWidget* FrmMainControls::BuildColumn(QWidget* parent) {
   scroll->setFocusPolicy(Qt::NoFocus);
   auto* groups = new QWidget(scroll);
   auto* stack = Bare(new QVBoxLayout(groups));
-  stack->addWidget(BuildSource(groups));
+  stack->addWidget(BuildSource(groups), 1);
   stack->addWidget(BuildPhrases(groups));
   stack->addWidget(BuildWordsToIgnore(groups));
   stack->addWidget(BuildReport(groups));
   stack->addWidget(BuildOutputFile(groups));
-  stack->addStretch(1);
   scroll->setWidget(groups);
   // The width that the groups need, and room for the scroll bar beside them.
   const int bar = scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll);
@@ -126,7 +127,26 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
   kinds->addStretch(1);
   layout->addLayout(kinds);
 
-  stkSource = Named(new QStackedWidget(fraSource), "stkSource");
+  BuildSourcePages(fraSource);
+  layout->addWidget(stkSource);
+
+  lblFilesize = MakeLabel("lblFilesize", fraSource);
+  lblXMLsize = MakeLabel("lblXMLsize", fraSource);
+  auto* sizes = new QHBoxLayout;
+  sizes->addWidget(lblFilesize);
+  sizes->addSpacing(16);
+  sizes->addWidget(lblXMLsize);
+  sizes->addStretch(1);
+  layout->addLayout(sizes);
+
+  lstRecent = Described(Named(new RecentList(fraSource), "lstRecent"), "Recent files and folders");
+  layout->addWidget(lstRecent, 1);
+  FitSourceToItsPages();
+  return fraSource;
+}
+
+void FrmMainControls::BuildSourcePages(QWidget* parent) {
+  stkSource = Named(new QStackedWidget(parent), "stkSource");
 
   auto* clipboard = new QWidget(stkSource);
   auto* clipboardLayout = Bare(new QVBoxLayout(clipboard));
@@ -135,7 +155,6 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
                clipboard));
   cmdClipboardViewer = MakeButton("cmdClipboardViewer", "View clip&board", clipboard);
   clipboardLayout->addWidget(cmdClipboardViewer, 0, Qt::AlignLeft);
-  clipboardLayout->addStretch(1);
   stkSource->addWidget(clipboard);
 
   auto* file = new QWidget(stkSource);
@@ -152,7 +171,6 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
       MakeHint("Plain text, HTML, XML, PHP or Word .docx. A file or a folder can also be dropped "
                "anywhere on this window.",
                file));
-  fileLayout->addStretch(1);
   stkSource->addWidget(file);
 
   auto* folder = new QWidget(stkSource);
@@ -173,6 +191,7 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
     const auto index = static_cast<size_t>(i);
     auto* box = MakeTextBox(names[index], captions[index], folder);
     box->setPlaceholderText(QString::fromUtf8(examples[index]));
+    box->setToolTip(box->placeholderText());
     txbFileFilepathSpecifications[index] = box;
     patternRows->addWidget(MakeCaption(captions[index], box, folder), i, 0);
     patternRows->addWidget(box, i, 1);
@@ -191,19 +210,29 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
     KeepPlaceWhenHidden(control);
   }
   folderLayout->setColumnStretch(1, 1);
-  folderLayout->setRowStretch(3, 1);
   stkSource->addWidget(folder);
-  layout->addWidget(stkSource);
+}
 
-  lblFilesize = MakeLabel("lblFilesize", fraSource);
-  lblXMLsize = MakeLabel("lblXMLsize", fraSource);
-  auto* sizes = new QHBoxLayout;
-  sizes->addWidget(lblFilesize);
-  sizes->addSpacing(16);
-  sizes->addWidget(lblXMLsize);
-  sizes->addStretch(1);
-  layout->addLayout(sizes);
-  return fraSource;
+void FrmMainControls::FitSourceToItsPages() {
+  // A page that is not shown claims no height.
+  const auto fit = [this](int current) {
+    for (int i = 0; i < stkSource->count(); ++i) {
+      stkSource->widget(i)->setSizePolicy(QSizePolicy::Preferred,
+                                          i == current ? QSizePolicy::Fixed : QSizePolicy::Ignored);
+    }
+    stkSource->updateGeometry();
+  };
+  stkSource->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  // The group is as high as its highest page needs, whichever is shown.
+  int height = 0;
+  for (int i = 0; i < stkSource->count(); ++i) {
+    fit(i);
+    fraSource->layout()->invalidate();
+    height = std::max(height, fraSource->minimumSizeHint().height());
+  }
+  fraSource->setMinimumHeight(height);
+  fit(stkSource->currentIndex());
+  QObject::connect(stkSource, &QStackedWidget::currentChanged, stkSource, fit);
 }
 
 QWidget* FrmMainControls::BuildPhrases(QWidget* parent) {
@@ -349,6 +378,11 @@ QWidget* FrmMainControls::BuildResult(QWidget* parent) {
   lblNumOccurrences = MakeLabel("lblNumOccurrences", result);
   lblTotalNumOccurrences = MakeLabel("lblTotalNumOccurrences", result);
   lblNumWordsExcluded = MakeLabel("lblNumWordsExcluded", result);
+  // In a narrow window they take a second line; they never widen it. The least height has room for that.
+  result->setMinimumHeight(24 * result->fontMetrics().lineSpacing());
+  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
+    label->setWordWrap(true);
+  }
   auto* summary = Bare(new QGridLayout);
   summary->addWidget(lblNumberOfWords, 0, 0);
   summary->addWidget(lblTotalNumOccurrences, 0, 1);
@@ -446,6 +480,7 @@ void FrmMainControls::SetTabOrder() {
                                        txbFileFilepathSpecifications[1],
                                        chkIncludeSubfolders,
                                        cmdListFiles,
+                                       lstRecent,
                                        cboPhraseLength[0],
                                        cboPhraseLength[1],
                                        cboMinimumFrequency,

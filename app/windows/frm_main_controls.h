@@ -16,6 +16,8 @@ class QTimer;
 
 namespace korv {
 
+class RecentList;
+
 /// The main window's controls under their names, and where they stand. Owned by the window.
 ///
 /// From the left: a column with what to count, in the order in which a newcomer needs it, and the count
@@ -27,7 +29,8 @@ struct FrmMainControls {
   QRadioButton* optOnClipboard = nullptr;
   QRadioButton* optInFile = nullptr;
   QRadioButton* optFolder = nullptr;
-  QStackedWidget* stkSource = nullptr;  ///< One page per source kind, all of one height: nothing jumps.
+  QStackedWidget* stkSource = nullptr;  ///< One page per source kind, each as high as it needs.
+  RecentList* lstRecent = nullptr;      ///< Has what room the page leaves over: nothing below it jumps.
   QPushButton* cmdClipboardViewer = nullptr;
   std::array<QLineEdit*, 2> txbFile{};
   std::array<QPushButton*, 2> cmdFile{};
@@ -113,6 +116,8 @@ struct FrmMainControls {
  private:
   QWidget* BuildColumn(QWidget* parent);
   QWidget* BuildSource(QWidget* parent);
+  void BuildSourcePages(QWidget* parent);
+  void FitSourceToItsPages();
   QWidget* BuildPhrases(QWidget* parent);
   QWidget* BuildWordsToIgnore(QWidget* parent);
   QWidget* BuildReport(QWidget* parent);

@@ -4,6 +4,7 @@
 #include "app/windows/files_together.h"
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
+#include "app/windows/recent_list.h"
 #include "platform/qt/text.h"
 
 namespace korv {
@@ -22,6 +23,22 @@ void frmMain::WatchDrops() {
       [this](const QStringList& paths) { Guarded("OpenPaths", [&] { OpenPaths(paths); })(); });
   drops->Watch(*this);
   drops->Watch(*params_);
+}
+
+void frmMain::ConnectRecent() {
+  const auto show = [this] { lstRecent->Show(recentFiles_.Paths(), recentFolders_.Paths()); };
+  recentFiles_.changed = show;
+  recentFolders_.changed = show;
+  show();
+  // Once the list is done with the click: choosing an entry fills it anew.
+  const auto choose = [this](const QListWidgetItem* item) {
+    const QString path = RecentList::PathOf(*item);
+    QMetaObject::invokeMethod(
+        this, [this, path] { Guarded("lstRecent_Click", [&] { OpenPaths({path}); })(); },
+        Qt::QueuedConnection);
+  };
+  connect(lstRecent, &QListWidget::itemClicked, this, choose);
+  connect(lstRecent, &QListWidget::itemActivated, this, choose);
 }
 
 void frmMain::OpenPaths(const QStringList& paths) {

@@ -21,10 +21,12 @@ void RecentSources::Add(const QString& path) {
   paths.removeAll(path);
   paths.prepend(path);
   store_.setValue(key_, paths.mid(0, kMost));
+  if (changed) changed();
 }
 
 void RecentSources::Clear() {
   store_.remove(key_);
+  if (changed) changed();
 }
 
 }  // namespace korv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+#include <functional>
 
 class QSettings;
 
@@ -15,6 +16,8 @@ class RecentSources {
   /// Puts `path` at the top; an empty path is ignored.
   void Add(const QString& path);
   void Clear();
+
+  std::function<void()> changed;  ///< Called after every change; may be empty.
 
  private:
   QSettings& store_;

@@ -1,6 +1,7 @@
 // Choosing and checking what is to be counted.
 
 #include <QDir>
+#include <QListWidget>
 #include <QMenu>
 #include <tuple>
 
@@ -81,6 +82,37 @@ TEST_F(Sources, AreRememberedInTheRecentMenu) {
     EXPECT_EQ(TextOf(box), source);
     EXPECT_TRUE(Checked(option));
   }
+}
+
+TEST_F(Sources, AreListedAndChosenAgainByAClick) {
+  const std::string file = WriteFile("a.txt", kText);
+  auto* recent = Find<QListWidget>("lstRecent");
+  EXPECT_EQ(recent->count(), 0);
+  main->TakeSource(QString::fromStdString(file));
+  main->TakeSource(QString::fromStdString(FolderPath()));
+  ASSERT_EQ(recent->count(), 2);
+  const std::pair<std::string, const char*> sources[] = {{file, "optInFile"}, {FolderPath(), "optFolder"}};
+  for (int row = 0; row < 2; ++row) {
+    const auto& [path, option] = sources[row];
+    EXPECT_EQ(recent->item(row)->text().toStdString(), path);
+    EXPECT_EQ(recent->item(row)->toolTip().toStdString(), path);
+    Type("txbFile_0", "");
+    Type("txbFolder", "");
+    Click("optOnClipboard");
+    QTest::mouseClick(recent->viewport(), Qt::LeftButton, {},
+                      recent->visualItemRect(recent->item(row)).center());
+    QApplication::processEvents();
+    EXPECT_TRUE(Checked(option));
+    EXPECT_EQ(TextOf(row == 0 ? "txbFile_0" : "txbFolder"), path);
+  }
+  std::filesystem::remove(PathFromText(file));
+  emit recent->itemActivated(recent->item(0));
+  QApplication::processEvents();
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("File not found | Input file does not exist."));
+  auto* menu = main->findChild<QMenu*>(QStringLiteral("mnuRecent"));
+  emit menu->aboutToShow();
+  menu->actions().back()->trigger();
+  EXPECT_EQ(recent->count(), 0);
 }
 
 // ---- A single file
