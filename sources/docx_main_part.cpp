@@ -9,12 +9,12 @@ namespace korv {
 
 namespace {
 
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 
 // A name may stand behind a prefix of its namespace.
 bool IsRelationship(std::string_view tag) {
   const size_t end = tag.find_first_of("< \t\r\n/>", 1);
-  if (end == npos) return false;
+  if (end == kNone) return false;
   const std::string_view name = tag.substr(1, end - 1);
   return name.substr(name.find(':') + 1) == "Relationship";
 }
@@ -43,10 +43,10 @@ std::optional<std::string> MemberOf(std::string_view target) {
 }  // namespace
 
 std::optional<std::string> MainPartOf(std::string_view relationships) {
-  for (size_t at = relationships.find('<'); at != npos; at = relationships.find('<', at + 1)) {
+  for (size_t at = relationships.find('<'); at != kNone; at = relationships.find('<', at + 1)) {
     if (!IsRelationship(relationships.substr(at))) continue;
     const size_t end = XmlTagEnd(relationships, at);
-    if (end == npos) return std::nullopt;
+    if (end == kNone) return std::nullopt;
     const std::string_view tag = relationships.substr(at, end - at);
     const auto type = XmlAttribute(tag, "Type");
     if (!type || !type->ends_with("/officeDocument")) continue;

@@ -8,7 +8,7 @@ namespace korv {
 
 namespace {
 
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 constexpr std::string_view kBreak = "\r\n";
 
 // Appends a run's text with every kind of line end as CR LF.
@@ -77,7 +77,7 @@ class RunReader {
   // Goes past the next tag; false at the end.
   bool Step() {
     at_ = xml_.find('<', at_);
-    if (at_ == npos) return false;
+    if (at_ == kNone) return false;
     const std::string_view rest = xml_.substr(at_);
     if (depth_ > 0) return PassOver(rest);
     for (const std::string_view name : kPassedOver) {
@@ -106,7 +106,7 @@ class RunReader {
   bool PassOver(std::string_view rest) {
     if (Opens(rest, passedOver_)) {
       const size_t close = XmlTagEnd(xml_, at_);
-      if (close == npos) return false;
+      if (close == kNone) return false;
       if (xml_[close - 1] != '/') ++depth_;
       at_ = close;
     } else if (rest.starts_with("</") && Opens(rest.substr(1), passedOver_)) {
@@ -119,13 +119,13 @@ class RunReader {
   // A run without an end, at the end of a document that is cut off, is no run.
   bool Run() {
     const size_t close = XmlTagEnd(xml_, at_);
-    if (close == npos) return false;
+    if (close == kNone) return false;
     if (xml_[close - 1] == '/') {
       at_ = close + 1;
       return true;
     }
     const size_t end = xml_.find("</w:t>", close);
-    if (end == npos) return false;
+    if (end == kNone) return false;
     builder_.Run(xml_.substr(close + 1, end - close - 1));
     at_ = end + 6;
     return true;
@@ -163,7 +163,7 @@ std::string DocxXmlToText(std::string_view xml, const DocxContext& context,
                           const std::function<void(const std::string&)>& progress) {
   constexpr size_t kShowsProgress = 1000000;
   const size_t step = xml.size() / 40;
-  size_t next = xml.size() > kShowsProgress && progress ? 0 : npos;
+  size_t next = xml.size() > kShowsProgress && progress ? 0 : kNone;
   TextBuilder builder;
   RunReader reader(xml, builder);
   while (reader.Step()) {

@@ -10,11 +10,11 @@ namespace korv {
 
 namespace {
 
-constexpr auto npos = std::string_view::npos;
+constexpr auto kNone = std::string_view::npos;
 constexpr std::string_view kBlanks = " \t\r\n";
 
 bool EndsName(char c) {
-  return c == '>' || c == '/' || kBlanks.find(c) != npos;
+  return c == '>' || c == '/' || kBlanks.find(c) != kNone;
 }
 
 struct Reference {
@@ -78,17 +78,17 @@ size_t XmlTagEnd(std::string_view xml, size_t at) {
     else if (c == '>')
       return at;
   }
-  return npos;
+  return kNone;
 }
 
 std::optional<std::string> XmlAttribute(std::string_view tag, std::string_view name) {
   size_t at = tag.find_first_of(kBlanks);
-  while ((at = tag.find_first_not_of(kBlanks, at)) != npos) {
+  while ((at = tag.find_first_not_of(kBlanks, at)) != kNone) {
     const size_t equals = tag.find('=', at);
     const size_t open = tag.find_first_of("\"'", equals);
-    if (equals == npos || open == npos) return std::nullopt;
+    if (equals == kNone || open == kNone) return std::nullopt;
     const size_t close = tag.find(tag[open], open + 1);
-    if (close == npos) return std::nullopt;
+    if (close == kNone) return std::nullopt;
     const std::string_view found = tag.substr(at, tag.find_first_of(" \t\r\n=", at) - at);
     if (found == name) {
       std::string value;

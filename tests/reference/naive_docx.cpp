@@ -9,7 +9,7 @@ namespace korv::naive {
 
 namespace {
 
-constexpr auto npos = std::string::npos;
+constexpr auto kNone = std::string::npos;
 
 enum class Kind { Text, Tab, Break, Paragraph };
 
@@ -20,18 +20,18 @@ struct Item {
 
 std::string NameAt(const std::string& xml, size_t at) {
   const size_t end = xml.find_first_of(" \t\r\n/>", at);
-  return end == npos ? "" : xml.substr(at, end - at);
+  return end == kNone ? "" : xml.substr(at, end - at);
 }
 
-// What follows the tag at `at`; npos where the tag has no end.
+// What follows the tag at `at`; kNone where the tag has no end.
 size_t AfterTag(const std::string& xml, size_t at) {
   while (at < xml.size() && xml[at] != '>') {
     const bool quoted = xml[at] == '"' || xml[at] == '\'';
     if (quoted) at = xml.find(xml[at], at + 1);
-    if (at == npos) return npos;
+    if (at == kNone) return kNone;
     ++at;
   }
-  return at < xml.size() ? at + 1 : npos;
+  return at < xml.size() ? at + 1 : kNone;
 }
 
 // What follows the element at `at`, which has a name of its own.
@@ -41,7 +41,7 @@ size_t AfterElement(const std::string& xml, size_t at) {
   do {
     if (NameAt(xml, at + 1) == name) {
       const size_t after = AfterTag(xml, at);
-      if (after == npos) return npos;
+      if (after == kNone) return kNone;
       if (xml[after - 2] != '/') ++depth;
       at = after - 1;
     } else if (xml.compare(at, 2, "</") == 0 && NameAt(xml, at + 2) == name) {
@@ -49,8 +49,8 @@ size_t AfterElement(const std::string& xml, size_t at) {
     }
     if (depth == 0) return at + 1;
     at = xml.find('<', at + 1);
-  } while (at != npos);
-  return npos;
+  } while (at != kNone);
+  return kNone;
 }
 
 std::string Character(const std::string& entity) {
@@ -63,7 +63,7 @@ std::string Character(const std::string& entity) {
   const bool hexadecimal = entity.size() > 1 && entity[1] == 'x';
   const std::string digits = entity.substr(hexadecimal ? 2 : 1);
   if (digits.empty() ||
-      digits.find_first_not_of(hexadecimal ? "0123456789abcdefABCDEF" : "0123456789") != npos)
+      digits.find_first_not_of(hexadecimal ? "0123456789abcdefABCDEF" : "0123456789") != kNone)
     return "";
   const unsigned long code = std::strtoul(digits.c_str(), nullptr, hexadecimal ? 16 : 10);
   if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return "";
@@ -73,8 +73,8 @@ std::string Character(const std::string& entity) {
 std::string DecodeEntities(const std::string& raw) {
   std::string text;
   for (size_t at = 0; at < raw.size(); ++at) {
-    const size_t end = raw[at] == '&' ? raw.find(';', at) : npos;
-    const std::string character = end == npos ? "" : Character(raw.substr(at + 1, end - at - 1));
+    const size_t end = raw[at] == '&' ? raw.find(';', at) : kNone;
+    const std::string character = end == kNone ? "" : Character(raw.substr(at + 1, end - at - 1));
     if (character.empty()) {
       text += raw[at];
     } else {
@@ -97,19 +97,19 @@ std::string WithLineEnds(const std::string& text) {
 
 std::vector<Item> ItemsOf(const std::string& xml) {
   std::vector<Item> items;
-  for (size_t at = xml.find('<'); at != npos; at = xml.find('<', at)) {
+  for (size_t at = xml.find('<'); at != kNone; at = xml.find('<', at)) {
     const std::string name = NameAt(xml, at + 1);
     if (name == "mc:Fallback" || name == "w:moveFrom") {
       at = AfterElement(xml, at);
-      if (at == npos) break;
+      if (at == kNone) break;
       continue;
     }
     if (xml.compare(at, 5, "<w:t ") == 0 || xml.compare(at, 5, "<w:t>") == 0) {
       const size_t begin = AfterTag(xml, at);
-      if (begin == npos) break;
+      if (begin == kNone) break;
       const bool selfClosed = xml[begin - 2] == '/';
       const size_t end = selfClosed ? begin : xml.find("</w:t>", begin);
-      if (end == npos) break;
+      if (end == kNone) break;
       items.push_back({Kind::Text, WithLineEnds(DecodeEntities(xml.substr(begin, end - begin)))});
       at = selfClosed ? begin : end + 6;
       continue;
