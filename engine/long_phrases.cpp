@@ -21,11 +21,12 @@ std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const Acce
     std::string scratch;
     uint64_t inTask = 0;
     for (size_t i = task * kTask; i < std::min(n, (task + 1) * kTask); ++i) {
-      if (text[i] == kNoWord) continue;
+      const WordNumber* const first = text + i;
+      if (*first == kNoWord) continue;
       if (yielder.Stopped()) return;
       // The text ends with more phrase ends than a phrase has words.
-      for (int words = mostWords[i] + 1; words <= maxWords && text[i + words - 1] != kNoWord; ++words)
-        if (words >= minWords && accepted.Accepts(text + i, words, scratch)) ++inTask;
+      for (int words = mostWords[i] + 1; words <= maxWords && first[words - 1] != kNoWord; ++words)
+        if (words >= minWords && accepted.Accepts(first, words, scratch)) ++inTask;
     }
     found.fetch_add(inTask, std::memory_order_relaxed);
   });

@@ -7,7 +7,7 @@ namespace korv {
 
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 struct Kind {
   std::string_view Bytes;  ///< What such files begin with.

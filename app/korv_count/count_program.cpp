@@ -192,8 +192,9 @@ class CountProgram {
   int ListTheFiles() {
     if (settings_.SourceKind == TextSource::SingleFile) {
       const std::string path = TrimmedPath(settings_.InputFile);
+      AboutFile messages(messages_, path);
       const InputFileCode code = ValidateInputFile(env_.Files, path, "");
-      ShowInputFileError(messages_, code, path);
+      ShowInputFileError(messages, code, path);
       if (code != InputFileCode::Valid) return kExitRefused;
       env_.Out << path << '\n' << std::flush;
       return env_.Out ? kExitReport : CannotWrite();
