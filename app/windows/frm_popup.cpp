@@ -18,6 +18,7 @@ namespace {
 constexpr int kShortNotice = 2000;  // milliseconds
 constexpr int kLongNotice = 4000;
 constexpr int kQuestion = 15000;
+constexpr int kMargin = 18;          // pixels, beside the message
 constexpr qsizetype kLongFrom = 61;  // characters
 
 }  // namespace
@@ -47,7 +48,7 @@ frmPopUp::frmPopUp(QWidget* owner)
   connect(Timer1, &QTimer::timeout, this, &frmPopUp::Timer1_Timer);
 
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(18, 12, 18, 12);
+  layout->setContentsMargins(kMargin, 12, kMargin, 12);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addWidget(lblMessage);
   auto* buttons = new QHBoxLayout;
@@ -98,7 +99,7 @@ bool frmPopUp::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmPopUp::ShowOver(const QString& message, const QRect& area, bool asks) {
-  lblMessage->setText(message);
+  lblMessage->setText(WithinScreen(message));
   cmdYes->setVisible(asks);
   cmdNo->setVisible(asks);
   const int duration = asks ? kQuestion : message.size() >= kLongFrom ? kLongNotice : kShortNotice;
@@ -108,6 +109,13 @@ void frmPopUp::ShowOver(const QString& message, const QRect& area, bool asks) {
   show();
   raise();
   Timer1->start(duration);
+}
+
+QString frmPopUp::WithinScreen(const QString& message) const {
+  const int room = ScreenArea().width() * 9 / 10 - 2 * kMargin;
+  QStringList lines = message.split(u'\n');
+  for (QString& line : lines) line = lblMessage->fontMetrics().elidedText(line, Qt::ElideMiddle, room);
+  return lines.join(u'\n');
 }
 
 bool frmPopUp::Ask(const QString& message, const QRect& area) {

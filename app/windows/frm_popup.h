@@ -40,6 +40,8 @@ class frmPopUp final : public QFrame {
   /// `area` is in global coordinates.
   void ShowOver(const QString& message, const QRect& area, bool asks);
   bool Ask(const QString& message, const QRect& area);
+  /// Lines that are too long for the screen, those of paths, lose their middle.
+  QString WithinScreen(const QString& message) const;
   QRect WindowArea(const QWidget* form) const;
   QRect ScreenArea() const;
 

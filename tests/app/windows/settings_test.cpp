@@ -199,6 +199,7 @@ TEST_F(SettingsWindow, TakesBackWhatItChangedAtOnce) {
       {"cmdSetOrClearCheckboxes_1", "All checkboxes cleared."},
       {"cmdRestoreDefaults", "Defaults restored."}};
   EXPECT_FALSE(Shown("cmdUndo"));
+  EXPECT_EQ(TipOf("cmdUndo"), "Sets every control back to what it was before.");
   for (const auto& [button, told] : buttons) {
     oddly();
     Click(button);

@@ -318,6 +318,15 @@ TEST_F(PopUps, AppearOverTheLowerThirdOfTheirPlace) {
   expectOver(other.frameGeometry());
 }
 
+TEST_F(PopUps, AreNeverWiderThanTheScreen) {
+  frmPopUp popUp(&owner);
+  const QString told = QStringLiteral("Settings saved to\n");
+  popUp.PopUp(told + u'/' + QString(2000, u'n') + QStringLiteral("/mine.korv"));
+  EXPECT_LE(popUp.width(), owner.screen()->availableGeometry().width());
+  EXPECT_TRUE(popUp.lblMessage->text().startsWith(told + QStringLiteral("/nnn")));
+  EXPECT_TRUE(popUp.lblMessage->text().endsWith(QStringLiteral("/mine.korv")));
+}
+
 TEST_F(PopUps, WithYesAndNoWaitForAButton) {
   frmPopUp popUp(&owner);
   QTimer::singleShot(0, [&] {
