@@ -46,8 +46,10 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
     restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
   } else {
     const QRect room = screen()->availableGeometry();
+    // Wide enough for the hint in the list of files, which is long.
+    const QSize size = sizeHint() + QSize(12 * fontMetrics().averageCharWidth(), 0);
     setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
-                                    sizeHint().boundedTo(room.size()).expandedTo(minimumSizeHint()), room));
+                                    size.boundedTo(room.size()).expandedTo(minimumSizeHint()), room));
   }
 }
 
