@@ -365,6 +365,7 @@ void FrmParamsControls::SetTabOrder() {
                                        cmdClose,
                                        cmdQuit};
   for (size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+  TabToTheSelected({optWordsToIgnore, optCountOnlyWordsAndPhrases});
 }
 
 }  // namespace korv

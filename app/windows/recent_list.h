@@ -4,8 +4,8 @@
 
 namespace korv {
 
-/// The files and folders that were counted last, to be chosen again by a click. Where there are none it says that
-/// they can be dropped here.
+/// The files and folders that were counted last, to be chosen again by a click. Where there are none it says
+/// that they can be dropped here.
 class RecentList final : public QListWidget {
  public:
   explicit RecentList(QWidget* parent);

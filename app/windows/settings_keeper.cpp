@@ -12,7 +12,7 @@ bool SettingsKeeper::WouldBeMissed(const Settings& settings) const {
 
 SettingsKeeper::Wish SettingsKeeper::Ask(Messages& messages) {
   if (std::exchange(asked_, true)) return Wish::Forget;
-  switch (messages.Show({.text = "You have changed settings, which are forgotten when the program ends.\r\n"
+  switch (messages.Show({.text = "You have changed settings that would be forgotten.\r\n"
                                  "Do you wish to keep them for the next start?",
                          .title = "Quit",
                          .icon = Icon::Question,

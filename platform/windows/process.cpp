@@ -151,8 +151,8 @@ void AnswerInTheTerminal() {
   const bool output = leadsNowhere(STD_OUTPUT_HANDLE);
   const bool error = leadsNowhere(STD_ERROR_HANDLE);
   if ((!output && !error) || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
-  if (output) std::freopen("CONOUT$", "w", stdout);
-  if (error) std::freopen("CONOUT$", "w", stderr);
+  if (output) static_cast<void>(::freopen("CONOUT$", "w", stdout));
+  if (error) static_cast<void>(::freopen("CONOUT$", "w", stderr));
 }
 
 std::filesystem::path StandardInputPath() {

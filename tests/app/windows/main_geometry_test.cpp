@@ -1,5 +1,5 @@
-// Where the controls of the main window and of those that it opens stand, in every state. Run once more on a screen
-// of twice as many dots.
+// Where the controls of the main window and of those that it opens stand, in every state. Run once more on a
+// screen of twice as many dots.
 
 #include <QGroupBox>
 #include <QListWidget>

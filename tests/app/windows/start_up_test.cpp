@@ -332,7 +332,8 @@ TEST_F(StartUp, LetsTabLandOnTheSelectedOption) {
       {"optOnClipboard", "optInFile", "optFolder"},
       {"optAllowPhrasesAllWordsToIgnore", "optExcludePhrasesAllWordsToIgnore",
        "optExcludePhrasesWithWordToIgnore", "optRemoveWordsToIgnore"},
-      {"optIncludeAllWords", "optIncludeAllWordsInSameOrder", "optIncludeAllWordsAsSubphrase"}};
+      {"optIncludeAllWords", "optIncludeAllWordsInSameOrder", "optIncludeAllWordsAsSubphrase"},
+      {"optWordsToIgnore", "optCountOnlyWordsAndPhrases"}};
   const auto expectOnly = [this](const std::vector<const char*>& group, const char* selected) {
     for (const char* option : group) {
       EXPECT_EQ((Find<QRadioButton>(option)->focusPolicy() & Qt::TabFocus) != 0, option == selected)
@@ -402,7 +403,7 @@ TEST_F(Quitting, AsksWhetherChangedSettingsAreToBeKept) {
   ASSERT_EQ(messages.shown.size(), 1U);
   const Message& asked = messages.shown[0];
   EXPECT_EQ(asked.text,
-            "You have changed settings, which are forgotten when the program ends.\r\n"
+            "You have changed settings that would be forgotten.\r\n"
             "Do you wish to keep them for the next start?");
   EXPECT_EQ(asked.title, "Quit");
   EXPECT_EQ(asked.question, Question::KeepSettings);
