@@ -180,7 +180,8 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
                      .icon = Icon::Question,
                      .buttons = Buttons::YesNo,
                      .defaultAnswer = Answer::Yes,
-                     .question = Question::MinimumFrequency}) == Answer::Yes)
+                     .question = Question::MinimumFrequency,
+                     .mayBeSilenced = true}) == Answer::Yes)
     request.Options.MinFrequency = 2;
   report.FilterActive = false;
   if (report.FilterText.empty()) return true;

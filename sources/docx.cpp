@@ -65,7 +65,8 @@ bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
                         .icon = Icon::Question,
                         .buttons = Buttons::YesNo,
                         .defaultAnswer = Answer::No,
-                        .question = Question::LargeDocx}) == Answer::Yes;
+                        .question = Question::LargeDocx,
+                        .mayBeSilenced = true}) == Answer::Yes;
 }
 
 void AdviseToSaveAsText(Messages& messages) {

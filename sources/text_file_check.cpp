@@ -109,7 +109,8 @@ bool PassesUnixSize(TextFileCheck& check, const std::string& path, uint64_t size
                            .icon = Icon::Question,
                            .buttons = Buttons::YesNo,
                            .defaultAnswer = Answer::No,
-                           .question = Question::LargeWordList});
+                           .question = Question::LargeWordList,
+                           .mayBeSilenced = true});
   if (answer == Answer::Yes) return true;
   check.Messages.Show({.text = "Operation canceled.", .title = title});
   return false;

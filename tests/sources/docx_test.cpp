@@ -236,6 +236,7 @@ TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
   EXPECT_EQ(messages.shown[0].title, "Big file");
   EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
   EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
+  EXPECT_TRUE(messages.shown[0].mayBeSilenced);
   EXPECT_EQ(messages.shown[1].text,
             "You could try saving it as a text file\r\nand applying this program to that text file.");
   EXPECT_EQ(messages.shown[1].title, "Big file");

@@ -157,6 +157,7 @@ TEST_F(IsTextFileTest, LargerUnixFilesAreAskedAbout) {
   EXPECT_EQ(messages.shown[0].title, "This is a Unix-style text file");
   EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
   EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
+  EXPECT_TRUE(messages.shown[0].mayBeSilenced);
 }
 
 TEST_F(IsTextFileTest, NoToALargerUnixFileCancels) {

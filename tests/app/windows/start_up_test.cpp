@@ -378,9 +378,10 @@ TEST_F(StartUp, LetsQuestionsThatComeBackBeSilenced) {
   UseFile(text);
   Type("txbFilterWords", "mag");
   messages.WillAnswer(Question::LargeInput, Answer::No);
+  Choose("cboMinimumFrequency", 0);
   Count();
   for (const Question question : {Question::FirstCommonWords, Question::LoadWordFile, Question::LargeInput,
-                                  Question::TextEncoding, Question::KeepFilter}) {
+                                  Question::TextEncoding, Question::KeepFilter, Question::MinimumFrequency}) {
     ASSERT_EQ(mayBeSilenced.count(question), 1U) << static_cast<int>(question);
     EXPECT_TRUE(mayBeSilenced[question]) << static_cast<int>(question);
   }
