@@ -306,21 +306,33 @@ std::vector<std::string> InOneAndInTwo(const std::string& line, size_t parted, s
 }
 
 TEST(Entities, EndAtMost65000CharactersAway) {
-  // Behind "&#" stand blanks, or letters of two bytes.
-  for (const std::string filler : {" ", "\u00E9"}) {
-    for (const int distance : {64999, 65000, 65001, 130000}) {
-      std::string inside;
-      for (int k = 2; k < distance; ++k) inside += filler;
+  // Behind "&#" stand words, which are only found where it begins no region. Either is two characters.
+  for (const std::string word : {"x ", "\u00E9 "}) {
+    for (const int distance : {64999, 65000, 65001, 65002, 130000}) {
+      std::string words;
+      for (int k = 3; k < distance; k += 2) words += word;
+      const std::string inside = distance % 2 == 0 ? words : " " + words;
       const std::string line = "one &#" + inside + ";two three";
-      const bool counts = distance <= 65000;
-      const std::string expected = counts             ? "one two three "
-                                   : filler == " "    ? "one two three "
-                                   : distance < 65002 ? "one ... two three "
-                                                      : "one ... ... two three ";
-      const size_t parted = filler == " " ? line.size() / 2 : 4;
-      for (const std::string& found : InOneAndInTwo(line, parted, "")) EXPECT_EQ(found, expected) << distance;
+      std::string expected = "one ";
+      if (distance > 65000) expected += words;
+      expected += "two three ";
+      for (const size_t parted : {size_t{4}, 6 + 100 * word.size(), inside.size()})
+        for (const std::string& found : InOneAndInTwo(line, parted, ""))
+          EXPECT_TRUE(found == expected) << distance << ' ' << parted << ' ' << found.size();
     }
   }
+}
+
+TEST(Entities, OfManyPiecesAreKeptNoLongerThanTheyMayBe) {
+  RecordedWords words;
+  LineScanner<WordSink> scanner(WithExtra(""), MarkersOf("html"), words);
+  for (int k = 0; k < 100; ++k)
+    scanner.ScanLine(k == 0 ? "&# " + std::string(2000, 'x') + " " : "y &# ", k == 0, false);
+  EXPECT_TRUE(words.Found().empty()) << "its end may yet come";
+  scanner.ScanLine(std::string(65000, ' '), false, false);
+  EXPECT_EQ(words.Found().size(), 100U) << "it is too far away now";
+  scanner.ScanLine("; z", false, true);
+  EXPECT_EQ(words.Found().back(), "z");
 }
 
 TEST(Entities, WaitForTheRestOfTheirLine) {
