@@ -130,15 +130,6 @@ QWidget* FrmMainControls::BuildSource(QWidget* parent) {
   BuildSourcePages(fraSource);
   layout->addWidget(stkSource);
 
-  lblFilesize = MakeLabel("lblFilesize", fraSource);
-  lblXMLsize = MakeLabel("lblXMLsize", fraSource);
-  auto* sizes = new QHBoxLayout;
-  sizes->addWidget(lblFilesize);
-  sizes->addSpacing(16);
-  sizes->addWidget(lblXMLsize);
-  sizes->addStretch(1);
-  layout->addLayout(sizes);
-
   lstRecent = Described(Named(new RecentList(fraSource), "lstRecent"), "Recent files and folders");
   layout->addWidget(lstRecent, 1);
   FitSourceToItsPages();
@@ -171,6 +162,14 @@ void FrmMainControls::BuildSourcePages(QWidget* parent) {
       MakeHint("Plain text, HTML, XML, PHP or Word .docx. A file or a folder can also be dropped "
                "anywhere on this window.",
                file));
+  lblFilesize = MakeLabel("lblFilesize", file);
+  lblXMLsize = MakeLabel("lblXMLsize", file);
+  auto* sizes = new QHBoxLayout;
+  sizes->addWidget(lblFilesize);
+  sizes->addSpacing(16);
+  sizes->addWidget(lblXMLsize);
+  sizes->addStretch(1);
+  fileLayout->addLayout(sizes);
   stkSource->addWidget(file);
 
   auto* folder = new QWidget(stkSource);
