@@ -9,10 +9,10 @@
 #include "app/korv_count/count_view.h"
 #include "app/korv_count/options.h"
 #include "app/korv_count/run_line.h"
+#include "app/korv_count/settings_files.h"
 #include "app/program_folder.h"
 #include "app/program_text.h"
 #include "app/run.h"
-#include "app/saved_state.h"
 #include "platform/console/console_messages.h"
 #include "report/error_text.h"
 #include "report/list_words.h"
@@ -20,7 +20,6 @@
 #include "report/report_rules.h"
 #include "report/stream_sink.h"
 #include "report/summary.h"
-#include "sources/classification.h"
 #include "sources/folder_walk.h"
 #include "sources/source_checks.h"
 #include "wordlists/gather_lists.h"
@@ -30,7 +29,6 @@ namespace korv {
 namespace {
 
 constexpr const char* kName = "korv-count";
-constexpr const char* kSettingsExtension = "korv";
 
 class CountProgram {
  public:
@@ -53,7 +51,8 @@ class CountProgram {
 
  private:
   int Work() {
-    if (!LoadSettings()) return kExitRefused;
+    SettingsFiles files(options_, env_, messages_);
+    if (!files.Load(settings_)) return kExitRefused;
     ApplyOptions(options_, settings_);
     PlacePath();
     if (options_.ListFiles && settings_.SourceKind == TextSource::Clipboard) {
@@ -62,24 +61,11 @@ class CountProgram {
     }
     if (!AddWordsFile()) return kExitRefused;
     if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat();
-    if (!SaveSettings()) return kExitRefused;
+    if (!files.Save(settings_)) return kExitRefused;
     return options_.ListFiles ? ListTheFiles() : Count();
   }
 
   // ---- Settings
-
-  bool LoadSettings() {
-    if (options_.SettingsFile.empty()) return true;
-    AboutFile messages(messages_, options_.SettingsFile);
-    SavedState state(env_.Files, messages, {});
-    const RestoreOutcome outcome = state.RestoreSavedState(PathFromText(options_.SettingsFile), settings_);
-    if (outcome.Complete()) return true;
-    const std::string failure = outcome.EndedEarly
-                                    ? "Error when attempting to load settings: Input past end of file."
-                                    : LoadFailureText(outcome);
-    messages.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
-    return false;
-  }
 
   void PlacePath() {
     const std::string path = TrimmedPath(options_.Path);
@@ -125,61 +111,6 @@ class CountProgram {
       return;
     }
     messages_.Show(UnavailableFormatMessage(texts->Get(DisplayFormatTextNumber(format))));
-  }
-
-  bool SaveSettings() {
-    if (options_.SaveSettingsFile.empty()) return true;
-    for (const std::string* file :
-         {&settings_.InputFile, &options_.Output, &options_.IgnoreFile, &options_.CountOnlyFile}) {
-      if (file->empty() || !PathsMeetInOneFile(env_.Files, *file, options_.SaveSettingsFile)) continue;
-      messages_.Show({.text = "The settings file cannot be the same as " + *file + ".",
-                      .title = "Error",
-                      .icon = Icon::Exclamation});
-      return false;
-    }
-    const std::filesystem::path path = PathFromText(options_.SaveSettingsFile);
-    if (settings_.SourceKind == TextSource::Folder && env_.Files.FileExists(path) &&
-        FileExtension(options_.SaveSettingsFile, true) != kSettingsExtension &&
-        OutputIsInFolder(env_.Files, settings_.Folder, options_.SaveSettingsFile,
-                         settings_.IncludeSubfolders)) {
-      messages_.Show({.text = "The settings file cannot replace a file of the folder.",
-                      .title = "Error",
-                      .icon = Icon::Exclamation});
-      return false;
-    }
-    if (!options_.Force && env_.Files.FileExists(path) && !IsSettingsFile(env_.Files, path)) {
-      messages_.Show({.text = "The file " + options_.SaveSettingsFile +
-                              " exists and is no settings file.  --force replaces it.",
-                      .title = "The file exists.",
-                      .icon = Icon::Exclamation});
-      return false;
-    }
-    AboutFile messages(messages_, options_.SaveSettingsFile);
-    SavedState state(env_.Files, messages, {});
-    const std::string error = state.SaveState(path, SettingsToSave());
-    if (error.empty()) return true;
-    messages.Show({.text = error, .title = "Save settngs", .icon = Icon::Exclamation});
-    return false;
-  }
-
-  /// Settings may be loaded from another folder: the paths of the command line are saved in full.
-  Settings SettingsToSave() const {
-    Settings saved = settings_;
-    if (!options_.Path.empty() && !options_.FromStandardInput()) {
-      if (saved.SourceKind == TextSource::Folder)
-        saved.Folder = InFull(TrimmedFolderPath(saved.Folder));
-      else
-        saved.InputFile = InFull(TrimmedPath(saved.InputFile));
-    }
-    if (!options_.Output.empty()) saved.OutputFile = InFull(TrimmedPath(saved.OutputFile));
-    return saved;
-  }
-
-  std::string InFull(const std::string& path) const {
-    const std::filesystem::path full = env_.Files.AbsolutePath(PathFromText(path));
-    const std::string text = PathToText(full);
-    // A name that is no text is left as it is, for the saving to refuse.
-    return PathFromText(text) == full ? text : path;
   }
 
   // ---- Listing files

@@ -702,6 +702,8 @@ TEST_F(CountProgramTest, KeepsTheFileThatStandardInputReads) {
   input = kText;
   EXPECT_EQ(Count({"-", "-o", "/in.txt", "--force"}), 1);
   EXPECT_EQ(err.str(), "korv-count: The output file cannot be the same as the input file.\n");
+  EXPECT_EQ(Count({"-", "--save-settings", "/in.txt", "--force"}), 1);
+  EXPECT_EQ(err.str(), "korv-count: The settings file cannot be the same as the input file.\n");
   EXPECT_EQ(files.Content("/in.txt"), kText);
   EXPECT_EQ(Count({"-", "-o", "/r.txt"}), 0);
 }

@@ -44,6 +44,8 @@ grep -q 'cannot be the same as the input file' err || fault 'the file behind sta
 "$program" sample.txt >fromFile
 cmp -s fromInput fromFile || fault 'standard input and file differ'
 expect 0 '' sample.txt -o /dev/null
+timeout 60 "$program" sample.txt --quiet --save-settings /dev/stdout -o /dev/null 2>err | head -n 1 | grep -q '^""' ||
+  fault "settings did not come through a pipe: $(cat err)"
 if [ -e /dev/full ]; then
   expect 1 'error # ' sample.txt -o /dev/full --quiet
   "$program" sample.txt >/dev/full 2>err && fault 'a full device was no failure'
