@@ -10,8 +10,8 @@
 namespace korv {
 namespace {
 
-constexpr size_t kBlock = 256 * 1024;
-constexpr size_t kLeastBlock = 4 * 1024;
+constexpr size_t kBlock = size_t{256} * 1024;
+constexpr size_t kLeastBlock = size_t{4} * 1024;
 constexpr size_t kLongLine = size_t{1024} * 1024;
 constexpr std::string_view kSignature = "\xEF\xBB\xBF";
 
