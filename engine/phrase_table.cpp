@@ -67,6 +67,9 @@ std::string PhraseTable::Key(PhraseIndex i) const {
 uint32_t PhraseTable::Count(PhraseIndex i) const {
   return Entry(*data_, i).Count;
 }
+uint32_t PhraseTable::First(PhraseIndex i) const {
+  return Entry(*data_, i).First;
+}
 int PhraseTable::Words(PhraseIndex i) const {
   return Entry(*data_, i).Words;
 }

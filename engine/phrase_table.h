@@ -77,6 +77,8 @@ class PhraseTable {
   /// The folded, lower-cased form by which entries are ordered.
   std::string Key(PhraseIndex i) const;
   uint32_t Count(PhraseIndex i) const;
+  /// The place of its earliest occurrence in the Corpus().
+  uint32_t First(PhraseIndex i) const;
   int Words(PhraseIndex i) const;       ///< Number of words.
   int Characters(PhraseIndex i) const;  ///< Number of characters, blanks included.
   /// Cleared for phrases below the minimum frequency and for redundant ones.

@@ -18,7 +18,7 @@ WordStream::WordStream(const WordRules& rules, const RunOptions& options, const 
 
 void WordStream::BeginSource(const std::filesystem::path& path) {
   ResetPhrases();
-  corpus_.Sources.push_back({path, corpus_.Tokens.size()});
+  corpus_.Sources.push_back({path, corpus_.Tokens.size(), counts_.Taken});
 }
 
 void WordStream::TakeWord(std::string_view word) {

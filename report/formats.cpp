@@ -10,13 +10,13 @@ namespace korv {
 namespace {
 
 constexpr Format kFormats[] = {
-    {.Columns = {"rank", "frequency", "phrase"}, .TellsLongest = true},  // 0
-    {.Columns = {"phrase", "rank", "frequency"}},
-    {.Columns = {"rank", "frequency"}},
-    {.Columns = {"rank", "phrase"}, .TellsLongest = true},
-    {.Columns = {"frequency", "rank"}},
+    {.Columns = {"report_rank", "frequency", "phrase"}, .TellsLongest = true},  // 0
+    {.Columns = {"phrase", "report_rank", "frequency"}},
+    {.Columns = {"report_rank", "frequency"}},
+    {.Columns = {"report_rank", "phrase"}, .TellsLongest = true},
+    {.Columns = {"frequency", "report_rank"}},
     {.Columns = {"frequency", "phrase"}, .TellsLongest = true},  // 5
-    {.Columns = {"phrase", "rank"}},
+    {.Columns = {"phrase", "report_rank"}},
     {.Columns = {"phrase", "frequency"}},
     {.Columns = {"phrase"}, .TellsLongest = true, .FlushLeft = true},
     {.Columns = {"phrase"}, .TellsLongest = true, .OneLine = true},

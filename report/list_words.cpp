@@ -1,12 +1,11 @@
 #include "report/list_words.h"
 
-#include <algorithm>
 #include <optional>
 #include <vector>
 
 #include "report/filter.h"
-#include "report/folder_paths.h"
 #include "report/formats.h"
+#include "report/list_source.h"
 #include "report/look_ahead.h"
 #include "report/row_builder.h"
 #include "report/writers/report_opening.h"
@@ -85,12 +84,9 @@ std::string_view NameOfListing(const ReportOptions& options) {
 
 ListResult WriteList(const Report& report, std::span<const Column* const> columns, const ListExtent& extent,
                      ListWriter& writer, Yielder& yielder) {
-  std::vector<std::string> paths;
-  if (std::ranges::any_of(columns, [](const Column* column) { return column->ValueInFile != nullptr; }))
-    paths = AbbreviatePaths(report.Table.FilePaths(), ShownPath(report.Facts.InputPath));
-  const ColumnSource source{report.Table, report.Facts, extent, paths};
-  RowBuilder rows(columns, source);
-  writer.Begin(columns, source);
+  const ListSource source(report, columns, extent);
+  RowBuilder rows(columns, source.View());
+  writer.Begin(columns, source.View());
   Listing listing(report, rows, writer, yielder);
   if (report.Options.WordOrder == kAlphabetical)
     ListWordsAlphabetically(report.Table, listing);

@@ -1,6 +1,9 @@
 #include "report/row_builder.h"
 
+#include <algorithm>
 #include <new>
+
+#include "engine/corpus/corpus.h"
 
 namespace korv {
 
@@ -8,6 +11,7 @@ RowBuilder::RowBuilder(std::span<const Column* const> columns, const ColumnSourc
   for (const Column* column : columns) {
     (column->Value ? ofPhrase_ : inFile_).push_back(column);
     needsFiles_ = needsFiles_ || column->NeedsFiles;
+    needsFileCount_ = needsFileCount_ || column->NeedsFileCount;
   }
   phraseCells_.resize(ofPhrase_.size());
   cells_.OfPhrase = phraseCells_;
@@ -15,7 +19,7 @@ RowBuilder::RowBuilder(std::span<const Column* const> columns, const ColumnSourc
 
 const RowCells& RowBuilder::Cells(PhraseIndex entry, std::string_view text) {
   if (needsFiles_) files_ = source_.Table.Files(entry);
-  const ListedPhrase phrase(entry, text, files_.Tallies());
+  const ListedPhrase phrase(entry, text, files_.Tallies(), needsFileCount_ ? FileCount(entry) : 0);
   // Built where they stand: a cell that is copied right after it was made costs more than making it.
   for (size_t k = 0; k < ofPhrase_.size(); ++k)
     new (&phraseCells_[k]) Cell(ofPhrase_[k]->Value(source_, phrase));
@@ -26,6 +30,17 @@ const RowCells& RowBuilder::Cells(PhraseIndex entry, std::string_view text) {
     cells_.OfFiles = fileCells_;
   }
   return cells_;
+}
+
+uint32_t RowBuilder::FileCount(PhraseIndex entry) {
+  const PhraseTable& table = source_.Table;
+  if (source_.Facts.Options.SourceKind != TextSource::Folder) return 1;
+  const std::span<const uint32_t> places = table.Places(entry);
+  if (places.empty()) return table.FileCount(entry);
+  sources_.clear();
+  for (const uint32_t place : places) sources_.push_back(table.Corpus().SourceAt(place));
+  std::sort(sources_.begin(), sources_.end());
+  return static_cast<uint32_t>(std::unique(sources_.begin(), sources_.end()) - sources_.begin());
 }
 
 }  // namespace korv

@@ -20,11 +20,15 @@ class RowBuilder {
   const RowCells& Cells(PhraseIndex entry, std::string_view text);
 
  private:
+  uint32_t FileCount(PhraseIndex entry);
+
   const ColumnSource& source_;
   std::vector<const Column*> ofPhrase_;
   std::vector<const Column*> inFile_;
   bool needsFiles_ = false;
+  bool needsFileCount_ = false;
   FileTallies files_;
+  std::vector<size_t> sources_;
   std::vector<Cell> phraseCells_;
   std::vector<Cell> fileCells_;
   RowCells cells_;

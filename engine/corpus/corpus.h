@@ -15,7 +15,8 @@ namespace korv {
 /// A text of the run: a file, or the clipboard, whose path is empty.
 struct CorpusSource {
   std::filesystem::path Path;
-  size_t Begin;  ///< Index of its first token.
+  size_t Begin;          ///< Index of its first token.
+  uint64_t WordsBefore;  ///< Words taken before its first one, those that excluded phrases included.
 };
 
 /// What a run knows of its text: its words as numbers, where its texts begin, under which rules it was cut,

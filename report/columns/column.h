@@ -21,15 +21,23 @@ struct ColumnSource {
   /// The table's FilePaths() as the report shows them; number 1 is the first. Needed by columns that have a
   /// value per file.
   std::span<const std::string> FilePaths = {};
+  /// The paths of the corpus' sources as they were given. Needed by columns with NeedsSourcePaths.
+  std::span<const std::string> SourcePaths = {};
+  /// Files with at least one word taken; a single file and the clipboard are one.
+  uint64_t FilesWithWords = 0;
+  /// By entry: its place when ordered by frequency. Empty where the frequency chain has that order. Needed by
+  /// columns with NeedsFrequencyRanks.
+  std::span<const uint32_t> FrequencyRanks = {};
 };
 
 /// The phrase at hand.
 class ListedPhrase {
  public:
-  /// `text` is that of the entry; `files` are needed where a column of the list has NeedsFiles. Both outlive
-  /// this.
-  ListedPhrase(PhraseIndex entry, std::string_view text, std::span<const FileTallies::Tally> files = {})
-      : text_(text.data()), Entry(entry), size_(text.size()), Files(files) {}
+  /// `text` is that of the entry; `files` and `fileCount` are needed where a column of the list has
+  /// NeedsFiles and NeedsFileCount. Texts and files outlive this.
+  ListedPhrase(PhraseIndex entry, std::string_view text, std::span<const FileTallies::Tally> files = {},
+               uint32_t fileCount = 0)
+      : text_(text.data()), Entry(entry), size_(text.size()), Files(files), FileCount(fileCount) {}
 
   /// Words joined by single blanks.
   std::string_view Text() const { return {text_, size_}; }
@@ -48,6 +56,7 @@ class ListedPhrase {
 
  public:
   std::span<const FileTallies::Tally> Files;
+  uint32_t FileCount;  ///< All of them, without the limit of the tallies.
 };
 
 enum class ColumnType { Text, Integer, Real };
@@ -74,8 +83,12 @@ struct Column {
   /// Numbers: the greatest value of the list, whose text is the widest. Null where it is not known.
   Cell (*Greatest)(const ColumnSource& source) = nullptr;
 
-  /// Reads ListedPhrase::Files, which cost a look at every occurrence.
+  // What the column reads of what has a price: Files and FileCount of a ListedPhrase cost a look at every
+  // occurrence, SourcePaths a text per file of the run, FrequencyRanks may cost an order of the table.
   bool NeedsFiles = false;
+  bool NeedsFileCount = false;
+  bool NeedsSourcePaths = false;
+  bool NeedsFrequencyRanks = false;
 
   // Where people read it, as padded text.
   int Decimals = 0;         ///< Real: digits after the point.

@@ -1,11 +1,41 @@
+#include "engine/corpus/corpus.h"
 #include "report/columns/registry.h"
 
-// In how many of the files a phrase occurs, and where.
+// In how many of the files a phrase occurs, and where. A single file and the clipboard are one file.
 
 namespace korv {
 
+namespace {
+
+constexpr Column kFileColumns[] = {
+    {.Id = "files",
+     .Heading = "Files",
+     .Type = ColumnType::Integer,
+     .Unit = "files",
+     .Definition = "The number of files in which the phrase occurs at least once.",
+     .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell {
+       return int64_t{phrase.FileCount};
+     },
+     .NeedsFileCount = true},
+    {.Id = "first_file",
+     .Heading = "First file",
+     .Type = ColumnType::Text,
+     .Align = Alignment::Left,
+     .Definition = "The path of the file with the earliest occurrence, files in the order in which they were "
+                   "read; \"-\" for a text that came from no file.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       if (source.SourcePaths.empty()) return {};
+       const std::string& path =
+           source.SourcePaths[source.Table.Corpus().SourceAt(source.Table.First(phrase.Entry))];
+       return path.empty() ? std::string_view("-") : std::string_view(path);
+     },
+     .NeedsSourcePaths = true},
+};
+
+}  // namespace
+
 std::span<const Column> FileColumns() {
-  return {};
+  return kFileColumns;
 }
 
 }  // namespace korv

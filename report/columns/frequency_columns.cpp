@@ -6,6 +6,13 @@ namespace korv {
 
 namespace {
 
+/// parts * f / N; not defined for a run without words.
+Cell PartsOfWords(double parts, const ColumnSource& source, const ListedPhrase& phrase) {
+  const uint64_t words = source.Facts.Words.Read();
+  if (words == 0) return {};
+  return parts * source.Table.Count(phrase.Entry) / static_cast<double>(words);
+}
+
 constexpr Column kFrequencyColumns[] = {
     {.Id = "frequency",
      .Heading = "Freq",
@@ -16,6 +23,27 @@ constexpr Column kFrequencyColumns[] = {
        return int64_t{source.Table.Count(phrase.Entry)};
      },
      .Greatest = [](const ColumnSource& source) -> Cell { return int64_t{source.Extent.HighestCount}; }},
+    {.Id = "per_million",
+     .Heading = "Per million",
+     .Type = ColumnType::Real,
+     .Unit = "occurrences per million words",
+     .Definition =
+         "1,000,000 * f / N, where N is the number of running words: all words of the text, dropped "
+         "by a rule or not.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       return PartsOfWords(1e6, source, phrase);
+     },
+     .Decimals = 2},
+    {.Id = "percent",
+     .Heading = "Percent",
+     .Type = ColumnType::Real,
+     .Unit = kPercentUnit,
+     .Definition = "100 * f / N, where N is the number of running words: all words of the text, dropped by a "
+                   "rule or not.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       return PartsOfWords(100, source, phrase);
+     },
+     .Decimals = 4},
 };
 
 }  // namespace

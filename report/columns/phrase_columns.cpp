@@ -10,12 +10,14 @@ constexpr Column kPhraseColumns[] = {
     {.Id = "rank",
      .Heading = "Rank",
      .Type = ColumnType::Integer,
-     .Definition = "The place of the phrase in the order of the list, counted before any filter: 1 for the "
-                   "most frequent one; phrases of the same frequency stand in alphabetical order.",
+     .Definition = "The place of the phrase when all listed phrases are ordered by frequency, whatever the "
+                   "order of the list and its filter: 1 for the most frequent one; phrases of the same "
+                   "frequency stand in alphabetical order.",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
-       return int64_t{source.Table.ChainPosition(phrase.Entry)};
+       return int64_t{source.FrequencyRanks.empty() ? source.Table.ChainPosition(phrase.Entry)
+                                                    : source.FrequencyRanks[phrase.Entry]};
      },
-     .Greatest = [](const ColumnSource& source) -> Cell { return int64_t{source.Extent.Phrases}; }},
+     .NeedsFrequencyRanks = true},
     {.Id = "phrase",
      .Heading = "Phrase",
      .Type = ColumnType::Text,

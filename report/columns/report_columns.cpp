@@ -13,6 +13,16 @@ double Percentage(uint64_t count, uint64_t whole) {
 }
 
 constexpr Column kReportColumns[] = {
+    {.Id = "report_rank",
+     .Heading = "Rank",
+     .Type = ColumnType::Integer,
+     .Definition =
+         "The place of the phrase in the order that the ranks of the report go by: by frequency, or "
+         "by number of files where the report is sorted so.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       return int64_t{source.Table.ChainPosition(phrase.Entry)};
+     },
+     .Greatest = [](const ColumnSource& source) -> Cell { return int64_t{source.Extent.Phrases}; }},
     {.Id = "relative_frequency",
      .Heading = "Rel freq",
      .Type = ColumnType::Real,

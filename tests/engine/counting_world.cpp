@@ -191,11 +191,30 @@ CountingWorld DrawWorld(const WorldKind& kind) {
   return world;
 }
 
-CountingOutcome ModelOutcome(const CountingWorld& world) {
+naive::CountingRun ModelRun(const CountingWorld& world) {
   naive::CountingRun run(world.Rules, world.Options, world.Entries);
   Feed(world, run);
   run.Finish(world.Order == ChainOrder::ByFiles ? naive::ChainBy::Files : naive::ChainBy::Count);
+  return run;
+}
 
+EngineRun CountedByEngine(const CountingWorld& world) {
+  EngineRun run{std::make_unique<RunLists>(world.Entries), {}, {}};
+  WordStream stream(world.Rules, world.Options, *run.Lists);
+  Feed(world, stream);
+  run.Words = stream.Counts();
+  TakeText(std::move(stream), run.Table);
+  NoYielder yielder;
+  CountPhrases(run.Table, yielder);
+  SortPhrases(run.Table, yielder);
+  ListByFrequency(run.Table, world.Options.MinFrequency);
+  ExcludeRedundantSubphrases(run.Table, yielder);
+  SetUpFrequencyChain(run.Table, world.Order, yielder);
+  return run;
+}
+
+CountingOutcome ModelOutcome(const CountingWorld& world) {
+  const naive::CountingRun run = ModelRun(world);
   const naive::Table& table = run.Phrases();
   const bool folder = IsFolder(world);
   auto textOf = [&](int32_t i) { return i == 0 ? std::string() : table[i].Text; };

@@ -3,14 +3,17 @@
 #include <cstdint>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "engine/count_phrases.h"
+#include "engine/phrase_table.h"
 #include "engine/run_lists.h"
 #include "engine/run_options.h"
 #include "engine/word_rules.h"
 #include "platform/yielder.h"
+#include "tests/reference/naive_run.h"
 
 namespace korv {
 
@@ -62,6 +65,17 @@ CountingOutcome ModelOutcome(const CountingWorld& world);
 /// What the engine makes of it. Every stage is taken up again, with the stop request cleared, until it is
 /// finished; what a stopped stage must leave behind is checked on the way.
 CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder);
+
+/// The model's finished run.
+naive::CountingRun ModelRun(const CountingWorld& world);
+
+/// The engine's, never stopped.
+struct EngineRun {
+  std::unique_ptr<RunLists> Lists;  ///< Those of the table.
+  WordCounts Words;
+  PhraseTable Table;
+};
+EngineRun CountedByEngine(const CountingWorld& world);
 
 /// What to vary; the rest keeps its defaults.
 struct WorldKind {

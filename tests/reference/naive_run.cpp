@@ -47,6 +47,7 @@ CountingRun::CountingRun(const WordRules& rules, const RunOptions& options, List
 
 void CountingRun::BeginSource(std::string_view path) {
   table_.SetPath(path);
+  wordsOfSources_.push_back(0);
   ResetPhrases();
 }
 
@@ -69,6 +70,7 @@ void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
     ++dropped_["not 7-bit"];
   } else {
     ++taken_;
+    if (!wordsOfSources_.empty()) ++wordsOfSources_.back();
     for (int k = options_.MinWords; k <= options_.MaxWords; ++k) {
       std::string& buffer = buffers_[static_cast<size_t>(k)];
       if (buffer.empty()) {

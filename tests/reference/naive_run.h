@@ -41,6 +41,8 @@ class CountingRun {
 
   const Table& Phrases() const { return table_; }
   int64_t WordsTaken() const { return taken_; }
+  /// Of each source, in reading order.
+  const std::vector<int64_t>& WordsOfSources() const { return wordsOfSources_; }
   const DropCounts& WordsDropped() const { return dropped_; }
 
  private:
@@ -53,6 +55,7 @@ class CountingRun {
   Table table_;
   std::vector<std::string> buffers_;  ///< Buffer k holds the last k words, joined by "+".
   int64_t taken_ = 0;
+  std::vector<int64_t> wordsOfSources_;
   DropCounts dropped_;  ///< Reasons for which no word was dropped are not in it.
 };
 

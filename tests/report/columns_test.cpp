@@ -4,7 +4,11 @@
 #include <set>
 #include <string>
 
+#include "engine/run_lists.h"
+#include "engine/word_stream.h"
 #include "report/columns/registry.h"
+#include "report/list_source.h"
+#include "report/row_builder.h"
 #include "tests/report/report_world.h"
 
 namespace korv {
@@ -48,12 +52,16 @@ struct ValueCase {
 TEST(Columns, ValuesOfAPhrase) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}, {"côté à d'or", 3}});
   world.facts.FilesScanned = 8;
+  world.facts.Words.Taken = 60;
+  world.facts.Words.DroppedBy[0] = 40;
   const ColumnSource source{world.table, world.facts};
   const FileTallies::Tally files[] = {{1, 2}, {4, 1}};
   const std::string text = world.table.Text(1);
-  const ListedPhrase phrase(1, text, files);
+  const ListedPhrase phrase(1, text, files, 7);
   const ValueCase cases[] = {
       {"rank", "2"},         {"phrase", "côté à d'or"},
+      {"report_rank", "2"},  {"per_million", "30000.000000"},
+      {"files", "7"},        {"percent", "3.000000"},
       {"words", "3"},        {"characters", "11"},
       {"frequency", "3"},    {"relative_frequency", "37.500000"},
       {"report_files", "2"}, {"file_frequency", "0.250000"},
@@ -62,6 +70,72 @@ TEST(Columns, ValuesOfAPhrase) {
     const Column* column = FindColumn(c.column);
     ASSERT_NE(column, nullptr) << c.column;
     EXPECT_EQ(Said(column->Value(source, phrase)), c.value) << c.column;
+  }
+}
+
+TEST(Columns, NothingIsDividedByZero) {
+  ReportWorld world = ReportWorld::Of({{"the cat", 5}});
+  const ColumnSource source{world.table, world.facts};
+  const ListedPhrase phrase(1, "the cat");
+  for (const char* id : {"per_million", "percent", "first_file"})
+    EXPECT_EQ(Said(FindColumn(id)->Value(source, phrase)), "undefined") << id;
+  EXPECT_EQ(Said(FindColumn("file_frequency")->Value(source, phrase)), "0.000000");
+}
+
+TEST(Columns, RankIsByFrequencyWhateverTheChainGoesBy) {
+  ReportWorld world = ReportWorld::Of({{"the cat", 5}});
+  const uint32_t ranks[] = {0, 42};
+  ColumnSource source{world.table, world.facts};
+  source.FrequencyRanks = ranks;
+  const ListedPhrase phrase(1, "the cat");
+  EXPECT_EQ(Said(FindColumn("rank")->Value(source, phrase)), "42");
+  EXPECT_EQ(Said(FindColumn("report_rank")->Value(source, phrase)), "1");
+}
+
+TEST(Columns, FirstFileOfATextWithoutPathIsADash) {
+  const RunLists lists(ListEntries{});
+  WordStream stream({}, {.MinWords = 2, .MaxWords = 2, .MinFrequency = 1}, lists);
+  stream.BeginSource("");
+  for (const char* word : {"one", "two"}) stream.TakeWord(word);
+  PhraseTable table;
+  TakeText(std::move(stream), table);
+  NoYielder yielder;
+  CountPhrases(table, yielder);
+  const RunFacts facts;
+  ColumnSource source{table, facts};
+  const std::string noPath[] = {""}, path[] = {"a.txt"};
+  const Column& firstFile = *FindColumn("first_file");
+  const ListedPhrase phrase(1, "one two");
+  source.SourcePaths = noPath;
+  EXPECT_EQ(Said(firstFile.Value(source, phrase)), "-");
+  source.SourcePaths = path;
+  EXPECT_EQ(Said(firstFile.Value(source, phrase)), "a.txt");
+}
+
+/// A folder with a phrase in more files than the tallies take note of, and files without words.
+TEST(Columns, FilesHaveNoLimit) {
+  constexpr uint32_t kFiles = FileTallies::kMostFiles + 5;
+  const RunOptions options{.MinWords = 2, .MaxWords = 2, .MinFrequency = 1, .SourceKind = TextSource::Folder};
+  const RunLists lists(ListEntries{});
+  WordStream stream({}, options, lists);
+  for (uint32_t file = 0; file < kFiles; ++file) {
+    stream.BeginSource(std::to_string(file));
+    for (const char* word : {"one", "two"}) stream.TakeWord(word);
+  }
+  ReportWorld world;
+  world.facts.Options = options;
+  world.facts.Words = stream.Counts();
+  TakeText(std::move(stream), world.table);
+  NoYielder yielder;
+  CountPhrases(world.table, yielder);
+  world.Finish();
+  for (const char* id : {"files", "report_files"}) {
+    const Column* columns[] = {FindColumn(id)};
+    const ListSource source(world.View(), columns, {});
+    RowBuilder rows(columns, source.View());
+    const bool limited = columns[0]->Id == "report_files";
+    EXPECT_EQ(Said(rows.Cells(1, "one two").OfPhrase[0]),
+              std::to_string(limited ? FileTallies::kMostFiles : kFiles));
   }
 }
 
