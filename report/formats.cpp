@@ -29,6 +29,9 @@ constexpr Format kFormats[] = {
 };
 static_assert(std::size(kFormats) == kDisplayFormats);
 
+constexpr std::string_view kTableColumns[] = {"rank",  "phrase",     "frequency", "per_million",
+                                              "words", "characters", "files",     "first_file"};
+
 /// What takes the place of a column where relative frequencies are asked for.
 constexpr struct {
   std::string_view Absolute, Relative;
@@ -55,6 +58,12 @@ std::vector<const Column*> ColumnsOfFormat(const Format& format, const ReportOpt
     if (id.empty() || (id == kWhenSortedByFiles && !options.SortByNumberOfFiles)) continue;
     columns.push_back(FindColumn(options.RelativeFrequency ? RelativeOf(id) : id));
   }
+  return columns;
+}
+
+std::vector<const Column*> ColumnsOfTables() {
+  std::vector<const Column*> columns;
+  for (const std::string_view id : kTableColumns) columns.push_back(FindColumn(id));
   return columns;
 }
 

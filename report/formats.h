@@ -27,6 +27,9 @@ const Format& FormatOf(int displayFormat);
 /// frequency only where the list is sorted by number of files.
 std::vector<const Column*> ColumnsOfFormat(const Format& format, const ReportOptions& options);
 
+/// The columns of tables for other programs.
+std::vector<const Column*> ColumnsOfTables();
+
 /// Whether relative frequencies would change what the format shows.
 bool ShowsFrequencies(const Format& format);
 /// Whether it shows paths of files, which are abbreviated then.

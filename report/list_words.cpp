@@ -9,6 +9,7 @@
 #include "report/look_ahead.h"
 #include "report/row_builder.h"
 #include "report/writers/report_opening.h"
+#include "report/writers/table_forms.h"
 #include "report/writers/text_writer.h"
 
 namespace korv {
@@ -96,6 +97,7 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
 }
 
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder) {
+  if (form.Table) return WriteList(report, ColumnsOfTables(), {}, *form.Table->Make(sink), yielder);
   if (!AnythingListed(report.Table))
     return {.Outcome =
                 sink.Write(EmptyReportText(report, form)) ? ListOutcome::Listed : ListOutcome::SinkFull};

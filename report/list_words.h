@@ -26,7 +26,8 @@ struct ListResult {
   uint64_t Occurrences = 0;  ///< Sum of their counts.
 };
 
-/// Lists the phrases of a report in its order: opening, heading, a line per phrase that passes the filter.
+/// Lists the phrases of a report in its order: opening, heading, a line per phrase that passes the filter; or
+/// the table that the form asks for.
 /// Calls Yield() once per phrase and ends soon after a stop. Cost: linear in the text listed.
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder);
 

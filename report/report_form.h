@@ -4,6 +4,8 @@
 
 namespace korv {
 
+struct TableForm;
+
 /// How the columns of a line stand beside each other.
 enum class Layout {
   Columns,  ///< A blank, then padded columns with two blanks between them: for reading.
@@ -18,6 +20,8 @@ struct ReportForm {
   /// The files and folders that could not be counted are named behind the files-scanned text.
   bool SkippedFiles = false;
   std::string LineEnd = "\r\n";
+  /// A table for other programs instead, without all of the above. Null for the report as text.
+  const TableForm* Table = nullptr;
 };
 
 }  // namespace korv

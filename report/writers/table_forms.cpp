@@ -1,0 +1,35 @@
+#include "report/writers/table_forms.h"
+
+#include <algorithm>
+#include <array>
+
+#include "engine/unicode.h"
+#include "platform/files.h"
+
+namespace korv {
+
+namespace {
+
+constexpr std::array<TableForm, 0> kTableForms = {};
+
+const TableForm* Find(std::string_view text, std::string_view TableForm::*field) {
+  const auto found = std::ranges::find(kTableForms, text, field);
+  return found == std::end(kTableForms) ? nullptr : found;
+}
+
+}  // namespace
+
+std::span<const TableForm> TableForms() {
+  return kTableForms;
+}
+
+const TableForm* FindTableForm(std::string_view name) {
+  return Find(name, &TableForm::Name);
+}
+
+const TableForm* TableFormOfFile(const std::filesystem::path& path) {
+  const std::string extension = PathToText(path.extension());
+  return extension.empty() ? nullptr : Find(LowerText(extension.substr(1)), &TableForm::Extension);
+}
+
+}  // namespace korv
