@@ -1,16 +1,23 @@
 #include "report/writers/table_forms.h"
 
 #include <algorithm>
-#include <array>
 
 #include "engine/unicode.h"
 #include "platform/files.h"
+#include "report/writers/tsv_writer.h"
 
 namespace korv {
 
 namespace {
 
-constexpr std::array<TableForm, 0> kTableForms = {};
+template <typename Writer>
+std::unique_ptr<ListWriter> Make(ReportSink& sink) {
+  return std::make_unique<Writer>(sink);
+}
+
+constexpr TableForm kTableForms[] = {
+    {"tsv", "tsv", Make<TsvWriter>},
+};
 
 const TableForm* Find(std::string_view text, std::string_view TableForm::*field) {
   const auto found = std::ranges::find(kTableForms, text, field);
