@@ -17,6 +17,18 @@ constexpr Column kFileColumns[] = {
        return int64_t{phrase.FileCount};
      },
      .NeedsFileCount = true},
+    {.Id = "files_percent",
+     .Heading = "Files %",
+     .Type = ColumnType::Real,
+     .Unit = kPercentUnit,
+     .Definition = "100 * the number of files in which the phrase occurs / the number of files with at least "
+                   "one word that went into phrases.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       if (source.FilesWithWords == 0) return {};
+       return 100.0 * phrase.FileCount / static_cast<double>(source.FilesWithWords);
+     },
+     .NeedsFileCount = true,
+     .Decimals = 2},
     {.Id = "first_file",
      .Heading = "First file",
      .Type = ColumnType::Text,

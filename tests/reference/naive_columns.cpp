@@ -24,6 +24,10 @@ std::vector<ColumnValues> ValuesOfColumns(const CountingRun& run, bool folder) {
     if (table[i].Listed) listed.push_back(&table[i]);
 
   const int64_t words = RunningWords(run);
+  int64_t filesWithWords = 0;
+  for (const int64_t taken : run.WordsOfSources())
+    if (taken > 0) ++filesWithWords;
+  if (!folder) filesWithWords = 1;
   std::vector<ColumnValues> values;
   for (const Phrase* phrase : listed) {
     ColumnValues v;
@@ -40,6 +44,8 @@ std::vector<ColumnValues> ValuesOfColumns(const CountingRun& run, bool folder) {
     v.Words = std::count(phrase->Text.begin(), phrase->Text.end(), ' ') + 1;
     v.Characters = CharacterCount(phrase->Text);
     v.Files = folder ? static_cast<int64_t>(phrase->FileNumbers.size() / kDigitsOfFileNumber) : 1;
+    if (filesWithWords > 0)
+      v.FilesPercent = 100.0 * static_cast<double>(v.Files) / static_cast<double>(filesWithWords);
     if (folder) {
       const int first = std::stoi(phrase->FileNumbers.substr(0, kDigitsOfFileNumber));
       v.FirstFile = table.FilePaths[static_cast<size_t>(first)];

@@ -19,6 +19,7 @@ struct ColumnValues {
   int64_t Words = 0;
   int64_t Characters = 0;
   int64_t Files = 0;
+  std::optional<double> FilesPercent;
   std::string FirstFile;  ///< Folder only.
 };
 

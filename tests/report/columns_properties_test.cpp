@@ -16,8 +16,8 @@
 namespace korv {
 namespace {
 
-constexpr const char* kIds[] = {"rank",  "phrase",     "frequency", "per_million", "percent",
-                                "words", "characters", "files",     "first_file"};
+constexpr const char* kIds[] = {"rank",  "phrase",     "frequency", "per_million",   "percent",
+                                "words", "characters", "files",     "files_percent", "first_file"};
 
 /// Keeps the cells, texts too.
 class CellKeeper final : public ListWriter {
@@ -66,7 +66,7 @@ void CompareWithModel(const WorldKind& kind) {
   for (const naive::ColumnValues& v : naive::ValuesOfColumns(ModelRun(world), kind.Folder))
     expected.push_back({std::to_string(v.Rank), v.Phrase, std::to_string(v.Frequency), Real(v.PerMillion),
                         Real(v.Percent), std::to_string(v.Words), std::to_string(v.Characters),
-                        std::to_string(v.Files), kind.Folder ? v.FirstFile : "0"});
+                        std::to_string(v.Files), Real(v.FilesPercent), kind.Folder ? v.FirstFile : "0"});
   RC_ASSERT(cells.rows == expected);
 }
 

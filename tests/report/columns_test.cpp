@@ -54,17 +54,25 @@ TEST(Columns, ValuesOfAPhrase) {
   world.facts.FilesScanned = 8;
   world.facts.Words.Taken = 60;
   world.facts.Words.DroppedBy[0] = 40;
-  const ColumnSource source{world.table, world.facts};
+  ColumnSource source{world.table, world.facts};
+  source.FilesWithWords = 8;
   const FileTallies::Tally files[] = {{1, 2}, {4, 1}};
   const std::string text = world.table.Text(1);
   const ListedPhrase phrase(1, text, files, 7);
   const ValueCase cases[] = {
-      {"rank", "2"},         {"phrase", "côté à d'or"},
-      {"report_rank", "2"},  {"per_million", "30000.000000"},
-      {"files", "7"},        {"percent", "3.000000"},
-      {"words", "3"},        {"characters", "11"},
-      {"frequency", "3"},    {"relative_frequency", "37.500000"},
-      {"report_files", "2"}, {"file_frequency", "0.250000"},
+      {"rank", "2"},
+      {"phrase", "côté à d'or"},
+      {"report_rank", "2"},
+      {"per_million", "30000.000000"},
+      {"files", "7"},
+      {"files_percent", "87.500000"},
+      {"percent", "3.000000"},
+      {"words", "3"},
+      {"characters", "11"},
+      {"frequency", "3"},
+      {"relative_frequency", "37.500000"},
+      {"report_files", "2"},
+      {"file_frequency", "0.250000"},
   };
   for (const ValueCase& c : cases) {
     const Column* column = FindColumn(c.column);
@@ -77,7 +85,7 @@ TEST(Columns, NothingIsDividedByZero) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}});
   const ColumnSource source{world.table, world.facts};
   const ListedPhrase phrase(1, "the cat");
-  for (const char* id : {"per_million", "percent", "first_file"})
+  for (const char* id : {"per_million", "percent", "files_percent", "first_file"})
     EXPECT_EQ(Said(FindColumn(id)->Value(source, phrase)), "undefined") << id;
   EXPECT_EQ(Said(FindColumn("file_frequency")->Value(source, phrase)), "0.000000");
 }
