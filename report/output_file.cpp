@@ -53,9 +53,10 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
     ShowFileError(file.Error(), services);
     return result;
   }
-  FileReportSink sink(**file, services.Encoding);
+  FileReportSink sink(**file, services.Table ? nullptr : services.Encoding);
   try {
-    result.List = ListWords(report, {.LineLayout = Layout::Tabs, .File = true}, sink, yielder);
+    result.List =
+        ListWords(report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table}, sink, yielder);
   } catch (const std::exception&) {
     ShowListingError(report.Options, services.Dialogs, services.Texts);
     return result;

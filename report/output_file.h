@@ -39,6 +39,8 @@ struct FileListingServices {
   const ProgramText* Texts = nullptr;
   OutputBox* Box = nullptr;
   CodePage* Encoding = nullptr;
+  /// Null for the report as text. Tables are UTF-8 whatever `Encoding` is.
+  const TableForm* Table = nullptr;
 };
 
 struct FileListResult {

@@ -288,6 +288,13 @@ class CountProgram {
     return CanOpenOutputFile(path, env_.Files, messages);
   }
 
+  /// Null for the report as text, which the output file of settings always is.
+  const TableForm* Table() const {
+    if (options_.Output.empty() && !run_.OutputPath.empty()) return nullptr;
+    if (options_.OutputFormat) return *options_.OutputFormat;
+    return TableFormOfFile(PathFromText(run_.OutputPath));
+  }
+
   int WriteReport(const ReportOptions& options) {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
     const Report report{run_.Table, run_.Facts, options, options_.Numbers};
@@ -295,7 +302,8 @@ class CountProgram {
       AboutFile messages(messages_, run_.OutputPath);
       const FileListResult result = ListWordsToFile(
           report, PathFromText(run_.OutputPath),
-          {.Files = env_.Files, .Dialogs = messages, .Encoding = env_.Encoding}, env_.Yielder);
+          {.Files = env_.Files, .Dialogs = messages, .Encoding = env_.Encoding, .Table = Table()},
+          env_.Yielder);
       if (result.List.Outcome == ListOutcome::Stopped) {
         Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
         return kExitInterrupted;
@@ -305,7 +313,8 @@ class CountProgram {
     StreamReportSink sink(env_.Out);
     const bool tabs = options_.LineLayout == Layout::Tabs;
     const ListResult result = ListWords(
-        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n"}, sink, env_.Yielder);
+        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = Table()}, sink,
+        env_.Yielder);
     if (!sink.Finish()) return CannotWrite();
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;
     Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +

@@ -240,6 +240,11 @@ class Parser {
   void AddOutput() {
     const char* group = "Output";
     File("--output,-o", options_.Output, "Write the report to a file")->group(group);
+    std::vector<std::pair<std::string, std::optional<const TableForm*>>> forms = {{"text", nullptr}};
+    for (const TableForm& form : TableForms()) forms.emplace_back(form.Name, &form);
+    Choice<std::optional<const TableForm*>>(
+        "--output-format", options_.OutputFormat, forms,
+        "The report, or a table with a heading (by FILE's extension; text)", group);
     app_.add_flag("--force", options_.Force, "Replace an existing output file, or what is no settings file")
         ->group(group);
     Choice<Layout>("--layout", options_.LineLayout, {{"columns", Layout::Columns}, {"tabs", Layout::Tabs}},

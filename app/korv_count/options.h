@@ -9,6 +9,7 @@
 #include "app/settings.h"
 #include "platform/number_format.h"
 #include "report/report_form.h"
+#include "report/writers/table_forms.h"
 #include "sources/encoding_choice.h"
 #include "wordlists/common_words.h"
 
@@ -64,6 +65,7 @@ struct CountOptions {
 
   EncodingChoice Encoding = EncodingChoice::Auto;
   std::string Output;
+  std::optional<const TableForm*> OutputFormat;  ///< Null for the report as text.
   bool Force = false;
   Layout LineLayout = Layout::Columns;
   bool ListFiles = false;

@@ -99,6 +99,49 @@ TEST_F(CountProgramTest, WritesAReportFileInsteadOfStandardOutput) {
             "1\t2\tthe big cat\t\r\n");
 }
 
+constexpr const char* kTable =
+    "rank\tphrase\tfrequency\tper_million\twords\tcharacters\tfiles\tfirst_file\n"
+    "1\tthe big cat\t2\t285714.286\t3\t11\t1\t";
+
+TEST_F(CountProgramTest, WritesATableWhereTheFormatSaysSo) {
+  files.Add("/t.txt", "The big cat sat. The big cat.\n");
+  const std::vector<std::string> arguments = {"/t.txt", "--min-words", "2", "--output-format", "tsv"};
+  EXPECT_EQ(Count(arguments), 0);
+  EXPECT_EQ(out.str(), std::string(kTable) + "/t.txt\n");
+  std::vector<std::string> filtered = arguments;
+  for (const char* argument : {"--filter", "dog", "--format", "9", "--relative", "--layout", "tabs"})
+    filtered.emplace_back(argument);
+  EXPECT_EQ(Count(filtered), 0);
+  EXPECT_EQ(out.str(), std::string(kTable).substr(0, out.str().size()));
+  EXPECT_TRUE(out.str().ends_with("first_file\n"));
+  input = "The big cat sat. The big cat.\n";
+  EXPECT_EQ(Count({"-", "--min-words", "2", "--output-format", "tsv"}), 0);
+  EXPECT_EQ(out.str(), std::string(kTable) + "-\n");
+}
+
+TEST_F(CountProgramTest, TheExtensionOfTheReportFileSaysWhatItHolds) {
+  FakeCodePage page;
+  encoding = &page;
+  files.Add("/\u0395.txt", "The big cat sat. The big cat.\n");
+  EXPECT_EQ(Count({"/\u0395.txt", "--min-words", "2", "-o", "/r.TSV"}), 0);
+  EXPECT_THAT(out.str(), IsEmpty());
+  EXPECT_EQ(files.Content("/r.TSV"), std::string(kTable) + "/\u0395.txt\n");
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "-o", "/r.tsv", "--output-format", "text"}), 0);
+  EXPECT_THAT(files.Content("/r.tsv").value_or(""), StartsWith("File: /a.txt\r\n"));
+  EXPECT_EQ(Count({"/\u0395.txt", "--min-words", "2", "-o", "/r.txt", "--output-format", "tsv"}), 0);
+  EXPECT_THAT(files.Content("/r.txt").value_or(""), StartsWith("rank\tphrase\t"));
+}
+
+TEST_F(CountProgramTest, TheOutputFileOfSettingsIsAlwaysTheReport) {
+  Settings settings;
+  settings.SourceKind = TextSource::SingleFile;
+  settings.InputFile = "/a.txt";
+  settings.OutputFile = "/r.tsv";
+  files.Add("/s.korv", *StateBytes(settings));
+  EXPECT_EQ(Count({"--settings", "/s.korv", "--output-format", "tsv"}), 0);
+  EXPECT_THAT(files.Content("/r.tsv").value_or(""), StartsWith("File: /a.txt\r\n"));
+}
+
 TEST_F(CountProgramTest, OnlyTheReportFileIsInTheCodePageOfTheSystem) {
   FakeCodePage page;
   encoding = &page;
@@ -231,6 +274,8 @@ TEST_F(CountProgramTest, RefusesWrongUsageWithStatus2) {
                                              {"/a.txt", "--terminate", "semicolon"},
                                              {"/a.txt", "--filter-mode", "any"},
                                              {"/a.txt", "--layout", "html"},
+                                             {"/a.txt", "--output-format", "word"},
+                                             {"/a.txt", "--output-format", ""},
                                              {"/a.txt", "--encoding", "utf-16"},
                                              {"/a.txt", "--locale", "xx_YY"},
                                              {"/a.txt", "--common-words", "nl"},
@@ -272,43 +317,25 @@ TEST_F(CountProgramTest, NamesWhatIsWrongWithAnOption) {
 
 TEST_F(CountProgramTest, ExplainsItselfOnStandardOutput) {
   EXPECT_EQ(Count({"--help"}), 0);
-  for (const char* option : {"--settings",
-                             "--save-settings",
-                             "--min-words",
-                             "--max-words",
-                             "--min-frequency",
-                             "--ignore-mode",
-                             "--ignore-file",
-                             "--common-words",
-                             "--ignore-words",
-                             "--pattern-matching",
-                             "--count-only",
-                             "--count-only-file",
-                             "--locale",
-                             "--allow",
-                             "--terminate",
-                             "--case-significant",
-                             "--seven-bit",
-                             "--short-words",
-                             "--long-words",
-                             "--keep-repetitions",
-                             "--keep-letterless",
-                             "--patterns",
-                             "--exclude",
-                             "--subfolders",
-                             "--format",
-                             "--order",
-                             "--relative",
-                             "--sort-by-files",
-                             "--filter",
-                             "--filter-mode",
-                             "--encoding",
-                             "--output",
-                             "--layout",
-                             "--list-files",
-                             "--quiet",
-                             "--progress",
-                             "--force"})
+  for (const char* option : {"--settings",        "--save-settings",
+                             "--min-words",       "--max-words",
+                             "--min-frequency",   "--ignore-mode",
+                             "--ignore-file",     "--common-words",
+                             "--ignore-words",    "--pattern-matching",
+                             "--count-only",      "--count-only-file",
+                             "--locale",          "--allow",
+                             "--terminate",       "--case-significant",
+                             "--seven-bit",       "--short-words",
+                             "--long-words",      "--keep-repetitions",
+                             "--keep-letterless", "--patterns",
+                             "--exclude",         "--subfolders",
+                             "--format",          "--order",
+                             "--relative",        "--sort-by-files",
+                             "--filter",          "--filter-mode",
+                             "--encoding",        "--output",
+                             "--output-format",   "--layout",
+                             "--list-files",      "--quiet",
+                             "--progress",        "--force"})
     EXPECT_THAT(out.str(), HasSubstr(option));
   EXPECT_EQ(Count({"--version"}), 0);
   EXPECT_THAT(out.str(), StartsWith("korv-count "));
