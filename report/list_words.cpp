@@ -19,9 +19,16 @@ namespace {
 /// The state that both listing loops share: one call of List() per phrase.
 class Listing {
  public:
-  Listing(const Report& report, RowBuilder& rows, ListWriter& writer, Yielder& yielder)
+  Listing(const Report& report, const ListExtent& extent, RowBuilder& rows, ListWriter& writer,
+          Yielder& yielder)
       : table_(report.Table), rows_(rows), writer_(writer), yielder_(yielder) {
     if (Filters(report.Options)) filter_.emplace(report.Options.FilterText, report.Options.FilterModeOfWords);
+    result_.Unfiltered = extent.Phrases;
+    // Without a filter the whole list is known beforehand, wherever it ends.
+    if (!filter_) {
+      result_.Phrases = extent.Phrases;
+      result_.Occurrences = extent.Occurrences;
+    }
   }
 
   /// Lists one phrase; false when the listing is over.
@@ -34,10 +41,13 @@ class Listing {
     text_.clear();
     table_.AppendText(i, text_);
     if (filter_ && !filter_->Passes(text_)) return true;
-    ++result_.Phrases;
-    result_.Occurrences += table_.Count(i);
+    if (filter_) {
+      ++result_.Phrases;
+      result_.Occurrences += table_.Count(i);
+    }
     // A full sink still lets a filter find out how many phrases there are.
     if (result_.Outcome == ListOutcome::SinkFull) return true;
+    ++result_.Shown;
     if (writer_.Row(rows_.Cells(i, text_))) return true;
     result_.Outcome = ListOutcome::SinkFull;
     return filter_.has_value();
@@ -88,7 +98,7 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
   const ListSource source(report, columns, extent);
   RowBuilder rows(columns, source.View());
   writer.Begin(columns, source.View());
-  Listing listing(report, rows, writer, yielder);
+  Listing listing(report, extent, rows, writer, yielder);
   if (report.Options.WordOrder == kAlphabetical)
     ListWordsAlphabetically(report.Table, listing);
   else

@@ -22,8 +22,12 @@ enum class ListOutcome {
 
 struct ListResult {
   ListOutcome Outcome = ListOutcome::Listed;
-  uint32_t Phrases = 0;      ///< Phrases that were listed (passed the filter).
+  /// Phrases of the list (those that pass the filter), whether or not all found room. A filtered listing
+  /// that was stopped knows of those up to there.
+  uint32_t Phrases = 0;
   uint64_t Occurrences = 0;  ///< Sum of their counts.
+  uint32_t Shown = 0;        ///< Those of them whose text the sink has, wholly.
+  uint32_t Unfiltered = 0;   ///< Phrases that there are to list without a filter.
 };
 
 /// Lists the phrases of a report in its order: opening, heading, a line per phrase that passes the filter; or

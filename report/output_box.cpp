@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/unicode.h"
+
 namespace korv {
 
 namespace {
@@ -39,6 +41,7 @@ void OutputBox::MarkFull() {
   std::string notice = "\r\n\r\nTextbox is full.";
   if (const std::string soFar = hooks_.CountSoFar(); !soFar.empty())
     notice += "\r\n\r\nTo this point: " + soFar;
+  kept_ = box_.Length();
   box_.Append(notice);
   box_.ShowEnd();
   full_ = true;
@@ -51,7 +54,21 @@ TextBoxReportSink::TextBoxReportSink(OutputBox& box) : box_(box) {
 bool TextBoxReportSink::Write(std::string_view piece) {
   const bool taken = box_.OutputToTxb(piece);
   UpdatePieceSize();
+  if (taken) {
+    size_t from = 0;
+    for (const size_t end : endsInPiece_) {
+      taken_ += CharacterCount(piece.substr(from, end - from));
+      ends_.push_back(taken_);
+      from = end;
+    }
+    taken_ += CharacterCount(piece.substr(from));
+  }
+  endsInPiece_.clear();
   return taken;
+}
+
+uint32_t TextBoxReportSink::PhrasesWithin(size_t characters) const {
+  return static_cast<uint32_t>(std::ranges::upper_bound(ends_, characters) - ends_.begin());
 }
 
 void TextBoxReportSink::UpdatePieceSize() {
@@ -63,8 +80,10 @@ void TextBoxReportSink::UpdatePieceSize() {
 ListResult ListWordsToTextBox(const Report& report, OutputBox& box, Yielder& yielder) {
   box.Clear();
   TextBoxReportSink sink(box);
-  const ListResult result = ListWords(report, {.SkippedFiles = true}, sink, yielder);
+  ListResult result = ListWords(report, {.SkippedFiles = true}, sink, yielder);
   if (result.Outcome == ListOutcome::Stopped) box.OutputToTxb("\r\nListing stopped.\r\n");
+  // The notice that the box is full takes the place of the last lines.
+  if (box.Full()) result.Shown = sink.PhrasesWithin(box.Kept());
   return result;
 }
 

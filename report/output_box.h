@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "report/list_words.h"
 
@@ -45,6 +46,8 @@ class OutputBox {
   /// Empties the box; it takes text again.
   void Clear();
   bool Full() const { return full_; }
+  /// Characters of what was appended that a full box still shows, above the notice that it is full.
+  size_t Kept() const { return kept_; }
   /// Characters that the box takes before it is full.
   size_t Room() const;
 
@@ -54,6 +57,7 @@ class OutputBox {
   TextBox& box_;
   OutputBoxHooks hooks_;
   bool full_ = false;
+  size_t kept_ = 0;
 };
 
 /// Hands a listing to the box in pieces of a couple of thousand characters, so that the user sees it grow.
@@ -63,6 +67,11 @@ class TextBoxReportSink final : public ReportSink {
   explicit TextBoxReportSink(OutputBox& box);
   bool Write(std::string_view piece) override;
   size_t PieceSize() const override { return pieceSize_; }
+  void PhraseEnds(size_t bytes) override { endsInPiece_.push_back(bytes); }
+
+  /// How many phrases end within the first `characters` characters of what the box took. The listing has to
+  /// be the first thing in the box.
+  uint32_t PhrasesWithin(size_t characters) const;
 
  private:
   // Asked for once per line of the report, whereas a window's text box may have to count its characters.
@@ -70,6 +79,9 @@ class TextBoxReportSink final : public ReportSink {
 
   OutputBox& box_;
   size_t pieceSize_ = 0;
+  std::vector<size_t> endsInPiece_;  ///< In bytes.
+  std::vector<size_t> ends_;         ///< In characters; ascending, and as few as the box has room for.
+  size_t taken_ = 0;                 ///< Characters.
 };
 
 /// Lists into the box, in place of what it holds, with the notice of a stop.

@@ -33,6 +33,12 @@ void ShowFileError(const FileError& error, const FileListingServices& services) 
 
 }  // namespace
 
+std::string WrittenText(uint32_t phrases, const std::string& path, const NumberFormat& numbers) {
+  if (phrases == 0) return "A report without a phrase was written to " + path + ".";
+  return numbers.Grouped(phrases) + (phrases == 1 ? " phrase was" : " phrases were") + " written to " + path +
+         ".";
+}
+
 bool FileReportSink::Write(std::string_view piece) {
   if (error_) return false;
   if (encoding_) {
@@ -41,7 +47,10 @@ bool FileReportSink::Write(std::string_view piece) {
     piece = encoded_;
   }
   error_ = file_.Write(piece);
-  return !error_;
+  if (error_) return false;
+  bytes_ += piece.size();
+  if (progress_) progress_(phrases_);
+  return true;
 }
 
 FileListResult ListWordsToFile(const Report& report, const std::filesystem::path& path,
@@ -53,7 +62,7 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
     ShowFileError(file.Error(), services);
     return result;
   }
-  FileReportSink sink(**file, services.Table ? nullptr : services.Encoding);
+  FileReportSink sink(**file, services.Table ? nullptr : services.Encoding, services.Progress);
   try {
     result.List =
         ListWords(report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table}, sink, yielder);
@@ -64,11 +73,14 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   std::optional<FileError> error = sink.Error();
   const bool stopped = result.List.Outcome == ListOutcome::Stopped;
   // Part of a report is worth less than the whole one that was there, but more than nothing.
-  const bool keep = !error && !(stopped && ((*file)->Replaces() || result.List.Phrases == 0));
+  const bool keep = !error && !(stopped && ((*file)->Replaces() || result.List.Shown == 0));
   if (keep) error = (*file)->Commit();
   result.Written = keep && !error;
+  result.Bytes = sink.Bytes();
   if (error) ShowFileError(*error, services);
   if (services.Box) {
+    if (result.Written && !stopped)
+      services.Box->OutputToTxb(WrittenText(result.List.Phrases, PathToText(path), report.Numbers) + "\r\n");
     // The file has no room for what was not counted; the box has.
     services.Box->OutputToTxb(SkippedFilesText(report.Facts) + NoticesText(report.Facts));
     if (stopped)

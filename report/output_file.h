@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,15 +19,21 @@ namespace korv {
 /// error. `encoding` may be null: UTF-8.
 class FileReportSink final : public ReportSink {
  public:
-  explicit FileReportSink(OutputFile& file, CodePage* encoding = nullptr)
-      : file_(file), encoding_(encoding) {}
+  explicit FileReportSink(OutputFile& file, CodePage* encoding = nullptr,
+                          std::function<void(uint32_t)> progress = {})
+      : file_(file), encoding_(encoding), progress_(std::move(progress)) {}
   bool Write(std::string_view piece) override;
   size_t PieceSize() const override { return size_t{1} << 19; }
+  void PhraseEnds(size_t) override { ++phrases_; }
+  uint64_t Bytes() const { return bytes_; }
   const std::optional<FileError>& Error() const { return error_; }
 
  private:
   OutputFile& file_;
   CodePage* encoding_;
+  std::function<void(uint32_t)> progress_;
+  uint32_t phrases_ = 0;
+  uint64_t bytes_ = 0;
   std::string encoded_;
   std::optional<FileError> error_;
 };
@@ -41,12 +48,18 @@ struct FileListingServices {
   CodePage* Encoding = nullptr;
   /// Null for the report as text. Tables are UTF-8 whatever `Encoding` is.
   const TableForm* Table = nullptr;
+  /// Told now and then how many phrases have been written so far; may be empty.
+  std::function<void(uint32_t)> Progress = {};
 };
 
 struct FileListResult {
   ListResult List;
   bool Written = false;  ///< The file holds the report; after a stop, its lines up to there.
+  uint64_t Bytes = 0;    ///< What was written; the length of the file where Written.
 };
+
+/// "3,999 phrases were written to out.txt."
+std::string WrittenText(uint32_t phrases, const std::string& path, const NumberFormat& numbers);
 
 /// Lists into the file `path`, in place of what it holds. Every failure is shown here and leaves the file
 /// as it was. So does a stop, which keeps the lines written so far only where there was no file before.

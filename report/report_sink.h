@@ -14,6 +14,8 @@ class ReportSink {
   virtual bool Write(std::string_view piece) = 0;
   /// Pieces are handed over once they exceed this many bytes.
   virtual size_t PieceSize() const = 0;
+  /// The text of one more phrase ends here: after `bytes` of the piece that comes next.
+  virtual void PhraseEnds(size_t /*bytes*/) {}
 };
 
 }  // namespace korv

@@ -35,6 +35,9 @@ class Pieces {
     size_ += blanks;
   }
 
+  /// The text of a phrase ends here.
+  void PhraseEnds() { sink_.PhraseEnds(size_); }
+
   /// These two are false when the sink takes no more.
   bool HandOverWhenLarge() { return size_ <= pieceSize_ || HandOver(); }
   bool HandOverRest() { return size_ == 0 || HandOver(); }

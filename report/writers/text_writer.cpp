@@ -66,6 +66,7 @@ bool TextWriter::Row(const RowCells& cells) {
     if (format_.LinePerFile) AppendFileLines(cells);
   }
   anyRow_ = true;
+  pieces_.PhraseEnds();
   return pieces_.HandOverWhenLarge();
 }
 

@@ -240,6 +240,8 @@ TEST(ListWords, PiecesMakeUpTheSameReport) {
     EXPECT_EQ(result.Outcome, ListOutcome::Listed);
     EXPECT_EQ(result.Phrases, 3u);
     EXPECT_EQ(result.Occurrences, 7u);
+    EXPECT_EQ(result.Shown, 3u);
+    EXPECT_EQ(result.Unfiltered, 3u);
   }
 }
 
@@ -254,7 +256,10 @@ TEST(ListWords, AStopKeepsTheLinesBuiltSoFar) {
     sink.pieceSize = 1 << 20;
     const ListResult result = ListWords(world.View(), kBoxForm, sink, yielder);
     EXPECT_EQ(result.Outcome, ListOutcome::Stopped);
-    EXPECT_EQ(result.Phrases, 1u);
+    EXPECT_EQ(result.Shown, 1u);
+    // The numbers are those of the list, not of where it was stopped.
+    EXPECT_EQ(result.Phrases, 3u);
+    EXPECT_EQ(result.Occurrences, 7u);
     EXPECT_TRUE(whole.starts_with(sink.text));
     EXPECT_TRUE(sink.text.ends_with("a dog\r\n"));
   }
@@ -268,6 +273,8 @@ TEST(ListWords, AFullSinkEndsTheListing) {
   const ListResult result = ListWords(world.View(), kBoxForm, sink, yielder);
   EXPECT_EQ(result.Outcome, ListOutcome::SinkFull);
   EXPECT_TRUE(sink.text.ends_with("a dog\r\n"));
+  EXPECT_EQ(result.Phrases, 3u);
+  EXPECT_EQ(result.Occurrences, 7u);
 }
 
 TEST(ListWords, AFilterCountsOnWhenTheSinkIsFull) {
@@ -280,6 +287,7 @@ TEST(ListWords, AFilterCountsOnWhenTheSinkIsFull) {
   EXPECT_EQ(result.Outcome, ListOutcome::SinkFull);
   EXPECT_EQ(result.Phrases, 2u);
   EXPECT_EQ(result.Occurrences, 4u);
+  EXPECT_EQ(result.Unfiltered, 3u);
 }
 
 TEST(MeasureList, LooksAtListedPhrasesOnly) {

@@ -106,6 +106,41 @@ TEST(ListWordsToTextBox, ALongListFillsTheBoxAndTheRestIsDropped) {
   EXPECT_TRUE(box.Full());
 }
 
+/// The slow twin of ListResult::Shown: looks for the ends of the phrases in what the box shows of the list.
+uint32_t PhrasesSeen(const std::string& box, int format) {
+  const size_t list = box.find(
+      '\n', box.find("Phrase [longest") == box.npos ? box.find(" Phrase") : box.find("Phrase [longest"));
+  const size_t notice = box.find("\r\n\r\nTextbox is full.");
+  uint32_t seen = 0;
+  // Every phrase ends in six digits and, but for the list in one line, its line.
+  const std::string end = format == 9 ? "number" : "\r\n";
+  const size_t rest = format == 9 ? end.size() + 6 : 1;
+  for (size_t at = box.find(end, list + 1); at != box.npos && at + rest <= notice; at = box.find(end, at + 1))
+    ++seen;
+  return seen;
+}
+
+TEST(ListWordsToTextBox, TellsHowManyPhrasesAreInSightWholly) {
+  for (const int format : {0, 1, 3, 5, 8, 9}) {
+    for (const int phrases : {3000, 3001, 6000}) {
+      ReportWorld world = ManyPhrases(phrases);
+      world.options.DisplayFormat = format;
+      for (const char* words : {"", "phrase"}) {
+        world.options.FilterText = words;
+        world.options.FilterActive = *words != 0;
+        FakeTextBox text;
+        OutputBox box(text);
+        NoYielder yielder;
+        const ListResult result = ListWordsToTextBox(world.View(), box, yielder);
+        SCOPED_TRACE(testing::Message() << format << ' ' << phrases << ' ' << words);
+        EXPECT_EQ(result.Phrases, static_cast<uint32_t>(phrases));
+        EXPECT_EQ(result.Shown, box.Full() ? PhrasesSeen(text.text, format) : static_cast<uint32_t>(phrases));
+        EXPECT_EQ(box.Full(), result.Outcome == ListOutcome::SinkFull);
+      }
+    }
+  }
+}
+
 TEST(ListWordsToTextBox, PiecesAreAFewThousandCharacters) {
   ReportWorld world = ManyPhrases(1000);
   FakeTextBox text;

@@ -42,7 +42,9 @@ TEST_F(FileListing, TheFileGetsTheReportAndTheBoxAMessage) {
   EXPECT_TRUE(result.Written);
   EXPECT_EQ(result.List.Outcome, ListOutcome::Listed);
   EXPECT_EQ(files.Content("/out/report.txt"), TextOf(world.View(), kFileForm));
-  EXPECT_EQ(text.text, "Now writing to output file . . .\r\n");
+  EXPECT_EQ(result.Bytes, files.Content("/out/report.txt").value_or("").size());
+  EXPECT_EQ(text.text, "Now writing to output file . . .\r\n2 phrases were written to " +
+                           PathToText("/out/report.txt") + ".\r\n");
   EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -68,10 +70,23 @@ TEST_F(FileListing, EveryLineOfALongListIsWritten) {
   world.Finish();
   world.options.DisplayFormat = 8;
   files.AddFolder("/out");
-  EXPECT_TRUE(List("/out/report.txt").Written);
+  std::vector<uint32_t> told;
+  services.Progress = [&](uint32_t phrases) { told.push_back(phrases); };
+  const FileListResult result = List("/out/report.txt");
+  EXPECT_TRUE(result.Written);
+  EXPECT_GT(told.size(), 3U);
+  EXPECT_TRUE(std::ranges::is_sorted(told));
+  EXPECT_EQ(told.back(), 100000U);
+  EXPECT_EQ(result.Bytes, files.Content("/out/report.txt").value_or("").size());
   const std::string content = files.Content("/out/report.txt").value_or("");
   EXPECT_EQ(content, TextOf(world.View(), kFileForm));
   EXPECT_EQ(std::ranges::count(content, '\n'), 100000 + 4);
+}
+
+TEST(WrittenText, CountsThePhrases) {
+  EXPECT_EQ(WrittenText(0, "a.txt", {}), "A report without a phrase was written to a.txt.");
+  EXPECT_EQ(WrittenText(1, "a.txt", {}), "1 phrase was written to a.txt.");
+  EXPECT_EQ(WrittenText(3999, "a.txt", {}), "3,999 phrases were written to a.txt.");
 }
 
 TEST_F(FileListing, WhateverCallFailsTheOldFileStays) {
