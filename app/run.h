@@ -41,6 +41,8 @@ struct RunRequest {
   FileSelection Selection;
   bool IncludeSubfolders = false;
   bool SeveralFilesNeedOutput = true;  ///< Refuse several files without an output file.
+  /// Such refusals come with a way out, which somebody at a window may take.
+  bool OffersWaysOut = false;
 
   bool ExtractTextFromDocx = false;
 };

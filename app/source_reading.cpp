@@ -131,7 +131,7 @@ RunEnd SourceReading::DoItFromFolder() {
   const std::string& folderText = run_.Facts.InputPath;
   if (!ValidatePatterns(request_.Selection, services_.Messages) ||
       !ValidateFolder(services_.Files, services_.Messages, folderText, run_.OutputPath,
-                      request_.IncludeSubfolders))
+                      request_.IncludeSubfolders, request_.OffersWaysOut))
     return RunEnd::Refused;
 
   const fs::path folder = PathFromText(folderText);
@@ -167,10 +167,9 @@ RunEnd SourceReading::DoItFromFolder() {
                              .icon = Icon::Information});
     return RunEnd::Refused;
   }
-  if (found.Files > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput) {
-    ShowMultipleFilesNeedOutput(services_.Messages);
+  if (found.Files > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput &&
+      !ShowMultipleFilesNeedOutput(services_.Messages, request_.OffersWaysOut))
     return RunEnd::Refused;
-  }
   if (!CommentMarkersAreSafe(withComments)) return RunEnd::Refused;
 
   const OneAnswerForAll encodings(services_.Encodings);

@@ -31,6 +31,8 @@ enum class Question {
   ReallyQuit,           ///< Quit?
   KeepSettings,         ///< Keep changed settings that quitting would forget?
   Reinitialize,         ///< Set everything to its defaults?
+  SeveralFiles,         ///< Refused for want of an output file; further: show the result in the window only?
+  OnlySubfolders,       ///< Refused for want of files; further: count those of the subfolders?
 };
 
 /// One message box. Texts are UTF-8 with CR LF line breaks. What a text is about stands in `text`; the

@@ -43,8 +43,7 @@ FolderTotals FolderWalk::ProcessFolder(const fs::path& folder, WalkMode mode, co
   if (counting && events.Say) events.Say("Counting files . . .");
   FolderTotals totals;
   Walk(folder, events, totals);
-  if (counting && totals.Stopped && events.Say)
-    events.Say("Stopped while counting files (so far: " + std::to_string(totals.Files) + ").");
+  if (counting && totals.Stopped && events.Say) events.Say(StoppedCountingText(totals.Files));
   return totals;
 }
 
@@ -102,6 +101,10 @@ std::string WillBeScannedText(uint64_t count, const NumberFormat& format) {
   if (count == 0) return "No files will be scanned.";
   return format.Grouped(static_cast<int64_t>(count)) + (count == 1 ? " file" : " files") +
          " will be scanned.";
+}
+
+std::string StoppedCountingText(uint64_t count) {
+  return "Stopped while counting files (so far: " + std::to_string(count) + ").";
 }
 
 std::string UnreadableFolderText(const fs::path& path, const FileError& error) {

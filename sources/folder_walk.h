@@ -75,6 +75,9 @@ std::string FolderAbbreviated(const std::filesystem::path& path, const std::file
 /// "No files will be scanned.", "1 file will be scanned.", "1,234 files will be scanned."
 std::string WillBeScannedText(uint64_t count, const NumberFormat& format);
 
+/// "Stopped while counting files (so far: 12)."
+std::string StoppedCountingText(uint64_t count);
+
 /// What the user is told of a folder that could not be read, without a line break.
 std::string UnreadableFolderText(const std::filesystem::path& path, const FileError& error);
 

@@ -1,5 +1,8 @@
 #include "sources/source_checks.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "engine/unicode.h"
 #include "engine/word_chars.h"
 #include "sources/file_size_text.h"
@@ -28,6 +31,18 @@ bool LiesIn(const path& folder, const path& file, bool subfolders) {
   // name, overlooking a path that leads inside could cost a file.
   if (subfolders) return Lowered(file).starts_with(Lowered(folder));
   return Lowered(file.parent_path()) == Lowered(folder);
+}
+
+/// "It holds 2 subfolders: letters, notes."
+std::string SubfoldersText(const std::vector<path>& subfolders) {
+  constexpr size_t kNamed = 5;
+  std::vector<std::string> names;
+  for (const path& name : subfolders) names.push_back(PathToText(name));
+  std::ranges::sort(names);
+  std::string text = names.size() == 1 ? "It holds 1 subfolder: "
+                                       : "It holds " + std::to_string(names.size()) + " subfolders: ";
+  for (size_t i = 0; i < std::min(kNamed, names.size()); ++i) text += (i == 0 ? "" : ", ") + names[i];
+  return text + (names.size() > kNamed ? ", ..." : ".");
 }
 
 }  // namespace
@@ -82,7 +97,7 @@ void ShowInputFileError(Messages& messages, InputFileCode code, std::string_view
 }
 
 bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view folderPath,
-                    std::string_view outputPath, bool includeSubfolders) {
+                    std::string_view outputPath, bool includeSubfolders, bool offersSubfolders) {
   const std::string folder = TrimmedFolderPath(folderPath);
   if (folder.empty()) {
     Complain(messages, "Folder not specified.", "Error");
@@ -98,8 +113,15 @@ bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view fold
     return false;
   }
   if (listing->files.empty()) {
-    Complain(messages, "Folder contains no files.", "Nothing to do", Icon::Information);
-    return false;
+    Message refusal{.text = "Folder contains no files.", .title = "Nothing to do", .icon = Icon::Information};
+    if (offersSubfolders && !listing->subfolders.empty()) {
+      refusal.addition = SubfoldersText(listing->subfolders);
+      if (includeSubfolders) {
+        refusal.question = Question::OnlySubfolders;
+        refusal.extraButton = "Count the subfolders";
+      }
+    }
+    if (messages.Show(refusal) != Answer::Extra) return false;
   }
   if (OutputIsInFolder(files, folder, outputPath, includeSubfolders)) {
     ShowOutputInFolder(messages);
@@ -123,12 +145,18 @@ void ShowOutputInFolder(Messages& messages) {
            Icon::Information);
 }
 
-void ShowMultipleFilesNeedOutput(Messages& messages) {
-  Complain(messages,
-           "When scanning multiple files or folders\r\n"
-           "you must specify an output file in case\r\n"
-           "the text window will not hold the result.",
-           "Multiple files/folders");
+bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow) {
+  Message refusal{.text =
+                      "When scanning multiple files or folders\r\n"
+                      "you must specify an output file in case\r\n"
+                      "the text window will not hold the result.",
+                  .title = "Multiple files/folders",
+                  .icon = Icon::Exclamation};
+  if (offersWindow) {
+    refusal.question = Question::SeveralFiles;
+    refusal.extraButton = "Show in the window only";
+  }
+  return messages.Show(refusal) == Answer::Extra;
 }
 
 bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string_view b) {

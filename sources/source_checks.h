@@ -38,14 +38,17 @@ InputFileCode ValidateInputFile(const FileSystem& files, std::string_view inputP
 void ShowInputFileError(Messages& messages, InputFileCode code, std::string_view inputPath);
 
 /// Whether the folder source may be counted; if not, the user has been told why.
+/// `offersSubfolders`: a folder that holds nothing but subfolders is refused with their names, and where
+/// they are included the user may have them counted all the same.
 bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view folderPath,
-                    std::string_view outputPath, bool includeSubfolders);
+                    std::string_view outputPath, bool includeSubfolders, bool offersSubfolders = false);
 /// Whether an output file would lie where a folder run reads. Also guards the choice of an output file.
 bool OutputIsInFolder(const FileSystem& files, std::string_view folderPath, std::string_view outputPath,
                       bool includeSubfolders);
 void ShowOutputInFolder(Messages& messages);
-/// Several files need an output file.
-void ShowMultipleFilesNeedOutput(Messages& messages);
+/// Several files need an output file. True where the user has the result shown in the window instead, which
+/// is possible only if `offersWindow`.
+bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow = false);
 
 /// Whether both paths name one file: equal when made absolute and lower-cased, or the same file on disk.
 bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string_view b);

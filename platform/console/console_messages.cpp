@@ -29,6 +29,8 @@ Answer AnswerTo(const Message& message) {
     case Question::ReallyQuit:
     case Question::KeepSettings:
     case Question::Reinitialize:
+    case Question::SeveralFiles:
+    case Question::OnlySubfolders:
       break;
   }
   return message.defaultAnswer;

@@ -50,6 +50,10 @@ const char* NameOf(Question question) {
       return "KeepSettings";
     case Question::Reinitialize:
       return "Reinitialize";
+    case Question::SeveralFiles:
+      return "SeveralFiles";
+    case Question::OnlySubfolders:
+      return "OnlySubfolders";
   }
   return "None";
 }
