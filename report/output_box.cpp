@@ -29,6 +29,13 @@ void OutputBox::Clear() {
   full_ = false;
 }
 
+void OutputBox::Restore(std::string_view text, bool full, size_t kept) {
+  Clear();
+  box_.Append(text);
+  full_ = full;
+  kept_ = kept;
+}
+
 size_t OutputBox::Room() const {
   const size_t length = box_.Length();
   return full_ || length > kTextBoxCapacity ? 0 : kTextBoxCapacity - length;

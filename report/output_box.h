@@ -46,6 +46,8 @@ class OutputBox {
   /// Empties the box; it takes text again.
   void Clear();
   bool Full() const { return full_; }
+  /// Puts back what the box held before: `text`, and whether it was full with how much Kept().
+  void Restore(std::string_view text, bool full, size_t kept);
   /// Characters of what was appended that a full box still shows, above the notice that it is full.
   size_t Kept() const { return kept_; }
   /// Characters that the box takes before it is full.

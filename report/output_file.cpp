@@ -93,9 +93,8 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
 std::string StoppedFileText(const FileListResult& result, const NumberFormat& numbers) {
   if (!result.Written) return "The output file is as it was.";
   return "The output file holds only the first " +
-         (result.List.Phrases == 1
-              ? std::string("phrase")
-              : numbers.Grouped(static_cast<int64_t>(result.List.Phrases)) + " phrases") +
+         (result.List.Shown == 1 ? std::string("phrase")
+                                 : numbers.Grouped(static_cast<int64_t>(result.List.Shown)) + " phrases") +
          " of the list.";
 }
 

@@ -21,6 +21,7 @@
 #include "app/windows/frm_popup.h"
 #include "app/windows/placement.h"
 #include "app/windows/recent_list.h"
+#include "app/windows/result_notes_panel.h"
 #include "platform/qt/text.h"
 #include "report/report_rules.h"
 
@@ -34,7 +35,8 @@ constexpr int kFirstFolderFormat = 10;
 }  // namespace
 
 frmMain::frmMain(const Desktop& desktop)
-    : messages_(desktop.messages),
+    : runClock_(desktop.clock),
+      messages_(desktop.messages, runClock_),
       desktop_{.messages = messages_,
                .dialogs = desktop.dialogs,
                .clipboard = desktop.clipboard,
@@ -148,7 +150,7 @@ bool frmMain::Form_Load() {
 }
 
 void frmMain::Initialize() {
-  const QScopedValueRollback<bool> quiet(restoring_, true);
+  std::optional<QScopedValueRollback<bool>> quiet(std::in_place, restoring_, true);
   chkSortByNumberOfFiles->setChecked(false);
   for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded,
                         lblFilesize, lblXMLsize}) {
@@ -176,6 +178,8 @@ void frmMain::Initialize() {
   cmdClear->setEnabled(false);
   params_->SelectDefaultSizes();
   EnableDisableReportOptions();
+  quiet.reset();
+  FollowControls();
 }
 
 void frmMain::EnableDisableButtons(bool enabled) {
@@ -194,6 +198,7 @@ void frmMain::EnableDisableButtons(bool enabled) {
   }
   lstRecent->setEnabled(enabled);
   for (QAction* action : idleActions_) action->setEnabled(enabled);
+  notes->EnableWaysOut(enabled);
   params_->EnableDisableButtons(enabled);
   if (enabled) EnableClearButtons();
 }

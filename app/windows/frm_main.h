@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <chrono>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -11,9 +10,12 @@
 #include <utility>
 
 #include "app/program_text.h"
+#include "app/result_notes.h"
 #include "app/run.h"
+#include "app/run_clock.h"
 #include "app/saved_state.h"
 #include "app/settings.h"
+#include "app/shown_result.h"
 #include "app/windows/desktop.h"
 #include "app/windows/frm_main_controls.h"
 #include "app/windows/muted_messages.h"
@@ -69,7 +71,7 @@ class frmMain final : public QMainWindow, public FrmMainControls {
 
   /// What the controls of both windows say.
   Settings GatherSettings() const;
-  /// Puts it into the controls, without asking or listing anything.
+  /// Puts it into the controls, without asking anything. A list in sight follows them.
   void ApplySettings(const Settings& settings);
   /// An empty path is the state file. Empty on success, else the message to show.
   std::string SaveStateTo(const std::filesystem::path& path);
@@ -87,9 +89,9 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   /// Selects a source and runs its handler.
   void SelectSource(TextSource source);
   /// Words have been read and their phrases can be listed.
-  bool HasResult() const;
-  /// Forgets the counted phrases; the next run reads its source anew.
-  void DiscardResult();
+  bool HasResult() const { return result_ != nullptr; }
+  /// They were read under the word rules that are chosen now.
+  bool ResultKeepsToWordRules() const;
   bool StartUpCompleted() const { return startUpCompleted_; }
   bool Running() const { return running_; }
   /// Neither counting nor listing, and no word list is being read.
@@ -138,8 +140,18 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void cmdFilterResults_Click();
   void cmdClear_Click();
   void cmdClearOutput_Click();
+  void optFilterMode_Click();
   /// Lists the counted phrases: into the output file, if there is one and `toFile`, else into the text box.
   void ListTheResult(bool filtered, bool toFile = true);
+
+  // ---- What is told of the result (frm_main_result.cpp)
+
+  /// Brings all that tells of the result to what is true now. Called whenever something has changed.
+  void ShowResult();
+  /// The report options have changed, but not by the user's own choice: lists anew if that writes no file.
+  void FollowControls();
+  /// A way out of a note.
+  void TakeWayOut(NoteAction action);
 
   // ---- The run (frm_main_run.cpp)
 
@@ -178,10 +190,11 @@ class frmMain final : public QMainWindow, public FrmMainControls {
 
  private:
   class WindowRunView;
+  class BoxContents;
   /// The window is in its running state for as long as this lives.
   class RunGuard {
    public:
-    explicit RunGuard(frmMain& main) : main_(main) { main_.BeginRun(); }
+    explicit RunGuard(frmMain& main, bool counts = false) : main_(main) { main_.BeginRun(counts); }
     ~RunGuard() { main_.EndRun(); }
     RunGuard(const RunGuard&) = delete;
     RunGuard& operator=(const RunGuard&) = delete;
@@ -201,8 +214,20 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void RestoreStateFile();
   void FillLists();
   void Connect();
+  /// Whatever a count or a listing goes by tells of its changes.
+  void ConnectResult();
   void SourceHasChanged();
   void RelistAfterChange();
+  /// Lists anew, soon, where something was chosen while that could not be done.
+  void FollowWhatChangedMeanwhile();
+  void PutIntoControls(const Settings& settings);
+  bool WantsFilter() const;
+  /// What is chosen now, for comparing it with what is shown.
+  ChosenNow GatherChosen() const;
+  void SetTitle();
+  void ShowLastList();
+  /// Nothing is told of any result while another one is being counted.
+  void HideResult();
   std::string CountSoFar() const;
   void BuildMenus();
   void FillRecentMenu(QMenu* menu);
@@ -213,19 +238,25 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   void ShowFileSizes();
   void ShowStatus(const QString& text);
   RunRequest GatherRunRequest() const;
-  void ShowRunFacts();
   void ShowCounts(uint64_t files, uint64_t words, uint64_t phrases);
-  void ListTheResultTo(const Report& report, const std::optional<std::string>& path);
+  /// Hides the fields of the status line that tell of a result.
+  void HideCounts();
+  void TakeResult(const RunRequest& request, CountedRun run);
+  ShownListing ListIntoBox(const Report& report);
+  ShownListing ListIntoFile(const Report& report, const std::string& path);
+  void ShowWritingProgress(uint32_t phrases);
   /// Where the report is to be written; empty for the text box. May ask, and may disable file output.
   std::optional<std::string> ConfirmedOutputPath();
   /// Whether writing to `path` would destroy what was counted; says so.
   bool OutputIsSource(const std::string& path);
-  void BeginRun();
+  /// `counts`: its time is told.
+  void BeginRun(bool counts);
   void EndRun();
   void ShowTimeElapsed();
   void ShowInsufficientMemory();
   void ShowUnexpectedError(const char* place, const char* description);
 
+  RunClock runClock_;
   MutedMessages messages_;
   Desktop desktop_;  ///< As given, but its messages are the ones above.
   std::unique_ptr<ProgramText> texts_;
@@ -250,14 +281,14 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   bool macNoticeShown_ = false;  ///< It is shown once while the program runs.
   bool ended_ = false;
   bool quitRequested_ = false;
-  std::optional<CountedRun> result_;
+  std::unique_ptr<ShownResult> result_;
   const CountedRun* counting_ = nullptr;  ///< The run that is going on.
   bool countShown_ = false;               ///< It has shown its first status.
   RunProgress progress_;
-  std::optional<ReportOptions> listed_;  ///< Of the last listing.
   QTimer* tmrProgress_ = nullptr;
   size_t twirlerFrame_ = 0;
-  std::chrono::steady_clock::time_point runStart_;
+  /// Something was chosen while a listing went on; it will be looked at afterwards.
+  bool changedMeanwhile_ = false;
 };
 
 }  // namespace korv

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "app/windows/recent_list.h"
+#include "app/windows/result_notes_panel.h"
 
 namespace korv {
 namespace {
@@ -353,6 +354,8 @@ QWidget* FrmMainControls::BuildRun(QWidget* parent) {
   progress->addWidget(prgProgress, 1);
   progress->addWidget(lblTwirler);
   progress->addWidget(lblTimeElapsed);
+  prgProgress->hide();
+  KeepPlaceWhenHidden(prgProgress);
   KeepPlaceWhenHidden(lblTwirler);
   KeepPlaceWhenHidden(lblTimeElapsed);
   layout->addLayout(progress);
@@ -390,6 +393,8 @@ QWidget* FrmMainControls::BuildResult(QWidget* parent) {
   summary->setColumnStretch(0, 1);
   summary->setColumnStretch(1, 1);
   layout->addLayout(summary);
+  notes = Named(new ResultNotesPanel(result), "notes");
+  layout->addWidget(notes);
 
   txbOutput = Described(Named(new QPlainTextEdit(result), "txbOutput"), "Result");
   txbOutput->setFont(WordsFont());
@@ -453,11 +458,12 @@ void FrmMainControls::BuildStatusLine(QMainWindow* window) {
   lblStatusText->setTextFormat(Qt::PlainText);
   // A long path is cut at the window's edge; it never widens the window.
   lblStatusText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  lblStatusEncoding = MakeLabel("lblStatusEncoding", bar);
   lblStatusFiles = MakeLabel("lblStatusFiles", bar);
   lblStatusWords = MakeLabel("lblStatusWords", bar);
   lblStatusPhrases = MakeLabel("lblStatusPhrases", bar);
   bar->addWidget(lblStatusText, 1);
-  for (QLabel* label : {lblStatusFiles, lblStatusWords, lblStatusPhrases}) {
+  for (QLabel* label : {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases}) {
     label->setContentsMargins(8, 0, 8, 0);
     bar->addPermanentWidget(label);
     label->hide();
@@ -500,6 +506,7 @@ void FrmMainControls::SetTabOrder() {
                                        cmdSaveState,
                                        cmdHelp,
                                        cmdQuit,
+                                       notes,
                                        txbOutput,
                                        chkSortByNumberOfFiles,
                                        cmdClearOutput,

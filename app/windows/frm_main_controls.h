@@ -17,6 +17,7 @@ class QTimer;
 namespace korv {
 
 class RecentList;
+class ResultNotesPanel;
 
 /// The main window's controls under their names, and where they stand. Owned by the window.
 ///
@@ -81,6 +82,7 @@ struct FrmMainControls {
   QLabel* lblNumOccurrences = nullptr;
   QLabel* lblTotalNumOccurrences = nullptr;
   QLabel* lblNumWordsExcluded = nullptr;
+  ResultNotesPanel* notes = nullptr;
   QPlainTextEdit* txbOutput = nullptr;
   QPushButton* cmdClearOutput = nullptr;
 
@@ -102,6 +104,7 @@ struct FrmMainControls {
 
   // Status line
   QLabel* lblStatusText = nullptr;
+  QLabel* lblStatusEncoding = nullptr;
   QLabel* lblStatusFiles = nullptr;
   QLabel* lblStatusWords = nullptr;
   QLabel* lblStatusPhrases = nullptr;

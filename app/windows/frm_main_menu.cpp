@@ -52,6 +52,10 @@ void frmMain::Connect() {
   onClick(chkFileList, "chkFileList_Click", [this] { chkFileList_Click(); });
   onClick(chkDisableOutputToFile, "chkDisableOutputToFile_Click", [this] { chkDisableOutputToFile_Click(); });
 
+  for (QRadioButton* option :
+       {optIncludeAllWords, optIncludeAllWordsInSameOrder, optIncludeAllWordsAsSubphrase}) {
+    onClick(option, "optFilterMode_Click", [this] { optFilterMode_Click(); });
+  }
   onClick(cmdFilterResults, "cmdFilterResults_Click", [this] { cmdFilterResults_Click(); });
   onClick(cmdClear, "cmdClear_Click", [this] { cmdClear_Click(); });
   onClick(cmdClearOutput, "cmdClearOutput_Click", [this] { cmdClearOutput_Click(); });
@@ -71,6 +75,7 @@ void frmMain::Connect() {
                                optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore}) {
     onClick(option, "optWordsToIgnore_Click", [this] { SetWordsToIgnoreNotice(); });
   }
+  ConnectResult();
 
   connect(txbFilterWords, &QLineEdit::textChanged, this,
           [this](const QString& text) { cmdClear->setEnabled(!text.isEmpty()); });

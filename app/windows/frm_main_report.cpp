@@ -4,6 +4,8 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTimer>
+#include <utility>
 
 #include "app/windows/frm_main.h"
 #include "app/windows/frm_params.h"
@@ -15,13 +17,6 @@ namespace korv {
 namespace {
 
 constexpr int kFileListFormat = 10;
-
-/// Whether an unfiltered listing with `wanted` would only repeat what stands there.
-bool SameListing(const ReportOptions& listed, const ReportOptions& wanted) {
-  return !listed.FilterActive && listed.DisplayFormat == wanted.DisplayFormat &&
-         listed.WordOrder == wanted.WordOrder && listed.RelativeFrequency == wanted.RelativeFrequency &&
-         listed.SortByNumberOfFiles == wanted.SortByNumberOfFiles;
-}
 
 }  // namespace
 
@@ -80,15 +75,26 @@ void frmMain::chkSortByNumberOfFiles_Click() {
 }
 
 void frmMain::chkFileList_Click() {
-  // Format 10 is left by choosing another one, not by this box.
-  if (!chkFileList->isChecked()) return;
-  cboDisplayFormat->setCurrentIndex(kFileListFormat);
+  cboDisplayFormat->setCurrentIndex(chkFileList->isChecked() ? kFileListFormat : 0);
 }
 
 void frmMain::RelistAfterChange() {
-  if (!startUpCompleted_ || !Idle() || !HasResult()) return;
-  if (listed_ && SameListing(*listed_, GatherReportOptions())) return;
-  ListTheResult(false);
+  if (!startUpCompleted_ || !HasResult()) return;
+  if (!Idle()) {
+    changedMeanwhile_ = true;
+    return;
+  }
+  const ChosenNow now = GatherChosen();
+  const ReportOptions& listed = result_->Listing.Options;
+  const bool same = result_->InSight && !result_->Listing.Failed && SameForm(listed, now.Report) &&
+                    SameFilter(listed, now.Report);
+  if (same || !now.FormatAvailable) return ShowResult();
+  ListTheResult(WantsFilter());
+}
+
+void frmMain::FollowWhatChangedMeanwhile() {
+  if (!std::exchange(changedMeanwhile_, false)) return;
+  QTimer::singleShot(0, this, Guarded("RelistAfterChange", [this] { RelistAfterChange(); }));
 }
 
 void frmMain::chkDisableOutputToFile_Click() {
@@ -102,7 +108,7 @@ void frmMain::chkDisableOutputToFile_Click() {
                               .buttons = Buttons::YesNo,
                               .defaultAnswer = Answer::Yes,
                               .question = Question::Relist}) == Answer::Yes) {
-    ListTheResult(false);
+    ListTheResult(WantsFilter());
   }
 }
 
@@ -112,18 +118,24 @@ void frmMain::txbFilterWords_LostFocus() {
 }
 
 void frmMain::txbFilterWords_KeyPress(int key) {
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    txbFilterWords_LostFocus();
-    cmdFilterResults_Click();
-  } else {
-    cmdClear->setEnabled(true);
-  }
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return;
+  txbFilterWords_LostFocus();
+  cmdFilterResults_Click();
 }
 
 void frmMain::cmdFilterResults_Click() {
   txbFilterWords_LostFocus();
-  if (!Idle() || txbFilterWords->text().isEmpty() || !HasResult()) return;
+  if (txbFilterWords->text().isEmpty() || !HasResult()) return;
+  if (!Idle()) {
+    changedMeanwhile_ = true;
+    return;
+  }
   ListTheResult(true);
+}
+
+void frmMain::optFilterMode_Click() {
+  txbFilterWords_LostFocus();
+  if (WantsFilter()) RelistAfterChange();
 }
 
 void frmMain::cmdClear_Click() {
@@ -134,7 +146,9 @@ void frmMain::cmdClear_Click() {
 
 void frmMain::cmdClearOutput_Click() {
   output_->Clear();
+  if (result_) result_->InSight = false;
   EnableClearButtons();
+  ShowResult();
 }
 
 }  // namespace korv

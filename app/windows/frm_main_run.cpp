@@ -62,10 +62,9 @@ class frmMain::WindowRunView final : public RunView {
   explicit WindowRunView(frmMain& main) : main_(main) {}
 
   void Status(const std::string& text) override {
-    // The counting has begun. Two results at a time would only cost memory, and a box full of the last one
-    // would take nothing of what is to be told now.
+    // The counting has begun. A box full of the last result would take nothing of what is to be told now.
     if (main_.counting_ != nullptr && !std::exchange(main_.countShown_, true)) {
-      main_.DiscardResult();
+      main_.HideResult();
       main_.output_->Clear();
     }
     main_.output_->OutputToTxb(text + "\r\n");
@@ -84,6 +83,7 @@ class frmMain::WindowRunView final : public RunView {
   void FileKind(const std::string& text) override { main_.lblTotalNumOccurrences->setText(ToQt(text)); }
   void TextProgress(const std::string& bar) override { main_.ShowStatus(ToQt(bar)); }
   std::optional<std::string> ChooseOutputFile() override {
+    const RunClock::Waiting waiting(main_.runClock_);
     if (!main_.ChooseOutputFile()) return std::nullopt;
     main_.chkDisableOutputToFile->setChecked(false);
     return FromQt(main_.txbFile[1]->text());
@@ -93,13 +93,33 @@ class frmMain::WindowRunView final : public RunView {
   frmMain& main_;
 };
 
-bool frmMain::HasResult() const {
-  return result_.has_value();
-}
+/// What the text box holds, to be put back where a run comes to nothing.
+class frmMain::BoxContents {
+ public:
+  explicit BoxContents(const frmMain& main)
+      : text_(main.txbOutput->toPlainText()),
+        full_(main.output_->Full()),
+        kept_(main.output_->Kept()),
+        vertical_(main.txbOutput->verticalScrollBar()->value()),
+        horizontal_(main.txbOutput->horizontalScrollBar()->value()),
+        inSight_(main.result_ && main.result_->InSight) {}
 
-void frmMain::DiscardResult() {
-  result_.reset();
-}
+  bool Empty() const { return text_.isEmpty(); }
+  void PutBack(frmMain& main) const {
+    main.output_->Restore(FromQt(QString(text_).replace(u'\n', QLatin1String("\r\n"))), full_, kept_);
+    main.txbOutput->verticalScrollBar()->setValue(vertical_);
+    main.txbOutput->horizontalScrollBar()->setValue(horizontal_);
+    if (main.result_) main.result_->InSight = inSight_;
+  }
+
+ private:
+  QString text_;
+  bool full_;
+  size_t kept_;
+  int vertical_;
+  int horizontal_;
+  bool inSight_;
+};
 
 RunRequest frmMain::GatherRunRequest() const {
   const Settings settings = GatherSettings();
@@ -109,12 +129,12 @@ RunRequest frmMain::GatherRunRequest() const {
   request.Lists = params_->GatherListEntries(settings.Words);
   request.InputPath = settings.SourceKind == TextSource::Folder ? settings.Folder : settings.InputFile;
   if (!settings.DisableOutputToFile) request.OutputPath = settings.OutputFile;
-  if (settings.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.clipboard.Text();
   request.Selection = {.Patterns = SplitPatterns(settings.FilePatterns),
                        .Exclusions = SplitPatterns(settings.ExcludedTexts)};
   request.IncludeSubfolders = settings.IncludeSubfolders;
   request.Chain = ChainOrderOf(settings.Report);
   request.ExtractTextFromDocx = settings.ExtractTextFromDocx;
+  request.OffersWaysOut = true;
   return request;
 }
 
@@ -124,9 +144,12 @@ void frmMain::cmdCountPhrases_Click() {
     AskToStop(desktop_.messages, desktop_.yielder, view);
     return;
   }
+  const BoxContents before(*this);
+  const QString timeBefore = lblTimeElapsed->text();
   // A key may have come here without the filter words having lost the focus.
   txbFilterWords_LostFocus();
   RunRequest request = GatherRunRequest();
+  if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.clipboard.Text();
   ReportOptions report = GatherReportOptions();
   if (!AskBeforeCounting(request, report, desktop_.files, desktop_.messages)) return;
   bool toFile = true;
@@ -140,7 +163,7 @@ void frmMain::cmdCountPhrases_Click() {
   cmdClear->setEnabled(!report.FilterText.empty());
 
   const QString inputFile = txbFile[0]->text();
-  const RunGuard busy(*this);
+  const RunGuard busy(*this, true);
   CountedRun run;
   counting_ = &run;
   countShown_ = false;
@@ -156,36 +179,42 @@ void frmMain::cmdCountPhrases_Click() {
                                .Progress = progress_},
                               run);
   counting_ = nullptr;
-  // The files of a folder pass through the box; afterwards the user's own choice stands there again.
-  if (request.Options.SourceKind == TextSource::Folder) txbFile[0]->setText(inputFile);
+  // The files of a folder pass through the box; afterwards the user's own choice stands there again, and
+  // the sizes of the last file are not the folder's.
+  if (request.Options.SourceKind == TextSource::Folder) {
+    txbFile[0]->setText(inputFile);
+    view.Sizes("", "");
+  }
   ShowStatus({});
-  if (end != RunEnd::Counted) return;
+  if (end != RunEnd::Counted) {
+    if (end == RunEnd::Stopped) return;
+    // The last result is as good as before.
+    if (countShown_ && !before.Empty()) before.PutBack(*this);
+    runClock_.Stop();
+    lblTimeElapsed->setText(timeBefore);
+    return;
+  }
 
   desktop_.yielder.ClearStop();
-  result_.emplace(std::move(run));
-  ShowRunFacts();
-  if (request.Options.SourceKind != TextSource::Clipboard) {
-    (request.Options.SourceKind == TextSource::Folder ? recentFolders_ : recentFiles_)
-        .Add(ToQt(result_->Facts.InputPath));
-  }
+  TakeResult(request, std::move(run));
   // A file that was chosen meanwhile is another one than that which could not be opened.
-  ListTheResult(report.FilterActive, toFile || !result_->OutputPath.empty());
+  ListTheResult(report.FilterActive, toFile || !result_->Run.OutputPath.empty());
 }
 
-void frmMain::ShowRunFacts() {
-  const CountedRun& run = *result_;
-  const NumberFormat& numbers = desktop_.numbers;
-  lblTotalNumOccurrences->setText(
-      run.Facts.Options.SourceKind == TextSource::SingleFile
-          ? ToQt(run.FileKind)
-          : QStringLiteral("Total number of phrase occurrences: ") +
-                ToQt(numbers.Grouped(static_cast<int64_t>(run.Table.Occurrences()))));
-  const uint64_t dropped = run.Facts.Words.Dropped();
-  lblNumWordsExcluded->setText(dropped == 0 ? QString()
-                                            : QStringLiteral("Number of words excluded: ") +
-                                                  ToQt(numbers.Grouped(static_cast<int64_t>(dropped))));
-  const bool folder = run.Facts.Options.SourceKind == TextSource::Folder;
-  ShowCounts(folder ? run.Facts.FilesScanned : 0, run.Facts.Words.Taken, run.Table.PhraseCount());
+void frmMain::TakeResult(const RunRequest& request, CountedRun run) {
+  result_ = std::make_unique<ShownResult>();
+  result_->Request = request;
+  result_->Request.ClipboardText.clear();
+  result_->Run = std::move(run);
+  if (result_->Run.Table.Occurrences() == 0) {
+    OfferedPhrases offered;
+    if (FindOfferedPhrases(result_->Run.Table, desktop_.yielder, offered)) result_->Offered = offered;
+    desktop_.yielder.ClearStop();
+  }
+  if (request.Options.SourceKind != TextSource::Clipboard) {
+    (request.Options.SourceKind == TextSource::Folder ? recentFolders_ : recentFiles_)
+        .Add(ToQt(result_->Run.Facts.InputPath));
+  }
 }
 
 void frmMain::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
@@ -202,57 +231,79 @@ void frmMain::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
   lblStatusPhrases->show();
 }
 
+void frmMain::HideCounts() {
+  for (QLabel* label : {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases}) label->hide();
+}
+
 // ---- Listing
 
 void frmMain::ListTheResult(bool filtered, bool toFile) {
   if (!result_) return;
   ReportOptions options = GatherReportOptions();
-  options.FilterActive = filtered;
-  const QString format = cboDisplayFormat->currentText();
-  if (!ApplyReportRules(options, result_->Facts.Options.SourceKind)) {
-    desktop_.messages.Show(UnavailableFormatMessage(FromQt(format)));
-    const QSignalBlocker quiet(cboDisplayFormat);
-    cboDisplayFormat->setCurrentIndex(options.DisplayFormat);
-    EnableDisableReportOptions();
-  }
+  options.FilterActive = filtered && !options.FilterText.empty();
+  // A format that is there for folders only may have been chosen for the next count.
+  ApplyReportRules(options, result_->Run.Facts.Options.SourceKind);
   std::optional<std::string> path;
   if (toFile) path = ConfirmedOutputPath();
 
   std::optional<RunGuard> busy;
   if (!running_) busy.emplace(*this);
-  if (!SetUpChainFor(*result_, options, desktop_.yielder)) return;
-  const Report report{result_->Table, result_->Facts, options, desktop_.numbers};
-  ListTheResultTo(report, path);
-  listed_ = options;
-}
-
-void frmMain::ListTheResultTo(const Report& report, const std::optional<std::string>& path) {
-  korv::ListResult listed;
-  if (path) {
-    const std::filesystem::path file = PathFromText(*path);
-    const FileListResult written = ListWordsToFile(report, file,
-                                                   {.Files = desktop_.files,
-                                                    .Dialogs = desktop_.messages,
-                                                    .Texts = texts_.get(),
-                                                    .Box = output_.get(),
-                                                    .Encoding = desktop_.encoding},
-                                                   desktop_.yielder);
-    if (written.Written) overwrite_->Written(file);
-    listed = written.List;
-  } else {
-    try {
-      listed = ListWordsToTextBox(report, *output_, desktop_.yielder);
-    } catch (const std::exception&) {
-      ShowListingError(report.Options, desktop_.messages, texts_.get());
-    }
-  }
-  const StatusLabels labels =
-      StatusLabelTexts(listed.Phrases, listed.Occurrences, report.Options.FilterActive, desktop_.numbers);
-  lblNumberOfWords->setText(ToQt(labels.NumberOfWords));
-  lblNumOccurrences->setText(ToQt(labels.NumOccurrences));
+  changedMeanwhile_ = false;
+  if (!SetUpChainFor(result_->Run, options, desktop_.yielder)) return;
+  const Report report{result_->Run.Table, result_->Run.Facts, options, desktop_.numbers};
+  const BoxContents before(*this);
+  ShownListing listing = path ? ListIntoFile(report, *path) : ListIntoBox(report);
+  if (listing.Failed && path && result_->InSight) return before.PutBack(*this);
+  result_->Listing = std::move(listing);
+  result_->InSight = true;
   // The most frequent phrases stand at the top.
   txbOutput->verticalScrollBar()->setValue(0);
   txbOutput->horizontalScrollBar()->setValue(0);
+}
+
+ShownListing frmMain::ListIntoBox(const Report& report) {
+  ShownListing listing;
+  listing.Options = report.Options;
+  try {
+    listing.List = ListWordsToTextBox(report, *output_, desktop_.yielder);
+  } catch (const std::exception&) {
+    listing.Failed = true;
+    ShowListingError(report.Options, desktop_.messages, texts_.get());
+  }
+  return listing;
+}
+
+ShownListing frmMain::ListIntoFile(const Report& report, const std::string& path) {
+  const std::filesystem::path file = PathFromText(path);
+  // What stands there is another listing.
+  if (result_->InSight) output_->Clear();
+  ShowStatus(QStringLiteral("Now writing to output file . . ."));
+  prgProgress->setRange(0, 0);
+  const FileListResult written =
+      ListWordsToFile(report, file,
+                      {.Files = desktop_.files,
+                       .Dialogs = desktop_.messages,
+                       .Texts = texts_.get(),
+                       .Box = output_.get(),
+                       .Encoding = desktop_.encoding,
+                       .Progress = [this](uint32_t phrases) { ShowWritingProgress(phrases); }},
+                      desktop_.yielder);
+  ShowStatus({});
+  const bool stopped = written.List.Outcome == ListOutcome::Stopped;
+  ShownListing listing;
+  listing.Options = report.Options;
+  listing.List = written.List;
+  listing.Failed = !written.Written && !stopped;
+  if (written.Written) {
+    overwrite_->Written(file);
+    listing.File = path;
+    listing.Bytes = written.Bytes;
+  }
+  return listing;
+}
+
+void frmMain::ShowWritingProgress(uint32_t phrases) {
+  ShowStatus(ToQt("Now writing to output file . . . " + desktop_.numbers.Grouped(phrases) + " phrases"));
 }
 
 std::optional<std::string> frmMain::ConfirmedOutputPath() {
@@ -270,7 +321,7 @@ std::optional<std::string> frmMain::ConfirmedOutputPath() {
 }
 
 bool frmMain::OutputIsSource(const std::string& path) {
-  const RunFacts& facts = result_->Facts;
+  const RunFacts& facts = result_->Run.Facts;
   switch (facts.Options.SourceKind) {
     case TextSource::Clipboard:
       return false;
@@ -288,11 +339,11 @@ bool frmMain::OutputIsSource(const std::string& path) {
 
 // ---- While it goes on
 
-void frmMain::BeginRun() {
+void frmMain::BeginRun(bool counts) {
   running_ = true;
   progress_ = {};
   desktop_.yielder.ClearStop();
-  runStart_ = desktop_.clock.Now();
+  if (counts) runClock_.Start();
   const QWidget* const focused = focusWidget();
   EnableDisableButtons(false);
   SetCountPhrasesCaption();
@@ -301,23 +352,27 @@ void frmMain::BeginRun() {
   if (focused && (focused == cmdCountPhrases || !focused->isEnabled())) cmdCountPhrases->setFocus();
   prgProgress->setValue(0);
   prgProgress->setTextVisible(true);
-  lblTimeElapsed->setText(QStringLiteral("Time elapsed: 0s"));
-  lblTimeElapsed->show();
+  prgProgress->show();
+  if (counts) ShowTimeElapsed();
   Timer2->start();
   tmrProgress_->start(kProgressTick);
 }
 
 void frmMain::EndRun() {
-  ShowTimeElapsed();
+  if (runClock_.Running()) ShowTimeElapsed();
+  runClock_.Stop();
   Timer2->stop();
   tmrProgress_->stop();
   prgProgress->setRange(0, kWholeProgress);
   prgProgress->setValue(0);
   prgProgress->setTextVisible(false);
+  prgProgress->hide();
   lblTwirler->clear();
   running_ = false;
   EnableDisableButtons(true);
   SetCountPhrasesCaption();
+  ShowResult();
+  FollowWhatChangedMeanwhile();
   if (quitRequested_) {
     // What goes wrong with the state file is worth telling even now.
     messages_.Unmute();
@@ -326,13 +381,12 @@ void frmMain::EndRun() {
 }
 
 void frmMain::ShowTimeElapsed() {
-  const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(desktop_.clock.Now() - runStart_);
-  lblTimeElapsed->setText(QStringLiteral("Time elapsed: ") + ToQt(FormatElapsedCompact(elapsed)));
+  lblTimeElapsed->setText(QStringLiteral("Time elapsed: ") + ToQt(FormatElapsedCompact(runClock_.Elapsed())));
   lblTimeElapsed->show();
 }
 
 void frmMain::Timer2_Timer() {
-  ShowTimeElapsed();
+  if (runClock_.Running()) ShowTimeElapsed();
   // While a refusal of the source waits for its button, nothing has been found, and the last list still
   // stands.
   if (counting_ == nullptr || !countShown_) return;
@@ -362,9 +416,16 @@ std::string frmMain::CountSoFar() const {
 
 void frmMain::WhileBusy(const std::string& notice, const std::function<void(ListReading&)>& work) {
   const size_t before = outputTextBox_->Length();
+  // The result stays in sight: the notice stands at its end.
+  const std::array<std::pair<QScrollBar*, int>, 2> places = {
+      {{txbOutput->verticalScrollBar(), txbOutput->verticalScrollBar()->value()},
+       {txbOutput->horizontalScrollBar(), txbOutput->horizontalScrollBar()->value()}}};
+  const auto scrollBack = [&places] {
+    for (const auto& [bar, value] : places) bar->setValue(value);
+  };
   output_->OutputToTxb(notice);
-  lblNumberOfWords->clear();
-  lblNumOccurrences->clear();
+  scrollBack();
+  ShowStatus(ToQt(notice).trimmed());
   readingList_ = true;
   EnableDisableButtons(false);
   cmdCountPhrases->setText(QStringLiteral("Processing . . . "));
@@ -373,6 +434,8 @@ void frmMain::WhileBusy(const std::string& notice, const std::function<void(List
     ShowStatus({});
     EnableDisableButtons(true);
     SetCountPhrasesCaption();
+    ShowResult();
+    FollowWhatChangedMeanwhile();
   });
   // A stop of an earlier run does not concern the reading.
   desktop_.yielder.ClearStop();
@@ -387,13 +450,16 @@ void frmMain::WhileBusy(const std::string& notice, const std::function<void(List
                       .ShowWordsRead = [this](const std::string& text) { ShowStatus(ToQt(text)); }};
   work(reading);
   macNoticeShown_ = check.MacNoticeShown;
-  if (!output_->Full()) outputTextBox_->Truncate(before);
+  if (output_->Full()) return;
+  outputTextBox_->Truncate(before);
+  scrollBack();
 }
 
 void frmMain::SetWordsToIgnoreNotice() {
   const Settings settings = GatherSettings();
   lblWordsToIgnoreNotice->setText(ToQt(korv::SetWordsToIgnoreNotice(
       settings.IgnoreOption.value_or(IgnoreRule::Allow), params_->HasWordsToIgnore())));
+  ShowResult();
 }
 
 }  // namespace korv

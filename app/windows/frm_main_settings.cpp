@@ -99,6 +99,11 @@ Settings frmMain::GatherSettings() const {
 }
 
 void frmMain::ApplySettings(const Settings& settings) {
+  PutIntoControls(settings);
+  FollowControls();
+}
+
+void frmMain::PutIntoControls(const Settings& settings) {
   const QScopedValueRollback<bool> quiet(restoring_, true);
   VisitChecks(*this, *params_, settings, [](QCheckBox* box, bool value) { box->setChecked(value); });
   VisitBoxes(*this, settings, [](QLineEdit* box, const std::string& value) { box->setText(ToQt(value)); });

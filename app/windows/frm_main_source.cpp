@@ -62,6 +62,7 @@ void frmMain::SourceHasChanged() {
     control->setVisible(source == TextSource::Folder);
   }
   EnableDisableReportOptions();
+  FollowControls();
 }
 
 void frmMain::cmdFile_Click(int index) {
@@ -165,12 +166,13 @@ void frmMain::cmdListFiles_Click() {
   const FileSelection selection = SelectionOf(txbFileFilepathSpecifications);
   const std::string folderText = TrimmedFolderPath(FromQt(txbFolder->text()));
   if (!ValidatePatterns(selection, desktop_.messages) ||
-      !ValidateFolder(desktop_.files, desktop_.messages, folderText, FromQt(txbFile[1]->text()),
-                      chkIncludeSubfolders->isChecked())) {
+      !ValidateFolder(desktop_.files, desktop_.messages, folderText, {}, chkIncludeSubfolders->isChecked(),
+                      true)) {
     return;
   }
   const std::filesystem::path folder = PathFromText(folderText);
   const RunGuard busy(*this);
+  HideResult();
   output_->Clear();
   FolderWalk walk(desktop_.files, desktop_.yielder, selection, chkIncludeSubfolders->isChecked());
   FolderEvents events;
@@ -180,7 +182,11 @@ void frmMain::cmdListFiles_Click() {
   };
   const FolderTotals totals =
       ListFiles(walk, folder, events, [this](const std::string& line) { output_->OutputToTxb(line); });
-  ShowStatus(ToQt(WillBeScannedText(totals.Files, desktop_.numbers)));
+  // Of a walk that was stopped nobody knows how many files there are.
+  const std::string found =
+      totals.Stopped ? StoppedCountingText(totals.Files) : WillBeScannedText(totals.Files, desktop_.numbers);
+  if (totals.Stopped) output_->OutputToTxb(found + "\r\n");
+  ShowStatus(ToQt(found));
 }
 
 void frmMain::cmdClipboardViewer_Click() {

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QStyle>
 
 #include "app/settings.h"
@@ -299,7 +300,15 @@ void frmParams::chkAllowWords_Click(QCheckBox* box) {
 }
 
 bool frmParams::ConfirmsRereading(QCheckBox* box) {
-  if (!main_.HasResult()) return true;
+  // One that was counted under other rules is marked already, and would be counted anew anyway.
+  const bool chosen = box->isChecked();
+  {
+    const QSignalBlocker quiet(box);
+    box->setChecked(!chosen);
+    const bool current = main_.ResultKeepsToWordRules();
+    box->setChecked(chosen);
+    if (!current) return true;
+  }
   std::string what = "clipboard";
   if (main_.SourceKind() == TextSource::SingleFile) what = "file";
   if (main_.SourceKind() == TextSource::Folder) what = "files";
@@ -309,10 +318,8 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
            .icon = Icon::Question,
            .buttons = Buttons::YesNo,
            .defaultAnswer = Answer::Yes,
-           .question = Question::RereadSource}) == Answer::Yes) {
-    main_.DiscardResult();
+           .question = Question::RereadSource}) == Answer::Yes)
     return true;
-  }
   box->setChecked(!box->isChecked());
   return false;
 }

@@ -173,7 +173,7 @@ TEST(StoppedFile, TellsHowMuchItHolds) {
   const auto text = [&](bool written, uint32_t phrases) {
     FileListResult result;
     result.Written = written;
-    result.List.Phrases = phrases;
+    result.List.Shown = phrases;
     return StoppedFileText(result, numbers);
   };
   EXPECT_EQ(text(false, 7), "The output file is as it was.");

@@ -134,12 +134,16 @@ TEST_F(Reports, ListAFolderInItsOwnFormats) {
   EXPECT_THAT(Output(), HasSubstr(WithNativePaths("     50.00% {Folder}/b.txt\n")));
 }
 
-TEST_F(Reports, KeepToFormatZeroWhenTheListedSourceWasNoFolder) {
+TEST_F(Reports, StayInTheirFormatWhenTheNextSourceGetsOneThatTheyLack) {
   CountText();
+  const std::string before = Output();
   Click("optFolder");
   Choose("cboDisplayFormat", 11);
-  EXPECT_EQ(WindowTest::Shown().size(), 1U);
-  EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 11);
+  EXPECT_EQ(Output(), before);
+  EXPECT_EQ(TextOf("lblNote_OtherReport"),
+            "The chosen format needs a count of a folder; this list has another one.");
 }
 
 // ---- The filter
@@ -175,20 +179,22 @@ TEST_F(Reports, AreFilteredByEnterToo) {
   EXPECT_THAT(Output(), HasSubstr("Phrase filtering (all filter words) has been applied."));
 }
 
-TEST_F(Reports, AreUnfilteredWheneverTheyAreListedOtherwise) {
+TEST_F(Reports, KeepTheirFilterWhereverItsWordsStand) {
   CountText();
   Type("txbFilterWords", "whale");
   const std::function<void()> listings[] = {[this] { Choose("cboDisplayFormat", 5); },
                                             [this] { Choose("cboWordOrder", 1); },
                                             [this] { Check("chkDisplayRelativeFrequency"); }};
   for (const auto& list : listings) {
-    Click("cmdFilterResults");
+    list();
     EXPECT_THAT(Output(), HasSubstr("has been applied."));
     EXPECT_THAT(Output(), Not(HasSubstr("old man wept")));
-    list();
-    EXPECT_THAT(Output(), Not(HasSubstr("has been applied.")));
-    EXPECT_THAT(Output(), HasSubstr("old man wept"));
   }
+  // Without words there is nothing to keep.
+  Click("cmdClear");
+  Choose("cboWordOrder", 0);
+  EXPECT_THAT(Output(), Not(HasSubstr("has been applied.")));
+  EXPECT_THAT(Output(), HasSubstr("old man wept"));
 }
 
 TEST_F(Reports, AreNotFilteredBeforeThereIsOne) {
@@ -278,7 +284,8 @@ TEST_F(Reports, ToAFileLeaveWhatWasNotCountedInTheTextBox) {
   Type("txbFile_1", "/out/report.txt");
   Count();
   ASSERT_TRUE(disk.Content("/out/report.txt"));
-  EXPECT_EQ(Output(), "Now writing to output file . . .\n1 file was skipped:\n" +
+  EXPECT_EQ(Output(), "Now writing to output file . . .\n2 phrases were written to " +
+                          Below("/out", "report.txt") + ".\n1 file was skipped:\n" +
                           WithNativePaths("{Folder}/empty.txt: is zero-length\n") + "Folder " +
                           Below("/texts", "locked") + " cannot be read (Permission denied).\n");
 }

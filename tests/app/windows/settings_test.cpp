@@ -321,10 +321,11 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
     messages.WillAnswer(Question::RereadSource, Answer::Yes);
     Click(box);
     EXPECT_EQ(Checked(box), !before) << box;
-    EXPECT_FALSE(main->HasResult()) << box;
+    EXPECT_FALSE(main->ResultKeepsToWordRules()) << box;
     messages.Forget();
     Click(box);
-    EXPECT_THAT(WindowTest::Shown(), IsEmpty()) << "nothing has been read";
+    EXPECT_THAT(WindowTest::Shown(), IsEmpty()) << "it is to be read anew anyway";
+    EXPECT_TRUE(main->ResultKeepsToWordRules()) << box;
   }
 }
 

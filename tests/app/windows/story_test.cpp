@@ -163,7 +163,8 @@ TEST_F(Story, FromAnEmptyWindowToAReportAndBackAfterARestart) {
   Click("cmdFile_1");
   EXPECT_EQ(TextOf("txbFile_1"), report);
   Choose("cboDisplayFormat", 0);
-  EXPECT_THAT(Output(), EndsWith("Now writing to output file . . .\n"));
+  EXPECT_THAT(Output(),
+              EndsWith("Now writing to output file . . .\n3 phrases were written to " + report + ".\n"));
   const std::string written = ReadFile(report);
   EXPECT_THAT(written, HasSubstr("\t3\tein caf\xE9 ohne meer\t\r\n"));
   EXPECT_THAT(written, HasSubstr("\t2\tthe white whale swam\t\r\n"));

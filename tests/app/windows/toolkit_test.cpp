@@ -466,7 +466,9 @@ TEST(TheClipboard, GivesItsText) {
 
 TEST(MutedMessages, ShowNothingAndStopWhatAsksWhetherToStop) {
   FakeMessages shown;
-  MutedMessages messages(shown);
+  const FakeClock clock;
+  RunClock runClock(clock);
+  MutedMessages messages(shown, runClock);
   messages.Mute();
   EXPECT_EQ(
       messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNo, .question = Question::StopDocx}),
