@@ -1,5 +1,6 @@
 #pragma once
 
+#include <charconv>
 #include <string>
 #include <string_view>
 
@@ -16,12 +17,25 @@ class CellText {
   CellText(const Column& column, const NumberFormat& numbers) : column_(column), numbers_(numbers) {}
 
   /// Empty for a value that is not defined. Valid until the next call, a text as long as the cell.
-  std::string_view Of(const Cell& cell);
+  std::string_view Of(const Cell& cell) {
+    if (const auto* text = std::get_if<std::string_view>(&cell)) return *text;
+    if (const auto* whole = std::get_if<int64_t>(&cell)) return OfWhole(*whole);
+    return OfOther(cell);
+  }
   /// Of the number that Of() returned last, in characters.
   int Width() const { return width_; }
 
  private:
-  std::string_view OfWhole(int64_t value);
+  // Inline for lists of millions of lines.
+  std::string_view OfWhole(int64_t value) {
+    if (size_ == 0 || value != whole_) {
+      whole_ = value;
+      size_ = static_cast<size_t>(std::to_chars(digits_, digits_ + sizeof digits_, value).ptr - digits_);
+    }
+    width_ = static_cast<int>(size_);
+    return {digits_, size_};
+  }
+  std::string_view OfOther(const Cell& cell);
   std::string_view OfReal(double value);
 
   const Column& column_;

@@ -30,8 +30,11 @@ class Pieces {
   void AppendBlanks(int count) {
     if (count <= 0) return;
     const auto blanks = static_cast<size_t>(count);
-    if (room_ - size_ < blanks) Grow(blanks);
-    std::memset(text_.get() + size_, ' ', blanks);
+    const size_t written = std::max(blanks, kFewBlanks);
+    if (room_ - size_ < written) Grow(written);
+    // Always the same number of bytes is a store or two instead of a call; what follows writes over the rest.
+    std::memset(text_.get() + size_, ' ', kFewBlanks);
+    if (blanks > kFewBlanks) std::memset(text_.get() + size_, ' ', blanks);
     size_ += blanks;
   }
 
@@ -43,6 +46,8 @@ class Pieces {
   bool HandOverRest() { return size_ == 0 || HandOver(); }
 
  private:
+  static constexpr size_t kFewBlanks = 16;
+
   bool HandOver() {
     const bool taken = sink_.Write({text_.get(), size_});
     size_ = 0;
