@@ -34,6 +34,22 @@ WordNumber Vocabulary::Number(std::string_view word) {
   return number;
 }
 
+WordNumber Vocabulary::Find(std::string_view word) const {
+  const std::string key = FoldKey(FoldAccents(word));
+  WordNumber low = 1;
+  WordNumber high = Size() + 1;
+  while (low < high) {
+    const WordNumber middle = low + (high - low) / 2;
+    const std::string_view text = Text(middle);
+    const int order = FoldKey(FoldAccents(text)).compare(key);
+    if (order < 0 || (order == 0 && text < word))
+      low = middle + 1;
+    else
+      high = middle;
+  }
+  return low <= Size() && Text(low) == word ? low : kNoWord;
+}
+
 void Vocabulary::Rank(std::vector<WordNumber>& renumbered, const Yielder& yielder) try {
   const uint32_t n = table_.Size();
   struct Row {

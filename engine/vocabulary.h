@@ -22,6 +22,10 @@ class Vocabulary {
   /// The number of `word`, a new one when it has not been seen. Not after Rank().
   WordNumber Number(std::string_view word);
 
+  /// After Rank(): the number of `word`, kNoWord where the run does not have it. Cost: a Key for each step of
+  /// a binary search.
+  WordNumber Find(std::string_view word) const;
+
   uint32_t Size() const {
     return static_cast<uint32_t>(begins_.empty() ? table_.Size() : begins_.size() - 2);
   }

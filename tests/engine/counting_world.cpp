@@ -97,23 +97,6 @@ void DrawLists(CountingWorld& world) {
   }
 }
 
-void Feed(const CountingWorld& world, auto& sink) {
-  sink.BeginSource("0");
-  for (const CountingWorld::Step& step : world.Steps) {
-    switch (step.What) {
-      case CountingWorld::Step::Kind::Word:
-        sink.TakeWord(step.Text);
-        break;
-      case CountingWorld::Step::Kind::EndOfPhrase:
-        sink.ResetPhrases();
-        break;
-      case CountingWorld::Step::Kind::NextFile:
-        sink.BeginSource(step.Text);
-        break;
-    }
-  }
-}
-
 bool IsFolder(const CountingWorld& world) {
   return world.Options.SourceKind == TextSource::Folder;
 }

@@ -33,6 +33,24 @@ struct CountingWorld {
 
 std::ostream& operator<<(std::ostream& out, const CountingWorld& world);
 
+/// Hands the text over to what takes words, phrase ends and files.
+void Feed(const CountingWorld& world, auto& sink) {
+  sink.BeginSource("0");
+  for (const CountingWorld::Step& step : world.Steps) {
+    switch (step.What) {
+      case CountingWorld::Step::Kind::Word:
+        sink.TakeWord(step.Text);
+        break;
+      case CountingWorld::Step::Kind::EndOfPhrase:
+        sink.ResetPhrases();
+        break;
+      case CountingWorld::Step::Kind::NextFile:
+        sink.BeginSource(step.Text);
+        break;
+    }
+  }
+}
+
 /// Everything of a run that can be observed.
 struct CountingOutcome {
   struct Entry {

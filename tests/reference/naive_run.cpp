@@ -38,6 +38,16 @@ std::string RulesDrop(std::string_view word, const WordRules& rules) {
   return "";
 }
 
+std::vector<size_t> PlacesOf(const std::vector<std::string>& words, const std::vector<std::string>& phrase) {
+  std::vector<size_t> places;
+  for (size_t place = 0; place + phrase.size() <= words.size(); ++place) {
+    bool same = true;
+    for (size_t k = 0; k < phrase.size(); ++k) same = same && words[place + k] == phrase[k];
+    if (same) places.push_back(place);
+  }
+  return places;
+}
+
 CountingRun::CountingRun(const WordRules& rules, const RunOptions& options, ListEntries entries)
     : rules_(rules),
       options_(options),
@@ -71,6 +81,11 @@ void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
   } else {
     ++taken_;
     if (!wordsOfSources_.empty()) ++wordsOfSources_.back();
+    // No phrase holds or crosses a word that excludes every phrase with it.
+    if (options_.IgnoreMode == IgnoreRule::ExcludeWith && lists_.IsWordToIgnore(word))
+      NoteEnd();
+    else
+      words_.emplace_back(word);
     for (int k = options_.MinWords; k <= options_.MaxWords; ++k) {
       std::string& buffer = buffers_[static_cast<size_t>(k)];
       if (buffer.empty()) {
@@ -97,7 +112,12 @@ void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
   if (rules_.TerminateAtComma && end.EndedByComma) ResetPhrases();
 }
 
+void CountingRun::NoteEnd() {
+  if (!words_.back().empty()) words_.emplace_back();
+}
+
 void CountingRun::ResetPhrases() {
+  NoteEnd();
   for (size_t k = 2; k < buffers_.size(); ++k) buffers_[k].clear();
 }
 

@@ -22,6 +22,9 @@ using DropCounts = std::map<std::string, int64_t>;
 /// The first of the rules by form that drops the word, by its name above; empty when none does.
 std::string RulesDrop(std::string_view word, const WordRules& rules);
 
+/// Where the words of `phrase` stand one after the other in `words`, by looking everywhere.
+std::vector<size_t> PlacesOf(const std::vector<std::string>& words, const std::vector<std::string>& phrase);
+
 /// One counting run: words in, table out. A stop is a text that ends earlier.
 class CountingRun {
  public:
@@ -40,12 +43,16 @@ class CountingRun {
   void Finish(ChainBy by = ChainBy::Count);
 
   const Table& Phrases() const { return table_; }
+  /// The words that went into phrases, in order. Where no phrase goes on, and before the first word, stands
+  /// one empty text.
+  const std::vector<std::string>& Words() const { return words_; }
   int64_t WordsTaken() const { return taken_; }
   /// Of each source, in reading order.
   const std::vector<int64_t>& WordsOfSources() const { return wordsOfSources_; }
   const DropCounts& WordsDropped() const { return dropped_; }
 
  private:
+  void NoteEnd();
   /// The words-to-ignore test of a full-length phrase.
   bool IgnoreRuleAccepts(std::string_view phrase) const;
 
@@ -54,6 +61,7 @@ class CountingRun {
   Lists lists_;
   Table table_;
   std::vector<std::string> buffers_;  ///< Buffer k holds the last k words, joined by "+".
+  std::vector<std::string> words_{""};
   int64_t taken_ = 0;
   std::vector<int64_t> wordsOfSources_;
   DropCounts dropped_;  ///< Reasons for which no word was dropped are not in it.

@@ -1,0 +1,204 @@
+#include "engine/corpus/phrase_places.h"
+
+#include <gtest/gtest.h>
+
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "engine/word_stream.h"
+#include "tests/engine/counting_world.h"
+#include "tests/reference/naive_run.h"
+#include "tests/reference/naive_text.h"
+
+// Where phrases stand, by the corpus of a run and by looking everywhere.
+
+namespace korv {
+namespace {
+
+using Words = std::vector<std::string>;
+using Places = std::vector<size_t>;
+
+Places AsModel(std::span<const uint32_t> places) {
+  Places sorted(places.begin(), places.end());
+  std::ranges::sort(sorted);
+  return sorted;
+}
+
+std::vector<WordNumber> NumbersOf(const Corpus& corpus, const Words& words) {
+  std::vector<WordNumber> numbers;
+  for (const std::string& word : words) numbers.push_back(corpus.Words.Find(word));
+  return numbers;
+}
+
+std::string Joined(const Words& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
+/// A counted table and the model of the same text.
+struct CountedWorld {
+  explicit CountedWorld(const CountingWorld& world)
+      : Lists(world.Entries), Model(world.Rules, world.Options, world.Entries) {
+    WordStream stream(world.Rules, world.Options, Lists);
+    Feed(world, stream);
+    Feed(world, Model);
+    TakeText(std::move(stream), Table);
+    NoYielder yielder;
+    CountPhrases(Table, yielder);
+    SortPhrases(Table, yielder);
+  }
+
+  RunLists Lists;
+  naive::CountingRun Model;
+  PhraseTable Table;
+};
+
+/// Any phrase of the text, words that do not follow each other, or a word that the text does not have.
+Words DrawPhrase(const Words& text) {
+  const auto number = [](size_t least, size_t end) {
+    return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(least, std::max(end, least + 1)));
+  };
+  Words phrase;
+  const size_t begin = number(0, text.size());
+  const size_t length = number(1, number(0, 3) == 0 ? 26 : 6);
+  for (size_t k = begin; k < std::min(text.size(), begin + length); ++k)
+    if (!text[k].empty()) phrase.push_back(text[k]);
+  if (phrase.empty()) return {"nowhere"};
+  if (number(0, 4) == 0) phrase[number(0, phrase.size())] = text[number(0, text.size())];
+  if (number(0, 20) == 0) phrase.back() = "nowhere";
+  std::erase(phrase, "");
+  return phrase.empty() ? Words{"nowhere"} : phrase;
+}
+
+void CheckWorld(CountingWorld world) {
+  world.Options.KeepPlaces = *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, 4)) > 0;
+  RC_LOG() << world << '\n';
+  CountedWorld counted(world);
+  const Corpus& corpus = counted.Table.Corpus();
+  const Words& text = counted.Model.Words();
+
+  RC_ASSERT(corpus.Tokens.size() >= text.size());
+  for (size_t i = 0; i < corpus.Tokens.size(); ++i) {
+    const WordNumber token = corpus.Tokens[i];
+    RC_ASSERT((token == kNoWord ? "" : corpus.Words.Text(token)) == (i < text.size() ? text[i] : ""));
+  }
+
+  const bool keeps = KeepsPlaces(world.Options);
+  for (PhraseIndex i = 1; i <= std::min<PhraseIndex>(counted.Table.EntryCount(), 25); ++i) {
+    const Words phrase = naive::Split(counted.Table.Text(i), ' ');
+    const Places places = naive::PlacesOf(text, phrase);
+    RC_ASSERT(counted.Table.Count(i) == places.size());
+    RC_ASSERT(AsModel(counted.Table.Places(i)) == (keeps ? places : Places{}));
+    // What is an entry is found by halving.
+    RC_ASSERT(SortedPlaces(corpus, NumbersOf(corpus, phrase)).has_value() == keeps);
+  }
+  bool halved = false;
+  for (int times = 0; times < 10; ++times) {
+    const Words phrase = DrawPhrase(text);
+    const std::vector<WordNumber> numbers = NumbersOf(corpus, phrase);
+    const Places places = naive::PlacesOf(text, phrase);
+    RC_LOG() << "[" << Joined(phrase) << "]\n";
+    RC_ASSERT(AsModel(PlacesOf(corpus, numbers)) == places);
+    if (std::ranges::count(numbers, kNoWord) > 0) continue;
+    RC_ASSERT(AsModel(ScanForPlaces(corpus, numbers)) == places);
+    const auto sorted = SortedPlaces(corpus, numbers);
+    halved = halved || sorted.has_value();
+    if (sorted) RC_ASSERT(AsModel(*sorted) == places);
+  }
+  RC_TAG(halved ? "some by halving" : "all by looking everywhere");
+}
+
+RC_GTEST_PROP(PhrasePlacesProperties, OfTextsWithoutLists, ()) {
+  CheckWorld(DrawWorld({}));
+}
+
+RC_GTEST_PROP(PhrasePlacesProperties, OfTextsCutByRulesAndLists, ()) {
+  CheckWorld(DrawWorld({.Lists = true, .Rules = true, .MostWords = 8}));
+}
+
+RC_GTEST_PROP(PhrasePlacesProperties, OfFolders, ()) {
+  CheckWorld(DrawWorld({.Lists = true, .Folder = true, .MostWords = 8}));
+}
+
+CountingWorld TheCatWorld() {
+  CountingWorld world;
+  world.Rules.IgnoreShortWords = false;
+  world.Options.MinWords = 2;
+  world.Options.MaxWords = 3;
+  world.Options.MinFrequency = 2;
+  world.Options.KeepPlaces = true;
+  using Kind = CountingWorld::Step::Kind;
+  for (const char* word : {"The", "cat", "sat", "/", "the", "cat", "sat", "on", "the", "cat"}) {
+    if (*word == '/')
+      world.Steps.push_back({Kind::EndOfPhrase, ""});
+    else
+      world.Steps.push_back({Kind::Word, word});
+  }
+  return world;
+}
+
+TEST(PhrasePlaces, AreFoundByHalvingFromTheLeastToTheMostWordsOfTheRun) {
+  struct Case {
+    const char* name;
+    Words phrase;
+    bool byHalving;
+    Places places;
+  };
+  const Case cases[] = {
+      {"fewer words than the run counts", {"cat"}, false, {2, 6, 10}},
+      {"the fewest words", {"the", "cat"}, true, {1, 5, 9}},
+      {"the most words", {"the", "cat", "sat"}, true, {1, 5}},
+      {"less often than the run lists", {"on", "the", "cat"}, true, {8}},
+      {"more words than the run counts", {"cat", "sat", "on", "the"}, false, {6}},
+      {"across a phrase end", {"sat", "the"}, true, {}},
+      {"at the end of the text and past it", {"cat", "on"}, true, {}},
+  };
+  // The first token is a phrase end: "the" is number 1.
+  CountedWorld counted(TheCatWorld());
+  const Corpus& corpus = counted.Table.Corpus();
+  for (const Case& c : cases) {
+    const std::vector<WordNumber> numbers = NumbersOf(corpus, c.phrase);
+    EXPECT_EQ(SortedPlaces(corpus, numbers).has_value(), c.byHalving) << c.name;
+    EXPECT_EQ(AsModel(PlacesOf(corpus, numbers)), c.places) << c.name;
+  }
+  EXPECT_TRUE(PlacesOf(corpus, NumbersOf(corpus, {"the", "dog"})).empty());
+  EXPECT_TRUE(PlacesOf(corpus, {}).empty());
+}
+
+TEST(PhrasePlaces, AreNotKeptWhereNobodyAsksForThem) {
+  CountingWorld world = TheCatWorld();
+  world.Options.KeepPlaces = false;
+  CountedWorld counted(world);
+  EXPECT_TRUE(counted.Table.Corpus().Places.empty());
+  EXPECT_TRUE(counted.Table.Places(1).empty());
+  EXPECT_EQ(AsModel(PlacesOf(counted.Table.Corpus(), NumbersOf(counted.Table.Corpus(), {"the", "cat"}))),
+            (Places{1, 5, 9}));
+}
+
+TEST(PhrasePlaces, WordsAreFoundByTheirText) {
+  // Words that share a Key, and words of the order's two ends.
+  CountingWorld world;
+  world.Rules.IgnoreShortWords = false;
+  world.Rules.CaseSignificant = true;
+  const Words words = {"cote", "Cote", "côte", "coté", "a", "zebra", "ÿ", "z"};
+  for (const std::string& word : words)
+    world.Steps.push_back({CountingWorld::Step::Kind::Word, word});
+  CountedWorld counted(world);
+  const Vocabulary& vocabulary = counted.Table.Corpus().Words;
+  for (const std::string& word : words) {
+    const WordNumber number = vocabulary.Find(word);
+    ASSERT_NE(number, kNoWord) << word;
+    EXPECT_EQ(vocabulary.Text(number), word);
+  }
+  for (const char* missing : {"", "cotes", "COTE", "zz", "ÿÿ", "0"})
+    EXPECT_EQ(vocabulary.Find(missing), kNoWord) << missing;
+  EXPECT_EQ(Vocabulary().Find("a"), kNoWord);
+}
+
+}  // namespace
+}  // namespace korv
