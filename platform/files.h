@@ -30,6 +30,9 @@ class InputFile {
   virtual Expected<size_t, FileError> Read(std::span<char> buffer) = 0;
   /// Length in bytes when it was opened; files that have no length (pipes) say 0.
   virtual uint64_t Size() const = 0;
+  /// When it was changed last, as it was opened, in units of the system's own: to be compared, no more. 0
+  /// where there is no telling.
+  virtual int64_t Modified() const { return 0; }
   /// Goes on reading at `position` bytes from the beginning. Pipes and terminals refuse.
   virtual std::optional<FileError> SeekTo(uint64_t position);
 };

@@ -47,6 +47,10 @@ class FileDescriptor {
   int number_;
 };
 
+int64_t NanosecondsOf(const timespec& time) {
+  return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
 // Opening a pipe must not wait for its other end.
 FileDescriptor OpenWithoutWaiting(const fs::path& path, int flags) {
   return FileDescriptor(::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
@@ -59,7 +63,8 @@ void WaitWhenUsed(const FileDescriptor& file) {
 
 class PosixInput final : public InputFile {
  public:
-  PosixInput(FileDescriptor file, uint64_t size) : file_(std::move(file)), size_(size) {}
+  PosixInput(FileDescriptor file, uint64_t size, int64_t modified)
+      : file_(std::move(file)), size_(size), modified_(modified) {}
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
     // A file that grows while it is read ends where it ended when it was opened: one that grows faster than
@@ -81,6 +86,7 @@ class PosixInput final : public InputFile {
     }
   }
   uint64_t Size() const override { return size_; }
+  int64_t Modified() const override { return modified_; }
   std::optional<FileError> SeekTo(uint64_t position) override {
     if (::lseek(file_.Number(), static_cast<off_t>(position), SEEK_SET) < 0) return LastError();
     position_ = position;
@@ -90,6 +96,7 @@ class PosixInput final : public InputFile {
  private:
   FileDescriptor file_;
   uint64_t size_;  ///< 0 where there is no telling: pipes, and files that the system makes up.
+  int64_t modified_;
   uint64_t position_ = 0;
 };
 
@@ -231,7 +238,8 @@ Expected<std::unique_ptr<InputFile>, FileError> SystemOpenForReading(const fs::p
   if (::fstat(file.Number(), &facts) != 0) return LastError();
   if (S_ISDIR(facts.st_mode)) return FileErrorOf(std::make_error_code(std::errc::is_a_directory));
   const uint64_t size = S_ISREG(facts.st_mode) ? static_cast<uint64_t>(facts.st_size) : 0;
-  return std::unique_ptr<InputFile>(std::make_unique<PosixInput>(std::move(file), size));
+  return std::unique_ptr<InputFile>(
+      std::make_unique<PosixInput>(std::move(file), size, NanosecondsOf(facts.st_mtim)));
 }
 
 Expected<std::unique_ptr<OutputFile>, FileError> SystemOpenForWriting(const fs::path& path) {

@@ -29,7 +29,8 @@ Expected<size_t, FileError> ReadSome(HANDLE file, char* bytes, size_t most) {
 
 class DiskInput final : public InputFile {
  public:
-  DiskInput(Handle file, uint64_t size) : file_(std::move(file)), size_(size) {}
+  DiskInput(Handle file, uint64_t size, int64_t modified)
+      : file_(std::move(file)), size_(size), modified_(modified) {}
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
     // A file that grows while it is read ends where it ended when it was opened: one that grows faster than
@@ -41,6 +42,7 @@ class DiskInput final : public InputFile {
     return got;
   }
   uint64_t Size() const override { return size_; }
+  int64_t Modified() const override { return modified_; }
   std::optional<FileError> SeekTo(uint64_t position) override {
     LARGE_INTEGER to;
     to.QuadPart = static_cast<LONGLONG>(position);
@@ -52,8 +54,16 @@ class DiskInput final : public InputFile {
  private:
   Handle file_;
   uint64_t size_;
+  int64_t modified_;
   uint64_t position_ = 0;
 };
+
+/// 0 where the file system does not tell.
+int64_t TimeOfChange(HANDLE file) {
+  FILETIME time{};
+  if (!::GetFileTime(file, nullptr, nullptr, &time)) return 0;
+  return static_cast<int64_t>(uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
+}
 
 /// Pipes and devices: there is no telling how much comes, and no going back.
 class StreamInput final : public InputFile {
@@ -86,8 +96,9 @@ Expected<std::unique_ptr<InputFile>, FileError> OpenInput(const fs::path& full) 
     return std::unique_ptr<InputFile>(std::make_unique<StreamInput>(std::move(file)));
   LARGE_INTEGER size;
   if (!::GetFileSizeEx(file.Get(), &size)) return LastError();
+  const int64_t modified = TimeOfChange(file.Get());
   return std::unique_ptr<InputFile>(
-      std::make_unique<DiskInput>(std::move(file), static_cast<uint64_t>(size.QuadPart)));
+      std::make_unique<DiskInput>(std::move(file), static_cast<uint64_t>(size.QuadPart), modified));
 }
 
 }  // namespace korv

@@ -27,6 +27,11 @@ class FakeFiles final : public FileSystem {
   void Add(const std::filesystem::path& path, std::string content) {
     AddFolder(path.parent_path());
     files_[path] = std::make_shared<std::string>(std::move(content));
+    modified_[path] = ++changes_;
+  }
+  /// Other bytes in a file that looks as old as before.
+  void ChangeUnnoticed(const std::filesystem::path& path, std::string content) {
+    files_[path] = std::make_shared<std::string>(std::move(content));
   }
   void AddFolder(const std::filesystem::path& path) {
     for (std::filesystem::path p = path; folders_.insert(p).second; p = p.parent_path()) {
@@ -59,6 +64,8 @@ class FakeFiles final : public FileSystem {
 
   /// No call of Read() gives more than this.
   void ReadInPiecesOf(size_t bytes) { piece_ = bytes; }
+  /// Called before a file is opened for reading, so that a test can change it between two readings.
+  std::function<void(const std::filesystem::path&)> BeforeOpening;
   /// Called before every listing of a folder, so that a test can change the disk during a walk.
   std::function<void(const std::filesystem::path&)> BeforeListing;
 
@@ -105,11 +112,12 @@ class FakeFiles final : public FileSystem {
 
   Expected<std::unique_ptr<InputFile>, FileError> OpenForReading(const std::filesystem::path& path) override {
     ++openings_;
+    if (BeforeOpening) BeforeOpening(path);
     if (auto fault = Fault(path)) return *fault;
     if (folders_.contains(path)) return Error(FileFault::IsFolder);
     const auto file = files_.find(path);
     if (file == files_.end()) return Error(FileFault::NotFound);
-    return std::unique_ptr<InputFile>(std::make_unique<Input>(*this, file->second));
+    return std::unique_ptr<InputFile>(std::make_unique<Input>(*this, file->second, modified_[path]));
   }
 
   Expected<std::unique_ptr<OutputFile>, FileError> OpenForWriting(
@@ -164,8 +172,8 @@ class FakeFiles final : public FileSystem {
  private:
   class Input final : public InputFile {
    public:
-    Input(FakeFiles& files, std::shared_ptr<std::string> content)
-        : files_(files), content_(std::move(content)) {}
+    Input(FakeFiles& files, std::shared_ptr<std::string> content, int64_t modified)
+        : files_(files), content_(std::move(content)), modified_(modified) {}
     Expected<size_t, FileError> Read(std::span<char> buffer) override {
       if (auto fault = files_.Fault({})) return *fault;
       const size_t left = content_->size() - std::min(at_, content_->size());
@@ -175,6 +183,7 @@ class FakeFiles final : public FileSystem {
       return count;
     }
     uint64_t Size() const override { return content_->size(); }
+    int64_t Modified() const override { return modified_; }
     std::optional<FileError> SeekTo(uint64_t position) override {
       if (auto fault = files_.Fault({})) return fault;
       at_ = static_cast<size_t>(position);
@@ -184,6 +193,7 @@ class FakeFiles final : public FileSystem {
    private:
     FakeFiles& files_;
     std::shared_ptr<std::string> content_;
+    int64_t modified_;
     size_t at_ = 0;
   };
 
@@ -223,6 +233,8 @@ class FakeFiles final : public FileSystem {
   }
 
   std::map<std::filesystem::path, std::shared_ptr<std::string>> files_;
+  std::map<std::filesystem::path, int64_t> modified_;
+  int64_t changes_ = 0;
   std::set<std::filesystem::path> folders_;
   std::map<std::filesystem::path, std::filesystem::path> links_;
   std::map<std::filesystem::path, FileFault> refused_;
