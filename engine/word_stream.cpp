@@ -18,7 +18,8 @@ WordStream::WordStream(const WordRules& rules, const RunOptions& options, const 
 
 void WordStream::BeginSource(const std::filesystem::path& path) {
   ResetPhrases();
-  corpus_.Sources.push_back({path, corpus_.Tokens.size(), counts_.Taken});
+  corpus_.Sources.push_back({path, corpus_.Tokens.size(), counts_.Taken, {}});
+  corpus_.Lines.BeginSource();
 }
 
 void WordStream::TakeWord(std::string_view word) {

@@ -36,6 +36,16 @@ class WordStream {
   /// on belong to that file.
   void BeginSource(const std::filesystem::path& path);
 
+  /// A line, or a piece of one, is about to be cut: its place in the text and its number. `resumable`: see
+  /// LineIndex. Does nothing unless places are kept.
+  void BeginLine(uint64_t offset, uint32_t line, bool startsLine, bool resumable) {
+    if (corpus_.Options.KeepPlaces)
+      corpus_.Lines.AtLine({offset, startsLine, static_cast<uint32_t>(corpus_.Tokens.size()), line},
+                           resumable);
+  }
+  /// How the text that was begun last was read.
+  void DescribeSource(const SourceOrigin& origin) { corpus_.Sources.back().Origin = origin; }
+
   /// One word as cut from the text, UTF-8. Drops it under the short, long, letterless and repetition
   /// rules, folds its case unless case is significant, drops it when it is to be removed as a word to
   /// ignore or under the 7-bit rule, and feeds the rest to the phrase buffers. A dropped word leaves no

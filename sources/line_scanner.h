@@ -51,6 +51,11 @@ class LineScanner {
   /// Where more of the line follows, `endsLine` is false: an entity may end in it, so that the scanner may
   /// keep what stands before for the next call, some 100,000 characters at most.
   void ScanLine(std::string_view line, bool startsLine = true, bool endsLine = true);
+  /// Whether a region goes on behind the line that was scanned last.
+  bool InRegion() const { return intWithinComment_ != kOutside; }
+  /// That line as words were cut from it, behind what was kept of it from earlier calls: every word handed
+  /// over during ScanLine() is a part of this view.
+  std::string_view CutLine() const { return line_; }
   /// Bytes of the text's lines, as cleaned and without their ends, that lay outside regions.
   uint64_t TextBytes() const { return textBytes_; }
 

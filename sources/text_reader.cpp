@@ -37,12 +37,15 @@ struct TextReader::State {
 
   std::string decoded;
   std::string_view line;
-  bool hasAnsi = false;  // Bytes above 127 were read as ANSI.
+  size_t lineLength = 0;    // In bytes as read, ...
+  size_t lineBegin = 0;     // ... which begin here in `bytes` ...
+  uint64_t lineOffset = 0;  // ... and here in the text.
+  bool hasAnsi = false;     // Bytes above 127 were read as ANSI.
   uint64_t illFormed = 0;
   bool startsLine = true;
   bool nextStartsLine = true;
 
-  void Begin();
+  void Begin(TextPart part);
   bool NextLine();
 
  private:
@@ -125,6 +128,9 @@ void TextReader::State::HandOut(size_t length, size_t lineEnd, bool endsLine) {
   Decode(length);
   startsLine = nextStartsLine;
   nextStartsLine = endsLine;
+  lineBegin = begin;
+  lineLength = length;
+  lineOffset = bytesRead - (end - begin);
   begin += length + lineEnd;
   if (nextLf < begin) nextLf = Find('\n', begin);
   if (nextCr < begin) nextCr = Find('\r', begin);
@@ -147,12 +153,12 @@ bool TextReader::State::HandOutPiece() {
   return false;
 }
 
-void TextReader::State::Begin() {
+void TextReader::State::Begin(TextPart part) {
   end = bytes.size();
   bytesRead = end;
   nextLf = Find('\n', 0);
   nextCr = Find('\r', 0);
-  if (encoding.Settled == TextEncoding::Utf8) RemoveSignature();
+  if (part == TextPart::Beginning && encoding.Settled == TextEncoding::Utf8) RemoveSignature();
 }
 
 bool TextReader::State::NextLine() {
@@ -183,14 +189,15 @@ void TextReader::State::RemoveSignature() {
   if (std::string_view(bytes).substr(begin, end - begin).starts_with(kSignature)) begin += kSignature.size();
 }
 
-TextReader::TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines)
+TextReader::TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines,
+                       TextPart part)
     : state_(std::make_unique<State>()) {
   State& s = *state_;
   s.bytes = std::move(head);
   s.rest = rest;
   s.encoding = std::move(encoding);
   s.longLines = longLines;
-  s.Begin();
+  s.Begin(part);
 }
 
 TextReader::~TextReader() = default;
@@ -199,6 +206,12 @@ bool TextReader::NextLine() {
 }
 std::string_view TextReader::Line() const {
   return state_->line;
+}
+std::string_view TextReader::LineBytes() const {
+  return std::string_view(state_->bytes).substr(state_->lineBegin, state_->lineLength);
+}
+uint64_t TextReader::LineOffset() const {
+  return state_->lineOffset;
 }
 bool TextReader::StartsLine() const {
   return state_->startsLine;

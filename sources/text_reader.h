@@ -30,6 +30,9 @@ struct EncodingPlan {
   std::function<bool()> ConfirmUtf8;
 };
 
+/// What a reader is given: a text from its beginning, where a signature may stand, or from some line on.
+enum class TextPart { Beginning, Middle };
+
 /// What a text was read as. Ascii: nothing said that it was UTF-8, and no byte above 127 was met, so that
 /// there was nothing to decide.
 enum class ReadAs { Ascii, Ansi, Utf8 };
@@ -45,8 +48,8 @@ class TextReader {
  public:
   /// `head` is what has been read of the text already; `rest` supplies what follows (null: nothing) and
   /// must outlive the reader.
-  TextReader(std::string head, InputFile* rest, EncodingPlan encoding,
-             LongLines longLines = LongLines::Whole);
+  TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines = LongLines::Whole,
+             TextPart part = TextPart::Beginning);
   ~TextReader();
 
   /// False at the end of the text, or where reading failed (Error() tells). What was read before a
@@ -59,6 +62,10 @@ class TextReader {
   /// False where more of the line follows, be it nothing but its end.
   bool EndsLine() const;
   std::optional<FileError> Error() const;
+  /// The bytes that Line() was decoded from, valid as long.
+  std::string_view LineBytes() const;
+  /// Where they begin: bytes from the beginning of what the reader was given.
+  uint64_t LineOffset() const;
   /// Bytes taken from the source so far, the head among them, for progress.
   uint64_t BytesRead() const;
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "engine/corpus/line_index.h"
 #include "engine/run_lists.h"
 #include "engine/run_options.h"
 #include "engine/vocabulary.h"
@@ -12,11 +13,20 @@
 
 namespace korv {
 
-/// A text of the run: a file, or the clipboard, whose path is empty.
+/// How a text of the run was read, so that it can be read so again.
+struct SourceOrigin {
+  bool IsDocument = false;  ///< Its text was extracted from it; offsets and lines are those of that text.
+  bool IsUtf8 = false;      ///< Else it is ANSI.
+  uint64_t Size = 0;        ///< Of the file, when it was opened.
+  int64_t Modified = 0;     ///< See InputFile::Modified().
+};
+
+/// A text of the run: a file, or the clipboard or a stream, whose path is empty.
 struct CorpusSource {
   std::filesystem::path Path;
   size_t Begin;          ///< Index of its first token.
   uint64_t WordsBefore;  ///< Words taken before its first one, those that excluded phrases included.
+  SourceOrigin Origin;   ///< Known once the text was read.
 };
 
 /// What a run knows of its text: its words as numbers, where its texts begin, under which rules it was cut,
@@ -30,7 +40,8 @@ struct CorpusSource {
 ///   once read, Tokens ends with kTrailingEnds of them, so that a longest phrase may be looked at from
 ///   anywhere.
 ///
-/// Costs 4 bytes a word, 4 more where the places are kept, and 8 a distinct word beside its letters.
+/// Costs 4 bytes a word, a little more than 4 more where the places are kept, and 8 a distinct word beside
+/// its letters.
 struct Corpus {
   WordRules Rules;
   RunOptions Options;
@@ -47,6 +58,8 @@ struct Corpus {
   std::vector<uint32_t> Places;
   /// Places[PlacesOfWord[w - 1]] to Places[PlacesOfWord[w]], that one excluded, start with word w.
   std::vector<uint32_t> PlacesOfWord;
+
+  LineIndex Lines;  ///< Empty unless Options.KeepPlaces.
 
   /// Call once all tokens are there: sets up SourceAt(). Linear in the sources, and a step per block.
   void IndexSources();

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/corpus/place_order.h"
 #include "engine/word_stream.h"
 #include "tests/engine/counting_world.h"
 #include "tests/reference/naive_run.h"
@@ -75,6 +76,37 @@ Words DrawPhrase(const Words& text) {
   return phrase.empty() ? Words{"nowhere"} : phrase;
 }
 
+/// The words to one side of a phrase, the nearest first, up to a phrase end, as they are ordered.
+std::vector<std::pair<std::string, std::string>> Side(const Words& text, size_t at, int step) {
+  std::vector<std::pair<std::string, std::string>> side;
+  for (int k = 0; k < kMostWords && at < text.size() && !text[at].empty(); ++k) {
+    side.emplace_back(naive::FoldKey(naive::FoldAccents(text[at])), text[at]);
+    at += static_cast<size_t>(step);
+  }
+  return side;
+}
+
+void CheckOrders(const Corpus& corpus, const Words& text, const Places& places, size_t words) {
+  for (const PlaceOrder order : {PlaceOrder::Place, PlaceOrder::Left, PlaceOrder::Right, PlaceOrder::File}) {
+    Places expected = places;
+    std::ranges::stable_sort(expected, [&](size_t a, size_t b) {
+      if (order == PlaceOrder::Left) return Side(text, a - 1, -1) < Side(text, b - 1, -1);
+      if (order == PlaceOrder::Right) return Side(text, a + words, 1) < Side(text, b + words, 1);
+      if (order == PlaceOrder::Place) return false;
+      const auto path = [&](size_t place) {
+        const CorpusSource* of = nullptr;
+        for (const CorpusSource& source : corpus.Sources)
+          if (source.Begin <= place) of = &source;
+        return of->Path;
+      };
+      return path(a) < path(b);
+    });
+    std::vector<uint32_t> ordered(places.rbegin(), places.rend());
+    OrderPlaces(corpus, static_cast<int>(words), order, ordered);
+    RC_ASSERT(Places(ordered.begin(), ordered.end()) == expected);
+  }
+}
+
 void CheckWorld(CountingWorld world) {
   world.Options.KeepPlaces = *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, 4)) > 0;
   RC_LOG() << world << '\n';
@@ -109,6 +141,7 @@ void CheckWorld(CountingWorld world) {
     const auto sorted = SortedPlaces(corpus, numbers);
     halved = halved || sorted.has_value();
     if (sorted) RC_ASSERT(AsModel(*sorted) == places);
+    CheckOrders(corpus, text, places, phrase.size());
   }
   RC_TAG(halved ? "some by halving" : "all by looking everywhere");
 }
@@ -186,8 +219,7 @@ TEST(PhrasePlaces, WordsAreFoundByTheirText) {
   world.Rules.IgnoreShortWords = false;
   world.Rules.CaseSignificant = true;
   const Words words = {"cote", "Cote", "côte", "coté", "a", "zebra", "ÿ", "z"};
-  for (const std::string& word : words)
-    world.Steps.push_back({CountingWorld::Step::Kind::Word, word});
+  for (const std::string& word : words) world.Steps.push_back({CountingWorld::Step::Kind::Word, word});
   CountedWorld counted(world);
   const Vocabulary& vocabulary = counted.Table.Corpus().Words;
   for (const std::string& word : words) {
