@@ -74,6 +74,7 @@ struct CountedRun {
   ChainOrder Chain = ChainOrder::ByCount;  ///< What the chain goes by.
   RunFacts Facts;
   std::string OutputPath;    ///< As in the request, or as chosen during the run.
+  std::string KeptText;      ///< Of the clipboard or the stream, in its own encoding, where places are kept.
   std::string FileKind;      ///< Single file: what lblTotalNumOccurrences says after the run.
   bool Interrupted = false;  ///< Stopped at some point; the user wanted what was found.
   StageTimes Times;

@@ -17,15 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kProductWord = "Korv";
 /// Shorter files are read before a progress display could be seen.
 constexpr uint64_t kProgressFromBytes = 10241;
-
-CommentMarkers MarkersOf(const fs::path& path) {
-  CommentMarkers markers;
-  SetMarkupLanguageFromExtension(markers, FileExtension(PathToText(path), true));
-  return markers;
-}
 
 void ShowFileError(Messages& messages, const FileError& error) {
   messages.Show({.text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.fault), error.description),
@@ -60,13 +53,16 @@ RunEnd SourceReading::DoItFromClipboard() {
   services_.View.Status("Now counting phrases on the clipboard");
   stream_.BeginSource({});
   services_.Progress.BytesTotal = text.size();
+  if (request_.Options.KeepPlaces) run_.KeptText = text;
   TextReader reader(text, nullptr, TextEncoding::Utf8, LongLines::InPieces);
   FeedLines(reader, {}, AfterStop::Nothing);
+  stream_.DescribeSource({.IsUtf8 = true});
   return RunEnd::Counted;
 }
 
 RunEnd SourceReading::DoItFromStream() {
-  StreamSource source(*request_.Stream, request_.StreamEncoding, services_.Yielder);
+  StreamSource source(*request_.Stream, request_.StreamEncoding, services_.Yielder,
+                      request_.Options.KeepPlaces ? &run_.KeptText : nullptr);
   const auto unread = source.ReadHead([this](uint64_t bytes) {
     services_.Progress.BytesRead = bytes;
     services_.Yielder.YieldNow();
@@ -84,7 +80,7 @@ RunEnd SourceReading::DoItFromStream() {
   services_.Progress.BytesTotal = source.Size();
   TextReader reader(source.TakeHead(), &source, source.Encoding(), LongLines::InPieces);
   FeedLines(reader, {}, AfterStop::WhatIsThere);
-  Tally(reader);
+  Tally(reader, {});
   if (!reader.Error()) return RunEnd::Counted;
   ShowFileError(services_.Messages, *reader.Error());
   return RunEnd::Refused;
@@ -104,7 +100,7 @@ RunEnd SourceReading::DoItFromFile() {
     return RunEnd::Abandoned;
   }
   const fs::path path = PathFromText(input);
-  if (!CommentMarkersAreSafe(MarkersOf(path))) return RunEnd::Refused;
+  if (!CommentMarkersAreSafe(MarkersOfFile(path))) return RunEnd::Refused;
   services_.View.Status("Now counting phrases in\r\n\r\n" + input);
   if (ReadFile(path, Kind::Single)) return RunEnd::Counted;
   services_.View.Sizes("", "");
@@ -148,7 +144,8 @@ RunEnd SourceReading::DoItFromFolder() {
   CommentMarkers withComments;
   events.Wanted = [&](const fs::path& path) {
     ++progress.FilesTotal;
-    if (const CommentMarkers markers = MarkersOf(path); markers.Language == "C" || markers.Language == "PHP")
+    if (const CommentMarkers markers = MarkersOfFile(path);
+        markers.Language == "C" || markers.Language == "PHP")
       withComments = markers;
   };
   progress.CountingFiles = true;
@@ -191,14 +188,14 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
   if (opened.IsDocx) return ReadDocx(path, opened, kind);
   if (!IsReadableText(opened.Facts.Code)) return Refuse(path, opened, kind);
 
-  const CommentMarkers markers = MarkersOf(path);
+  const CommentMarkers markers = MarkersOfFile(path);
   EncodingPlan encoding = PlanFor(path, opened.Facts);
   services_.View.FileKind(FileKindWhileReading(encoding.Settled == TextEncoding::Utf8));
   if (kind == Kind::Single) services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
   stream_.BeginSource(path);
   TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding), LongLines::InPieces);
   const uint64_t textBytes = FeedLines(reader, markers, AfterStop::Nothing);
-  Tally(reader);
+  Tally(reader, {.Size = size, .Modified = opened.File->Modified()});
   if (kind == Kind::Single)
     run_.FileKind = FileKindAfterRun(reader.ReadAs() == ReadAs::Utf8, opened.Facts.Code);
   if (markers.blnCharacterEntitiesPossible)
@@ -224,7 +221,9 @@ EncodingPlan SourceReading::PlanFor(const fs::path& path, const TextFacts& facts
   });
 }
 
-void SourceReading::Tally(const TextReader& reader) {
+void SourceReading::Tally(const TextReader& reader, SourceOrigin origin) {
+  origin.IsUtf8 = reader.ReadAs() == ReadAs::Utf8;
+  stream_.DescribeSource(origin);
   EncodingCounts& counts = run_.Facts.Encodings;
   switch (reader.ReadAs()) {
     case ReadAs::Ascii:
@@ -242,6 +241,7 @@ void SourceReading::Tally(const TextReader& reader) {
 
 bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
   const uint64_t size = opened.File ? opened.File->Size() : 0;
+  const int64_t modified = opened.File ? opened.File->Modified() : 0;
   std::string text;
   // In a folder run nobody wants to be asked about each large document.
   const int32_t result = korv::ReadDocx({services_.Files, services_.Messages, services_.Yielder}, path,
@@ -253,7 +253,7 @@ bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind
   stream_.BeginSource(path);
   TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::InPieces);
   FeedLines(reader, {}, AfterStop::Nothing);
-  Tally(reader);
+  Tally(reader, {.IsDocument = true, .Size = size, .Modified = modified});
   return true;
 }
 
@@ -300,7 +300,12 @@ uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& mark
   LineScanner<WordStream> scanner(rules_, markers, stream_);
   scanner.BeginSource();
   RunProgress& progress = services_.Progress;
+  uint32_t line = 0;
   while ((!Stopped() || afterStop == AfterStop::WhatIsThere) && reader.NextLine()) {
+    line += reader.StartsLine();
+    // Pieces of mark-up depend on what came before them.
+    stream_.BeginLine(reader.LineOffset(), line, reader.StartsLine(),
+                      reader.StartsLine() ? !scanner.InRegion() : IsPlainText(markers));
     scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
     progress.BytesRead = reader.BytesRead();
     progress.Words = stream_.Counts().Taken;

@@ -50,7 +50,7 @@ class SourceReading {
   /// Returns how many bytes of the text were no mark-up.
   uint64_t FeedLines(TextReader& reader, const CommentMarkers& markers, AfterStop afterStop);
   /// Keeps how a text was read.
-  void Tally(const TextReader& reader);
+  void Tally(const TextReader& reader, SourceOrigin origin);
   EncodingPlan PlanFor(const std::filesystem::path& path, const TextFacts& facts);
   /// Tells of the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);

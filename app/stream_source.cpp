@@ -57,7 +57,15 @@ std::string StreamSource::Beginning() const {
 
 Expected<size_t, FileError> StreamSource::Read(std::span<char> buffer) {
   if (yielder_.Stopped()) return size_t{0};
-  return stream_.Read(buffer);
+  Expected<size_t, FileError> got = stream_.Read(buffer);
+  if (got && kept_ != nullptr && isTaken_) kept_->append(buffer.data(), *got);
+  return got;
+}
+
+std::string StreamSource::TakeHead() {
+  if (kept_ != nullptr) *kept_ = head_;
+  isTaken_ = true;
+  return std::move(head_);
 }
 
 }  // namespace korv

@@ -19,9 +19,10 @@ namespace korv {
 ///   if (IsWords(source.Beginning())) TextReader reader(source.TakeHead(), &source, source.Encoding());
 class StreamSource final : public InputFile {
  public:
-  /// `stream` and `yielder` must outlive the source.
-  StreamSource(InputFile& stream, EncodingChoice choice, const Yielder& yielder)
-      : stream_(stream), choice_(choice), yielder_(yielder) {}
+  /// `kept`, where given, gets all that is read of the text, without its signature. All must outlive the
+  /// source.
+  StreamSource(InputFile& stream, EncodingChoice choice, const Yielder& yielder, std::string* kept)
+      : stream_(stream), choice_(choice), yielder_(yielder), kept_(kept) {}
 
   /// Reads what a look at the first characters takes, and removes a UTF-8 signature. `onBlock` is told after
   /// each read how many bytes there are. An empty result on success.
@@ -31,7 +32,7 @@ class StreamSource final : public InputFile {
   /// How the text is to be read. Nobody is asked: what looks like UTF-8 is.
   EncodingPlan Encoding() const;
   /// The bytes that ReadHead() has read; the object reads on behind them.
-  std::string TakeHead() { return std::move(head_); }
+  std::string TakeHead();
 
   Expected<size_t, FileError> Read(std::span<char> buffer) override;
   uint64_t Size() const override { return stream_.Size(); }
@@ -40,8 +41,10 @@ class StreamSource final : public InputFile {
   InputFile& stream_;
   EncodingChoice choice_;
   const Yielder& yielder_;
+  std::string* kept_;
   std::string head_;
   bool hadSignature_ = false;
+  bool isTaken_ = false;  ///< What is read from now on is no part of the head.
 };
 
 }  // namespace korv

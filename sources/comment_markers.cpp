@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <span>
 
+#include "platform/files.h"
+#include "sources/classification.h"
+
 namespace korv {
 namespace {
 
@@ -61,6 +64,12 @@ bool SetMarkupLanguageFromExtension(CommentMarkers& markers, std::string_view ex
   markers.blnCharacterEntitiesPossible = language == "PHP" || language == "XML" || language == "HTML";
   SetCommentMarkers(markers, language);
   return true;
+}
+
+CommentMarkers MarkersOfFile(const std::filesystem::path& path) {
+  CommentMarkers markers;
+  SetMarkupLanguageFromExtension(markers, FileExtension(PathToText(path), true));
+  return markers;
 }
 
 }  // namespace korv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <string_view>
 
 namespace korv {
@@ -23,7 +24,14 @@ struct CommentMarkers {
 /// "C", "XML", "HTML", "PHP"; any other name clears the table. Names are compared exactly. Leaves
 /// blnCharacterEntitiesPossible as it is.
 void SetCommentMarkers(CommentMarkers& markers, std::string_view language);
+/// Those of a file, by its name.
+CommentMarkers MarkersOfFile(const std::filesystem::path& path);
 /// By the lower-cased extension without its dot. Always true.
 bool SetMarkupLanguageFromExtension(CommentMarkers& markers, std::string_view extension);
+
+/// No region and no entity: each word stands for itself, wherever a line is parted.
+inline bool IsPlainText(const CommentMarkers& markers) {
+  return markers.intNumCommentMarkers == 0 && !markers.blnCharacterEntitiesPossible;
+}
 
 }  // namespace korv

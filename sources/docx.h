@@ -18,6 +18,9 @@ namespace korv {
 inline constexpr int32_t kLargeDocxBytes = 10485760;
 inline constexpr int32_t kMostDocxBytes = 20971520;
 
+/// The folder of a document's temporary files.
+inline constexpr std::string_view kProductWord = "Korv";
+
 /// What ExtractDocx returns where it is no size.
 enum DocxFault : int32_t {
   kDocxNoTemporaryFolder = -1,

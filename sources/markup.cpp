@@ -48,12 +48,12 @@ bool IsPastSecondCharacter(std::string_view text, size_t at) {
 
 }  // namespace
 
-void ReplaceNamedEntities(std::string& text) {
+void ReplaceNamedEntities(std::string& text, std::vector<ReplacedEntity>* replaced) {
   bool open = false;
-  ReplaceNamedEntities(text, open);
+  ReplaceNamedEntities(text, open, replaced);
 }
 
-void ReplaceNamedEntities(std::string& text, bool& open) {
+void ReplaceNamedEntities(std::string& text, bool& open, std::vector<ReplacedEntity>* replaced) {
   const size_t begin = open ? text.find(';') : 0;
   if (begin == std::string::npos) return;
   size_t ampersand = text.find('&', begin);
@@ -75,6 +75,7 @@ void ReplaceNamedEntities(std::string& text, bool& open) {
         Replacement(std::string_view(text).substr(ampersand, semicolon + 1 - ampersand));
     if (!with.empty()) {
       keepUntil(ampersand);
+      if (replaced != nullptr) replaced->push_back({to, with.size(), ampersand, semicolon + 1 - ampersand});
       std::copy(with.begin(), with.end(), text.begin() + static_cast<std::ptrdiff_t>(to));
       to += with.size();
       from = semicolon + 1;

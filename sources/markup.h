@@ -3,16 +3,26 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korv {
+
+/// An entity and what stands for it now, in bytes.
+struct ReplacedEntity {
+  size_t Begin;     ///< Of what stands for it, in the new text.
+  size_t Size;      ///< Of that.
+  size_t OldBegin;  ///< Of the entity, in the old text.
+  size_t OldSize;   ///< Of the entity.
+};
 
 /// Replaces the known character entities of a line by the characters they stand for: letters by
 /// themselves, quotes of all shapes by an apostrophe, "&quot;" by a double quote. Unknown ones stay. What
 /// a replacement makes is not looked at again. An "&" without ";" after it ends the work. Linear.
-void ReplaceNamedEntities(std::string& text);
+/// `replaced`, where given, gets what was replaced, in order.
+void ReplaceNamedEntities(std::string& text, std::vector<ReplacedEntity>* replaced = nullptr);
 /// The same for a line that comes in parts, none of which ends inside a known entity. `open` says whether an
 /// "&" of an earlier part, in the end of this one, waits for its ";"; false at the beginning of a line.
-void ReplaceNamedEntities(std::string& text, bool& open);
+void ReplaceNamedEntities(std::string& text, bool& open, std::vector<ReplacedEntity>* replaced = nullptr);
 
 /// Replaces "--" by two blanks, save at the first two characters of the line and where it belongs to
 /// "<!--" or "-->". Linear.

@@ -79,6 +79,8 @@ std::u32string CharactersOfAnsi(std::string_view bytes) {
   return characters;
 }
 
+}  // namespace
+
 std::vector<std::string_view> BytesOfLines(std::string_view bytes) {
   std::vector<std::string_view> lines;
   size_t begin = 0;
@@ -92,7 +94,20 @@ std::vector<std::string_view> BytesOfLines(std::string_view bytes) {
   return lines;
 }
 
-}  // namespace
+std::u32string RawCharacters(std::string_view bytes, bool isUtf8) {
+  uint64_t illFormed = 0;
+  if (isUtf8) return CharactersOfUtf8(bytes, illFormed);
+  std::u32string characters;
+  for (const char c : bytes) characters += static_cast<unsigned char>(c);
+  return characters;
+}
+
+std::u32string WithReplacements(const std::u32string& characters, bool isUtf8) {
+  if (isUtf8) return WithReplacements(characters);
+  std::string bytes;
+  for (const char32_t c : characters) bytes += static_cast<char>(c);
+  return CharactersOfAnsi(bytes);
+}
 
 bool TakesForUtf8(std::string_view bytes) {
   size_t first = 0;

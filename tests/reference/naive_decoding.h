@@ -14,6 +14,13 @@ struct DecodedText {
   uint64_t IllFormed = 0;  ///< Sequences of UTF-8 that became U+FFFD.
 };
 
+/// The bytes of each line, without their ends.
+std::vector<std::string_view> BytesOfLines(std::string_view bytes);
+/// The characters that bytes stand for, nothing replaced but what is ill-formed.
+std::u32string RawCharacters(std::string_view bytes, bool isUtf8);
+/// What is made of them but for NFC.
+std::u32string WithReplacements(const std::u32string& characters, bool isUtf8);
+
 /// Whether a text that nothing tells the encoding of is UTF-8, by what stands from its first byte above 127
 /// on.
 bool TakesForUtf8(std::string_view bytes);

@@ -230,7 +230,9 @@ bool Scanner::TakesApostrophe(View line, size_t begin, size_t end) const {
 }
 
 void Scanner::Break() {
-  if (found_.empty() || found_.back() != kBreak) found_.emplace_back(kBreak);
+  if (!found_.empty() && found_.back() == kBreak) return;
+  found_.emplace_back(kBreak);
+  spans_.emplace_back(0, 0);
 }
 
 void Scanner::ScanLine(std::string_view text) {
@@ -277,6 +279,7 @@ void Scanner::ScanLine(std::string_view text) {
     }
     if (begin == end) continue;
     found_.push_back(Encode(View(line).substr(begin, end - begin)));
+    spans_.emplace_back(begin - 1, end - 1);  // Without the blank before the line.
     const char32_t after = end < line.size() ? line[end] : U'\0';
     if (after == U'.' && rules_.TerminateAtPeriod) Break();
     if (after == U'"' && rules_.TerminateAtDoubleQuote) Break();

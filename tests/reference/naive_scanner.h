@@ -23,6 +23,10 @@ class Scanner {
   const std::vector<std::string>& Found() const { return found_; }
   static constexpr std::string_view kBreak = "|";
 
+  /// Where each of them begins and ends in its line with all replacements made, in code points; 0 for a
+  /// break.
+  const std::vector<std::pair<size_t, size_t>>& Spans() const { return spans_; }
+
   // The steps, for tests of their own.
   static std::u32string ReplaceDoubleHyphens(std::u32string line);
   static std::u32string ReplaceNamedEntities(std::u32string line);
@@ -47,6 +51,7 @@ class Scanner {
   int inRegion_ = -1;
   std::vector<bool> belongs_;  ///< To words: each character of the line that is being scanned.
   std::vector<std::string> found_;
+  std::vector<std::pair<size_t, size_t>> spans_;
 };
 
 }  // namespace korv::naive

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "engine/corpus/corpus.h"
+#include "platform/expected.h"
+#include "sources/docx.h"
+#include "sources/places/text_replay.h"
+
+namespace korv {
+
+/// Where a phrase stands in its file, and what stands around it, as the file has it.
+struct PlaceInText {
+  uint64_t Line;  ///< Of its first character, from 1; in a document, of the text extracted from it.
+  uint64_t
+      Column;  ///< Of its first character, from 1: code points of the file, a tab is one, a signature none.
+  std::string Phrase;  ///< UTF-8; a line feed where a line ends.
+  std::string Left;    ///< The words before it, all white space as single blanks.
+  std::string Right;   ///< The words behind it.
+};
+
+enum class PlaceFault {
+  Unreadable,  ///< The file is gone or cannot be read any more.
+  Changed,     ///< It has another size or time, or other words.
+  NotKept,     ///< A text that was no file, and of which nothing was kept.
+};
+
+/// Leads from the places of a run back to its files, which are read again from the nearest anchor on. Needs a
+/// run that kept places.
+///
+/// Costs, for places in ascending order: about one reading of what lies between the first and the last, parts
+/// without places left out from some 256 words on; for a single place the reading of some 256 words, in text
+/// of longer lines that of a line, of a piece where it is plain text. A document is extracted anew when the
+/// text before was another. Holds the lines that the words around a place come from, and a document's text.
+class PlaceLocator {
+ public:
+  /// `text`: that of the source without a path, from its first byte behind a signature; empty where it was
+  /// not kept. All must outlive the object.
+  PlaceLocator(const Corpus& corpus, const DocxContext& context, std::string_view text)
+      : corpus_(corpus), context_(context), text_(text) {}
+
+  /// The phrase of `words` words at `place`, with at most `around` code points of whole words on both sides,
+  /// beyond phrase ends too but not beyond the file.
+  Expected<PlaceInText, PlaceFault> Locate(uint32_t place, int words, size_t around);
+
+ private:
+  using Fault = std::optional<PlaceFault>;
+  struct Hit;
+
+  bool GoesOn(size_t source, uint32_t from) const;
+  const LineAnchor& AnchorFor(size_t source, uint32_t from) const;
+  Fault Open(size_t source, uint32_t from);
+  Expected<std::unique_ptr<TextReader>, PlaceFault> ReaderAt(size_t source, const LineAnchor& anchor);
+  Expected<uint64_t, PlaceFault> ColumnsBefore(size_t source, const LineAnchor& anchor);
+  Fault ReadDocument(size_t source);
+  bool ReadLine();
+  Fault ReadUntil(uint32_t token, uint32_t from);
+  bool Find(uint32_t token, Hit& hit) const;
+  RawSpan SpanOf(const Hit& hit);
+  TextEncoding Encoding() const;
+  std::string Text(std::string_view bytes) const;
+  std::string PhraseBetween(const Hit& first, size_t begin, const Hit& last, size_t end) const;
+  std::string LeftOf(const Hit& hit, size_t begin, size_t around) const;
+  std::string RightOf(const Hit& hit, size_t end, size_t around);
+
+  const Corpus& corpus_;
+  DocxContext context_;
+  std::string_view text_;
+
+  size_t source_ = SIZE_MAX;  ///< The one that is being read.
+  std::unique_ptr<InputFile> file_;
+  size_t documentOf_ = SIZE_MAX;  ///< The source that document_ is the text of.
+  std::string document_;
+  uint64_t readerBegin_ = 0;  ///< Offset of the first byte that the reader was given.
+  std::unique_ptr<TextReplay> replay_;
+  std::deque<std::unique_ptr<ReplayedLine>> lines_;  ///< Those around the place.
+};
+
+}  // namespace korv
