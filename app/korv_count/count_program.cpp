@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/korv_count/about_file.h"
+#include "app/korv_count/context_table.h"
 #include "app/korv_count/count_view.h"
 #include "app/korv_count/options.h"
 #include "app/korv_count/run_line.h"
@@ -21,6 +22,7 @@
 #include "report/stream_sink.h"
 #include "report/summary.h"
 #include "sources/folder_walk.h"
+#include "sources/places/phrase_cut.h"
 #include "sources/source_checks.h"
 #include "wordlists/gather_lists.h"
 
@@ -172,9 +174,9 @@ class CountProgram {
       default:
         return kExitRefused;
     }
-    const int status = WriteReport(report);
+    const int status = options_.ContextOf ? WriteContexts() : WriteReport(report);
     line_.Clear();
-    if (status == kExitRefused) return status;
+    if (status == kExitRefused || status == kExitUsage) return status;
     if (!options_.Quiet) env_.Err << WithPlainLineEnds(SkippedFilesText(run_.Facts)) << std::flush;
     if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
     Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
@@ -198,6 +200,7 @@ class CountProgram {
     request.Rules = settings_.Words;
     SetAllowedExtraChars(request.Rules);
     SetAllowedExtraChars2(request.Rules);
+    request.Options.KeepPlaces = options_.ContextOf.has_value();
     request.Chain = ChainOrderOf(settings_.Report);
     request.InputPath = settings_.SourceKind == TextSource::Folder ? settings_.Folder : settings_.InputFile;
     request.OutputPath = OutputPath();
@@ -212,6 +215,7 @@ class CountProgram {
 
   /// A path on the command line replaces the settings' source, and their output file with it.
   std::string OutputPath() const {
+    if (options_.ContextOf) return {};
     if (!options_.Output.empty()) return options_.Output;
     return options_.Path.empty() && !settings_.DisableOutputToFile ? settings_.OutputFile : std::string();
   }
@@ -293,6 +297,25 @@ class CountProgram {
     if (options_.Output.empty() && !run_.OutputPath.empty()) return nullptr;
     if (options_.OutputFormat) return *options_.OutputFormat;
     return TableFormOfFile(PathFromText(run_.OutputPath));
+  }
+
+  int WriteContexts() {
+    const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
+    const CutPhrase phrase = CutTypedPhrase(*options_.ContextOf, run_.Table.Corpus());
+    if (phrase.Length == 0 || phrase.Length > static_cast<size_t>(kMostWords)) {
+      env_.Err << kName << ": --context-of: " << *options_.ContextOf
+               << (phrase.Length == 0 ? ": the rules in force leave no word of it"
+                                      : ": that is more than 25 words")
+               << '\n';
+      return kExitUsage;
+    }
+    ContextTable table(run_, {env_.Files, messages_, env_.Yielder}, env_.Out,
+                       [this](const std::string& text) { Tell(text); });
+    const bool finished = table.Write(phrase.Words, options_.Sort.value_or(PlaceOrder::Place),
+                                      static_cast<size_t>(options_.Contexts.value_or(kContexts)));
+    env_.Out << std::flush;
+    if (!env_.Out) return CannotWrite();
+    return finished ? kExitReport : kExitInterrupted;
   }
 
   int WriteReport(const ReportOptions& options) {

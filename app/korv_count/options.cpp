@@ -99,6 +99,7 @@ class Parser {
     AddWords();
     AddSources();
     AddReport();
+    AddContexts();
     AddOutput();
     try {
       CheckNames(arguments);
@@ -237,6 +238,21 @@ class Parser {
         ->type_name("NAME");
   }
 
+  void AddContexts() {
+    const char* group = "Contexts";
+    app_.add_option("--context-of", options_.ContextOf,
+                    "List where a phrase stands, with the text around, instead of a report")
+        ->type_name("PHRASE")
+        ->group(group);
+    Number("--contexts", options_.Contexts, 0, kMostContexts, "Characters on each side (80)", group);
+    Choice<std::optional<PlaceOrder>>("--sort", options_.Sort,
+                                      {{"place", PlaceOrder::Place},
+                                       {"left", PlaceOrder::Left},
+                                       {"right", PlaceOrder::Right},
+                                       {"file", PlaceOrder::File}},
+                                      "Order of the contexts (place)", group);
+  }
+
   void AddOutput() {
     const char* group = "Output";
     File("--output,-o", options_.Output, "Write the report to a file")->group(group);
@@ -316,6 +332,14 @@ class Parser {
       throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
     if (options_.ListFiles && options_.FromStandardInput())
       throw CLI::ValidationError("--list-files", "standard input has no files to list");
+    if (!options_.ContextOf && (options_.Contexts || options_.Sort))
+      throw CLI::ValidationError(options_.Contexts ? "--contexts" : "--sort", "needs --context-of");
+    if (options_.ContextOf && !options_.Output.empty())
+      throw CLI::ValidationError("--context-of", "writes to standard output, not to --output");
+    if (options_.ContextOf && options_.OutputFormat && *options_.OutputFormat == nullptr)
+      throw CLI::ValidationError("--context-of", "is a table, which --output-format text cannot be");
+    if (options_.ContextOf && options_.ListFiles)
+      throw CLI::ValidationError("--context-of", "excludes --list-files");
   }
 
   CLI::App app_{"Counts the phrases of natural-language text.", "korv-count"};

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/settings.h"
+#include "engine/corpus/place_order.h"
 #include "platform/number_format.h"
 #include "report/report_form.h"
 #include "report/writers/table_forms.h"
@@ -19,6 +20,10 @@ inline constexpr int kExitReport = 0;
 inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
 inline constexpr int kExitInterrupted = 130;
+
+/// Characters on each side of a phrase in its contexts.
+inline constexpr int kContexts = 80;
+inline constexpr int kMostContexts = 10000;
 
 /// Words ignored by their length: a size, or switched off.
 struct ShortWords {
@@ -62,6 +67,10 @@ struct CountOptions {
   bool SortByFiles = false;
   std::optional<std::string> Filter;
   std::optional<FilterMode> FilterModeOfWords;
+
+  std::optional<std::string> ContextOf;  ///< A phrase whose contexts are listed instead of a report.
+  std::optional<int> Contexts;
+  std::optional<PlaceOrder> Sort;
 
   EncodingChoice Encoding = EncodingChoice::Auto;
   std::string Output;
