@@ -49,8 +49,6 @@ QWidget* ResultNotesPanel::MakeRow(const ResultNote& note, const QString& name) 
   label->setWordWrap(true);
   // A long name is broken or cut; it never widens the window.
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  // Else a label that wraps wants the height that it would have if it were narrow.
-  label->setMinimumHeight(label->fontMetrics().height());
   if (note.Kind == NoteKind::Source) {
     QFont bold = label->font();
     bold.setBold(true);
@@ -67,7 +65,7 @@ QWidget* ResultNotesPanel::MakeRow(const ResultNote& note, const QString& name) 
     connect(button, &QToolButton::clicked, this, [this, action] {
       if (act_) act_(action);
     });
-    layout->addWidget(button);
+    layout->addWidget(button, 0, Qt::AlignTop);
   }
   return row;
 }

@@ -117,14 +117,6 @@ TEST_F(Result, IsNamedInTheTitleBeforeItIsCounted) {
   EXPECT_EQ(main->windowTitle().toStdString(), "Korv");
 }
 
-TEST_F(Result, HasNotesOfOneLineEachWhereTheyFit) {
-  CountText("so we saw the white whale. so we saw the white whale.\n");
-  main->resize(1180, 860);
-  QApplication::processEvents();
-  const auto* label = Find<QLabel>("lblNote_WordsLeftOut");
-  EXPECT_LT(label->height(), 2 * label->fontMetrics().height());
-}
-
 // ---- What is chosen and what is shown
 
 TEST_F(Result, FollowsWhatIsChosenWhileItIsListed) {
