@@ -72,9 +72,9 @@ Gen<typename Container::value_type> elementOf(Container values) {
   });
 }
 
-template <typename T, std::same_as<T>... Ts>
+template <typename T, std::convertible_to<T>... Ts>
 Gen<T> element(T first, Ts... others) {
-  return elementOf(std::vector<T>{std::move(first), std::move(others)...});
+  return elementOf(std::vector<T>{std::move(first), static_cast<T>(std::move(others))...});
 }
 
 /// `count` elements.
