@@ -18,7 +18,7 @@ constexpr size_t kMostTokens = size_t{1} << 20;
 constexpr uint32_t kFromBegin = 0;
 
 /// Fewer bytes are sooner read than sought.
-constexpr uint64_t kWorthASeek = 64 * 1024;
+constexpr uint64_t kWorthASeek = uint64_t{64} * 1024;
 
 LongLines LinesOf(const CommentMarkers& markers) {
   return IsPlainText(markers) ? LongLines::InPieces : LongLines::Whole;

@@ -284,6 +284,47 @@ TEST(PlaceLocator, FindsPlacesOfARunThatWasStopped) {
   EXPECT_EQ(last->Column, 5u);
 }
 
+TEST(CutTypedPhrase, TreatsAPhraseAsTheRunTreatsItsText) {
+  struct Case {
+    const char* name;
+    const char* typed;
+    IgnoreRule mode;
+    size_t length;
+    const char* words;  ///< "?" for a word that makes the phrase be nowhere.
+  };
+  constexpr auto kAllow = IgnoreRule::Allow;
+  const Case cases[] = {
+      {"as it stands", "big cat", kAllow, 2, "big cat"},
+      {"case and signs", " Big (CAT),", kAllow, 2, "big cat"},
+      {"decomposed, with a typographic apostrophe", "cafe\u0301\u2019s", kAllow, 1, "caf\u00E9's"},
+      {"dropped words", "big 12 aaaa cat", kAllow, 2, "big cat"},
+      {"nothing left", "12 aaaa", kAllow, 0, ""},
+      {"nothing at all", "", kAllow, 0, ""},
+      {"phrase ends around it", "\"big cat.\"", kAllow, 2, "big cat"},
+      {"a phrase end inside it", "big. Cat", kAllow, 2, "big ? cat"},
+      {"a word that the text does not have", "big dog", kAllow, 2, "big ?"},
+      {"a word to ignore", "the big cat", kAllow, 3, "the big cat"},
+      {"a word to ignore that is removed", "big the cat", IgnoreRule::Remove, 2, "big cat"},
+      {"a word that excludes phrases", "the big cat", IgnoreRule::ExcludeWith, 3, "big cat ?"},
+  };
+  for (const Case& c : cases) {
+    PlacesWorld world(EncodingChoice::Utf8);
+    world.request.Options.IgnoreMode = c.mode;
+    world.request.Lists.FileWordsToIgnore = {"the"};
+    world.UseFile("/t/a.txt", "the big cat and caf\u00E9's big cat");
+    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.name;
+    const Corpus& corpus = world.run.Table.Corpus();
+    const CutPhrase cut = CutTypedPhrase(c.typed, corpus);
+    std::string words;
+    for (const WordNumber word : cut.Words) {
+      words += words.empty() ? "" : " ";
+      words += word == kNoWord ? "?" : corpus.Words.Text(word);
+    }
+    EXPECT_EQ(cut.Length, c.length) << c.name;
+    EXPECT_EQ(words, c.words) << c.name;
+  }
+}
+
 // ---- Against the model.
 
 constexpr std::string_view kPieces[] = {"a",
