@@ -764,11 +764,11 @@ TEST_F(CountProgramTest, ContextsSayWhereAPhraseStandsAndInWhichWords) {
   files.Add("/t/1.txt", "The big cat sat.\r\nA\tbig\r\ncat ran.");
   files.Add("/t/2.txt", "No big, big cat");
   EXPECT_EQ(Count({"--context-of", "Big cat!", "--terminate", "none", "/t"}), kExitReport);
-  EXPECT_EQ(out.str(),
-            "file\tline\tcolumn\tleft\tphrase\tright\n"
-            "/t/1.txt\t1\t5\tThe\tbig cat\tsat. A big cat ran.\n"
-            "/t/1.txt\t2\t3\tThe big cat sat. A\tbig cat\tran.\n"
-            "/t/2.txt\t1\t9\tNo big,\tbig cat\t\n");
+  const std::string first = Below("/t", "1.txt");
+  EXPECT_EQ(out.str(), "file\tline\tcolumn\tleft\tphrase\tright\n" + first +
+                           "\t1\t5\tThe\tbig cat\tsat. A big cat ran.\n" + first +
+                           "\t2\t3\tThe big cat sat. A\tbig cat\tran.\n" + Below("/t", "2.txt") +
+                           "\t1\t9\tNo big,\tbig cat\t\n");
   EXPECT_EQ(err.str(), "12 words read, 2 dropped (2 shorter than 3 characters); 2 files ASCII\n");
 }
 
@@ -832,13 +832,12 @@ TEST_F(CountProgramTest, ContextsOfAFileThatChangedMeanwhileAreTheWordsThatWereC
     if (path == "/t/1.txt" && ++openings == 2) files.Add("/t/1.txt", "The big cat");
   };
   EXPECT_EQ(Count({"/t", "--context-of", "big cat", "--contexts", "12"}), kExitReport);
-  EXPECT_EQ(out.str(),
-            "file\tline\tcolumn\tleft\tphrase\tright\n"
-            "/t/1.txt\t\t\tthe\tbig cat\tsat | the\n"
-            "/t/1.txt\t\t\tsat | the\tbig cat\tran |\n");
+  const std::string file = Below("/t", "1.txt");
+  EXPECT_EQ(out.str(), "file\tline\tcolumn\tleft\tphrase\tright\n" + file +
+                           "\t\t\tthe\tbig cat\tsat | the\n" + file + "\t\t\tsat | the\tbig cat\tran |\n");
   EXPECT_THAT(err.str(),
-              HasSubstr("/t/1.txt has changed since it was counted: its contexts are the words that "
-                        "were counted, without line and column.\n"));
+              HasSubstr(file + " has changed since it was counted: its contexts are the words that "
+                               "were counted, without line and column.\n"));
 }
 
 }  // namespace
