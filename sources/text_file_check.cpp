@@ -31,7 +31,7 @@ void Inform(Messages& messages, std::string text, std::string title, std::string
 }
 
 std::string AdviceFor(FileSystem& files, const std::filesystem::path& path) {
-  return ForeignKindAdvice(OpenTextSource(files, path, kWordListThreshold).Head);
+  return ForeignListAdvice(OpenTextSource(files, path, kWordListThreshold).Head);
 }
 
 // What is wrong with a file that cannot be read as text at all; empty for the other codes.

@@ -21,6 +21,8 @@ TEST(ForeignKindAdvice, TellsWhatAFileIsByItsBeginning) {
       {"UTF-16, little end first", "\xFF\xFEt\0e\0"s, "It is text in UTF-16 or UTF-32."},
       {"UTF-16, big end first", "\xFE\xFF\0t\0e"s, "It is text in UTF-16 or UTF-32."},
       {"UTF-32, big end first", "\0\0\xFE\xFF"s, "It is text in UTF-16 or UTF-32."},
+      {"UTF-16 without a signature, little end first", "T\0e\0x\0t\0"s, "It is text in UTF-16 or UTF-32."},
+      {"UTF-16 without a signature, big end first", "\0T\0e\0x\0t"s, "It is text in UTF-16 or UTF-32."},
       {"gzip", "\x1F\x8B\x08", "It is a packed file."},
       {"bzip2", "BZh91AY", "It is a packed file."},
       {"xz",
@@ -46,6 +48,25 @@ TEST(ForeignKindAdvice, TellsWhatAFileIsByItsBeginning) {
       {"a presentation", "PK\x03\x04....ppt/slides", "It is a presentation."},
   };
   for (const Case& c : cases) EXPECT_EQ(ForeignKindAdvice(c.head).rfind(c.begins, 0), 0u) << c.name;
+}
+
+TEST(ForeignKindAdvice, TellsOfAListHowTheWordsMustBeSaved) {
+  constexpr const char* kSave = "Save the words as a text file (.txt) with one entry a line.";
+  EXPECT_EQ(ForeignListAdvice("PK\x03\x04....word/document.xml"),
+            std::string("It is a Word document.  ") + kSave);
+  EXPECT_EQ(ForeignListAdvice("%PDF-1.7"), std::string("It is a PDF document.  ") + kSave);
+  EXPECT_EQ(ForeignListAdvice("{\\rtf1"), kSave);
+  EXPECT_EQ(ForeignListAdvice("\xFF\xFEt"),
+            "It is text in UTF-16 or UTF-32.  Open it in an editor and save it with the encoding UTF-8.");
+  EXPECT_EQ(ForeignListAdvice("text"), "");
+}
+
+TEST(ForeignKindAdvice, TakesNoProgramForWideText) {
+  using namespace std::string_literals;
+  for (const std::string& head : {"\x7F"
+                                  "ELF\0\0\1\0\0\0x\0"s,
+                                  "a\0bcdefghij"s, "\0\0\0\0"s, "\0"s})
+    EXPECT_EQ(ForeignKindAdvice(head), "");
 }
 
 TEST(ForeignKindAdvice, SaysNothingOfWhatItDoesNotKnow) {
