@@ -40,7 +40,10 @@ Answer AnswerTo(const Message& message) {
 
 Answer ConsoleMessages::Show(const Message& message) {
   if (message.buttons != Buttons::Ok) return AnswerTo(message);
-  std::string text = program_ + ": " + WithPlainLineEnds(message.text) + "\n";
+  // Some texts end in empty lines, to set them apart from what a window shows below.
+  std::string text = program_ + ": " + WithPlainLineEnds(message.text);
+  text.erase(text.find_last_not_of('\n') + 1);
+  text += '\n';
   if (!message.addition.empty()) text += WithPlainLineEnds(message.addition) + "\n";
   if (when_ == When::AtOnce)
     Write(text);

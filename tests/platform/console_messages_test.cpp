@@ -16,6 +16,14 @@ TEST(ConsoleMessages, SayAnAdditionBelowTheText) {
   EXPECT_EQ(stream.str(), "korv-count: Two\nlines\nand\none more\n");
 }
 
+TEST(ConsoleMessages, LeaveNoEmptyLinesBehindAText) {
+  std::ostringstream stream;
+  ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
+  messages.Show({.text = "One\r\n\r\ntwo\r\n\r\n", .title = "Title", .addition = "more"});
+  messages.Show({.text = "Three\r\n", .title = "Title"});
+  EXPECT_EQ(stream.str(), "korv-count: One\n\ntwo\nmore\nkorv-count: Three\n");
+}
+
 TEST(ConsoleMessages, NeverChooseAFurtherButton) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
