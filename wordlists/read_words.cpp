@@ -87,15 +87,16 @@ void ReadCountOnly(TextReader& reader, Yielder& yielder, DistinctWords& entries)
 }
 
 /// An entry that holds what no word can hold will never be found: the user should know.
-void WarnOfCharacters(const std::vector<std::string>& entries, ListKind kind, const WordRules& rules,
-                      Messages& messages) {
-  for (const std::string& entry : entries) {
+void WarnOfCharacters(const WordList& list, const std::filesystem::path& path, ListKind kind,
+                      const WordRules& rules, Messages& messages) {
+  for (const std::string& entry : list.Words) {
     const std::string character = CheckForNonAlphaNumeric(entry, rules);
     if (character.empty()) continue;
     messages.Show({.text = "The character '" + character + "' occurs in the " + std::string(NameOfOne(kind)) +
                            "\r\n" + entry + "\r\nbut is not currently set as a character allowed in a word.",
                    .title = "Character not allowed",
-                   .icon = Icon::Exclamation});
+                   .icon = Icon::Exclamation,
+                   .addition = "File: " + PathToText(path)});
     return;
   }
 }
@@ -140,7 +141,7 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
   list.Path = path;
   // Words to ignore were cut as those of the text are, so that each can be found there; an apostrophe in one
   // is the ending of "isn't".
-  if (kind == ListKind::CountOnly) WarnOfCharacters(list.Words, kind, rules, messages);
+  if (kind == ListKind::CountOnly) WarnOfCharacters(list, path, kind, rules, messages);
   return true;
 }
 

@@ -275,6 +275,7 @@ TEST(ReadWords, WarnsOfCountOnlyEntriesThatNoWordCanMatch) {
   EXPECT_EQ(world.messages.Only().text,
             "The character '.' occurs in the count-only word\r\nU.S. army\r\n"
             "but is not currently set as a character allowed in a word.");
+  EXPECT_TRUE(world.messages.Only().addition.starts_with("File: "));
 }
 
 TEST(CommentStripper, ReplacesEveryCommentByOneBlank) {
