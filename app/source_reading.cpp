@@ -6,6 +6,7 @@
 #include "report/error_text.h"
 #include "sources/docx.h"
 #include "sources/folder_walk.h"
+#include "sources/foreign_kind.h"
 #include "sources/line_scanner.h"
 #include "sources/source_checks.h"
 #include "sources/text_file_check.h"
@@ -73,7 +74,8 @@ RunEnd SourceReading::DoItFromStream() {
   }
   const std::string beginning = source.Beginning();
   if (beginning.empty() && Stopped()) return RunEnd::Stopped;
-  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, "standard input"))
+  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, "standard input",
+                            ForeignKindAdvice(source.Head())))
     return RunEnd::Refused;
   services_.View.Status("Now counting phrases on standard input");
   stream_.BeginSource({});

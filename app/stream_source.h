@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/files.h"
 #include "platform/yielder.h"
@@ -29,6 +30,8 @@ class StreamSource final : public InputFile {
   std::optional<FileError> ReadHead(const std::function<void(uint64_t)>& onBlock);
   /// The first kLookedAtCharacters characters or a few more, UTF-8; empty where there is no text.
   std::string Beginning() const;
+  /// The bytes that ReadHead() has read, as they are.
+  std::string_view Head() const { return head_; }
   /// How the text is to be read. Nobody is asked: what looks like UTF-8 is.
   EncodingPlan Encoding() const;
   /// The bytes that ReadHead() has read; the object reads on behind them.

@@ -180,7 +180,7 @@ bool CheckClipboardText(std::string_view text, Messages& messages, const NumberF
 }
 
 bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters,
-                          std::string_view place) {
+                          std::string_view place, std::string addition) {
   if (text.empty()) {
     Complain(messages, "There is no text on " + std::string(place) + ".", "Invalid input");
     return false;
@@ -195,11 +195,12 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t char
     letter = letter || KindOf(ch) == CharKind::Letter;
   }
   if (letter && controls * 100 <= seen) return true;
-  Complain(messages,
-           "The text on " + std::string(place) +
-               " does not consist\r\n"
-               "solely of natural language words.",
-           "Invalid input");
+  messages.Show({.text = "The text on " + std::string(place) +
+                         " does not consist\r\n"
+                         "solely of natural language words.",
+                 .title = "Invalid input",
+                 .icon = Icon::Exclamation,
+                 .addition = std::move(addition)});
   return false;
 }
 

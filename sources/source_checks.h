@@ -57,10 +57,11 @@ bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string
 bool CheckClipboardText(std::string_view text, Messages& messages, const NumberFormat& format,
                         int64_t limit = kClipboardLimit);
 /// Whether there is any text and it is words: at most 1 % control characters (line ends, tabs, form feeds
-/// and backspaces aside) and at least one letter among the first `characters`. If not, says so of `place`.
+/// and backspaces aside) and at least one letter among the first `characters`. If not, says so of `place`;
+/// `addition` is a line below what is said of other text than words.
 bool CheckNaturalLanguage(std::string_view text, Messages& messages,
                           size_t characters = std::string_view::npos,
-                          std::string_view place = "the clipboard");
+                          std::string_view place = "the clipboard", std::string addition = {});
 
 /// Asks whether to name an output file for a large input: Yes, No (go on without) or Cancel.
 Answer AskLargeInput(Messages& messages);

@@ -10,11 +10,12 @@ namespace korv {
 struct OptionName {
   std::string Long;   ///< Without "--"; never empty.
   std::string Short;  ///< One letter, or empty.
-  bool TakesValue = false;
+  std::string Value;  ///< What its value is called; empty where it takes none.
 };
 
 /// What is wrong with the names on a command line: one that is no option, with the one that was probably
-/// meant, or an option with a value that is given twice. Empty when nothing is.
+/// meant, an option with a value that is given twice or without it, a value where none belongs, or more than
+/// one path. Empty when nothing is.
 std::string FaultInNames(std::span<const std::string> arguments, std::span<const OptionName> options);
 
 }  // namespace korv

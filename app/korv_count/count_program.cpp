@@ -125,7 +125,7 @@ class CountProgram {
   int ListTheFiles() {
     if (settings_.SourceKind == TextSource::SingleFile) {
       const std::string path = TrimmedPath(settings_.InputFile);
-      AboutFile messages(messages_, path);
+      AboutFile messages = AboutTheSource();
       const InputFileCode code = ValidateInputFile(env_.Files, path, "");
       ShowInputFileError(messages, code, path);
       if (code != InputFileCode::Valid) return kExitRefused;
@@ -133,8 +133,9 @@ class CountProgram {
       return env_.Out ? kExitReport : CannotWrite();
     }
     const std::string folder = TrimmedFolderPath(settings_.Folder);
+    AboutFile messages = AboutTheSource();
     if (!ValidatePatterns(Selection(), messages_) ||
-        !ValidateFolder(env_.Files, messages_, folder, "", settings_.IncludeSubfolders))
+        !ValidateFolder(env_.Files, messages, folder, "", settings_.IncludeSubfolders, true))
       return kExitRefused;
     FolderWalk walk(env_.Files, env_.Yielder, Selection(), settings_.IncludeSubfolders);
     FolderEvents events;
@@ -159,7 +160,8 @@ class CountProgram {
     if (!SourceIsThere(request.OutputPath) || !OutputMayBeWritten(request.OutputPath)) return kExitRefused;
     if (!AskBeforeCounting(request, report, env_.Files, messages_)) return kExitRefused;
     if (ShowsProgress()) env_.Yielder.OnTurn([this] { view_.ShowProgress(); });
-    const RunEnd end = RunCount(request, Services(), run_);
+    AboutFile messages = AboutTheSource();
+    const RunEnd end = RunCount(request, Services(messages), run_);
     if (!run_.OutputPath.empty())
       progress_.Stage = RunStage::Writing;
     else
@@ -189,8 +191,20 @@ class CountProgram {
     if (!options_.Quiet) env_.Err << text << '\n' << std::flush;
   }
 
-  RunServices Services() {
-    return {messages_, env_.Yielder, env_.Files, env_.Clock, options_.Numbers, encodings_, view_, progress_};
+  AboutFile AboutTheSource() {
+    switch (settings_.SourceKind) {
+      case TextSource::SingleFile:
+        return {messages_, TrimmedPath(settings_.InputFile)};
+      case TextSource::Folder:
+        return {messages_, TrimmedFolderPath(settings_.Folder), "Folder"};
+      case TextSource::Clipboard:
+        break;
+    }
+    return {messages_, "standard input", "Source"};
+  }
+
+  RunServices Services(Messages& messages) {
+    return {messages, env_.Yielder, env_.Files, env_.Clock, options_.Numbers, encodings_, view_, progress_};
   }
 
   bool ShowsProgress() const { return !options_.Quiet && (options_.Progress || env_.ErrIsTerminal); }
@@ -209,6 +223,7 @@ class CountProgram {
     request.Selection = Selection();
     request.IncludeSubfolders = settings_.IncludeSubfolders;
     request.SeveralFilesNeedOutput = false;
+    request.OffersWaysOut = true;
     request.ExtractTextFromDocx = settings_.ExtractTextFromDocx;
     return GatherTheLists(request);
   }
@@ -243,7 +258,7 @@ class CountProgram {
   bool SourceIsThere(const std::string& output) {
     if (settings_.SourceKind == TextSource::SingleFile) {
       const std::string path = TrimmedPath(settings_.InputFile);
-      AboutFile messages(messages_, path);
+      AboutFile messages = AboutTheSource();
       const InputFileCode code = ValidateInputFile(env_.Files, path, output);
       ShowInputFileError(messages, code, path);
       return code == InputFileCode::Valid;
@@ -275,7 +290,7 @@ class CountProgram {
                       .icon = Icon::Exclamation});
       return false;
     }
-    if (env_.Files.FolderExists(path)) {
+    if (!path.has_filename() || env_.Files.FolderExists(path)) {
       messages_.Show({.text = "The output file " + output + " is a folder.",
                       .title = "Error",
                       .icon = Icon::Exclamation});

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "app/korv_count/argument_names.h"
+#include "app/korv_count/help_format.h"
 #include "report/filter.h"
 #include "sources/file_selection.h"
 
@@ -94,6 +95,8 @@ class Parser {
                                         std::ostream& err) {
     // "/texts" is a path on every system.
     app_.allow_windows_style_options(false);
+    app_.formatter(std::make_shared<HelpFormat>());
+    app_.set_help_flag("-h,--help", "Show this and exit");
     AddSettings();
     AddPhrases();
     AddWords();
@@ -108,7 +111,9 @@ class Parser {
       Check();
     } catch (const CLI::Success& success) {
       app_.exit(success, out, err);
-      return kExitReport;
+      if (out.flush()) return kExitReport;
+      err << "korv-count: Standard output cannot be written.\n";
+      return kExitRefused;
     } catch (const CLI::Error& error) {
       err << "korv-count: " << error.what() << "\nTry: korv-count --help\n";
       return kExitUsage;
@@ -119,7 +124,7 @@ class Parser {
  private:
   void AddSettings() {
     app_.add_option("PATH", options_.Path, "A file, a folder, or - for standard input");
-    app_.set_version_flag("--version", kVersion);
+    app_.set_version_flag("--version", kVersion, "Show the version and exit");
     File("--settings", options_.SettingsFile, "A settings file, applied before the other options");
     File("--save-settings", options_.SaveSettingsFile, "Write the resulting settings to a file");
   }
@@ -148,7 +153,8 @@ class Parser {
           if (!options_.CommonWordsOf)
             throw CLI::ValidationError("--common-words", "'" + text + "' is none of: en de es pt it fr all");
         },
-        "Ignore the common words of a language", ignore)
+        "Ignore the common words of a language, en de es pt it fr or all; not together with --ignore-file",
+        ignore)
         ->type_name("LANGUAGE")
         ->excludes(file);
     app_.add_option("--ignore-words", options_.IgnoreWords, "More words to ignore, separated by blanks")
@@ -203,8 +209,10 @@ class Parser {
   void AddSources() {
     const char* group = "Sources";
     app_.add_option("--patterns", options_.Patterns, "Files of a folder to count, as in \"*.txt, a*.htm*\"")
+        ->type_name("LIST")
         ->group(group);
     app_.add_option("--exclude", options_.Exclude, "Leave out files whose names hold one of these texts")
+        ->type_name("LIST")
         ->group(group);
     app_.add_flag("--subfolders", options_.Subfolders, "Count in subfolders too")->group(group);
     Choice<EncodingChoice>(
@@ -321,7 +329,7 @@ class Parser {
       if (option->get_lnames().empty()) continue;
       const auto& letters = option->get_snames();
       known.push_back({option->get_lnames().front(), letters.empty() ? "" : letters.front(),
-                       option->get_items_expected_max() > 0});
+                       option->get_items_expected_max() > 0 ? option->get_type_name() : ""});
     }
     const std::string fault = FaultInNames(arguments, known);
     if (!fault.empty()) throw CLI::ParseError(fault, kExitUsage);
@@ -330,6 +338,9 @@ class Parser {
   void Check() const {
     if (options_.Path.empty() && options_.SettingsFile.empty())
       throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
+    if (options_.Output == "-")
+      throw CLI::ValidationError("--output",
+                                 "- is no file; without --output the report goes to standard output");
     if (options_.ListFiles && options_.FromStandardInput())
       throw CLI::ValidationError("--list-files", "standard input has no files to list");
     if (!options_.ContextOf && (options_.Contexts || options_.Sort))

@@ -39,6 +39,7 @@ class CountProgramTest : public testing::Test {
     yielder = std::make_unique<ConsoleYielder>();
     FakeStream stream(input);
     stream.onRead = onRead;
+    stream.fail = unreadable;
     return KorvCount(arguments, {.Files = files,
                                  .Yielder = *yielder,
                                  .Clock = clock,
@@ -67,6 +68,7 @@ class CountProgramTest : public testing::Test {
   std::ostringstream err;
   std::string input;
   std::function<void()> onRead;
+  bool unreadable = false;  ///< Standard input.
   bool terminal = false;
   CodePage* encoding = nullptr;
   std::filesystem::path inputPath;
@@ -192,8 +194,14 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
   files.AddFolder("/folder");
   files.AddFolder("/folder/empty");
   files.Add("/folder/c.txt", kText);
+  files.AddFolder("/nest");
+  files.AddFolder("/nest/a");
+  files.AddFolder("/nest/b");
   files.Add("/binary.txt", std::string(50, '\x01'));
   files.Add("/l.txt", "words");
+  files.Add("/c.c", kText);
+  files.Add("/forbidden.txt", kText);
+  files.Refuse("/forbidden.txt", FileFault::PermissionDenied);
   struct Case {
     std::vector<std::string> Arguments;
     std::string Message;
@@ -203,7 +211,20 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
            {{"/a.txt", "--min-words", "9"},
             "korv-count: The maximum number of words in each phrase\nmust not be less than the minimum "
             "number.\n"},
-           {{"/folder/empty"}, "korv-count: Folder contains no files.\n"},
+           {{"/folder/empty"}, "korv-count: Folder contains no files.\nFolder: /folder/empty\n"},
+           {{"/folder/empty", "--list-files"},
+            "korv-count: Folder contains no files.\nFolder: /folder/empty\n"},
+           {{"/nest", "--subfolders"},
+            "korv-count: Folder contains no files.\nIt holds 2 subfolders: a, b.\nFolder: /nest\n"},
+           {{"/folder", "--patterns", "*.none"},
+            "korv-count: No scanable files as specified *.none were found in this folder.\n"
+            "Folder: /folder\n"},
+           {{"/forbidden.txt"}, "korv-count: This file cannot be opened.\nFile: /forbidden.txt\n"},
+           {{"/c.c", "--allow", "forwardslashes"},
+            "korv-count: With the current settings the start-comment marker // could be part of a word.\n"
+            "Check the the 'Settings' window and perhaps disallow comment markers or restrict allowable "
+            "characters in 'words'.\nFile: /c.c\n"},
+           {{"/a.txt", "-o", "/new/"}, "korv-count: The output file /new/ is a folder.\n"},
            {{"/a.txt", "-o", "/a.txt", "--force"},
             "korv-count: The output file cannot be the same as the input file.\nFile: /a.txt\n"},
            {{"/a.txt", "-o", "/a.txt"},
@@ -307,13 +328,52 @@ TEST_F(CountProgramTest, NamesWhatIsWrongWithAnOption) {
            {{"/a.txt", "--xyzzyx"}, "there is no option --xyzzyx"},
            {{"/a.txt", "-q"}, "there is no option -q"},
            {{"/a.txt", "--max-words", "3", "--max-words", "4"}, "--max-words is given twice"},
-           {{"/a.txt", "-o", "/r.txt", "--output=/s.txt"}, "--output is given twice"}}) {
+           {{"/a.txt", "-o", "/r.txt", "--output=/s.txt"}, "--output is given twice"},
+           {{"/a.txt", "--order"}, "--order needs a value: frequency|alphabetical"},
+           {{"/a.txt", "-o"}, "--output needs a value: FILE"},
+           {{"/a.txt", "--filter"}, "--filter needs a value: TEXT"},
+           {{"/a.txt", "--quiet=false"}, "--quiet takes no value"},
+           {{"/a.txt", "-o", "-"},
+            "--output: - is no file; without --output the report goes to standard output"},
+           {{"/a.txt", "/b.txt"},
+            "only one file or folder can be counted, not /a.txt /b.txt\n"
+            "A folder is counted whole, or in part with --patterns \"*.txt\"."},
+           {{"/a.txt", "/b.txt", "/c.txt", "/d.txt"},
+            "only one file or folder can be counted, not /a.txt /b.txt /c.txt ...\n"
+            "A folder is counted whole, or in part with --patterns \"*.txt\"."},
+           {{"--", "-a.txt", "--quiet"},
+            "only one file or folder can be counted, not -a.txt --quiet\n"
+            "A folder is counted whole, or in part with --patterns \"*.txt\"."}}) {
     EXPECT_EQ(Count(c.Arguments), 2);
     EXPECT_EQ(err.str(), "korv-count: " + c.Message + "\nTry: korv-count --help\n");
   }
   EXPECT_EQ(files.Content("/r.txt"), std::nullopt);
   // A value may look like an option.
   EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "--filter", "--cat"}), 0) << err.str();
+}
+
+TEST_F(CountProgramTest, ExplainsItselfInLinesThatATerminalHolds) {
+  EXPECT_EQ(Count({"--help"}), 0);
+  std::istringstream lines(out.str());
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_LE(line.size(), 80u) << line;
+    EXPECT_FALSE(line.ends_with(' ')) << line;
+  }
+  EXPECT_THAT(out.str(), HasSubstr("\n  -o, --output FILE         Write the report to a file\n"));
+  EXPECT_THAT(out.str(), HasSubstr("\n  --encoding auto|utf-8|ansi\n"
+                                   "                            How text is encoded (auto)\n"));
+  EXPECT_THAT(out.str(),
+              HasSubstr("\n  --short-words N           Ignore words with fewer characters, 2 to 20 "
+                        "or off\n                            (3)\n"));
+}
+
+TEST_F(CountProgramTest, SaysWhenItsExplanationCannotBeWritten) {
+  for (const char* option : {"--help", "--version"}) {
+    out.setstate(std::ios::badbit);
+    err.str("");
+    EXPECT_EQ(std::get<int>(ParseCountOptions({option}, out, err)), 1);
+    EXPECT_EQ(err.str(), "korv-count: Standard output cannot be written.\n");
+  }
 }
 
 TEST_F(CountProgramTest, ExplainsItselfOnStandardOutput) {
@@ -742,7 +802,31 @@ TEST_F(CountProgramTest, SaysWhatARefusedFileIs) {
   EXPECT_EQ(Count({"/a.pdf"}), 1);
   EXPECT_TRUE(err.str().ends_with(advice)) << err.str();
   EXPECT_EQ(Count({"/a.txt", "--ignore-file", "/a.pdf"}), 1);
-  EXPECT_TRUE(err.str().ends_with(advice)) << err.str();
+  EXPECT_TRUE(err.str().ends_with(
+      "\nIt is a PDF document.  Save the words as a text file (.txt) with one entry a line.\n"))
+      << err.str();
+}
+
+TEST_F(CountProgramTest, SaysWhatRefusedStandardInputIs) {
+  input = "\x1F\x8B" + std::string(100, '\x01');
+  EXPECT_EQ(Count({"-"}), 1);
+  EXPECT_EQ(err.str(),
+            "korv-count: The text on standard input does not consist\nsolely of natural language words.\n"
+            "It is a packed file.  Unpack it first and count what comes out.\n");
+}
+
+TEST_F(CountProgramTest, NamesStandardInputWhereItCannotBeRead) {
+  unreadable = true;
+  EXPECT_EQ(Count({"-"}), 1);
+  EXPECT_EQ(err.str(),
+            "korv-count: At DoItFromFile error # 57.\nDescription: Input/output error\n"
+            "Source: standard input\n");
+}
+
+TEST_F(CountProgramTest, NamesTheFileWhoseEntriesCannotBeFound) {
+  files.Add("/l.txt", "fine\nU.S. army\n");
+  EXPECT_EQ(Count({"/a.txt", "--count-only-file", "/l.txt"}), 0);
+  EXPECT_THAT(err.str(), HasSubstr("not currently set as a character allowed in a word.\nFile: /l.txt\n"));
 }
 
 TEST_F(CountProgramTest, SpeaksOfStandardInput) {
