@@ -133,7 +133,6 @@ struct ZipMember::State {
 ZipMember::ZipMember(std::unique_ptr<State> state) : state_(std::move(state)) {}
 ZipMember::~ZipMember() = default;
 ZipMember::ZipMember(ZipMember&&) noexcept = default;
-ZipMember& ZipMember::operator=(ZipMember&&) noexcept = default;
 
 Expected<size_t, ZipError> ZipMember::Read(std::span<char> buffer) {
   const zip_int64_t got = zip_fread(state_->member.get(), buffer.data(), buffer.size());
@@ -156,7 +155,6 @@ struct ZipArchive::State {
 ZipArchive::ZipArchive(std::unique_ptr<State> state) : state_(std::move(state)) {}
 ZipArchive::~ZipArchive() = default;
 ZipArchive::ZipArchive(ZipArchive&&) noexcept = default;
-ZipArchive& ZipArchive::operator=(ZipArchive&&) noexcept = default;
 
 Expected<ZipMember, ZipError> ZipArchive::Open(const std::string& name) {
   zip_t* archive = state_->archive.get();

@@ -31,7 +31,6 @@ class ZipMember {
  public:
   ~ZipMember();
   ZipMember(ZipMember&&) noexcept;
-  ZipMember& operator=(ZipMember&&) noexcept;
 
   /// Fills up to all of `buffer` and returns the bytes unpacked; 0 at the end, which also means that
   /// checksum and size were right.
@@ -49,7 +48,6 @@ class ZipArchive {
  public:
   ~ZipArchive();
   ZipArchive(ZipArchive&&) noexcept;
-  ZipArchive& operator=(ZipArchive&&) noexcept;
 
   /// The member of exactly this name (the first, where there are several).
   Expected<ZipMember, ZipError> Open(const std::string& name);

@@ -19,24 +19,17 @@ constexpr TableForm kTableForms[] = {
     {"tsv", "tsv", Make<TsvWriter>},
 };
 
-const TableForm* Find(std::string_view text, std::string_view TableForm::*field) {
-  const auto found = std::ranges::find(kTableForms, text, field);
-  return found == std::end(kTableForms) ? nullptr : found;
-}
-
 }  // namespace
 
 std::span<const TableForm> TableForms() {
   return kTableForms;
 }
 
-const TableForm* FindTableForm(std::string_view name) {
-  return Find(name, &TableForm::Name);
-}
-
 const TableForm* TableFormOfFile(const std::filesystem::path& path) {
   const std::string extension = PathToText(path.extension());
-  return extension.empty() ? nullptr : Find(LowerText(extension.substr(1)), &TableForm::Extension);
+  if (extension.empty()) return nullptr;
+  const auto found = std::ranges::find(kTableForms, LowerText(extension.substr(1)), &TableForm::Extension);
+  return found == std::end(kTableForms) ? nullptr : found;
 }
 
 }  // namespace korv

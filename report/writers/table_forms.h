@@ -20,9 +20,8 @@ struct TableForm {
 /// All of them. A new one is a file of this folder with a row in table_forms.cpp.
 std::span<const TableForm> TableForms();
 
-/// The form by its Name, or by the extension of a file, upper or lower case; null when there is none. Forms
-/// are constants.
-const TableForm* FindTableForm(std::string_view name);
+/// The form that belongs to the extension of a file, upper or lower case; null when there is none. Forms are
+/// constants.
 const TableForm* TableFormOfFile(const std::filesystem::path& path);
 
 }  // namespace korv
