@@ -318,9 +318,9 @@ class CountProgram {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
     const CutPhrase phrase = CutTypedPhrase(*options_.ContextOf, run_.Table.Corpus());
     if (phrase.Length == 0 || phrase.Length > static_cast<size_t>(kMostWords)) {
-      env_.Err << kName << ": --context-of: " << *options_.ContextOf
-               << (phrase.Length == 0 ? ": the rules in force leave no word of it"
-                                      : ": that is more than 25 words")
+      env_.Err << kName << ": --context-of: '" << *options_.ContextOf
+               << (phrase.Length == 0 ? "': the rules in force leave no word of it"
+                                      : "': that is more than 25 words")
                << '\n';
       return kExitUsage;
     }

@@ -763,6 +763,49 @@ TEST_F(CountProgramTest, TellsWhatBecameOfTheWords) {
             "21 words read, none dropped; 1 file UTF-8, 1 file ANSI with bytes above 127, 2 files ASCII\n");
 }
 
+TEST_F(CountProgramTest, StandardOutputEndsWithALineEndWhateverIsListed) {
+  files.Add("/t/a.txt", kText);
+  for (const char* source : {"/a.txt", "/t"})
+    for (int format = 0; format <= 12; ++format)
+      for (const char* layout : {"columns", "tabs"})
+        for (const std::vector<std::string>& more :
+             std::vector<std::vector<std::string>>{{"--min-words", "2"},
+                                                   {"--min-words", "2", "--filter", "nowhere"},
+                                                   {"--min-words", "20", "--max-words", "20"},
+                                                   {"--min-frequency", "20"}}) {
+          std::vector<std::string> arguments = {source,     "--quiet", "--format", std::to_string(format),
+                                                "--layout", layout};
+          arguments.insert(arguments.end(), more.begin(), more.end());
+          EXPECT_EQ(Count(arguments), 0);
+          EXPECT_TRUE(out.str().ends_with('\n')) << testing::PrintToString(arguments);
+          EXPECT_THAT(out.str(), Not(HasSubstr("\r")));
+        }
+}
+
+TEST_F(CountProgramTest, ReadsListsInTheEncodingOfTheOptionsToo) {
+  const std::string text = "caf\u00e9 noir sucr\u00e9. caf\u00e9 noir sucr\u00e9.\n";
+  files.Add("/c.txt", text);
+  files.Add("/l.txt", "\uFEFFcaf\u00e9\n");
+  const std::vector<std::string> arguments = {
+      "/c.txt", "--min-words", "2", "--ignore-file", "/l.txt", "--ignore-mode", "remove", "--format", "8"};
+  for (const char* read : {"auto", "utf-8", "ansi"}) {
+    std::vector<std::string> all = arguments;
+    all.insert(all.end(), {"--encoding", read});
+    EXPECT_EQ(Count(all), 0);
+    const bool ansi = read == std::string("ansi");
+    EXPECT_THAT(out.str(), HasSubstr(ansi ? "\nnoir sucr\u00e3\n" : "\nnoir sucr\u00e9\n")) << read;
+    EXPECT_THAT(err.str(), HasSubstr("2 to be ignored")) << read;
+  }
+}
+
+TEST_F(CountProgramTest, SavesSettingsBeforeTheRun) {
+  files.Add("/short.txt", "abc");
+  EXPECT_EQ(Count({"/short.txt", "--save-settings", "/s.korv"}), 1);
+  Settings saved;
+  EXPECT_TRUE(ReadStateBytes(files.Content("/s.korv").value_or(""), saved).Complete());
+  EXPECT_EQ(saved.InputFile, "/short.txt");
+}
+
 TEST_F(CountProgramTest, SavesThePathsOfTheCommandLineInFull) {
   files.Add("/t/b.txt", kText);
   files.Add(files.AbsolutePath("x.txt"), kText);
@@ -892,7 +935,7 @@ TEST_F(CountProgramTest, ContextsNeedAPhraseThatTheRulesLeave) {
   std::string long26;
   for (int i = 0; i < 26; ++i) long26 += "cat ";
   EXPECT_EQ(Count({"/a.txt", "--context-of", "of 12"}), kExitUsage);
-  EXPECT_EQ(err.str(), "korv-count: --context-of: of 12: the rules in force leave no word of it\n");
+  EXPECT_EQ(err.str(), "korv-count: --context-of: 'of 12': the rules in force leave no word of it\n");
   EXPECT_EQ(Count({"/a.txt", "--context-of", long26}), kExitUsage);
   EXPECT_THAT(err.str(), HasSubstr("more than 25 words"));
   EXPECT_THAT(out.str(), IsEmpty());

@@ -717,6 +717,40 @@ TEST(RunCount, TellsOfEachFileOfAFolderWhatItTellsOfASingleOne) {
   EXPECT_EQ(moments.back(), "4 files in 2 folders");
 }
 
+TEST(RunCount, NoFailureOfTheDiskLosesWordsOfAFolderInSilence) {
+  const auto fill = [](RunWorld& world) {
+    world.files.Add("/t/a.txt", ManyPhrases(20000));
+    world.files.Add("/t/b.txt", "the big cat");
+    world.files.Add("/t/sub/c.txt", "the big dog");
+    world.UseFolder("/t");
+    world.request.IncludeSubfolders = true;
+  };
+  RunWorld whole;
+  fill(whole);
+  ASSERT_EQ(whole.Count(), RunEnd::Counted);
+  bool readInPart = false;
+  for (int call = 1;; ++call) {
+    RunWorld world;
+    fill(world);
+    world.files.FailCall(call);
+    const RunEnd end = world.Count();
+    if (!world.files.FailureHappened()) break;
+    const RunFacts& facts = world.run.Facts;
+    if (end != RunEnd::Counted) {
+      // Only what is wrong with the chosen folder itself ends the run.
+      EXPECT_EQ(end, RunEnd::Refused) << call;
+      EXPECT_LE(call, 2);
+      EXPECT_EQ(world.messages.shown.size(), 1u) << call;
+    } else if (facts.Words.Taken != whole.run.Facts.Words.Taken) {
+      EXPECT_EQ(facts.SkippedFiles.size() + facts.Notices.size(), 1u) << call;
+    }
+    for (const std::string& notice : facts.Notices)
+      readInPart = readInPart ||
+                   notice == "File " + Below("/t", "a.txt") + " was read only in part (Input/output error).";
+  }
+  EXPECT_TRUE(readInPart);
+}
+
 TEST(RunCount, RefusesFoldersThatCannotBeCounted) {
   struct Case {
     const char* Folder;

@@ -16,6 +16,31 @@ TEST(ConsoleMessages, SayAnAdditionBelowTheText) {
   EXPECT_EQ(stream.str(), "korv-count: Two\nlines\nand\none more\n");
 }
 
+TEST(ConsoleMessages, AnswerQuestionsWithoutShowingThem) {
+  struct Case {
+    Question question;
+    Answer answer;
+  };
+  for (const Case& c : {Case{Question::MinimumFrequency, Answer::No}, Case{Question::LargeInput, Answer::No},
+                        Case{Question::LargeDocx, Answer::Yes}, Case{Question::LargeWordList, Answer::Yes},
+                        Case{Question::KeepFilter, Answer::Yes}, Case{Question::TextEncoding, Answer::Yes},
+                        Case{Question::CountingInterrupted, Answer::Yes}}) {
+    // Whatever somebody at a window would get by Enter.
+    for (const Answer byDefault : {Answer::Yes, Answer::No, Answer::Cancel}) {
+      std::ostringstream stream;
+      ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
+      EXPECT_EQ(messages.Show({.text = "?",
+                               .title = "?",
+                               .buttons = Buttons::YesNo,
+                               .defaultAnswer = byDefault,
+                               .question = c.question}),
+                c.answer)
+          << static_cast<int>(c.question);
+      EXPECT_EQ(stream.str(), "");
+    }
+  }
+}
+
 TEST(ConsoleMessages, LeaveNoEmptyLinesBehindAText) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
