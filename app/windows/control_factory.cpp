@@ -37,7 +37,7 @@ QRadioButton* MakeOption(const char* name, const char* caption, QWidget* parent)
   return Named(new QRadioButton(QString::fromUtf8(caption), parent), name);
 }
 
-void TabToTheSelected(std::vector<QRadioButton*> group) {
+void TabToTheSelected(const std::vector<QRadioButton*>& group) {
   const auto update = [group] {
     const auto selected =
         std::find_if(group.begin(), group.end(), [](auto* one) { return one->isChecked(); });

@@ -32,7 +32,7 @@ QPushButton* MakeButton(const char* name, const char* caption, QWidget* parent);
 QCheckBox* MakeCheckBox(const char* name, const char* caption, QWidget* parent);
 QRadioButton* MakeOption(const char* name, const char* caption, QWidget* parent);
 /// Tab goes to the selected one of a group of options, or to the first where none is selected.
-void TabToTheSelected(std::vector<QRadioButton*> group);
+void TabToTheSelected(const std::vector<QRadioButton*>& group);
 QComboBox* MakeCombo(const char* name, const char* accessibleName, QWidget* parent);
 QLineEdit* MakeTextBox(const char* name, const char* accessibleName, QWidget* parent);
 /// A label whose text changes: plain text, selectable by mouse, so that figures can be copied.

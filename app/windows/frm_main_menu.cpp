@@ -205,7 +205,7 @@ void frmMain::BuildMenus() {
 void frmMain::FillRecentMenu(QMenu* menu) {
   menu->clear();
   const auto addPaths = [this, menu](const QStringList& paths) {
-    for (QString path : paths) {
+    for (const QString& path : paths) {
       QAction* action = menu->addAction(QString(path).replace(u'&', QLatin1String("&&")));
       connect(action, &QAction::triggered, this,
               Guarded("mnuRecent_Click", [this, path] { TakeSource(path); }));

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "app/windows/frm_load_remove.h"
-#include "tests/app/windows/window_test.h"
+#include "tests/app/windows/scaled_window_test.h"
 
 namespace korv {
 namespace {
@@ -80,18 +80,11 @@ TEST_F(TheGeometry, IsWrongWhereAListOrAPlaceholderIsCut) {
 
 // ---- The Settings window
 
-class SettingsGeometry : public WindowTest, public testing::WithParamInterface<int> {
+class SettingsGeometry : public ScaledWindowTest {
  protected:
   void SetUp() override {
-    QFont font = plain_;
-    font.setPointSizeF(font.pointSizeF() * GetParam() / 100);
-    QApplication::setFont(font);
-    ASSERT_TRUE(Start());
+    ASSERT_NO_FATAL_FAILURE(ScaledWindowTest::SetUp());
     main->Params().show();
-  }
-  void TearDown() override {
-    End();
-    QApplication::setFont(plain_);
   }
   void ExpectAllIsWell(const char* state) {
     EXPECT_THAT(GeometryFaultsInEverySize(main->Params()), IsEmpty()) << state;
@@ -100,9 +93,6 @@ class SettingsGeometry : public WindowTest, public testing::WithParamInterface<i
     dialogs.WillChoose(WriteFile(name, bytes));
     Click("cmdSelectWordsFile");
   }
-
- private:
-  const QFont plain_ = QApplication::font();
 };
 
 INSTANTIATE_TEST_SUITE_P(AtFontsOfPercent, SettingsGeometry, testing::Values(100, 200),

@@ -7,7 +7,7 @@
 
 #include "app/windows/frm_help.h"
 #include "tests/app/windows/geometry.h"
-#include "tests/app/windows/window_test.h"
+#include "tests/app/windows/scaled_window_test.h"
 
 namespace korv {
 namespace {
@@ -16,18 +16,8 @@ using testing::IsEmpty;
 
 const char* const kText = "The white whale swam. The white whale swam.\n";
 
-class MainGeometry : public WindowTest, public testing::WithParamInterface<int> {
+class MainGeometry : public ScaledWindowTest {
  protected:
-  void SetUp() override {
-    QFont font = plain_;
-    font.setPointSizeF(font.pointSizeF() * GetParam() / 100);
-    QApplication::setFont(font);
-    ASSERT_TRUE(Start());
-  }
-  void TearDown() override {
-    End();
-    QApplication::setFont(plain_);
-  }
   void ExpectAllIsWell(const std::string& state) {
     main->Timer1_Timer();
     EXPECT_THAT(GeometryFaultsInEverySize(*main), IsEmpty()) << state;
@@ -38,9 +28,6 @@ class MainGeometry : public WindowTest, public testing::WithParamInterface<int> 
     }
     return nullptr;
   }
-
- private:
-  const QFont plain_ = QApplication::font();
 };
 
 INSTANTIATE_TEST_SUITE_P(AtFontsOfPercent, MainGeometry, testing::Values(100, 200),
