@@ -147,7 +147,9 @@ class CountProgram {
     });
     env_.Out << std::flush;
     if (!env_.Out) return CannotWrite();
-    return totals.Stopped ? kExitInterrupted : kExitReport;
+    if (!totals.Stopped) return kExitReport;
+    Tell("Stopped: these are not all files.");
+    return kExitInterrupted;
   }
 
   // ---- Counting

@@ -615,6 +615,15 @@ TEST_F(CountProgramTest, ListsFiles) {
   EXPECT_EQ(Count({"/t", "--list-files", "--patterns", "a<b"}), 1);
 }
 
+TEST_F(CountProgramTest, SaysWhenAListOfFilesWasStopped) {
+  files.Add("/t/a.txt", kText);
+  files.BeforeListing = [this](const std::filesystem::path&) { yielder->RequestStop(); };
+  EXPECT_EQ(Count({"/t", "--list-files"}), 130);
+  EXPECT_EQ(err.str(), "Stopped: these are not all files.\n");
+  EXPECT_EQ(Count({"/t", "--list-files", "--quiet"}), 130);
+  EXPECT_EQ(err.str(), "");
+}
+
 TEST_F(CountProgramTest, TellsOfSkippedFilesUnlessQuiet) {
   files.Add("/t/a.txt", kText);
   files.Add("/t/empty.txt", "");
