@@ -37,6 +37,7 @@ bool LiesIn(const path& folder, const path& file, bool subfolders) {
 std::string SubfoldersText(const std::vector<path>& subfolders) {
   constexpr size_t kNamed = 5;
   std::vector<std::string> names;
+  names.reserve(subfolders.size());
   for (const path& name : subfolders) names.push_back(PathToText(name));
   std::ranges::sort(names);
   std::string text = names.size() == 1 ? "It holds 1 subfolder: "
