@@ -7,7 +7,6 @@
 #include <QMainWindow>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -19,6 +18,7 @@
 
 #include "app/windows/recent_list.h"
 #include "app/windows/result_notes_panel.h"
+#include "app/windows/scroll_column.h"
 
 namespace korv {
 namespace {
@@ -92,11 +92,7 @@ QWidget* FrmMainControls::BuildColumn(QWidget* parent) {
   auto* layout = Bare(new QVBoxLayout(column));
 
   // On a low screen the groups scroll; the count button below them does not.
-  auto* scroll = Named(new QScrollArea(column), "scrOptions");
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setWidgetResizable(true);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setFocusPolicy(Qt::NoFocus);
+  auto* scroll = Named(new ScrollColumn(column), "scrOptions");
   auto* groups = new QWidget(scroll);
   auto* stack = Bare(new QVBoxLayout(groups));
   stack->addWidget(BuildSource(groups), 1);

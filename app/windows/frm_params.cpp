@@ -46,7 +46,9 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
   if (store.contains(QStringLiteral("geometry/settings"))) {
     restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
   } else {
-    const QRect room = screen()->availableGeometry();
+    // The title that the system puts above a window is to lie on the screen too.
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = screen()->availableGeometry().adjusted(0, title, 0, -title / 4);
     // Wide enough for the hint in the list of files, which is long.
     const QSize size = sizeHint() + QSize(12 * fontMetrics().averageCharWidth(), 0);
     setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,

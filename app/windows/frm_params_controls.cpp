@@ -6,12 +6,14 @@
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QStackedLayout>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "app/windows/eliding_label.h"
 #include "app/windows/frm_main_controls.h"
 #include "app/windows/rule_tips.h"
 #include "app/windows/rules_sample_box.h"
+#include "app/windows/scroll_column.h"
 #include "app/windows/settings_undo.h"
 #include "platform/qt/text.h"
 #include "wordlists/word_file_list.h"
@@ -43,28 +45,40 @@ QPlainTextEdit* MakeWordsBox(const char* name, const char* accessibleName, const
 }  // namespace
 
 void FrmParamsControls::BuildControls(QWidget* window) {
-  auto* layout = new QGridLayout(window);
+  auto* layout = new QVBoxLayout(window);
   layout->setContentsMargins(10, 10, 10, 10);
   layout->setSpacing(10);
+  // On a low screen the groups scroll; the buttons below them do not.
+  auto* scroll = Named(new ScrollColumn(window), "scrSettings");
+  scroll->setWidget(BuildGroups(scroll));
+  layout->addWidget(scroll, 1);
+  layout->addLayout(BuildState(window));
+  layout->addLayout(BuildButtons(window));
+  SetRuleTips(*this);
+  SetTabOrder();
+}
 
-  layout->addWidget(BuildIgnoreTheseWords(window), 0, 0, 1, 2);
-  layout->addWidget(BuildAllowWords(window), 1, 0, 2, 1);
-  layout->addWidget(BuildIgnoreWords(window), 1, 1);
-  layout->addWidget(BuildPhraseBoundaries(window), 2, 1);
-  fraSample = new RulesSampleBox(window);
+QWidget* FrmParamsControls::BuildGroups(QWidget* parent) {
+  auto* groups = new QWidget(parent);
+  auto* layout = new QGridLayout(groups);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(10);
+
+  layout->addWidget(BuildIgnoreTheseWords(groups), 0, 0, 1, 2);
+  layout->addWidget(BuildAllowWords(groups), 1, 0, 2, 1);
+  layout->addWidget(BuildIgnoreWords(groups), 1, 1);
+  layout->addWidget(BuildPhraseBoundaries(groups), 2, 1);
+  fraSample = new RulesSampleBox(groups);
   layout->addWidget(fraSample, 3, 0, 1, 2);
   auto* behaviour = new QHBoxLayout;
-  behaviour->addWidget(BuildOptions(window), 1);
-  behaviour->addWidget(BuildStateFile(window));
+  behaviour->addWidget(BuildOptions(groups), 1);
+  behaviour->addWidget(BuildStateFile(groups));
   layout->addLayout(behaviour, 4, 0, 1, 2);
-  layout->addLayout(BuildState(window), 5, 0, 1, 2);
-  layout->addLayout(BuildButtons(window), 6, 0, 1, 2);
 
   layout->setColumnStretch(0, 1);
   layout->setColumnStretch(1, 1);
   layout->setRowStretch(0, 1);
-  SetRuleTips(*this);
-  SetTabOrder();
+  return groups;
 }
 
 QLayout* FrmParamsControls::BuildState(QWidget* parent) {
@@ -211,8 +225,10 @@ QWidget* FrmParamsControls::BuildIgnoreWords(QWidget* parent) {
   chkIgnoreShortWords = MakeCheckBox("chkIgnoreShortWords", "with fewer than", frame);
   cboShortWordSize = MakeCombo("cboShortWordSize", "Ignore words with fewer characters than", frame);
   cboLongWordSize = MakeCombo("cboLongWordSize", "Ignore words with more characters than", frame);
-  for (QComboBox* combo : {cboShortWordSize, cboLongWordSize}) {
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  // They are measured before their items, of two figures at most, are there.
+  for (QComboBox* sizes : {cboShortWordSize, cboLongWordSize}) {
+    sizes->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    sizes->setMinimumContentsLength(2);
   }
   chkIgnoreRepetitions = MakeCheckBox("chkIgnoreRepetitions", "containing 4 repetitions of a letter", frame);
   chkIgnoreNoLetter = MakeCheckBox("chkIgnoreNoLetter", "which lack a letter", frame);

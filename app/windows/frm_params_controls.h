@@ -100,6 +100,7 @@ struct FrmParamsControls {
   void BuildControls(QWidget* window);
 
  private:
+  QWidget* BuildGroups(QWidget* parent);
   QWidget* BuildIgnoreTheseWords(QWidget* parent);
   QWidget* BuildAllowWords(QWidget* parent);
   QWidget* BuildIgnoreWords(QWidget* parent);

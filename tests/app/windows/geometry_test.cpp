@@ -6,6 +6,10 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "app/windows/frm_load_remove.h"
@@ -109,6 +113,29 @@ TEST_P(SettingsGeometry, IsWellWithEitherListEmptyAndFull) {
         ->setPlainText(QString::fromStdString(manyWords));
     ExpectAllIsWell(kind);
   }
+}
+
+TEST_P(SettingsGeometry, ScrollsTheGroupsOnALowScreenAndKeepsTheButtons) {
+  QWidget& window = main->Params();
+  const auto* scroll = Find<QScrollArea>("scrSettings");
+  window.resize(window.width(), 5000);
+  QApplication::processEvents();
+  EXPECT_FALSE(scroll->verticalScrollBar()->isVisible());
+  window.resize(window.width(), 1);
+  QApplication::processEvents();
+  EXPECT_LT(window.height(), 25 * window.fontMetrics().lineSpacing());
+  EXPECT_TRUE(scroll->verticalScrollBar()->isVisible());
+  EXPECT_GE(scroll->viewport()->width(), scroll->widget()->minimumSizeHint().width());
+  for (const char* button : {"cmdSetOrClearCheckboxes_0", "cmdClose", "cmdInitialize"})
+    EXPECT_FALSE(InParams<QWidget>(button)->visibleRegion().isEmpty()) << button;
+}
+
+TEST_P(SettingsGeometry, LeavesRoomForTheTitleOnTheScreen) {
+  const QWidget& window = main->Params();
+  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const QRect room = window.screen()->availableGeometry();
+  EXPECT_GE(window.geometry().top(), room.top() + title);
+  EXPECT_LE(window.geometry().bottom(), room.bottom());
 }
 
 TEST_P(SettingsGeometry, IsWellWithNinetyNineFiles) {
