@@ -28,7 +28,8 @@ void RecentList::Show(const QStringList& files, const QStringList& folders) {
 }
 
 QSize RecentList::minimumSizeHint() const {
-  return {0, std::max(fontMetrics().lineSpacing(), iconSize().height()) + 2 * frameWidth() + 8};
+  // Two whole rows: half of one tells nothing of what it is.
+  return {0, 2 * std::max(fontMetrics().lineSpacing() + 2, iconSize().height() + 2) + 2 * frameWidth() + 2};
 }
 
 void RecentList::paintEvent(QPaintEvent* event) {

@@ -47,8 +47,10 @@ QWidget* ResultNotesPanel::MakeRow(const ResultNote& note, const QString& name) 
   label->setText(ToQt(note.Text));
   label->setToolTip(ToQt(note.Tip));
   label->setWordWrap(true);
-  // A long name is broken or cut; it never widens the window.
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  // A long name is broken or cut; it never widens the window. A row is as high as the lines that this makes.
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  policy.setHeightForWidth(true);
+  label->setSizePolicy(policy);
   if (note.Kind == NoteKind::Source) {
     QFont bold = label->font();
     bold.setBold(true);

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "app/windows/frm_help.h"
+#include "app/windows/result_notes_panel.h"
 #include "tests/app/windows/geometry.h"
 #include "tests/app/windows/scaled_window_test.h"
 
@@ -80,6 +81,61 @@ TEST_P(MainGeometry, IsWellWithAListThatIsWrittenIntoAFile) {
   Type("txbFile_1", PathOf(std::string(150, 'o') + ".txt"));
   Count();
   ExpectAllIsWell("written");
+}
+
+TEST_P(MainGeometry, IsWellWithNotesOfEveryKindAndWayOut) {
+  UseFile(kText);
+  Count();
+  // As long as the longest one that there is, which names every rule that left words out.
+  const std::string text =
+      "1,234,567 of 12,345,678 words left out: 123,456 shorter than 10 letters, 123,456 longer than 80 "
+      "letters, 123,456 without a letter, 123,456 with a letter four times in a row, 123,456 words to "
+      "ignore, "
+      "123,456 with other than 7-bit characters.";
+  auto* panel = Find<ResultNotesPanel>("notes");
+  for (const QSize& size : {QSize(1000, 700), QSize(1366, 768), QSize(1920, 1080)}) {
+    main->resize(size.expandedTo({main->minimumSizeHint().width(), size.height() * GetParam() / 100}));
+    for (int kind = 0; kind <= static_cast<int>(NoteKind::Replaced); ++kind) {
+      const auto way = static_cast<NoteAction>(kind % (static_cast<int>(NoteAction::Lengths) + 1));
+      panel->ShowNotes({{NoteKind::Source, "Phrases of text.txt", {}},
+                        {static_cast<NoteKind>(kind), text, {way, NoteAction::OpenFolder}},
+                        {NoteKind::Empty, "One line.", {way}}});
+      EXPECT_THAT(GeometryFaults(*main), IsEmpty()) << NameOf(static_cast<NoteKind>(kind));
+    }
+  }
+}
+
+TEST_P(MainGeometry, GivesANoteTheLinesThatItHasAndNoMore) {
+  UseFile(kText);
+  Count();
+  main->resize(main->minimumSizeHint().expandedTo({1180, 860}));
+  auto* panel = Find<ResultNotesPanel>("notes");
+  const std::string three(3 * static_cast<size_t>(panel->width()) / 7, 'n');
+  panel->ShowNotes({{NoteKind::Source, "Phrases of text.txt"},
+                    {NoteKind::Filter, "One line.", {NoteAction::ShowAll}},
+                    {NoteKind::WordsLeftOut, "Some " + three + " and " + three, {NoteAction::WordRules}},
+                    {NoteKind::LongPhrases, "One line."}});
+  QApplication::processEvents();
+  for (const char* name : {"lblNote_Source", "lblNote_Filter", "lblNote_LongPhrases"}) {
+    const auto* label = Find<QLabel>(name);
+    EXPECT_LT(label->height(), 2 * label->fontMetrics().height()) << name;
+  }
+  const auto* longOne = Find<QLabel>("lblNote_WordsLeftOut");
+  EXPECT_GE(longOne->height(), longOne->heightForWidth(longOne->width()));
+}
+
+TEST_P(MainGeometry, ShowsTwoRecentSourcesWhole) {
+  UseFile(kText);
+  Count();
+  Type("txbFile_0", WriteFile("other.txt", kText));
+  Count();
+  for (const char* source : kSources) {
+    Click(source);
+    QApplication::processEvents();
+    const auto* recent = Find<QListWidget>("lstRecent");
+    ASSERT_EQ(recent->count(), 2) << source;
+    EXPECT_TRUE(recent->viewport()->rect().contains(recent->visualItemRect(recent->item(1)))) << source;
+  }
 }
 
 TEST_P(MainGeometry, KeepsEveryGroupInItsPlaceWhenTheSourceChanges) {
