@@ -104,7 +104,6 @@ class frmMain::BoxContents {
         horizontal_(main.txbOutput->horizontalScrollBar()->value()),
         inSight_(main.result_ && main.result_->InSight) {}
 
-  bool Empty() const { return text_.isEmpty(); }
   void PutBack(frmMain& main) const {
     main.output_->Restore(FromQt(QString(text_).replace(u'\n', QLatin1String("\r\n"))), full_, kept_);
     main.txbOutput->verticalScrollBar()->setValue(vertical_);
@@ -187,9 +186,10 @@ void frmMain::cmdCountPhrases_Click() {
   }
   ShowStatus({});
   if (end != RunEnd::Counted) {
+    ShowFileSizes();
     if (end == RunEnd::Stopped) return;
     // The last result is as good as before.
-    if (countShown_ && !before.Empty()) before.PutBack(*this);
+    if (countShown_) before.PutBack(*this);
     runClock_.Stop();
     lblTimeElapsed->setText(timeBefore);
     return;
@@ -405,8 +405,11 @@ void frmMain::tmrProgress_Timer() {
   const int value = ProgressValue(progress_);
   prgProgress->setRange(0, value < 0 ? 0 : kWholeProgress);
   if (value >= 0) prgProgress->setValue(std::max(value, prgProgress->value()));
-  ShowCounts(progress_.FilesRead, progress_.Words, counting_->Table.PhraseCount());
-  if (progress_.FoldersRead > 0) lblStatusFiles->setText(ToQt(CountSoFar()));
+  // Until then the numbers of the last list stand beside it.
+  if (countShown_) ShowCounts(progress_.FilesRead, progress_.Words, counting_->Table.PhraseCount());
+  if (progress_.FoldersRead == 0) return;
+  lblStatusFiles->setText(ToQt(CountSoFar()));
+  lblStatusFiles->show();
 }
 
 std::string frmMain::CountSoFar() const {

@@ -367,8 +367,18 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   EXPECT_EQ(state(), before);
   Type("txbFile_0", WriteFile("large.txt", std::string(210000, 'a')));
   messages.WillAnswer(Question::LargeInput, Answer::Cancel);
+  // Nor does the question stand beside numbers of a run that has not begun.
+  messages.onShow = [&](const Message&) {
+    main->tmrProgress_Timer();
+    main->Timer2_Timer();
+    EXPECT_EQ(TextOf("lblStatusWords"), before[before.size() - 3]);
+    EXPECT_EQ(TextOf("lblStatusPhrases"), before[before.size() - 2]);
+  };
   Count();
+  messages.onShow = nullptr;
+  EXPECT_EQ(messages.shown.back().question, Question::LargeInput);
   EXPECT_EQ(state(), before);
+  EXPECT_EQ(TextOf("lblFilesize"), "Filesize: 205.08 Kb");
   UseFolder();
   messages.WillAnswer(Question::SeveralFiles, Answer::Ok);
   Count();
@@ -636,6 +646,7 @@ TEST_F(Result, OfSeveralFilesMayBeShownInTheWindowOnly) {
   EXPECT_EQ(messages.shown[0].title, "Multiple files/folders");
   EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
   EXPECT_EQ(messages.shown[0].extraButton, "Show in the window only");
+  EXPECT_EQ(Output(), "") << "nothing is left of a run that came to nothing";
   messages.WillAnswer(Question::SeveralFiles, Answer::Extra);
   Count();
   EXPECT_THAT(Output(), StartsWith("2 files (in 1 folder) were scanned.\n"));
