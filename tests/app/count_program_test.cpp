@@ -125,7 +125,7 @@ TEST_F(CountProgramTest, WritesATableWhereTheFormatSaysSo) {
 TEST_F(CountProgramTest, TheExtensionOfTheReportFileSaysWhatItHolds) {
   FakeCodePage page;
   encoding = &page;
-  files.Add("/\u0395.txt", "The big cat sat. The big cat.\n");
+  files.Add(PathFromText("/\u0395.txt"), "The big cat sat. The big cat.\n");
   EXPECT_EQ(Count({"/\u0395.txt", "--min-words", "2", "-o", "/r.TSV"}), 0);
   EXPECT_THAT(out.str(), IsEmpty());
   EXPECT_EQ(files.Content("/r.TSV"), std::string(kTable) + "/\u0395.txt\n");
@@ -233,9 +233,9 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
             "korv-count: The output file cannot be in the folder or a subfolder.\nFile: /folder/c.txt\n"},
            {{"/a.txt", "-o", "/folder"}, "korv-count: The output file /folder is a folder.\n"},
            {{"/a.txt", "--ignore-file", "/none.txt"},
-            "korv-count: File for words-to-ignore not found.\nFile: /none.txt\n"},
+            "korv-count: File for words-to-ignore not found.\nFile: " + Below("", "none.txt") + "\n"},
            {{"/a.txt", "--count-only-file", "/none.txt"},
-            "korv-count: File for count-only words not found.\nFile: /none.txt\n"},
+            "korv-count: File for count-only words not found.\nFile: " + Below("", "none.txt") + "\n"},
            {{"/a.txt", "--common-words", "de"},
             "korv-count: " + Below("/program", "cwds_de.txt") + " not found.\n"},
            {{"/a.txt", "--save-settings", "/a.txt"},
@@ -480,12 +480,12 @@ TEST_F(CountProgramTest, EveryOptionSetsItsField) {
       {{"--filter", " The  CAT, "}, [](Settings& s) { s.Report.FilterText = "the cat"; }},
       {{"--filter-mode", "subphrase"},
        [](Settings& s) { s.Report.FilterModeOfWords = FilterMode::Subphrase; }},
-      {{"-o", "/out.txt"}, [](Settings& s) { s.OutputFile = "/out.txt"; }},
+      {{"-o", "/out.txt"}, [](Settings& s) { s.OutputFile = Below("", "out.txt"); }},
   };
   for (const Case& c : cases) {
     files.Erase("/out.txt");
     Settings expected;
-    expected.InputFile = "/a.txt";
+    expected.InputFile = Below("", "a.txt");
     c.Change(expected);
     std::vector<std::string> arguments = c.Arguments;
     arguments.insert(arguments.begin(), "/a.txt");
@@ -499,7 +499,7 @@ TEST_F(CountProgramTest, ThePathSetsTheSource) {
   EXPECT_EQ(Resulting({"/a.txt"}).SourceKind, TextSource::SingleFile);
   const Settings folder = Resulting({"/t", "--format", "12", "--sort-by-files"});
   EXPECT_EQ(folder.SourceKind, TextSource::Folder);
-  EXPECT_EQ(folder.Folder, "/t");
+  EXPECT_EQ(folder.Folder, Below("", "t"));
   EXPECT_EQ(folder.Report.DisplayFormat, 12);
   EXPECT_TRUE(folder.Report.SortByNumberOfFiles);
   EXPECT_EQ(Resulting({"-"}).SourceKind, TextSource::Clipboard);
@@ -812,7 +812,7 @@ TEST_F(CountProgramTest, SavesSettingsBeforeTheRun) {
   EXPECT_EQ(Count({"/short.txt", "--save-settings", "/s.korv"}), 1);
   Settings saved;
   EXPECT_TRUE(ReadStateBytes(files.Content("/s.korv").value_or(""), saved).Complete());
-  EXPECT_EQ(saved.InputFile, "/short.txt");
+  EXPECT_EQ(saved.InputFile, Below("", "short.txt"));
 }
 
 TEST_F(CountProgramTest, SavesThePathsOfTheCommandLineInFull) {

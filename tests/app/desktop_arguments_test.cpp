@@ -21,7 +21,7 @@ DesktopArguments Read(const std::vector<std::string>& arguments) {
 }
 
 std::string Here(const char* name) {
-  return PathToText(std::filesystem::current_path() / name);
+  return PathToText(std::filesystem::current_path() / PathFromText(name));
 }
 
 TEST(DesktopArguments, OpenNothingWithoutAny) {
