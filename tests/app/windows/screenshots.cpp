@@ -98,7 +98,7 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
   params.cboWordsFile->setItemText(
       0, QDir::toNativeSeparators(QStringLiteral(KORV_PICTURE_PROGRAM_FOLDER "/cwds_en.txt")));
   params.txbWordsToIgnoreOrCount[0]->setPlainText(QStringLiteral("ibid vide viz sans ~ly"));
-  params.resize(900, 700);
+  params.resize(900, 740);
   params.show();
   return Save(params, folder, QStringLiteral("settings") + scheme);
 }
