@@ -198,6 +198,29 @@ TEST_F(Result, FollowsLoadedSettings) {
   EXPECT_FALSE(Noted("OtherReport"));
 }
 
+TEST_F(Result, FollowsSettingsThatAreOpenedLikeADroppedFile) {
+  CountText();
+  Choose("cboDisplayFormat", 8);
+  dialogs.WillChoose(PathOf("a.korv"));
+  main->Params().cmdSaveLoadState_Click(1);
+  Choose("cboDisplayFormat", 0);
+  main->OpenPaths({QString::fromStdString(PathOf("a.korv"))});
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 8);
+  EXPECT_THAT(Output(), Not(HasSubstr("Rank")));
+  EXPECT_FALSE(Noted("OtherReport"));
+}
+
+TEST_F(Result, IsMarkedWhileTheRulesDifferAndNoLongerOnceThatIsUndone) {
+  CountText();
+  EXPECT_FALSE(Noted("OtherRules"));
+  for (const char* button : {"cmdSetOrClearCheckboxes_0", "cmdSetOrClearCheckboxes_1"}) {
+    Click(button);
+    EXPECT_EQ(Note("OtherRules"), "Counted under other rules than those chosen now: word rules.") << button;
+    Click("cmdUndo");
+    EXPECT_FALSE(Noted("OtherRules")) << button;
+  }
+}
+
 TEST_F(Result, FollowsTheUntickedFileListBox) {
   CountFolder();
   Check("chkFileList");
