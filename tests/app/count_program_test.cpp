@@ -235,7 +235,7 @@ TEST_F(CountProgramTest, RefusesWithStatus1AndAMessage) {
            {{"/a.txt", "--ignore-file", "/none.txt"},
             "korv-count: File for words-to-ignore not found.\nFile: " + Below("", "none.txt") + "\n"},
            {{"/a.txt", "--count-only-file", "/none.txt"},
-            "korv-count: File for count-only words not found.\nFile: " + Below("", "none.txt") + "\n"},
+            "korv-count: File for count-only words not found.\nFile: /none.txt\n"},
            {{"/a.txt", "--common-words", "de"},
             "korv-count: " + Below("/program", "cwds_de.txt") + " not found.\n"},
            {{"/a.txt", "--save-settings", "/a.txt"},
