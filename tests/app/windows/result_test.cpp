@@ -639,6 +639,38 @@ TEST_F(Result, ThatWasStoppedSaysSo) {
   EXPECT_EQ(Note("Incomplete"), "Counting was stopped: what came after that is not in this list.");
 }
 
+/// A text whose report is longer than what is handed to a file in one piece.
+std::string TextOfManyPhrases() {
+  constexpr int kPhrases = 30'000;
+  std::string text;
+  for (int i = 0; i < kPhrases; ++i) {
+    std::string word = "word";
+    for (int rest = i; rest > 0; rest /= 26) word += static_cast<char>('a' + rest % 26);
+    text += (word + " follows. ") + word + " follows.\n";
+  }
+  return text;
+}
+
+TEST_F(Result, ThatIsBeingWrittenGivesSignsOfLife) {
+  OpenWithEveryTurn();
+  PhrasesOf(2, 2);
+  UseFile(TextOfManyPhrases());
+  Type("txbFile_1", PathOf("out.txt"));
+  std::string counted;
+  bool busy = false;
+  everyTurn.onTurn = [&] {
+    const std::string said = TextOf("lblStatusText");
+    if (!said.starts_with("Now writing to output file . . .")) return;
+    busy = busy || Find<QProgressBar>("prgProgress")->maximum() == 0;
+    if (said.ends_with(" phrases")) counted = said;
+  };
+  Count();
+  EXPECT_TRUE(busy);
+  EXPECT_THAT(counted,
+              testing::MatchesRegex("Now writing to output file \\. \\. \\. [0-9]+.[0-9][0-9][0-9] phrases"));
+  EXPECT_THAT(TextOf("lblStatusText"), testing::Not(HasSubstr("Now writing")));
+}
+
 TEST_F(Result, ThatIsEmptyNamesItsCauses) {
   CountText("the white whale. the old man\n");
   EXPECT_THAT(Output(), StartsWith("There are no phrases of 3 words which occur at least twice."));
