@@ -46,6 +46,10 @@ struct Settings {
 
   std::vector<std::string> WordsFiles;  ///< cboWordsFile, at most kMostWordsFiles full paths.
   int SelectedWordsFile = -1;           ///< Index into WordsFiles, -1 for none.
+  /// The selected one of them; null for none.
+  const std::string* WordsFile() const {
+    return SelectedWordsFile < 0 ? nullptr : &WordsFiles[static_cast<size_t>(SelectedWordsFile)];
+  }
   CommonWords CommonWordsLanguage = CommonWords::English;
   bool PatternMatchingInWordsToIgnoreFile = false;
 

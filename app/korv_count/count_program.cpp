@@ -4,6 +4,7 @@
 #include <new>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "app/korv_count/about_file.h"
 #include "app/korv_count/context_table.h"
@@ -242,8 +243,8 @@ class CountProgram {
     // The settings hold text, which a name need not be.
     if (!options_.IgnoreFile.empty())
       lists.IgnoreFile = env_.Files.AbsolutePath(PathFromText(options_.IgnoreFile));
-    else if (settings_.SelectedWordsFile >= 0)
-      lists.IgnoreFile = PathFromText(settings_.WordsFiles[static_cast<size_t>(settings_.SelectedWordsFile)]);
+    else if (const std::string* list = settings_.WordsFile())
+      lists.IgnoreFile = PathFromText(*list);
     lists.IgnoreWords = settings_.ExtraWordsToIgnore;
     lists.PatternMatching = settings_.PatternMatchingInWordsToIgnoreFile;
     if (!options_.CountOnlyFile.empty()) lists.CountOnlyFile = PathFromText(options_.CountOnlyFile);
@@ -285,9 +286,11 @@ class CountProgram {
   bool OutputMayBeWritten(const std::string& output) {
     if (output.empty()) return true;
     const std::filesystem::path path = PathFromText(output);
-    for (const std::string* file : {&options_.SettingsFile, &options_.IgnoreFile, &options_.CountOnlyFile}) {
-      if (file->empty() || !PathsMeetInOneFile(env_.Files, *file, output)) continue;
-      messages_.Show({.text = "The output file cannot be the same as " + *file + ".",
+    std::vector<std::string> inputs = {options_.SettingsFile, options_.IgnoreFile, options_.CountOnlyFile};
+    if (const std::string* list = settings_.WordsFile()) inputs.push_back(*list);
+    for (const std::string& file : inputs) {
+      if (file.empty() || !PathsMeetInOneFile(env_.Files, file, output)) continue;
+      messages_.Show({.text = "The output file cannot be the same as " + file + ".",
                       .title = "Error",
                       .icon = Icon::Exclamation});
       return false;

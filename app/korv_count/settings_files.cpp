@@ -40,9 +40,9 @@ bool SettingsFiles::Save(const Settings& settings) const {
 
 bool SettingsFiles::MayBeReplaced(const Settings& settings) const {
   const std::string& file = options_.SaveSettingsFile;
-  for (const std::string* other :
-       {&settings.InputFile, &options_.Output, &options_.IgnoreFile, &options_.CountOnlyFile})
-    if (!other->empty() && PathsMeetInOneFile(env_.Files, *other, file))
+  for (const std::string* other : {&settings.InputFile, &options_.Output, &settings.OutputFile,
+                                   &options_.IgnoreFile, &options_.CountOnlyFile, settings.WordsFile()})
+    if (other && !other->empty() && PathsMeetInOneFile(env_.Files, *other, file))
       return Refuse("The settings file cannot be the same as " + *other + ".");
   const std::filesystem::path path = PathFromText(file);
   if (!env_.Files.FileExists(path)) return true;

@@ -165,8 +165,8 @@ RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
     SetWordsToIgnoreNotice();
     return outcome;
   }
-  if (settings.SelectedWordsFile >= 0) {
-    const std::string& selected = settings.WordsFiles[static_cast<size_t>(settings.SelectedWordsFile)];
+  if (const std::string* list = settings.WordsFile()) {
+    const std::string& selected = *list;
     if (AskToLoadWordFile(selected, desktop_.messages)) {
       params_->AttemptToReadWords(ListKind::WordsToIgnore);
     } else {

@@ -574,6 +574,25 @@ TEST_F(CountProgramTest, LoadsTheSelectedListOfTheSettings) {
   EXPECT_EQ(err.str(), "korv-count: File for words-to-ignore not found.\nFile: /none.txt\n");
 }
 
+TEST_F(CountProgramTest, NeverReplacesTheListOfTheSettings) {
+  Settings settings;
+  settings.InputFile = "/a.txt";
+  settings.OutputFile = "/out.txt";
+  settings.WordsFiles = {"/program/cwds_en.txt"};
+  settings.SelectedWordsFile = 0;
+  files.Add("/s.korv", *StateBytes(settings));
+  files.Add("/out.txt", "a report");
+  const auto list = files.Content("/program/cwds_en.txt");
+  EXPECT_EQ(Count({"--settings", "/s.korv", "-o", "/program/cwds_en.txt", "--force"}), 1);
+  EXPECT_EQ(err.str(), "korv-count: The output file cannot be the same as /program/cwds_en.txt.\n");
+  for (const std::string file : {"/program/cwds_en.txt", "/out.txt"}) {
+    EXPECT_EQ(Count({"--settings", "/s.korv", "--save-settings", file, "--force"}), 1);
+    EXPECT_EQ(err.str(), "korv-count: The settings file cannot be the same as " + file + ".\n");
+  }
+  EXPECT_EQ(files.Content("/program/cwds_en.txt"), list);
+  EXPECT_EQ(files.Content("/out.txt"), "a report");
+}
+
 TEST_F(CountProgramTest, CommonWordsLoadInSilence) {
   EXPECT_EQ(Count({"/a.txt", "--common-words", "en", "--min-words", "2", "--ignore-mode", "remove"}), 0);
   EXPECT_EQ(err.str(), "8 words read, 2 dropped (2 to be ignored); ASCII\n");
