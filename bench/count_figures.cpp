@@ -7,12 +7,12 @@
 #include <string>
 #include <utility>
 
+#include "base/yielder.h"
 #include "bench/word_reader.h"
-#include "engine/count_phrases.h"
-#include "engine/phrase_table.h"
-#include "engine/run_lists.h"
-#include "engine/word_stream.h"
-#include "platform/yielder.h"
+#include "engine/corpus/corpus_builder.h"
+#include "engine/counting/count_phrases.h"
+#include "engine/counting/phrase_table.h"
+#include "engine/counting/word_filters.h"
 
 namespace {
 

@@ -3,12 +3,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include "base/yielder.h"
 #include "bench/made_text.h"
-#include "engine/count_phrases.h"
-#include "engine/phrase_table.h"
-#include "engine/run_lists.h"
-#include "engine/word_stream.h"
-#include "platform/yielder.h"
+#include "engine/corpus/corpus_builder.h"
+#include "engine/counting/count_phrases.h"
+#include "engine/counting/phrase_table.h"
+#include "engine/counting/word_filters.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include "engine/count_phrases.h"
-#include "engine/phrase_table.h"
-#include "platform/number_format.h"
-#include "platform/yielder.h"
+#include "base/number_format.h"
+#include "base/yielder.h"
+#include "engine/counting/count_phrases.h"
+#include "engine/counting/phrase_table.h"
 #include "report/list_words.h"
 
 namespace {

@@ -8,15 +8,15 @@
 #include <fstream>
 #include <string>
 
+#include "base/yielder.h"
 #include "bench/made_text.h"
-#include "engine/word_rules.h"
+#include "engine/text/word_rules.h"
 #include "platform/files.h"
-#include "platform/yielder.h"
-#include "sources/classification.h"
-#include "sources/comment_markers.h"
-#include "sources/folder_walk.h"
-#include "sources/line_scanner.h"
-#include "sources/text_reader.h"
+#include "sources/detect/classification.h"
+#include "sources/detect/comment_markers.h"
+#include "sources/folders/folder_walk.h"
+#include "sources/read/text_reader.h"
+#include "sources/scan/line_scanner.h"
 
 namespace {
 

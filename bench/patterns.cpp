@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/matching.h"
-#include "engine/run_lists.h"
+#include "engine/counting/matching.h"
+#include "engine/counting/word_filters.h"
 
 namespace korv {
 namespace {

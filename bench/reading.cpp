@@ -8,10 +8,10 @@
 #include <string_view>
 
 #include "bench/made_text.h"
-#include "engine/word_rules.h"
-#include "sources/comment_markers.h"
-#include "sources/line_scanner.h"
-#include "sources/text_reader.h"
+#include "engine/text/word_rules.h"
+#include "sources/detect/comment_markers.h"
+#include "sources/read/text_reader.h"
+#include "sources/scan/line_scanner.h"
 
 namespace {
 

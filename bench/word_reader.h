@@ -7,13 +7,13 @@
 #include <string>
 #include <string_view>
 
-#include "engine/unicode.h"
-#include "engine/word_rules.h"
-#include "engine/word_verdict.h"
+#include "engine/text/unicode.h"
+#include "engine/text/word_form.h"
+#include "engine/text/word_rules.h"
 #include "platform/files.h"
-#include "sources/comment_markers.h"
-#include "sources/line_scanner.h"
-#include "sources/text_reader.h"
+#include "sources/detect/comment_markers.h"
+#include "sources/read/text_reader.h"
+#include "sources/scan/line_scanner.h"
 
 namespace korv::bench {
 

@@ -1,7 +1,7 @@
 # What the programs read at run time. They look for it beside themselves first, so a build is complete in
 # its bin folder, without installation.
 file(GLOB KORV_COMMON_WORDS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/wordlists/cwds_*.txt)
-file(GLOB KORV_PROGRAM_TEXT CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/app/korv.dat)
+file(GLOB KORV_PROGRAM_TEXT CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/app/texts/korv.dat)
 
 set(copies)
 foreach(file ${KORV_COMMON_WORDS} ${KORV_PROGRAM_TEXT})

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/expected.h"
+#include "base/expected.h"
 
 namespace korv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/yielder.h"
+#include "base/yielder.h"
 
 namespace korv {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/yielder.h"
 #include "platform/files.h"
-#include "platform/yielder.h"
 
 namespace korv {
 

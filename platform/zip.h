@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "platform/expected.h"
+#include "base/expected.h"
 #include "platform/files.h"
 
 namespace korv {

@@ -1,6 +1,6 @@
 #include "report/error_text.h"
 
-#include "platform/number_format.h"
+#include "base/number_format.h"
 
 namespace korv {
 

@@ -1,8 +1,8 @@
 #include "report/filter.h"
 
-#include "engine/clean_text.h"
-#include "engine/unicode.h"
-#include "engine/word_chars.h"
+#include "engine/text/clean_text.h"
+#include "engine/text/unicode.h"
+#include "engine/text/word_chars.h"
 
 namespace korv {
 

@@ -1,7 +1,7 @@
 #include "report/folder_paths.h"
 
+#include "base/utf8.h"
 #include "platform/files.h"
-#include "platform/utf8.h"
 
 namespace korv {
 

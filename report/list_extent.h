@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "engine/phrase_table.h"
-#include "platform/yielder.h"
+#include "base/yielder.h"
+#include "engine/counting/phrase_table.h"
 
 namespace korv {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/yielder.h"
+#include "base/yielder.h"
 #include "report/columns/column.h"
 #include "report/list_extent.h"
 #include "report/report.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "engine/phrase_table.h"
-#include "platform/number_format.h"
+#include "base/number_format.h"
+#include "engine/counting/phrase_table.h"
 #include "report/report_options.h"
-#include "report/run_facts.h"
+#include "report/run_summary.h"
 
 namespace korv {
 

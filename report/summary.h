@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/number_format.h"
-#include "report/run_facts.h"
+#include "base/number_format.h"
+#include "report/run_summary.h"
 
 namespace korv {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/word_chars.h"
+#include "engine/text/word_chars.h"
 
 namespace korv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/word_rules.h"
+#include "engine/text/word_rules.h"
 #include "platform/messages.h"
 
 namespace korv {

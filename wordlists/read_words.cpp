@@ -5,11 +5,11 @@
 #include <unordered_set>
 #include <utility>
 
-#include "engine/list_entry.h"
-#include "engine/unicode.h"
-#include "sources/comment_markers.h"
-#include "sources/line_scanner.h"
-#include "sources/text_reader.h"
+#include "engine/patterns/list_entry.h"
+#include "engine/text/unicode.h"
+#include "sources/detect/comment_markers.h"
+#include "sources/read/text_reader.h"
+#include "sources/scan/line_scanner.h"
 #include "wordlists/comment_stripper.h"
 #include "wordlists/typed_words.h"
 

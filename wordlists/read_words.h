@@ -4,10 +4,10 @@
 #include <functional>
 #include <string>
 
-#include "engine/word_rules.h"
-#include "platform/yielder.h"
-#include "sources/encoding_choice.h"
-#include "sources/text_file_check.h"
+#include "base/yielder.h"
+#include "engine/text/word_rules.h"
+#include "sources/detect/encoding_choice.h"
+#include "sources/detect/text_file_check.h"
 #include "wordlists/list_kind.h"
 #include "wordlists/word_list.h"
 

@@ -2,10 +2,10 @@
 
 #include <functional>
 
-#include "engine/clean_text.h"
-#include "engine/list_entry.h"
-#include "engine/word_chars.h"
-#include "sources/markup.h"
+#include "engine/patterns/list_entry.h"
+#include "engine/text/clean_text.h"
+#include "engine/text/word_chars.h"
+#include "sources/scan/markup.h"
 
 namespace korv {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/word_rules.h"
+#include "engine/text/word_rules.h"
 #include "platform/messages.h"
 #include "wordlists/list_kind.h"
 

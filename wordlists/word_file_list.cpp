@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 
 namespace korv {
 

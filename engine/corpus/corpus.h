@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "engine/corpus/line_index.h"
-#include "engine/run_lists.h"
-#include "engine/run_options.h"
-#include "engine/vocabulary.h"
-#include "engine/word_rules.h"
+#include "engine/corpus/vocabulary.h"
+#include "engine/counting/run_options.h"
+#include "engine/counting/word_filters.h"
+#include "engine/text/word_rules.h"
 
 namespace korv {
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <utility>
 
-#include "platform/yielder.h"
+#include "base/yielder.h"
 
 namespace korv {
 

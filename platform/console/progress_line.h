@@ -4,7 +4,7 @@
 #include <ostream>
 #include <string>
 
-#include "platform/clock.h"
+#include "base/clock.h"
 
 namespace korv {
 

@@ -9,10 +9,10 @@
 #include <cerrno>
 #include <utility>
 
+#include "base/utf8.h"
 #include "platform/posix/stop_signals.h"
 #include "platform/posix/temporary_names.h"
 #include "platform/random_name.h"
-#include "platform/utf8.h"
 
 namespace korv {
 

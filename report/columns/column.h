@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "engine/file_tallies.h"
-#include "engine/phrase_table.h"
+#include "engine/corpus/document_counts.h"
+#include "engine/counting/phrase_table.h"
 #include "report/columns/cell.h"
 #include "report/list_extent.h"
-#include "report/run_facts.h"
+#include "report/run_summary.h"
 
 namespace korv {
 

@@ -1,6 +1,6 @@
 #include "report/writers/cell_text.h"
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 
 namespace korv {
 

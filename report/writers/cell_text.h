@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/number_format.h"
+#include "base/number_format.h"
 #include "report/columns/column.h"
 
 namespace korv {

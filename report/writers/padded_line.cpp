@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 #include "report/writers/text_line.h"
 
 namespace korv {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 #include "platform/files.h"
 #include "report/writers/tsv_writer.h"
 

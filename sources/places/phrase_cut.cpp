@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "engine/word_stream.h"
-#include "sources/line_scanner.h"
-#include "sources/text_decoder.h"
+#include "engine/corpus/corpus_builder.h"
+#include "sources/read/text_decoder.h"
+#include "sources/scan/line_scanner.h"
 
 namespace korv {
 

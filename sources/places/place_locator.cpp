@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/unicode.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
+#include "engine/text/unicode.h"
 #include "sources/places/context_text.h"
 
 namespace korv {

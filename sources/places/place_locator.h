@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "base/expected.h"
 #include "engine/corpus/corpus.h"
-#include "platform/expected.h"
-#include "sources/docx.h"
 #include "sources/places/text_replay.h"
+#include "sources/read/docx.h"
 
 namespace korv {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 
 namespace korv {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "sources/markup.h"
-#include "sources/text_decoder.h"
+#include "sources/read/text_decoder.h"
+#include "sources/scan/markup.h"
 
 namespace korv {
 

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "engine/corpus/corpus.h"
-#include "engine/word_stream.h"
-#include "sources/line_scanner.h"
+#include "engine/corpus/corpus_builder.h"
 #include "sources/places/raw_line.h"
-#include "sources/text_reader.h"
+#include "sources/read/text_reader.h"
+#include "sources/scan/line_scanner.h"
 
 namespace korv {
 

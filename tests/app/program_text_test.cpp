@@ -1,4 +1,4 @@
-#include "app/program_text.h"
+#include "app/texts/program_text.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-#include "app/program_folder.h"
+#include "app/texts/program_folder.h"
 #include "tests/fakes/fake_files.h"
 
 namespace korv {

@@ -1,4 +1,4 @@
-#include "app/result_notes.h"
+#include "app/run/result_notes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

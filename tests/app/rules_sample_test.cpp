@@ -1,6 +1,6 @@
 // What is shown of the word rules: the words that they find in a sample, and the tool tips' examples.
 
-#include "app/rules_sample.h"
+#include "app/texts/rules_sample.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <set>
 
-#include "app/rule_examples.h"
+#include "app/texts/rule_examples.h"
 #include "tests/reference/naive_run.h"
 #include "tests/reference/naive_scanner.h"
 #include "tests/reference/naive_text.h"

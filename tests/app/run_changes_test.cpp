@@ -1,4 +1,4 @@
-#include "app/run_changes.h"
+#include "app/run/run_changes.h"
 
 #include <gtest/gtest.h>
 

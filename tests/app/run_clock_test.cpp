@@ -1,4 +1,4 @@
-#include "app/run_clock.h"
+#include "app/run/run_clock.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/run.h"
+#include "app/run/run.h"
 
 #include <gmock/gmock.h>
 

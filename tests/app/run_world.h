@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/run.h"
+#include "app/run/run.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"

@@ -1,4 +1,4 @@
-#include "app/saved_state.h"
+#include "app/settings/saved_state.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 // Which changes of the settings a user would miss.
 
-#include "app/settings_difference.h"
+#include "app/settings/settings_difference.h"
 
 #include <gtest/gtest.h>
 

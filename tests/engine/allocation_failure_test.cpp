@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "engine/count_phrases.h"
-#include "engine/word_stream.h"
+#include "engine/corpus/corpus_builder.h"
+#include "engine/counting/count_phrases.h"
 
 // Every allocation of a counting run fails once: the failure must come out as std::bad_alloc, nothing may
 // be lost or crash on the way, and the next run must go through.

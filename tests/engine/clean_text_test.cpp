@@ -1,4 +1,4 @@
-#include "engine/clean_text.h"
+#include "engine/text/clean_text.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include <ostream>
 #include <utility>
 
-#include "engine/word_stream.h"
+#include "engine/corpus/corpus_builder.h"
 #include "tests/reference/naive_run.h"
 #include "tests/reference/naive_text.h"
 

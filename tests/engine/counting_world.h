@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "engine/count_phrases.h"
-#include "engine/phrase_table.h"
-#include "engine/run_lists.h"
-#include "engine/run_options.h"
-#include "engine/word_rules.h"
-#include "platform/yielder.h"
+#include "base/yielder.h"
+#include "engine/counting/count_phrases.h"
+#include "engine/counting/phrase_table.h"
+#include "engine/counting/run_options.h"
+#include "engine/counting/word_filters.h"
+#include "engine/text/word_rules.h"
 #include "tests/reference/naive_run.h"
 
 namespace korv {

@@ -1,4 +1,4 @@
-#include "engine/folding.h"
+#include "engine/text/folding.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/matching.h"
+#include "engine/counting/matching.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "engine/offered_phrases.h"
+#include "engine/analysis/offered_phrases.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 #include <rapidcheck/gtest.h>
 
-#include "engine/word_stream.h"
+#include "engine/corpus/corpus_builder.h"
 #include "tests/engine/counting_world.h"
 #include "tests/reference/naive_offers.h"
 

@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "engine/fragment.h"
-#include "engine/matching.h"
-#include "engine/pattern.h"
-#include "engine/pattern_set.h"
-#include "engine/unicode.h"
-#include "platform/regex.h"
+#include "engine/counting/matching.h"
+#include "engine/patterns/pattern.h"
+#include "engine/patterns/pattern_set.h"
+#include "engine/patterns/regex.h"
+#include "engine/patterns/required_literal.h"
+#include "engine/text/unicode.h"
 
 namespace korv {
 namespace {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/corpus/corpus_builder.h"
 #include "engine/corpus/place_order.h"
-#include "engine/word_stream.h"
 #include "tests/engine/counting_world.h"
 #include "tests/reference/naive_run.h"
 #include "tests/reference/naive_text.h"

@@ -1,4 +1,4 @@
-#include "engine/phrase_table.h"
+#include "engine/counting/phrase_table.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "engine/count_phrases.h"
-#include "engine/word_stream.h"
+#include "engine/corpus/corpus_builder.h"
+#include "engine/counting/count_phrases.h"
 
 namespace korv {
 namespace {

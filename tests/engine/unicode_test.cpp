@@ -1,4 +1,4 @@
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 
 #include <gtest/gtest.h>
 #include <utf8proc.h>

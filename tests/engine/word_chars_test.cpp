@@ -1,11 +1,11 @@
-#include "engine/word_chars.h"
+#include "engine/text/word_chars.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 
 namespace korv {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/word_rules.h"
+#include "engine/text/word_rules.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "platform/clock.h"
+#include "base/clock.h"
 
 namespace korv {
 

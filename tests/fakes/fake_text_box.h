@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 #include "report/output_box.h"
 
 namespace korv {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "platform/yielder.h"
+#include "base/yielder.h"
 
 namespace korv {
 

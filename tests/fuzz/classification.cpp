@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "sources/classification.h"
+#include "sources/detect/classification.h"
 #include "tests/fakes/fake_files.h"
 
 namespace {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/unicode.h"
-#include "sources/text_reader.h"
+#include "engine/text/unicode.h"
+#include "sources/read/text_reader.h"
 #include "tests/sources/bitten_file.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "sources/docx.h"
+#include "sources/read/docx.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "sources/docx.h"
-#include "sources/docx_main_part.h"
+#include "sources/read/docx.h"
+#include "sources/read/docx_main_part.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/reference/naive_docx.h"

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "engine/unicode.h"
-#include "sources/markup.h"
-#include "sources/text_decoder.h"
+#include "engine/text/unicode.h"
+#include "sources/read/text_decoder.h"
+#include "sources/scan/markup.h"
 #include "tests/reference/naive_scanner.h"
 #include "tests/reference/naive_text.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/unicode.h"
+#include "engine/text/unicode.h"
 #include "report/filter.h"
 #include "tests/reference/naive_filter.h"
 

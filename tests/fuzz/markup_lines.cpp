@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "sources/text_decoder.h"
+#include "sources/read/text_decoder.h"
 #include "tests/reference/naive_scanner.h"
 #include "tests/sources/recorded_words.h"
 

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/matching.h"
-#include "engine/pattern_set.h"
-#include "engine/unicode.h"
-#include "platform/regex.h"
+#include "engine/counting/matching.h"
+#include "engine/patterns/pattern_set.h"
+#include "engine/patterns/regex.h"
+#include "engine/text/unicode.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "app/program_text.h"
-#include "platform/utf8.h"
+#include "app/texts/program_text.h"
+#include "base/utf8.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   using namespace korv;

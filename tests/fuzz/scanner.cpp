@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "sources/text_decoder.h"
+#include "sources/read/text_decoder.h"
 #include "tests/reference/naive_scanner.h"
 #include "tests/sources/recorded_words.h"
 

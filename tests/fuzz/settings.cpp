@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/saved_state.h"
+#include "app/settings/saved_state.h"
 
 /// A settings file from anywhere leaves settings that can be saved, and that are the same when loaded again.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -6,11 +6,11 @@
 #include <set>
 #include <string>
 
-#include "engine/run_lists.h"
-#include "engine/unicode.h"
-#include "engine/word_chars.h"
+#include "engine/counting/word_filters.h"
+#include "engine/text/unicode.h"
+#include "engine/text/word_chars.h"
 #include "tests/wordlists/list_world.h"
-#include "wordlists/gather_lists.h"
+#include "wordlists/load_word_filters.h"
 #include "wordlists/typed_words.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace korv {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/run_lists.h"
+#include "engine/counting/word_filters.h"
 
 namespace korv::naive {
 

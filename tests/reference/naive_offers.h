@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/run_lists.h"
-#include "engine/run_options.h"
-#include "engine/word_rules.h"
+#include "engine/counting/run_options.h"
+#include "engine/counting/word_filters.h"
+#include "engine/text/word_rules.h"
 #include "tests/reference/naive_lists.h"
 
 namespace korv::naive {

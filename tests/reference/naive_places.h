@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/word_rules.h"
+#include "engine/text/word_rules.h"
 
 namespace korv::naive {
 

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/word_rules.h"
+#include "engine/text/word_rules.h"
 
 namespace korv::naive {
 

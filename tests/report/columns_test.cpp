@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
-#include "engine/run_lists.h"
-#include "engine/word_stream.h"
+#include "engine/corpus/corpus_builder.h"
+#include "engine/counting/word_filters.h"
 #include "report/columns/registry.h"
 #include "report/list_source.h"
 #include "report/row_builder.h"

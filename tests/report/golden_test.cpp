@@ -10,8 +10,8 @@
 #include <iterator>
 #include <string>
 
-#include "app/run.h"
-#include "platform/clock.h"
+#include "app/run/run.h"
+#include "base/clock.h"
 #include "platform/files.h"
 #include "report/report_rules.h"
 #include "tests/fakes/fake_messages.h"

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <utility>
 
-#include "engine/count_phrases.h"
-#include "engine/phrase_table.h"
-#include "platform/yielder.h"
+#include "base/yielder.h"
+#include "engine/counting/count_phrases.h"
+#include "engine/counting/phrase_table.h"
 #include "report/list_words.h"
 
 namespace korv {

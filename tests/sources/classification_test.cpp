@@ -1,4 +1,4 @@
-#include "sources/classification.h"
+#include "sources/detect/classification.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sources/comment_markers.h"
+#include "sources/detect/comment_markers.h"
 
 #include <gtest/gtest.h>
 

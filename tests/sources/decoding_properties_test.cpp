@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/clean_text.h"
-#include "sources/text_reader.h"
+#include "engine/text/clean_text.h"
+#include "sources/read/text_reader.h"
 #include "tests/reference/naive_decoding.h"
 #include "tests/sources/bitten_file.h"
 

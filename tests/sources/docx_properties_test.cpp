@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "sources/docx.h"
+#include "sources/read/docx.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/reference/naive_docx.h"

@@ -1,4 +1,4 @@
-#include "sources/docx.h"
+#include "sources/read/docx.h"
 
 #include <gtest/gtest.h>
 

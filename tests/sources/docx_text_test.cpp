@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "sources/docx.h"
+#include "sources/read/docx.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/sources/docx_builder.h"

@@ -1,4 +1,4 @@
-#include "sources/encoding_choice.h"
+#include "sources/detect/encoding_choice.h"
 
 #include <gtest/gtest.h>
 

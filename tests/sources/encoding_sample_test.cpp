@@ -1,4 +1,4 @@
-#include "sources/encoding_sample.h"
+#include "sources/detect/encoding_sample.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sources/file_selection.h"
+#include "sources/folders/file_selection.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sources/folder_walk.h"
+#include "sources/folders/folder_walk.h"
 
 #include <gtest/gtest.h>
 

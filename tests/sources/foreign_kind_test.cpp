@@ -1,4 +1,4 @@
-#include "sources/foreign_kind.h"
+#include "sources/detect/foreign_kind.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sources/line_scanner.h"
+#include "sources/scan/line_scanner.h"
 
 #include <gtest/gtest.h>
 

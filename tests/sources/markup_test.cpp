@@ -1,4 +1,4 @@
-#include "sources/markup.h"
+#include "sources/scan/markup.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "sources/line_scanner.h"
+#include "sources/scan/line_scanner.h"
 
 namespace korv {
 

@@ -1,4 +1,4 @@
-#include "sources/source_checks.h"
+#include "sources/detect/source_checks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sources/text_decoder.h"
+#include "sources/read/text_decoder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "sources/text_file_check.h"
+#include "sources/detect/text_file_check.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "sources/file_size_text.h"
+#include "sources/detect/file_size_text.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 

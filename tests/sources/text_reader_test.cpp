@@ -1,4 +1,4 @@
-#include "sources/text_reader.h"
+#include "sources/read/text_reader.h"
 
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/run_lists.h"
-#include "engine/unicode.h"
-#include "sources/line_scanner.h"
+#include "engine/counting/word_filters.h"
+#include "engine/text/unicode.h"
+#include "sources/scan/line_scanner.h"
 #include "tests/wordlists/list_world.h"
 #include "wordlists/common_words.h"
 

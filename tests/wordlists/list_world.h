@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "sources/encoding_choice.h"
-#include "sources/text_file_check.h"
+#include "sources/detect/encoding_choice.h"
+#include "sources/detect/text_file_check.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "wordlists/read_words.h"

@@ -9,7 +9,7 @@
 #include "tests/fakes/fake_yielder.h"
 #include "tests/wordlists/list_world.h"
 #include "wordlists/comment_stripper.h"
-#include "wordlists/gather_lists.h"
+#include "wordlists/load_word_filters.h"
 
 namespace korv {
 namespace {

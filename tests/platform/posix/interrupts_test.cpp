@@ -9,8 +9,8 @@
 #include <filesystem>
 #include <string>
 
+#include "base/yielder.h"
 #include "platform/files.h"
-#include "platform/yielder.h"
 #include "tests/platform/temporary_folder.h"
 
 namespace korv {

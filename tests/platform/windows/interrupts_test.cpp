@@ -6,8 +6,8 @@
 #include <chrono>
 #include <thread>
 
+#include "base/yielder.h"
 #include "platform/windows/console_events.h"
-#include "platform/yielder.h"
 
 namespace korv {
 namespace {

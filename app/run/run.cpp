@@ -1,0 +1,238 @@
+#include "app/run/run.h"
+
+#include <cmath>
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "app/run/source_reader.h"
+#include "engine/corpus/corpus_builder.h"
+#include "report/error_text.h"
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+namespace {
+
+/// Sorting fewer phrases is over before a notice could be read.
+constexpr uint64_t kNoticedSort = 1000;
+constexpr double kAdviceFromKilobytes = 51;
+
+bool LengthsAreValid(const RunOptions& options, Messages& messages) {
+  if (options.MaxWords >= options.MinWords) return true;
+  messages.Show({.text = "The maximum number of words in each phrase\r\n"
+                         "must not be less than the minimum number.",
+                 .title = "Invalid input",
+                 .icon = Icon::Exclamation});
+  return false;
+}
+
+bool IsWorthAdvice(const RunRequest& request, const FileSystem& files) {
+  switch (request.Options.SourceKind) {
+    case TextSource::Folder:
+      return true;
+    case TextSource::Clipboard:
+      return false;
+    case TextSource::SingleFile:
+      break;
+  }
+  const auto size = files.FileSize(PathFromText(TrimmedPath(request.InputPath)));
+  return size && std::nearbyint(static_cast<double>(*size) / 1024) >= kAdviceFromKilobytes;
+}
+
+/// One run from its start to the frequency chain.
+class Run {
+ public:
+  Run(const RunRequest& request, const RunServices& services, CountedRun& run)
+      : request_(request), services_(services), run_(run), rules_(request.Rules) {}
+
+  RunEnd Count() {
+    Begin();
+    const RunEnd read = ReadText();
+    if (read != RunEnd::Counted) return read;
+    if (!Finish()) {
+      services_.View.Status("Stopped");
+      return RunEnd::Stopped;
+    }
+    services_.View.ClearOutput();
+    return RunEnd::Counted;
+  }
+
+ private:
+  void Begin() {
+    services_.Progress = {};
+    run_ = CountedRun{};
+    SetAllowedExtraChars(rules_);
+    SetAllowedExtraChars2(rules_);
+    ListEntries entries = request_.Lists;
+    entries.CaseSignificant = rules_.CaseSignificant;
+    *run_.Lists = RunLists(entries);
+
+    run_.Chain = request_.Chain;
+    RunFacts& facts = run_.Facts;
+    facts.Options = request_.Options;
+    facts.Options.Stopped = false;
+    facts.WordsToIgnoreInUse = run_.Lists->HasWordsToIgnore();
+    facts.MinCharacters = rules_.IgnoreShortWords ? rules_.ShortWordSize : 0;
+    facts.IncludeSubfolders = request_.IncludeSubfolders;
+    switch (request_.Options.SourceKind) {
+      case TextSource::Clipboard:
+        break;
+      case TextSource::SingleFile:
+        facts.InputPath = TrimmedPath(request_.InputPath);
+        break;
+      case TextSource::Folder:
+        facts.InputPath = TrimmedFolderPath(request_.InputPath);
+        break;
+    }
+    run_.OutputPath = TrimmedPath(request_.OutputPath);
+  }
+
+  RunEnd ReadText() {
+    const StageTimer timer(services_.Clock, run_.Times, RunStage::Reading);
+    WordStream stream(rules_, request_.Options, *run_.Lists);
+    SourceReading reading(request_, rules_, services_, run_, stream);
+    RunEnd end = RunEnd::Counted;
+    switch (request_.Options.SourceKind) {
+      case TextSource::Clipboard:
+        end = reading.DoItFromClipboard();
+        break;
+      case TextSource::SingleFile:
+        end = reading.DoItFromFile();
+        break;
+      case TextSource::Folder:
+        end = reading.DoItFromFolder();
+        break;
+    }
+    if (end != RunEnd::Counted) return end;
+    run_.Facts.Words = stream.Counts();
+    run_.Facts.Options.Stopped = services_.Yielder.Stopped();
+    TakeText(std::move(stream), run_.Table);
+    return services_.Yielder.Stopped() && !StopFindsSomething() ? RunEnd::Stopped : RunEnd::Counted;
+  }
+
+  // Where no phrase was read there is nothing to ask about.
+  bool StopFindsSomething() {
+    services_.Yielder.ClearStop();
+    const bool found = HoldsPhrase(run_.Table, services_.Yielder);
+    services_.Yielder.RequestStop();
+    return found;
+  }
+
+  bool Finish() {
+    if (!GoesOn()) return false;
+    if (!Stage(RunStage::Counting, "", [&] { return CountPhrases(run_.Table, services_.Yielder); }))
+      return false;
+    run_.Facts.LongPhrases = run_.Table.LongPhrases();
+    const bool longSort = run_.Table.PhraseCount() > kNoticedSort;
+    if (run_.Table.PhraseCount() >= 2 && !Stage(RunStage::Sorting, longSort ? "Now sorting ..." : "",
+                                                [&] { return SortPhrases(run_.Table, services_.Yielder); }))
+      return false;
+    ListByFrequency(run_.Table, request_.Options.MinFrequency);
+    return Stage(RunStage::Exclusion, "Excluding redundant subphrases . . . ",
+                 [&] { return ExcludeRedundantSubphrases(run_.Table, services_.Yielder); }) &&
+           Stage(RunStage::Chain, "Now setting up frequency chain . . .",
+                 [&] { return SetUpFrequencyChain(run_.Table, run_.Chain, services_.Yielder); });
+  }
+
+  /// Runs a stage that returns false when it was stopped, again if need be. False: give up.
+  template <typename Work>
+  bool Stage(RunStage stage, const char* status, Work work) {
+    services_.Progress.Stage = stage;
+    if (*status) services_.View.Status(status);
+    const StageTimer timer(services_.Clock, run_.Times, stage);
+    while (!work())
+      if (!GoesOn()) return false;
+    return true;
+  }
+
+  /// After a stop: whether what was found is wanted. The rest of the run is then done as if nothing had been.
+  bool GoesOn() {
+    if (!services_.Yielder.Stopped()) return true;
+    run_.Interrupted = true;
+    const Answer answer =
+        services_.Messages.Show({.text = "The operation was stopped before all phrases were counted.\r\n"
+                                         "Do you wish to list those which were were found?",
+                                 .title = "Counting interrupted",
+                                 .icon = Icon::Question,
+                                 .buttons = Buttons::YesNo,
+                                 .defaultAnswer = Answer::Yes,
+                                 .question = Question::CountingInterrupted});
+    services_.Yielder.ClearStop();
+    return answer == Answer::Yes;
+  }
+
+  const RunRequest& request_;
+  const RunServices& services_;
+  CountedRun& run_;
+  WordRules rules_;
+};
+
+}  // namespace
+
+bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& files, Messages& messages) {
+  if (!LengthsAreValid(request.Options, messages)) return false;
+  if (request.Options.MinFrequency == 1 && report.WordOrder == 0 && IsWorthAdvice(request, files) &&
+      messages.Show({.text = "If you are just interested in the most frequently occurring phrases then the "
+                             "minimum number of occurrences should be set to at least 2, otherwise "
+                             "processing will take longer.\r\nDo you wish to reset it?",
+                     .title = "Minimum frequency",
+                     .icon = Icon::Question,
+                     .buttons = Buttons::YesNo,
+                     .defaultAnswer = Answer::Yes,
+                     .question = Question::MinimumFrequency,
+                     .mayBeSilenced = true}) == Answer::Yes)
+    request.Options.MinFrequency = 2;
+  report.FilterActive = false;
+  if (report.FilterText.empty()) return true;
+  if (messages.Show({.text = "Do you wish to keep the filter settings?",
+                     .title = "Filter results?",
+                     .icon = Icon::Question,
+                     .buttons = Buttons::YesNo,
+                     .defaultAnswer = Answer::Yes,
+                     .question = Question::KeepFilter,
+                     .mayBeSilenced = true}) == Answer::Yes)
+    report.FilterActive = true;
+  else
+    report.FilterText.clear();
+  return true;
+}
+
+void AskToStop(Messages& messages, Yielder& yielder, RunView& view) {
+  if (messages.Show({.text = "Really stop?",
+                     .title = "Stop",
+                     .icon = Icon::Question,
+                     .buttons = Buttons::YesNo,
+                     .defaultAnswer = Answer::No,
+                     .question = Question::ReallyStop}) != Answer::Yes)
+    return;
+  yielder.RequestStop();
+  view.Status("Counting of all phrases was stopped.");
+}
+
+RunEnd RunCount(const RunRequest& request, const RunServices& services, CountedRun& run) {
+  try {
+    return Run(request, services, run).Count();
+  } catch (const std::bad_alloc&) {
+    run = CountedRun{};
+    services.Messages.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Exclamation});
+  } catch (const std::exception& error) {
+    services.Messages.Show({.text = UnexpectedErrorText("RunCount", kErrorUnexpected, error.what()),
+                            .title = "Error",
+                            .icon = Icon::Critical});
+  }
+  return RunEnd::Failed;
+}
+
+ChainOrder ChainOrderOf(const ReportOptions& report) {
+  return report.SortByNumberOfFiles ? ChainOrder::ByFiles : ChainOrder::ByCount;
+}
+
+bool SetUpChainFor(CountedRun& run, const ReportOptions& report, Yielder& yielder) {
+  const bool there = run.Table.ChainHead() != 0;
+  if (there && run.Chain == ChainOrderOf(report)) return true;
+  run.Chain = ChainOrderOf(report);
+  return SetUpFrequencyChain(run.Table, run.Chain, yielder);
+}
+
+}  // namespace korv

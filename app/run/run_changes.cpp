@@ -1,0 +1,85 @@
+#include "app/run/run_changes.h"
+
+#include <tuple>
+
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+namespace {
+
+bool SameSource(const RunRequest& a, const RunRequest& b) {
+  if (a.Options.SourceKind != b.Options.SourceKind) return false;
+  switch (a.Options.SourceKind) {
+    case TextSource::Clipboard:
+      return true;
+    case TextSource::SingleFile:
+      return TrimmedPath(a.InputPath) == TrimmedPath(b.InputPath);
+    case TextSource::Folder:
+      break;
+  }
+  return TrimmedFolderPath(a.InputPath) == TrimmedFolderPath(b.InputPath) &&
+         a.IncludeSubfolders == b.IncludeSubfolders && a.Selection.Patterns == b.Selection.Patterns &&
+         a.Selection.Exclusions == b.Selection.Exclusions;
+}
+
+auto CharactersOf(const WordRules& r) {
+  return std::tie(r.AllowHyphens, r.AllowApostrophes, r.AllowUnderscores, r.AllowColons, r.AllowBackslashes,
+                  r.AllowForwardslashes, r.AllowPeriods, r.AllowAtSigns, r.AllowNumerals, r.AllowParentheses,
+                  r.AllowAmpersands, r.AllowCommas);
+}
+
+auto DroppingOf(const WordRules& r) {
+  // The size of short words means nothing where they are not ignored.
+  return std::tuple(r.CaseSignificant, r.Only7bitASCII, r.IgnoreShortWords ? r.ShortWordSize : 0,
+                    r.LongWordSize, r.IgnoreNoLetter, r.IgnoreRepetitions);
+}
+
+auto EndsOf(const WordRules& r) {
+  return std::tie(r.TerminateAtEndOfLine, r.TerminateAtPeriod, r.TerminateAtComma, r.TerminateAtDoubleQuote,
+                  r.TerminateAtTab);
+}
+
+bool SameWordRules(const WordRules& a, const WordRules& b) {
+  return CharactersOf(a) == CharactersOf(b) && DroppingOf(a) == DroppingOf(b) && EndsOf(a) == EndsOf(b);
+}
+
+bool HasWordsToIgnore(const ListEntries& lists) {
+  return !lists.FileWordsToIgnore.empty() || !lists.TypedWordsToIgnore.empty();
+}
+
+bool SameWordsToIgnore(const RunRequest& a, const RunRequest& b) {
+  if (!HasWordsToIgnore(a.Lists) && !HasWordsToIgnore(b.Lists)) return true;
+  return a.Options.IgnoreMode == b.Options.IgnoreMode &&
+         a.Lists.FileWordsToIgnore == b.Lists.FileWordsToIgnore &&
+         a.Lists.TypedWordsToIgnore == b.Lists.TypedWordsToIgnore &&
+         a.Lists.PatternMatchingInWordsToIgnoreFile == b.Lists.PatternMatchingInWordsToIgnoreFile;
+}
+
+}  // namespace
+
+RunChanges ChangesBetween(const RunRequest& counted, const RunRequest& now) {
+  return {.Source = !SameSource(counted, now),
+          .Lengths = counted.Options.MinWords != now.Options.MinWords ||
+                     counted.Options.MaxWords != now.Options.MaxWords,
+          .MinFrequency = counted.Options.MinFrequency != now.Options.MinFrequency,
+          .WordsToIgnore = !SameWordsToIgnore(counted, now),
+          .CountOnly = counted.Lists.CountOnly != now.Lists.CountOnly,
+          .WordRules = !SameWordRules(counted.Rules, now.Rules)};
+}
+
+std::string ChangedRulesText(const RunChanges& changes) {
+  std::string text;
+  for (const auto& [changed, name] : {std::pair(changes.Lengths, "phrase lengths"),
+                                      {changes.MinFrequency, "minimum frequency"},
+                                      {changes.WordsToIgnore, "words to ignore"},
+                                      {changes.CountOnly, "count-only entries"},
+                                      {changes.WordRules, "word rules"}}) {
+    if (!changed) continue;
+    if (!text.empty()) text += ", ";
+    text += name;
+  }
+  return text;
+}
+
+}  // namespace korv

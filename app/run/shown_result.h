@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "app/run/run.h"
+#include "engine/analysis/offered_phrases.h"
+#include "report/list_words.h"
+#include "report/report_options.h"
+
+namespace korv {
+
+/// What the last listing of a result put where.
+struct ShownListing {
+  ReportOptions Options{};  ///< As listed: corrected to what is available.
+  ListResult List{};
+  bool Failed = false;  ///< An error ended it, or no file could be written.
+  std::string File{};   ///< The file that holds it; empty when it went into the text box.
+  uint64_t Bytes = 0;   ///< Length of that file.
+};
+
+/// The last result of a window and its listing.
+struct ShownResult {
+  RunRequest Request;  ///< What was asked for. Without a clipboard's text.
+  CountedRun Run;
+  std::optional<OfferedPhrases> Offered;  ///< Of a result without a phrase.
+  ShownListing Listing;
+  bool InSight = false;  ///< The text box holds that listing, or tells of its file.
+};
+
+/// Whether two listings of a result would look the same, filters aside. The options have been through
+/// ApplyReportRules().
+bool SameForm(const ReportOptions& a, const ReportOptions& b);
+
+/// Whether both let the same phrases pass; the filters of listings that are not filtered do not count.
+bool SameFilter(const ReportOptions& a, const ReportOptions& b);
+
+}  // namespace korv

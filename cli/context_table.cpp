@@ -1,0 +1,113 @@
+#include "cli/context_table.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "engine/corpus/phrase_places.h"
+#include "sources/places/context_text.h"
+
+namespace korv {
+
+namespace {
+
+constexpr const char* kStandardInput = "-";
+
+/// A tab, or the end of a line, as one blank.
+void AppendCell(std::string_view cell, std::string& line) {
+  for (size_t at = 0; at < cell.size(); ++at) {
+    if (cell.substr(at, 2) == "\r\n") ++at;
+    const char c = cell[at];
+    line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
+  }
+}
+
+std::string Line(std::initializer_list<std::string_view> cells) {
+  std::string line;
+  for (const std::string_view cell : cells) {
+    AppendCell(cell, line);
+    line += '\t';
+  }
+  line.back() = '\n';
+  return line;
+}
+
+std::string_view TokenText(const Corpus& corpus, size_t place) {
+  const WordNumber word = corpus.Tokens[place];
+  return word == kNoWord ? "|" : corpus.Words.Text(word);
+}
+
+}  // namespace
+
+ContextTable::ContextTable(const CountedRun& run, const DocxContext& context, std::ostream& out,
+                           std::function<void(const std::string&)> tell)
+    : corpus_(run.Table.Corpus()),
+      yielder_(context.Yielder),
+      out_(out),
+      tell_(std::move(tell)),
+      locator_(corpus_, context, run.KeptText) {}
+
+bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around) {
+  out_ << Line({"file", "line", "column", "left", "phrase", "right"});
+  std::vector<uint32_t> places = PlacesOf(corpus_, phrase);
+  // Files are read from their beginnings to their ends, whatever the order of the table.
+  std::unordered_map<uint32_t, std::string> rows;
+  for (const uint32_t place : places) {
+    yielder_.Yield();
+    if (yielder_.Stopped()) return false;
+    std::string row = Row(place, phrase, around);
+    if (order == PlaceOrder::Place)
+      out_ << row;
+    else
+      rows.emplace(place, std::move(row));
+  }
+  if (order == PlaceOrder::Place) return true;
+  OrderPlaces(corpus_, static_cast<int>(phrase.size()), order, places);
+  for (const uint32_t place : places) out_ << rows[place];
+  return true;
+}
+
+std::string ContextTable::Row(uint32_t place, std::span<const WordNumber> phrase, size_t around) {
+  const auto found = locator_.Locate(place, static_cast<int>(phrase.size()), around);
+  if (!found) {
+    TellOnce(place, found.Error());
+    return RowOfWords(place, phrase, around);
+  }
+  return Line({FileOf(place), std::to_string(found->Line), std::to_string(found->Column), found->Left,
+               found->Phrase, found->Right});
+}
+
+/// What the run itself knows: words without what stood between them, "|" where no phrase goes on.
+std::string ContextTable::RowOfWords(uint32_t place, std::span<const WordNumber> phrase,
+                                     size_t around) const {
+  const size_t source = corpus_.SourceAt(place);
+  const size_t begin = corpus_.Sources[source].Begin;
+  const size_t end = source + 1 < corpus_.Sources.size() ? corpus_.Sources[source + 1].Begin
+                                                         : corpus_.Tokens.size() - kTrailingEnds;
+  std::string left;
+  for (size_t i = place; i > begin && left.size() <= 4 * (around + 1); --i)
+    left = std::string(TokenText(corpus_, i - 1)) + (left.empty() ? "" : " ") + left;
+  std::string words;
+  for (size_t k = 0; k < phrase.size(); ++k)
+    words += (k == 0 ? "" : " ") + std::string(TokenText(corpus_, place + k));
+  std::string right;
+  for (size_t i = place + phrase.size(); i < end && right.size() <= 4 * (around + 1); ++i)
+    right += (right.empty() ? "" : " ") + std::string(TokenText(corpus_, i));
+  return Line({FileOf(place), "", "", LastWords(left, around), words, FirstWords(right, around)});
+}
+
+std::string ContextTable::FileOf(uint32_t place) const {
+  const std::filesystem::path& path = corpus_.Sources[corpus_.SourceAt(place)].Path;
+  return path.empty() ? kStandardInput : PathToText(path);
+}
+
+void ContextTable::TellOnce(uint32_t place, PlaceFault fault) {
+  if (!told_.insert(corpus_.SourceAt(place)).second) return;
+  tell_(FileOf(place) +
+        (fault == PlaceFault::Changed ? " has changed since it was counted" : " cannot be read any more") +
+        ": its contexts are the words that were counted, without line and column.");
+}
+
+}  // namespace korv

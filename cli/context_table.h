@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <ostream>
+#include <set>
+#include <span>
+#include <string>
+
+#include "app/run/run.h"
+#include "engine/corpus/place_order.h"
+#include "sources/places/place_locator.h"
+
+namespace korv {
+
+/// Where a phrase stands in the texts of a run, and in which words: a line for each place, its cells parted
+/// by tabs, below a heading.
+class ContextTable {
+ public:
+  /// The run must have kept its places. `tell` gets what the user should know: once for each file that is not
+  /// the one that was counted. All must outlive the object.
+  ContextTable(const CountedRun& run, const DocxContext& context, std::ostream& out,
+               std::function<void(const std::string&)> tell);
+
+  /// `phrase` in the numbers of the run, as CutTypedPhrase() makes them; `around`: most code points on each
+  /// side. Reads the files again. In reading order each line is written when it was found, otherwise all are
+  /// held first. False when stopped, with what was written by then.
+  bool Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around);
+
+ private:
+  std::string Row(uint32_t place, std::span<const WordNumber> phrase, size_t around);
+  std::string RowOfWords(uint32_t place, std::span<const WordNumber> phrase, size_t around) const;
+  std::string FileOf(uint32_t place) const;
+  void TellOnce(uint32_t place, PlaceFault fault);
+
+  const Corpus& corpus_;
+  Yielder& yielder_;
+  std::ostream& out_;
+  std::function<void(const std::string&)> tell_;
+  PlaceLocator locator_;
+  std::set<size_t> told_;  ///< Sources.
+};
+
+}  // namespace korv

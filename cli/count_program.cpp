@@ -1,0 +1,413 @@
+#include "cli/count_program.h"
+
+#include <exception>
+#include <new>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "app/run/run.h"
+#include "app/texts/program_folder.h"
+#include "app/texts/program_text.h"
+#include "cli/about_file.h"
+#include "cli/context_table.h"
+#include "cli/count_view.h"
+#include "cli/options.h"
+#include "cli/run_line.h"
+#include "cli/settings_files.h"
+#include "platform/console/console_messages.h"
+#include "report/error_text.h"
+#include "report/list_words.h"
+#include "report/output_file.h"
+#include "report/report_rules.h"
+#include "report/stream_sink.h"
+#include "report/summary.h"
+#include "sources/detect/source_checks.h"
+#include "sources/folders/folder_walk.h"
+#include "sources/places/phrase_cut.h"
+#include "wordlists/load_word_filters.h"
+
+namespace korv {
+
+namespace {
+
+constexpr const char* kName = "korv-count";
+
+class CountProgram {
+ public:
+  CountProgram(CountOptions options, const CountEnvironment& environment)
+      : options_(std::move(options)),
+        env_(environment),
+        line_(env_.Err, env_.ErrIsTerminal, env_.Clock),
+        messages_(env_.Err, kName,
+                  options_.Quiet ? ConsoleMessages::When::OnFailure : ConsoleMessages::When::AtOnce,
+                  [this] { line_.Clear(); }),
+        encodings_(options_.Encoding),
+        view_(env_.Err, line_, progress_, run_.Table, options_.Numbers, options_.Quiet) {}
+
+  int Run() {
+    const int status = Work();
+    line_.Clear();
+    if (status == kExitRefused) messages_.TellHeld();
+    return status;
+  }
+
+ private:
+  int Work() {
+    SettingsFiles files(options_, env_, messages_);
+    if (!files.Load(settings_)) return kExitRefused;
+    ApplyOptions(options_, settings_);
+    PlacePath();
+    if (options_.ListFiles && settings_.SourceKind == TextSource::Clipboard) {
+      env_.Err << kName << ": standard input has no files to list\n";
+      return kExitUsage;
+    }
+    if (!AddWordsFile()) return kExitRefused;
+    if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat();
+    if (!files.Save(settings_)) return kExitRefused;
+    return options_.ListFiles ? ListTheFiles() : Count();
+  }
+
+  // ---- Settings
+
+  void PlacePath() {
+    const std::string path = TrimmedPath(options_.Path);
+    if (path.empty()) return;
+    if (options_.FromStandardInput()) {
+      settings_.SourceKind = TextSource::Clipboard;
+    } else if (env_.Files.FolderExists(PathFromText(TrimmedFolderPath(path)))) {
+      settings_.SourceKind = TextSource::Folder;
+      settings_.Folder = path;
+    } else {
+      settings_.SourceKind = TextSource::SingleFile;
+      settings_.InputFile = path;
+    }
+  }
+
+  /// The file of words to ignore that the options name becomes the selected one of the list.
+  bool AddWordsFile() {
+    std::filesystem::path path;
+    if (!options_.IgnoreFile.empty()) {
+      path = env_.Files.AbsolutePath(PathFromText(options_.IgnoreFile));
+    } else if (options_.CommonWordsOf) {
+      const auto file = CommonWordsFile(*options_.CommonWordsOf, env_.ProgramFolder, env_.Files, messages_);
+      if (!file) return false;
+      path = *file;
+      settings_.CommonWordsLanguage =
+          static_cast<CommonWords>(options_.CommonWordsOf - kCommonWordsLanguages.data());
+    } else {
+      return true;
+    }
+    WordFileList list(ListKind::WordsToIgnore);
+    list.Restore(settings_.WordsFiles, settings_.SelectedWordsFile);
+    if (!list.AddOrSelect(PathToText(path), messages_)) return false;
+    settings_.WordsFiles = list.Paths();
+    settings_.SelectedWordsFile = list.Selected();
+    return true;
+  }
+
+  void TellUnavailableFormat() {
+    const int format = options_.Format.value_or(settings_.Report.DisplayFormat);
+    const auto texts = ProgramTextFile::Load(env_.Files, env_.ProgramFolder / kProgramTextName);
+    if (!texts) {
+      messages_.Show({.text = texts.Error().Text(), .title = "Error", .icon = Icon::Critical});
+      return;
+    }
+    messages_.Show(UnavailableFormatMessage(texts->Get(DisplayFormatTextNumber(format))));
+  }
+
+  // ---- Listing files
+
+  FileSelection Selection() const {
+    return {.Patterns = SplitPatterns(settings_.FilePatterns),
+            .Exclusions = SplitPatterns(settings_.ExcludedTexts)};
+  }
+
+  int ListTheFiles() {
+    if (settings_.SourceKind == TextSource::SingleFile) {
+      const std::string path = TrimmedPath(settings_.InputFile);
+      AboutFile messages = AboutTheSource();
+      const InputFileCode code = ValidateInputFile(env_.Files, path, "");
+      ShowInputFileError(messages, code, path);
+      if (code != InputFileCode::Valid) return kExitRefused;
+      env_.Out << path << '\n' << std::flush;
+      return env_.Out ? kExitReport : CannotWrite();
+    }
+    const std::string folder = TrimmedFolderPath(settings_.Folder);
+    AboutFile messages = AboutTheSource();
+    if (!ValidatePatterns(Selection(), messages_) ||
+        !ValidateFolder(env_.Files, messages, folder, "", settings_.IncludeSubfolders, true))
+      return kExitRefused;
+    FolderWalk walk(env_.Files, env_.Yielder, Selection(), settings_.IncludeSubfolders);
+    FolderEvents events;
+    events.Unreadable = [&](const std::filesystem::path& path, const FileError& error) {
+      view_.Notice(UnreadableFolderText(path, error));
+    };
+    const FolderTotals totals = ListFiles(walk, PathFromText(folder), events, [&](const std::string& line) {
+      env_.Out << WithPlainLineEnds(line);
+    });
+    env_.Out << std::flush;
+    if (!env_.Out) return CannotWrite();
+    if (!totals.Stopped) return kExitReport;
+    Tell("Stopped: these are not all files.");
+    return kExitInterrupted;
+  }
+
+  // ---- Counting
+
+  int Count() {
+    RunRequest request;
+    if (!MakeRequest(request)) return kExitRefused;
+    if (env_.Yielder.Stopped()) return kExitInterrupted;
+    ReportOptions report = settings_.Report;
+    if (!SourceIsThere(request.OutputPath) || !OutputMayBeWritten(request.OutputPath)) return kExitRefused;
+    if (!AskBeforeCounting(request, report, env_.Files, messages_)) return kExitRefused;
+    if (ShowsProgress()) env_.Yielder.OnTurn([this] { view_.ShowProgress(); });
+    AboutFile messages = AboutTheSource();
+    const RunEnd end = RunCount(request, Services(messages), run_);
+    if (!run_.OutputPath.empty())
+      progress_.Stage = RunStage::Writing;
+    else
+      env_.Yielder.OnTurn(nullptr);
+    line_.Clear();
+    switch (end) {
+      case RunEnd::Counted:
+        break;
+      case RunEnd::Stopped:
+        Tell("Stopped before a phrase was read: there is no report.");
+        return kExitInterrupted;
+      default:
+        return kExitRefused;
+    }
+    const int status = options_.ContextOf ? WriteContexts() : WriteReport(report);
+    line_.Clear();
+    if (status == kExitRefused || status == kExitUsage) return status;
+    if (!options_.Quiet) env_.Err << WithPlainLineEnds(SkippedFilesText(run_.Facts)) << std::flush;
+    if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
+    Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
+    if (options_.Stages && !options_.Quiet) TellStages();
+    return run_.Interrupted ? kExitInterrupted : status;
+  }
+
+  /// What the user should know that is no error.
+  void Tell(const std::string& text) {
+    if (!options_.Quiet) env_.Err << text << '\n' << std::flush;
+  }
+
+  AboutFile AboutTheSource() {
+    switch (settings_.SourceKind) {
+      case TextSource::SingleFile:
+        return {messages_, TrimmedPath(settings_.InputFile)};
+      case TextSource::Folder:
+        return {messages_, TrimmedFolderPath(settings_.Folder), "Folder"};
+      case TextSource::Clipboard:
+        break;
+    }
+    return {messages_, "standard input", "Source"};
+  }
+
+  RunServices Services(Messages& messages) {
+    return {messages, env_.Yielder, env_.Files, env_.Clock, options_.Numbers, encodings_, view_, progress_};
+  }
+
+  bool ShowsProgress() const { return !options_.Quiet && (options_.Progress || env_.ErrIsTerminal); }
+
+  bool MakeRequest(RunRequest& request) {
+    request.Options = RunOptionsOf(settings_);
+    request.Rules = settings_.Words;
+    SetAllowedExtraChars(request.Rules);
+    SetAllowedExtraChars2(request.Rules);
+    request.Options.KeepPlaces = options_.ContextOf.has_value();
+    request.Chain = ChainOrderOf(settings_.Report);
+    request.InputPath = settings_.SourceKind == TextSource::Folder ? settings_.Folder : settings_.InputFile;
+    request.OutputPath = OutputPath();
+    request.Stream = &env_.StandardInput;
+    request.StreamEncoding = options_.Encoding;
+    request.Selection = Selection();
+    request.IncludeSubfolders = settings_.IncludeSubfolders;
+    request.SeveralFilesNeedOutput = false;
+    request.OffersWaysOut = true;
+    request.ExtractTextFromDocx = settings_.ExtractTextFromDocx;
+    return GatherTheLists(request);
+  }
+
+  /// A path on the command line replaces the settings' source, and their output file with it.
+  std::string OutputPath() const {
+    if (options_.ContextOf) return {};
+    if (!options_.Output.empty()) return options_.Output;
+    return options_.Path.empty() && !settings_.DisableOutputToFile ? settings_.OutputFile : std::string();
+  }
+
+  bool GatherTheLists(RunRequest& request) {
+    ListRequest lists;
+    // The settings hold text, which a name need not be.
+    if (!options_.IgnoreFile.empty())
+      lists.IgnoreFile = env_.Files.AbsolutePath(PathFromText(options_.IgnoreFile));
+    else if (const std::string* list = settings_.WordsFile())
+      lists.IgnoreFile = PathFromText(*list);
+    lists.IgnoreWords = settings_.ExtraWordsToIgnore;
+    lists.PatternMatching = settings_.PatternMatchingInWordsToIgnoreFile;
+    if (!options_.CountOnlyFile.empty()) lists.CountOnlyFile = PathFromText(options_.CountOnlyFile);
+    lists.CountOnly = options_.CountOnly;
+    TextFileCheck check{env_.Files, messages_, options_.Numbers, {}};
+    ListReading reading{check, encodings_, env_.Yielder, {}};
+    std::optional<ListEntries> entries = GatherLists(lists, request.Rules, reading);
+    if (entries) request.Lists = std::move(*entries);
+    return entries.has_value();
+  }
+
+  /// What is wrong with the source, or makes it one with the output file, is told before anything of that
+  /// file.
+  bool SourceIsThere(const std::string& output) {
+    if (settings_.SourceKind == TextSource::SingleFile) {
+      const std::string path = TrimmedPath(settings_.InputFile);
+      AboutFile messages = AboutTheSource();
+      const InputFileCode code = ValidateInputFile(env_.Files, path, output);
+      ShowInputFileError(messages, code, path);
+      return code == InputFileCode::Valid;
+    }
+    const bool meets =
+        settings_.SourceKind == TextSource::Folder
+            ? OutputIsInFolder(env_.Files, settings_.Folder, output, settings_.IncludeSubfolders)
+            : !output.empty() && !env_.InputPath.empty() && env_.Files.FileSize(PathFromText(output)) &&
+                  env_.Files.SameFile(env_.InputPath, PathFromText(output));
+    if (!meets) return true;
+    if (settings_.SourceKind == TextSource::Folder) {
+      // A folder that cannot be counted is told of by the run.
+      if (!env_.Files.FolderExists(PathFromText(TrimmedFolderPath(settings_.Folder)))) return true;
+      AboutFile messages(messages_, output);
+      ShowOutputInFolder(messages);
+    } else {
+      ShowInputFileError(messages_, InputFileCode::SameAsOutput, output);
+    }
+    return false;
+  }
+
+  bool OutputMayBeWritten(const std::string& output) {
+    if (output.empty()) return true;
+    const std::filesystem::path path = PathFromText(output);
+    std::vector<std::string> inputs = {options_.SettingsFile, options_.IgnoreFile, options_.CountOnlyFile};
+    if (const std::string* list = settings_.WordsFile()) inputs.push_back(*list);
+    for (const std::string& file : inputs) {
+      if (file.empty() || !PathsMeetInOneFile(env_.Files, file, output)) continue;
+      messages_.Show({.text = "The output file cannot be the same as " + file + ".",
+                      .title = "Error",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    if (!path.has_filename() || env_.Files.FolderExists(path)) {
+      messages_.Show({.text = "The output file " + output + " is a folder.",
+                      .title = "Error",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    // A device or a pipe has no size, and nothing in it that could be lost.
+    if (!options_.Force && env_.Files.FileExists(path) && env_.Files.FileSize(path)) {
+      messages_.Show({.text = "The output file " + output + " exists.  --force replaces it.",
+                      .title = "The output file exists.",
+                      .icon = Icon::Exclamation});
+      return false;
+    }
+    AboutFile messages(messages_, output);
+    return CanOpenOutputFile(path, env_.Files, messages);
+  }
+
+  /// Null for the report as text, which the output file of settings always is.
+  const TableForm* Table() const {
+    if (options_.Output.empty() && !run_.OutputPath.empty()) return nullptr;
+    if (options_.OutputFormat) return *options_.OutputFormat;
+    return TableFormOfFile(PathFromText(run_.OutputPath));
+  }
+
+  int WriteContexts() {
+    const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
+    const CutPhrase phrase = CutTypedPhrase(*options_.ContextOf, run_.Table.Corpus());
+    if (phrase.Length == 0 || phrase.Length > static_cast<size_t>(kMostWords)) {
+      env_.Err << kName << ": --context-of: '" << *options_.ContextOf
+               << (phrase.Length == 0 ? "': the rules in force leave no word of it"
+                                      : "': that is more than 25 words")
+               << '\n';
+      return kExitUsage;
+    }
+    ContextTable table(run_, {env_.Files, messages_, env_.Yielder}, env_.Out,
+                       [this](const std::string& text) { Tell(text); });
+    const bool finished = table.Write(phrase.Words, options_.Sort.value_or(PlaceOrder::Place),
+                                      static_cast<size_t>(options_.Contexts.value_or(kContexts)));
+    env_.Out << std::flush;
+    if (!env_.Out) return CannotWrite();
+    return finished ? kExitReport : kExitInterrupted;
+  }
+
+  int WriteReport(const ReportOptions& options) {
+    const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
+    const Report report{run_.Table, run_.Facts, options, options_.Numbers};
+    if (!run_.OutputPath.empty()) {
+      AboutFile messages(messages_, run_.OutputPath);
+      const FileListResult result = ListWordsToFile(
+          report, PathFromText(run_.OutputPath),
+          {.Files = env_.Files, .Dialogs = messages, .Encoding = env_.Encoding, .Table = Table()},
+          env_.Yielder);
+      if (result.List.Outcome == ListOutcome::Stopped) {
+        Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
+        return kExitInterrupted;
+      }
+      return result.Written ? kExitReport : kExitRefused;
+    }
+    StreamReportSink sink(env_.Out);
+    const bool tabs = options_.LineLayout == Layout::Tabs;
+    const ListResult result = ListWords(
+        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = Table()}, sink,
+        env_.Yielder);
+    if (!sink.Finish()) return CannotWrite();
+    if (result.Outcome != ListOutcome::Stopped) return kExitReport;
+    Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +
+         (result.Phrases == 1 ? " phrase." : " phrases."));
+    return kExitInterrupted;
+  }
+
+  int CannotWrite() {
+    messages_.Show({.text = "Standard output cannot be written.", .title = "Error", .icon = Icon::Critical});
+    return kExitRefused;
+  }
+
+  void TellStages() {
+    static constexpr const char* kStageNames[kRunStages] = {"reading and cutting", "counting", "sorting",
+                                                            "exclusion",           "chain",    "writing"};
+    for (int k = 0; k < kRunStages; ++k) {
+      const std::chrono::duration<double> time = run_.Times.Of(static_cast<RunStage>(k));
+      env_.Err << kStageNames[k] << '\t' << NumberFormat{}.Decimals(time.count(), 3) << " s\n";
+    }
+    env_.Err << "words\t" << run_.Facts.Words.Taken << "\nwords dropped\t" << run_.Facts.Words.Dropped()
+             << "\ndifferent phrases\t" << run_.Table.PhraseCount() << '\n'
+             << std::flush;
+  }
+
+  CountOptions options_;
+  const CountEnvironment& env_;
+  Settings settings_;
+  ProgressLine line_;
+  ConsoleMessages messages_;
+  EncodingChooser encodings_;
+  CountedRun run_;
+  RunProgress progress_;
+  CountView view_;
+};
+
+}  // namespace
+
+int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment& environment) {
+  auto parsed = ParseCountOptions(arguments, environment.Out, environment.Err);
+  if (const int* status = std::get_if<int>(&parsed)) return *status;
+  try {
+    return CountProgram(std::get<CountOptions>(std::move(parsed)), environment).Run();
+  } catch (const std::bad_alloc&) {
+    environment.Err << kName << ": Insufficient memory\n";
+  } catch (const std::exception& error) {
+    environment.Err << kName << ": "
+                    << WithPlainLineEnds(UnexpectedErrorText("KorvCount", kErrorUnexpected, error.what()))
+                    << '\n';
+  }
+  return kExitRefused;
+}
+
+}  // namespace korv

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "base/clock.h"
+#include "platform/code_page.h"
+#include "platform/console/console_yielder.h"
+#include "platform/files.h"
+
+namespace korv {
+
+/// What korv-count touches.
+struct CountEnvironment {
+  FileSystem& Files;
+  ConsoleYielder& Yielder;
+  const korv::Clock& Clock;
+  InputFile& StandardInput;
+  std::ostream& Out;
+  std::ostream& Err;
+  bool ErrIsTerminal = false;
+  std::filesystem::path ProgramFolder;  ///< With the program texts and the common-words files.
+  CodePage* Encoding = nullptr;         ///< Of output files; null for UTF-8.
+  std::filesystem::path InputPath{};  ///< A name under which standard input can be compared; empty for none.
+};
+
+/// The whole program after its system has been set up: the exit status.
+int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment& environment);
+
+}  // namespace korv

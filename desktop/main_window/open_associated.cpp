@@ -1,0 +1,46 @@
+#include "desktop/main_window/open_associated.h"
+
+#include "sources/detect/classification.h"
+
+namespace korv {
+namespace {
+
+bool IsAddress(const std::string& target) {
+  return target.starts_with("https:") || target.starts_with("http:");
+}
+
+std::string Explanation(LaunchFault fault, const std::string& target) {
+  switch (fault) {
+    case LaunchFault::OutOfMemory:
+      return "\r\nOut of memory.\r\nPlease try once more.";
+    case LaunchFault::NoAssociation:
+      return "\r\nFile extension '" + FileExtension(target, false) +
+             "' is not associated with any application program.";
+    case LaunchFault::None:
+    case LaunchFault::Other:
+      break;
+  }
+  return {};
+}
+
+}  // namespace
+
+bool OpenWithAssociatedProgram(Launcher& launcher, Messages& messages, const std::string& target) {
+  const LaunchResult result = launcher.Open(target);
+  if (result.fault == LaunchFault::None) return true;
+  if (IsAddress(target)) {
+    messages.Show({.text = "Error launching web browser, error code = " + std::to_string(result.code) + "." +
+                           Explanation(result.fault, target),
+                   .title = "Cannot launch web browser",
+                   .icon = Icon::Exclamation});
+  } else {
+    messages.Show({.text = "Error when opening file " + target +
+                           ".\r\nPerhaps the file extension has no association." +
+                           Explanation(result.fault, target),
+                   .title = "Error",
+                   .icon = Icon::Exclamation});
+  }
+  return false;
+}
+
+}  // namespace korv

@@ -1,0 +1,329 @@
+#include "desktop/settings_window/frm_params.h"
+
+#include <QGroupBox>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStyle>
+
+#include "app/settings/settings.h"
+#include "desktop/dialogs/frm_popup.h"
+#include "desktop/main_window/frm_main.h"
+#include "desktop/settings_window/rules_sample_box.h"
+#include "desktop/settings_window/settings_undo.h"
+#include "desktop/toolkit/silenced_questions.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/eliding_label.h"
+
+namespace korv {
+namespace {
+
+constexpr const char* kSettingsFilter = "Korv settings files (*.korv) | *.korv";
+constexpr const char* kSettingsExtension = "korv";
+
+constexpr int kDefaultShortSize = 1;  // "3"
+constexpr int kDefaultLongSize = 3;   // "50"
+constexpr int kStartUpLongSize = 2;   // "40"
+
+}  // namespace
+
+frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) {
+  setObjectName(QStringLiteral("frmParams"));
+  setWindowTitle(QStringLiteral("Korv settings"));
+  BuildControls(this);
+  for (int size = kLeastShortWordSize; size <= kMostShortWordSize; ++size) {
+    cboShortWordSize->addItem(QString::number(size));
+  }
+  for (int size = kLeastLongWordSize; size <= kMostLongWordSize; size += kLongWordSizeStep) {
+    cboLongWordSize->addItem(QString::number(size));
+  }
+  SelectStartUpSizes();
+  FillLanguages();
+  optListKind_Click();
+  Connect();
+  const QSettings& store = main_.Outside().store;
+  if (store.contains(QStringLiteral("geometry/settings"))) {
+    restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
+  } else {
+    // The title that the system puts above a window is to lie on the screen too.
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = screen()->availableGeometry().adjusted(0, title, 0, -title / 4);
+    // Wide enough for the hint in the list of files, which is long.
+    const QSize size = sizeHint() + QSize(12 * fontMetrics().averageCharWidth(), 0);
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                    size.boundedTo(room.size()).expandedTo(minimumSizeHint()), room));
+  }
+}
+
+frmParams::~frmParams() {
+  for (QObject* child : findChildren<QObject*>()) {
+    child->removeEventFilter(this);
+    child->disconnect(this);
+  }
+}
+
+void frmParams::Connect() {
+  const auto onClick = [this](QAbstractButton* button, const char* place, auto handler) {
+    connect(button, &QAbstractButton::clicked, this, main_.Guarded(place, handler));
+  };
+  for (int i = 0; i < 2; ++i) {
+    const auto index = static_cast<size_t>(i);
+    onClick(cmdSetOrClearCheckboxes[index], "cmdSetOrClearCheckboxes_Click",
+            [this, i] { cmdSetOrClearCheckboxes_Click(i); });
+    onClick(cmdSaveLoadState[index], "cmdSaveLoadState_Click", [this, i] { cmdSaveLoadState_Click(i); });
+  }
+  onClick(cmdRestoreDefaults, "cmdRestoreDefaults_Click", [this] { cmdRestoreDefaults_Click(); });
+  onClick(cmdInitialize, "cmdInitialize_Click", [this] { cmdInitialize_Click(); });
+  onClick(cmdSaveState, "cmdSaveState_Click", [this] { cmdSaveState_Click(); });
+  onClick(cmdClose, "cmdClose_Click", [this] { cmdClose_Click(); });
+  onClick(cmdQuit, "cmdQuit_Click", [this] { cmdQuit_Click(); });
+  onClick(chkCaseSignificant, "chkCaseSignificant_Click", [this] { chkCaseSignificant_Click(); });
+  for (QCheckBox* box : AllowWordsBoxes()) {
+    onClick(box, "chkAllowWordsWith_Click", [this, box] { chkAllowWords_Click(box); });
+  }
+  onClick(cmdUndo, "cmdUndo_Click", [this] { cmdUndo_Click(); });
+  onClick(cmdAskEverythingAgain, "cmdAskEverythingAgain_Click", [this] { cmdAskEverythingAgain_Click(); });
+  connect(chkIgnoreShortWords, &QCheckBox::toggled, this, [this] { EnableWordSizes(); });
+  connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { cmdClose_Click(); });
+  const auto onKey = [this](QKeySequence::StandardKey key, const char* place, auto handler) {
+    idleShortcuts_.append(new QShortcut(key, this));
+    connect(idleShortcuts_.back(), &QShortcut::activated, this, main_.Guarded(place, handler));
+  };
+  onKey(QKeySequence::HelpContents, "cmdHelp_Click", [this] { main_.cmdHelp_Click(); });
+  onKey(QKeySequence::Save, "cmdSaveState_Click", [this] { cmdSaveState_Click(); });
+  ConnectWords();
+  ConnectOptions();
+}
+
+void frmParams::ConnectOptions() {
+  // By whomever they are changed: the user, a settings file, or one of the buttons that change many at once.
+  const auto changed = [this] { OptionsHaveChanged(); };
+  for (QCheckBox* box : AllCheckboxes()) connect(box, &QCheckBox::toggled, this, changed);
+  for (QComboBox* list : {cboShortWordSize, cboLongWordSize}) {
+    connect(list, &QComboBox::currentIndexChanged, this, changed);
+  }
+  for (QRadioButton* source : {main_.optOnClipboard, main_.optInFile, main_.optFolder}) {
+    connect(source, &QRadioButton::toggled, this, changed);
+  }
+}
+
+void frmParams::SetDefaultValues() {
+  Settings settings = main_.GatherSettings();
+  korv::SetDefaultValues(settings);
+  main_.ApplySettings(settings);
+}
+
+void frmParams::SelectStartUpSizes() {
+  cboShortWordSize->setCurrentIndex(kDefaultShortSize);
+  cboLongWordSize->setCurrentIndex(kStartUpLongSize);
+}
+
+void frmParams::SelectDefaultSizes() {
+  cboShortWordSize->setCurrentIndex(kDefaultShortSize);
+  cboLongWordSize->setCurrentIndex(kDefaultLongSize);
+}
+
+void frmParams::EnableDisableButtons(bool enabled) {
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           fraIgnoreTheseWords, fraAllowWords, fraIgnoreWords, fraStateFile, fraOptions,
+           cmdSetOrClearCheckboxes[0], cmdSetOrClearCheckboxes[1], cmdRestoreDefaults, cmdUndo}) {
+    control->setEnabled(enabled);
+  }
+  // What these do would pull the rug from under a run as well.
+  cmdInitialize->setEnabled(enabled);
+  cmdSaveState->setEnabled(enabled);
+  for (QShortcut* shortcut : idleShortcuts_) shortcut->setEnabled(enabled);
+}
+
+void frmParams::EnableWordSizes() {
+  cboShortWordSize->setEnabled(chkIgnoreShortWords->isChecked());
+}
+
+void frmParams::cmdRestoreDefaults_Click() {
+  ChangeAtOnce([this] { SetDefaultValues(); }, "Defaults restored.", cmdRestoreDefaults);
+}
+
+void frmParams::cmdSetOrClearCheckboxes_Click(int index) {
+  ChangeAtOnce(
+      [this, index] {
+        for (QCheckBox* box : AllCheckboxes()) box->setChecked(index == 0);
+      },
+      index == 0 ? "All checkboxes checked." : "All checkboxes cleared.",
+      cmdSetOrClearCheckboxes[static_cast<size_t>(index)]);
+}
+
+void frmParams::ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by) {
+  const Settings before = main_.GatherSettings();
+  change();
+  lblState->setText(QString::fromUtf8(told));
+  cmdUndo->Offer(before, main_.GatherSettings(), by);
+  CheckAllowedExtraChars();
+}
+
+void frmParams::cmdUndo_Click() {
+  const std::optional<Settings> before = cmdUndo->Take();
+  if (!before) return;
+  // Only what was changed at once: a path typed since then stays.
+  Settings settings = main_.GatherSettings();
+  TakeResettable(settings, *before);
+  main_.ApplySettings(settings);
+  lblState->setText(QStringLiteral("Everything is as it was before."));
+  CheckAllowedExtraChars();
+}
+
+void frmParams::OptionsHaveChanged() {
+  cmdUndo->Forget();
+  fraSample->Show(main_.GatherSettings().Words);
+}
+
+void frmParams::showEvent(QShowEvent* event) {
+  fraSample->Show(main_.GatherSettings().Words);
+  EnableClearButtons();
+  QWidget::showEvent(event);
+}
+
+void frmParams::cmdInitialize_Click() {
+  if (main_.Outside().messages.Show(
+          {.text =
+               "This sets every option to its default, clears the extra words to ignore, the file patterns "
+               "and\r\nthe filter words, and saves all that.  Do you wish to go on?",
+           .title = "Reinitialize",
+           .icon = Icon::Question,
+           .buttons = Buttons::YesNo,
+           .defaultAnswer = Answer::Yes,
+           .question = Question::Reinitialize,
+           .mayBeSilenced = true,
+           .silencedAnswer = Answer::Yes}) != Answer::Yes) {
+    return;
+  }
+  main_.Initialize();
+  cmdUndo->Forget();
+  main_.SetWordsToIgnoreNotice();
+  const std::string fault = main_.SaveStateTo({});
+  if (!fault.empty()) {
+    main_.Outside().messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+  }
+  main_.PopUps().PopUpInForm(QStringLiteral("Program reinitialized"), this);
+}
+
+void frmParams::cmdAskEverythingAgain_Click() {
+  AskEverythingAgain(main_.Outside().store);
+  cmdAskEverythingAgain->setEnabled(false);
+  lblState->setText(QStringLiteral("Every question will be asked again."));
+}
+
+void frmParams::cmdSaveState_Click() {
+  main_.SaveStateFile(this);
+}
+
+void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
+  const bool load = index == 0;
+  const Desktop& outside = main_.Outside();
+  const FileChoice choice{
+      .title = load ? "Specify file to load settings from." : "Specify file to save settings to",
+      .filter = kSettingsFilter,
+      .initialPath = FromQt(txbStateFile->text()),
+      .extension = kSettingsExtension,
+      .asksBeforeReplacing = !load};
+  const std::optional<std::string> chosen =
+      load ? outside.dialogs.ChooseFileToOpen(choice) : outside.dialogs.ChooseFileToSave(choice);
+  if (!chosen || chosen->empty()) return;
+  const std::filesystem::path path = PathFromText(*chosen);
+  const QString shown = ToQt(PathToText(path));
+  const bool done = load ? LoadSettings(path) : SaveSettings(path);
+  txbStateFile->setText(shown);
+  // A failure has had its message box.
+  if (done && otherWindow != nullptr) {
+    const QString told =
+        load ? QStringLiteral("Settings loaded from\n") : QStringLiteral("Settings saved to\n");
+    main_.PopUps().PopUpInForm(told + shown, otherWindow);
+  }
+}
+
+void frmParams::OpenSettingsFile(const std::filesystem::path& path) {
+  const QString shown = ToQt(PathToText(path));
+  const bool done = LoadSettings(path);
+  txbStateFile->setText(shown);
+  // A failure has had its message box.
+  if (done) main_.PopUps().PopUpInForm(QStringLiteral("Settings loaded from\n") + shown, &main_);
+}
+
+bool frmParams::SaveSettings(const std::filesystem::path& path) {
+  const std::string fault = main_.SaveStateTo(path);
+  const bool saved = fault.empty();
+  lblState->setText(ToQt((saved ? "Settings saved to " : "Error saving to ") + PathToText(path)));
+  if (!saved) {
+    main_.Outside().messages.Show({.text = fault, .title = "Save settngs", .icon = Icon::Exclamation});
+  }
+  return saved;
+}
+
+bool frmParams::LoadSettings(const std::filesystem::path& path) {
+  const RestoreOutcome outcome = main_.RestoreSavedState(path);
+  cmdUndo->Forget();
+  if (outcome.Result == kRestored) {
+    lblState->setText(ToQt("Settings loaded from " + PathToText(path)));
+    CheckAllowedExtraChars();
+    return true;
+  }
+  lblState->setText(ToQt("Error loading from " + PathToText(path)));
+  main_.Outside().messages.Show(
+      {.text = LoadFailureText(outcome), .title = "Load settings", .icon = Icon::Exclamation});
+  main_.Initialize();
+  main_.SetWordsToIgnoreNotice();
+  return false;
+}
+
+void frmParams::cmdClose_Click() {
+  hide();
+}
+
+bool frmParams::ReallyQuit() {
+  return main_.Outside().messages.Show({.text = "Really quit?",
+                                        .title = "Quit",
+                                        .icon = Icon::Question,
+                                        .buttons = Buttons::YesNo,
+                                        .defaultAnswer = Answer::No,
+                                        .question = Question::ReallyQuit}) == Answer::Yes;
+}
+
+void frmParams::cmdQuit_Click() {
+  if (main_.Running()) return main_.cmdQuit_Click();
+  if (ReallyQuit()) main_.cmdQuit_Click();
+}
+
+void frmParams::chkCaseSignificant_Click() {
+  ConfirmsRereading(chkCaseSignificant);
+}
+
+void frmParams::chkAllowWords_Click(QCheckBox* box) {
+  if (ConfirmsRereading(box)) CheckAllowedExtraChars();
+}
+
+bool frmParams::ConfirmsRereading(QCheckBox* box) {
+  // One that was counted under other rules is marked already, and would be counted anew anyway.
+  const bool chosen = box->isChecked();
+  {
+    const QSignalBlocker quiet(box);
+    box->setChecked(!chosen);
+    const bool current = main_.ResultKeepsToWordRules();
+    box->setChecked(chosen);
+    if (!current) return true;
+  }
+  std::string what = "clipboard";
+  if (main_.SourceKind() == TextSource::SingleFile) what = "file";
+  if (main_.SourceKind() == TextSource::Folder) what = "files";
+  if (main_.Outside().messages.Show(
+          {.text = "Changing this entails reading the " + what + " anew.  Is this OK?",
+           .title = "Word rules",
+           .icon = Icon::Question,
+           .buttons = Buttons::YesNo,
+           .defaultAnswer = Answer::Yes,
+           .question = Question::RereadSource}) == Answer::Yes)
+    return true;
+  box->setChecked(!box->isChecked());
+  return false;
+}
+
+}  // namespace korv

@@ -1,0 +1,283 @@
+// The Settings window's words to ignore and to count: the list of files, the languages, the typed words.
+
+#include <QEvent>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <QStackedLayout>
+#include <initializer_list>
+
+#include "desktop/dialogs/frm_load_remove.h"
+#include "desktop/main_window/frm_main.h"
+#include "desktop/settings_window/frm_params.h"
+#include "desktop/toolkit/silenced_questions.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/eliding_label.h"
+#include "wordlists/common_words.h"
+#include "wordlists/load_word_filters.h"
+#include "wordlists/read_words.h"
+#include "wordlists/typed_words.h"
+
+namespace korv {
+namespace {
+
+constexpr int kNoLanguage = static_cast<int>(CommonWords::None);
+
+}  // namespace
+
+void frmParams::FillLanguages() {
+  for (const CommonWordsLanguage& language : kCommonWordsLanguages) {
+    cboCommonWordsLanguages->addItem(ToQt(language.Item));
+  }
+  cboCommonWordsLanguages->setCurrentIndex(static_cast<int>(CommonWords::English));
+}
+
+void frmParams::ConnectWords() {
+  const auto onClick = [this](QAbstractButton* button, const char* place, auto handler) {
+    connect(button, &QAbstractButton::clicked, this, main_.Guarded(place, handler));
+  };
+  onClick(cmdSelectWordsFile, "cmdSelectWordsFile_Click", [this] { cmdSelectWordsFile_Click(); });
+  onClick(cmdClearWordsFile, "cmdClearWordsFile_Click", [this] { cmdClearWordsFile_Click(); });
+  onClick(cmdClearWordsToIgnoreOrCount, "cmdClearWordsToIgnoreOrCount_Click",
+          [this] { cmdClearWordsToIgnoreOrCount_Click(); });
+  onClick(optWordsToIgnore, "optListKind_Click", [this] { optListKind_Click(); });
+  onClick(optCountOnlyWordsAndPhrases, "optListKind_Click", [this] { optListKind_Click(); });
+  // Choosing the entry that is selected already counts, too: that is how a changed file is loaded again.
+  connect(cboWordsFile, &QComboBox::activated, this,
+          main_.Guarded("cboWordsFile_Click", [this] { cboWordsFile_Click(); }));
+  connect(cboCommonWordsLanguages, &QComboBox::activated, this,
+          main_.Guarded("cboCommonWordsLanguages_Click", [this] { cboCommonWordsLanguages_Click(); }));
+  for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) {
+    box->installEventFilter(this);
+    connect(box, &QPlainTextEdit::textChanged, this, [this] {
+      EnableClearButtons();
+      ShowWordsState();
+    });
+  }
+}
+
+bool frmParams::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut &&
+      (watched == txbWordsToIgnoreOrCount[0] || watched == txbWordsToIgnoreOrCount[1])) {
+    main_.Guarded("txbWordsToIgnoreOrCount_LostFocus", [this, watched] {
+      CheckAllowedExtraChars(watched == txbWordsToIgnoreOrCount[0] ? ListKind::WordsToIgnore
+                                                                   : ListKind::CountOnly);
+      main_.SetWordsToIgnoreNotice();
+    })();
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+ListKind frmParams::ShownKind() const {
+  return optCountOnlyWordsAndPhrases->isChecked() ? ListKind::CountOnly : ListKind::WordsToIgnore;
+}
+
+void frmParams::optListKind_Click() {
+  const bool countOnly = ShownKind() == ListKind::CountOnly;
+  wordsBoxes->setCurrentIndex(countOnly ? 1 : 0);
+  lblWordsToIgnoreOrCount->setBuddy(txbWordsToIgnoreOrCount[countOnly ? 1 : 0]);
+  lblWordsToIgnoreOrCount->setText(countOnly ? QStringLiteral("E&xtra count-only words\nand phrases:")
+                                             : QStringLiteral("E&xtra words to ignore:"));
+  cboWordsFile->setPlaceholderText(ToQt(FilesListHint(ShownKind())));
+  const QString files = ToQt(NameOfMany(ShownKind())) + QStringLiteral(" files");
+  cboWordsFile->setAccessibleName(files);
+  cmdSelectWordsFile->setToolTip(QStringLiteral("Add a file to the list of %1 and load it").arg(files));
+  cmdClearWordsFile->setToolTip(QStringLiteral("Clear the list of %1").arg(files));
+  cmdClearWordsToIgnoreOrCount->setToolTip(
+      countOnly ? QStringLiteral("Clear the extra count-only words and phrases")
+                : QStringLiteral("Clear the extra words to ignore"));
+  // Common words are words to ignore.
+  for (QWidget* control : std::initializer_list<QWidget*>{lblCommonWordsLanguages, cboCommonWordsLanguages}) {
+    control->setVisible(!countOnly);
+  }
+  ShowWordFiles();
+}
+
+// ---- The list of files
+
+void frmParams::cmdSelectWordsFile_Click() {
+  const ListKind kind = ShownKind();
+  WordFileList& files = FilesOf(kind);
+  Messages& messages = main_.Outside().messages;
+  if (!files.MayGrow(messages)) return;
+  const auto path = main_.Outside().dialogs.ChooseFileToOpen({.title = std::string(SelectFileTitle(kind)),
+                                                              .filter = std::string(kListFileFilter),
+                                                              .initialPath = files.SelectedPath()});
+  if (!path) return;
+  const bool added = files.Add(*path, messages);
+  ShowWordFiles();
+  if (added) AttemptToReadWords(ShownKind());
+}
+
+void frmParams::cboWordsFile_Click() {
+  WordFileList& files = FilesOf(ShownKind());
+  files.Select(cboWordsFile->currentIndex());
+  ShowWordFiles();
+  frmLoadRemove dialog(cboWordsFile->currentText(), this);
+  dialog.exec();
+  switch (dialog.Chosen()) {
+    case frmLoadRemove::Choice::Load:
+      AttemptToReadWords(ShownKind());
+      break;
+    case frmLoadRemove::Choice::Remove: {
+      const std::string removed = files.SelectedPath();
+      files.RemoveSelected();
+      auto& loaded = LoadedOf(ShownKind());
+      if (loaded && PathToText(loaded->Path) == removed) ForgetLoadedWords(ShownKind());
+      break;
+    }
+    case frmLoadRemove::Choice::Cancel:
+      break;
+  }
+  ShowWordFiles();
+}
+
+void frmParams::cmdClearWordsFile_Click() {
+  if (!FilesOf(ShownKind()).AskToClear(main_.Outside().messages)) return;
+  ForgetLoadedWords(ShownKind());
+  ShowWordFiles();
+}
+
+void frmParams::ClearWordFiles() {
+  FilesOf(ListKind::WordsToIgnore).Clear();
+  ForgetLoadedWords(ListKind::WordsToIgnore);
+}
+
+void frmParams::ForgetLoadedWords(ListKind kind) {
+  LoadedOf(kind).reset();
+  // What was told of them is no longer so.
+  std::string& told = loadedLabels_[static_cast<size_t>(kind)];
+  if (FromQt(lblState->text()) == told) lblState->setText({});
+  told.clear();
+  ShowWordFiles();
+  main_.SetWordsToIgnoreNotice();
+}
+
+void frmParams::ShowWordFiles() {
+  const WordFileList& files = FilesOf(ShownKind());
+  const QSignalBlocker quiet(cboWordsFile);
+  cboWordsFile->clear();
+  for (const std::string& path : files.Paths()) cboWordsFile->addItem(ToQt(path));
+  cboWordsFile->setCurrentIndex(files.Selected());
+  ShowWordsState();
+  ShowWordFilesState();
+  EnableClearButtons();
+}
+
+void frmParams::ShowWordFilesState() {
+  const WordFileList& files = FilesOf(ShownKind());
+  QString caption = ToQt(FilesButtonCaption(ShownKind(), files.Paths().size()));
+  caption.insert(caption.indexOf(QLatin1String("ords")) - 1, u'&');
+  cmdSelectWordsFile->setText(caption);
+  cboWordsFile->setToolTip(files.Selected() < 0 ? cboWordsFile->placeholderText()
+                                                : ToQt(files.SelectedPath()));
+}
+
+void frmParams::ShowWordsState() {
+  const std::optional<WordList>& loaded = LoadedOf(ShownKind());
+  const std::string file =
+      loaded && !loaded->Words.empty() ? PathToText(loaded->Path.filename()) : std::string();
+  lblWordsState->setText(
+      ToQt(ListStateLabel(ShownKind(), file, SplitTypedEntries(ShownKind(), TypedOf(ShownKind())).size())));
+}
+
+void frmParams::EnableClearButtons() {
+  const size_t kind = static_cast<size_t>(ShownKind());
+  cmdClearWordsToIgnoreOrCount->setEnabled(!txbWordsToIgnoreOrCount[kind]->document()->isEmpty());
+  cboWordsFile->setEnabled(cboWordsFile->count() > 0);
+  cmdClearWordsFile->setEnabled(cboWordsFile->count() > 0);
+  cmdAskEverythingAgain->setEnabled(AnySilenced(main_.Outside().store));
+}
+
+void frmParams::GatherWordFiles(Settings& settings) const {
+  const WordFileList& files = FilesOf(ListKind::WordsToIgnore);
+  settings.WordsFiles = files.Paths();
+  settings.SelectedWordsFile = files.Selected();
+}
+
+void frmParams::ApplyWordFiles(const Settings& settings) {
+  FilesOf(ListKind::WordsToIgnore).Restore(settings.WordsFiles, settings.SelectedWordsFile);
+  ShowWordFiles();
+}
+
+// ---- Languages
+
+void frmParams::cboCommonWordsLanguages_Click() {
+  const int item = cboCommonWordsLanguages->currentIndex();
+  const Desktop& outside = main_.Outside();
+  if (AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.programFolder, outside.files,
+                     FilesOf(ListKind::WordsToIgnore), outside.messages)) {
+    ShowWordFiles();
+    AttemptToReadWords(ListKind::WordsToIgnore);
+  }
+}
+
+void frmParams::SetPathToCWDs_Eng() {
+  const Desktop& outside = main_.Outside();
+  korv::SetPathToCWDs_Eng(outside.programFolder, FilesOf(ListKind::WordsToIgnore), outside.messages);
+  ShowWordFiles();
+}
+
+void frmParams::SelectNoLanguage() {
+  cboCommonWordsLanguages->setCurrentIndex(kNoLanguage);
+}
+
+// ---- Loading
+
+void frmParams::AttemptToReadWords(ListKind kind) {
+  const std::filesystem::path path = PathFromText(FilesOf(kind).SelectedPath());
+  WordList list;
+  std::string label;
+  main_.WhileBusy(std::string(ReadingNotice(kind)), [&](ListReading& reading) {
+    if (korv::AttemptToReadWords(reading, path, kind, main_.GatherSettings().Words, list, label)) {
+      LoadedOf(kind) = std::move(list);
+      loadedLabels_[static_cast<size_t>(kind)] = label;
+      lblState->setText(ToQt(label));
+    }
+  });
+  ShowWordFiles();
+  main_.SetCountPhrasesCaption();
+  main_.SetWordsToIgnoreNotice();
+}
+
+// ---- Typed words
+
+std::string frmParams::TypedOf(ListKind kind) const {
+  return FromQt(txbWordsToIgnoreOrCount[static_cast<size_t>(kind)]->toPlainText());
+}
+
+void frmParams::CheckAllowedExtraChars() {
+  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) CheckAllowedExtraChars(kind);
+}
+
+void frmParams::CheckAllowedExtraChars(ListKind kind) {
+  korv::CheckAllowedExtraChars(kind, TypedOf(kind), main_.GatherSettings().Words, main_.Outside().messages);
+}
+
+void frmParams::ClearExtraWords() {
+  txbWordsToIgnoreOrCount[0]->clear();
+}
+
+void frmParams::cmdClearWordsToIgnoreOrCount_Click() {
+  QPlainTextEdit* box = txbWordsToIgnoreOrCount[static_cast<size_t>(ShownKind())];
+  box->clear();
+  box->setFocus();
+  main_.SetWordsToIgnoreNotice();
+}
+
+ListEntries frmParams::GatherListEntries(const WordRules& rules) const {
+  const auto loaded = [this](ListKind kind) {
+    const auto& list = loaded_[static_cast<size_t>(kind)];
+    return list ? &*list : nullptr;
+  };
+  return MakeListEntries(loaded(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
+                         chkPatternMatchingInWordsToIgnoreFile->isChecked(), loaded(ListKind::CountOnly),
+                         TypedOf(ListKind::CountOnly), rules);
+}
+
+bool frmParams::HasWordsToIgnore() const {
+  const auto& list = loaded_[static_cast<size_t>(ListKind::WordsToIgnore)];
+  return (list && !list->Words.empty()) ||
+         !SplitTypedEntries(ListKind::WordsToIgnore, TypedOf(ListKind::WordsToIgnore)).empty();
+}
+
+}  // namespace korv

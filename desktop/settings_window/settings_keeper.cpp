@@ -1,0 +1,36 @@
+#include "desktop/settings_window/settings_keeper.h"
+
+#include <utility>
+
+#include "app/settings/settings_difference.h"
+
+namespace korv {
+
+bool SettingsKeeper::WouldBeMissed(const Settings& settings) const {
+  return kept_ && SettingsDiffer(*kept_, settings);
+}
+
+SettingsKeeper::Wish SettingsKeeper::Ask(Messages& messages) {
+  if (std::exchange(asked_, true)) return Wish::Forget;
+  switch (messages.Show({.text = "You have changed settings that would be forgotten.\r\n"
+                                 "Do you wish to keep them for the next start?",
+                         .title = "Quit",
+                         .icon = Icon::Question,
+                         .buttons = Buttons::YesNo,
+                         .defaultAnswer = Answer::No,
+                         .question = Question::KeepSettings,
+                         .extraButton = "&Always",
+                         .yesButton = "&This time",
+                         .noButton = "&Not now",
+                         .mayBeSilenced = true,
+                         .silencedAnswer = Answer::No})) {
+    case Answer::Yes:
+      return Wish::KeepNow;
+    case Answer::Extra:
+      return Wish::KeepAlways;
+    default:
+      return Wish::Forget;
+  }
+}
+
+}  // namespace korv

@@ -1,0 +1,11 @@
+#include "desktop/toolkit/application_name.h"
+
+#include <QApplication>
+
+namespace korv {
+
+void NameApplication() {
+  QApplication::setApplicationName(QStringLiteral("Korv"));
+}
+
+}  // namespace korv

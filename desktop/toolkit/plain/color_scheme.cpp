@@ -1,0 +1,7 @@
+#include "desktop/toolkit/color_scheme.h"
+
+namespace korv {
+
+void FollowColorScheme() {}
+
+}  // namespace korv

@@ -1,0 +1,83 @@
+#include "engine/counting/phrase_sweep.h"
+
+#include <algorithm>
+
+namespace korv {
+
+PhraseSweep::PhraseSweep(const SweepContext& context)
+    : context_(context),
+      minWords_(context.Data->Corpus.Options.MinWords),
+      minFrequency_(static_cast<uint32_t>(context.Data->Corpus.Options.MinFrequency)),
+      keepSlices_(KeepsPlaces(context.Data->Corpus.Options)) {}
+
+void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> shared, uint32_t slice) {
+  suffixes_ = suffixes;
+  const bool singlesToo = minFrequency_ == 1 || context_.Accepted->ByPhrase();
+  const auto n = static_cast<uint32_t>(suffixes.size());
+  open_.clear();
+  constexpr uint32_t kStopEvery = 1u << 16;
+  for (uint32_t i = n; i-- > 0;) {
+    if (i % kStopEvery == 0 && context_.Stop->Stopped()) return;
+    const int after = i + 1 < n ? shared[i + 1] : 0;
+    const int before = shared[i];
+    Interval closed{context_.MostWords[suffixes[i].Position], i, i + 1, suffixes[i].Position,
+                    suffixes[i].Left};
+    if (singlesToo && closed.Depth > std::max(before, after)) Close(closed, std::max(before, after), slice);
+    while (!open_.empty() && open_.back().Depth > before) {
+      Interval inner = open_.back();
+      open_.pop_back();
+      inner.Begin = i;
+      inner.First = std::min(inner.First, closed.First);
+      if (inner.Left != closed.Left) inner.Left = kNoWord;
+      Close(inner, std::max(before, open_.empty() ? 0 : open_.back().Depth), slice);
+      closed = inner;
+    }
+    if (before == 0) continue;
+    if (!open_.empty() && open_.back().Depth == before) {
+      open_.back().First = std::min(open_.back().First, closed.First);
+      if (open_.back().Left != closed.Left) open_.back().Left = kNoWord;
+    } else {
+      open_.push_back({before, 0, closed.End, closed.First, closed.Left});
+    }
+  }
+}
+
+// The phrases of outerDepth + 1 to interval.Depth words occur exactly at the interval's places.
+void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice) {
+  const WordNumber* first = context_.Data->Corpus.Tokens.data() + interval.First;
+  const int to = std::min<int>(interval.Depth, context_.MostWords[interval.First]);
+  const int from = std::max(outerDepth + 1, minWords_);
+  if (from > to) return;
+  if (context_.Accepted->ByPhrase()) return CloseByPhrase(interval, from, to, slice);
+
+  const int accepted =
+      context_.Accepted->AcceptsAll() ? from : std::max(from, context_.Accepted->FirstLength(first, to));
+  if (accepted > to) return;
+  const uint32_t count = interval.End - interval.Begin;
+  repeats_ += static_cast<uint64_t>(to - accepted + 1) * (count - 1);
+  if (count < minFrequency_) return;
+  if (interval.Left != kNoWord && context_.MostWords[interval.First - 1] > to) return;
+  entries_.push_back(
+      {interval.First, count, keepSlices_ ? slice + interval.Begin : 0, static_cast<uint8_t>(to), true});
+}
+
+void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice) {
+  const WordNumber* first = context_.Data->Corpus.Tokens.data() + interval.First;
+  const uint32_t count = interval.End - interval.Begin;
+  bool any = false;
+  for (int words = to; words >= from; --words) {
+    if (!context_.Accepted->Accepts(first, words, scratch_)) continue;
+    any = true;
+    occurrences_ += count;
+    repeats_ += count - 1;
+    if (count >= minFrequency_)
+      entries_.push_back({interval.First, count, keepSlices_ ? slice + interval.Begin : 0,
+                          static_cast<uint8_t>(words), true});
+  }
+  if (!any || context_.SourceHasPhrase == nullptr) return;
+  for (uint32_t i = interval.Begin; i < interval.End; ++i)
+    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].Position)].store(
+        1, std::memory_order_relaxed);
+}
+
+}  // namespace korv

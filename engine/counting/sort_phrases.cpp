@@ -1,0 +1,108 @@
+#include <algorithm>
+#include <vector>
+
+#include "base/workers.h"
+#include "engine/counting/count_phrases.h"
+#include "engine/counting/phrase_table_data.h"
+
+namespace korv {
+
+namespace {
+
+/// Brings entries that ascend by word numbers into the order of Keys, then Texts.
+///
+/// Numbers ascend by Key, then Text, of single words, so the two orders differ only where words share a
+/// Key: the phrases of "a" and then those of "á" must be merged into one sequence. That is done from the
+/// longest shared beginning to the shortest, each merge going once over its entries.
+class KeyOrder {
+ public:
+  KeyOrder(PhraseTableData& data, const Yielder& yielder) : data_(data), yielder_(yielder) {}
+
+  /// Entries [begin, end) share their first `depth` words.
+  void Mend(size_t begin, size_t end, int depth) {
+    while (begin < end && !yielder_.Stopped()) {
+      // A phrase that ends here comes before those that go on, as it should.
+      if (data_.Entries[begin].Words == depth) {
+        ++begin;
+        continue;
+      }
+      const uint32_t keyClass = data_.Corpus.Words.KeyClass(WordAt(begin, depth));
+      const size_t classBegin = begin;
+      while (begin < end && data_.Corpus.Words.KeyClass(WordAt(begin, depth)) == keyClass) {
+        const WordNumber word = WordAt(begin, depth);
+        const size_t wordBegin = begin;
+        while (begin < end && WordAt(begin, depth) == word) ++begin;
+        if (begin - wordBegin > 1) Mend(wordBegin, begin, depth + 1);
+        if (wordBegin > classBegin) Merge(classBegin, wordBegin, begin);
+      }
+    }
+  }
+
+ private:
+  WordNumber WordAt(size_t entry, int depth) const {
+    const PhraseEntry& e = data_.Entries[entry];
+    return depth < e.Words ? data_.Corpus.Tokens[e.First + static_cast<size_t>(depth)] : kNoWord;
+  }
+
+  void Merge(size_t begin, size_t middle, size_t end) {
+    std::inplace_merge(At(begin), At(middle), At(end),
+                       [this](const PhraseEntry& a, const PhraseEntry& b) { return Before(a, b); });
+  }
+  std::vector<PhraseEntry>::iterator At(size_t i) {
+    return data_.Entries.begin() + static_cast<std::ptrdiff_t>(i);
+  }
+
+  /// By Keys first; Texts, the last key, differ for any two entries.
+  bool Before(const PhraseEntry& a, const PhraseEntry& b) const {
+    const WordNumber* x = data_.Corpus.Tokens.data() + a.First;
+    const WordNumber* y = data_.Corpus.Tokens.data() + b.First;
+    const int shorter = std::min(a.Words, b.Words);
+    int byText = 0;
+    for (int k = 0; k < shorter; ++k) {
+      if (x[k] == y[k]) continue;
+      const uint32_t keyX = data_.Corpus.Words.KeyClass(x[k]);
+      const uint32_t keyY = data_.Corpus.Words.KeyClass(y[k]);
+      if (keyX != keyY) return keyX < keyY;
+      if (byText == 0) byText = x[k] < y[k] ? -1 : 1;
+    }
+    return a.Words != b.Words ? a.Words < b.Words : byText < 0;
+  }
+
+  PhraseTableData& data_;
+  const Yielder& yielder_;
+};
+
+void RankWords(PhraseTableData& data, const Yielder& yielder) {
+  data.Corpus.Words.Rank(data.NewNumbers, yielder);
+  if (!data.Corpus.Words.Ranked()) return;
+  for (WordNumber& word : data.Corpus.Tokens) word = data.NewNumbers[word];
+}
+
+}  // namespace
+
+bool SortPhrases(PhraseTable& table, Yielder& yielder) {
+  PhraseTableData& data = table.Data();
+  data.IndexOfText.clear();
+  data.ByText.clear();
+  const bool small = data.Entries.size() < 1000;
+  return RunTasks(1, small, yielder, [&](size_t, size_t) {
+    if (!data.Corpus.Words.Ranked()) RankWords(data, yielder);
+    if (!data.Corpus.Words.Ranked()) return;
+    if (!data.OrderedByNumbers) {
+      const WordNumber* text = data.Corpus.Tokens.data();
+      std::sort(data.Entries.begin(), data.Entries.end(), [text](const PhraseEntry& a, const PhraseEntry& b) {
+        return std::lexicographical_compare(text + a.First, text + a.First + a.Words, text + b.First,
+                                            text + b.First + b.Words);
+      });
+      data.OrderedByNumbers = true;
+    }
+    if (!data.Corpus.Words.KeysDiffer()) KeyOrder(data, yielder).Mend(0, data.Entries.size(), 0);
+  });
+}
+
+void ListByFrequency(PhraseTable& table, int minFrequency) {
+  for (PhraseEntry& entry : table.Data().Entries)
+    entry.Listed = entry.Count >= static_cast<uint32_t>(minFrequency);
+}
+
+}  // namespace korv

@@ -1,0 +1,104 @@
+#include "engine/counting/word_filters.h"
+
+#include "engine/counting/matching.h"
+#include "engine/patterns/list_entry.h"
+#include "engine/patterns/pattern_set.h"
+#include "engine/patterns/phrase_patterns.h"
+#include "engine/text/unicode.h"
+
+namespace korv {
+
+struct RunLists::Lists {
+  explicit Lists(bool caseSignificant)
+      : Ignore(caseSignificant), CountOnlyWords(caseSignificant), CountOnlyPhrases(caseSignificant) {}
+
+  bool HasIgnore = false;
+  bool HasCountOnly = false;
+  PatternSet Ignore;
+  PatternSet CountOnlyWords;
+  PhraseEntries CountOnlyPhrases;
+};
+
+namespace {
+
+void AddOneWord(PatternSet& set, const std::string& entry, bool isPattern) {
+  const std::string folded = FoldOutsideBrackets(entry);
+  if (isPattern)
+    set.AddPattern(folded);
+  else
+    set.AddWord(folded);
+}
+
+/// A part as the words of a phrase are folded where case is not significant, which decides on their form in
+/// NFC. ASCII is left to the matching, for which the case of an escape such as "\W" has a meaning.
+std::string FoldedPart(std::string_view part) {
+  if (IsAscii(part) || part.find('\\') != std::string_view::npos) return std::string(part);
+  return FoldOutsideBrackets(part);
+}
+
+void AddCountOnly(PatternSet& words, PhraseEntries& phrases, const std::string& entry, bool caseSignificant) {
+  std::vector<std::string> pieces;
+  for (const std::string_view piece : SplitOutsideBrackets(entry, ' '))
+    if (!piece.empty()) pieces.emplace_back(piece);
+  if (pieces.empty()) return;
+  if (pieces.size() > 1) {
+    const std::string pattern = PhrasePattern(entry);
+    std::vector<std::string> parts;
+    for (const std::string_view part : SplitOutsideBrackets(pattern, '+'))
+      parts.push_back(caseSignificant ? std::string(part) : FoldedPart(part));
+    phrases.AddParts(parts);
+  } else if (pieces[0].find(' ') != std::string::npos) {
+    phrases.AddWholePhrase(pieces[0]);
+  } else {
+    AddOneWord(words, pieces[0], HoldsPattern(pieces[0]));
+  }
+}
+
+}  // namespace
+
+RunLists::RunLists() = default;
+
+RunLists::RunLists(const ListEntries& entries) : lists_(std::make_unique<Lists>(entries.CaseSignificant)) {
+  Lists& lists = *lists_;
+  const bool all = entries.PatternMatchingInWordsToIgnoreFile;
+  for (const std::string& word : entries.FileWordsToIgnore) AddOneWord(lists.Ignore, word, all);
+  for (const std::string& word : entries.TypedWordsToIgnore)
+    AddOneWord(lists.Ignore, word, all || HoldsPattern(word));
+  for (const std::string& entry : entries.CountOnly)
+    AddCountOnly(lists.CountOnlyWords, lists.CountOnlyPhrases, entry, entries.CaseSignificant);
+  lists.Ignore.Prepare();
+  lists.CountOnlyWords.Prepare();
+  lists.CountOnlyPhrases.Prepare();
+  lists.HasIgnore = !entries.FileWordsToIgnore.empty() || !entries.TypedWordsToIgnore.empty();
+  lists.HasCountOnly = !entries.CountOnly.empty();
+}
+
+RunLists::~RunLists() = default;
+RunLists::RunLists(RunLists&&) noexcept = default;
+RunLists& RunLists::operator=(RunLists&&) noexcept = default;
+
+bool RunLists::HasWordsToIgnore() const {
+  return lists_ && lists_->HasIgnore;
+}
+
+bool RunLists::IsWordToIgnore(std::string_view word) const {
+  return HasWordsToIgnore() && lists_->Ignore.Matches(FoldCase(word));
+}
+
+bool RunLists::HasCountOnly() const {
+  return lists_ && lists_->HasCountOnly;
+}
+
+bool RunLists::IsCountOnlyWord(std::string_view word) const {
+  return HasCountOnly() && lists_->CountOnlyWords.Matches(FoldCase(word));
+}
+
+bool RunLists::HasCountOnlyPhrases() const {
+  return lists_ && !lists_->CountOnlyPhrases.Empty();
+}
+
+bool RunLists::IsCountOnlyPhrase(std::string_view phrase) const {
+  return HasCountOnlyPhrases() && lists_->CountOnlyPhrases.Matches(phrase);
+}
+
+}  // namespace korv

@@ -1,0 +1,98 @@
+#include "engine/patterns/pattern_set.h"
+
+#include <algorithm>
+
+namespace korv {
+
+void PatternSet::AddPattern(std::string_view text) {
+  if (!known_.emplace(text).second) return;
+  Pattern pattern(text, caseSignificant_);
+  if (pattern.MatchesNothing()) return;
+  if (std::string_view literal; pattern.IsLiteral(literal)) {
+    literals_.emplace(literal);
+    return;
+  }
+  const auto number = static_cast<uint32_t>(patterns_.size());
+  const std::vector<Fragment> needed = pattern.Needs();
+  patterns_.push_back(std::move(pattern));
+  if (needed.empty()) always_.push_back(number);
+  for (const Fragment& fragment : needed) Shelve(number, fragment);
+}
+
+void PatternSet::Shelve(uint32_t number, const Fragment& needed) {
+  const size_t length = std::min(needed.Text.size(), kFragmentBytes);
+  const bool atEnd = needed.Where == Fragment::Place::End;
+  Shelf& shelf = atEnd ? ends_ : needed.Where == Fragment::Place::Beginning ? beginnings_ : anywhere_;
+  shelf.LengthInUse[length] = true;
+  shelf.ByFragment[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
+}
+
+void PatternSet::Prepare() {
+  // Small enough that an alternation is compiled in no time, large enough that its call costs nothing.
+  constexpr size_t kMostMembers = 64;
+  constexpr size_t kMostBytes = 4096;
+  PatternNumbers alone;
+  PatternNumbers members;
+  std::string joined;
+  const auto close = [&] {
+    Regex regex(joined, caseSignificant_);
+    if (members.size() > 1 && regex.Valid())
+      alternations_.push_back({std::move(regex), std::move(members)});
+    else
+      alone.insert(alone.end(), members.begin(), members.end());
+    members.clear();
+    joined.clear();
+  };
+  for (const uint32_t number : always_) {
+    const std::string_view expression = patterns_[number].Alternative();
+    if (expression.empty()) {
+      alone.push_back(number);
+      continue;
+    }
+    if (members.size() == kMostMembers || joined.size() + expression.size() > kMostBytes) close();
+    joined.append(members.empty() ? "(?:" : "|(?:").append(expression).append(")");
+    members.push_back(number);
+  }
+  close();
+  always_.swap(alone);
+}
+
+bool PatternSet::JoinedMatches(const Alternation& alternation, std::string_view text,
+                               std::string_view folded) const {
+  const Regex::Outcome outcome = alternation.Joined.Try(text);
+  return outcome == Regex::Outcome::Match ||
+         (outcome == Regex::Outcome::GaveUp && AnyMatches(alternation.Members, text, folded));
+}
+
+bool PatternSet::Matches(std::string_view text) const {
+  if (words_.contains(text)) return true;
+  if (patterns_.empty() && literals_.empty()) return false;
+  const std::string folded = FoldForMatching(text, caseSignificant_);
+  const std::string_view f = folded;
+  if (literals_.contains(f)) return true;
+  for (size_t length = 1; length <= std::min(kFragmentBytes, f.size()); ++length) {
+    if (beginnings_.LengthInUse[length] && ShelfMatches(beginnings_, f.substr(0, length), text, f))
+      return true;
+    if (ends_.LengthInUse[length] && ShelfMatches(ends_, f.substr(f.size() - length), text, f)) return true;
+    if (!anywhere_.LengthInUse[length]) continue;
+    for (size_t at = 0; at + length <= f.size(); ++at)
+      if (ShelfMatches(anywhere_, f.substr(at, length), text, f)) return true;
+  }
+  return AnyMatches(always_, text, f) ||
+         std::any_of(alternations_.begin(), alternations_.end(),
+                     [&](const Alternation& joined) { return JoinedMatches(joined, text, f); });
+}
+
+bool PatternSet::ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,
+                              std::string_view folded) const {
+  const auto found = shelf.ByFragment.find(fragment);
+  return found != shelf.ByFragment.end() && AnyMatches(found->second, text, folded);
+}
+
+bool PatternSet::AnyMatches(const PatternNumbers& candidates, std::string_view text,
+                            std::string_view folded) const {
+  return std::any_of(candidates.begin(), candidates.end(),
+                     [&](uint32_t number) { return patterns_[number].MatchesFolded(text, folded); });
+}
+
+}  // namespace korv

@@ -1,7 +1,0 @@
-#include "platform/qt/color_scheme.h"
-
-namespace korv {
-
-void FollowColorScheme() {}
-
-}  // namespace korv

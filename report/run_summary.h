@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/counting/run_options.h"
+#include "engine/text/word_counts.h"
+
+namespace korv {
+
+/// A file of a folder run that could not be counted.
+struct SkippedFile {
+  std::string Path;    ///< As text, UTF-8.
+  std::string Reason;  ///< "is zero-length", ...
+};
+
+/// How the texts of a run were read; each of them counts once.
+struct EncodingCounts {
+  uint64_t Ascii = 0;  ///< Without a byte above 127: ANSI and UTF-8 read them the same.
+  uint64_t Ansi = 0;   ///< Bytes above 127 were read as ANSI.
+  uint64_t Utf8 = 0;   ///< Declared, forced or taken for it; .docx documents among them.
+  /// Ill-formed sequences of UTF-8, in all texts together. Each became U+FFFD, which separates words.
+  uint64_t IllFormed = 0;
+
+  bool operator==(const EncodingCounts&) const = default;
+};
+
+/// What a finished counting run knows beside its phrases; everything that header, summary and notices say.
+struct RunFacts {
+  RunOptions Options;               ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
+  bool WordsToIgnoreInUse = false;  ///< A words-to-ignore list with at least one entry applied.
+  int MinCharacters = 0;            ///< Shorter words were ignored; 0 when that rule is off.
+  std::string InputPath;  ///< As given, trimmed: the file or the folder; empty for clipboard and pipes.
+  bool IncludeSubfolders = false;
+  WordCounts Words;                       ///< What became of the words that were read.
+  uint64_t LongPhrases = 0;               ///< Phrase occurrences left out for having over 100 characters.
+  uint64_t FilesScanned = 0;              ///< Folder source: files whose text was read.
+  uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, the chosen one included.
+  EncodingCounts Encodings;               ///< Of files and streams; the clipboard's text has none.
+  std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.
+  std::vector<std::string> Notices;       ///< Folders and files that could not be read, or not wholly.
+};
+
+}  // namespace korv

@@ -1,0 +1,239 @@
+#include "sources/detect/source_checks.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "engine/text/unicode.h"
+#include "engine/text/word_chars.h"
+#include "sources/detect/file_size_text.h"
+
+namespace korv {
+
+namespace {
+
+using std::filesystem::path;
+
+bool IsSeparator(char c) {
+  return c == '\\' || c == '/';
+}
+
+std::string Lowered(const path& path) {
+  return LowerText(PathToText(path));
+}
+
+void Complain(Messages& messages, std::string text, std::string title, Icon icon = Icon::Exclamation) {
+  messages.Show({.text = std::move(text), .title = std::move(title), .icon = icon});
+}
+
+// Both paths absolute.
+bool LiesIn(const path& folder, const path& file, bool subfolders) {
+  // A sibling whose name merely begins like the folder's is caught too: refusing it costs the user another
+  // name, overlooking a path that leads inside could cost a file.
+  if (subfolders) return Lowered(file).starts_with(Lowered(folder));
+  return Lowered(file.parent_path()) == Lowered(folder);
+}
+
+/// "It holds 2 subfolders: letters, notes."
+std::string SubfoldersText(const std::vector<path>& subfolders) {
+  constexpr size_t kNamed = 5;
+  std::vector<std::string> names;
+  names.reserve(subfolders.size());
+  for (const path& name : subfolders) names.push_back(PathToText(name));
+  std::ranges::sort(names);
+  std::string text = names.size() == 1 ? "It holds 1 subfolder: "
+                                       : "It holds " + std::to_string(names.size()) + " subfolders: ";
+  for (size_t i = 0; i < std::min(kNamed, names.size()); ++i) text += (i == 0 ? "" : ", ") + names[i];
+  return text + (names.size() > kNamed ? ", ..." : ".");
+}
+
+}  // namespace
+
+std::string TrimmedPath(std::string_view path) {
+  const size_t first = path.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(path.substr(first, path.find_last_not_of(' ') - first + 1));
+}
+
+std::string TrimmedFolderPath(std::string_view typed) {
+  std::string folder = TrimmedPath(typed);
+  const auto atDrive = [&] { return folder.size() == 3 && folder[1] == ':'; };
+  while (folder.size() > 1 && IsSeparator(folder.back()) && !atDrive()) folder.pop_back();
+  return folder;
+}
+
+InputFileCode ValidateInputFile(const FileSystem& files, std::string_view inputPath,
+                                std::string_view outputPath) {
+  const std::string input = TrimmedPath(inputPath);
+  if (input.empty()) return InputFileCode::NotSpecifiedOrEmpty;
+  if (IsSeparator(input.back())) return InputFileCode::InvalidSpecification;
+  const path file = PathFromText(input);
+  if (!files.FileExists(file)) return InputFileCode::NotFound;
+  // What has no size (a pipe) shows only when it is read whether there is anything in it.
+  const Expected<uint64_t, FileError> size = files.FileSize(file);
+  if (size && *size == 0) return InputFileCode::NotSpecifiedOrEmpty;
+  const std::string output = TrimmedPath(outputPath);
+  if (!output.empty() && PathsMeetInOneFile(files, input, output)) return InputFileCode::SameAsOutput;
+  return InputFileCode::Valid;
+}
+
+void ShowInputFileError(Messages& messages, InputFileCode code, std::string_view inputPath) {
+  switch (code) {
+    case InputFileCode::Valid:
+      break;
+    case InputFileCode::InvalidSpecification:
+      Complain(messages, "Invalid input file specification.", "Invalid input");
+      break;
+    case InputFileCode::NotFound:
+      Complain(messages, "Input file does not exist.", "File not found");
+      break;
+    case InputFileCode::NotSpecifiedOrEmpty:
+      Complain(messages,
+               TrimmedPath(inputPath).empty() ? "Input file not specified." : "Input file is zero-length.",
+               "Error");
+      break;
+    case InputFileCode::SameAsOutput:
+      Complain(messages, "The output file cannot be the same as the input file.", "Error");
+      break;
+  }
+}
+
+bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view folderPath,
+                    std::string_view outputPath, bool includeSubfolders, bool offersSubfolders) {
+  const std::string folder = TrimmedFolderPath(folderPath);
+  if (folder.empty()) {
+    Complain(messages, "Folder not specified.", "Error");
+    return false;
+  }
+  if (!files.FolderExists(PathFromText(folder))) {
+    Complain(messages, "Folder does not exist", "Invalid input");
+    return false;
+  }
+  const Expected<FolderListing, FileError> listing = files.ListFolder(PathFromText(folder));
+  if (!listing) {
+    Complain(messages, "Folder cannot be read (" + listing.Error().description + ").", "Invalid input");
+    return false;
+  }
+  if (listing->files.empty()) {
+    Message refusal{.text = "Folder contains no files.", .title = "Nothing to do", .icon = Icon::Information};
+    if (offersSubfolders && !listing->subfolders.empty()) {
+      refusal.addition = SubfoldersText(listing->subfolders);
+      if (includeSubfolders) {
+        refusal.question = Question::OnlySubfolders;
+        refusal.extraButton = "Count the subfolders";
+      }
+    }
+    if (messages.Show(refusal) != Answer::Extra) return false;
+  }
+  if (OutputIsInFolder(files, folder, outputPath, includeSubfolders)) {
+    ShowOutputInFolder(messages);
+    return false;
+  }
+  return true;
+}
+
+bool OutputIsInFolder(const FileSystem& files, std::string_view folderPath, std::string_view outputPath,
+                      bool includeSubfolders) {
+  const std::string outputText = TrimmedPath(outputPath);
+  if (outputText.empty()) return false;
+  const path folder = PathFromText(TrimmedFolderPath(folderPath));
+  const path output = PathFromText(outputText);
+  return LiesIn(files.AbsolutePath(folder), files.AbsolutePath(output), includeSubfolders) ||
+         LiesIn(files.CanonicalPath(folder), files.CanonicalPath(output), includeSubfolders);
+}
+
+void ShowOutputInFolder(Messages& messages) {
+  Complain(messages, "The output file cannot be in the folder or a subfolder.", "Invalid output file",
+           Icon::Information);
+}
+
+bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow) {
+  Message refusal{.text =
+                      "When scanning multiple files or folders\r\n"
+                      "you must specify an output file in case\r\n"
+                      "the text window will not hold the result.",
+                  .title = "Multiple files/folders",
+                  .icon = Icon::Exclamation};
+  if (offersWindow) {
+    refusal.question = Question::SeveralFiles;
+    refusal.extraButton = "Show in the window only";
+  }
+  return messages.Show(refusal) == Answer::Extra;
+}
+
+bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string_view b) {
+  const path first = PathFromText(a);
+  const path second = PathFromText(b);
+  return Lowered(files.AbsolutePath(first)) == Lowered(files.AbsolutePath(second)) ||
+         files.SameFile(first, second);
+}
+
+bool CheckClipboardText(std::string_view text, Messages& messages, const NumberFormat& format,
+                        int64_t limit) {
+  const auto length = static_cast<int64_t>(CharacterCount(text));
+  if (length <= limit) return true;
+  Complain(messages,
+           "There are " + format.Grouped(length) +
+               " characters in the text on the clipboard.\r\nThe maximum permitted is " +
+               format.Grouped(limit) +
+               ".  If possible,\r\ncount word frequencies for this text using an input file.",
+           "Too much clipboard text", Icon::None);
+  return false;
+}
+
+bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters,
+                          std::string_view place, std::string addition) {
+  if (text.empty()) {
+    Complain(messages, "There is no text on " + std::string(place) + ".", "Invalid input");
+    return false;
+  }
+  size_t seen = 0;
+  size_t controls = 0;
+  bool letter = false;
+  for (size_t at = 0; at < text.size() && seen < characters; ++seen) {
+    const char32_t ch = NextCharacter(text, at);
+    const bool layout = ch == '\n' || ch == '\r' || ch == '\f' || ch == '\t' || ch == '\b';
+    if (ch < 32 && !layout) ++controls;
+    letter = letter || KindOf(ch) == CharKind::Letter;
+  }
+  if (letter && controls * 100 <= seen) return true;
+  messages.Show({.text = "The text on " + std::string(place) +
+                         " does not consist\r\n"
+                         "solely of natural language words.",
+                 .title = "Invalid input",
+                 .icon = Icon::Exclamation,
+                 .addition = std::move(addition)});
+  return false;
+}
+
+Answer AskLargeInput(Messages& messages) {
+  return messages.Show({.text = "The input file is quite large.  It is advisable to specify an output file "
+                                "before continuing, in case the text window will not hold the result. "
+                                "Do you wish to specify an output file?",
+                        .title = "Large input file",
+                        .icon = Icon::Question,
+                        .buttons = Buttons::YesNoCancel,
+                        .defaultAnswer = Answer::Yes,
+                        .question = Question::LargeInput,
+                        .mayBeSilenced = true});
+}
+
+std::string FileKindWhileReading(bool isUtf8) {
+  return isUtf8 ? "This is a UTF8 file." : "";
+}
+
+std::string FileKindAfterRun(bool isUtf8, TextFileCode code) {
+  if (isUtf8) return "This is a UTF-8 text file.";
+  if (code == TextFileCode::UnixText) return "This is a Unix-type file.";
+  if (code == TextFileCode::MacText) return "This is a Macintosh-type file.";
+  return {};
+}
+
+std::string FileSizeLabel(uint64_t bytes, const NumberFormat& format) {
+  return "Filesize: " + FormatByteCount(bytes, format);
+}
+
+std::string TextSizeLabel(uint64_t bytes, const NumberFormat& format) {
+  return "Text: " + FormatByteCount(bytes, format);
+}
+
+}  // namespace korv

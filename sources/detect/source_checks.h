@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/number_format.h"
+#include "platform/files.h"
+#include "platform/messages.h"
+#include "sources/detect/text_file_code.h"
+
+namespace korv {
+
+enum class InputFileCode : int16_t {
+  Valid = 0,
+  InvalidSpecification = 1,  ///< Ends with a separator. The caller empties the input box.
+  NotFound = 2,
+  NotSpecifiedOrEmpty = 3,  ///< No path, or a file of no length.
+  SameAsOutput = 4,         ///< Under whatever name.
+};
+
+/// A source's text of more characters is not taken from the clipboard.
+inline constexpr int64_t kClipboardLimit = 100000;
+/// From this length on a single file without an output file is asked about.
+inline constexpr uint64_t kLargeInputBytes = 200001;
+/// Of a text without an end, such as standard input, this many characters are looked at.
+inline constexpr size_t kLookedAtCharacters = 16384;
+
+/// Without the blanks around it.
+std::string TrimmedPath(std::string_view path);
+/// Trimmed, and without separators at its end ("/" and "C:\" stay).
+std::string TrimmedFolderPath(std::string_view path);
+
+/// Paths are trimmed here; an empty `outputPath` is none.
+InputFileCode ValidateInputFile(const FileSystem& files, std::string_view inputPath,
+                                std::string_view outputPath);
+/// Shows nothing for Valid.
+void ShowInputFileError(Messages& messages, InputFileCode code, std::string_view inputPath);
+
+/// Whether the folder source may be counted; if not, the user has been told why.
+/// `offersSubfolders`: a folder that holds nothing but subfolders is refused with their names, and where
+/// they are included the user may have them counted all the same.
+bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view folderPath,
+                    std::string_view outputPath, bool includeSubfolders, bool offersSubfolders = false);
+/// Whether an output file would lie where a folder run reads. Also guards the choice of an output file.
+bool OutputIsInFolder(const FileSystem& files, std::string_view folderPath, std::string_view outputPath,
+                      bool includeSubfolders);
+void ShowOutputInFolder(Messages& messages);
+/// Several files need an output file. True where the user has the result shown in the window instead, which
+/// is possible only if `offersWindow`.
+bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow = false);
+
+/// Whether both paths name one file: equal when made absolute and lower-cased, or the same file on disk.
+bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string_view b);
+
+/// Refuses a text above the limit with a message. An empty text passes: the run reports it.
+bool CheckClipboardText(std::string_view text, Messages& messages, const NumberFormat& format,
+                        int64_t limit = kClipboardLimit);
+/// Whether there is any text and it is words: at most 1 % control characters (line ends, tabs, form feeds
+/// and backspaces aside) and at least one letter among the first `characters`. If not, says so of `place`;
+/// `addition` is a line below what is said of other text than words.
+bool CheckNaturalLanguage(std::string_view text, Messages& messages,
+                          size_t characters = std::string_view::npos,
+                          std::string_view place = "the clipboard", std::string addition = {});
+
+/// Asks whether to name an output file for a large input: Yes, No (go on without) or Cancel.
+Answer AskLargeInput(Messages& messages);
+
+/// What lblTotalNumOccurrences says of the file while it is read, and after the run.
+std::string FileKindWhileReading(bool isUtf8);
+std::string FileKindAfterRun(bool isUtf8, TextFileCode code);
+/// lblFilesize and lblXMLsize.
+std::string FileSizeLabel(uint64_t bytes, const NumberFormat& format);
+std::string TextSizeLabel(uint64_t bytes, const NumberFormat& format);
+
+}  // namespace korv

@@ -1,0 +1,51 @@
+#include "sources/read/text_decoder.h"
+
+#include "engine/text/clean_text.h"
+#include "engine/text/unicode.h"
+
+namespace korv {
+namespace {
+
+/// Bytes of ANSI text that do not stand for the character of their code.
+constexpr unsigned char kOpeningQuote = 0x91;
+constexpr unsigned char kApostrophe = 0x92;
+constexpr unsigned char kClosingDoubleQuote = 0x94;
+constexpr unsigned char kSoftHyphen = 0xAD;
+
+void AppendAnsi(unsigned char byte, std::string& text) {
+  switch (byte) {
+    case kOpeningQuote:
+    case kApostrophe:
+      text += '\'';
+      break;
+    case kClosingDoubleQuote:
+      text += '"';
+      break;
+    case kSoftHyphen:
+      break;
+    default:
+      AppendCharacter(byte, text);
+  }
+}
+
+std::string_view DecodeAnsi(std::string_view bytes, std::string& buffer) {
+  size_t at = PastAscii(bytes, 0);
+  buffer.assign(bytes.substr(0, at));
+  while (at < bytes.size()) {
+    AppendAnsi(static_cast<unsigned char>(bytes[at++]), buffer);
+    const size_t next = PastAscii(bytes, at);
+    buffer.append(bytes, at, next - at);
+    at = next;
+  }
+  return buffer;
+}
+
+}  // namespace
+
+std::string_view DecodeText(std::string_view bytes, TextEncoding encoding, std::string& buffer,
+                            uint64_t* illFormed) {
+  if (IsAscii(bytes)) return bytes;
+  return encoding == TextEncoding::Ansi ? DecodeAnsi(bytes, buffer) : CleanText(bytes, buffer, illFormed);
+}
+
+}  // namespace korv

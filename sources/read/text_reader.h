@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+#include "sources/read/text_decoder.h"
+
+namespace korv {
+
+/// How lines of more than about a megabyte are handed out.
+enum class LongLines {
+  Whole,     ///< As they are, for whom a line is one thing.
+  InPieces,  ///< In pieces that end with a blank or tab and part no word, marker or known entity.
+};
+
+/// The encoding of a text that is about to be read.
+struct EncodingPlan {
+  /// Settled from the start.
+  EncodingPlan(TextEncoding encoding) : Settled(encoding) {}
+  /// To be found out: the first byte above 127 decides, with what follows it (see LooksLikeUtf8). Where that
+  /// looks like UTF-8, `confirm` is called once and has the last word; it may be empty, which means yes.
+  explicit EncodingPlan(std::function<bool()> confirm) : ConfirmUtf8(std::move(confirm)) {}
+
+  std::optional<TextEncoding> Settled;
+  std::function<bool()> ConfirmUtf8;
+};
+
+/// What a reader is given: a text from its beginning, where a signature may stand, or from some line on.
+enum class TextPart { Beginning, Middle };
+
+/// What a text was read as. Ascii: nothing said that it was UTF-8, and no byte above 127 was met, so that
+/// there was nothing to decide.
+enum class ReadAs { Ascii, Ansi, Utf8 };
+
+/// The lines of a text, read in blocks and decoded on the way (see DecodeText), without the line end
+/// (CR LF, LF or CR) and without a UTF-8 signature. Holds one block, and of a longer line what is handed
+/// out at once.
+///
+///   TextReader reader(std::move(head), file.get(), TextEncoding::Utf8, LongLines::InPieces);
+///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
+///   if (reader.Error()) ...
+class TextReader {
+ public:
+  /// `head` is what has been read of the text already; `rest` supplies what follows (null: nothing) and
+  /// must outlive the reader.
+  TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines = LongLines::Whole,
+             TextPart part = TextPart::Beginning);
+  ~TextReader();
+
+  /// False at the end of the text, or where reading failed (Error() tells). What was read before a
+  /// failure is handed out first.
+  bool NextLine();
+  /// Valid until the next call of NextLine().
+  std::string_view Line() const;
+  /// False where Line() goes on with a line that began earlier.
+  bool StartsLine() const;
+  /// False where more of the line follows, be it nothing but its end.
+  bool EndsLine() const;
+  std::optional<FileError> Error() const;
+  /// The bytes that Line() was decoded from, valid as long.
+  std::string_view LineBytes() const;
+  /// Where they begin: bytes from the beginning of what the reader was given.
+  uint64_t LineOffset() const;
+  /// Bytes taken from the source so far, the head among them, for progress.
+  uint64_t BytesRead() const;
+
+  /// The two say how the lines handed out so far were decoded.
+  korv::ReadAs ReadAs() const;
+  /// Ill-formed sequences of UTF-8 that became U+FFFD.
+  uint64_t IllFormed() const;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace korv

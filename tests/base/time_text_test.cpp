@@ -1,0 +1,61 @@
+#include "base/time_text.h"
+
+#include <gtest/gtest.h>
+
+namespace korv {
+namespace {
+
+using std::chrono::seconds;
+
+constexpr int64_t kMinute = 60;
+constexpr int64_t kHour = 60 * kMinute;
+constexpr int64_t kDay = 24 * kHour;
+
+struct ElapsedCase {
+  int64_t elapsed;
+  const char* compact;
+  const char* longForm;
+};
+
+TEST(FormatElapsed, BeginsWithTheLargestUnitThatIsNotZero) {
+  const ElapsedCase cases[] = {
+      {0, "0s", "0 seconds"},
+      {1, "1s", "1 second"},
+      {59, "59s", "59 seconds"},
+      {kMinute, "1m 0s", "1 minute and 0 seconds"},
+      {2 * kMinute + 1, "2m 1s", "2 minutes and 1 second"},
+      {kHour, "1h 0m 0s", "1 hour, 0 minutes and 0 seconds"},
+      {4 * kHour + 32 * kMinute + 22, "4h 32m 22s", "4 hours, 32 minutes and 22 seconds"},
+      {kDay + 5, "1d 0h 0m 5s", "1 day, 0 hours, 0 minutes and 5 seconds"},
+      {2 * kDay + kHour + kMinute + 1, "2d 1h 1m 1s", "2 days, 1 hour, 1 minute and 1 second"},
+      {-5, "0s", "0 seconds"},
+  };
+  for (const ElapsedCase& c : cases) {
+    EXPECT_EQ(FormatElapsedCompact(seconds(c.elapsed)), c.compact);
+    EXPECT_EQ(FormatElapsedLong(seconds(c.elapsed)), c.longForm);
+  }
+}
+
+TEST(FormatSize, HasOneDecimalFromAKilobyteOn) {
+  constexpr uint64_t kKb = 1024;
+  const std::pair<uint64_t, const char*> cases[] = {
+      {0, "0 bytes"},
+      {1, "1 bytes"},
+      {1023, "1023 bytes"},
+      {kKb, "1.0 Kb"},
+      {235725, "230.2 Kb"},
+      {kKb * kKb - 1, "1024.0 Kb"},
+      {kKb * kKb, "1.0 Mb"},
+      {5 * kKb * kKb / 2, "2.5 Mb"},
+      {kKb * kKb * kKb, "1.0 Gb"},
+      {2048 * kKb * kKb * kKb, "2048.0 Gb"},
+  };
+  for (const auto& [bytes, text] : cases) EXPECT_EQ(FormatSize(bytes, NumberFormat()), text);
+}
+
+TEST(FormatSize, DecimalPointIsTheLocales) {
+  EXPECT_EQ(FormatSize(1536, NumberFormat{.DecimalPoint = ","}), "1,5 Kb");
+}
+
+}  // namespace
+}  // namespace korv

@@ -1,0 +1,51 @@
+// The file that a message is about.
+
+#include "cli/about_file.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/fakes/fake_messages.h"
+
+namespace korv {
+namespace {
+
+TEST(AboutFile, AddsThePathWhereTheMessageDoesNotNameIt) {
+  struct Case {
+    const char* name;
+    const char* text;
+    const char* addition;
+    const char* path;
+    const char* added;
+  };
+  const Case cases[] = {
+      {"a text without it", "It cannot be opened.", "", "a.txt", "File: a.txt"},
+      {"below what is added already", "It is refused.", "Unpack it.", "a.txt", "Unpack it.\r\nFile: a.txt"},
+      {"a text that begins with it", "a.txt is refused.", "", "a.txt", ""},
+      {"one that ends with it", "There is no a.txt", "", "a.txt", ""},
+      {"before a full stop", "There is no a.txt.", "", "a.txt", ""},
+      {"on a line of its own", "File a.txt\r\nis an RTF file.", "", "a.txt", ""},
+      {"quoted", "There is no 'a.txt'", "", "a.txt", ""},
+      {"named below the text", "It is refused.", "File: a.txt", "a.txt", "File: a.txt"},
+      {"a short name within a word", "Is a directory", "", "d", "File: d"},
+      {"the beginning of another name", "There is no a.txt", "", "a", "File: a"},
+      {"after such a word", "Found d.", "", "d", ""},
+      {"no path", "It is refused.", "", "", ""},
+  };
+  for (const Case& c : cases) {
+    FakeMessages messages;
+    AboutFile about(messages, c.path);
+    about.Show({.text = c.text, .title = "Error", .addition = c.addition});
+    EXPECT_EQ(messages.Only().text, c.text) << c.name;
+    EXPECT_EQ(messages.Only().addition, c.added) << c.name;
+  }
+}
+
+TEST(AboutFile, SaysWhatThePathIs) {
+  FakeMessages messages;
+  AboutFile about(messages, "texts", "Folder");
+  about.Show({.text = "Folder contains no files.", .title = "Nothing to do"});
+  EXPECT_EQ(messages.Only().addition, "Folder: texts");
+}
+
+}  // namespace
+}  // namespace korv

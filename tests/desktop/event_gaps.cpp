@@ -1,0 +1,104 @@
+// How long the main window keeps its events waiting while it counts: event_gaps TEXT [OUTPUT].
+// Prints the longest times between two rounds of the event loop, and where they fell. For the eye, not for
+// tests: the figures depend on the machine.
+
+#include <QApplication>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+#include "desktop/main_window/frm_main.h"
+#include "desktop/toolkit/qt_yielder.h"
+#include "desktop/toolkit/text.h"
+#include "tests/fakes/fake_desktop.h"
+#include "tests/fakes/fake_messages.h"
+
+namespace {
+
+using SteadyTime = std::chrono::steady_clock::time_point;
+
+class SteadyClock final : public korv::Clock {
+ public:
+  SteadyTime Now() const override { return std::chrono::steady_clock::now(); }
+};
+
+struct Gap {
+  double milliseconds;
+  std::string during;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  if (argc < 2) {
+    std::fprintf(stderr, "event_gaps TEXT [OUTPUT]\n");
+    return 2;
+  }
+  korv::FakeMessages messages;
+  korv::FakeDialogs dialogs;
+  korv::FakeClipboard clipboard;
+  korv::FakeLauncher launcher;
+  korv::QtYielder yielder;
+  const SteadyClock clock;
+  const auto files = korv::MakeSystemFiles();
+  const QTemporaryDir scratch;
+  QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
+  messages.WillAnswer(korv::Question::LargeInput, korv::Answer::No);
+  const korv::NumberFormat numbers;
+  korv::frmMain window(korv::Desktop{
+      .messages = messages,
+      .dialogs = dialogs,
+      .clipboard = clipboard,
+      .launcher = launcher,
+      .files = *files,
+      .yielder = yielder,
+      .clock = clock,
+      .numbers = numbers,
+      .programText = KORV_PROGRAM_TEXT,
+      .programFolder = KORV_WORD_LISTS,
+      .stateFile = korv::PathFromText(korv::FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
+      .store = store});
+  window.show();
+  if (!window.Form_Load()) return 1;
+  window.txbFile[0]->setText(QString::fromLocal8Bit(argv[1]));
+  if (argc > 2) window.txbFile[1]->setText(QString::fromLocal8Bit(argv[2]));
+  window.cboPhraseLength[0]->setCurrentIndex(0);
+
+  std::vector<Gap> gaps;
+  SteadyTime last = clock.Now();
+  size_t rounds = 0;
+  QTimer heartbeat;
+  QObject::connect(&heartbeat, &QTimer::timeout, &window, [&] {
+    const SteadyTime now = clock.Now();
+    const std::chrono::duration<double, std::milli> gap = now - last;
+    last = now;
+    ++rounds;
+    if (gap.count() > 20) {
+      gaps.push_back({gap.count(), window.lblStatusText->text().toStdString() + " at " +
+                                       std::to_string(window.prgProgress->value())});
+    }
+  });
+  heartbeat.start(1);
+  QApplication::processEvents();
+  const SteadyTime begin = clock.Now();
+  window.cmdCountPhrases_Click();
+  QApplication::processEvents();
+  const std::chrono::duration<double> whole = clock.Now() - begin;
+
+  std::sort(gaps.begin(), gaps.end(),
+            [](const Gap& a, const Gap& b) { return a.milliseconds > b.milliseconds; });
+  std::printf("%.1f s, %zu rounds of the event loop, %zu gaps above 20 ms\n", whole.count(), rounds,
+              gaps.size());
+  for (size_t i = 0; i < std::min<size_t>(gaps.size(), 12); ++i) {
+    std::printf("%8.1f ms  %s\n", gaps[i].milliseconds, gaps[i].during.c_str());
+  }
+  return 0;
+}

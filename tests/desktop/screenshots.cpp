@@ -1,0 +1,121 @@
+// Pictures of the windows for the documentation: screenshots TEXT FOLDER.
+// Run by scripts/screenshots. TEXT is the file to be counted, shown as it is named.
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QPlainTextEdit>
+#include <QSet>
+#include <QSettings>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QTest>
+#include <algorithm>
+#include <cstdio>
+
+#include "desktop/main_window/frm_main.h"
+#include "desktop/settings_window/frm_params.h"
+#include "desktop/toolkit/application_name.h"
+#include "desktop/toolkit/qt_yielder.h"
+#include "desktop/toolkit/scheme_switch.h"
+#include "desktop/toolkit/text.h"
+#include "tests/fakes/fake_clock.h"
+#include "tests/fakes/fake_desktop.h"
+#include "tests/fakes/fake_messages.h"
+
+namespace korv {
+namespace {
+
+/// With so few colours that the file needs one byte a pixel: each channel rounded to a multiple of 4, which
+/// nobody sees in a window.
+QImage FewColours(QImage image) {
+  image = image.convertToFormat(QImage::Format_RGB32);
+  const auto rounded = [](int channel) { return channel >= 252 ? 255 : (channel + 2) / 4 * 4; };
+  QSet<QRgb> colours;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QRgb seen = image.pixel(x, y);
+      const QRgb shown = qRgb(rounded(qRed(seen)), rounded(qGreen(seen)), rounded(qBlue(seen)));
+      image.setPixel(x, y, shown);
+      colours.insert(shown);
+    }
+  }
+  // In order, so that the same window always gives the same bytes.
+  QList<QRgb> table(colours.cbegin(), colours.cend());
+  std::sort(table.begin(), table.end());
+  return table.size() <= 256 ? image.convertToFormat(QImage::Format_Indexed8, table) : image;
+}
+
+bool Save(QWidget& window, const QString& folder, const QString& name) {
+  QApplication::processEvents();
+  const QString path = folder + u'/' + QLatin1String(KORV_PICTURE_PREFIX) + name;
+  constexpr int kSmallest = 0;
+  if (FewColours(window.grab().toImage()).save(path, "PNG", kSmallest)) return true;
+  std::fprintf(stderr, "%s cannot be written\n", qPrintable(path));
+  return false;
+}
+
+bool Picture(const std::string& text, const QString& folder, bool dark) {
+  FakeMessages messages;
+  FakeDialogs dialogs;
+  FakeClipboard clipboard;
+  FakeLauncher launcher;
+  FakeClock clock;
+  QtYielder yielder;
+  const auto files = MakeSystemFiles();
+  const QTemporaryDir scratch;
+  QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
+  const NumberFormat numbers;
+  messages.WillAnswer(Question::FirstCommonWords, Answer::Yes);
+  frmMain window(Desktop{.messages = messages,
+                         .dialogs = dialogs,
+                         .clipboard = clipboard,
+                         .launcher = launcher,
+                         .files = *files,
+                         .yielder = yielder,
+                         .clock = clock,
+                         .numbers = numbers,
+                         .programText = KORV_PROGRAM_TEXT,
+                         .programFolder = KORV_WORD_LISTS,
+                         .stateFile = PathFromText(FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
+                         .store = store});
+  window.show();
+  if (!window.Form_Load()) return false;
+  window.resize(1180, 860);
+  window.txbFile[0]->setText(ToQt(text));
+  window.cboPhraseLength[0]->setCurrentIndex(1);
+  window.SelectSource(TextSource::SingleFile);
+  window.cmdCountPhrases_Click();
+  window.Timer1_Timer();
+  window.activateWindow();
+  if (!QTest::qWaitForWindowActive(&window)) return false;
+
+  const QString scheme = dark ? QStringLiteral("-dark.png") : QStringLiteral("-light.png");
+  if (!Save(window, folder, QStringLiteral("main") + scheme)) return false;
+
+  frmParams& params = window.Params();
+  // The list shows where the program lies on this machine; pictures need not.
+  params.cboWordsFile->setItemText(
+      0, QDir::toNativeSeparators(QStringLiteral(KORV_PICTURE_PROGRAM_FOLDER "/cwds_en.txt")));
+  params.txbWordsToIgnoreOrCount[0]->setPlainText(QStringLiteral("ibid vide viz sans ~ly"));
+  params.resize(900, 740);
+  params.show();
+  return Save(params, folder, QStringLiteral("settings") + scheme);
+}
+
+}  // namespace
+}  // namespace korv
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", KORV_WINDOW_SYSTEM);
+  QApplication application(argc, argv);
+  korv::NameApplication();
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral(KORV_PICTURE_STYLE)));
+  if (argc != 3) {
+    std::fprintf(stderr, "screenshots TEXT FOLDER\n");
+    return 2;
+  }
+  if (!korv::Picture(argv[1], QString::fromLocal8Bit(argv[2]), false)) return 1;
+  korv::SchemeSwitch().Turn(true);
+  return korv::Picture(argv[1], QString::fromLocal8Bit(argv[2]), true) ? 0 : 1;
+}

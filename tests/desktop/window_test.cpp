@@ -1,0 +1,161 @@
+#include "tests/desktop/window_test.h"
+
+#include <QApplication>
+#include <QDir>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include "desktop/toolkit/application_name.h"
+
+namespace korv {
+
+WindowTest::WindowTest()
+    : files(MakeSystemFiles()), programText(KORV_PROGRAM_TEXT), programFolder(KORV_WORD_LISTS) {
+  store = std::make_unique<QSettings>(folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
+}
+
+WindowTest::~WindowTest() {
+  End();
+  EXPECT_THAT(messages.untitledQuestions, testing::IsEmpty());
+}
+
+void WindowTest::MakeWindow() {
+  End();
+  main = std::make_unique<frmMain>(Surroundings());
+  main->show();
+}
+
+Desktop WindowTest::Surroundings() {
+  return {.messages = messages,
+          .dialogs = dialogs,
+          .clipboard = clipboard,
+          .launcher = launcher,
+          .files = *files,
+          .yielder = *usedYielder,
+          .clock = clock,
+          .numbers = {},
+          .programText = programText,
+          .programFolder = programFolder,
+          .stateFile = PathFromText(StatePath()),
+          .store = *store};
+}
+
+bool WindowTest::Start() {
+  messages.WillAnswer(Question::FirstCommonWords, Answer::No);
+  MakeWindow();
+  const bool started = main->Form_Load();
+  QApplication::processEvents();
+  messages.Forget();
+  return started;
+}
+
+void WindowTest::End() {
+  if (main == nullptr) return;
+  usedYielder->RequestStop();
+  main.reset();
+}
+
+FakeFiles& WindowTest::OpenOnFakeFiles() {
+  End();
+  auto disk = std::make_unique<FakeFiles>();
+  disk->Add(programText, ReadFile(PathToText(programText)));
+  FakeFiles& opened = *disk;
+  files = std::move(disk);
+  EXPECT_TRUE(Start());
+  return opened;
+}
+
+void WindowTest::OpenWithEveryTurn() {
+  End();
+  usedYielder = &everyTurn;
+  EXPECT_TRUE(Start());
+}
+
+void WindowTest::AtTheNextTurn(std::function<void()> act) {
+  everyTurn.onTurn = [act, done = false]() mutable {
+    if (!std::exchange(done, true)) act();
+  };
+}
+
+std::string WindowTest::WriteFile(const std::string& name, const std::string& bytes) const {
+  const std::string text = PathOf(name);
+  const std::filesystem::path path = PathFromText(text);
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << bytes;
+  return text;
+}
+
+std::string WindowTest::PathOf(const std::string& name) const {
+  return QDir::toNativeSeparators(folder.filePath(QString::fromStdString(name))).toStdString();
+}
+
+std::string WindowTest::FolderPath() const {
+  return QDir::toNativeSeparators(folder.path()).toStdString();
+}
+
+std::string WindowTest::ReadFile(const std::string& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(PathFromText(path), std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+void WindowTest::Check(const char* name, bool checked) const {
+  auto* box = Find<QAbstractButton>(name);
+  if (box->isChecked() != checked) box->click();
+}
+
+void WindowTest::Type(const char* name, const std::string& text) const {
+  auto* control = Find<QWidget>(name);
+  const QString typed = QString::fromStdString(text);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) {
+    line->setText(typed);
+    emit line->editingFinished();
+  } else if (auto* box = qobject_cast<QPlainTextEdit*>(control)) {
+    box->setPlainText(typed);
+    QFocusEvent left(QEvent::FocusOut);
+    QApplication::sendEvent(box, &left);
+  } else {
+    ADD_FAILURE() << name << " takes no text";
+  }
+}
+
+void WindowTest::Choose(const char* name, int item) const {
+  auto* combo = Find<QComboBox>(name);
+  combo->setCurrentIndex(item);
+  emit combo->activated(item);
+}
+
+std::string WindowTest::TextOf(const char* name) const {
+  auto* control = Find<QWidget>(name);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) return line->text().toStdString();
+  if (auto* label = qobject_cast<QLabel*>(control)) return label->text().toStdString();
+  if (auto* combo = qobject_cast<QComboBox*>(control)) return combo->currentText().toStdString();
+  if (auto* box = qobject_cast<QPlainTextEdit*>(control)) return box->toPlainText().toStdString();
+  if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+    return WithoutMnemonic(button->text()).toStdString();
+  }
+  return {};
+}
+
+std::string WindowTest::Output() const {
+  return TextOf("txbOutput");
+}
+
+std::vector<std::string> WindowTest::Shown() {
+  std::vector<std::string> shown;
+  for (const Message& message : messages.shown) shown.push_back(message.title + " | " + message.text);
+  messages.Forget();
+  return shown;
+}
+
+}  // namespace korv
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", KORV_WINDOW_SYSTEM);
+  QApplication application(argc, argv);
+  korv::NameApplication();
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,122 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/desktop.h"
+#include "desktop/main_window/frm_main.h"
+#include "desktop/settings_window/frm_params.h"
+#include "desktop/toolkit/qt_yielder.h"
+#include "tests/fakes/fake_clock.h"
+#include "tests/fakes/fake_desktop.h"
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_messages.h"
+#include "tests/fakes/fake_yielder.h"
+
+namespace korv {
+
+/// The real windows with everything around them faked but the disk, which is a temporary folder. Controls
+/// are found by their names, as a user finds them by their captions.
+///
+///   Start();
+///   Type("txbFile_0", WriteFile("a.txt", "..."));
+///   Click("cmdCountPhrases");
+///   EXPECT_THAT(Output(), HasSubstr("There is one phrase"));
+class WindowTest : public testing::Test {
+ protected:
+  WindowTest();
+  ~WindowTest() override;
+
+  /// Opens the main window, or opens it anew as after a restart. The question about common words gets No.
+  bool Start();
+  /// Only makes the window; its Form_Load() is still to be called.
+  void MakeWindow();
+  /// What the next window stands on.
+  virtual Desktop Surroundings();
+  void End();
+  /// Opens the window anew, on a disk in memory that holds the program's texts.
+  FakeFiles& OpenOnFakeFiles();
+  /// Opens the window anew, with turns that come at every step of a run or a reading and pass no events.
+  void OpenWithEveryTurn();
+  /// Does `act` once, when the next of those turns comes.
+  void AtTheNextTurn(std::function<void()> act);
+
+  // ---- Files
+
+  /// Writes `bytes` into a file of the temporary folder and returns its path, as the system writes paths.
+  std::string WriteFile(const std::string& name, const std::string& bytes) const;
+  std::string PathOf(const std::string& name) const;
+  std::string FolderPath() const;
+  static std::string ReadFile(const std::string& path);
+  std::string StatePath() const { return PathOf("config/korv.usr"); }
+
+  // ---- Controls, by name
+
+  template <typename Control>
+  Control* Find(const char* name) const {
+    Control* control = main->findChild<Control*>(QLatin1String(name));
+    if (control == nullptr) control = main->Params().template findChild<Control*>(QLatin1String(name));
+    EXPECT_NE(control, nullptr) << name;
+    return control;
+  }
+  /// In the Settings window, for names that both windows have.
+  template <typename Control>
+  Control* InParams(const char* name) const {
+    Control* control = main->Params().template findChild<Control*>(QLatin1String(name));
+    EXPECT_NE(control, nullptr) << name;
+    return control;
+  }
+  void Click(const char* name) const { Find<QAbstractButton>(name)->click(); }
+  void ClickInParams(const char* name) const { InParams<QAbstractButton>(name)->click(); }
+  void Check(const char* name, bool checked = true) const;
+  void Type(const char* name, const std::string& text) const;
+  /// Picks an item as a user does who opens the list.
+  void Choose(const char* name, int item) const;
+  std::string TextOf(const char* name) const;
+  bool Checked(const char* name) const { return Find<QAbstractButton>(name)->isChecked(); }
+  bool Enabled(const char* name) const { return Find<QWidget>(name)->isEnabled(); }
+  bool Shown(const char* name) const { return Find<QWidget>(name)->isVisible(); }
+  int ItemOf(const char* name) const { return Find<QComboBox>(name)->currentIndex(); }
+  std::string TipOf(const char* name) const { return Find<QWidget>(name)->toolTip().toStdString(); }
+  /// The result box, with plain line breaks.
+  std::string Output() const;
+
+  /// Sources that are counted again and again.
+  void UseFile(const std::string& bytes) { Type("txbFile_0", WriteFile("text.txt", bytes)); }
+  void Count() const { Click("cmdCountPhrases"); }
+
+  /// Messages shown since the last call, as "title | text".
+  std::vector<std::string> Shown();
+
+  QTemporaryDir folder;
+  FakeMessages messages;
+  FakeDialogs dialogs;
+  FakeClipboard clipboard;
+  FakeLauncher launcher;
+  FakeClock clock;
+  QtYielder yielder;
+  FakeYielder everyTurn;
+  Yielder* usedYielder = &yielder;  ///< The one of the two that the window has.
+  std::unique_ptr<FileSystem> files;
+  std::unique_ptr<QSettings> store;
+  std::filesystem::path programText;
+  std::filesystem::path programFolder;
+  std::unique_ptr<frmMain> main;
+};
+
+}  // namespace korv
