@@ -17,7 +17,7 @@
 namespace {
 
 struct Feeder {
-  korv::WordStream& stream;
+  korv::CorpusBuilder& stream;
 
   void Word(const std::string& word) { stream.GetWords2(word); }
   void DroppedWord() {}
@@ -36,8 +36,8 @@ int main(int argc, char** argv) {
   options.MinWords = argc > 2 ? std::atoi(argv[2]) : 2;
   options.MaxWords = argc > 3 ? std::atoi(argv[3]) : 6;
   const korv::WordRules rules;
-  const korv::RunLists lists;
-  korv::WordStream stream(rules, options, lists);
+  const korv::WordFilters lists;
+  korv::CorpusBuilder stream(rules, options, lists);
   stream.BeginSource({});
   Feeder feeder{stream};
   korv::bench::ReadWordsOf(argv[1], feeder);

@@ -22,7 +22,7 @@ const MadeText& Text(int64_t millions) {
   return millions == 1 ? one : eight;
 }
 
-void Feed(const MadeText& text, korv::WordStream& stream) {
+void Feed(const MadeText& text, korv::CorpusBuilder& stream) {
   stream.BeginSource({});
   auto end = text.SentenceEnds().begin();
   size_t taken = 0;
@@ -42,11 +42,11 @@ korv::RunOptions OptionsUpTo(int64_t maxWords) {
   return options;
 }
 
-const korv::RunLists kNoLists;
+const korv::WordFilters kNoLists;
 const korv::WordRules kRules;
 
 void CountInto(korv::PhraseTable& table, const MadeText& text, int64_t maxWords, korv::Yielder& yielder) {
-  korv::WordStream stream(kRules, OptionsUpTo(maxWords), kNoLists);
+  korv::CorpusBuilder stream(kRules, OptionsUpTo(maxWords), kNoLists);
   Feed(text, stream);
   korv::TakeText(std::move(stream), table);
   korv::CountPhrases(table, yielder);
@@ -56,7 +56,7 @@ void CountInto(korv::PhraseTable& table, const MadeText& text, int64_t maxWords,
 void TakeWords(benchmark::State& state) {
   const MadeText& text = Text(state.range(0));
   for (auto _ : state) {
-    korv::WordStream stream(kRules, OptionsUpTo(6), kNoLists);
+    korv::CorpusBuilder stream(kRules, OptionsUpTo(6), kNoLists);
     Feed(text, stream);
     benchmark::DoNotOptimize(stream.Counts().Taken);
   }
@@ -69,7 +69,7 @@ void CountPhrases(benchmark::State& state) {
   korv::NoYielder yielder;
   for (auto _ : state) {
     state.PauseTiming();
-    korv::WordStream stream(kRules, OptionsUpTo(state.range(1)), kNoLists);
+    korv::CorpusBuilder stream(kRules, OptionsUpTo(state.range(1)), kNoLists);
     Feed(text, stream);
     korv::PhraseTable table;
     korv::TakeText(std::move(stream), table);

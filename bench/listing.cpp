@@ -53,7 +53,7 @@ struct NoSink final : ReportSink {
 
 void List(benchmark::State& state, const ReportOptions& options, Layout layout) {
   const PhraseTable& table = Table();
-  RunFacts facts;
+  RunSummary facts;
   const NumberFormat numbers;
   const Report report{table, facts, options, numbers};
   ReportForm form;

@@ -69,15 +69,15 @@ std::string MakePattern(Kind kind, std::mt19937& random) {
   return {};
 }
 
-ListEntries MakeEntries(Kind kind, size_t count) {
+WordFilterSpec MakeEntries(Kind kind, size_t count) {
   std::mt19937 random(7);
-  ListEntries entries;
+  WordFilterSpec entries;
   for (size_t i = 0; i < count; ++i) entries.TypedWordsToIgnore.push_back(MakePattern(kind, random));
   return entries;
 }
 
 /// The fast way must give the same answers as one question at a time.
-void CheckAnswers(const ListEntries& entries, const RunLists& lists) {
+void CheckAnswers(const WordFilterSpec& entries, const WordFilters& lists) {
   for (size_t i = 0; i < Vocabulary().size(); i += Vocabulary().size() / 5) {
     const std::string& word = Vocabulary()[i];
     bool any = false;
@@ -89,8 +89,8 @@ void CheckAnswers(const ListEntries& entries, const RunLists& lists) {
 }
 
 void Ask(benchmark::State& state, Kind kind, size_t count) {
-  const ListEntries entries = MakeEntries(kind, count);
-  const RunLists lists(entries);
+  const WordFilterSpec entries = MakeEntries(kind, count);
+  const WordFilters lists(entries);
   CheckAnswers(entries, lists);
   int64_t found = 0;
   for (auto _ : state)
@@ -102,8 +102,8 @@ void Ask(benchmark::State& state, Kind kind, size_t count) {
 }
 
 void SetUp(benchmark::State& state, Kind kind, size_t count) {
-  const ListEntries entries = MakeEntries(kind, count);
-  for (auto _ : state) benchmark::DoNotOptimize(RunLists(entries));
+  const WordFilterSpec entries = MakeEntries(kind, count);
+  for (auto _ : state) benchmark::DoNotOptimize(WordFilters(entries));
 }
 
 #define KORV_LIST_BENCH(kind, count)                                                             \

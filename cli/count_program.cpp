@@ -251,7 +251,7 @@ class CountProgram {
     lists.CountOnly = options_.CountOnly;
     TextFileCheck check{env_.Files, messages_, options_.Numbers, {}};
     ListReading reading{check, encodings_, env_.Yielder, {}};
-    std::optional<ListEntries> entries = GatherLists(lists, request.Rules, reading);
+    std::optional<WordFilterSpec> entries = LoadWordFilters(lists, request.Rules, reading);
     if (entries) request.Lists = std::move(*entries);
     return entries.has_value();
   }

@@ -11,7 +11,7 @@
 namespace korv {
 
 /// What korv-count shows of a run: progress, and notices.
-class CountView final : public RunView {
+class CountView final : public RunObserver {
  public:
   /// `table` is the run's own. Notices are left out when `quiet`.
   CountView(std::ostream& err, ProgressLine& line, const RunProgress& progress, const PhraseTable& table,

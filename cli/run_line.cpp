@@ -62,7 +62,7 @@ class LineWriter {
 
 }  // namespace
 
-std::string RunLine(const RunFacts& facts, const WordRules& rules, const NumberFormat& numbers) {
+std::string RunLine(const RunSummary& facts, const WordRules& rules, const NumberFormat& numbers) {
   const LineWriter writer(numbers);
   std::vector<std::string> parts{writer.Words(facts.Words, rules)};
   if (facts.LongPhrases > 0)
@@ -74,7 +74,7 @@ std::string RunLine(const RunFacts& facts, const WordRules& rules, const NumberF
   return Joined(parts, "; ");
 }
 
-std::string CoverageLine(const RunFacts& facts, const RunProgress& progress, const NumberFormat& numbers) {
+std::string CoverageLine(const RunSummary& facts, const RunProgress& progress, const NumberFormat& numbers) {
   if (!facts.Options.Stopped) return "Stopped: the report covers the whole text.";
   const LineWriter writer(numbers);
   std::string text =

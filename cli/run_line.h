@@ -11,9 +11,9 @@ namespace korv {
 
 /// The line that tells what became of a run's words: how many were read, how many were dropped and by which
 /// rules, phrases that are too long to be counted, and how the text was encoded. Without a line end.
-std::string RunLine(const RunFacts& facts, const WordRules& rules, const NumberFormat& numbers);
+std::string RunLine(const RunSummary& facts, const WordRules& rules, const NumberFormat& numbers);
 
 /// How much of the text the report of a stopped run covers. Without a line end.
-std::string CoverageLine(const RunFacts& facts, const RunProgress& progress, const NumberFormat& numbers);
+std::string CoverageLine(const RunSummary& facts, const RunProgress& progress, const NumberFormat& numbers);
 
 }  // namespace korv

@@ -11,7 +11,7 @@ namespace korv {
 /// chain, and the options have been through ApplyReportRules().
 struct Report {
   const PhraseTable& Table;
-  const RunFacts& Facts;
+  const RunSummary& Facts;
   const ReportOptions& Options;
   const NumberFormat& Numbers;
 };

@@ -25,7 +25,7 @@ const RowCells& RowBuilder::Cells(PhraseIndex entry, std::string_view text) {
     new (&phraseCells_[k]) Cell(ofPhrase_[k]->Value(source_, phrase));
   if (!inFile_.empty()) {
     fileCells_.clear();
-    for (const FileTallies::Tally& file : phrase.Files)
+    for (const DocumentCounts::Tally& file : phrase.Files)
       for (const Column* column : inFile_) fileCells_.push_back(column->ValueInFile(source_, phrase, file));
     cells_.OfFiles = fileCells_;
   }

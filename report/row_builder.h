@@ -27,7 +27,7 @@ class RowBuilder {
   std::vector<const Column*> inFile_;
   bool needsFiles_ = false;
   bool needsFileCount_ = false;
-  FileTallies files_;
+  DocumentCounts files_;
   std::vector<size_t> sources_;
   std::vector<Cell> phraseCells_;
   std::vector<Cell> fileCells_;

@@ -27,7 +27,7 @@ struct EncodingCounts {
 };
 
 /// What a finished counting run knows beside its phrases; everything that header, summary and notices say.
-struct RunFacts {
+struct RunSummary {
   RunOptions Options;               ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
   bool WordsToIgnoreInUse = false;  ///< A words-to-ignore list with at least one entry applied.
   int MinCharacters = 0;            ///< Shorter words were ignored; 0 when that rule is off.

@@ -28,7 +28,7 @@ std::string Times(int minFrequency) {
   return NumberWithBlank(minFrequency) + " times";
 }
 
-std::string WordsToIgnore(const RunFacts& facts) {
+std::string WordsToIgnore(const RunSummary& facts) {
   if (!facts.WordsToIgnoreInUse) return ".";
   switch (facts.Options.IgnoreMode) {
     case IgnoreRule::Remove:
@@ -43,7 +43,7 @@ std::string WordsToIgnore(const RunFacts& facts) {
   return "\r\n(including phrases consisting entirely of words to ignore).";
 }
 
-std::string Suggestion(const RunFacts& facts) {
+std::string Suggestion(const RunSummary& facts) {
   if (!facts.WordsToIgnoreInUse) return "";
   switch (facts.Options.IgnoreMode) {
     case IgnoreRule::ExcludeWith:
@@ -65,7 +65,7 @@ std::string PaddedLeft(std::string text, size_t width) {
 
 }  // namespace
 
-std::string SummaryText(const RunFacts& facts, uint32_t phrases, int longestWords) {
+std::string SummaryText(const RunSummary& facts, uint32_t phrases, int longestWords) {
   const RunOptions& options = facts.Options;
   std::string text = Opening(phrases) + Lengths(options);
   text += options.MaxWords == 1 ? " word which" : " words which";
@@ -78,7 +78,7 @@ std::string SummaryText(const RunFacts& facts, uint32_t phrases, int longestWord
   return text;
 }
 
-std::string FilesScannedText(const RunFacts& facts, const NumberFormat& numbers) {
+std::string FilesScannedText(const RunSummary& facts, const NumberFormat& numbers) {
   if (facts.Options.SourceKind != TextSource::Folder) return "";
   // Zero files are "0 file" here: only more than one is a plural.
   std::string text = numbers.Grouped(static_cast<int64_t>(facts.FilesScanned)) + " file";
@@ -97,14 +97,14 @@ std::string ProgressCountText(uint64_t files, uint64_t folders) {
          (folders == 1 ? " folder" : " folders");
 }
 
-std::string NoResultText(const RunFacts& facts) {
+std::string NoResultText(const RunSummary& facts) {
   std::string text = "No phrases ";
   if (facts.MinCharacters > 0)
     text += "with at least" + NumberWithBlank(facts.MinCharacters) + " characters\r\n";
   return text + "satisfying the specified conditions were found.";
 }
 
-std::string SkippedFilesText(const RunFacts& facts) {
+std::string SkippedFilesText(const RunSummary& facts) {
   const size_t count = facts.SkippedFiles.size();
   if (count == 0) return "";
   std::string text = count == 1 ? "1 file was skipped:" : std::to_string(count) + " files were skipped:";
@@ -115,7 +115,7 @@ std::string SkippedFilesText(const RunFacts& facts) {
   return text;
 }
 
-std::string NoticesText(const RunFacts& facts) {
+std::string NoticesText(const RunSummary& facts) {
   std::string text;
   for (const std::string& notice : facts.Notices) text += notice + "\r\n";
   return text;

@@ -4,10 +4,10 @@
 
 namespace korv {
 
-ListEntries MakeListEntries(const WordList* ignoreFile, const std::string& ignoreWords, bool patternMatching,
-                            const WordList* countOnlyFile, const std::string& countOnly,
-                            const WordRules& rules) {
-  ListEntries entries;
+WordFilterSpec MakeWordFilterSpec(const WordList* ignoreFile, const std::string& ignoreWords,
+                                  bool patternMatching, const WordList* countOnlyFile,
+                                  const std::string& countOnly, const WordRules& rules) {
+  WordFilterSpec entries;
   if (ignoreFile != nullptr) entries.FileWordsToIgnore = ignoreFile->Words;
   entries.TypedWordsToIgnore = SplitTypedEntries(ListKind::WordsToIgnore, ignoreWords);
   entries.PatternMatchingInWordsToIgnoreFile = patternMatching;
@@ -18,8 +18,8 @@ ListEntries MakeListEntries(const WordList* ignoreFile, const std::string& ignor
   return entries;
 }
 
-std::optional<ListEntries> GatherLists(const ListRequest& request, const WordRules& rules,
-                                       ListReading& reading) {
+std::optional<WordFilterSpec> LoadWordFilters(const ListRequest& request, const WordRules& rules,
+                                              ListReading& reading) {
   WordList ignore;
   WordList countOnly;
   std::string label;
@@ -32,8 +32,8 @@ std::optional<ListEntries> GatherLists(const ListRequest& request, const WordRul
   Messages& messages = reading.Check.Messages;
   CheckAllowedExtraChars(ListKind::WordsToIgnore, request.IgnoreWords, rules, messages);
   CheckAllowedExtraChars(ListKind::CountOnly, request.CountOnly, rules, messages);
-  return MakeListEntries(&ignore, request.IgnoreWords, request.PatternMatching, &countOnly, request.CountOnly,
-                         rules);
+  return MakeWordFilterSpec(&ignore, request.IgnoreWords, request.PatternMatching, &countOnly,
+                            request.CountOnly, rules);
 }
 
 }  // namespace korv

@@ -20,12 +20,12 @@ struct ListRequest {
 };
 
 /// The lists of a run from loaded files (null: none) and typed text.
-ListEntries MakeListEntries(const WordList* ignoreFile, const std::string& ignoreWords, bool patternMatching,
-                            const WordList* countOnlyFile, const std::string& countOnly,
-                            const WordRules& rules);
+WordFilterSpec MakeWordFilterSpec(const WordList* ignoreFile, const std::string& ignoreWords,
+                                  bool patternMatching, const WordList* countOnlyFile,
+                                  const std::string& countOnly, const WordRules& rules);
 
 /// Reads the files and checks the typed text. Empty when a file could not be read; the user has been told.
-std::optional<ListEntries> GatherLists(const ListRequest& request, const WordRules& rules,
-                                       ListReading& reading);
+std::optional<WordFilterSpec> LoadWordFilters(const ListRequest& request, const WordRules& rules,
+                                              ListReading& reading);
 
 }  // namespace korv

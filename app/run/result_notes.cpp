@@ -54,7 +54,7 @@ class Notes {
   void Add(ResultNote note) { notes_.push_back(std::move(note)); }
 
   void Source() {
-    const RunFacts& facts = result_.Run.Facts;
+    const RunSummary& facts = result_.Run.Facts;
     ResultNote note{NoteKind::Source, "", {}, facts.InputPath};
     switch (facts.Options.SourceKind) {
       case TextSource::Clipboard:
@@ -147,7 +147,7 @@ class Notes {
   }
 
   void Run() {
-    const RunFacts& facts = result_.Run.Facts;
+    const RunSummary& facts = result_.Run.Facts;
     if (facts.Options.Stopped)
       Add({NoteKind::Incomplete,
            "Counting was stopped: what came after that is not in this list.",
@@ -265,7 +265,7 @@ std::string WordsLeftOutText(const CountedRun& run, const WordRules& rules, cons
          Counted(words.Read(), "word", "words", numbers) + " left out: " + reasons;
 }
 
-std::string EncodingText(const RunFacts& facts, const NumberFormat& numbers) {
+std::string EncodingText(const RunSummary& facts, const NumberFormat& numbers) {
   const EncodingCounts& texts = facts.Encodings;
   const bool several = texts.Ascii + texts.Ansi + texts.Utf8 > 1;
   std::string text;
@@ -283,7 +283,7 @@ ResultLabels LabelsOf(const ShownResult& result, const NumberFormat& numbers) {
   const ListResult& list = result.Listing.List;
   const StatusLabels listed =
       StatusLabelTexts(list.Phrases, list.Occurrences, Filtered(result.Listing.Options), numbers);
-  const RunFacts& facts = result.Run.Facts;
+  const RunSummary& facts = result.Run.Facts;
   ResultLabels labels{listed.NumberOfWords, listed.NumOccurrences, result.Run.FileKind, ""};
   if (facts.Options.SourceKind != TextSource::SingleFile)
     labels.TotalNumOccurrences = "Total number of phrase occurrences: " +

@@ -77,7 +77,7 @@ std::string FilterModeText(FilterMode mode);
 std::string WordsLeftOutText(const CountedRun& run, const WordRules& rules, const NumberFormat& numbers);
 
 /// How the texts of a run were read: "UTF-8"; of several texts "3 UTF-8, 1 ANSI". Empty for the clipboard.
-std::string EncodingText(const RunFacts& facts, const NumberFormat& numbers);
+std::string EncodingText(const RunSummary& facts, const NumberFormat& numbers);
 
 /// What the labels above the text box say of a result in sight.
 struct ResultLabels {

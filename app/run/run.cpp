@@ -64,12 +64,12 @@ class Run {
     run_ = CountedRun{};
     SetAllowedExtraChars(rules_);
     SetAllowedExtraChars2(rules_);
-    ListEntries entries = request_.Lists;
+    WordFilterSpec entries = request_.Lists;
     entries.CaseSignificant = rules_.CaseSignificant;
-    *run_.Lists = RunLists(entries);
+    *run_.Lists = WordFilters(entries);
 
     run_.Chain = request_.Chain;
-    RunFacts& facts = run_.Facts;
+    RunSummary& facts = run_.Facts;
     facts.Options = request_.Options;
     facts.Options.Stopped = false;
     facts.WordsToIgnoreInUse = run_.Lists->HasWordsToIgnore();
@@ -90,8 +90,8 @@ class Run {
 
   RunEnd ReadText() {
     const StageTimer timer(services_.Clock, run_.Times, RunStage::Reading);
-    WordStream stream(rules_, request_.Options, *run_.Lists);
-    SourceReading reading(request_, rules_, services_, run_, stream);
+    CorpusBuilder stream(rules_, request_.Options, *run_.Lists);
+    SourceReader reading(request_, rules_, services_, run_, stream);
     RunEnd end = RunEnd::Counted;
     switch (request_.Options.SourceKind) {
       case TextSource::Clipboard:
@@ -198,7 +198,7 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
   return true;
 }
 
-void AskToStop(Messages& messages, Yielder& yielder, RunView& view) {
+void AskToStop(Messages& messages, Yielder& yielder, RunObserver& view) {
   if (messages.Show({.text = "Really stop?",
                      .title = "Stop",
                      .icon = Icon::Question,

@@ -25,8 +25,8 @@ namespace korv {
 /// What is to be counted, and how. Plain data, read once at the beginning of a run.
 struct RunRequest {
   RunOptions Options;
-  WordRules Rules;    ///< AllowedExtraChars is rebuilt by the run.
-  ListEntries Lists;  ///< CaseSignificant is taken from Rules.
+  WordRules Rules;       ///< AllowedExtraChars is rebuilt by the run.
+  WordFilterSpec Lists;  ///< CaseSignificant is taken from Rules.
   ChainOrder Chain = ChainOrder::ByCount;
 
   std::string InputPath;   ///< The file or the folder, as typed.
@@ -54,7 +54,7 @@ struct RunServices {
   const korv::Clock& Clock;
   const NumberFormat& Numbers;
   EncodingChooser& Encodings;
-  RunView& View;
+  RunObserver& View;
   RunProgress& Progress;  ///< Kept up to date for whoever looks at it.
 };
 
@@ -68,11 +68,11 @@ enum class RunEnd {
 
 /// A finished run: all that its reports need, so that listing again does not mean counting again.
 struct CountedRun {
-  std::unique_ptr<RunLists> Lists = std::make_unique<RunLists>();  ///< Those of the table.
+  std::unique_ptr<WordFilters> Lists = std::make_unique<WordFilters>();  ///< Those of the table.
   /// Sorted, marked and with its frequency chain. Its PhraseCount() may be asked while the run goes on.
   PhraseTable Table;
   ChainOrder Chain = ChainOrder::ByCount;  ///< What the chain goes by.
-  RunFacts Facts;
+  RunSummary Facts;
   std::string OutputPath;    ///< As in the request, or as chosen during the run.
   std::string KeptText;      ///< Of the clipboard or the stream, in its own encoding, where places are kept.
   std::string FileKind;      ///< Single file: what lblTotalNumOccurrences says after the run.
@@ -86,7 +86,7 @@ struct CountedRun {
 bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& files, Messages& messages);
 
 /// A click on the button while a run is going: asks, and on Yes requests the stop.
-void AskToStop(Messages& messages, Yielder& yielder, RunView& view);
+void AskToStop(Messages& messages, Yielder& yielder, RunObserver& view);
 
 /// Counts the phrases of the source of `request`, from its checks to the frequency chain. A stop, which may
 /// have been requested before, asks whether to list what was found; Yes finishes as if the text had ended

@@ -44,7 +44,7 @@ bool SameWordRules(const WordRules& a, const WordRules& b) {
   return CharactersOf(a) == CharactersOf(b) && DroppingOf(a) == DroppingOf(b) && EndsOf(a) == EndsOf(b);
 }
 
-bool HasWordsToIgnore(const ListEntries& lists) {
+bool HasWordsToIgnore(const WordFilterSpec& lists) {
   return !lists.FileWordsToIgnore.empty() || !lists.TypedWordsToIgnore.empty();
 }
 

@@ -54,9 +54,9 @@ class StageTimer {
 };
 
 /// What a run shows beside its messages and its report. Texts have no line break at their end.
-class RunView {
+class RunObserver {
  public:
-  virtual ~RunView() = default;
+  virtual ~RunObserver() = default;
   /// What is being done: "Now sorting ...". For the output box, each on a line of its own.
   virtual void Status(const std::string& text) = 0;
   /// What the user should know after the run too: a folder that could not be read.

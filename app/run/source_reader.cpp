@@ -41,11 +41,11 @@ class OneAnswerForAll {
 
 }  // namespace
 
-SourceReading::SourceReading(const RunRequest& request, const WordRules& rules, const RunServices& services,
-                             CountedRun& run, WordStream& stream)
+SourceReader::SourceReader(const RunRequest& request, const WordRules& rules, const RunServices& services,
+                           CountedRun& run, CorpusBuilder& stream)
     : request_(request), rules_(rules), services_(services), run_(run), stream_(stream) {}
 
-RunEnd SourceReading::DoItFromClipboard() {
+RunEnd SourceReader::DoItFromClipboard() {
   if (request_.Stream) return DoItFromStream();
   const std::string& text = request_.ClipboardText;
   if (!CheckClipboardText(text, services_.Messages, services_.Numbers) ||
@@ -61,7 +61,7 @@ RunEnd SourceReading::DoItFromClipboard() {
   return RunEnd::Counted;
 }
 
-RunEnd SourceReading::DoItFromStream() {
+RunEnd SourceReader::DoItFromStream() {
   StreamSource source(*request_.Stream, request_.StreamEncoding, services_.Yielder,
                       request_.Options.KeepPlaces ? &run_.KeptText : nullptr);
   const auto unread = source.ReadHead([this](uint64_t bytes) {
@@ -88,7 +88,7 @@ RunEnd SourceReading::DoItFromStream() {
   return RunEnd::Refused;
 }
 
-RunEnd SourceReading::DoItFromFile() {
+RunEnd SourceReader::DoItFromFile() {
   const std::string& input = run_.Facts.InputPath;
   const InputFileCode code = ValidateInputFile(services_.Files, input, run_.OutputPath);
   if (code != InputFileCode::Valid) {
@@ -110,7 +110,7 @@ RunEnd SourceReading::DoItFromFile() {
   return RunEnd::Refused;
 }
 
-bool SourceReading::ConfirmLargeInput() {
+bool SourceReader::ConfirmLargeInput() {
   if (!run_.OutputPath.empty()) return true;
   const auto size = services_.Files.FileSize(PathFromText(run_.Facts.InputPath));
   if (!size || *size < kLargeInputBytes) return true;
@@ -125,7 +125,7 @@ bool SourceReading::ConfirmLargeInput() {
   }
 }
 
-RunEnd SourceReading::DoItFromFolder() {
+RunEnd SourceReader::DoItFromFolder() {
   const std::string& folderText = run_.Facts.InputPath;
   if (!ValidatePatterns(request_.Selection, services_.Messages) ||
       !ValidateFolder(services_.Files, services_.Messages, folderText, run_.OutputPath,
@@ -133,7 +133,7 @@ RunEnd SourceReading::DoItFromFolder() {
     return RunEnd::Refused;
 
   const fs::path folder = PathFromText(folderText);
-  RunView& view = services_.View;
+  RunObserver& view = services_.View;
   RunProgress& progress = services_.Progress;
   FolderWalk walk(services_.Files, services_.Yielder, request_.Selection, request_.IncludeSubfolders);
   FolderEvents events;
@@ -183,7 +183,7 @@ RunEnd SourceReading::DoItFromFolder() {
   return RunEnd::Counted;
 }
 
-bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
+bool SourceReader::ReadFile(const fs::path& path, Kind kind) {
   OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
   const uint64_t size = opened.File ? opened.File->Size() : 0;
   services_.View.Sizes(opened.File ? FileSizeLabel(size, services_.Numbers) : "", "");
@@ -213,7 +213,7 @@ bool SourceReading::ReadFile(const fs::path& path, Kind kind) {
 }
 
 /// The plan for a file, and the label that goes with it once it is known.
-EncodingPlan SourceReading::PlanFor(const fs::path& path, const TextFacts& facts) {
+EncodingPlan SourceReader::PlanFor(const fs::path& path, const TextFacts& facts) {
   EncodingPlan plan = services_.Encodings.PlanFor(facts, PathToText(path), services_.Messages);
   if (plan.Settled) return plan;
   return EncodingPlan([this, confirm = std::move(plan.ConfirmUtf8)] {
@@ -223,7 +223,7 @@ EncodingPlan SourceReading::PlanFor(const fs::path& path, const TextFacts& facts
   });
 }
 
-void SourceReading::Tally(const TextReader& reader, SourceOrigin origin) {
+void SourceReader::Tally(const TextReader& reader, SourceOrigin origin) {
   origin.IsUtf8 = reader.ReadAs() == ReadAs::Utf8;
   stream_.DescribeSource(origin);
   EncodingCounts& counts = run_.Facts.Encodings;
@@ -241,7 +241,7 @@ void SourceReading::Tally(const TextReader& reader, SourceOrigin origin) {
   counts.IllFormed += reader.IllFormed();
 }
 
-bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
+bool SourceReader::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
   const uint64_t size = opened.File ? opened.File->Size() : 0;
   const int64_t modified = opened.File ? opened.File->Modified() : 0;
   std::string text;
@@ -259,7 +259,7 @@ bool SourceReading::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind
   return true;
 }
 
-bool SourceReading::RefuseDocx(const fs::path& path, int32_t fault, Kind kind) {
+bool SourceReader::RefuseDocx(const fs::path& path, int32_t fault, Kind kind) {
   const std::string shown = PathToText(path);
   const Message message = kind == Kind::Single ? DocxRefusal(fault, shown) : DocxFolderRefusal(fault, shown);
   if (!message.text.empty() && !docxFaultTold_) {
@@ -269,7 +269,7 @@ bool SourceReading::RefuseDocx(const fs::path& path, int32_t fault, Kind kind) {
   return kind == Kind::Single ? false : Skip(path, DocxSkipReason(fault));
 }
 
-void SourceReading::KeepExtractedText(const fs::path& path, std::string_view text) {
+void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text) {
   const auto error = WriteExtractedText(services_.Files, path, text);
   if (!error) return;
   if (extractionFaultTold_) {
@@ -280,7 +280,7 @@ void SourceReading::KeepExtractedText(const fs::path& path, std::string_view tex
   }
 }
 
-bool SourceReading::Refuse(const fs::path& path, const OpenedText& opened, Kind kind) {
+bool SourceReader::Refuse(const fs::path& path, const OpenedText& opened, Kind kind) {
   if (kind == Kind::OneOfMany) return Skip(path, SkipReason(opened.Facts.Code));
   const auto size = services_.Files.FileSize(path);
   services_.Messages.Show(
@@ -288,18 +288,18 @@ bool SourceReading::Refuse(const fs::path& path, const OpenedText& opened, Kind 
   return false;
 }
 
-void SourceReading::Note(const std::string& text) {
+void SourceReader::Note(const std::string& text) {
   services_.View.Notice(text);
   run_.Facts.Notices.push_back(text);
 }
 
-bool SourceReading::Skip(const fs::path& path, std::string_view reason) {
+bool SourceReader::Skip(const fs::path& path, std::string_view reason) {
   run_.Facts.SkippedFiles.push_back({PathToText(path), std::string(reason)});
   return false;
 }
 
-uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& markers, AfterStop afterStop) {
-  LineScanner<WordStream> scanner(rules_, markers, stream_);
+uint64_t SourceReader::FeedLines(TextReader& reader, const CommentMarkers& markers, AfterStop afterStop) {
+  LineScanner<CorpusBuilder> scanner(rules_, markers, stream_);
   scanner.BeginSource();
   RunProgress& progress = services_.Progress;
   uint32_t line = 0;
@@ -316,7 +316,7 @@ uint64_t SourceReading::FeedLines(TextReader& reader, const CommentMarkers& mark
   return scanner.TextBytes();
 }
 
-bool SourceReading::CommentMarkersAreSafe(const CommentMarkers& markers) const {
+bool SourceReader::CommentMarkersAreSafe(const CommentMarkers& markers) const {
   if (markers.Language != "C" && markers.Language != "PHP") return true;
   return CommentMarkersOK(rules_, services_.Messages);
 }

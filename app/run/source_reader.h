@@ -15,11 +15,11 @@ namespace korv {
 
 /// Feeds the texts of a run's source to its stream. One object per run; every way of reading ends soon
 /// after a stop, with what has been read until then.
-class SourceReading {
+class SourceReader {
  public:
   /// `rules` has its AllowedExtraChars. Everything must outlive the object.
-  SourceReading(const RunRequest& request, const WordRules& rules, const RunServices& services,
-                CountedRun& run, WordStream& stream);
+  SourceReader(const RunRequest& request, const WordRules& rules, const RunServices& services,
+               CountedRun& run, CorpusBuilder& stream);
 
   /// The clipboard's text, or the stream that takes its place. Counted, Refused, or Stopped
   /// before there was any text.
@@ -60,7 +60,7 @@ class SourceReading {
   const WordRules& rules_;
   const RunServices& services_;
   CountedRun& run_;
-  WordStream& stream_;
+  CorpusBuilder& stream_;
   bool docxFaultTold_ = false;
   bool extractionFaultTold_ = false;
 };

@@ -189,7 +189,7 @@ class frmMain final : public QMainWindow, public FrmMainControls {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  class WindowRunView;
+  class WindowRunObserver;
   class BoxContents;
   /// The window is in its running state for as long as this lives.
   class RunGuard {

@@ -64,7 +64,7 @@ void frmMain::ShowResult() {
   if (!inSight) {
     HideCounts();
   } else {
-    const RunFacts& facts = result_->Run.Facts;
+    const RunSummary& facts = result_->Run.Facts;
     ShowCounts(facts.Options.SourceKind == TextSource::Folder ? facts.FilesScanned : 0, facts.Words.Taken,
                result_->Run.Table.PhraseCount());
     const std::string encoding = EncodingText(facts, desktop_.numbers);

@@ -57,9 +57,9 @@ int ProgressValue(const RunProgress& progress) {
 }  // namespace
 
 /// What a run shows, in the window's controls.
-class frmMain::WindowRunView final : public RunView {
+class frmMain::WindowRunObserver final : public RunObserver {
  public:
-  explicit WindowRunView(frmMain& main) : main_(main) {}
+  explicit WindowRunObserver(frmMain& main) : main_(main) {}
 
   void Status(const std::string& text) override {
     // The counting has begun. A box full of the last result would take nothing of what is to be told now.
@@ -125,7 +125,7 @@ RunRequest frmMain::GatherRunRequest() const {
   RunRequest request;
   request.Options = RunOptionsOf(settings);
   request.Rules = settings.Words;
-  request.Lists = params_->GatherListEntries(settings.Words);
+  request.Lists = params_->GatherWordFilterSpec(settings.Words);
   request.InputPath = settings.SourceKind == TextSource::Folder ? settings.Folder : settings.InputFile;
   if (!settings.DisableOutputToFile) request.OutputPath = settings.OutputFile;
   request.Selection = {.Patterns = SplitPatterns(settings.FilePatterns),
@@ -138,7 +138,7 @@ RunRequest frmMain::GatherRunRequest() const {
 }
 
 void frmMain::cmdCountPhrases_Click() {
-  WindowRunView view(*this);
+  WindowRunObserver view(*this);
   if (running_) {
     AskToStop(desktop_.messages, desktop_.yielder, view);
     return;
@@ -321,7 +321,7 @@ std::optional<std::string> frmMain::ConfirmedOutputPath() {
 }
 
 bool frmMain::OutputIsSource(const std::string& path) {
-  const RunFacts& facts = result_->Run.Facts;
+  const RunSummary& facts = result_->Run.Facts;
   switch (facts.Options.SourceKind) {
     case TextSource::Clipboard:
       return false;

@@ -86,7 +86,7 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void GatherWordFiles(Settings& settings) const;
   void ApplyWordFiles(const Settings& settings);
   /// The lists of a run, from the loaded files and the typed words.
-  ListEntries GatherListEntries(const WordRules& rules) const;
+  WordFilterSpec GatherWordFilterSpec(const WordRules& rules) const;
   /// Whether any word to ignore is in force.
   bool HasWordsToIgnore() const;
 

@@ -264,14 +264,14 @@ void frmParams::cmdClearWordsToIgnoreOrCount_Click() {
   main_.SetWordsToIgnoreNotice();
 }
 
-ListEntries frmParams::GatherListEntries(const WordRules& rules) const {
+WordFilterSpec frmParams::GatherWordFilterSpec(const WordRules& rules) const {
   const auto loaded = [this](ListKind kind) {
     const auto& list = loaded_[static_cast<size_t>(kind)];
     return list ? &*list : nullptr;
   };
-  return MakeListEntries(loaded(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
-                         chkPatternMatchingInWordsToIgnoreFile->isChecked(), loaded(ListKind::CountOnly),
-                         TypedOf(ListKind::CountOnly), rules);
+  return MakeWordFilterSpec(loaded(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
+                            chkPatternMatchingInWordsToIgnoreFile->isChecked(), loaded(ListKind::CountOnly),
+                            TypedOf(ListKind::CountOnly), rules);
 }
 
 bool frmParams::HasWordsToIgnore() const {

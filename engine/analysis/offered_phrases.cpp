@@ -13,7 +13,7 @@ namespace {
 /// What becomes of the phrases that begin at one word.
 class Place {
  public:
-  Place(const PhraseTableData& data, const Acceptance& accepted, OfferedPhrases& offered)
+  Place(const PhraseTableData& data, const CountRule& accepted, OfferedPhrases& offered)
       : data_(data), accepted_(accepted), offered_(offered) {}
 
   void Look(const WordNumber* first) {
@@ -40,7 +40,7 @@ class Place {
   }
 
   const PhraseTableData& data_;
-  const Acceptance& accepted_;
+  const CountRule& accepted_;
   OfferedPhrases& offered_;
   std::string scratch_;
 };
@@ -52,7 +52,7 @@ bool FindOfferedPhrases(const PhraseTable& table, Yielder& yielder, OfferedPhras
   const PhraseTableData& data = table.Data();
   if (data.Corpus.Lists == nullptr) return true;
   bool stopped = false;
-  const Acceptance accepted(data, yielder, stopped);
+  const CountRule accepted(data, yielder, stopped);
   if (stopped) return false;
   Place place(data, accepted, offered);
   for (const WordNumber& word : data.Corpus.Tokens) {

@@ -45,7 +45,7 @@ struct CorpusSource {
 struct Corpus {
   WordRules Rules;
   RunOptions Options;
-  const RunLists* Lists = nullptr;  ///< Not owned.
+  const WordFilters* Lists = nullptr;  ///< Not owned.
 
   Vocabulary Words;
   std::vector<WordNumber> Tokens;

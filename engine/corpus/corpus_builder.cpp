@@ -9,20 +9,20 @@
 
 namespace korv {
 
-WordStream::WordStream(const WordRules& rules, const RunOptions& options, const RunLists& lists) {
+CorpusBuilder::CorpusBuilder(const WordRules& rules, const RunOptions& options, const WordFilters& lists) {
   corpus_.Rules = rules;
   corpus_.Options = options;
   corpus_.Lists = &lists;
   corpus_.Tokens.push_back(kNoWord);
 }
 
-void WordStream::BeginSource(const std::filesystem::path& path) {
+void CorpusBuilder::BeginSource(const std::filesystem::path& path) {
   ResetPhrases();
   corpus_.Sources.push_back({path, corpus_.Tokens.size(), counts_.Taken, {}});
   corpus_.Lines.BeginSource();
 }
 
-void WordStream::TakeWord(std::string_view word) {
+void CorpusBuilder::TakeWord(std::string_view word) {
   // Too long to be counted whatever its characters are; such things are not worth remembering.
   constexpr size_t kMostBytesOfCharacter = 4;
   if (word.size() > static_cast<size_t>(corpus_.Rules.LongWordSize) * kMostBytesOfCharacter)
@@ -32,11 +32,11 @@ void WordStream::TakeWord(std::string_view word) {
   Feed(verdicts_[cut]);
 }
 
-void WordStream::GetWords2(std::string_view word) {
+void CorpusBuilder::GetWords2(std::string_view word) {
   Feed(Admit(word));
 }
 
-WordNumber WordStream::Judge(std::string_view word) {
+WordNumber CorpusBuilder::Judge(std::string_view word) {
   if (const auto reason = DroppedByForm(word, corpus_.Rules)) return Dropped(*reason);
   const std::string folded = corpus_.Rules.CaseSignificant ? std::string(word) : FoldCase(word);
   if (corpus_.Options.IgnoreMode == IgnoreRule::Remove && corpus_.Lists->IsWordToIgnore(folded))
@@ -44,7 +44,7 @@ WordNumber WordStream::Judge(std::string_view word) {
   return Admit(folded);
 }
 
-WordNumber WordStream::Admit(std::string_view word) {
+WordNumber CorpusBuilder::Admit(std::string_view word) {
   if (corpus_.Rules.Only7bitASCII && !Is7bit(word)) return Dropped(DropReason::Not7bit);
   // Asked here and not of every phrase: no phrase can hold the word or go past it.
   if (corpus_.Options.IgnoreMode == IgnoreRule::ExcludeWith && corpus_.Lists->IsWordToIgnore(word))
@@ -52,7 +52,7 @@ WordNumber WordStream::Admit(std::string_view word) {
   return corpus_.Words.Number(word);
 }
 
-void WordStream::Feed(WordNumber verdict) {
+void CorpusBuilder::Feed(WordNumber verdict) {
   if (verdict > kEndsPhrase) {
     ++counts_.DroppedBy[verdict - kEndsPhrase - 1];
     return;
@@ -64,7 +64,7 @@ void WordStream::Feed(WordNumber verdict) {
     corpus_.Tokens.push_back(verdict);
 }
 
-Corpus WordStream::TakeCorpus() && {
+Corpus CorpusBuilder::TakeCorpus() && {
   if (corpus_.Tokens.size() > std::numeric_limits<uint32_t>::max() - kTrailingEnds)
     throw std::length_error("The text has more than four thousand million words.");
   corpus_.Tokens.insert(corpus_.Tokens.end(), kTrailingEnds, kNoWord);

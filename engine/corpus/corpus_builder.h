@@ -24,13 +24,13 @@ namespace korv {
 /// a row without kNoWord between them. Costs 4 bytes per word of text and one look-up per word; the rules
 /// that look at a word's letters are applied once per distinct word.
 ///
-///   WordStream stream(rules, options, lists);
+///   CorpusBuilder stream(rules, options, lists);
 ///   stream.BeginSource("a.txt");
 ///   stream.TakeWord("The"); stream.TakeWord("cat"); stream.ResetPhrases();
-class WordStream {
+class CorpusBuilder {
  public:
   /// Keeps copies of rules and options; `lists` must outlive the stream and its counting.
-  WordStream(const WordRules& rules, const RunOptions& options, const RunLists& lists);
+  CorpusBuilder(const WordRules& rules, const RunOptions& options, const WordFilters& lists);
 
   /// Starts a file (or the clipboard, with an empty path): empties the phrase buffers. Phrases from here
   /// on belong to that file.

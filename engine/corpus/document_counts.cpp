@@ -6,7 +6,7 @@
 
 namespace korv {
 
-void FileTallies::Add(uint32_t fileNumber) {
+void DocumentCounts::Add(uint32_t fileNumber) {
   if (tallies_.size() == kMostFiles) return;
   if (tallies_.empty() || tallies_.back().FileNumber != fileNumber)
     tallies_.push_back({fileNumber, 1});
@@ -14,13 +14,13 @@ void FileTallies::Add(uint32_t fileNumber) {
     ++tallies_.back().Count;
 }
 
-std::string FileTallies::FileNumbers() const {
+std::string DocumentCounts::FileNumbers() const {
   std::string digits;
   for (const Tally& t : tallies_) fmt::format_to(std::back_inserter(digits), "{:05}", t.FileNumber);
   return digits;
 }
 
-std::string FileTallies::FileCounts() const {
+std::string DocumentCounts::FileCounts() const {
   std::string digits;
   for (const Tally& t : tallies_) fmt::format_to(std::back_inserter(digits), "{:05}", t.Count);
   return digits;

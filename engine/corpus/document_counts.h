@@ -7,7 +7,7 @@
 namespace korv {
 
 /// In which files a phrase occurs and how often in each, with the two limits that reports rely on.
-class FileTallies {
+class DocumentCounts {
  public:
   static constexpr uint32_t kMostFiles = 10000;
   static constexpr uint32_t kMostPerFile = 99999;

@@ -15,7 +15,7 @@ bool IsShortEnough(const Corpus& corpus, std::span<const WordNumber> phrase) {
 /// Whether the lists let the phrase count wherever it stands, so that no place of it is missing. Entries for
 /// whole phrases leave no place out: what they say of a phrase says nothing of those that begin with it.
 bool ListsAdmit(const Corpus& corpus, std::span<const WordNumber> phrase) {
-  const RunLists& lists = *corpus.Lists;
+  const WordFilters& lists = *corpus.Lists;
   if (lists.HasCountOnlyPhrases()) return true;
   const auto text = [&](WordNumber word) { return corpus.Words.Text(word); };
   if (corpus.Options.IgnoreMode == IgnoreRule::ExcludeAll && lists.HasWordsToIgnore() &&

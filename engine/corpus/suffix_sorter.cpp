@@ -25,15 +25,15 @@ void InsertionSort(Suffix* a, size_t n) {
 
 }  // namespace
 
-SuffixOrder::SuffixOrder(std::span<const WordNumber> numbers, uint32_t vocabularySize, int maxWords,
-                         const Yielder& yielder)
+SuffixSorter::SuffixSorter(std::span<const WordNumber> numbers, uint32_t vocabularySize, int maxWords,
+                           const Yielder& yielder)
     : numbers_(numbers),
       maxWords_(maxWords),
       yielder_(yielder),
       wordBits_(std::max(1, static_cast<int>(std::bit_width(vocabularySize)))),
       wordsPerKey_(std::min(64 / wordBits_, 8)) {}
 
-void SuffixOrder::Sort(std::span<const uint32_t> positions) {
+void SuffixSorter::Sort(std::span<const uint32_t> positions) {
   const size_t n = positions.size();
   suffixes_.resize(n);
   shared_.assign(n, 1);
@@ -54,7 +54,7 @@ void SuffixOrder::Sort(std::span<const uint32_t> positions) {
   ShareWithin(0, n, 1);
 }
 
-uint64_t SuffixOrder::KeyAt(uint32_t position, int depth) const {
+uint64_t SuffixSorter::KeyAt(uint32_t position, int depth) const {
   const int words = std::min(wordsPerKey_, maxWords_ - depth);
   const WordNumber* text = numbers_.data() + position + depth;
   uint64_t key = 0;
@@ -64,7 +64,7 @@ uint64_t SuffixOrder::KeyAt(uint32_t position, int depth) const {
   return missing < 64 ? key << missing : 0;
 }
 
-void SuffixOrder::SortFrom(size_t begin, size_t end, int depth) {
+void SuffixSorter::SortFrom(size_t begin, size_t end, int depth) {
   if (yielder_.Stopped()) return;
   if (end - begin == 2) return SortPair(begin, depth);
   for (size_t i = begin; i < end; ++i) {
@@ -77,7 +77,7 @@ void SuffixOrder::SortFrom(size_t begin, size_t end, int depth) {
   ShareWithin(begin, end, depth);
 }
 
-void SuffixOrder::SortPair(size_t begin, int depth) {
+void SuffixSorter::SortPair(size_t begin, int depth) {
   const WordNumber* a = numbers_.data() + suffixes_[begin].Position;
   const WordNumber* b = numbers_.data() + suffixes_[begin + 1].Position;
   int k = depth;
@@ -87,7 +87,7 @@ void SuffixOrder::SortPair(size_t begin, int depth) {
 }
 
 // The run is in order of its keys, which hold the words from `depth` on.
-void SuffixOrder::ShareWithin(size_t begin, size_t end, int depth) {
+void SuffixSorter::ShareWithin(size_t begin, size_t end, int depth) {
   const int unused = 64 - wordsPerKey_ * wordBits_;
   const uint64_t lastWord = (uint64_t{1} << wordBits_) - 1;
   const int reached = std::min(depth + wordsPerKey_, maxWords_);
@@ -116,7 +116,7 @@ void SuffixOrder::ShareWithin(size_t begin, size_t end, int depth) {
   }
 }
 
-void SuffixOrder::SortByKey(Suffix* a, Suffix* spare, size_t n) {
+void SuffixSorter::SortByKey(Suffix* a, Suffix* spare, size_t n) {
   if (n <= kShortRun) return InsertionSort(a, n);
   if (yielder_.Stopped()) return;
   uint64_t different = 0;

@@ -24,12 +24,12 @@ struct Suffix {
 /// with the same first word is sorted by the next three words in one go (most significant digit first,
 /// short runs by insertion), and only runs that agree in all of them are looked at again. Expected time
 /// is proportional to the number of places. Each thread uses an object of its own.
-class SuffixOrder {
+class SuffixSorter {
  public:
   /// `numbers` ends with kMostWords + 1 times kNoWord and outlives the object; `vocabularySize` bounds its
   /// values. Sorting goes no deeper than `maxWords`.
-  SuffixOrder(std::span<const WordNumber> numbers, uint32_t vocabularySize, int maxWords,
-              const Yielder& yielder);
+  SuffixSorter(std::span<const WordNumber> numbers, uint32_t vocabularySize, int maxWords,
+               const Yielder& yielder);
 
   /// Sorts the places, which all start with the same word. After a stop the result is of no use.
   void Sort(std::span<const uint32_t> positions);

@@ -56,7 +56,7 @@ struct Starts {
 /// Goes through the text from its end, as everything that bounds a phrase lies behind its start.
 class StartFinder {
  public:
-  StartFinder(PhraseTableData& data, const Acceptance& accepted, Starts& starts)
+  StartFinder(PhraseTableData& data, const CountRule& accepted, Starts& starts)
       : data_(data), accepted_(accepted), starts_(starts) {}
 
   bool Find(Yielder& yielder) {
@@ -153,7 +153,7 @@ class StartFinder {
   }
 
   PhraseTableData& data_;
-  const Acceptance& accepted_;
+  const CountRule& accepted_;
   Starts& starts_;
 };
 
@@ -187,7 +187,7 @@ void Empty(PhraseTableData& data) {
 
 }  // namespace
 
-void TakeText(WordStream&& stream, PhraseTable& table) {
+void TakeText(CorpusBuilder&& stream, PhraseTable& table) {
   table = PhraseTable();
   table.Data().Corpus = std::move(stream).TakeCorpus();
 }
@@ -195,7 +195,7 @@ void TakeText(WordStream&& stream, PhraseTable& table) {
 bool HoldsPhrase(PhraseTable& table, Yielder& yielder) {
   const PhraseTableData& data = table.Data();
   bool stopped = false;
-  const Acceptance accepted(data, yielder, stopped);
+  const CountRule accepted(data, yielder, stopped);
   if (stopped) return true;
   std::string scratch;
   for (size_t i = 0; i < data.Corpus.Tokens.size(); ++i) {
@@ -220,7 +220,7 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
   if (!RankText(data, yielder)) return false;
 
   bool stopped = false;
-  const Acceptance accepted(data, yielder, stopped);
+  const CountRule accepted(data, yielder, stopped);
   if (stopped) return false;
   Starts starts;
   StartFinder finder(data, accepted, starts);
@@ -235,7 +235,7 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
   const std::vector<WordNumber> firsts = Tasks(starts, data.Corpus.Words.Size());
   const size_t tasks = firsts.size() - 1;
   std::vector<Found> found(tasks);
-  std::vector<std::unique_ptr<SuffixOrder>> orders(WorkerCount());
+  std::vector<std::unique_ptr<SuffixSorter>> orders(WorkerCount());
   std::atomic<uint64_t> occurrences{0};
   std::atomic<uint64_t> differentBefore{0};
 
@@ -250,9 +250,9 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
   const bool finished = RunTasks(tasks, TooFew(data), yielder, [&](size_t task, size_t worker) {
     if (!orders[worker])
       orders[worker] =
-          std::make_unique<SuffixOrder>(std::span<const WordNumber>(data.Corpus.Tokens),
-                                        data.Corpus.Words.Size(), data.Corpus.Options.MaxWords, yielder);
-    SuffixOrder& order = *orders[worker];
+          std::make_unique<SuffixSorter>(std::span<const WordNumber>(data.Corpus.Tokens),
+                                         data.Corpus.Words.Size(), data.Corpus.Options.MaxWords, yielder);
+    SuffixSorter& order = *orders[worker];
     PhraseSweep sweep(context);
     uint64_t inTask = 0;
     for (WordNumber word = firsts[task + 1]; word-- > firsts[task];) {

@@ -8,7 +8,7 @@ namespace korv {
 
 /// Hands the text of a run over to an empty table, with the run's options and lists (which must outlive
 /// the counting). The stream is used up.
-void TakeText(WordStream&& stream, PhraseTable& table);
+void TakeText(CorpusBuilder&& stream, PhraseTable& table);
 
 /// Whether the table's text holds a phrase that would be counted; true as well when stopped before that is
 /// known. Mostly known after a few words; proportional to the text where nothing counts.

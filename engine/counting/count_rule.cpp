@@ -6,7 +6,7 @@
 
 namespace korv {
 
-Acceptance::Acceptance(const PhraseTableData& data, Yielder& yielder, bool& stopped)
+CountRule::CountRule(const PhraseTableData& data, Yielder& yielder, bool& stopped)
     : data_(data),
       excludeAll_(data.Corpus.Options.IgnoreMode == IgnoreRule::ExcludeAll &&
                   data.Corpus.Lists->HasWordsToIgnore()),
@@ -29,7 +29,7 @@ Acceptance::Acceptance(const PhraseTableData& data, Yielder& yielder, bool& stop
   });
 }
 
-int Acceptance::FirstLength(const WordNumber* first, int most) const {
+int CountRule::FirstLength(const WordNumber* first, int most) const {
   int length = 1;
   if (excludeAll_) {
     int ignored = 0;
@@ -44,7 +44,7 @@ int Acceptance::FirstLength(const WordNumber* first, int most) const {
   return length;
 }
 
-bool Acceptance::Accepts(const WordNumber* first, int words, std::string& scratch) const {
+bool CountRule::Accepts(const WordNumber* first, int words, std::string& scratch) const {
   if (AcceptsAll() || FirstLength(first, words) <= words) return true;
   if (!byPhrase_) return false;
   if (excludeAll_ && std::all_of(first, first + words, [this](WordNumber w) { return IsWordToIgnore(w); }))

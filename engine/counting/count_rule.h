@@ -14,10 +14,10 @@ namespace korv {
 ///
 /// Without entries for whole phrases the answer grows with the phrase: where a phrase counts, every longer
 /// one from the same place does. FirstLength() is then all there is to know of a place.
-class Acceptance {
+class CountRule {
  public:
   /// Asks the lists once per distinct word, on all threads. False in `stopped` when that was not finished.
-  Acceptance(const PhraseTableData& data, Yielder& yielder, bool& stopped);
+  CountRule(const PhraseTableData& data, Yielder& yielder, bool& stopped);
 
   /// No list decides anything: every phrase counts.
   bool AcceptsAll() const { return !excludeAll_ && !countOnly_; }

@@ -37,9 +37,9 @@ uint64_t OfWord(WordNumber word) {
 }
 
 /// A set that may say yes to what it does not hold, one time in some tens. Any thread may add.
-class LikelySet {
+class BloomFilter {
  public:
-  explicit LikelySet(size_t members) : bits_(std::bit_ceil(members * 8 + 64) / 64) {}
+  explicit BloomFilter(size_t members) : bits_(std::bit_ceil(members * 8 + 64) / 64) {}
   /// Whether it may have been there before.
   bool Add(uint64_t hash) {
     const uint64_t mask = Mask(hash);
@@ -187,10 +187,10 @@ class Containment {
       suffixFamily_[w] = OfWord(affixes_->SuffixFamily(w));
       prefixFamily_[w] = OfWord(affixes_->PrefixFamily(w));
     }
-    families_ = std::make_unique<LikelySet>(listed_.size());
-    largeFamilies_ = std::make_unique<LikelySet>(listed_.size() / 2);
-    halves_ = std::make_unique<LikelySet>(listed_.size());
-    largeHalves_ = std::make_unique<LikelySet>(listed_.size() / 2);
+    families_ = std::make_unique<BloomFilter>(listed_.size());
+    largeFamilies_ = std::make_unique<BloomFilter>(listed_.size() / 2);
+    halves_ = std::make_unique<BloomFilter>(listed_.size());
+    largeHalves_ = std::make_unique<BloomFilter>(listed_.size() / 2);
     phrases_.Reserve(listed_.size());
   }
 
@@ -313,10 +313,10 @@ class Containment {
     };
 
     // A phrase is of its own family and half: only those with another member are worth the next question.
-    const LikelySet& FamiliesFor(const Question& q) const {
+    const BloomFilter& FamiliesFor(const Question& q) const {
       return q.IsPhrase ? *all_.largeFamilies_ : *all_.families_;
     }
-    const LikelySet& HalvesFor(const Question& q) const {
+    const BloomFilter& HalvesFor(const Question& q) const {
       return q.IsPhrase && q.First == q.Run[0] ? *all_.largeHalves_ : *all_.halves_;
     }
 
@@ -378,10 +378,10 @@ class Containment {
   std::vector<bool> isFirst_;   ///< Per word: a listed phrase begins with it.
   std::vector<bool> isLast_;    ///< Per word: a listed phrase ends with it.
   EntryTable phrases_;          ///< The listed entries by words and count.
-  std::unique_ptr<LikelySet> families_;
-  std::unique_ptr<LikelySet> largeFamilies_;  ///< Those of two phrases and more.
-  std::unique_ptr<LikelySet> halves_;
-  std::unique_ptr<LikelySet> largeHalves_;
+  std::unique_ptr<BloomFilter> families_;
+  std::unique_ptr<BloomFilter> largeFamilies_;  ///< Those of two phrases and more.
+  std::unique_ptr<BloomFilter> halves_;
+  std::unique_ptr<BloomFilter> largeHalves_;
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace korv {
 
-std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const Acceptance& accepted,
+std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const CountRule& accepted,
                                          std::span<const uint8_t> mostWords, bool onCallingThread,
                                          Yielder& yielder) {
   constexpr size_t kTask = size_t{1} << 14;

@@ -14,7 +14,7 @@ namespace korv {
 /// have more than kMostPhraseCharacters, where entries for whole phrases decide. `mostWords`: per number of
 /// the text, most words of a phrase there that is short enough. Asks the lists once per such occurrence, on
 /// all threads. Empty when stopped.
-std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const Acceptance& accepted,
+std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const CountRule& accepted,
                                          std::span<const uint8_t> mostWords, bool onCallingThread,
                                          Yielder& yielder);
 

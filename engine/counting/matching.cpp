@@ -36,7 +36,7 @@ std::string PhrasePattern(std::string_view entry) {
   return pattern;
 }
 
-bool MarkListedWords(std::string_view phrase, IgnoreRule mode, const RunLists& lists,
+bool MarkListedWords(std::string_view phrase, IgnoreRule mode, const WordFilters& lists,
                      std::vector<bool>& flags) {
   flags.clear();
   for (size_t at = 0;;) {
@@ -57,7 +57,7 @@ bool MarkListedWords(std::string_view phrase, IgnoreRule mode, const RunLists& l
   return true;
 }
 
-std::string StripPhrase(std::string_view phrase, const RunLists& lists) {
+std::string StripPhrase(std::string_view phrase, const WordFilters& lists) {
   constexpr std::string_view kSeparators = "+ ";
   std::string stripped;
   for (size_t at = 0; at < phrase.size();) {

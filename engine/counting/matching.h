@@ -10,8 +10,8 @@
 
 namespace korv {
 
-/// The four matching rules one phrase or pattern at a time. The counting run asks RunLists, which gives the
-/// same answers with everything compiled beforehand.
+/// The four matching rules one phrase or pattern at a time. The counting run asks WordFilters, which gives
+/// the same answers with everything compiled beforehand.
 
 /// Whether `text` matches `pattern` (see Pattern). Compiles the pattern: for single questions.
 bool MatchPattern(std::string_view text, std::string_view pattern, char anyRun, char anyChar,
@@ -29,11 +29,11 @@ std::string PhrasePattern(std::string_view entry);
 
 /// Sets a flag for each word of `phrase` (joined by "+"): whether it is on the words-to-ignore list. Says
 /// whether the phrase counts in `mode`. Without a list in force every phrase does.
-bool MarkListedWords(std::string_view phrase, IgnoreRule mode, const RunLists& lists,
+bool MarkListedWords(std::string_view phrase, IgnoreRule mode, const WordFilters& lists,
                      std::vector<bool>& flags);
 
 /// `phrase` (words joined by "+" or blanks) without its words to ignore, the rest joined by single blanks;
 /// empty when nothing is left.
-std::string StripPhrase(std::string_view phrase, const RunLists& lists);
+std::string StripPhrase(std::string_view phrase, const WordFilters& lists);
 
 }  // namespace korv

@@ -14,7 +14,7 @@ namespace korv {
 /// What one sweep needs of the run.
 struct SweepContext {
   const PhraseTableData* Data;
-  const Acceptance* Accepted;
+  const CountRule* Accepted;
   const Yielder* Stop;
   /// Per index of Data->Corpus.Tokens: most words of a phrase that starts there.
   const uint8_t* MostWords;

@@ -117,9 +117,9 @@ std::span<const uint32_t> PhraseTable::Places(PhraseIndex i) const {
   return std::span(places).subspan(entry.Slice, entry.Count);
 }
 
-FileTallies PhraseTable::Files(PhraseIndex i) const {
+DocumentCounts PhraseTable::Files(PhraseIndex i) const {
   if (!data_->Tallies.empty()) return data_->Tallies[Entry(*data_, i).Slice];
-  FileTallies tallies;
+  DocumentCounts tallies;
   if (data_->FileNumberOfSource.empty()) return tallies;
   const std::span<const uint32_t> places = Places(i);
   std::vector<uint32_t> files(places.size());

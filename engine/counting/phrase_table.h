@@ -101,7 +101,7 @@ class PhraseTable {
 
   // ---- Folder runs: the files that a phrase occurs in. Cost: its number of occurrences.
 
-  FileTallies Files(PhraseIndex i) const;
+  DocumentCounts Files(PhraseIndex i) const;
   uint32_t FileCount(PhraseIndex i) const;
   /// The files that contributed a phrase, in reading order; file number 1 is the first.
   const std::vector<std::filesystem::path>& FilePaths() const;

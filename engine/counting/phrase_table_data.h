@@ -51,7 +51,7 @@ struct PhraseTableData {
   // Filling one phrase at a time; over once the entries are sorted.
   bool ForWordList = false;
   std::unordered_map<std::string, PhraseIndex> IndexOfText;
-  std::vector<FileTallies> Tallies;
+  std::vector<DocumentCounts> Tallies;
   std::filesystem::path CurrentFile;
   bool CurrentFileNumbered = false;
   mutable std::vector<PhraseIndex> ByText;  ///< Entries in descending order of Text; empty when outdated.

@@ -8,7 +8,7 @@
 
 namespace korv {
 
-struct RunLists::Lists {
+struct WordFilters::Lists {
   explicit Lists(bool caseSignificant)
       : Ignore(caseSignificant), CountOnlyWords(caseSignificant), CountOnlyPhrases(caseSignificant) {}
 
@@ -16,7 +16,7 @@ struct RunLists::Lists {
   bool HasCountOnly = false;
   PatternSet Ignore;
   PatternSet CountOnlyWords;
-  PhraseEntries CountOnlyPhrases;
+  PhrasePatterns CountOnlyPhrases;
 };
 
 namespace {
@@ -36,7 +36,8 @@ std::string FoldedPart(std::string_view part) {
   return FoldOutsideBrackets(part);
 }
 
-void AddCountOnly(PatternSet& words, PhraseEntries& phrases, const std::string& entry, bool caseSignificant) {
+void AddCountOnly(PatternSet& words, PhrasePatterns& phrases, const std::string& entry,
+                  bool caseSignificant) {
   std::vector<std::string> pieces;
   for (const std::string_view piece : SplitOutsideBrackets(entry, ' '))
     if (!piece.empty()) pieces.emplace_back(piece);
@@ -56,9 +57,10 @@ void AddCountOnly(PatternSet& words, PhraseEntries& phrases, const std::string& 
 
 }  // namespace
 
-RunLists::RunLists() = default;
+WordFilters::WordFilters() = default;
 
-RunLists::RunLists(const ListEntries& entries) : lists_(std::make_unique<Lists>(entries.CaseSignificant)) {
+WordFilters::WordFilters(const WordFilterSpec& entries)
+    : lists_(std::make_unique<Lists>(entries.CaseSignificant)) {
   Lists& lists = *lists_;
   const bool all = entries.PatternMatchingInWordsToIgnoreFile;
   for (const std::string& word : entries.FileWordsToIgnore) AddOneWord(lists.Ignore, word, all);
@@ -73,31 +75,31 @@ RunLists::RunLists(const ListEntries& entries) : lists_(std::make_unique<Lists>(
   lists.HasCountOnly = !entries.CountOnly.empty();
 }
 
-RunLists::~RunLists() = default;
-RunLists::RunLists(RunLists&&) noexcept = default;
-RunLists& RunLists::operator=(RunLists&&) noexcept = default;
+WordFilters::~WordFilters() = default;
+WordFilters::WordFilters(WordFilters&&) noexcept = default;
+WordFilters& WordFilters::operator=(WordFilters&&) noexcept = default;
 
-bool RunLists::HasWordsToIgnore() const {
+bool WordFilters::HasWordsToIgnore() const {
   return lists_ && lists_->HasIgnore;
 }
 
-bool RunLists::IsWordToIgnore(std::string_view word) const {
+bool WordFilters::IsWordToIgnore(std::string_view word) const {
   return HasWordsToIgnore() && lists_->Ignore.Matches(FoldCase(word));
 }
 
-bool RunLists::HasCountOnly() const {
+bool WordFilters::HasCountOnly() const {
   return lists_ && lists_->HasCountOnly;
 }
 
-bool RunLists::IsCountOnlyWord(std::string_view word) const {
+bool WordFilters::IsCountOnlyWord(std::string_view word) const {
   return HasCountOnly() && lists_->CountOnlyWords.Matches(FoldCase(word));
 }
 
-bool RunLists::HasCountOnlyPhrases() const {
+bool WordFilters::HasCountOnlyPhrases() const {
   return lists_ && !lists_->CountOnlyPhrases.Empty();
 }
 
-bool RunLists::IsCountOnlyPhrase(std::string_view phrase) const {
+bool WordFilters::IsCountOnlyPhrase(std::string_view phrase) const {
   return HasCountOnlyPhrases() && lists_->CountOnlyPhrases.Matches(phrase);
 }
 

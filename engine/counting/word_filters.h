@@ -8,7 +8,7 @@
 namespace korv {
 
 /// What the lists of one run hold. Texts are UTF-8 in NFC with typographic apostrophes already replaced.
-struct ListEntries {
+struct WordFilterSpec {
   std::vector<std::string> FileWordsToIgnore;   ///< As read: lower-cased words, in file order.
   std::vector<std::string> TypedWordsToIgnore;  ///< As typed, split at blanks outside angle brackets.
   /// Patterns in the file count as patterns; every words-to-ignore entry then goes through MatchPattern.
@@ -22,13 +22,13 @@ struct ListEntries {
 /// Setting up costs a compilation per pattern. A word costs a look-up among the plain words and a test of
 /// those patterns that it could match (see pattern_set.h), so ask once per distinct word and remember.
 /// Everything const may be called from several threads at once.
-class RunLists {
+class WordFilters {
  public:
-  RunLists();  ///< No lists: nothing is ignored, everything is counted.
-  explicit RunLists(const ListEntries& entries);
-  ~RunLists();
-  RunLists(RunLists&&) noexcept;
-  RunLists& operator=(RunLists&&) noexcept;
+  WordFilters();  ///< No lists: nothing is ignored, everything is counted.
+  explicit WordFilters(const WordFilterSpec& entries);
+  ~WordFilters();
+  WordFilters(WordFilters&&) noexcept;
+  WordFilters& operator=(WordFilters&&) noexcept;
 
   /// Whether a words-to-ignore list with at least one entry is in force.
   bool HasWordsToIgnore() const;

@@ -49,13 +49,13 @@ bool Pattern::MatchesFolded(std::string_view text, std::string_view folded) cons
   return std::holds_alternative<Everything>(form_);
 }
 
-std::vector<Fragment> Pattern::Needs() const {
+std::vector<RequiredLiteral> Pattern::Needs() const {
   if (const auto* wildcard = std::get_if<Wildcard>(&form_)) {
-    Fragment needed = FragmentOfWildcard(wildcard->Signs());
+    RequiredLiteral needed = RequiredLiteralOfWildcard(wildcard->Signs());
     if (!needed.Text.empty()) return {std::move(needed)};
   }
   if (const auto* expression = std::get_if<Expression>(&form_))
-    return FragmentsOfExpression(expression->Source, caseSignificant_);
+    return RequiredLiteralsOfExpression(expression->Source, caseSignificant_);
   return {};
 }
 

@@ -13,16 +13,16 @@ void PatternSet::AddPattern(std::string_view text) {
     return;
   }
   const auto number = static_cast<uint32_t>(patterns_.size());
-  const std::vector<Fragment> needed = pattern.Needs();
+  const std::vector<RequiredLiteral> needed = pattern.Needs();
   patterns_.push_back(std::move(pattern));
   if (needed.empty()) always_.push_back(number);
-  for (const Fragment& fragment : needed) Shelve(number, fragment);
+  for (const RequiredLiteral& fragment : needed) Shelve(number, fragment);
 }
 
-void PatternSet::Shelve(uint32_t number, const Fragment& needed) {
+void PatternSet::Shelve(uint32_t number, const RequiredLiteral& needed) {
   const size_t length = std::min(needed.Text.size(), kFragmentBytes);
-  const bool atEnd = needed.Where == Fragment::Place::End;
-  Shelf& shelf = atEnd ? ends_ : needed.Where == Fragment::Place::Beginning ? beginnings_ : anywhere_;
+  const bool atEnd = needed.Where == RequiredLiteral::Place::End;
+  Shelf& shelf = atEnd ? ends_ : needed.Where == RequiredLiteral::Place::Beginning ? beginnings_ : anywhere_;
   shelf.LengthInUse[length] = true;
   shelf.ByFragment[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
 }

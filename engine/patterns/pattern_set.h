@@ -57,7 +57,7 @@ class PatternSet {
     PatternNumbers Members;
   };
 
-  void Shelve(uint32_t number, const Fragment& needed);
+  void Shelve(uint32_t number, const RequiredLiteral& needed);
   bool JoinedMatches(const Alternation& alternation, std::string_view text, std::string_view folded) const;
   bool AnyMatches(const PatternNumbers& candidates, std::string_view text, std::string_view folded) const;
   bool ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,

@@ -5,11 +5,11 @@
 
 namespace korv {
 
-size_t PhraseEntries::KeyHash::operator()(const Key& key) const {
+size_t PhrasePatterns::KeyHash::operator()(const Key& key) const {
   return std::hash<std::string>{}(key.second) ^ (key.first.first << 8 | key.first.second);
 }
 
-void PhraseEntries::AddParts(const std::vector<std::string>& parts) {
+void PhrasePatterns::AddParts(const std::vector<std::string>& parts) {
   Entry entry;
   std::string_view plain;
   size_t plainAt = 0;
@@ -30,12 +30,12 @@ void PhraseEntries::AddParts(const std::vector<std::string>& parts) {
   entries_.push_back(std::move(entry));
 }
 
-void PhraseEntries::AddWholePhrase(std::string_view expression) {
+void PhrasePatterns::AddWholePhrase(std::string_view expression) {
   wholePhrases_.AddPattern(expression);
   hasWholePhrases_ = true;
 }
 
-bool PhraseEntries::Matches(std::string_view phrase) const {
+bool PhrasePatterns::Matches(std::string_view phrase) const {
   if (!entries_.empty()) {
     std::vector<std::string_view> words;
     std::vector<std::string> folded;
@@ -65,8 +65,8 @@ bool PhraseEntries::Matches(std::string_view phrase) const {
   return wholePhrases_.Matches(text);
 }
 
-bool PhraseEntries::EntryMatches(const Entry& entry, const std::vector<std::string_view>& words,
-                                 const std::vector<std::string>& folded) const {
+bool PhrasePatterns::EntryMatches(const Entry& entry, const std::vector<std::string_view>& words,
+                                  const std::vector<std::string>& folded) const {
   for (size_t i = 0; i < entry.size(); ++i)
     if (!entry[i].MatchesFolded(words[i], folded[i])) return false;
   return true;

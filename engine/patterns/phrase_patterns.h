@@ -17,9 +17,9 @@ namespace korv {
 /// An entry matches word by word (see MatchPhrasePattern); an expression in angle brackets that holds a
 /// blank is matched against the whole phrase, its words separated by single blanks. An entry with a plain
 /// part is found by that part; the others are tried one after the other.
-class PhraseEntries {
+class PhrasePatterns {
  public:
-  explicit PhraseEntries(bool caseSignificant)
+  explicit PhrasePatterns(bool caseSignificant)
       : caseSignificant_(caseSignificant), wholePhrases_(caseSignificant) {}
 
   /// The parts of a multi-word entry, one per word.

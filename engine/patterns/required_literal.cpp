@@ -22,23 +22,23 @@ class Runs {
     }
   }
   void Close(bool atEnd = false) {
-    const Fragment::Place where = atBeginning_ ? Fragment::Place::Beginning
-                                  : atEnd      ? Fragment::Place::End
-                                               : Fragment::Place::Anywhere;
+    const RequiredLiteral::Place where = atBeginning_ ? RequiredLiteral::Place::Beginning
+                                         : atEnd      ? RequiredLiteral::Place::End
+                                                      : RequiredLiteral::Place::Anywhere;
     // At equal length a piece with a known place tells more.
     if (run_.size() > best_.Text.size() ||
-        (run_.size() == best_.Text.size() && where != Fragment::Place::Anywhere))
+        (run_.size() == best_.Text.size() && where != RequiredLiteral::Place::Anywhere))
       best_ = {run_, where};
     run_.clear();
     atBeginning_ = false;
   }
   void BeginAtBeginning() { atBeginning_ = true; }
-  Fragment Best() { return std::move(best_); }
+  RequiredLiteral Best() { return std::move(best_); }
 
  private:
   std::string run_;
   bool atBeginning_ = false;
-  Fragment best_;
+  RequiredLiteral best_;
 };
 
 /// Reads the top level of an expression, alternative by alternative. Every step fails (false) on what it does
@@ -48,10 +48,10 @@ class ExpressionReader {
   ExpressionReader(std::string_view expression, bool caseSignificant)
       : text_(expression), caseSignificant_(caseSignificant) {}
 
-  std::vector<Fragment> Read() {
-    std::vector<Fragment> needed;
+  std::vector<RequiredLiteral> Read() {
+    std::vector<RequiredLiteral> needed;
     for (;; ++at_) {
-      const Fragment best = ReadAlternative();
+      const RequiredLiteral best = ReadAlternative();
       if (best.Text.empty()) return {};
       needed.push_back(best);
       if (at_ == text_.size()) return needed;
@@ -71,7 +71,7 @@ class ExpressionReader {
 
  private:
   /// Up to the next "|" or the end; empty as well where something is not known.
-  Fragment ReadAlternative() {
+  RequiredLiteral ReadAlternative() {
     runs_ = Runs();
     endsAtEnd_ = false;
     if (at_ < text_.size() && text_[at_] == '^') {
@@ -218,7 +218,7 @@ class ExpressionReader {
 
 }  // namespace
 
-Fragment FragmentOfWildcard(std::string_view signs) {
+RequiredLiteral RequiredLiteralOfWildcard(std::string_view signs) {
   Runs runs;
   runs.BeginAtBeginning();
   for (const char c : signs) {
@@ -231,7 +231,7 @@ Fragment FragmentOfWildcard(std::string_view signs) {
   return runs.Best();
 }
 
-std::vector<Fragment> FragmentsOfExpression(std::string_view expression, bool caseSignificant) {
+std::vector<RequiredLiteral> RequiredLiteralsOfExpression(std::string_view expression, bool caseSignificant) {
   return ExpressionReader(expression, caseSignificant).Read();
 }
 

@@ -1,7 +1,7 @@
 #include "report/columns/registry.h"
 
 // Cells that only the thirteen formats of the report have. Their numbers of files end at
-// FileTallies::kMostFiles, and their shares are of other wholes than those of the columns for tables.
+// DocumentCounts::kMostFiles, and their shares are of other wholes than those of the columns for tables.
 
 namespace korv {
 
@@ -66,8 +66,10 @@ constexpr Column kReportColumns[] = {
      .Type = ColumnType::Real,
      .Unit = kPercentUnit,
      .Definition = "100 * the occurrences of the phrase in the file / f.",
-     .ValueInFile = [](const ColumnSource& source, const ListedPhrase& phrase, const FileTallies::Tally& file)
-         -> Cell { return Percentage(file.Count, source.Table.Count(phrase.Entry)); },
+     .ValueInFile = [](const ColumnSource& source, const ListedPhrase& phrase,
+                       const DocumentCounts::Tally& file) -> Cell {
+       return Percentage(file.Count, source.Table.Count(phrase.Entry));
+     },
      .NeedsFiles = true,
      .Decimals = 2,
      .Width = 7},
@@ -78,7 +80,7 @@ constexpr Column kReportColumns[] = {
      .Definition =
          "100 * the occurrences of the phrase in the file / T, where T is the number of occurrences "
          "of all phrases that were counted, listed or not.",
-     .ValueInFile = [](const ColumnSource& source, const ListedPhrase&, const FileTallies::Tally& file)
+     .ValueInFile = [](const ColumnSource& source, const ListedPhrase&, const DocumentCounts::Tally& file)
          -> Cell { return Percentage(file.Count, source.Table.Occurrences()); },
      .NeedsFiles = true,
      .Decimals = 2,
@@ -89,7 +91,7 @@ constexpr Column kReportColumns[] = {
      .Align = Alignment::Left,
      .Definition = "The path of each file in which the phrase occurs, of the first 10,000.",
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase&,
-                       const FileTallies::Tally& file) -> Cell {
+                       const DocumentCounts::Tally& file) -> Cell {
        const size_t index = size_t{file.FileNumber} - 1;
        return index < source.FilePaths.size() ? std::string_view(source.FilePaths[index]) : "";
      },

@@ -9,7 +9,7 @@ namespace korv {
 
 namespace {
 
-std::string HeaderText(const RunFacts& facts) {
+std::string HeaderText(const RunSummary& facts) {
   switch (facts.Options.SourceKind) {
     case TextSource::SingleFile:
       return facts.InputPath.empty() ? "" : "File: " + ShownPath(facts.InputPath) + "\r\n";

@@ -9,8 +9,8 @@
 namespace korv {
 
 CutPhrase CutTypedPhrase(std::string_view text, const Corpus& corpus) {
-  WordStream stream(corpus.Rules, corpus.Options, *corpus.Lists);
-  LineScanner<WordStream> scanner(corpus.Rules, {}, stream);
+  CorpusBuilder stream(corpus.Rules, corpus.Options, *corpus.Lists);
+  LineScanner<CorpusBuilder> scanner(corpus.Rules, {}, stream);
   std::string buffer;
   scanner.BeginSource();
   scanner.ScanLine(DecodeText(text, TextEncoding::Utf8, buffer));

@@ -60,7 +60,7 @@ class TextReplay final : private WordSink {
 
   const Corpus& corpus_;
   uint32_t end_;  ///< First token behind the text.
-  WordStream stream_;
+  CorpusBuilder stream_;
   LineScanner<WordSink> scanner_;
   std::unique_ptr<TextReader> reader_;
   TextEncoding encoding_;

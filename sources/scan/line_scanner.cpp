@@ -5,7 +5,7 @@
 
 namespace korv {
 
-template class LineScanner<WordStream>;
+template class LineScanner<CorpusBuilder>;
 template class LineScanner<WordSink>;
 
 }  // namespace korv

@@ -27,10 +27,10 @@ class WordSink {
 /// of across lines), and hands over the words with the places where phrases end.
 ///
 /// A template over its sink so that the hot loop has no virtual call: line_scanner.cpp instantiates it for
-/// WordStream (counting) and WordSink (word lists, tests). Allocates nothing per line or word once its
+/// CorpusBuilder (counting) and WordSink (word lists, tests). Allocates nothing per line or word once its
 /// buffers have grown to the longest line that needs cleaning; linear in the line whatever it holds.
 ///
-///   LineScanner<WordStream> scanner(rules, markers, stream);
+///   LineScanner<CorpusBuilder> scanner(rules, markers, stream);
 ///   scanner.BeginSource();
 ///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
 template <typename Sink>

@@ -188,7 +188,7 @@ TEST(PlaceLocator, LeadsIntoLongLinesAsIntoShortOnes) {
     const Corpus& corpus = world.run.Table.Corpus();
     EXPECT_LE(corpus.Lines.Anchors().size(), kWords / LineIndex::kAnchorEvery + 10) << c.name;
     PlaceLocator locator = world.Locator();
-    const size_t width = 8 + static_cast<size_t>(naive::CharacterCount(c.between));
+    const size_t width = 8 + static_cast<size_t>(reference::CharacterCount(c.between));
     for (const size_t i : {size_t{0}, size_t{129'999}, size_t{130'000}, size_t{200'000}, size_t{200'001},
                            size_t{249'990}, size_t{249'999}, size_t{210'000}, size_t{5}}) {
       const auto at = locator.Locate(static_cast<uint32_t>(corpus.Sources[0].Begin + i), 1, 18);
@@ -420,7 +420,7 @@ struct ModelFile {
 
 /// For each token of the run the place of its word, and the file.
 struct ModelToken {
-  naive::WordPlace Place;
+  reference::WordPlace Place;
   size_t File = 0;
 };
 
@@ -461,17 +461,17 @@ RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
   WordRules modelRules = rules;
   SetAllowedExtraChars(modelRules);
   SetAllowedExtraChars2(modelRules);
-  ListEntries entries = world.request.Lists;
+  WordFilterSpec entries = world.request.Lists;
   entries.CaseSignificant = rules.CaseSignificant;
-  naive::CountingRun model(modelRules, world.request.Options, entries);
+  reference::CountingRun model(modelRules, world.request.Options, entries);
   std::vector<ModelToken> tokens(1);
   for (const CorpusSource& source : corpus.Sources) {
     const auto file = std::ranges::find_if(
         files, [&](const ModelFile& f) { return std::filesystem::path(f.Path) == source.Path; });
     model.BeginSource(file->Path);
     tokens.resize(model.Words().size());
-    for (const naive::WordPlace& place :
-         naive::PlacesOfWords(file->Bytes, isUtf8, modelRules, file->Language)) {
+    for (const reference::WordPlace& place :
+         reference::PlacesOfWords(file->Bytes, isUtf8, modelRules, file->Language)) {
       place.Word.empty() ? model.ResetPhrases() : model.TakeWord(place.Word);
       tokens.resize(model.Words().size(), {place, static_cast<size_t>(file - files.begin())});
     }
@@ -499,17 +499,17 @@ RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
     std::u32string text;
     size_t begin = 0;
     size_t lastCharacter = 0;
-    const auto lines = naive::RawLines(files[word.File].Bytes, isUtf8);
+    const auto lines = reference::RawLines(files[word.File].Bytes, isUtf8);
     for (size_t n = 0; n < lines.size(); ++n) {
       if (n + 1 == word.Place.Line) begin = text.size() + word.Place.Column - 1;
       if (n + 1 == tokens[last].Place.Line) lastCharacter = text.size() + tokens[last].Place.LastColumn - 1;
       text += lines[n] + U'\n';
     }
-    const std::u32string phrase = naive::Decode(found->Phrase);
+    const std::u32string phrase = reference::Decode(found->Phrase);
     RC_ASSERT(text.substr(begin, phrase.size()) == phrase);
     RC_ASSERT(begin + phrase.size() > lastCharacter);
-    RC_ASSERT(found->Left == naive::LeftWords(text, begin, around));
-    RC_ASSERT(found->Right == naive::RightWords(text, begin + phrase.size(), around));
+    RC_ASSERT(found->Left == reference::LeftWords(text, begin, around));
+    RC_ASSERT(found->Right == reference::RightWords(text, begin + phrase.size(), around));
   }
 }
 

@@ -113,7 +113,7 @@ TEST(WordsLeftOut, AreToldByTheirReasons) {
 }
 
 TEST(EncodingTexts, CountWhereThereAreSeveral) {
-  RunFacts facts;
+  RunSummary facts;
   EXPECT_EQ(EncodingText(facts, {}), "");
   facts.Encodings.Utf8 = 1;
   EXPECT_EQ(EncodingText(facts, {}), "UTF-8");

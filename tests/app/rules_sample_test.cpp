@@ -73,18 +73,18 @@ std::string NaiveWordsOf(const std::vector<std::string>& lines, WordRules rules)
   for (size_t i = 0; i < std::size(kAdmitted); ++i) {
     if (rules.*kRules[i]) rules.AllowedExtraChars += kAdmitted[i];
   }
-  naive::Scanner scanner(rules, "None");
+  reference::Scanner scanner(rules, "None");
   for (const std::string& line : lines) scanner.ScanLine(line);
   std::string words;
   const char* between = " | ";
   for (const std::string& found : scanner.Found()) {
-    if (found == naive::Scanner::kBreak) {
+    if (found == reference::Scanner::kBreak) {
       between = " || ";
       continue;
     }
-    const std::string word = rules.CaseSignificant ? found : naive::Fold(found);
-    const std::u32string characters = naive::Decode(word);
-    if (!naive::RulesDrop(found, rules).empty()) continue;
+    const std::string word = rules.CaseSignificant ? found : reference::Fold(found);
+    const std::u32string characters = reference::Decode(word);
+    if (!reference::RulesDrop(found, rules).empty()) continue;
     if (rules.Only7bitASCII &&
         std::any_of(characters.begin(), characters.end(), [](char32_t c) { return c > 127; }))
       continue;

@@ -311,7 +311,7 @@ TEST(RunCount, TellsWhatBecameOfTheWords) {
   world.request.Rules.LongWordSize = 40;
   world.request.Rules.IgnoreRepetitions = false;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  const RunFacts& facts = world.run.Facts;
+  const RunSummary& facts = world.run.Facts;
   EXPECT_EQ(facts.Words.Read(), 9u);
   EXPECT_EQ(facts.Words.Taken, 6u);
   EXPECT_EQ(facts.Words.DroppedFor(DropReason::Short), 3u);
@@ -623,7 +623,7 @@ TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
   world.request.IncludeSubfolders = true;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_EQ(world.Listed(), "3 the big, 2 the big cat");
-  const RunFacts& facts = world.run.Facts;
+  const RunSummary& facts = world.run.Facts;
   EXPECT_EQ(facts.InputPath, "/t");
   EXPECT_EQ(facts.FilesScanned, 3u);
   EXPECT_EQ(facts.FoldersScanned, 2u);
@@ -735,7 +735,7 @@ TEST(RunCount, NoFailureOfTheDiskLosesWordsOfAFolderInSilence) {
     world.files.FailCall(call);
     const RunEnd end = world.Count();
     if (!world.files.FailureHappened()) break;
-    const RunFacts& facts = world.run.Facts;
+    const RunSummary& facts = world.run.Facts;
     if (end != RunEnd::Counted) {
       // Only what is wrong with the chosen folder itself ends the run.
       EXPECT_EQ(end, RunEnd::Refused) << call;

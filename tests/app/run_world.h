@@ -16,7 +16,7 @@
 namespace korv {
 
 /// Remembers what a run shows.
-class FakeRunView final : public RunView {
+class FakeRunView final : public RunObserver {
  public:
   void Status(const std::string& text) override { statuses.push_back(text); }
   void Notice(const std::string& text) override { notices.push_back(text); }

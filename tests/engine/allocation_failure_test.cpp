@@ -74,7 +74,7 @@ namespace {
 struct World {
   std::vector<std::string> Words;
   RunOptions Options;
-  ListEntries Entries;
+  WordFilterSpec Entries;
 };
 
 World RandomWorld(size_t words) {
@@ -91,8 +91,8 @@ World RandomWorld(size_t words) {
 
 /// The number of listed phrases.
 int Count(const World& world) {
-  const RunLists lists(world.Entries);
-  WordStream stream(WordRules{}, world.Options, lists);
+  const WordFilters lists(world.Entries);
+  CorpusBuilder stream(WordRules{}, world.Options, lists);
   for (size_t i = 0; i < world.Words.size(); ++i) {
     if (i % 1000 == 0) stream.BeginSource("file");
     stream.TakeWord(world.Words[i]);

@@ -15,13 +15,13 @@ std::string Repeated(const char* character, int times) {
 }
 
 // Characters of one to four bytes: a limit that went by bytes would drop the longer ones too early.
-TEST(WordStream, DropsWordsOfMoreCharactersThanAllowedAndNoOthers) {
+TEST(CorpusBuilder, DropsWordsOfMoreCharactersThanAllowedAndNoOthers) {
   WordRules rules;
   rules.LongWordSize = 20;
   rules.IgnoreRepetitions = false;
   for (const char* letter : {"a", "\xC3\xA9", "\xE1\xBA\xA1", "\xF0\x90\x8C\xB0"}) {
-    const RunLists lists;
-    WordStream stream(rules, RunOptions{}, lists);
+    const WordFilters lists;
+    CorpusBuilder stream(rules, RunOptions{}, lists);
     stream.BeginSource({});
     stream.TakeWord(Repeated(letter, 20));
     EXPECT_EQ(stream.Counts().Taken, 1u) << letter;
@@ -31,7 +31,7 @@ TEST(WordStream, DropsWordsOfMoreCharactersThanAllowedAndNoOthers) {
   }
 }
 
-TEST(WordStream, CountsADroppedWordForTheFirstRuleThatDropsIt) {
+TEST(CorpusBuilder, CountsADroppedWordForTheFirstRuleThatDropsIt) {
   struct Case {
     const char* name;
     std::string word;
@@ -51,13 +51,13 @@ TEST(WordStream, CountsADroppedWordForTheFirstRuleThatDropsIt) {
   WordRules rules;
   rules.LongWordSize = 20;
   rules.Only7bitASCII = true;
-  ListEntries entries;
+  WordFilterSpec entries;
   entries.FileWordsToIgnore = {"the", "aaaa", "123", "\xC2\xBC", "\xC3\xA9t\xC3\xA9"};
-  const RunLists lists(entries);
+  const WordFilters lists(entries);
   RunOptions options;
   options.IgnoreMode = IgnoreRule::Remove;
   for (const Case& c : cases) {
-    WordStream stream(rules, options, lists);
+    CorpusBuilder stream(rules, options, lists);
     stream.BeginSource({});
     WordCounts expected;
     // The second time the verdict is remembered.

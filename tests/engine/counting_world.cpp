@@ -85,7 +85,7 @@ void DrawRules(WordRules& rules) {
 void DrawLists(CountingWorld& world) {
   const auto mode = *Range(1, 5);
   world.Options.IgnoreMode = static_cast<IgnoreRule>(mode);
-  ListEntries& entries = world.Entries;
+  WordFilterSpec& entries = world.Entries;
   entries.CaseSignificant = world.Rules.CaseSignificant;
   entries.PatternMatchingInWordsToIgnoreFile = Coin();
   if (Coin()) entries.FileWordsToIgnore = DrawEntries(kOneWordEntries, 3);
@@ -174,16 +174,16 @@ CountingWorld DrawWorld(const WorldKind& kind) {
   return world;
 }
 
-naive::CountingRun ModelRun(const CountingWorld& world) {
-  naive::CountingRun run(world.Rules, world.Options, world.Entries);
+reference::CountingRun ModelRun(const CountingWorld& world) {
+  reference::CountingRun run(world.Rules, world.Options, world.Entries);
   Feed(world, run);
-  run.Finish(world.Order == ChainOrder::ByFiles ? naive::ChainBy::Files : naive::ChainBy::Count);
+  run.Finish(world.Order == ChainOrder::ByFiles ? reference::ChainBy::Files : reference::ChainBy::Count);
   return run;
 }
 
 EngineRun CountedByEngine(const CountingWorld& world) {
-  EngineRun run{std::make_unique<RunLists>(world.Entries), {}, {}};
-  WordStream stream(world.Rules, world.Options, *run.Lists);
+  EngineRun run{std::make_unique<WordFilters>(world.Entries), {}, {}};
+  CorpusBuilder stream(world.Rules, world.Options, *run.Lists);
   Feed(world, stream);
   run.Words = stream.Counts();
   TakeText(std::move(stream), run.Table);
@@ -197,13 +197,13 @@ EngineRun CountedByEngine(const CountingWorld& world) {
 }
 
 CountingOutcome ModelOutcome(const CountingWorld& world) {
-  const naive::CountingRun run = ModelRun(world);
-  const naive::Table& table = run.Phrases();
+  const reference::CountingRun run = ModelRun(world);
+  const reference::Table& table = run.Phrases();
   const bool folder = IsFolder(world);
   auto textOf = [&](int32_t i) { return i == 0 ? std::string() : table[i].Text; };
   CountingOutcome outcome;
   for (int32_t i = 1; i <= table.PhraseCount; ++i) {
-    const naive::Phrase& phrase = table[i];
+    const reference::Phrase& phrase = table[i];
     if (!phrase.Listed) continue;
     outcome.Listed.push_back({phrase.Text, phrase.Key, phrase.Count, phrase.ChainPosition,
                               textOf(phrase.ChainNext), folder ? phrase.FileNumbers : "",
@@ -222,8 +222,8 @@ CountingOutcome ModelOutcome(const CountingWorld& world) {
 }
 
 CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
-  const RunLists lists(world.Entries);
-  WordStream stream(world.Rules, world.Options, lists);
+  const WordFilters lists(world.Entries);
+  CorpusBuilder stream(world.Rules, world.Options, lists);
   Feed(world, stream);
   CountingOutcome outcome;
   outcome.WordsTaken = static_cast<int64_t>(stream.Counts().Taken);
@@ -261,7 +261,7 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
   auto textOf = [&](PhraseIndex i) { return i == 0 ? std::string() : table.Text(i); };
   for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
     const std::string text = table.Text(i);
-    RC_ASSERT(table.Characters(i) == naive::CharacterCount(text));
+    RC_ASSERT(table.Characters(i) == reference::CharacterCount(text));
     RC_ASSERT(table.Words(i) == std::count(text.begin(), text.end(), ' ') + 1);
     if (!table.Listed(i)) {
       RC_ASSERT(table.ChainPosition(i) == 0u);
@@ -271,7 +271,7 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
     CountingOutcome::Entry entry{
         text, table.Key(i), table.Count(i), table.ChainPosition(i), textOf(table.ChainNext(i)), "", "", 0};
     if (folder) {
-      const FileTallies tallies = table.Files(i);
+      const DocumentCounts tallies = table.Files(i);
       entry.FileNumbers = tallies.FileNumbers();
       entry.FileCounts = tallies.FileCounts();
       entry.FileCount = tallies.FileCount();

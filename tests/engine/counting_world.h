@@ -21,7 +21,7 @@ namespace korv {
 struct CountingWorld {
   WordRules Rules;
   RunOptions Options;
-  ListEntries Entries;
+  WordFilterSpec Entries;
   ChainOrder Order = ChainOrder::ByCount;
 
   struct Step {
@@ -85,11 +85,11 @@ CountingOutcome ModelOutcome(const CountingWorld& world);
 CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder);
 
 /// The model's finished run.
-naive::CountingRun ModelRun(const CountingWorld& world);
+reference::CountingRun ModelRun(const CountingWorld& world);
 
 /// The engine's, never stopped.
 struct EngineRun {
-  std::unique_ptr<RunLists> Lists;  ///< Those of the table.
+  std::unique_ptr<WordFilters> Lists;  ///< Those of the table.
   WordCounts Words;
   PhraseTable Table;
 };

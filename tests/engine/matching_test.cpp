@@ -32,24 +32,24 @@ TEST(FoldOutsideBrackets, LeavesAngleBracketsAlone) {
   EXPECT_EQ(FoldOutsideBrackets(""), "");
 }
 
-ListEntries Ignoring(std::vector<std::string> typed, std::vector<std::string> file = {},
-                     bool patterns = false) {
-  ListEntries entries;
+WordFilterSpec Ignoring(std::vector<std::string> typed, std::vector<std::string> file = {},
+                        bool patterns = false) {
+  WordFilterSpec entries;
   entries.TypedWordsToIgnore = std::move(typed);
   entries.FileWordsToIgnore = std::move(file);
   entries.PatternMatchingInWordsToIgnoreFile = patterns;
   return entries;
 }
 
-ListEntries Counting(std::vector<std::string> entries, bool caseSignificant = false) {
-  ListEntries result;
+WordFilterSpec Counting(std::vector<std::string> entries, bool caseSignificant = false) {
+  WordFilterSpec result;
   result.CountOnly = std::move(entries);
   result.CaseSignificant = caseSignificant;
   return result;
 }
 
-TEST(RunLists, WithoutListsNothingIsIgnoredAndEverythingCounts) {
-  for (const RunLists& lists : {RunLists(), RunLists(ListEntries{})}) {
+TEST(WordFilters, WithoutListsNothingIsIgnoredAndEverythingCounts) {
+  for (const WordFilters& lists : {WordFilters(), WordFilters(WordFilterSpec{})}) {
     EXPECT_FALSE(lists.HasWordsToIgnore());
     EXPECT_FALSE(lists.IsWordToIgnore("the"));
     EXPECT_FALSE(lists.HasCountOnly());
@@ -59,8 +59,8 @@ TEST(RunLists, WithoutListsNothingIsIgnoredAndEverythingCounts) {
   }
 }
 
-TEST(RunLists, TypedPatternsAlwaysCountAsPatterns) {
-  const RunLists lists(Ignoring({"The", "~ING", "?at", "<^W>", "a.b"}));
+TEST(WordFilters, TypedPatternsAlwaysCountAsPatterns) {
+  const WordFilters lists(Ignoring({"The", "~ING", "?at", "<^W>", "a.b"}));
   EXPECT_TRUE(lists.HasWordsToIgnore());
   for (const char* word : {"the", "THE", "Counting", "cat", "was", "a.b"})
     EXPECT_TRUE(lists.IsWordToIgnore(word)) << word;
@@ -68,28 +68,28 @@ TEST(RunLists, TypedPatternsAlwaysCountAsPatterns) {
     EXPECT_FALSE(lists.IsWordToIgnore(word)) << word;
 }
 
-TEST(RunLists, PatternsOfTheFileCountOnlyWhenEnabled) {
-  const RunLists plain(Ignoring({}, {"~ing", "the"}));
+TEST(WordFilters, PatternsOfTheFileCountOnlyWhenEnabled) {
+  const WordFilters plain(Ignoring({}, {"~ing", "the"}));
   EXPECT_TRUE(plain.IsWordToIgnore("the"));
   EXPECT_FALSE(plain.IsWordToIgnore("counting"));
   EXPECT_TRUE(plain.IsWordToIgnore("~ing"));
-  const RunLists patterns(Ignoring({}, {"~ing", "the"}, true));
+  const WordFilters patterns(Ignoring({}, {"~ing", "the"}, true));
   EXPECT_TRUE(patterns.IsWordToIgnore("the"));
   EXPECT_TRUE(patterns.IsWordToIgnore("counting"));
 }
 
-TEST(RunLists, WithPatternMatchingEveryEntryIsAPatternTypedOnesIncluded) {
-  EXPECT_FALSE(RunLists(Ignoring({"a.b"})).IsWordToIgnore("axb"));
-  EXPECT_TRUE(RunLists(Ignoring({"a.b"}, {}, true)).IsWordToIgnore("axb"));
-  EXPECT_TRUE(RunLists(Ignoring({}, {"a.b"}, true)).IsWordToIgnore("axb"));
-  EXPECT_FALSE(RunLists(Ignoring({}, {"a(b"}, true)).IsWordToIgnore("a(b"));
+TEST(WordFilters, WithPatternMatchingEveryEntryIsAPatternTypedOnesIncluded) {
+  EXPECT_FALSE(WordFilters(Ignoring({"a.b"})).IsWordToIgnore("axb"));
+  EXPECT_TRUE(WordFilters(Ignoring({"a.b"}, {}, true)).IsWordToIgnore("axb"));
+  EXPECT_TRUE(WordFilters(Ignoring({}, {"a.b"}, true)).IsWordToIgnore("axb"));
+  EXPECT_FALSE(WordFilters(Ignoring({}, {"a(b"}, true)).IsWordToIgnore("a(b"));
 }
 
-TEST(RunLists, OneWordEntriesMeetTheLowerCasedWordEvenWhereCaseIsSignificant) {
-  ListEntries entries = Ignoring({"THE", "~ING", "<T$>", "<^b>"});
+TEST(WordFilters, OneWordEntriesMeetTheLowerCasedWordEvenWhereCaseIsSignificant) {
+  WordFilterSpec entries = Ignoring({"THE", "~ING", "<T$>", "<^b>"});
   entries.CaseSignificant = true;
   entries.CountOnly = {"CAT", "D~", "<O$>", "<^r>"};
-  const RunLists lists(entries);
+  const WordFilters lists(entries);
   EXPECT_TRUE(lists.IsWordToIgnore("The"));
   EXPECT_TRUE(lists.IsWordToIgnore("ENDING"));
   EXPECT_FALSE(lists.IsWordToIgnore("CAT"));
@@ -100,23 +100,23 @@ TEST(RunLists, OneWordEntriesMeetTheLowerCasedWordEvenWhereCaseIsSignificant) {
   EXPECT_TRUE(lists.IsCountOnlyWord("RED"));
 }
 
-TEST(RunLists, ExpressionsGoWithoutCaseWhereCaseIsNotSignificant) {
-  const RunLists lists(Ignoring({"<T$>"}));
+TEST(WordFilters, ExpressionsGoWithoutCaseWhereCaseIsNotSignificant) {
+  const WordFilters lists(Ignoring({"<T$>"}));
   EXPECT_TRUE(lists.IsWordToIgnore("cat"));
 }
 
-TEST(RunLists, InvalidExpressionsMatchNothingButAreInForce) {
-  const RunLists lists(Ignoring({"<(>"}));
+TEST(WordFilters, InvalidExpressionsMatchNothingButAreInForce) {
+  const WordFilters lists(Ignoring({"<(>"}));
   EXPECT_TRUE(lists.HasWordsToIgnore());
   EXPECT_FALSE(lists.IsWordToIgnore("("));
-  const RunLists counting(Counting({"<(>", "<a (>"}));
+  const WordFilters counting(Counting({"<(>", "<a (>"}));
   EXPECT_TRUE(counting.HasCountOnly());
   EXPECT_TRUE(counting.HasCountOnlyPhrases());
   EXPECT_FALSE(counting.IsCountOnlyPhrase("a+("));
 }
 
-TEST(RunLists, CountOnlyEntriesOfSeveralWordsMatchWholePhrases) {
-  const RunLists lists(Counting({"big hat", "~e  cat <^m>", "one"}));
+TEST(WordFilters, CountOnlyEntriesOfSeveralWordsMatchWholePhrases) {
+  const WordFilters lists(Counting({"big hat", "~e  cat <^m>", "one"}));
   EXPECT_TRUE(lists.HasCountOnlyPhrases());
   EXPECT_TRUE(lists.IsCountOnlyPhrase("big+hat"));
   EXPECT_FALSE(lists.IsCountOnlyPhrase("big+hats"));
@@ -129,8 +129,8 @@ TEST(RunLists, CountOnlyEntriesOfSeveralWordsMatchWholePhrases) {
   EXPECT_TRUE(lists.IsCountOnlyWord("one"));
 }
 
-TEST(RunLists, AnExpressionWithABlankMeetsTheWholePhrase) {
-  const RunLists lists(Counting({"<big  ?hat>", "<^the .* mat$>"}));
+TEST(WordFilters, AnExpressionWithABlankMeetsTheWholePhrase) {
+  const WordFilters lists(Counting({"<big  ?hat>", "<^the .* mat$>"}));
   EXPECT_TRUE(lists.HasCountOnlyPhrases());
   EXPECT_TRUE(lists.IsCountOnlyPhrase("a+bighat") == false);
   EXPECT_TRUE(lists.IsCountOnlyPhrase("a+big+hat+on"));
@@ -138,23 +138,23 @@ TEST(RunLists, AnExpressionWithABlankMeetsTheWholePhrase) {
   EXPECT_FALSE(lists.IsCountOnlyPhrase("the+mat"));
 }
 
-TEST(RunLists, WholePhrasesAreComparedAsTheyStand) {
-  const RunLists exact(Counting({"Big hat", "<Red hat>", "~ <^T>"}, true));
+TEST(WordFilters, WholePhrasesAreComparedAsTheyStand) {
+  const WordFilters exact(Counting({"Big hat", "<Red hat>", "~ <^T>"}, true));
   EXPECT_TRUE(exact.IsCountOnlyPhrase("Big+hat"));
   EXPECT_FALSE(exact.IsCountOnlyPhrase("big+hat"));
   EXPECT_TRUE(exact.IsCountOnlyPhrase("Red+hat"));
   EXPECT_FALSE(exact.IsCountOnlyPhrase("red+hat"));
   EXPECT_TRUE(exact.IsCountOnlyPhrase("a+The"));
   EXPECT_FALSE(exact.IsCountOnlyPhrase("a+the"));
-  const RunLists loose(Counting({"Big hat", "<Red hat>"}));
+  const WordFilters loose(Counting({"Big hat", "<Red hat>"}));
   EXPECT_TRUE(loose.IsCountOnlyPhrase("big+hat"));
   EXPECT_TRUE(loose.IsCountOnlyPhrase("red+hat"));
 }
 
-TEST(RunLists, IsAskedFromSeveralThreadsAtOnce) {
-  ListEntries entries = Counting({"<^b[ei]g>", "~ing", "big hat"});
+TEST(WordFilters, IsAskedFromSeveralThreadsAtOnce) {
+  WordFilterSpec entries = Counting({"<^b[ei]g>", "~ing", "big hat"});
   entries.TypedWordsToIgnore = {"<a.*e$>", "the"};
-  const RunLists lists(entries);
+  const WordFilters lists(entries);
   std::vector<int> wrong(4, 0);
   std::vector<std::thread> threads;
   for (size_t t = 0; t < wrong.size(); ++t) {
@@ -202,7 +202,7 @@ TEST(MarkListedWords, FlagsTheListedWordsAndJudgesThePhraseByMode) {
     bool excludeWith;
     bool excludeAll;
   };
-  const RunLists lists(Ignoring({"the", "~ing"}));
+  const WordFilters lists(Ignoring({"the", "~ing"}));
   const ModeCase cases[] = {
       {"The+cat", {true, false}, false, true},
       {"the+counting", {true, true}, false, false},
@@ -218,11 +218,11 @@ TEST(MarkListedWords, FlagsTheListedWordsAndJudgesThePhraseByMode) {
     EXPECT_EQ(flags, c.flags) << c.phrase;
   }
   std::vector<bool> flags;
-  EXPECT_TRUE(MarkListedWords("the+cat", IgnoreRule::ExcludeAll, RunLists(), flags));
+  EXPECT_TRUE(MarkListedWords("the+cat", IgnoreRule::ExcludeAll, WordFilters(), flags));
 }
 
 TEST(StripPhrase, TakesOutTheWordsToIgnore) {
-  const RunLists lists(Ignoring({"the", "on"}));
+  const WordFilters lists(Ignoring({"the", "on"}));
   EXPECT_EQ(StripPhrase("the+cat+sat+on+the+mat", lists), "cat sat mat");
   EXPECT_EQ(StripPhrase("The cat", lists), "cat");
   EXPECT_EQ(StripPhrase("the+on", lists), "");

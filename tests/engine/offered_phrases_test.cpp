@@ -22,12 +22,12 @@ void TakeSteps(const CountingWorld& world, Taker& taker) {
 }
 
 struct Offer {
-  RunLists Lists;
+  WordFilters Lists;
   PhraseTable Table;
   OfferedPhrases Found;
 
   explicit Offer(const CountingWorld& world) : Lists(world.Entries) {
-    WordStream stream(world.Rules, world.Options, Lists);
+    CorpusBuilder stream(world.Rules, world.Options, Lists);
     stream.BeginSource("a.txt");
     TakeSteps(world, stream);
     TakeText(std::move(stream), Table);
@@ -41,7 +41,7 @@ void CheckKind(const WorldKind& kind) {
   const CountingWorld world = DrawWorld(kind);
   RC_LOG() << world << '\n';
   const Offer offer(world);
-  naive::Offers model(world.Rules, world.Options, world.Entries);
+  reference::Offers model(world.Rules, world.Options, world.Entries);
   TakeSteps(world, model);
   const auto equal = [](uint64_t found, int64_t expected) {
     return found == static_cast<uint64_t>(expected);

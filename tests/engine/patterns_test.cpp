@@ -155,8 +155,8 @@ TEST(Wildcard, ManyRunsDoNotExplode) {
   EXPECT_TRUE(MatchPattern(std::string(5000, 'a') + "c", pattern + "c", '~', '?', false));
 }
 
-TEST(Fragment, IsWhatEveryMatchHolds) {
-  using Place = Fragment::Place;
+TEST(RequiredLiteral, IsWhatEveryMatchHolds) {
+  using Place = RequiredLiteral::Place;
   struct FragmentCase {
     const char* expression;
     bool caseSignificant;
@@ -202,7 +202,8 @@ TEST(Fragment, IsWhatEveryMatchHolds) {
       {"", true, "", Place::Anywhere},
   };
   for (const FragmentCase& c : cases) {
-    const std::vector<Fragment> fragments = FragmentsOfExpression(c.expression, c.caseSignificant);
+    const std::vector<RequiredLiteral> fragments =
+        RequiredLiteralsOfExpression(c.expression, c.caseSignificant);
     if (*c.text == '\0') {
       EXPECT_TRUE(fragments.empty()) << c.expression;
     } else {
@@ -213,18 +214,18 @@ TEST(Fragment, IsWhatEveryMatchHolds) {
   }
 }
 
-TEST(Fragment, EachAlternativeHasItsOwn) {
-  const std::vector<Fragment> fragments = FragmentsOfExpression("^un|re$|x.*yz", true);
+TEST(RequiredLiteral, EachAlternativeHasItsOwn) {
+  const std::vector<RequiredLiteral> fragments = RequiredLiteralsOfExpression("^un|re$|x.*yz", true);
   ASSERT_EQ(fragments.size(), 3u);
   EXPECT_EQ(fragments[0].Text, "un");
-  EXPECT_EQ(fragments[0].Where, Fragment::Place::Beginning);
+  EXPECT_EQ(fragments[0].Where, RequiredLiteral::Place::Beginning);
   EXPECT_EQ(fragments[1].Text, "re");
-  EXPECT_EQ(fragments[1].Where, Fragment::Place::End);
+  EXPECT_EQ(fragments[1].Where, RequiredLiteral::Place::End);
   EXPECT_EQ(fragments[2].Text, "yz");
-  EXPECT_EQ(fragments[2].Where, Fragment::Place::Anywhere);
+  EXPECT_EQ(fragments[2].Where, RequiredLiteral::Place::Anywhere);
   // One alternative that needs nothing, and nothing is needed.
   for (const char* expression : {"abc|", "|abc", "abc|.", "abc|d*", "abc|(?i)d", "a$b|c"})
-    EXPECT_TRUE(FragmentsOfExpression(expression, true).empty()) << expression;
+    EXPECT_TRUE(RequiredLiteralsOfExpression(expression, true).empty()) << expression;
 }
 
 TEST(PatternSet, AgreesWithEachPatternAlone) {
@@ -342,7 +343,7 @@ TEST(PatternSet, AnAlternationThatGivesUpAsksItsMembers) {
   EXPECT_FALSE(set.Matches(std::string(60, 'a') + "."));
 }
 
-TEST(Fragment, OnlyExpressionsOfTheirOwnStandInAlternations) {
+TEST(RequiredLiteral, OnlyExpressionsOfTheirOwnStandInAlternations) {
   for (const char* expression : {"a|b", "^a$", "(a|b)+c", "[a-z]{2,3}", "\\w+\\b", "(?:a)(?=b)", "x^y$z", ""})
     EXPECT_TRUE(CanStandInAlternation(expression)) << expression;
   for (const char* expression : {"(a)\\1", "(?i)a", "(?<n>a)", "(*ACCEPT)", "a(*COMMIT)b", "\\Qa", "(?R)",

@@ -45,7 +45,7 @@ std::string Joined(const Words& words) {
 struct CountedWorld {
   explicit CountedWorld(const CountingWorld& world)
       : Lists(world.Entries), Model(world.Rules, world.Options, world.Entries) {
-    WordStream stream(world.Rules, world.Options, Lists);
+    CorpusBuilder stream(world.Rules, world.Options, Lists);
     Feed(world, stream);
     Feed(world, Model);
     TakeText(std::move(stream), Table);
@@ -54,8 +54,8 @@ struct CountedWorld {
     SortPhrases(Table, yielder);
   }
 
-  RunLists Lists;
-  naive::CountingRun Model;
+  WordFilters Lists;
+  reference::CountingRun Model;
   PhraseTable Table;
 };
 
@@ -80,7 +80,7 @@ Words DrawPhrase(const Words& text) {
 std::vector<std::pair<std::string, std::string>> Side(const Words& text, size_t at, int step) {
   std::vector<std::pair<std::string, std::string>> side;
   for (int k = 0; k < kMostWords && at < text.size() && !text[at].empty(); ++k) {
-    side.emplace_back(naive::FoldKey(naive::FoldAccents(text[at])), text[at]);
+    side.emplace_back(reference::FoldKey(reference::FoldAccents(text[at])), text[at]);
     at += static_cast<size_t>(step);
   }
   return side;
@@ -122,8 +122,8 @@ void CheckWorld(CountingWorld world) {
 
   const bool keeps = KeepsPlaces(world.Options);
   for (PhraseIndex i = 1; i <= std::min<PhraseIndex>(counted.Table.EntryCount(), 25); ++i) {
-    const Words phrase = naive::Split(counted.Table.Text(i), ' ');
-    const Places places = naive::PlacesOf(text, phrase);
+    const Words phrase = reference::Split(counted.Table.Text(i), ' ');
+    const Places places = reference::PlacesOf(text, phrase);
     RC_ASSERT(counted.Table.Count(i) == places.size());
     RC_ASSERT(AsModel(counted.Table.Places(i)) == (keeps ? places : Places{}));
     // What is an entry is found by halving.
@@ -133,7 +133,7 @@ void CheckWorld(CountingWorld world) {
   for (int times = 0; times < 10; ++times) {
     const Words phrase = DrawPhrase(text);
     const std::vector<WordNumber> numbers = NumbersOf(corpus, phrase);
-    const Places places = naive::PlacesOf(text, phrase);
+    const Places places = reference::PlacesOf(text, phrase);
     RC_LOG() << "[" << Joined(phrase) << "]\n";
     RC_ASSERT(AsModel(PlacesOf(corpus, numbers)) == places);
     if (std::ranges::count(numbers, kNoWord) > 0) continue;

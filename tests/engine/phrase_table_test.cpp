@@ -364,8 +364,8 @@ PhraseTable CountText(const std::vector<std::string>& steps, int words, TextSour
   options.MinWords = options.MaxWords = words;
   options.MinFrequency = 1;
   options.SourceKind = source;
-  const RunLists none;
-  WordStream stream(rules, options, none);
+  const WordFilters none;
+  CorpusBuilder stream(rules, options, none);
   int file = 0;
   stream.BeginSource("0");
   for (const std::string& step : steps) {
@@ -414,7 +414,7 @@ TEST(CountPhrases, RecordsNothingMoreFromThe10000thFileOn) {
   EXPECT_EQ(table.Count(1), 20002u);
   EXPECT_EQ(table.FileCount(1), 10000u);
   EXPECT_EQ(table.FilePaths().size(), 10001u);
-  const FileTallies files = table.Files(1);
+  const DocumentCounts files = table.Files(1);
   EXPECT_EQ(files.FileNumbers().substr(49990), "0999910000");
   EXPECT_EQ(files.FileCounts().substr(49990), "0000200001") << "the list is full before the second one";
 }

@@ -23,16 +23,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size > kEnough) return 0;
   std::string buffer;
   const std::string line(DecodeText({reinterpret_cast<const char*>(data), size}, TextEncoding::Utf8, buffer));
-  const std::u32string characters = naive::Decode(line);
+  const std::u32string characters = reference::Decode(line);
 
-  Require(ReplaceDoubleHyphens(line) == naive::Encode(naive::Scanner::ReplaceDoubleHyphens(characters)));
+  Require(ReplaceDoubleHyphens(line) ==
+          reference::Encode(reference::Scanner::ReplaceDoubleHyphens(characters)));
   std::string replaced = line;
   ReplaceNamedEntities(replaced);
-  Require(replaced == naive::Encode(naive::Scanner::ReplaceNamedEntities(characters)));
-  Require(IsNegativeContractionStem(line) == naive::Scanner::IsNegativeContractionStem(characters));
+  Require(replaced == reference::Encode(reference::Scanner::ReplaceNamedEntities(characters)));
+  Require(IsNegativeContractionStem(line) == reference::Scanner::IsNegativeContractionStem(characters));
   for (size_t at = line.find('&'); at != std::string::npos; at = line.find('&', at + 1)) {
     const std::string_view rest = std::string_view(line).substr(at);
-    Require(static_cast<size_t>(EntityLength(rest)) == naive::Scanner::EntityLength(naive::Decode(rest)));
+    Require(static_cast<size_t>(EntityLength(rest)) ==
+            reference::Scanner::EntityLength(reference::Decode(rest)));
   }
   return 0;
 }

@@ -40,10 +40,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Check(NormaliseFilterText(normalised) == normalised);
 
   PhraseFilter filter(typed, mode);
-  const std::vector<std::string> words = naive::FilterWords(normalised);
+  const std::vector<std::string> words = reference::FilterWords(normalised);
   Check(words == SplitFilterWords(typed));
   Check(filter.Empty() == words.empty());
   const bool passes = filter.Passes(phrase);
-  Check(words.empty() ? passes : passes == naive::PassesFilter(phrase, words, mode));
+  Check(words.empty() ? passes : passes == reference::PassesFilter(phrase, words, mode));
   return 0;
 }

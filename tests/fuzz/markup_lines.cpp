@@ -36,7 +36,7 @@ void Compare(std::string_view text, std::string_view extension, std::string_view
   RecordedWords ofPieces;
   LineScanner<WordSink> scanner(rules, MarkersOf(extension), words);
   LineScanner<WordSink> byPieces(rules, MarkersOf(extension), ofPieces);
-  naive::Scanner model(rules, language);
+  reference::Scanner model(rules, language);
   for (size_t begin = 0; begin <= text.size();) {
     const size_t end = std::min(text.find('\n', begin), text.size());
     scanner.ScanLine(text.substr(begin, end - begin));

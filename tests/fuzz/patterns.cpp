@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string word = WellFormed(rest.substr(0, kMostWordBytes));
 
   PatternSet set(caseSignificant);
-  ListEntries entries;
+  WordFilterSpec entries;
   entries.CaseSignificant = caseSignificant;
   bool any = false;
   bool certain = true;  // Where one gives up at a limit, being asked together may cost fewer steps.
@@ -79,7 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (certain) Require(unprepared == any && set.Matches(word) == any);
 
   entries.TypedWordsToIgnore = entries.CountOnly;
-  const RunLists lists(entries);
+  const WordFilters lists(entries);
   std::vector<bool> flags;
   MarkListedWords(word + "+" + word, IgnoreRule::ExcludeAll, lists, flags);
   Require(flags.size() >= 2 && flags.front() == lists.IsWordToIgnore(word.substr(0, word.find('+'))));

@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view text = DecodeText(bytes, TextEncoding::Utf8, buffer);
   RecordedWords words;
   LineScanner<WordSink> scanner(rules, MarkersOf(kExtensions[language]), words);
-  naive::Scanner model(rules, kLanguages[language]);
+  reference::Scanner model(rules, kLanguages[language]);
   for (const std::string_view line : LinesOf(text)) {
     scanner.ScanLine(line);
     model.ScanLine(line);

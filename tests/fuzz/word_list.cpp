@@ -65,9 +65,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Require(world.messages.shown.size() == (faultless ? 0u : 1u));
   for (const std::string& entry : SplitTypedEntries(kind, content)) RequireClean(entry);
 
-  const ListEntries entries = MakeListEntries(&list, content.substr(0, 200), (data[0] & 32) != 0, &list,
-                                              content.substr(0, 200), world.rules);
-  const RunLists lists(entries);
+  const WordFilterSpec entries = MakeWordFilterSpec(&list, content.substr(0, 200), (data[0] & 32) != 0, &list,
+                                                    content.substr(0, 200), world.rules);
+  const WordFilters lists(entries);
   for (const std::string& word : list.Words) lists.IsWordToIgnore(word);
   lists.IsCountOnlyPhrase("some+words");
   return 0;

@@ -4,7 +4,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 constexpr size_t kDigitsOfFileNumber = 5;
@@ -55,4 +55,4 @@ std::vector<ColumnValues> ValuesOfColumns(const CountingRun& run, bool folder) {
   return values;
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -7,7 +7,7 @@
 
 #include "tests/reference/naive_run.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// What a table says of a listed phrase. Nothing where there is nothing to divide by.
 struct ColumnValues {
@@ -27,4 +27,4 @@ struct ColumnValues {
 /// of a folder; else all of it is one file.
 std::vector<ColumnValues> ValuesOfColumns(const CountingRun& run, bool folder);
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -2,7 +2,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 enum class Kind { Well, Ill, Cut };
@@ -141,4 +141,4 @@ std::string Clean(std::string_view text) {
   return Nfc(Encode(WithReplacements(CharactersOfUtf8(text, illFormed))));
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// What the bytes of a text are, one decision after the other and everything held whole.
 struct DecodedText {
@@ -29,4 +29,4 @@ DecodedText DecodeBytes(std::string_view bytes, bool isUtf8);
 /// UTF-8 (any bytes) with what is replaced replaced and what is dropped dropped, in NFC.
 std::string Clean(std::string_view text);
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -5,7 +5,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 namespace {
 
@@ -148,4 +148,4 @@ std::string DocxText(const std::string& xml) {
   return text + line;
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

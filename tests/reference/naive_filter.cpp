@@ -4,7 +4,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 bool OccursAsWholeWord(const std::string& phrase, const std::string& word) {
@@ -54,4 +54,4 @@ bool PassesFilter(std::string_view phrase, const std::vector<std::string>& words
   return mode == FilterMode::AllWords || OccurInOrder(lowered, words);
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 using testing::ElementsAre;
@@ -53,4 +53,4 @@ TEST(NaiveFilter, PassesByMode) {
 }
 
 }  // namespace
-}  // namespace korv::naive
+}  // namespace korv::reference

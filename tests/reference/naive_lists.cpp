@@ -5,7 +5,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 bool IsBracketed(std::string_view entry) {
@@ -143,4 +143,4 @@ bool Lists::CountOnlyAdmits(std::string_view phrase) const {
   return false;
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -9,7 +9,7 @@
 
 #include "engine/counting/word_filters.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// "~" is any run of characters, "?" one character, and what stands between angle brackets is a regular
 /// expression, searched anywhere in the text. An invalid expression matches nothing.
@@ -28,7 +28,7 @@ std::vector<std::string> Split(std::string_view text, char separator, bool insid
 /// what MatchPattern has answered before is remembered, so that thousands of small runs can be compared.
 class Lists {
  public:
-  explicit Lists(ListEntries entries) : entries_(std::move(entries)) {}
+  explicit Lists(WordFilterSpec entries) : entries_(std::move(entries)) {}
 
   bool HasWordsToIgnore() const;
   bool IsWordToIgnore(std::string_view word) const;
@@ -40,8 +40,8 @@ class Lists {
   /// One word against a one-word entry.
   bool MatchesOneWordEntry(std::string_view word, const std::string& entry, bool byPattern) const;
 
-  ListEntries entries_;
+  WordFilterSpec entries_;
   mutable std::map<std::pair<std::string, std::string>, bool> answers_;
 };
 
-}  // namespace korv::naive
+}  // namespace korv::reference

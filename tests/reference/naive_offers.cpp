@@ -5,7 +5,7 @@
 #include "tests/reference/naive_run.h"
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 void Offers::TakeWord(std::string_view word) {
   if (!RulesDrop(word, rules_).empty()) return;
@@ -38,4 +38,4 @@ void Offers::Judge(const std::vector<std::string>& words) {
     ++NotCountOnly;
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

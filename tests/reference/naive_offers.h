@@ -10,13 +10,13 @@
 #include "engine/text/word_rules.h"
 #include "tests/reference/naive_lists.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// What a text offers of phrases and what keeps each from being counted: every phrase is spelled out and
 /// looked at alone.
 class Offers {
  public:
-  Offers(const WordRules& rules, const RunOptions& options, ListEntries entries)
+  Offers(const WordRules& rules, const RunOptions& options, WordFilterSpec entries)
       : rules_(rules), options_(options), lists_(std::move(entries)) {}
 
   /// A word as cut from the text.
@@ -39,4 +39,4 @@ class Offers {
   std::vector<std::string> row_;  ///< Words since the last place where phrases end.
 };
 
-}  // namespace korv::naive
+}  // namespace korv::reference

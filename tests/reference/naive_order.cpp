@@ -7,7 +7,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 using SortString = std::pair<std::u32string, std::string>;
@@ -95,4 +95,4 @@ void SetUpFrequencyChain(Table& table, ChainBy by) {
   for (int32_t p = 1; p < position; ++p) table[at(p)].ChainNext = at(p + 1);
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

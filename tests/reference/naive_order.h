@@ -4,7 +4,7 @@
 
 #include "tests/reference/naive_table.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 enum class Direction { Descending, Ascending };
 enum class ChainBy { Count, Files };
@@ -20,4 +20,4 @@ void ExcludeRedundantSubphrases(Table& table);
 /// Numbers the listed entries by counting down from the largest count, and links them.
 void SetUpFrequencyChain(Table& table, ChainBy by = ChainBy::Count);
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 using Counted = std::pair<std::string, int>;
@@ -159,4 +159,4 @@ TEST(NaiveChain, GoesByFilesThenCountThenIndexWhenAsked) {
 }
 
 }  // namespace
-}  // namespace korv::naive
+}  // namespace korv::reference

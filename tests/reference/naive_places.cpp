@@ -6,7 +6,7 @@
 #include "tests/reference/naive_scanner.h"
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 /// A character and the column of the one that it comes from.
@@ -166,4 +166,4 @@ std::string RightWords(const std::u32string& text, size_t begin, size_t most) {
   return Encode(right);
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -7,7 +7,7 @@
 
 #include "engine/text/word_rules.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// A word as cut, or a place where no phrase goes on, with where it stands in the file. Lines and columns
 /// count from 1, columns in characters of the file.
@@ -29,4 +29,4 @@ std::vector<std::u32string> RawLines(std::string_view bytes, bool isUtf8);
 std::string LeftWords(const std::u32string& text, size_t end, size_t most);
 std::string RightWords(const std::u32string& text, size_t begin, size_t most);
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -5,7 +5,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 int WordsIn(std::string_view phrase) {
@@ -48,7 +48,7 @@ std::vector<size_t> PlacesOf(const std::vector<std::string>& words, const std::v
   return places;
 }
 
-CountingRun::CountingRun(const WordRules& rules, const RunOptions& options, ListEntries entries)
+CountingRun::CountingRun(const WordRules& rules, const RunOptions& options, WordFilterSpec entries)
     : rules_(rules),
       options_(options),
       lists_(std::move(entries)),
@@ -153,4 +153,4 @@ void CountingRun::Finish(ChainBy by) {
   SetUpFrequencyChain(table_, by);
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

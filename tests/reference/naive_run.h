@@ -14,7 +14,7 @@
 #include "tests/reference/naive_order.h"
 #include "tests/reference/naive_table.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// Why a word does not count: "short", "long", "letterless", "repetition", "ignored" or "not 7-bit".
 using DropCounts = std::map<std::string, int64_t>;
@@ -28,7 +28,7 @@ std::vector<size_t> PlacesOf(const std::vector<std::string>& words, const std::v
 /// One counting run: words in, table out. A stop is a text that ends earlier.
 class CountingRun {
  public:
-  CountingRun(const WordRules& rules, const RunOptions& options, ListEntries entries);
+  CountingRun(const WordRules& rules, const RunOptions& options, WordFilterSpec entries);
 
   void BeginSource(std::string_view path);
   /// A word as cut from the text.
@@ -67,4 +67,4 @@ class CountingRun {
   DropCounts dropped_;  ///< Reasons for which no word was dropped are not in it.
 };
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -10,7 +10,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 using testing::ElementsAre;
@@ -35,14 +35,14 @@ RunOptions Lengths(int least, int most, IgnoreRule mode = IgnoreRule::ExcludeAll
   return options;
 }
 
-ListEntries Ignoring(std::vector<std::string> words) {
-  ListEntries entries;
+WordFilterSpec Ignoring(std::vector<std::string> words) {
+  WordFilterSpec entries;
   entries.FileWordsToIgnore = std::move(words);
   return entries;
 }
 
-ListEntries CountingOnly(std::vector<std::string> entries, bool caseSignificant = true) {
-  ListEntries lists;
+WordFilterSpec CountingOnly(std::vector<std::string> entries, bool caseSignificant = true) {
+  WordFilterSpec lists;
   lists.CountOnly = std::move(entries);
   lists.CaseSignificant = caseSignificant;
   return lists;
@@ -199,7 +199,7 @@ TEST(NaiveGetWords2, TellsHowManyPhrasesOnlyTheirLengthKeptOut) {
   const std::string w50(50, 'w'), x49(49, 'x');
   struct Case {
     const char* name;
-    ListEntries entries;
+    WordFilterSpec entries;
     int64_t expected;
   };
   const Case cases[] = {
@@ -295,14 +295,14 @@ TEST(NaiveCountOnly, AdmitsPhrasesWithAListedWordOrThatAreListed) {
 }
 
 TEST(NaiveCountOnly, ComesAfterTheWordsToIgnore) {
-  ListEntries entries = CountingOnly({"cat"});
+  WordFilterSpec entries = CountingOnly({"cat"});
   entries.TypedWordsToIgnore = {"mat"};
   CountingRun run(AnyWord(), Lengths(2, 2, IgnoreRule::ExcludeWith), entries);
   EXPECT_THAT(Counts(Feed(run, "cat mat / cat sat / sat sat")), ElementsAre(Pair("cat sat", 1)));
 }
 
 TEST(NaiveWordsToIgnore, ArePatternsWhenTypedOrWhenAskedFor) {
-  ListEntries entries;
+  WordFilterSpec entries;
   entries.FileWordsToIgnore = {"~at", "dog"};
   entries.TypedWordsToIgnore = {"?og", "Hen"};
   Lists plain(entries);
@@ -400,4 +400,4 @@ TEST(NaiveFolding, TakesAccentsOffBeforeLowerCasing) {
 }
 
 }  // namespace
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -4,7 +4,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 using Text = std::u32string;
@@ -288,4 +288,4 @@ void Scanner::ScanLine(std::string_view text) {
   }
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -7,7 +7,7 @@
 
 #include "engine/text/word_rules.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 /// The scanner as its rules read, one character at a time over code points. Quadratic and worse.
 class Scanner {
@@ -54,4 +54,4 @@ class Scanner {
   std::vector<std::pair<size_t, size_t>> spans_;
 };
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -5,7 +5,7 @@
 
 #include "tests/reference/naive_text.h"
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 constexpr size_t kDigits = 5;
@@ -131,4 +131,4 @@ Lookup Table::FindPhrase(std::string_view text) {
   return result;
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

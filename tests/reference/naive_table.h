@@ -7,7 +7,7 @@
 
 #include "engine/counting/run_options.h"
 
-namespace korv::naive {
+namespace korv::reference {
 
 struct Phrase {
   std::string Text;
@@ -65,4 +65,4 @@ class Table {
   std::string path_;
 };
 
-}  // namespace korv::naive
+}  // namespace korv::reference

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 std::vector<std::string> Texts(const Table& table) {
@@ -207,4 +207,4 @@ TEST(NaiveFindPhrase, KeepsTheLargestNumberOfHalvingSteps) {
 }
 
 }  // namespace
-}  // namespace korv::naive
+}  // namespace korv::reference

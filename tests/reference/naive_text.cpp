@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace korv::naive {
+namespace korv::reference {
 namespace {
 
 constexpr std::u32string_view kAccented = U"ŠŸÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝšÿàáâãäåçèéêëìíîïñòóôõöøùúûüý";
@@ -167,4 +167,4 @@ std::string FoldKey(std::string_view text) {
   return Encode(characters);
 }
 
-}  // namespace korv::naive
+}  // namespace korv::reference

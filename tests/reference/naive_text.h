@@ -7,7 +7,7 @@
 /// The naive model of the engine: every rule written down as it is described, in the plainest way and
 /// without a thought for speed. The real engine is compared with it; so nothing here uses the real one
 /// but its plain records.
-namespace korv::naive {
+namespace korv::reference {
 
 /// UTF-8 (well-formed) to code points and back.
 std::u32string Decode(std::string_view text);
@@ -33,4 +33,4 @@ std::vector<bool> BelongsToWord(std::u32string_view text, std::u32string_view ex
 std::string FoldAccents(std::string_view text);
 std::string FoldKey(std::string_view text);
 
-}  // namespace korv::naive
+}  // namespace korv::reference

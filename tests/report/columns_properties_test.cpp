@@ -50,7 +50,7 @@ void CompareWithModel(const WorldKind& kind) {
   const CountingWorld world = DrawWorld(kind);
   RC_LOG() << world;
   const EngineRun run = CountedByEngine(world);
-  RunFacts facts;
+  RunSummary facts;
   facts.Options = world.Options;
   facts.Words = run.Words;
   const ReportOptions options{.WordOrder = kAlphabetical,
@@ -63,7 +63,7 @@ void CompareWithModel(const WorldKind& kind) {
   WriteList({run.Table, facts, options, numbers}, columns, {}, cells, yielder);
 
   std::vector<std::vector<std::string>> expected;
-  for (const naive::ColumnValues& v : naive::ValuesOfColumns(ModelRun(world), kind.Folder))
+  for (const reference::ColumnValues& v : reference::ValuesOfColumns(ModelRun(world), kind.Folder))
     expected.push_back({std::to_string(v.Rank), v.Phrase, std::to_string(v.Frequency), Real(v.PerMillion),
                         Real(v.Percent), std::to_string(v.Words), std::to_string(v.Characters),
                         std::to_string(v.Files), Real(v.FilesPercent), kind.Folder ? v.FirstFile : "0"});

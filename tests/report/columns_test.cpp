@@ -56,7 +56,7 @@ TEST(Columns, ValuesOfAPhrase) {
   world.facts.Words.DroppedBy[0] = 40;
   ColumnSource source{world.table, world.facts};
   source.FilesWithWords = 8;
-  const FileTallies::Tally files[] = {{1, 2}, {4, 1}};
+  const DocumentCounts::Tally files[] = {{1, 2}, {4, 1}};
   const std::string text = world.table.Text(1);
   const ListedPhrase phrase(1, text, files, 7);
   const ValueCase cases[] = {
@@ -101,15 +101,15 @@ TEST(Columns, RankIsByFrequencyWhateverTheChainGoesBy) {
 }
 
 TEST(Columns, FirstFileOfATextWithoutPathIsADash) {
-  const RunLists lists(ListEntries{});
-  WordStream stream({}, {.MinWords = 2, .MaxWords = 2, .MinFrequency = 1}, lists);
+  const WordFilters lists(WordFilterSpec{});
+  CorpusBuilder stream({}, {.MinWords = 2, .MaxWords = 2, .MinFrequency = 1}, lists);
   stream.BeginSource("");
   for (const char* word : {"one", "two"}) stream.TakeWord(word);
   PhraseTable table;
   TakeText(std::move(stream), table);
   NoYielder yielder;
   CountPhrases(table, yielder);
-  const RunFacts facts;
+  const RunSummary facts;
   ColumnSource source{table, facts};
   const std::string noPath[] = {""}, path[] = {"a.txt"};
   const Column& firstFile = *FindColumn("first_file");
@@ -122,10 +122,10 @@ TEST(Columns, FirstFileOfATextWithoutPathIsADash) {
 
 /// A folder with a phrase in more files than the tallies take note of, and files without words.
 TEST(Columns, FilesHaveNoLimit) {
-  constexpr uint32_t kFiles = FileTallies::kMostFiles + 5;
+  constexpr uint32_t kFiles = DocumentCounts::kMostFiles + 5;
   const RunOptions options{.MinWords = 2, .MaxWords = 2, .MinFrequency = 1, .SourceKind = TextSource::Folder};
-  const RunLists lists(ListEntries{});
-  WordStream stream({}, options, lists);
+  const WordFilters lists(WordFilterSpec{});
+  CorpusBuilder stream({}, options, lists);
   for (uint32_t file = 0; file < kFiles; ++file) {
     stream.BeginSource(std::to_string(file));
     for (const char* word : {"one", "two"}) stream.TakeWord(word);
@@ -143,7 +143,7 @@ TEST(Columns, FilesHaveNoLimit) {
     RowBuilder rows(columns, source.View());
     const bool limited = columns[0]->Id == "report_files";
     EXPECT_EQ(Said(rows.Cells(1, "one two").OfPhrase[0]),
-              std::to_string(limited ? FileTallies::kMostFiles : kFiles));
+              std::to_string(limited ? DocumentCounts::kMostFiles : kFiles));
   }
 }
 

@@ -34,12 +34,12 @@ RC_GTEST_PROP(FilterProperties, PassesWhatTheModelPasses, ()) {
   const std::string typed = Joined(*Words(kTyped));
   const auto mode =
       *rc::gen::element(FilterMode::AllWords, FilterMode::AllWordsInSameOrder, FilterMode::Subphrase);
-  const std::vector<std::string> words = naive::FilterWords(typed);
+  const std::vector<std::string> words = reference::FilterWords(typed);
   RC_ASSERT(SplitFilterWords(typed) == words);
   RC_PRE(!words.empty());
   const bool passes = PhraseFilter(typed, mode).Passes(phrase);
   RC_TAG(passes ? "passes" : "fails");
-  RC_ASSERT(passes == naive::PassesFilter(phrase, words, mode));
+  RC_ASSERT(passes == reference::PassesFilter(phrase, words, mode));
 }
 
 }  // namespace

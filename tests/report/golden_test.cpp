@@ -20,7 +20,7 @@
 namespace korv {
 namespace {
 
-class NoView final : public RunView {
+class NoView final : public RunObserver {
  public:
   void Status(const std::string&) override {}
   void Notice(const std::string&) override {}

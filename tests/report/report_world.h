@@ -39,8 +39,8 @@ struct ReportWorld {
   Report View() const { return {table, facts, options, numbers}; }
 
   PhraseTable table;
-  RunFacts facts = [] {
-    RunFacts f;
+  RunSummary facts = [] {
+    RunSummary f;
     f.Options.MinWords = 2;
     f.Options.MaxWords = 3;
     f.Options.MinFrequency = 1;

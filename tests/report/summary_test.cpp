@@ -5,22 +5,22 @@
 namespace korv {
 namespace {
 
-RunFacts Facts(int minWords, int maxWords, int minFrequency) {
-  RunFacts facts;
+RunSummary Facts(int minWords, int maxWords, int minFrequency) {
+  RunSummary facts;
   facts.Options.MinWords = minWords;
   facts.Options.MaxWords = maxWords;
   facts.Options.MinFrequency = minFrequency;
   return facts;
 }
 
-RunFacts Ignoring(RunFacts facts, IgnoreRule mode) {
+RunSummary Ignoring(RunSummary facts, IgnoreRule mode) {
   facts.WordsToIgnoreInUse = true;
   facts.Options.IgnoreMode = mode;
   return facts;
 }
 
-RunFacts Scanned(uint64_t files, uint64_t folders, bool stopped = false) {
-  RunFacts facts;
+RunSummary Scanned(uint64_t files, uint64_t folders, bool stopped = false) {
+  RunSummary facts;
   facts.Options.SourceKind = TextSource::Folder;
   facts.Options.Stopped = stopped;
   facts.FilesScanned = files;
@@ -30,7 +30,7 @@ RunFacts Scanned(uint64_t files, uint64_t folders, bool stopped = false) {
 
 struct SummaryCase {
   const char* name;
-  RunFacts facts;
+  RunSummary facts;
   uint32_t phrases;
   int longestWords;
   std::string text;
@@ -97,7 +97,7 @@ TEST(Summary, NothingListedSuggestsAnotherCountWhereThatMayHelp) {
 }
 
 TEST(FilesScanned, HasItsOwnPlurals) {
-  const std::pair<RunFacts, std::string> cases[] = {
+  const std::pair<RunSummary, std::string> cases[] = {
       {Scanned(1, 1), "1 file (in 1 folder) was scanned.\r\n"},
       {Scanned(2500, 12), "2,500 files (in 12 folders) were scanned.\r\n"},
       {Scanned(0, 1), "0 file (in 1 folder) were scanned.\r\n"},
@@ -111,7 +111,7 @@ TEST(FilesScanned, HasItsOwnPlurals) {
 
 TEST(FilesScanned, IsToldOnlyOfAFolder) {
   for (const TextSource source : {TextSource::Clipboard, TextSource::SingleFile}) {
-    RunFacts facts = Scanned(1, 1, true);
+    RunSummary facts = Scanned(1, 1, true);
     facts.Options.SourceKind = source;
     EXPECT_EQ(FilesScannedText(facts, NumberFormat()), "");
   }
@@ -125,7 +125,7 @@ TEST(ProgressCount, HasItsOwnPluralsAndNoGroups) {
 }
 
 TEST(NoResult, NamesTheMinimumOfCharactersWhereThatRuleIsOn) {
-  RunFacts facts;
+  RunSummary facts;
   EXPECT_EQ(NoResultText(facts), "No phrases satisfying the specified conditions were found.");
   facts.MinCharacters = 3;
   EXPECT_EQ(NoResultText(facts),
@@ -133,7 +133,7 @@ TEST(NoResult, NamesTheMinimumOfCharactersWhereThatRuleIsOn) {
 }
 
 TEST(SkippedFiles, AreListedWithTheirReasons) {
-  RunFacts facts = Scanned(5, 1);
+  RunSummary facts = Scanned(5, 1);
   facts.InputPath = "/texts";
   EXPECT_EQ(SkippedFilesText(facts), "");
   facts.SkippedFiles = {{"/texts/a.rtf", "is an RTF file"}};

@@ -13,7 +13,7 @@ std::string Table(std::initializer_list<const char*> ids, std::initializer_list<
   std::vector<const Column*> columns;
   for (const char* id : ids) columns.push_back(FindColumn(id));
   const PhraseTable table;
-  const RunFacts facts;
+  const RunSummary facts;
   StringSink sink;
   sink.pieceSize = 1 << 20;
   TsvWriter writer(sink);
@@ -58,7 +58,7 @@ TEST(TsvWriter, ARefusedPieceIsTold) {
   sink.takes = 0;
   TsvWriter writer(sink);
   const PhraseTable table;
-  const RunFacts facts;
+  const RunSummary facts;
   const Column* columns[] = {FindColumn("rank")};
   writer.Begin(columns, ColumnSource{table, facts});
   const Cell cells[] = {int64_t{1}};

@@ -49,8 +49,8 @@ std::string DrawFiller() {
 
 void CompareReaderWithModel(const std::string& bytes) {
   const bool answer = *rc::gen::arbitrary<bool>();
-  const bool looks = naive::TakesForUtf8(bytes);
-  const naive::DecodedText model = naive::DecodeBytes(bytes, looks && answer);
+  const bool looks = reference::TakesForUtf8(bytes);
+  const reference::DecodedText model = reference::DecodeBytes(bytes, looks && answer);
 
   const size_t head = *rc::gen::inRange<size_t>(0, std::min<size_t>(bytes.size(), 40) + 1);
   BittenFile rest(std::string_view(bytes).substr(head), *rc::gen::element<size_t>(1, 2, 3, 1000, 100000));
@@ -84,8 +84,8 @@ RC_GTEST_PROP(DecodingProperties, EitherEncodingIsDecodedLikeTheModel, ()) {
   const std::string bytes = DrawBytes();
   const bool isUtf8 = *rc::gen::arbitrary<bool>();
   const bool isSigned = isUtf8 && bytes.starts_with("\xEF\xBB\xBF");
-  const naive::DecodedText model =
-      naive::DecodeBytes(std::string_view(bytes).substr(isSigned ? 3 : 0), isUtf8);
+  const reference::DecodedText model =
+      reference::DecodeBytes(std::string_view(bytes).substr(isSigned ? 3 : 0), isUtf8);
   TextReader reader(bytes, nullptr, isUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi);
   std::vector<std::string> lines;
   while (reader.NextLine()) lines.emplace_back(reader.Line());
@@ -95,7 +95,7 @@ RC_GTEST_PROP(DecodingProperties, EitherEncodingIsDecodedLikeTheModel, ()) {
 
 RC_GTEST_PROP(DecodingProperties, TypedTextIsCleanedLikeTheModel, ()) {
   const std::string text = DrawBytes();
-  RC_ASSERT(CleanText(text) == naive::Clean(text));
+  RC_ASSERT(CleanText(text) == reference::Clean(text));
   RC_ASSERT(CleanText(CleanText(text)) == CleanText(text));
 }
 

@@ -85,7 +85,7 @@ RC_GTEST_PROP(DocxProperties, TheTextIsThatOfTheModel, ()) {
   for (const Pieces* some : {&kRuns, &kMarkup, &kText}) all.insert(all.end(), some->begin(), some->end());
   const std::string xml = Draw(all);
   RC_LOG() << xml << '\n';
-  RC_ASSERT(DocxXmlToText(xml, {files, messages, yielder}) == naive::DocxText(xml));
+  RC_ASSERT(DocxXmlToText(xml, {files, messages, yielder}) == reference::DocxText(xml));
 }
 
 // Little is read of pieces that begin and end runs all the time, so here every run is whole.
@@ -97,7 +97,7 @@ RC_GTEST_PROP(DocxProperties, TheTextOfWholeRunsIsThatOfTheModel, ()) {
   for (int k = *rc::gen::inRange(0, 12); k > 0; --k)
     xml += std::string(*rc::gen::elementOf(kMarkup)) + "<w:t>" + Draw(kText) + "</w:t>";
   RC_LOG() << xml << '\n';
-  RC_ASSERT(DocxXmlToText(xml, {files, messages, yielder}) == naive::DocxText(xml));
+  RC_ASSERT(DocxXmlToText(xml, {files, messages, yielder}) == reference::DocxText(xml));
 }
 
 }  // namespace

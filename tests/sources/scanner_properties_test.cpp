@@ -65,7 +65,7 @@ void CompareOn(std::string_view extension, std::string_view language) {
   const std::vector<std::string> lines = DrawLines();
   RecordedWords words;
   LineScanner<WordSink> scanner(rules, MarkersOf(extension), words);
-  naive::Scanner model(rules, language);
+  reference::Scanner model(rules, language);
   scanner.BeginSource();
   for (const std::string& line : lines) {
     scanner.ScanLine(line);

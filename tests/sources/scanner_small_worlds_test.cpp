@@ -40,7 +40,7 @@ class SmallWorlds : public testing::TestWithParam<RuleSet> {
   void Compare(std::string_view text) {
     RecordedWords words;
     LineScanner<WordSink> scanner(rules_, CommentMarkers{}, words);
-    naive::Scanner model(rules_, "None");
+    reference::Scanner model(rules_, "None");
     for (size_t begin = 0; begin <= text.size();) {
       const size_t end = std::min(text.find('\n', begin), text.size());
       scanner.ScanLine(text.substr(begin, end - begin));

@@ -151,9 +151,9 @@ TEST(CommonWordsFiles, HoldHalfOfTheWordsOfOrdinaryProse) {
     for (const bool apostrophes : {false, true}) {
       ListWorld world;
       world.rules.AllowApostrophes = apostrophes;
-      ListEntries entries;
+      WordFilterSpec entries;
       entries.FileWordsToIgnore = world.Read(FileBytes(FindCommonWordsLanguage(language.code)->File)).Words;
-      const RunLists lists(entries);
+      const WordFilters lists(entries);
       WordRules rules = world.rules;
       SetAllowedExtraChars(rules);
       SetAllowedExtraChars2(rules);

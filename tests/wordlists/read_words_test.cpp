@@ -293,7 +293,7 @@ TEST(CommentStripper, ReplacesEveryCommentByOneBlank) {
   for (const LineCase& c : cases) EXPECT_EQ(stripper.Strip(c.line), c.stripped) << c.line;
 }
 
-TEST(GatherLists, PutsFilesAndTypedTextTogether) {
+TEST(LoadWordFilters, PutsFilesAndTypedTextTogether) {
   ListWorld world;
   world.files.Add("/i.txt", "the ~ing\r\n");
   world.files.Add("/c.txt", "Big hat\r\ncat\r\n");
@@ -304,7 +304,7 @@ TEST(GatherLists, PutsFilesAndTypedTextTogether) {
   request.CountOnlyFile = "/c.txt";
   request.CountOnly = "dog, <x, y>";
   world.rules.CaseSignificant = true;
-  const auto lists = GatherLists(request, world.rules, world.reading);
+  const auto lists = LoadWordFilters(request, world.rules, world.reading);
   ASSERT_TRUE(lists.has_value());
   EXPECT_THAT(lists->FileWordsToIgnore, ElementsAre("the", "~ing"));
   EXPECT_THAT(lists->TypedWordsToIgnore, ElementsAre("Ibid", "<a b>", "viz"));
@@ -314,33 +314,33 @@ TEST(GatherLists, PutsFilesAndTypedTextTogether) {
   EXPECT_THAT(world.messages.shown, IsEmpty());
 }
 
-TEST(GatherLists, WithoutAnyListNothingIsInForce) {
+TEST(LoadWordFilters, WithoutAnyListNothingIsInForce) {
   ListWorld world;
-  const auto lists = GatherLists({}, world.rules, world.reading);
+  const auto lists = LoadWordFilters({}, world.rules, world.reading);
   ASSERT_TRUE(lists.has_value());
-  EXPECT_FALSE(RunLists(*lists).HasWordsToIgnore());
-  EXPECT_FALSE(RunLists(*lists).HasCountOnly());
+  EXPECT_FALSE(WordFilters(*lists).HasWordsToIgnore());
+  EXPECT_FALSE(WordFilters(*lists).HasCountOnly());
 }
 
-TEST(GatherLists, AMissingFileEndsIt) {
+TEST(LoadWordFilters, AMissingFileEndsIt) {
   ListWorld world;
   ListRequest request;
   request.IgnoreFile = "/none.txt";
-  EXPECT_FALSE(GatherLists(request, world.rules, world.reading).has_value());
+  EXPECT_FALSE(LoadWordFilters(request, world.rules, world.reading).has_value());
   EXPECT_EQ(world.messages.Only().text, "File for words-to-ignore not found.");
   world.messages.Forget();
   request = {};
   request.CountOnlyFile = "/none.txt";
-  EXPECT_FALSE(GatherLists(request, world.rules, world.reading).has_value());
+  EXPECT_FALSE(LoadWordFilters(request, world.rules, world.reading).has_value());
   EXPECT_EQ(world.messages.Only().text, "File for count-only words not found.");
 }
 
-TEST(GatherLists, TypedTextWithAFaultDrawsItsMessageAndIsUsedAsTyped) {
+TEST(LoadWordFilters, TypedTextWithAFaultDrawsItsMessageAndIsUsedAsTyped) {
   ListWorld world;
   ListRequest request;
   request.IgnoreWords = "U.S. the";
   request.CountOnly = "cat,dog";
-  const auto lists = GatherLists(request, world.rules, world.reading);
+  const auto lists = LoadWordFilters(request, world.rules, world.reading);
   ASSERT_TRUE(lists.has_value());
   EXPECT_EQ(world.messages.shown.size(), 2u);
   EXPECT_THAT(lists->TypedWordsToIgnore, ElementsAre("U.S.", "the"));
