@@ -1,7 +1,6 @@
 #include "base/time_text.h"
 
 #include <algorithm>
-#include <array>
 
 namespace korv {
 
@@ -38,16 +37,6 @@ std::string FormatElapsedLong(std::chrono::seconds elapsed) {
   if (!text.empty() || parts.hours > 0) text += Counted(parts.hours, "hour") + ", ";
   if (!text.empty() || parts.minutes > 0) text += Counted(parts.minutes, "minute") + " and ";
   return text + Counted(parts.seconds, "second");
-}
-
-std::string FormatSize(uint64_t bytes, const NumberFormat& numbers) {
-  constexpr uint64_t kStep = 1024;
-  if (bytes < kStep) return std::to_string(bytes) + " bytes";
-  static constexpr std::array kUnits = {" Kb", " Mb", " Gb"};
-  double size = static_cast<double>(bytes) / kStep;
-  size_t unit = 0;
-  for (; size >= kStep && unit + 1 < kUnits.size(); ++unit) size /= kStep;
-  return numbers.Decimals(size, 1) + kUnits[unit];
 }
 
 }  // namespace korv

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <string>
-
-#include "base/number_format.h"
 
 namespace korv {
 
@@ -14,8 +11,5 @@ std::string FormatElapsedCompact(std::chrono::seconds elapsed);
 
 /// A time in words: "1 day, 2 hours, 0 minutes and 1 second", from the largest unit that is not zero down.
 std::string FormatElapsedLong(std::chrono::seconds elapsed);
-
-/// A size with one decimal: "0 bytes", "1023 bytes", "230.2 Kb", up to Gb. Halves as NumberFormat has it.
-std::string FormatSize(uint64_t bytes, const NumberFormat& numbers);
 
 }  // namespace korv

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "app/run/empty_result.h"
+#include "base/size_text.h"
 #include "base/utf8.h"
 #include "report/summary.h"
-#include "sources/detect/file_size_text.h"
 #include "sources/detect/source_checks.h"
 
 namespace korv {

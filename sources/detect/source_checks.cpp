@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/size_text.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
-#include "sources/detect/file_size_text.h"
 
 namespace korv {
 

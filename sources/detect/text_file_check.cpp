@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "sources/detect/file_size_text.h"
+#include "base/size_text.h"
 #include "sources/detect/foreign_kind.h"
 
 namespace korv {

@@ -36,26 +36,5 @@ TEST(FormatElapsed, BeginsWithTheLargestUnitThatIsNotZero) {
   }
 }
 
-TEST(FormatSize, HasOneDecimalFromAKilobyteOn) {
-  constexpr uint64_t kKb = 1024;
-  const std::pair<uint64_t, const char*> cases[] = {
-      {0, "0 bytes"},
-      {1, "1 bytes"},
-      {1023, "1023 bytes"},
-      {kKb, "1.0 Kb"},
-      {235725, "230.2 Kb"},
-      {kKb * kKb - 1, "1024.0 Kb"},
-      {kKb * kKb, "1.0 Mb"},
-      {5 * kKb * kKb / 2, "2.5 Mb"},
-      {kKb * kKb * kKb, "1.0 Gb"},
-      {2048 * kKb * kKb * kKb, "2048.0 Gb"},
-  };
-  for (const auto& [bytes, text] : cases) EXPECT_EQ(FormatSize(bytes, NumberFormat()), text);
-}
-
-TEST(FormatSize, DecimalPointIsTheLocales) {
-  EXPECT_EQ(FormatSize(1536, NumberFormat{.DecimalPoint = ","}), "1,5 Kb");
-}
-
 }  // namespace
 }  // namespace korv

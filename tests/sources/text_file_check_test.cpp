@@ -251,18 +251,6 @@ TEST(SkipReason, HasAWordForEveryRefusal) {
   EXPECT_EQ(SkipReason(UnicodeNotUtf8), "is a Unicode file but not UTF-8 encoded");
 }
 
-TEST(FormatFileSize, HasTwoDecimalsFromOneKiloOn) {
-  struct Row {
-    uint64_t bytes;
-    const char* text;
-  };
-  for (const Row& row : {Row{0, "0 bytes"}, Row{1023, "1023 bytes"}, Row{1024, "1.00 Kb"},
-                         Row{1536, "1.50 Kb"}, Row{1048575, "1,024.00 Kb"}, Row{1048576, "1.00 Mb"},
-                         Row{1294540, "1.23 Mb"}, Row{5368709120, "5,120.00 Mb"}}) {
-    EXPECT_EQ(FormatByteCount(row.bytes, NumberFormat()), row.text);
-  }
-}
-
 TEST(FormatFileSize, IsEmptyWithoutAFile) {
   FakeFiles files;
   files.Add("/a", "12345");
