@@ -10,7 +10,7 @@
 namespace korv {
 
 /// Asks the columns of a list for the cells of one phrase after the other. Allocates nothing per phrase but
-/// the tallies of its files, where a column needs them.
+/// the counts of its files, where a column needs them.
 class RowBuilder {
  public:
   /// Both outlive the builder.

@@ -24,12 +24,12 @@ class Place {
       characters += data_.Corpus.Words.Characters(last) + 1;
       ignored = ignored && accepted_.IsWordToIgnore(last);
       offered_.LongestRow = std::max(offered_.LongestRow, words);
-      if (words >= data_.Corpus.Options.MinWords) Judge(first, words, characters, ignored);
+      if (words >= data_.Corpus.Options.MinWords) Classify(first, words, characters, ignored);
     }
   }
 
  private:
-  void Judge(const WordNumber* first, int words, int characters, bool ignored) {
+  void Classify(const WordNumber* first, int words, int characters, bool ignored) {
     ++offered_.Offered;
     if (characters > kMostPhraseCharacters)
       ++offered_.TooLong;

@@ -28,15 +28,15 @@ void CorpusBuilder::TakeWord(std::string_view word) {
   if (word.size() > static_cast<size_t>(corpus_.Rules.LongWordSize) * kMostBytesOfCharacter)
     return Feed(Dropped(DropReason::Long));
   const uint32_t cut = asCut_.Number(word);
-  if (cut == verdicts_.size()) verdicts_.push_back(Judge(word));
-  Feed(verdicts_[cut]);
+  if (cut == classes_.size()) classes_.push_back(ClassifyWord(word));
+  Feed(classes_[cut]);
 }
 
 void CorpusBuilder::GetWords2(std::string_view word) {
   Feed(Admit(word));
 }
 
-WordNumber CorpusBuilder::Judge(std::string_view word) {
+WordNumber CorpusBuilder::ClassifyWord(std::string_view word) {
   if (const auto reason = DroppedByForm(word, corpus_.Rules)) return Dropped(*reason);
   const std::string folded = corpus_.Rules.CaseSignificant ? std::string(word) : FoldCase(word);
   if (corpus_.Options.IgnoreMode == IgnoreRule::Remove && corpus_.Lists->IsWordToIgnore(folded))
@@ -52,16 +52,16 @@ WordNumber CorpusBuilder::Admit(std::string_view word) {
   return corpus_.Words.Number(word);
 }
 
-void CorpusBuilder::Feed(WordNumber verdict) {
-  if (verdict > kEndsPhrase) {
-    ++counts_.DroppedBy[verdict - kEndsPhrase - 1];
+void CorpusBuilder::Feed(WordNumber wordClass) {
+  if (wordClass > kEndsPhrase) {
+    ++counts_.DroppedBy[wordClass - kEndsPhrase - 1];
     return;
   }
   ++counts_.Taken;
-  if (verdict == kEndsPhrase)
+  if (wordClass == kEndsPhrase)
     ResetPhrases();
   else
-    corpus_.Tokens.push_back(verdict);
+    corpus_.Tokens.push_back(wordClass);
 }
 
 Corpus CorpusBuilder::TakeCorpus() && {

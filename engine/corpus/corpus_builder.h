@@ -69,20 +69,20 @@ class CorpusBuilder {
   korv::Corpus TakeCorpus() &&;
 
  private:
-  /// What becomes of a word as cut: its number, or a verdict from here on. The first excludes every phrase
+  /// What becomes of a word as cut: its number, or a class from here on. The first excludes every phrase
   /// that holds the word, which is what a phrase end does; the others drop it for a reason.
   static constexpr WordNumber kEndsPhrase = 0xFFFFFFF0;
   static constexpr WordNumber Dropped(DropReason reason) {
     return kEndsPhrase + 1 + static_cast<WordNumber>(reason);
   }
 
-  WordNumber Judge(std::string_view word);
+  WordNumber ClassifyWord(std::string_view word);
   WordNumber Admit(std::string_view word);
-  void Feed(WordNumber verdict);
+  void Feed(WordNumber wordClass);
 
   korv::Corpus corpus_;
-  StringTable asCut_;                 ///< The words as cut ...
-  std::vector<WordNumber> verdicts_;  ///< ... and what becomes of each.
+  StringTable asCut_;                ///< The words as cut ...
+  std::vector<WordNumber> classes_;  ///< ... and what becomes of each.
   WordCounts counts_;
 };
 

@@ -7,22 +7,22 @@
 namespace korv {
 
 void DocumentCounts::Add(uint32_t fileNumber) {
-  if (tallies_.size() == kMostFiles) return;
-  if (tallies_.empty() || tallies_.back().FileNumber != fileNumber)
-    tallies_.push_back({fileNumber, 1});
-  else if (tallies_.back().Count < kMostPerFile)
-    ++tallies_.back().Count;
+  if (items_.size() == kMostFiles) return;
+  if (items_.empty() || items_.back().FileNumber != fileNumber)
+    items_.push_back({fileNumber, 1});
+  else if (items_.back().Count < kMostPerFile)
+    ++items_.back().Count;
 }
 
 std::string DocumentCounts::FileNumbers() const {
   std::string digits;
-  for (const Tally& t : tallies_) fmt::format_to(std::back_inserter(digits), "{:05}", t.FileNumber);
+  for (const Item& item : items_) fmt::format_to(std::back_inserter(digits), "{:05}", item.FileNumber);
   return digits;
 }
 
 std::string DocumentCounts::FileCounts() const {
   std::string digits;
-  for (const Tally& t : tallies_) fmt::format_to(std::back_inserter(digits), "{:05}", t.Count);
+  for (const Item& item : items_) fmt::format_to(std::back_inserter(digits), "{:05}", item.Count);
   return digits;
 }
 

@@ -12,18 +12,18 @@ class DocumentCounts {
   static constexpr uint32_t kMostFiles = 10000;
   static constexpr uint32_t kMostPerFile = 99999;
 
-  struct Tally {
+  struct Item {
     uint32_t FileNumber;  ///< 1-based.
     uint32_t Count;       ///< 1..kMostPerFile; further occurrences are not recorded.
-    bool operator==(const Tally&) const = default;
+    bool operator==(const Item&) const = default;
   };
 
   /// One occurrence in a file; calls come in reading order. From the moment kMostFiles files are recorded
   /// nothing more is, not even for the last of them.
   void Add(uint32_t fileNumber);
 
-  uint32_t FileCount() const { return static_cast<uint32_t>(tallies_.size()); }
-  const std::vector<Tally>& Tallies() const { return tallies_; }
+  uint32_t FileCount() const { return static_cast<uint32_t>(items_.size()); }
+  const std::vector<Item>& Items() const { return items_; }
 
   /// The file numbers, five digits each.
   std::string FileNumbers() const;
@@ -31,7 +31,7 @@ class DocumentCounts {
   std::string FileCounts() const;
 
  private:
-  std::vector<Tally> tallies_;
+  std::vector<Item> items_;
 };
 
 }  // namespace korv

@@ -36,9 +36,9 @@ SuffixSorter::SuffixSorter(std::span<const WordNumber> numbers, uint32_t vocabul
 void SuffixSorter::Sort(std::span<const uint32_t> positions) {
   const size_t n = positions.size();
   suffixes_.resize(n);
-  shared_.assign(n, 1);
+  lcp_.assign(n, 1);
   if (n == 0) return;
-  shared_[0] = 0;
+  lcp_[0] = 0;
   if (spare_.size() < n) spare_.resize(n);
   const WordNumber* text = numbers_.data();
   // The places are scattered over the text: without asking ahead every one would be waited for.
@@ -51,7 +51,7 @@ void SuffixSorter::Sort(std::span<const uint32_t> positions) {
   }
   if (n == 1) return;
   SortByKey(suffixes_.data(), spare_.data(), n);
-  ShareWithin(0, n, 1);
+  FindLcp(0, n, 1);
 }
 
 uint64_t SuffixSorter::KeyAt(uint32_t position, int depth) const {
@@ -74,7 +74,7 @@ void SuffixSorter::SortFrom(size_t begin, size_t end, int depth) {
     suffixes_[i].Key = KeyAt(suffixes_[i].Position, depth);
   }
   SortByKey(suffixes_.data() + begin, spare_.data(), end - begin);
-  ShareWithin(begin, end, depth);
+  FindLcp(begin, end, depth);
 }
 
 void SuffixSorter::SortPair(size_t begin, int depth) {
@@ -82,12 +82,12 @@ void SuffixSorter::SortPair(size_t begin, int depth) {
   const WordNumber* b = numbers_.data() + suffixes_[begin + 1].Position;
   int k = depth;
   while (k < maxWords_ && a[k] == b[k] && a[k] != kNoWord) ++k;
-  shared_[begin + 1] = static_cast<uint8_t>(k);
+  lcp_[begin + 1] = static_cast<uint8_t>(k);
   if (k < maxWords_ && a[k] > b[k]) std::swap(suffixes_[begin], suffixes_[begin + 1]);
 }
 
 // The run is in order of its keys, which hold the words from `depth` on.
-void SuffixSorter::ShareWithin(size_t begin, size_t end, int depth) {
+void SuffixSorter::FindLcp(size_t begin, size_t end, int depth) {
   const int unused = 64 - wordsPerKey_ * wordBits_;
   const uint64_t lastWord = (uint64_t{1} << wordBits_) - 1;
   const int reached = std::min(depth + wordsPerKey_, maxWords_);
@@ -104,13 +104,13 @@ void SuffixSorter::ShareWithin(size_t begin, size_t end, int depth) {
         int words = 0;
         for (uint64_t rest = key; words < wordsPerKey_; ++words, rest <<= wordBits_)
           if ((rest << unused >> (64 - wordBits_)) == 0) break;
-        std::fill(shared_.begin() + static_cast<std::ptrdiff_t>(i) + 1,
-                  shared_.begin() + static_cast<std::ptrdiff_t>(same), static_cast<uint8_t>(depth + words));
+        std::fill(lcp_.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                  lcp_.begin() + static_cast<std::ptrdiff_t>(same), static_cast<uint8_t>(depth + words));
       }
     }
     if (same < end) {
       const int differs = (std::countl_zero(key ^ suffixes_[same].Key) - unused) / wordBits_;
-      shared_[same] = static_cast<uint8_t>(depth + differs);
+      lcp_[same] = static_cast<uint8_t>(depth + differs);
     }
     i = same;
   }

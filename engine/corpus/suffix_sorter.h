@@ -35,14 +35,14 @@ class SuffixSorter {
   void Sort(std::span<const uint32_t> positions);
 
   std::span<const Suffix> Suffixes() const { return suffixes_; }
-  /// Shared()[i]: how many words Suffixes()[i] has in common with its predecessor; [0] is 0.
-  std::span<const uint8_t> Shared() const { return shared_; }
+  /// Lcp()[i]: how many words Suffixes()[i] has in common with its predecessor; [0] is 0.
+  std::span<const uint8_t> Lcp() const { return lcp_; }
 
  private:
   uint64_t KeyAt(uint32_t position, int depth) const;
   void SortFrom(size_t begin, size_t end, int depth);
   void SortPair(size_t begin, int depth);
-  void ShareWithin(size_t begin, size_t end, int depth);
+  void FindLcp(size_t begin, size_t end, int depth);
   void SortByKey(Suffix* a, Suffix* spare, size_t n);
 
   std::span<const WordNumber> numbers_;
@@ -52,7 +52,7 @@ class SuffixSorter {
   int wordsPerKey_;
   std::vector<Suffix> suffixes_;
   std::vector<Suffix> spare_;
-  std::vector<uint8_t> shared_;
+  std::vector<uint8_t> lcp_;
 };
 
 }  // namespace korv

@@ -261,7 +261,7 @@ bool CountPhrases(PhraseTable& table, Yielder& yielder) {
       if (begin == end) continue;
       order.Sort({starts.Places.data() + begin, static_cast<size_t>(end - begin)});
       if (yielder.Stopped()) return;
-      sweep.Sweep(order.Suffixes(), order.Shared(), static_cast<uint32_t>(begin));
+      sweep.Sweep(order.Suffixes(), order.Lcp(), static_cast<uint32_t>(begin));
       if (yielder.Stopped()) return;
       if (keepsPlaces)
         std::transform(order.Suffixes().begin(), order.Suffixes().end(),

@@ -118,16 +118,16 @@ std::span<const uint32_t> PhraseTable::Places(PhraseIndex i) const {
 }
 
 DocumentCounts PhraseTable::Files(PhraseIndex i) const {
-  if (!data_->Tallies.empty()) return data_->Tallies[Entry(*data_, i).Slice];
-  DocumentCounts tallies;
-  if (data_->FileNumberOfSource.empty()) return tallies;
+  if (!data_->CountsOfEntries.empty()) return data_->CountsOfEntries[Entry(*data_, i).Slice];
+  DocumentCounts counts;
+  if (data_->FileNumberOfSource.empty()) return counts;
   const std::span<const uint32_t> places = Places(i);
   std::vector<uint32_t> files(places.size());
   std::transform(places.begin(), places.end(), files.begin(),
                  [this](uint32_t place) { return data_->FileNumberOfSource[data_->Corpus.SourceAt(place)]; });
   std::sort(files.begin(), files.end());
-  for (const uint32_t file : files) tallies.Add(file);
-  return tallies;
+  for (const uint32_t file : files) counts.Add(file);
+  return counts;
 }
 
 uint32_t PhraseTable::FileCount(PhraseIndex i) const {

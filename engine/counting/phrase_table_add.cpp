@@ -34,7 +34,7 @@ void PhraseTable::AddWordToList(std::string_view phrase) {
       data.IndexOfText.try_emplace(std::string(phrase), static_cast<PhraseIndex>(data.Entries.size() + 1));
   if (isNew) {
     PhraseEntry entry{static_cast<uint32_t>(data.Corpus.Tokens.size()), 0,
-                      static_cast<uint32_t>(data.Tallies.size()), 0, true};
+                      static_cast<uint32_t>(data.CountsOfEntries.size()), 0, true};
     for (size_t begin = 0; begin <= phrase.size();) {
       const size_t end = std::min(phrase.find(' ', begin), phrase.size());
       data.Corpus.Tokens.push_back(data.Corpus.Words.Number(phrase.substr(begin, end - begin)));
@@ -44,11 +44,12 @@ void PhraseTable::AddWordToList(std::string_view phrase) {
     data.Entries.push_back(entry);
     data.PhraseCount.fetch_add(1, std::memory_order_relaxed);
     data.ByText.clear();
-    if (!data.ForWordList) data.Tallies.emplace_back();
+    if (!data.ForWordList) data.CountsOfEntries.emplace_back();
   }
   PhraseEntry& entry = data.Entries[found->second - 1];
   if (entry.Count < static_cast<uint32_t>(std::numeric_limits<int32_t>::max())) ++entry.Count;
-  if (!data.FilePaths.empty()) data.Tallies[entry.Slice].Add(static_cast<uint32_t>(data.FilePaths.size()));
+  if (!data.FilePaths.empty())
+    data.CountsOfEntries[entry.Slice].Add(static_cast<uint32_t>(data.FilePaths.size()));
 }
 
 PhraseTable::Place PhraseTable::FindPhrase(std::string_view text) const {

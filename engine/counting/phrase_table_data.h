@@ -17,7 +17,8 @@ namespace korv {
 struct PhraseEntry {
   uint32_t First;  ///< Place of its earliest occurrence.
   uint32_t Count;  ///< All occurrences.
-  uint32_t Slice;  ///< Where places are kept: index in Corpus.Places of the first of Count. Else in Tallies.
+  uint32_t Slice;  ///< Where places are kept: index in Corpus.Places of the first of Count. Else in
+                   ///< CountsOfEntries.
   uint8_t Words;   ///< Number of words.
   bool Listed;
 };
@@ -51,7 +52,7 @@ struct PhraseTableData {
   // Filling one phrase at a time; over once the entries are sorted.
   bool ForWordList = false;
   std::unordered_map<std::string, PhraseIndex> IndexOfText;
-  std::vector<DocumentCounts> Tallies;
+  std::vector<DocumentCounts> CountsOfEntries;
   std::filesystem::path CurrentFile;
   bool CurrentFileNumbered = false;
   mutable std::vector<PhraseIndex> ByText;  ///< Entries in descending order of Text; empty when outdated.

@@ -49,7 +49,7 @@ bool Pattern::MatchesFolded(std::string_view text, std::string_view folded) cons
   return std::holds_alternative<Everything>(form_);
 }
 
-std::vector<RequiredLiteral> Pattern::Needs() const {
+std::vector<RequiredLiteral> Pattern::RequiredLiterals() const {
   if (const auto* wildcard = std::get_if<Wildcard>(&form_)) {
     RequiredLiteral needed = RequiredLiteralOfWildcard(wildcard->Signs());
     if (!needed.Text.empty()) return {std::move(needed)};

@@ -30,7 +30,7 @@ class Pattern {
   bool MatchesFolded(std::string_view text, std::string_view folded) const;
 
   /// A text that holds none of these (after FoldForMatching) is not worth asking for. Empty: any may be.
-  std::vector<RequiredLiteral> Needs() const;
+  std::vector<RequiredLiteral> RequiredLiterals() const;
   /// Whether it is one text and no pattern at all; `literal` is that text after FoldForMatching.
   bool IsLiteral(std::string_view& literal) const;
   /// The regular expression that decides, where one does and it can stand in an alternation with others.

@@ -13,18 +13,20 @@ void PatternSet::AddPattern(std::string_view text) {
     return;
   }
   const auto number = static_cast<uint32_t>(patterns_.size());
-  const std::vector<RequiredLiteral> needed = pattern.Needs();
+  const std::vector<RequiredLiteral> needed = pattern.RequiredLiterals();
   patterns_.push_back(std::move(pattern));
   if (needed.empty()) always_.push_back(number);
-  for (const RequiredLiteral& fragment : needed) Shelve(number, fragment);
+  for (const RequiredLiteral& literal : needed) IndexLiteral(number, literal);
 }
 
-void PatternSet::Shelve(uint32_t number, const RequiredLiteral& needed) {
-  const size_t length = std::min(needed.Text.size(), kFragmentBytes);
-  const bool atEnd = needed.Where == RequiredLiteral::Place::End;
-  Shelf& shelf = atEnd ? ends_ : needed.Where == RequiredLiteral::Place::Beginning ? beginnings_ : anywhere_;
-  shelf.LengthInUse[length] = true;
-  shelf.ByFragment[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
+void PatternSet::IndexLiteral(uint32_t number, const RequiredLiteral& needed) {
+  const size_t length = std::min(needed.Text.size(), kLiteralBytes);
+  const bool atEnd = needed.Where == RequiredLiteral::Position::End;
+  LiteralIndex& index = atEnd                                                  ? ends_
+                        : needed.Where == RequiredLiteral::Position::Beginning ? beginnings_
+                                                                               : anywhere_;
+  index.LengthInUse[length] = true;
+  index.ByLiteral[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
 }
 
 void PatternSet::Prepare() {
@@ -70,23 +72,24 @@ bool PatternSet::Matches(std::string_view text) const {
   const std::string folded = FoldForMatching(text, caseSignificant_);
   const std::string_view f = folded;
   if (literals_.contains(f)) return true;
-  for (size_t length = 1; length <= std::min(kFragmentBytes, f.size()); ++length) {
-    if (beginnings_.LengthInUse[length] && ShelfMatches(beginnings_, f.substr(0, length), text, f))
+  for (size_t length = 1; length <= std::min(kLiteralBytes, f.size()); ++length) {
+    if (beginnings_.LengthInUse[length] && CandidatesMatch(beginnings_, f.substr(0, length), text, f))
       return true;
-    if (ends_.LengthInUse[length] && ShelfMatches(ends_, f.substr(f.size() - length), text, f)) return true;
+    if (ends_.LengthInUse[length] && CandidatesMatch(ends_, f.substr(f.size() - length), text, f))
+      return true;
     if (!anywhere_.LengthInUse[length]) continue;
     for (size_t at = 0; at + length <= f.size(); ++at)
-      if (ShelfMatches(anywhere_, f.substr(at, length), text, f)) return true;
+      if (CandidatesMatch(anywhere_, f.substr(at, length), text, f)) return true;
   }
   return AnyMatches(always_, text, f) ||
          std::any_of(alternations_.begin(), alternations_.end(),
                      [&](const Alternation& joined) { return JoinedMatches(joined, text, f); });
 }
 
-bool PatternSet::ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,
-                              std::string_view folded) const {
-  const auto found = shelf.ByFragment.find(fragment);
-  return found != shelf.ByFragment.end() && AnyMatches(found->second, text, folded);
+bool PatternSet::CandidatesMatch(const LiteralIndex& index, std::string_view literal, std::string_view text,
+                                 std::string_view folded) const {
+  const auto found = index.ByLiteral.find(literal);
+  return found != index.ByLiteral.end() && AnyMatches(found->second, text, folded);
 }
 
 bool PatternSet::AnyMatches(const PatternNumbers& candidates, std::string_view text,

@@ -17,7 +17,7 @@ namespace korv {
 /// Many plain words and patterns, asked together whether one of them matches.
 ///
 /// Plain words are looked up. Of the patterns only those are tried whose fragment (see fragment.h) the text
-/// holds: fragments are kept by their place and their first (at the end: last) kFragmentBytes bytes, and a
+/// holds: fragments are kept by their place and their first (at the end: last) kLiteralBytes bytes, and a
 /// text asks for all of its own. A text of n bytes costs some n look-ups, and a test per candidate.
 /// Expressions that need no fragment are tried every time, but many as one alternation.
 ///
@@ -36,7 +36,7 @@ class PatternSet {
   bool Matches(std::string_view text) const;
 
  private:
-  static constexpr size_t kFragmentBytes = 8;
+  static constexpr size_t kLiteralBytes = 8;
 
   struct TextHash {
     using is_transparent = void;
@@ -46,9 +46,9 @@ class PatternSet {
   using PatternNumbers = std::vector<uint32_t>;
 
   /// The patterns of one place by their fragments.
-  struct Shelf {
-    std::unordered_map<std::string, PatternNumbers, TextHash, std::equal_to<>> ByFragment;
-    std::array<bool, kFragmentBytes + 1> LengthInUse{};  ///< Lengths of the fragments.
+  struct LiteralIndex {
+    std::unordered_map<std::string, PatternNumbers, TextHash, std::equal_to<>> ByLiteral;
+    std::array<bool, kLiteralBytes + 1> LengthInUse{};  ///< Lengths of the fragments.
   };
 
   /// Expressions as one: where it gives up at a limit, its members are asked one by one.
@@ -57,20 +57,20 @@ class PatternSet {
     PatternNumbers Members;
   };
 
-  void Shelve(uint32_t number, const RequiredLiteral& needed);
+  void IndexLiteral(uint32_t number, const RequiredLiteral& needed);
   bool JoinedMatches(const Alternation& alternation, std::string_view text, std::string_view folded) const;
   bool AnyMatches(const PatternNumbers& candidates, std::string_view text, std::string_view folded) const;
-  bool ShelfMatches(const Shelf& shelf, std::string_view fragment, std::string_view text,
-                    std::string_view folded) const;
+  bool CandidatesMatch(const LiteralIndex& index, std::string_view literal, std::string_view text,
+                       std::string_view folded) const;
 
   bool caseSignificant_;
   TextSet words_;     ///< Compared as they stand.
   TextSet literals_;  ///< Patterns without a wildcard, compared with the folded text.
   TextSet known_;     ///< The patterns added so far: lists repeat themselves.
   std::vector<Pattern> patterns_;
-  Shelf beginnings_;
-  Shelf ends_;
-  Shelf anywhere_;
+  LiteralIndex beginnings_;
+  LiteralIndex ends_;
+  LiteralIndex anywhere_;
   PatternNumbers always_;  ///< Need no fragment.
   std::vector<Alternation> alternations_;
 };

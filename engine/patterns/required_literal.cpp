@@ -22,12 +22,12 @@ class Runs {
     }
   }
   void Close(bool atEnd = false) {
-    const RequiredLiteral::Place where = atBeginning_ ? RequiredLiteral::Place::Beginning
-                                         : atEnd      ? RequiredLiteral::Place::End
-                                                      : RequiredLiteral::Place::Anywhere;
+    const RequiredLiteral::Position where = atBeginning_ ? RequiredLiteral::Position::Beginning
+                                            : atEnd      ? RequiredLiteral::Position::End
+                                                         : RequiredLiteral::Position::Anywhere;
     // At equal length a piece with a known place tells more.
     if (run_.size() > best_.Text.size() ||
-        (run_.size() == best_.Text.size() && where != RequiredLiteral::Place::Anywhere))
+        (run_.size() == best_.Text.size() && where != RequiredLiteral::Position::Anywhere))
       best_ = {run_, where};
     run_.clear();
     atBeginning_ = false;

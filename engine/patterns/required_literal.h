@@ -9,9 +9,9 @@ namespace korv {
 /// A piece of text that every match of a pattern holds, for telling quickly which of many patterns a word
 /// could match at all.
 struct RequiredLiteral {
-  enum class Place { Anywhere, Beginning, End };
+  enum class Position { Anywhere, Beginning, End };
   std::string Text;  ///< As FoldForMatching would give it; empty: nothing is known to be needed.
-  Place Where = Place::Anywhere;
+  Position Where = Position::Anywhere;
 };
 
 /// The longest piece that a wildcard's signs (Wildcard::Signs) need.

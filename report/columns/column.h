@@ -35,7 +35,7 @@ class ListedPhrase {
  public:
   /// `text` is that of the entry; `files` and `fileCount` are needed where a column of the list has
   /// NeedsFiles and NeedsFileCount. Texts and files outlive this.
-  ListedPhrase(PhraseIndex entry, std::string_view text, std::span<const DocumentCounts::Tally> files = {},
+  ListedPhrase(PhraseIndex entry, std::string_view text, std::span<const DocumentCounts::Item> files = {},
                uint32_t fileCount = 0)
       : text_(text.data()), Entry(entry), size_(text.size()), Files(files), FileCount(fileCount) {}
 
@@ -55,8 +55,8 @@ class ListedPhrase {
   size_t size_;
 
  public:
-  std::span<const DocumentCounts::Tally> Files;
-  uint32_t FileCount;  ///< All of them, without the limit of the tallies.
+  std::span<const DocumentCounts::Item> Files;
+  uint32_t FileCount;  ///< All of them, without the limit of DocumentCounts.
 };
 
 enum class ColumnType { Text, Integer, Real };
@@ -79,7 +79,7 @@ struct Column {
   Cell (*Value)(const ColumnSource& source, const ListedPhrase& phrase) = nullptr;
   /// The value of a phrase in one of its files: a column that repeats for each of them.
   Cell (*ValueInFile)(const ColumnSource& source, const ListedPhrase& phrase,
-                      const DocumentCounts::Tally& file) = nullptr;
+                      const DocumentCounts::Item& file) = nullptr;
   /// Numbers: the greatest value of the list, whose text is the widest. Null where it is not known.
   Cell (*Greatest)(const ColumnSource& source) = nullptr;
 

@@ -67,7 +67,7 @@ constexpr Column kReportColumns[] = {
      .Unit = kPercentUnit,
      .Definition = "100 * the occurrences of the phrase in the file / f.",
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase& phrase,
-                       const DocumentCounts::Tally& file) -> Cell {
+                       const DocumentCounts::Item& file) -> Cell {
        return Percentage(file.Count, source.Table.Count(phrase.Entry));
      },
      .NeedsFiles = true,
@@ -80,7 +80,7 @@ constexpr Column kReportColumns[] = {
      .Definition =
          "100 * the occurrences of the phrase in the file / T, where T is the number of occurrences "
          "of all phrases that were counted, listed or not.",
-     .ValueInFile = [](const ColumnSource& source, const ListedPhrase&, const DocumentCounts::Tally& file)
+     .ValueInFile = [](const ColumnSource& source, const ListedPhrase&, const DocumentCounts::Item& file)
          -> Cell { return Percentage(file.Count, source.Table.Occurrences()); },
      .NeedsFiles = true,
      .Decimals = 2,
@@ -91,7 +91,7 @@ constexpr Column kReportColumns[] = {
      .Align = Alignment::Left,
      .Definition = "The path of each file in which the phrase occurs, of the first 10,000.",
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase&,
-                       const DocumentCounts::Tally& file) -> Cell {
+                       const DocumentCounts::Item& file) -> Cell {
        const size_t index = size_t{file.FileNumber} - 1;
        return index < source.FilePaths.size() ? std::string_view(source.FilePaths[index]) : "";
      },

@@ -60,7 +60,7 @@ TEST(CorpusBuilder, CountsADroppedWordForTheFirstRuleThatDropsIt) {
     CorpusBuilder stream(rules, options, lists);
     stream.BeginSource({});
     WordCounts expected;
-    // The second time the verdict is remembered.
+    // The second time its class is remembered.
     for (int times = 1; times <= 2; ++times) {
       stream.TakeWord(c.word);
       ++(c.reason ? expected.DroppedBy[static_cast<size_t>(*c.reason)] : expected.Taken);

@@ -271,11 +271,11 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
     CountingOutcome::Entry entry{
         text, table.Key(i), table.Count(i), table.ChainPosition(i), textOf(table.ChainNext(i)), "", "", 0};
     if (folder) {
-      const DocumentCounts tallies = table.Files(i);
-      entry.FileNumbers = tallies.FileNumbers();
-      entry.FileCounts = tallies.FileCounts();
-      entry.FileCount = tallies.FileCount();
-      RC_ASSERT(table.FileCount(i) == tallies.FileCount());
+      const DocumentCounts counts = table.Files(i);
+      entry.FileNumbers = counts.FileNumbers();
+      entry.FileCounts = counts.FileCounts();
+      entry.FileCount = counts.FileCount();
+      RC_ASSERT(table.FileCount(i) == counts.FileCount());
     }
     outcome.Listed.push_back(std::move(entry));
   }

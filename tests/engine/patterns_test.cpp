@@ -156,73 +156,73 @@ TEST(Wildcard, ManyRunsDoNotExplode) {
 }
 
 TEST(RequiredLiteral, IsWhatEveryMatchHolds) {
-  using Place = RequiredLiteral::Place;
-  struct FragmentCase {
+  using Position = RequiredLiteral::Position;
+  struct LiteralCase {
     const char* expression;
     bool caseSignificant;
     const char* text;
-    Place where;
+    Position where;
   };
-  const FragmentCase cases[] = {
-      {"^abc", true, "abc", Place::Beginning},
-      {"abc$", true, "abc", Place::End},
-      {"^abc$", true, "abc", Place::Beginning},
-      {"abc", true, "abc", Place::Anywhere},
-      {"ABC", false, "abc", Place::Anywhere},
-      {"ABC", true, "ABC", Place::Anywhere},
-      {"^ab*cde", true, "cde", Place::Anywhere},
-      {"^ab?", true, "a", Place::Beginning},
-      {"ab+c", true, "ab", Place::Anywhere},
-      {"ab{0,3}c$", true, "c", Place::End},
-      {"a.bc.d", true, "bc", Place::Anywhere},
-      {"[abc]de[^]x", true, "de", Place::Anywhere},
-      {"(abc|d)ef", true, "ef", Place::Anywhere},
-      {"(?:abc)?ef", true, "ef", Place::Anywhere},
-      {"\\bcat\\b", true, "cat", Place::Anywhere},
-      {"a\\.b", true, "a.b", Place::Anywhere},
-      {"naïve", false, "na", Place::Anywhere},
-      {"naïve", true, "naïve", Place::Anywhere},
-      {"xé?yy", true, "yy", Place::Anywhere},
-      {"big hat", false, "big hat", Place::Anywhere},
+  const LiteralCase cases[] = {
+      {"^abc", true, "abc", Position::Beginning},
+      {"abc$", true, "abc", Position::End},
+      {"^abc$", true, "abc", Position::Beginning},
+      {"abc", true, "abc", Position::Anywhere},
+      {"ABC", false, "abc", Position::Anywhere},
+      {"ABC", true, "ABC", Position::Anywhere},
+      {"^ab*cde", true, "cde", Position::Anywhere},
+      {"^ab?", true, "a", Position::Beginning},
+      {"ab+c", true, "ab", Position::Anywhere},
+      {"ab{0,3}c$", true, "c", Position::End},
+      {"a.bc.d", true, "bc", Position::Anywhere},
+      {"[abc]de[^]x", true, "de", Position::Anywhere},
+      {"(abc|d)ef", true, "ef", Position::Anywhere},
+      {"(?:abc)?ef", true, "ef", Position::Anywhere},
+      {"\\bcat\\b", true, "cat", Position::Anywhere},
+      {"a\\.b", true, "a.b", Position::Anywhere},
+      {"naïve", false, "na", Position::Anywhere},
+      {"naïve", true, "naïve", Position::Anywhere},
+      {"xé?yy", true, "yy", Position::Anywhere},
+      {"big hat", false, "big hat", Position::Anywhere},
       // Out of the ordinary, or nothing needed.
-      {"(?i)abc", true, "", Place::Anywhere},
-      {"(*ACCEPT)abc", true, "", Place::Anywhere},
-      {"\\Qa*b\\E", true, "", Place::Anywhere},
-      {"\\u0041bc", true, "", Place::Anywhere},
-      {"(a)\\1bc", true, "", Place::Anywhere},
-      {"[[:alpha:]]bc", true, "", Place::Anywhere},
-      {"a{2", true, "", Place::Anywhere},
-      {"abc)", true, "", Place::Anywhere},
-      {"abc^", true, "", Place::Anywhere},
-      {"ab$c", true, "", Place::Anywhere},
-      {"(?:abc", true, "", Place::Anywhere},
-      {"[ab", true, "", Place::Anywhere},
-      {"a*", true, "", Place::Anywhere},
-      {".*", true, "", Place::Anywhere},
-      {"", true, "", Place::Anywhere},
+      {"(?i)abc", true, "", Position::Anywhere},
+      {"(*ACCEPT)abc", true, "", Position::Anywhere},
+      {"\\Qa*b\\E", true, "", Position::Anywhere},
+      {"\\u0041bc", true, "", Position::Anywhere},
+      {"(a)\\1bc", true, "", Position::Anywhere},
+      {"[[:alpha:]]bc", true, "", Position::Anywhere},
+      {"a{2", true, "", Position::Anywhere},
+      {"abc)", true, "", Position::Anywhere},
+      {"abc^", true, "", Position::Anywhere},
+      {"ab$c", true, "", Position::Anywhere},
+      {"(?:abc", true, "", Position::Anywhere},
+      {"[ab", true, "", Position::Anywhere},
+      {"a*", true, "", Position::Anywhere},
+      {".*", true, "", Position::Anywhere},
+      {"", true, "", Position::Anywhere},
   };
-  for (const FragmentCase& c : cases) {
-    const std::vector<RequiredLiteral> fragments =
+  for (const LiteralCase& c : cases) {
+    const std::vector<RequiredLiteral> literals =
         RequiredLiteralsOfExpression(c.expression, c.caseSignificant);
     if (*c.text == '\0') {
-      EXPECT_TRUE(fragments.empty()) << c.expression;
+      EXPECT_TRUE(literals.empty()) << c.expression;
     } else {
-      ASSERT_EQ(fragments.size(), 1u) << c.expression;
-      EXPECT_EQ(fragments[0].Text, c.text) << c.expression;
-      EXPECT_EQ(fragments[0].Where, c.where) << c.expression;
+      ASSERT_EQ(literals.size(), 1u) << c.expression;
+      EXPECT_EQ(literals[0].Text, c.text) << c.expression;
+      EXPECT_EQ(literals[0].Where, c.where) << c.expression;
     }
   }
 }
 
 TEST(RequiredLiteral, EachAlternativeHasItsOwn) {
-  const std::vector<RequiredLiteral> fragments = RequiredLiteralsOfExpression("^un|re$|x.*yz", true);
-  ASSERT_EQ(fragments.size(), 3u);
-  EXPECT_EQ(fragments[0].Text, "un");
-  EXPECT_EQ(fragments[0].Where, RequiredLiteral::Place::Beginning);
-  EXPECT_EQ(fragments[1].Text, "re");
-  EXPECT_EQ(fragments[1].Where, RequiredLiteral::Place::End);
-  EXPECT_EQ(fragments[2].Text, "yz");
-  EXPECT_EQ(fragments[2].Where, RequiredLiteral::Place::Anywhere);
+  const std::vector<RequiredLiteral> literals = RequiredLiteralsOfExpression("^un|re$|x.*yz", true);
+  ASSERT_EQ(literals.size(), 3u);
+  EXPECT_EQ(literals[0].Text, "un");
+  EXPECT_EQ(literals[0].Where, RequiredLiteral::Position::Beginning);
+  EXPECT_EQ(literals[1].Text, "re");
+  EXPECT_EQ(literals[1].Where, RequiredLiteral::Position::End);
+  EXPECT_EQ(literals[2].Text, "yz");
+  EXPECT_EQ(literals[2].Where, RequiredLiteral::Position::Anywhere);
   // One alternative that needs nothing, and nothing is needed.
   for (const char* expression : {"abc|", "|abc", "abc|.", "abc|d*", "abc|(?i)d", "a$b|c"})
     EXPECT_TRUE(RequiredLiteralsOfExpression(expression, true).empty()) << expression;

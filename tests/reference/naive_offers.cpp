@@ -18,14 +18,14 @@ void Offers::TakeWord(std::string_view word) {
   ++WordsInRows;
   LongestRow = std::max(LongestRow, std::min(options_.MaxWords, static_cast<int>(row_.size())));
   for (int k = options_.MinWords; k <= options_.MaxWords && k <= static_cast<int>(row_.size()); ++k)
-    Judge({row_.end() - k, row_.end()});
+    Classify({row_.end() - k, row_.end()});
 }
 
 void Offers::ResetPhrases() {
   row_.clear();
 }
 
-void Offers::Judge(const std::vector<std::string>& words) {
+void Offers::Classify(const std::vector<std::string>& words) {
   ++Offered;
   std::string phrase;
   for (const std::string& word : words) phrase += (phrase.empty() ? "" : "+") + word;

@@ -31,7 +31,7 @@ class Offers {
   int LongestRow = 0;
 
  private:
-  void Judge(const std::vector<std::string>& words);
+  void Classify(const std::vector<std::string>& words);
 
   WordRules rules_;
   RunOptions options_;

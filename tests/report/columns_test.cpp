@@ -56,7 +56,7 @@ TEST(Columns, ValuesOfAPhrase) {
   world.facts.Words.DroppedBy[0] = 40;
   ColumnSource source{world.table, world.facts};
   source.FilesWithWords = 8;
-  const DocumentCounts::Tally files[] = {{1, 2}, {4, 1}};
+  const DocumentCounts::Item files[] = {{1, 2}, {4, 1}};
   const std::string text = world.table.Text(1);
   const ListedPhrase phrase(1, text, files, 7);
   const ValueCase cases[] = {
@@ -120,7 +120,7 @@ TEST(Columns, FirstFileOfATextWithoutPathIsADash) {
   EXPECT_EQ(Said(firstFile.Value(source, phrase)), "a.txt");
 }
 
-/// A folder with a phrase in more files than the tallies take note of, and files without words.
+/// A folder with a phrase in more files than DocumentCounts takes note of, and files without words.
 TEST(Columns, FilesHaveNoLimit) {
   constexpr uint32_t kFiles = DocumentCounts::kMostFiles + 5;
   const RunOptions options{.MinWords = 2, .MaxWords = 2, .MinFrequency = 1, .SourceKind = TextSource::Folder};
