@@ -3,6 +3,8 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 namespace korv {
 
@@ -10,8 +12,8 @@ namespace korv {
 ///
 /// A loop calls Yield() once per step, however small the step is: nearly every call only counts down.
 /// The count adapts to how long the steps take, so that the platform gets its turn about every 15 ms.
-/// Yield() belongs to the program's one thread; Stopped() and RequestStop() may be called from any
-/// thread and from a signal handler.
+/// Yield() belongs to one thread at a time, the one whose loops it keeps alive; Stopped() and RequestStop()
+/// may be called from any thread and from a signal handler.
 class Yielder {
  public:
   Yielder() = default;
@@ -45,6 +47,21 @@ class Yielder {
   uint32_t stride_ = 1;
   std::chrono::steady_clock::time_point lastLook_{};
   std::chrono::steady_clock::time_point lastTurn_{};
+};
+
+/// Has a function called at every turn, on the thread that yields.
+class TurnYielder : public Yielder {
+ public:
+  /// Replaces the one before; an empty one is not called. On the thread that yields, or while none does.
+  void OnTurn(std::function<void()> turn) { turn_ = std::move(turn); }
+
+ protected:
+  void HandOver() override {
+    if (turn_) turn_();
+  }
+
+ private:
+  std::function<void()> turn_;
 };
 
 /// For callers that have nothing to keep alive.
