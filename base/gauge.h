@@ -11,17 +11,17 @@ class Gauge {
  public:
   // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions): it stands for its value.
   Gauge(Value value = {}) : value_(value) {}
-  Gauge(const Gauge&) = delete;
-  Gauge& operator=(const Gauge&) = delete;
+  Gauge(const Gauge& other) : Gauge(static_cast<Value>(other)) {}
 
   // NOLINTNEXTLINE(google-explicit-constructor,hicpp-explicit-conversions)
   operator Value() const { return value_.load(std::memory_order_relaxed); }
-  Value operator=(Value value) {
+  Gauge& operator=(Value value) {
     value_.store(value, std::memory_order_relaxed);
-    return value;
+    return *this;
   }
+  Gauge& operator=(const Gauge& other) { return *this = static_cast<Value>(other); }
   /// On the setting thread only.
-  Value operator++() { return *this = static_cast<Value>(*this) + 1; }
+  Gauge& operator++() { return *this = static_cast<Value>(*this) + 1; }
 
  private:
   static_assert(std::atomic<Value>::is_always_lock_free);

@@ -7,22 +7,23 @@
 #include <string>
 
 #include "base/clock.h"
+#include "base/gauge.h"
 
 namespace korv {
 
 enum class RunStage { Reading, Counting, Sorting, Exclusion, Chain, Writing };
 inline constexpr int kRunStages = 6;
 
-/// How far a run has come. Changes while it goes on; to be looked at whenever the platform gets its turn.
+/// How far a run has come. The thread that runs it keeps it up to date; any thread may look at it.
 struct RunProgress {
-  RunStage Stage = RunStage::Reading;
-  bool CountingFiles = false;  ///< A folder's files are being counted; nothing is read yet.
-  uint64_t BytesRead = 0;
-  uint64_t BytesTotal = 0;  ///< Of a single file; 0 for short ones and where it is not known.
-  uint64_t FilesRead = 0;   ///< Folder runs: files read or skipped.
-  uint64_t FilesTotal = 0;
-  uint64_t FoldersRead = 0;  ///< Folder runs: folders whose files are being read or have been.
-  uint64_t Words = 0;        ///< Words that went into phrases.
+  Gauge<RunStage> Stage = RunStage::Reading;
+  Gauge<bool> CountingFiles = false;  ///< A folder's files are being counted; nothing is read yet.
+  Gauge<uint64_t> BytesRead;
+  Gauge<uint64_t> BytesTotal;  ///< Of a single file; 0 for short ones and where it is not known.
+  Gauge<uint64_t> FilesRead;   ///< Folder runs: files read or skipped.
+  Gauge<uint64_t> FilesTotal;
+  Gauge<uint64_t> FoldersRead;  ///< Folder runs: folders whose files are being read or have been.
+  Gauge<uint64_t> Words;        ///< Words that went into phrases.
 };
 
 /// Wall time of the stages of a run.

@@ -1,0 +1,37 @@
+#include "app/run/remote_messages.h"
+
+namespace korv {
+
+namespace {
+
+/// What to answer when the program is about to end.
+Answer EndingAnswer(const Message& message) {
+  switch (message.buttons) {
+    case Buttons::Ok:
+      return Answer::Ok;
+    case Buttons::YesNo:
+      return message.question == Question::StopDocx ? Answer::Yes : Answer::No;
+    case Buttons::YesNoCancel:
+      return Answer::Cancel;
+  }
+  return Answer::Ok;
+}
+
+}  // namespace
+
+Answer RemoteMessages::Show(const Message& message) {
+  const auto answer = calls_.Ask<Answer>([&messages = messages_, message] { return messages.Show(message); });
+  return answer.value_or(EndingAnswer(message));
+}
+
+std::optional<std::string> RemoteMessages::AskText(const std::string& prompt, const std::string& title,
+                                                   const std::string& initial) {
+  using Text = std::optional<std::string>;
+  return calls_
+      .Ask<Text>([&messages = messages_, prompt, title, initial] {
+        return messages.AskText(prompt, title, initial);
+      })
+      .value_or(std::nullopt);
+}
+
+}  // namespace korv
