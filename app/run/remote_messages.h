@@ -5,8 +5,8 @@
 
 namespace korv {
 
-/// Messages for a worker: the window's thread shows them, and the worker waits for the answer. Once waiting is
-/// over, nothing is shown and every question gets the answer that ends what is being done.
+/// Messages for a worker: the window's thread shows them, and the worker waits for the answer. Once waiting
+/// is over, nothing is shown and every question gets the answer that ends what is being done.
 class RemoteMessages final : public Messages {
  public:
   /// `messages` is used on the thread of `calls`; both outlive this.

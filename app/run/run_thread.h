@@ -29,8 +29,8 @@ class RunThread {
  public:
   /// All outlive this. Nobody else uses `yielder` but to request a stop.
   RunThread(EventLoop& loop, Messages& messages, TurnYielder& yielder);
-  /// Stops what is being done and waits for it, which takes a moment; nobody is asked anything and no `done` is
-  /// called any more.
+  /// Stops what is being done and waits for it, which takes a moment; nobody is asked anything and no `done`
+  /// is called any more.
   ~RunThread();
   RunThread(const RunThread&) = delete;
   RunThread& operator=(const RunThread&) = delete;

@@ -187,8 +187,8 @@ TEST_F(RunThreads, DoWhatWaitsForThemInItsOrder) {
   std::vector<std::string> done;
   const auto note = [&](const char* what) { return [&done, what] { done.emplace_back(what); }; };
   thread->WhenIdle(note("at once"));
-  thread->Start(
-      RunActivity::Counting, UntilStopped(), [&](const std::exception_ptr&) { done.emplace_back("end"); });
+  thread->Start(RunActivity::Counting, UntilStopped(),
+                [&](const std::exception_ptr&) { done.emplace_back("end"); });
   thread->WhenIdle([&] {
     done.emplace_back("another run");
     begun = {};
