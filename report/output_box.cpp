@@ -54,7 +54,7 @@ void OutputBox::MarkFull() {
   full_ = true;
 }
 
-TextBoxReportSink::TextBoxReportSink(OutputBox& box) : box_(box) {
+TextBoxReportSink::TextBoxReportSink(TextOutput& box) : box_(box) {
   UpdatePieceSize();
 }
 
@@ -84,7 +84,7 @@ void TextBoxReportSink::UpdatePieceSize() {
   pieceSize_ = std::min(kPiece, box_.Room());
 }
 
-ListResult ListWordsToTextBox(const Report& report, OutputBox& box, Yielder& yielder) {
+ListResult ListWordsToTextBox(const Report& report, TextOutput& box, Yielder& yielder) {
   box.Clear();
   TextBoxReportSink sink(box);
   ListResult result = ListWords(report, {.SkippedFiles = true}, sink, yielder);

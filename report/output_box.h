@@ -34,24 +34,35 @@ struct OutputBoxHooks {
   std::function<std::string()> CountSoFar = [] { return std::string(); };
 };
 
-/// Output to the text box, whose room is limited: once it has refused a text it says that it is full, and
-/// what comes later is ignored until it is cleared.
-class OutputBox {
+/// Output to a text box, whose room is limited: once it has refused a text it says that it is full, and what
+/// comes later is ignored until it is cleared.
+class TextOutput {
+ public:
+  virtual ~TextOutput() = default;
+  /// Appends a text, whole: it may go beyond the capacity, the next one then finds the box full. False
+  /// when it was not taken.
+  virtual bool OutputToTxb(std::string_view text) = 0;
+  /// Empties the box; it takes text again.
+  virtual void Clear() = 0;
+  virtual bool Full() const = 0;
+  /// Characters of what was appended that a full box still shows, above the notice that it is full.
+  virtual size_t Kept() const = 0;
+  /// Characters that the box takes before it is full.
+  virtual size_t Room() const = 0;
+};
+
+/// Output to the text box of a window. On the window's thread.
+class OutputBox final : public TextOutput {
  public:
   explicit OutputBox(TextBox& box, OutputBoxHooks hooks = {}) : box_(box), hooks_(std::move(hooks)) {}
 
-  /// Appends a text, whole: it may go beyond the capacity, the next one then finds the box full. False
-  /// when it was not taken.
-  bool OutputToTxb(std::string_view text);
-  /// Empties the box; it takes text again.
-  void Clear();
-  bool Full() const { return full_; }
+  bool OutputToTxb(std::string_view text) override;
+  void Clear() override;
+  bool Full() const override { return full_; }
   /// Puts back what the box held before: `text`, and whether it was full with how much Kept().
   void Restore(std::string_view text, bool full, size_t kept);
-  /// Characters of what was appended that a full box still shows, above the notice that it is full.
-  size_t Kept() const { return kept_; }
-  /// Characters that the box takes before it is full.
-  size_t Room() const;
+  size_t Kept() const override { return kept_; }
+  size_t Room() const override;
 
  private:
   void MarkFull();
@@ -66,7 +77,7 @@ class OutputBox {
 /// The last piece before the box is full ends with the line that passes its capacity.
 class TextBoxReportSink final : public ReportSink {
  public:
-  explicit TextBoxReportSink(OutputBox& box);
+  explicit TextBoxReportSink(TextOutput& box);
   bool Write(std::string_view piece) override;
   size_t PieceSize() const override { return pieceSize_; }
   void PhraseEnds(size_t bytes) override { endsInPiece_.push_back(bytes); }
@@ -79,7 +90,7 @@ class TextBoxReportSink final : public ReportSink {
   // Asked for once per line of the report, whereas a window's text box may have to count its characters.
   void UpdatePieceSize();
 
-  OutputBox& box_;
+  TextOutput& box_;
   size_t pieceSize_ = 0;
   std::vector<size_t> endsInPiece_;  ///< In bytes.
   std::vector<size_t> ends_;         ///< In characters; ascending, and as few as the box has room for.
@@ -87,6 +98,6 @@ class TextBoxReportSink final : public ReportSink {
 };
 
 /// Lists into the box, in place of what it holds, with the notice of a stop.
-ListResult ListWordsToTextBox(const Report& report, OutputBox& box, Yielder& yielder);
+ListResult ListWordsToTextBox(const Report& report, TextOutput& box, Yielder& yielder);
 
 }  // namespace korv

@@ -44,7 +44,7 @@ struct FileListingServices {
   FileSystem& Files;
   Messages& Dialogs;
   const ProgramText* Texts = nullptr;
-  OutputBox* Box = nullptr;
+  TextOutput* Box = nullptr;
   CodePage* Encoding = nullptr;
   /// Null for the report as text. Tables are UTF-8 whatever `Encoding` is.
   const TableForm* Table = nullptr;
