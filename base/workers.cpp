@@ -65,4 +65,10 @@ bool RunTasks(size_t tasks, bool onCallingThread, Yielder& yielder,
   return !yielder.Stopped();
 }
 
+bool RunParts(size_t n, Yielder& yielder, const std::function<void(size_t, size_t)>& work) {
+  constexpr size_t kPart = 1024;
+  return RunTasks((n + kPart - 1) / kPart, n <= kPart, yielder,
+                  [&](size_t part, size_t) { work(part * kPart, std::min(n, (part + 1) * kPart)); });
+}
+
 }  // namespace korv

@@ -18,4 +18,7 @@ size_t WorkerCount();
 bool RunTasks(size_t tasks, bool onCallingThread, Yielder& yielder,
               const std::function<void(size_t task, size_t worker)>& work);
 
+/// Runs `work(begin, end)` for parts of [0, n) as RunTasks does, on the calling thread where one part is all.
+bool RunParts(size_t n, Yielder& yielder, const std::function<void(size_t begin, size_t end)>& work);
+
 }  // namespace korv

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/raw_vector.h"
 #include "engine/corpus/line_index.h"
 #include "engine/corpus/vocabulary.h"
 #include "engine/counting/run_options.h"
@@ -55,9 +56,9 @@ struct Corpus {
 
   /// The places where a phrase that counts starts, of all lengths, ordered by the up to MaxWords words that
   /// follow; a phrase end comes before every word. Equal ones ascend. Empty where the run keeps no places.
-  std::vector<uint32_t> Places;
+  RawVector<uint32_t> Places;
   /// Places[PlacesOfWord[w - 1]] to Places[PlacesOfWord[w]], that one excluded, start with word w.
-  std::vector<uint32_t> PlacesOfWord;
+  RawVector<uint32_t> PlacesOfWord;
 
   LineIndex Lines;  ///< Empty unless Options.KeepPlaces.
 

@@ -2,57 +2,61 @@
 
 #include <cstdint>
 #include <span>
-#include <vector>
 
+#include "base/raw_vector.h"
 #include "base/yielder.h"
 #include "engine/corpus/vocabulary.h"
 
 namespace korv {
 
-/// A place in the text where phrases start.
+/// The text from one place on, as a suffix array orders it.
 struct Suffix {
-  uint64_t Key;       ///< The next few words, packed; only of use while sorting.
-  uint32_t Position;  ///< Index of its first word.
-  WordNumber Left;    ///< The word before it, kNoWord where phrases do not reach back.
+  uint64_t Key;     ///< The next few words, packed. Only of use while sorting.
+  uint32_t Place;   ///< Index of the first token.
+  WordNumber Left;  ///< The token before it: kNoWord where phrases do not reach back.
 };
 
-/// Orders places of the text by the words that follow, up to the longest phrase and no further than the
-/// next kNoWord, and tells how many words neighbours share. Tested in tests/engine against the reference
+/// Sorts places of a text by the words that follow them, as far as the longest phrase and no further than the
+/// next kNoWord, and finds the longest common prefix (LCP) of neighbours, in words: a suffix array of bounded
+/// depth, bucket by bucket. Places with equal words ascend. tests/engine compares it with the reference
 /// model.
 ///
-/// Word numbers take few bits, so that three or four of them make one 64-bit key: a bucket of places
-/// with the same first word is sorted by the next three words in one go (most significant digit first,
-/// short runs by insertion), and only runs that agree in all of them are looked at again. Expected time
-/// is proportional to the number of places. Each thread uses an object of its own.
+/// Word numbers take few bits, so that three or four of them make one 64-bit key. A bucket of places with the
+/// same first word is sorted by the key of the next words (radix sort, most significant digit first; short
+/// runs by insertion), and only runs of equal keys are looked at again, with the key of the words behind.
+/// Expected time is linear in the places; memory is 33 bytes a place of the largest bucket. Each thread uses
+/// an object of its own.
 class SuffixSorter {
  public:
-  /// `numbers` ends with kMostWords + 1 times kNoWord and outlives the object; `vocabularySize` bounds its
+  /// `tokens` ends with kTrailingEnds times kNoWord and outlives the object; `vocabularySize` bounds its
   /// values. Sorting goes no deeper than `maxWords`.
-  SuffixSorter(std::span<const WordNumber> numbers, uint32_t vocabularySize, int maxWords,
+  SuffixSorter(std::span<const WordNumber> tokens, uint32_t vocabularySize, int maxWords,
                const Yielder& yielder);
 
-  /// Sorts the places, which all start with the same word. After a stop the result is of no use.
-  void Sort(std::span<const uint32_t> positions);
+  /// Sorts the places, which ascend and all start with the same word. After a stop the result is of no use.
+  void Sort(std::span<const uint32_t> places);
 
   std::span<const Suffix> Suffixes() const { return suffixes_; }
-  /// Lcp()[i]: how many words Suffixes()[i] has in common with its predecessor; [0] is 0.
+  /// Lcp()[i]: how many words Suffixes()[i] has in common with its predecessor. Lcp()[0] == 0.
   std::span<const uint8_t> Lcp() const { return lcp_; }
 
  private:
-  uint64_t KeyAt(uint32_t position, int depth) const;
-  void SortFrom(size_t begin, size_t end, int depth);
+  uint64_t KeyAt(uint32_t place, int depth) const;
+  void SortRun(size_t begin, size_t end, int depth);
   void SortPair(size_t begin, int depth);
+  size_t EndOfEqualKeys(size_t begin, size_t end) const;
   void FindLcp(size_t begin, size_t end, int depth);
+  void FillLcp(size_t begin, size_t end, int depth);
   void SortByKey(Suffix* a, Suffix* spare, size_t n);
 
-  std::span<const WordNumber> numbers_;
+  std::span<const WordNumber> tokens_;
   int maxWords_;
   const Yielder& yielder_;
   int wordBits_;
   int wordsPerKey_;
-  std::vector<Suffix> suffixes_;
-  std::vector<Suffix> spare_;
-  std::vector<uint8_t> lcp_;
+  RawVector<Suffix> suffixes_;
+  RawVector<Suffix> spare_;
+  RawVector<uint8_t> lcp_;
 };
 
 }  // namespace korv

@@ -10,7 +10,7 @@ PhraseSweep::PhraseSweep(const SweepContext& context)
       minFrequency_(static_cast<uint32_t>(context.Data->Corpus.Options.MinFrequency)),
       keepSlices_(KeepsPlaces(context.Data->Corpus.Options)) {}
 
-void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> shared, uint32_t slice) {
+void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t slice) {
   suffixes_ = suffixes;
   const bool singlesToo = minFrequency_ == 1 || context_.Accepted->ByPhrase();
   const auto n = static_cast<uint32_t>(suffixes.size());
@@ -18,10 +18,9 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
   constexpr uint32_t kStopEvery = 1u << 16;
   for (uint32_t i = n; i-- > 0;) {
     if (i % kStopEvery == 0 && context_.Stop->Stopped()) return;
-    const int after = i + 1 < n ? shared[i + 1] : 0;
-    const int before = shared[i];
-    Interval closed{context_.MostWords[suffixes[i].Position], i, i + 1, suffixes[i].Position,
-                    suffixes[i].Left};
+    const int after = i + 1 < n ? lcp[i + 1] : 0;
+    const int before = lcp[i];
+    Interval closed{context_.MostWords[suffixes[i].Place], i, i + 1, suffixes[i].Place, suffixes[i].Left};
     if (singlesToo && closed.Depth > std::max(before, after)) Close(closed, std::max(before, after), slice);
     while (!open_.empty() && open_.back().Depth > before) {
       Interval inner = open_.back();
@@ -76,7 +75,7 @@ void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint
   }
   if (!any || context_.SourceHasPhrase == nullptr) return;
   for (uint32_t i = interval.Begin; i < interval.End; ++i)
-    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].Position)].store(
+    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].Place)].store(
         1, std::memory_order_relaxed);
 }
 

@@ -36,7 +36,7 @@ class PhraseSweep {
 
   /// Adds the entries of a bucket, last phrase first. `slice` is the index in Corpus.Places of its first
   /// place. After a stop the entries are of no use.
-  void Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> shared, uint32_t slice);
+  void Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t slice);
 
   std::vector<PhraseEntry>& Entries() { return entries_; }
   /// How many occurrences, over all phrases, were not the first of their phrase.

@@ -111,7 +111,7 @@ const korv::Corpus& PhraseTable::Corpus() const {
 }
 
 std::span<const uint32_t> PhraseTable::Places(PhraseIndex i) const {
-  const std::vector<uint32_t>& places = data_->Corpus.Places;
+  const auto& places = data_->Corpus.Places;
   if (places.empty()) return {};
   const PhraseEntry& entry = Entry(*data_, i);
   return std::span(places).subspan(entry.Slice, entry.Count);
