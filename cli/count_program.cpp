@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/run/run.h"
+#include "app/run/run_request.h"
 #include "app/texts/program_folder.h"
 #include "app/texts/program_text.h"
 #include "cli/about_file.h"
@@ -63,7 +63,8 @@ class CountProgram {
       return kExitUsage;
     }
     if (!AddWordsFile()) return kExitRefused;
-    if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat();
+    const int format = settings_.Report.DisplayFormat;
+    if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat(format);
     if (!files.Save(settings_)) return kExitRefused;
     return options_.ListFiles ? ListTheFiles() : Count();
   }
@@ -106,8 +107,7 @@ class CountProgram {
     return true;
   }
 
-  void TellUnavailableFormat() {
-    const int format = options_.Format.value_or(settings_.Report.DisplayFormat);
+  void TellUnavailableFormat(int format) {
     const auto texts = ProgramTextFile::Load(env_.Files, env_.ProgramFolder / kProgramTextName);
     if (!texts) {
       messages_.Show({.text = texts.Error().Text(), .title = "Error", .icon = Icon::Critical});
@@ -117,11 +117,6 @@ class CountProgram {
   }
 
   // ---- Listing files
-
-  FileSelection Selection() const {
-    return {.Patterns = SplitPatterns(settings_.FilePatterns),
-            .Exclusions = SplitPatterns(settings_.ExcludedTexts)};
-  }
 
   int ListTheFiles() {
     if (settings_.SourceKind == TextSource::SingleFile) {
@@ -135,10 +130,10 @@ class CountProgram {
     }
     const std::string folder = TrimmedFolderPath(settings_.Folder);
     AboutFile messages = AboutTheSource();
-    if (!ValidatePatterns(Selection(), messages_) ||
+    if (!ValidatePatterns(SelectionOf(settings_), messages_) ||
         !ValidateFolder(env_.Files, messages, folder, "", settings_.IncludeSubfolders, true))
       return kExitRefused;
-    FolderWalk walk(env_.Files, env_.Yielder, Selection(), settings_.IncludeSubfolders);
+    FolderWalk walk(env_.Files, env_.Yielder, SelectionOf(settings_), settings_.IncludeSubfolders);
     FolderEvents events;
     events.Unreadable = [&](const std::filesystem::path& path, const FileError& error) {
       view_.Notice(UnreadableFolderText(path, error));
@@ -213,21 +208,13 @@ class CountProgram {
   bool ShowsProgress() const { return !options_.Quiet && (options_.Progress || env_.ErrIsTerminal); }
 
   bool MakeRequest(RunRequest& request) {
-    request.Options = RunOptionsOf(settings_);
-    request.Rules = settings_.Words;
-    SetAllowedExtraChars(request.Rules);
-    SetAllowedExtraChars2(request.Rules);
+    request = RunRequestOf(settings_);
     request.Options.KeepPlaces = options_.ContextOf.has_value();
-    request.Chain = ChainOrderOf(settings_.Report);
-    request.InputPath = settings_.SourceKind == TextSource::Folder ? settings_.Folder : settings_.InputFile;
     request.OutputPath = OutputPath();
     request.Stream = &env_.StandardInput;
     request.StreamEncoding = options_.Encoding;
-    request.Selection = Selection();
-    request.IncludeSubfolders = settings_.IncludeSubfolders;
     request.SeveralFilesNeedOutput = false;
     request.OffersWaysOut = true;
-    request.ExtractTextFromDocx = settings_.ExtractTextFromDocx;
     return GatherTheLists(request);
   }
 

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "app/settings/settings.h"
+#include "app/settings/schema.h"
 #include "base/number_format.h"
 #include "engine/corpus/place_order.h"
 #include "report/report_form.h"
@@ -25,48 +25,23 @@ inline constexpr int kExitInterrupted = 130;
 inline constexpr int kContexts = 80;
 inline constexpr int kMostContexts = 10000;
 
-/// Words ignored by their length: a size, or switched off.
-struct ShortWords {
-  std::optional<int> Size;
-};
-
 /// What the command line asks for. Empty where it says nothing.
 struct CountOptions {
   std::string Path;  ///< "-" is standard input.
   std::string SettingsFile;
   std::string SaveSettingsFile;
 
-  std::optional<int> MinWords;
-  std::optional<int> MaxWords;
-  std::optional<int> MinFrequency;
-  std::optional<IgnoreRule> IgnoreMode;
+  /// The settings that options name, with their values.
+  struct {
+    Settings Values;
+    SettingSet Which;
+  } Given;
+
   std::string IgnoreFile;
   const CommonWordsLanguage* CommonWordsOf = nullptr;
-  std::optional<std::string> IgnoreWords;
-  bool PatternMatching = false;
   std::string CountOnly;
   std::string CountOnlyFile;
   NumberFormat Numbers;
-
-  std::optional<std::vector<std::string>> Allow;
-  std::optional<std::vector<std::string>> Terminate;
-  bool CaseSignificant = false;
-  bool SevenBit = false;
-  std::optional<ShortWords> ShortWordSize;
-  std::optional<int> LongWordSize;
-  bool KeepRepetitions = false;
-  bool KeepLetterless = false;
-
-  std::optional<std::string> Patterns;
-  std::optional<std::string> Exclude;
-  bool Subfolders = false;
-
-  std::optional<int> Format;
-  std::optional<int> Order;
-  bool Relative = false;
-  bool SortByFiles = false;
-  std::optional<std::string> Filter;
-  std::optional<FilterMode> FilterModeOfWords;
 
   std::optional<std::string> ContextOf;  ///< A phrase whose contexts are listed instead of a report.
   std::optional<int> Contexts;

@@ -1,9 +1,11 @@
 #include "app/settings/saved_state.h"
 
+#include <algorithm>
 #include <charconv>
 #include <memory>
 #include <new>
 #include <optional>
+#include <stdexcept>
 
 #include "base/utf8.h"
 
@@ -14,13 +16,62 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kSignature = "\xEF\xBB\xBF";
 
+/// What stands for the one choice that is made, where each has a place of its own.
+constexpr int kChosen = -1;
+
 bool IsWellFormed(std::string_view text) {
   return MendedUtf8(text) == text;
 }
 
-/// Field visitor that builds the records.
+bool HasPlace(const SettingRow& row) {
+  return row.Places.front() != 0;
+}
+
+/// Builds the records of settings.
 class RecordWriter {
  public:
+  explicit RecordWriter(const Settings& settings) : settings_(settings) {}
+
+  void Write(const SavedPlace& place) {
+    std::visit([&](const auto& value) { Put(value, place.Choice); }, place.Row->Value);
+  }
+  /// A record with the setting's name.
+  void WriteNamed(const SettingRow& row) {
+    std::visit([&](const auto& value) { Text(std::string(row.Name) + '=' + NamedValue(value)); }, row.Value);
+  }
+
+  Expected<std::string, StateError> Result() && {
+    if (fault_.empty()) return std::move(bytes_);
+    return StateError{fault_};
+  }
+
+ private:
+  void Put(const TextValue& value, int) { Text(value.Get(settings_)); }
+  void Put(const CheckValue& value, int) { Plain(value.Get(settings_) ? 1 : 0); }
+  void Put(const NumberValue& value, int) { Plain(value.IndexOf(value.Get(settings_))); }
+  void Put(const ChoiceValue& value, int choice) {
+    const int chosen = value.Get(settings_);
+    if (choice == kNoChoice)
+      Plain(chosen);
+    else
+      Plain(chosen == choice ? kChosen : 0);
+  }
+  void Put(const FileListValue& value, int) {
+    const std::vector<std::string>& paths = settings_.*value.Paths;
+    Plain(static_cast<int>(paths.size()));
+    for (const std::string& path : paths) Text(path);
+    Plain(settings_.*value.Selected);
+  }
+
+  std::string NamedValue(const TextValue& value) const { return value.Get(settings_); }
+  std::string NamedValue(const FileListValue&) const {
+    throw std::logic_error("A list has a place of its own.");
+  }
+  template <typename Value>
+  std::string NamedValue(const Value& value) const {
+    return std::to_string(static_cast<int>(value.Get(settings_)));
+  }
+
   void Text(const std::string& text) {
     if (text.find_first_of(std::string_view("\"\r\n\0", 4)) != text.npos)
       Fail("A text holds a double quote or a line break.");
@@ -30,26 +81,6 @@ class RecordWriter {
     bytes_ += '"';
     bytes_ += kLineEnd;
   }
-  void Check(bool checked) { Plain(checked ? 1 : 0); }
-  void Option(const std::optional<IgnoreRule>& selected, IgnoreRule option) {
-    Plain(selected == option ? -1 : 0);
-  }
-  template <typename Value>
-  void Number(Value value, int least, int /*most*/, int step = 1) {
-    Plain((static_cast<int>(value) - least) / step);
-  }
-  void List(const std::vector<std::string>& entries, int selected) {
-    Plain(static_cast<int>(entries.size()));
-    for (const std::string& entry : entries) Text(entry);
-    Plain(selected);
-  }
-
-  Expected<std::string, StateError> Result() && {
-    if (fault_.empty()) return std::move(bytes_);
-    return StateError{fault_};
-  }
-
- private:
   void Plain(int number) {
     bytes_ += std::to_string(number);
     bytes_ += kLineEnd;
@@ -58,52 +89,100 @@ class RecordWriter {
     if (fault_.empty()) fault_ = why;
   }
 
+  const Settings& settings_;
   std::string bytes_;
   std::string fault_;
 };
 
-/// Field visitor that reads the records into their fields. After the first fault it leaves the fields alone.
+/// Reads the records into settings. After the first fault it leaves them alone.
 class RecordReader {
  public:
-  explicit RecordReader(std::string_view bytes) : rest_(bytes) {
+  RecordReader(std::string_view bytes, Settings& settings) : rest_(bytes), settings_(settings) {
     if (rest_.starts_with(kSignature)) rest_.remove_prefix(kSignature.size());
   }
 
-  void Text(std::string& field) {
-    if (const auto text = NextText()) field = *text;
+  void Read(const SavedPlace& place) {
+    std::visit([&](const auto& value) { Take(value, place.Choice); }, place.Row->Value);
   }
-  void Check(bool& field) {
-    if (const auto value = NextInRange(0, 1)) field = *value != 0;
-  }
-  void Option(std::optional<IgnoreRule>& selected, IgnoreRule option) {
-    const auto value = NextInRange(-1, 0);
-    if (!value) return;
-    if (*value != 0)
-      selected = option;
-    else if (selected == option)
-      selected.reset();
-  }
-  template <typename Value>
-  void Number(Value& field, int least, int most, int step = 1) {
-    if (const auto index = NextInRange(0, (most - least) / step))
-      field = static_cast<Value>(least + *index * step);
-  }
-  void List(std::vector<std::string>& entries, int& selected) {
-    const auto count = NextInRange(0, kMostWordsFiles);
-    if (!count) return;
-    entries.clear();
-    selected = -1;
-    for (int k = 0; k < *count; ++k) {
+
+  /// The records with names that follow the last place. What is no such record ends them, as it always did.
+  void ReadNamed(std::span<const SettingRow> rows) {
+    while (outcome_.Complete()) {
+      SkipBlanks();
+      if (!rest_.starts_with('"')) return;
       const auto text = NextText();
-      if (!text) return;
-      entries.push_back(*text);
+      const size_t equals = text ? text->find('=') : std::string::npos;
+      if (equals == std::string::npos) continue;
+      const auto row = std::ranges::find_if(rows, [&](const SettingRow& known) {
+        return !HasPlace(known) && text->substr(0, equals) == known.Name;
+      });
+      // A later version may know more.
+      if (row == rows.end()) continue;
+      std::visit([&](const auto& value) { TakeNamed(value, text->substr(equals + 1)); }, row->Value);
     }
-    if (const auto index = NextInRange(-1, *count - 1)) selected = *index;
   }
 
   RestoreOutcome Outcome() const { return outcome_; }
 
  private:
+  void Take(const TextValue& value, int) {
+    if (const auto text = NextText()) value.Set(settings_, *text);
+  }
+  void Take(const CheckValue& value, int) {
+    if (const auto number = NextInRange(0, 1)) value.Set(settings_, *number != 0);
+  }
+  void Take(const NumberValue& value, int) {
+    if (const auto index = NextInRange(0, value.Items() - 1)) value.Set(settings_, value.AtIndex(*index));
+  }
+  void Take(const ChoiceValue& value, int choice) {
+    if (choice == kNoChoice) {
+      if (const auto chosen = NextInRange(0, MostOf(value))) value.Set(settings_, *chosen);
+    } else if (const auto number = NextInRange(kChosen, 0)) {
+      if (*number == kChosen)
+        value.Set(settings_, choice);
+      else if (value.Get(settings_) == choice)
+        value.Set(settings_, kNoChoice);
+    }
+  }
+  void Take(const FileListValue& value, int) {
+    const auto count = NextInRange(0, kMostWordsFiles);
+    if (!count) return;
+    std::vector<std::string>& paths = settings_.*value.Paths;
+    int& selected = settings_.*value.Selected;
+    paths.clear();
+    selected = -1;
+    for (int k = 0; k < *count; ++k) {
+      const auto text = NextText();
+      if (!text) return;
+      paths.push_back(*text);
+    }
+    if (const auto index = NextInRange(-1, *count - 1)) selected = *index;
+  }
+
+  void TakeNamed(const TextValue& value, const std::string& text) { value.Set(settings_, text); }
+  void TakeNamed(const CheckValue& value, const std::string& text) {
+    if (const auto number = NumberIn(text, 0, 1)) value.Set(settings_, *number != 0);
+  }
+  void TakeNamed(const NumberValue& value, const std::string& text) {
+    const auto number = NumberIn(text, value.Least, value.Most);
+    if (number) value.Set(settings_, value.AtIndex(value.IndexOf(*number)));
+  }
+  void TakeNamed(const ChoiceValue& value, const std::string& text) {
+    if (const auto chosen = NumberIn(text, 0, MostOf(value))) value.Set(settings_, *chosen);
+  }
+  void TakeNamed(const FileListValue&, const std::string&) {}
+
+  static int MostOf(const ChoiceValue& value) { return static_cast<int>(value.Choices.size()) - 1; }
+
+  std::optional<int> NumberIn(const std::string& text, int least, int most) {
+    int number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error == std::errc{} && stop == end && number >= least && number <= most) return number;
+    Fail(kInvalidIndex, "Invalid data");
+    return std::nullopt;
+  }
+
   bool Failed() const { return outcome_.Result != kRestored || outcome_.EndedEarly; }
   void Fail(int result, const char* why) {
     outcome_.Result = result;
@@ -168,6 +247,7 @@ class RecordReader {
   }
 
   std::string_view rest_;
+  Settings& settings_;
   RestoreOutcome outcome_;
 };
 
@@ -208,15 +288,22 @@ std::string WriteWhole(FileSystem& files, const std::filesystem::path& path, std
 
 }  // namespace
 
-Expected<std::string, StateError> StateBytes(const Settings& settings) {
-  RecordWriter writer;
-  VisitFields(settings, writer);
+Expected<std::string, StateError> StateBytes(const Settings& settings, std::span<const SettingRow> rows) {
+  RecordWriter writer(settings);
+  for (const SavedPlace& place : SavedPlaces(rows)) writer.Write(place);
+  for (const SettingRow& row : rows)
+    if (!HasPlace(row) && !SameValue(row, settings, Settings{})) writer.WriteNamed(row);
   return std::move(writer).Result();
 }
 
-RestoreOutcome ReadStateBytes(std::string_view bytes, Settings& settings) {
-  RecordReader reader(bytes);
-  VisitFields(settings, reader);
+RestoreOutcome ReadStateBytes(std::string_view bytes, Settings& settings, std::span<const SettingRow> rows) {
+  RecordReader reader(bytes, settings);
+  for (const SavedPlace& place : SavedPlaces(rows)) reader.Read(place);
+  if (!reader.Outcome().Complete()) return reader.Outcome();
+  // A name that is missing means the default.
+  for (const SettingRow& row : rows)
+    if (!HasPlace(row)) CopyValue(row, Settings{}, settings);
+  reader.ReadNamed(rows);
   return reader.Outcome();
 }
 

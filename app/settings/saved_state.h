@@ -2,10 +2,11 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
-#include "app/settings/settings.h"
+#include "app/settings/schema.h"
 #include "base/expected.h"
 #include "platform/files.h"
 #include "platform/messages.h"
@@ -30,7 +31,7 @@ struct RestoreOutcome {
 };
 
 /// Reads and writes state and settings files: one value a line, texts in double quotes, UTF-8, CR LF; the
-/// position of a value alone gives its meaning.
+/// place of a value alone gives its meaning (see SettingRow).
 class SavedState {
  public:
   /// `stateFile` is what an empty path stands for. Its folder is made when it is missing.
@@ -64,10 +65,13 @@ bool IsSettingsFile(FileSystem& files, const std::filesystem::path& path);
 struct StateError {
   std::string Description;
 };
-/// The bytes of a settings file.
-Expected<std::string, StateError> StateBytes(const Settings& settings);
-/// The reading of them, without messages.
-RestoreOutcome ReadStateBytes(std::string_view bytes, Settings& settings);
+/// The bytes of a settings file: the values of the rows with places in the order of these; then a line
+/// "name=value" for each other row whose value is not its default.
+Expected<std::string, StateError> StateBytes(const Settings& settings,
+                                             std::span<const SettingRow> rows = Schema());
+/// The reading of them, without messages. Names that no row has are passed over.
+RestoreOutcome ReadStateBytes(std::string_view bytes, Settings& settings,
+                              std::span<const SettingRow> rows = Schema());
 
 /// What is shown of a load that failed: "Invalid combo box index." or the longer message with the error.
 std::string LoadFailureText(const RestoreOutcome& outcome);

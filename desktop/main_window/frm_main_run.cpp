@@ -8,6 +8,7 @@
 #include <array>
 #include <utility>
 
+#include "app/run/run_request.h"
 #include "base/time_text.h"
 #include "desktop/main_window/frm_main.h"
 #include "desktop/settings_window/frm_params.h"
@@ -122,17 +123,8 @@ class frmMain::BoxContents {
 
 RunRequest frmMain::GatherRunRequest() const {
   const Settings settings = GatherSettings();
-  RunRequest request;
-  request.Options = RunOptionsOf(settings);
-  request.Rules = settings.Words;
+  RunRequest request = RunRequestOf(settings);
   request.Lists = params_->GatherWordFilterSpec(settings.Words);
-  request.InputPath = settings.SourceKind == TextSource::Folder ? settings.Folder : settings.InputFile;
-  if (!settings.DisableOutputToFile) request.OutputPath = settings.OutputFile;
-  request.Selection = {.Patterns = SplitPatterns(settings.FilePatterns),
-                       .Exclusions = SplitPatterns(settings.ExcludedTexts)};
-  request.IncludeSubfolders = settings.IncludeSubfolders;
-  request.Chain = ChainOrderOf(settings.Report);
-  request.ExtractTextFromDocx = settings.ExtractTextFromDocx;
   request.OffersWaysOut = true;
   return request;
 }

@@ -7,7 +7,7 @@
 #include <QSignalBlocker>
 #include <QStyle>
 
-#include "app/settings/settings.h"
+#include "app/settings/schema.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/frm_main.h"
 #include "desktop/settings_window/rules_sample_box.h"
@@ -166,7 +166,7 @@ void frmParams::cmdUndo_Click() {
   if (!before) return;
   // Only what was changed at once: a path typed since then stays.
   Settings settings = main_.GatherSettings();
-  TakeResettable(settings, *before);
+  CopyValues(SettingsResetBy(ResetBy::RestoreDefaults), *before, settings);
   main_.ApplySettings(settings);
   lblState->setText(QStringLiteral("Everything is as it was before."));
   CheckAllowedExtraChars();

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/settings/settings_difference.h"
+#include "app/settings/schema.h"
 
 namespace korv {
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/settings/schema.h"
 #include "desktop/widgets/control_factory.h"
 
 namespace korv {
@@ -17,7 +18,7 @@ SettingsUndo::SettingsUndo(QWidget* parent) : QPushButton(QStringLiteral("&Undo"
 }
 
 void SettingsUndo::Offer(const Settings& before, const Settings& after, QWidget* by) {
-  if (SameResettable(before, after)) return;
+  if ((DifferencesOf(before, after) & SettingsResetBy(ResetBy::RestoreDefaults)).none()) return;
   before_ = before;
   by_ = by;
   show();

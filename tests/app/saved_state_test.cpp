@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/app/changed_settings.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 
@@ -18,51 +19,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-/// Settings in which every field differs from its default.
-Settings AllChanged() {
-  Settings s;
-  s.Folder = "/texts";
-  s.InputFile = "/texts/a.txt";
-  s.OutputFile = "/out/report.txt";
-  s.FilePatterns = "*.txt, a*.htm*";
-  s.ExcludedTexts = "copy, bak";
-  s.ExtraWordsToIgnore = "ibid vide größer";
-  s.SourceKind = TextSource::Folder;
-  s.IncludeSubfolders = true;
-  s.DisableOutputToFile = true;
-  WordRules& w = s.Words;
-  for (bool WordRules::*flag :
-       {&WordRules::AllowHyphens,      &WordRules::AllowApostrophes,  &WordRules::AllowUnderscores,
-        &WordRules::AllowColons,       &WordRules::AllowBackslashes,  &WordRules::AllowForwardslashes,
-        &WordRules::AllowPeriods,      &WordRules::AllowAtSigns,      &WordRules::AllowNumerals,
-        &WordRules::AllowParentheses,  &WordRules::AllowAmpersands,   &WordRules::AllowCommas,
-        &WordRules::CaseSignificant,   &WordRules::Only7bitASCII,     &WordRules::IgnoreShortWords,
-        &WordRules::IgnoreNoLetter,    &WordRules::IgnoreRepetitions, &WordRules::TerminateAtEndOfLine,
-        &WordRules::TerminateAtPeriod, &WordRules::TerminateAtComma,  &WordRules::TerminateAtDoubleQuote,
-        &WordRules::TerminateAtTab})
-    w.*flag = !(w.*flag);
-  w.ShortWordSize = 20;
-  w.LongWordSize = 80;
-  s.MinWords = 2;
-  s.MaxWords = 25;
-  s.MinFrequency = 20;
-  s.IgnoreOption = IgnoreRule::Remove;
-  s.WordsFiles = {"/lists/one.txt", "/lists/two.txt"};
-  s.SelectedWordsFile = 1;
-  s.CommonWordsLanguage = CommonWords::None;
-  s.PatternMatchingInWordsToIgnoreFile = true;
-  s.Report.DisplayFormat = 12;
-  s.Report.WordOrder = 1;
-  s.Report.RelativeFrequency = true;
-  s.Report.SortByNumberOfFiles = true;
-  s.Report.FilterText = "the cat";
-  s.Report.FilterModeOfWords = FilterMode::Subphrase;
-  s.ExtractTextFromDocx = true;
-  s.SaveStateOnQuit = true;
-  s.WarnOnOverwrite = true;
-  return s;
-}
 
 std::string BytesOf(const Settings& settings) {
   const auto bytes = StateBytes(settings);
@@ -560,48 +516,68 @@ TEST(AskToLoadWordFile, NamesTheFile) {
   EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
 }
 
-TEST(SetDefaultValues, ResetsRulesAndLeavesPathsListsAndReport) {
-  Settings settings = AllChanged();
-  SetDefaultValues(settings);
-  EXPECT_EQ(settings.Words.LongWordSize, 50);
-  EXPECT_EQ(settings.Words.ShortWordSize, 3);
-  EXPECT_TRUE(settings.Words.AllowHyphens);
-  EXPECT_TRUE(settings.Words.TerminateAtPeriod);
-  EXPECT_FALSE(settings.WarnOnOverwrite);
-  EXPECT_FALSE(settings.SaveStateOnQuit);
-  EXPECT_FALSE(settings.ExtractTextFromDocx);
-  EXPECT_FALSE(settings.PatternMatchingInWordsToIgnoreFile);
-  EXPECT_EQ(settings.SourceKind, TextSource::SingleFile);
-  EXPECT_EQ(settings.Folder, "/texts");
-  EXPECT_EQ(settings.WordsFiles.size(), 2u);
-  EXPECT_EQ(settings.MaxWords, 25);
-  EXPECT_EQ(settings.Report.DisplayFormat, 12);
+// ---- Settings without a place
+
+/// The rows of another version: two settings have no place, and one is unknown to it.
+std::vector<SettingRow> RowsWithNames() {
+  std::vector<SettingRow> rows;
+  for (const char* name :
+       {"MinWords", "FilterText", "ExtraWordsToIgnore", "FilterModeOfWords", "WarnOnOverwrite"})
+    rows.push_back(RowOf(name));
+  rows[0].Places = {1};
+  for (size_t k = 1; k < rows.size(); ++k) rows[k].Places = {};
+  return rows;
 }
 
-TEST(TakeResettable, TakesWhatTheDefaultsWouldReset) {
-  Settings settings = AllChanged();
-  Settings fresh;
-  EXPECT_FALSE(SameResettable(settings, fresh));
-  TakeResettable(settings, fresh);
-  EXPECT_TRUE(SameResettable(settings, fresh));
-  Settings reset = AllChanged();
-  SetDefaultValues(reset);
-  EXPECT_EQ(BytesOf(settings), BytesOf(reset));
-  for (bool Settings::*value : {&Settings::ExtractTextFromDocx, &Settings::WarnOnOverwrite,
-                                &Settings::SaveStateOnQuit, &Settings::PatternMatchingInWordsToIgnoreFile}) {
-    settings.*value = true;
-    EXPECT_FALSE(SameResettable(settings, fresh));
-    settings.*value = false;
-  }
-  settings.SourceKind = TextSource::Folder;
-  EXPECT_FALSE(SameResettable(settings, fresh));
-}
-
-TEST(RunOptionsOf, WithoutAnOptionPhrasesOfWordsToIgnoreAreAllowed) {
+TEST(NamedSettings, AreWrittenOnlyWhereTheyDifferFromTheirDefault) {
   Settings settings;
-  EXPECT_EQ(RunOptionsOf(settings).IgnoreMode, IgnoreRule::ExcludeAll);
-  settings.IgnoreOption.reset();
-  EXPECT_EQ(RunOptionsOf(settings).IgnoreMode, IgnoreRule::Allow);
+  settings.MinWords = 3;
+  EXPECT_EQ(*StateBytes(settings, RowsWithNames()), "1\r\n");
+  settings.ExtraWordsToIgnore = "a=b größer";
+  settings.Report.FilterModeOfWords = FilterMode::Subphrase;
+  settings.WarnOnOverwrite = true;
+  EXPECT_EQ(*StateBytes(settings, RowsWithNames()),
+            "1\r\n\"ExtraWordsToIgnore=a=b größer\"\r\n\"FilterModeOfWords=2\"\r\n\"WarnOnOverwrite=1\"\r\n");
+}
+
+TEST(NamedSettings, AreReadInAnyOrderAndAreTheirDefaultsWhereTheyAreMissing) {
+  Settings settings = AllChanged();
+  EXPECT_TRUE(ReadStateBytes("3\r\n\"WarnOnOverwrite=0\"\r\n\"ExtraWordsToIgnore=a=b größer\"\r\n", settings,
+                             RowsWithNames())
+                  .Complete());
+  EXPECT_EQ(settings.MinWords, 5);
+  EXPECT_EQ(settings.ExtraWordsToIgnore, "a=b größer");
+  EXPECT_FALSE(settings.WarnOnOverwrite);
+  EXPECT_EQ(settings.Report.FilterText, "");
+  EXPECT_EQ(settings.Report.FilterModeOfWords, FilterMode::AllWords);
+  EXPECT_EQ(settings.MaxWords, 25) << "no row of these";
+}
+
+TEST(NamedSettings, OfLaterVersionsArePassedOver) {
+  Settings settings;
+  EXPECT_TRUE(
+      ReadStateBytes("3\r\n\"Later=1\"\r\n\"no name\"\r\n\"WarnOnOverwrite=1\"\r\n7\r\n\"FilterText=a\"\r\n",
+                     settings, RowsWithNames())
+          .Complete());
+  EXPECT_TRUE(settings.WarnOnOverwrite);
+  EXPECT_EQ(settings.Report.FilterText, "") << "behind what is no name";
+}
+
+TEST(NamedSettings, DoNotLeaveTheirRange) {
+  for (const char* line : {"\"FilterModeOfWords=3\"", "\"FilterModeOfWords=-1\"", "\"FilterModeOfWords=\"",
+                           "\"WarnOnOverwrite=2\"", "\"WarnOnOverwrite=yes\""}) {
+    Settings settings;
+    EXPECT_EQ(ReadStateBytes("3\r\n" + std::string(line) + "\r\n", settings, RowsWithNames()).Result,
+              kInvalidIndex)
+        << line;
+    EXPECT_EQ(*StateBytes(settings, RowsWithNames()), "3\r\n") << line;
+  }
+}
+
+TEST(NamedSettings, ThatCannotBeSavedAreNot) {
+  Settings settings;
+  settings.ExtraWordsToIgnore = "a \"quoted\" word";
+  EXPECT_FALSE(StateBytes(settings, RowsWithNames()));
 }
 
 }  // namespace

@@ -533,6 +533,15 @@ TEST_F(CountProgramTest, LoadsSettingsAndLetsOptionsOverrideThem) {
   EXPECT_EQ(overridden.ExcludedTexts, "kept as it is");
 }
 
+TEST_F(CountProgramTest, NamesTheFormatOfSettingsThatIsNotAvailable) {
+  Settings settings;
+  settings.InputFile = "/a.txt";
+  settings.Report.DisplayFormat = 10;
+  files.Add("/s.korv", *StateBytes(settings));
+  EXPECT_EQ(Count({"--settings", "/s.korv"}), 0);
+  EXPECT_THAT(err.str(), HasSubstr("'#10: Phrase, number of files, frequency' is available"));
+}
+
 TEST_F(CountProgramTest, DisabledOutputGoesToStandardOutput) {
   Settings settings;
   settings.InputFile = "/a.txt";

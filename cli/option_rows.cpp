@@ -1,0 +1,163 @@
+#include "cli/option_rows.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "cli/option_values.h"
+#include "cli/setting_options.h"
+#include "platform/locale_numbers.h"
+
+namespace korv {
+
+namespace {
+
+// ---- Kinds of options that are no settings
+
+/// An empty name is a variable that was not set in some script, not a wish for no file.
+OptionRow File(const char* name, std::string CountOptions::*field, OptionGroup group, const char* help) {
+  return {.Name = name,
+          .ValueName = "FILE",
+          .Group = group,
+          .Help = help,
+          .Take = [name, field](const std::string& text, CountOptions& options) {
+            if (text.empty()) RefuseValue(name, "a file is needed");
+            options.*field = text;
+          }};
+}
+
+OptionRow Flag(const char* name, bool CountOptions::*field, OptionGroup group, const char* help) {
+  return {.Name = name,
+          .ValueName = {},
+          .Group = group,
+          .Help = help,
+          .Take = [field](const std::string&, CountOptions& options) { options.*field = true; }};
+}
+
+template <typename Field>
+OptionRow Choices(const char* name, Field CountOptions::*field,
+                  const std::vector<std::pair<std::string, Field>>& choices, OptionGroup group,
+                  const char* help) {
+  std::vector<std::string> words;
+  std::vector<Field> values;
+  for (const auto& [word, value] : choices) {
+    words.push_back(word);
+    values.push_back(value);
+  }
+  return {.Name = name,
+          .ValueName = Joined(words, "|"),
+          .Group = group,
+          .Help = help,
+          .Take = [name, field, words, values](const std::string& text, CountOptions& options) {
+            options.*field = values[static_cast<size_t>(ParseChoice(text, name, words))];
+          }};
+}
+
+OptionRow Text(const char* name, const char* valueName, OptionGroup group, std::string help,
+               std::function<void(const std::string&, CountOptions&)> take) {
+  return {.Name = name, .ValueName = valueName, .Group = group, .Help = std::move(help), .Take = std::move(take)};
+}
+
+// ---- Options that are no settings, by groups
+
+std::vector<OptionRow> OwnSettings() {
+  return {File("--settings", &CountOptions::SettingsFile, OptionGroup::Settings,
+               "A settings file, applied before the other options"),
+          File("--save-settings", &CountOptions::SaveSettingsFile, OptionGroup::Settings,
+               "Write the resulting settings to a file")};
+}
+
+std::vector<OptionRow> OwnWordFiles() {
+  OptionRow common =
+      Text("--common-words", "LANGUAGE", OptionGroup::WordLists,
+           "Ignore the common words of a language, en de es pt it fr or all; not together with --ignore-file",
+           [](const std::string& text, CountOptions& options) {
+             options.CommonWordsOf = FindCommonWordsLanguage(text);
+             if (!options.CommonWordsOf)
+               RefuseValue("--common-words", "'" + text + "' is none of: en de es pt it fr all");
+           });
+  common.Excludes = "--ignore-file";
+  return {File("--ignore-file", &CountOptions::IgnoreFile, OptionGroup::WordLists,
+               "A file of words to ignore"),
+          std::move(common)};
+}
+
+std::vector<OptionRow> OwnCountOnly() {
+  return {Text("--count-only", "TEXT", OptionGroup::WordLists,
+               "Words and phrases to count, separated by comma and blank",
+               [](const std::string& text, CountOptions& options) { options.CountOnly = text; }),
+          File("--count-only-file", &CountOptions::CountOnlyFile, OptionGroup::WordLists,
+               "A file of them, one a line")};
+}
+
+std::vector<OptionRow> OwnSources() {
+  return {Choices<EncodingChoice>(
+      "--encoding", &CountOptions::Encoding,
+      {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},
+      OptionGroup::Sources, "How text is encoded (auto)")};
+}
+
+std::vector<OptionRow> OwnReport() {
+  return {Text("--locale", "NAME", OptionGroup::Report, "How numbers are written, as in de_DE.UTF-8",
+               [](const std::string& text, CountOptions& options) {
+                 bool known = false;
+                 options.Numbers = NumberFormatOfLocale(text, known);
+                 if (!known) RefuseValue("--locale", "there is no locale '" + text + "'");
+               })};
+}
+
+std::vector<OptionRow> OwnContexts() {
+  return {Text("--context-of", "PHRASE", OptionGroup::Contexts,
+               "List where a phrase stands, with the text around, instead of a report",
+               [](const std::string& text, CountOptions& options) { options.ContextOf = text; }),
+          Text("--contexts", "N", OptionGroup::Contexts, "Characters on each side (" + std::to_string(kContexts) + ")",
+               [](const std::string& text, CountOptions& options) {
+                 options.Contexts = ParseInRange(text, "--contexts", 0, kMostContexts);
+               }),
+          Choices<std::optional<PlaceOrder>>("--sort", &CountOptions::Sort,
+                                             {{"place", PlaceOrder::Place},
+                                              {"left", PlaceOrder::Left},
+                                              {"right", PlaceOrder::Right},
+                                              {"file", PlaceOrder::File}},
+                                             OptionGroup::Contexts, "Order of the contexts (place)")};
+}
+
+std::vector<OptionRow> OwnOutput() {
+  constexpr OptionGroup group = OptionGroup::Output;
+  std::vector<std::pair<std::string, std::optional<const TableForm*>>> forms = {{"text", nullptr}};
+  for (const TableForm& form : TableForms()) forms.emplace_back(form.Name, &form);
+  return {File("--output,-o", &CountOptions::Output, group, "Write the report to a file"),
+          Choices<std::optional<const TableForm*>>(
+              "--output-format", &CountOptions::OutputFormat, forms, group,
+              "The report, or a table with a heading (by FILE's extension; text)"),
+          Flag("--force", &CountOptions::Force, group,
+               "Replace an existing output file, or what is no settings file"),
+          Choices<Layout>("--layout", &CountOptions::LineLayout,
+                          {{"columns", Layout::Columns}, {"tabs", Layout::Tabs}}, group,
+                          "What standard output gets (columns)"),
+          Flag("--list-files", &CountOptions::ListFiles, group, "List the files instead of counting"),
+          Flag("--quiet", &CountOptions::Quiet, group, "Nothing but errors on standard error"),
+          Flag("--progress", &CountOptions::Progress, group, "Show progress on standard error"),
+          Flag("--stages", &CountOptions::Stages, group, "Tell how long each stage took")};
+}
+
+/// Puts `own` behind the option named `after`.
+void InsertAfter(std::vector<OptionRow>& options, std::string_view after, std::vector<OptionRow> own) {
+  const auto place = std::ranges::find(options, after, &OptionRow::Name);
+  options.insert(std::next(place), std::move_iterator(own.begin()), std::move_iterator(own.end()));
+}
+
+}  // namespace
+
+std::vector<OptionRow> OptionRows() {
+  std::vector<OptionRow> options = SettingOptions();
+  InsertAfter(options, "--ignore-mode", OwnWordFiles());
+  for (std::vector<OptionRow> own :
+       {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnContexts(), OwnOutput()})
+    options.insert(options.end(), std::move_iterator(own.begin()), std::move_iterator(own.end()));
+  std::ranges::stable_sort(options, {}, &OptionRow::Group);
+  return options;
+}
+
+}  // namespace korv
