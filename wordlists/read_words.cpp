@@ -51,11 +51,16 @@ class ListSink final : public WordSink {
   DistinctWords& words_;
 };
 
-std::string_view Trimmed(std::string_view line) {
-  constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kBlanks = " \t";
+
+std::string_view WithoutLeadingBlanks(std::string_view line) {
   const size_t begin = line.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos) return {};
-  return line.substr(begin, line.find_last_not_of(kBlanks) + 1 - begin);
+  return begin == std::string_view::npos ? std::string_view() : line.substr(begin);
+}
+
+std::string_view Trimmed(std::string_view line) {
+  const std::string_view rest = WithoutLeadingBlanks(line);
+  return rest.substr(0, rest.find_last_not_of(kBlanks) + 1);
 }
 
 void ReadWordsToIgnore(TextReader& reader, const WordRules& rules, Yielder& yielder, DistinctWords& words) {
@@ -71,7 +76,7 @@ void ReadWordsToIgnore(TextReader& reader, const WordRules& rules, Yielder& yiel
   scanner.BeginSource();
   bool begun = false;  // Something of the line that goes on has been scanned.
   while (reader.NextLine()) {
-    const std::string_view line = begun ? reader.Line() : Trimmed(reader.Line());
+    const std::string_view line = begun ? reader.Line() : WithoutLeadingBlanks(reader.Line());
     if (begun || !line.empty()) scanner.ScanLine(line, !begun, reader.EndsLine());
     begun = !reader.EndsLine() && (begun || !line.empty());
     yielder.Yield();
@@ -125,7 +130,7 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
   }
   TextReader reader(std::move(source.Head), source.File.get(),
                     reading.Encodings.PlanFor(source.Facts, PathToText(path), messages),
-                    kind == ListKind::WordsToIgnore ? LongLines::InPieces : LongLines::Whole);
+                    kind == ListKind::WordsToIgnore ? LongLines::Anywhere : LongLines::Whole);
   DistinctWords words(reading);
   if (kind == ListKind::WordsToIgnore)
     ReadWordsToIgnore(reader, rules, reading.Yield, words);

@@ -55,7 +55,7 @@ RunEnd SourceReader::DoItFromClipboard() {
   stream_.BeginSource({});
   services_.Progress.BytesTotal = text.size();
   if (request_.Options.KeepPlaces) run_.KeptText = text;
-  TextReader reader(text, nullptr, TextEncoding::Utf8, LongLines::InPieces);
+  TextReader reader(text, nullptr, TextEncoding::Utf8, LongLines::Anywhere);
   FeedLines(reader, {}, AfterStop::Nothing);
   stream_.DescribeSource({.IsUtf8 = true});
   return RunEnd::Counted;
@@ -80,7 +80,7 @@ RunEnd SourceReader::DoItFromStream() {
   services_.View.Status("Now counting phrases on standard input");
   stream_.BeginSource({});
   services_.Progress.BytesTotal = source.Size();
-  TextReader reader(source.TakeHead(), &source, source.Encoding(), LongLines::InPieces);
+  TextReader reader(source.TakeHead(), &source, source.Encoding(), LongLines::Anywhere);
   FeedLines(reader, {}, AfterStop::WhatIsThere);
   Tally(reader, {});
   if (!reader.Error()) return RunEnd::Counted;
@@ -195,7 +195,7 @@ bool SourceReader::ReadFile(const fs::path& path, Kind kind) {
   services_.View.FileKind(FileKindWhileReading(encoding.Settled == TextEncoding::Utf8));
   if (kind == Kind::Single) services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
   stream_.BeginSource(path);
-  TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding), LongLines::InPieces);
+  TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding), LongLines::Anywhere);
   const uint64_t textBytes = FeedLines(reader, markers, AfterStop::Nothing);
   Tally(reader, {.Size = size, .Modified = opened.File->Modified()});
   if (kind == Kind::Single)
@@ -253,7 +253,7 @@ bool SourceReader::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind)
   services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(text.size(), services_.Numbers));
   if (request_.ExtractTextFromDocx) KeepExtractedText(path, text);
   stream_.BeginSource(path);
-  TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::InPieces);
+  TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::Anywhere);
   FeedLines(reader, {}, AfterStop::Nothing);
   Tally(reader, {.IsDocument = true, .Size = size, .Modified = modified});
   return true;
@@ -306,8 +306,9 @@ uint64_t SourceReader::FeedLines(TextReader& reader, const CommentMarkers& marke
   while ((!Stopped() || afterStop == AfterStop::WhatIsThere) && reader.NextLine()) {
     line += reader.StartsLine();
     // Pieces of mark-up depend on what came before them.
-    stream_.BeginLine(reader.LineOffset(), line, reader.StartsLine(),
-                      reader.StartsLine() ? !scanner.InRegion() : IsPlainText(markers));
+    const bool resumable =
+        reader.StartsLine() ? !scanner.InRegion() : IsPlainText(markers) && !scanner.HoldsBack();
+    stream_.BeginLine(reader.LineOffset(), line, reader.StartsLine(), resumable);
     scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
     progress.BytesRead = reader.BytesRead();
     progress.Words = stream_.Counts().Taken;

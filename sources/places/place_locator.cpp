@@ -21,7 +21,7 @@ constexpr uint32_t kFromBegin = 0;
 constexpr uint64_t kWorthASeek = uint64_t{64} * 1024;
 
 LongLines LinesOf(const CommentMarkers& markers) {
-  return IsPlainText(markers) ? LongLines::InPieces : LongLines::Whole;
+  return IsPlainText(markers) ? LongLines::AtBlanks : LongLines::Whole;
 }
 
 CommentMarkers MarkersOf(const CorpusSource& source) {

@@ -10,7 +10,7 @@ RawLine::RawLine(std::string_view bytes, TextEncoding encoding, bool startsLine,
     : bytes_(bytes), encoding_(encoding) {
   if (!hasEntities || bytes.find('&') == std::string_view::npos) return;
   std::string cut(DecodeText(bytes, encoding, buffer_));
-  ReplaceDoubleHyphensInPlace(cut, startsLine);
+  ReplaceDoubleHyphensInPlace(cut, startsLine ? 0 : 2);
   ReplaceNamedEntities(cut, &entities_);
 }
 

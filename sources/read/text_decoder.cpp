@@ -1,5 +1,6 @@
 #include "sources/read/text_decoder.h"
 
+#include "base/utf8.h"
 #include "engine/text/clean_text.h"
 #include "engine/text/unicode.h"
 
@@ -46,6 +47,16 @@ std::string_view DecodeText(std::string_view bytes, TextEncoding encoding, std::
                             uint64_t* illFormed) {
   if (IsAscii(bytes)) return bytes;
   return encoding == TextEncoding::Ansi ? DecodeAnsi(bytes, buffer) : CleanText(bytes, buffer, illFormed);
+}
+
+bool BeginsPart(std::string_view text, TextEncoding encoding) {
+  if (encoding == TextEncoding::Ansi || static_cast<unsigned char>(text[0]) < 0x80) return true;
+  const Utf8Sequence sequence = Utf8SequenceAt(text, 0);
+  if (sequence.kind == Utf8Kind::CutOff) return false;
+  std::string buffer;
+  const std::string_view character = CleanText(text.substr(0, sequence.length), buffer);
+  // What is dropped stands in the way of none, so it begins nothing.
+  return !character.empty() && IsCertainlyNfc(character);
 }
 
 }  // namespace korv

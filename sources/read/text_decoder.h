@@ -18,4 +18,8 @@ enum class TextEncoding { Ansi, Utf8 };
 std::string_view DecodeText(std::string_view bytes, TextEncoding encoding, std::string& buffer,
                             uint64_t* illFormed = nullptr);
 
+/// Whether the first character of `text`, which is not empty, joins none before it: text parted before it
+/// decodes to the same as the whole. False where the end of `text` may cut that character.
+bool BeginsPart(std::string_view text, TextEncoding encoding);
+
 }  // namespace korv

@@ -12,8 +12,19 @@ namespace {
 
 constexpr size_t kBlock = size_t{256} * 1024;
 constexpr size_t kLeastBlock = size_t{4} * 1024;
-constexpr size_t kLongLine = size_t{1024} * 1024;
+constexpr size_t kMostBytesOfCharacter = 4;
+/// Bytes of characters that all join the one before them. Text has a few; no word is as long as this.
+constexpr size_t kLongestJoined = size_t{64} * 1024;
 constexpr std::string_view kSignature = "\xEF\xBB\xBF";
+
+/// Whether a character, or an ill-formed sequence, of UTF-8 begins at byte `at`. Behind three bytes that go
+/// on a character another such byte stands alone.
+bool BeginsSequence(std::string_view text, size_t at) {
+  const auto goesOn = [text](size_t place) {
+    return (static_cast<unsigned char>(text[place]) & 0xC0) == 0x80;
+  };
+  return !goesOn(at) || (at >= 3 && goesOn(at - 1) && goesOn(at - 2) && goesOn(at - 3));
+}
 
 }  // namespace
 
@@ -25,6 +36,7 @@ struct TextReader::State {
   InputFile* rest = nullptr;
   EncodingPlan encoding = TextEncoding::Ansi;
   LongLines longLines = LongLines::Whole;
+  size_t longFrom = kLongLine;
   uint64_t bytesRead = 0;
   std::optional<FileError> error;
 
@@ -57,6 +69,9 @@ struct TextReader::State {
   void Decode(size_t length);
   void HandOut(size_t length, size_t lineEnd, bool endsLine);
   bool HandOutPiece();
+  size_t BehindBlank() const;
+  size_t BetweenCharacters() const;
+  bool HasLineEnd() const { return std::min(nextLf, nextCr) < end; }
 };
 
 size_t TextReader::State::Find(char sign, size_t from) const {
@@ -136,21 +151,51 @@ void TextReader::State::HandOut(size_t length, size_t lineEnd, bool endsLine) {
   if (nextCr < begin) nextCr = Find('\r', begin);
 }
 
-/// Parts an unfinished line after its last blank or tab: no word, no composed character and no pair of
-/// hyphens reaches across. Before the blank stands something of ASCII, so that nothing that is dropped hides
-/// what it is, but no "&", which with the blank and what may follow is the one known entity that holds a
-/// blank.
+/// Parts an unfinished long line. False where it has to be longer for that.
 bool TextReader::State::HandOutPiece() {
-  for (size_t at = end; at > std::max(begin + 1, unparted); --at) {
-    const char before = bytes[at - 2];
-    if ((bytes[at - 1] == ' ' || bytes[at - 1] == '\t') && before != '&' &&
-        static_cast<unsigned char>(before) < 0x80) {
-      HandOut(at - begin, 0, false);
-      return true;
-    }
+  size_t cut = BehindBlank();
+  if (cut == begin && longLines == LongLines::Anywhere) {
+    if (!encoding.Settled) Decide(end - begin);
+    if (HasLineEnd()) return false;  // It came with the sample.
+    cut = BetweenCharacters();
+  }
+  if (cut > begin) {
+    HandOut(cut - begin, 0, false);
+    return true;
   }
   unparted = end;
   return false;
+}
+
+/// The place behind the last blank or tab of the unfinished line; `begin` where there is none: no word, no
+/// composed character and no pair of hyphens reaches across. Before the blank stands something of ASCII, so
+/// that nothing that is dropped hides what it is, but no "&", which with the blank and what may follow is the
+/// one known entity that holds a blank.
+size_t TextReader::State::BehindBlank() const {
+  for (size_t at = end; at > std::max(begin + 1, unparted); --at) {
+    const char before = bytes[at - 2];
+    if ((bytes[at - 1] == ' ' || bytes[at - 1] == '\t') && before != '&' &&
+        static_cast<unsigned char>(before) < 0x80)
+      return at;
+  }
+  return begin;
+}
+
+/// The last place of the unfinished line where a character begins that joins none before it; `begin` where
+/// there is none yet. Where more than kLongestJoined bytes join, the last character: no word reaches across
+/// so many.
+size_t TextReader::State::BetweenCharacters() const {
+  const std::string_view text = std::string_view(bytes).substr(begin, end - begin);
+  const TextEncoding as = encoding.Settled.value_or(TextEncoding::Utf8);
+  if (text.size() <= kMostBytesOfCharacter) return begin;
+  const size_t last = text.size() - kMostBytesOfCharacter;
+  const size_t first = last - std::min(last, kLongestJoined);
+  for (size_t at = last; at > first; --at)
+    if (BeginsSequence(text, at) && BeginsPart(text.substr(at), as)) return begin + at;
+  if (first == 0) return begin;
+  size_t at = last;
+  while (!BeginsSequence(text, at)) --at;
+  return begin + at;
 }
 
 void TextReader::State::Begin(TextPart part) {
@@ -163,8 +208,8 @@ void TextReader::State::Begin(TextPart part) {
 
 bool TextReader::State::NextLine() {
   for (;;) {
-    const size_t lineEnd = std::min(nextLf, nextCr);
-    if (lineEnd < end) {
+    if (HasLineEnd()) {
+      const size_t lineEnd = std::min(nextLf, nextCr);
       const bool isCr = bytes[lineEnd] == '\r';
       // Whether an LF belongs to a CR at the very end is known when more has been read.
       if (isCr && lineEnd + 1 == end && rest != nullptr) {
@@ -175,8 +220,8 @@ bool TextReader::State::NextLine() {
       HandOut(lineEnd - begin, isPair ? 2 : 1, true);
       return true;
     }
-    if (longLines == LongLines::InPieces && end - begin >= kLongLine && HandOutPiece()) return true;
-    if (ReadMore()) continue;
+    if (longLines != LongLines::Whole && end - begin >= longFrom && HandOutPiece()) return true;
+    if (HasLineEnd() || ReadMore()) continue;
     if (begin == end && nextStartsLine) return false;
     HandOut(end - begin, 0, true);
     return true;
@@ -190,13 +235,14 @@ void TextReader::State::RemoveSignature() {
 }
 
 TextReader::TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines,
-                       TextPart part)
+                       TextPart part, size_t longFrom)
     : state_(std::make_unique<State>()) {
   State& s = *state_;
   s.bytes = std::move(head);
   s.rest = rest;
   s.encoding = std::move(encoding);
   s.longLines = longLines;
+  s.longFrom = longFrom;
   s.Begin(part);
 }
 

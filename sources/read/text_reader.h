@@ -12,10 +12,14 @@
 
 namespace korv {
 
-/// How lines of more than about a megabyte are handed out.
+/// From so many bytes on a line is a long one.
+inline constexpr size_t kLongLine = size_t{1024} * 1024;
+
+/// How long lines are handed out.
 enum class LongLines {
-  Whole,     ///< As they are, for whom a line is one thing.
-  InPieces,  ///< In pieces that end with a blank or tab and part no word, marker or known entity.
+  Whole,     ///< As they are, for callers to whom a line is one thing.
+  AtBlanks,  ///< In pieces that end with a blank or tab and part no word, marker or known entity.
+  Anywhere,  ///< The same, but a megabyte without such a blank is parted between two other characters.
 };
 
 /// The encoding of a text that is about to be read.
@@ -39,17 +43,17 @@ enum class ReadAs { Ascii, Ansi, Utf8 };
 
 /// The lines of a text, read in blocks and decoded on the way (see DecodeText), without the line end
 /// (CR LF, LF or CR) and without a UTF-8 signature. Holds one block, and of a longer line what is handed
-/// out at once.
+/// out at once: with LongLines::Anywhere never much more than a megabyte.
 ///
-///   TextReader reader(std::move(head), file.get(), TextEncoding::Utf8, LongLines::InPieces);
-///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
+///   TextReader reader(std::move(head), file.get(), TextEncoding::Utf8, LongLines::Anywhere);
+///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
 ///   if (reader.Error()) ...
 class TextReader {
  public:
   /// `head` is what has been read of the text already; `rest` supplies what follows (null: nothing) and
-  /// must outlive the reader.
+  /// must outlive the reader. Tests take shorter lines for long ones.
   TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines = LongLines::Whole,
-             TextPart part = TextPart::Beginning);
+             TextPart part = TextPart::Beginning, size_t longFrom = kLongLine);
   ~TextReader();
 
   /// False at the end of the text, or where reading failed (Error() tells). What was read before a

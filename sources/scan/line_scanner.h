@@ -10,6 +10,7 @@
 #include "engine/text/word_chars.h"
 #include "engine/text/word_rules.h"
 #include "sources/detect/comment_markers.h"
+#include "sources/scan/line_cleaner.h"
 
 namespace korv {
 
@@ -45,14 +46,17 @@ class LineScanner {
     intWithinComment_ = kOutside;
     textBytes_ = 0;
     kept_.clear();
+    cleaner_.Reset();
   }
-  /// One decoded line without its end. With TerminateAtEndOfLine phrases end before it. A piece of a line
-  /// that began earlier, parted as TextReader does it, is no start of a line.
-  /// Where more of the line follows, `endsLine` is false: an entity may end in it, so that the scanner may
-  /// keep what stands before for the next call, some 100,000 characters at most.
+  /// One decoded line without its end. With TerminateAtEndOfLine phrases end before it. A line may come in
+  /// pieces, parted anywhere between two characters; a piece that goes on a line is no start of one. Where
+  /// more of the line follows, `endsLine` is false: a word, a marker or an entity may go on in it, so that
+  /// the scanner may keep what stands before for the next call, some 100,000 characters at most.
   void ScanLine(std::string_view line, bool startsLine = true, bool endsLine = true);
   /// Whether a region goes on behind the line that was scanned last.
   bool InRegion() const { return intWithinComment_ != kOutside; }
+  /// Whether something of the line was kept for the next call.
+  bool HoldsBack() const { return !kept_.empty() || cleaner_.HoldsBack(); }
   /// That line as words were cut from it, behind what was kept of it from earlier calls: every word handed
   /// over during ScanLine() is a part of this view.
   std::string_view CutLine() const { return line_; }
@@ -75,13 +79,14 @@ class LineScanner {
   };
 
   void ClassifyBytes(const WordRules& rules);
-  std::string_view Clean(std::string_view line, bool startsLine);
   std::string_view BehindKept(std::string_view text);
   size_t ScanText();
 
   // All positions are bytes of line_, the line being scanned.
   unsigned ClassAt(size_t at) const { return classes_[static_cast<unsigned char>(line_[at])]; }
-  size_t CdataDelimiterAt(size_t at) const;
+  bool StandsAt(size_t at, std::string_view marker);
+  void WaitForRestOf(std::string_view marker, size_t at);
+  size_t CdataDelimiterAt(size_t at);
   int PairAt(size_t at);
   bool HasMarkerAt(size_t at) { return CdataDelimiterAt(at) != 0 || PairAt(at) != kOutside; }
   bool AmpersandIsMarker(size_t at);
@@ -90,6 +95,7 @@ class LineScanner {
   size_t PastMarker(size_t at);
   size_t PastRegion(size_t at);
   size_t EndOfRegion(size_t at);
+  void Wait() { undecided_ = undecided_ || !endsLine_; }
 
   CharKind KindOfLong(size_t at, size_t& past) const;
   bool IsBehindLetter(size_t begin, size_t at) const;
@@ -118,10 +124,11 @@ class LineScanner {
   bool isMarkup_;
   int intWithinComment_ = kOutside;  ///< The pair of the region that goes on.
   uint64_t textBytes_ = 0;
-  std::string cleaned_;
-  std::string kept_;        ///< Cleaned text of this line that could not be scanned before more of it came.
-  bool inEntity_ = false;   ///< An "&" of this line waits for its ";", which named entities go by.
-  bool endsLine_ = true;    ///< The line ends with line_.
+  LineCleaner cleaner_;
+  std::string kept_;      ///< Cleaned text of this line that could not be scanned before more of it came.
+  bool endsLine_ = true;  ///< The line ends with line_.
+  unsigned behindLine_ =
+      0;  ///< What a word that reaches the end of line_ meets there: kWord where it may go on.
   bool undecided_ = false;  ///< What comes behind line_ decides what stands at the place reached.
   std::string_view line_;
   size_t semicolon_ = kNotSought;      ///< The next one from some place of line_ on; npos: there is none.

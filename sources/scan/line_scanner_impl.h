@@ -23,6 +23,11 @@ inline constexpr std::string_view kJoiner = "\u200D";
 /// A ";" further away than this many characters ends no entity.
 inline constexpr size_t kFarthestSemicolon = 65000;
 
+/// Bytes of what EntityLength looks at: 20 characters.
+inline constexpr size_t kLongestNamed = 80;
+/// The same of the shortest entity: four characters.
+inline constexpr size_t kShortestNamed = 16;
+
 inline constexpr size_t kWindow = 64;
 
 /// The lowest bits of eight bytes as the bits of one. The factors of the product meet nowhere, so that no
@@ -59,6 +64,13 @@ inline size_t FindMarker(std::string_view line, size_t from, std::string_view ma
   }
 }
 
+/// Whether more text behind `rest`, which begins with "&", may change what EntityLength says of it.
+inline bool MayBecomeEntity(std::string_view rest) {
+  if (rest.size() < kShortestNamed && CharacterCount(rest) < 4) return true;
+  if (rest.size() >= kLongestNamed || rest.find(';') != std::string_view::npos) return false;
+  return rest.find(' ') == std::string_view::npos;
+}
+
 }  // namespace line_scanner
 
 template <typename Sink>
@@ -67,7 +79,8 @@ LineScanner<Sink>::LineScanner(const WordRules& rules, const CommentMarkers& mar
       sink_(&sink),
       shortKinds_(&KindsOfShortCodes()),
       terminatesAtEndOfLine_(rules.TerminateAtEndOfLine),
-      isMarkup_(markers.Language == "XML" || markers.Language == "HTML" || markers.Language == "PHP") {
+      isMarkup_(markers.Language == "XML" || markers.Language == "HTML" || markers.Language == "PHP"),
+      cleaner_(markers.blnCharacterEntitiesPossible) {
   ClassifyBytes(rules);
 }
 
@@ -108,12 +121,10 @@ void LineScanner<Sink>::ClassifyBytes(const WordRules& rules) {
 
 template <typename Sink>
 void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine, bool endsLine) {
-  if (startsLine) {
-    inEntity_ = false;
-    if (terminatesAtEndOfLine_) sink_->ResetPhrases();
-  }
+  if (startsLine && terminatesAtEndOfLine_) sink_->ResetPhrases();
   endsLine_ = endsLine;
-  line_ = BehindKept(Clean(line, startsLine));
+  behindLine_ = endsLine ? 0 : kWord;
+  line_ = BehindKept(cleaner_.Clean(line, startsLine, endsLine));
   const size_t scanned = ScanText();
   if (scanned == line_.size() && kept_.empty()) return;
   textBytes_ -= line_.size() - scanned;
@@ -128,11 +139,12 @@ size_t LineScanner<Sink>::ScanText() {
   windowBegin_ = kNotSought;
   undecided_ = false;
   size_t at = intWithinComment_ == kOutside ? 0 : PastRegion(0);
+  if (undecided_) return at;
   while ((at = TakePlainWords(at)) < line_.size()) {
     const unsigned is = ClassAt(at);
     if (is & kMarker) {
       const size_t past = PastMarker(at);
-      if (undecided_) return at;
+      if (undecided_) return past;
       if (past != at) {
         at = past;
         continue;
@@ -155,19 +167,6 @@ size_t LineScanner<Sink>::ScanText() {
   return line_.size();
 }
 
-/// The line as words are cut from it: `line` itself where there is nothing to clean.
-template <typename Sink>
-std::string_view LineScanner<Sink>::Clean(std::string_view line, bool startsLine) {
-  const bool hasHyphens = line.find("--") != std::string_view::npos;
-  const bool hasEntities =
-      markers_.blnCharacterEntitiesPossible && (inEntity_ || line.find('&') != std::string_view::npos);
-  if (!hasHyphens && !hasEntities) return line;
-  cleaned_.assign(line);
-  if (hasHyphens) ReplaceDoubleHyphensInPlace(cleaned_, startsLine);
-  if (hasEntities) ReplaceNamedEntities(cleaned_, inEntity_);
-  return cleaned_;
-}
-
 /// What was kept of the line, and `text` after it.
 template <typename Sink>
 std::string_view LineScanner<Sink>::BehindKept(std::string_view text) {
@@ -176,31 +175,43 @@ std::string_view LineScanner<Sink>::BehindKept(std::string_view text) {
   return kept_;
 }
 
-/// The length of the CDATA delimiter at `at`; 0: none.
+/// Whether `marker` stands at `at`. Where line_ ends inside it, what follows decides.
 template <typename Sink>
-size_t LineScanner<Sink>::CdataDelimiterAt(size_t at) const {
+bool LineScanner<Sink>::StandsAt(size_t at, std::string_view marker) {
+  if (line_scanner::StandsAt(line_, at, marker)) return true;
+  if (!endsLine_) WaitForRestOf(marker, at);
+  return false;
+}
+
+template <typename Sink>
+void LineScanner<Sink>::WaitForRestOf(std::string_view marker, size_t at) {
+  const size_t left = line_.size() - at;
+  if (left < marker.size() && line_scanner::StandsAt(line_, at, marker.substr(0, left))) Wait();
+}
+
+/// The length of the CDATA delimiter at `at`; 0: none, or undecided.
+template <typename Sink>
+size_t LineScanner<Sink>::CdataDelimiterAt(size_t at) {
   if (!isMarkup_) return 0;
   for (const std::string_view delimiter : {line_scanner::kCdataBegin, line_scanner::kCdataEnd})
-    if (line_scanner::StandsAt(line_, at, delimiter)) return delimiter.size();
+    if (StandsAt(at, delimiter)) return delimiter.size();
   return 0;
 }
 
-/// The first pair whose start marker stands at `at`, or kOutside.
+/// The first pair whose start marker stands at `at`, or kOutside. Says nothing where it is undecided.
 template <typename Sink>
 int LineScanner<Sink>::PairAt(size_t at) {
   for (int k = 0; k < markers_.intNumCommentMarkers; ++k) {
     const std::string_view start = markers_.Markers[static_cast<size_t>(k)].Start;
-    if (line_scanner::StandsAt(line_, at, start) && (start != "&" || AmpersandIsMarker(at))) return k;
+    if (StandsAt(at, start) && (start != "&" || AmpersandIsMarker(at))) return k;
   }
   return kOutside;
 }
 
 template <typename Sink>
 bool LineScanner<Sink>::AmpersandIsMarker(size_t at) {
-  constexpr size_t kLongestNamed = 80;  // Bytes of what EntityLength looks at.
   const std::string_view rest = line_.substr(at);
-  const bool mayGrow = !endsLine_ && rest.size() < kLongestNamed && rest.find(';') == std::string_view::npos;
-  if (mayGrow && (rest.starts_with("&#") || rest.find(' ') == std::string_view::npos)) {
+  if (!endsLine_ && line_scanner::MayBecomeEntity(rest)) {
     undecided_ = true;
     return false;
   }
@@ -222,7 +233,7 @@ bool LineScanner<Sink>::SemicolonCounts(size_t ampersand) {
     if (ampersand < semicolonFrom_) return false;
   }
   if (semicolon_ != std::string_view::npos) return true;
-  undecided_ = !endsLine_;
+  Wait();
   return false;
 }
 
@@ -233,7 +244,8 @@ size_t LineScanner<Sink>::CharactersBefore(size_t at, size_t characters) const {
   return at;
 }
 
-/// Past the delimiter or the region that begins at `at`, or `at` where none does.
+/// Past the delimiter or the region that begins at `at`, or `at` where none does. Where that is undecided,
+/// the place to go on from when more of the line has come.
 template <typename Sink>
 size_t LineScanner<Sink>::PastMarker(size_t at) {
   if (const size_t length = CdataDelimiterAt(at)) {
@@ -241,14 +253,15 @@ size_t LineScanner<Sink>::PastMarker(size_t at) {
     return at + length;
   }
   const int pair = PairAt(at);
-  if (pair == kOutside) return at;
+  if (pair == kOutside || undecided_) return at;
   intWithinComment_ = pair;
   const size_t inside = at + markers_.Markers[static_cast<size_t>(pair)].Start.size();
   textBytes_ -= inside - at;
   return PastRegion(inside);
 }
 
-/// Past the end marker of the region that holds `at`, or the end of the line.
+/// Past the end marker of the region that holds `at`, or the end of the line. Where line_ ends inside what
+/// may be that marker, the place where it begins.
 template <typename Sink>
 size_t LineScanner<Sink>::PastRegion(size_t at) {
   const size_t past = EndOfRegion(at);
@@ -264,7 +277,14 @@ size_t LineScanner<Sink>::EndOfRegion(size_t at) {
     return line_.size();
   }
   const size_t found = line_scanner::FindMarker(line_, at, end);
-  if (found == std::string_view::npos) return line_.size();
+  if (found == std::string_view::npos) {
+    if (endsLine_) return line_.size();
+    size_t cut = std::max(at, line_.size() - std::min(line_.size(), end.size() - 1));
+    while (cut < line_.size() && !line_scanner::StandsAt(line_, cut, end.substr(0, line_.size() - cut)))
+      ++cut;
+    undecided_ = cut < line_.size();
+    return cut;
+  }
   intWithinComment_ = kOutside;
   return found + end.size();
 }
@@ -298,8 +318,12 @@ size_t LineScanner<Sink>::PastWordCharacter(size_t begin, size_t at) {
     if (kind == CharKind::Letter) return past;
     if (kind == CharKind::Other || !IsBehindLetter(begin, at)) return at;
     if (kind == CharKind::Mark) return past;
+    if (past == line_.size()) {
+      Wait();
+      return at;
+    }
     size_t next = past;
-    return past < line_.size() && KindOf(NextCharacter(line_, next)) == CharKind::Letter ? past : at;
+    return KindOf(NextCharacter(line_, next)) == CharKind::Letter ? past : at;
   }
   if (!(is & kWord) || ((is & kMarker) && HasMarkerAt(at))) return at;
   return at + 1;
@@ -318,7 +342,9 @@ size_t LineScanner<Sink>::EndOfRun(size_t begin) {
     if (past == at) return at;
     at = past;
   }
-  return at >= line_.size() ? at : EndOfLongRun(begin);
+  if (at < line_.size()) return EndOfLongRun(begin);
+  Wait();
+  return at;
 }
 
 /// The same, counting: the run has more bytes than a word may have characters.
@@ -327,9 +353,10 @@ size_t LineScanner<Sink>::EndOfLongRun(size_t begin) {
   size_t at = begin;
   for (size_t characters = 0; at < line_.size() && characters < kMostWordCharacters; ++characters) {
     const size_t past = PastWordCharacter(begin, at);
-    if (past == at) break;
+    if (past == at) return at;
     at = past;
   }
+  if (at == line_.size()) Wait();
   return at;
 }
 
@@ -338,13 +365,21 @@ size_t LineScanner<Sink>::EndOfLongRun(size_t begin) {
 template <typename Sink>
 bool LineScanner<Sink>::WordCanEndBehind(size_t letter) {
   const size_t at = letter + 1;
-  return at == line_.size() || (ClassAt(at) & kTrimmed) || PastWordCharacter(letter, at) == at;
+  if (at == line_.size()) {
+    Wait();
+    return true;
+  }
+  return (ClassAt(at) & kTrimmed) || PastWordCharacter(letter, at) == at;
 }
 
 /// The end of the run with the apostrophe and "s" or "t" that belong to it; `end` where none does.
 template <typename Sink>
 size_t LineScanner<Sink>::WithApostrophe(size_t begin, size_t end) {
-  if (apostropheIsWordCharacter_ || end + 1 >= line_.size() || line_[end] != '\'') return end;
+  if (apostropheIsWordCharacter_ || end == line_.size() || line_[end] != '\'') return end;
+  if (end + 1 == line_.size()) {
+    Wait();
+    return end;
+  }
   const unsigned char letter = line_scanner::LowerAscii(line_[end + 1]);
   if ((letter != 's' && letter != 't') || !WordCanEndBehind(end + 1)) return end;
   if (letter == 't') {
@@ -451,7 +486,7 @@ size_t LineScanner<Sink>::TakePlainWords(size_t at) {
     const size_t begin = PastSeparators(at);
     const size_t end = PastLetters(begin);
     if (end == begin || end - begin > kMostWordCharacters) return begin;
-    const unsigned follows = end < line_.size() ? ClassAt(end) : 0;
+    const unsigned follows = end < line_.size() ? ClassAt(end) : behindLine_;
     if (follows & (kWord | kNotAscii | kElision)) return begin;
     sink_->TakeWord(line_.substr(begin, end - begin));
     if (follows & kAfterWord) sink_->ResetPhrases();

@@ -40,10 +40,11 @@ std::string_view Replacement(std::string_view entity) {
   return kEntities.substr(begin, end - begin);
 }
 
-/// Whether the character at byte `at` is the third of `text` or a later one.
-bool IsPastSecondCharacter(std::string_view text, size_t at) {
+/// Whether the character at byte `at` is the third of a line or a later one, of which `charactersBefore` came
+/// before `text`.
+bool IsPastSecondCharacter(std::string_view text, size_t at, size_t charactersBefore) {
   constexpr size_t kLongestTwo = 8;  // Two characters take at most so many bytes.
-  return at > kLongestTwo || CharacterCount(text.substr(0, at)) >= 2;
+  return at > kLongestTwo || charactersBefore + CharacterCount(text.substr(0, at)) >= 2;
 }
 
 }  // namespace
@@ -86,16 +87,28 @@ void ReplaceNamedEntities(std::string& text, bool& open, std::vector<ReplacedEnt
   text.resize(to);
 }
 
+size_t SizeBeforeEntity(std::string_view part, bool open) {
+  constexpr auto kNone = std::string_view::npos;
+  const size_t begin = open ? part.find(';') : 0;
+  if (begin == kNone) return part.size();
+  for (size_t ampersand = part.find('&', begin); ampersand != kNone;) {
+    const size_t semicolon = part.find(';', ampersand);
+    if (semicolon == kNone) return part.size() - ampersand < kLongestEntity ? ampersand : part.size();
+    ampersand = part.find('&', semicolon + 1);
+  }
+  return part.size();
+}
+
 std::string ReplaceDoubleHyphens(std::string_view text) {
   std::string cleaned(text);
-  ReplaceDoubleHyphensInPlace(cleaned, true);
+  ReplaceDoubleHyphensInPlace(cleaned, 0);
   return cleaned;
 }
 
-void ReplaceDoubleHyphensInPlace(std::string& text, bool startsLine) {
+void ReplaceDoubleHyphensInPlace(std::string& text, size_t charactersBefore) {
   const std::string_view view = text;
   for (size_t at = view.find("--"); at != std::string_view::npos; at = view.find("--", at + 2)) {
-    if (startsLine && !IsPastSecondCharacter(view, at)) continue;
+    if (charactersBefore < 2 && !IsPastSecondCharacter(view, at, charactersBefore)) continue;
     const bool opensComment = at >= 2 && view.substr(at - 2, 4) == "<!--";
     const bool closesComment = view.substr(at, 3) == "-->";
     if (!opensComment && !closesComment) text[at] = text[at + 1] = ' ';

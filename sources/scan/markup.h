@@ -23,13 +23,16 @@ void ReplaceNamedEntities(std::string& text, std::vector<ReplacedEntity>* replac
 /// The same for a line that comes in parts, none of which ends inside a known entity. `open` says whether an
 /// "&" of an earlier part, in the end of this one, waits for its ";"; false at the beginning of a line.
 void ReplaceNamedEntities(std::string& text, bool& open, std::vector<ReplacedEntity>* replaced = nullptr);
+/// How many bytes of such a part come before an "&" that what follows the part may make a known entity; all
+/// where there is none. `open` as above, for the beginning of the part.
+size_t SizeBeforeEntity(std::string_view part, bool open);
 
 /// Replaces "--" by two blanks, save at the first two characters of the line and where it belongs to
 /// "<!--" or "-->". Linear.
 std::string ReplaceDoubleHyphens(std::string_view text);
-/// The same in place. Where `text` goes on a line that began earlier (after a blank), there are no first
-/// two characters to spare.
-void ReplaceDoubleHyphensInPlace(std::string& text, bool startsLine);
+/// The same in place. `charactersBefore` of the line came before `text`: from two on there is nothing to
+/// spare.
+void ReplaceDoubleHyphensInPlace(std::string& text, size_t charactersBefore);
 
 /// For text that begins at an ampersand: 0 where it is no entity, 1 for a numeric one ("&#"), else the
 /// position of its ";" in characters, counted from 1. Looks at the first 20 characters at most.

@@ -33,9 +33,10 @@ void RequireClean(std::string_view text) {
 }
 
 std::vector<std::string> LinesOf(std::string_view text, size_t head, size_t bite, TextEncoding encoding,
-                                 LongLines longLines) {
+                                 LongLines longLines, size_t longFrom = kLongLine) {
   BittenFile rest(text.substr(head), bite);
-  TextReader reader(std::string(text.substr(0, head)), &rest, encoding, longLines);
+  TextReader reader(std::string(text.substr(0, head)), &rest, encoding, longLines, TextPart::Beginning,
+                    longFrom);
   std::vector<std::string> lines;
   while (reader.NextLine()) {
     if (reader.StartsLine()) lines.emplace_back();
@@ -77,6 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   RequireClean(DecodeText(text, encoding, buffer));
   const std::vector<std::string> lines = PlainLines(text, encoding);
   Require(LinesOf(text, head, bite, encoding, LongLines::Whole) == lines);
-  Require(LinesOf(text, 0, static_cast<size_t>(-1), encoding, LongLines::InPieces) == lines);
+  for (const LongLines longLines : {LongLines::AtBlanks, LongLines::Anywhere})
+    Require(LinesOf(text, head, bite, encoding, longLines, 8) == lines);
   return 0;
 }

@@ -1,5 +1,5 @@
 // The same lines as HTML, XML, PHP and C, with all that may stand in a word, against the naive model: each
-// line at once, and in as many pieces as a reader could part it into.
+// line at once, parted at every blank where a reader may part it, and character by character.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -13,15 +13,20 @@ namespace {
 
 using namespace korv;
 
-bool MayPartBefore(std::string_view line, size_t at) {
+bool BeginsCharacter(std::string_view line, size_t at) {
+  return (static_cast<unsigned char>(line[at]) & 0xC0) != 0x80;
+}
+
+bool IsBehindBlank(std::string_view line, size_t at) {
   const bool isBlank = at >= 2 && (line[at - 1] == ' ' || line[at - 1] == '\t');
   return isBlank && line[at - 2] != '&' && static_cast<unsigned char>(line[at - 2]) < 0x80;
 }
 
-void ScanInPieces(LineScanner<WordSink>& scanner, std::string_view line) {
+void ScanInPieces(LineScanner<WordSink>& scanner, std::string_view line,
+                  bool (*mayPartBefore)(std::string_view, size_t)) {
   size_t begin = 0;
   for (size_t at = 1; at < line.size(); ++at) {
-    if (!MayPartBefore(line, at)) continue;
+    if (!mayPartBefore(line, at)) continue;
     scanner.ScanLine(line.substr(begin, at - begin), begin == 0, false);
     begin = at;
   }
@@ -34,18 +39,23 @@ void Compare(std::string_view text, std::string_view extension, std::string_view
   rules.TerminateAtDoubleQuote = true;
   RecordedWords words;
   RecordedWords ofPieces;
+  RecordedWords ofCharacters;
   LineScanner<WordSink> scanner(rules, MarkersOf(extension), words);
   LineScanner<WordSink> byPieces(rules, MarkersOf(extension), ofPieces);
+  LineScanner<WordSink> byCharacters(rules, MarkersOf(extension), ofCharacters);
   reference::Scanner model(rules, language);
   for (size_t begin = 0; begin <= text.size();) {
     const size_t end = std::min(text.find('\n', begin), text.size());
     scanner.ScanLine(text.substr(begin, end - begin));
-    ScanInPieces(byPieces, text.substr(begin, end - begin));
+    ScanInPieces(byPieces, text.substr(begin, end - begin), IsBehindBlank);
+    ScanInPieces(byCharacters, text.substr(begin, end - begin), BeginsCharacter);
     model.ScanLine(text.substr(begin, end - begin));
     begin = end + 1;
   }
-  if (words.Found() != model.Found() || ofPieces.Found() != model.Found()) std::abort();
-  if (byPieces.TextBytes() != scanner.TextBytes()) std::abort();
+  for (const RecordedWords* found : {&words, &ofPieces, &ofCharacters})
+    if (found->Found() != model.Found()) std::abort();
+  for (const LineScanner<WordSink>* parted : {&byPieces, &byCharacters})
+    if (parted->TextBytes() != scanner.TextBytes()) std::abort();
 }
 
 }  // namespace

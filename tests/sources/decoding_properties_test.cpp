@@ -59,9 +59,13 @@ void CompareReaderWithModel(const std::string& bytes) {
                       ++asked;
                       return answer;
                     }),
-                    *rc::gen::element(LongLines::Whole, LongLines::InPieces));
+                    *rc::gen::element(LongLines::Whole, LongLines::AtBlanks, LongLines::Anywhere),
+                    TextPart::Beginning, *rc::gen::element<size_t>(1, 10, 1000, kLongLine));
   std::vector<std::string> lines;
-  while (reader.NextLine()) lines.emplace_back(reader.Line());
+  while (reader.NextLine()) {
+    if (reader.StartsLine()) lines.emplace_back();
+    lines.back() += reader.Line();
+  }
 
   const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
   RC_ASSERT(lines == model.Lines);

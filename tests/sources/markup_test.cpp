@@ -82,9 +82,12 @@ TEST(ReplaceDoubleHyphens, ReplacesThemByTwoBlanks) {
 }
 
 TEST(ReplaceDoubleHyphens, SparesNothingWhereALineGoesOn) {
-  std::string text = "--a--";
-  ReplaceDoubleHyphensInPlace(text, false);
-  EXPECT_EQ(text, "  a  ");
+  constexpr std::string_view kExpected[] = {"--a  ", "--a  ", "  a  "};
+  for (const size_t before : {0, 1, 2}) {
+    std::string text = "--a--";
+    ReplaceDoubleHyphensInPlace(text, before);
+    EXPECT_EQ(text, kExpected[before]);
+  }
 }
 
 TEST(EntityLength, IsThePlaceOfTheSemicolon) {

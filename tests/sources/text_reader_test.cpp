@@ -187,7 +187,7 @@ TEST(TextReader, DecidesOnALongLineByItsFirstPiece) {
   std::string text = "caf\xC3\xA9 ";
   while (text.size() < 3'000'000) text += "words and more ";
   BittenFile rest(text);
-  TextReader reader("", &rest, EncodingPlan(nullptr), LongLines::InPieces);
+  TextReader reader("", &rest, EncodingPlan(nullptr), LongLines::AtBlanks);
   ASSERT_TRUE(reader.NextLine());
   EXPECT_EQ(reader.ReadAs(), ReadAs::Utf8);
   EXPECT_LT(reader.BytesRead(), 2'000'000U);
@@ -219,7 +219,7 @@ TEST(TextReader, PartsLongLinesAfterBlanksAndTabsBehindAscii) {
   while (text.size() < 5'000'000) text += "caf\u00E9 \u0301na\u00EFve\t\u00E9b& &nbsp;";
   const std::string all = text + "\nnext";
   BittenFile rest(all);
-  TextReader reader("", &rest, TextEncoding::Utf8, LongLines::InPieces);
+  TextReader reader("", &rest, TextEncoding::Utf8, LongLines::AtBlanks);
   std::string joined;
   int pieces = 0;
   while (reader.NextLine() && reader.Line() != "next") {
@@ -244,7 +244,7 @@ TEST(TextReader, EndsALineWhoseLastPieceEndsWithIt) {
   for (const char* end : {"", "\n", "\r\n"}) {
     const std::string all = text + end;
     BittenFile rest(all, text.size());
-    TextReader reader("", &rest, TextEncoding::Ansi, LongLines::InPieces);
+    TextReader reader("", &rest, TextEncoding::Ansi, LongLines::AtBlanks);
     std::string joined;
     bool ended = false;
     while (reader.NextLine()) {
@@ -256,11 +256,74 @@ TEST(TextReader, EndsALineWhoseLastPieceEndsWithIt) {
   }
 }
 
-TEST(TextReader, PartsNoLineThatHoldsNoBlank) {
+TEST(TextReader, PartsALineWithoutBlanksOnlyWhereItMayBePartedAnywhere) {
   const std::string text(4'000'000, 'a');
   BittenFile rest(text);
-  TextReader reader("", &rest, TextEncoding::Utf8, LongLines::InPieces);
+  TextReader reader("", &rest, TextEncoding::Utf8, LongLines::AtBlanks);
   EXPECT_EQ(LinesOf(reader), (Lines{text}));
+}
+
+/// What a reader hands out of one line of a text, and how long its longest piece is.
+struct Parted {
+  std::string Joined;
+  size_t Longest = 0;
+};
+
+Parted PartedAnywhere(std::string_view text, EncodingPlan encoding) {
+  BittenFile rest(text);
+  TextReader reader("", &rest, std::move(encoding), LongLines::Anywhere);
+  Parted parted;
+  while (reader.NextLine()) {
+    EXPECT_EQ(reader.StartsLine(), parted.Joined.empty());
+    parted.Joined += reader.Line();
+    parted.Longest = std::max(parted.Longest, reader.Line().size());
+  }
+  return parted;
+}
+
+TEST(TextReader, HandsOutNoMoreThanAboutAMegabyteWhateverTheLineHolds) {
+  struct Unit {
+    const char* Name;
+    std::string_view Text;
+    std::string_view Decoded;  ///< Of the unit.
+  };
+  for (const Unit& row :
+       {Unit{"letters", "a", "a"},
+        {"a table", "one,two;", "one,two;"},
+        {"ideographs", "\u6F22\u5B57", "\u6F22\u5B57"},
+        {"letters with marks", "e\u0301x", "\u00E9x"},
+        {"soft hyphens", "\u00ADab", "ab"},
+        {"ill-formed bytes", "\x80", "\uFFFD"},
+        {"ill-formed and other bytes", "\x80\x80\x80\xC3\xA9", "\uFFFD\uFFFD\uFFFD\u00E9"}}) {
+    std::string text;
+    std::string expected;
+    while (text.size() < 3'000'000) {
+      text += row.Text;
+      expected += row.Decoded;
+    }
+    const Parted parted = PartedAnywhere(text, TextEncoding::Utf8);
+    EXPECT_TRUE(parted.Joined == expected) << row.Name;
+    EXPECT_LT(parted.Longest, 4'000'000U) << row.Name;  // Ill-formed bytes become three.
+  }
+}
+
+TEST(TextReader, PartsEvenALineInWhichEveryCharacterJoinsTheOneBefore) {
+  std::string text = "e";
+  while (text.size() < 2'500'000) text += "\u0301";
+  EXPECT_LT(PartedAnywhere(text, TextEncoding::Utf8).Longest, 2'000'000U);
+}
+
+TEST(TextReader, SettlesTheEncodingBeforeItPartsALineWithoutBlanks) {
+  std::string text(1'500'000, 'a');
+  text += "\u00E9";
+  text.resize(3'000'000, 'b');
+  int asked = 0;
+  const Parted parted = PartedAnywhere(text, EncodingPlan([&] {
+                                         ++asked;
+                                         return true;
+                                       }));
+  EXPECT_TRUE(parted.Joined == text);
+  EXPECT_EQ(asked, 1);
 }
 
 TEST(TextReader, TellsAFailureAfterWhatWasRead) {
