@@ -5,11 +5,12 @@
 
 namespace korv {
 
-/// The output box of a window for a worker, which waits for every text to be taken. Takes nothing any more once
-/// waiting is over.
+/// The output box of a window for a worker, which waits for every text to be taken. Takes nothing any more
+/// once waiting is over.
 class RemoteBox final : public TextOutput {
  public:
-  /// `box` is used on the thread of `calls`; both outlive this. Nobody else clears the box while this is used.
+  /// `box` is used on the thread of `calls`; both outlive this. Nobody else clears the box while this is
+  /// used.
   RemoteBox(LoopCalls& calls, TextOutput& box) : calls_(calls), box_(box) {}
 
   bool OutputToTxb(std::string_view text) override;

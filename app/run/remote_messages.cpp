@@ -20,12 +20,14 @@ Answer EndingAnswer(const Message& message) {
 }  // namespace
 
 Answer RemoteMessages::Show(const Message& message) {
+  before_();
   const auto answer = calls_.Ask<Answer>([&messages = messages_, message] { return messages.Show(message); });
   return answer.value_or(EndingAnswer(message));
 }
 
 std::optional<std::string> RemoteMessages::AskText(const std::string& prompt, const std::string& title,
                                                    const std::string& initial) {
+  before_();
   using Text = std::optional<std::string>;
   return calls_
       .Ask<Text>([&messages = messages_, prompt, title, initial] {

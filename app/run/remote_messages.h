@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "base/loop_calls.h"
 #include "platform/messages.h"
 
@@ -9,8 +12,10 @@ namespace korv {
 /// is over, nothing is shown and every question gets the answer that ends what is being done.
 class RemoteMessages final : public Messages {
  public:
-  /// `messages` is used on the thread of `calls`; both outlive this.
-  RemoteMessages(LoopCalls& calls, Messages& messages) : calls_(calls), messages_(messages) {}
+  /// `messages` is used on the thread of `calls`; both outlive this. `before` is called on the worker before
+  /// anything is asked.
+  RemoteMessages(LoopCalls& calls, Messages& messages, std::function<void()> before)
+      : calls_(calls), messages_(messages), before_(std::move(before)) {}
 
   Answer Show(const Message& message) override;
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
@@ -19,6 +24,7 @@ class RemoteMessages final : public Messages {
  private:
   LoopCalls& calls_;
   Messages& messages_;
+  std::function<void()> before_;
 };
 
 }  // namespace korv

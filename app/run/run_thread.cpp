@@ -5,7 +5,7 @@
 namespace korv {
 
 RunThread::RunThread(EventLoop& loop, korv::Messages& messages, TurnYielder& yielder)
-    : yielder_(yielder), calls_(loop), messages_(calls_, messages) {}
+    : yielder_(yielder), calls_(loop), messages_(calls_, messages, [this] { WaitWhileHeld(); }) {}
 
 RunThread::~RunThread() {
   calls_.Close();
@@ -15,24 +15,30 @@ RunThread::~RunThread() {
 void RunThread::Start(RunActivity what, std::function<void()> work,
                       std::function<void(std::exception_ptr)> done) {
   doing_ = what;
+  over_ = false;
   yielder_.ClearStop();
   jobs_.Post([this, work = std::move(work), done = std::move(done)]() mutable {
+    OnTurn({});
     std::exception_ptr thrown;
     try {
       work();
     } catch (...) {
       thrown = std::current_exception();
     }
-    yielder_.OnTurn({});
     // Whatever the work holds is freed here.
     work = nullptr;
+    yielder_.OnTurn({});
+    WaitWhileHeld();
     calls_.Post([this, done = std::move(done), thrown = std::move(thrown)] { End(done, thrown); });
   });
 }
 
 void RunThread::End(const std::function<void(std::exception_ptr)>& done, std::exception_ptr thrown) {
-  doing_ = RunActivity::None;
+  over_ = true;
   done(std::move(thrown));
+  if (!over_) return;
+  doing_ = RunActivity::None;
+  idle_();
   while (Idle() && !waiting_.empty()) {
     const std::function<void()> act = std::move(waiting_.front());
     waiting_.pop_front();
@@ -46,8 +52,30 @@ void RunThread::WhenIdle(std::function<void()> act) {
 }
 
 void RunThread::Abandon() {
+  abandoned_ = true;
+  waiting_.clear();
   calls_.EndWaiting();
   yielder_.RequestStop();
+}
+
+void RunThread::OnTurn(std::function<void()> turn) {
+  yielder_.OnTurn([this, turn = std::move(turn)] {
+    WaitWhileHeld();
+    if (turn) turn();
+  });
+}
+
+void RunThread::ChangeHolds(int by) {
+  {
+    const std::lock_guard lock(holdMutex_);
+    holds_ += by;
+  }
+  holdChanged_.notify_all();
+}
+
+void RunThread::WaitWhileHeld() {
+  std::unique_lock lock(holdMutex_);
+  holdChanged_.wait(lock, [this] { return holds_ <= 0; });
 }
 
 }  // namespace korv

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <condition_variable>
 #include <deque>
 #include <exception>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 #include "app/run/remote_messages.h"
 #include "base/job_thread.h"
@@ -39,13 +42,30 @@ class RunThread {
   bool Idle() const { return doing_ == RunActivity::None; }
 
   /// Has the worker do `work`, with no stop requested at its start. Afterwards calls `done` on the loop's
-  /// thread, when it is idle again, with what `work` threw, or with null. Only while idle.
+  /// thread with what `work` threw, or with null; it must not throw. Only while idle, or from such a `done`:
+  /// then the one activity goes over into the other.
   void Start(RunActivity what, std::function<void()> work, std::function<void(std::exception_ptr)> done);
-  /// Calls `act` when nothing is being done: now, or after the `done` of what is. In the order of the calls.
+  /// Has `idle` called whenever an activity has ended and no other has begun.
+  void OnIdle(std::function<void()> idle) { idle_ = std::move(idle); }
+  /// Calls `act` when nothing is being done: now, or once the thread is idle. In the order of the calls.
   void WhenIdle(std::function<void()> act);
   void RequestStop() { yielder_.RequestStop(); }
-  /// Requests a stop, and has every further question of the worker answered so that it ends soon.
+  /// For the end of the program: requests a stop and has every further question of the worker answered so
+  /// that it ends soon. What waits for its end is forgotten, but `done` is called.
   void Abandon();
+  bool Abandoned() const { return abandoned_; }
+  /// While one of these lives, the worker stands still at its next turn, question or end: the user is asked
+  /// what is to become of its work.
+  class Hold {
+   public:
+    explicit Hold(RunThread& thread) : thread_(thread) { thread_.ChangeHolds(1); }
+    ~Hold() { thread_.ChangeHolds(-1); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+   private:
+    RunThread& thread_;
+  };
   /// Destroys `value` on the worker: freeing what a large text left takes a while.
   template <typename Value>
   void Discard(std::unique_ptr<Value> value) {
@@ -55,20 +75,30 @@ class RunThread {
   // ---- For the work, on the worker
 
   LoopCalls& Calls() { return calls_; }
+  /// Questions to the user.
   korv::Messages& Messages() { return messages_; }
   korv::Yielder& Yielder() { return yielder_; }
   /// Has `turn` called whenever a long loop hands over, about every 15 ms, until the work ends.
-  void OnTurn(std::function<void()> turn) { yielder_.OnTurn(std::move(turn)); }
+  void OnTurn(std::function<void()> turn);
 
  private:
+  void ChangeHolds(int by);
+  void WaitWhileHeld();
   void End(const std::function<void(std::exception_ptr)>& done, std::exception_ptr thrown);
 
   TurnYielder& yielder_;
   LoopCalls calls_;
   RemoteMessages messages_;
   RunActivity doing_ = RunActivity::None;
+  bool over_ = true;  ///< The work of `doing_` is done.
+  bool abandoned_ = false;
+  std::function<void()> idle_ = [] {};
   std::deque<std::function<void()>> waiting_;  ///< For the end of what is being done.
-  JobThread jobs_;                             ///< Last: its jobs use all of the above.
+
+  std::mutex holdMutex_;
+  std::condition_variable holdChanged_;
+  int holds_ = 0;
+  JobThread jobs_;  ///< Last: its jobs use all of the above.
 };
 
 }  // namespace korv

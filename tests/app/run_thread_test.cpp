@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <future>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tests/fakes/fake_event_loop.h"
@@ -55,7 +58,7 @@ TEST_F(RunThreads, DoTheirWorkElsewhereAndTellItsEndHere) {
       RunActivity::Counting, [&] { worker = std::this_thread::get_id(); },
       [&](const std::exception_ptr& thrown) {
         EXPECT_EQ(thrown, nullptr);
-        EXPECT_TRUE(thread->Idle());
+        EXPECT_EQ(thread->Doing(), RunActivity::Counting);
         told = std::this_thread::get_id();
       });
   before = thread->Doing();
@@ -200,6 +203,78 @@ TEST_F(RunThreads, DoWhatWaitsForThemInItsOrder) {
   thread->RequestStop();
   ASSERT_TRUE(loop.RunUntil([&] { return done.size() == 5; }));
   EXPECT_THAT(done, ElementsAre("at once", "end", "another run", "its end", "after both"));
+}
+
+TEST_F(RunThreads, GoOverFromOneActivityIntoAnotherWithoutBeingIdle) {
+  std::vector<std::string> done;
+  thread->OnIdle([&] { done.emplace_back(thread->Idle() ? "idle" : "busy"); });
+  thread->Start(
+      RunActivity::Counting, [] {},
+      [&](const std::exception_ptr&) {
+        done.emplace_back("counted");
+        thread->Start(
+            RunActivity::Listing, [] {}, [&](const std::exception_ptr&) { done.emplace_back("listed"); });
+        EXPECT_EQ(thread->Doing(), RunActivity::Listing);
+      });
+  thread->WhenIdle([&] { done.emplace_back("after both"); });
+  ASSERT_TRUE(UntilIdle());
+  EXPECT_THAT(done, ElementsAre("counted", "listed", "idle", "after both"));
+}
+
+TEST_F(RunThreads, ForgetWhatWaitsForThemWhenAbandoned) {
+  std::vector<std::string> done;
+  thread->Start(RunActivity::Counting, UntilStopped(),
+                [&](const std::exception_ptr&) { done.emplace_back("end"); });
+  thread->WhenIdle([&] { done.emplace_back("after"); });
+  begun.get_future().wait();
+  EXPECT_FALSE(thread->Abandoned());
+  thread->Abandon();
+  EXPECT_TRUE(thread->Abandoned());
+  ASSERT_TRUE(UntilIdle());
+  EXPECT_THAT(done, ElementsAre("end"));
+}
+
+TEST_F(RunThreads, StandStillWhileTheyAreHeld) {
+  std::atomic<int> turns = 0;
+  thread->Start(
+      RunActivity::Counting,
+      [&] {
+        thread->OnTurn([&] { ++turns; });
+        begun.set_value();
+        while (!thread->Yielder().Stopped()) thread->Yielder().Yield();
+      },
+      Ignore);
+  begun.get_future().wait();
+  {
+    const RunThread::Hold hold(*thread);
+    // The turn that goes on may still end.
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const int then = turns;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(turns, then);
+    thread->RequestStop();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(loop.Posted(), 0U) << "it tells its end while it is held";
+  }
+  ASSERT_TRUE(UntilIdle());
+}
+
+TEST_F(RunThreads, AskNothingWhileTheyAreHeld) {
+  thread->Start(
+      RunActivity::Counting,
+      [&] {
+        begun.get_future().wait();
+        thread->Messages().Show({.text = "?", .title = "?"});
+      },
+      Ignore);
+  {
+    const RunThread::Hold hold(*thread);
+    begun.set_value();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_EQ(loop.Posted(), 0U);
+  }
+  ASSERT_TRUE(UntilIdle());
+  EXPECT_EQ(messages.shown.size(), 1U);
 }
 
 TEST_F(RunThreads, TakeTheirTurnOnTheWorkerWhileTheWorkGoesOn) {
