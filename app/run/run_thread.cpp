@@ -4,18 +4,31 @@
 
 namespace korv {
 
-RunThread::RunThread(EventLoop& loop, korv::Messages& messages, TurnYielder& yielder)
-    : yielder_(yielder), calls_(loop), messages_(calls_, messages, [this] { WaitWhileHeld(); }) {}
+RunThread::RunThread(const Window& window, TurnYielder& yielder)
+    : yielder_(yielder),
+      calls_(window.Loop),
+      messages_(calls_, window.Messages,
+                [this] {
+                  WaitWhileHeld();
+                  updates_.Flush();
+                }),
+      updates_(calls_, window.Observer),
+      box_(calls_, window.Box) {}
 
 RunThread::~RunThread() {
   calls_.Close();
   yielder_.RequestStop();
+  {
+    const std::lock_guard lock(holdMutex_);
+    ending_ = true;
+  }
+  holdChanged_.notify_all();
 }
 
 void RunThread::Start(RunActivity what, std::function<void()> work,
                       std::function<void(std::exception_ptr)> done) {
   doing_ = what;
-  over_ = false;
+  working_ = true;
   yielder_.ClearStop();
   jobs_.Post([this, work = std::move(work), done = std::move(done)]() mutable {
     OnTurn({});
@@ -29,14 +42,26 @@ void RunThread::Start(RunActivity what, std::function<void()> work,
     work = nullptr;
     yielder_.OnTurn({});
     WaitWhileHeld();
+    updates_.Flush();
     calls_.Post([this, done = std::move(done), thrown = std::move(thrown)] { End(done, thrown); });
   });
 }
 
 void RunThread::End(const std::function<void(std::exception_ptr)>& done, std::exception_ptr thrown) {
-  over_ = true;
+  if (Held()) {
+    heldBack_ = [this, done, thrown] { End(done, thrown); };
+    return;
+  }
+  working_ = false;
   done(std::move(thrown));
-  if (!over_) return;
+  if (!working_) BecomeIdle();
+}
+
+void RunThread::EndIfHeldBack() {
+  if (heldBack_ && !Held()) calls_.Post(std::exchange(heldBack_, nullptr));
+}
+
+void RunThread::BecomeIdle() {
   doing_ = RunActivity::None;
   idle_();
   while (Idle() && !waiting_.empty()) {
@@ -62,6 +87,7 @@ void RunThread::OnTurn(std::function<void()> turn) {
   yielder_.OnTurn([this, turn = std::move(turn)] {
     WaitWhileHeld();
     if (turn) turn();
+    updates_.Flush();
   });
 }
 
@@ -73,9 +99,14 @@ void RunThread::ChangeHolds(int by) {
   holdChanged_.notify_all();
 }
 
+bool RunThread::Held() {
+  const std::lock_guard lock(holdMutex_);
+  return holds_ > 0;
+}
+
 void RunThread::WaitWhileHeld() {
   std::unique_lock lock(holdMutex_);
-  holdChanged_.wait(lock, [this] { return holds_ <= 0; });
+  holdChanged_.wait(lock, [this] { return holds_ == 0 || ending_; });
 }
 
 }  // namespace korv

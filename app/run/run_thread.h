@@ -8,7 +8,9 @@
 #include <mutex>
 #include <utility>
 
+#include "app/run/remote_box.h"
 #include "app/run/remote_messages.h"
+#include "app/run/run_updates.h"
 #include "base/job_thread.h"
 #include "base/loop_calls.h"
 #include "base/yielder.h"
@@ -30,8 +32,16 @@ enum class RunActivity {
 /// Belongs to the thread of the event loop. What the worker uses of it is marked so.
 class RunThread {
  public:
+  /// What the worker reaches of a window, on the thread of its event loop.
+  struct Window {
+    EventLoop& Loop;
+    korv::Messages& Messages;
+    RunObserver& Observer;
+    TextOutput& Box;
+  };
+
   /// All outlive this. Nobody else uses `yielder` but to request a stop.
-  RunThread(EventLoop& loop, Messages& messages, TurnYielder& yielder);
+  RunThread(const Window& window, TurnYielder& yielder);
   /// Stops what is being done and waits for it, which takes a moment; nobody is asked anything and no `done`
   /// is called any more.
   ~RunThread();
@@ -40,6 +50,8 @@ class RunThread {
 
   RunActivity Doing() const { return doing_; }
   bool Idle() const { return doing_ == RunActivity::None; }
+  /// The worker is at it; false while `done` is called.
+  bool Working() const { return working_; }
 
   /// Has the worker do `work`, with no stop requested at its start. Afterwards calls `done` on the loop's
   /// thread with what `work` threw, or with null; it must not throw. Only while idle, or from such a `done`:
@@ -59,7 +71,10 @@ class RunThread {
   class Hold {
    public:
     explicit Hold(RunThread& thread) : thread_(thread) { thread_.ChangeHolds(1); }
-    ~Hold() { thread_.ChangeHolds(-1); }
+    ~Hold() {
+      thread_.ChangeHolds(-1);
+      thread_.EndIfHeldBack();
+    }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
 
@@ -74,30 +89,40 @@ class RunThread {
 
   // ---- For the work, on the worker
 
-  LoopCalls& Calls() { return calls_; }
   /// Questions to the user.
   korv::Messages& Messages() { return messages_; }
+  RunObserver& Observer() { return updates_; }
+  TextOutput& Box() { return box_; }
   korv::Yielder& Yielder() { return yielder_; }
-  /// Has `turn` called whenever a long loop hands over, about every 15 ms, until the work ends.
+  /// Has `turn` called whenever a long loop hands over, about every 15 ms, until the work ends. Until then
+  /// the observer gets to know of what it was told since.
   void OnTurn(std::function<void()> turn);
 
  private:
   void ChangeHolds(int by);
+  void EndIfHeldBack();
+  bool Held();
   void WaitWhileHeld();
   void End(const std::function<void(std::exception_ptr)>& done, std::exception_ptr thrown);
+  void BecomeIdle();
 
   TurnYielder& yielder_;
   LoopCalls calls_;
   RemoteMessages messages_;
+  RunUpdates updates_;
+  RemoteBox box_;
   RunActivity doing_ = RunActivity::None;
-  bool over_ = true;  ///< The work of `doing_` is done.
+  bool working_ = false;
   bool abandoned_ = false;
   std::function<void()> idle_ = [] {};
   std::deque<std::function<void()>> waiting_;  ///< For the end of what is being done.
 
+  std::function<void()> heldBack_;  ///< An end that came while the worker was held.
+
   std::mutex holdMutex_;
   std::condition_variable holdChanged_;
   int holds_ = 0;
+  bool ending_ = false;
   JobThread jobs_;  ///< Last: its jobs use all of the above.
 };
 

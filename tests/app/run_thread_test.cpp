@@ -13,6 +13,8 @@
 
 #include "tests/fakes/fake_event_loop.h"
 #include "tests/fakes/fake_messages.h"
+#include "tests/fakes/fake_observer.h"
+#include "tests/fakes/fake_text_box.h"
 
 namespace korv {
 namespace {
@@ -45,9 +47,13 @@ class RunThreads : public testing::Test {
 
   FakeEventLoop loop;
   FakeMessages messages;
+  FakeObserver observer;
+  FakeTextBox text;
+  OutputBox box{text};
   EveryTurn yielder;
   std::promise<void> begun;
-  std::unique_ptr<RunThread> thread = std::make_unique<RunThread>(loop, messages, yielder);
+  std::unique_ptr<RunThread> thread =
+      std::make_unique<RunThread>(RunThread::Window{loop, messages, observer, box}, yielder);
 };
 
 TEST_F(RunThreads, DoTheirWorkElsewhereAndTellItsEndHere) {
@@ -59,9 +65,11 @@ TEST_F(RunThreads, DoTheirWorkElsewhereAndTellItsEndHere) {
       [&](const std::exception_ptr& thrown) {
         EXPECT_EQ(thrown, nullptr);
         EXPECT_EQ(thread->Doing(), RunActivity::Counting);
+        EXPECT_FALSE(thread->Working());
         told = std::this_thread::get_id();
       });
   before = thread->Doing();
+  EXPECT_TRUE(thread->Working());
   ASSERT_TRUE(UntilIdle());
   EXPECT_EQ(before, RunActivity::Counting);
   EXPECT_NE(worker, std::this_thread::get_id());
@@ -257,6 +265,37 @@ TEST_F(RunThreads, StandStillWhileTheyAreHeld) {
     EXPECT_EQ(loop.Posted(), 0U) << "it tells its end while it is held";
   }
   ASSERT_TRUE(UntilIdle());
+}
+
+TEST_F(RunThreads, TellNoEndWhileTheyAreHeldThatWasOnItsWay) {
+  bool told = false;
+  thread->Start(
+      RunActivity::Counting, [] {}, [&](const std::exception_ptr&) { told = true; });
+  while (loop.Posted() == 0) std::this_thread::yield();
+  {
+    const RunThread::Hold hold(*thread);
+    loop.RunPosted();
+    EXPECT_FALSE(told);
+    EXPECT_FALSE(thread->Idle());
+  }
+  ASSERT_TRUE(UntilIdle());
+  EXPECT_TRUE(told);
+}
+
+TEST_F(RunThreads, ShowWhatTheyAreToldAtTheirTurnsAndAtTheirEnd) {
+  thread->Start(
+      RunActivity::Counting,
+      [&] {
+        thread->Observer().InputFile("a.txt");
+        thread->Yielder().Yield();
+        thread->Box().OutputToTxb("listed\r\n");
+        thread->Observer().InputFile("b.txt");
+      },
+      [&](const std::exception_ptr&) {
+        EXPECT_THAT(observer.told, ElementsAre("file a.txt", "file b.txt"));
+      });
+  ASSERT_TRUE(UntilIdle());
+  EXPECT_EQ(text.text, "listed\r\n");
 }
 
 TEST_F(RunThreads, AskNothingWhileTheyAreHeld) {

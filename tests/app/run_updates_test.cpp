@@ -8,6 +8,7 @@
 
 #include "base/job_thread.h"
 #include "tests/fakes/fake_event_loop.h"
+#include "tests/fakes/fake_observer.h"
 
 namespace korv {
 namespace {
@@ -15,31 +16,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Writes down what it is told.
-class Window final : public RunObserver {
- public:
-  void Status(const std::string& text) override { told.push_back("status " + text); }
-  void Notice(const std::string& text) override { told.push_back("notice " + text); }
-  void ClearOutput() override { told.emplace_back("clear"); }
-  void InputFile(const std::string& path) override { told.push_back("file " + path); }
-  void Sizes(const std::string& fileSize, const std::string& textSize) override {
-    told.push_back("sizes " + fileSize + "," + textSize);
-  }
-  void FileKind(const std::string& text) override { told.push_back("kind " + text); }
-  void TextProgress(const std::string& bar) override { told.push_back("bar " + bar); }
-  std::optional<std::string> ChooseOutputFile() override {
-    told.emplace_back("choose");
-    return "out.txt";
-  }
-
-  std::vector<std::string> told;
-};
-
 class Updates : public testing::Test {
  protected:
   FakeEventLoop loop;
   LoopCalls calls{loop};
-  Window window;
+  FakeObserver window;
   RunUpdates updates{calls, window};
 };
 
