@@ -9,8 +9,8 @@ LoopCalls::LoopCalls(EventLoop& loop) : loop_(loop), gate_(std::make_shared<Gate
 void LoopCalls::Post(std::function<void()> task) {
   loop_.Post([gate = gate_, task = std::move(task)] {
     {
-      const std::lock_guard lock(gate->mutex);
-      if (!gate->open) return;
+      const std::lock_guard lock(gate->Mutex);
+      if (!gate->Open) return;
     }
     // Only this thread closes the gate.
     task();
@@ -19,18 +19,18 @@ void LoopCalls::Post(std::function<void()> task) {
 
 bool LoopCalls::Call(std::function<void()> task) {
   struct Outcome {
-    bool done = false;
-    std::exception_ptr thrown;
+    bool Done = false;
+    std::exception_ptr Thrown;
   };
   const auto outcome = std::make_shared<Outcome>();
   {
-    const std::lock_guard lock(gate_->mutex);
-    if (!gate_->waiting) return false;
+    const std::lock_guard lock(gate_->Mutex);
+    if (!gate_->Waiting) return false;
   }
   loop_.Post([gate = gate_, outcome, task = std::move(task)] {
     {
-      const std::lock_guard lock(gate->mutex);
-      if (!gate->waiting) return;
+      const std::lock_guard lock(gate->Mutex);
+      if (!gate->Waiting) return;
     }
     std::exception_ptr thrown;
     try {
@@ -39,17 +39,17 @@ bool LoopCalls::Call(std::function<void()> task) {
       thrown = std::current_exception();
     }
     {
-      const std::lock_guard lock(gate->mutex);
-      outcome->done = true;
-      outcome->thrown = std::move(thrown);
+      const std::lock_guard lock(gate->Mutex);
+      outcome->Done = true;
+      outcome->Thrown = std::move(thrown);
     }
-    gate->changed.notify_all();
+    gate->Changed.notify_all();
   });
-  std::unique_lock lock(gate_->mutex);
-  gate_->changed.wait(lock, [&] { return outcome->done || !gate_->waiting; });
-  if (!outcome->done) return false;
+  std::unique_lock lock(gate_->Mutex);
+  gate_->Changed.wait(lock, [&] { return outcome->Done || !gate_->Waiting; });
+  if (!outcome->Done) return false;
   // Taken out, so that the exception dies on this thread, which handles it.
-  if (std::exception_ptr thrown = std::exchange(outcome->thrown, nullptr)) {
+  if (std::exception_ptr thrown = std::exchange(outcome->Thrown, nullptr)) {
     lock.unlock();
     std::rethrow_exception(std::move(thrown));
   }
@@ -58,19 +58,19 @@ bool LoopCalls::Call(std::function<void()> task) {
 
 void LoopCalls::EndWaiting() {
   {
-    const std::lock_guard lock(gate_->mutex);
-    gate_->waiting = false;
+    const std::lock_guard lock(gate_->Mutex);
+    gate_->Waiting = false;
   }
-  gate_->changed.notify_all();
+  gate_->Changed.notify_all();
 }
 
 void LoopCalls::Close() {
   {
-    const std::lock_guard lock(gate_->mutex);
-    gate_->waiting = false;
-    gate_->open = false;
+    const std::lock_guard lock(gate_->Mutex);
+    gate_->Waiting = false;
+    gate_->Open = false;
   }
-  gate_->changed.notify_all();
+  gate_->Changed.notify_all();
 }
 
 }  // namespace korv

@@ -41,10 +41,10 @@ class LoopCalls {
 
  private:
   struct Gate {
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool waiting = true;  ///< Calls may wait.
-    bool open = true;     ///< Posted tasks are done.
+    std::mutex Mutex;
+    std::condition_variable Changed;
+    bool Waiting = true;  ///< Calls may wait.
+    bool Open = true;     ///< Posted tasks are done.
   };
 
   EventLoop& loop_;

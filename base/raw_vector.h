@@ -28,8 +28,8 @@ class RawAllocator : public std::allocator<T> {
   }
 };
 
-/// A vector whose resize() does not write the new elements: for large arrays that are filled afterwards, in steps
-/// between which a stop can be seen.
+/// A vector whose resize() does not write the new elements: for large arrays that are filled afterwards, in
+/// steps between which a stop can be seen.
 template <typename T>
 using RawVector = std::vector<T, RawAllocator<T>>;
 

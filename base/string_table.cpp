@@ -53,8 +53,8 @@ StringTable::StringTable() : slots_(1024, Slot{0, kNone}), begins_(1, 0), mask_(
 uint32_t StringTable::Number(std::string_view text) {
   const auto hash = static_cast<uint32_t>(HashBytes(text));
   uint32_t at = hash & mask_;
-  while (slots_[at].number != kNone) {
-    if (slots_[at].hash == hash && Text(slots_[at].number) == text) return slots_[at].number;
+  while (slots_[at].Number != kNone) {
+    if (slots_[at].Hash == hash && Text(slots_[at].Number) == text) return slots_[at].Number;
     at = (at + 1) & mask_;
   }
   const uint32_t number = Size();
@@ -68,8 +68,8 @@ uint32_t StringTable::Number(std::string_view text) {
 
 uint32_t StringTable::Find(std::string_view text) const {
   const auto hash = static_cast<uint32_t>(HashBytes(text));
-  for (uint32_t at = hash & mask_; slots_[at].number != kNone; at = (at + 1) & mask_)
-    if (slots_[at].hash == hash && Text(slots_[at].number) == text) return slots_[at].number;
+  for (uint32_t at = hash & mask_; slots_[at].Number != kNone; at = (at + 1) & mask_)
+    if (slots_[at].Hash == hash && Text(slots_[at].Number) == text) return slots_[at].Number;
   return kNone;
 }
 
@@ -78,9 +78,9 @@ void StringTable::Grow() {
   old.swap(slots_);
   mask_ = static_cast<uint32_t>(slots_.size() - 1);
   for (const Slot& slot : old) {
-    if (slot.number == kNone) continue;
-    uint32_t at = slot.hash & mask_;
-    while (slots_[at].number != kNone) at = (at + 1) & mask_;
+    if (slot.Number == kNone) continue;
+    uint32_t at = slot.Hash & mask_;
+    while (slots_[at].Number != kNone) at = (at + 1) & mask_;
     slots_[at] = slot;
   }
 }

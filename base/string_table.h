@@ -29,8 +29,8 @@ class StringTable {
  private:
   /// An empty slot has kNone as its number. The hash is kept so that most misses never touch the bytes.
   struct Slot {
-    uint32_t hash;
-    uint32_t number;
+    uint32_t Hash;
+    uint32_t Number;
   };
 
   void Grow();

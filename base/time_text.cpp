@@ -7,7 +7,7 @@ namespace korv {
 namespace {
 
 struct Parts {
-  int64_t days, hours, minutes, seconds;
+  int64_t Days, Hours, Minutes, Seconds;
 };
 
 Parts Split(std::chrono::seconds elapsed) {
@@ -24,19 +24,19 @@ std::string Counted(int64_t count, const char* unit) {
 std::string FormatElapsedCompact(std::chrono::seconds elapsed) {
   const Parts parts = Split(elapsed);
   std::string text;
-  if (parts.days > 0) text += std::to_string(parts.days) + "d ";
-  if (!text.empty() || parts.hours > 0) text += std::to_string(parts.hours) + "h ";
-  if (!text.empty() || parts.minutes > 0) text += std::to_string(parts.minutes) + "m ";
-  return text + std::to_string(parts.seconds) + "s";
+  if (parts.Days > 0) text += std::to_string(parts.Days) + "d ";
+  if (!text.empty() || parts.Hours > 0) text += std::to_string(parts.Hours) + "h ";
+  if (!text.empty() || parts.Minutes > 0) text += std::to_string(parts.Minutes) + "m ";
+  return text + std::to_string(parts.Seconds) + "s";
 }
 
 std::string FormatElapsedLong(std::chrono::seconds elapsed) {
   const Parts parts = Split(elapsed);
   std::string text;
-  if (parts.days > 0) text += Counted(parts.days, "day") + ", ";
-  if (!text.empty() || parts.hours > 0) text += Counted(parts.hours, "hour") + ", ";
-  if (!text.empty() || parts.minutes > 0) text += Counted(parts.minutes, "minute") + " and ";
-  return text + Counted(parts.seconds, "second");
+  if (parts.Days > 0) text += Counted(parts.Days, "day") + ", ";
+  if (!text.empty() || parts.Hours > 0) text += Counted(parts.Hours, "hour") + ", ";
+  if (!text.empty() || parts.Minutes > 0) text += Counted(parts.Minutes, "minute") + " and ";
+  return text + Counted(parts.Seconds, "second");
 }
 
 }  // namespace korv

@@ -6,9 +6,9 @@ namespace {
 
 // What the second byte after a lead byte may be, and how many bytes there are in all.
 struct Lead {
-  size_t length;
-  unsigned char low;
-  unsigned char high;
+  size_t Length;
+  unsigned char Low;
+  unsigned char High;
 };
 
 Lead LeadOf(unsigned char byte) {
@@ -30,15 +30,15 @@ Utf8Sequence Utf8SequenceAt(std::string_view text, size_t at) {
   const auto first = static_cast<unsigned char>(text[at]);
   if (first < 0x80) return {Utf8Kind::WellFormed, 1};
   Lead lead = LeadOf(first);
-  if (lead.length == 0) return {Utf8Kind::IllFormed, 1};
-  for (size_t k = 1; k < lead.length; ++k) {
+  if (lead.Length == 0) return {Utf8Kind::IllFormed, 1};
+  for (size_t k = 1; k < lead.Length; ++k) {
     if (at + k == text.size()) return {Utf8Kind::CutOff, k};
     const auto byte = static_cast<unsigned char>(text[at + k]);
-    if (byte < lead.low || byte > lead.high) return {Utf8Kind::IllFormed, k};
-    lead.low = 0x80;
-    lead.high = 0xBF;
+    if (byte < lead.Low || byte > lead.High) return {Utf8Kind::IllFormed, k};
+    lead.Low = 0x80;
+    lead.High = 0xBF;
   }
-  return {Utf8Kind::WellFormed, lead.length};
+  return {Utf8Kind::WellFormed, lead.Length};
 }
 
 std::string MendedUtf8(std::string_view text) {
@@ -46,11 +46,11 @@ std::string MendedUtf8(std::string_view text) {
   mended.reserve(text.size());
   for (size_t at = 0; at < text.size();) {
     const Utf8Sequence sequence = Utf8SequenceAt(text, at);
-    if (sequence.kind == Utf8Kind::WellFormed)
-      mended.append(text, at, sequence.length);
+    if (sequence.Kind == Utf8Kind::WellFormed)
+      mended.append(text, at, sequence.Length);
     else
       mended.append("\xEF\xBF\xBD");
-    at += sequence.length;
+    at += sequence.Length;
   }
   return mended;
 }

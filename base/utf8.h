@@ -15,8 +15,8 @@ enum class Utf8Kind {
 };
 
 struct Utf8Sequence {
-  Utf8Kind kind;
-  size_t length;  ///< In bytes, at least 1; of an ill-formed sequence its longest well-formed beginning.
+  Utf8Kind Kind;
+  size_t Length;  ///< In bytes, at least 1; of an ill-formed sequence its longest well-formed beginning.
 };
 
 /// The sequence at byte `at`, which must be inside `text`. The ranges are those of table 3-7 of the Unicode

@@ -10,8 +10,8 @@ namespace korv {
 
 /// A fixed number of elements that start as zero bytes.
 ///
-/// The system zeroes the pages of a large array when each is first touched. Making one therefore takes no time
-/// worth speaking of, where a vector would write all of it in one go.
+/// The system zeroes the pages of a large array when each is first touched. Making one therefore takes no
+/// time worth speaking of, where a vector would write all of it in one go.
 template <typename T>
 class ZeroedArray {
   static_assert(std::is_trivially_copyable_v<T> && alignof(T) <= alignof(std::max_align_t));

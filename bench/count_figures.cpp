@@ -17,11 +17,11 @@
 namespace {
 
 struct Feeder {
-  korv::CorpusBuilder& stream;
+  korv::CorpusBuilder& Stream;
 
-  void Word(const std::string& word) { stream.GetWords2(word); }
+  void Word(const std::string& word) { Stream.GetWords2(word); }
   void DroppedWord() {}
-  void PhraseEnd() { stream.ResetPhrases(); }
+  void PhraseEnd() { Stream.ResetPhrases(); }
   bool Line(std::string_view) { return true; }
 };
 

@@ -12,16 +12,16 @@
 namespace {
 
 struct Copier {
-  uint64_t wanted;
-  uint64_t words = 0;
+  uint64_t Wanted;
+  uint64_t Words = 0;
 
-  void Word(const std::string&) { ++words; }
-  void DroppedWord() { ++words; }
+  void Word(const std::string&) { ++Words; }
+  void DroppedWord() { ++Words; }
   void PhraseEnd() {}
   bool Line(std::string_view line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
     std::fputc('\n', stdout);
-    return words < wanted;
+    return Words < Wanted;
   }
 };
 
@@ -34,6 +34,6 @@ int main(int argc, char** argv) {
   }
   Copier copier{std::strtoull(argv[2], nullptr, 10)};
   korv::bench::ReadWordsOf(argv[1], copier);
-  std::fprintf(stderr, "%llu\n", static_cast<unsigned long long>(copier.words));
+  std::fprintf(stderr, "%llu\n", static_cast<unsigned long long>(copier.Words));
   return 0;
 }

@@ -44,11 +44,11 @@ const PhraseTable& Table() {
 
 struct NoSink final : ReportSink {
   bool Write(std::string_view piece) override {
-    bytes += piece.size();
+    Bytes += piece.size();
     return true;
   }
   size_t PieceSize() const override { return size_t{1} << 18; }
-  size_t bytes = 0;
+  size_t Bytes = 0;
 };
 
 void List(benchmark::State& state, const ReportOptions& options, Layout layout) {
@@ -63,7 +63,7 @@ void List(benchmark::State& state, const ReportOptions& options, Layout layout) 
   NoSink sink;
   for (auto _ : state) ListWords(report, form, sink, yielder);
   state.SetItemsProcessed(state.iterations() * table.EntryCount());
-  state.SetBytesProcessed(static_cast<int64_t>(sink.bytes));
+  state.SetBytesProcessed(static_cast<int64_t>(sink.Bytes));
 }
 
 void ListFormat(benchmark::State& state) {

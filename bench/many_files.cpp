@@ -63,9 +63,9 @@ TextOnDisk& Disk() {
 }
 
 struct CountingSink final : WordSink {
-  void TakeWord(std::string_view) override { ++words; }
+  void TakeWord(std::string_view) override { ++Words; }
   void ResetPhrases() override {}
-  size_t words = 0;
+  size_t Words = 0;
 };
 
 void ReadWords(OpenedText source, const WordRules& rules, CountingSink& sink) {

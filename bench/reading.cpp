@@ -55,9 +55,9 @@ CommentMarkers MarkersOf(int64_t kind) {
 }
 
 struct CountingSink final : WordSink {
-  void TakeWord(std::string_view word) override { bytes += word.size(); }
+  void TakeWord(std::string_view word) override { Bytes += word.size(); }
   void ResetPhrases() override {}
-  size_t bytes = 0;
+  size_t Bytes = 0;
 };
 
 void ReadLines(benchmark::State& state) {
@@ -82,7 +82,7 @@ void ReadWords(benchmark::State& state) {
     LineScanner<WordSink> scanner(rules, MarkersOf(state.range(0)), sink);
     scanner.BeginSource();
     while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
-    benchmark::DoNotOptimize(sink.bytes);
+    benchmark::DoNotOptimize(sink.Bytes);
   }
   state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(text.size()));
 }

@@ -47,17 +47,17 @@ class StreamFile final : public InputFile {
 template <typename Visitor>
 void ReadWordsOf(const std::filesystem::path& path, Visitor& visitor) {
   struct Sink final : WordSink {
-    Sink(const WordRules& wordRules, Visitor& wordVisitor) : rules(wordRules), visitor(wordVisitor) {}
+    Sink(const WordRules& wordRules, Visitor& wordVisitor) : Rules(wordRules), Counter(wordVisitor) {}
     void TakeWord(std::string_view word) override {
-      if (DroppedByForm(word, rules)) {
-        visitor.DroppedWord();
+      if (DroppedByForm(word, Rules)) {
+        Counter.DroppedWord();
       } else {
-        visitor.Word(FoldCase(word));
+        Counter.Word(FoldCase(word));
       }
     }
-    void ResetPhrases() override { visitor.PhraseEnd(); }
-    const WordRules& rules;
-    Visitor& visitor;
+    void ResetPhrases() override { Counter.PhraseEnd(); }
+    const WordRules& Rules;
+    Visitor& Counter;
   };
 
   WordRules rules;

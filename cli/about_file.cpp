@@ -19,11 +19,11 @@ bool Names(const std::string& text, const std::string& path) {
 }  // namespace
 
 Answer AboutFile::Show(const Message& message) {
-  if (path_.empty() || Names(message.text, path_) || Names(message.addition, path_))
+  if (path_.empty() || Names(message.Text, path_) || Names(message.Addition, path_))
     return messages_.Show(message);
   Message named = message;
-  if (!named.addition.empty()) named.addition += "\r\n";
-  named.addition += label_ + ": " + path_;
+  if (!named.Addition.empty()) named.Addition += "\r\n";
+  named.Addition += label_ + ": " + path_;
   return messages_.Show(named);
 }
 

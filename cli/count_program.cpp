@@ -110,7 +110,7 @@ class CountProgram {
   void TellUnavailableFormat(int format) {
     const auto texts = ProgramTextFile::Load(env_.Files, env_.ProgramFolder / kProgramTextName);
     if (!texts) {
-      messages_.Show({.text = texts.Error().Text(), .title = "Error", .icon = Icon::Critical});
+      messages_.Show({.Text = texts.Error().Text(), .Title = "Error", .Icon = Icon::Critical});
       return;
     }
     messages_.Show(UnavailableFormatMessage(texts->Get(DisplayFormatTextNumber(format))));
@@ -277,22 +277,22 @@ class CountProgram {
     if (const std::string* list = settings_.WordsFile()) inputs.push_back(*list);
     for (const std::string& file : inputs) {
       if (file.empty() || !PathsMeetInOneFile(env_.Files, file, output)) continue;
-      messages_.Show({.text = "The output file cannot be the same as " + file + ".",
-                      .title = "Error",
-                      .icon = Icon::Exclamation});
+      messages_.Show({.Text = "The output file cannot be the same as " + file + ".",
+                      .Title = "Error",
+                      .Icon = Icon::Exclamation});
       return false;
     }
     if (!path.has_filename() || env_.Files.FolderExists(path)) {
-      messages_.Show({.text = "The output file " + output + " is a folder.",
-                      .title = "Error",
-                      .icon = Icon::Exclamation});
+      messages_.Show({.Text = "The output file " + output + " is a folder.",
+                      .Title = "Error",
+                      .Icon = Icon::Exclamation});
       return false;
     }
     // A device or a pipe has no size, and nothing in it that could be lost.
     if (!options_.Force && env_.Files.FileExists(path) && env_.Files.FileSize(path)) {
-      messages_.Show({.text = "The output file " + output + " exists.  --force replaces it.",
-                      .title = "The output file exists.",
-                      .icon = Icon::Exclamation});
+      messages_.Show({.Text = "The output file " + output + " exists.  --force replaces it.",
+                      .Title = "The output file exists.",
+                      .Icon = Icon::Exclamation});
       return false;
     }
     AboutFile messages(messages_, output);
@@ -353,7 +353,7 @@ class CountProgram {
   }
 
   int CannotWrite() {
-    messages_.Show({.text = "Standard output cannot be written.", .title = "Error", .icon = Icon::Critical});
+    messages_.Show({.Text = "Standard output cannot be written.", .Title = "Error", .Icon = Icon::Critical});
     return kExitRefused;
   }
 

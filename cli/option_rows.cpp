@@ -56,7 +56,8 @@ OptionRow Choices(const char* name, Field CountOptions::*field,
 
 OptionRow Text(const char* name, const char* valueName, OptionGroup group, std::string help,
                std::function<void(const std::string&, CountOptions&)> take) {
-  return {.Name = name, .ValueName = valueName, .Group = group, .Help = std::move(help), .Take = std::move(take)};
+  return {
+      .Name = name, .ValueName = valueName, .Group = group, .Help = std::move(help), .Take = std::move(take)};
 }
 
 // ---- Options that are no settings, by groups
@@ -78,9 +79,9 @@ std::vector<OptionRow> OwnWordFiles() {
                RefuseValue("--common-words", "'" + text + "' is none of: en de es pt it fr all");
            });
   common.Excludes = "--ignore-file";
-  return {File("--ignore-file", &CountOptions::IgnoreFile, OptionGroup::WordLists,
-               "A file of words to ignore"),
-          std::move(common)};
+  return {
+      File("--ignore-file", &CountOptions::IgnoreFile, OptionGroup::WordLists, "A file of words to ignore"),
+      std::move(common)};
 }
 
 std::vector<OptionRow> OwnCountOnly() {
@@ -111,7 +112,8 @@ std::vector<OptionRow> OwnContexts() {
   return {Text("--context-of", "PHRASE", OptionGroup::Contexts,
                "List where a phrase stands, with the text around, instead of a report",
                [](const std::string& text, CountOptions& options) { options.ContextOf = text; }),
-          Text("--contexts", "N", OptionGroup::Contexts, "Characters on each side (" + std::to_string(kContexts) + ")",
+          Text("--contexts", "N", OptionGroup::Contexts,
+               "Characters on each side (" + std::to_string(kContexts) + ")",
                [](const std::string& text, CountOptions& options) {
                  options.Contexts = ParseInRange(text, "--contexts", 0, kMostContexts);
                }),

@@ -17,7 +17,8 @@ struct OptionRow {
   std::string Help = {};
   /// Puts its value, empty for a flag, into the options. Throws CLI::ValidationError where it makes no sense.
   std::function<void(const std::string& value, CountOptions& options)> Take = {};
-  std::string Excludes = {};  ///< The name of an option that cannot be given together with it; empty for none.
+  std::string Excludes =
+      {};  ///< The name of an option that cannot be given together with it; empty for none.
 };
 
 /// The options that set settings, as Schema() has them, with those that are korv-count's own; in the order of

@@ -5,8 +5,8 @@
 
 namespace korv {
 
-// The values of options, as typed. What makes no sense is refused: RefuseValue() throws what the parser of the
-// command line catches and tells.
+// The values of options, as typed. What makes no sense is refused: RefuseValue() throws what the parser of
+// the command line catches and tells.
 
 [[noreturn]] void RefuseValue(const std::string& option, const std::string& why);
 

@@ -44,8 +44,7 @@ OptionRow OptionOf(const SettingRow& row, const NumberValue& value) {
       Give(box, options);
       if (text == kOff) return;
     }
-    value.Set(options.Given.Values,
-              ParseInRange(text, row.Option.Name, value.Least, value.Most, value.Step));
+    value.Set(options.Given.Values, ParseInRange(text, row.Option.Name, value.Least, value.Most, value.Step));
     Give(row, options);
   };
   return option;

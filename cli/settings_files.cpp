@@ -22,7 +22,7 @@ bool SettingsFiles::Load(Settings& settings) const {
   const std::string failure = outcome.EndedEarly
                                   ? "Error when attempting to load settings: Input past end of file."
                                   : LoadFailureText(outcome);
-  messages.Show({.text = failure, .title = "Load settings", .icon = Icon::Exclamation});
+  messages.Show({.Text = failure, .Title = "Load settings", .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -34,7 +34,7 @@ bool SettingsFiles::Save(const Settings& settings) const {
   const std::string error =
       state.SaveState(PathFromText(options_.SaveSettingsFile), WithPathsInFull(settings));
   if (error.empty()) return true;
-  messages.Show({.text = error, .title = "Save settngs", .icon = Icon::Exclamation});
+  messages.Show({.Text = error, .Title = "Save settngs", .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -59,7 +59,7 @@ bool SettingsFiles::MayBeReplaced(const Settings& settings) const {
 }
 
 bool SettingsFiles::Refuse(std::string text) const {
-  messages_.Show({.text = std::move(text), .title = "Error", .icon = Icon::Exclamation});
+  messages_.Show({.Text = std::move(text), .Title = "Error", .Icon = Icon::Exclamation});
   return false;
 }
 

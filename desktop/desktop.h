@@ -18,20 +18,20 @@ namespace korv {
 
 /// Everything outside the program that its windows touch. The parts outlive the windows.
 struct Desktop {
-  Messages& messages;
-  Dialogs& dialogs;
-  Clipboard& clipboard;
-  Launcher& launcher;
-  FileSystem& files;
-  Yielder& yielder;
-  const Clock& clock;
-  NumberFormat numbers;
-  std::filesystem::path programText;    ///< The file of the numbered texts.
-  std::filesystem::path programFolder;  ///< Where the common-words files lie.
-  std::filesystem::path stateFile;
+  korv::Messages& Messages;
+  korv::Dialogs& Dialogs;
+  korv::Clipboard& Clipboard;
+  korv::Launcher& Launcher;
+  FileSystem& Files;
+  korv::Yielder& Yielder;
+  const korv::Clock& Clock;
+  NumberFormat Numbers;
+  std::filesystem::path ProgramText;    ///< The file of the numbered texts.
+  std::filesystem::path ProgramFolder;  ///< Where the common-words files lie.
+  std::filesystem::path StateFile;
   /// What is kept outside the state file: window geometry, recent sources.
-  QSettings& store;
-  CodePage* encoding = nullptr;  ///< Of output files; null for UTF-8.
+  QSettings& Store;
+  CodePage* Encoding = nullptr;  ///< Of output files; null for UTF-8.
 };
 
 }  // namespace korv

@@ -69,19 +69,19 @@ int Run(const std::vector<std::string>& paths) {
   const auto encoding = korv::SystemCodePage();
   bool known = false;
   const korv::NumberFormat system = korv::NumberFormatOfLocale("", known);
-  const korv::Desktop desktop{.messages = messages,
-                              .dialogs = dialogs,
-                              .clipboard = clipboard,
-                              .launcher = *launcher,
-                              .files = *files,
-                              .yielder = yielder,
-                              .clock = clock,
-                              .numbers = known ? system : korv::NumberFormat{},
-                              .programText = folder / korv::kProgramTextName,
-                              .programFolder = folder,
-                              .stateFile = stateFile,
-                              .store = store,
-                              .encoding = encoding.get()};
+  const korv::Desktop desktop{.Messages = messages,
+                              .Dialogs = dialogs,
+                              .Clipboard = clipboard,
+                              .Launcher = *launcher,
+                              .Files = *files,
+                              .Yielder = yielder,
+                              .Clock = clock,
+                              .Numbers = known ? system : korv::NumberFormat{},
+                              .ProgramText = folder / korv::kProgramTextName,
+                              .ProgramFolder = folder,
+                              .StateFile = stateFile,
+                              .Store = store,
+                              .Encoding = encoding.get()};
   korv::frmMain window(desktop);
   if (!window.LoadProgramText()) return 1;
   window.show();

@@ -5,17 +5,17 @@
 
 namespace korv {
 
-/// What a file chooser is asked. `filter` is a name and its pattern with a bar between them:
+/// What a file chooser is asked. `Filter` is a name and its pattern with a bar between them:
 /// "Korv settings files (*.korv) | *.korv".
 struct FileChoice {
-  std::string title;
-  std::string filter;
-  std::string initialPath;  ///< Offered first; a folder or a file, may be empty.
+  std::string Title;
+  std::string Filter;
+  std::string InitialPath;  ///< Offered first; a folder or a file, may be empty.
   /// When saving: added to a name that has no extension, before anything is asked about the file. Without its
   /// dot; may be empty.
-  std::string extension{};
+  std::string Extension{};
   /// When saving: ask before an existing file is chosen. Off where whoever writes the file asks.
-  bool asksBeforeReplacing = false;
+  bool AsksBeforeReplacing = false;
 };
 
 /// The system's choosers. Paths are UTF-8 texts as the system shows them; empty when the user cancelled.

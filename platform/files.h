@@ -17,8 +17,8 @@ namespace korv {
 enum class FileFault { NotFound, PermissionDenied, IsFolder, NotAFolder, NoSpace, Other };
 
 struct FileError {
-  FileFault fault = FileFault::Other;
-  std::string description;  ///< The system's own words, UTF-8, without the path.
+  FileFault Fault = FileFault::Other;
+  std::string Description;  ///< The system's own words, UTF-8, without the path.
 };
 
 /// A file open for reading, from its beginning. Closed by its destructor.
@@ -54,8 +54,8 @@ class OutputFile {
 struct FolderListing {
   /// Names only, in no order. Links to files count as files, and so do links that lead nowhere (opening
   /// them tells); pipes, sockets and devices are left out, because opening them may wait for ever.
-  std::vector<std::filesystem::path> files;
-  std::vector<std::filesystem::path> subfolders;  ///< Names only, in no order, links to folders left out.
+  std::vector<std::filesystem::path> Files;
+  std::vector<std::filesystem::path> Subfolders;  ///< Names only, in no order, links to folders left out.
 };
 
 /// Everything that touches the disk, so that a test can make any call fail.

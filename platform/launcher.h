@@ -7,8 +7,8 @@ namespace korv {
 enum class LaunchFault { None, OutOfMemory, NoAssociation, Other };
 
 struct LaunchResult {
-  LaunchFault fault = LaunchFault::None;
-  int code = 0;  ///< The system's own number for the fault; 0 where it gives none.
+  LaunchFault Fault = LaunchFault::None;
+  int Code = 0;  ///< The system's own number for the fault; 0 where it gives none.
 };
 
 /// Starts other programs of the system.

@@ -35,28 +35,28 @@ enum class Question {
   OnlySubfolders,       ///< Refused for want of files; further: count those of the subfolders?
 };
 
-/// One message box. Texts are UTF-8 with CR LF line breaks. What a text is about stands in `text`; the
-/// members below `question` add to it and may be left out without changing what Escape, Enter and a program
+/// One message box. Texts are UTF-8 with CR LF line breaks. What a text is about stands in `Text`; the
+/// members below `Question` add to it and may be left out without changing what Escape, Enter and a program
 /// without windows do.
 struct Message {
-  std::string text;
-  std::string title;
-  Icon icon = Icon::None;
-  Buttons buttons = Buttons::Ok;
-  Answer defaultAnswer = Answer::Ok;
-  Question question = Question::None;
+  std::string Text;
+  std::string Title;
+  korv::Icon Icon = korv::Icon::None;
+  korv::Buttons Buttons = korv::Buttons::Ok;
+  Answer DefaultAnswer = Answer::Ok;
+  korv::Question Question = korv::Question::None;
   /// A line below the text; empty for none.
-  std::string addition{};
+  std::string Addition{};
   /// The caption of one further button, which answers Answer::Extra; empty for none. Never the default, and
   /// nobody chooses it but the user.
-  std::string extraButton{};
+  std::string ExtraButton{};
   /// Captions for the buttons of Answer::Yes and Answer::No; empty for the usual words.
-  std::string yesButton{};
-  std::string noButton{};
-  /// Windows offer "Do not ask again". Once that is ticked, the question gets `silencedAnswer`, or where that
-  /// is empty the answer that was given with the tick. The question has to have a `question` of its own.
-  bool mayBeSilenced = false;
-  std::optional<Answer> silencedAnswer{};
+  std::string YesButton{};
+  std::string NoButton{};
+  /// Windows offer "Do not ask again". Once that is ticked, the question gets `SilencedAnswer`, or where that
+  /// is empty the answer that was given with the tick. The question has to have a `Question` of its own.
+  bool MayBeSilenced = false;
+  std::optional<Answer> SilencedAnswer{};
 };
 
 /// Shows messages and asks questions. Called on the one thread that runs the program's events;

@@ -125,9 +125,9 @@ ZipError ErrorOf(zip_error_t* error) {
 }  // namespace
 
 struct ZipMember::State {
-  std::unique_ptr<zip_file_t, Free> member;
-  uint64_t claimedSize = 0;
-  uint64_t unpacked = 0;
+  std::unique_ptr<zip_file_t, Free> Member;
+  uint64_t ClaimedSize = 0;
+  uint64_t Unpacked = 0;
 };
 
 ZipMember::ZipMember(std::unique_ptr<State> state) : state_(std::move(state)) {}
@@ -135,21 +135,21 @@ ZipMember::~ZipMember() = default;
 ZipMember::ZipMember(ZipMember&&) noexcept = default;
 
 Expected<size_t, ZipError> ZipMember::Read(std::span<char> buffer) {
-  const zip_int64_t got = zip_fread(state_->member.get(), buffer.data(), buffer.size());
-  if (got < 0) return ErrorOf(zip_file_get_error(state_->member.get()));
-  state_->unpacked += static_cast<uint64_t>(got);
+  const zip_int64_t got = zip_fread(state_->Member.get(), buffer.data(), buffer.size());
+  if (got < 0) return ErrorOf(zip_file_get_error(state_->Member.get()));
+  state_->Unpacked += static_cast<uint64_t>(got);
   // The library checks the sum of what it unpacks, not the size.
-  if (got == 0 && !buffer.empty() && state_->unpacked != state_->claimedSize)
+  if (got == 0 && !buffer.empty() && state_->Unpacked != state_->ClaimedSize)
     return ZipError{ZipFault::Damaged, "The size is not the one that the archive names"};
   return static_cast<size_t>(got);
 }
 
 // In the order in which they depend on each other; destroyed from the last to the first.
 struct ZipArchive::State {
-  explicit State(std::unique_ptr<InputFile> file) : source(std::move(file)) {}
+  explicit State(std::unique_ptr<InputFile> file) : Source(std::move(file)) {}
 
-  FileSource source;
-  std::unique_ptr<zip_t, Free> archive;
+  FileSource Source;
+  std::unique_ptr<zip_t, Free> Archive;
 };
 
 ZipArchive::ZipArchive(std::unique_ptr<State> state) : state_(std::move(state)) {}
@@ -157,16 +157,16 @@ ZipArchive::~ZipArchive() = default;
 ZipArchive::ZipArchive(ZipArchive&&) noexcept = default;
 
 Expected<ZipMember, ZipError> ZipArchive::Open(const std::string& name) {
-  zip_t* archive = state_->archive.get();
+  zip_t* archive = state_->Archive.get();
   const zip_int64_t index = zip_name_locate(archive, name.c_str(), ZIP_FL_ENC_RAW);
   if (index < 0) return ErrorOf(zip_get_error(archive));
   const auto at = static_cast<zip_uint64_t>(index);
   zip_stat_t facts;
   if (zip_stat_index(archive, at, 0, &facts) != 0) return ErrorOf(zip_get_error(archive));
   auto member = std::make_unique<ZipMember::State>();
-  member->claimedSize = facts.size;
-  member->member.reset(zip_fopen_index(archive, at, 0));
-  if (!member->member) return ErrorOf(zip_get_error(archive));
+  member->ClaimedSize = facts.size;
+  member->Member.reset(zip_fopen_index(archive, at, 0));
+  if (!member->Member) return ErrorOf(zip_get_error(archive));
   return ZipMember(std::move(member));
 }
 
@@ -176,12 +176,12 @@ Expected<ZipArchive, ZipError> OpenZipArchive(std::unique_ptr<InputFile> file) {
   zip_error_init(&error);
   const std::unique_ptr<zip_error_t, void (*)(zip_error_t*)> finish(&error, &zip_error_fini);
 
-  std::unique_ptr<zip_source_t, Free> source(state->source.Create(&error));
+  std::unique_ptr<zip_source_t, Free> source(state->Source.Create(&error));
   if (!source) return ErrorOf(&error);
-  state->archive.reset(zip_open_from_source(source.get(), ZIP_RDONLY, &error));
-  if (!state->archive) {
+  state->Archive.reset(zip_open_from_source(source.get(), ZIP_RDONLY, &error));
+  if (!state->Archive) {
     ZipError reason = ErrorOf(&error);
-    if (reason.fault == ZipFault::Damaged) reason.fault = ZipFault::NotAnArchive;
+    if (reason.Fault == ZipFault::Damaged) reason.Fault = ZipFault::NotAnArchive;
     return reason;
   }
   std::ignore = source.release();  // The archive owns it now.

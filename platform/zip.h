@@ -21,8 +21,8 @@ enum class ZipFault {
 };
 
 struct ZipError {
-  ZipFault fault = ZipFault::Damaged;
-  std::string description;
+  ZipFault Fault = ZipFault::Damaged;
+  std::string Description;
 };
 
 /// One member of an archive, unpacked while it is read. Nothing that the archive says of the member's size

@@ -11,12 +11,12 @@ void ShowListingError(const ReportOptions& options, Messages& messages, const Pr
   try {
     throw;
   } catch (const std::bad_alloc&) {
-    messages.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Exclamation});
+    messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Exclamation});
   } catch (const std::exception& error) {
-    messages.Show({.text = UnexpectedErrorText(NameOfListing(options), kErrorUnexpected, error.what()) +
+    messages.Show({.Text = UnexpectedErrorText(NameOfListing(options), kErrorUnexpected, error.what()) +
                            ListingAdvice(texts),
-                   .title = "Error",
-                   .icon = Icon::Critical});
+                   .Title = "Error",
+                   .Icon = Icon::Critical});
   }
 }
 

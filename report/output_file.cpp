@@ -18,17 +18,17 @@ std::string Trimmed(const std::string& path) {
 }
 
 void ShowFileError(const FileError& error, const FileListingServices& services) {
-  if (error.fault == FileFault::PermissionDenied) {
-    services.Dialogs.Show({.text = "Perhaps the output file\r\nis in use by another application.",
-                           .title = "Permission denied",
-                           .icon = Icon::Information});
+  if (error.Fault == FileFault::PermissionDenied) {
+    services.Dialogs.Show({.Text = "Perhaps the output file\r\nis in use by another application.",
+                           .Title = "Permission denied",
+                           .Icon = Icon::Information});
     return;
   }
   services.Dialogs.Show(
-      {.text = UnexpectedErrorText("ListWords", ErrorNumber(error.fault), error.description) +
+      {.Text = UnexpectedErrorText("ListWords", ErrorNumber(error.Fault), error.Description) +
                ListingAdvice(services.Texts),
-       .title = "Error",
-       .icon = Icon::Critical});
+       .Title = "Error",
+       .Icon = Icon::Critical});
 }
 
 }  // namespace
@@ -113,7 +113,7 @@ std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always
     if (edited.empty()) return std::nullopt;
     if (edited == path) return path;
     if (!files_.FolderExists(files_.AbsolutePath(PathFromText(edited)).parent_path())) {
-      messages_.Show({.text = "Folder does not exist.", .title = "Error", .icon = Icon::Exclamation});
+      messages_.Show({.Text = "Folder does not exist.", .Title = "Error", .Icon = Icon::Exclamation});
       return std::nullopt;
     }
     path = edited;
@@ -132,11 +132,11 @@ bool OverwriteGuard::WrittenBefore(const std::filesystem::path& path) const {
 bool CanOpenOutputFile(const std::filesystem::path& path, FileSystem& files, Messages& messages) {
   const auto file = files.OpenForWriting(path);
   if (file) return true;
-  messages.Show({.text = "Error: " + file.Error().description +
+  messages.Show({.Text = "Error: " + file.Error().Description +
                          "\r\nIf the output file is open in Excel then it must first be closed"
                          "\r\nor a different file should be specified as the output file.",
-                 .title = "Error",
-                 .icon = Icon::Exclamation});
+                 .Title = "Error",
+                 .Icon = Icon::Exclamation});
   return false;
 }
 

@@ -26,10 +26,10 @@ bool ApplyReportRules(ReportOptions& options, TextSource source) {
 }
 
 Message UnavailableFormatMessage(const std::string& formatName) {
-  return {.text = "The display format '" + formatName +
+  return {.Text = "The display format '" + formatName +
                   "' is available\r\nonly when the source of the text is a folder.",
-          .title = "Unavailable display format",
-          .icon = Icon::Information};
+          .Title = "Unavailable display format",
+          .Icon = Icon::Information};
 }
 
 int DisplayFormatTextNumber(int displayFormat) {

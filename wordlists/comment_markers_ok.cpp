@@ -17,12 +17,12 @@ bool CommentMarkersOK(const WordRules& rules, Messages& messages) {
       return IsWordChar(std::string_view(&c, 1), false, current.AllowedExtraChars);
     });
     if (!couldBeWord) continue;
-    messages.Show({.text = "With the current settings the start-comment marker " + std::string(marker) +
+    messages.Show({.Text = "With the current settings the start-comment marker " + std::string(marker) +
                            " could be part of a word.\r\n"
                            "Check the the 'Settings' window and perhaps disallow comment "
                            "markers or restrict allowable characters in 'words'.",
-                   .title = "Error",
-                   .icon = Icon::Critical});
+                   .Title = "Error",
+                   .Icon = Icon::Critical});
     return false;
   }
   return true;

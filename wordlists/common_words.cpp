@@ -16,7 +16,7 @@ std::optional<std::filesystem::path> CommonWordsFile(const CommonWordsLanguage& 
                                                      const FileSystem& files, Messages& messages) {
   std::filesystem::path path = programFolder / language.File;
   if (files.FileExists(path)) return path;
-  messages.Show({.text = PathToText(path) + " not found.", .title = "Error", .icon = Icon::Critical});
+  messages.Show({.Text = PathToText(path) + " not found.", .Title = "Error", .Icon = Icon::Critical});
   return std::nullopt;
 }
 
@@ -24,12 +24,12 @@ bool AddCommonWords(const CommonWordsLanguage& language, const std::filesystem::
                     const FileSystem& files, WordFileList& list, Messages& messages) {
   if (language.File.empty()) return false;
   const Answer answer =
-      messages.Show({.text = "Load common words file for " + std::string(language.Item) + "?",
-                     .title = "Load common words file",
-                     .icon = Icon::Question,
-                     .buttons = Buttons::YesNo,
-                     .defaultAnswer = Answer::Yes,
-                     .question = Question::LoadCommonWords});
+      messages.Show({.Text = "Load common words file for " + std::string(language.Item) + "?",
+                     .Title = "Load common words file",
+                     .Icon = Icon::Question,
+                     .Buttons = Buttons::YesNo,
+                     .DefaultAnswer = Answer::Yes,
+                     .Question = Question::LoadCommonWords});
   if (answer != Answer::Yes) return false;
   const auto path = CommonWordsFile(language, programFolder, files, messages);
   return path && list.AddOrSelect(PathToText(*path), messages);

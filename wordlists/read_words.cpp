@@ -97,21 +97,21 @@ void WarnOfCharacters(const WordList& list, const std::filesystem::path& path, L
   for (const std::string& entry : list.Words) {
     const std::string character = CheckForNonAlphaNumeric(entry, rules);
     if (character.empty()) continue;
-    messages.Show({.text = "The character '" + character + "' occurs in the " + std::string(NameOfOne(kind)) +
+    messages.Show({.Text = "The character '" + character + "' occurs in the " + std::string(NameOfOne(kind)) +
                            "\r\n" + entry + "\r\nbut is not currently set as a character allowed in a word.",
-                   .title = "Character not allowed",
-                   .icon = Icon::Exclamation,
-                   .addition = "File: " + PathToText(path)});
+                   .Title = "Character not allowed",
+                   .Icon = Icon::Exclamation,
+                   .Addition = "File: " + PathToText(path)});
     return;
   }
 }
 
 void ReportReadError(Messages& messages, const std::filesystem::path& path, const std::string& description) {
   messages.Show(
-      {.text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\r\nDescription: " + description,
-       .title = "Error",
-       .icon = Icon::Critical,
-       .addition = "File: " + PathToText(path)});
+      {.Text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\r\nDescription: " + description,
+       .Title = "Error",
+       .Icon = Icon::Critical,
+       .Addition = "File: " + PathToText(path)});
 }
 
 }  // namespace
@@ -137,7 +137,7 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
   else
     ReadCountOnly(reader, reading.Yield, words);
   if (const auto error = reader.Error()) {
-    ReportReadError(messages, path, error->description);
+    ReportReadError(messages, path, error->Description);
     return false;
   }
 
@@ -153,10 +153,10 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
 bool AttemptToReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind,
                         const WordRules& rules, WordList& list, std::string& stateLabel) {
   if (!reading.Check.Files.FileExists(path)) {
-    reading.Check.Messages.Show({.text = "File for " + std::string(NameOfMany(kind)) + " not found.",
-                                 .title = "File not found",
-                                 .icon = Icon::Exclamation,
-                                 .addition = "File: " + PathToText(path)});
+    reading.Check.Messages.Show({.Text = "File for " + std::string(NameOfMany(kind)) + " not found.",
+                                 .Title = "File not found",
+                                 .Icon = Icon::Exclamation,
+                                 .Addition = "File: " + PathToText(path)});
     return false;
   }
   if (!ReadWords(reading, path, kind, rules, list)) return false;

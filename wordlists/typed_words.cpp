@@ -93,7 +93,7 @@ std::string WithoutApostropheEndings(std::string_view entry) {
 }
 
 void Refuse(Messages& messages, std::string text, std::string title) {
-  messages.Show({.text = std::move(text), .title = std::move(title), .icon = Icon::Exclamation});
+  messages.Show({.Text = std::move(text), .Title = std::move(title), .Icon = Icon::Exclamation});
 }
 
 }  // namespace
@@ -148,10 +148,10 @@ bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRul
     return false;
   }
   if (FindOutsideBrackets(text, [&](size_t at) { return text[at] == '^'; }) != std::string_view::npos) {
-    messages.Show({.text = std::string("Perhaps some ") + (ignoring ? "Word-to-ignore" : "count-only word") +
+    messages.Show({.Text = std::string("Perhaps some ") + (ignoring ? "Word-to-ignore" : "count-only word") +
                            " is a regular expression\r\nwithout angle brackets.",
-                   .title = "Korv",
-                   .icon = Icon::Information});
+                   .Title = "Korv",
+                   .Icon = Icon::Information});
     return false;
   }
   return true;

@@ -16,10 +16,10 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 void SayAlreadyPresent(Messages& messages, std::string_view path) {
-  messages.Show({.text = std::string(path) + "\r\nis already in this list. If the file has changed\r\n"
+  messages.Show({.Text = std::string(path) + "\r\nis already in this list. If the file has changed\r\n"
                                              "select it from the drop-down list and reload it.",
-                 .title = "Already present",
-                 .icon = Icon::Information});
+                 .Title = "Already present",
+                 .Icon = Icon::Information});
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ int WordFileList::Find(std::string_view path) const {
 bool WordFileList::MayGrow(Messages& messages) const {
   if (paths_.size() < kMostFiles) return true;
   messages.Show(
-      {.text = "No more files may be added to this list.", .title = "Korv", .icon = Icon::Exclamation});
+      {.Text = "No more files may be added to this list.", .Title = "Korv", .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -83,12 +83,12 @@ void WordFileList::Clear() {
 }
 
 bool WordFileList::AskToClear(Messages& messages) {
-  const Answer answer = messages.Show({.text = "Do you wish to remove ALL files from this list?",
-                                       .title = "Clear " + std::string(NameOfMany(kind_)) + " files",
-                                       .icon = Icon::Question,
-                                       .buttons = Buttons::YesNo,
-                                       .defaultAnswer = Answer::No,
-                                       .question = Question::ClearWordFiles});
+  const Answer answer = messages.Show({.Text = "Do you wish to remove ALL files from this list?",
+                                       .Title = "Clear " + std::string(NameOfMany(kind_)) + " files",
+                                       .Icon = Icon::Question,
+                                       .Buttons = Buttons::YesNo,
+                                       .DefaultAnswer = Answer::No,
+                                       .Question = Question::ClearWordFiles});
   if (answer != Answer::Yes) return false;
   Clear();
   return true;

@@ -6,11 +6,11 @@ namespace {
 
 /// What to answer when the program is about to end.
 Answer EndingAnswer(const Message& message) {
-  switch (message.buttons) {
+  switch (message.Buttons) {
     case Buttons::Ok:
       return Answer::Ok;
     case Buttons::YesNo:
-      return message.question == Question::StopDocx ? Answer::Yes : Answer::No;
+      return message.Question == Question::StopDocx ? Answer::Yes : Answer::No;
     case Buttons::YesNoCancel:
       return Answer::Cancel;
   }

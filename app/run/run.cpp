@@ -20,10 +20,10 @@ constexpr double kAdviceFromKilobytes = 51;
 
 bool LengthsAreValid(const RunOptions& options, Messages& messages) {
   if (options.MaxWords >= options.MinWords) return true;
-  messages.Show({.text = "The maximum number of words in each phrase\r\n"
+  messages.Show({.Text = "The maximum number of words in each phrase\r\n"
                          "must not be less than the minimum number.",
-                 .title = "Invalid input",
-                 .icon = Icon::Exclamation});
+                 .Title = "Invalid input",
+                 .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -151,13 +151,13 @@ class Run {
     if (!services_.Yielder.Stopped()) return true;
     run_.Interrupted = true;
     const Answer answer =
-        services_.Messages.Show({.text = "The operation was stopped before all phrases were counted.\r\n"
+        services_.Messages.Show({.Text = "The operation was stopped before all phrases were counted.\r\n"
                                          "Do you wish to list those which were were found?",
-                                 .title = "Counting interrupted",
-                                 .icon = Icon::Question,
-                                 .buttons = Buttons::YesNo,
-                                 .defaultAnswer = Answer::Yes,
-                                 .question = Question::CountingInterrupted});
+                                 .Title = "Counting interrupted",
+                                 .Icon = Icon::Question,
+                                 .Buttons = Buttons::YesNo,
+                                 .DefaultAnswer = Answer::Yes,
+                                 .Question = Question::CountingInterrupted});
     services_.Yielder.ClearStop();
     return answer == Answer::Yes;
   }
@@ -173,25 +173,25 @@ class Run {
 bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& files, Messages& messages) {
   if (!LengthsAreValid(request.Options, messages)) return false;
   if (request.Options.MinFrequency == 1 && report.WordOrder == 0 && IsWorthAdvice(request, files) &&
-      messages.Show({.text = "If you are just interested in the most frequently occurring phrases then the "
+      messages.Show({.Text = "If you are just interested in the most frequently occurring phrases then the "
                              "minimum number of occurrences should be set to at least 2, otherwise "
                              "processing will take longer.\r\nDo you wish to reset it?",
-                     .title = "Minimum frequency",
-                     .icon = Icon::Question,
-                     .buttons = Buttons::YesNo,
-                     .defaultAnswer = Answer::Yes,
-                     .question = Question::MinimumFrequency,
-                     .mayBeSilenced = true}) == Answer::Yes)
+                     .Title = "Minimum frequency",
+                     .Icon = Icon::Question,
+                     .Buttons = Buttons::YesNo,
+                     .DefaultAnswer = Answer::Yes,
+                     .Question = Question::MinimumFrequency,
+                     .MayBeSilenced = true}) == Answer::Yes)
     request.Options.MinFrequency = 2;
   report.FilterActive = false;
   if (report.FilterText.empty()) return true;
-  if (messages.Show({.text = "Do you wish to keep the filter settings?",
-                     .title = "Filter results?",
-                     .icon = Icon::Question,
-                     .buttons = Buttons::YesNo,
-                     .defaultAnswer = Answer::Yes,
-                     .question = Question::KeepFilter,
-                     .mayBeSilenced = true}) == Answer::Yes)
+  if (messages.Show({.Text = "Do you wish to keep the filter settings?",
+                     .Title = "Filter results?",
+                     .Icon = Icon::Question,
+                     .Buttons = Buttons::YesNo,
+                     .DefaultAnswer = Answer::Yes,
+                     .Question = Question::KeepFilter,
+                     .MayBeSilenced = true}) == Answer::Yes)
     report.FilterActive = true;
   else
     report.FilterText.clear();
@@ -199,12 +199,12 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
 }
 
 void AskToStop(Messages& messages, Yielder& yielder, RunObserver& view) {
-  if (messages.Show({.text = "Really stop?",
-                     .title = "Stop",
-                     .icon = Icon::Question,
-                     .buttons = Buttons::YesNo,
-                     .defaultAnswer = Answer::No,
-                     .question = Question::ReallyStop}) != Answer::Yes)
+  if (messages.Show({.Text = "Really stop?",
+                     .Title = "Stop",
+                     .Icon = Icon::Question,
+                     .Buttons = Buttons::YesNo,
+                     .DefaultAnswer = Answer::No,
+                     .Question = Question::ReallyStop}) != Answer::Yes)
     return;
   yielder.RequestStop();
   view.Status("Counting of all phrases was stopped.");
@@ -215,11 +215,11 @@ RunEnd RunCount(const RunRequest& request, const RunServices& services, CountedR
     return Run(request, services, run).Count();
   } catch (const std::bad_alloc&) {
     run = CountedRun{};
-    services.Messages.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Exclamation});
+    services.Messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Exclamation});
   } catch (const std::exception& error) {
-    services.Messages.Show({.text = UnexpectedErrorText("RunCount", kErrorUnexpected, error.what()),
-                            .title = "Error",
-                            .icon = Icon::Critical});
+    services.Messages.Show({.Text = UnexpectedErrorText("RunCount", kErrorUnexpected, error.what()),
+                            .Title = "Error",
+                            .Icon = Icon::Critical});
   }
   return RunEnd::Failed;
 }

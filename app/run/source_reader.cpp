@@ -22,9 +22,9 @@ namespace fs = std::filesystem;
 constexpr uint64_t kProgressFromBytes = 10241;
 
 void ShowFileError(Messages& messages, const FileError& error) {
-  messages.Show({.text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.fault), error.description),
-                 .title = "Error",
-                 .icon = Icon::Critical});
+  messages.Show({.Text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.Fault), error.Description),
+                 .Title = "Error",
+                 .Icon = Icon::Critical});
 }
 
 /// For as long as this lives, one answer about the encoding holds for every file.
@@ -158,12 +158,12 @@ RunEnd SourceReader::DoItFromFolder() {
   view.Status(WillBeScannedText(found.Files, services_.Numbers));
   if (found.Files == 0) {
     const std::string pattern = JoinPatterns(request_.Selection.Patterns);
-    services_.Messages.Show({.text = "No scanable files " +
+    services_.Messages.Show({.Text = "No scanable files " +
                                      (pattern.empty() ? "" : "as specified " + pattern + " ") +
                                      "were found in this folder" +
                                      (request_.IncludeSubfolders ? " or in its subfolders" : "") + ".",
-                             .title = "No files found",
-                             .icon = Icon::Information});
+                             .Title = "No files found",
+                             .Icon = Icon::Information});
     return RunEnd::Refused;
   }
   if (found.Files > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput &&
@@ -208,7 +208,7 @@ bool SourceReader::ReadFile(const fs::path& path, Kind kind) {
     ShowFileError(services_.Messages, *error);
     return false;
   }
-  Note("File " + PathToText(path) + " was read only in part (" + error->description + ").");
+  Note("File " + PathToText(path) + " was read only in part (" + error->Description + ").");
   return true;
 }
 
@@ -262,7 +262,7 @@ bool SourceReader::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind)
 bool SourceReader::RefuseDocx(const fs::path& path, int32_t fault, Kind kind) {
   const std::string shown = PathToText(path);
   const Message message = kind == Kind::Single ? DocxRefusal(fault, shown) : DocxFolderRefusal(fault, shown);
-  if (!message.text.empty() && !docxFaultTold_) {
+  if (!message.Text.empty() && !docxFaultTold_) {
     services_.Messages.Show(message);
     docxFaultTold_ = true;
   }
@@ -273,7 +273,7 @@ void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text
   const auto error = WriteExtractedText(services_.Files, path, text);
   if (!error) return;
   if (extractionFaultTold_) {
-    Note("The text of " + PathToText(path) + " was not written (" + error->description + ").");
+    Note("The text of " + PathToText(path) + " was not written (" + error->Description + ").");
   } else {
     ShowFileError(services_.Messages, *error);
     extractionFaultTold_ = true;

@@ -257,14 +257,14 @@ RestoreOutcome CannotRestore(std::string why) {
 
 Expected<std::string, StateError> ReadWhole(FileSystem& files, const std::filesystem::path& path) {
   auto file = files.OpenForReading(path);
-  if (!file) return StateError{file.Error().description};
+  if (!file) return StateError{file.Error().Description};
   std::string bytes;
   constexpr size_t kBlock = 65536;
   while (bytes.size() <= kMostStateBytes) {
     const size_t before = bytes.size();
     bytes.resize(before + kBlock);
     const auto read = (*file)->Read({bytes.data() + before, kBlock});
-    if (!read) return StateError{read.Error().description};
+    if (!read) return StateError{read.Error().Description};
     bytes.resize(before + *read);
     if (*read == 0) return bytes;
   }
@@ -280,10 +280,10 @@ std::optional<FileError> MakeFolder(FileSystem& files, const std::filesystem::pa
 
 std::string WriteWhole(FileSystem& files, const std::filesystem::path& path, std::string_view bytes) {
   auto file = files.OpenForWriting(path);
-  if (!file) return file.Error().description;
+  if (!file) return file.Error().Description;
   std::optional<FileError> error = (*file)->Write(bytes);
   if (!error) error = (*file)->Commit();
-  return error ? error->description : std::string();
+  return error ? error->Description : std::string();
 }
 
 }  // namespace
@@ -322,7 +322,7 @@ std::string SavedState::SaveState(const std::filesystem::path& path, const Setti
   } else {
     // Only the state file's own folder is the program's to make, with those above it: a new user has none.
     if (path.empty())
-      if (const auto refused = MakeFolder(files_, stateFile_.parent_path())) error = refused->description;
+      if (const auto refused = MakeFolder(files_, stateFile_.parent_path())) error = refused->Description;
     if (error.empty()) error = WriteWhole(files_, target, *bytes);
   }
   return error.empty() ? error : "Error when attempting to save state: " + error;
@@ -341,16 +341,16 @@ RestoreOutcome SavedState::RestoreSavedState(const std::filesystem::path& path, 
 }
 
 void SavedState::HandleEarlyEnd(Settings& settings) {
-  const Answer answer = messages_.Show({.text = "Input past end of file.  Set default values?",
-                                        .title = "Error restoring saved state",
-                                        .icon = Icon::Question,
-                                        .buttons = Buttons::YesNo,
-                                        .defaultAnswer = Answer::No,
-                                        .question = Question::SetDefaults});
+  const Answer answer = messages_.Show({.Text = "Input past end of file.  Set default values?",
+                                        .Title = "Error restoring saved state",
+                                        .Icon = Icon::Question,
+                                        .Buttons = Buttons::YesNo,
+                                        .DefaultAnswer = Answer::No,
+                                        .Question = Question::SetDefaults});
   if (answer == Answer::Yes) SetDefaultValues(settings);
-  messages_.Show({.text = "Saving the settings should fix the 'Input past end of file' error.",
-                  .title = "Input past end of file",
-                  .icon = Icon::Information});
+  messages_.Show({.Text = "Saving the settings should fix the 'Input past end of file' error.",
+                  .Title = "Input past end of file",
+                  .Icon = Icon::Information});
 }
 
 std::string LoadFailureText(const RestoreOutcome& outcome) {
@@ -365,13 +365,13 @@ std::string LoadFailureText(const RestoreOutcome& outcome) {
 }
 
 bool AskToLoadWordFile(const std::string& path, Messages& messages) {
-  return messages.Show({.text = "Do you wish to load the words-to-ignore file\r\n" + path + " ?",
-                        .title = "Load file?",
-                        .icon = Icon::Question,
-                        .buttons = Buttons::YesNo,
-                        .defaultAnswer = Answer::Yes,
-                        .question = Question::LoadWordFile,
-                        .mayBeSilenced = true}) == Answer::Yes;
+  return messages.Show({.Text = "Do you wish to load the words-to-ignore file\r\n" + path + " ?",
+                        .Title = "Load file?",
+                        .Icon = Icon::Question,
+                        .Buttons = Buttons::YesNo,
+                        .DefaultAnswer = Answer::Yes,
+                        .Question = Question::LoadWordFile,
+                        .MayBeSilenced = true}) == Answer::Yes;
 }
 
 }  // namespace korv

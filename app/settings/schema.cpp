@@ -240,9 +240,7 @@ constexpr SettingRow kRows[] = {
      .Reset = ResetBy::RestoreDefaults,
      .Places = {32},
      .Control = "chkOnly7bitASCII",
-     .Option = {.Name = "--seven-bit",
-                .Group = OptionGroup::Words,
-                .Help = "Drop words that are not ASCII"}},
+     .Option = {.Name = "--seven-bit", .Group = OptionGroup::Words, .Help = "Drop words that are not ASCII"}},
     {.Name = "IgnoreShortWords",
      .Value = WordCheck<&WordRules::IgnoreShortWords>(),
      .Reset = ResetBy::RestoreDefaults,
@@ -481,9 +479,7 @@ SettingSet SetOf(const SettingRow& row) {
 
 SettingSet SettingsResetBy(ResetBy button) {
   // In the order of the enumeration each resets what the ones behind it do.
-  return Where([button](const SettingRow& row) {
-    return button != ResetBy::Nothing && row.Reset >= button;
-  });
+  return Where([button](const SettingRow& row) { return button != ResetBy::Nothing && row.Reset >= button; });
 }
 
 SettingSet SettingsOfTheMoment() {

@@ -9,8 +9,8 @@
 
 namespace korv {
 
-/// The settings, one row each. Settings files, "Restore defaults" and "Reinitialize", the options of korv-count
-/// with their help and manual page, and the controls of the windows all follow from these rows.
+/// The settings, one row each. Settings files, "Restore defaults" and "Reinitialize", the options of
+/// korv-count with their help and manual page, and the controls of the windows all follow from these rows.
 std::span<const SettingRow> Schema();
 
 /// The options that take the words of several checkboxes.

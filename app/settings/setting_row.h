@@ -13,8 +13,8 @@
 
 namespace korv {
 
-// ---- The value of a setting: where it lies in Settings, and what it may be. A kind of value is saved, parsed
-// and shown in one way.
+// ---- The value of a setting: where it lies in Settings, and what it may be. A kind of value is saved,
+// parsed and shown in one way.
 
 /// A checkbox.
 struct CheckValue {
@@ -102,8 +102,8 @@ struct SettingRow {
   const char* Name;  ///< Unique, without "="; saved as it is, so never changed.
   SettingValue Value;
   ResetBy Reset = ResetBy::Nothing;
-  /// The places of its value in a settings file, from 1; 0 for no place. A choice with as many places as choices
-  /// has one for each. A setting without a place is saved in a line with its name.
+  /// The places of its value in a settings file, from 1; 0 for no place. A choice with as many places as
+  /// choices has one for each. A setting without a place is saved in a line with its name.
   std::array<uint8_t, 4> Places{};
   const char* Control = nullptr;  ///< Object name; null where each choice has its own, or the value has none.
   SettingOption Option{};

@@ -16,7 +16,7 @@ constexpr std::string_view kNoText = "~";
 
 size_t Characters(std::string_view text) {
   size_t characters = 0;
-  for (size_t at = 0; at < text.size(); at += Utf8SequenceAt(text, at).length) ++characters;
+  for (size_t at = 0; at < text.size(); at += Utf8SequenceAt(text, at).Length) ++characters;
   return characters;
 }
 

@@ -35,29 +35,29 @@ constexpr int kFirstFolderFormat = 10;
 }  // namespace
 
 frmMain::frmMain(const Desktop& desktop)
-    : runClock_(desktop.clock),
-      messages_(desktop.messages, runClock_),
-      desktop_{.messages = messages_,
-               .dialogs = desktop.dialogs,
-               .clipboard = desktop.clipboard,
-               .launcher = desktop.launcher,
-               .files = desktop.files,
-               .yielder = desktop.yielder,
-               .clock = desktop.clock,
-               .numbers = desktop.numbers,
-               .programText = desktop.programText,
-               .programFolder = desktop.programFolder,
-               .stateFile = desktop.stateFile,
-               .store = desktop.store,
-               .encoding = desktop.encoding},
-      recentFiles_(desktop.store, "recent/files"),
-      recentFolders_(desktop.store, "recent/folders") {
+    : runClock_(desktop.Clock),
+      messages_(desktop.Messages, runClock_),
+      desktop_{.Messages = messages_,
+               .Dialogs = desktop.Dialogs,
+               .Clipboard = desktop.Clipboard,
+               .Launcher = desktop.Launcher,
+               .Files = desktop.Files,
+               .Yielder = desktop.Yielder,
+               .Clock = desktop.Clock,
+               .Numbers = desktop.Numbers,
+               .ProgramText = desktop.ProgramText,
+               .ProgramFolder = desktop.ProgramFolder,
+               .StateFile = desktop.StateFile,
+               .Store = desktop.Store,
+               .Encoding = desktop.Encoding},
+      recentFiles_(desktop.Store, "recent/files"),
+      recentFolders_(desktop.Store, "recent/folders") {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Korv"));
   BuildControls(this);
   outputTextBox_ = std::make_unique<OutputTextBox>(*txbOutput);
   popUp_ = new frmPopUp(this);
-  overwrite_ = std::make_unique<OverwriteGuard>(desktop_.files, desktop_.messages);
+  overwrite_ = std::make_unique<OverwriteGuard>(desktop_.Files, desktop_.Messages);
   tmrProgress_ = Named(new QTimer(this), "tmrProgress");
 }
 
@@ -73,9 +73,9 @@ frmMain::~frmMain() {
 }
 
 bool frmMain::LoadProgramText() {
-  auto texts = ProgramTextFile::Load(desktop_.files, desktop_.programText);
+  auto texts = ProgramTextFile::Load(desktop_.Files, desktop_.ProgramText);
   if (!texts) {
-    desktop_.messages.Show({.text = texts.Error().Text(), .title = {}, .icon = Icon::Critical});
+    desktop_.Messages.Show({.Text = texts.Error().Text(), .Title = {}, .Icon = Icon::Critical});
     return false;
   }
   texts_ = std::make_unique<ProgramTextFile>(std::move(*texts));
@@ -119,13 +119,13 @@ bool frmMain::Form_Load() {
     optExcludePhrasesAllWordsToIgnore->setChecked(true);
   }
   if (!params_->HasWordFiles()) {
-    const bool load = desktop_.messages.Show({.text = texts_->Get(kFirstCommonWordsQuestion),
-                                              .title = texts_->Get(kFirstCommonWordsTitle),
-                                              .icon = Icon::Question,
-                                              .buttons = Buttons::YesNo,
-                                              .defaultAnswer = Answer::Yes,
-                                              .question = Question::FirstCommonWords,
-                                              .mayBeSilenced = true}) == Answer::Yes;
+    const bool load = desktop_.Messages.Show({.Text = texts_->Get(kFirstCommonWordsQuestion),
+                                              .Title = texts_->Get(kFirstCommonWordsTitle),
+                                              .Icon = Icon::Question,
+                                              .Buttons = Buttons::YesNo,
+                                              .DefaultAnswer = Answer::Yes,
+                                              .Question = Question::FirstCommonWords,
+                                              .MayBeSilenced = true}) == Answer::Yes;
     if (load) {
       params_->SetPathToCWDs_Eng();
       params_->AttemptToReadWords(ListKind::WordsToIgnore);
@@ -166,12 +166,12 @@ void frmMain::Initialize() {
   cboWordOrder->setCurrentIndex(0);
   cboDisplayFormat->setCurrentIndex(0);
   if (params_->HasWordFiles() &&
-      desktop_.messages.Show({.text = "Do you wish to clear all words-to-ignore files?",
-                              .title = "Words-to-ignore files",
-                              .icon = Icon::Question,
-                              .buttons = Buttons::YesNo,
-                              .defaultAnswer = Answer::No,
-                              .question = Question::ClearWordFiles}) == Answer::Yes) {
+      desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
+                              .Title = "Words-to-ignore files",
+                              .Icon = Icon::Question,
+                              .Buttons = Buttons::YesNo,
+                              .DefaultAnswer = Answer::No,
+                              .Question = Question::ClearWordFiles}) == Answer::Yes) {
     params_->ClearWordFiles();
   }
   txbFilterWords->clear();
@@ -198,7 +198,7 @@ void frmMain::EnableDisableButtons(bool enabled) {
   }
   lstRecent->setEnabled(enabled);
   for (QAction* action : idleActions_) action->setEnabled(enabled);
-  notes->EnableWaysOut(enabled);
+  Notes->EnableWaysOut(enabled);
   params_->EnableDisableButtons(enabled);
   if (enabled) EnableClearButtons();
 }
@@ -268,14 +268,14 @@ bool frmMain::EndProgram() {
       OfferToKeepSettings();
       quitRequested_ = true;
       messages_.Mute();
-      desktop_.yielder.RequestStop();
+      desktop_.Yielder.RequestStop();
     }
     return false;
   }
   OfferToKeepSettings();
   if (params_->chkSaveStateOnQuit->isChecked()) {
     if (const std::string fault = SaveStateTo({}); !fault.empty()) {
-      desktop_.messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+      desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
     }
   }
   StoreGeometry();
@@ -289,12 +289,12 @@ bool frmMain::EndProgram() {
 void frmMain::OfferToKeepSettings() {
   if (!startUpCompleted_ || params_->chkSaveStateOnQuit->isChecked()) return;
   if (!keeper_.WouldBeMissed(GatherSettings())) return;
-  const SettingsKeeper::Wish wish = keeper_.Ask(desktop_.messages);
+  const SettingsKeeper::Wish wish = keeper_.Ask(desktop_.Messages);
   // Where they are kept always, they are saved with the rest when the program ends.
   if (wish == SettingsKeeper::Wish::KeepAlways) params_->chkSaveStateOnQuit->setChecked(true);
   if (wish != SettingsKeeper::Wish::KeepNow) return;
   if (const std::string fault = SaveStateTo({}); !fault.empty()) {
-    desktop_.messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+    desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
   }
 }
 
@@ -322,8 +322,8 @@ void frmMain::cmdHelp_Click() {
 // ---- Geometry
 
 void frmMain::RestoreGeometry() {
-  if (desktop_.store.contains(QStringLiteral("geometry/main"))) {
-    restoreGeometry(desktop_.store.value(QStringLiteral("geometry/main")).toByteArray());
+  if (desktop_.Store.contains(QStringLiteral("geometry/main"))) {
+    restoreGeometry(desktop_.Store.value(QStringLiteral("geometry/main")).toByteArray());
     return;
   }
   // The first time: as high as the screen allows, up to where more height helps nobody.
@@ -334,22 +334,22 @@ void frmMain::RestoreGeometry() {
 }
 
 void frmMain::StoreGeometry() {
-  desktop_.store.setValue(QStringLiteral("geometry/main"), saveGeometry());
+  desktop_.Store.setValue(QStringLiteral("geometry/main"), saveGeometry());
   // One that was never shown has no place yet.
   if (params_->windowHandle() != nullptr)
-    desktop_.store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());
+    desktop_.Store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());
 }
 
 // ---- Errors of handlers
 
 void frmMain::ShowInsufficientMemory() {
-  desktop_.messages.Show({.text = "Insufficient memory", .title = "Error", .icon = Icon::Critical});
+  desktop_.Messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Critical});
 }
 
 void frmMain::ShowUnexpectedError(const char* place, const char* description) {
-  desktop_.messages.Show({.text = UnexpectedErrorText(place, kErrorUnexpected, description),
-                          .title = "Unexpected error",
-                          .icon = Icon::Critical});
+  desktop_.Messages.Show({.Text = UnexpectedErrorText(place, kErrorUnexpected, description),
+                          .Title = "Unexpected error",
+                          .Icon = Icon::Critical});
 }
 
 void frmMain::ShowStatus(const QString& text) {

@@ -389,8 +389,8 @@ QWidget* FrmMainControls::BuildResult(QWidget* parent) {
   summary->setColumnStretch(0, 1);
   summary->setColumnStretch(1, 1);
   layout->addLayout(summary);
-  notes = Named(new ResultNotesPanel(result), "notes");
-  layout->addWidget(notes);
+  Notes = Named(new ResultNotesPanel(result), "notes");
+  layout->addWidget(Notes);
 
   txbOutput = Described(Named(new QPlainTextEdit(result), "txbOutput"), "Result");
   txbOutput->setFont(WordsFont());
@@ -502,7 +502,7 @@ void FrmMainControls::SetTabOrder() {
                                        cmdSaveState,
                                        cmdHelp,
                                        cmdQuit,
-                                       notes,
+                                       Notes,
                                        txbOutput,
                                        chkSortByNumberOfFiles,
                                        cmdClearOutput,

@@ -82,7 +82,7 @@ struct FrmMainControls {
   QLabel* lblNumOccurrences = nullptr;
   QLabel* lblTotalNumOccurrences = nullptr;
   QLabel* lblNumWordsExcluded = nullptr;
-  ResultNotesPanel* notes = nullptr;
+  ResultNotesPanel* Notes = nullptr;
   QPlainTextEdit* txbOutput = nullptr;
   QPushButton* cmdClearOutput = nullptr;
 

@@ -195,10 +195,10 @@ void frmMain::BuildMenus() {
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
   add(help, "&Help", QKeySequence::HelpContents, [this] { cmdHelp_Click(); });
   add(help, "&About Korv", {}, [this] {
-    desktop_.messages.Show({.text = "Korv " + FromQt(QApplication::applicationVersion()) +
+    desktop_.Messages.Show({.Text = "Korv " + FromQt(QApplication::applicationVersion()) +
                                     "\r\n\r\nCounts the phrases of natural-language text.",
-                            .title = "About Korv",
-                            .icon = Icon::Information});
+                            .Title = "About Korv",
+                            .Icon = Icon::Information});
   });
 }
 

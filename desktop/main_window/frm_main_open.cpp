@@ -27,8 +27,8 @@ void frmMain::WatchDrops() {
 
 void frmMain::ConnectRecent() {
   const auto show = [this] { lstRecent->Show(recentFiles_.Paths(), recentFolders_.Paths()); };
-  recentFiles_.changed = show;
-  recentFolders_.changed = show;
+  recentFiles_.Changed = show;
+  recentFolders_.Changed = show;
   show();
   // Once the list is done with the click: choosing an entry fills it anew.
   const auto choose = [this](const QListWidgetItem* item) {
@@ -45,12 +45,12 @@ void frmMain::OpenPaths(const QStringList& paths) {
   if (paths.isEmpty() || !Idle()) return;
   if (paths.size() > 1) return OpenTogether(paths);
   const std::filesystem::path path = PathFromText(FromQt(paths.front()));
-  if (desktop_.files.FolderExists(path)) return TakeSource(paths.front());
-  if (!desktop_.files.FileExists(path)) {
-    desktop_.messages.Show({.text = "Input file does not exist.",
-                            .title = "File not found",
-                            .icon = Icon::Exclamation,
-                            .addition = FromQt(paths.front())});
+  if (desktop_.Files.FolderExists(path)) return TakeSource(paths.front());
+  if (!desktop_.Files.FileExists(path)) {
+    desktop_.Messages.Show({.Text = "Input file does not exist.",
+                            .Title = "File not found",
+                            .Icon = Icon::Exclamation,
+                            .Addition = FromQt(paths.front())});
     return;
   }
   if (NamesSettings(path)) return params_->OpenSettingsFile(path);
@@ -61,21 +61,21 @@ void frmMain::OpenTogether(const QStringList& paths) {
   std::vector<std::filesystem::path> files;
   for (const QString& path : paths) files.push_back(PathFromText(FromQt(path)));
   const bool texts = std::all_of(files.begin(), files.end(), [this](const std::filesystem::path& file) {
-    return desktop_.files.FileExists(file) && !NamesSettings(file);
+    return desktop_.Files.FileExists(file) && !NamesSettings(file);
   });
   const auto together = texts ? TakeTogether(files) : std::nullopt;
-  Message message{.text = "Please open one file or one folder at a time.",
-                  .title = "Several files",
-                  .icon = Icon::Information};
+  Message message{.Text = "Please open one file or one folder at a time.",
+                  .Title = "Several files",
+                  .Icon = Icon::Information};
   if (together) {
     const bool onlyThese = !together->Patterns.empty();
-    message.addition =
+    message.Addition =
         (onlyThese ? "These files lie in one folder and can be counted together:\r\n"
                    : "These files lie in one folder, which can be counted with all that it holds:\r\n") +
         PathToText(together->Folder);
-    message.extraButton = onlyThese ? "Count them &together" : "Choose the &folder";
+    message.ExtraButton = onlyThese ? "Count them &together" : "Choose the &folder";
   }
-  if (desktop_.messages.Show(message) != Answer::Extra || !together) return;
+  if (desktop_.Messages.Show(message) != Answer::Extra || !together) return;
   if (!together->Patterns.empty()) {
     txbFileFilepathSpecifications[0]->setText(ToQt(together->Patterns));
     txbFileFilepathSpecifications[1]->clear();

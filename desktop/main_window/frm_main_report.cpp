@@ -50,7 +50,7 @@ void frmMain::EnableDisableReportOptions() {
   chkFileList->setVisible(source == TextSource::Folder);
   chkFileList->setChecked(options.DisplayFormat == kFileListFormat);
   if (!available && startUpCompleted_ && !restoring_)
-    desktop_.messages.Show(UnavailableFormatMessage(FromQt(format)));
+    desktop_.Messages.Show(UnavailableFormatMessage(FromQt(format)));
 }
 
 void frmMain::cboDisplayFormat_Click() {
@@ -102,12 +102,12 @@ void frmMain::chkDisableOutputToFile_Click() {
       txbFile[1]->text().trimmed().isEmpty()) {
     return;
   }
-  if (desktop_.messages.Show({.text = "Relist words (so as to write to file)?",
-                              .title = "Relist?",
-                              .icon = Icon::Question,
-                              .buttons = Buttons::YesNo,
-                              .defaultAnswer = Answer::Yes,
-                              .question = Question::Relist}) == Answer::Yes) {
+  if (desktop_.Messages.Show({.Text = "Relist words (so as to write to file)?",
+                              .Title = "Relist?",
+                              .Icon = Icon::Question,
+                              .Buttons = Buttons::YesNo,
+                              .DefaultAnswer = Answer::Yes,
+                              .Question = Question::Relist}) == Answer::Yes) {
     ListTheResult(WantsFilter());
   }
 }

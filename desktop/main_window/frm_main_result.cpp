@@ -16,7 +16,7 @@
 namespace korv {
 
 void frmMain::ConnectResult() {
-  notes->OnAction([this](NoteAction action) { Guarded("TakeWayOut", [&] { TakeWayOut(action); })(); });
+  Notes->OnAction([this](NoteAction action) { Guarded("TakeWayOut", [&] { TakeWayOut(action); })(); });
   const auto changed = Guarded("ShowResult", [this] { ShowResult(); });
   for (QComboBox* combo : {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency,
                            params_->cboShortWordSize, params_->cboLongWordSize}) {
@@ -56,7 +56,7 @@ void frmMain::ShowResult() {
   if (running_ || restoring_) return;
   const bool inSight = result_ && result_->InSight;
   const ResultLabels labels =
-      inSight ? LabelsOf(*result_, desktop_.numbers) : ResultLabels{" ", " ", " ", " "};
+      inSight ? LabelsOf(*result_, desktop_.Numbers) : ResultLabels{" ", " ", " ", " "};
   lblNumberOfWords->setText(ToQt(labels.NumberOfWords));
   lblNumOccurrences->setText(ToQt(labels.NumOccurrences));
   lblTotalNumOccurrences->setText(ToQt(labels.TotalNumOccurrences));
@@ -67,11 +67,11 @@ void frmMain::ShowResult() {
     const RunSummary& facts = result_->Run.Facts;
     ShowCounts(facts.Options.SourceKind == TextSource::Folder ? facts.FilesScanned : 0, facts.Words.Taken,
                result_->Run.Table.PhraseCount());
-    const std::string encoding = EncodingText(facts, desktop_.numbers);
+    const std::string encoding = EncodingText(facts, desktop_.Numbers);
     lblStatusEncoding->setText(ToQt(encoding));
     lblStatusEncoding->setVisible(!encoding.empty());
   }
-  notes->ShowNotes(result_ ? NotesOf(*result_, GatherChosen(), desktop_.numbers) : std::vector<ResultNote>{});
+  Notes->ShowNotes(result_ ? NotesOf(*result_, GatherChosen(), desktop_.Numbers) : std::vector<ResultNote>{});
 }
 
 void frmMain::HideResult() {
@@ -80,7 +80,7 @@ void frmMain::HideResult() {
     label->clear();
   }
   HideCounts();
-  notes->ShowNotes({});
+  Notes->ShowNotes({});
 }
 
 void frmMain::SetTitle() {
@@ -106,7 +106,7 @@ void frmMain::ShowLastList() {
   if (listing.File.empty() || !SameForm(listing.Options, GatherChosen().Report))
     return ListTheResult(WantsFilter(), false);
   output_->Clear();
-  output_->OutputToTxb(WrittenText(listing.List.Phrases, listing.File, desktop_.numbers) + "\r\n");
+  output_->OutputToTxb(WrittenText(listing.List.Phrases, listing.File, desktop_.Numbers) + "\r\n");
   result_->InSight = true;
   ShowResult();
 }
@@ -131,11 +131,11 @@ void frmMain::TakeWayOut(NoteAction action) {
       chkDisableOutputToFile->setChecked(false);
       return ListTheResult(WantsFilter());
     case NoteAction::OpenFile:
-      OpenWithAssociatedProgram(desktop_.launcher, desktop_.messages, written);
+      OpenWithAssociatedProgram(desktop_.Launcher, desktop_.Messages, written);
       return;
     case NoteAction::OpenFolder:
-      OpenWithAssociatedProgram(desktop_.launcher, desktop_.messages,
-                                PathToText(desktop_.files.AbsolutePath(PathFromText(written)).parent_path()));
+      OpenWithAssociatedProgram(desktop_.Launcher, desktop_.Messages,
+                                PathToText(desktop_.Files.AbsolutePath(PathFromText(written)).parent_path()));
       return;
     case NoteAction::CountOnly:
       if (!params_->optCountOnlyWordsAndPhrases->isChecked()) params_->optCountOnlyWordsAndPhrases->click();

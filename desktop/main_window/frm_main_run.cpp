@@ -132,7 +132,7 @@ RunRequest frmMain::GatherRunRequest() const {
 void frmMain::cmdCountPhrases_Click() {
   WindowRunObserver view(*this);
   if (running_) {
-    AskToStop(desktop_.messages, desktop_.yielder, view);
+    AskToStop(desktop_.Messages, desktop_.Yielder, view);
     return;
   }
   const BoxContents before(*this);
@@ -140,12 +140,12 @@ void frmMain::cmdCountPhrases_Click() {
   // A key may have come here without the filter words having lost the focus.
   txbFilterWords_LostFocus();
   RunRequest request = GatherRunRequest();
-  if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.clipboard.Text();
+  if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.Clipboard.Text();
   ReportOptions report = GatherReportOptions();
-  if (!AskBeforeCounting(request, report, desktop_.files, desktop_.messages)) return;
+  if (!AskBeforeCounting(request, report, desktop_.Files, desktop_.Messages)) return;
   bool toFile = true;
   if (!request.OutputPath.empty() &&
-      !CanOpenOutputFile(PathFromText(TrimmedPath(request.OutputPath)), desktop_.files, desktop_.messages)) {
+      !CanOpenOutputFile(PathFromText(TrimmedPath(request.OutputPath)), desktop_.Files, desktop_.Messages)) {
     request.OutputPath.clear();
     toFile = false;
   }
@@ -158,13 +158,13 @@ void frmMain::cmdCountPhrases_Click() {
   CountedRun run;
   counting_ = &run;
   countShown_ = false;
-  desktop_.yielder.ClearStop();
+  desktop_.Yielder.ClearStop();
   const RunEnd end = RunCount(request,
-                              {.Messages = desktop_.messages,
-                               .Yielder = desktop_.yielder,
-                               .Files = desktop_.files,
-                               .Clock = desktop_.clock,
-                               .Numbers = desktop_.numbers,
+                              {.Messages = desktop_.Messages,
+                               .Yielder = desktop_.Yielder,
+                               .Files = desktop_.Files,
+                               .Clock = desktop_.Clock,
+                               .Numbers = desktop_.Numbers,
                                .Encodings = encodings_,
                                .View = view,
                                .Progress = progress_},
@@ -187,7 +187,7 @@ void frmMain::cmdCountPhrases_Click() {
     return;
   }
 
-  desktop_.yielder.ClearStop();
+  desktop_.Yielder.ClearStop();
   TakeResult(request, std::move(run));
   // A file that was chosen meanwhile is another one than that which could not be opened.
   ListTheResult(report.FilterActive, toFile || !result_->Run.OutputPath.empty());
@@ -200,8 +200,8 @@ void frmMain::TakeResult(const RunRequest& request, CountedRun run) {
   result_->Run = std::move(run);
   if (result_->Run.Table.Occurrences() == 0) {
     OfferedPhrases offered;
-    if (FindOfferedPhrases(result_->Run.Table, desktop_.yielder, offered)) result_->Offered = offered;
-    desktop_.yielder.ClearStop();
+    if (FindOfferedPhrases(result_->Run.Table, desktop_.Yielder, offered)) result_->Offered = offered;
+    desktop_.Yielder.ClearStop();
   }
   if (request.Options.SourceKind != TextSource::Clipboard) {
     (request.Options.SourceKind == TextSource::Folder ? recentFolders_ : recentFiles_)
@@ -211,7 +211,7 @@ void frmMain::TakeResult(const RunRequest& request, CountedRun run) {
 
 void frmMain::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
   const auto count = [this](uint64_t number, const char* one, const char* many) {
-    return ToQt(desktop_.numbers.Grouped(static_cast<int64_t>(number))) + u' ' +
+    return ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(number))) + u' ' +
            QString::fromUtf8(number == 1 ? one : many);
   };
   lblStatusFiles->setText(files == 0 ? QString() : count(files, "file", "files"));
@@ -241,8 +241,8 @@ void frmMain::ListTheResult(bool filtered, bool toFile) {
   std::optional<RunGuard> busy;
   if (!running_) busy.emplace(*this);
   changedMeanwhile_ = false;
-  if (!SetUpChainFor(result_->Run, options, desktop_.yielder)) return;
-  const Report report{result_->Run.Table, result_->Run.Facts, options, desktop_.numbers};
+  if (!SetUpChainFor(result_->Run, options, desktop_.Yielder)) return;
+  const Report report{result_->Run.Table, result_->Run.Facts, options, desktop_.Numbers};
   const BoxContents before(*this);
   ShownListing listing = path ? ListIntoFile(report, *path) : ListIntoBox(report);
   if (listing.Failed && path && result_->InSight) return before.PutBack(*this);
@@ -257,10 +257,10 @@ ShownListing frmMain::ListIntoBox(const Report& report) {
   ShownListing listing;
   listing.Options = report.Options;
   try {
-    listing.List = ListWordsToTextBox(report, *output_, desktop_.yielder);
+    listing.List = ListWordsToTextBox(report, *output_, desktop_.Yielder);
   } catch (const std::exception&) {
     listing.Failed = true;
-    ShowListingError(report.Options, desktop_.messages, texts_.get());
+    ShowListingError(report.Options, desktop_.Messages, texts_.get());
   }
   return listing;
 }
@@ -273,13 +273,13 @@ ShownListing frmMain::ListIntoFile(const Report& report, const std::string& path
   prgProgress->setRange(0, 0);
   const FileListResult written =
       ListWordsToFile(report, file,
-                      {.Files = desktop_.files,
-                       .Dialogs = desktop_.messages,
+                      {.Files = desktop_.Files,
+                       .Dialogs = desktop_.Messages,
                        .Texts = texts_.get(),
                        .Box = output_.get(),
-                       .Encoding = desktop_.encoding,
+                       .Encoding = desktop_.Encoding,
                        .Progress = [this](uint32_t phrases) { ShowWritingProgress(phrases); }},
-                      desktop_.yielder);
+                      desktop_.Yielder);
   ShowStatus({});
   const bool stopped = written.List.Outcome == ListOutcome::Stopped;
   ShownListing listing;
@@ -295,7 +295,7 @@ ShownListing frmMain::ListIntoFile(const Report& report, const std::string& path
 }
 
 void frmMain::ShowWritingProgress(uint32_t phrases) {
-  ShowStatus(ToQt("Now writing to output file . . . " + desktop_.numbers.Grouped(phrases) + " phrases"));
+  ShowStatus(ToQt("Now writing to output file . . . " + desktop_.Numbers.Grouped(phrases) + " phrases"));
 }
 
 std::optional<std::string> frmMain::ConfirmedOutputPath() {
@@ -318,12 +318,12 @@ bool frmMain::OutputIsSource(const std::string& path) {
     case TextSource::Clipboard:
       return false;
     case TextSource::SingleFile:
-      if (!PathsMeetInOneFile(desktop_.files, facts.InputPath, path)) return false;
-      ShowInputFileError(desktop_.messages, InputFileCode::SameAsOutput, facts.InputPath);
+      if (!PathsMeetInOneFile(desktop_.Files, facts.InputPath, path)) return false;
+      ShowInputFileError(desktop_.Messages, InputFileCode::SameAsOutput, facts.InputPath);
       return true;
     case TextSource::Folder:
-      if (!OutputIsInFolder(desktop_.files, facts.InputPath, path, facts.IncludeSubfolders)) return false;
-      ShowOutputInFolder(desktop_.messages);
+      if (!OutputIsInFolder(desktop_.Files, facts.InputPath, path, facts.IncludeSubfolders)) return false;
+      ShowOutputInFolder(desktop_.Messages);
       return true;
   }
   return false;
@@ -334,7 +334,7 @@ bool frmMain::OutputIsSource(const std::string& path) {
 void frmMain::BeginRun(bool counts) {
   running_ = true;
   progress_ = {};
-  desktop_.yielder.ClearStop();
+  desktop_.Yielder.ClearStop();
   if (counts) runClock_.Start();
   const QWidget* const focused = focusWidget();
   EnableDisableButtons(false);
@@ -384,7 +384,7 @@ void frmMain::Timer2_Timer() {
   if (counting_ == nullptr || !countShown_) return;
   lblNumberOfWords->setText(
       QStringLiteral("Number of different phrases found so far: ") +
-      ToQt(desktop_.numbers.Grouped(static_cast<int64_t>(counting_->Table.PhraseCount()))));
+      ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(counting_->Table.PhraseCount()))));
   if (chkSuppressWords->isChecked() && outputTextBox_->Length() < kSignOfLifeBelow) {
     output_->OutputToTxb(". ");
   }
@@ -433,15 +433,15 @@ void frmMain::WhileBusy(const std::string& notice, const std::function<void(List
     FollowWhatChangedMeanwhile();
   });
   // A stop of an earlier run does not concern the reading.
-  desktop_.yielder.ClearStop();
-  TextFileCheck check{.Files = desktop_.files,
-                      .Messages = desktop_.messages,
-                      .Format = desktop_.numbers,
+  desktop_.Yielder.ClearStop();
+  TextFileCheck check{.Files = desktop_.Files,
+                      .Messages = desktop_.Messages,
+                      .Format = desktop_.Numbers,
                       .ClearOutput = {},
                       .MacNoticeShown = macNoticeShown_};
   ListReading reading{.Check = check,
                       .Encodings = encodings_,
-                      .Yield = desktop_.yielder,
+                      .Yield = desktop_.Yielder,
                       .ShowWordsRead = [this](const std::string& text) { ShowStatus(ToQt(text)); }};
   work(reading);
   macNoticeShown_ = check.MacNoticeShown;

@@ -141,7 +141,7 @@ void frmMain::PutIntoControls(const Settings& settings) {
 std::string frmMain::SaveStateTo(const std::filesystem::path& path) {
   const Settings settings = GatherSettings();
   const std::string fault =
-      SavedState(desktop_.files, desktop_.messages, desktop_.stateFile).SaveState(path, settings);
+      SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).SaveState(path, settings);
   if (fault.empty()) keeper_.Remember(settings);
   return fault;
 }
@@ -149,7 +149,7 @@ std::string frmMain::SaveStateTo(const std::filesystem::path& path) {
 RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
   Settings settings = GatherSettings();
   const RestoreOutcome outcome =
-      SavedState(desktop_.files, desktop_.messages, desktop_.stateFile).RestoreSavedState(path, settings);
+      SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).RestoreSavedState(path, settings);
   ApplySettings(settings);
   if (outcome.Result != kRestored) return outcome;
   keeper_.Remember(settings);
@@ -167,7 +167,7 @@ RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
   }
   if (const std::string* list = settings.WordsFile()) {
     const std::string& selected = *list;
-    if (AskToLoadWordFile(selected, desktop_.messages)) {
+    if (AskToLoadWordFile(selected, desktop_.Messages)) {
       params_->AttemptToReadWords(ListKind::WordsToIgnore);
     } else {
       params_->ForgetLoadedWords(ListKind::WordsToIgnore);
@@ -180,11 +180,11 @@ RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
 }
 
 void frmMain::RestoreStateFile() {
-  if (!desktop_.files.FileExists(desktop_.stateFile)) return;
+  if (!desktop_.Files.FileExists(desktop_.StateFile)) return;
   const RestoreOutcome outcome = RestoreSavedState({});
   if (outcome.Result == kRestored) return;
-  desktop_.messages.Show(
-      {.text = LoadFailureText(outcome), .title = "Load settings", .icon = Icon::Exclamation});
+  desktop_.Messages.Show(
+      {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
 }
 
 void frmMain::cmdSaveState_Click() {
@@ -194,7 +194,7 @@ void frmMain::cmdSaveState_Click() {
 void frmMain::SaveStateFile(QWidget* window) {
   const std::string fault = SaveStateTo({});
   if (!fault.empty()) {
-    desktop_.messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+    desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
     return;
   }
   popUp_->PopUpInForm(QStringLiteral("Settings saved"), window, QStringLiteral("Save state"));

@@ -68,8 +68,8 @@ void frmMain::SourceHasChanged() {
 void frmMain::cmdFile_Click(int index) {
   QLineEdit* box = txbFile[static_cast<size_t>(index)];
   if (index == 0) {
-    const auto path = desktop_.dialogs.ChooseFileToOpen(
-        {.title = "Specify an input file", .filter = kAnyTextFile, .initialPath = FromQt(box->text())});
+    const auto path = desktop_.Dialogs.ChooseFileToOpen(
+        {.Title = "Specify an input file", .Filter = kAnyTextFile, .InitialPath = FromQt(box->text())});
     if (!path) return;
     TakeSource(ToQt(*path));
   } else {
@@ -79,13 +79,13 @@ void frmMain::cmdFile_Click(int index) {
 
 bool frmMain::ChooseOutputFile() {
   QLineEdit* const box = txbFile[1];
-  const auto path = desktop_.dialogs.ChooseFileToSave(
-      {.title = "Specify an output file", .filter = kAnyTextFile, .initialPath = FromQt(box->text())});
+  const auto path = desktop_.Dialogs.ChooseFileToSave(
+      {.Title = "Specify an output file", .Filter = kAnyTextFile, .InitialPath = FromQt(box->text())});
   if (!path) return false;
   const std::string folder = FromQt(txbFolder->text());
   if (SourceKind() == TextSource::Folder && !folder.empty() &&
-      OutputIsInFolder(desktop_.files, folder, *path, chkIncludeSubfolders->isChecked())) {
-    ShowOutputInFolder(desktop_.messages);
+      OutputIsInFolder(desktop_.Files, folder, *path, chkIncludeSubfolders->isChecked())) {
+    ShowOutputInFolder(desktop_.Messages);
     return false;
   }
   box->setText(ToQt(*path));
@@ -116,14 +116,14 @@ void frmMain::ShowFileSizes() {
   lblXMLsize->setText(QStringLiteral(" "));
   const std::string path = TrimmedPath(FromQt(txbFile[0]->text()));
   if (SourceKind() != TextSource::SingleFile || path.empty()) return;
-  const auto size = desktop_.files.FileSize(PathFromText(path));
-  if (size && desktop_.files.FileExists(PathFromText(path))) {
-    lblFilesize->setText(ToQt(FileSizeLabel(*size, desktop_.numbers)));
+  const auto size = desktop_.Files.FileSize(PathFromText(path));
+  if (size && desktop_.Files.FileExists(PathFromText(path))) {
+    lblFilesize->setText(ToQt(FileSizeLabel(*size, desktop_.Numbers)));
   }
 }
 
 void frmMain::cmdFolder_Click() {
-  const auto path = desktop_.dialogs.ChooseFolder("Specify a folder", FromQt(txbFolder->text()));
+  const auto path = desktop_.Dialogs.ChooseFolder("Specify a folder", FromQt(txbFolder->text()));
   if (path) TakeSource(ToQt(*path));
 }
 
@@ -140,7 +140,7 @@ void frmMain::txbFolder_LostFocus() {
 }
 
 void frmMain::TakeSource(const QString& path) {
-  const bool folder = desktop_.files.FolderExists(PathFromText(FromQt(path)));
+  const bool folder = desktop_.Files.FolderExists(PathFromText(FromQt(path)));
   QLineEdit* box = folder ? txbFolder : txbFile[0];
   box->setText(path);
   // The end of a path tells more than its beginning.
@@ -155,18 +155,18 @@ void frmMain::txbFileFilepathSpecifications_LostFocus(int index) {
   QLineEdit* box = txbFileFilepathSpecifications[static_cast<size_t>(index)];
   const QString joined = ToQt(JoinPatterns(SplitPatterns(FromQt(box->text()))));
   if (joined != box->text()) box->setText(joined);
-  if (index == 0) WarnAboutDocPattern(FromQt(joined), desktop_.messages);
+  if (index == 0) WarnAboutDocPattern(FromQt(joined), desktop_.Messages);
   // Of its own faults only; those of the other box are told when that one is left.
   FileSelection own;
   (index == 0 ? own.Patterns : own.Exclusions) = SplitPatterns(FromQt(joined));
-  ValidatePatterns(own, desktop_.messages);
+  ValidatePatterns(own, desktop_.Messages);
 }
 
 void frmMain::cmdListFiles_Click() {
   const FileSelection selection = SelectionOf(txbFileFilepathSpecifications);
   const std::string folderText = TrimmedFolderPath(FromQt(txbFolder->text()));
-  if (!ValidatePatterns(selection, desktop_.messages) ||
-      !ValidateFolder(desktop_.files, desktop_.messages, folderText, {}, chkIncludeSubfolders->isChecked(),
+  if (!ValidatePatterns(selection, desktop_.Messages) ||
+      !ValidateFolder(desktop_.Files, desktop_.Messages, folderText, {}, chkIncludeSubfolders->isChecked(),
                       true)) {
     return;
   }
@@ -174,7 +174,7 @@ void frmMain::cmdListFiles_Click() {
   const RunGuard busy(*this);
   HideResult();
   output_->Clear();
-  FolderWalk walk(desktop_.files, desktop_.yielder, selection, chkIncludeSubfolders->isChecked());
+  FolderWalk walk(desktop_.Files, desktop_.Yielder, selection, chkIncludeSubfolders->isChecked());
   FolderEvents events;
   events.Say = [this](const std::string& text) { output_->OutputToTxb(text); };
   events.Unreadable = [this](const std::filesystem::path& path, const FileError& error) {
@@ -184,14 +184,14 @@ void frmMain::cmdListFiles_Click() {
       ListFiles(walk, folder, events, [this](const std::string& line) { output_->OutputToTxb(line); });
   // Of a walk that was stopped nobody knows how many files there are.
   const std::string found =
-      totals.Stopped ? StoppedCountingText(totals.Files) : WillBeScannedText(totals.Files, desktop_.numbers);
+      totals.Stopped ? StoppedCountingText(totals.Files) : WillBeScannedText(totals.Files, desktop_.Numbers);
   if (totals.Stopped) output_->OutputToTxb(found + "\r\n");
   ShowStatus(ToQt(found));
 }
 
 void frmMain::cmdClipboardViewer_Click() {
-  if (desktop_.launcher.OpenClipboardViewer()) return;
-  if (!clipboardViewer_) clipboardViewer_ = std::make_unique<frmClipboard>(desktop_.clipboard);
+  if (desktop_.Launcher.OpenClipboardViewer()) return;
+  if (!clipboardViewer_) clipboardViewer_ = std::make_unique<frmClipboard>(desktop_.Clipboard);
   if (!clipboardViewer_->isVisible()) CentreOver(*clipboardViewer_, *this);
   clipboardViewer_->ShowText();
 }

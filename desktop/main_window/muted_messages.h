@@ -19,11 +19,11 @@ class MutedMessages final : public Messages {
       const RunClock::Waiting waiting(clock_);
       return messages_.Show(message);
     }
-    switch (message.buttons) {
+    switch (message.Buttons) {
       case Buttons::Ok:
         return Answer::Ok;
       case Buttons::YesNo:
-        return message.question == Question::StopDocx ? Answer::Yes : Answer::No;
+        return message.Question == Question::StopDocx ? Answer::Yes : Answer::No;
       case Buttons::YesNoCancel:
         return Answer::Cancel;
     }

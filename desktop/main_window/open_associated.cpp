@@ -27,18 +27,18 @@ std::string Explanation(LaunchFault fault, const std::string& target) {
 
 bool OpenWithAssociatedProgram(Launcher& launcher, Messages& messages, const std::string& target) {
   const LaunchResult result = launcher.Open(target);
-  if (result.fault == LaunchFault::None) return true;
+  if (result.Fault == LaunchFault::None) return true;
   if (IsAddress(target)) {
-    messages.Show({.text = "Error launching web browser, error code = " + std::to_string(result.code) + "." +
-                           Explanation(result.fault, target),
-                   .title = "Cannot launch web browser",
-                   .icon = Icon::Exclamation});
+    messages.Show({.Text = "Error launching web browser, error code = " + std::to_string(result.Code) + "." +
+                           Explanation(result.Fault, target),
+                   .Title = "Cannot launch web browser",
+                   .Icon = Icon::Exclamation});
   } else {
-    messages.Show({.text = "Error when opening file " + target +
+    messages.Show({.Text = "Error when opening file " + target +
                            ".\r\nPerhaps the file extension has no association." +
-                           Explanation(result.fault, target),
-                   .title = "Error",
-                   .icon = Icon::Exclamation});
+                           Explanation(result.Fault, target),
+                   .Title = "Error",
+                   .Icon = Icon::Exclamation});
   }
   return false;
 }

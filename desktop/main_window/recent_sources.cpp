@@ -21,12 +21,12 @@ void RecentSources::Add(const QString& path) {
   paths.removeAll(path);
   paths.prepend(path);
   store_.setValue(key_, paths.mid(0, kMost));
-  if (changed) changed();
+  if (Changed) Changed();
 }
 
 void RecentSources::Clear() {
   store_.remove(key_);
-  if (changed) changed();
+  if (Changed) Changed();
 }
 
 }  // namespace korv

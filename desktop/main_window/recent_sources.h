@@ -17,7 +17,7 @@ class RecentSources {
   void Add(const QString& path);
   void Clear();
 
-  std::function<void()> changed;  ///< Called after every change; may be empty.
+  std::function<void()> Changed;  ///< Called after every change; may be empty.
 
  private:
   QSettings& store_;

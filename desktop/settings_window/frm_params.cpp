@@ -42,7 +42,7 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
   FillLanguages();
   optListKind_Click();
   Connect();
-  const QSettings& store = main_.Outside().store;
+  const QSettings& store = main_.Outside().Store;
   if (store.contains(QStringLiteral("geometry/settings"))) {
     restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
   } else {
@@ -184,17 +184,17 @@ void frmParams::showEvent(QShowEvent* event) {
 }
 
 void frmParams::cmdInitialize_Click() {
-  if (main_.Outside().messages.Show(
-          {.text =
+  if (main_.Outside().Messages.Show(
+          {.Text =
                "This sets every option to its default, clears the extra words to ignore, the file patterns "
                "and\r\nthe filter words, and saves all that.  Do you wish to go on?",
-           .title = "Reinitialize",
-           .icon = Icon::Question,
-           .buttons = Buttons::YesNo,
-           .defaultAnswer = Answer::Yes,
-           .question = Question::Reinitialize,
-           .mayBeSilenced = true,
-           .silencedAnswer = Answer::Yes}) != Answer::Yes) {
+           .Title = "Reinitialize",
+           .Icon = Icon::Question,
+           .Buttons = Buttons::YesNo,
+           .DefaultAnswer = Answer::Yes,
+           .Question = Question::Reinitialize,
+           .MayBeSilenced = true,
+           .SilencedAnswer = Answer::Yes}) != Answer::Yes) {
     return;
   }
   main_.Initialize();
@@ -202,13 +202,13 @@ void frmParams::cmdInitialize_Click() {
   main_.SetWordsToIgnoreNotice();
   const std::string fault = main_.SaveStateTo({});
   if (!fault.empty()) {
-    main_.Outside().messages.Show({.text = fault, .title = "Save state", .icon = Icon::Exclamation});
+    main_.Outside().Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
   }
   main_.PopUps().PopUpInForm(QStringLiteral("Program reinitialized"), this);
 }
 
 void frmParams::cmdAskEverythingAgain_Click() {
-  AskEverythingAgain(main_.Outside().store);
+  AskEverythingAgain(main_.Outside().Store);
   cmdAskEverythingAgain->setEnabled(false);
   lblState->setText(QStringLiteral("Every question will be asked again."));
 }
@@ -221,13 +221,13 @@ void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   const bool load = index == 0;
   const Desktop& outside = main_.Outside();
   const FileChoice choice{
-      .title = load ? "Specify file to load settings from." : "Specify file to save settings to",
-      .filter = kSettingsFilter,
-      .initialPath = FromQt(txbStateFile->text()),
-      .extension = kSettingsExtension,
-      .asksBeforeReplacing = !load};
+      .Title = load ? "Specify file to load settings from." : "Specify file to save settings to",
+      .Filter = kSettingsFilter,
+      .InitialPath = FromQt(txbStateFile->text()),
+      .Extension = kSettingsExtension,
+      .AsksBeforeReplacing = !load};
   const std::optional<std::string> chosen =
-      load ? outside.dialogs.ChooseFileToOpen(choice) : outside.dialogs.ChooseFileToSave(choice);
+      load ? outside.Dialogs.ChooseFileToOpen(choice) : outside.Dialogs.ChooseFileToSave(choice);
   if (!chosen || chosen->empty()) return;
   const std::filesystem::path path = PathFromText(*chosen);
   const QString shown = ToQt(PathToText(path));
@@ -254,7 +254,7 @@ bool frmParams::SaveSettings(const std::filesystem::path& path) {
   const bool saved = fault.empty();
   lblState->setText(ToQt((saved ? "Settings saved to " : "Error saving to ") + PathToText(path)));
   if (!saved) {
-    main_.Outside().messages.Show({.text = fault, .title = "Save settngs", .icon = Icon::Exclamation});
+    main_.Outside().Messages.Show({.Text = fault, .Title = "Save settngs", .Icon = Icon::Exclamation});
   }
   return saved;
 }
@@ -268,8 +268,8 @@ bool frmParams::LoadSettings(const std::filesystem::path& path) {
     return true;
   }
   lblState->setText(ToQt("Error loading from " + PathToText(path)));
-  main_.Outside().messages.Show(
-      {.text = LoadFailureText(outcome), .title = "Load settings", .icon = Icon::Exclamation});
+  main_.Outside().Messages.Show(
+      {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
   main_.Initialize();
   main_.SetWordsToIgnoreNotice();
   return false;
@@ -280,12 +280,12 @@ void frmParams::cmdClose_Click() {
 }
 
 bool frmParams::ReallyQuit() {
-  return main_.Outside().messages.Show({.text = "Really quit?",
-                                        .title = "Quit",
-                                        .icon = Icon::Question,
-                                        .buttons = Buttons::YesNo,
-                                        .defaultAnswer = Answer::No,
-                                        .question = Question::ReallyQuit}) == Answer::Yes;
+  return main_.Outside().Messages.Show({.Text = "Really quit?",
+                                        .Title = "Quit",
+                                        .Icon = Icon::Question,
+                                        .Buttons = Buttons::YesNo,
+                                        .DefaultAnswer = Answer::No,
+                                        .Question = Question::ReallyQuit}) == Answer::Yes;
 }
 
 void frmParams::cmdQuit_Click() {
@@ -314,13 +314,13 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
   std::string what = "clipboard";
   if (main_.SourceKind() == TextSource::SingleFile) what = "file";
   if (main_.SourceKind() == TextSource::Folder) what = "files";
-  if (main_.Outside().messages.Show(
-          {.text = "Changing this entails reading the " + what + " anew.  Is this OK?",
-           .title = "Word rules",
-           .icon = Icon::Question,
-           .buttons = Buttons::YesNo,
-           .defaultAnswer = Answer::Yes,
-           .question = Question::RereadSource}) == Answer::Yes)
+  if (main_.Outside().Messages.Show(
+          {.Text = "Changing this entails reading the " + what + " anew.  Is this OK?",
+           .Title = "Word rules",
+           .Icon = Icon::Question,
+           .Buttons = Buttons::YesNo,
+           .DefaultAnswer = Answer::Yes,
+           .Question = Question::RereadSource}) == Answer::Yes)
     return true;
   box->setChecked(!box->isChecked());
   return false;

@@ -177,12 +177,12 @@ QLayout* FrmParamsControls::BuildWordsBoxes(QWidget* frame) {
       "Only phrases that hold one of these words, or are one of these phrases, are counted.  Comma "
       "and space should be used to separate them.  A regular expression stands between < and >.",
       frame);
-  wordsBoxes = new QStackedLayout;
-  for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) wordsBoxes->addWidget(box);
+  WordsBoxes = new QStackedLayout;
+  for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) WordsBoxes->addWidget(box);
   // Two lines at least; the rest of the window's height goes here.
   const int lines = 2 * QFontMetrics(WordsFont()).lineSpacing() + 14;
   for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) box->setMinimumHeight(lines);
-  return wordsBoxes;
+  return WordsBoxes;
 }
 
 QWidget* FrmParamsControls::BuildAllowWords(QWidget* parent) {

@@ -63,7 +63,7 @@ struct FrmParamsControls {
   QLabel* lblWordsToIgnoreOrCount = nullptr;
   std::array<QPlainTextEdit*, 2> txbWordsToIgnoreOrCount{};  ///< 0 words to ignore, 1 count-only.
   QPushButton* cmdClearWordsToIgnoreOrCount = nullptr;
-  QStackedLayout* wordsBoxes = nullptr;   ///< Shows one of the two.
+  QStackedLayout* WordsBoxes = nullptr;   ///< Shows one of the two.
   ElidingLabel* lblWordsState = nullptr;  ///< What the list that is shown consists of.
 
   RulesSampleBox* fraSample = nullptr;  ///< What the rules above make of a text.

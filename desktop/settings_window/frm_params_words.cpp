@@ -73,7 +73,7 @@ ListKind frmParams::ShownKind() const {
 
 void frmParams::optListKind_Click() {
   const bool countOnly = ShownKind() == ListKind::CountOnly;
-  wordsBoxes->setCurrentIndex(countOnly ? 1 : 0);
+  WordsBoxes->setCurrentIndex(countOnly ? 1 : 0);
   lblWordsToIgnoreOrCount->setBuddy(txbWordsToIgnoreOrCount[countOnly ? 1 : 0]);
   lblWordsToIgnoreOrCount->setText(countOnly ? QStringLiteral("E&xtra count-only words\nand phrases:")
                                              : QStringLiteral("E&xtra words to ignore:"));
@@ -97,11 +97,11 @@ void frmParams::optListKind_Click() {
 void frmParams::cmdSelectWordsFile_Click() {
   const ListKind kind = ShownKind();
   WordFileList& files = FilesOf(kind);
-  Messages& messages = main_.Outside().messages;
+  Messages& messages = main_.Outside().Messages;
   if (!files.MayGrow(messages)) return;
-  const auto path = main_.Outside().dialogs.ChooseFileToOpen({.title = std::string(SelectFileTitle(kind)),
-                                                              .filter = std::string(kListFileFilter),
-                                                              .initialPath = files.SelectedPath()});
+  const auto path = main_.Outside().Dialogs.ChooseFileToOpen({.Title = std::string(SelectFileTitle(kind)),
+                                                              .Filter = std::string(kListFileFilter),
+                                                              .InitialPath = files.SelectedPath()});
   if (!path) return;
   const bool added = files.Add(*path, messages);
   ShowWordFiles();
@@ -132,7 +132,7 @@ void frmParams::cboWordsFile_Click() {
 }
 
 void frmParams::cmdClearWordsFile_Click() {
-  if (!FilesOf(ShownKind()).AskToClear(main_.Outside().messages)) return;
+  if (!FilesOf(ShownKind()).AskToClear(main_.Outside().Messages)) return;
   ForgetLoadedWords(ShownKind());
   ShowWordFiles();
 }
@@ -185,7 +185,7 @@ void frmParams::EnableClearButtons() {
   cmdClearWordsToIgnoreOrCount->setEnabled(!txbWordsToIgnoreOrCount[kind]->document()->isEmpty());
   cboWordsFile->setEnabled(cboWordsFile->count() > 0);
   cmdClearWordsFile->setEnabled(cboWordsFile->count() > 0);
-  cmdAskEverythingAgain->setEnabled(AnySilenced(main_.Outside().store));
+  cmdAskEverythingAgain->setEnabled(AnySilenced(main_.Outside().Store));
 }
 
 void frmParams::GatherWordFiles(Settings& settings) const {
@@ -204,8 +204,8 @@ void frmParams::ApplyWordFiles(const Settings& settings) {
 void frmParams::cboCommonWordsLanguages_Click() {
   const int item = cboCommonWordsLanguages->currentIndex();
   const Desktop& outside = main_.Outside();
-  if (AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.programFolder, outside.files,
-                     FilesOf(ListKind::WordsToIgnore), outside.messages)) {
+  if (AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.ProgramFolder, outside.Files,
+                     FilesOf(ListKind::WordsToIgnore), outside.Messages)) {
     ShowWordFiles();
     AttemptToReadWords(ListKind::WordsToIgnore);
   }
@@ -213,7 +213,7 @@ void frmParams::cboCommonWordsLanguages_Click() {
 
 void frmParams::SetPathToCWDs_Eng() {
   const Desktop& outside = main_.Outside();
-  korv::SetPathToCWDs_Eng(outside.programFolder, FilesOf(ListKind::WordsToIgnore), outside.messages);
+  korv::SetPathToCWDs_Eng(outside.ProgramFolder, FilesOf(ListKind::WordsToIgnore), outside.Messages);
   ShowWordFiles();
 }
 
@@ -250,7 +250,7 @@ void frmParams::CheckAllowedExtraChars() {
 }
 
 void frmParams::CheckAllowedExtraChars(ListKind kind) {
-  korv::CheckAllowedExtraChars(kind, TypedOf(kind), main_.GatherSettings().Words, main_.Outside().messages);
+  korv::CheckAllowedExtraChars(kind, TypedOf(kind), main_.GatherSettings().Words, main_.Outside().Messages);
 }
 
 void frmParams::ClearExtraWords() {

@@ -12,18 +12,18 @@ bool SettingsKeeper::WouldBeMissed(const Settings& settings) const {
 
 SettingsKeeper::Wish SettingsKeeper::Ask(Messages& messages) {
   if (std::exchange(asked_, true)) return Wish::Forget;
-  switch (messages.Show({.text = "You have changed settings that would be forgotten.\r\n"
+  switch (messages.Show({.Text = "You have changed settings that would be forgotten.\r\n"
                                  "Do you wish to keep them for the next start?",
-                         .title = "Quit",
-                         .icon = Icon::Question,
-                         .buttons = Buttons::YesNo,
-                         .defaultAnswer = Answer::No,
-                         .question = Question::KeepSettings,
-                         .extraButton = "&Always",
-                         .yesButton = "&This time",
-                         .noButton = "&Not now",
-                         .mayBeSilenced = true,
-                         .silencedAnswer = Answer::No})) {
+                         .Title = "Quit",
+                         .Icon = Icon::Question,
+                         .Buttons = Buttons::YesNo,
+                         .DefaultAnswer = Answer::No,
+                         .Question = Question::KeepSettings,
+                         .ExtraButton = "&Always",
+                         .YesButton = "&This time",
+                         .NoButton = "&Not now",
+                         .MayBeSilenced = true,
+                         .SilencedAnswer = Answer::No})) {
     case Answer::Yes:
       return Wish::KeepNow;
     case Answer::Extra:

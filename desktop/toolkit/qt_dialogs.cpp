@@ -31,21 +31,21 @@ std::optional<std::string> Chosen(const QString& path) {
 }  // namespace
 
 std::optional<std::string> QtDialogs::ChooseFileToOpen(const FileChoice& choice) {
-  return Chosen(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(choice.title),
-                                             ToQt(choice.initialPath), NameFilter(choice.filter)));
+  return Chosen(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(choice.Title),
+                                             ToQt(choice.InitialPath), NameFilter(choice.Filter)));
 }
 
 std::optional<std::string> QtDialogs::ChooseFileToSave(const FileChoice& choice) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQt(choice.title), {}, NameFilter(choice.filter));
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(choice.Title), {}, NameFilter(choice.Filter));
   dialog.setObjectName(QStringLiteral("saveDialog"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite, !choice.asksBeforeReplacing);
-  dialog.setDefaultSuffix(ToQt(choice.extension));
-  const QFileInfo initial(ToQt(choice.initialPath));
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !choice.AsksBeforeReplacing);
+  dialog.setDefaultSuffix(ToQt(choice.Extension));
+  const QFileInfo initial(ToQt(choice.InitialPath));
   if (initial.isDir()) {
     dialog.setDirectory(initial.filePath());
-  } else if (!choice.initialPath.empty()) {
+  } else if (!choice.InitialPath.empty()) {
     dialog.setDirectory(initial.path());
     dialog.selectFile(initial.fileName());
   }

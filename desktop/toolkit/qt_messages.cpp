@@ -75,17 +75,17 @@ QString TitleOr(const std::string& title) {
 }
 
 void AddButtons(QMessageBox& box, const Message& message) {
-  const QMessageBox::StandardButtons buttons = BoxButtons(message.buttons);
+  const QMessageBox::StandardButtons buttons = BoxButtons(message.Buttons);
   box.setStandardButtons(buttons);
-  if (const auto preferred = BoxButton(message.defaultAnswer); buttons.testFlag(preferred)) {
+  if (const auto preferred = BoxButton(message.DefaultAnswer); buttons.testFlag(preferred)) {
     box.setDefaultButton(preferred);
   }
-  box.setEscapeButton(EscapeButton(message.buttons));
+  box.setEscapeButton(EscapeButton(message.Buttons));
   const auto rename = [&](QMessageBox::StandardButton which, const std::string& caption) {
     if (buttons.testFlag(which) && !caption.empty()) box.button(which)->setText(ToQt(caption));
   };
-  rename(QMessageBox::Yes, message.yesButton);
-  rename(QMessageBox::No, message.noButton);
+  rename(QMessageBox::Yes, message.YesButton);
+  rename(QMessageBox::No, message.NoButton);
 }
 
 Answer AnswerOf(int pressed) {
@@ -102,28 +102,28 @@ Answer AnswerOf(int pressed) {
 }
 
 QString TextOf(const Message& message) {
-  const QString text = ToQtLines(message.text);
-  return message.addition.empty() ? text : text + QStringLiteral("\n\n") + ToQtLines(message.addition);
+  const QString text = ToQtLines(message.Text);
+  return message.Addition.empty() ? text : text + QStringLiteral("\n\n") + ToQtLines(message.Addition);
 }
 
 }  // namespace
 
 Answer QtMessages::Show(const Message& message) {
-  const bool maySilence = message.mayBeSilenced && message.question != Question::None;
+  const bool maySilence = message.MayBeSilenced && message.Question != Question::None;
   if (maySilence) {
-    if (const auto answer = SilencedAnswer(store_, message.question)) return *answer;
+    if (const auto answer = SilencedAnswer(store_, message.Question)) return *answer;
   }
   QMessageBox box(QApplication::activeWindow());
   box.setObjectName(QStringLiteral("messageBox"));
-  box.setWindowTitle(TitleOr(message.title));
+  box.setWindowTitle(TitleOr(message.Title));
   // Paths and words of the user stand in these texts: nothing in them is mark-up.
   box.setTextFormat(Qt::PlainText);
   box.setText(TextOf(message));
-  box.setIcon(BoxIcon(message.icon));
+  box.setIcon(BoxIcon(message.Icon));
   AddButtons(box, message);
   QAbstractButton* extra = nullptr;
-  if (!message.extraButton.empty()) {
-    extra = box.addButton(ToQt(message.extraButton), QMessageBox::ActionRole);
+  if (!message.ExtraButton.empty()) {
+    extra = box.addButton(ToQt(message.ExtraButton), QMessageBox::ActionRole);
     extra->setObjectName(QStringLiteral("cmdExtra"));
   }
   QCheckBox* silence = nullptr;
@@ -135,7 +135,7 @@ Answer QtMessages::Show(const Message& message) {
   const int pressed = box.exec();
   const Answer answer = extra != nullptr && box.clickedButton() == extra ? Answer::Extra : AnswerOf(pressed);
   if (silence != nullptr && silence->isChecked()) {
-    Silence(store_, message.question, message.silencedAnswer.value_or(answer));
+    Silence(store_, message.Question, message.SilencedAnswer.value_or(answer));
   }
   return answer;
 }

@@ -59,8 +59,8 @@ const char* NameOf(Question question) {
 }
 
 struct NamedAnswer {
-  Answer answer;
-  QLatin1String name;
+  korv::Answer Answer;
+  QLatin1String Name;
 };
 const NamedAnswer kDecisions[] = {{Answer::Yes, QLatin1String("Yes")},
                                   {Answer::No, QLatin1String("No")},
@@ -75,14 +75,14 @@ QString KeyOf(Question question) {
 std::optional<Answer> SilencedAnswer(const QSettings& store, Question question) {
   const QString kept = store.value(KeyOf(question)).toString();
   for (const NamedAnswer& decision : kDecisions) {
-    if (kept == decision.name) return decision.answer;
+    if (kept == decision.Name) return decision.Answer;
   }
   return std::nullopt;
 }
 
 void Silence(QSettings& store, Question question, Answer answer) {
   for (const NamedAnswer& decision : kDecisions) {
-    if (answer == decision.answer) store.setValue(KeyOf(question), QString(decision.name));
+    if (answer == decision.Answer) store.setValue(KeyOf(question), QString(decision.Name));
   }
 }
 

@@ -53,9 +53,9 @@ WordNumber Vocabulary::Find(std::string_view word) const {
 void Vocabulary::Rank(std::vector<WordNumber>& renumbered, const Yielder& yielder) try {
   const uint32_t n = table_.Size();
   struct Row {
-    uint64_t beginning;
-    std::string_view key;
-    WordNumber word;
+    uint64_t Beginning;
+    std::string_view Key;
+    WordNumber Word;
   };
   // Most words are their own keys; the folded ones are kept apart, reserved so that views stay valid.
   StringTable folded;
@@ -73,9 +73,9 @@ void Vocabulary::Rank(std::vector<WordNumber>& renumbered, const Yielder& yielde
   // Last key: the text itself, which no two words share.
   std::sort(rows.begin(), rows.end(), [&](const Row& a, const Row& b) {
     if (yielder.Stopped()) throw Interrupted{};
-    if (a.beginning != b.beginning) return a.beginning < b.beginning;
-    if (const int c = a.key.compare(b.key); c != 0) return c < 0;
-    return table_.Text(a.word - 1) < table_.Text(b.word - 1);
+    if (a.Beginning != b.Beginning) return a.Beginning < b.Beginning;
+    if (const int c = a.Key.compare(b.Key); c != 0) return c < 0;
+    return table_.Text(a.Word - 1) < table_.Text(b.Word - 1);
   });
 
   renumbered.assign(n + 1, kNoWord);
@@ -87,12 +87,12 @@ void Vocabulary::Rank(std::vector<WordNumber>& renumbered, const Yielder& yielde
   uint32_t lastClass = 0;
   for (uint32_t r = 1; r <= n; ++r) {
     const Row& row = rows[r - 1];
-    renumbered[row.word] = r;
-    characters[r] = characters_[row.word];
-    if (r == 1 || row.key != rows[r - 2].key) ++lastClass;
+    renumbered[row.Word] = r;
+    characters[r] = characters_[row.Word];
+    if (r == 1 || row.Key != rows[r - 2].Key) ++lastClass;
     classes[r] = lastClass;
     begins_.push_back(bytes_.size());
-    const std::string_view text = table_.Text(row.word - 1);
+    const std::string_view text = table_.Text(row.Word - 1);
     bytes_.insert(bytes_.end(), text.begin(), text.end());
   }
   begins_.push_back(bytes_.size());

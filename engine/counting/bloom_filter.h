@@ -9,8 +9,9 @@
 
 namespace korv {
 
-/// A Bloom filter: a set of hashes that never denies a member and claims one time in 25 at most to hold a hash
-/// that is none. Three bits a member, all in one word of memory. Any thread may add; look-ups come after.
+/// A Bloom filter: a set of hashes that never denies a member and claims one time in 25 at most to hold a
+/// hash that is none. Three bits a member, all in one word of memory. Any thread may add; look-ups come
+/// after.
 class BloomFilter {
  public:
   /// For about so many members: 8 bits each.

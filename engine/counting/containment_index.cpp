@@ -88,8 +88,8 @@ bool ContainmentIndex::AddPhrases(Yielder& yielder) {
   return RunParts(n, yielder, [this](size_t begin, size_t end) { Add(begin, end); });
 }
 
-/// Adds phrases [begin, end) to the filters and the table. A few are hashed at a time, so that the memory which
-/// they go to is on its way before it is needed.
+/// Adds phrases [begin, end) to the filters and the table. A few are hashed at a time, so that the memory
+/// which they go to is on its way before it is needed.
 void ContainmentIndex::Add(size_t begin, size_t end) {
   struct Hashes {
     uint64_t Family;

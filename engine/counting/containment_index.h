@@ -17,11 +17,12 @@ namespace korv {
 
 /// The listed phrases of a table, arranged for finding those that another phrase contains.
 ///
-/// A phrase of n words stands within a longer one as a run of n consecutive words. The words between the outer two
-/// are equal; the first word of the run ends with the phrase's first word, and the last one begins with its last.
-/// So a run and the phrases in it have the same family hash, which is made of the words between and of the affix
-/// families (see WordAffixes) of the outer two. With the phrase's own first word in place of its family it is the
-/// half hash. Bloom filters of both reject most runs without a look-up in the table of phrases.
+/// A phrase of n words stands within a longer one as a run of n consecutive words. The words between the
+/// outer two are equal; the first word of the run ends with the phrase's first word, and the last one begins
+/// with its last. So a run and the phrases in it have the same family hash, which is made of the words
+/// between and of the affix families (see WordAffixes) of the outer two. With the phrase's own first word in
+/// place of its family it is the half hash. Bloom filters of both reject most runs without a look-up in the
+/// table of phrases.
 class ContainmentIndex {
  public:
   /// A listed phrase of two words or more.
@@ -34,8 +35,8 @@ class ContainmentIndex {
 
   explicit ContainmentIndex(const PhraseTableData& data) : data_(data) {}
 
-  /// Call once, before anything else. On all threads; linear in the phrases and the characters of the words. Costs
-  /// about 60 bytes a phrase and 32 a word. False when stopped: the index is of no use then.
+  /// Call once, before anything else. On all threads; linear in the phrases and the characters of the words.
+  /// Costs about 60 bytes a phrase and 32 a word. False when stopped: the index is of no use then.
   bool Build(Yielder& yielder);
 
   /// Ascend by First.
@@ -56,8 +57,8 @@ class ContainmentIndex {
     return WithCount(Joined(HashOfWord(first), between, HashOfWord(last), words), count, words);
   }
 
-  /// The family hashes of the phrases, and those of two phrases or more: a run that is a phrase itself always has
-  /// its own family. The same of half hashes.
+  /// The family hashes of the phrases, and those of two phrases or more: a run that is a phrase itself always
+  /// has its own family. The same of half hashes.
   const BloomFilter& Families() const { return *families_; }
   const BloomFilter& SharedFamilies() const { return *sharedFamilies_; }
   const BloomFilter& Halves() const { return *halves_; }

@@ -11,10 +11,10 @@ namespace korv {
 
 /// Finds the listed phrases that other listed phrases of the same count contain.
 ///
-/// Every run of words of a phrase is a candidate. It passes three look-ups, each in memory that is far away: in the
-/// Bloom filter of families; with each choice of the first word, in that of halves; with each choice of the last
-/// word too, in the table of phrases. Candidates are collected before each, so that the memory is on its way for
-/// many of them at once. Each thread uses an object of its own.
+/// Every run of words of a phrase is a candidate. It passes three look-ups, each in memory that is far away:
+/// in the Bloom filter of families; with each choice of the first word, in that of halves; with each choice
+/// of the last word too, in the table of phrases. Candidates are collected before each, so that the memory is
+/// on its way for many of them at once. Each thread uses an object of its own.
 class ContainmentSearch {
  public:
   using Flags = std::vector<std::atomic<uint8_t>>;
@@ -25,9 +25,9 @@ class ContainmentSearch {
 
   /// Adds the runs of the index's phrase `k` as candidates.
   ///
-  /// Phrases are gone through in the order of their places. Two that start one word apart and have the same count
-  /// share all runs but those that end behind the first. The second leaves these out, so that a passage which occurs
-  /// twice costs its length, not its length times kMostWords.
+  /// Phrases are gone through in the order of their places. Two that start one word apart and have the same
+  /// count share all runs but those that end behind the first. The second leaves these out, so that a passage
+  /// which occurs twice costs its length, not its length times kMostWords.
   void AddPhrase(size_t k);
   /// Looks up the candidates that are left. Call it after the last phrase.
   void Finish();

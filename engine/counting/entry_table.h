@@ -9,8 +9,8 @@
 
 namespace korv {
 
-/// Entries of a phrase table by a hash: open addressing, at most two thirds full. Any thread may insert; look-ups
-/// come after.
+/// Entries of a phrase table by a hash: open addressing, at most two thirds full. Any thread may insert;
+/// look-ups come after.
 class EntryTable {
  public:
   EntryTable() = default;
@@ -30,7 +30,8 @@ class EntryTable {
   template <typename Use>
   void Visit(uint64_t hash, const Use& use) const {
     for (size_t at = First(hash); slots_[at] != 0; at = Next(at))
-      if ((slots_[at] & kHashPart) == (hash & kHashPart) && use(static_cast<uint32_t>(slots_[at]) - 1)) return;
+      if ((slots_[at] & kHashPart) == (hash & kHashPart) && use(static_cast<uint32_t>(slots_[at]) - 1))
+        return;
   }
 
   /// Asks the memory for what Insert and Visit will look at first.

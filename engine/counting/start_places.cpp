@@ -41,7 +41,8 @@ class PhraseWindow {
     characters_ += vocabulary_.Characters(word) + 1;
     while (end_ - place > maxWords_ || characters_ - 1 > kMostPhraseCharacters)
       characters_ -= vocabulary_.Characters(tokens_[--end_]) + 1;
-    if (rule_.ExcludesAllIgnored()) ignored_ = rule_.IsWordToIgnore(word) ? std::min(ignored_ + 1, kMostWords) : 0;
+    if (rule_.ExcludesAllIgnored())
+      ignored_ = rule_.IsWordToIgnore(word) ? std::min(ignored_ + 1, kMostWords) : 0;
     if (rule_.HasCountOnly())
       beforeCountOnly_ = rule_.IsCountOnlyWord(word) ? 0 : std::min(beforeCountOnly_ + 1, kMostWords);
   }
@@ -120,7 +121,8 @@ class StartFinder {
     return true;
   }
 
-  /// Turns the sizes of buckets, each at the index behind its word, into their begins at the index of the word.
+  /// Turns the sizes of buckets, each at the index behind its word, into their begins at the index of the
+  /// word.
   bool SetUpBuckets() {
     uint64_t begin = 0;
     std::vector<uint64_t>& ends = starts_.BucketEnds;

@@ -16,9 +16,10 @@ namespace korv {
 ///
 ///   MostWords[p] == 0 where Tokens[p] == kNoWord;
 ///   BucketEnds[0] == 0, BucketEnds[w - 1] <= BucketEnds[w], BucketEnds[last word] == Places.size();
-///   Places[BucketEnds[w - 1]] to Places[BucketEnds[w]], that one excluded, ascend, and Tokens[p] == w for each.
+///   Places[BucketEnds[w - 1]] to Places[BucketEnds[w]], that one excluded, ascend, and Tokens[p] == w for
+///   each.
 struct StartPlaces {
-  ZeroedArray<uint8_t> MostWords;     ///< Per token: most words of a phrase that starts there.
+  ZeroedArray<uint8_t> MostWords;  ///< Per token: most words of a phrase that starts there.
   RawVector<uint32_t> Places;
   std::vector<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
   std::vector<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.

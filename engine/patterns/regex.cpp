@@ -37,7 +37,7 @@ using Handle = std::unique_ptr<T, Freer<Free>>;
 using CompileContext = Handle<pcre2_compile_context, pcre2_compile_context_free>;
 using MatchContext = Handle<pcre2_match_context, pcre2_match_context_free>;
 using MatchData = Handle<pcre2_match_data, pcre2_match_data_free>;
-using Code = Handle<pcre2_code, pcre2_code_free>;
+using CodeHandle = Handle<pcre2_code, pcre2_code_free>;
 
 template <typename H>
 H OrThrow(H handle) {
@@ -48,12 +48,12 @@ H OrThrow(H handle) {
 }  // namespace
 
 struct Regex::Compiled {
-  Code code;
-  MatchContext limits;
+  CodeHandle Code;
+  MatchContext Limits;
   /// Scratch of the match that is not going on: whoever matches takes it, or makes its own.
-  mutable std::atomic<pcre2_match_data*> spare{nullptr};
+  mutable std::atomic<pcre2_match_data*> Spare{nullptr};
 
-  ~Compiled() { pcre2_match_data_free(spare.load()); }
+  ~Compiled() { pcre2_match_data_free(Spare.load()); }
 };
 
 Regex::Regex(std::string_view expression, bool caseSignificant) {
@@ -63,7 +63,7 @@ Regex::Regex(std::string_view expression, bool caseSignificant) {
   const uint32_t options = kOptions | (caseSignificant ? 0 : PCRE2_CASELESS);
   int error = 0;
   PCRE2_SIZE at = 0;
-  Code code(pcre2_compile(Units(expression), expression.size(), options, &error, &at, context.get()));
+  CodeHandle code(pcre2_compile(Units(expression), expression.size(), options, &error, &at, context.get()));
   if (!code) return;
   // Where the JIT is not to be had, or declines the expression, pcre2_match interprets it.
   pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
@@ -74,8 +74,8 @@ Regex::Regex(std::string_view expression, bool caseSignificant) {
   pcre2_set_heap_limit(limits.get(), kHeapLimitKilobytes);
 
   compiled_ = std::make_unique<Compiled>();
-  compiled_->code = std::move(code);
-  compiled_->limits = std::move(limits);
+  compiled_->Code = std::move(code);
+  compiled_->Limits = std::move(limits);
 }
 
 Regex::~Regex() = default;
@@ -84,18 +84,18 @@ Regex& Regex::operator=(Regex&&) noexcept = default;
 
 Regex::Outcome Regex::Try(std::string_view text) const {
   if (!compiled_) return Outcome::NoMatch;
-  MatchData data(compiled_->spare.exchange(nullptr, std::memory_order_acquire));
+  MatchData data(compiled_->Spare.exchange(nullptr, std::memory_order_acquire));
   if (!data) data = OrThrow(MatchData(pcre2_match_data_create(1, nullptr)));
 
   const auto match = [&](uint32_t options) {
-    return pcre2_match(compiled_->code.get(), Units(text), text.size(), 0, options, data.get(),
-                       compiled_->limits.get());
+    return pcre2_match(compiled_->Code.get(), Units(text), text.size(), 0, options, data.get(),
+                       compiled_->Limits.get());
   };
   int result = match(0);
   // The JIT's small stack bounds long texts before the limits do; the interpreter goes by the limits alone.
   if (result == PCRE2_ERROR_JIT_STACKLIMIT) result = match(PCRE2_NO_JIT);
 
-  MatchData other(compiled_->spare.exchange(data.release(), std::memory_order_acq_rel));
+  MatchData other(compiled_->Spare.exchange(data.release(), std::memory_order_acq_rel));
   if (result >= 0) return Outcome::Match;
   return result == PCRE2_ERROR_NOMATCH ? Outcome::NoMatch : Outcome::GaveUp;
 }

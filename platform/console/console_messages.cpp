@@ -5,7 +5,7 @@ namespace korv {
 namespace {
 
 Answer AnswerTo(const Message& message) {
-  switch (message.question) {
+  switch (message.Question) {
     case Question::None:
       return Answer::Ok;
     case Question::MinimumFrequency:
@@ -33,18 +33,18 @@ Answer AnswerTo(const Message& message) {
     case Question::OnlySubfolders:
       break;
   }
-  return message.defaultAnswer;
+  return message.DefaultAnswer;
 }
 
 }  // namespace
 
 Answer ConsoleMessages::Show(const Message& message) {
-  if (message.buttons != Buttons::Ok) return AnswerTo(message);
+  if (message.Buttons != Buttons::Ok) return AnswerTo(message);
   // Some texts end in empty lines, to set them apart from what a window shows below.
-  std::string text = program_ + ": " + WithPlainLineEnds(message.text);
+  std::string text = program_ + ": " + WithPlainLineEnds(message.Text);
   text.erase(text.find_last_not_of('\n') + 1);
   text += '\n';
-  if (!message.addition.empty()) text += WithPlainLineEnds(message.addition) + "\n";
+  if (!message.Addition.empty()) text += WithPlainLineEnds(message.Addition) + "\n";
   if (when_ == When::AtOnce)
     Write(text);
   else

@@ -26,7 +26,7 @@ std::error_code LastErrorCode() {
 
 FileError LastError() {
   FileError error = FileErrorOf(LastErrorCode());
-  if (errno == EDQUOT) error.fault = FileFault::NoSpace;
+  if (errno == EDQUOT) error.Fault = FileFault::NoSpace;
   return error;
 }
 
@@ -181,8 +181,8 @@ bool NamesOpenFile(const fs::path& path) {
 }
 
 struct Target {
-  fs::path path;  ///< With links followed, so that a link stays one and its file is replaced.
-  bool direct = false;
+  fs::path Path;  ///< With links followed, so that a link stays one and its file is replaced.
+  bool Direct = false;
 };
 
 Expected<Target, FileError> FollowLinks(fs::path path) {
@@ -245,17 +245,17 @@ Expected<std::unique_ptr<InputFile>, FileError> SystemOpenForReading(const fs::p
 Expected<std::unique_ptr<OutputFile>, FileError> SystemOpenForWriting(const fs::path& path) {
   const Expected<Target, FileError> target = FollowLinks(path);
   if (!target) return target.Error();
-  if (target->direct) return OpenDirectly(target->path);
+  if (target->Direct) return OpenDirectly(target->Path);
   struct stat facts {};
-  if (::stat(target->path.c_str(), &facts) != 0) {
+  if (::stat(target->Path.c_str(), &facts) != 0) {
     if (errno != ENOENT) return LastError();
-    return OpenBeside(target->path, nullptr);
+    return OpenBeside(target->Path, nullptr);
   }
   if (S_ISDIR(facts.st_mode)) return FileErrorOf(std::make_error_code(std::errc::is_a_directory));
-  if (!S_ISREG(facts.st_mode)) return OpenDirectly(target->path);
+  if (!S_ISREG(facts.st_mode)) return OpenDirectly(target->Path);
   // Renaming over a file needs no right to write to it; a user who has none does not expect it to change.
-  if (!FileDescriptor(::open(target->path.c_str(), O_WRONLY | O_CLOEXEC)).Open()) return LastError();
-  return OpenBeside(target->path, &facts);
+  if (!FileDescriptor(::open(target->Path.c_str(), O_WRONLY | O_CLOEXEC)).Open()) return LastError();
+  return OpenBeside(target->Path, &facts);
 }
 
 Expected<fs::path, FileError> SystemPrivateTemporaryFolder() {

@@ -101,19 +101,19 @@ class SystemFiles final : public FileSystem {
     if (entry.is_symlink(code)) {
       const fs::file_status target = entry.status(code);
       if (fs::is_regular_file(target) || !fs::exists(target))
-        listing.files.push_back(entry.path().filename());
+        listing.Files.push_back(entry.path().filename());
     } else if (entry.is_directory(code)) {
-      listing.subfolders.push_back(entry.path().filename());
+      listing.Subfolders.push_back(entry.path().filename());
     } else if (entry.is_regular_file(code)) {
-      listing.files.push_back(entry.path().filename());
+      listing.Files.push_back(entry.path().filename());
     }
   }
 };
 
 FileFault FaultOf(const std::error_code& code) {
   struct Row {
-    std::errc condition;
-    FileFault fault;
+    std::errc Condition;
+    FileFault Fault;
   };
   static constexpr Row kRows[] = {
       {std::errc::no_such_file_or_directory, FileFault::NotFound},
@@ -126,8 +126,8 @@ FileFault FaultOf(const std::error_code& code) {
       {std::errc::no_space_on_device, FileFault::NoSpace},
       {std::errc::file_too_large, FileFault::NoSpace},
   };
-  const auto row = std::ranges::find_if(kRows, [&](const Row& r) { return code == r.condition; });
-  return row == std::end(kRows) ? FileFault::Other : row->fault;
+  const auto row = std::ranges::find_if(kRows, [&](const Row& r) { return code == r.Condition; });
+  return row == std::end(kRows) ? FileFault::Other : row->Fault;
 }
 
 }  // namespace

@@ -9,10 +9,10 @@ namespace korv {
 namespace {
 
 struct ConsoleState {
-  std::mutex mutex;
-  UINT outputCodePage = 0;  ///< 0 where nothing is to be restored.
-  HANDLE screen = INVALID_HANDLE_VALUE;
-  DWORD mode = 0;
+  std::mutex Mutex;
+  UINT OutputCodePage = 0;  ///< 0 where nothing is to be restored.
+  HANDLE Screen = INVALID_HANDLE_VALUE;
+  DWORD Mode = 0;
 };
 
 ConsoleState& Before() {
@@ -24,22 +24,22 @@ ConsoleState& Before() {
 
 void PrepareConsole() {
   ConsoleState& before = Before();
-  const std::lock_guard lock(before.mutex);
-  before.outputCodePage = ::GetConsoleOutputCP();
-  if (before.outputCodePage != 0) ::SetConsoleOutputCP(CP_UTF8);
+  const std::lock_guard lock(before.Mutex);
+  before.OutputCodePage = ::GetConsoleOutputCP();
+  if (before.OutputCodePage != 0) ::SetConsoleOutputCP(CP_UTF8);
   const HANDLE screen = ::GetStdHandle(STD_ERROR_HANDLE);
-  if (!::GetConsoleMode(screen, &before.mode)) return;
-  before.screen = screen;
-  ::SetConsoleMode(screen, before.mode | ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+  if (!::GetConsoleMode(screen, &before.Mode)) return;
+  before.Screen = screen;
+  ::SetConsoleMode(screen, before.Mode | ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
 void RestoreConsole() {
   ConsoleState& before = Before();
-  const std::lock_guard lock(before.mutex);
-  if (before.screen != INVALID_HANDLE_VALUE) ::SetConsoleMode(before.screen, before.mode);
-  if (before.outputCodePage != 0) ::SetConsoleOutputCP(before.outputCodePage);
-  before.screen = INVALID_HANDLE_VALUE;
-  before.outputCodePage = 0;
+  const std::lock_guard lock(before.Mutex);
+  if (before.Screen != INVALID_HANDLE_VALUE) ::SetConsoleMode(before.Screen, before.Mode);
+  if (before.OutputCodePage != 0) ::SetConsoleOutputCP(before.OutputCodePage);
+  before.Screen = INVALID_HANDLE_VALUE;
+  before.OutputCodePage = 0;
 }
 
 }  // namespace korv

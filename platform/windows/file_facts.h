@@ -10,9 +10,9 @@
 namespace korv {
 
 struct FileFacts {
-  bool folder = false;
-  bool readOnly = false;  ///< Marked as such; of no meaning for folders.
-  uint64_t size = 0;      ///< In bytes; of no meaning for folders.
+  bool Folder = false;
+  bool ReadOnly = false;  ///< Marked as such; of no meaning for folders.
+  uint64_t Size = 0;      ///< In bytes; of no meaning for folders.
 };
 
 /// What a FullPath() that is no device leads to, links followed.

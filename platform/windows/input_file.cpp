@@ -88,7 +88,7 @@ Expected<std::unique_ptr<InputFile>, FileError> OpenInput(const fs::path& full) 
     const DWORD error = ::GetLastError();
     if (!IsDevice(full)) {
       const Expected<FileFacts, FileError> facts = FactsOf(full);
-      if (facts && facts->folder) return FolderError();
+      if (facts && facts->Folder) return FolderError();
     }
     return ErrorAt(full, error);
   }

@@ -164,9 +164,9 @@ Expected<std::unique_ptr<OutputFile>, FileError> OpenOutput(const fs::path& full
   if (IsDevice(full)) return OpenDevice(full);
   if (NamesPartOfFile(full)) return ErrorOf(ERROR_INVALID_NAME);
   if (const auto facts = FactsOf(full)) {
-    if (facts->folder) return FolderError();
+    if (facts->Folder) return FolderError();
     // Not every file system minds.
-    if (facts->readOnly) return ErrorOf(ERROR_ACCESS_DENIED);
+    if (facts->ReadOnly) return ErrorOf(ERROR_ACCESS_DENIED);
   }
   Handle existing = OpenExisting(ExtendedPath(full.native()), kReplace);
   if (!existing.Open()) {

@@ -17,7 +17,7 @@
 
 // The runtime's own division of the command line, which its headers leave out.
 struct RuntimeStart {
-  int newMode;
+  int NewMode;
 };
 extern "C" int __cdecl __wgetmainargs(int* count, wchar_t*** arguments, wchar_t*** environment,
                                       int expandWildcards, RuntimeStart* start);

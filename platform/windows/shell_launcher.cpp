@@ -39,7 +39,7 @@ class ShellLauncher final : public Launcher {
     const std::unique_ptr<FileSystem> files = MakeSystemFiles();
     for (const fs::path& place : ClipboardViewerPlaces(folder[0])) {
       if (files->FileExists(place))
-        return LaunchResultOf(OpenWithShell(place.native())).fault == LaunchFault::None;
+        return LaunchResultOf(OpenWithShell(place.native())).Fault == LaunchFault::None;
     }
     return false;
   }

@@ -75,9 +75,9 @@ class OwnerOnly {
 
 /// What tells a file from every other one.
 struct FileIdentity {
-  bool known = false;
-  ULONGLONG volume = 0;
-  FILE_ID_128 number = {};
+  bool Known = false;
+  ULONGLONG Volume = 0;
+  FILE_ID_128 Number = {};
 };
 
 FileIdentity IdentityOf(const Handle& file) {
@@ -89,9 +89,9 @@ FileIdentity IdentityOf(const Handle& file) {
   FileIdentity identity;
   if (!::GetFileInformationByHandle(file.Get(), &facts)) return identity;
   const DWORD words[] = {facts.nFileIndexLow, facts.nFileIndexHigh};
-  std::memcpy(identity.number.Identifier, words, sizeof words);
-  identity.volume = facts.dwVolumeSerialNumber;
-  identity.known = true;
+  std::memcpy(identity.Number.Identifier, words, sizeof words);
+  identity.Volume = facts.dwVolumeSerialNumber;
+  identity.Known = true;
   return identity;
 }
 
@@ -101,7 +101,7 @@ class SystemFiles final : public FileSystem {
     const fs::path full = FullPath(path);
     if (IsDevice(full)) return DeviceExists(full);
     const Expected<FileFacts, FileError> facts = FactsOf(full);
-    return facts && !facts->folder;
+    return facts && !facts->Folder;
   }
 
   bool FolderExists(const fs::path& path) const override { return IsFolder(FullPath(path)); }
@@ -111,8 +111,8 @@ class SystemFiles final : public FileSystem {
     if (IsDevice(full)) return ErrorOf(ERROR_INVALID_FUNCTION);
     const Expected<FileFacts, FileError> facts = FactsOf(full);
     if (!facts) return facts.Error();
-    if (facts->folder) return FolderError();
-    return facts->size;
+    if (facts->Folder) return FolderError();
+    return facts->Size;
   }
 
   bool SameFile(const fs::path& a, const fs::path& b) const override {
@@ -125,8 +125,8 @@ class SystemFiles final : public FileSystem {
     if (!one.Open() || !other.Open()) return false;
     const FileIdentity left = IdentityOf(one);
     const FileIdentity right = IdentityOf(other);
-    return left.known && right.known && left.volume == right.volume &&
-           std::ranges::equal(left.number.Identifier, right.number.Identifier);
+    return left.Known && right.Known && left.Volume == right.Volume &&
+           std::ranges::equal(left.Number.Identifier, right.Number.Identifier);
   }
 
   fs::path AbsolutePath(const fs::path& path) const override { return FullPath(path); }
@@ -158,7 +158,7 @@ class SystemFiles final : public FileSystem {
     if (IsDevice(full)) return ErrorOf(ERROR_DIRECTORY);
     const Expected<FileFacts, FileError> facts = FactsOf(full);
     if (!facts) return facts.Error();
-    if (!facts->folder) return ErrorOf(ERROR_DIRECTORY);
+    if (!facts->Folder) return ErrorOf(ERROR_DIRECTORY);
     FolderListing listing;
     FolderSearch search(full);
     for (; search.AtEntry(); search.GoOn()) Sort(full, search.Entry(), listing);
@@ -200,7 +200,7 @@ class SystemFiles final : public FileSystem {
   static bool IsFolder(const fs::path& full) {
     if (IsDevice(full)) return false;
     const Expected<FileFacts, FileError> facts = FactsOf(full);
-    return facts && facts->folder;
+    return facts && facts->Folder;
   }
 
   static bool DeviceExists(const fs::path& full) {
@@ -218,15 +218,15 @@ class SystemFiles final : public FileSystem {
     if (name == L"." || name == L"..") return;
     switch (KindOfEntry(entry.dwFileAttributes, entry.dwReserved0)) {
       case EntryKind::File:
-        listing.files.push_back(name);
+        listing.Files.push_back(name);
         break;
       case EntryKind::Folder:
-        listing.subfolders.push_back(name);
+        listing.Subfolders.push_back(name);
         break;
       case EntryKind::Link:
         // A link is made for files or for folders; one for folders that leads nowhere is of no use either.
         if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && !IsFolder(folder / name))
-          listing.files.push_back(name);
+          listing.Files.push_back(name);
         break;
       case EntryKind::Special:
         break;

@@ -69,9 +69,9 @@ bool DeclaresUtf8(std::string_view lines) {
 
 // A file open at the end of its head.
 struct Opened {
-  std::unique_ptr<InputFile> file;
-  std::string head;
-  EncodingSignature signature = EncodingSignature::None;
+  std::unique_ptr<InputFile> File;
+  std::string Head;
+  EncodingSignature Signature = EncodingSignature::None;
 };
 
 // What follows the head is read in pieces that are not kept, and not without end: ten lines may be anything.
@@ -122,26 +122,26 @@ Expected<std::string, FileError> ReadHead(InputFile& file, size_t most) {
 Opened OpenAndProbe(FileSystem& files, const path& path, size_t headBytes, bool checkDeclaredCharset) {
   Opened opened;
   const auto refuse = [&](EncodingSignature why) -> Opened& {
-    opened.signature = why;
+    opened.Signature = why;
     return opened;
   };
   if (path.empty()) return std::move(refuse(EncodingSignature::NoPath));
   auto file = files.OpenForReading(path);
-  if (!file) return std::move(refuse(SignatureOfFault(file.Error().fault)));
+  if (!file) return std::move(refuse(SignatureOfFault(file.Error().Fault)));
   auto head = ReadHead(**file, headBytes);
   if (!head) {
     // The file is there, whatever the reason says.
-    const bool denied = head.Error().fault == FileFault::PermissionDenied;
+    const bool denied = head.Error().Fault == FileFault::PermissionDenied;
     return std::move(refuse(denied ? EncodingSignature::PermissionDenied : EncodingSignature::CannotOpen));
   }
-  opened.file = std::move(*file);
-  opened.head = std::move(*head);
+  opened.File = std::move(*file);
+  opened.Head = std::move(*head);
   const std::string name = PathToText(path);
-  opened.signature = SignatureOfHead(opened.head, FileExtension(name, true));
-  if (opened.signature == EncodingSignature::None && checkDeclaredCharset && IsPlainTextExtension(name)) {
-    const std::optional<bool> declares = DeclaresUtf8(*opened.file, opened.head);
+  opened.Signature = SignatureOfHead(opened.Head, FileExtension(name, true));
+  if (opened.Signature == EncodingSignature::None && checkDeclaredCharset && IsPlainTextExtension(name)) {
+    const std::optional<bool> declares = DeclaresUtf8(*opened.File, opened.Head);
     if (!declares) return std::move(refuse(EncodingSignature::CannotOpen));
-    if (*declares) opened.signature = EncodingSignature::Utf8;
+    if (*declares) opened.Signature = EncodingSignature::Utf8;
   }
   return opened;
 }
@@ -192,13 +192,13 @@ void Scan(std::string_view bytes, int32_t maxBytes, double threshold, TextFacts&
 
 TextFacts Classify(const Opened& opened, int32_t maxBytes, double threshold) {
   TextFacts facts;
-  if (opened.signature != EncodingSignature::None) {
-    facts.Code = CodeOf(opened.signature);
-    facts.IsUtf8 = opened.signature == EncodingSignature::Utf8;
+  if (opened.Signature != EncodingSignature::None) {
+    facts.Code = CodeOf(opened.Signature);
+    facts.IsUtf8 = opened.Signature == EncodingSignature::Utf8;
     return facts;
   }
   const auto most = static_cast<size_t>(std::max(maxBytes, 0));
-  Scan(std::string_view(opened.head).substr(0, most), maxBytes, threshold, facts);
+  Scan(std::string_view(opened.Head).substr(0, most), maxBytes, threshold, facts);
   return facts;
 }
 
@@ -214,14 +214,14 @@ OpenedText OpenTextSource(FileSystem& files, const path& path, double threshold)
   Opened opened = OpenAndProbe(files, path, HeadBytes(kScannedBytes), true);
   OpenedText source;
   source.Facts = Classify(opened, kScannedBytes, threshold);
-  source.File = std::move(opened.file);
-  source.Head = std::move(opened.head);
+  source.File = std::move(opened.File);
+  source.Head = std::move(opened.Head);
   source.IsDocx = IsDocxFile(PathToText(path), source.Head);
   return source;
 }
 
 EncodingSignature ProbeTextEncoding(FileSystem& files, const path& path, bool checkDeclaredCharset) {
-  return OpenAndProbe(files, path, HeadBytes(0), checkDeclaredCharset).signature;
+  return OpenAndProbe(files, path, HeadBytes(0), checkDeclaredCharset).Signature;
 }
 
 TextFileCode ClassifyTextFile(FileSystem& files, const path& path, int32_t maxBytes,

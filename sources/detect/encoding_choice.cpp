@@ -5,14 +5,14 @@ namespace korv {
 namespace {
 
 bool AskToReadAsUtf8(Messages& messages) {
-  return messages.Show({.text = "This file appears to be UTF-8 text without a signature.\r\n"
+  return messages.Show({.Text = "This file appears to be UTF-8 text without a signature.\r\n"
                                 "Do you wish to read it as UTF-8?",
-                        .title = "Text encoding",
-                        .icon = Icon::Question,
-                        .buttons = Buttons::YesNo,
-                        .defaultAnswer = Answer::Yes,
-                        .question = Question::TextEncoding,
-                        .mayBeSilenced = true}) == Answer::Yes;
+                        .Title = "Text encoding",
+                        .Icon = Icon::Question,
+                        .Buttons = Buttons::YesNo,
+                        .DefaultAnswer = Answer::Yes,
+                        .Question = Question::TextEncoding,
+                        .MayBeSilenced = true}) == Answer::Yes;
 }
 
 }  // namespace

@@ -11,9 +11,9 @@ bool LooksLikeUtf8(std::string_view bytes) {
   size_t ill = 0;
   for (size_t at = PastAscii(bytes, 0); at < bytes.size(); at = PastAscii(bytes, at)) {
     const Utf8Sequence sequence = Utf8SequenceAt(bytes, at);
-    well += sequence.kind == Utf8Kind::WellFormed;
-    ill += sequence.kind == Utf8Kind::IllFormed;
-    at += sequence.length;
+    well += sequence.Kind == Utf8Kind::WellFormed;
+    ill += sequence.Kind == Utf8Kind::IllFormed;
+    at += sequence.Length;
   }
   return well > 0 && ill * kOneIn <= ill + well;
 }

@@ -22,7 +22,7 @@ std::string Lowered(const path& path) {
 }
 
 void Complain(Messages& messages, std::string text, std::string title, Icon icon = Icon::Exclamation) {
-  messages.Show({.text = std::move(text), .title = std::move(title), .icon = icon});
+  messages.Show({.Text = std::move(text), .Title = std::move(title), .Icon = icon});
 }
 
 // Both paths absolute.
@@ -110,16 +110,16 @@ bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view fold
   }
   const Expected<FolderListing, FileError> listing = files.ListFolder(PathFromText(folder));
   if (!listing) {
-    Complain(messages, "Folder cannot be read (" + listing.Error().description + ").", "Invalid input");
+    Complain(messages, "Folder cannot be read (" + listing.Error().Description + ").", "Invalid input");
     return false;
   }
-  if (listing->files.empty()) {
-    Message refusal{.text = "Folder contains no files.", .title = "Nothing to do", .icon = Icon::Information};
-    if (offersSubfolders && !listing->subfolders.empty()) {
-      refusal.addition = SubfoldersText(listing->subfolders);
+  if (listing->Files.empty()) {
+    Message refusal{.Text = "Folder contains no files.", .Title = "Nothing to do", .Icon = Icon::Information};
+    if (offersSubfolders && !listing->Subfolders.empty()) {
+      refusal.Addition = SubfoldersText(listing->Subfolders);
       if (includeSubfolders) {
-        refusal.question = Question::OnlySubfolders;
-        refusal.extraButton = "Count the subfolders";
+        refusal.Question = Question::OnlySubfolders;
+        refusal.ExtraButton = "Count the subfolders";
       }
     }
     if (messages.Show(refusal) != Answer::Extra) return false;
@@ -147,15 +147,15 @@ void ShowOutputInFolder(Messages& messages) {
 }
 
 bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow) {
-  Message refusal{.text =
+  Message refusal{.Text =
                       "When scanning multiple files or folders\r\n"
                       "you must specify an output file in case\r\n"
                       "the text window will not hold the result.",
-                  .title = "Multiple files/folders",
-                  .icon = Icon::Exclamation};
+                  .Title = "Multiple files/folders",
+                  .Icon = Icon::Exclamation};
   if (offersWindow) {
-    refusal.question = Question::SeveralFiles;
-    refusal.extraButton = "Show in the window only";
+    refusal.Question = Question::SeveralFiles;
+    refusal.ExtraButton = "Show in the window only";
   }
   return messages.Show(refusal) == Answer::Extra;
 }
@@ -196,25 +196,25 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t char
     letter = letter || KindOf(ch) == CharKind::Letter;
   }
   if (letter && controls * 100 <= seen) return true;
-  messages.Show({.text = "The text on " + std::string(place) +
+  messages.Show({.Text = "The text on " + std::string(place) +
                          " does not consist\r\n"
                          "solely of natural language words.",
-                 .title = "Invalid input",
-                 .icon = Icon::Exclamation,
-                 .addition = std::move(addition)});
+                 .Title = "Invalid input",
+                 .Icon = Icon::Exclamation,
+                 .Addition = std::move(addition)});
   return false;
 }
 
 Answer AskLargeInput(Messages& messages) {
-  return messages.Show({.text = "The input file is quite large.  It is advisable to specify an output file "
+  return messages.Show({.Text = "The input file is quite large.  It is advisable to specify an output file "
                                 "before continuing, in case the text window will not hold the result. "
                                 "Do you wish to specify an output file?",
-                        .title = "Large input file",
-                        .icon = Icon::Question,
-                        .buttons = Buttons::YesNoCancel,
-                        .defaultAnswer = Answer::Yes,
-                        .question = Question::LargeInput,
-                        .mayBeSilenced = true});
+                        .Title = "Large input file",
+                        .Icon = Icon::Question,
+                        .Buttons = Buttons::YesNoCancel,
+                        .DefaultAnswer = Answer::Yes,
+                        .Question = Question::LargeInput,
+                        .MayBeSilenced = true});
 }
 
 std::string FileKindWhileReading(bool isUtf8) {

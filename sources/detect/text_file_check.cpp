@@ -24,10 +24,10 @@ std::string Text(std::initializer_list<std::string_view> parts) {
 }
 
 void Inform(Messages& messages, std::string text, std::string title, std::string addition = {}) {
-  messages.Show({.text = std::move(text),
-                 .title = std::move(title),
-                 .icon = Icon::Information,
-                 .addition = std::move(addition)});
+  messages.Show({.Text = std::move(text),
+                 .Title = std::move(title),
+                 .Icon = Icon::Information,
+                 .Addition = std::move(addition)});
 }
 
 std::string AdviceFor(FileSystem& files, const std::filesystem::path& path) {
@@ -104,15 +104,15 @@ bool PassesUnixSize(TextFileCheck& check, const std::string& path, uint64_t size
   }
   const std::string title = "This is a Unix-style text file";
   const Answer answer =
-      check.Messages.Show({.text = text + "\r\n\r\nDo you wish to continue processing this file?",
-                           .title = title,
-                           .icon = Icon::Question,
-                           .buttons = Buttons::YesNo,
-                           .defaultAnswer = Answer::No,
-                           .question = Question::LargeWordList,
-                           .mayBeSilenced = true});
+      check.Messages.Show({.Text = text + "\r\n\r\nDo you wish to continue processing this file?",
+                           .Title = title,
+                           .Icon = Icon::Question,
+                           .Buttons = Buttons::YesNo,
+                           .DefaultAnswer = Answer::No,
+                           .Question = Question::LargeWordList,
+                           .MayBeSilenced = true});
   if (answer == Answer::Yes) return true;
-  check.Messages.Show({.text = "Operation canceled.", .title = title});
+  check.Messages.Show({.Text = "Operation canceled.", .Title = title});
   return false;
 }
 
@@ -157,37 +157,37 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
 Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::string_view head,
                           uint64_t size, const NumberFormat& format) {
   Message message;
-  message.title = "Invalid input file";
-  message.icon = Icon::Information;
+  message.Title = "Invalid input file";
+  message.Icon = Icon::Information;
   switch (facts.Code) {
     case TextFileCode::ZeroLength:
-      message.text = "This is a zero-length file.";
+      message.Text = "This is a zero-length file.";
       break;
     case TextFileCode::TooShort:
-      message.text = FatalText(facts.Code, path);
+      message.Text = FatalText(facts.Code, path);
       break;
     case TextFileCode::Rtf:
     case TextFileCode::UnicodeNotUtf8:
-      message.text = FatalText(facts.Code, path);
-      message.title = "Not a text file";
-      message.addition = ForeignKindAdvice(head);
+      message.Text = FatalText(facts.Code, path);
+      message.Title = "Not a text file";
+      message.Addition = ForeignKindAdvice(head);
       break;
     case TextFileCode::NotText:
-      message.text = path + " is not a text file.\r\n\r\n";
+      message.Text = path + " is not a text file.\r\n\r\n";
       if (facts.AnomalyPercent > kRunThreshold) {
-        message.text +=
+        message.Text +=
             Text({"This file contains a byte", NumberWithBlank(facts.FirstAnomalousByte), " at position",
                   NumberWithBlank(facts.AnomalyPosition), ", ",
                   "indicating that it does not consist solely of text.  ",
                   "The percentage of such anomalous bytes in the first", NumberWithBlank(kScannedBytes),
                   " bytes is ", PercentText(facts.AnomalyPercent, format), "%.", kBreak, kBreak});
       }
-      message.text += CopyAdvice(facts.AnomalyPercent, size);
-      message.title = "Not a text file";
-      message.addition = ForeignKindAdvice(head);
+      message.Text += CopyAdvice(facts.AnomalyPercent, size);
+      message.Title = "Not a text file";
+      message.Addition = ForeignKindAdvice(head);
       break;
     default:
-      message.text = "This file cannot be opened.";
+      message.Text = "This file cannot be opened.";
       break;
   }
   return message;

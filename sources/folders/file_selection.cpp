@@ -22,7 +22,7 @@ void ComplainOf(std::string_view kind, std::string_view pattern, Messages& messa
   text += " pattern '";
   text += pattern;
   text += "' contains an invalid character.";
-  messages.Show({.text = text, .title = "Invalid input", .icon = Icon::Exclamation});
+  messages.Show({.Text = text, .Title = "Invalid input", .Icon = Icon::Exclamation});
 }
 
 }  // namespace
@@ -66,10 +66,10 @@ bool ValidatePatterns(const FileSelection& selection, Messages& messages) {
 
 void WarnAboutDocPattern(std::string_view typed, Messages& messages) {
   if (!typed.ends_with(".doc") && typed.find(".doc,") == std::string_view::npos) return;
-  messages.Show({.text = "This software does not process .doc files.  To process\r\n"
+  messages.Show({.Text = "This software does not process .doc files.  To process\r\n"
                          "Word .doc files they should first be converted to .docx files.",
-                 .title = "Match file patterns",
-                 .icon = Icon::Information});
+                 .Title = "Match file patterns",
+                 .Icon = Icon::Information});
 }
 
 bool IsRefusedExtension(std::string_view extension) {

@@ -62,7 +62,7 @@ void FolderWalk::Walk(const fs::path& folder, const FolderEvents& events, Folder
   }
   ++totals.Folders;
   if (events.Entered) events.Entered(folder);
-  std::vector<fs::path> names = std::move(listing->files);
+  std::vector<fs::path> names = std::move(listing->Files);
   std::erase_if(names, [&](const fs::path& name) { return !FileIsWanted(selection_, PathToText(name)); });
   SortByName(names);
   for (const fs::path& name : names) {
@@ -71,7 +71,7 @@ void FolderWalk::Walk(const fs::path& folder, const FolderEvents& events, Folder
     if (events.Wanted) events.Wanted(folder / name);
   }
   if (!includeSubfolders_) return;
-  names = std::move(listing->subfolders);
+  names = std::move(listing->Subfolders);
   std::erase_if(names, [](const fs::path& name) { return !IsEntered(name); });
   SortByName(names);
   for (const fs::path& name : names) {
@@ -108,7 +108,7 @@ std::string StoppedCountingText(uint64_t count) {
 }
 
 std::string UnreadableFolderText(const fs::path& path, const FileError& error) {
-  return "Folder " + PathToText(path) + " cannot be read (" + error.description + ").";
+  return "Folder " + PathToText(path) + " cannot be read (" + error.Description + ").";
 }
 
 }  // namespace korv

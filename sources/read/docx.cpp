@@ -48,7 +48,7 @@ Expected<std::string, ZipError> ReadMember(ZipMember member, size_t most) {
 Expected<ZipMember, ZipError> OpenMainPart(ZipArchive& archive) {
   constexpr size_t kMostRelationshipBytes = size_t{1} << 20;
   Expected<ZipMember, ZipError> usual = archive.Open(kMember);
-  if (usual || usual.Error().fault != ZipFault::NoSuchMember) return usual;
+  if (usual || usual.Error().Fault != ZipFault::NoSuchMember) return usual;
   Expected<ZipMember, ZipError> member = archive.Open("_rels/.rels");
   if (!member) return usual;
   const Expected<std::string, ZipError> relationships =
@@ -59,24 +59,24 @@ Expected<ZipMember, ZipError> OpenMainPart(ZipArchive& archive) {
 }
 
 bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
-  return messages.Show({.text = path + "\r\nis rather large.  It may take awhile to scan.\r\n"
+  return messages.Show({.Text = path + "\r\nis rather large.  It may take awhile to scan.\r\n"
                                        "Do you wish to continue?",
-                        .title = "Big file",
-                        .icon = Icon::Question,
-                        .buttons = Buttons::YesNo,
-                        .defaultAnswer = Answer::No,
-                        .question = Question::LargeDocx,
-                        .mayBeSilenced = true}) == Answer::Yes;
+                        .Title = "Big file",
+                        .Icon = Icon::Question,
+                        .Buttons = Buttons::YesNo,
+                        .DefaultAnswer = Answer::No,
+                        .Question = Question::LargeDocx,
+                        .MayBeSilenced = true}) == Answer::Yes;
 }
 
 void AdviseToSaveAsText(Messages& messages) {
-  messages.Show({.text = "You could try saving it as a text file\r\n"
+  messages.Show({.Text = "You could try saving it as a text file\r\n"
                          "and applying this program to that text file.",
-                 .title = "Big file"});
+                 .Title = "Big file"});
 }
 
 void ReportRemoval(Messages& messages, std::string text) {
-  messages.Show({.text = std::move(text), .title = "Error", .icon = Icon::Exclamation});
+  messages.Show({.Text = std::move(text), .Title = "Error", .Icon = Icon::Exclamation});
 }
 
 void RemoveFile(FileSystem& files, Messages& messages, const fs::path& path) {
@@ -87,7 +87,7 @@ void RemoveFile(FileSystem& files, Messages& messages, const fs::path& path) {
 void RemoveFolder(FileSystem& files, Messages& messages, const fs::path& path) {
   if (!files.FolderExists(path)) return;
   if (const auto fault = files.Remove(path))
-    ReportRemoval(messages, fault->description + " when attempting to delete folder " + PathToText(path));
+    ReportRemoval(messages, fault->Description + " when attempting to delete folder " + PathToText(path));
 }
 
 }  // namespace
@@ -131,7 +131,7 @@ bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive, con
                       Yielder& yielder, DocxFault& fault) {
   fault = kDocxNotUnpacked;
   const auto failed = [&](const ZipError& error) {
-    if (error.fault == ZipFault::BadChecksum) fault = kDocxBadChecksum;
+    if (error.Fault == ZipFault::BadChecksum) fault = kDocxBadChecksum;
     return false;
   };
   Expected<ZipArchive, ZipError> opened = OpenZipArchive(std::move(archive));
@@ -166,7 +166,7 @@ int32_t ExtractDocx(const DocxContext& context, const fs::path& path, std::uniqu
   if (!temp.Create(productWord)) {
     if (askIfLarge)
       context.Messages.Show(
-          {.text = "Cannot create temporary folder.", .title = "Error", .icon = Icon::Critical});
+          {.Text = "Cannot create temporary folder.", .Title = "Error", .Icon = Icon::Critical});
     return kDocxNoTemporaryFolder;
   }
   const auto refuse = [&](int32_t fault) {
@@ -229,21 +229,21 @@ std::optional<FileError> WriteExtractedText(FileSystem& files, const fs::path& d
 Message DocxRefusal(int32_t fault, const std::string& path) {
   switch (fault) {
     case kDocxNoTemporaryFolder:
-      return {.text = "Unable to create temporary folder.", .title = "Error", .icon = Icon::Exclamation};
+      return {.Text = "Unable to create temporary folder.", .Title = "Error", .Icon = Icon::Exclamation};
     case kDocxBadChecksum:
-      return {.text = path + "\r\nInvalid checksum found when processing",
-              .title = "Error",
-              .icon = Icon::Exclamation};
+      return {.Text = path + "\r\nInvalid checksum found when processing",
+              .Title = "Error",
+              .Icon = Icon::Exclamation};
     case kDocxTooLarge:
-      return {.text = path +
+      return {.Text = path +
                       "\r\nis too large (more than 20 Mb) to be scanned directly.\r\n\r\n"
                       "You might be able to save it as a text file\r\n"
                       "and apply this program to that file.",
-              .title = "File too big",
-              .icon = Icon::Information};
+              .Title = "File too big",
+              .Icon = Icon::Information};
     case kDocxNotUnpacked:
       return {
-          .text = path + "\r\nis not a readable .docx file.", .title = "Error", .icon = Icon::Exclamation};
+          .Text = path + "\r\nis not a readable .docx file.", .Title = "Error", .Icon = Icon::Exclamation};
     default:
       return {};
   }
@@ -267,9 +267,9 @@ Message DocxFolderRefusal(int32_t fault, const std::string& path) {
     default:
       return {};
   }
-  return {.text = what + " when processing " + std::string(FileNamePart(path)),
-          .title = "Error",
-          .icon = Icon::Exclamation};
+  return {.Text = what + " when processing " + std::string(FileNamePart(path)),
+          .Title = "Error",
+          .Icon = Icon::Exclamation};
 }
 
 std::string_view DocxSkipReason(int32_t fault) {

@@ -139,13 +139,13 @@ class RunReader {
 };
 
 bool StopConfirmed(const DocxContext& context) {
-  const Answer answer = context.Messages.Show({.text = "Many different words have been found.\r\n"
+  const Answer answer = context.Messages.Show({.Text = "Many different words have been found.\r\n"
                                                        "Do you really wish to stop?",
-                                               .title = "Stop",
-                                               .icon = Icon::Question,
-                                               .buttons = Buttons::YesNo,
-                                               .defaultAnswer = Answer::No,
-                                               .question = Question::StopDocx});
+                                               .Title = "Stop",
+                                               .Icon = Icon::Question,
+                                               .Buttons = Buttons::YesNo,
+                                               .DefaultAnswer = Answer::No,
+                                               .Question = Question::StopDocx});
   if (answer == Answer::Yes) return true;
   context.Yielder.ClearStop();
   return false;

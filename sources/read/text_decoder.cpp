@@ -52,9 +52,9 @@ std::string_view DecodeText(std::string_view bytes, TextEncoding encoding, std::
 bool BeginsPart(std::string_view text, TextEncoding encoding) {
   if (encoding == TextEncoding::Ansi || static_cast<unsigned char>(text[0]) < 0x80) return true;
   const Utf8Sequence sequence = Utf8SequenceAt(text, 0);
-  if (sequence.kind == Utf8Kind::CutOff) return false;
+  if (sequence.Kind == Utf8Kind::CutOff) return false;
   std::string buffer;
-  const std::string_view character = CleanText(text.substr(0, sequence.length), buffer);
+  const std::string_view character = CleanText(text.substr(0, sequence.Length), buffer);
   // What is dropped stands in the way of none, so it begins nothing.
   return !character.empty() && IsCertainlyNfc(character);
 }

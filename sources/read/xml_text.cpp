@@ -18,8 +18,8 @@ bool EndsName(char c) {
 }
 
 struct Reference {
-  char32_t character;
-  size_t length;  // In bytes, "&" and ";" included.
+  char32_t Character;
+  size_t Length;  // In bytes, "&" and ";" included.
 };
 
 constexpr int kNoDigit = 99;
@@ -50,15 +50,15 @@ std::optional<Reference> NumericReference(std::string_view raw) {
 
 std::optional<Reference> ReferenceAt(std::string_view raw) {
   struct Named {
-    std::string_view name;
-    char32_t character;
+    std::string_view Name;
+    char32_t Character;
   };
   static constexpr std::array<Named, 5> kNamed = {
       {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}}};
   if (raw.starts_with("&#")) return NumericReference(raw);
-  const auto named = std::ranges::find_if(kNamed, [&](const Named& n) { return raw.starts_with(n.name); });
+  const auto named = std::ranges::find_if(kNamed, [&](const Named& n) { return raw.starts_with(n.Name); });
   if (named == kNamed.end()) return std::nullopt;
-  return Reference{named->character, named->name.size()};
+  return Reference{named->Character, named->Name.size()};
 }
 
 }  // namespace
@@ -107,8 +107,8 @@ void AppendXmlDecoded(std::string_view raw, std::string& text) {
     raw.remove_prefix(plain);
     if (raw.empty()) return;
     if (const auto reference = ReferenceAt(raw)) {
-      AppendCharacter(reference->character, text);
-      raw.remove_prefix(reference->length);
+      AppendCharacter(reference->Character, text);
+      raw.remove_prefix(reference->Length);
     } else {
       text += '&';
       raw.remove_prefix(1);

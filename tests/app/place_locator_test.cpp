@@ -23,19 +23,19 @@ namespace {
 /// A run that keeps its places, with the locator of what it found.
 struct PlacesWorld : RunWorld {
   explicit PlacesWorld(EncodingChoice encoding = EncodingChoice::Auto) {
-    encodings = EncodingChooser(encoding);
-    request.Options.KeepPlaces = true;
-    request.Rules.IgnoreShortWords = false;
+    Encodings = EncodingChooser(encoding);
+    Request.Options.KeepPlaces = true;
+    Request.Rules.IgnoreShortWords = false;
     UseLengths(2, 3, 1);
   }
 
   PlaceLocator Locator() {
-    return PlaceLocator(run.Table.Corpus(), {files, messages, yielder}, run.KeptText);
+    return PlaceLocator(Run.Table.Corpus(), {Files, Messages, Yielder}, Run.KeptText);
   }
 
   /// "2:5 big cat": line, column and text of every place of the phrase, or what is wrong.
   std::string WhereIs(const std::string& phrase) {
-    const Corpus& corpus = run.Table.Corpus();
+    const Corpus& corpus = Run.Table.Corpus();
     const CutPhrase cut = CutTypedPhrase(phrase, corpus);
     PlaceLocator locator = Locator();
     std::string places;
@@ -55,11 +55,11 @@ struct PlacesWorld : RunWorld {
 
 TEST(PlaceLocator, TellsLineAndColumnAsAnEditorShowsTheFile) {
   struct Case {
-    const char* name;
-    const char* file;
-    EncodingChoice encoding;
-    std::string content;
-    std::string places;
+    const char* Name;
+    const char* File;
+    EncodingChoice Encoding;
+    std::string Content;
+    std::string Places;
   };
   constexpr auto kUtf8 = EncodingChoice::Utf8;
   constexpr auto kAnsi = EncodingChoice::Ansi;
@@ -98,10 +98,10 @@ TEST(PlaceLocator, TellsLineAndColumnAsAnEditorShowsTheFile) {
       {"entities no file of plain text has", "/t/a.txt", kAnsi, "&nbsp; big cat", "1:8 big cat"},
   };
   for (const Case& c : cases) {
-    PlacesWorld world(c.encoding);
-    world.UseFile(c.file, c.content);
-    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.name;
-    EXPECT_EQ(world.WhereIs("big cat"), c.places) << c.name;
+    PlacesWorld world(c.Encoding);
+    world.UseFile(c.File, c.Content);
+    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.Name;
+    EXPECT_EQ(world.WhereIs("big cat"), c.Places) << c.Name;
   }
 }
 
@@ -114,17 +114,17 @@ TEST(PlaceLocator, AnEntityBelongsToItsWord) {
 
 TEST(PlaceLocator, ShowsWholeWordsAroundThePhraseButNotOfAnotherFile) {
   PlacesWorld world(EncodingChoice::Ansi);
-  world.files.Add("/t/a.txt", "one two, three.\n\n  Four\tfive  big cat; six seven\neight");
-  world.files.Add("/t/b.txt", "the big cat");
+  world.Files.Add("/t/a.txt", "one two, three.\n\n  Four\tfive  big cat; six seven\neight");
+  world.Files.Add("/t/b.txt", "the big cat");
   world.UseFolder("/t");
   ASSERT_EQ(world.Count(), RunEnd::Counted);
-  const Corpus& corpus = world.run.Table.Corpus();
+  const Corpus& corpus = world.Run.Table.Corpus();
   const std::vector<uint32_t> places = PlacesOf(corpus, CutTypedPhrase("big cat", corpus).Words);
   ASSERT_EQ(places.size(), 2u);
   struct Case {
-    size_t around;
-    const char* left;
-    const char* right;
+    size_t Around;
+    const char* Left;
+    const char* Right;
   };
   const Case cases[] = {{0, "", ""},
                         {1, "", ";"},
@@ -140,10 +140,10 @@ TEST(PlaceLocator, ShowsWholeWordsAroundThePhraseButNotOfAnotherFile) {
                         {1000, "one two, three. Four five", "; six seven eight"}};
   PlaceLocator locator = world.Locator();
   for (const Case& c : cases) {
-    const auto at = locator.Locate(places[0], 2, c.around);
-    ASSERT_TRUE(at) << c.around;
-    EXPECT_EQ(at->Left, c.left) << c.around;
-    EXPECT_EQ(at->Right, c.right) << c.around;
+    const auto at = locator.Locate(places[0], 2, c.Around);
+    ASSERT_TRUE(at) << c.Around;
+    EXPECT_EQ(at->Left, c.Left) << c.Around;
+    EXPECT_EQ(at->Right, c.Right) << c.Around;
   }
   const auto other = locator.Locate(places[1], 2, 1000);
   ASSERT_TRUE(other);
@@ -161,11 +161,11 @@ std::string NumberedWord(size_t number) {
 
 TEST(PlaceLocator, LeadsIntoLongLinesAsIntoShortOnes) {
   struct Case {
-    const char* name;
-    const char* file;
-    size_t wordsALine;
-    std::string between;
-    EncodingChoice encoding;
+    const char* Name;
+    const char* File;
+    size_t WordsALine;
+    std::string Between;
+    EncodingChoice Encoding;
   };
   const Case cases[] = {
       {"short lines", "/t/a.txt", 7, " ", EncodingChoice::Ansi},
@@ -175,30 +175,30 @@ TEST(PlaceLocator, LeadsIntoLongLinesAsIntoShortOnes) {
       {"lines of mark-up, whole", "/t/a.htm", 130'000, "<b> ", EncodingChoice::Ansi}};
   constexpr size_t kWords = 250'000;
   for (const Case& c : cases) {
-    PlacesWorld world(c.encoding);
-    world.request.Rules.AllowNumerals = true;
-    world.request.Options.MinFrequency = 2;
+    PlacesWorld world(c.Encoding);
+    world.Request.Rules.AllowNumerals = true;
+    world.Request.Options.MinFrequency = 2;
     std::string content;
     for (size_t i = 0; i < kWords; ++i) {
       content += NumberedWord(i);
-      content += (i + 1) % c.wordsALine == 0 ? "\n" : c.between;
+      content += (i + 1) % c.WordsALine == 0 ? "\n" : c.Between;
     }
-    world.UseFile(c.file, content);
-    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.name;
-    const Corpus& corpus = world.run.Table.Corpus();
-    EXPECT_LE(corpus.Lines.Anchors().size(), kWords / LineIndex::kAnchorEvery + 10) << c.name;
+    world.UseFile(c.File, content);
+    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.Name;
+    const Corpus& corpus = world.Run.Table.Corpus();
+    EXPECT_LE(corpus.Lines.Anchors().size(), kWords / LineIndex::kAnchorEvery + 10) << c.Name;
     PlaceLocator locator = world.Locator();
-    const size_t width = 8 + static_cast<size_t>(reference::CharacterCount(c.between));
+    const size_t width = 8 + static_cast<size_t>(reference::CharacterCount(c.Between));
     for (const size_t i : {size_t{0}, size_t{129'999}, size_t{130'000}, size_t{200'000}, size_t{200'001},
                            size_t{249'990}, size_t{249'999}, size_t{210'000}, size_t{5}}) {
       const auto at = locator.Locate(static_cast<uint32_t>(corpus.Sources[0].Begin + i), 1, 18);
-      ASSERT_TRUE(at) << c.name << ' ' << i;
-      EXPECT_EQ(at->Phrase, NumberedWord(i)) << c.name;
-      EXPECT_EQ(at->Line, i / c.wordsALine + 1) << c.name << ' ' << i;
-      EXPECT_EQ(at->Column, i % c.wordsALine * width + 1) << c.name << ' ' << i;
+      ASSERT_TRUE(at) << c.Name << ' ' << i;
+      EXPECT_EQ(at->Phrase, NumberedWord(i)) << c.Name;
+      EXPECT_EQ(at->Line, i / c.WordsALine + 1) << c.Name << ' ' << i;
+      EXPECT_EQ(at->Column, i % c.WordsALine * width + 1) << c.Name << ' ' << i;
       const std::string left = (i > 1 ? NumberedWord(i - 2) + " " : "") + (i > 0 ? NumberedWord(i - 1) : "");
-      if (c.between == " ") {
-        EXPECT_EQ(at->Left, left) << c.name;
+      if (c.Between == " ") {
+        EXPECT_EQ(at->Left, left) << c.Name;
       }
     }
   }
@@ -206,9 +206,9 @@ TEST(PlaceLocator, LeadsIntoLongLinesAsIntoShortOnes) {
 
 TEST(PlaceLocator, TellsWhereTheFileIsNotTheOneThatWasCounted) {
   struct Case {
-    const char* name;
-    void (*change)(FakeFiles& files);
-    const char* places;
+    const char* Name;
+    void (*Change)(FakeFiles& files);
+    const char* Places;
   };
   const Case cases[] = {
       {"as it was", [](FakeFiles&) {}, "2:1 big cat"},
@@ -228,9 +228,9 @@ TEST(PlaceLocator, TellsWhereTheFileIsNotTheOneThatWasCounted) {
   for (const Case& c : cases) {
     PlacesWorld world;
     world.UseFile("/t/a.txt", "the\nbig cat sat\n");
-    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.name;
-    c.change(world.files);
-    EXPECT_EQ(world.WhereIs("big cat"), c.places) << c.name;
+    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.Name;
+    c.Change(world.Files);
+    EXPECT_EQ(world.WhereIs("big cat"), c.Places) << c.Name;
   }
 }
 
@@ -238,21 +238,21 @@ TEST(PlaceLocator, ReadsDocumentsClipboardAndStreamsAgain) {
   const std::string xml = Paragraphs({"One", "the big cat", "and a big cat"});
   {
     PlacesWorld world;
-    world.files.Add("/t/a.docx", BuildDocx(xml));
-    world.files.Add("/t/b.docx", BuildDocx(Paragraphs({"big cat"})));
+    world.Files.Add("/t/a.docx", BuildDocx(xml));
+    world.Files.Add("/t/b.docx", BuildDocx(Paragraphs({"big cat"})));
     world.UseFolder("/t");
     ASSERT_EQ(world.Count(), RunEnd::Counted);
     EXPECT_EQ(world.WhereIs("big cat"), "2:5 big cat, 3:7 big cat, 1:1 big cat");
-    world.files.Add("/t/a.docx", BuildDocx(xml));
+    world.Files.Add("/t/a.docx", BuildDocx(xml));
     EXPECT_EQ(world.WhereIs("big cat"), "changed, changed, 1:1 big cat");
-    EXPECT_TRUE(world.files.TemporaryIsClean());
+    EXPECT_TRUE(world.Files.TemporaryIsClean());
   }
   {
     PlacesWorld world;
     world.UseClipboard("the\r\nbig cat \u00E9 big cat");
     ASSERT_EQ(world.Count(), RunEnd::Counted);
     EXPECT_EQ(world.WhereIs("big cat"), "2:1 big cat, 2:11 big cat");
-    world.run.KeptText.clear();
+    world.Run.KeptText.clear();
     EXPECT_EQ(world.WhereIs("big cat"), "not kept, not kept");
   }
   for (const char* signature : {"", "\uFEFF"}) {
@@ -260,8 +260,8 @@ TEST(PlaceLocator, ReadsDocumentsClipboardAndStreamsAgain) {
     std::string text = signature;
     for (int i = 0; i < 40'000; ++i) text += "\u00E9t\u00E9 the sun\n";
     FakeStream stream(text + "the big cat");
-    world.request.Options.SourceKind = TextSource::Clipboard;
-    world.request.Stream = &stream;
+    world.Request.Options.SourceKind = TextSource::Clipboard;
+    world.Request.Stream = &stream;
     ASSERT_EQ(world.Count(), RunEnd::Counted);
     EXPECT_EQ(world.WhereIs("big cat"), "40001:5 big cat");
   }
@@ -272,9 +272,9 @@ TEST(PlaceLocator, FindsPlacesOfARunThatWasStopped) {
   std::string text;
   for (int i = 0; i < 5000; ++i) text += "the big cat sat " + NumberedWord(static_cast<size_t>(i)) + "\n";
   world.UseFile("/t/a.txt", text);
-  world.yielder.StopAtCall(2000);
+  world.Yielder.StopAtCall(2000);
   ASSERT_EQ(world.Count(), RunEnd::Counted);
-  const Corpus& corpus = world.run.Table.Corpus();
+  const Corpus& corpus = world.Run.Table.Corpus();
   const std::vector<uint32_t> places = PlacesOf(corpus, CutTypedPhrase("big cat", corpus).Words);
   ASSERT_GT(places.size(), 10u);
   ASSERT_LT(places.size(), 5000u);
@@ -286,11 +286,11 @@ TEST(PlaceLocator, FindsPlacesOfARunThatWasStopped) {
 
 TEST(CutTypedPhrase, TreatsAPhraseAsTheRunTreatsItsText) {
   struct Case {
-    const char* name;
-    const char* typed;
-    IgnoreRule mode;
-    size_t length;
-    const char* words;  ///< "?" for a word that makes the phrase be nowhere.
+    const char* Name;
+    const char* Typed;
+    IgnoreRule Mode;
+    size_t Length;
+    const char* Words;  ///< "?" for a word that makes the phrase be nowhere.
   };
   constexpr auto kAllow = IgnoreRule::Allow;
   const Case cases[] = {
@@ -309,19 +309,19 @@ TEST(CutTypedPhrase, TreatsAPhraseAsTheRunTreatsItsText) {
   };
   for (const Case& c : cases) {
     PlacesWorld world(EncodingChoice::Utf8);
-    world.request.Options.IgnoreMode = c.mode;
-    world.request.Lists.FileWordsToIgnore = {"the"};
+    world.Request.Options.IgnoreMode = c.Mode;
+    world.Request.Lists.FileWordsToIgnore = {"the"};
     world.UseFile("/t/a.txt", "the big cat and caf\u00E9's big cat");
-    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.name;
-    const Corpus& corpus = world.run.Table.Corpus();
-    const CutPhrase cut = CutTypedPhrase(c.typed, corpus);
+    ASSERT_EQ(world.Count(), RunEnd::Counted) << c.Name;
+    const Corpus& corpus = world.Run.Table.Corpus();
+    const CutPhrase cut = CutTypedPhrase(c.Typed, corpus);
     std::string words;
     for (const WordNumber word : cut.Words) {
       words += words.empty() ? "" : " ";
       words += word == kNoWord ? "?" : corpus.Words.Text(word);
     }
-    EXPECT_EQ(cut.Length, c.length) << c.name;
-    EXPECT_EQ(words, c.words) << c.name;
+    EXPECT_EQ(cut.Length, c.Length) << c.Name;
+    EXPECT_EQ(words, c.Words) << c.Name;
   }
 }
 
@@ -427,7 +427,7 @@ struct ModelToken {
 RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
   const bool isUtf8 = Coin();
   PlacesWorld world(isUtf8 ? EncodingChoice::Utf8 : EncodingChoice::Ansi);
-  WordRules& rules = world.request.Rules;
+  WordRules& rules = world.Request.Rules;
   rules.AllowHyphens = Coin();
   rules.AllowApostrophes = Coin();
   rules.AllowPeriods = Coin();
@@ -441,8 +441,8 @@ RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
   rules.TerminateAtEndOfLine = Coin();
   rules.TerminateAtPeriod = Coin();
   rules.TerminateAtTab = Coin();
-  world.request.Options.IgnoreMode = Coin() ? IgnoreRule::Remove : IgnoreRule::ExcludeWith;
-  if (Coin()) world.request.Lists.FileWordsToIgnore = {"cat"};
+  world.Request.Options.IgnoreMode = Coin() ? IgnoreRule::Remove : IgnoreRule::ExcludeWith;
+  if (Coin()) world.Request.Lists.FileWordsToIgnore = {"cat"};
 
   constexpr std::pair<const char*, const char*> kKinds[] = {{".txt", ""}, {".htm", "HTML"}, {".xml", "XML"}};
   std::vector<ModelFile> files;
@@ -451,19 +451,19 @@ RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
     std::string bytes = isUtf8 && *rc::gen::inRange(0, 4) == 0 ? "\uFEFF" : "";
     bytes += DrawText();
     files.push_back({"/t/" + std::to_string(k) + extension, bytes, language});
-    world.files.Add(files.back().Path, bytes);
+    world.Files.Add(files.back().Path, bytes);
     RC_LOG() << files.back().Path << " [" << bytes << "]\n";
   }
   world.UseFolder("/t");
   RC_PRE(world.Count() == RunEnd::Counted);
-  const Corpus& corpus = world.run.Table.Corpus();
+  const Corpus& corpus = world.Run.Table.Corpus();
 
   WordRules modelRules = rules;
   SetAllowedExtraChars(modelRules);
   SetAllowedExtraChars2(modelRules);
-  WordFilterSpec entries = world.request.Lists;
+  WordFilterSpec entries = world.Request.Lists;
   entries.CaseSignificant = rules.CaseSignificant;
-  reference::CountingRun model(modelRules, world.request.Options, entries);
+  reference::CountingRun model(modelRules, world.Request.Options, entries);
   std::vector<ModelToken> tokens(1);
   for (const CorpusSource& source : corpus.Sources) {
     const auto file = std::ranges::find_if(

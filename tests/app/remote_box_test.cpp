@@ -42,11 +42,11 @@ TEST_F(RemoteBoxes, PassEverythingOn) {
     EXPECT_EQ(remote.Room(), kTextBoxCapacity - 8);
     EXPECT_FALSE(remote.Full());
   });
-  EXPECT_EQ(text.text, "one\r\ntwo");
+  EXPECT_EQ(text.Text, "one\r\ntwo");
 }
 
 TEST_F(RemoteBoxes, TellThatTheBoxIsFullUntilItIsCleared) {
-  text.text.assign(kTextBoxCapacity + 1, 'x');
+  text.Text.assign(kTextBoxCapacity + 1, 'x');
   OnTheWorker([&] {
     EXPECT_FALSE(remote.OutputToTxb("more"));
     EXPECT_TRUE(remote.Full());
@@ -56,7 +56,7 @@ TEST_F(RemoteBoxes, TellThatTheBoxIsFullUntilItIsCleared) {
     EXPECT_FALSE(remote.Full());
     EXPECT_TRUE(remote.OutputToTxb("fresh"));
   });
-  EXPECT_EQ(text.text, "fresh");
+  EXPECT_EQ(text.Text, "fresh");
 }
 
 TEST_F(RemoteBoxes, TakeNothingOnceNobodyWaits) {
@@ -68,7 +68,7 @@ TEST_F(RemoteBoxes, TakeNothingOnceNobodyWaits) {
     remote.Clear();
     EXPECT_FALSE(remote.OutputToTxb("later"));
   });
-  EXPECT_EQ(text.text, "");
+  EXPECT_EQ(text.Text, "");
 }
 
 }  // namespace

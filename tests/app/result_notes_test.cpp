@@ -13,12 +13,12 @@ using testing::ElementsAre;
 /// A result of a file with some phrases, shown in full; to be varied.
 struct ResultNotes : testing::Test {
   ResultNotes() {
-    result.Run.Facts.InputPath = "books/moby.txt";
-    result.Run.Facts.Words.Taken = 100;
-    result.Listing.List = {.Phrases = 4, .Occurrences = 9, .Shown = 4, .Unfiltered = 4};
-    result.InSight = true;
+    Result.Run.Facts.InputPath = "books/moby.txt";
+    Result.Run.Facts.Words.Taken = 100;
+    Result.Listing.List = {.Phrases = 4, .Occurrences = 9, .Shown = 4, .Unfiltered = 4};
+    Result.InSight = true;
   }
-  std::vector<ResultNote> All() const { return NotesOf(result, now, {}); }
+  std::vector<ResultNote> All() const { return NotesOf(Result, Now, {}); }
   /// The texts but for that of the source.
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
@@ -27,8 +27,8 @@ struct ResultNotes : testing::Test {
     return texts;
   }
 
-  ShownResult result;
-  ChosenNow now;
+  ShownResult Result;
+  ChosenNow Now;
 };
 
 TEST_F(ResultNotes, AFullListOfAFileHasItsSourceAlone) {
@@ -36,64 +36,64 @@ TEST_F(ResultNotes, AFullListOfAFileHasItsSourceAlone) {
 }
 
 TEST_F(ResultNotes, OutOfSightNothingIsToldButThat) {
-  result.InSight = false;
-  now.Changes.Source = true;
+  Result.InSight = false;
+  Now.Changes.Source = true;
   EXPECT_THAT(All(), ElementsAre(testing::_, ResultNote{NoteKind::NotInSight,
                                                         "The last list is not shown.",
                                                         {NoteAction::ShowLastList}}));
 }
 
 TEST_F(ResultNotes, AFilePhrasesWereWrittenToCanBeOpened) {
-  result.Listing.File = "out/report.txt";
-  result.Listing.Bytes = 2048;
-  now.OutputPath = "out/report.txt";
+  Result.Listing.File = "out/report.txt";
+  Result.Listing.Bytes = 2048;
+  Now.OutputPath = "out/report.txt";
   EXPECT_THAT(All(), ElementsAre(testing::_, ResultNote{NoteKind::Written,
                                                         "4 phrases written to report.txt (2.00 Kb).",
                                                         {NoteAction::OpenFile, NoteAction::OpenFolder},
                                                         "out/report.txt"}));
-  now.OutputPath = "out/other.txt";
+  Now.OutputPath = "out/other.txt";
   EXPECT_EQ(Texts().at(1), "This list has not been written to the output file other.txt.");
-  now.OutputPath.clear();
+  Now.OutputPath.clear();
   EXPECT_EQ(Texts().at(1), "This list stands in the file only.");
-  result.Listing.List.Phrases = result.Listing.List.Shown = 1;
+  Result.Listing.List.Phrases = Result.Listing.List.Shown = 1;
   EXPECT_EQ(Texts().at(0), "1 phrase written to report.txt (2.00 Kb).");
 }
 
 TEST_F(ResultNotes, AShortenedListSaysByHowMuch) {
-  result.Listing.List = {
+  Result.Listing.List = {
       .Outcome = ListOutcome::SinkFull, .Phrases = 3999, .Shown = 1225, .Unfiltered = 3999};
   EXPECT_THAT(Texts(), ElementsAre("1,225 of 3,999 phrases shown: the text box is full."));
-  result.Listing.List.Outcome = ListOutcome::Stopped;
+  Result.Listing.List.Outcome = ListOutcome::Stopped;
   EXPECT_THAT(Texts(), ElementsAre("The listing was stopped: 1,225 of 3,999 phrases shown."));
-  result.Listing.Failed = true;
+  Result.Listing.Failed = true;
   EXPECT_THAT(Texts(), ElementsAre("The listing ended with an error."));
 }
 
 TEST_F(ResultNotes, AFilterIsToldWithItsMatches) {
-  result.Listing.Options = {.FilterText = "whale", .FilterActive = true};
-  result.Listing.List.Phrases = result.Listing.List.Shown = 1;
-  now.Report = result.Listing.Options;
+  Result.Listing.Options = {.FilterText = "whale", .FilterActive = true};
+  Result.Listing.List.Phrases = Result.Listing.List.Shown = 1;
+  Now.Report = Result.Listing.Options;
   EXPECT_THAT(Texts(), ElementsAre("Filtered by \"whale\" (all words): 1 of 4 phrases matches."));
-  now.Report.FilterModeOfWords = FilterMode::Subphrase;
+  Now.Report.FilterModeOfWords = FilterMode::Subphrase;
   EXPECT_THAT(Texts(), ElementsAre("Filtered by \"whale\" (all words): 1 of 4 phrases matches.",
                                    "The filter words below are not applied to this list."));
-  now.Report = {};
+  Now.Report = {};
   EXPECT_THAT(Texts(), ElementsAre("Still filtered by \"whale\" (all words): 1 of 4 phrases matches."));
 }
 
 TEST_F(ResultNotes, WhatTheRunLeftOutIsTold) {
-  result.Run.Facts.Options.Stopped = true;
-  result.Request.Lists.CountOnly = {"whale", "ship~"};
-  result.Run.Facts.Words.DroppedBy = {16383, 0, 0, 0, 0, 0};
-  result.Run.Facts.Words.Taken = 55818;
-  result.Run.Facts.LongPhrases = 2;
-  result.Run.Facts.Encodings.IllFormed = 3;
+  Result.Run.Facts.Options.Stopped = true;
+  Result.Request.Lists.CountOnly = {"whale", "ship~"};
+  Result.Run.Facts.Words.DroppedBy = {16383, 0, 0, 0, 0, 0};
+  Result.Run.Facts.Words.Taken = 55818;
+  Result.Run.Facts.LongPhrases = 2;
+  Result.Run.Facts.Encodings.IllFormed = 3;
   EXPECT_THAT(Texts(), ElementsAre("Counting was stopped: what came after that is not in this list.",
                                    "Only phrases that match one of the 2 count-only entries were counted.",
                                    "16,383 of 72,201 words left out: shorter than 3 letters.",
                                    "2 phrases of more than 100 characters left out.",
                                    "3 byte sequences that are no UTF-8 were passed over."));
-  result.Request.Lists.CountOnly = {"whale"};
+  Result.Request.Lists.CountOnly = {"whale"};
   EXPECT_EQ(Texts().at(1), "Only phrases that match the one count-only entry were counted.");
 }
 
@@ -144,13 +144,13 @@ TEST(ShortenedNames, KeepTheirEnds) {
 struct EmptyResults : testing::Test {
   /// The causes told after a run over `text`.
   std::vector<std::string> CausesOf(const std::string& text) {
-    world.files.Add("/a.txt", text);
-    world.request.InputPath = "/a.txt";
-    world.request.Options.SourceKind = TextSource::SingleFile;
+    World.Files.Add("/a.txt", text);
+    World.Request.InputPath = "/a.txt";
+    World.Request.Options.SourceKind = TextSource::SingleFile;
     ShownResult result;
-    EXPECT_EQ(world.Count(), RunEnd::Counted);
-    result.Run = std::move(world.run);
-    result.Request = world.request;
+    EXPECT_EQ(World.Count(), RunEnd::Counted);
+    result.Run = std::move(World.Run);
+    result.Request = World.Request;
     result.InSight = true;
     NoYielder yielder;
     OfferedPhrases offered;
@@ -161,7 +161,7 @@ struct EmptyResults : testing::Test {
     return texts;
   }
 
-  RunWorld world;
+  RunWorld World;
 };
 
 TEST_F(EmptyResults, TextsWithoutWords) {
@@ -173,60 +173,60 @@ TEST_F(EmptyResults, WordsThatAreAllLeftOut) {
 }
 
 TEST_F(EmptyResults, PhrasesThatAreTooRare) {
-  world.UseLengths(2, 3, 4);
+  World.UseLengths(2, 3, 4);
   EXPECT_THAT(CausesOf("the white whale. the white whale\n"),
               ElementsAre("All 3 different phrases occur less often than 4 times."));
-  world.UseLengths(3, 3, 2);
+  World.UseLengths(3, 3, 2);
   EXPECT_THAT(CausesOf("the white whale\n"), ElementsAre("The only phrase occurs less often than 2 times."));
 }
 
 TEST_F(EmptyResults, RowsThatAreTooShort) {
-  world.UseLengths(4, 6);
+  World.UseLengths(4, 6);
   EXPECT_THAT(CausesOf("the white whale. the old man\n"),
               ElementsAre("Nowhere do 4 words stand in a row: the longest row has 3."));
 }
 
 TEST_F(EmptyResults, PhrasesOfNothingButWordsToIgnore) {
-  world.UseLengths(2, 3);
-  world.request.Options.IgnoreMode = IgnoreRule::ExcludeAll;
-  world.request.Lists.TypedWordsToIgnore = {"the", "and", "for"};
+  World.UseLengths(2, 3);
+  World.Request.Options.IgnoreMode = IgnoreRule::ExcludeAll;
+  World.Request.Lists.TypedWordsToIgnore = {"the", "and", "for"};
   EXPECT_THAT(CausesOf("the and for. the and for\n"),
               ElementsAre("All 6 phrases consist of words to ignore alone."));
 }
 
 TEST_F(EmptyResults, PhrasesWithAWordToIgnore) {
-  world.UseLengths(2, 3);
-  world.request.Options.IgnoreMode = IgnoreRule::ExcludeWith;
-  world.request.Lists.TypedWordsToIgnore = {"the"};
+  World.UseLengths(2, 3);
+  World.Request.Options.IgnoreMode = IgnoreRule::ExcludeWith;
+  World.Request.Lists.TypedWordsToIgnore = {"the"};
   EXPECT_THAT(CausesOf("the man the whale the ship the\n"),
               ElementsAre("Nowhere do 2 words stand in a row: the longest row has 1.",
                           "4 of 7 words are to be ignored, and no phrase with such a word is counted."));
 }
 
 TEST_F(EmptyResults, PhrasesThatNoCountOnlyEntryMatches) {
-  world.UseLengths(2, 3);
-  world.request.Lists.CountOnly = {"ship"};
+  World.UseLengths(2, 3);
+  World.Request.Lists.CountOnly = {"ship"};
   EXPECT_THAT(CausesOf("the white whale. the white whale\n"),
               ElementsAre("All 6 phrases match no count-only entry."));
-  world.request.Lists.TypedWordsToIgnore = {"the", "old"};
-  world.request.Options.IgnoreMode = IgnoreRule::ExcludeAll;
+  World.Request.Lists.TypedWordsToIgnore = {"the", "old"};
+  World.Request.Options.IgnoreMode = IgnoreRule::ExcludeAll;
   EXPECT_THAT(CausesOf("the old whale.\n"), ElementsAre("1 phrase consists of words to ignore alone.",
                                                         "2 phrases match no count-only entry."));
 }
 
 TEST_F(EmptyResults, PhrasesThatAreTooLong) {
-  world.UseLengths(3, 3);
+  World.UseLengths(3, 3);
   const std::string word = "abcdefghijklmnopqrstuvwxyzabcdefghijklmnop";
   EXPECT_THAT(CausesOf(word + " " + word + " " + word + "\n"),
               ElementsAre("The only phrase has more than 100 characters."));
 }
 
 TEST_F(EmptyResults, HaveWaysOut) {
-  world.UseLengths(2, 3, 4);
+  World.UseLengths(2, 3, 4);
   ShownResult result;
-  world.UseFile("/a.txt", "the white whale. the white whale\n");
-  EXPECT_EQ(world.Count(), RunEnd::Counted);
-  result.Run = std::move(world.run);
+  World.UseFile("/a.txt", "the white whale. the white whale\n");
+  EXPECT_EQ(World.Count(), RunEnd::Counted);
+  result.Run = std::move(World.Run);
   result.InSight = true;
   const std::vector<ResultNote> notes = NotesOf(result, {}, {});
   ASSERT_EQ(notes.size(), 2U);

@@ -22,8 +22,8 @@ using testing::HasSubstr;
 using testing::Not;
 
 struct SampleCase {
-  const char* sample;
-  const char* words;
+  const char* Sample;
+  const char* Words;
 };
 
 TEST(TheWordsOfASample, AreThoseOfARunWithTheDefaults) {

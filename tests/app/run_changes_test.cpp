@@ -9,9 +9,9 @@ namespace korv {
 namespace {
 
 struct Change {
-  const char* name;
-  std::function<void(RunRequest&)> make;
-  const char* told;  ///< Of the rules; "source" for the source, "" for nothing.
+  const char* Name;
+  std::function<void(RunRequest&)> Make;
+  const char* Told;  ///< Of the rules; "source" for the source, "" for nothing.
 };
 
 RunRequest FileRequest() {
@@ -24,12 +24,12 @@ RunRequest FileRequest() {
 
 void Expect(const RunRequest& counted, const Change& change) {
   RunRequest now = counted;
-  change.make(now);
+  change.Make(now);
   const RunChanges changes = ChangesBetween(counted, now);
-  const bool source = std::string(change.told) == "source";
-  EXPECT_EQ(changes.Source, source) << change.name;
-  EXPECT_EQ(ChangedRulesText(changes), source ? "" : change.told) << change.name;
-  EXPECT_EQ(changes.Rules(), !source && *change.told != 0) << change.name;
+  const bool source = std::string(change.Told) == "source";
+  EXPECT_EQ(changes.Source, source) << change.Name;
+  EXPECT_EQ(ChangedRulesText(changes), source ? "" : change.Told) << change.Name;
+  EXPECT_EQ(changes.Rules(), !source && *change.Told != 0) << change.Name;
 }
 
 TEST(ChangesBetween, ToldByWhatTheyAreAbout) {

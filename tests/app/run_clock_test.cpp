@@ -10,18 +10,18 @@ using std::chrono::seconds;
 /// Goes on only when told to.
 class HandClock final : public Clock {
  public:
-  std::chrono::steady_clock::time_point Now() const override { return now; }
-  std::chrono::steady_clock::time_point now{};
+  std::chrono::steady_clock::time_point Now() const override { return Time; }
+  std::chrono::steady_clock::time_point Time{};
 };
 
 TEST(RunClock, TellsTheTimeSinceItsStart) {
   HandClock hand;
   RunClock clock(hand);
   EXPECT_FALSE(clock.Running());
-  hand.now += seconds(5);
+  hand.Time += seconds(5);
   clock.Start();
   EXPECT_TRUE(clock.Running());
-  hand.now += seconds(7);
+  hand.Time += seconds(7);
   EXPECT_EQ(clock.Elapsed(), seconds(7));
   clock.Start();
   EXPECT_EQ(clock.Elapsed(), seconds(0));
@@ -33,19 +33,19 @@ TEST(RunClock, StandsWhileSomebodyWaitsForTheUser) {
   HandClock hand;
   RunClock clock(hand);
   clock.Start();
-  hand.now += seconds(1);
+  hand.Time += seconds(1);
   {
     const RunClock::Waiting question(clock);
-    hand.now += seconds(100);
+    hand.Time += seconds(100);
     EXPECT_EQ(clock.Elapsed(), seconds(1));
     {
       const RunClock::Waiting withinIt(clock);
-      hand.now += seconds(100);
+      hand.Time += seconds(100);
     }
-    hand.now += seconds(100);
+    hand.Time += seconds(100);
     EXPECT_EQ(clock.Elapsed(), seconds(1));
   }
-  hand.now += seconds(2);
+  hand.Time += seconds(2);
   EXPECT_EQ(clock.Elapsed(), seconds(3));
 }
 
@@ -55,10 +55,10 @@ TEST(RunClock, ForgetsWaitsOfEarlierRuns) {
   clock.Start();
   {
     const RunClock::Waiting question(clock);
-    hand.now += seconds(100);
+    hand.Time += seconds(100);
   }
   clock.Start();
-  hand.now += seconds(4);
+  hand.Time += seconds(4);
   EXPECT_EQ(clock.Elapsed(), seconds(4));
 }
 

@@ -39,25 +39,25 @@ struct Asked {
 };
 
 Asked Ask(RunWorld& world, ReportOptions report = {}) {
-  const bool starts = AskBeforeCounting(world.request, report, world.files, world.messages);
-  return {starts, world.request.Options.MinFrequency, report};
+  const bool starts = AskBeforeCounting(world.Request, report, world.Files, world.Messages);
+  return {starts, world.Request.Options.MinFrequency, report};
 }
 
 TEST(AskBeforeCounting, RefusesAMaximumBelowTheMinimum) {
   RunWorld world;
   world.UseLengths(5, 4, 1);
   EXPECT_FALSE(Ask(world).Starts);
-  EXPECT_EQ(world.messages.Only().text,
+  EXPECT_EQ(world.Messages.Only().Text,
             "The maximum number of words in each phrase\r\nmust not be less than the minimum number.");
-  EXPECT_EQ(world.messages.Only().title, "Invalid input");
-  EXPECT_EQ(world.messages.Only().icon, Icon::Exclamation);
+  EXPECT_EQ(world.Messages.Only().Title, "Invalid input");
+  EXPECT_EQ(world.Messages.Only().Icon, Icon::Exclamation);
 }
 
 TEST(AskBeforeCounting, AcceptsEqualLengths) {
   RunWorld world;
   world.UseLengths(5, 5);
   EXPECT_TRUE(Ask(world).Starts);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
@@ -81,18 +81,18 @@ TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
       RunWorld world;
       world.UseFile("/a.txt", std::string(c.FileBytes, 'x'));
       world.UseLengths(2, 3, c.MinFrequency);
-      world.request.Options.SourceKind = c.Source;
-      world.messages.WillAnswer(Question::MinimumFrequency, answer);
+      world.Request.Options.SourceKind = c.Source;
+      world.Messages.WillAnswer(Question::MinimumFrequency, answer);
       const Asked asked = Ask(world, {.WordOrder = c.WordOrder});
       EXPECT_TRUE(asked.Starts);
-      EXPECT_EQ(!world.messages.shown.empty(), c.Advised) << c.FileBytes;
+      EXPECT_EQ(!world.Messages.Shown.empty(), c.Advised) << c.FileBytes;
       EXPECT_EQ(asked.MinFrequency, c.Advised && answer == Answer::Yes ? 2 : c.MinFrequency);
       if (c.Advised) {
-        EXPECT_EQ(world.messages.Only().text,
+        EXPECT_EQ(world.Messages.Only().Text,
                   "If you are just interested in the most frequently occurring phrases then the minimum "
                   "number of occurrences should be set to at least 2, otherwise processing will take "
                   "longer.\r\nDo you wish to reset it?");
-        EXPECT_EQ(world.messages.Only().buttons, Buttons::YesNo);
+        EXPECT_EQ(world.Messages.Only().Buttons, Buttons::YesNo);
       }
     }
 }
@@ -100,13 +100,13 @@ TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
 TEST(AskBeforeCounting, AsksWhetherToKeepTheFilter) {
   for (const bool keep : {true, false}) {
     RunWorld world;
-    world.messages.WillAnswer(Question::KeepFilter, keep ? Answer::Yes : Answer::No);
+    world.Messages.WillAnswer(Question::KeepFilter, keep ? Answer::Yes : Answer::No);
     const Asked asked = Ask(world, {.FilterText = "cat"});
     EXPECT_TRUE(asked.Starts);
     EXPECT_EQ(asked.Report.FilterText, keep ? "cat" : "");
     EXPECT_EQ(asked.Report.FilterActive, keep);
-    EXPECT_EQ(world.messages.Only().text, "Do you wish to keep the filter settings?");
-    EXPECT_EQ(world.messages.Only().title, "Filter results?");
+    EXPECT_EQ(world.Messages.Only().Text, "Do you wish to keep the filter settings?");
+    EXPECT_EQ(world.Messages.Only().Title, "Filter results?");
   }
 }
 
@@ -114,7 +114,7 @@ TEST(AskBeforeCounting, WithoutFilterWordsTheListIsWhole) {
   RunWorld world;
   const Asked asked = Ask(world, {.FilterActive = true});
   EXPECT_FALSE(asked.Report.FilterActive);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 // ---- Single files.
@@ -125,18 +125,18 @@ TEST(RunCount, CountsTheCatsOfAFile) {
   world.UseLengths(2, 3);
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_EQ(world.Listed(), "3 the big, 2 the big cat");
-  EXPECT_EQ(world.run.Facts.InputPath, "/a.txt");
-  EXPECT_EQ(world.run.Facts.MinCharacters, 3);
-  EXPECT_FALSE(world.run.Facts.WordsToIgnoreInUse);
-  EXPECT_FALSE(world.run.Facts.Options.Stopped);
-  EXPECT_EQ(world.run.Facts.Words.Taken, 13u);
-  EXPECT_EQ(world.run.Facts.LongPhrases, 0u);
-  EXPECT_FALSE(world.run.Interrupted);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
-  EXPECT_THAT(world.view.statuses,
+  EXPECT_EQ(world.Run.Facts.InputPath, "/a.txt");
+  EXPECT_EQ(world.Run.Facts.MinCharacters, 3);
+  EXPECT_FALSE(world.Run.Facts.WordsToIgnoreInUse);
+  EXPECT_FALSE(world.Run.Facts.Options.Stopped);
+  EXPECT_EQ(world.Run.Facts.Words.Taken, 13u);
+  EXPECT_EQ(world.Run.Facts.LongPhrases, 0u);
+  EXPECT_FALSE(world.Run.Interrupted);
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
+  EXPECT_THAT(world.View.Statuses,
               ElementsAre("Now counting phrases in\r\n\r\n/a.txt", "Excluding redundant subphrases . . . ",
                           "Now setting up frequency chain . . .", "(cleared)"));
-  EXPECT_THAT(world.view.sizes, ElementsAre("Filesize: 53 bytes|"));
+  EXPECT_THAT(world.View.ShownSizes, ElementsAre("Filesize: 53 bytes|"));
 }
 
 TEST(RunCount, ListsEveryPhraseWithAMinimumFrequencyOfOne) {
@@ -153,11 +153,11 @@ TEST(RunCount, TellsOfSortingAboveAThousandPhrases) {
     world.UseFile("/a.txt", ManyPhrases(phrases + 1));
     world.UseLengths(2, 2, 1);
     world.Count();
-    EXPECT_EQ(world.run.Table.PhraseCount(), static_cast<uint64_t>(phrases));
+    EXPECT_EQ(world.Run.Table.PhraseCount(), static_cast<uint64_t>(phrases));
     if (phrases > 1000)
-      EXPECT_THAT(world.view.statuses, Contains("Now sorting ..."));
+      EXPECT_THAT(world.View.Statuses, Contains("Now sorting ..."));
     else
-      EXPECT_THAT(world.view.statuses, Not(Contains("Now sorting ...")));
+      EXPECT_THAT(world.View.Statuses, Not(Contains("Now sorting ...")));
   }
 }
 
@@ -175,8 +175,8 @@ TEST(RunCount, SaysWhatKindOfFileItIs) {
     RunWorld world;
     world.UseFile("/a.txt", c.Content);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
-    EXPECT_THAT(world.view.fileKinds, ElementsAre(c.WhileReading));
-    EXPECT_EQ(world.run.FileKind, c.Kind);
+    EXPECT_THAT(world.View.FileKinds, ElementsAre(c.WhileReading));
+    EXPECT_EQ(world.Run.FileKind, c.Kind);
   }
 }
 
@@ -196,25 +196,25 @@ TEST(RunCount, RefusesAFileThatCannotBeCountedOnceAndLeavesNoSizes) {
         {"/tiny.txt", "", "File /tiny.txt\r\ncontains only from 1 to 4 bytes.", "Invalid input file"},
         {"/locked.txt", "", "This file cannot be opened.", "Invalid input file"}}) {
     RunWorld world;
-    world.files.Add("/a.txt", kText);
-    world.files.Add("/empty.txt", "");
-    world.files.Add("/tiny.txt", "abc");
-    world.files.Add("/locked.txt", kText);
-    world.files.Refuse("/locked.txt", FileFault::PermissionDenied);
-    world.request.InputPath = c.Path;
-    world.request.OutputPath = c.Output;
+    world.Files.Add("/a.txt", kText);
+    world.Files.Add("/empty.txt", "");
+    world.Files.Add("/tiny.txt", "abc");
+    world.Files.Add("/locked.txt", kText);
+    world.Files.Refuse("/locked.txt", FileFault::PermissionDenied);
+    world.Request.InputPath = c.Path;
+    world.Request.OutputPath = c.Output;
     EXPECT_EQ(world.Count(), RunEnd::Refused) << c.Path;
-    EXPECT_EQ(world.messages.Only().text, c.Text);
-    EXPECT_EQ(world.messages.Only().title, c.Title);
-    EXPECT_EQ(world.view.sizes.back(), "|");
+    EXPECT_EQ(world.Messages.Only().Text, c.Text);
+    EXPECT_EQ(world.Messages.Only().Title, c.Title);
+    EXPECT_EQ(world.View.ShownSizes.back(), "|");
   }
 }
 
 TEST(RunCount, EmptiesTheInputBoxOnAnInvalidSpecificationOnly) {
   RunWorld world;
-  world.request.InputPath = "/texts/";
+  world.Request.InputPath = "/texts/";
   world.Count();
-  EXPECT_THAT(world.view.inputFiles, ElementsAre(""));
+  EXPECT_THAT(world.View.InputFiles, ElementsAre(""));
 }
 
 TEST(RunCount, RefusesFilesThatAreNoText) {
@@ -228,7 +228,7 @@ TEST(RunCount, RefusesFilesThatAreNoText) {
     RunWorld world;
     world.UseFile("/a.txt", c.Content);
     EXPECT_EQ(world.Count(), RunEnd::Refused);
-    EXPECT_EQ(world.messages.Only().title, c.Title);
+    EXPECT_EQ(world.Messages.Only().Title, c.Title);
   }
 }
 
@@ -249,16 +249,16 @@ TEST(RunCount, AsksAboutLargeInputOnceAndOnlyWithoutAnOutputFile) {
                        {200001, "", Answer::Yes, RunEnd::Counted, true, "/chosen.txt"}}) {
     RunWorld world;
     world.UseFile("/a.txt", large.substr(0, c.Bytes));
-    world.request.OutputPath = c.Output;
-    world.messages.WillAnswer(Question::LargeInput, c.Given);
-    world.view.chosenOutput = "/chosen.txt";
+    world.Request.OutputPath = c.Output;
+    world.Messages.WillAnswer(Question::LargeInput, c.Given);
+    world.View.ChosenOutput = "/chosen.txt";
     EXPECT_EQ(world.Count(), c.End);
-    EXPECT_EQ(world.messages.shown.size(), c.Asks ? 1u : 0u);
-    EXPECT_EQ(world.view.choices, c.Given == Answer::Yes ? 1 : 0);
-    EXPECT_EQ(world.run.OutputPath, c.OutputAfter);
-    EXPECT_EQ(testing::Value(world.view.sizes, Contains("|")), c.End == RunEnd::Abandoned);
+    EXPECT_EQ(world.Messages.Shown.size(), c.Asks ? 1u : 0u);
+    EXPECT_EQ(world.View.Choices, c.Given == Answer::Yes ? 1 : 0);
+    EXPECT_EQ(world.Run.OutputPath, c.OutputAfter);
+    EXPECT_EQ(testing::Value(world.View.ShownSizes, Contains("|")), c.End == RunEnd::Abandoned);
     if (c.Asks) {
-      EXPECT_EQ(world.messages.Only().title, "Large input file");
+      EXPECT_EQ(world.Messages.Only().Title, "Large input file");
     }
   }
 }
@@ -268,17 +268,17 @@ TEST(RunCount, ShowsTheProgressOfLargerFilesOnly) {
     RunWorld world;
     world.UseFile("/a.txt", ManyPhrases(3000).substr(0, bytes));
     EXPECT_EQ(world.Count(), RunEnd::Counted);
-    EXPECT_EQ(world.progress.BytesTotal, bytes > 10240 ? bytes : 0U);
-    EXPECT_EQ(world.progress.BytesRead, bytes);
+    EXPECT_EQ(world.Progress.BytesTotal, bytes > 10240 ? bytes : 0U);
+    EXPECT_EQ(world.Progress.BytesRead, bytes);
   }
 }
 
 TEST(RunCount, GoesOnWithoutAnOutputFileWhenNoneIsChosen) {
   RunWorld world;
   world.UseFile("/a.txt", ManyPhrases(60000));
-  world.messages.WillAnswer(Question::LargeInput, Answer::Yes);
+  world.Messages.WillAnswer(Question::LargeInput, Answer::Yes);
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_EQ(world.run.OutputPath, "");
+  EXPECT_EQ(world.Run.OutputPath, "");
 }
 
 TEST(RunCount, ReadsMarkUpByTheExtension) {
@@ -299,7 +299,7 @@ TEST(RunCount, TellsHowMuchOfAMarkUpFileIsText) {
     world.UseFile(path, "<p>the big cat</p>, the big cat");
     world.UseLengths(3, 3, 2);
     world.Count();
-    EXPECT_TRUE(world.view.sizes.back().ends_with(text)) << world.view.sizes.back();
+    EXPECT_TRUE(world.View.ShownSizes.back().ends_with(text)) << world.View.ShownSizes.back();
   }
 }
 
@@ -308,10 +308,10 @@ TEST(RunCount, TellsWhatBecameOfTheWords) {
   const std::string w40(40, 'w');
   world.UseFile("/a.txt", "it is the hmmmm of " + w40 + " " + w40 + " " + w40 + " cat\r\n");
   world.UseLengths(2, 3, 1);
-  world.request.Rules.LongWordSize = 40;
-  world.request.Rules.IgnoreRepetitions = false;
+  world.Request.Rules.LongWordSize = 40;
+  world.Request.Rules.IgnoreRepetitions = false;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  const RunSummary& facts = world.run.Facts;
+  const RunSummary& facts = world.Run.Facts;
   EXPECT_EQ(facts.Words.Read(), 9u);
   EXPECT_EQ(facts.Words.Taken, 6u);
   EXPECT_EQ(facts.Words.DroppedFor(DropReason::Short), 3u);
@@ -329,13 +329,13 @@ TEST(RunCount, CountsADocumentAndKeepsItsTextOnlyWhenAsked) {
     RunWorld world;
     world.UseFile("/d/market.docx", Document("market.docx"));
     world.UseLengths(2, 2, 1);
-    world.request.ExtractTextFromDocx = keep;
+    world.Request.ExtractTextFromDocx = keep;
     EXPECT_EQ(world.Count(), RunEnd::Counted);
-    EXPECT_GT(world.run.Facts.Words.Taken, 0u);
-    const auto text = world.files.Content("/d/extracted_text/market.docx.txt");
+    EXPECT_GT(world.Run.Facts.Words.Taken, 0u);
+    const auto text = world.Files.Content("/d/extracted_text/market.docx.txt");
     EXPECT_EQ(text.has_value(), keep);
-    EXPECT_THAT(world.view.sizes.back(), testing::HasSubstr("|Text: "));
-    EXPECT_TRUE(world.files.TemporaryIsClean());
+    EXPECT_THAT(world.View.ShownSizes.back(), testing::HasSubstr("|Text: "));
+    EXPECT_TRUE(world.Files.TemporaryIsClean());
     if (!keep) continue;
     RunWorld again;
     again.UseFile("/text.txt", *text);
@@ -349,18 +349,18 @@ TEST(RunCount, RefusesADamagedDocument) {
   RunWorld world;
   world.UseFile("/d/market.docx", Document("market.docx").substr(0, 300));
   EXPECT_EQ(world.Count(), RunEnd::Refused);
-  EXPECT_EQ(world.messages.shown.size(), 1u);
-  EXPECT_EQ(world.view.sizes.back(), "|");
-  EXPECT_TRUE(world.files.TemporaryIsClean());
+  EXPECT_EQ(world.Messages.Shown.size(), 1u);
+  EXPECT_EQ(world.View.ShownSizes.back(), "|");
+  EXPECT_TRUE(world.Files.TemporaryIsClean());
 }
 
 TEST(RunCount, RefusesACFileWhenItsCommentMarkersCouldBeWords) {
   for (const char* path : {"/a.c", "/a.txt"}) {
     RunWorld world;
     world.UseFile(path, "some words // and more");
-    world.request.Rules.AllowForwardslashes = true;
+    world.Request.Rules.AllowForwardslashes = true;
     EXPECT_EQ(world.Count(), std::string(path) == "/a.c" ? RunEnd::Refused : RunEnd::Counted);
-    EXPECT_EQ(world.messages.shown.size(), std::string(path) == "/a.c" ? 1u : 0u);
+    EXPECT_EQ(world.Messages.Shown.size(), std::string(path) == "/a.c" ? 1u : 0u);
   }
 }
 
@@ -372,7 +372,7 @@ TEST(RunCount, AsksOncePerPathWhetherTextIsUtf8) {
     EXPECT_EQ(world.Count(), RunEnd::Counted);
     EXPECT_EQ(world.Listed(), "3 größer größer");
   }
-  EXPECT_EQ(world.messages.Only().title, "Text encoding");
+  EXPECT_EQ(world.Messages.Only().Title, "Text encoding");
 }
 
 TEST(RunCount, TellsHowATextWasRead) {
@@ -396,26 +396,26 @@ TEST(RunCount, TellsHowATextWasRead) {
          {.Utf8 = 1, .IllFormed = 2},
          "This is a UTF-8 text file."}}) {
     RunWorld world;
-    world.messages.WillAnswer(Question::TextEncoding, c.Utf8);
+    world.Messages.WillAnswer(Question::TextEncoding, c.Utf8);
     world.UseFile(c.Path, c.Text);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
-    EXPECT_EQ(world.run.Facts.Encodings, c.Expected) << c.Text;
-    EXPECT_EQ(world.run.FileKind, c.Kind) << c.Text;
+    EXPECT_EQ(world.Run.Facts.Encodings, c.Expected) << c.Text;
+    EXPECT_EQ(world.Run.FileKind, c.Kind) << c.Text;
     const bool isUtf8 = c.Expected.Utf8 == 1;
-    EXPECT_EQ(world.view.fileKinds.back(), isUtf8 ? "This is a UTF8 file." : "") << c.Text;
+    EXPECT_EQ(world.View.FileKinds.back(), isUtf8 ? "This is a UTF8 file." : "") << c.Text;
   }
 }
 
 TEST(RunCount, CountsTheFilesOfAFolderByTheirEncoding) {
   RunWorld world;
-  world.files.Add("/t/ascii.txt", "plain words");
-  world.files.Add("/t/ansi.txt", "caf\xE9 noir");
-  world.files.Add("/t/utf8.txt", "caf\xC3\xA9 noir");
-  world.files.Add("/t/more.txt", "caf\xC3\xA9 noir" + std::string(20000, ' ') + "\xFF");
+  world.Files.Add("/t/ascii.txt", "plain words");
+  world.Files.Add("/t/ansi.txt", "caf\xE9 noir");
+  world.Files.Add("/t/utf8.txt", "caf\xC3\xA9 noir");
+  world.Files.Add("/t/more.txt", "caf\xC3\xA9 noir" + std::string(20000, ' ') + "\xFF");
   world.UseFolder("/t");
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_EQ(world.run.Facts.Encodings, (EncodingCounts{.Ascii = 1, .Ansi = 1, .Utf8 = 2, .IllFormed = 1}));
-  EXPECT_EQ(world.messages.shown.size(), 1u) << "asked once for the whole run";
+  EXPECT_EQ(world.Run.Facts.Encodings, (EncodingCounts{.Ascii = 1, .Ansi = 1, .Utf8 = 2, .IllFormed = 1}));
+  EXPECT_EQ(world.Messages.Shown.size(), 1u) << "asked once for the whole run";
 }
 
 TEST(RunCount, AsksAboutTheEncodingOnlyWhereTheTextNeedsIt) {
@@ -424,12 +424,12 @@ TEST(RunCount, AsksAboutTheEncodingOnlyWhereTheTextNeedsIt) {
   std::string text;
   while (text.size() < 100'000) text += words;
   uint64_t wordsThen = 0;
-  world.messages.onShow = [&](const Message& message) {
-    if (message.question == Question::TextEncoding) wordsThen = world.progress.Words;
+  world.Messages.OnShow = [&](const Message& message) {
+    if (message.Question == Question::TextEncoding) wordsThen = world.Progress.Words;
   };
   world.UseFile("/a.txt", text + "caf\xC3\xA9\n");
   world.Count();
-  EXPECT_EQ(world.messages.shown.size(), 1u);
+  EXPECT_EQ(world.Messages.Shown.size(), 1u);
   EXPECT_EQ(wordsThen, text.size() / words.size() * 3);
 }
 
@@ -440,14 +440,14 @@ TEST(RunCount, RefusesAFileWhoseReadingFails) {
   for (int call = 1; call < 12; ++call) {
     RunWorld world;
     world.UseFile("/a.txt", ManyPhrases(20000));
-    world.files.FailCall(call);
+    world.Files.FailCall(call);
     const RunEnd end = world.Count();
     // The sizes that are asked for in advance are of no consequence; all else ends the run with a message.
     if (end == RunEnd::Counted) {
-      EXPECT_EQ(world.run.Facts.Words.Taken, reference.run.Facts.Words.Taken) << call;
+      EXPECT_EQ(world.Run.Facts.Words.Taken, reference.Run.Facts.Words.Taken) << call;
     } else {
       EXPECT_EQ(end, RunEnd::Refused) << call;
-      EXPECT_EQ(world.messages.shown.size(), 1u) << call;
+      EXPECT_EQ(world.Messages.Shown.size(), 1u) << call;
     }
   }
 }
@@ -460,7 +460,7 @@ TEST(RunCount, CountsTheClipboard) {
   world.UseLengths(2, 2);
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_EQ(world.Listed(), "3 the big, 2 big cat");
-  EXPECT_EQ(world.run.Facts.InputPath, "");
+  EXPECT_EQ(world.Run.Facts.InputPath, "");
 }
 
 TEST(RunCount, RefusesClipboardsThatAreNoText) {
@@ -482,8 +482,8 @@ TEST(RunCount, RefusesClipboardsThatAreNoText) {
     RunWorld world;
     world.UseClipboard(c.Text);
     EXPECT_EQ(world.Count(), RunEnd::Refused);
-    EXPECT_EQ(world.messages.Only().text, c.Message);
-    EXPECT_EQ(world.messages.Only().title, c.Title);
+    EXPECT_EQ(world.Messages.Only().Text, c.Message);
+    EXPECT_EQ(world.Messages.Only().Title, c.Title);
   }
 }
 
@@ -514,8 +514,8 @@ TEST(RunCount, ReadsAStreamOfAnyLengthInItsEncoding) {
     FakeStream stream(c.Bytes);
     RunWorld world;
     world.UseClipboard("");
-    world.request.Stream = &stream;
-    world.request.StreamEncoding = c.Choice;
+    world.Request.Stream = &stream;
+    world.Request.StreamEncoding = c.Choice;
     world.UseLengths(2, 2);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
     if (c.Choice == EncodingChoice::Utf8)
@@ -526,7 +526,7 @@ TEST(RunCount, ReadsAStreamOfAnyLengthInItsEncoding) {
   FakeStream longStream(std::string(150000, ' ') + kText);
   RunWorld world;
   world.UseClipboard("");
-  world.request.Stream = &longStream;
+  world.Request.Stream = &longStream;
   EXPECT_EQ(world.Count(), RunEnd::Refused);  // Nothing but blanks where it is looked at.
 }
 
@@ -536,12 +536,12 @@ TEST(RunCount, CountsAStreamWhileItComes) {
   FakeStream stream(text);
   RunWorld world;
   uint64_t wordsBeforeTheEnd = 0;
-  stream.onRead = [&] { wordsBeforeTheEnd = world.progress.Words; };
+  stream.OnRead = [&] { wordsBeforeTheEnd = world.Progress.Words; };
   world.UseClipboard("");
-  world.request.Stream = &stream;
+  world.Request.Stream = &stream;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_GT(wordsBeforeTheEnd, world.run.Facts.Words.Taken / 2);
-  EXPECT_EQ(world.run.Facts.Encodings.Utf8, 1u);
+  EXPECT_GT(wordsBeforeTheEnd, world.Run.Facts.Words.Taken / 2);
+  EXPECT_EQ(world.Run.Facts.Encodings.Utf8, 1u);
 }
 
 TEST(RunCount, CountsWhatAStreamHadGivenWhenItWasStopped) {
@@ -549,57 +549,57 @@ TEST(RunCount, CountsWhatAStreamHadGivenWhenItWasStopped) {
   FakeStream stream("caf\xC3\xA9 noir\ncaf\xC3\xA9 noir\ncaf\xC3\xA9 no");
   RunWorld world;
   int reads = 0;
-  stream.onRead = [&] {
-    if (++reads == 2) world.yielder.RequestStop();
+  stream.OnRead = [&] {
+    if (++reads == 2) world.Yielder.RequestStop();
   };
-  world.messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  world.Messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
   world.UseClipboard("");
   world.UseLengths(2, 2);
-  world.request.Stream = &stream;
+  world.Request.Stream = &stream;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_EQ(world.Listed(), "2 caf\u00E9 noir, 2 noir caf\u00E9");
-  EXPECT_TRUE(world.run.Interrupted);
+  EXPECT_TRUE(world.Run.Interrupted);
 }
 
 TEST(RunCount, RefusesAStreamThatFailsLate) {
   FakeStream stream(std::string(200000, 'w') + "\nwords");
   RunWorld world;
   int reads = 0;
-  stream.onRead = [&] { stream.fail = ++reads > 150; };
+  stream.OnRead = [&] { stream.Fail = ++reads > 150; };
   world.UseClipboard("");
-  world.request.Stream = &stream;
+  world.Request.Stream = &stream;
   EXPECT_EQ(world.Count(), RunEnd::Refused);
-  EXPECT_EQ(world.messages.shown.size(), 1u);
+  EXPECT_EQ(world.Messages.Shown.size(), 1u);
 }
 
 TEST(RunCount, RefusesAStreamThatIsEmptyOrFails) {
   FakeStream empty("");
   FakeStream failing("words");
-  failing.fail = true;
+  failing.Fail = true;
   for (FakeStream* stream : {&empty, &failing}) {
     RunWorld world;
     world.UseClipboard("");
-    world.request.Stream = stream;
+    world.Request.Stream = stream;
     EXPECT_EQ(world.Count(), RunEnd::Refused);
-    EXPECT_EQ(world.messages.shown.size(), 1u);
+    EXPECT_EQ(world.Messages.Shown.size(), 1u);
   }
 }
 
 TEST(RunCount, AStreamStoppedBeforeItsFirstByteEndsTheRunInSilence) {
   FakeStream stream("");
   RunWorld world;
-  stream.onRead = [&] { world.yielder.RequestStop(); };
+  stream.OnRead = [&] { world.Yielder.RequestStop(); };
   world.UseClipboard("");
-  world.request.Stream = &stream;
+  world.Request.Stream = &stream;
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 TEST(RunCount, AFileStaysAFileWhenThereIsAStreamToo) {
   FakeStream stream("not these words");
   RunWorld world;
   world.UseFile("/a.txt", kText);
-  world.request.Stream = &stream;
+  world.Request.Stream = &stream;
   world.UseLengths(2, 2);
   world.Count();
   EXPECT_EQ(world.Listed(), "3 the big, 2 big cat");
@@ -609,21 +609,21 @@ TEST(RunCount, AFileStaysAFileWhenThereIsAStreamToo) {
 
 TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
   RunWorld world;
-  world.files.Add("/t/b.txt", "the big cat");
-  world.files.Add("/t/A.txt", "the big dog");
-  world.files.Add("/t/empty.txt", "");
-  world.files.Add("/t/tiny.txt", "abc");
-  world.files.Add("/t/binary.txt", std::string(50, '\x02'));
-  world.files.Add("/t/rich.txt", "{\\rtf1 words and more");
-  world.files.Add("/t/broken.docx", "PK" + std::string(100, 'x'));
-  world.files.Add("/t/page.js", "the big script");
-  world.files.Add("/t/sub/c.txt", "the big cat");
+  world.Files.Add("/t/b.txt", "the big cat");
+  world.Files.Add("/t/A.txt", "the big dog");
+  world.Files.Add("/t/empty.txt", "");
+  world.Files.Add("/t/tiny.txt", "abc");
+  world.Files.Add("/t/binary.txt", std::string(50, '\x02'));
+  world.Files.Add("/t/rich.txt", "{\\rtf1 words and more");
+  world.Files.Add("/t/broken.docx", "PK" + std::string(100, 'x'));
+  world.Files.Add("/t/page.js", "the big script");
+  world.Files.Add("/t/sub/c.txt", "the big cat");
   world.UseFolder("/t/");
   world.UseLengths(2, 3);
-  world.request.IncludeSubfolders = true;
+  world.Request.IncludeSubfolders = true;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_EQ(world.Listed(), "3 the big, 2 the big cat");
-  const RunSummary& facts = world.run.Facts;
+  const RunSummary& facts = world.Run.Facts;
   EXPECT_EQ(facts.InputPath, "/t");
   EXPECT_EQ(facts.FilesScanned, 3u);
   EXPECT_EQ(facts.FoldersScanned, 2u);
@@ -635,83 +635,83 @@ TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
                                    Below("/t", "empty.txt") + ": is zero-length",
                                    Below("/t", "rich.txt") + ": is an RTF file",
                                    Below("/t", "tiny.txt") + ": contains only from 1 to 4 bytes"));
-  EXPECT_THAT(world.view.inputFiles,
+  EXPECT_THAT(world.View.InputFiles,
               ElementsAre(Below("/t", "A.txt"), Below("/t", "b.txt"), Below("/t", "binary.txt"),
                           Below("/t", "broken.docx"), Below("/t", "empty.txt"), Below("/t", "rich.txt"),
                           Below("/t", "tiny.txt"), Below("/t", "sub/c.txt")));
-  EXPECT_THAT(world.view.statuses, Contains("Counting files . . ."));
-  EXPECT_THAT(world.view.statuses, Contains("8 files will be scanned."));
-  EXPECT_EQ(world.messages.Only().title, "Error");  // The broken document.
-  EXPECT_TRUE(world.messages.Only().text.ends_with(" when processing broken.docx"));
+  EXPECT_THAT(world.View.Statuses, Contains("Counting files . . ."));
+  EXPECT_THAT(world.View.Statuses, Contains("8 files will be scanned."));
+  EXPECT_EQ(world.Messages.Only().Title, "Error");  // The broken document.
+  EXPECT_TRUE(world.Messages.Only().Text.ends_with(" when processing broken.docx"));
 }
 
 TEST(RunCount, TellsOfTheFirstBrokenDocumentOfAFolderAndListsAll) {
   RunWorld world;
-  world.files.Add("/t/1.docx", "PK" + std::string(100, 'x'));
-  world.files.Add("/t/2.docx", Document("market.docx").substr(0, 300));
-  world.files.Add("/t/3.docx", Document("market.docx"));
-  world.files.Add("/t/4.docx", "PK" + std::string(100, 'y'));
+  world.Files.Add("/t/1.docx", "PK" + std::string(100, 'x'));
+  world.Files.Add("/t/2.docx", Document("market.docx").substr(0, 300));
+  world.Files.Add("/t/3.docx", Document("market.docx"));
+  world.Files.Add("/t/4.docx", "PK" + std::string(100, 'y'));
   world.UseFolder("/t");
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_EQ(world.messages.Only().text, "Not a readable .docx file when processing 1.docx");
-  EXPECT_EQ(world.messages.Only().title, "Error");
+  EXPECT_EQ(world.Messages.Only().Text, "Not a readable .docx file when processing 1.docx");
+  EXPECT_EQ(world.Messages.Only().Title, "Error");
   std::vector<std::string> skipped;
-  for (const SkippedFile& file : world.run.Facts.SkippedFiles)
+  for (const SkippedFile& file : world.Run.Facts.SkippedFiles)
     skipped.push_back(file.Path + ": " + file.Reason);
   EXPECT_THAT(skipped, ElementsAre(Below("/t", "1.docx") + ": is not a readable .docx file",
                                    Below("/t", "2.docx") + ": is not a readable .docx file",
                                    Below("/t", "4.docx") + ": is not a readable .docx file"));
-  EXPECT_EQ(world.run.Facts.FilesScanned, 1u);
+  EXPECT_EQ(world.Run.Facts.FilesScanned, 1u);
 
-  world.messages.Forget();
+  world.Messages.Forget();
   world.Count();
-  EXPECT_EQ(world.messages.shown.size(), 1u) << "the next run tells again";
+  EXPECT_EQ(world.Messages.Shown.size(), 1u) << "the next run tells again";
 }
 
 TEST(RunCount, WithoutATemporaryFolderAFolderOfDocumentsTellsItOnce) {
   RunWorld world;
   for (const char* name : {"/t/1.docx", "/t/2.docx", "/t/3.docx"})
-    world.files.Add(name, Document("market.docx"));
-  world.files.Refuse("/tmp", FileFault::NoSpace);
+    world.Files.Add(name, Document("market.docx"));
+  world.Files.Refuse("/tmp", FileFault::NoSpace);
   world.UseFolder("/t");
   world.Count();
-  EXPECT_EQ(world.messages.Only().text, "Unable to create temporary folder when processing 1.docx");
-  EXPECT_EQ(world.run.Facts.SkippedFiles.size(), 3u);
+  EXPECT_EQ(world.Messages.Only().Text, "Unable to create temporary folder when processing 1.docx");
+  EXPECT_EQ(world.Run.Facts.SkippedFiles.size(), 3u);
 }
 
 TEST(RunCount, TellsOnceThatExtractedTextsCannotBeWritten) {
   RunWorld world;
-  for (const char* name : {"/t/1.docx", "/t/2.docx"}) world.files.Add(name, Document("market.docx"));
-  world.files.Refuse("/t/extracted_text", FileFault::PermissionDenied);
+  for (const char* name : {"/t/1.docx", "/t/2.docx"}) world.Files.Add(name, Document("market.docx"));
+  world.Files.Refuse("/t/extracted_text", FileFault::PermissionDenied);
   world.UseFolder("/t");
-  world.request.ExtractTextFromDocx = true;
+  world.Request.ExtractTextFromDocx = true;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_EQ(world.messages.shown.size(), 1u);
-  EXPECT_EQ(world.run.Facts.FilesScanned, 2u);
+  EXPECT_EQ(world.Messages.Shown.size(), 1u);
+  EXPECT_EQ(world.Run.Facts.FilesScanned, 2u);
   EXPECT_THAT(
-      world.run.Facts.Notices,
+      world.Run.Facts.Notices,
       ElementsAre(AllOf(testing::StartsWith("The text of " + Below("/t", "2.docx") + " was not written ("),
                         testing::EndsWith(")."))));
 }
 
 TEST(RunCount, TellsOfEachFileOfAFolderWhatItTellsOfASingleOne) {
   RunWorld world;
-  world.files.Add("/t/a.txt", "the big cat");
-  world.files.Add("/t/b.html", "<p>the big cat</p>");
-  world.files.Add("/t/empty.txt", "");
-  world.files.Add("/t/sub/c.txt", "\xEF\xBB\xBFthe big cat sat");
+  world.Files.Add("/t/a.txt", "the big cat");
+  world.Files.Add("/t/b.html", "<p>the big cat</p>");
+  world.Files.Add("/t/empty.txt", "");
+  world.Files.Add("/t/sub/c.txt", "\xEF\xBB\xBFthe big cat sat");
   world.UseFolder("/t");
-  world.request.IncludeSubfolders = true;
+  world.Request.IncludeSubfolders = true;
   std::vector<std::string> moments;
-  world.yielder.onTurn = [&] {
-    if (!world.progress.CountingFiles)
-      moments.push_back(ProgressCountText(world.progress.FilesRead, world.progress.FoldersRead));
+  world.Yielder.OnTurn = [&] {
+    if (!world.Progress.CountingFiles)
+      moments.push_back(ProgressCountText(world.Progress.FilesRead, world.Progress.FoldersRead));
   };
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_THAT(world.view.sizes,
+  EXPECT_THAT(world.View.ShownSizes,
               ElementsAre("Filesize: 11 bytes|", "Filesize: 18 bytes|", "Filesize: 18 bytes|Text: 11 bytes",
                           "Filesize: 0 bytes|", "Filesize: 18 bytes|"));
-  EXPECT_THAT(world.view.fileKinds, ElementsAre("", "", "This is a UTF8 file."));
+  EXPECT_THAT(world.View.FileKinds, ElementsAre("", "", "This is a UTF8 file."));
   for (const char* moment : {"0 files in 1 folder", "1 file in 1 folder", "3 files in 2 folders"})
     EXPECT_THAT(moments, Contains(moment));
   EXPECT_EQ(moments.back(), "4 files in 2 folders");
@@ -719,11 +719,11 @@ TEST(RunCount, TellsOfEachFileOfAFolderWhatItTellsOfASingleOne) {
 
 TEST(RunCount, NoFailureOfTheDiskLosesWordsOfAFolderInSilence) {
   const auto fill = [](RunWorld& world) {
-    world.files.Add("/t/a.txt", ManyPhrases(20000));
-    world.files.Add("/t/b.txt", "the big cat");
-    world.files.Add("/t/sub/c.txt", "the big dog");
+    world.Files.Add("/t/a.txt", ManyPhrases(20000));
+    world.Files.Add("/t/b.txt", "the big cat");
+    world.Files.Add("/t/sub/c.txt", "the big dog");
     world.UseFolder("/t");
-    world.request.IncludeSubfolders = true;
+    world.Request.IncludeSubfolders = true;
   };
   RunWorld whole;
   fill(whole);
@@ -732,16 +732,16 @@ TEST(RunCount, NoFailureOfTheDiskLosesWordsOfAFolderInSilence) {
   for (int call = 1;; ++call) {
     RunWorld world;
     fill(world);
-    world.files.FailCall(call);
+    world.Files.FailCall(call);
     const RunEnd end = world.Count();
-    if (!world.files.FailureHappened()) break;
-    const RunSummary& facts = world.run.Facts;
+    if (!world.Files.FailureHappened()) break;
+    const RunSummary& facts = world.Run.Facts;
     if (end != RunEnd::Counted) {
       // Only what is wrong with the chosen folder itself ends the run.
       EXPECT_EQ(end, RunEnd::Refused) << call;
       EXPECT_LE(call, 2);
-      EXPECT_EQ(world.messages.shown.size(), 1u) << call;
-    } else if (facts.Words.Taken != whole.run.Facts.Words.Taken) {
+      EXPECT_EQ(world.Messages.Shown.size(), 1u) << call;
+    } else if (facts.Words.Taken != whole.Run.Facts.Words.Taken) {
       EXPECT_EQ(facts.SkippedFiles.size() + facts.Notices.size(), 1u) << call;
     }
     for (const std::string& notice : facts.Notices)
@@ -776,17 +776,17 @@ TEST(RunCount, RefusesFoldersThatCannotBeCounted) {
          "No files found"},
         {"/scripts", "", "", false, "No scanable files were found in this folder.", "No files found"}}) {
     RunWorld world;
-    world.files.Add("/t/a.txt", kText);
-    world.files.Add("/t2/a.txt", kText);
-    world.files.Add("/outer/inner/a.txt", kText);
-    world.files.Add("/scripts/a.js", kText);
+    world.Files.Add("/t/a.txt", kText);
+    world.Files.Add("/t2/a.txt", kText);
+    world.Files.Add("/outer/inner/a.txt", kText);
+    world.Files.Add("/scripts/a.js", kText);
     world.UseFolder(c.Folder);
-    world.request.OutputPath = c.Output;
-    world.request.Selection.Patterns = SplitPatterns(c.Pattern);
-    world.request.IncludeSubfolders = c.Subfolders;
+    world.Request.OutputPath = c.Output;
+    world.Request.Selection.Patterns = SplitPatterns(c.Pattern);
+    world.Request.IncludeSubfolders = c.Subfolders;
     EXPECT_EQ(world.Count(), RunEnd::Refused) << c.Text;
-    EXPECT_EQ(world.messages.Only().text, c.Text);
-    EXPECT_EQ(world.messages.Only().title, c.Title);
+    EXPECT_EQ(world.Messages.Only().Text, c.Text);
+    EXPECT_EQ(world.Messages.Only().Title, c.Title);
   }
 }
 
@@ -795,67 +795,67 @@ TEST(RunCount, WantsAnOutputFileForSeveralFilesWhereTheTextBoxIsSmall) {
     for (const bool needed : {false, true})
       for (const char* output : {"", "/out.txt"}) {
         RunWorld world;
-        for (int k = 0; k < fileCount; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", kText);
+        for (int k = 0; k < fileCount; ++k) world.Files.Add("/t/" + std::to_string(k) + ".txt", kText);
         world.UseFolder("/t");
-        world.request.SeveralFilesNeedOutput = needed;
-        world.request.OutputPath = output;
+        world.Request.SeveralFilesNeedOutput = needed;
+        world.Request.OutputPath = output;
         const bool refused = fileCount > 1 && needed && !*output;
         EXPECT_EQ(world.Count(), refused ? RunEnd::Refused : RunEnd::Counted);
         if (refused) {
-          EXPECT_EQ(world.messages.Only().title, "Multiple files/folders");
+          EXPECT_EQ(world.Messages.Only().Title, "Multiple files/folders");
         }
       }
 }
 
 TEST(RunCount, ChecksCommentMarkersOnceForAFolderWithACFile) {
   RunWorld world;
-  world.files.Add("/t/a.c", "words in here");
-  world.files.Add("/t/b.c", "words in here");
-  world.files.Add("/t/c.txt", "words in here");
+  world.Files.Add("/t/a.c", "words in here");
+  world.Files.Add("/t/b.c", "words in here");
+  world.Files.Add("/t/c.txt", "words in here");
   world.UseFolder("/t");
-  world.request.Rules.AllowForwardslashes = true;
+  world.Request.Rules.AllowForwardslashes = true;
   EXPECT_EQ(world.Count(), RunEnd::Refused);
-  EXPECT_EQ(world.messages.Only().title, "Error");
-  world.messages.Forget();
-  world.request.Selection.Patterns = {"*.txt"};
+  EXPECT_EQ(world.Messages.Only().Title, "Error");
+  world.Messages.Forget();
+  world.Request.Selection.Patterns = {"*.txt"};
   EXPECT_EQ(world.Count(), RunEnd::Counted);
 }
 
 TEST(RunCount, AsksOncePerFolderRunWhetherTextIsUtf8) {
   RunWorld world;
-  world.files.Add("/t/a.txt", "größer als größer");
-  world.files.Add("/t/b.txt", "größer als größer");
+  world.Files.Add("/t/a.txt", "größer als größer");
+  world.Files.Add("/t/b.txt", "größer als größer");
   world.UseFolder("/t");
   world.Count();
-  EXPECT_EQ(world.messages.shown.size(), 1u);
+  EXPECT_EQ(world.Messages.Shown.size(), 1u);
   world.Count();
-  EXPECT_EQ(world.messages.shown.size(), 2u);
+  EXPECT_EQ(world.Messages.Shown.size(), 2u);
 }
 
 TEST(RunCount, TellsOnceOfAFolderThatCannotBeRead) {
   RunWorld world;
-  world.files.Add("/t/a.txt", kText);
-  world.files.Add("/t/locked/b.txt", kText);
-  world.files.Refuse("/t/locked", FileFault::PermissionDenied);
+  world.Files.Add("/t/a.txt", kText);
+  world.Files.Add("/t/locked/b.txt", kText);
+  world.Files.Refuse("/t/locked", FileFault::PermissionDenied);
   world.UseFolder("/t");
-  world.request.IncludeSubfolders = true;
+  world.Request.IncludeSubfolders = true;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_EQ(world.view.notices.size(), 1u);
-  EXPECT_EQ(world.run.Facts.FoldersScanned, 1u);
+  EXPECT_EQ(world.View.Notices.size(), 1u);
+  EXPECT_EQ(world.Run.Facts.FoldersScanned, 1u);
 }
 
 TEST(RunCount, NothingOfAnEarlierRunIsLeft) {
   RunWorld world;
-  world.files.Add("/t/empty.txt", "");
-  world.files.Add("/t/a.txt", kText);
+  world.Files.Add("/t/empty.txt", "");
+  world.Files.Add("/t/a.txt", kText);
   world.UseFolder("/t");
   world.Count();
-  EXPECT_EQ(world.run.Facts.SkippedFiles.size(), 1u);
+  EXPECT_EQ(world.Run.Facts.SkippedFiles.size(), 1u);
   world.UseFile("/b.txt", "other words entirely");
   world.UseLengths(2, 2, 1);
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_THAT(world.run.Facts.SkippedFiles, IsEmpty());
-  EXPECT_EQ(world.run.Facts.FilesScanned, 0u);
+  EXPECT_THAT(world.Run.Facts.SkippedFiles, IsEmpty());
+  EXPECT_EQ(world.Run.Facts.FilesScanned, 0u);
   EXPECT_EQ(world.Listed(), "1 other words, 1 words entirely");
 }
 
@@ -873,10 +873,10 @@ TEST(RunCount, AppliesTheFourModesOfWordsToIgnore) {
     RunWorld world;
     world.UseFile("/a.txt", "the cat and dog sat. the cat and dog sat.");
     world.UseLengths(2, 2);
-    world.request.Options.IgnoreMode = c.Mode;
-    world.request.Lists.TypedWordsToIgnore = {"the", "and"};
+    world.Request.Options.IgnoreMode = c.Mode;
+    world.Request.Lists.TypedWordsToIgnore = {"the", "and"};
     world.Count();
-    EXPECT_TRUE(world.run.Facts.WordsToIgnoreInUse);
+    EXPECT_TRUE(world.Run.Facts.WordsToIgnoreInUse);
     if (c.Mode == IgnoreRule::Allow || c.Mode == IgnoreRule::ExcludeAll)
       EXPECT_EQ(world.Listed(), "2 and dog, 2 cat and, 2 dog sat, 2 the cat");
     else
@@ -888,8 +888,8 @@ TEST(RunCount, TakesCaseOfListsFromTheRules) {
   RunWorld world;
   world.UseFile("/a.txt", "The Cat. The Cat. the cat. the cat.");
   world.UseLengths(2, 2);
-  world.request.Rules.CaseSignificant = true;
-  world.request.Lists.CountOnly = {"<^The Cat$>"};
+  world.Request.Rules.CaseSignificant = true;
+  world.Request.Lists.CountOnly = {"<^The Cat$>"};
   world.Count();
   EXPECT_EQ(world.Listed(), "2 The Cat");
 }
@@ -899,14 +899,14 @@ TEST(RunCount, TakesCaseOfListsFromTheRules) {
 TEST(AskToStop, StopsOnYesOnly) {
   for (const bool yes : {false, true}) {
     RunWorld world;
-    if (yes) world.messages.WillAnswer(Question::ReallyStop, Answer::Yes);
-    AskToStop(world.messages, world.yielder, world.view);
-    EXPECT_EQ(world.messages.Only().text, "Really stop?");
-    EXPECT_EQ(world.messages.Only().defaultAnswer, Answer::No);
-    EXPECT_EQ(world.yielder.Stopped(), yes);
-    EXPECT_EQ(world.view.statuses.empty(), !yes);
+    if (yes) world.Messages.WillAnswer(Question::ReallyStop, Answer::Yes);
+    AskToStop(world.Messages, world.Yielder, world.View);
+    EXPECT_EQ(world.Messages.Only().Text, "Really stop?");
+    EXPECT_EQ(world.Messages.Only().DefaultAnswer, Answer::No);
+    EXPECT_EQ(world.Yielder.Stopped(), yes);
+    EXPECT_EQ(world.View.Statuses.empty(), !yes);
     if (yes) {
-      EXPECT_THAT(world.view.statuses, ElementsAre("Counting of all phrases was stopped."));
+      EXPECT_THAT(world.View.Statuses, ElementsAre("Counting of all phrases was stopped."));
     }
   }
 }
@@ -923,13 +923,13 @@ TEST(RunCount, AStopAtAnyMomentAsksOnceAndListsWhatWasRead) {
     RunWorld world;
     world.UseFile("/a.txt", text);
     world.UseLengths(2, 4);
-    world.yielder.StopAtCall(call);
-    world.messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+    world.Yielder.StopAtCall(call);
+    world.Messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
-    if (!world.yielder.Stopped() && world.messages.shown.empty()) break;
+    if (!world.Yielder.Stopped() && world.Messages.Shown.empty()) break;
 
     // The same as a text that ends there, whatever the stage in which the stop came.
-    const bool cut = world.run.Facts.Options.Stopped;
+    const bool cut = world.Run.Facts.Options.Stopped;
     size_t end = 0;
     for (uint64_t line = 0; line < (cut ? call : 30); ++line) end = text.find('\n', end) + 1;
     RunWorld shorter;
@@ -937,32 +937,32 @@ TEST(RunCount, AStopAtAnyMomentAsksOnceAndListsWhatWasRead) {
     shorter.UseLengths(2, 4);
     shorter.Count();
     EXPECT_EQ(world.Listed(), shorter.Listed()) << call;
-    EXPECT_EQ(world.run.Table.PhraseCount(), shorter.run.Table.PhraseCount());
-    if (world.yielder.Stopped()) continue;  // The very last call: nothing was left to stop.
-    EXPECT_TRUE(world.run.Interrupted);
-    EXPECT_EQ(world.messages.Only().text,
+    EXPECT_EQ(world.Run.Table.PhraseCount(), shorter.Run.Table.PhraseCount());
+    if (world.Yielder.Stopped()) continue;  // The very last call: nothing was left to stop.
+    EXPECT_TRUE(world.Run.Interrupted);
+    EXPECT_EQ(world.Messages.Only().Text,
               "The operation was stopped before all phrases were counted.\r\n"
               "Do you wish to list those which were were found?");
-    EXPECT_EQ(world.messages.Only().title, "Counting interrupted");
+    EXPECT_EQ(world.Messages.Only().Title, "Counting interrupted");
   }
 }
 
 TEST(RunCount, AStopAnsweredWithNoEndsTheRun) {
   RunWorld world;
   world.UseFile("/a.txt", LinesOfWords(30));
-  world.yielder.StopAtCall(5);
-  world.messages.WillAnswer(Question::CountingInterrupted, Answer::No);
+  world.Yielder.StopAtCall(5);
+  world.Messages.WillAnswer(Question::CountingInterrupted, Answer::No);
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
-  EXPECT_EQ(world.view.statuses.back(), "Stopped");
-  EXPECT_FALSE(world.yielder.Stopped());
+  EXPECT_EQ(world.View.Statuses.back(), "Stopped");
+  EXPECT_FALSE(world.Yielder.Stopped());
 }
 
 TEST(RunCount, AStopBeforeAnythingWasReadEndsTheRunInSilence) {
   RunWorld world;
   world.UseFile("/a.txt", "word\n" + LinesOfWords(5));
-  world.yielder.StopAtCall(1);
+  world.Yielder.StopAtCall(1);
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 TEST(RunCount, AStopBeforeAnyPhraseWasReadEndsTheRunInSilence) {
@@ -972,41 +972,41 @@ TEST(RunCount, AStopBeforeAnyPhraseWasReadEndsTheRunInSilence) {
   for (int k = 0; k < 50; ++k) words += "word.\n";
   world.UseFile("/a.txt", words + LinesOfWords(5));
   world.UseLengths(2, 4);
-  world.yielder.StopAtCall(40);
+  world.Yielder.StopAtCall(40);
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 TEST(RunCount, AStopWhileFilesAreCountedEndsTheRun) {
   RunWorld world;
-  for (int k = 0; k < 5; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", kText);
+  for (int k = 0; k < 5; ++k) world.Files.Add("/t/" + std::to_string(k) + ".txt", kText);
   world.UseFolder("/t");
-  world.yielder.StopAtCall(3);
+  world.Yielder.StopAtCall(3);
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
-  EXPECT_EQ(world.view.statuses.back(), "Stopped while counting files (so far: 2).");
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_EQ(world.View.Statuses.back(), "Stopped while counting files (so far: 2).");
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 TEST(RunCount, AStopBetweenFilesListsTheFilesRead) {
   RunWorld world;
-  for (int k = 0; k < 5; ++k) world.files.Add("/t/" + std::to_string(k) + ".txt", "the big cat");
+  for (int k = 0; k < 5; ++k) world.Files.Add("/t/" + std::to_string(k) + ".txt", "the big cat");
   world.UseFolder("/t");
   world.UseLengths(2, 2);
-  world.messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
-  world.yielder.StopAtCall(10);  // Five while counting files; then two per file.
+  world.Messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  world.Yielder.StopAtCall(10);  // Five while counting files; then two per file.
   EXPECT_EQ(world.Count(), RunEnd::Counted);
-  EXPECT_TRUE(world.run.Facts.Options.Stopped);
-  EXPECT_LT(world.run.Facts.FilesScanned, 5u);
+  EXPECT_TRUE(world.Run.Facts.Options.Stopped);
+  EXPECT_LT(world.Run.Facts.FilesScanned, 5u);
   EXPECT_EQ(world.Listed().substr(2),
-            "big cat, " + std::to_string(world.run.Facts.FilesScanned) + " the big");
+            "big cat, " + std::to_string(world.Run.Facts.FilesScanned) + " the big");
 }
 
 TEST(RunCount, AStopRequestedBeforeTheRunStopsIt) {
   RunWorld world;
   world.UseFile("/a.txt", kText);
-  world.yielder.RequestStop();
+  world.Yielder.RequestStop();
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
-  EXPECT_EQ(world.run.Facts.Words.Read(), 0u);
+  EXPECT_EQ(world.Run.Facts.Words.Read(), 0u);
 }
 
 // ---- What nobody foresaw.
@@ -1015,12 +1015,12 @@ TEST(RunCount, ShowsWhatNobodyForesaw) {
   for (const bool memory : {false, true}) {
     RunWorld world;
     world.UseFile("/a.txt", kText);
-    world.yielder.onTurn = [&] {
+    world.Yielder.OnTurn = [&] {
       if (memory) throw std::bad_alloc();
       throw std::runtime_error("surprise");
     };
     EXPECT_EQ(world.Count(), RunEnd::Failed);
-    EXPECT_EQ(world.messages.Only().text,
+    EXPECT_EQ(world.Messages.Only().Text,
               memory ? "Insufficient memory" : "At RunCount error # 5.\r\nDescription: surprise");
   }
 }
@@ -1029,33 +1029,33 @@ TEST(RunCount, ShowsWhatNobodyForesaw) {
 
 TEST(SetUpChainFor, FollowsTheReport) {
   RunWorld world;
-  world.files.Add("/t/a.txt", "big cat big cat big cat tall dog");
-  world.files.Add("/t/b.txt", "tall dog");
+  world.Files.Add("/t/a.txt", "big cat big cat big cat tall dog");
+  world.Files.Add("/t/b.txt", "tall dog");
   world.UseFolder("/t");
   world.UseLengths(2, 2);
-  world.request.Rules.TerminateAtEndOfLine = true;
+  world.Request.Rules.TerminateAtEndOfLine = true;
   world.Count();
   EXPECT_EQ(world.Listed(), "3 big cat, 2 cat big, 2 tall dog");
   ReportOptions byFiles{.DisplayFormat = 12, .SortByNumberOfFiles = true};
-  EXPECT_TRUE(SetUpChainFor(world.run, byFiles, world.yielder));
+  EXPECT_TRUE(SetUpChainFor(world.Run, byFiles, world.Yielder));
   EXPECT_EQ(world.Listed(), "2 tall dog, 3 big cat, 2 cat big");
-  EXPECT_TRUE(SetUpChainFor(world.run, {}, world.yielder));
+  EXPECT_TRUE(SetUpChainFor(world.Run, {}, world.Yielder));
   EXPECT_EQ(world.Listed(), "3 big cat, 2 cat big, 2 tall dog");
-  world.request.Chain = ChainOrderOf(byFiles);
+  world.Request.Chain = ChainOrderOf(byFiles);
   world.Count();
   EXPECT_EQ(world.Listed(), "2 tall dog, 3 big cat, 2 cat big");
 }
 
 TEST(StageTimes, MeasureEveryStage) {
   RunWorld world;
-  world.clock.step = std::chrono::milliseconds(5);
+  world.Clock.Step = std::chrono::milliseconds(5);
   world.UseFile("/a.txt", kText);
   world.UseLengths(2, 3);
   world.Count();
   for (const RunStage stage :
        {RunStage::Reading, RunStage::Counting, RunStage::Sorting, RunStage::Exclusion, RunStage::Chain})
-    EXPECT_EQ(world.run.Times.Of(stage), std::chrono::milliseconds(5));
-  EXPECT_EQ(world.run.Times.Of(RunStage::Writing), std::chrono::milliseconds(0));
+    EXPECT_EQ(world.Run.Times.Of(stage), std::chrono::milliseconds(5));
+  EXPECT_EQ(world.Run.Times.Of(RunStage::Writing), std::chrono::milliseconds(0));
 }
 
 }  // namespace

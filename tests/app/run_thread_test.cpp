@@ -109,15 +109,15 @@ TEST_F(RunThreads, AskTheirQuestionsHereAndWaitForTheAnswer) {
   std::optional<std::string> typed;
   messages.WillAnswer(Question::KeepFilter, Answer::No);
   messages.WillType("other.txt");
-  messages.onShow = [&](const Message&) { asked = std::this_thread::get_id(); };
+  messages.OnShow = [&](const Message&) { asked = std::this_thread::get_id(); };
   thread->Start(
       RunActivity::Counting,
       [&] {
-        answer = thread->Messages().Show({.text = "Keep it?",
-                                          .title = "Filter",
-                                          .buttons = Buttons::YesNo,
-                                          .defaultAnswer = Answer::Yes,
-                                          .question = Question::KeepFilter});
+        answer = thread->Messages().Show({.Text = "Keep it?",
+                                          .Title = "Filter",
+                                          .Buttons = Buttons::YesNo,
+                                          .DefaultAnswer = Answer::Yes,
+                                          .Question = Question::KeepFilter});
         typed = thread->Messages().AskText("Which file?", "Output", "out.txt");
       },
       Ignore);
@@ -145,11 +145,11 @@ TEST_F(RunThreads, AskNothingMoreOnceAbandonedAndStillTellTheirEnd) {
       [&] {
         UntilStopped()();
         for (const Case& row : cases)
-          answers.push_back(thread->Messages().Show({.text = "?",
-                                                     .title = "?",
-                                                     .buttons = row.Choice,
-                                                     .defaultAnswer = Answer::Yes,
-                                                     .question = row.What}));
+          answers.push_back(thread->Messages().Show({.Text = "?",
+                                                     .Title = "?",
+                                                     .Buttons = row.Choice,
+                                                     .DefaultAnswer = Answer::Yes,
+                                                     .Question = row.What}));
         typed = thread->Messages().AskText("?", "?", "x");
       },
       [&](const std::exception_ptr&) { told = true; });
@@ -159,7 +159,7 @@ TEST_F(RunThreads, AskNothingMoreOnceAbandonedAndStillTellTheirEnd) {
   for (size_t i = 0; i < cases.size(); ++i) EXPECT_EQ(answers[i], cases[i].Expected) << i;
   EXPECT_EQ(typed, std::nullopt);
   EXPECT_TRUE(told);
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
 }
 
 TEST_F(RunThreads, EndWhileTheirWorkWaitsForAnAnswer) {
@@ -167,18 +167,18 @@ TEST_F(RunThreads, EndWhileTheirWorkWaitsForAnAnswer) {
   thread->Start(
       RunActivity::Counting,
       [&, t = thread.get()] {
-        answer.set_value(t->Messages().Show({.text = "?",
-                                             .title = "?",
-                                             .buttons = Buttons::YesNo,
-                                             .defaultAnswer = Answer::Yes,
-                                             .question = Question::KeepFilter}));
+        answer.set_value(t->Messages().Show({.Text = "?",
+                                             .Title = "?",
+                                             .Buttons = Buttons::YesNo,
+                                             .DefaultAnswer = Answer::Yes,
+                                             .Question = Question::KeepFilter}));
       },
       [](const std::exception_ptr&) { ADD_FAILURE() << "nobody is there to be told"; });
   while (loop.Posted() == 0) std::this_thread::yield();
   thread.reset();
   EXPECT_EQ(answer.get_future().get(), Answer::No);
   loop.RunPosted();
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
 }
 
 TEST_F(RunThreads, StopWhatGoesOnWhenTheyEnd) {
@@ -292,10 +292,10 @@ TEST_F(RunThreads, ShowWhatTheyAreToldAtTheirTurnsAndAtTheirEnd) {
         thread->Observer().InputFile("b.txt");
       },
       [&](const std::exception_ptr&) {
-        EXPECT_THAT(observer.told, ElementsAre("file a.txt", "file b.txt"));
+        EXPECT_THAT(observer.Told, ElementsAre("file a.txt", "file b.txt"));
       });
   ASSERT_TRUE(UntilIdle());
-  EXPECT_EQ(text.text, "listed\r\n");
+  EXPECT_EQ(text.Text, "listed\r\n");
 }
 
 TEST_F(RunThreads, AskNothingWhileTheyAreHeld) {
@@ -303,7 +303,7 @@ TEST_F(RunThreads, AskNothingWhileTheyAreHeld) {
       RunActivity::Counting,
       [&] {
         begun.get_future().wait();
-        thread->Messages().Show({.text = "?", .title = "?"});
+        thread->Messages().Show({.Text = "?", .Title = "?"});
       },
       Ignore);
   {
@@ -313,7 +313,7 @@ TEST_F(RunThreads, AskNothingWhileTheyAreHeld) {
     EXPECT_EQ(loop.Posted(), 0U);
   }
   ASSERT_TRUE(UntilIdle());
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
 }
 
 TEST_F(RunThreads, TakeTheirTurnOnTheWorkerWhileTheWorkGoesOn) {

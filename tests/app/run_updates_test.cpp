@@ -31,9 +31,9 @@ TEST_F(Updates, ReachTheWindowInTheOrderInWhichTheyCame) {
   updates.FileKind("UTF-8");
   updates.ClearOutput();
   updates.Notice("b was skipped");
-  EXPECT_THAT(window.told, IsEmpty());
+  EXPECT_THAT(window.Told, IsEmpty());
   loop.RunPosted();
-  EXPECT_THAT(window.told, ElementsAre("file a.txt", "sizes 1 KB,", "status Now sorting ...", "kind UTF-8",
+  EXPECT_THAT(window.Told, ElementsAre("file a.txt", "sizes 1 KB,", "status Now sorting ...", "kind UTF-8",
                                        "clear", "notice b was skipped"));
 }
 
@@ -49,7 +49,7 @@ TEST_F(Updates, OfTheFileThatIsReadAreOnlyTheLastAndWaitToBeFlushed) {
   updates.Flush();
   EXPECT_EQ(loop.Posted(), 1U);
   loop.RunPosted();
-  EXPECT_THAT(window.told, ElementsAre("file c", "sizes c,c", "kind c", "bar c"));
+  EXPECT_THAT(window.Told, ElementsAre("file c", "sizes c,c", "kind c", "bar c"));
   updates.Flush();
   EXPECT_EQ(loop.Posted(), 0U);
 }
@@ -65,7 +65,7 @@ TEST_F(Updates, ComeBeforeTheQuestionThatFollowsThem) {
   });
   ASSERT_TRUE(loop.RunUntil([&ended] { return ended; }));
   EXPECT_EQ(chosen, "out.txt");
-  EXPECT_THAT(window.told, ElementsAre("file a.txt", "choose"));
+  EXPECT_THAT(window.Told, ElementsAre("file a.txt", "choose"));
 }
 
 TEST_F(Updates, ChooseNoFileOnceNobodyIsThereToAnswer) {
@@ -86,12 +86,12 @@ TEST_F(Updates, MayComeWhileOthersAreTaken) {
   });
   ASSERT_TRUE(loop.RunUntil([&ended] { return ended; }));
   std::vector<std::string> notices;
-  for (const std::string& told : window.told)
+  for (const std::string& told : window.Told)
     if (told.starts_with("notice ")) notices.push_back(told);
   ASSERT_EQ(notices.size(), 1000U);
   EXPECT_EQ(notices.front(), "notice 0");
   EXPECT_EQ(notices.back(), "notice 999");
-  EXPECT_EQ(window.told.back(), "file 999");
+  EXPECT_EQ(window.Told.back(), "file 999");
 }
 
 }  // namespace

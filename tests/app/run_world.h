@@ -18,28 +18,28 @@ namespace korv {
 /// Remembers what a run shows.
 class FakeRunView final : public RunObserver {
  public:
-  void Status(const std::string& text) override { statuses.push_back(text); }
-  void Notice(const std::string& text) override { notices.push_back(text); }
-  void ClearOutput() override { statuses.push_back("(cleared)"); }
-  void InputFile(const std::string& path) override { inputFiles.push_back(path); }
+  void Status(const std::string& text) override { Statuses.push_back(text); }
+  void Notice(const std::string& text) override { Notices.push_back(text); }
+  void ClearOutput() override { Statuses.push_back("(cleared)"); }
+  void InputFile(const std::string& path) override { InputFiles.push_back(path); }
   void Sizes(const std::string& fileSize, const std::string& textSize) override {
-    sizes.push_back(fileSize + "|" + textSize);
+    ShownSizes.push_back(fileSize + "|" + textSize);
   }
-  void FileKind(const std::string& text) override { fileKinds.push_back(text); }
-  void TextProgress(const std::string& bar) override { bars.push_back(bar); }
+  void FileKind(const std::string& text) override { FileKinds.push_back(text); }
+  void TextProgress(const std::string& bar) override { Bars.push_back(bar); }
   std::optional<std::string> ChooseOutputFile() override {
-    ++choices;
-    return chosenOutput;
+    ++Choices;
+    return ChosenOutput;
   }
 
-  std::vector<std::string> statuses;
-  std::vector<std::string> notices;
-  std::vector<std::string> inputFiles;
-  std::vector<std::string> sizes;
-  std::vector<std::string> fileKinds;
-  std::vector<std::string> bars;
-  std::optional<std::string> chosenOutput;
-  int choices = 0;
+  std::vector<std::string> Statuses;
+  std::vector<std::string> Notices;
+  std::vector<std::string> InputFiles;
+  std::vector<std::string> ShownSizes;
+  std::vector<std::string> FileKinds;
+  std::vector<std::string> Bars;
+  std::optional<std::string> ChosenOutput;
+  int Choices = 0;
 };
 
 /// Bytes from memory in small pieces, as a pipe might give them.
@@ -47,8 +47,8 @@ class FakeStream final : public InputFile {
  public:
   explicit FakeStream(std::string bytes) : bytes_(std::move(bytes)) {}
   Expected<size_t, FileError> Read(std::span<char> buffer) override {
-    if (onRead) onRead();
-    if (fail) return FileError{FileFault::Other, "Input/output error"};
+    if (OnRead) OnRead();
+    if (Fail) return FileError{FileFault::Other, "Input/output error"};
     const size_t count = std::min({buffer.size(), bytes_.size() - at_, size_t{1000}});
     std::memcpy(buffer.data(), bytes_.data() + at_, count);
     at_ += count;
@@ -56,8 +56,8 @@ class FakeStream final : public InputFile {
   }
   uint64_t Size() const override { return 0; }
 
-  bool fail = false;
-  std::function<void()> onRead;  ///< May be empty.
+  bool Fail = false;
+  std::function<void()> OnRead;  ///< May be empty.
 
  private:
   std::string bytes_;
@@ -66,46 +66,46 @@ class FakeStream final : public InputFile {
 
 /// A run with everything around it faked.
 struct RunWorld {
-  FakeFiles files;
-  FakeMessages messages;
-  FakeYielder yielder;
-  FakeClock clock;
-  NumberFormat numbers;
-  EncodingChooser encodings;
-  FakeRunView view;
-  RunProgress progress;
-  RunRequest request;
-  CountedRun run;
+  FakeFiles Files;
+  FakeMessages Messages;
+  FakeYielder Yielder;
+  FakeClock Clock;
+  NumberFormat Numbers;
+  EncodingChooser Encodings;
+  FakeRunView View;
+  RunProgress Progress;
+  RunRequest Request;
+  CountedRun Run;
 
   RunEnd Count() {
-    return RunCount(request, {messages, yielder, files, clock, numbers, encodings, view, progress}, run);
+    return RunCount(Request, {Messages, Yielder, Files, Clock, Numbers, Encodings, View, Progress}, Run);
   }
 
   void UseFile(const std::string& path, std::string content) {
-    files.Add(path, std::move(content));
-    request.InputPath = path;
-    request.Options.SourceKind = TextSource::SingleFile;
+    Files.Add(path, std::move(content));
+    Request.InputPath = path;
+    Request.Options.SourceKind = TextSource::SingleFile;
   }
   void UseFolder(const std::string& path) {
-    request.InputPath = path;
-    request.Options.SourceKind = TextSource::Folder;
-    request.SeveralFilesNeedOutput = false;
+    Request.InputPath = path;
+    Request.Options.SourceKind = TextSource::Folder;
+    Request.SeveralFilesNeedOutput = false;
   }
   void UseClipboard(std::string text) {
-    request.ClipboardText = std::move(text);
-    request.Options.SourceKind = TextSource::Clipboard;
+    Request.ClipboardText = std::move(text);
+    Request.Options.SourceKind = TextSource::Clipboard;
   }
   void UseLengths(int least, int most, int frequency = 2) {
-    request.Options.MinWords = least;
-    request.Options.MaxWords = most;
-    request.Options.MinFrequency = frequency;
+    Request.Options.MinWords = least;
+    Request.Options.MaxWords = most;
+    Request.Options.MinFrequency = frequency;
   }
 
   /// "2 big cat, 3 the cat": what is listed, by rank.
   std::string Listed() const {
     std::string text;
-    for (PhraseIndex i = run.Table.ChainHead(); i != 0; i = run.Table.ChainNext(i))
-      text += (text.empty() ? "" : ", ") + std::to_string(run.Table.Count(i)) + " " + run.Table.Text(i);
+    for (PhraseIndex i = Run.Table.ChainHead(); i != 0; i = Run.Table.ChainNext(i))
+      text += (text.empty() ? "" : ", ") + std::to_string(Run.Table.Count(i)) + " " + Run.Table.Text(i);
     return text;
   }
 };

@@ -416,7 +416,7 @@ TEST_F(SavedStateTest, SavesToTheStateFileAndRestoresFromIt) {
   Settings restored;
   EXPECT_TRUE(state.RestoreSavedState("", restored).Complete());
   EXPECT_EQ(BytesOf(restored), BytesOf(AllChanged()));
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
 }
 
 TEST(SavedState, MakesTheFoldersThatANewUserLacks) {
@@ -469,14 +469,14 @@ TEST_F(SavedStateTest, AsksAboutDefaultsWhenTheFileEndsEarly) {
     EXPECT_FALSE(outcome.Complete());
     EXPECT_EQ(settings.Folder, "/texts");
     EXPECT_EQ(settings.Words.ShortWordSize, answer == Answer::Yes ? 3 : 7);
-    ASSERT_EQ(messages.shown.size(), 2u);
-    EXPECT_EQ(messages.shown[0].text, "Input past end of file.  Set default values?");
-    EXPECT_EQ(messages.shown[0].title, "Error restoring saved state");
-    EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
-    EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
-    EXPECT_EQ(messages.shown[1].text, "Saving the settings should fix the 'Input past end of file' error.");
-    EXPECT_EQ(messages.shown[1].title, "Input past end of file");
-    EXPECT_EQ(messages.shown[1].icon, Icon::Information);
+    ASSERT_EQ(messages.Shown.size(), 2u);
+    EXPECT_EQ(messages.Shown[0].Text, "Input past end of file.  Set default values?");
+    EXPECT_EQ(messages.Shown[0].Title, "Error restoring saved state");
+    EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
+    EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
+    EXPECT_EQ(messages.Shown[1].Text, "Saving the settings should fix the 'Input past end of file' error.");
+    EXPECT_EQ(messages.Shown[1].Title, "Input past end of file");
+    EXPECT_EQ(messages.Shown[1].Icon, Icon::Information);
   }
 }
 
@@ -511,9 +511,9 @@ TEST(AskToLoadWordFile, NamesTheFile) {
   FakeMessages messages;
   messages.WillAnswer(Question::LoadWordFile, Answer::No);
   EXPECT_FALSE(AskToLoadWordFile("/lists/one.txt", messages));
-  EXPECT_EQ(messages.Only().text, "Do you wish to load the words-to-ignore file\r\n/lists/one.txt ?");
-  EXPECT_EQ(messages.Only().title, "Load file?");
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Only().Text, "Do you wish to load the words-to-ignore file\r\n/lists/one.txt ?");
+  EXPECT_EQ(messages.Only().Title, "Load file?");
+  EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
 }
 
 // ---- Settings without a place

@@ -12,9 +12,9 @@ namespace korv {
 namespace {
 
 struct GroupedCase {
-  int64_t value;
-  std::string grouping;
-  std::string text;
+  int64_t Value;
+  std::string Grouping;
+  std::string Text;
 };
 
 TEST(NumberFormat, GroupsDigitsFromTheRight) {
@@ -37,8 +37,8 @@ TEST(NumberFormat, GroupsDigitsFromTheRight) {
   };
   for (const GroupedCase& c : cases) {
     NumberFormat format;
-    format.Grouping = c.grouping;
-    EXPECT_EQ(format.Grouped(c.value), c.text) << c.value;
+    format.Grouping = c.Grouping;
+    EXPECT_EQ(format.Grouped(c.Value), c.Text) << c.Value;
   }
 }
 
@@ -50,9 +50,9 @@ TEST(NumberFormat, SeparatorsMayHaveSeveralBytes) {
 }
 
 struct DecimalsCase {
-  double value;
-  int decimals;
-  std::string text;
+  double Value;
+  int Decimals;
+  std::string Text;
 };
 
 TEST(NumberFormat, RoundsTheExactBinaryValueToNearestTiesToEven) {
@@ -65,7 +65,7 @@ TEST(NumberFormat, RoundsTheExactBinaryValueToNearestTiesToEven) {
       {0.5, 0, "0"},           {1.5, 0, "2"},        {100, 2, "100.00"},
       {0, 3, "0.000"},         {0.0625, 3, "0.062"}, {static_cast<double>(1.0f / 3.0f), 3, "0.333"},
   };
-  for (const DecimalsCase& c : cases) EXPECT_EQ(NumberFormat().Decimals(c.value, c.decimals), c.text);
+  for (const DecimalsCase& c : cases) EXPECT_EQ(NumberFormat().Decimals(c.Value, c.Decimals), c.Text);
 }
 
 TEST(NumberFormat, DecimalsAreThoseOfTheCLibrary) {

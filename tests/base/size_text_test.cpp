@@ -7,13 +7,13 @@ namespace {
 
 TEST(FormatByteCount, HasTwoDecimalsFromOneKiloOn) {
   struct Row {
-    uint64_t bytes;
-    const char* text;
+    uint64_t Bytes;
+    const char* Text;
   };
   for (const Row& row : {Row{0, "0 bytes"}, Row{1023, "1023 bytes"}, Row{1024, "1.00 Kb"},
                          Row{1536, "1.50 Kb"}, Row{1048575, "1,024.00 Kb"}, Row{1048576, "1.00 Mb"},
                          Row{1294540, "1.23 Mb"}, Row{5368709120, "5,120.00 Mb"}}) {
-    EXPECT_EQ(FormatByteCount(row.bytes, NumberFormat()), row.text);
+    EXPECT_EQ(FormatByteCount(row.Bytes, NumberFormat()), row.Text);
   }
 }
 

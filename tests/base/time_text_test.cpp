@@ -12,9 +12,9 @@ constexpr int64_t kHour = 60 * kMinute;
 constexpr int64_t kDay = 24 * kHour;
 
 struct ElapsedCase {
-  int64_t elapsed;
-  const char* compact;
-  const char* longForm;
+  int64_t Elapsed;
+  const char* Compact;
+  const char* LongForm;
 };
 
 TEST(FormatElapsed, BeginsWithTheLargestUnitThatIsNotZero) {
@@ -31,8 +31,8 @@ TEST(FormatElapsed, BeginsWithTheLargestUnitThatIsNotZero) {
       {-5, "0s", "0 seconds"},
   };
   for (const ElapsedCase& c : cases) {
-    EXPECT_EQ(FormatElapsedCompact(seconds(c.elapsed)), c.compact);
-    EXPECT_EQ(FormatElapsedLong(seconds(c.elapsed)), c.longForm);
+    EXPECT_EQ(FormatElapsedCompact(seconds(c.Elapsed)), c.Compact);
+    EXPECT_EQ(FormatElapsedLong(seconds(c.Elapsed)), c.LongForm);
   }
 }
 

@@ -11,11 +11,11 @@ namespace {
 
 TEST(AboutFile, AddsThePathWhereTheMessageDoesNotNameIt) {
   struct Case {
-    const char* name;
-    const char* text;
-    const char* addition;
-    const char* path;
-    const char* added;
+    const char* Name;
+    const char* Text;
+    const char* Addition;
+    const char* Path;
+    const char* Added;
   };
   const Case cases[] = {
       {"a text without it", "It cannot be opened.", "", "a.txt", "File: a.txt"},
@@ -33,18 +33,18 @@ TEST(AboutFile, AddsThePathWhereTheMessageDoesNotNameIt) {
   };
   for (const Case& c : cases) {
     FakeMessages messages;
-    AboutFile about(messages, c.path);
-    about.Show({.text = c.text, .title = "Error", .addition = c.addition});
-    EXPECT_EQ(messages.Only().text, c.text) << c.name;
-    EXPECT_EQ(messages.Only().addition, c.added) << c.name;
+    AboutFile about(messages, c.Path);
+    about.Show({.Text = c.Text, .Title = "Error", .Addition = c.Addition});
+    EXPECT_EQ(messages.Only().Text, c.Text) << c.Name;
+    EXPECT_EQ(messages.Only().Addition, c.Added) << c.Name;
   }
 }
 
 TEST(AboutFile, SaysWhatThePathIs) {
   FakeMessages messages;
   AboutFile about(messages, "texts", "Folder");
-  about.Show({.text = "Folder contains no files.", .title = "Nothing to do"});
-  EXPECT_EQ(messages.Only().addition, "Folder: texts");
+  about.Show({.Text = "Folder contains no files.", .Title = "Nothing to do"});
+  EXPECT_EQ(messages.Only().Addition, "Folder: texts");
 }
 
 }  // namespace

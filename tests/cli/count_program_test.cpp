@@ -38,8 +38,8 @@ class CountProgramTest : public testing::Test {
     err.str("");
     yielder = std::make_unique<ConsoleYielder>();
     FakeStream stream(input);
-    stream.onRead = onRead;
-    stream.fail = unreadable;
+    stream.OnRead = onRead;
+    stream.Fail = unreadable;
     return KorvCount(arguments, {.Files = files,
                                  .Yielder = *yielder,
                                  .Clock = clock,
@@ -729,7 +729,7 @@ TEST_F(CountProgramTest, AnInterruptBeforeAPhraseWasReadMakesNoReport) {
 
 TEST_F(CountProgramTest, ShowsProgressOnATerminalAndTakesItAway) {
   terminal = true;
-  clock.step = std::chrono::seconds(1);
+  clock.Step = std::chrono::seconds(1);
   for (int k = 0; k < 30; ++k) input += kText;
   onRead = [] {};
   EXPECT_EQ(Count({"-", "--min-words", "2"}), 0);
@@ -756,10 +756,10 @@ TEST_F(CountProgramTest, TellsWhatBecameOfTheWords) {
   std::string thousands;
   for (int k = 0; k < 1000; ++k) thousands += "to be ";
   struct Case {
-    const char* name;
-    std::string text;
-    std::vector<std::string> options;
-    std::string line;
+    const char* Name;
+    std::string Text;
+    std::vector<std::string> Options;
+    std::string Line;
   };
   for (const Case& c : std::vector<Case>{
            {"one of each",
@@ -785,11 +785,11 @@ TEST_F(CountProgramTest, TellsWhatBecameOfTheWords) {
             "\u00e9t\u00e9 caf\xE9 cat \xFF dog",
             {"--encoding", "utf-8"},
             "4 words read, none dropped; UTF-8, 2 ill-formed sequences replaced"}}) {
-    files.Add("/c.txt", c.text);
+    files.Add("/c.txt", c.Text);
     std::vector<std::string> arguments = {"/c.txt"};
-    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
-    EXPECT_EQ(Count(arguments), 0) << c.name;
-    EXPECT_EQ(err.str(), c.line + "\n") << c.name;
+    arguments.insert(arguments.end(), c.Options.begin(), c.Options.end());
+    EXPECT_EQ(Count(arguments), 0) << c.Name;
+    EXPECT_EQ(err.str(), c.Line + "\n") << c.Name;
   }
   files.Add("/t/a.txt", kText);
   files.Add("/t/b.txt", kText);
@@ -940,12 +940,12 @@ TEST_F(CountProgramTest, ContextsAreAsWideAndInTheOrderThatIsAskedFor) {
   files.Add("/t/1.txt", "one big cat zoo. two big cat yes\n. big cat");
   files.Add("/t/0/2.txt", "all big cat and");
   struct Case {
-    const char* order;
-    const char* lines;
+    const char* Order;
+    const char* Lines;
   };
   const Case cases[] = {{"place", "1 1 1 2"}, {"left", "2 1 1 1"}, {"right", "1 2 1 1"}, {"file", "2 1 1 1"}};
   for (const Case& c : cases) {
-    EXPECT_EQ(Count({"/t", "--subfolders", "--context-of", "big cat", "--contexts", "4", "--sort", c.order}),
+    EXPECT_EQ(Count({"/t", "--subfolders", "--context-of", "big cat", "--contexts", "4", "--sort", c.Order}),
               kExitReport);
     std::istringstream rows(out.str());
     std::string row;
@@ -953,7 +953,7 @@ TEST_F(CountProgramTest, ContextsAreAsWideAndInTheOrderThatIsAskedFor) {
     std::string numbers;
     while (std::getline(rows, row))
       numbers += (numbers.empty() ? "" : " ") + row.substr(row.find(".txt") - 1, 1);
-    EXPECT_EQ(numbers, c.lines) << c.order;
+    EXPECT_EQ(numbers, c.Lines) << c.Order;
   }
   EXPECT_THAT(out.str(), HasSubstr("\tone\tbig cat\tzoo.\n"));
 }

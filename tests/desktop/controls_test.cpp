@@ -26,8 +26,8 @@ class Controls : public WindowTest {
 };
 
 struct Captioned {
-  const char* name;
-  const char* caption;
+  const char* Name;
+  const char* Caption;
 };
 
 TEST_F(Controls, OfTheMainWindowHaveTheirCaptions) {

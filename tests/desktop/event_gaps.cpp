@@ -29,8 +29,8 @@ class SteadyClock final : public korv::Clock {
 };
 
 struct Gap {
-  double milliseconds;
-  std::string during;
+  double Milliseconds;
+  std::string During;
 };
 
 }  // namespace
@@ -54,18 +54,18 @@ int main(int argc, char** argv) {
   messages.WillAnswer(korv::Question::LargeInput, korv::Answer::No);
   const korv::NumberFormat numbers;
   korv::frmMain window(korv::Desktop{
-      .messages = messages,
-      .dialogs = dialogs,
-      .clipboard = clipboard,
-      .launcher = launcher,
-      .files = *files,
-      .yielder = yielder,
-      .clock = clock,
-      .numbers = numbers,
-      .programText = KORV_PROGRAM_TEXT,
-      .programFolder = KORV_WORD_LISTS,
-      .stateFile = korv::PathFromText(korv::FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
-      .store = store});
+      .Messages = messages,
+      .Dialogs = dialogs,
+      .Clipboard = clipboard,
+      .Launcher = launcher,
+      .Files = *files,
+      .Yielder = yielder,
+      .Clock = clock,
+      .Numbers = numbers,
+      .ProgramText = KORV_PROGRAM_TEXT,
+      .ProgramFolder = KORV_WORD_LISTS,
+      .StateFile = korv::PathFromText(korv::FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
+      .Store = store});
   window.show();
   if (!window.Form_Load()) return 1;
   window.txbFile[0]->setText(QString::fromLocal8Bit(argv[1]));
@@ -94,11 +94,11 @@ int main(int argc, char** argv) {
   const std::chrono::duration<double> whole = clock.Now() - begin;
 
   std::sort(gaps.begin(), gaps.end(),
-            [](const Gap& a, const Gap& b) { return a.milliseconds > b.milliseconds; });
+            [](const Gap& a, const Gap& b) { return a.Milliseconds > b.Milliseconds; });
   std::printf("%.1f s, %zu rounds of the event loop, %zu gaps above 20 ms\n", whole.count(), rounds,
               gaps.size());
   for (size_t i = 0; i < std::min<size_t>(gaps.size(), 12); ++i) {
-    std::printf("%8.1f ms  %s\n", gaps[i].milliseconds, gaps[i].during.c_str());
+    std::printf("%8.1f ms  %s\n", gaps[i].Milliseconds, gaps[i].During.c_str());
   }
   return 0;
 }

@@ -37,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(AtFontsOfPercent, MainGeometry, testing::Values(100, 20
 const char* const kSources[] = {"optOnClipboard", "optInFile", "optFolder"};
 
 TEST_P(MainGeometry, IsWellBeforeAndAfterARunOfEverySource) {
-  clipboard.text = kText;
+  clipboard.Content = kText;
   const std::string file = WriteFile("texts/" + std::string(100, 'n') + ".txt", kText);
   for (const char* source : kSources) {
     Click(source);
@@ -58,7 +58,7 @@ TEST_P(MainGeometry, IsWellBeforeAndAfterARunOfEverySource) {
 
 TEST_P(MainGeometry, IsWellDuringARunOfEverySource) {
   OpenWithEveryTurn();
-  clipboard.text = kText;
+  clipboard.Content = kText;
   const std::string file = WriteFile("texts/a.txt", kText);
   Type("txbFile_0", file);
   Type("txbFolder", PathOf("texts"));

@@ -136,9 +136,9 @@ TEST_F(Opening, TellsOfAFileThatDoesNotExist) {
   for (const char* name : {"nowhere.txt", "nowhere.korv"}) {
     messages.Forget();
     Open({PathOf(name)});
-    EXPECT_EQ(messages.Only().text, "Input file does not exist.");
-    EXPECT_EQ(messages.Only().title, "File not found");
-    EXPECT_EQ(messages.Only().addition, PathOf(name));
+    EXPECT_EQ(messages.Only().Text, "Input file does not exist.");
+    EXPECT_EQ(messages.Only().Title, "File not found");
+    EXPECT_EQ(messages.Only().Addition, PathOf(name));
     EXPECT_EQ(TextOf("txbFile_0"), "");
   }
 }
@@ -155,12 +155,12 @@ TEST_F(Opening, CountsSeveralFilesOfOneFolderTogether) {
   Click("optFolder");
   Check("chkIncludeSubfolders");
   Open({a, c});
-  EXPECT_EQ(messages.Only().text, "Please open one file or one folder at a time.");
-  EXPECT_EQ(messages.Only().title, "Several files");
-  EXPECT_EQ(messages.Only().addition,
+  EXPECT_EQ(messages.Only().Text, "Please open one file or one folder at a time.");
+  EXPECT_EQ(messages.Only().Title, "Several files");
+  EXPECT_EQ(messages.Only().Addition,
             "These files lie in one folder and can be counted together:\r\n" + PathOf("texts"));
-  EXPECT_EQ(messages.Only().buttons, Buttons::Ok);
-  EXPECT_EQ(messages.Only().extraButton, "Count them &together");
+  EXPECT_EQ(messages.Only().Buttons, Buttons::Ok);
+  EXPECT_EQ(messages.Only().ExtraButton, "Count them &together");
   EXPECT_EQ(TextOf("txbFolder"), "") << "nothing is taken unless that is wanted";
 
   messages.WillAnswer(Question::None, Answer::Extra);
@@ -183,9 +183,9 @@ TEST_F(Opening, OffersTheFolderOfFilesWhoseNamesAreNoPatterns) {
   messages.WillAnswer(Question::None, Answer::Extra);
   Open({a, b});
   EXPECT_EQ(
-      messages.Only().addition,
+      messages.Only().Addition,
       "These files lie in one folder, which can be counted with all that it holds:\r\n" + PathOf("texts"));
-  EXPECT_EQ(messages.Only().extraButton, "Choose the &folder");
+  EXPECT_EQ(messages.Only().ExtraButton, "Choose the &folder");
   EXPECT_TRUE(Checked("optFolder"));
   EXPECT_EQ(TextOf("txbFolder"), PathOf("texts"));
   EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "*.txt");
@@ -204,8 +204,8 @@ TEST_F(Opening, RefusesOtherThingsThatComeTogether) {
   for (const auto& paths : cases) {
     messages.Forget();
     Open(paths);
-    EXPECT_EQ(messages.Only().text, "Please open one file or one folder at a time.") << paths[1];
-    EXPECT_EQ(messages.Only().extraButton, "") << paths[1];
+    EXPECT_EQ(messages.Only().Text, "Please open one file or one folder at a time.") << paths[1];
+    EXPECT_EQ(messages.Only().ExtraButton, "") << paths[1];
     EXPECT_EQ(TextOf("txbFolder"), "");
     EXPECT_EQ(TextOf("txbFile_0"), "");
   }

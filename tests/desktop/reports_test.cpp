@@ -268,7 +268,7 @@ TEST_F(Reports, GoToTheOutputFileAlone) {
   CountText();
   EXPECT_THAT(ReadFile(PathOf("out.txt")), testing::StartsWith("File: " + PathOf("text.txt") + "\r\n"));
   EXPECT_THAT(Output(), Not(HasSubstr("white whale")));
-  EXPECT_THAT(messages.inputBoxes, IsEmpty());
+  EXPECT_THAT(messages.InputBoxes, IsEmpty());
 }
 
 TEST_F(Reports, ToAFileLeaveWhatWasNotCountedInTheTextBox) {
@@ -295,20 +295,20 @@ TEST_F(Reports, ReplaceAFileWhenThePromptSaysSo) {
   Type("txbFile_1", PathOf("out.txt"));
   messages.WillType(PathOf("out.txt"));
   CountText();
-  ASSERT_EQ(messages.inputBoxes.size(), 1U);
-  EXPECT_EQ(messages.inputBoxes[0].title, "The output file exists.");
-  EXPECT_EQ(messages.inputBoxes[0].prompt,
+  ASSERT_EQ(messages.InputBoxes.size(), 1U);
+  EXPECT_EQ(messages.InputBoxes[0].Title, "The output file exists.");
+  EXPECT_EQ(messages.InputBoxes[0].Prompt,
             "To overwrite the current output file click on 'OK'.\r\nTo write to a different file edit the "
             "filepath below.\r\nTo disable file output click on 'Cancel'.");
-  EXPECT_EQ(messages.inputBoxes[0].initial, PathOf("out.txt"));
+  EXPECT_EQ(messages.InputBoxes[0].Initial, PathOf("out.txt"));
   EXPECT_THAT(ReadFile(PathOf("out.txt")), testing::StartsWith("File: "));
   // What the program wrote itself it may replace, unless it is to warn every time.
   Choose("cboDisplayFormat", 5);
-  EXPECT_EQ(messages.inputBoxes.size(), 1U);
+  EXPECT_EQ(messages.InputBoxes.size(), 1U);
   Check("chkWarnOnOverwrite");
   messages.WillType(PathOf("out.txt"));
   Choose("cboDisplayFormat", 7);
-  EXPECT_EQ(messages.inputBoxes.size(), 2U);
+  EXPECT_EQ(messages.InputBoxes.size(), 2U);
 }
 
 TEST_F(Reports, LeaveAFileAloneWhenThePromptIsCancelled) {
@@ -392,7 +392,7 @@ TEST_F(Reports, SayWhenTheOutputFileCannotBeWritten) {
   EXPECT_THAT(WindowTest::Shown(), ElementsAre(refusal));
   EXPECT_THAT(Output(), HasSubstr("the white whale swam"));
   EXPECT_EQ(disk.Content("/out/report.txt"), "precious");
-  EXPECT_THAT(messages.inputBoxes, IsEmpty());
+  EXPECT_THAT(messages.InputBoxes, IsEmpty());
   EXPECT_FALSE(Checked("chkDisableOutputToFile"));
   EXPECT_TRUE(Enabled("cmdCountPhrases"));
 }
@@ -450,7 +450,7 @@ TEST_F(LargeInputs, LeaveADisabledOutputFileAloneWhenNoneIsChosen) {
   Type("txbFile_1", PathOf("old.txt"));
   Check("chkDisableOutputToFile");
   Count();
-  EXPECT_EQ(dialogs.saved.size(), 1U);
+  EXPECT_EQ(dialogs.Saved.size(), 1U);
   EXPECT_TRUE(Checked("chkDisableOutputToFile"));
   EXPECT_FALSE(std::filesystem::exists(PathFromText(PathOf("old.txt"))));
 }

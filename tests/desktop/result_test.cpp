@@ -98,7 +98,7 @@ TEST_F(Result, SaysWhichSourceItIsOf) {
   EXPECT_EQ(Note("Source"), "Phrases of text.txt");
   EXPECT_EQ(TipOf("lblNote_Source"), PathOf("text.txt"));
   Click("optOnClipboard");
-  clipboard.text = kText;
+  clipboard.Content = kText;
   Count();
   EXPECT_EQ(Note("Source"), "Phrases of the text on the clipboard");
   CountFolder();
@@ -234,7 +234,7 @@ TEST_F(Result, IsMarkedWhenItWasCountedUnderOtherRules) {
   CountText();
   messages.WillAnswer(Question::RereadSource, Answer::Yes);
   Click("chkAllowWordsWithNumerals");
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(Note("OtherRules"), "Counted under other rules than those chosen now: word rules.");
   // What is in full view still obeys.
   Choose("cboDisplayFormat", 8);
@@ -246,7 +246,7 @@ TEST_F(Result, IsMarkedWhenItWasCountedUnderOtherRules) {
   // It is asked about once.
   messages.Forget();
   Click("chkAllowWordsWithColons");
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
   PhrasesOf(2, 4);
   Choose("cboMinimumFrequency", 0);
   EXPECT_EQ(
@@ -382,7 +382,7 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   const auto before = state();
   // Refused before anything is read, after a look at the file, and cancelled.
   Type("txbFile_0", PathOf("nowhere.txt"));
-  clock.step = std::chrono::seconds(100);
+  clock.Step = std::chrono::seconds(100);
   Count();
   EXPECT_EQ(state(), before);
   Type("txbFile_0", WriteFile("zeros.txt", std::string(3000, '\0')));
@@ -391,15 +391,15 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   Type("txbFile_0", WriteFile("large.txt", std::string(210000, 'a')));
   messages.WillAnswer(Question::LargeInput, Answer::Cancel);
   // Nor does the question stand beside numbers of a run that has not begun.
-  messages.onShow = [&](const Message&) {
+  messages.OnShow = [&](const Message&) {
     main->tmrProgress_Timer();
     main->Timer2_Timer();
     EXPECT_EQ(TextOf("lblStatusWords"), before[before.size() - 3]);
     EXPECT_EQ(TextOf("lblStatusPhrases"), before[before.size() - 2]);
   };
   Count();
-  messages.onShow = nullptr;
-  EXPECT_EQ(messages.shown.back().question, Question::LargeInput);
+  messages.OnShow = nullptr;
+  EXPECT_EQ(messages.Shown.back().Question, Question::LargeInput);
   EXPECT_EQ(state(), before);
   EXPECT_EQ(TextOf("lblFilesize"), "Filesize: 205.08 Kb");
   UseFolder();
@@ -498,9 +498,9 @@ class SlowUser final : public Messages {
  public:
   SlowUser(FakeMessages& messages, FakeClock& clock) : messages_(messages), clock_(clock) {}
   Answer Show(const Message& message) override {
-    clock_.step = std::chrono::hours(1);
+    clock_.Step = std::chrono::hours(1);
     clock_.Now();
-    clock_.step = {};
+    clock_.Step = {};
     return messages_.Show(message);
   }
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
@@ -517,18 +517,18 @@ class ResultOfASlowUser : public Result {
  protected:
   Desktop Surroundings() override {
     const Desktop usual = WindowTest::Surroundings();
-    return {.messages = slow,
-            .dialogs = usual.dialogs,
-            .clipboard = usual.clipboard,
-            .launcher = usual.launcher,
-            .files = usual.files,
-            .yielder = usual.yielder,
-            .clock = usual.clock,
-            .numbers = {},
-            .programText = usual.programText,
-            .programFolder = usual.programFolder,
-            .stateFile = usual.stateFile,
-            .store = usual.store};
+    return {.Messages = slow,
+            .Dialogs = usual.Dialogs,
+            .Clipboard = usual.Clipboard,
+            .Launcher = usual.Launcher,
+            .Files = usual.Files,
+            .Yielder = usual.Yielder,
+            .Clock = usual.Clock,
+            .Numbers = {},
+            .ProgramText = usual.ProgramText,
+            .ProgramFolder = usual.ProgramFolder,
+            .StateFile = usual.StateFile,
+            .Store = usual.Store};
   }
 
   SlowUser slow{messages, clock};
@@ -538,7 +538,7 @@ TEST_F(ResultOfASlowUser, TookNoTimeForQuestions) {
   messages.WillAnswer(Question::LargeInput, Answer::No);
   PhrasesOf(2, 2);
   CountText(ManyPhrases());
-  ASSERT_THAT(messages.shown, testing::Not(IsEmpty()));
+  ASSERT_THAT(messages.Shown, testing::Not(IsEmpty()));
   EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 0s");
 }
 
@@ -555,8 +555,8 @@ TEST_F(Result, OfAFileHasLinksToTheFileAndItsFolder) {
             "Now writing to output file . . .\n4 phrases were written to " + PathOf("out.txt") + ".\n");
   Take("Written", "OpenFile");
   Take("Written", "OpenFolder");
-  EXPECT_THAT(launcher.opened, ElementsAre(PathOf("out.txt"), FolderPath()));
-  launcher.result.fault = LaunchFault::NoAssociation;
+  EXPECT_THAT(launcher.Opened, ElementsAre(PathOf("out.txt"), FolderPath()));
+  launcher.Result.Fault = LaunchFault::NoAssociation;
   messages.Forget();
   Take("Written", "OpenFile");
   EXPECT_THAT(
@@ -631,7 +631,7 @@ TEST_F(Result, ThatWasStoppedSaysSo) {
   std::string text;
   for (int i = 0; i < 500; ++i) text += kText;
   UseFile(text);
-  everyTurn.onTurn = [&, turns = 0]() mutable {
+  everyTurn.OnTurn = [&, turns = 0]() mutable {
     if (++turns == 50) Count();
   };
   Count();
@@ -658,7 +658,7 @@ TEST_F(Result, ThatIsBeingWrittenGivesSignsOfLife) {
   Type("txbFile_1", PathOf("out.txt"));
   std::string counted;
   bool busy = false;
-  everyTurn.onTurn = [&] {
+  everyTurn.OnTurn = [&] {
     const std::string said = TextOf("lblStatusText");
     if (!said.starts_with("Now writing to output file . . .")) return;
     busy = busy || Find<QProgressBar>("prgProgress")->maximum() == 0;
@@ -694,13 +694,13 @@ TEST_F(Result, OfSeveralFilesMayBeShownInTheWindowOnly) {
   messages.WillAnswer(Question::SeveralFiles, Answer::Ok);
   Count();
   EXPECT_FALSE(main->HasResult());
-  ASSERT_EQ(messages.shown.size(), 1U);
-  EXPECT_EQ(messages.shown[0].text,
+  ASSERT_EQ(messages.Shown.size(), 1U);
+  EXPECT_EQ(messages.Shown[0].Text,
             "When scanning multiple files or folders\r\nyou must specify an output file in case\r\nthe text "
             "window will not hold the result.");
-  EXPECT_EQ(messages.shown[0].title, "Multiple files/folders");
-  EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
-  EXPECT_EQ(messages.shown[0].extraButton, "Show in the window only");
+  EXPECT_EQ(messages.Shown[0].Title, "Multiple files/folders");
+  EXPECT_EQ(messages.Shown[0].Buttons, Buttons::Ok);
+  EXPECT_EQ(messages.Shown[0].ExtraButton, "Show in the window only");
   EXPECT_EQ(Output(), "") << "nothing is left of a run that came to nothing";
   messages.WillAnswer(Question::SeveralFiles, Answer::Extra);
   Count();
@@ -720,12 +720,12 @@ TEST_F(Result, OfAFolderOfFoldersIsOfferedWithTheirNames) {
       Check("chkIncludeSubfolders", include);
       messages.WillAnswer(Question::OnlySubfolders, Answer::Ok);
       Click(button);
-      ASSERT_EQ(messages.shown.size(), 1U);
-      const Message refusal = messages.shown[0];
-      EXPECT_EQ(refusal.text, "Folder contains no files.");
-      EXPECT_EQ(refusal.title, "Nothing to do");
-      EXPECT_EQ(refusal.addition, "It holds 2 subfolders: letters, notes.");
-      EXPECT_EQ(refusal.extraButton, include ? "Count the subfolders" : "");
+      ASSERT_EQ(messages.Shown.size(), 1U);
+      const Message refusal = messages.Shown[0];
+      EXPECT_EQ(refusal.Text, "Folder contains no files.");
+      EXPECT_EQ(refusal.Title, "Nothing to do");
+      EXPECT_EQ(refusal.Addition, "It holds 2 subfolders: letters, notes.");
+      EXPECT_EQ(refusal.ExtraButton, include ? "Count the subfolders" : "");
       EXPECT_FALSE(main->HasResult());
     }
   }
@@ -741,7 +741,7 @@ TEST_F(Result, FilesToBeScannedAreListedWhateverTheOutputFile) {
   UseFolder();
   Type("txbFile_1", PathOf("texts/out.txt"));
   Click("cmdListFiles");
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
   EXPECT_EQ(TextOf("lblStatusText"), "2 files will be scanned.");
 }
 

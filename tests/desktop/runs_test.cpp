@@ -132,9 +132,9 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
     EXPECT_TRUE(main->Timer2->isActive());
     EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 0s");
     EXPECT_TRUE(WindowTest::Shown("lblTimeElapsed"));
-    clock.step = std::chrono::hours(1);
+    clock.Step = std::chrono::hours(1);
     main->Timer2_Timer();
-    clock.step = {};
+    clock.Step = {};
     EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 1h 0m 0s");
     EXPECT_THAT(TextOf("lblNumberOfWords"),
                 testing::StartsWith("Number of different phrases found so far: "));
@@ -179,8 +179,8 @@ TEST_F(Runs, TellHowManyPhrasesTheyHaveFoundAtEveryTick) {
   Choose("cboPhraseLength_1", 0);
   Choose("cboMinimumFrequency", 0);
   std::string last;
-  everyTurn.onTurn = [&] {
-    if (everyTurn.calls % 50 != 0 || !Output().starts_with("Now ")) return;
+  everyTurn.OnTurn = [&] {
+    if (everyTurn.Calls % 50 != 0 || !Output().starts_with("Now ")) return;
     main->Timer2_Timer();
     last = TextOf("lblNumberOfWords");
   };
@@ -237,7 +237,7 @@ TEST_F(Runs, TellHowFarAFolderWasReadWhenTheBoxIsFull) {
   Check("chkIncludeSubfolders");
   Type("txbFile_1", PathOf("out.txt"));
   std::string full;
-  everyTurn.onTurn = [&] {
+  everyTurn.OnTurn = [&] {
     if (!full.empty() || !TextOf("txbFile_0").ends_with("d.txt")) return;
     Fill(main->Output());
     full = Output();
@@ -482,7 +482,7 @@ TEST_F(Runs, TellWhatTheyCounted) {
   EXPECT_EQ(TextOf("lblStatusPhrases"), "2 different phrases");
   EXPECT_FALSE(WindowTest::Shown("lblStatusFiles"));
   Click("optOnClipboard");
-  clipboard.text = "the man. the man.";
+  clipboard.Content = "the man. the man.";
   Count();
   EXPECT_EQ(TextOf("lblTotalNumOccurrences"), "Total number of phrase occurrences: 2");
   EXPECT_EQ(TextOf("lblStatusPhrases"), "1 different phrase");

@@ -67,18 +67,18 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
   QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
   const NumberFormat numbers;
   messages.WillAnswer(Question::FirstCommonWords, Answer::Yes);
-  frmMain window(Desktop{.messages = messages,
-                         .dialogs = dialogs,
-                         .clipboard = clipboard,
-                         .launcher = launcher,
-                         .files = *files,
-                         .yielder = yielder,
-                         .clock = clock,
-                         .numbers = numbers,
-                         .programText = KORV_PROGRAM_TEXT,
-                         .programFolder = KORV_WORD_LISTS,
-                         .stateFile = PathFromText(FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
-                         .store = store});
+  frmMain window(Desktop{.Messages = messages,
+                         .Dialogs = dialogs,
+                         .Clipboard = clipboard,
+                         .Launcher = launcher,
+                         .Files = *files,
+                         .Yielder = yielder,
+                         .Clock = clock,
+                         .Numbers = numbers,
+                         .ProgramText = KORV_PROGRAM_TEXT,
+                         .ProgramFolder = KORV_WORD_LISTS,
+                         .StateFile = PathFromText(FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
+                         .Store = store});
   window.show();
   if (!window.Form_Load()) return false;
   window.resize(1180, 860);

@@ -156,15 +156,15 @@ TEST_F(SettingsWindow, AsksBeforeItReinitializes) {
   messages.WillAnswer(Question::Reinitialize, Answer::No);
   Click("cmdInitialize");
   const Message question = messages.Only();
-  EXPECT_EQ(question.title, "Reinitialize");
+  EXPECT_EQ(question.Title, "Reinitialize");
   EXPECT_EQ(
-      question.text,
+      question.Text,
       "This sets every option to its default, clears the extra words to ignore, the file patterns and\r\n"
       "the filter words, and saves all that.  Do you wish to go on?");
-  EXPECT_EQ(question.buttons, Buttons::YesNo);
-  EXPECT_EQ(question.defaultAnswer, Answer::Yes);
-  EXPECT_TRUE(question.mayBeSilenced);
-  EXPECT_EQ(question.silencedAnswer, Answer::Yes) << "it was told to reinitialize";
+  EXPECT_EQ(question.Buttons, Buttons::YesNo);
+  EXPECT_EQ(question.DefaultAnswer, Answer::Yes);
+  EXPECT_TRUE(question.MayBeSilenced);
+  EXPECT_EQ(question.SilencedAnswer, Answer::Yes) << "it was told to reinitialize";
   for (const char* box : kBoxes) EXPECT_TRUE(Checked(box)) << box;
   EXPECT_EQ(PopUpText(), "");
   EXPECT_FALSE(std::filesystem::exists(StatePath()));
@@ -468,8 +468,8 @@ TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
 
 /// A control and the lines of the state file that hold its value.
 struct Saved {
-  const char* name;
-  std::vector<size_t> lines;
+  const char* Name;
+  std::vector<size_t> Lines;
 };
 
 const std::vector<Saved> kSavedControls = {{"txbFolder", {1}},
@@ -568,10 +568,10 @@ TEST_F(SettingsWindow, SavesAndLoadsEachControlInItsOwnLine) {
 
 TEST_F(SettingsWindow, SavesAndLoadsEachOptionButtonInItsOwnLine) {
   struct Option {
-    const char* name;
-    size_t line;
-    const char* selected;
-    const char* instead;
+    const char* Name;
+    size_t Line;
+    const char* Selected;
+    const char* Instead;
   };
   const Option options[] = {
       {"optOnClipboard", 35, "0", "optInFile"},
@@ -606,17 +606,17 @@ TEST_F(SettingsWindow, SavesAndLoadsSettingsUnderAName) {
   Choose("cboMinimumFrequency", 6);
   dialogs.WillChoose(PathOf("mine.korv"));
   Click("cmdSaveLoadState_1");
-  EXPECT_EQ(dialogs.saved.at(0).title, "Specify file to save settings to");
-  EXPECT_EQ(dialogs.saved.at(0).filter, "Korv settings files (*.korv) | *.korv");
-  EXPECT_EQ(dialogs.saved.at(0).extension, "korv");
-  EXPECT_TRUE(dialogs.saved.at(0).asksBeforeReplacing);
+  EXPECT_EQ(dialogs.Saved.at(0).Title, "Specify file to save settings to");
+  EXPECT_EQ(dialogs.Saved.at(0).Filter, "Korv settings files (*.korv) | *.korv");
+  EXPECT_EQ(dialogs.Saved.at(0).Extension, "korv");
+  EXPECT_TRUE(dialogs.Saved.at(0).AsksBeforeReplacing);
   EXPECT_EQ(TextOf("lblState"), "Settings saved to " + PathOf("mine.korv"));
   const std::string saved = ReadFile(PathOf("mine.korv"));
 
   Choose("cboMinimumFrequency", 2);
   dialogs.WillChoose(PathOf("mine.korv"));
   Click("cmdSaveLoadState_0");
-  EXPECT_EQ(dialogs.opened.at(0).title, "Specify file to load settings from.");
+  EXPECT_EQ(dialogs.Opened.at(0).Title, "Specify file to load settings from.");
   EXPECT_EQ(TextOf("lblState"), "Settings loaded from " + PathOf("mine.korv"));
   EXPECT_EQ(ItemOf("cboMinimumFrequency"), 6);
   Click("cmdSaveState");
@@ -691,9 +691,9 @@ TEST_F(SettingsWindow, AsksForNoListWhenTheFileEndsEarlyBehindIt) {
   ASSERT_NE(list, state.npos);
   dialogs.WillChoose(WriteFile("cut.korv", state.substr(0, list + 13)));
   Click("cmdSaveLoadState_0");
-  ASSERT_EQ(messages.shown.size(), 2U);
-  EXPECT_EQ(messages.shown[0].question, Question::SetDefaults);
-  EXPECT_EQ(messages.shown[1].title, "Input past end of file");
+  ASSERT_EQ(messages.Shown.size(), 2U);
+  EXPECT_EQ(messages.Shown[0].Question, Question::SetDefaults);
+  EXPECT_EQ(messages.Shown[1].Title, "Input past end of file");
   EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
 }
 
@@ -718,12 +718,12 @@ TEST_F(SettingsWindow, OffersDefaultsForAFileThatEndsEarlyAndKeepsWhatWasRead) {
     dialogs.WillChoose(WriteFile("old.korv", "\"/early\"\r\n\"\"\r\n"));
     messages.WillAnswer(Question::SetDefaults, answer);
     Click("cmdSaveLoadState_0");
-    ASSERT_EQ(messages.shown.size(), 2U);
-    EXPECT_EQ(messages.shown[0].title, "Error restoring saved state");
-    EXPECT_EQ(messages.shown[0].text, "Input past end of file.  Set default values?");
-    EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
-    EXPECT_EQ(messages.shown[1].title, "Input past end of file");
-    EXPECT_EQ(messages.shown[1].text, "Saving the settings should fix the 'Input past end of file' error.");
+    ASSERT_EQ(messages.Shown.size(), 2U);
+    EXPECT_EQ(messages.Shown[0].Title, "Error restoring saved state");
+    EXPECT_EQ(messages.Shown[0].Text, "Input past end of file.  Set default values?");
+    EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
+    EXPECT_EQ(messages.Shown[1].Title, "Input past end of file");
+    EXPECT_EQ(messages.Shown[1].Text, "Saving the settings should fix the 'Input past end of file' error.");
     EXPECT_EQ(TextOf("txbFolder"), "/early");
     EXPECT_EQ(Checked("chkOnly7bitASCII"), answer == Answer::No);
     messages.Forget();
@@ -738,7 +738,7 @@ TEST_F(SettingsWindow, ReinitializesAfterALoadThatFailed) {
   dialogs.WillChoose(WriteFile("bad.korv", state));
   Check("chkOnly7bitASCII");
   Click("cmdSaveLoadState_0");
-  EXPECT_EQ(messages.Only().icon, Icon::Exclamation);
+  EXPECT_EQ(messages.Only().Icon, Icon::Exclamation);
   EXPECT_THAT(WindowTest::Shown(), ElementsAre("Load settings | Invalid combo box index."));
   EXPECT_EQ(TextOf("lblState"), "Error loading from " + PathOf("bad.korv"));
   EXPECT_FALSE(Checked("chkOnly7bitASCII"));

@@ -50,7 +50,7 @@ TEST_F(Sources, AreChosenInTheSystemsDialogs) {
   Click("cmdFile_0");
   EXPECT_EQ(TextOf("txbFile_0"), path);
   EXPECT_EQ(TextOf("lblFilesize"), "Filesize: 62 bytes");
-  EXPECT_EQ(dialogs.opened.at(0).filter, "Any text file (*.*) | *.*");
+  EXPECT_EQ(dialogs.Opened.at(0).Filter, "Any text file (*.*) | *.*");
 
   dialogs.WillChoose(folder.path().toStdString());
   Click("optFolder");
@@ -214,17 +214,17 @@ TEST_F(Sources, AskAboutUtf8WithoutASignatureOncePerPath) {
 TEST_F(Sources, RefuseAClipboardWithoutWords) {
   Click("optOnClipboard");
   EXPECT_THAT(Refusal(), ElementsAre("Invalid input | There is no text on the clipboard."));
-  clipboard.text = "1 2 3";
+  clipboard.Content = "1 2 3";
   EXPECT_THAT(Refusal(), ElementsAre("Invalid input | The text on the clipboard does not consist\r\n"
                                      "solely of natural language words."));
 }
 
 TEST_F(Sources, TakeAHundredThousandCharactersFromTheClipboardAndNoMore) {
   Click("optOnClipboard");
-  clipboard.text.clear();
-  while (clipboard.text.size() < 100000) clipboard.text += "word ";
+  clipboard.Content.clear();
+  while (clipboard.Content.size() < 100000) clipboard.Content += "word ";
   EXPECT_THAT(Refusal(), IsEmpty());
-  clipboard.text += "s";
+  clipboard.Content += "s";
   EXPECT_THAT(Refusal(),
               ElementsAre("Too much clipboard text | There are 100,001 characters in the text on the "
                           "clipboard.\r\nThe maximum permitted is 100,000.  If possible,\r\ncount word "

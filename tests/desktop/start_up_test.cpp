@@ -70,7 +70,7 @@ TEST_F(StartUp, SelectsLongWordsOfFortyBeforeAnyStateIsRestored) {
 
 TEST_F(StartUp, OffersTheCommonWordsOfEnglishAndLoadsThem) {
   ASSERT_TRUE(StartShowing(Answer::Yes));
-  const bool commonWordsMayBeSilenced = messages.Only().mayBeSilenced;
+  const bool commonWordsMayBeSilenced = messages.Only().MayBeSilenced;
   EXPECT_THAT(Shown(), ElementsAre("Words to ignore | No file of words to ignore has been specified.\r\n\r\n"
                                    "Do you wish to ignore the most common words of English?"));
   EXPECT_TRUE(commonWordsMayBeSilenced);
@@ -91,9 +91,9 @@ TEST_F(StartUp, EndsAtOnceWithoutTheProgramsTexts) {
   programText = PathOf("missing.dat");
   MakeWindow();
   EXPECT_FALSE(main->Form_Load());
-  ASSERT_EQ(messages.shown.size(), 1U);
-  EXPECT_EQ(messages.shown[0].text, "Cannot open file containing program text.");
-  EXPECT_EQ(messages.shown[0].icon, Icon::Critical);
+  ASSERT_EQ(messages.Shown.size(), 1U);
+  EXPECT_EQ(messages.Shown[0].Text, "Cannot open file containing program text.");
+  EXPECT_EQ(messages.Shown[0].Icon, Icon::Critical);
 }
 
 TEST_F(StartUp, SetsAFolderFormatBackWhenTheSourceIsNoFolder) {
@@ -369,7 +369,7 @@ TEST_F(StartUp, LetsTabLeadThroughEveryControlOfTheColumn) {
 
 TEST_F(StartUp, LetsQuestionsThatComeBackBeSilenced) {
   std::map<Question, bool> mayBeSilenced;
-  messages.onShow = [&](const Message& message) { mayBeSilenced[message.question] = message.mayBeSilenced; };
+  messages.OnShow = [&](const Message& message) { mayBeSilenced[message.Question] = message.MayBeSilenced; };
   ASSERT_TRUE(StartShowing(Answer::Yes));
   Click("cmdSaveState");
   ASSERT_TRUE(StartShowing(Answer::Yes));
@@ -401,20 +401,20 @@ class Quitting : public StartUp {
 
 TEST_F(Quitting, AsksWhetherChangedSettingsAreToBeKept) {
   Click("cmdQuit");
-  ASSERT_EQ(messages.shown.size(), 1U);
-  const Message& asked = messages.shown[0];
-  EXPECT_EQ(asked.text,
+  ASSERT_EQ(messages.Shown.size(), 1U);
+  const Message& asked = messages.Shown[0];
+  EXPECT_EQ(asked.Text,
             "You have changed settings that would be forgotten.\r\n"
             "Do you wish to keep them for the next start?");
-  EXPECT_EQ(asked.title, "Quit");
-  EXPECT_EQ(asked.question, Question::KeepSettings);
-  EXPECT_EQ(asked.buttons, Buttons::YesNo);
-  EXPECT_EQ(asked.defaultAnswer, Answer::No);
-  EXPECT_EQ(asked.extraButton, "&Always");
-  EXPECT_EQ(asked.yesButton, "&This time");
-  EXPECT_EQ(asked.noButton, "&Not now");
-  EXPECT_TRUE(asked.mayBeSilenced);
-  EXPECT_EQ(asked.silencedAnswer, Answer::No);
+  EXPECT_EQ(asked.Title, "Quit");
+  EXPECT_EQ(asked.Question, Question::KeepSettings);
+  EXPECT_EQ(asked.Buttons, Buttons::YesNo);
+  EXPECT_EQ(asked.DefaultAnswer, Answer::No);
+  EXPECT_EQ(asked.ExtraButton, "&Always");
+  EXPECT_EQ(asked.YesButton, "&This time");
+  EXPECT_EQ(asked.NoButton, "&Not now");
+  EXPECT_TRUE(asked.MayBeSilenced);
+  EXPECT_EQ(asked.SilencedAnswer, Answer::No);
   EXPECT_FALSE(main->isVisible());
   EXPECT_FALSE(Saved()) << "as if nobody had been asked";
 }
@@ -494,7 +494,7 @@ TEST_F(Quitting, AsksOnceWhenARunHasToEndFirst) {
 
 TEST_F(StartUp, ShowsTheClipboardWhereTheSystemHasNoViewer) {
   ASSERT_TRUE(Start());
-  clipboard.text = "what was copied\r\nbefore";
+  clipboard.Content = "what was copied\r\nbefore";
   Click("optOnClipboard");
   Click("cmdClipboardViewer");
   auto* viewer = TopLevel("frmClipboard");
@@ -503,10 +503,10 @@ TEST_F(StartUp, ShowsTheClipboardWhereTheSystemHasNoViewer) {
   EXPECT_TRUE(viewer->findChild<QPlainTextEdit*>()->isReadOnly());
   EXPECT_LE((viewer->geometry().center() - main->frameGeometry().center()).manhattanLength(), 4);
 
-  launcher.hasViewer = true;
+  launcher.HasViewer = true;
   viewer->hide();
   Click("cmdClipboardViewer");
-  EXPECT_EQ(launcher.viewersAsked, 2);
+  EXPECT_EQ(launcher.ViewersAsked, 2);
   EXPECT_FALSE(viewer->isVisible());
 }
 

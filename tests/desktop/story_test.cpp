@@ -41,8 +41,8 @@ class Boxes final : public QObject {
 
  private:
   struct Expected {
-    std::string text;
-    QMessageBox::StandardButton press;
+    std::string Text;
+    QMessageBox::StandardButton Press;
   };
 
   void Look() {
@@ -53,11 +53,11 @@ class Boxes final : public QObject {
     const std::string text = FromQt(box != nullptr     ? box->text()
                                     : input != nullptr ? input->labelText()
                                                        : QString());
-    if (expected_.empty() || text.find(expected_.front().text) == text.npos) {
+    if (expected_.empty() || text.find(expected_.front().Text) == text.npos) {
       ADD_FAILURE() << "unexpected box: " << text;
       return dialog->reject();
     }
-    const auto press = expected_.front().press;
+    const auto press = expected_.front().Press;
     expected_.pop_front();
     if (box != nullptr) return box->button(press)->click();
     press == QMessageBox::Ok ? dialog->accept() : dialog->reject();
@@ -81,19 +81,19 @@ std::unique_ptr<CodePage> WesternEuropean() {
 class Story : public WindowTest {
  protected:
   Desktop Surroundings() override {
-    Desktop desktop{.messages = realMessages,
-                    .dialogs = dialogs,
-                    .clipboard = realClipboard,
-                    .launcher = *realLauncher,
-                    .files = *files,
-                    .yielder = yielder,
-                    .clock = realClock,
-                    .numbers = {},
-                    .programText = programText,
-                    .programFolder = programFolder,
-                    .stateFile = StateFilePathFor(QStringLiteral("korv120.exe"), ToQt(PathOf("data/Korv"))),
-                    .store = *store,
-                    .encoding = codePage.get()};
+    Desktop desktop{.Messages = realMessages,
+                    .Dialogs = dialogs,
+                    .Clipboard = realClipboard,
+                    .Launcher = *realLauncher,
+                    .Files = *files,
+                    .Yielder = yielder,
+                    .Clock = realClock,
+                    .Numbers = {},
+                    .ProgramText = programText,
+                    .ProgramFolder = programFolder,
+                    .StateFile = StateFilePathFor(QStringLiteral("korv120.exe"), ToQt(PathOf("data/Korv"))),
+                    .Store = *store,
+                    .Encoding = codePage.get()};
     return desktop;
   }
 

@@ -47,10 +47,10 @@ class QtMessageBoxes : public testing::Test {
 };
 
 struct BoxCase {
-  Buttons buttons;
-  Answer preferred;
-  QMessageBox::StandardButton pressed;
-  Answer answer;
+  korv::Buttons Buttons;
+  Answer Preferred;
+  QMessageBox::StandardButton Pressed;
+  korv::Answer Answer;
 };
 
 TEST_F(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
@@ -68,14 +68,14 @@ TEST_F(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
       EXPECT_EQ(box->textFormat(), Qt::PlainText);
       EXPECT_EQ(box->windowTitle().toStdString(), "The title");
       EXPECT_EQ(box->icon(), QMessageBox::Warning);
-      box->button(c.pressed)->click();
+      box->button(c.Pressed)->click();
     });
-    EXPECT_EQ(messages.Show({.text = "Two\r\nlines & <b>no mark-up</b>",
-                             .title = "The title",
-                             .icon = Icon::Exclamation,
-                             .buttons = c.buttons,
-                             .defaultAnswer = c.preferred}),
-              c.answer);
+    EXPECT_EQ(messages.Show({.Text = "Two\r\nlines & <b>no mark-up</b>",
+                             .Title = "The title",
+                             .Icon = Icon::Exclamation,
+                             .Buttons = c.Buttons,
+                             .DefaultAnswer = c.Preferred}),
+              c.Answer);
   }
 }
 
@@ -84,7 +84,7 @@ TEST_F(QtMessageBoxes, TakeTheAnswerThatChangesLeastForEscape) {
       {Buttons::Ok, Answer::Ok}, {Buttons::YesNo, Answer::No}, {Buttons::YesNoCancel, Answer::Cancel}};
   for (const auto& [buttons, answer] : cases) {
     QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-    EXPECT_EQ(messages.Show({.text = "?", .title = "?", .buttons = buttons, .defaultAnswer = Answer::Yes}),
+    EXPECT_EQ(messages.Show({.Text = "?", .Title = "?", .Buttons = buttons, .DefaultAnswer = Answer::Yes}),
               answer);
   }
 }
@@ -110,17 +110,17 @@ TEST_F(QtMessageBoxes, ShowAnAdditionBelowTheText) {
     EXPECT_EQ(box.text().toStdString(), "The text\n\nOne more line");
     box.accept();
   });
-  messages.Show({.text = "The text", .title = "?", .addition = "One more line"});
+  messages.Show({.Text = "The text", .Title = "?", .Addition = "One more line"});
   EXPECT_EQ(boxes, 1);
 }
 
 TEST_F(QtMessageBoxes, HaveAFurtherButtonThatIsNeitherDefaultNorEscape) {
   for (const Buttons buttons : {Buttons::Ok, Buttons::YesNo, Buttons::YesNoCancel}) {
-    const Message message{.text = "?",
-                          .title = "?",
-                          .buttons = buttons,
-                          .defaultAnswer = buttons == Buttons::Ok ? Answer::Ok : Answer::No,
-                          .extraButton = "Something else"};
+    const Message message{.Text = "?",
+                          .Title = "?",
+                          .Buttons = buttons,
+                          .DefaultAnswer = buttons == Buttons::Ok ? Answer::Ok : Answer::No,
+                          .ExtraButton = "Something else"};
     WithTheBox([](QMessageBox& box) {
       auto* extra = box.findChild<QPushButton*>(QStringLiteral("cmdExtra"));
       ASSERT_NE(extra, nullptr);
@@ -130,7 +130,7 @@ TEST_F(QtMessageBoxes, HaveAFurtherButtonThatIsNeitherDefaultNorEscape) {
     });
     EXPECT_EQ(messages.Show(message), Answer::Extra);
     WithTheBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    EXPECT_EQ(messages.Show(message), message.defaultAnswer);
+    EXPECT_EQ(messages.Show(message), message.DefaultAnswer);
     WithTheBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_NE(messages.Show(message), Answer::Extra);
   }
@@ -143,11 +143,11 @@ TEST_F(QtMessageBoxes, NameTheButtonsYesAndNoAsAsked) {
     EXPECT_EQ(box.button(QMessageBox::No)->text().toStdString(), "Not now");
     box.button(QMessageBox::Yes)->click();
   });
-  EXPECT_EQ(messages.Show({.text = "?",
-                           .title = "?",
-                           .buttons = Buttons::YesNo,
-                           .yesButton = "This time",
-                           .noButton = "Not now"}),
+  EXPECT_EQ(messages.Show({.Text = "?",
+                           .Title = "?",
+                           .Buttons = Buttons::YesNo,
+                           .YesButton = "This time",
+                           .NoButton = "Not now"}),
             Answer::Yes);
   EXPECT_EQ(boxes, 1);
 }
@@ -155,13 +155,13 @@ TEST_F(QtMessageBoxes, NameTheButtonsYesAndNoAsAsked) {
 // ---- Questions that are not asked again
 
 Message SilencableQuestion() {
-  return {.text = "?",
-          .title = "?",
-          .buttons = Buttons::YesNoCancel,
-          .defaultAnswer = Answer::No,
-          .question = Question::KeepFilter,
-          .extraButton = "Else",
-          .mayBeSilenced = true};
+  return {.Text = "?",
+          .Title = "?",
+          .Buttons = Buttons::YesNoCancel,
+          .DefaultAnswer = Answer::No,
+          .Question = Question::KeepFilter,
+          .ExtraButton = "Else",
+          .MayBeSilenced = true};
 }
 
 void TickAndClick(QMessageBox& box, QAbstractButton* button) {
@@ -206,7 +206,7 @@ TEST_F(QtMessageBoxes, AskAgainWithoutATickAndAfterAnAnswerThatDecidesNothing) {
 
 TEST_F(QtMessageBoxes, GiveASilencedQuestionItsOwnAnswerWhereItHasOne) {
   Message message = SilencableQuestion();
-  message.silencedAnswer = Answer::No;
+  message.SilencedAnswer = Answer::No;
   WithTheBox([](QMessageBox& box) { TickAndClick(box, box.button(QMessageBox::Yes)); });
   EXPECT_EQ(messages.Show(message), Answer::Yes);
   EXPECT_EQ(messages.Show(message), Answer::No);
@@ -229,9 +229,9 @@ TEST_F(QtMessageBoxes, AskEverythingAgainWhenTold) {
 
 TEST_F(QtMessageBoxes, OfferNoSilenceForOtherMessages) {
   Message question = SilencableQuestion();
-  question.mayBeSilenced = false;
-  Silence(store, question.question, Answer::Extra);
-  for (const Message& message : {question, Message{.text = "told", .title = "?"}}) {
+  question.MayBeSilenced = false;
+  Silence(store, question.Question, Answer::Extra);
+  for (const Message& message : {question, Message{.Text = "told", .Title = "?"}}) {
     WithTheBox([](QMessageBox& box) {
       EXPECT_EQ(box.findChild<QCheckBox*>(QStringLiteral("chkDoNotAskAgain")), nullptr);
       QTest::keyClick(&box, Qt::Key_Escape);
@@ -257,7 +257,7 @@ TEST_F(QtMessageBoxes, AreTitledWithTheProgramsNameWhereNothingElseIs) {
     EXPECT_EQ(box.windowTitle().toStdString(), "Korv");
     box.accept();
   });
-  messages.Show({.text = "!", .title = {}});
+  messages.Show({.Text = "!", .Title = {}});
   EXPECT_EQ(boxes, 1);
 }
 
@@ -368,16 +368,16 @@ TEST(OpenWithAssociatedProgram, SaysNothingWhenItWorks) {
   FakeLauncher launcher;
   FakeMessages messages;
   EXPECT_TRUE(OpenWithAssociatedProgram(launcher, messages, "/a.txt"));
-  EXPECT_THAT(launcher.opened, ElementsAre("/a.txt"));
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_THAT(launcher.Opened, ElementsAre("/a.txt"));
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
   struct Case {
-    const char* target;
-    LaunchResult result;
-    const char* title;
-    const char* text;
+    const char* Target;
+    LaunchResult Result;
+    const char* Title;
+    const char* Text;
   };
   const Case cases[] = {
       {"/a.xyz",
@@ -400,11 +400,11 @@ TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
   };
   for (const Case& c : cases) {
     FakeLauncher launcher;
-    launcher.result = c.result;
+    launcher.Result = c.Result;
     FakeMessages messages;
-    EXPECT_FALSE(OpenWithAssociatedProgram(launcher, messages, c.target));
-    EXPECT_EQ(messages.Only().title, c.title);
-    EXPECT_EQ(messages.Only().text, c.text);
+    EXPECT_FALSE(OpenWithAssociatedProgram(launcher, messages, c.Target));
+    EXPECT_EQ(messages.Only().Title, c.Title);
+    EXPECT_EQ(messages.Only().Text, c.Text);
   }
 }
 
@@ -471,17 +471,17 @@ TEST(MutedMessages, ShowNothingAndStopWhatAsksWhetherToStop) {
   MutedMessages messages(shown, runClock);
   messages.Mute();
   EXPECT_EQ(
-      messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNo, .question = Question::StopDocx}),
+      messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = Question::StopDocx}),
       Answer::Yes);
   EXPECT_EQ(
-      messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNo, .question = Question::KeepFilter}),
+      messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = Question::KeepFilter}),
       Answer::No);
-  EXPECT_EQ(messages.Show({.text = "?", .title = {}, .buttons = Buttons::YesNoCancel}), Answer::Cancel);
+  EXPECT_EQ(messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNoCancel}), Answer::Cancel);
   EXPECT_EQ(messages.AskText("?", "?", "x"), std::nullopt);
-  EXPECT_TRUE(shown.shown.empty() && shown.inputBoxes.empty());
+  EXPECT_TRUE(shown.Shown.empty() && shown.InputBoxes.empty());
   messages.Unmute();
-  messages.Show({.text = "!", .title = {}});
-  EXPECT_EQ(shown.Only().text, "!");
+  messages.Show({.Text = "!", .Title = {}});
+  EXPECT_EQ(shown.Only().Text, "!");
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ WindowTest::WindowTest()
 
 WindowTest::~WindowTest() {
   End();
-  EXPECT_THAT(messages.untitledQuestions, testing::IsEmpty());
+  EXPECT_THAT(messages.UntitledQuestions, testing::IsEmpty());
 }
 
 void WindowTest::MakeWindow() {
@@ -28,18 +28,18 @@ void WindowTest::MakeWindow() {
 }
 
 Desktop WindowTest::Surroundings() {
-  return {.messages = messages,
-          .dialogs = dialogs,
-          .clipboard = clipboard,
-          .launcher = launcher,
-          .files = *files,
-          .yielder = *usedYielder,
-          .clock = clock,
-          .numbers = {},
-          .programText = programText,
-          .programFolder = programFolder,
-          .stateFile = PathFromText(StatePath()),
-          .store = *store};
+  return {.Messages = messages,
+          .Dialogs = dialogs,
+          .Clipboard = clipboard,
+          .Launcher = launcher,
+          .Files = *files,
+          .Yielder = *usedYielder,
+          .Clock = clock,
+          .Numbers = {},
+          .ProgramText = programText,
+          .ProgramFolder = programFolder,
+          .StateFile = PathFromText(StatePath()),
+          .Store = *store};
 }
 
 bool WindowTest::Start() {
@@ -74,7 +74,7 @@ void WindowTest::OpenWithEveryTurn() {
 }
 
 void WindowTest::AtTheNextTurn(std::function<void()> act) {
-  everyTurn.onTurn = [act, done = false]() mutable {
+  everyTurn.OnTurn = [act, done = false]() mutable {
     if (!std::exchange(done, true)) act();
   };
 }
@@ -145,7 +145,7 @@ std::string WindowTest::Output() const {
 
 std::vector<std::string> WindowTest::Shown() {
   std::vector<std::string> shown;
-  for (const Message& message : messages.shown) shown.push_back(message.title + " | " + message.text);
+  for (const Message& message : messages.Shown) shown.push_back(message.Title + " | " + message.Text);
   messages.Forget();
   return shown;
 }

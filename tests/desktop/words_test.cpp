@@ -48,8 +48,8 @@ class Words : public WindowTest {
 
 TEST_F(Words, AreLoadedFromAFileThatIsAddedToTheList) {
   AddFile("list.txt", "the of\nand");
-  EXPECT_EQ(dialogs.opened.at(0).title, "Specify a file containing words to ignore");
-  EXPECT_EQ(dialogs.opened.at(0).filter, "Any text file (*.*) | *.*");
+  EXPECT_EQ(dialogs.Opened.at(0).Title, "Specify a file containing words to ignore");
+  EXPECT_EQ(dialogs.Opened.at(0).Filter, "Any text file (*.*) | *.*");
   EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
   EXPECT_EQ(TipOf("cboWordsFile"), PathOf("list.txt"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
@@ -87,7 +87,7 @@ TEST_F(Words, ComeFromNinetyNineFilesAtMost) {
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (99)");
   AddFile("list.txt", "the of and");
   EXPECT_THAT(WindowTest::Shown(), ElementsAre(EndsWith("No more files may be added to this list.")));
-  EXPECT_THAT(dialogs.opened, IsEmpty());
+  EXPECT_THAT(dialogs.Opened, IsEmpty());
 }
 
 TEST_F(Words, OfAListedFileAreLoadedAgainOrRemoved) {
@@ -195,7 +195,7 @@ TEST_F(Words, ToCountAreEditedInTheSameFrame) {
   Type("txbWordsToIgnoreOrCount_0", "ibid");
   Click("optCountOnlyWordsAndPhrases");
   AddFile("only.txt", "whale\nold man");
-  EXPECT_EQ(dialogs.opened.back().title, "Specify a file containing count-only words/phrases");
+  EXPECT_EQ(dialogs.Opened.back().Title, "Specify a file containing count-only words/phrases");
   EXPECT_EQ(TextOf("lblState"), "2 count-only words loaded");
   Type("txbWordsToIgnoreOrCount_1", "sea,ship");
   EXPECT_THAT(WindowTest::Shown(),
@@ -208,14 +208,14 @@ TEST_F(Words, ToCountAreEditedInTheSameFrame) {
 TEST_F(Words, AreSpokenOfAsThoseOfTheListThatIsShown) {
   main->Params().show();
   struct Texts {
-    const char* option;
-    const char* box;
-    const char* files;
-    const char* label;
-    const char* hint;
-    const char* state;
-    const char* sample;
-    bool languages;
+    const char* Option;
+    const char* Box;
+    const char* Files;
+    const char* Label;
+    const char* Hint;
+    const char* State;
+    const char* Sample;
+    bool Languages;
   };
   const Texts lists[] = {
       {"optCountOnlyWordsAndPhrases", "txbWordsToIgnoreOrCount_1", "Count-only words files (0)",
@@ -229,21 +229,21 @@ TEST_F(Words, AreSpokenOfAsThoseOfTheListThatIsShown) {
        "The list is empty: no word is ignored.", "ibid, vide, viz, sans, Ising", true},
   };
   for (const Texts& list : lists) {
-    Click(list.option);
-    EXPECT_EQ(TextOf("cmdSelectWordsFile"), list.files);
-    EXPECT_EQ(WithoutMnemonic(Find<QLabel>("lblWordsToIgnoreOrCount")->text()).toStdString(), list.label);
-    EXPECT_EQ(Find<QLabel>("lblWordsToIgnoreOrCount")->buddy(), Find<QWidget>(list.box));
-    EXPECT_EQ(Find<QComboBox>("cboWordsFile")->placeholderText().toStdString(), list.hint);
-    EXPECT_EQ(TipOf("cboWordsFile"), list.hint);
-    EXPECT_EQ(TextOf("lblWordsState"), list.state);
-    EXPECT_EQ(Find<QPlainTextEdit>(list.box)->placeholderText().toStdString(), list.sample);
-    EXPECT_TRUE(Shown(list.box));
-    EXPECT_EQ(Shown("cboCommonWordsLanguages"), list.languages);
-    const std::string many = list.languages ? "words-to-ignore" : "count-only words";
+    Click(list.Option);
+    EXPECT_EQ(TextOf("cmdSelectWordsFile"), list.Files);
+    EXPECT_EQ(WithoutMnemonic(Find<QLabel>("lblWordsToIgnoreOrCount")->text()).toStdString(), list.Label);
+    EXPECT_EQ(Find<QLabel>("lblWordsToIgnoreOrCount")->buddy(), Find<QWidget>(list.Box));
+    EXPECT_EQ(Find<QComboBox>("cboWordsFile")->placeholderText().toStdString(), list.Hint);
+    EXPECT_EQ(TipOf("cboWordsFile"), list.Hint);
+    EXPECT_EQ(TextOf("lblWordsState"), list.State);
+    EXPECT_EQ(Find<QPlainTextEdit>(list.Box)->placeholderText().toStdString(), list.Sample);
+    EXPECT_TRUE(Shown(list.Box));
+    EXPECT_EQ(Shown("cboCommonWordsLanguages"), list.Languages);
+    const std::string many = list.Languages ? "words-to-ignore" : "count-only words";
     EXPECT_EQ(Find<QWidget>("cboWordsFile")->accessibleName().toStdString(), many + " files");
     EXPECT_EQ(TipOf("cmdSelectWordsFile"), "Add a file to the list of " + many + " files and load it");
     EXPECT_EQ(TipOf("cmdClearWordsFile"), "Clear the list of " + many + " files");
-    EXPECT_EQ(TipOf("cmdClearWordsToIgnoreOrCount"), list.languages
+    EXPECT_EQ(TipOf("cmdClearWordsToIgnoreOrCount"), list.Languages
                                                          ? "Clear the extra words to ignore"
                                                          : "Clear the extra count-only words and phrases");
   }

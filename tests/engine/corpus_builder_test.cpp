@@ -33,9 +33,9 @@ TEST(CorpusBuilder, DropsWordsOfMoreCharactersThanAllowedAndNoOthers) {
 
 TEST(CorpusBuilder, CountsADroppedWordForTheFirstRuleThatDropsIt) {
   struct Case {
-    const char* name;
-    std::string word;
-    std::optional<DropReason> reason;
+    const char* Name;
+    std::string Word;
+    std::optional<DropReason> Reason;
   };
   const Case cases[] = {
       {"a word like any other", "cat", std::nullopt},
@@ -62,10 +62,10 @@ TEST(CorpusBuilder, CountsADroppedWordForTheFirstRuleThatDropsIt) {
     WordCounts expected;
     // The second time its class is remembered.
     for (int times = 1; times <= 2; ++times) {
-      stream.TakeWord(c.word);
-      ++(c.reason ? expected.DroppedBy[static_cast<size_t>(*c.reason)] : expected.Taken);
-      EXPECT_EQ(stream.Counts(), expected) << c.name;
-      EXPECT_EQ(stream.Counts().Read(), static_cast<uint64_t>(times)) << c.name;
+      stream.TakeWord(c.Word);
+      ++(c.Reason ? expected.DroppedBy[static_cast<size_t>(*c.Reason)] : expected.Taken);
+      EXPECT_EQ(stream.Counts(), expected) << c.Name;
+      EXPECT_EQ(stream.Counts().Read(), static_cast<uint64_t>(times)) << c.Name;
     }
   }
 }

@@ -197,10 +197,10 @@ TEST(PhrasePattern, JoinsThePartsOfAnEntry) {
 
 TEST(MarkListedWords, FlagsTheListedWordsAndJudgesThePhraseByMode) {
   struct ModeCase {
-    const char* phrase;
-    std::vector<bool> flags;
-    bool excludeWith;
-    bool excludeAll;
+    const char* Phrase;
+    std::vector<bool> Flags;
+    bool ExcludeWith;
+    bool ExcludeAll;
   };
   const WordFilters lists(Ignoring({"the", "~ing"}));
   const ModeCase cases[] = {
@@ -210,12 +210,12 @@ TEST(MarkListedWords, FlagsTheListedWordsAndJudgesThePhraseByMode) {
   };
   for (const ModeCase& c : cases) {
     std::vector<bool> flags;
-    EXPECT_EQ(MarkListedWords(c.phrase, IgnoreRule::ExcludeWith, lists, flags), c.excludeWith) << c.phrase;
-    EXPECT_EQ(flags, c.flags) << c.phrase;
-    EXPECT_EQ(MarkListedWords(c.phrase, IgnoreRule::ExcludeAll, lists, flags), c.excludeAll) << c.phrase;
-    EXPECT_TRUE(MarkListedWords(c.phrase, IgnoreRule::Allow, lists, flags));
-    EXPECT_TRUE(MarkListedWords(c.phrase, IgnoreRule::Remove, lists, flags));
-    EXPECT_EQ(flags, c.flags) << c.phrase;
+    EXPECT_EQ(MarkListedWords(c.Phrase, IgnoreRule::ExcludeWith, lists, flags), c.ExcludeWith) << c.Phrase;
+    EXPECT_EQ(flags, c.Flags) << c.Phrase;
+    EXPECT_EQ(MarkListedWords(c.Phrase, IgnoreRule::ExcludeAll, lists, flags), c.ExcludeAll) << c.Phrase;
+    EXPECT_TRUE(MarkListedWords(c.Phrase, IgnoreRule::Allow, lists, flags));
+    EXPECT_TRUE(MarkListedWords(c.Phrase, IgnoreRule::Remove, lists, flags));
+    EXPECT_EQ(flags, c.Flags) << c.Phrase;
   }
   std::vector<bool> flags;
   EXPECT_TRUE(MarkListedWords("the+cat", IgnoreRule::ExcludeAll, WordFilters(), flags));

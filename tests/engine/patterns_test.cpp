@@ -14,10 +14,10 @@ namespace korv {
 namespace {
 
 struct Case {
-  const char* pattern;
-  const char* text;
-  bool caseSignificant;
-  bool matches;
+  const char* Pattern;
+  const char* Text;
+  bool CaseSignificant;
+  bool Matches;
 };
 
 TEST(MatchPattern, FollowsWildcardsAndExpressions) {
@@ -75,8 +75,8 @@ TEST(MatchPattern, FollowsWildcardsAndExpressions) {
       {"a\xFF", "ab", true, false},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(MatchPattern(c.text, c.pattern, '~', '?', c.caseSignificant), c.matches)
-        << c.pattern << " on " << c.text << (c.caseSignificant ? ", case significant" : "");
+    EXPECT_EQ(MatchPattern(c.Text, c.Pattern, '~', '?', c.CaseSignificant), c.Matches)
+        << c.Pattern << " on " << c.Text << (c.CaseSignificant ? ", case significant" : "");
 }
 
 TEST(MatchPattern, TakesItsWildcardsFromTheCaller) {
@@ -158,10 +158,10 @@ TEST(Wildcard, ManyRunsDoNotExplode) {
 TEST(RequiredLiteral, IsWhatEveryMatchHolds) {
   using Position = RequiredLiteral::Position;
   struct LiteralCase {
-    const char* expression;
-    bool caseSignificant;
-    const char* text;
-    Position where;
+    const char* Expression;
+    bool CaseSignificant;
+    const char* Text;
+    Position Where;
   };
   const LiteralCase cases[] = {
       {"^abc", true, "abc", Position::Beginning},
@@ -203,13 +203,13 @@ TEST(RequiredLiteral, IsWhatEveryMatchHolds) {
   };
   for (const LiteralCase& c : cases) {
     const std::vector<RequiredLiteral> literals =
-        RequiredLiteralsOfExpression(c.expression, c.caseSignificant);
-    if (*c.text == '\0') {
-      EXPECT_TRUE(literals.empty()) << c.expression;
+        RequiredLiteralsOfExpression(c.Expression, c.CaseSignificant);
+    if (*c.Text == '\0') {
+      EXPECT_TRUE(literals.empty()) << c.Expression;
     } else {
-      ASSERT_EQ(literals.size(), 1u) << c.expression;
-      EXPECT_EQ(literals[0].Text, c.text) << c.expression;
-      EXPECT_EQ(literals[0].Where, c.where) << c.expression;
+      ASSERT_EQ(literals.size(), 1u) << c.Expression;
+      EXPECT_EQ(literals[0].Text, c.Text) << c.Expression;
+      EXPECT_EQ(literals[0].Where, c.Where) << c.Expression;
     }
   }
 }

@@ -177,10 +177,10 @@ CountingWorld TheCatWorld() {
 
 TEST(PhrasePlaces, AreFoundByHalvingFromTheLeastToTheMostWordsOfTheRun) {
   struct Case {
-    const char* name;
-    Words phrase;
-    bool byHalving;
-    Places places;
+    const char* Name;
+    Words Phrase;
+    bool ByHalving;
+    std::vector<size_t> Places;
   };
   const Case cases[] = {
       {"fewer words than the run counts", {"cat"}, false, {2, 6, 10}},
@@ -195,9 +195,9 @@ TEST(PhrasePlaces, AreFoundByHalvingFromTheLeastToTheMostWordsOfTheRun) {
   CountedWorld counted(TheCatWorld());
   const Corpus& corpus = counted.Table.Corpus();
   for (const Case& c : cases) {
-    const std::vector<WordNumber> numbers = NumbersOf(corpus, c.phrase);
-    EXPECT_EQ(SortedPlaces(corpus, numbers).has_value(), c.byHalving) << c.name;
-    EXPECT_EQ(AsModel(PlacesOf(corpus, numbers)), c.places) << c.name;
+    const std::vector<WordNumber> numbers = NumbersOf(corpus, c.Phrase);
+    EXPECT_EQ(SortedPlaces(corpus, numbers).has_value(), c.ByHalving) << c.Name;
+    EXPECT_EQ(AsModel(PlacesOf(corpus, numbers)), c.Places) << c.Name;
   }
   EXPECT_TRUE(PlacesOf(corpus, NumbersOf(corpus, {"the", "dog"})).empty());
   EXPECT_TRUE(PlacesOf(corpus, {}).empty());

@@ -177,10 +177,10 @@ TEST(PhraseTable, IsEmptyAfterClear) {
 
 TEST(FindPhrase, TellsWhereATextIsOrBelongs) {
   struct Case {
-    std::vector<std::string> phrases;
-    std::string text;
-    bool found;
-    int64_t position;
+    std::vector<std::string> Phrases;
+    std::string Text;
+    bool Found;
+    int64_t Position;
   };
   const Case cases[] = {
       {{}, "a", false, -1},
@@ -200,10 +200,10 @@ TEST(FindPhrase, TellsWhereATextIsOrBelongs) {
       {{"e", "é", "z"}, "é", true, 1},
   };
   for (const Case& c : cases) {
-    PhraseTable table = TableOf(c.phrases);
-    const PhraseTable::Place place = table.FindPhrase(c.text);
-    EXPECT_EQ(place.Found, c.found) << c.text << " in " << testing::PrintToString(c.phrases);
-    EXPECT_EQ(place.Position, c.position) << c.text << " in " << testing::PrintToString(c.phrases);
+    PhraseTable table = TableOf(c.Phrases);
+    const PhraseTable::Place place = table.FindPhrase(c.Text);
+    EXPECT_EQ(place.Found, c.Found) << c.Text << " in " << testing::PrintToString(c.Phrases);
+    EXPECT_EQ(place.Position, c.Position) << c.Text << " in " << testing::PrintToString(c.Phrases);
   }
 }
 
@@ -272,8 +272,8 @@ TEST(ListByFrequency, ListsPhrasesFromTheMinimumOn) {
 
 TEST(ExcludeRedundantSubphrases, DropsWhatALongerPhraseOfTheSameCountContains) {
   struct Case {
-    std::vector<Counted> phrases;
-    std::vector<std::string> listed;
+    std::vector<Counted> Phrases;
+    std::vector<std::string> Listed;
   };
   const Case cases[] = {
       {{{"of the", 5}, {"of the year", 5}}, {"of the year"}},
@@ -289,10 +289,10 @@ TEST(ExcludeRedundantSubphrases, DropsWhatALongerPhraseOfTheSameCountContains) {
       {{{"e t", 1}, {"té te", 1}}, {"e t", "té te"}},
   };
   for (const Case& c : cases) {
-    PhraseTable table = CountedTable(c.phrases);
+    PhraseTable table = CountedTable(c.Phrases);
     NoYielder yielder;
     ASSERT_TRUE(ExcludeRedundantSubphrases(table, yielder));
-    EXPECT_THAT(Listed(table), testing::UnorderedElementsAreArray(c.listed));
+    EXPECT_THAT(Listed(table), testing::UnorderedElementsAreArray(c.Listed));
   }
 }
 

@@ -10,10 +10,10 @@ namespace korv {
 namespace {
 
 struct Case {
-  const char* expression;
-  const char* text;
-  bool caseSignificant;
-  bool matches;
+  const char* Expression;
+  const char* Text;
+  bool CaseSignificant;
+  bool Matches;
 };
 
 TEST(Regex, FollowsTheRulesOfEcmaScript) {
@@ -47,8 +47,8 @@ TEST(Regex, FollowsTheRulesOfEcmaScript) {
       {"^$", "", true, true},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(Regex(c.expression, c.caseSignificant).Matches(c.text), c.matches)
-        << c.expression << " on " << c.text;
+    EXPECT_EQ(Regex(c.Expression, c.CaseSignificant).Matches(c.Text), c.Matches)
+        << c.Expression << " on " << c.Text;
 }
 
 TEST(Regex, InvalidExpressionsMatchNothing) {

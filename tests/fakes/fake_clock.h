@@ -6,12 +6,12 @@
 
 namespace korv {
 
-/// A clock that goes on by `step` with every look at it.
+/// A clock that goes on by `Step` with every look at it.
 class FakeClock final : public Clock {
  public:
-  std::chrono::steady_clock::time_point Now() const override { return now_ += step; }
+  std::chrono::steady_clock::time_point Now() const override { return now_ += Step; }
 
-  std::chrono::steady_clock::duration step{0};
+  std::chrono::steady_clock::duration Step{0};
 
  private:
   mutable std::chrono::steady_clock::time_point now_{};

@@ -18,21 +18,21 @@ class FakeDialogs final : public Dialogs {
   void WillChoose(std::optional<std::string> path) { answers_.push_back(std::move(path)); }
 
   std::optional<std::string> ChooseFileToOpen(const FileChoice& choice) override {
-    opened.push_back(choice);
+    Opened.push_back(choice);
     return Next();
   }
   std::optional<std::string> ChooseFileToSave(const FileChoice& choice) override {
-    saved.push_back(choice);
+    Saved.push_back(choice);
     return Next();
   }
   std::optional<std::string> ChooseFolder(const std::string& title, const std::string&) override {
-    folderTitles.push_back(title);
+    FolderTitles.push_back(title);
     return Next();
   }
 
-  std::vector<FileChoice> opened;
-  std::vector<FileChoice> saved;
-  std::vector<std::string> folderTitles;
+  std::vector<FileChoice> Opened;
+  std::vector<FileChoice> Saved;
+  std::vector<std::string> FolderTitles;
 
  private:
   std::optional<std::string> Next() {
@@ -47,26 +47,26 @@ class FakeDialogs final : public Dialogs {
 
 class FakeClipboard final : public Clipboard {
  public:
-  std::string Text() const override { return text; }
-  std::string text;
+  std::string Text() const override { return Content; }
+  std::string Content;
 };
 
 /// Launches nothing, and says what it was told to say.
 class FakeLauncher final : public Launcher {
  public:
   LaunchResult Open(const std::string& target) override {
-    opened.push_back(target);
-    return result;
+    Opened.push_back(target);
+    return Result;
   }
   bool OpenClipboardViewer() override {
-    ++viewersAsked;
-    return hasViewer;
+    ++ViewersAsked;
+    return HasViewer;
   }
 
-  LaunchResult result;
-  bool hasViewer = false;
-  std::vector<std::string> opened;
-  int viewersAsked = 0;
+  LaunchResult Result;
+  bool HasViewer = false;
+  std::vector<std::string> Opened;
+  int ViewersAsked = 0;
 };
 
 }  // namespace korv

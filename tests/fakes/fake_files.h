@@ -134,12 +134,12 @@ class FakeFiles final : public FileSystem {
     if (!folders_.contains(path)) return Error(FileFault::NotFound);
     FolderListing listing;
     for (const auto& [file, content] : files_)
-      if (file.parent_path() == path) listing.files.push_back(file.filename());
+      if (file.parent_path() == path) listing.Files.push_back(file.filename());
     for (const auto& folder : folders_)
-      if (folder.parent_path() == path && folder != path) listing.subfolders.push_back(folder.filename());
+      if (folder.parent_path() == path && folder != path) listing.Subfolders.push_back(folder.filename());
     // No order is promised, so none that happens to be right is given.
-    std::ranges::reverse(listing.files);
-    std::ranges::reverse(listing.subfolders);
+    std::ranges::reverse(listing.Files);
+    std::ranges::reverse(listing.Subfolders);
     return listing;
   }
 

@@ -15,16 +15,16 @@ namespace korv {
 ///   FakeMessages messages;
 ///   messages.WillAnswer(Question::LoadCommonWords, Answer::No);
 ///   LoadCommonWords(list, messages);
-///   EXPECT_EQ(messages.Only().title, "Load common words file");
+///   EXPECT_EQ(messages.Only().Title, "Load common words file");
 ///
 /// A question without an answer of its own gets its default, as if the user pressed Enter. Nothing is ever
 /// silenced here: whether a question may be stands in the message that was shown.
 class FakeMessages final : public Messages {
  public:
   struct InputBox {
-    std::string prompt;
-    std::string title;
-    std::string initial;
+    std::string Prompt;
+    std::string Title;
+    std::string Initial;
   };
 
   void WillAnswer(Question question, Answer answer) { answers_[question] = answer; }
@@ -32,30 +32,30 @@ class FakeMessages final : public Messages {
   void WillType(std::optional<std::string> text) { typed_.push_back(std::move(text)); }
 
   Answer Show(const Message& message) override {
-    if (onShow) onShow(message);
-    shown.push_back(message);
-    if (message.question != Question::None && message.title.empty())
-      untitledQuestions.push_back(message.text);
-    if (message.buttons == Buttons::Ok && message.extraButton.empty()) return Answer::Ok;
-    const auto answer = answers_.find(message.question);
-    return answer == answers_.end() ? message.defaultAnswer : answer->second;
+    if (OnShow) OnShow(message);
+    Shown.push_back(message);
+    if (message.Question != Question::None && message.Title.empty())
+      UntitledQuestions.push_back(message.Text);
+    if (message.Buttons == Buttons::Ok && message.ExtraButton.empty()) return Answer::Ok;
+    const auto answer = answers_.find(message.Question);
+    return answer == answers_.end() ? message.DefaultAnswer : answer->second;
   }
 
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
                                      const std::string& initial) override {
-    inputBoxes.push_back({prompt, title, initial});
-    if (inputBoxes.size() > typed_.size()) return std::nullopt;
-    return typed_[inputBoxes.size() - 1];
+    InputBoxes.push_back({prompt, title, initial});
+    if (InputBoxes.size() > typed_.size()) return std::nullopt;
+    return typed_[InputBoxes.size() - 1];
   }
 
   /// The one message that was shown; an empty one when there was none or more than one.
-  Message Only() const { return shown.size() == 1 ? shown.front() : Message{}; }
-  void Forget() { shown.clear(); }
+  Message Only() const { return Shown.size() == 1 ? Shown.front() : Message{}; }
+  void Forget() { Shown.clear(); }
 
-  std::vector<Message> shown;  ///< In order, questions included.
-  std::vector<InputBox> inputBoxes;
-  std::function<void(const Message&)> onShow;  ///< Called before it is answered; may be empty.
-  std::vector<std::string> untitledQuestions;  ///< Texts of questions without a title; never forgotten.
+  std::vector<Message> Shown;  ///< In order, questions included.
+  std::vector<InputBox> InputBoxes;
+  std::function<void(const Message&)> OnShow;  ///< Called before it is answered; may be empty.
+  std::vector<std::string> UntitledQuestions;  ///< Texts of questions without a title; never forgotten.
 
  private:
   std::map<Question, Answer> answers_;

@@ -11,22 +11,22 @@ namespace korv {
 /// A text box that is only its text.
 class FakeTextBox final : public TextBox {
  public:
-  size_t Length() const override { return CharacterCount(text); }
+  size_t Length() const override { return CharacterCount(Text); }
   void Append(std::string_view more) override {
-    text += more;
-    ++appends;
+    Text += more;
+    ++Appends;
   }
   void Truncate(size_t characters) override {
     size_t at = 0;
-    for (size_t i = 0; i < characters && at < text.size(); ++i) NextCharacter(text, at);
-    text.resize(at);
+    for (size_t i = 0; i < characters && at < Text.size(); ++i) NextCharacter(Text, at);
+    Text.resize(at);
   }
-  void Clear() override { text.clear(); }
-  void ShowEnd() override { ++shown; }
+  void Clear() override { Text.clear(); }
+  void ShowEnd() override { ++Shown; }
 
-  std::string text;
-  int appends = 0;
-  int shown = 0;
+  std::string Text;
+  int Appends = 0;
+  int Shown = 0;
 };
 
 }  // namespace korv

@@ -12,17 +12,17 @@ class FakeYielder final : public Yielder {
  public:
   /// Requests a stop at that call of Yield() from here on, counted from 1; 0 for never.
   void StopAtCall(uint64_t call) {
-    calls = 0;
+    Calls = 0;
     stopAt_ = call;
   }
 
-  uint64_t calls = 0;
-  std::function<void()> onTurn;  ///< May be empty.
+  uint64_t Calls = 0;
+  std::function<void()> OnTurn;  ///< May be empty.
 
  protected:
   void HandOver() override {
-    if (++calls == stopAt_) RequestStop();
-    if (onTurn) onTurn();
+    if (++Calls == stopAt_) RequestStop();
+    if (OnTurn) OnTurn();
   }
   uint32_t NextStride() override {
     HandOver();

@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string xml(reinterpret_cast<const char*>(data), size);
   const std::string text = korv::DocxXmlToText(xml, {files, messages, yielder});
   if (text != korv::reference::DocxText(xml)) std::abort();
-  if (text.size() > 2 * size || !messages.shown.empty()) std::abort();
+  if (text.size() > 2 * size || !messages.Shown.empty()) std::abort();
   for (size_t k = 0; k < text.size(); ++k) {
     if (text[k] == '\n' && (k == 0 || text[k - 1] != '\r')) std::abort();
     if (text[k] == '\r' && (k + 1 == text.size() || text[k + 1] != '\n')) std::abort();

@@ -46,27 +46,27 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static constexpr EncodingChoice kChoices[] = {EncodingChoice::Auto, EncodingChoice::Utf8,
                                                 EncodingChoice::Ansi, EncodingChoice::Auto};
   ListWorld world(kChoices[data[0] >> 1 & 3]);
-  world.rules.AllowForwardslashes = (data[0] & 8) != 0;
-  world.rules.AllowNumerals = world.rules.AllowPeriods = (data[0] & 16) != 0;
-  SetAllowedExtraChars(world.rules);
-  SetAllowedExtraChars2(world.rules);
+  world.Rules.AllowForwardslashes = (data[0] & 8) != 0;
+  world.Rules.AllowNumerals = world.Rules.AllowPeriods = (data[0] & 16) != 0;
+  SetAllowedExtraChars(world.Rules);
+  SetAllowedExtraChars2(world.Rules);
   const std::string content(reinterpret_cast<const char*>(data) + 1, size - 1);
 
   const WordList list = world.Read(content, kind);
-  if (!world.loaded) Require(list.Words.empty() && world.messages.shown.size() == 1);
+  if (!world.Loaded) Require(list.Words.empty() && world.Messages.Shown.size() == 1);
   Require(std::set<std::string>(list.Words.begin(), list.Words.end()).size() == list.Words.size());
   for (const std::string& word : list.Words) {
     RequireClean(word);
-    if (kind == ListKind::WordsToIgnore) RequireWord(word, world.rules);
+    if (kind == ListKind::WordsToIgnore) RequireWord(word, world.Rules);
   }
 
-  world.messages.Forget();
-  const bool faultless = CheckAllowedExtraChars(kind, content, world.rules, world.messages);
-  Require(world.messages.shown.size() == (faultless ? 0u : 1u));
+  world.Messages.Forget();
+  const bool faultless = CheckAllowedExtraChars(kind, content, world.Rules, world.Messages);
+  Require(world.Messages.Shown.size() == (faultless ? 0u : 1u));
   for (const std::string& entry : SplitTypedEntries(kind, content)) RequireClean(entry);
 
   const WordFilterSpec entries = MakeWordFilterSpec(&list, content.substr(0, 200), (data[0] & 32) != 0, &list,
-                                                    content.substr(0, 200), world.rules);
+                                                    content.substr(0, 200), world.Rules);
   const WordFilters lists(entries);
   for (const std::string& word : list.Words) lists.IsWordToIgnore(word);
   lists.IsCountOnlyPhrase("some+words");

@@ -12,14 +12,14 @@ namespace {
 TEST(ConsoleMessages, SayAnAdditionBelowTheText) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
-  messages.Show({.text = "Two\r\nlines", .title = "Title", .addition = "and\r\none more"});
+  messages.Show({.Text = "Two\r\nlines", .Title = "Title", .Addition = "and\r\none more"});
   EXPECT_EQ(stream.str(), "korv-count: Two\nlines\nand\none more\n");
 }
 
 TEST(ConsoleMessages, AnswerQuestionsWithoutShowingThem) {
   struct Case {
-    Question question;
-    Answer answer;
+    korv::Question Question;
+    korv::Answer Answer;
   };
   for (const Case& c : {Case{Question::MinimumFrequency, Answer::No}, Case{Question::LargeInput, Answer::No},
                         Case{Question::LargeDocx, Answer::Yes}, Case{Question::LargeWordList, Answer::Yes},
@@ -29,13 +29,13 @@ TEST(ConsoleMessages, AnswerQuestionsWithoutShowingThem) {
     for (const Answer byDefault : {Answer::Yes, Answer::No, Answer::Cancel}) {
       std::ostringstream stream;
       ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
-      EXPECT_EQ(messages.Show({.text = "?",
-                               .title = "?",
-                               .buttons = Buttons::YesNo,
-                               .defaultAnswer = byDefault,
-                               .question = c.question}),
-                c.answer)
-          << static_cast<int>(c.question);
+      EXPECT_EQ(messages.Show({.Text = "?",
+                               .Title = "?",
+                               .Buttons = Buttons::YesNo,
+                               .DefaultAnswer = byDefault,
+                               .Question = c.Question}),
+                c.Answer)
+          << static_cast<int>(c.Question);
       EXPECT_EQ(stream.str(), "");
     }
   }
@@ -44,22 +44,22 @@ TEST(ConsoleMessages, AnswerQuestionsWithoutShowingThem) {
 TEST(ConsoleMessages, LeaveNoEmptyLinesBehindAText) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
-  messages.Show({.text = "One\r\n\r\ntwo\r\n\r\n", .title = "Title", .addition = "more"});
-  messages.Show({.text = "Three\r\n", .title = "Title"});
+  messages.Show({.Text = "One\r\n\r\ntwo\r\n\r\n", .Title = "Title", .Addition = "more"});
+  messages.Show({.Text = "Three\r\n", .Title = "Title"});
   EXPECT_EQ(stream.str(), "korv-count: One\n\ntwo\nmore\nkorv-count: Three\n");
 }
 
 TEST(ConsoleMessages, NeverChooseAFurtherButton) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce);
-  EXPECT_EQ(messages.Show({.text = "?", .title = "?", .extraButton = "Else"}), Answer::Ok);
+  EXPECT_EQ(messages.Show({.Text = "?", .Title = "?", .ExtraButton = "Else"}), Answer::Ok);
   for (const Buttons buttons : {Buttons::YesNo, Buttons::YesNoCancel}) {
-    EXPECT_EQ(messages.Show({.text = "?",
-                             .title = "?",
-                             .buttons = buttons,
-                             .question = Question::LargeInput,
-                             .extraButton = "Else",
-                             .mayBeSilenced = true}),
+    EXPECT_EQ(messages.Show({.Text = "?",
+                             .Title = "?",
+                             .Buttons = buttons,
+                             .Question = Question::LargeInput,
+                             .ExtraButton = "Else",
+                             .MayBeSilenced = true}),
               Answer::No);
   }
 }

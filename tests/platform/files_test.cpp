@@ -20,12 +20,12 @@ class FilesTest : public testing::Test {
  protected:
   std::string ReadAll(const fs::path& path) {
     auto file = files->OpenForReading(path);
-    if (!file) return "error: " + file.Error().description;
+    if (!file) return "error: " + file.Error().Description;
     std::string all;
     char buffer[7];
     for (;;) {
       const auto got = (*file)->Read(buffer);
-      if (!got) return "error: " + got.Error().description;
+      if (!got) return "error: " + got.Error().Description;
       if (*got == 0) return all;
       all.append(buffer, *got);
     }
@@ -33,7 +33,7 @@ class FilesTest : public testing::Test {
   FileFault WriteFault(const fs::path& path) {
     auto file = files->OpenForWriting(path);
     EXPECT_FALSE(file);
-    return file ? FileFault::Other : file.Error().fault;
+    return file ? FileFault::Other : file.Error().Fault;
   }
   size_t Entries() const {
     return static_cast<size_t>(
@@ -65,10 +65,10 @@ TEST_F(FilesTest, TellsFilesFromFolders) {
   EXPECT_TRUE(files->FolderExists(folder.Path()));
   EXPECT_FALSE(files->FolderExists(folder / "a.txt"));
   EXPECT_EQ(*files->FileSize(folder / "a.txt"), 5U);
-  EXPECT_EQ(files->FileSize(folder / "b.txt").Error().fault, FileFault::NotFound);
-  EXPECT_EQ(files->OpenForReading(folder / "b.txt").Error().fault, FileFault::NotFound);
-  EXPECT_EQ(files->OpenForReading(folder.Path()).Error().fault, FileFault::IsFolder);
-  EXPECT_EQ(files->OpenForReading(folder / "a.txt" / "b.txt").Error().fault, FileFault::NotAFolder);
+  EXPECT_EQ(files->FileSize(folder / "b.txt").Error().Fault, FileFault::NotFound);
+  EXPECT_EQ(files->OpenForReading(folder / "b.txt").Error().Fault, FileFault::NotFound);
+  EXPECT_EQ(files->OpenForReading(folder.Path()).Error().Fault, FileFault::IsFolder);
+  EXPECT_EQ(files->OpenForReading(folder / "a.txt" / "b.txt").Error().Fault, FileFault::NotAFolder);
 }
 
 TEST_F(FilesTest, AFileThatShrinksMeanwhileJustEnds) {
@@ -150,10 +150,10 @@ TEST_F(FilesTest, ListsNamesOfFilesAndSubfolders) {
   WriteTestFile(folder / "sub" / "b.txt", "words");
   const auto listing = files->ListFolder(folder.Path());
   ASSERT_TRUE(listing);
-  EXPECT_THAT(listing->files, UnorderedElementsAre(fs::path("a.txt")));
-  EXPECT_THAT(listing->subfolders, UnorderedElementsAre(fs::path("sub")));
-  EXPECT_EQ(files->ListFolder(folder / "missing").Error().fault, FileFault::NotFound);
-  EXPECT_EQ(files->ListFolder(folder / "a.txt").Error().fault, FileFault::NotAFolder);
+  EXPECT_THAT(listing->Files, UnorderedElementsAre(fs::path("a.txt")));
+  EXPECT_THAT(listing->Subfolders, UnorderedElementsAre(fs::path("sub")));
+  EXPECT_EQ(files->ListFolder(folder / "missing").Error().Fault, FileFault::NotFound);
+  EXPECT_EQ(files->ListFolder(folder / "a.txt").Error().Fault, FileFault::NotAFolder);
 }
 
 TEST_F(FilesTest, CreatesAndRemoves) {
@@ -164,7 +164,7 @@ TEST_F(FilesTest, CreatesAndRemoves) {
   EXPECT_TRUE(files->CreateFolder(folder / "sub" / "a.txt")) << "a file has the name";
   EXPECT_FALSE(files->Remove(folder / "sub" / "a.txt"));
   EXPECT_FALSE(files->Remove(folder / "sub"));
-  EXPECT_EQ(files->Remove(folder / "sub")->fault, FileFault::NotFound);
+  EXPECT_EQ(files->Remove(folder / "sub")->Fault, FileFault::NotFound);
 }
 
 TEST_F(FilesTest, MakesPathsAbsoluteAndPlain) {
@@ -193,9 +193,9 @@ TEST(PathText, GoesToPathsAndBack) {
 }
 
 struct Utf8Row {
-  std::string text;
-  Utf8Kind kind;
-  size_t length;
+  std::string Text;
+  Utf8Kind Kind;
+  size_t Length;
 };
 
 TEST(Utf8, KnowsWellFormedSequences) {
@@ -231,9 +231,9 @@ TEST(Utf8, KnowsWellFormedSequences) {
       {"\xFF", IllFormed, 1},
   };
   for (const Utf8Row& row : rows) {
-    const Utf8Sequence sequence = Utf8SequenceAt(row.text, 0);
-    EXPECT_EQ(sequence.kind, row.kind) << testing::PrintToString(row.text);
-    EXPECT_EQ(sequence.length, row.length) << testing::PrintToString(row.text);
+    const Utf8Sequence sequence = Utf8SequenceAt(row.Text, 0);
+    EXPECT_EQ(sequence.Kind, row.Kind) << testing::PrintToString(row.Text);
+    EXPECT_EQ(sequence.Length, row.Length) << testing::PrintToString(row.Text);
   }
   EXPECT_EQ(MendedUtf8("a\xFF"
                        "b\xE2\x82"

@@ -15,7 +15,7 @@ class TemporaryFolder {
  public:
   TemporaryFolder() {
     auto made = MakeSystemFiles()->CreatePrivateTemporaryFolder();
-    if (!made) throw std::runtime_error(made.Error().description);
+    if (!made) throw std::runtime_error(made.Error().Description);
     path_ = *made;
   }
   ~TemporaryFolder() {

@@ -5,19 +5,19 @@
 namespace korv::reference {
 namespace {
 
-enum class Kind { Well, Ill, Cut };
+enum class SequenceKind { Well, Ill, Cut };
 
 struct Sequence {
-  Kind kind;
-  size_t length;
-  char32_t character;
+  SequenceKind Kind;
+  size_t Length;
+  char32_t Character;
 };
 
 /// Every range of bytes that begins a character, in words of the standard's table of well-formed sequences.
 struct Form {
-  unsigned char firstLow, firstHigh;    // The lead byte.
-  unsigned char secondLow, secondHigh;  // What may follow it.
-  size_t length;
+  unsigned char FirstLow, FirstHigh;    // The lead byte.
+  unsigned char SecondLow, SecondHigh;  // What may follow it.
+  size_t Length;
 };
 constexpr Form kForms[] = {
     {0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
@@ -27,19 +27,19 @@ constexpr Form kForms[] = {
 Sequence SequenceAt(std::string_view bytes, size_t at) {
   const auto byte = [&](size_t k) { return static_cast<unsigned char>(bytes[k]); };
   for (const Form& form : kForms) {
-    if (byte(at) < form.firstLow || byte(at) > form.firstHigh) continue;
-    if (form.length == 1) return {Kind::Well, 1, byte(at)};
-    char32_t code = byte(at) & (0x7Fu >> form.length);
-    for (size_t k = 1; k < form.length; ++k) {
-      if (at + k == bytes.size()) return {Kind::Cut, k, U'\uFFFD'};
-      const unsigned char low = k == 1 ? form.secondLow : 0x80;
-      const unsigned char high = k == 1 ? form.secondHigh : 0xBF;
-      if (byte(at + k) < low || byte(at + k) > high) return {Kind::Ill, k, U'\uFFFD'};
+    if (byte(at) < form.FirstLow || byte(at) > form.FirstHigh) continue;
+    if (form.Length == 1) return {SequenceKind::Well, 1, byte(at)};
+    char32_t code = byte(at) & (0x7Fu >> form.Length);
+    for (size_t k = 1; k < form.Length; ++k) {
+      if (at + k == bytes.size()) return {SequenceKind::Cut, k, U'\uFFFD'};
+      const unsigned char low = k == 1 ? form.SecondLow : 0x80;
+      const unsigned char high = k == 1 ? form.SecondHigh : 0xBF;
+      if (byte(at + k) < low || byte(at + k) > high) return {SequenceKind::Ill, k, U'\uFFFD'};
       code = code << 6 | (byte(at + k) & 0x3Fu);
     }
-    return {Kind::Well, form.length, code};
+    return {SequenceKind::Well, form.Length, code};
   }
-  return {Kind::Ill, 1, U'\uFFFD'};
+  return {SequenceKind::Ill, 1, U'\uFFFD'};
 }
 
 std::u32string WithReplacements(const std::u32string& characters) {
@@ -62,9 +62,9 @@ std::u32string CharactersOfUtf8(std::string_view bytes, uint64_t& illFormed) {
   std::u32string characters;
   for (size_t at = 0; at < bytes.size();) {
     const Sequence sequence = SequenceAt(bytes, at);
-    characters += sequence.character;
-    illFormed += sequence.kind != Kind::Well;
-    at += sequence.length;
+    characters += sequence.Character;
+    illFormed += sequence.Kind != SequenceKind::Well;
+    at += sequence.Length;
   }
   return characters;
 }
@@ -117,9 +117,9 @@ bool TakesForUtf8(std::string_view bytes) {
   int ill = 0;
   for (size_t at = 0; at < sample.size();) {
     const Sequence sequence = SequenceAt(sample, at);
-    if (sequence.kind == Kind::Well && sequence.length > 1) ++well;
-    if (sequence.kind == Kind::Ill) ++ill;
-    at += sequence.length;
+    if (sequence.Kind == SequenceKind::Well && sequence.Length > 1) ++well;
+    if (sequence.Kind == SequenceKind::Ill) ++ill;
+    at += sequence.Length;
   }
   return well >= 1 && ill * 20 <= ill + well;
 }

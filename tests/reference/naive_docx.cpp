@@ -11,11 +11,11 @@ namespace {
 
 constexpr auto kNone = std::string::npos;
 
-enum class Kind { Text, Tab, Break, Paragraph };
+enum class ItemKind { Text, Tab, Break, Paragraph };
 
 struct Item {
-  Kind kind;
-  std::string text;
+  ItemKind Kind;
+  std::string Text;
 };
 
 std::string NameAt(const std::string& xml, size_t at) {
@@ -110,18 +110,18 @@ std::vector<Item> ItemsOf(const std::string& xml) {
       const bool selfClosed = xml[begin - 2] == '/';
       const size_t end = selfClosed ? begin : xml.find("</w:t>", begin);
       if (end == kNone) break;
-      items.push_back({Kind::Text, WithLineEnds(DecodeEntities(xml.substr(begin, end - begin)))});
+      items.push_back({ItemKind::Text, WithLineEnds(DecodeEntities(xml.substr(begin, end - begin)))});
       at = selfClosed ? begin : end + 6;
       continue;
     }
     if (xml.compare(at, 6, "</w:p>") == 0 || name == "w:br" || name == "w:cr")
-      items.push_back({Kind::Break, ""});
+      items.push_back({ItemKind::Break, ""});
     else if (name == "w:p")
-      items.push_back({Kind::Paragraph, ""});
+      items.push_back({ItemKind::Paragraph, ""});
     else if (name == "w:tab" || name == "w:ptab")
-      items.push_back({Kind::Tab, ""});
+      items.push_back({ItemKind::Tab, ""});
     else if (name == "w:noBreakHyphen")
-      items.push_back({Kind::Text, "-"});
+      items.push_back({ItemKind::Text, "-"});
     ++at;
   }
   return items;
@@ -134,12 +134,12 @@ std::string DocxText(const std::string& xml) {
   std::string line;
   bool tab = false;
   for (const Item& item : ItemsOf(xml)) {
-    if (item.kind == Kind::Text && !item.text.empty()) {
-      line += (tab && !line.empty() ? " " : "") + item.text;
+    if (item.Kind == ItemKind::Text && !item.Text.empty()) {
+      line += (tab && !line.empty() ? " " : "") + item.Text;
       tab = false;
     }
-    if (item.kind == Kind::Tab) tab = true;
-    if (item.kind == Kind::Break || (item.kind == Kind::Paragraph && !line.empty())) {
+    if (item.Kind == ItemKind::Tab) tab = true;
+    if (item.Kind == ItemKind::Break || (item.Kind == ItemKind::Paragraph && !line.empty())) {
       text += line + "\r\n";
       line.clear();
       tab = false;

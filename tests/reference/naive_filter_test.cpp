@@ -18,10 +18,10 @@ TEST(NaiveFilterWords, AreLowerCasedAndCutAtEverythingElse) {
 
 TEST(NaiveFilter, PassesByMode) {
   struct Case {
-    const char* filter;
-    FilterMode mode;
-    const char* phrase;
-    bool passes;
+    const char* Filter;
+    FilterMode Mode;
+    const char* Phrase;
+    bool Passes;
   };
   const auto all = FilterMode::AllWords, ordered = FilterMode::AllWordsInSameOrder,
              run = FilterMode::Subphrase;
@@ -47,8 +47,8 @@ TEST(NaiveFilter, PassesByMode) {
       {"the the", all, "the cat", true},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(PassesFilter(c.phrase, FilterWords(c.filter), c.mode), c.passes)
-        << c.filter << " in " << c.phrase << ", mode " << static_cast<int>(c.mode);
+    EXPECT_EQ(PassesFilter(c.Phrase, FilterWords(c.Filter), c.Mode), c.Passes)
+        << c.Filter << " in " << c.Phrase << ", mode " << static_cast<int>(c.Mode);
   }
 }
 

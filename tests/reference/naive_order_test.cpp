@@ -78,8 +78,8 @@ TEST(NaiveSortPhrases, MovesWholeEntriesAndOnlyThoseOfItsRange) {
 
 TEST(NaiveExclusion, DropsWhatALongerPhraseOfTheSameCountContains) {
   struct Case {
-    std::vector<Counted> entries;
-    std::vector<std::string> listed;
+    std::vector<Counted> Entries;
+    std::vector<std::string> Listed;
   };
   const Case cases[] = {
       {{{"of the year", 5}, {"of the", 5}}, {"of the year"}},
@@ -91,14 +91,14 @@ TEST(NaiveExclusion, DropsWhatALongerPhraseOfTheSameCountContains) {
       {{{"ab cd", 2}, {"cd ab", 2}}, {"ab cd", "cd ab"}},
   };
   for (const Case& c : cases) {
-    Table table = TableOf(c.entries);
+    Table table = TableOf(c.Entries);
     ExcludeRedundantSubphrases(table);
-    EXPECT_THAT(Listed(table), testing::ElementsAreArray(c.listed));
+    EXPECT_THAT(Listed(table), testing::ElementsAreArray(c.Listed));
     // The order of the entries makes no difference.
-    std::vector<Counted> reversed(c.entries.rbegin(), c.entries.rend());
+    std::vector<Counted> reversed(c.Entries.rbegin(), c.Entries.rend());
     table = TableOf(reversed);
     ExcludeRedundantSubphrases(table);
-    EXPECT_THAT(Listed(table), testing::UnorderedElementsAreArray(c.listed));
+    EXPECT_THAT(Listed(table), testing::UnorderedElementsAreArray(c.Listed));
   }
 }
 

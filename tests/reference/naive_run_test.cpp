@@ -102,9 +102,9 @@ TEST(NaiveGetWords2, ClosesTheGapOverWordsThatAreNot7Bit) {
 
 TEST(NaiveGetWords2, EndsPhrasesAtTheTerminatorsThatAreOn) {
   struct Case {
-    const char* name;
-    bool WordRules::*rule;
-    bool WordEnd::*end;
+    const char* Name;
+    bool WordRules::*Rule;
+    bool WordEnd::*End;
   };
   const Case cases[] = {
       {"period", &WordRules::TerminateAtPeriod, &WordEnd::EndedByPeriod},
@@ -117,15 +117,15 @@ TEST(NaiveGetWords2, EndsPhrasesAtTheTerminatorsThatAreOn) {
       for (const char* first : {"a", "é"}) {  // A word that the 7-bit rule drops ends a phrase as well.
         WordRules rules = AnyWord();
         rules.Only7bitASCII = true;
-        for (const Case& other : cases) rules.*other.rule = false;
-        rules.*c.rule = on;
+        for (const Case& other : cases) rules.*other.Rule = false;
+        rules.*c.Rule = on;
         WordEnd end;
-        end.*c.end = true;
+        end.*c.End = true;
         CountingRun run(rules, Lengths(2, 2), {});
         run.GetWords2("x");
         run.GetWords2(first, end);
         run.GetWords2("b");
-        EXPECT_EQ(Counts(run).count(first == std::string("a") ? "a b" : "x b"), on ? 0u : 1u) << c.name;
+        EXPECT_EQ(Counts(run).count(first == std::string("a") ? "a b" : "x b"), on ? 0u : 1u) << c.Name;
       }
     }
   }
@@ -148,9 +148,9 @@ TEST(NaiveGetWords2, DoesNotCarryPhrasesFromOneSourceToTheNext) {
 
 TEST(NaiveTakeWord, DropsWordsUnderTheRules) {
   struct Case {
-    const char* word;
-    const char* rule;
-    const char* why;
+    const char* Word;
+    const char* Rule;
+    const char* Why;
   };
   const Case cases[] = {
       {"ab", "short", "shorter than three"},
@@ -180,7 +180,7 @@ TEST(NaiveTakeWord, DropsWordsUnderTheRules) {
   };
   WordRules rules;
   rules.LongWordSize = 20;
-  for (const Case& c : cases) EXPECT_EQ(RulesDrop(c.word, rules), c.rule) << c.word << ": " << c.why;
+  for (const Case& c : cases) EXPECT_EQ(RulesDrop(c.Word, rules), c.Rule) << c.Word << ": " << c.Why;
   rules = AnyWord();
   for (const char* word : {"a", "--", "aaaa", "1"}) EXPECT_EQ(RulesDrop(word, rules), "") << word;
 }
@@ -198,9 +198,9 @@ TEST(NaiveTakeWord, CountsADroppedWordForTheFirstRuleThatDropsIt) {
 TEST(NaiveGetWords2, TellsHowManyPhrasesOnlyTheirLengthKeptOut) {
   const std::string w50(50, 'w'), x49(49, 'x');
   struct Case {
-    const char* name;
-    WordFilterSpec entries;
-    int64_t expected;
+    const char* Name;
+    WordFilterSpec Entries;
+    int64_t Expected;
   };
   const Case cases[] = {
       {"no lists", {}, 2},  // x w w of 151 characters, w w of 101; x w has 100
@@ -208,9 +208,9 @@ TEST(NaiveGetWords2, TellsHowManyPhrasesOnlyTheirLengthKeptOut) {
       {"a list of whole phrases", CountingOnly({"~ " + w50}), 1},
   };
   for (const Case& c : cases) {
-    CountingRun run(AnyWord(), Lengths(2, 3), c.entries);
+    CountingRun run(AnyWord(), Lengths(2, 3), c.Entries);
     Feed(run, x49 + " " + w50 + " " + w50 + " / " + x49 + " " + w50);
-    EXPECT_EQ(run.Phrases().LongPhrases, c.expected) << c.name;
+    EXPECT_EQ(run.Phrases().LongPhrases, c.Expected) << c.Name;
   }
 }
 
@@ -232,8 +232,8 @@ TEST(NaiveTakeWord, ClosesTheGapOverDroppedWords) {
 
 TEST(NaiveIgnoreModes, TreatPhrasesAsTheyAreAskedTo) {
   struct Case {
-    IgnoreRule mode;
-    std::map<std::string, int> counts;
+    IgnoreRule Mode;
+    std::map<std::string, int> Counts;
   };
   const Case cases[] = {
       {IgnoreRule::Allow, {{"the cat", 1}, {"cat of", 1}, {"of the", 1}, {"the mat", 1}}},
@@ -242,9 +242,9 @@ TEST(NaiveIgnoreModes, TreatPhrasesAsTheyAreAskedTo) {
       {IgnoreRule::ExcludeWith, {}},
   };
   for (const Case& c : cases) {
-    CountingRun run(AnyWord(), Lengths(2, 2, c.mode), Ignoring({"the", "of"}));
-    EXPECT_EQ(Counts(Feed(run, "the cat of the mat")), c.counts) << static_cast<int>(c.mode);
-    CountingRun unlisted(AnyWord(), Lengths(2, 2, c.mode), {});
+    CountingRun run(AnyWord(), Lengths(2, 2, c.Mode), Ignoring({"the", "of"}));
+    EXPECT_EQ(Counts(Feed(run, "the cat of the mat")), c.Counts) << static_cast<int>(c.Mode);
+    CountingRun unlisted(AnyWord(), Lengths(2, 2, c.Mode), {});
     EXPECT_EQ(Counts(Feed(unlisted, "the of the")),
               (std::map<std::string, int>{{"the of", 1}, {"of the", 1}}))
         << "without words to ignore the mode does nothing";
@@ -260,9 +260,9 @@ TEST(NaiveStripPhrase, LeavesOutTheWordsToIgnore) {
 
 TEST(NaiveCountOnly, AdmitsPhrasesWithAListedWordOrThatAreListed) {
   struct Case {
-    std::vector<std::string> entries;
-    bool caseSignificant;
-    std::vector<std::string> admitted;
+    std::vector<std::string> Entries;
+    bool CaseSignificant;
+    std::vector<std::string> Admitted;
   };
   const std::string text = "the Cat sat / at counting ingot / the cat";
   const Case cases[] = {
@@ -287,10 +287,10 @@ TEST(NaiveCountOnly, AdmitsPhrasesWithAListedWordOrThatAreListed) {
       {{"c.t~"}, true, {"Cat sat", "the Cat", "the cat"}},
   };
   for (const Case& c : cases) {
-    CountingRun run(AnyWord(), Lengths(2, 2), CountingOnly(c.entries, c.caseSignificant));
+    CountingRun run(AnyWord(), Lengths(2, 2), CountingOnly(c.Entries, c.CaseSignificant));
     std::vector<std::string> admitted;
     for (const auto& counted : Counts(Feed(run, text))) admitted.push_back(counted.first);
-    EXPECT_EQ(admitted, c.admitted) << c.entries[0] << (c.caseSignificant ? ", case significant" : "");
+    EXPECT_EQ(admitted, c.Admitted) << c.Entries[0] << (c.CaseSignificant ? ", case significant" : "");
   }
 }
 
@@ -320,10 +320,10 @@ TEST(NaiveWordsToIgnore, ArePatternsWhenTypedOrWhenAskedFor) {
 
 TEST(NaiveMatchPattern, MatchesWildcardsAndExpressions) {
   struct Case {
-    const char* text;
-    const char* pattern;
-    bool caseSignificant;
-    bool matches;
+    const char* Text;
+    const char* Pattern;
+    bool CaseSignificant;
+    bool Matches;
   };
   const Case cases[] = {
       {"counting", "~ing", true, true},
@@ -347,8 +347,8 @@ TEST(NaiveMatchPattern, MatchesWildcardsAndExpressions) {
       {"a~b", "<a~b>", true, true},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(MatchPattern(c.text, c.pattern, '~', '?', c.caseSignificant), c.matches)
-        << c.text << ' ' << c.pattern;
+    EXPECT_EQ(MatchPattern(c.Text, c.Pattern, '~', '?', c.CaseSignificant), c.Matches)
+        << c.Text << ' ' << c.Pattern;
   }
 }
 

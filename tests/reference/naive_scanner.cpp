@@ -14,8 +14,8 @@ constexpr size_t kNowhere = View::npos;
 constexpr View kPunctuation = U"'.,()+-";
 
 struct Entity {
-  View name;
-  char32_t character;
+  View Name;
+  char32_t Character;
 };
 constexpr Entity kEntities[] = {
     {U"lsquo", U'\''}, {U"rsquo", U'\''}, {U"ldquo", U'\''}, {U"rdquo", U'\''}, {U"#8220", U'\''},
@@ -38,9 +38,9 @@ Text EntityTable() {
   Text table;
   for (const Entity& entity : kEntities) {
     table += U'&';
-    table += entity.name;
+    table += entity.Name;
     table += U';';
-    table += entity.character;
+    table += entity.Character;
     table += U' ';
   }
   return table;

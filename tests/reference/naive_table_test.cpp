@@ -147,10 +147,10 @@ TEST(NaiveTable, KeepsItsSizeWhenEmptied) {
 
 TEST(NaiveFindPhrase, TellsWhereATextIsOrBelongs) {
   struct Case {
-    std::vector<std::string> phrases;
-    std::string text;
-    bool found;
-    int32_t position;
+    std::vector<std::string> Phrases;
+    std::string Text;
+    bool Found;
+    int32_t Position;
   };
   const Case cases[] = {
       {{}, "a", false, -1},
@@ -168,10 +168,10 @@ TEST(NaiveFindPhrase, TellsWhereATextIsOrBelongs) {
       {{"a", "c", "e"}, "a", true, 3},
   };
   for (const Case& c : cases) {
-    Table table = TableOf(c.phrases);
-    Lookup lookup = table.FindPhrase(c.text);
-    EXPECT_EQ(lookup.Found, c.found) << c.text << " in " << testing::PrintToString(c.phrases);
-    EXPECT_EQ(lookup.Position, c.position) << c.text << " in " << testing::PrintToString(c.phrases);
+    Table table = TableOf(c.Phrases);
+    Lookup lookup = table.FindPhrase(c.Text);
+    EXPECT_EQ(lookup.Found, c.Found) << c.Text << " in " << testing::PrintToString(c.Phrases);
+    EXPECT_EQ(lookup.Position, c.Position) << c.Text << " in " << testing::PrintToString(c.Phrases);
   }
 }
 

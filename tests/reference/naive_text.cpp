@@ -13,8 +13,8 @@ constexpr std::string_view kBaseLetters = "SYAAAAAACEEEEIIIIDNOOOOOOUUUUYsyaaaaa
 static_assert(kAccented.size() == kBaseLetters.size());
 
 struct TwoLetters {
-  char32_t letter;
-  std::string_view form;
+  char32_t Letter;
+  std::string_view Form;
 };
 constexpr TwoLetters kTwoLetters[] = {{U'Œ', "Oe"}, {U'Ä', "Ae"}, {U'Æ', "Ae"}, {U'Ö', "Oe"},
                                       {U'Ü', "Ue"}, {U'ä', "ae"}, {U'æ', "ae"}, {U'ö', "oe"},
@@ -33,7 +33,7 @@ std::string FoldAccent(char32_t character) {
     return std::string(1, kBaseLetters[at]);
   }
   for (const TwoLetters& pair : kTwoLetters) {
-    if (pair.letter == character) return std::string(pair.form);
+    if (pair.Letter == character) return std::string(pair.Form);
   }
   return Encode(std::u32string_view(&character, 1));
 }

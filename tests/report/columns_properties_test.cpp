@@ -24,7 +24,7 @@ class CellKeeper final : public ListWriter {
  public:
   void Begin(std::span<const Column* const>, const ColumnSource&) override {}
   bool Row(const RowCells& cells) override {
-    std::vector<std::string>& row = rows.emplace_back();
+    std::vector<std::string>& row = Rows.emplace_back();
     for (const Cell& cell : cells.OfPhrase) row.push_back(Said(cell));
     return true;
   }
@@ -39,7 +39,7 @@ class CellKeeper final : public ListWriter {
     return text;
   }
 
-  std::vector<std::vector<std::string>> rows;
+  std::vector<std::vector<std::string>> Rows;
 };
 
 std::string Real(const std::optional<double>& value) {
@@ -67,7 +67,7 @@ void CompareWithModel(const WorldKind& kind) {
     expected.push_back({std::to_string(v.Rank), v.Phrase, std::to_string(v.Frequency), Real(v.PerMillion),
                         Real(v.Percent), std::to_string(v.Words), std::to_string(v.Characters),
                         std::to_string(v.Files), Real(v.FilesPercent), kind.Folder ? v.FirstFile : "0"});
-  RC_ASSERT(cells.rows == expected);
+  RC_ASSERT(cells.Rows == expected);
 }
 
 RC_GTEST_PROP(ColumnsProperties, OfAFileAreThoseOfTheModel, ()) {

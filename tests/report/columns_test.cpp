@@ -45,19 +45,19 @@ std::string Said(const Cell& cell) {
 }
 
 struct ValueCase {
-  const char* column;
-  const char* value;
+  const char* Column;
+  const char* Value;
 };
 
 TEST(Columns, ValuesOfAPhrase) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}, {"côté à d'or", 3}});
-  world.facts.FilesScanned = 8;
-  world.facts.Words.Taken = 60;
-  world.facts.Words.DroppedBy[0] = 40;
-  ColumnSource source{world.table, world.facts};
+  world.Facts.FilesScanned = 8;
+  world.Facts.Words.Taken = 60;
+  world.Facts.Words.DroppedBy[0] = 40;
+  ColumnSource source{world.Table, world.Facts};
   source.FilesWithWords = 8;
   const DocumentCounts::Item files[] = {{1, 2}, {4, 1}};
-  const std::string text = world.table.Text(1);
+  const std::string text = world.Table.Text(1);
   const ListedPhrase phrase(1, text, files, 7);
   const ValueCase cases[] = {
       {"rank", "2"},
@@ -75,15 +75,15 @@ TEST(Columns, ValuesOfAPhrase) {
       {"file_frequency", "0.250000"},
   };
   for (const ValueCase& c : cases) {
-    const Column* column = FindColumn(c.column);
-    ASSERT_NE(column, nullptr) << c.column;
-    EXPECT_EQ(Said(column->Value(source, phrase)), c.value) << c.column;
+    const Column* column = FindColumn(c.Column);
+    ASSERT_NE(column, nullptr) << c.Column;
+    EXPECT_EQ(Said(column->Value(source, phrase)), c.Value) << c.Column;
   }
 }
 
 TEST(Columns, NothingIsDividedByZero) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}});
-  const ColumnSource source{world.table, world.facts};
+  const ColumnSource source{world.Table, world.Facts};
   const ListedPhrase phrase(1, "the cat");
   for (const char* id : {"per_million", "percent", "files_percent", "first_file"})
     EXPECT_EQ(Said(FindColumn(id)->Value(source, phrase)), "undefined") << id;
@@ -93,7 +93,7 @@ TEST(Columns, NothingIsDividedByZero) {
 TEST(Columns, RankIsByFrequencyWhateverTheChainGoesBy) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}});
   const uint32_t ranks[] = {0, 42};
-  ColumnSource source{world.table, world.facts};
+  ColumnSource source{world.Table, world.Facts};
   source.FrequencyRanks = ranks;
   const ListedPhrase phrase(1, "the cat");
   EXPECT_EQ(Said(FindColumn("rank")->Value(source, phrase)), "42");
@@ -131,11 +131,11 @@ TEST(Columns, FilesHaveNoLimit) {
     for (const char* word : {"one", "two"}) stream.TakeWord(word);
   }
   ReportWorld world;
-  world.facts.Options = options;
-  world.facts.Words = stream.Counts();
-  TakeText(std::move(stream), world.table);
+  world.Facts.Options = options;
+  world.Facts.Words = stream.Counts();
+  TakeText(std::move(stream), world.Table);
   NoYielder yielder;
-  CountPhrases(world.table, yielder);
+  CountPhrases(world.Table, yielder);
   world.Finish();
   for (const char* id : {"files", "report_files"}) {
     const Column* columns[] = {FindColumn(id)};
@@ -150,14 +150,14 @@ TEST(Columns, FilesHaveNoLimit) {
 TEST(Columns, ValuesInAFile) {
   ReportWorld world = ReportWorld::Of({{"the cat", 6}, {"a dog", 2}});
   const std::string paths[] = {"{Folder}/a.txt"};
-  const ColumnSource source{world.table, world.facts, {}, paths};
+  const ColumnSource source{world.Table, world.Facts, {}, paths};
   const ListedPhrase phrase(2, "the cat");
   const ValueCase cases[] = {
       {"file_share", "50.000000"}, {"file_relative_frequency", "37.500000"}, {"file_path", "{Folder}/a.txt"}};
   for (const ValueCase& c : cases) {
-    const Column* column = FindColumn(c.column);
-    ASSERT_NE(column, nullptr) << c.column;
-    EXPECT_EQ(Said(column->ValueInFile(source, phrase, {.FileNumber = 1, .Count = 3})), c.value) << c.column;
+    const Column* column = FindColumn(c.Column);
+    ASSERT_NE(column, nullptr) << c.Column;
+    EXPECT_EQ(Said(column->ValueInFile(source, phrase, {.FileNumber = 1, .Count = 3})), c.Value) << c.Column;
   }
   EXPECT_EQ(Said(FindColumn("file_path")->ValueInFile(source, phrase, {.FileNumber = 2, .Count = 1})), "");
 }

@@ -43,10 +43,10 @@ TEST(FilterText, IsStableOnceNormalised) {
 }
 
 struct TestCase {
-  const char* words;
-  FilterMode mode;
-  const char* phrase;
-  bool passes;
+  const char* Words;
+  FilterMode Mode;
+  const char* Phrase;
+  bool Passes;
 };
 
 constexpr FilterMode kAll = FilterMode::AllWords;
@@ -92,8 +92,8 @@ TEST(PhraseFilter, PassesPhrasesThatHoldItsWords) {
       {"é", kAll, "éa", false},
   };
   for (const TestCase& c : cases)
-    EXPECT_EQ(PhraseFilter(c.words, c.mode).Passes(c.phrase), c.passes)
-        << c.words << " / " << c.phrase << " / " << static_cast<int>(c.mode);
+    EXPECT_EQ(PhraseFilter(c.Words, c.Mode).Passes(c.Phrase), c.Passes)
+        << c.Words << " / " << c.Phrase << " / " << static_cast<int>(c.Mode);
 }
 
 TEST(PhraseFilter, WithoutWordsPassesEverything) {
@@ -121,9 +121,9 @@ TEST(FilterNotice, NamesModeAndWords) {
 
 TEST(NoMatch, SaysSoByModeOrderAndPlace) {
   struct NoMatchCase {
-    FilterMode mode;
-    NoticePlace place;
-    const char* text;
+    FilterMode Mode;
+    NoticePlace Place;
+    const char* Text;
   };
   const NoMatchCase cases[] = {
       {kAll, NoticePlace::File, "No phrase containing all filter words found."},
@@ -134,8 +134,8 @@ TEST(NoMatch, SaysSoByModeOrderAndPlace) {
       {kSubphrase, NoticePlace::TextBox, "No phrase containing all filter words as a subphrase found."},
   };
   for (const NoMatchCase& c : cases) {
-    EXPECT_EQ(NoMatchText(c.mode, true, c.place), c.text);
-    EXPECT_EQ(NoMatchText(c.mode, false, c.place), "No phrase containing filter word(s) found.");
+    EXPECT_EQ(NoMatchText(c.Mode, true, c.Place), c.Text);
+    EXPECT_EQ(NoMatchText(c.Mode, false, c.Place), "No phrase containing filter word(s) found.");
   }
 }
 

@@ -7,9 +7,9 @@ namespace {
 
 TEST(AbbreviatePath, PutsAWordInPlaceOfTheFolder) {
   struct PathCase {
-    const char* path;
-    const char* folder;
-    const char* shown;
+    const char* Path;
+    const char* Folder;
+    const char* Shown;
   };
   const PathCase cases[] = {
       {"/home/a/texts/one.txt", "/home/a/texts", "{Folder}/one.txt"},
@@ -23,7 +23,7 @@ TEST(AbbreviatePath, PutsAWordInPlaceOfTheFolder) {
       {"./one.txt", ".", "{Folder}/one.txt"},
       {"/home/texts", "/home/texts", "{Folder}"},
   };
-  for (const PathCase& c : cases) EXPECT_EQ(AbbreviatePath(c.path, c.folder), c.shown) << c.path;
+  for (const PathCase& c : cases) EXPECT_EQ(AbbreviatePath(c.Path, c.Folder), c.Shown) << c.Path;
 }
 
 TEST(AbbreviatePath, ShowsTheFolderOfEveryPathOfAList) {

@@ -13,21 +13,21 @@ namespace {
 /// Two phrases listed, the longest with 10 characters ("é" is one), of 20 occurrences in 8 files.
 ReportWorld World(int displayFormat) {
   ReportWorld world;
-  world.facts.Options.SourceKind = TextSource::Folder;
-  world.facts.Options.MinFrequency = 2;
-  world.facts.InputPath = "texts";
-  world.facts.FilesScanned = 8;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.Options.MinFrequency = 2;
+  world.Facts.InputPath = "texts";
+  world.Facts.FilesScanned = 8;
   const auto add = [&](const char* phrase, int times) {
-    for (int i = 0; i < times; ++i) world.table.AddWordToList(phrase);
+    for (int i = 0; i < times; ++i) world.Table.AddWordToList(phrase);
   };
-  world.table.BeginFile(std::filesystem::path("texts") / "a.txt");
+  world.Table.BeginFile(std::filesystem::path("texts") / "a.txt");
   add("one two", 6);
   for (const char* once : {"z a", "z b", "z c", "z d", "z e", "z f", "z g", "z h", "z i"}) add(once, 1);
-  world.table.BeginFile(std::filesystem::path("texts") / "sub" / "b.txt");
+  world.Table.BeginFile(std::filesystem::path("texts") / "sub" / "b.txt");
   add("one two", 3);
   add("café is on", 2);
   world.Finish();
-  world.options.DisplayFormat = displayFormat;
+  world.Options.DisplayFormat = displayFormat;
   return world;
 }
 
@@ -45,9 +45,9 @@ std::string Lines(const ReportWorld& world, Layout layout) {
 }
 
 struct FormatCase {
-  int displayFormat;
-  const char* columns;
-  const char* tabs;
+  int DisplayFormat;
+  const char* Columns;
+  const char* Tabs;
 };
 
 TEST(Formats, EveryFormatHasItsColumnsInBothLayouts) {
@@ -134,8 +134,8 @@ TEST(Formats, EveryFormatHasItsColumnsInBothLayouts) {
        "    100.00% {Folder}/sub/b.txt\r\n"},
   };
   for (const FormatCase& c : cases) {
-    EXPECT_EQ(Lines(World(c.displayFormat), Layout::Columns), WithNativePaths(c.columns)) << c.displayFormat;
-    EXPECT_EQ(Lines(World(c.displayFormat), Layout::Tabs), WithNativePaths(c.tabs)) << c.displayFormat;
+    EXPECT_EQ(Lines(World(c.DisplayFormat), Layout::Columns), WithNativePaths(c.Columns)) << c.DisplayFormat;
+    EXPECT_EQ(Lines(World(c.DisplayFormat), Layout::Tabs), WithNativePaths(c.Tabs)) << c.DisplayFormat;
   }
 }
 
@@ -179,17 +179,17 @@ TEST(Formats, RelativeFrequencyTakesThePlaceOfTheCount) {
   };
   for (const FormatCase& c : cases) {
     for (const Layout layout : {Layout::Columns, Layout::Tabs}) {
-      ReportWorld world = World(c.displayFormat);
-      world.options.RelativeFrequency = true;
-      EXPECT_EQ(Lines(world, layout), WithNativePaths(layout == Layout::Columns ? c.columns : c.tabs))
-          << c.displayFormat;
+      ReportWorld world = World(c.DisplayFormat);
+      world.Options.RelativeFrequency = true;
+      EXPECT_EQ(Lines(world, layout), WithNativePaths(layout == Layout::Columns ? c.Columns : c.Tabs))
+          << c.DisplayFormat;
     }
   }
 }
 
 TEST(Formats, SortByNumberOfFilesShowsTheFileFrequency) {
   ReportWorld world = World(10);
-  world.options.SortByNumberOfFiles = true;
+  world.Options.SortByNumberOfFiles = true;
   EXPECT_EQ(Lines(world, Layout::Columns),
             " Phrase       Files   File freq  Freq\r\n"
             " one two         2    0.250     9\r\n"
@@ -202,8 +202,8 @@ TEST(Formats, SortByNumberOfFilesShowsTheFileFrequency) {
 
 TEST(Formats, FilesAndTheirFrequencyAreAlignedAsOneCell) {
   ReportWorld world = World(10);
-  world.options.SortByNumberOfFiles = true;
-  world.numbers.LeadingZero = false;
+  world.Options.SortByNumberOfFiles = true;
+  world.Numbers.LeadingZero = false;
   EXPECT_EQ(Lines(world, Layout::Columns),
             " Phrase       Files   File freq  Freq\r\n"
             " one two          2    .250     9\r\n"
@@ -213,26 +213,26 @@ TEST(Formats, FilesAndTheirFrequencyAreAlignedAsOneCell) {
 TEST(Formats, FileFrequencyIsSinglePrecision) {
   // Double precision would give 0.037.
   ReportWorld world;
-  world.facts.FilesScanned = 80;
+  world.Facts.FilesScanned = 80;
   for (const char* file : {"a", "b", "c"}) {
-    world.table.BeginFile(file);
-    world.table.AddWordToList("a b");
+    world.Table.BeginFile(file);
+    world.Table.AddWordToList("a b");
   }
   world.Finish();
-  world.options = {.DisplayFormat = 10, .SortByNumberOfFiles = true};
+  world.Options = {.DisplayFormat = 10, .SortByNumberOfFiles = true};
   EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\na b\t3\t0.038\t3\r\n"));
 }
 
 TEST(Formats, OneThirdIsThirtyThreePointThreeThreePercent) {
   ReportWorld world = ReportWorld::Of({{"a b", 1}, {"c d", 2}});
-  world.options = {.DisplayFormat = 7, .RelativeFrequency = true};
+  world.Options = {.DisplayFormat = 7, .RelativeFrequency = true};
   EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\na b\t33.33%\r\n"));
 }
 
 TEST(Formats, NumbersFollowTheLocale) {
   ReportWorld world = World(7);
-  world.options.RelativeFrequency = true;
-  world.numbers.DecimalPoint = "\u066B";  // Two bytes, one character.
+  world.Options.RelativeFrequency = true;
+  world.Numbers.DecimalPoint = "\u066B";  // Two bytes, one character.
   EXPECT_EQ(Lines(world, Layout::Columns),
             " Phrase      Rel freq\r\n"
             " one two       45\u066B00%\r\n"
@@ -241,14 +241,14 @@ TEST(Formats, NumbersFollowTheLocale) {
 
 TEST(Formats, NineHasNoCommaAfterTheLastOfThree) {
   ReportWorld world = ReportWorld::Of({{"a b", 3}, {"c d", 2}, {"e f", 1}});
-  world.options.DisplayFormat = 9;
+  world.Options.DisplayFormat = 9;
   EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\n\r\na b, c d, e f\r\n"));
 }
 
 TEST(Formats, NineWithoutPhrasesHasNoLine) {
   ReportWorld world = World(9);
-  world.options.FilterText = "nothing";
-  world.options.FilterActive = true;
+  world.Options.FilterText = "nothing";
+  world.Options.FilterActive = true;
   EXPECT_TRUE(TextOf(world.View(), kFileForm)
                   .ends_with("Filter words: nothing\r\n\r\nNo phrase containing filter word(s) found.\r\n"));
 }

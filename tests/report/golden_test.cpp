@@ -66,7 +66,7 @@ class Golden : public testing::Test {
                         .Progress = progress},
                        run_),
               RunEnd::Counted);
-    ASSERT_TRUE(messages_.shown.empty());
+    ASSERT_TRUE(messages_.Shown.empty());
   }
 
   /// The report with a title, both forms of it.

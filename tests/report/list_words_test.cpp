@@ -13,7 +13,7 @@ namespace {
 
 ReportWorld ThreePhrases() {
   ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}, {"big hat now", 2}});
-  world.facts.InputPath = "in.txt";
+  world.Facts.InputPath = "in.txt";
   return world;
 }
 
@@ -21,13 +21,13 @@ constexpr char kSummary[] = "There are 3 phrases with 2 to 3 words which occur a
 
 ReportWorld FolderWorld() {
   ReportWorld world;
-  world.facts.Options.SourceKind = TextSource::Folder;
-  world.facts.InputPath = "texts";
-  world.facts.FilesScanned = 3;
-  world.facts.FoldersScanned = 2;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.InputPath = "texts";
+  world.Facts.FilesScanned = 3;
+  world.Facts.FoldersScanned = 2;
   const auto add = [&](const char* path, std::initializer_list<const char*> phrases) {
-    world.table.BeginFile(std::filesystem::path("texts") / path);
-    for (const char* phrase : phrases) world.table.AddWordToList(phrase);
+    world.Table.BeginFile(std::filesystem::path("texts") / path);
+    for (const char* phrase : phrases) world.Table.AddWordToList(phrase);
   };
   add("a.txt", {"the cat", "a dog", "a dog", "a dog"});
   add("empty.txt", {});
@@ -46,8 +46,8 @@ TEST(ListWords, ByFrequencyTiesStandInAlphabeticalOrder) {
 
 TEST(ListWords, AlphabeticallyRanksStayThoseOfTheFrequency) {
   ReportWorld world = ReportWorld::Of({{"the cat", 9}, {"a dog", 3}});
-  world.options.WordOrder = 1;
-  world.options.DisplayFormat = 6;
+  world.Options.WordOrder = 1;
+  world.Options.DisplayFormat = 6;
   EXPECT_EQ(TextOf(world.View(), kBoxForm),
             "There are 2 phrases with 2 to 3 words which occur at least once.\r\n\r\n"
             " Phrase   Rank\r\n"
@@ -57,11 +57,11 @@ TEST(ListWords, AlphabeticallyRanksStayThoseOfTheFrequency) {
 
 TEST(ListWords, UnlistedPhrasesDoNotAppear) {
   ReportWorld world = ReportWorld::Of({{"the cat", 9}, {"a dog", 1}, {"cat sat here", 2}, {"cat sat", 2}});
-  world.facts.Options.MinFrequency = 2;
+  world.Facts.Options.MinFrequency = 2;
   world.Finish();
-  world.options.DisplayFormat = 7;
+  world.Options.DisplayFormat = 7;
   for (const int order : {0, 1}) {
-    world.options.WordOrder = order;
+    world.Options.WordOrder = order;
     const std::string text = TextOf(world.View(), kFileForm);
     EXPECT_EQ(text.find("a dog"), std::string::npos);
     EXPECT_EQ(text.find("cat sat\t"), std::string::npos);
@@ -72,10 +72,10 @@ TEST(ListWords, UnlistedPhrasesDoNotAppear) {
 
 TEST(ListWords, TheWholeOfRelativeFrequenciesIsAllThatWasCounted) {
   ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 1}});
-  world.facts.Options.MinFrequency = 2;
+  world.Facts.Options.MinFrequency = 2;
   world.Finish();
-  world.options.RelativeFrequency = true;
-  world.options.DisplayFormat = 7;
+  world.Options.RelativeFrequency = true;
+  world.Options.DisplayFormat = 7;
   EXPECT_EQ(TextOf(world.View(), kFileForm),
             "There is one phrase with 2 to 3 words which occurs at least twice.\r\n\r\n"
             "Phrase\tRel freq\r\n"
@@ -84,18 +84,18 @@ TEST(ListWords, TheWholeOfRelativeFrequenciesIsAllThatWasCounted) {
 
 TEST(ListWords, AFileBeginsWithTheSource) {
   ReportWorld world = ThreePhrases();
-  world.options.DisplayFormat = 9;
+  world.Options.DisplayFormat = 9;
   const std::string rest = std::string(kSummary) + "a dog, big hat now, the cat\r\n";
   EXPECT_EQ(TextOf(world.View(), kFileForm), "File: in.txt\r\n" + rest);
-  world.facts.InputPath = "";
+  world.Facts.InputPath = "";
   EXPECT_EQ(TextOf(world.View(), kFileForm), rest);
-  world.facts.Options.SourceKind = TextSource::Clipboard;
+  world.Facts.Options.SourceKind = TextSource::Clipboard;
   EXPECT_EQ(TextOf(world.View(), kFileForm), rest);
 }
 
 TEST(ListWords, FolderReportTellsOfFilesAndAbbreviatesThem) {
   ReportWorld world = FolderWorld();
-  world.options.DisplayFormat = 11;
+  world.Options.DisplayFormat = 11;
   const std::string summary = "There are 2 phrases with 2 to 3 words which occur at least once.\r\n\r\n";
   EXPECT_EQ(TextOf(world.View(), kBoxForm),
             "3 files (in 2 folders) were scanned.\r\n" + summary +
@@ -103,8 +103,8 @@ TEST(ListWords, FolderReportTellsOfFilesAndAbbreviatesThem) {
                                 " Phrase   Files\r\n"
                                 " a dog    {Folder}/a.txt\r\n"
                                 " the cat  {Folder}/a.txt  {Folder}/b.txt\r\n"));
-  world.options.DisplayFormat = 12;
-  world.facts.IncludeSubfolders = true;
+  world.Options.DisplayFormat = 12;
+  world.Facts.IncludeSubfolders = true;
   EXPECT_EQ(TextOf(world.View(), kFileForm),
             "Folder: texts plus any subfolders\r\n3 files (in 2 folders) were scanned.\r\n" + summary +
                 WithNativePaths("{Folder} = texts\r\n"
@@ -114,7 +114,7 @@ TEST(ListWords, FolderReportTellsOfFilesAndAbbreviatesThem) {
                                 "the cat\t\r\n"
                                 "     33.33% {Folder}/a.txt\r\n"
                                 "     66.67% {Folder}/b.txt\r\n"));
-  world.options.DisplayFormat = 10;
+  world.Options.DisplayFormat = 10;
   EXPECT_EQ(TextOf(world.View(), kFileForm),
             "Folder: texts plus any subfolders\r\n3 files (in 2 folders) were scanned.\r\n" + summary +
                 "Phrase\t Files\tFreq\r\n"
@@ -125,15 +125,15 @@ TEST(ListWords, FolderReportTellsOfFilesAndAbbreviatesThem) {
 TEST(ListWords, SortByNumberOfFilesRanksByFiles) {
   ReportWorld world = FolderWorld();
   world.Finish(ChainOrder::ByFiles);
-  world.options.DisplayFormat = 12;
-  world.options.SortByNumberOfFiles = true;
+  world.Options.DisplayFormat = 12;
+  world.Options.SortByNumberOfFiles = true;
   const std::string text = TextOf(world.View(), kFileForm);
   EXPECT_LT(text.find("the cat\t"), text.find("a dog\t"));
 }
 
 TEST(ListWords, SkippedFilesAreNamedWhereTheFormAsksForIt) {
   ReportWorld world = FolderWorld();
-  world.facts.SkippedFiles = {{"texts/c.rtf", "is an RTF file"}};
+  world.Facts.SkippedFiles = {{"texts/c.rtf", "is an RTF file"}};
   const std::string line = "1 file was skipped:\r\n{Folder}/c.rtf: is an RTF file\r\n";
   EXPECT_NE(TextOf(world.View(), {.SkippedFiles = true}).find("were scanned.\r\n" + line + "There are"),
             std::string::npos);
@@ -143,11 +143,11 @@ TEST(ListWords, SkippedFilesAreNamedWhereTheFormAsksForIt) {
 
 TEST(ListWords, AFilterShowsItsNoticeAndWhatPasses) {
   ReportWorld world = ThreePhrases();
-  world.options.DisplayFormat = 0;
-  world.options.FilterText = "cat";
+  world.Options.DisplayFormat = 0;
+  world.Options.FilterText = "cat";
   const std::string unfiltered = TextOf(world.View(), kBoxForm);
   EXPECT_NE(unfiltered.find("a dog"), std::string::npos);
-  world.options.FilterActive = true;
+  world.Options.FilterActive = true;
   EXPECT_EQ(TextOf(world.View(), kBoxForm), std::string(kSummary) +
                                                 "Phrase filtering (all filter words) has been applied.\r\n"
                                                 "Filter words: cat\r\n\r\n"
@@ -157,15 +157,15 @@ TEST(ListWords, AFilterShowsItsNoticeAndWhatPasses) {
 
 TEST(ListWords, FormatNineJoinsWhatPassesTheFilter) {
   ReportWorld world = ReportWorld::Of({{"the cat", 3}, {"a dog", 2}, {"cat sat", 1}});
-  world.options = {.DisplayFormat = 9, .FilterText = "cat", .FilterActive = true};
+  world.Options = {.DisplayFormat = 9, .FilterText = "cat", .FilterActive = true};
   EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("\r\n\r\nthe cat, cat sat\r\n"));
 }
 
 struct NoMatchCase {
-  int order;
-  FilterMode mode;
-  const char* box;
-  const char* file;
+  int Order;
+  FilterMode Mode;
+  const char* Box;
+  const char* File;
 };
 
 TEST(ListWords, NoMatchStandsBelowTheHeading) {
@@ -179,24 +179,24 @@ TEST(ListWords, NoMatchStandsBelowTheHeading) {
   };
   for (const NoMatchCase& c : cases) {
     ReportWorld world = ThreePhrases();
-    world.options = {.DisplayFormat = 2,
-                     .WordOrder = c.order,
+    world.Options = {.DisplayFormat = 2,
+                     .WordOrder = c.Order,
                      .FilterText = "mouse",
-                     .FilterModeOfWords = c.mode,
+                     .FilterModeOfWords = c.Mode,
                      .FilterActive = true};
-    EXPECT_TRUE(TextOf(world.View(), kBoxForm).ends_with(std::string(" Rank  Freq\r\n") + c.box));
-    EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with(std::string("Rank\tFreq\r\n") + c.file));
+    EXPECT_TRUE(TextOf(world.View(), kBoxForm).ends_with(std::string(" Rank  Freq\r\n") + c.Box));
+    EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with(std::string("Rank\tFreq\r\n") + c.File));
   }
 }
 
 TEST(ListWords, NothingListedIsTheSummaryAlone) {
   ReportWorld world = ReportWorld::Of({{"the cat", 1}});
-  world.facts = FolderWorld().facts;
-  world.facts.Options.MinFrequency = 2;
-  world.facts.WordsToIgnoreInUse = true;
-  world.facts.Options.IgnoreMode = IgnoreRule::ExcludeWith;
+  world.Facts = FolderWorld().Facts;
+  world.Facts.Options.MinFrequency = 2;
+  world.Facts.WordsToIgnoreInUse = true;
+  world.Facts.Options.IgnoreMode = IgnoreRule::ExcludeWith;
   world.Finish();
-  world.options = {.DisplayFormat = 11, .FilterText = "cat", .FilterActive = true};
+  world.Options = {.DisplayFormat = 11, .FilterText = "cat", .FilterActive = true};
   const std::string summary =
       "There are no phrases with 2 to 3 words which occur at least twice\r\n"
       "when phrases containing a word to ignore are excluded.\r\n\r\n"
@@ -204,13 +204,13 @@ TEST(ListWords, NothingListedIsTheSummaryAlone) {
   EXPECT_EQ(TextOf(world.View(), kBoxForm), summary);
   EXPECT_EQ(TextOf(world.View(), kFileForm),
             "Folder: texts\r\n3 files (in 2 folders) were scanned.\r\n" + summary + "\r\n");
-  world.facts.WordsToIgnoreInUse = false;
+  world.Facts.WordsToIgnoreInUse = false;
   EXPECT_TRUE(TextOf(world.View(), kFileForm).ends_with("at least twice.\r\n\r\n"));
 }
 
 TEST(ListWords, NothingCountedIsTheNotice) {
   ReportWorld world;
-  world.facts = FolderWorld().facts;
+  world.Facts = FolderWorld().Facts;
   const std::string notice = "No phrases satisfying the specified conditions were found.";
   EXPECT_EQ(TextOf(world.View(), kBoxForm), notice);
   EXPECT_EQ(TextOf(world.View(), kFileForm),
@@ -233,10 +233,10 @@ TEST(ListWords, PiecesMakeUpTheSameReport) {
   const std::string whole = TextOf(world.View(), kBoxForm);
   for (const size_t pieceSize : {size_t{0}, size_t{100}, size_t{1} << 20}) {
     StringSink sink;
-    sink.pieceSize = pieceSize;
+    sink.Piece = pieceSize;
     NoYielder yielder;
     const ListResult result = ListWords(world.View(), kBoxForm, sink, yielder);
-    EXPECT_EQ(sink.text, whole);
+    EXPECT_EQ(sink.Text, whole);
     EXPECT_EQ(result.Outcome, ListOutcome::Listed);
     EXPECT_EQ(result.Phrases, 3u);
     EXPECT_EQ(result.Occurrences, 7u);
@@ -249,39 +249,39 @@ TEST(ListWords, AStopKeepsTheLinesBuiltSoFar) {
   ReportWorld world = ThreePhrases();
   const std::string whole = TextOf(world.View(), kBoxForm);
   for (const int order : {0, 1}) {
-    world.options.WordOrder = order;
+    world.Options.WordOrder = order;
     // Three yields go into measuring.
     StoppingYielder yielder(3 + 2);
     StringSink sink;
-    sink.pieceSize = 1 << 20;
+    sink.Piece = 1 << 20;
     const ListResult result = ListWords(world.View(), kBoxForm, sink, yielder);
     EXPECT_EQ(result.Outcome, ListOutcome::Stopped);
     EXPECT_EQ(result.Shown, 1u);
     // The numbers are those of the list, not of where it was stopped.
     EXPECT_EQ(result.Phrases, 3u);
     EXPECT_EQ(result.Occurrences, 7u);
-    EXPECT_TRUE(whole.starts_with(sink.text));
-    EXPECT_TRUE(sink.text.ends_with("a dog\r\n"));
+    EXPECT_TRUE(whole.starts_with(sink.Text));
+    EXPECT_TRUE(sink.Text.ends_with("a dog\r\n"));
   }
 }
 
 TEST(ListWords, AFullSinkEndsTheListing) {
   ReportWorld world = ThreePhrases();
   StringSink sink;
-  sink.takes = 1;
+  sink.Takes = 1;
   NoYielder yielder;
   const ListResult result = ListWords(world.View(), kBoxForm, sink, yielder);
   EXPECT_EQ(result.Outcome, ListOutcome::SinkFull);
-  EXPECT_TRUE(sink.text.ends_with("a dog\r\n"));
+  EXPECT_TRUE(sink.Text.ends_with("a dog\r\n"));
   EXPECT_EQ(result.Phrases, 3u);
   EXPECT_EQ(result.Occurrences, 7u);
 }
 
 TEST(ListWords, AFilterCountsOnWhenTheSinkIsFull) {
   ReportWorld world = ReportWorld::Of({{"the cat", 3}, {"a dog", 2}, {"cat sat", 1}});
-  world.options = {.FilterText = "cat", .FilterActive = true};
+  world.Options = {.FilterText = "cat", .FilterActive = true};
   StringSink sink;
-  sink.takes = 0;
+  sink.Takes = 0;
   NoYielder yielder;
   const ListResult result = ListWords(world.View(), kBoxForm, sink, yielder);
   EXPECT_EQ(result.Outcome, ListOutcome::SinkFull);
@@ -292,10 +292,10 @@ TEST(ListWords, AFilterCountsOnWhenTheSinkIsFull) {
 
 TEST(MeasureList, LooksAtListedPhrasesOnly) {
   ReportWorld world = ReportWorld::Of({{"the cat", 4}, {"a very long phrase", 1}, {"é u i", 2}});
-  world.facts.Options.MinFrequency = 2;
+  world.Facts.Options.MinFrequency = 2;
   world.Finish();
   NoYielder yielder;
-  const ListExtent extent = MeasureList(world.table, yielder);
+  const ListExtent extent = MeasureList(world.Table, yielder);
   EXPECT_EQ(extent.Phrases, 2u);
   EXPECT_EQ(extent.HighestCount, 4u);
   EXPECT_EQ(extent.LongestCharacters, 7);

@@ -13,15 +13,15 @@ TEST(OutputToTxb, AppendsAndShowsTheEnd) {
   OutputBox box(text);
   EXPECT_TRUE(box.OutputToTxb("one\r\n"));
   EXPECT_TRUE(box.OutputToTxb("two"));
-  EXPECT_EQ(text.text, "one\r\ntwo");
-  EXPECT_EQ(text.shown, 2);
+  EXPECT_EQ(text.Text, "one\r\ntwo");
+  EXPECT_EQ(text.Shown, 2);
   EXPECT_FALSE(box.Full());
 }
 
 TEST(OutputToTxb, ABoxOfExactlyItsCapacityTakesOneMoreText) {
   FakeTextBox text;
   OutputBox box(text);
-  text.text.assign(kTextBoxCapacity, 'x');
+  text.Text.assign(kTextBoxCapacity, 'x');
   EXPECT_TRUE(box.OutputToTxb("last"));
   EXPECT_EQ(text.Length(), kTextBoxCapacity + 4);
   EXPECT_FALSE(box.Full());
@@ -31,30 +31,30 @@ TEST(OutputToTxb, AFullerBoxRefusesAndSaysSo) {
   FakeTextBox text;
   OutputBox box(text);
   const std::string held(kTextBoxCapacity + 100, 'x');
-  text.text = held;
+  text.Text = held;
   EXPECT_FALSE(box.OutputToTxb("more"));
   EXPECT_TRUE(box.Full());
-  EXPECT_EQ(text.text, held.substr(0, held.size() - 256) + "\r\n\r\nTextbox is full.");
+  EXPECT_EQ(text.Text, held.substr(0, held.size() - 256) + "\r\n\r\nTextbox is full.");
 }
 
 TEST(OutputToTxb, LaterTextsChangeNothingUntilTheBoxIsCleared) {
   FakeTextBox text;
   OutputBox box(text);
-  text.text.assign(kTextBoxCapacity + 1, 'x');
+  text.Text.assign(kTextBoxCapacity + 1, 'x');
   box.OutputToTxb("more");
-  const std::string full = text.text;
+  const std::string full = text.Text;
   EXPECT_FALSE(box.OutputToTxb("still more"));
-  EXPECT_EQ(text.text, full);
+  EXPECT_EQ(text.Text, full);
   box.Clear();
   EXPECT_FALSE(box.Full());
   EXPECT_TRUE(box.OutputToTxb("fresh"));
-  EXPECT_EQ(text.text, "fresh");
+  EXPECT_EQ(text.Text, "fresh");
 }
 
 TEST(OutputToTxb, CharactersCountNotBytes) {
   FakeTextBox text;
   OutputBox box(text);
-  for (size_t i = 0; i < kTextBoxCapacity; ++i) text.text += "é";
+  for (size_t i = 0; i < kTextBoxCapacity; ++i) text.Text += "é";
   EXPECT_TRUE(box.OutputToTxb("é"));
   EXPECT_FALSE(box.OutputToTxb("é"));
   EXPECT_EQ(text.Length(), kTextBoxCapacity + 1 - 256 + std::string("\r\n\r\nTextbox is full.").size());
@@ -65,28 +65,28 @@ TEST(OutputToTxb, AFullBoxTellsHowFarARunningCountHasCome) {
   int busyCleared = 0;
   OutputBox box(text,
                 {.ClearBusy = [&] { ++busyCleared; }, .CountSoFar = [] { return "2 files in 1 folder"; }});
-  text.text.assign(kTextBoxCapacity + 1, 'x');
+  text.Text.assign(kTextBoxCapacity + 1, 'x');
   box.OutputToTxb("more");
-  EXPECT_TRUE(text.text.ends_with("xx\r\n\r\nTextbox is full.\r\n\r\nTo this point: 2 files in 1 folder"));
+  EXPECT_TRUE(text.Text.ends_with("xx\r\n\r\nTextbox is full.\r\n\r\nTo this point: 2 files in 1 folder"));
   EXPECT_EQ(busyCleared, 1);
 }
 
 ReportWorld ManyPhrases(int phrases) {
   ReportWorld world;
-  for (int i = 0; i < phrases; ++i) world.table.AddWordToList("phrase number" + std::to_string(100000 + i));
+  for (int i = 0; i < phrases; ++i) world.Table.AddWordToList("phrase number" + std::to_string(100000 + i));
   world.Finish();
-  world.options.DisplayFormat = 8;
+  world.Options.DisplayFormat = 8;
   return world;
 }
 
 TEST(ListWordsToTextBox, HoldsTheReportOfAShortList) {
   ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
   FakeTextBox text;
-  text.text = "what was there";
+  text.Text = "what was there";
   OutputBox box(text);
   NoYielder yielder;
   EXPECT_EQ(ListWordsToTextBox(world.View(), box, yielder).Outcome, ListOutcome::Listed);
-  EXPECT_EQ(text.text, TextOf(world.View(), kBoxForm));
+  EXPECT_EQ(text.Text, TextOf(world.View(), kBoxForm));
 }
 
 TEST(ListWordsToTextBox, ALongListFillsTheBoxAndTheRestIsDropped) {
@@ -96,8 +96,8 @@ TEST(ListWordsToTextBox, ALongListFillsTheBoxAndTheRestIsDropped) {
   NoYielder yielder;
   EXPECT_EQ(ListWordsToTextBox(world.View(), box, yielder).Outcome, ListOutcome::SinkFull);
   const std::string full = "\r\n\r\nTextbox is full.";
-  ASSERT_TRUE(text.text.ends_with(full));
-  const std::string kept = text.text.substr(0, text.text.size() - full.size());
+  ASSERT_TRUE(text.Text.ends_with(full));
+  const std::string kept = text.Text.substr(0, text.Text.size() - full.size());
   const std::string whole = TextOf(world.View(), kBoxForm);
   EXPECT_TRUE(whole.starts_with(kept));
   const size_t line = std::string("phrase number100000\r\n").size();
@@ -124,17 +124,17 @@ TEST(ListWordsToTextBox, TellsHowManyPhrasesAreInSightWholly) {
   for (const int format : {0, 1, 3, 5, 8, 9}) {
     for (const int phrases : {3000, 3001, 6000}) {
       ReportWorld world = ManyPhrases(phrases);
-      world.options.DisplayFormat = format;
+      world.Options.DisplayFormat = format;
       for (const char* words : {"", "phrase"}) {
-        world.options.FilterText = words;
-        world.options.FilterActive = *words != 0;
+        world.Options.FilterText = words;
+        world.Options.FilterActive = *words != 0;
         FakeTextBox text;
         OutputBox box(text);
         NoYielder yielder;
         const ListResult result = ListWordsToTextBox(world.View(), box, yielder);
         SCOPED_TRACE(testing::Message() << format << ' ' << phrases << ' ' << words);
         EXPECT_EQ(result.Phrases, static_cast<uint32_t>(phrases));
-        EXPECT_EQ(result.Shown, box.Full() ? PhrasesSeen(text.text, format) : static_cast<uint32_t>(phrases));
+        EXPECT_EQ(result.Shown, box.Full() ? PhrasesSeen(text.Text, format) : static_cast<uint32_t>(phrases));
         EXPECT_EQ(box.Full(), result.Outcome == ListOutcome::SinkFull);
       }
     }
@@ -147,9 +147,9 @@ TEST(ListWordsToTextBox, PiecesAreAFewThousandCharacters) {
   OutputBox box(text);
   NoYielder yielder;
   ListWordsToTextBox(world.View(), box, yielder);
-  EXPECT_EQ(text.text, TextOf(world.View(), kBoxForm));
-  EXPECT_GE(text.appends, 8);
-  EXPECT_LE(text.appends, 12);
+  EXPECT_EQ(text.Text, TextOf(world.View(), kBoxForm));
+  EXPECT_GE(text.Appends, 8);
+  EXPECT_LE(text.Appends, 12);
 }
 
 TEST(ListWordsToTextBox, SaysThatItWasStopped) {
@@ -158,17 +158,17 @@ TEST(ListWordsToTextBox, SaysThatItWasStopped) {
   OutputBox box(text);
   StoppingYielder yielder(2 + 2);
   EXPECT_EQ(ListWordsToTextBox(world.View(), box, yielder).Outcome, ListOutcome::Stopped);
-  EXPECT_TRUE(text.text.ends_with("    1     3  a dog\r\n\r\nListing stopped.\r\n"));
+  EXPECT_TRUE(text.Text.ends_with("    1     3  a dog\r\n\r\nListing stopped.\r\n"));
 }
 
 TEST(ListWordsToTextBox, NamesSkippedFiles) {
   ReportWorld world = ReportWorld::Of({{"the cat", 2}});
-  world.facts.SkippedFiles = {{"c.rtf", "is an RTF file"}};
+  world.Facts.SkippedFiles = {{"c.rtf", "is an RTF file"}};
   FakeTextBox text;
   OutputBox box(text);
   NoYielder yielder;
   ListWordsToTextBox(world.View(), box, yielder);
-  EXPECT_TRUE(text.text.starts_with("1 file was skipped:\r\nc.rtf: is an RTF file\r\nThere is one phrase"));
+  EXPECT_TRUE(text.Text.starts_with("1 file was skipped:\r\nc.rtf: is an RTF file\r\nThere is one phrase"));
 }
 
 }  // namespace

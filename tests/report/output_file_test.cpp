@@ -24,39 +24,39 @@ class AdviceTexts final : public ProgramText {
 struct FileListing : testing::Test {
   FileListResult List(const std::filesystem::path& path) {
     NoYielder yielder;
-    return ListWordsToFile(world.View(), path, services, yielder);
+    return ListWordsToFile(World.View(), path, Services, yielder);
   }
 
-  FakeFiles files;
-  FakeMessages messages;
-  FakeTextBox text;
-  OutputBox box{text};
-  AdviceTexts advice;
-  FileListingServices services{files, messages, &advice, &box};
-  ReportWorld world = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
+  FakeFiles Files;
+  FakeMessages Messages;
+  FakeTextBox Text;
+  OutputBox Box{Text};
+  AdviceTexts Advice;
+  FileListingServices Services{Files, Messages, &Advice, &Box};
+  ReportWorld World = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
 };
 
 TEST_F(FileListing, TheFileGetsTheReportAndTheBoxAMessage) {
-  files.Add("/out/report.txt", "what was there");
+  Files.Add("/out/report.txt", "what was there");
   const FileListResult result = List("/out/report.txt");
   EXPECT_TRUE(result.Written);
   EXPECT_EQ(result.List.Outcome, ListOutcome::Listed);
-  EXPECT_EQ(files.Content("/out/report.txt"), TextOf(world.View(), kFileForm));
-  EXPECT_EQ(result.Bytes, files.Content("/out/report.txt").value_or("").size());
-  EXPECT_EQ(text.text, "Now writing to output file . . .\r\n2 phrases were written to " +
+  EXPECT_EQ(Files.Content("/out/report.txt"), TextOf(World.View(), kFileForm));
+  EXPECT_EQ(result.Bytes, Files.Content("/out/report.txt").value_or("").size());
+  EXPECT_EQ(Text.Text, "Now writing to output file . . .\r\n2 phrases were written to " +
                            PathToText("/out/report.txt") + ".\r\n");
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(Messages.Shown.empty());
 }
 
 TEST_F(FileListing, TheFileIsInTheCodePageOfTheSystem) {
   FakeCodePage page;
-  services.Encoding = &page;
-  world = ReportWorld::Of({{"caf\u00e9 noir", 2}, {"\u0395\u03bb caf\u00e9", 1}});
-  world.facts.Options.SourceKind = TextSource::SingleFile;
-  world.facts.InputPath = "/in/\u20ac.txt";
-  files.AddFolder("/out");
+  Services.Encoding = &page;
+  World = ReportWorld::Of({{"caf\u00e9 noir", 2}, {"\u0395\u03bb caf\u00e9", 1}});
+  World.Facts.Options.SourceKind = TextSource::SingleFile;
+  World.Facts.InputPath = "/in/\u20ac.txt";
+  Files.AddFolder("/out");
   EXPECT_TRUE(List("/out/report.txt").Written);
-  EXPECT_EQ(files.Content("/out/report.txt"),
+  EXPECT_EQ(Files.Content("/out/report.txt"),
             "File: /in/?.txt\r\n"
             "There are 2 phrases with 2 to 3 words which occur at least once.\r\n\r\n"
             "Rank\tFreq\tPhrase [longest has 9 characters]\r\n"
@@ -65,21 +65,21 @@ TEST_F(FileListing, TheFileIsInTheCodePageOfTheSystem) {
 }
 
 TEST_F(FileListing, EveryLineOfALongListIsWritten) {
-  world = ReportWorld();
-  for (int i = 0; i < 100000; ++i) world.table.AddWordToList("phrase number" + std::to_string(100000 + i));
-  world.Finish();
-  world.options.DisplayFormat = 8;
-  files.AddFolder("/out");
+  World = ReportWorld();
+  for (int i = 0; i < 100000; ++i) World.Table.AddWordToList("phrase number" + std::to_string(100000 + i));
+  World.Finish();
+  World.Options.DisplayFormat = 8;
+  Files.AddFolder("/out");
   std::vector<uint32_t> told;
-  services.Progress = [&](uint32_t phrases) { told.push_back(phrases); };
+  Services.Progress = [&](uint32_t phrases) { told.push_back(phrases); };
   const FileListResult result = List("/out/report.txt");
   EXPECT_TRUE(result.Written);
   EXPECT_GT(told.size(), 3U);
   EXPECT_TRUE(std::ranges::is_sorted(told));
   EXPECT_EQ(told.back(), 100000U);
-  EXPECT_EQ(result.Bytes, files.Content("/out/report.txt").value_or("").size());
-  const std::string content = files.Content("/out/report.txt").value_or("");
-  EXPECT_EQ(content, TextOf(world.View(), kFileForm));
+  EXPECT_EQ(result.Bytes, Files.Content("/out/report.txt").value_or("").size());
+  const std::string content = Files.Content("/out/report.txt").value_or("");
+  EXPECT_EQ(content, TextOf(World.View(), kFileForm));
   EXPECT_EQ(std::ranges::count(content, '\n'), 100000 + 4);
 }
 
@@ -91,81 +91,81 @@ TEST(WrittenText, CountsThePhrases) {
 
 TEST_F(FileListing, WhateverCallFailsTheOldFileStays) {
   for (int call = 1;; ++call) {
-    files.Add("/out/report.txt", "what was there");
-    messages.Forget();
-    files.FailCall(call, FileFault::NoSpace);
+    Files.Add("/out/report.txt", "what was there");
+    Messages.Forget();
+    Files.FailCall(call, FileFault::NoSpace);
     const FileListResult result = List("/out/report.txt");
-    if (!files.FailureHappened()) {
+    if (!Files.FailureHappened()) {
       EXPECT_TRUE(result.Written);
       EXPECT_GT(call, 3);
       break;
     }
     EXPECT_FALSE(result.Written);
-    EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
-    EXPECT_EQ(messages.Only().text,
+    EXPECT_EQ(Files.Content("/out/report.txt"), "what was there");
+    EXPECT_EQ(Messages.Only().Text,
               "At ListWords error # 61.\r\nDescription: Input/output error\r\nStart again.");
-    EXPECT_EQ(messages.Only().icon, Icon::Critical);
+    EXPECT_EQ(Messages.Only().Icon, Icon::Critical);
   }
 }
 
 TEST_F(FileListing, DeniedPermissionHasItsOwnMessage) {
-  files.Add("/out/report.txt", "what was there");
-  files.Refuse("/out/report.txt", FileFault::PermissionDenied);
+  Files.Add("/out/report.txt", "what was there");
+  Files.Refuse("/out/report.txt", FileFault::PermissionDenied);
   EXPECT_FALSE(List("/out/report.txt").Written);
-  EXPECT_EQ(messages.Only().text, "Perhaps the output file\r\nis in use by another application.");
-  EXPECT_EQ(messages.Only().title, "Permission denied");
-  EXPECT_EQ(messages.Only().icon, Icon::Information);
+  EXPECT_EQ(Messages.Only().Text, "Perhaps the output file\r\nis in use by another application.");
+  EXPECT_EQ(Messages.Only().Title, "Permission denied");
+  EXPECT_EQ(Messages.Only().Icon, Icon::Information);
 }
 
 TEST_F(FileListing, AnErrorInTheMiddleNamesTheListingAndKeepsTheOldFile) {
   for (const auto& [order, name] : {std::pair{0, "ListWordsByFrequency"}, {1, "ListWordsAlphabetically"}})
     for (const bool memory : {false, true}) {
-      files.Add("/out/report.txt", "what was there");
-      messages.Forget();
-      world.options.WordOrder = order;
+      Files.Add("/out/report.txt", "what was there");
+      Messages.Forget();
+      World.Options.WordOrder = order;
       FakeYielder yielder;
-      yielder.onTurn = [&] {
-        if (yielder.calls < 2 + 2) return;  // Both are measured; then the first is listed.
+      yielder.OnTurn = [&] {
+        if (yielder.Calls < 2 + 2) return;  // Both are measured; then the first is listed.
         if (memory) throw std::bad_alloc();
         throw std::runtime_error("a surprise");
       };
-      EXPECT_FALSE(ListWordsToFile(world.View(), "/out/report.txt", services, yielder).Written);
-      EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
-      EXPECT_EQ(messages.Only().text, memory ? "Insufficient memory"
+      EXPECT_FALSE(ListWordsToFile(World.View(), "/out/report.txt", Services, yielder).Written);
+      EXPECT_EQ(Files.Content("/out/report.txt"), "what was there");
+      EXPECT_EQ(Messages.Only().Text, memory ? "Insufficient memory"
                                              : std::string("At ") + name +
                                                    " error # 5.\r\nDescription: a surprise\r\nStart again.");
     }
 }
 
 TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFarWhereThereWasNoFile) {
-  files.AddFolder("/out");
+  Files.AddFolder("/out");
   StoppingYielder yielder(2 + 2);
-  const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
+  const FileListResult result = ListWordsToFile(World.View(), "/out/report.txt", Services, yielder);
   EXPECT_TRUE(result.Written);
   EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
-  EXPECT_TRUE(files.Content("/out/report.txt").value_or("").ends_with("1\t3\ta dog\t\r\n"));
+  EXPECT_TRUE(Files.Content("/out/report.txt").value_or("").ends_with("1\t3\ta dog\t\r\n"));
   EXPECT_TRUE(
-      text.text.ends_with("\r\nOutput to file was terminated.\r\n"
+      Text.Text.ends_with("\r\nOutput to file was terminated.\r\n"
                           "The output file holds only the first phrase of the list."));
 }
 
 TEST_F(FileListing, AStopKeepsTheOldFileHoweverMuchWasWritten) {
   for (const int calls : {1, 2 + 1, 2 + 2}) {
-    files.Add("/out/report.txt", "what was there");
+    Files.Add("/out/report.txt", "what was there");
     StoppingYielder yielder(calls);
-    const FileListResult result = ListWordsToFile(world.View(), "/out/report.txt", services, yielder);
+    const FileListResult result = ListWordsToFile(World.View(), "/out/report.txt", Services, yielder);
     EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
     EXPECT_FALSE(result.Written);
-    EXPECT_EQ(files.Content("/out/report.txt"), "what was there");
-    EXPECT_TRUE(text.text.ends_with("\r\nOutput to file was terminated.\r\nThe output file is as it was."));
+    EXPECT_EQ(Files.Content("/out/report.txt"), "what was there");
+    EXPECT_TRUE(Text.Text.ends_with("\r\nOutput to file was terminated.\r\nThe output file is as it was."));
   }
 }
 
 TEST_F(FileListing, AStopBeforeTheFirstLineLeavesNoFile) {
-  files.AddFolder("/out");
+  Files.AddFolder("/out");
   StoppingYielder yielder(1);
-  EXPECT_FALSE(ListWordsToFile(world.View(), "/out/report.txt", services, yielder).Written);
-  EXPECT_FALSE(files.FileExists("/out/report.txt"));
+  EXPECT_FALSE(ListWordsToFile(World.View(), "/out/report.txt", Services, yielder).Written);
+  EXPECT_FALSE(Files.FileExists("/out/report.txt"));
 }
 
 TEST(StoppedFile, TellsHowMuchItHolds) {
@@ -182,105 +182,105 @@ TEST(StoppedFile, TellsHowMuchItHolds) {
 }
 
 TEST_F(FileListing, NothingListedIsAReportToo) {
-  world = ReportWorld();
-  files.AddFolder("/out");
+  World = ReportWorld();
+  Files.AddFolder("/out");
   EXPECT_TRUE(List("/out/report.txt").Written);
-  EXPECT_EQ(files.Content("/out/report.txt"),
+  EXPECT_EQ(Files.Content("/out/report.txt"),
             "No phrases satisfying the specified conditions were found.\r\n");
 }
 
 TEST_F(FileListing, NeedsNeitherBoxNorTexts) {
-  files.AddFolder("/out");
-  services.Box = nullptr;
-  services.Texts = nullptr;
+  Files.AddFolder("/out");
+  Services.Box = nullptr;
+  Services.Texts = nullptr;
   EXPECT_TRUE(List("/out/report.txt").Written);
-  files.FailCall(1);
+  Files.FailCall(1);
   EXPECT_FALSE(List("/out/report.txt").Written);
-  EXPECT_EQ(messages.Only().text, "At ListWords error # 57.\r\nDescription: Input/output error");
+  EXPECT_EQ(Messages.Only().Text, "At ListWords error # 57.\r\nDescription: Input/output error");
 }
 
 struct Overwriting : testing::Test {
-  FakeFiles files;
-  FakeMessages messages;
-  OverwriteGuard guard{files, messages};
+  FakeFiles Files;
+  FakeMessages Messages;
+  OverwriteGuard Guard{Files, Messages};
 };
 
 TEST_F(Overwriting, ANewFileNeedsNoQuestion) {
-  EXPECT_EQ(guard.Confirm("/out/new.txt", true), "/out/new.txt");
-  EXPECT_TRUE(messages.inputBoxes.empty());
+  EXPECT_EQ(Guard.Confirm("/out/new.txt", true), "/out/new.txt");
+  EXPECT_TRUE(Messages.InputBoxes.empty());
 }
 
 TEST_F(Overwriting, AFileThatExistsIsAskedFor) {
-  files.Add("/out/old.txt", "");
-  messages.WillType("/out/old.txt");
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/old.txt");
-  ASSERT_EQ(messages.inputBoxes.size(), 1u);
-  EXPECT_EQ(messages.inputBoxes[0].title, "The output file exists.");
-  EXPECT_EQ(messages.inputBoxes[0].prompt,
+  Files.Add("/out/old.txt", "");
+  Messages.WillType("/out/old.txt");
+  EXPECT_EQ(Guard.Confirm("/out/old.txt", false), "/out/old.txt");
+  ASSERT_EQ(Messages.InputBoxes.size(), 1u);
+  EXPECT_EQ(Messages.InputBoxes[0].Title, "The output file exists.");
+  EXPECT_EQ(Messages.InputBoxes[0].Prompt,
             "To overwrite the current output file click on 'OK'.\r\n"
             "To write to a different file edit the filepath below.\r\n"
             "To disable file output click on 'Cancel'.");
-  EXPECT_EQ(messages.inputBoxes[0].initial, "/out/old.txt");
+  EXPECT_EQ(Messages.InputBoxes[0].Initial, "/out/old.txt");
 }
 
 TEST_F(Overwriting, CancelAndAnEmptyPathDisableTheFile) {
-  files.Add("/out/old.txt", "kept");
-  messages.WillType(std::nullopt);
-  messages.WillType("");
-  messages.WillType("   ");
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
-  EXPECT_EQ(files.Content("/out/old.txt"), "kept");
-  EXPECT_TRUE(messages.shown.empty());
+  Files.Add("/out/old.txt", "kept");
+  Messages.WillType(std::nullopt);
+  Messages.WillType("");
+  Messages.WillType("   ");
+  EXPECT_EQ(Guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(Guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(Guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(Files.Content("/out/old.txt"), "kept");
+  EXPECT_TRUE(Messages.Shown.empty());
 }
 
 TEST_F(Overwriting, AnotherPathIsTakenWhereItsFolderExists) {
-  files.Add("/out/old.txt", "");
+  Files.Add("/out/old.txt", "");
   for (const char* typed : {"/out/new.txt", "  /out/new.txt "}) {
-    messages.WillType(typed);
-    EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/new.txt") << typed;
+    Messages.WillType(typed);
+    EXPECT_EQ(Guard.Confirm("/out/old.txt", false), "/out/new.txt") << typed;
   }
 }
 
 TEST_F(Overwriting, AnotherPathThatExistsIsAskedForInItsTurn) {
-  files.Add("/out/old.txt", "");
-  files.Add("/out/other.txt", "");
-  messages.WillType("/out/other.txt");
-  messages.WillType("/out/new.txt");
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), "/out/new.txt");
-  ASSERT_EQ(messages.inputBoxes.size(), 2u);
-  EXPECT_EQ(messages.inputBoxes[1].initial, "/out/other.txt");
+  Files.Add("/out/old.txt", "");
+  Files.Add("/out/other.txt", "");
+  Messages.WillType("/out/other.txt");
+  Messages.WillType("/out/new.txt");
+  EXPECT_EQ(Guard.Confirm("/out/old.txt", false), "/out/new.txt");
+  ASSERT_EQ(Messages.InputBoxes.size(), 2u);
+  EXPECT_EQ(Messages.InputBoxes[1].Initial, "/out/other.txt");
 }
 
 TEST_F(Overwriting, AFolderThatDoesNotExistDisablesTheFile) {
-  files.Add("/out/old.txt", "");
-  messages.WillType("/nowhere/new.txt");
-  EXPECT_EQ(guard.Confirm("/out/old.txt", false), std::nullopt);
-  EXPECT_EQ(messages.Only().text, "Folder does not exist.");
-  EXPECT_EQ(messages.Only().title, "Error");
-  EXPECT_EQ(messages.Only().icon, Icon::Exclamation);
+  Files.Add("/out/old.txt", "");
+  Messages.WillType("/nowhere/new.txt");
+  EXPECT_EQ(Guard.Confirm("/out/old.txt", false), std::nullopt);
+  EXPECT_EQ(Messages.Only().Text, "Folder does not exist.");
+  EXPECT_EQ(Messages.Only().Title, "Error");
+  EXPECT_EQ(Messages.Only().Icon, Icon::Exclamation);
 }
 
 TEST_F(Overwriting, AFileThatTheProgramWroteIsAskedForOnlyOnRequest) {
-  files.Add("/out/own.txt", "");
-  files.AddAlias("/out/alias.txt", "/out/own.txt");
-  guard.Written("/out/own.txt");
-  EXPECT_EQ(guard.Confirm("/out/own.txt", false), "/out/own.txt");
-  EXPECT_EQ(guard.Confirm("/out/alias.txt", false), "/out/alias.txt");
-  EXPECT_TRUE(messages.inputBoxes.empty());
-  messages.WillType("/out/own.txt");
-  EXPECT_EQ(guard.Confirm("/out/own.txt", true), "/out/own.txt");
-  EXPECT_EQ(messages.inputBoxes.size(), 1u);
+  Files.Add("/out/own.txt", "");
+  Files.AddAlias("/out/alias.txt", "/out/own.txt");
+  Guard.Written("/out/own.txt");
+  EXPECT_EQ(Guard.Confirm("/out/own.txt", false), "/out/own.txt");
+  EXPECT_EQ(Guard.Confirm("/out/alias.txt", false), "/out/alias.txt");
+  EXPECT_TRUE(Messages.InputBoxes.empty());
+  Messages.WillType("/out/own.txt");
+  EXPECT_EQ(Guard.Confirm("/out/own.txt", true), "/out/own.txt");
+  EXPECT_EQ(Messages.InputBoxes.size(), 1u);
 }
 
 TEST_F(Overwriting, TryingToOpenLeavesTheFileAsItIs) {
-  files.Add("/out/old.txt", "kept");
-  EXPECT_TRUE(CanOpenOutputFile("/out/old.txt", files, messages));
-  EXPECT_EQ(files.Content("/out/old.txt"), "kept");
-  files.Refuse("/out/old.txt", FileFault::PermissionDenied);
-  EXPECT_FALSE(CanOpenOutputFile("/out/old.txt", files, messages));
-  EXPECT_EQ(messages.Only().text,
+  Files.Add("/out/old.txt", "kept");
+  EXPECT_TRUE(CanOpenOutputFile("/out/old.txt", Files, Messages));
+  EXPECT_EQ(Files.Content("/out/old.txt"), "kept");
+  Files.Refuse("/out/old.txt", FileFault::PermissionDenied);
+  EXPECT_FALSE(CanOpenOutputFile("/out/old.txt", Files, Messages));
+  EXPECT_EQ(Messages.Only().Text,
             "Error: Permission denied\r\n"
             "If the output file is open in Excel then it must first be closed\r\n"
             "or a different file should be specified as the output file.");

@@ -39,12 +39,12 @@ TEST(ReportRules, FormatsWithFilesNeedAFolder) {
 
 TEST(ReportRules, TheMessageNamesTheFormat) {
   const Message message = UnavailableFormatMessage("#11: Phrase, files that contain it");
-  EXPECT_EQ(message.text,
+  EXPECT_EQ(message.Text,
             "The display format '#11: Phrase, files that contain it' is available\r\n"
             "only when the source of the text is a folder.");
-  EXPECT_EQ(message.title, "Unavailable display format");
-  EXPECT_EQ(message.icon, Icon::Information);
-  EXPECT_EQ(message.buttons, Buttons::Ok);
+  EXPECT_EQ(message.Title, "Unavailable display format");
+  EXPECT_EQ(message.Icon, Icon::Information);
+  EXPECT_EQ(message.Buttons, Buttons::Ok);
 }
 
 TEST(ReportRules, ListTextsAreNumberedWithAGap) {

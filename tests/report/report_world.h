@@ -15,56 +15,56 @@ namespace korv {
 /// A counted table and what belongs to it, to be listed in every way.
 struct ReportWorld {
   struct Occurrences {
-    const char* phrase;
-    int count;
+    const char* Phrase;
+    int Count;
   };
 
   /// Phrases without files.
   static ReportWorld Of(std::initializer_list<Occurrences> phrases) {
     ReportWorld world;
     for (const Occurrences& o : phrases)
-      for (int i = 0; i < o.count; ++i) world.table.AddWordToList(o.phrase);
+      for (int i = 0; i < o.Count; ++i) world.Table.AddWordToList(o.Phrase);
     world.Finish();
     return world;
   }
 
   void Finish(ChainOrder order = ChainOrder::ByCount) {
     NoYielder yielder;
-    SortPhrases(table, yielder);
-    ListByFrequency(table, facts.Options.MinFrequency);
-    ExcludeRedundantSubphrases(table, yielder);
-    SetUpFrequencyChain(table, order, yielder);
+    SortPhrases(Table, yielder);
+    ListByFrequency(Table, Facts.Options.MinFrequency);
+    ExcludeRedundantSubphrases(Table, yielder);
+    SetUpFrequencyChain(Table, order, yielder);
   }
 
-  Report View() const { return {table, facts, options, numbers}; }
+  Report View() const { return {Table, Facts, Options, Numbers}; }
 
-  PhraseTable table;
-  RunSummary facts = [] {
+  PhraseTable Table;
+  RunSummary Facts = [] {
     RunSummary f;
     f.Options.MinWords = 2;
     f.Options.MaxWords = 3;
     f.Options.MinFrequency = 1;
     return f;
   }();
-  ReportOptions options;
-  NumberFormat numbers;
+  ReportOptions Options;
+  NumberFormat Numbers;
 };
 
 /// Keeps the pieces; may refuse from some piece on.
 class StringSink final : public ReportSink {
  public:
   bool Write(std::string_view piece) override {
-    if (pieces == takes) return false;
-    ++pieces;
-    text += piece;
+    if (Pieces == Takes) return false;
+    ++Pieces;
+    Text += piece;
     return true;
   }
-  size_t PieceSize() const override { return pieceSize; }
+  size_t PieceSize() const override { return Piece; }
 
-  std::string text;
-  size_t pieceSize = 0;
-  int pieces = 0;
-  int takes = -1;
+  std::string Text;
+  size_t Piece = 0;
+  int Pieces = 0;
+  int Takes = -1;
 };
 
 inline constexpr Layout kColumns = Layout::Columns;
@@ -75,7 +75,7 @@ inline std::string TextOf(const Report& report, const ReportForm& form) {
   StringSink sink;
   NoYielder yielder;
   ListWords(report, form, sink, yielder);
-  return sink.text;
+  return sink.Text;
 }
 
 /// Asks to stop at the nth yield of a listing's lines.

@@ -29,11 +29,11 @@ RunSummary Scanned(uint64_t files, uint64_t folders, bool stopped = false) {
 }
 
 struct SummaryCase {
-  const char* name;
-  RunSummary facts;
-  uint32_t phrases;
-  int longestWords;
-  std::string text;
+  const char* Name;
+  RunSummary Facts;
+  uint32_t Phrases;
+  int LongestWords;
+  std::string Text;
 };
 
 TEST(Summary, TellsWhatIsListedInOneSentence) {
@@ -70,7 +70,7 @@ TEST(Summary, TellsWhatIsListedInOneSentence) {
        "(including phrases consisting entirely of words to ignore).\r\n\r\n"},
   };
   for (const SummaryCase& c : cases)
-    EXPECT_EQ(SummaryText(c.facts, c.phrases, c.longestWords), c.text) << c.name;
+    EXPECT_EQ(SummaryText(c.Facts, c.Phrases, c.LongestWords), c.Text) << c.Name;
 }
 
 TEST(Summary, NothingListedSuggestsAnotherCountWhereThatMayHelp) {
@@ -93,7 +93,7 @@ TEST(Summary, NothingListedSuggestsAnotherCountWhereThatMayHelp) {
        "excluded.\r\n\r\n"},
   };
   for (const SummaryCase& c : cases)
-    EXPECT_EQ(SummaryText(c.facts, c.phrases, c.longestWords), c.text) << c.name;
+    EXPECT_EQ(SummaryText(c.Facts, c.Phrases, c.LongestWords), c.Text) << c.Name;
 }
 
 TEST(FilesScanned, HasItsOwnPlurals) {

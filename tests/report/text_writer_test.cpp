@@ -12,21 +12,21 @@ namespace {
 std::string LineOf(const ReportWorld& world, const ReportForm& form, const ListExtent& extent,
                    const RowCells& cells) {
   StringSink sink;
-  sink.pieceSize = 1 << 20;
+  sink.Piece = 1 << 20;
   const Report report = world.View();
   TextWriter writer(report, form, sink);
-  const auto columns = ColumnsOfFormat(FormatOf(world.options.DisplayFormat), world.options);
-  writer.Begin(columns, ColumnSource{world.table, world.facts, extent});
+  const auto columns = ColumnsOfFormat(FormatOf(world.Options.DisplayFormat), world.Options);
+  writer.Begin(columns, ColumnSource{world.Table, world.Facts, extent});
   EXPECT_TRUE(writer.Row(cells));
   EXPECT_TRUE(writer.End(false));
-  std::string text = sink.text.substr(0, sink.text.size() - form.LineEnd.size());
+  std::string text = sink.Text.substr(0, sink.Text.size() - form.LineEnd.size());
   return text.substr(text.rfind(form.LineEnd) + form.LineEnd.size());
 }
 
 struct WidthCase {
-  ListExtent extent;
-  bool relative;
-  size_t phrase, rank, frequency;
+  ListExtent Extent;
+  bool Relative;
+  size_t Phrase, Rank, Frequency;
 };
 
 std::string RightAligned(const std::string& text, size_t width) {
@@ -44,17 +44,17 @@ TEST(TextWriter, WidthsAreThoseOfTheWidestCellOrTheHeading) {
   };
   ReportWorld world = ReportWorld::Of({{"a b", 20}});
   for (const WidthCase& c : cases) {
-    world.options = {.DisplayFormat = 1, .RelativeFrequency = c.relative};
-    const Cell cells[] = {std::string_view("a b"), int64_t{7}, c.relative ? Cell(0.5) : Cell(int64_t{5})};
-    EXPECT_EQ(LineOf(world, kBoxForm, c.extent, {cells, {}}),
-              " a b" + std::string(c.phrase - 3, ' ') + "  " + RightAligned("7", c.rank) + "  " +
-                  RightAligned(c.relative ? "0.50%" : "5", c.frequency));
+    world.Options = {.DisplayFormat = 1, .RelativeFrequency = c.Relative};
+    const Cell cells[] = {std::string_view("a b"), int64_t{7}, c.Relative ? Cell(0.5) : Cell(int64_t{5})};
+    EXPECT_EQ(LineOf(world, kBoxForm, c.Extent, {cells, {}}),
+              " a b" + std::string(c.Phrase - 3, ' ') + "  " + RightAligned("7", c.Rank) + "  " +
+                  RightAligned(c.Relative ? "0.50%" : "5", c.Frequency));
   }
 }
 
 TEST(TextWriter, APhraseWithoutFilesEndsItsLine) {
   ReportWorld world = ReportWorld::Of({{"a b", 2}});
-  world.options.DisplayFormat = 11;
+  world.Options.DisplayFormat = 11;
   const Cell cells[] = {std::string_view("a b")};
   EXPECT_EQ(LineOf(world, kBoxForm, {}, {cells, {}}), " a b");
   EXPECT_EQ(LineOf(world, kFileForm, {}, {cells, {}}), "a b\t");
@@ -62,7 +62,7 @@ TEST(TextWriter, APhraseWithoutFilesEndsItsLine) {
 
 TEST(TextWriter, AValueThatIsNotDefinedIsAnEmptyCell) {
   ReportWorld world = ReportWorld::Of({{"a b", 2}});
-  world.options.DisplayFormat = 2;
+  world.Options.DisplayFormat = 2;
   const Cell cells[] = {Cell(), int64_t{5}};
   EXPECT_EQ(LineOf(world, kBoxForm, {}, {cells, {}}), "          5");
   EXPECT_EQ(LineOf(world, kFileForm, {}, {cells, {}}), "\t5");

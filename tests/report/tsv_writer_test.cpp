@@ -15,12 +15,12 @@ std::string Table(std::initializer_list<const char*> ids, std::initializer_list<
   const PhraseTable table;
   const RunSummary facts;
   StringSink sink;
-  sink.pieceSize = 1 << 20;
+  sink.Piece = 1 << 20;
   TsvWriter writer(sink);
   writer.Begin(columns, ColumnSource{table, facts});
   for (const std::vector<Cell>& row : rows) EXPECT_TRUE(writer.Row({row, {}}));
   EXPECT_TRUE(writer.End(false));
-  return sink.text;
+  return sink.Text;
 }
 
 TEST(TsvWriter, HeadingIsTheNamesForMachinesAndStandsAlone) {
@@ -28,8 +28,8 @@ TEST(TsvWriter, HeadingIsTheNamesForMachinesAndStandsAlone) {
 }
 
 struct CellCase {
-  Cell cell;
-  const char* text;
+  korv::Cell Cell;
+  const char* Text;
 };
 
 TEST(TsvWriter, CellsAreWrittenForMachines) {
@@ -49,13 +49,13 @@ TEST(TsvWriter, CellsAreWrittenForMachines) {
       {0.00001234, "1.234e-05"},
   };
   for (const CellCase& c : cases)
-    EXPECT_EQ(Table({"rank", "words"}, {{int64_t{1}, c.cell}}),
-              std::string("rank\twords\n1\t") + c.text + "\n");
+    EXPECT_EQ(Table({"rank", "words"}, {{int64_t{1}, c.Cell}}),
+              std::string("rank\twords\n1\t") + c.Text + "\n");
 }
 
 TEST(TsvWriter, ARefusedPieceIsTold) {
   StringSink sink;
-  sink.takes = 0;
+  sink.Takes = 0;
   TsvWriter writer(sink);
   const PhraseTable table;
   const RunSummary facts;
@@ -67,7 +67,7 @@ TEST(TsvWriter, ARefusedPieceIsTold) {
 
 ReportWorld World() {
   ReportWorld world = ReportWorld::Of({{"the cat", 3}, {"a dog now", 1}});
-  world.facts.Words.Taken = 8;
+  world.Facts.Words.Taken = 8;
   return world;
 }
 
@@ -77,7 +77,7 @@ std::string Listed(const ReportWorld& world) {
 
 TEST(Tables, AreTheDefaultColumnsWhateverTheFormat) {
   ReportWorld world = World();
-  world.options = {.DisplayFormat = 9, .RelativeFrequency = true};
+  world.Options = {.DisplayFormat = 9, .RelativeFrequency = true};
   EXPECT_EQ(Listed(world),
             "rank\tphrase\tfrequency\tper_million\twords\tcharacters\tfiles\tfirst_file\n"
             "1\tthe cat\t3\t375000\t2\t7\t1\t\n"
@@ -86,13 +86,13 @@ TEST(Tables, AreTheDefaultColumnsWhateverTheFormat) {
 
 TEST(Tables, FollowOrderAndFilterWithoutANotice) {
   ReportWorld world = World();
-  world.options.WordOrder = kAlphabetical;
+  world.Options.WordOrder = kAlphabetical;
   EXPECT_NE(Listed(world).find("first_file\n2\ta dog now"), std::string::npos);
-  world.options.FilterActive = true;
-  world.options.FilterText = "cat";
+  world.Options.FilterActive = true;
+  world.Options.FilterText = "cat";
   EXPECT_NE(Listed(world).find("first_file\n1\tthe cat"), std::string::npos);
   EXPECT_EQ(Listed(world).find("dog"), std::string::npos);
-  world.options.FilterText = "mouse";
+  world.Options.FilterText = "mouse";
   EXPECT_TRUE(Listed(world).ends_with("\tfirst_file\n"));
 }
 

@@ -24,34 +24,34 @@ std::string WithByteAt(size_t bytes, size_t position, char byte) {
 }
 
 struct Case {
-  std::string about;
-  std::string path;
-  std::string content;
-  double threshold;
-  Code code;
-  bool isUtf8 = false;
+  std::string About;
+  std::string Path;
+  std::string Content;
+  double Threshold;
+  TextFileCode Code;
+  bool IsUtf8 = false;
 };
 
 class Classification : public testing::TestWithParam<Case> {};
 
 TEST_P(Classification, IsAsTabled) {
   const Case& c = GetParam();
-  SCOPED_TRACE(c.about);
+  SCOPED_TRACE(c.About);
   FakeFiles files;
-  files.Add(c.path, c.content);
+  files.Add(c.Path, c.Content);
   uint8_t first = 0;
   int32_t position = 0;
   double percent = -1;
   bool isUtf8 = true;
   EXPECT_EQ(
-      ClassifyTextFile(files, c.path, kScannedBytes, first, position, c.threshold, percent, isUtf8, true),
-      c.code);
-  EXPECT_EQ(isUtf8, c.isUtf8);
-  const OpenedText source = OpenTextSource(files, c.path, c.threshold);
-  EXPECT_EQ(source.Facts.Code, c.code);
-  EXPECT_EQ(source.Facts.IsUtf8, c.isUtf8);
+      ClassifyTextFile(files, c.Path, kScannedBytes, first, position, c.Threshold, percent, isUtf8, true),
+      c.Code);
+  EXPECT_EQ(isUtf8, c.IsUtf8);
+  const OpenedText source = OpenTextSource(files, c.Path, c.Threshold);
+  EXPECT_EQ(source.Facts.Code, c.Code);
+  EXPECT_EQ(source.Facts.IsUtf8, c.IsUtf8);
   ASSERT_TRUE(source.File);
-  EXPECT_EQ(source.Head, c.content.substr(0, kScannedBytes));
+  EXPECT_EQ(source.Head, c.Content.substr(0, kScannedBytes));
 }
 
 const std::string kBlankLines = "\n \r\n\t\n\r";
@@ -178,8 +178,8 @@ TEST(ClassifyTextFile, WithoutTheDeclaredCharsetLooksAtTheSignatureOnly) {
 
 TEST(ProbeTextEncoding, TellsEverySignature) {
   struct Row {
-    std::string content;
-    Signature signature;
+    std::string Content;
+    EncodingSignature Signature;
   };
   const std::vector<Row> rows = {
       {"", Signature::ZeroLength},
@@ -193,8 +193,8 @@ TEST(ProbeTextEncoding, TellsEverySignature) {
   };
   for (const Row& row : rows) {
     FakeFiles files;
-    files.Add("/a.bin", row.content);
-    EXPECT_EQ(ProbeTextEncoding(files, "/a.bin"), row.signature) << testing::PrintToString(row.content);
+    files.Add("/a.bin", row.Content);
+    EXPECT_EQ(ProbeTextEncoding(files, "/a.bin"), row.Signature) << testing::PrintToString(row.Content);
   }
 }
 
@@ -260,10 +260,10 @@ TEST(OpenTextSource, KnowsADocxByNameAndContent) {
 
 TEST(ReadFirstLines, JoinsTheLinesWithCrLf) {
   struct Row {
-    std::string content;
-    int maxLines;
-    bool skipBlank;
-    std::string expected;
+    std::string Content;
+    int MaxLines;
+    bool SkipBlank;
+    std::string Expected;
   };
   const std::vector<Row> rows = {
       {"", 10, true, ""},
@@ -280,15 +280,15 @@ TEST(ReadFirstLines, JoinsTheLinesWithCrLf) {
   for (const Row& row : rows) {
     for (const size_t piece : {size_t{1}, size_t{2}, SIZE_MAX}) {
       FakeFiles files;
-      files.Add("/a", row.content);
+      files.Add("/a", row.Content);
       files.ReadInPiecesOf(piece);
-      const auto lines = ReadFirstLines(files, "/a", row.maxLines, row.skipBlank);
+      const auto lines = ReadFirstLines(files, "/a", row.MaxLines, row.SkipBlank);
       ASSERT_TRUE(lines);
-      EXPECT_EQ(*lines, row.expected) << testing::PrintToString(row.content) << " in pieces of " << piece;
+      EXPECT_EQ(*lines, row.Expected) << testing::PrintToString(row.Content) << " in pieces of " << piece;
     }
   }
   FakeFiles files;
-  EXPECT_EQ(ReadFirstLines(files, "/a", 1, true).Error().fault, FileFault::NotFound);
+  EXPECT_EQ(ReadFirstLines(files, "/a", 1, true).Error().Fault, FileFault::NotFound);
 }
 
 TEST(FileExtension, IsWhatFollowsTheLastDotOfTheName) {

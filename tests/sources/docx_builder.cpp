@@ -22,11 +22,11 @@ std::string Build(const std::vector<DocxPart>& parts, const char* password) {
   zip_t* archive = zip_open_from_source(target, ZIP_TRUNCATE, nullptr);
   Require(archive != nullptr);
   for (const DocxPart& part : parts) {
-    zip_source_t* content = zip_source_buffer(archive, part.content.data(), part.content.size(), 0);
-    const zip_int64_t index = zip_file_add(archive, part.name.c_str(), content, ZIP_FL_ENC_UTF_8);
+    zip_source_t* content = zip_source_buffer(archive, part.Content.data(), part.Content.size(), 0);
+    const zip_int64_t index = zip_file_add(archive, part.Name.c_str(), content, ZIP_FL_ENC_UTF_8);
     Require(index >= 0);
     const auto at = static_cast<zip_uint64_t>(index);
-    Require(zip_set_file_compression(archive, at, part.deflated ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 1) == 0);
+    Require(zip_set_file_compression(archive, at, part.Deflated ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 1) == 0);
     if (password) Require(zip_file_set_encryption(archive, at, ZIP_EM_TRAD_PKWARE, password) == 0);
   }
   Require(zip_close(archive) == 0);

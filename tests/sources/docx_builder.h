@@ -10,9 +10,9 @@ namespace korv {
 
 /// One member of an archive to build.
 struct DocxPart {
-  std::string name;
-  std::string content;
-  bool deflated = true;
+  std::string Name;
+  std::string Content;
+  bool Deflated = true;
 };
 
 /// A zip archive with these members.

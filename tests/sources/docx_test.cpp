@@ -44,7 +44,7 @@ TEST_F(DocxTest, GivesTheTextAndTheSizeOfTheXml) {
   const std::string xml = Paragraphs({"some words", "more words"});
   EXPECT_EQ(ReadArchive(BuildDocx(xml)), static_cast<int32_t>(xml.size()));
   EXPECT_EQ(text, "some words\r\nmore words\r\n");
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 TEST_F(DocxTest, ReadsStoredMembersToo) {
@@ -174,7 +174,7 @@ TEST_F(DocxTest, RelationshipsThatNameNoMemberAreOfNoUse) {
         ReadArchive(BuildArchive({{"_rels/.rels", relationships}, {"a.xml", part}, {"../a.xml", part}})),
         kDocxNotUnpacked)
         << about;
-    EXPECT_TRUE(messages.shown.empty()) << about;
+    EXPECT_TRUE(messages.Shown.empty()) << about;
   }
 }
 
@@ -184,7 +184,7 @@ TEST_F(DocxTest, LimitsHoldForAMainPartOfAnotherNameToo) {
   };
   EXPECT_EQ(ReadArchive(archive(25 << 20)), kDocxTooLarge);
   EXPECT_EQ(ReadArchive(archive(15 << 20)), kDocxDeclined);
-  EXPECT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.Shown.size(), 2U);
 }
 
 TEST_F(DocxTest, RelationshipsBeyondAllMeasureAreNotRead) {
@@ -230,34 +230,34 @@ TEST_F(DocxTest, EveryChangedByteIsRefusedOrRead) {
 TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
   files.Add("/in/x.docx", BuildDocx(XmlOfSize(15 << 20)));
   EXPECT_EQ(Read(), kDocxDeclined) << "No is the default";
-  ASSERT_EQ(messages.shown.size(), 2U);
-  EXPECT_EQ(messages.shown[0].text,
+  ASSERT_EQ(messages.Shown.size(), 2U);
+  EXPECT_EQ(messages.Shown[0].Text,
             "/in/x.docx\r\nis rather large.  It may take awhile to scan.\r\nDo you wish to continue?");
-  EXPECT_EQ(messages.shown[0].title, "Big file");
-  EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
-  EXPECT_TRUE(messages.shown[0].mayBeSilenced);
-  EXPECT_EQ(messages.shown[1].text,
+  EXPECT_EQ(messages.Shown[0].Title, "Big file");
+  EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
+  EXPECT_TRUE(messages.Shown[0].MayBeSilenced);
+  EXPECT_EQ(messages.Shown[1].Text,
             "You could try saving it as a text file\r\nand applying this program to that text file.");
-  EXPECT_EQ(messages.shown[1].title, "Big file");
+  EXPECT_EQ(messages.Shown[1].Title, "Big file");
 
   messages.Forget();
   messages.WillAnswer(Question::LargeDocx, Answer::Yes);
   EXPECT_EQ(Read(), 15 << 20);
   EXPECT_EQ(text, "the first words\r\n");
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
 
   messages.Forget();
   EXPECT_EQ(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text), 15 << 20);
-  EXPECT_TRUE(messages.shown.empty()) << "nothing is asked where it is not wanted";
+  EXPECT_TRUE(messages.Shown.empty()) << "nothing is asked where it is not wanted";
 }
 
 TEST_F(DocxTest, ExactlyTheLimitsAreStillWithinThem) {
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kLargeDocxBytes))), kLargeDocxBytes);
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
   messages.WillAnswer(Question::LargeDocx, Answer::Yes);
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kLargeDocxBytes + 1))), kLargeDocxBytes + 1);
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kMostDocxBytes))), kMostDocxBytes);
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kMostDocxBytes + 1))), kDocxTooLarge);
 }
@@ -286,13 +286,13 @@ TEST_F(DocxTest, WithoutATemporaryFolderSaysSo) {
   files.Add("/in/x.docx", BuildDocx(Paragraphs({"some words"})));
   files.Refuse("/tmp", FileFault::NoSpace);
   EXPECT_EQ(Read(), kDocxNoTemporaryFolder);
-  EXPECT_EQ(messages.Only().text, "Cannot create temporary folder.");
-  EXPECT_EQ(messages.Only().title, "Error");
-  EXPECT_EQ(messages.Only().icon, Icon::Critical);
+  EXPECT_EQ(messages.Only().Text, "Cannot create temporary folder.");
+  EXPECT_EQ(messages.Only().Title, "Error");
+  EXPECT_EQ(messages.Only().Icon, Icon::Critical);
 
   messages.Forget();
   EXPECT_EQ(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text), kDocxNoTemporaryFolder);
-  EXPECT_TRUE(messages.shown.empty()) << "nothing is shown where nobody is asked";
+  EXPECT_TRUE(messages.Shown.empty()) << "nothing is shown where nobody is asked";
 }
 
 TEST_F(DocxTest, AnyFailingCallLeavesNothingBehindButWhatCannotBeRemoved) {
@@ -308,7 +308,7 @@ TEST_F(DocxTest, AnyFailingCallLeavesNothingBehindButWhatCannotBeRemoved) {
       break;
     }
     const bool removalFailed =
-        !shown.shown.empty() && shown.shown[0].text.find("when attempting to delete") != std::string::npos;
+        !shown.Shown.empty() && shown.Shown[0].Text.find("when attempting to delete") != std::string::npos;
     EXPECT_TRUE(removalFailed || result < 0) << "call " << call;
     EXPECT_TRUE(removalFailed || disk.TemporaryIsClean()) << "call " << call;
     EXPECT_EQ(disk.Content("/in/x.docx"), archive);
@@ -321,12 +321,12 @@ TEST_F(DocxTest, FailuresToCleanUpAreShown) {
   disk.Add("/t/word/document.xml", "x");
   disk.Refuse("/t/word/document.xml", FileFault::PermissionDenied);
   RemoveDocxTempFiles(disk, messages, "/t");
-  ASSERT_EQ(messages.shown.size(), 2U);
-  EXPECT_EQ(messages.shown[0].text, "Error when attempting to delete " + Below("/t", "word/document.xml"));
-  EXPECT_EQ(messages.shown[0].title, "Error");
-  EXPECT_EQ(messages.shown[1].text,
+  ASSERT_EQ(messages.Shown.size(), 2U);
+  EXPECT_EQ(messages.Shown[0].Text, "Error when attempting to delete " + Below("/t", "word/document.xml"));
+  EXPECT_EQ(messages.Shown[0].Title, "Error");
+  EXPECT_EQ(messages.Shown[1].Text,
             "Input/output error when attempting to delete folder " + Below("/t", "word"));
-  EXPECT_EQ(messages.shown[1].title, "Error");
+  EXPECT_EQ(messages.Shown[1].Title, "Error");
 }
 
 TEST_F(DocxTest, TheExtractedTextLiesBesideTheDocument) {
@@ -348,7 +348,7 @@ TEST_F(DocxTest, AFailingExtractedTextIsReported) {
     const auto fault = WriteExtractedText(disk, "/in/x.docx", "words");
     if (!disk.FailureHappened()) break;
     ASSERT_TRUE(fault);
-    EXPECT_EQ(fault->fault, FileFault::NoSpace);
+    EXPECT_EQ(fault->Fault, FileFault::NoSpace);
     EXPECT_FALSE(disk.Content("/in/extracted_text/x.docx.txt"));
   }
 }
@@ -373,15 +373,15 @@ TEST_F(DocxTest, ReadsThemFromTheRealDisk) {
       ReadDocx({*disk, messages, yielder}, KORV_TEST_DATA "/docx/plain.docx", nullptr, "Korv", true, text),
       0);
   EXPECT_EQ(text, ReadFile(KORV_TEST_DATA "/docx/plain.txt"));
-  EXPECT_TRUE(messages.shown.empty()) << "cleaning up failed";
+  EXPECT_TRUE(messages.Shown.empty()) << "cleaning up failed";
 }
 
 TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
   struct Row {
-    int32_t fault;
-    const char* title;
-    const char* text;
-    Icon icon;
+    int32_t Fault;
+    const char* Title;
+    const char* Text;
+    korv::Icon Icon;
   };
   for (const Row& row :
        {Row{kDocxNoTemporaryFolder, "Error", "Unable to create temporary folder.", Icon::Exclamation},
@@ -393,20 +393,20 @@ TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
             Icon::Information},
         Row{kDocxDeclined, "", "", Icon::None},
         Row{kDocxNotUnpacked, "Error", "/a.docx\r\nis not a readable .docx file.", Icon::Exclamation}}) {
-    const Message message = DocxRefusal(row.fault, "/a.docx");
-    EXPECT_EQ(message.text, row.text);
-    EXPECT_EQ(message.title, row.title);
-    EXPECT_EQ(message.icon, row.icon);
+    const Message message = DocxRefusal(row.Fault, "/a.docx");
+    EXPECT_EQ(message.Text, row.Text);
+    EXPECT_EQ(message.Title, row.Title);
+    EXPECT_EQ(message.Icon, row.Icon);
   }
 }
 
 TEST_F(DocxTest, HasTheWordsOfAFolderRun) {
   for (const int32_t fault : {kDocxNoTemporaryFolder, kDocxBadChecksum, kDocxTooLarge, kDocxNotUnpacked}) {
     const Message message = DocxFolderRefusal(fault, "/in/a.docx");
-    EXPECT_TRUE(message.text.ends_with(" when processing a.docx")) << message.text;
-    EXPECT_EQ(message.title, "Error");
+    EXPECT_TRUE(message.Text.ends_with(" when processing a.docx")) << message.Text;
+    EXPECT_EQ(message.Title, "Error");
   }
-  EXPECT_EQ(DocxFolderRefusal(kDocxDeclined, "/in/a.docx").text, "");
+  EXPECT_EQ(DocxFolderRefusal(kDocxDeclined, "/in/a.docx").Text, "");
   EXPECT_EQ(DocxSkipReason(kDocxBadChecksum), "has an invalid checksum");
   EXPECT_EQ(DocxSkipReason(kDocxTooLarge), "is too large");
   EXPECT_EQ(DocxSkipReason(kDocxDeclined), "is too large");

@@ -23,9 +23,9 @@ class DocxTextTest : public testing::Test {
 };
 
 struct TextCase {
-  const char* about;
-  const char* xml;
-  const char* text;
+  const char* About;
+  const char* Xml;
+  const char* Text;
 };
 
 TEST_F(DocxTextTest, TakesTheTextOfTheRuns) {
@@ -82,7 +82,7 @@ TEST_F(DocxTextTest, TakesTheTextOfTheRuns) {
       {"a lone bracket", "<", ""},
       {"a tag cut off", "<w:t>a</w:t><w:br", "a"},
   };
-  for (const TextCase& c : cases) EXPECT_EQ(Text(c.xml), c.text) << c.about;
+  for (const TextCase& c : cases) EXPECT_EQ(Text(c.Xml), c.Text) << c.About;
 }
 
 TEST_F(DocxTextTest, PassesOverWhatStandsElsewhereToo) {
@@ -118,15 +118,15 @@ TEST_F(DocxTextTest, PassesOverWhatStandsElsewhereToo) {
       {"an end without a beginning is nothing", "</mc:Fallback><w:t>a</w:t></w:moveFrom><w:t>b</w:t>", "ab"},
       {"one cut off in its tag", "<w:t>a</w:t><mc:Fallback x=\"", "a"},
   };
-  for (const TextCase& c : cases) EXPECT_EQ(Text(c.xml), c.text) << c.about;
+  for (const TextCase& c : cases) EXPECT_EQ(Text(c.Xml), c.Text) << c.About;
 }
 
 TEST_F(DocxTextTest, StopAsksAndGoesOnAfterNo) {
   yielder.RequestStop();
   EXPECT_EQ(Text(Paragraphs({"one", "two"})), "one\r\ntwo\r\n") << "No is the default";
-  EXPECT_EQ(messages.Only().text, "Many different words have been found.\r\nDo you really wish to stop?");
-  EXPECT_EQ(messages.Only().title, "Stop");
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Only().Text, "Many different words have been found.\r\nDo you really wish to stop?");
+  EXPECT_EQ(messages.Only().Title, "Stop");
+  EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   EXPECT_FALSE(yielder.Stopped()) << "the request is answered";
 }
 
@@ -135,7 +135,7 @@ TEST_F(DocxTextTest, StopEndsTheExtractionAfterYes) {
   messages.WillAnswer(Question::StopDocx, Answer::Yes);
   EXPECT_EQ(Text(Paragraphs({"one", "two"})), "");
   EXPECT_TRUE(yielder.Stopped()) << "the run is to stop as well";
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
 }
 
 TEST_F(DocxTextTest, ShowsProgressForLargeDocumentsOnly) {

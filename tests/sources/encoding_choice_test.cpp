@@ -28,23 +28,23 @@ TEST_F(EncodingChooserTest, AsksNothingBeforeTheTextIsRead) {
   EncodingChooser chooser;
   EXPECT_EQ(chooser.PlanFor(unsigned8, "/a", messages).Settled, std::nullopt);
   EXPECT_EQ(chooser.PlanFor(signed8, "/a", messages).Settled, TextEncoding::Utf8);
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 TEST_F(EncodingChooserTest, AsksOncePerPath) {
   EncodingChooser chooser;
   EXPECT_EQ(ReadOf(chooser, "/a"), TextEncoding::Utf8) << "Yes is the default";
-  EXPECT_EQ(messages.Only().text,
+  EXPECT_EQ(messages.Only().Text,
             "This file appears to be UTF-8 text without a signature.\r\nDo you wish to read it as UTF-8?");
-  EXPECT_EQ(messages.Only().title, "Text encoding");
-  EXPECT_EQ(messages.Only().defaultAnswer, Answer::Yes);
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Only().Title, "Text encoding");
+  EXPECT_EQ(messages.Only().DefaultAnswer, Answer::Yes);
+  EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   EXPECT_EQ(ReadOf(chooser, "/a"), TextEncoding::Utf8);
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
   messages.WillAnswer(Question::TextEncoding, Answer::No);
   EXPECT_EQ(ReadOf(chooser, "/b"), TextEncoding::Ansi);
   EXPECT_EQ(ReadOf(chooser, "/a"), TextEncoding::Utf8);
-  EXPECT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.Shown.size(), 2U);
 }
 
 TEST_F(EncodingChooserTest, AsksOncePerFolderRun) {
@@ -53,11 +53,11 @@ TEST_F(EncodingChooserTest, AsksOncePerFolderRun) {
   messages.WillAnswer(Question::TextEncoding, Answer::No);
   EXPECT_EQ(ReadOf(chooser, "/c"), TextEncoding::Ansi);
   EXPECT_EQ(ReadOf(chooser, "/d"), TextEncoding::Ansi);
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
   chooser.EndFolderRun();
   chooser.BeginFolderRun();
   EXPECT_EQ(ReadOf(chooser, "/c"), TextEncoding::Ansi);
-  EXPECT_EQ(messages.shown.size(), 2U) << "the next run asks anew";
+  EXPECT_EQ(messages.Shown.size(), 2U) << "the next run asks anew";
 }
 
 TEST_F(EncodingChooserTest, AForcedEncodingHoldsForEveryFile) {
@@ -67,7 +67,7 @@ TEST_F(EncodingChooserTest, AForcedEncodingHoldsForEveryFile) {
     EXPECT_EQ(utf8.PlanFor(facts, "/a", messages).Settled, TextEncoding::Utf8);
     EXPECT_EQ(ansi.PlanFor(facts, "/a", messages).Settled, TextEncoding::Ansi);
   }
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 }  // namespace

@@ -32,8 +32,8 @@ TEST(SplitPatterns, KeepsAHundred) {
 
 TEST(ValidatePatterns, NamesTheFirstFault) {
   struct Row {
-    FileSelection selection;
-    const char* text;
+    FileSelection Selection;
+    const char* Text;
   };
   std::vector<Row> rows = {
       {{{"*.txt", "a?b", "x[1].txt"}, {"copy", "bak"}}, ""},
@@ -48,28 +48,28 @@ TEST(ValidatePatterns, NamesTheFirstFault) {
   }
   for (const Row& row : rows) {
     FakeMessages messages;
-    EXPECT_EQ(ValidatePatterns(row.selection, messages), *row.text == '\0');
-    EXPECT_EQ(messages.Only().text, row.text);
-    EXPECT_EQ(messages.Only().title, *row.text == '\0' ? "" : "Invalid input");
+    EXPECT_EQ(ValidatePatterns(row.Selection, messages), *row.Text == '\0');
+    EXPECT_EQ(messages.Only().Text, row.Text);
+    EXPECT_EQ(messages.Only().Title, *row.Text == '\0' ? "" : "Invalid input");
   }
 }
 
 TEST(WarnAboutDocPattern, WarnsWhereDocFilesAreAskedFor) {
   struct Row {
-    const char* typed;
-    bool warned;
+    const char* Typed;
+    bool Warned;
   };
   for (const Row& row : {Row{"*.doc", true}, Row{"*.doc, *.txt", true}, Row{"*.txt, *.doc", true},
                          Row{"*.docx", false}, Row{"*.docx, *.txt", false}, Row{"", false}}) {
     FakeMessages messages;
-    WarnAboutDocPattern(row.typed, messages);
-    EXPECT_EQ(messages.shown.size(), row.warned ? 1U : 0U) << row.typed;
-    if (row.warned) {
-      EXPECT_EQ(messages.Only().text,
+    WarnAboutDocPattern(row.Typed, messages);
+    EXPECT_EQ(messages.Shown.size(), row.Warned ? 1U : 0U) << row.Typed;
+    if (row.Warned) {
+      EXPECT_EQ(messages.Only().Text,
                 "This software does not process .doc files.  To process\r\n"
                 "Word .doc files they should first be converted to .docx files.");
-      EXPECT_EQ(messages.Only().title, "Match file patterns");
-      EXPECT_TRUE(ValidatePatterns({SplitPatterns(row.typed), {}}, messages)) << "a warning, not a fault";
+      EXPECT_EQ(messages.Only().Title, "Match file patterns");
+      EXPECT_TRUE(ValidatePatterns({SplitPatterns(row.Typed), {}}, messages)) << "a warning, not a fault";
     }
   }
 }
@@ -88,9 +88,9 @@ TEST(IsRefusedExtension, KnowsTwentySevenExtensions) {
 
 TEST(FileIsWanted, GoesByTheNameInItsOrderOfTests) {
   struct Row {
-    FileSelection selection;
-    const char* path;
-    bool wanted;
+    FileSelection Selection;
+    const char* Path;
+    bool Wanted;
   };
   const std::vector<Row> rows = {
       {{{}, {}}, "/x/a.txt", true},
@@ -115,14 +115,14 @@ TEST(FileIsWanted, GoesByTheNameInItsOrderOfTests) {
       {{{}, {"\xC3\x89T"}}, "/x/\xC3\xA9t\xC3\xA9.txt", false},
   };
   for (const Row& row : rows) {
-    EXPECT_EQ(FileIsWanted(row.selection, row.path), row.wanted) << row.path;
+    EXPECT_EQ(FileIsWanted(row.Selection, row.Path), row.Wanted) << row.Path;
   }
 }
 
 struct WildcardRow {
-  const char* name;
-  const char* pattern;
-  bool matches;
+  const char* Name;
+  const char* Pattern;
+  bool Matches;
 };
 
 TEST(MatchesWildcards, StarIsAnyRunAndQuestionMarkAnyCharacter) {
@@ -153,7 +153,7 @@ TEST(MatchesWildcards, StarIsAnyRunAndQuestionMarkAnyCharacter) {
       {"#", "#", true},
   };
   for (const WildcardRow& row : rows) {
-    EXPECT_EQ(MatchesWildcards(row.name, row.pattern), row.matches) << row.name << " ~ " << row.pattern;
+    EXPECT_EQ(MatchesWildcards(row.Name, row.Pattern), row.Matches) << row.Name << " ~ " << row.Pattern;
   }
 }
 

@@ -10,9 +10,9 @@ namespace {
 TEST(ForeignKindAdvice, TellsWhatAFileIsByItsBeginning) {
   using namespace std::string_literals;
   struct Case {
-    const char* name;
-    std::string head;
-    const char* begins;  ///< Of the advice.
+    const char* Name;
+    std::string Head;
+    const char* Begins;  ///< Of the advice.
   };
   const Case cases[] = {
       {"a PDF", "%PDF-1.7\n%\xE2\xE3", "It is a PDF document."},
@@ -47,7 +47,7 @@ TEST(ForeignKindAdvice, TellsWhatAFileIsByItsBeginning) {
       {"a spreadsheet", "PK\x03\x04....xl/workbook.xml", "It is a spreadsheet."},
       {"a presentation", "PK\x03\x04....ppt/slides", "It is a presentation."},
   };
-  for (const Case& c : cases) EXPECT_EQ(ForeignKindAdvice(c.head).rfind(c.begins, 0), 0u) << c.name;
+  for (const Case& c : cases) EXPECT_EQ(ForeignKindAdvice(c.Head).rfind(c.Begins, 0), 0u) << c.Name;
 }
 
 TEST(ForeignKindAdvice, TellsOfAListHowTheWordsMustBeSaved) {

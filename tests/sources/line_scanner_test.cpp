@@ -205,9 +205,9 @@ TEST(LineScanner, LeavesAnOpenRegionAtTheNextSource) {
 
 TEST(LineScanner, CountsTheBytesThatAreNoMarkUp) {
   struct Row {
-    std::string_view lines;
-    std::string_view extension;
-    uint64_t bytes;
+    std::string_view Lines;
+    std::string_view Extension;
+    uint64_t Bytes;
   };
   for (const Row& row : std::vector<Row>{{"one two", "txt", 7},
                                          {"<b>one</b> two", "html", 7},
@@ -216,14 +216,14 @@ TEST(LineScanner, CountsTheBytesThatAreNoMarkUp) {
                                          {"caf&eacute;&#233;", "html", 5},
                                          {"one // gone", "c", 4}}) {
     RecordedWords words;
-    LineScanner<WordSink> scanner(LettersOnly(), MarkersOf(row.extension), words);
+    LineScanner<WordSink> scanner(LettersOnly(), MarkersOf(row.Extension), words);
     scanner.BeginSource();
-    for (size_t begin = 0; begin <= row.lines.size();) {
-      const size_t end = std::min(row.lines.find('\n', begin), row.lines.size());
-      scanner.ScanLine(row.lines.substr(begin, end - begin));
+    for (size_t begin = 0; begin <= row.Lines.size();) {
+      const size_t end = std::min(row.Lines.find('\n', begin), row.Lines.size());
+      scanner.ScanLine(row.Lines.substr(begin, end - begin));
       begin = end + 1;
     }
-    EXPECT_EQ(scanner.TextBytes(), row.bytes) << row.lines;
+    EXPECT_EQ(scanner.TextBytes(), row.Bytes) << row.Lines;
   }
 }
 

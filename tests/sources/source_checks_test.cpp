@@ -14,9 +14,9 @@ namespace {
 using Code = InputFileCode;
 
 struct InputCase {
-  const char* input;
-  const char* output;
-  Code code;
+  const char* Input;
+  const char* Output;
+  InputFileCode Code;
 };
 
 TEST(ValidateInputFile, ChecksInTheGivenOrder) {
@@ -43,7 +43,7 @@ TEST(ValidateInputFile, ChecksInTheGivenOrder) {
       {"/texts/A.TXT", "/other/link.txt", Code::SameAsOutput},
   };
   for (const InputCase& c : cases) {
-    EXPECT_EQ(ValidateInputFile(files, c.input, c.output), c.code) << c.input << " to " << c.output;
+    EXPECT_EQ(ValidateInputFile(files, c.Input, c.Output), c.Code) << c.Input << " to " << c.Output;
   }
 }
 
@@ -56,10 +56,10 @@ TEST(ValidateInputFile, TakesAFileWhoseSizeIsNotKnown) {
 
 TEST(ShowInputFileError, HasTheWordsOfEachCode) {
   struct Row {
-    Code code;
-    const char* input;
-    const char* title;
-    const char* text;
+    InputFileCode Code;
+    const char* Input;
+    const char* Title;
+    const char* Text;
   };
   for (const Row& row :
        {Row{Code::InvalidSpecification, "C:\\", "Invalid input", "Invalid input file specification."},
@@ -68,14 +68,14 @@ TEST(ShowInputFileError, HasTheWordsOfEachCode) {
         Row{Code::NotSpecifiedOrEmpty, "x", "Error", "Input file is zero-length."},
         Row{Code::SameAsOutput, "x", "Error", "The output file cannot be the same as the input file."}}) {
     FakeMessages messages;
-    ShowInputFileError(messages, row.code, row.input);
-    EXPECT_EQ(messages.Only().text, row.text);
-    EXPECT_EQ(messages.Only().title, row.title);
-    EXPECT_EQ(messages.Only().icon, Icon::Exclamation);
+    ShowInputFileError(messages, row.Code, row.Input);
+    EXPECT_EQ(messages.Only().Text, row.Text);
+    EXPECT_EQ(messages.Only().Title, row.Title);
+    EXPECT_EQ(messages.Only().Icon, Icon::Exclamation);
   }
   FakeMessages messages;
   ShowInputFileError(messages, Code::Valid, "x");
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 class ValidateFolderTest : public testing::Test {
@@ -91,9 +91,9 @@ class ValidateFolderTest : public testing::Test {
                      const std::string& text, const std::string& title, Icon icon) {
     messages.Forget();
     EXPECT_FALSE(ValidateFolder(files, messages, folder, output, subfolders)) << folder << " to " << output;
-    EXPECT_EQ(messages.Only().text, text);
-    EXPECT_EQ(messages.Only().title, title);
-    EXPECT_EQ(messages.Only().icon, icon);
+    EXPECT_EQ(messages.Only().Text, text);
+    EXPECT_EQ(messages.Only().Title, title);
+    EXPECT_EQ(messages.Only().Icon, icon);
   }
 
   FakeFiles files;
@@ -121,9 +121,9 @@ TEST_F(ValidateFolderTest, AFolderThatCannotBeReadIsRefused) {
 
 TEST_F(ValidateFolderTest, TheOutputFileMayNotLieWhereTheRunReads) {
   struct Row {
-    const char* output;
-    bool subfolders;
-    bool refused;
+    const char* Output;
+    bool Subfolders;
+    bool Refused;
   };
   for (const Row& row :
        {Row{"/data/out.txt", false, true}, Row{"/DATA/out.txt", false, true},
@@ -132,12 +132,12 @@ TEST_F(ValidateFolderTest, TheOutputFileMayNotLieWhereTheRunReads) {
         Row{"/link/sub/out.txt", true, true}, Row{"/link/sub/out.txt", false, false},
         Row{"/data2/out.txt", true, true},  // begins like the folder, although it lies beside it
         Row{"/data2/out.txt", false, false}, Row{"/elsewhere/out.txt", true, false}}) {
-    if (row.refused) {
-      ExpectRefused("/data", row.output, row.subfolders,
+    if (row.Refused) {
+      ExpectRefused("/data", row.Output, row.Subfolders,
                     "The output file cannot be in the folder or a subfolder.", "Invalid output file",
                     Icon::Information);
     } else {
-      EXPECT_TRUE(ValidateFolder(files, messages, "/data", row.output, row.subfolders)) << row.output;
+      EXPECT_TRUE(ValidateFolder(files, messages, "/data", row.Output, row.Subfolders)) << row.Output;
     }
   }
 }
@@ -160,21 +160,21 @@ TEST(CheckClipboardText, RefusesMoreCharactersThanTheLimit) {
   std::string accents;
   for (int k = 0; k < 100000; ++k) accents += "\xC3\xA9";
   EXPECT_TRUE(CheckClipboardText(accents, messages, format)) << "characters count, not bytes";
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
   EXPECT_FALSE(CheckClipboardText(std::string(100001, 'a'), messages, format));
-  EXPECT_EQ(messages.Only().text,
+  EXPECT_EQ(messages.Only().Text,
             "There are 100,001 characters in the text on the clipboard.\r\n"
             "The maximum permitted is 100,000.  If possible,\r\n"
             "count word frequencies for this text using an input file.");
-  EXPECT_EQ(messages.Only().title, "Too much clipboard text");
-  EXPECT_EQ(messages.Only().icon, Icon::None);
+  EXPECT_EQ(messages.Only().Title, "Too much clipboard text");
+  EXPECT_EQ(messages.Only().Icon, Icon::None);
 }
 
 TEST(CheckNaturalLanguage, WantsLettersAndFewControls) {
   struct Row {
-    const char* about;
-    std::string text;
-    bool words;
+    const char* About;
+    std::string Text;
+    bool Words;
   };
   const std::vector<Row> rows = {
       {"words", "some words", true},
@@ -192,13 +192,13 @@ TEST(CheckNaturalLanguage, WantsLettersAndFewControls) {
   };
   for (const Row& row : rows) {
     FakeMessages messages;
-    EXPECT_EQ(CheckNaturalLanguage(row.text, messages), row.words) << row.about;
-    if (row.words) {
-      EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(CheckNaturalLanguage(row.Text, messages), row.Words) << row.About;
+    if (row.Words) {
+      EXPECT_TRUE(messages.Shown.empty());
     } else {
-      EXPECT_EQ(messages.Only().text,
+      EXPECT_EQ(messages.Only().Text,
                 "The text on the clipboard does not consist\r\nsolely of natural language words.");
-      EXPECT_EQ(messages.Only().title, "Invalid input");
+      EXPECT_EQ(messages.Only().Title, "Invalid input");
     }
   }
 }
@@ -206,8 +206,8 @@ TEST(CheckNaturalLanguage, WantsLettersAndFewControls) {
 TEST(CheckNaturalLanguage, SaysWhenThereIsNoText) {
   FakeMessages messages;
   EXPECT_FALSE(CheckNaturalLanguage("", messages));
-  EXPECT_EQ(messages.Only().text, "There is no text on the clipboard.");
-  EXPECT_EQ(messages.Only().title, "Invalid input");
+  EXPECT_EQ(messages.Only().Text, "There is no text on the clipboard.");
+  EXPECT_EQ(messages.Only().Title, "Invalid input");
 }
 
 TEST(CheckNaturalLanguage, LooksNoFurtherThanItIsTold) {
@@ -223,20 +223,20 @@ TEST(AskLargeInput, OffersYesNoAndCancel) {
   messages.WillAnswer(Question::LargeInput, Answer::Cancel);
   EXPECT_EQ(AskLargeInput(messages), Answer::Cancel);
   EXPECT_EQ(
-      messages.Only().text,
+      messages.Only().Text,
       "The input file is quite large.  It is advisable to specify an output file before continuing, in case "
       "the text window will not hold the result. Do you wish to specify an output file?");
-  EXPECT_EQ(messages.Only().title, "Large input file");
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNoCancel);
+  EXPECT_EQ(messages.Only().Title, "Large input file");
+  EXPECT_EQ(messages.Only().Buttons, Buttons::YesNoCancel);
 }
 
 TEST(MultipleFiles, NeedAnOutputFile) {
   FakeMessages messages;
   ShowMultipleFilesNeedOutput(messages);
-  EXPECT_EQ(messages.Only().text,
+  EXPECT_EQ(messages.Only().Text,
             "When scanning multiple files or folders\r\nyou must specify an output file in case\r\n"
             "the text window will not hold the result.");
-  EXPECT_EQ(messages.Only().title, "Multiple files/folders");
+  EXPECT_EQ(messages.Only().Title, "Multiple files/folders");
 }
 
 TEST(FileKind, IsToldWhileReadingAndAfterTheRun) {

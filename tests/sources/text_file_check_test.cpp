@@ -25,11 +25,11 @@ class IsTextFileTest : public testing::Test {
     return IsTextFile(check, path, silent, isUtf8, code, ask);
   }
   void ExpectOnly(const std::string& text, const std::string& title) {
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, text);
-    EXPECT_EQ(messages.shown[0].title, title);
-    EXPECT_EQ(messages.shown[0].icon, Icon::Information);
-    EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
+    ASSERT_EQ(messages.Shown.size(), 1U);
+    EXPECT_EQ(messages.Shown[0].Text, text);
+    EXPECT_EQ(messages.Shown[0].Title, title);
+    EXPECT_EQ(messages.Shown[0].Icon, Icon::Information);
+    EXPECT_EQ(messages.Shown[0].Buttons, Buttons::Ok);
   }
 
   FakeFiles files;
@@ -51,9 +51,9 @@ TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
   files.Add("/a.rtf", "{\\rtf1}");
   files.Add("/wide", "\xFF\xFE" + "a\0b\0"s);
   struct Row {
-    const char* path;
-    TextFileCode code;
-    const char* text;
+    const char* Path;
+    TextFileCode Code;
+    const char* Text;
   };
   const std::vector<Row> rows = {
       {"/missing", TextFileCode::NotFound, "File /missing not found."},
@@ -67,9 +67,9 @@ TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
   for (const Row& row : rows) {
     for (const bool silent : {false, true}) {
       messages.Forget();
-      EXPECT_FALSE(Check(row.path, silent));
-      EXPECT_EQ(code, row.code);
-      ExpectOnly(row.text, "Fatal error");
+      EXPECT_FALSE(Check(row.Path, silent));
+      EXPECT_EQ(code, row.Code);
+      ExpectOnly(row.Text, "Fatal error");
     }
   }
 }
@@ -77,7 +77,7 @@ TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
 TEST_F(IsTextFileTest, NoPathIsRefusedWithoutAWord) {
   EXPECT_FALSE(Check(""));
   EXPECT_EQ(code, TextFileCode::NoPath);
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 TEST_F(IsTextFileTest, EmptiesTheOutputBoxFirst) {
@@ -101,23 +101,23 @@ TEST_F(IsTextFileTest, CopyingIsProposedForSmallFilesThatAreMostlyText) {
   const std::string refusal =
       "/a\r\nis not an ANSI or UTF-8 encoded text file.\r\nIt appears to be a binary file.";
   struct Row {
-    size_t controls;
-    size_t size;
-    bool advice;
+    size_t Controls;
+    size_t Size;
+    bool Advice;
   };
   for (const Row& row :
        {Row{89, 1000, true}, Row{90, 1000, false}, Row{1, 102399, true}, Row{1, 102400, false}}) {
     messages.Forget();
-    files.Add("/a", std::string(row.controls, '\x01') + std::string(row.size - row.controls, 'a'));
+    files.Add("/a", std::string(row.Controls, '\x01') + std::string(row.Size - row.Controls, 'a'));
     EXPECT_FALSE(Check("/a"));
-    ExpectOnly(row.advice ? refusal + "\r\n\r\n" + kCopyAdvice : refusal, "Not a text file");
+    ExpectOnly(row.Advice ? refusal + "\r\n\r\n" + kCopyAdvice : refusal, "Not a text file");
   }
 }
 
 TEST_F(IsTextFileTest, TheMacNoticeComesOncePerProgram) {
   files.Add("/a", "one\rtwo\r");
   EXPECT_TRUE(Check("/a", true));
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
   EXPECT_TRUE(Check("/a"));
   EXPECT_EQ(code, TextFileCode::MacText);
   ExpectOnly(
@@ -126,7 +126,7 @@ TEST_F(IsTextFileTest, TheMacNoticeComesOncePerProgram) {
       "to convert the line endings to Windows-type (CR+LF).",
       "This is a Mac-style text file");
   EXPECT_TRUE(Check("/a"));
-  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.Shown.size(), 1U);
 }
 
 std::string UnixLines(size_t bytes) {
@@ -145,29 +145,29 @@ TEST_F(IsTextFileTest, UnixLineEndsAreFineUpTo256000Bytes) {
   files.Add("/a", UnixLines(256000));
   EXPECT_TRUE(Check("/a"));
   EXPECT_EQ(code, TextFileCode::UnixText);
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 TEST_F(IsTextFileTest, LargerUnixFilesAreAskedAbout) {
   files.Add("/a", UnixLines(256001));
   messages.WillAnswer(Question::LargeWordList, Answer::Yes);
   EXPECT_TRUE(Check("/a"));
-  ASSERT_EQ(messages.shown.size(), 1U);
-  EXPECT_EQ(messages.shown[0].text, kSlow + "\r\n\r\nDo you wish to continue processing this file?");
-  EXPECT_EQ(messages.shown[0].title, "This is a Unix-style text file");
-  EXPECT_EQ(messages.shown[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(messages.shown[0].defaultAnswer, Answer::No);
-  EXPECT_TRUE(messages.shown[0].mayBeSilenced);
+  ASSERT_EQ(messages.Shown.size(), 1U);
+  EXPECT_EQ(messages.Shown[0].Text, kSlow + "\r\n\r\nDo you wish to continue processing this file?");
+  EXPECT_EQ(messages.Shown[0].Title, "This is a Unix-style text file");
+  EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
+  EXPECT_TRUE(messages.Shown[0].MayBeSilenced);
 }
 
 TEST_F(IsTextFileTest, NoToALargerUnixFileCancels) {
   files.Add("/a", UnixLines(512000));
   EXPECT_FALSE(Check("/a"));
   EXPECT_EQ(code, TextFileCode::NotText);
-  ASSERT_EQ(messages.shown.size(), 2U);
-  EXPECT_EQ(messages.shown[1].text, "Operation canceled.");
-  EXPECT_EQ(messages.shown[1].title, "This is a Unix-style text file");
-  EXPECT_EQ(messages.shown[1].icon, Icon::None);
+  ASSERT_EQ(messages.Shown.size(), 2U);
+  EXPECT_EQ(messages.Shown[1].Text, "Operation canceled.");
+  EXPECT_EQ(messages.Shown[1].Title, "This is a Unix-style text file");
+  EXPECT_EQ(messages.Shown[1].Icon, Icon::None);
 }
 
 TEST_F(IsTextFileTest, WithoutAskingLargerUnixFilesAreRemarkedOn) {
@@ -191,7 +191,7 @@ TEST_F(IsTextFileTest, UnixFilesAbove512000BytesAreRefused) {
 TEST_F(IsTextFileTest, SilentAsksNothingOfAnySize) {
   files.Add("/a", UnixLines(600000));
   EXPECT_TRUE(Check("/a", true));
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 TEST_F(IsTextFileTest, AUtf8SignatureGetsNoNoticeOfLineEnds) {
@@ -199,14 +199,14 @@ TEST_F(IsTextFileTest, AUtf8SignatureGetsNoNoticeOfLineEnds) {
   EXPECT_TRUE(Check("/a"));
   EXPECT_TRUE(isUtf8);
   EXPECT_EQ(code, TextFileCode::WindowsText);
-  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(messages.Shown.empty());
 }
 
 struct RefusalCase {
-  TextFacts facts;
-  uint64_t size;
-  std::string title;
-  std::string text;
+  TextFacts Facts;
+  uint64_t Size;
+  std::string Title;
+  std::string Text;
 };
 
 TEST(SingleFileRefusal, SaysWhatIsWrong) {
@@ -231,11 +231,11 @@ TEST(SingleFileRefusal, SaysWhatIsWrong) {
       {{NotText, 7, 12, 0.61}, 5000, "Not a text file", notText + kCopyAdvice},
   };
   for (const RefusalCase& c : cases) {
-    const Message message = SingleFileRefusal("/a", c.facts, "%PDF-1.7", c.size, NumberFormat());
-    EXPECT_EQ(message.text, c.text);
-    EXPECT_EQ(message.title, c.title);
-    EXPECT_EQ(message.icon, Icon::Information);
-    EXPECT_EQ(message.addition.starts_with("It is a PDF document."), message.title == "Not a text file");
+    const Message message = SingleFileRefusal("/a", c.Facts, "%PDF-1.7", c.Size, NumberFormat());
+    EXPECT_EQ(message.Text, c.Text);
+    EXPECT_EQ(message.Title, c.Title);
+    EXPECT_EQ(message.Icon, Icon::Information);
+    EXPECT_EQ(message.Addition.starts_with("It is a PDF document."), message.Title == "Not a text file");
   }
 }
 

@@ -337,7 +337,7 @@ TEST(TextReader, TellsAFailureAfterWhatWasRead) {
       joined += '\n';
     }
     ASSERT_TRUE(reader.Error());
-    EXPECT_EQ(reader.Error()->description, "worn out");
+    EXPECT_EQ(reader.Error()->Description, "worn out");
     EXPECT_EQ(reader.BytesRead(), std::min<uint64_t>(static_cast<uint64_t>(failsAt) * 4, text.size()));
     std::string expected(text.substr(0, reader.BytesRead()));
     if (!expected.empty() && expected.back() != '\n') expected += '\n';

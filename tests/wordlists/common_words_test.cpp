@@ -34,15 +34,15 @@ std::vector<std::string> Lines(std::string_view name) {
 
 class WordCollector final : public WordSink {
  public:
-  void TakeWord(std::string_view word) override { words.push_back(LowerText(word)); }
+  void TakeWord(std::string_view word) override { Words.push_back(LowerText(word)); }
   void ResetPhrases() override {}
-  std::vector<std::string> words;
+  std::vector<std::string> Words;
 };
 
 struct Language {
-  const char* code;
-  const char* letters;  ///< Beside a to z.
-  const char* prose;
+  const char* Code;
+  const char* Letters;  ///< Beside a to z.
+  const char* Prose;
 };
 
 const Language kLanguages[] = {
@@ -106,10 +106,10 @@ TEST(CommonWordsFiles, AreSortedByCharacterCodeWithoutDoubles) {
 
 TEST(CommonWordsFiles, HoldTheLettersOfTheirLanguageAlone) {
   for (const Language& language : kLanguages) {
-    const std::vector<std::string> lines = Lines(FindCommonWordsLanguage(language.code)->File);
-    EXPECT_GE(lines.size(), 200u) << language.code;
-    EXPECT_LE(lines.size(), 400u) << language.code;
-    const std::string letters = std::string("abcdefghijklmnopqrstuvwxyz'") + language.letters;
+    const std::vector<std::string> lines = Lines(FindCommonWordsLanguage(language.Code)->File);
+    EXPECT_GE(lines.size(), 200u) << language.Code;
+    EXPECT_LE(lines.size(), 400u) << language.Code;
+    const std::string letters = std::string("abcdefghijklmnopqrstuvwxyz'") + language.Letters;
     for (const std::string& word : lines) {
       EXPECT_EQ(ToNfc(word), word);
       size_t count = 0;
@@ -129,7 +129,7 @@ TEST(CommonWordsFiles, HoldTheLettersOfTheirLanguageAlone) {
 TEST(CommonWordsFiles, TheSixLanguagesTogetherAreTheirUnion) {
   std::set<std::string> together;
   for (const Language& language : kLanguages)
-    for (const std::string& word : Lines(FindCommonWordsLanguage(language.code)->File)) together.insert(word);
+    for (const std::string& word : Lines(FindCommonWordsLanguage(language.Code)->File)) together.insert(word);
   const std::vector<std::string> all = Lines(kAll);
   EXPECT_EQ(std::vector<std::string>(together.begin(), together.end()), all);
 }
@@ -140,9 +140,9 @@ TEST(CommonWordsFiles, AreReadAsUtf8WithoutAQuestion) {
     const std::string bytes = FileBytes(language.File);
     EXPECT_TRUE(bytes.starts_with("\xEF\xBB\xBF//")) << "a signature, then the comment that says what it is";
     ListWorld world;
-    world.rules.AllowApostrophes = true;
+    world.Rules.AllowApostrophes = true;
     EXPECT_EQ(world.Read(bytes).Words, Lines(language.File)) << language.File;
-    EXPECT_TRUE(world.messages.shown.empty()) << language.File;
+    EXPECT_TRUE(world.Messages.Shown.empty()) << language.File;
   }
 }
 
@@ -150,24 +150,24 @@ TEST(CommonWordsFiles, HoldHalfOfTheWordsOfOrdinaryProse) {
   for (const Language& language : kLanguages) {
     for (const bool apostrophes : {false, true}) {
       ListWorld world;
-      world.rules.AllowApostrophes = apostrophes;
+      world.Rules.AllowApostrophes = apostrophes;
       WordFilterSpec entries;
-      entries.FileWordsToIgnore = world.Read(FileBytes(FindCommonWordsLanguage(language.code)->File)).Words;
+      entries.FileWordsToIgnore = world.Read(FileBytes(FindCommonWordsLanguage(language.Code)->File)).Words;
       const WordFilters lists(entries);
-      WordRules rules = world.rules;
+      WordRules rules = world.Rules;
       SetAllowedExtraChars(rules);
       SetAllowedExtraChars2(rules);
       WordCollector collector;
       LineScanner<WordSink> scanner(rules, CommentMarkers{}, collector);
-      scanner.ScanLine(language.prose);
-      const auto common = std::count_if(collector.words.begin(), collector.words.end(),
+      scanner.ScanLine(language.Prose);
+      const auto common = std::count_if(collector.Words.begin(), collector.Words.end(),
                                         [&](const std::string& word) { return lists.IsWordToIgnore(word); });
       const double percent =
-          100.0 * static_cast<double>(common) / static_cast<double>(collector.words.size());
-      EXPECT_GE(collector.words.size(), 90u) << language.code;
-      EXPECT_GE(percent, 35.0) << language.code;
-      EXPECT_LE(percent, 65.0) << language.code;
-      RecordProperty(language.code, std::to_string(percent));
+          100.0 * static_cast<double>(common) / static_cast<double>(collector.Words.size());
+      EXPECT_GE(collector.Words.size(), 90u) << language.Code;
+      EXPECT_GE(percent, 35.0) << language.Code;
+      EXPECT_LE(percent, 65.0) << language.Code;
+      RecordProperty(language.Code, std::to_string(percent));
     }
   }
 }

@@ -21,10 +21,10 @@ TEST(TheListOfFiles, SaysHowAFileComesIntoIt) {
 
 TEST(TheStateOfAList, NamesItsFileAndHowManyEntriesWereTyped) {
   struct Case {
-    ListKind kind;
-    const char* file;
-    size_t typed;
-    const char* label;
+    ListKind Kind;
+    const char* File;
+    size_t Typed;
+    const char* Label;
   };
   const Case cases[] = {
       {kIgnore, "", 0, "The list is empty: no word is ignored."},

@@ -13,27 +13,27 @@ namespace korv {
 
 /// What reading a list file needs, in memory.
 struct ListWorld {
-  explicit ListWorld(EncodingChoice choice = EncodingChoice::Auto) : encodings(choice) {}
+  explicit ListWorld(EncodingChoice choice = EncodingChoice::Auto) : Encodings(choice) {}
 
   /// Reads `content` as a list file; empty when it was refused.
   WordList Read(std::string content, ListKind kind = ListKind::WordsToIgnore) {
-    files.Add("/lists/l.txt", std::move(content));
+    Files.Add("/lists/l.txt", std::move(content));
     WordList list;
-    loaded = ReadWords(reading, "/lists/l.txt", kind, rules, list);
+    Loaded = ReadWords(Reading, "/lists/l.txt", kind, Rules, list);
     return list;
   }
 
-  FakeFiles files;
-  FakeMessages messages;
-  NumberFormat format;
-  NoYielder yielder;
-  EncodingChooser encodings;
-  TextFileCheck check{files, messages, format, {}};
-  std::vector<std::string> progress;
-  ListReading reading{check, encodings, yielder,
-                      [this](const std::string& text) { progress.push_back(text); }};
-  WordRules rules;
-  bool loaded = false;
+  FakeFiles Files;
+  FakeMessages Messages;
+  NumberFormat Format;
+  NoYielder Yielder;
+  EncodingChooser Encodings;
+  TextFileCheck Check{Files, Messages, Format, {}};
+  std::vector<std::string> Progress;
+  ListReading Reading{Check, Encodings, Yielder,
+                      [this](const std::string& text) { Progress.push_back(text); }};
+  WordRules Rules;
+  bool Loaded = false;
 };
 
 }  // namespace korv

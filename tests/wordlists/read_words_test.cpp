@@ -20,8 +20,8 @@ using Words = std::vector<std::string>;
 
 TEST(ReadWords, TakesWordsAsTheTextThatIsCountedIsCut) {
   struct FileCase {
-    const char* content;
-    Words words;
+    const char* Content;
+    std::vector<std::string> Words;
   };
   const FileCase cases[] = {
       {"the\r\nand\r\nof\r\n", {"the", "and", "of"}},
@@ -43,8 +43,8 @@ TEST(ReadWords, TakesWordsAsTheTextThatIsCountedIsCut) {
   };
   for (const FileCase& c : cases) {
     ListWorld world;
-    EXPECT_EQ(world.Read(c.content).Words, c.words) << c.content;
-    EXPECT_TRUE(world.loaded) << c.content;
+    EXPECT_EQ(world.Read(c.Content).Words, c.Words) << c.Content;
+    EXPECT_TRUE(world.Loaded) << c.Content;
   }
 }
 
@@ -64,30 +64,30 @@ TEST(ReadWords, GivesTheSystemItsTurnAfterEachLine) {
   for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
     ListWorld world;
     FakeYielder turns;
-    ListReading reading{world.check, world.encodings, turns, {}};
-    world.files.Add("/lists/l.txt", "the of\r\n\r\nand\r\nwhale");
+    ListReading reading{world.Check, world.Encodings, turns, {}};
+    world.Files.Add("/lists/l.txt", "the of\r\n\r\nand\r\nwhale");
     WordList list;
-    EXPECT_TRUE(ReadWords(reading, "/lists/l.txt", kind, world.rules, list));
-    EXPECT_EQ(turns.calls, 4U);
+    EXPECT_TRUE(ReadWords(reading, "/lists/l.txt", kind, world.Rules, list));
+    EXPECT_EQ(turns.Calls, 4U);
   }
 }
 
 TEST(ReadWords, AFileOfBlankLinesGivesAnEmptyList) {
   ListWorld world;
-  world.files.Add("/lists/l.txt", "\r\n   \r\n\r\n\t\r\n");
+  world.Files.Add("/lists/l.txt", "\r\n   \r\n\r\n\t\r\n");
   WordList list;
   std::string label;
   EXPECT_TRUE(
-      AttemptToReadWords(world.reading, "/lists/l.txt", ListKind::WordsToIgnore, world.rules, list, label));
+      AttemptToReadWords(world.Reading, "/lists/l.txt", ListKind::WordsToIgnore, world.Rules, list, label));
   EXPECT_THAT(list.Words, IsEmpty());
   EXPECT_EQ(label, "0 words-to-ignore loaded");
 }
 
 TEST(ReadWords, SaysHowManyWordsAreLoaded) {
   struct LabelCase {
-    const char* content;
-    ListKind kind;
-    const char* label;
+    const char* Content;
+    ListKind Kind;
+    const char* Label;
   };
   const LabelCase cases[] = {
       {"single\r\n", ListKind::WordsToIgnore, "One word-to-ignore loaded"},
@@ -97,13 +97,13 @@ TEST(ReadWords, SaysHowManyWordsAreLoaded) {
   };
   for (const LabelCase& c : cases) {
     ListWorld world;
-    world.files.Add("/l.txt", c.content);
+    world.Files.Add("/l.txt", c.Content);
     WordList list;
     std::string label;
-    EXPECT_TRUE(AttemptToReadWords(world.reading, "/l.txt", c.kind, world.rules, list, label));
-    EXPECT_EQ(label, c.label);
+    EXPECT_TRUE(AttemptToReadWords(world.Reading, "/l.txt", c.Kind, world.Rules, list, label));
+    EXPECT_EQ(label, c.Label);
     EXPECT_EQ(list.Path, "/l.txt");
-    EXPECT_THAT(world.messages.shown, IsEmpty());
+    EXPECT_THAT(world.Messages.Shown, IsEmpty());
   }
 }
 
@@ -118,13 +118,13 @@ TEST(ReadWords, NotesWhetherAnyWordHoldsAWildcard) {
 
 TEST(ReadWords, GoesByTheAllowedCharactersOfTheMoment) {
   ListWorld world;
-  world.rules.AllowHyphens = false;
-  world.rules.AllowApostrophes = true;
-  world.rules.AllowNumerals = true;
+  world.Rules.AllowHyphens = false;
+  world.Rules.AllowApostrophes = true;
+  world.Rules.AllowNumerals = true;
   EXPECT_THAT(world.Read("well-known don't word42\r\n").Words,
               ElementsAre("well", "known", "don't", "word42"));
   // A comment begins even where slashes may stand in words.
-  world.rules.AllowForwardslashes = true;
+  world.Rules.AllowForwardslashes = true;
   EXPECT_THAT(world.Read("and/or not//this\r\n").Words, ElementsAre("and/or", "not"));
 }
 
@@ -134,7 +134,7 @@ TEST(ReadWords, SaysEveryTenWordsHowManyThereAre) {
   for (char a = 'a'; a <= 'b'; ++a)
     for (char b = 'a'; b <= 'l'; ++b) content += std::string{a, b, 'x'} + " again\r\n";
   EXPECT_EQ(world.Read(content).Words.size(), 25u);
-  EXPECT_THAT(world.progress,
+  EXPECT_THAT(world.Progress,
               ElementsAre("Number of words read so far: 10", "Number of words read so far: 20"));
 }
 
@@ -143,10 +143,10 @@ TEST(ReadWords, AMissingFileLeavesTheListInForce) {
   for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
     WordList list{{"kept"}, false, "/old.txt"};
     std::string label = "as it was";
-    world.messages.Forget();
-    EXPECT_FALSE(AttemptToReadWords(world.reading, "/none.txt", kind, world.rules, list, label));
-    EXPECT_EQ(world.messages.Only().title, "File not found");
-    EXPECT_EQ(world.messages.Only().text, kind == ListKind::WordsToIgnore
+    world.Messages.Forget();
+    EXPECT_FALSE(AttemptToReadWords(world.Reading, "/none.txt", kind, world.Rules, list, label));
+    EXPECT_EQ(world.Messages.Only().Title, "File not found");
+    EXPECT_EQ(world.Messages.Only().Text, kind == ListKind::WordsToIgnore
                                               ? "File for words-to-ignore not found."
                                               : "File for count-only words not found.");
     EXPECT_THAT(list.Words, ElementsAre("kept"));
@@ -157,8 +157,8 @@ TEST(ReadWords, AMissingFileLeavesTheListInForce) {
 
 TEST(ReadWords, RefusesWhatIsNoText) {
   struct RefusalCase {
-    std::string content;
-    const char* title;
+    std::string Content;
+    const char* Title;
   };
   const RefusalCase cases[] = {
       {"abc", "Fatal error"},
@@ -170,9 +170,9 @@ TEST(ReadWords, RefusesWhatIsNoText) {
   };
   for (const RefusalCase& c : cases) {
     ListWorld world;
-    world.Read(c.content);
-    EXPECT_FALSE(world.loaded);
-    EXPECT_EQ(world.messages.Only().title, c.title) << c.content;
+    world.Read(c.Content);
+    EXPECT_FALSE(world.Loaded);
+    EXPECT_EQ(world.Messages.Only().Title, c.Title) << c.Content;
   }
 }
 
@@ -181,11 +181,11 @@ TEST(ReadWords, EveryFailureOfTheDiskIsReportedAndLeavesTheListInForce) {
     ListWorld world;
     std::string content;
     for (int i = 0; i < 20'000; ++i) content += "word\r\n";
-    world.files.Add("/l.txt", content);
-    world.files.FailCall(call);
+    world.Files.Add("/l.txt", content);
+    world.Files.FailCall(call);
     WordList list{{"kept"}, false, "/old.txt"};
-    const bool loaded = ReadWords(world.reading, "/l.txt", ListKind::WordsToIgnore, world.rules, list);
-    if (!world.files.FailureHappened()) {
+    const bool loaded = ReadWords(world.Reading, "/l.txt", ListKind::WordsToIgnore, world.Rules, list);
+    if (!world.Files.FailureHappened()) {
       EXPECT_GT(call, 3);
       EXPECT_TRUE(loaded);
       break;
@@ -194,7 +194,7 @@ TEST(ReadWords, EveryFailureOfTheDiskIsReportedAndLeavesTheListInForce) {
       // The size of a file is asked for messages only.
       EXPECT_THAT(list.Words, ElementsAre("word"));
     } else {
-      EXPECT_EQ(world.messages.shown.size(), 1u) << call;
+      EXPECT_EQ(world.Messages.Shown.size(), 1u) << call;
       EXPECT_THAT(list.Words, ElementsAre("kept")) << call;
     }
   }
@@ -204,11 +204,11 @@ TEST(ReadWords, AFileThatBreaksOffWhileItIsReadIsReportedAsAnError) {
   bool seen = false;
   for (int call = 1; call < 40 && !seen; ++call) {
     ListWorld world;
-    world.files.Add("/l.txt", std::string(100'000, 'w') + "\r\n");
-    world.files.FailCall(call);
+    world.Files.Add("/l.txt", std::string(100'000, 'w') + "\r\n");
+    world.Files.FailCall(call);
     WordList list;
-    if (ReadWords(world.reading, "/l.txt", ListKind::WordsToIgnore, world.rules, list)) continue;
-    seen = world.messages.Only().text.starts_with("At ReadWords error # 57.\r\nDescription: ");
+    if (ReadWords(world.Reading, "/l.txt", ListKind::WordsToIgnore, world.Rules, list)) continue;
+    seen = world.Messages.Only().Text.starts_with("At ReadWords error # 57.\r\nDescription: ");
   }
   EXPECT_TRUE(seen);
 }
@@ -219,14 +219,14 @@ TEST(ReadWords, GoesByTheChosenEncoding) {
   {
     ListWorld world;
     EXPECT_THAT(world.Read(utf8).Words, ElementsAre("café", "words"));
-    EXPECT_EQ(world.messages.Only().title, "Text encoding");
+    EXPECT_EQ(world.Messages.Only().Title, "Text encoding");
     EXPECT_THAT(world.Read(utf8).Words, ElementsAre("café", "words"));
-    EXPECT_EQ(world.messages.shown.size(), 1u) << "asked once per path";
+    EXPECT_EQ(world.Messages.Shown.size(), 1u) << "asked once per path";
     EXPECT_THAT(world.Read(ansi).Words, ElementsAre("café", "words"));
   }
   {
     ListWorld world;
-    world.messages.WillAnswer(Question::TextEncoding, Answer::No);
+    world.Messages.WillAnswer(Question::TextEncoding, Answer::No);
     EXPECT_THAT(world.Read(utf8).Words, ElementsAre("cafã", "words"));
   }
   EXPECT_THAT(ListWorld(EncodingChoice::Ansi).Read(utf8).Words, ElementsAre("cafã", "words"));
@@ -244,9 +244,9 @@ TEST(ReadWords, AsksAboutTheEncodingOnlyWhereAByteAbove127Comes) {
   std::string plain;
   while (plain.size() < 40'000) plain += "words\r\n";
   EXPECT_THAT(world.Read(plain).Words, ElementsAre("words"));
-  EXPECT_TRUE(world.messages.shown.empty());
+  EXPECT_TRUE(world.Messages.Shown.empty());
   EXPECT_THAT(world.Read(plain + "caf\xC3\xA9\r\n").Words, ElementsAre("words", "caf\u00E9"));
-  EXPECT_EQ(world.messages.Only().title, "Text encoding");
+  EXPECT_EQ(world.Messages.Only().Title, "Text encoding");
 }
 
 TEST(ReadWords, CountOnlyFilesHoldOneEntryALine) {
@@ -270,18 +270,18 @@ TEST(ReadWords, CountOnlyFilesHoldOneEntryALine) {
 TEST(ReadWords, WarnsOfCountOnlyEntriesThatNoWordCanMatch) {
   ListWorld world;
   EXPECT_THAT(world.Read("cat\r\n~t <a.b> ?ed\r\nU.S. army\r\n", ListKind::CountOnly).Words.size(), 3u);
-  EXPECT_TRUE(world.loaded);
-  EXPECT_EQ(world.messages.Only().title, "Character not allowed");
-  EXPECT_EQ(world.messages.Only().text,
+  EXPECT_TRUE(world.Loaded);
+  EXPECT_EQ(world.Messages.Only().Title, "Character not allowed");
+  EXPECT_EQ(world.Messages.Only().Text,
             "The character '.' occurs in the count-only word\r\nU.S. army\r\n"
             "but is not currently set as a character allowed in a word.");
-  EXPECT_TRUE(world.messages.Only().addition.starts_with("File: "));
+  EXPECT_TRUE(world.Messages.Only().Addition.starts_with("File: "));
 }
 
 TEST(CommentStripper, ReplacesEveryCommentByOneBlank) {
   struct LineCase {
-    const char* line;
-    const char* stripped;
+    const char* Line;
+    const char* Stripped;
   };
   // In order: a comment goes on from line to line.
   const LineCase cases[] = {
@@ -290,33 +290,33 @@ TEST(CommentStripper, ReplacesEveryCommentByOneBlank) {
       {"a/*b//c", "a "},  {"*///d", "  "},    {"", ""},       {"a / b * c", "a / b * c"},
   };
   CommentStripper stripper;
-  for (const LineCase& c : cases) EXPECT_EQ(stripper.Strip(c.line), c.stripped) << c.line;
+  for (const LineCase& c : cases) EXPECT_EQ(stripper.Strip(c.Line), c.Stripped) << c.Line;
 }
 
 TEST(LoadWordFilters, PutsFilesAndTypedTextTogether) {
   ListWorld world;
-  world.files.Add("/i.txt", "the ~ing\r\n");
-  world.files.Add("/c.txt", "Big hat\r\ncat\r\n");
+  world.Files.Add("/i.txt", "the ~ing\r\n");
+  world.Files.Add("/c.txt", "Big hat\r\ncat\r\n");
   ListRequest request;
   request.IgnoreFile = "/i.txt";
   request.IgnoreWords = "Ibid <a b> viz";
   request.PatternMatching = true;
   request.CountOnlyFile = "/c.txt";
   request.CountOnly = "dog, <x, y>";
-  world.rules.CaseSignificant = true;
-  const auto lists = LoadWordFilters(request, world.rules, world.reading);
+  world.Rules.CaseSignificant = true;
+  const auto lists = LoadWordFilters(request, world.Rules, world.Reading);
   ASSERT_TRUE(lists.has_value());
   EXPECT_THAT(lists->FileWordsToIgnore, ElementsAre("the", "~ing"));
   EXPECT_THAT(lists->TypedWordsToIgnore, ElementsAre("Ibid", "<a b>", "viz"));
   EXPECT_TRUE(lists->PatternMatchingInWordsToIgnoreFile);
   EXPECT_THAT(lists->CountOnly, ElementsAre("Big hat", "cat", "dog", "<x, y>"));
   EXPECT_TRUE(lists->CaseSignificant);
-  EXPECT_THAT(world.messages.shown, IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
 }
 
 TEST(LoadWordFilters, WithoutAnyListNothingIsInForce) {
   ListWorld world;
-  const auto lists = LoadWordFilters({}, world.rules, world.reading);
+  const auto lists = LoadWordFilters({}, world.Rules, world.Reading);
   ASSERT_TRUE(lists.has_value());
   EXPECT_FALSE(WordFilters(*lists).HasWordsToIgnore());
   EXPECT_FALSE(WordFilters(*lists).HasCountOnly());
@@ -326,13 +326,13 @@ TEST(LoadWordFilters, AMissingFileEndsIt) {
   ListWorld world;
   ListRequest request;
   request.IgnoreFile = "/none.txt";
-  EXPECT_FALSE(LoadWordFilters(request, world.rules, world.reading).has_value());
-  EXPECT_EQ(world.messages.Only().text, "File for words-to-ignore not found.");
-  world.messages.Forget();
+  EXPECT_FALSE(LoadWordFilters(request, world.Rules, world.Reading).has_value());
+  EXPECT_EQ(world.Messages.Only().Text, "File for words-to-ignore not found.");
+  world.Messages.Forget();
   request = {};
   request.CountOnlyFile = "/none.txt";
-  EXPECT_FALSE(LoadWordFilters(request, world.rules, world.reading).has_value());
-  EXPECT_EQ(world.messages.Only().text, "File for count-only words not found.");
+  EXPECT_FALSE(LoadWordFilters(request, world.Rules, world.Reading).has_value());
+  EXPECT_EQ(world.Messages.Only().Text, "File for count-only words not found.");
 }
 
 TEST(LoadWordFilters, TypedTextWithAFaultDrawsItsMessageAndIsUsedAsTyped) {
@@ -340,9 +340,9 @@ TEST(LoadWordFilters, TypedTextWithAFaultDrawsItsMessageAndIsUsedAsTyped) {
   ListRequest request;
   request.IgnoreWords = "U.S. the";
   request.CountOnly = "cat,dog";
-  const auto lists = LoadWordFilters(request, world.rules, world.reading);
+  const auto lists = LoadWordFilters(request, world.Rules, world.Reading);
   ASSERT_TRUE(lists.has_value());
-  EXPECT_EQ(world.messages.shown.size(), 2u);
+  EXPECT_EQ(world.Messages.Shown.size(), 2u);
   EXPECT_THAT(lists->TypedWordsToIgnore, ElementsAre("U.S.", "the"));
   EXPECT_THAT(lists->CountOnly, ElementsAre("cat,dog"));
 }

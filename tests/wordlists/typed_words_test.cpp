@@ -14,8 +14,8 @@ using Entries = std::vector<std::string>;
 
 TEST(SplitTypedEntries, SeparatesWordsToIgnoreAtBlanks) {
   struct SplitCase {
-    const char* typed;
-    Entries entries;
+    const char* Typed;
+    std::vector<std::string> Entries;
   };
   const SplitCase cases[] = {
       {"", {}},
@@ -32,13 +32,13 @@ TEST(SplitTypedEntries, SeparatesWordsToIgnoreAtBlanks) {
       {"co\u00ADop well\u2011known \u201Cx\u201D", {"coop", "well-known", "\u201Cx\""}},
   };
   for (const SplitCase& c : cases)
-    EXPECT_EQ(SplitTypedEntries(ListKind::WordsToIgnore, c.typed), c.entries) << c.typed;
+    EXPECT_EQ(SplitTypedEntries(ListKind::WordsToIgnore, c.Typed), c.Entries) << c.Typed;
 }
 
 TEST(SplitTypedEntries, SeparatesCountOnlyEntriesAtCommaAndBlank) {
   struct SplitCase {
-    const char* typed;
-    Entries entries;
+    const char* Typed;
+    std::vector<std::string> Entries;
   };
   const SplitCase cases[] = {
       {"", {}},
@@ -53,14 +53,14 @@ TEST(SplitTypedEntries, SeparatesCountOnlyEntriesAtCommaAndBlank) {
       {"a,\r\nb", {"a", "b"}},
   };
   for (const SplitCase& c : cases)
-    EXPECT_EQ(SplitTypedEntries(ListKind::CountOnly, c.typed), c.entries) << c.typed;
+    EXPECT_EQ(SplitTypedEntries(ListKind::CountOnly, c.Typed), c.Entries) << c.Typed;
 }
 
 struct Fault {
-  ListKind kind;
-  const char* typed;
-  const char* title;
-  const char* text;
+  ListKind Kind;
+  const char* Typed;
+  const char* Title;
+  const char* Text;
 };
 
 TEST(CheckAllowedExtraChars, ShowsAMessageForTheFirstFault) {
@@ -100,10 +100,10 @@ TEST(CheckAllowedExtraChars, ShowsAMessageForTheFirstFault) {
   };
   for (const Fault& c : cases) {
     FakeMessages messages;
-    EXPECT_FALSE(CheckAllowedExtraChars(c.kind, c.typed, WordRules(), messages)) << c.typed;
-    EXPECT_EQ(messages.shown.size(), 1u) << c.typed;
-    EXPECT_EQ(messages.Only().title, c.title) << c.typed;
-    EXPECT_EQ(messages.Only().text, c.text) << c.typed;
+    EXPECT_FALSE(CheckAllowedExtraChars(c.Kind, c.Typed, WordRules(), messages)) << c.Typed;
+    EXPECT_EQ(messages.Shown.size(), 1u) << c.Typed;
+    EXPECT_EQ(messages.Only().Title, c.Title) << c.Typed;
+    EXPECT_EQ(messages.Only().Text, c.Text) << c.Typed;
   }
 }
 
@@ -111,9 +111,9 @@ TEST(CheckAllowedExtraChars, LetsPassWhatWordsMayHold) {
   WordRules generous;
   generous.AllowPeriods = generous.AllowNumerals = generous.AllowAtSigns = true;
   struct PassCase {
-    ListKind kind;
-    const char* typed;
-    WordRules rules;
+    ListKind Kind;
+    const char* Typed;
+    WordRules Rules;
   };
   const PassCase cases[] = {
       {ListKind::WordsToIgnore, "", {}},
@@ -126,8 +126,8 @@ TEST(CheckAllowedExtraChars, LetsPassWhatWordsMayHold) {
   };
   for (const PassCase& c : cases) {
     FakeMessages messages;
-    EXPECT_TRUE(CheckAllowedExtraChars(c.kind, c.typed, c.rules, messages)) << c.typed;
-    EXPECT_TRUE(messages.shown.empty()) << c.typed;
+    EXPECT_TRUE(CheckAllowedExtraChars(c.Kind, c.Typed, c.Rules, messages)) << c.Typed;
+    EXPECT_TRUE(messages.Shown.empty()) << c.Typed;
   }
 }
 

@@ -27,7 +27,7 @@ TEST(WordFileList, TheNewestEntryIsOnTopAndSelected) {
   EXPECT_THAT(list.Paths(), ElementsAre("/b.txt", "/a.txt"));
   EXPECT_EQ(list.SelectedPath(), "/b.txt");
   EXPECT_FALSE(list.Add("   ", messages));
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
 }
 
 TEST(WordFileList, ASortedListKeepsItsOrder) {
@@ -46,14 +46,14 @@ TEST(WordFileList, APathThatIsListedIsNotAddedAgain) {
   EXPECT_FALSE(list.Add("/Lists/A.txt", messages));
   EXPECT_EQ(list.SelectedPath(), "/lists/b.txt");
   EXPECT_EQ(list.Paths().size(), 2u);
-  EXPECT_EQ(messages.Only().title, "Already present");
-  EXPECT_EQ(messages.Only().icon, Icon::Information);
-  EXPECT_EQ(messages.Only().text,
+  EXPECT_EQ(messages.Only().Title, "Already present");
+  EXPECT_EQ(messages.Only().Icon, Icon::Information);
+  EXPECT_EQ(messages.Only().Text,
             "/Lists/A.txt\r\nis already in this list. If the file has changed\r\n"
             "select it from the drop-down list and reload it.");
   EXPECT_TRUE(list.AddOrSelect("/lists/a.txt", messages));
   EXPECT_EQ(list.SelectedPath(), "/lists/a.txt");
-  EXPECT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(messages.Shown.size(), 1u);
 }
 
 TEST(WordFileList, TheHundredthFileIsRefused) {
@@ -63,13 +63,13 @@ TEST(WordFileList, TheHundredthFileIsRefused) {
     EXPECT_TRUE(list.MayGrow(messages));
     EXPECT_TRUE(list.Add("/" + std::to_string(i), messages));
   }
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
   EXPECT_EQ(FilesButtonCaption(list.Kind(), list.Paths().size()), "Words-to-ignore files (99)");
   EXPECT_FALSE(list.MayGrow(messages));
-  EXPECT_EQ(messages.Only().text, "No more files may be added to this list.");
+  EXPECT_EQ(messages.Only().Text, "No more files may be added to this list.");
   messages.Forget();
   EXPECT_FALSE(list.Add("/99", messages));
-  EXPECT_EQ(messages.Only().text, "No more files may be added to this list.");
+  EXPECT_EQ(messages.Only().Text, "No more files may be added to this list.");
   EXPECT_EQ(list.Paths().size(), 99u);
   EXPECT_EQ(list.SelectedPath(), "/98");
 }
@@ -88,9 +88,9 @@ TEST(WordFileList, RemovesTheSelectedEntryAndClears) {
   messages.WillAnswer(Question::ClearWordFiles, Answer::No);
   EXPECT_FALSE(list.AskToClear(messages));
   EXPECT_EQ(list.Paths().size(), 2u);
-  EXPECT_EQ(messages.Only().text, "Do you wish to remove ALL files from this list?");
-  EXPECT_EQ(messages.Only().title, "Clear count-only words files");
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Only().Text, "Do you wish to remove ALL files from this list?");
+  EXPECT_EQ(messages.Only().Title, "Clear count-only words files");
+  EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
   EXPECT_TRUE(list.AskToClear(messages));
   EXPECT_THAT(list.Paths(), IsEmpty());
@@ -98,7 +98,7 @@ TEST(WordFileList, RemovesTheSelectedEntryAndClears) {
   WordFileList ignoring(ListKind::WordsToIgnore);
   messages.Forget();
   ignoring.AskToClear(messages);
-  EXPECT_EQ(messages.Only().title, "Clear words-to-ignore files");
+  EXPECT_EQ(messages.Only().Title, "Clear words-to-ignore files");
 }
 
 TEST(WordFileList, RestoresNoMoreThanItHolds) {
@@ -112,9 +112,9 @@ TEST(WordFileList, RestoresNoMoreThanItHolds) {
 
 TEST(CommonWords, EveryLanguageHasItsFile) {
   struct LanguageCase {
-    const char* code;
-    const char* item;
-    const char* file;
+    const char* Code;
+    const char* Item;
+    const char* File;
   };
   const LanguageCase cases[] = {
       {"en", "English", "cwds_en.txt"},
@@ -126,10 +126,10 @@ TEST(CommonWords, EveryLanguageHasItsFile) {
       {"all", "All six languages", "cwds_en_de_es_pt_it_fr.txt"},
   };
   for (const LanguageCase& c : cases) {
-    const CommonWordsLanguage* language = FindCommonWordsLanguage(c.code);
-    ASSERT_NE(language, nullptr) << c.code;
-    EXPECT_EQ(language->Item, c.item);
-    EXPECT_EQ(language->File, c.file);
+    const CommonWordsLanguage* language = FindCommonWordsLanguage(c.Code);
+    ASSERT_NE(language, nullptr) << c.Code;
+    EXPECT_EQ(language->Item, c.Item);
+    EXPECT_EQ(language->File, c.File);
   }
   EXPECT_EQ(FindCommonWordsLanguage("xx"), nullptr);
   EXPECT_EQ(FindCommonWordsLanguage(""), nullptr);
@@ -144,9 +144,9 @@ TEST(CommonWords, AskBeforeTheFileIsListedAndSelected) {
 
   messages.WillAnswer(Question::LoadCommonWords, Answer::No);
   EXPECT_FALSE(AddCommonWords(german, "/korv", files, list, messages));
-  EXPECT_EQ(messages.Only().text, "Load common words file for German?");
-  EXPECT_EQ(messages.Only().title, "Load common words file");
-  EXPECT_EQ(messages.Only().buttons, Buttons::YesNo);
+  EXPECT_EQ(messages.Only().Text, "Load common words file for German?");
+  EXPECT_EQ(messages.Only().Title, "Load common words file");
+  EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   EXPECT_THAT(list.Paths(), IsEmpty());
 
   messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
@@ -158,7 +158,7 @@ TEST(CommonWords, AskBeforeTheFileIsListedAndSelected) {
 
   messages.Forget();
   EXPECT_FALSE(AddCommonWords(kCommonWordsLanguages.back(), "/korv", files, list, messages));
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
 }
 
 TEST(CommonWords, AMissingFileIsReported) {
@@ -166,9 +166,9 @@ TEST(CommonWords, AMissingFileIsReported) {
   FakeMessages messages;
   WordFileList list(ListKind::WordsToIgnore);
   EXPECT_FALSE(AddCommonWords(*FindCommonWordsLanguage("fr"), "/korv", files, list, messages));
-  ASSERT_EQ(messages.shown.size(), 2u);
-  EXPECT_EQ(messages.shown[1].text, Below("/korv", "cwds_fr.txt") + " not found.");
-  EXPECT_EQ(messages.shown[1].title, "Error");
+  ASSERT_EQ(messages.Shown.size(), 2u);
+  EXPECT_EQ(messages.Shown[1].Text, Below("/korv", "cwds_fr.txt") + " not found.");
+  EXPECT_EQ(messages.Shown[1].Title, "Error");
   EXPECT_THAT(list.Paths(), IsEmpty());
 }
 
@@ -202,11 +202,11 @@ TEST(CommentMarkersOK, RefusesMarkersThatCouldBeWords) {
   WordRules rules;
   rules.AllowHyphens = rules.AllowParentheses = rules.AllowBackslashes = true;
   EXPECT_TRUE(CommentMarkersOK(rules, messages));
-  EXPECT_THAT(messages.shown, IsEmpty());
+  EXPECT_THAT(messages.Shown, IsEmpty());
   rules.AllowForwardslashes = true;
   EXPECT_FALSE(CommentMarkersOK(rules, messages));
-  EXPECT_EQ(messages.Only().title, "Error");
-  EXPECT_EQ(messages.Only().text,
+  EXPECT_EQ(messages.Only().Title, "Error");
+  EXPECT_EQ(messages.Only().Text,
             "With the current settings the start-comment marker // could be part of a word.\r\n"
             "Check the the 'Settings' window and perhaps disallow comment markers or restrict allowable "
             "characters in 'words'.");

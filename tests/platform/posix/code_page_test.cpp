@@ -16,9 +16,9 @@ std::string Encoded(CodePage& page, std::string_view text) {
 
 TEST(CodePage, WritesCharactersInItsEncodingAndAQuestionMarkForThoseThatItLacks) {
   struct Row {
-    const char* name;
-    const char* text;
-    const char* bytes;
+    const char* Name;
+    const char* Text;
+    const char* Bytes;
   };
   for (const Row& row :
        {Row{"ISO-8859-1", "", ""}, Row{"ISO-8859-1", "plain\ttext\r\n", "plain\ttext\r\n"},
@@ -28,9 +28,9 @@ TEST(CodePage, WritesCharactersInItsEncodingAndAQuestionMarkForThoseThatItLacks)
         Row{"ISO-8859-1", "a\xFF\xFE z", "a?? z"}, Row{"ISO-8859-7", "Ελλάς", "\xC5\xEB\xEB\xDC\xF2"},
         Row{"WINDOWS-1252", "€ œ", "\x80 \x9C"},
         Row{"ISO-2022-JP", "日é本", "\x1B$BF|\x1B(B?\x1B$BK\\\x1B(B"}}) {
-    const auto page = CodePageOfName(row.name);
-    ASSERT_NE(page, nullptr) << row.name;
-    EXPECT_EQ(Encoded(*page, row.text), row.bytes) << row.name << ' ' << row.text;
+    const auto page = CodePageOfName(row.Name);
+    ASSERT_NE(page, nullptr) << row.Name;
+    EXPECT_EQ(Encoded(*page, row.Text), row.Bytes) << row.Name << ' ' << row.Text;
   }
 }
 

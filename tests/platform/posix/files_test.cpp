@@ -20,9 +20,9 @@ class PosixFilesTest : public testing::Test {
   // The error of writing and committing; empty when all went well.
   std::string Write(const fs::path& path, const std::string& content) {
     auto file = files->OpenForWriting(path);
-    if (!file) return file.Error().description;
-    if (auto fault = (*file)->Write(content)) return fault->description;
-    if (auto fault = (*file)->Commit()) return fault->description;
+    if (!file) return file.Error().Description;
+    if (auto fault = (*file)->Write(content)) return fault->Description;
+    if (auto fault = (*file)->Commit()) return fault->Description;
     return {};
   }
   mode_t ModeOf(const fs::path& path) {
@@ -59,7 +59,7 @@ TEST_F(PosixFilesTest, AReadOnlyFileIsNotReplaced) {
   if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write to every file";
   WriteTestFile(folder / "out", "old");
   ASSERT_EQ(::chmod((folder / "out").c_str(), 0400), 0);
-  EXPECT_EQ(files->OpenForWriting(folder / "out").Error().fault, FileFault::PermissionDenied);
+  EXPECT_EQ(files->OpenForWriting(folder / "out").Error().Fault, FileFault::PermissionDenied);
   EXPECT_EQ(ReadTestFile(folder / "out"), "old");
 }
 
@@ -95,7 +95,7 @@ TEST_F(PosixFilesTest, AFullDeviceIsAnError) {
   ASSERT_TRUE(file);
   const auto fault = (*file)->Write("words");
   ASSERT_TRUE(fault);
-  EXPECT_EQ(fault->fault, FileFault::NoSpace);
+  EXPECT_EQ(fault->Fault, FileFault::NoSpace);
   EXPECT_TRUE((*file)->Commit()) << "what was not written cannot be committed";
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
@@ -153,8 +153,8 @@ TEST_F(PosixFilesTest, ListsLinksToFilesButNotToFolders) {
   ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
   const auto listing = files->ListFolder(folder.Path());
   ASSERT_TRUE(listing);
-  EXPECT_THAT(listing->files, UnorderedElementsAre(fs::path("link to file"), fs::path("link to nothing")));
-  EXPECT_THAT(listing->subfolders, UnorderedElementsAre(fs::path("sub")));
+  EXPECT_THAT(listing->Files, UnorderedElementsAre(fs::path("link to file"), fs::path("link to nothing")));
+  EXPECT_THAT(listing->Subfolders, UnorderedElementsAre(fs::path("sub")));
 }
 
 TEST_F(PosixFilesTest, NamesMayHoldAnyByte) {
@@ -162,10 +162,10 @@ TEST_F(PosixFilesTest, NamesMayHoldAnyByte) {
   WriteTestFile(folder / name, "words");
   const auto listing = files->ListFolder(folder.Path());
   ASSERT_TRUE(listing);
-  ASSERT_EQ(listing->files.size(), 1U);
-  EXPECT_EQ(listing->files[0].native(), name);
-  EXPECT_EQ(PathToText(listing->files[0]), "bad\xEF\xBF\xBD\nname\\ \xC3\xA9.txt");
-  EXPECT_TRUE(files->OpenForReading(folder / listing->files[0]));
+  ASSERT_EQ(listing->Files.size(), 1U);
+  EXPECT_EQ(listing->Files[0].native(), name);
+  EXPECT_EQ(PathToText(listing->Files[0]), "bad\xEF\xBF\xBD\nname\\ \xC3\xA9.txt");
+  EXPECT_TRUE(files->OpenForReading(folder / listing->Files[0]));
   EXPECT_EQ(PathFromText(name).native(), name) << "bytes that came from the system go back as they are";
 }
 

@@ -130,7 +130,7 @@ TEST(InterruptsDeathTest, AFileThatOutgrowsItsLimitIsAnErrorOfTheWrite) {
           const auto files = MakeSystemFiles();
           auto file = files->OpenForWriting(report);
           const auto fault = (*file)->Write(std::string(100, 'x'));
-          if (!fault || fault->fault != FileFault::NoSpace || !(*file)->Commit()) _exit(1);
+          if (!fault || fault->Fault != FileFault::NoSpace || !(*file)->Commit()) _exit(1);
         }
         _exit(0);
       },

@@ -14,9 +14,9 @@ std::string Encoded(CodePage& page, std::string_view text) {
 
 TEST(CodePage, WritesCharactersInItsEncodingAndAQuestionMarkForThoseThatItLacks) {
   struct Row {
-    const char* name;
-    const char* text;
-    const char* bytes;
+    const char* Name;
+    const char* Text;
+    const char* Bytes;
   };
   for (const Row& row : {Row{"1252", "", ""}, Row{"1252", "plain\ttext\r\n", "plain\ttext\r\n"},
                          Row{"1252", "café € œ", "caf\xE9 \x80 \x9C"}, Row{"1252", "Ελλάς", "?????"},
@@ -26,9 +26,9 @@ TEST(CodePage, WritesCharactersInItsEncodingAndAQuestionMarkForThoseThatItLacks)
                          Row{"1252", "ａ∞", "??"}, Row{"1250", "Łódź", "\xA3\xF3\x64\x9F"},
                          Row{"1250", "ñ", "?"}, Row{"932", "日本語 é", "\x93\xFA\x96{\x8C\xEA ?"},
                          Row{"932", "ｱア", "\xB1\x83\x41"}, Row{"1253", "Ελλάς", "\xC5\xEB\xEB\xDC\xF2"}}) {
-    const auto page = CodePageOfName(row.name);
-    ASSERT_NE(page, nullptr) << row.name;
-    EXPECT_EQ(Encoded(*page, row.text), row.bytes) << row.name << ' ' << row.text;
+    const auto page = CodePageOfName(row.Name);
+    ASSERT_NE(page, nullptr) << row.Name;
+    EXPECT_EQ(Encoded(*page, row.Text), row.Bytes) << row.Name << ' ' << row.Text;
   }
 }
 

@@ -8,8 +8,8 @@ namespace korv {
 namespace {
 
 struct Row {
-  const wchar_t* plain;
-  const wchar_t* extended;
+  const wchar_t* Plain;
+  const wchar_t* Extended;
 };
 
 TEST(ExtendedPath, TakesPathsWordForWordAndPlainPathTakesItBack) {
@@ -20,10 +20,10 @@ TEST(ExtendedPath, TakesPathsWordForWordAndPlainPathTakesItBack) {
         Row{L"C:\\caf\u00E9\\\u65E5\u672C", L"\\\\?\\C:\\caf\u00E9\\\u65E5\u672C"},
         Row{LR"(\\.\NUL)", LR"(\\.\NUL)"}, Row{LR"(\\.\pipe\x)", LR"(\\.\pipe\x)"},
         Row{LR"(\\?\Volume{1}\x)", LR"(\\?\Volume{1}\x)"}, Row{L"", L""}}) {
-    EXPECT_EQ(ExtendedPath(row.plain), row.extended);
-    EXPECT_EQ(PlainPath(row.extended), row.plain);
-    EXPECT_EQ(ExtendedPath(row.extended), row.extended) << "a second time changes nothing";
-    EXPECT_EQ(PlainPath(row.plain), row.plain) << "nor here";
+    EXPECT_EQ(ExtendedPath(row.Plain), row.Extended);
+    EXPECT_EQ(PlainPath(row.Extended), row.Plain);
+    EXPECT_EQ(ExtendedPath(row.Extended), row.Extended) << "a second time changes nothing";
+    EXPECT_EQ(PlainPath(row.Plain), row.Plain) << "nor here";
   }
 }
 
@@ -38,18 +38,18 @@ TEST(PlainPath, KnowsDrivesAndServersAmongDevices) {
         Row{LR"(\\server\share)", LR"(\\?\unc\server\share)"}, Row{LR"(\\.\C:)", LR"(\\.\C:)"},
         Row{LR"(\\?\C:)", LR"(\\?\C:)"}, Row{LR"(\\?\UNC\)", LR"(\\?\UNC\)"},
         Row{LR"(\\?\UNCLE\x)", LR"(\\?\UNCLE\x)"}, Row{LR"(\\?\)", LR"(\\?\)"}})
-    EXPECT_EQ(PlainPath(row.extended), row.plain);
+    EXPECT_EQ(PlainPath(row.Extended), row.Plain);
 }
 
 TEST(WideText, KeepsEveryCharacterAndMarksWhatIsNone) {
   struct Text {
-    const wchar_t* wide;
-    const char* utf8;
+    const wchar_t* Wide;
+    const char* Utf8;
   };
   for (const Text& text : {Text{L"", ""}, Text{L"caf\u00E9", "caf\xC3\xA9"}, Text{L"e\u0301", "e\xCC\x81"},
                            Text{L"\U0001D11E", "\xF0\x9D\x84\x9E"}}) {
-    EXPECT_EQ(ToUtf8(text.wide), text.utf8);
-    EXPECT_EQ(ToWide(text.utf8), text.wide);
+    EXPECT_EQ(ToUtf8(text.Wide), text.Utf8);
+    EXPECT_EQ(ToWide(text.Utf8), text.Wide);
   }
   EXPECT_EQ(ToUtf8(L"a\xD834z"), "a\xEF\xBF\xBDz") << "half a character";
   EXPECT_EQ(ToUtf8(L"a\xDD1E"), "a\xEF\xBF\xBD") << "the other half";

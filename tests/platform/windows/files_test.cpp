@@ -24,34 +24,34 @@ class WindowsFilesTest : public testing::Test {
   // The error of writing and committing; empty when all went well.
   std::string Write(const fs::path& path, const std::string& content) {
     auto file = files->OpenForWriting(path);
-    if (!file) return file.Error().description;
-    if (auto fault = (*file)->Write(content)) return fault->description;
-    if (auto fault = (*file)->Commit()) return fault->description;
+    if (!file) return file.Error().Description;
+    if (auto fault = (*file)->Write(content)) return fault->Description;
+    if (auto fault = (*file)->Commit()) return fault->Description;
     return {};
   }
   std::string Read(const fs::path& path) {
     auto file = files->OpenForReading(path);
-    if (!file) return "error: " + file.Error().description;
+    if (!file) return "error: " + file.Error().Description;
     char buffer[100];
     const auto got = (*file)->Read(buffer);
-    return got ? std::string(buffer, *got) : "error: " + got.Error().description;
+    return got ? std::string(buffer, *got) : "error: " + got.Error().Description;
   }
   FileFault ReadFault(const fs::path& path) {
     auto file = files->OpenForReading(path);
     EXPECT_FALSE(file);
-    return file ? FileFault::Other : file.Error().fault;
+    return file ? FileFault::Other : file.Error().Fault;
   }
   FileFault WriteFault(const fs::path& path) {
     auto file = files->OpenForWriting(path);
     EXPECT_FALSE(file);
-    return file ? FileFault::Other : file.Error().fault;
+    return file ? FileFault::Other : file.Error().Fault;
   }
   std::vector<fs::path> Entries() {
     const auto listing = files->ListFolder(folder.Path());
     EXPECT_TRUE(listing);
     if (!listing) return {};
-    std::vector<fs::path> entries = listing->files;
-    entries.insert(entries.end(), listing->subfolders.begin(), listing->subfolders.end());
+    std::vector<fs::path> entries = listing->Files;
+    entries.insert(entries.end(), listing->Subfolders.begin(), listing->Subfolders.end());
     return entries;
   }
 
@@ -113,8 +113,8 @@ TEST_F(WindowsFilesTest, PathsMayBeLongerThanTheUsualLimit) {
   EXPECT_EQ(ReadFault(file / "x"), FileFault::NotAFolder);
   const auto listing = files->ListFolder(deep);
   ASSERT_TRUE(listing);
-  EXPECT_THAT(listing->files, ElementsAre(fs::path("file.txt")));
-  EXPECT_THAT(listing->subfolders, ElementsAre());
+  EXPECT_THAT(listing->Files, ElementsAre(fs::path("file.txt")));
+  EXPECT_THAT(listing->Subfolders, ElementsAre());
   EXPECT_FALSE(files->Remove(file));
   EXPECT_FALSE(files->FileExists(file));
   for (; !chain.empty(); chain.pop_back()) EXPECT_FALSE(files->Remove(chain.back()));
@@ -129,8 +129,8 @@ TEST_F(WindowsFilesTest, NamesMayBeInAnyScriptAndForm) {
   for (const fs::path& name : names) EXPECT_EQ(Write(folder / name, PathToText(name)), "");
   const auto listing = files->ListFolder(folder.Path());
   ASSERT_TRUE(listing);
-  EXPECT_THAT(listing->files, testing::UnorderedElementsAreArray(names));
-  for (const fs::path& name : listing->files) {
+  EXPECT_THAT(listing->Files, testing::UnorderedElementsAreArray(names));
+  for (const fs::path& name : listing->Files) {
     EXPECT_EQ(Read(folder / name), PathToText(name));
     EXPECT_EQ(PathFromText(PathToText(name)), name);
     EXPECT_EQ(files->CanonicalPath(folder / name).filename(), name);
@@ -145,10 +145,10 @@ TEST_F(WindowsFilesTest, ANameThatIsNoTextIsListedAndReadAndItsTextMarksIt) {
   if (!made.Open()) GTEST_SKIP() << "no such names on this disk";
   const auto listing = files->ListFolder(folder.Path());
   ASSERT_TRUE(listing);
-  ASSERT_EQ(listing->files.size(), 1U);
-  if (listing->files[0] != name) GTEST_SKIP() << "this disk keeps another name";
-  EXPECT_TRUE(files->FileExists(folder / listing->files[0]));
-  EXPECT_TRUE(files->OpenForReading(folder / listing->files[0]));
+  ASSERT_EQ(listing->Files.size(), 1U);
+  if (listing->Files[0] != name) GTEST_SKIP() << "this disk keeps another name";
+  EXPECT_TRUE(files->FileExists(folder / listing->Files[0]));
+  EXPECT_TRUE(files->OpenForReading(folder / listing->Files[0]));
 }
 
 TEST_F(WindowsFilesTest, NamesThatCannotBeTypedAreReadAsTheyWereListed) {
@@ -177,15 +177,15 @@ TEST_F(WindowsFilesTest, EitherSeparatorWillDo) {
   EXPECT_EQ(Read(PathFromText(turned)), "words");
   EXPECT_EQ(files->AbsolutePath(PathFromText(turned)), folder / "sub" / "a.txt");
   EXPECT_TRUE(files->SameFile(PathFromText(turned), folder / "sub" / "a.txt"));
-  EXPECT_EQ(files->ListFolder(PathFromText(text + "/sub/"))->files.size(), 1U);
+  EXPECT_EQ(files->ListFolder(PathFromText(text + "/sub/"))->Files.size(), 1U);
 }
 
 // ---- Roots and places
 
 TEST_F(WindowsFilesTest, ASeparatorAtTheEndIsKeptAtARootOnly) {
   struct Row {
-    const wchar_t* given;
-    const wchar_t* absolute;
+    const wchar_t* Given;
+    const wchar_t* Absolute;
   };
   for (const Row& row :
        {Row{L"C:\\", L"C:\\"}, Row{L"C:/", L"C:\\"}, Row{L"C:\\a\\..", L"C:\\"}, Row{L"C:\\a\\", L"C:\\a"},
@@ -196,7 +196,7 @@ TEST_F(WindowsFilesTest, ASeparatorAtTheEndIsKeptAtARootOnly) {
         Row{LR"(\\server\share)", LR"(\\server\share)"}, Row{LR"(\\?\C:\a\b)", LR"(C:\a\b)"},
         Row{LR"(\\?\UNC\server\share\a)", LR"(\\server\share\a)"}, Row{LR"(\\.\C:\a)", LR"(C:\a)"},
         Row{L"", L""}})
-    EXPECT_EQ(files->AbsolutePath(row.given), fs::path(row.absolute)) << PathToText(row.given);
+    EXPECT_EQ(files->AbsolutePath(row.Given), fs::path(row.Absolute)) << PathToText(row.Given);
 }
 
 /// Makes a folder the current one for as long as it lives.
@@ -232,7 +232,7 @@ TEST_F(WindowsFilesTest, TheRootOfADriveIsAFolder) {
     EXPECT_EQ(ReadFault(root), FileFault::IsFolder);
     const auto listing = files->ListFolder(root);
     ASSERT_TRUE(listing);
-    EXPECT_THAT(listing->subfolders, testing::Contains(fs::path("windows")));
+    EXPECT_THAT(listing->Subfolders, testing::Contains(fs::path("windows")));
   }
   EXPECT_TRUE(files->FolderExists("C:"));
   EXPECT_FALSE(files->FolderExists("1:\\"));
@@ -245,16 +245,16 @@ TEST_F(WindowsFilesTest, AFileThatIsUsedAsAFolderIsToldFromAMissingOne) {
   for (const fs::path& path : {folder / "a.txt" / "b.txt", folder / "a.txt" / "b" / "c.txt"}) {
     EXPECT_EQ(ReadFault(path), FileFault::NotAFolder);
     EXPECT_EQ(WriteFault(path), FileFault::NotAFolder);
-    EXPECT_EQ(files->ListFolder(path).Error().fault, FileFault::NotAFolder);
-    EXPECT_EQ(files->FileSize(path).Error().fault, FileFault::NotAFolder);
-    EXPECT_EQ(files->CreateFolder(path)->fault, FileFault::NotAFolder);
-    EXPECT_EQ(files->Remove(path)->fault, FileFault::NotAFolder);
+    EXPECT_EQ(files->ListFolder(path).Error().Fault, FileFault::NotAFolder);
+    EXPECT_EQ(files->FileSize(path).Error().Fault, FileFault::NotAFolder);
+    EXPECT_EQ(files->CreateFolder(path)->Fault, FileFault::NotAFolder);
+    EXPECT_EQ(files->Remove(path)->Fault, FileFault::NotAFolder);
   }
-  EXPECT_EQ(files->CreateFolder(folder / "a.txt")->fault, FileFault::NotAFolder);
+  EXPECT_EQ(files->CreateFolder(folder / "a.txt")->Fault, FileFault::NotAFolder);
   const fs::path missing = folder / "missing" / "b.txt";
   EXPECT_EQ(ReadFault(missing), FileFault::NotFound);
   EXPECT_EQ(WriteFault(missing), FileFault::NotFound);
-  EXPECT_EQ(files->ListFolder(missing).Error().fault, FileFault::NotFound);
+  EXPECT_EQ(files->ListFolder(missing).Error().Fault, FileFault::NotFound);
 }
 
 TEST_F(WindowsFilesTest, NamesThatCannotBeAreNotFound) {
@@ -272,7 +272,7 @@ TEST_F(WindowsFilesTest, AFileThatAnotherProgramKeepsToItselfIsDenied) {
   const Handle other = OpenByOther(folder / "a.txt", 0);
   EXPECT_EQ(ReadFault(folder / "a.txt"), FileFault::PermissionDenied);
   EXPECT_EQ(WriteFault(folder / "a.txt"), FileFault::PermissionDenied);
-  EXPECT_EQ(files->Remove(folder / "a.txt")->fault, FileFault::PermissionDenied);
+  EXPECT_EQ(files->Remove(folder / "a.txt")->Fault, FileFault::PermissionDenied);
   EXPECT_TRUE(files->FileExists(folder / "a.txt"));
   EXPECT_EQ(*files->FileSize(folder / "a.txt"), 5U);
   EXPECT_TRUE(files->SameFile(folder / "a.txt", folder / "a.txt"));
@@ -296,11 +296,11 @@ TEST_F(WindowsFilesTest, ALockedPartOfAFileIsDenied) {
   ASSERT_TRUE(file);
   const auto got = (*file)->Read(buffer);
   ASSERT_FALSE(got);
-  EXPECT_EQ(got.Error().fault, FileFault::PermissionDenied);
+  EXPECT_EQ(got.Error().Fault, FileFault::PermissionDenied);
 }
 
 TEST_F(WindowsFilesTest, TheWordsOfAFaultHaveNoEndOfASentence) {
-  const std::string words = files->OpenForReading(folder / "missing.txt").Error().description;
+  const std::string words = files->OpenForReading(folder / "missing.txt").Error().Description;
   ASSERT_FALSE(words.empty());
   EXPECT_EQ(words.find_first_of("\r\n"), std::string::npos) << words;
   EXPECT_NE(words.back(), '.');
@@ -338,7 +338,7 @@ TEST_F(WindowsFilesTest, AFileThatIsOpenedInBetweenIsLeftAlone) {
     const Handle reader = OpenByOther(folder / "out.txt", FILE_SHARE_READ | FILE_SHARE_WRITE);
     const auto fault = (*file)->Commit();
     ASSERT_TRUE(fault);
-    EXPECT_EQ(fault->fault, FileFault::PermissionDenied);
+    EXPECT_EQ(fault->Fault, FileFault::PermissionDenied);
     EXPECT_TRUE((*file)->Commit()) << "once failed, it stays so";
   }
   file->reset();
@@ -375,12 +375,12 @@ TEST_F(WindowsFilesTest, ADeviceIsWrittenDirectlyAndReadToItsEnd) {
   for (const fs::path& name : {fs::path("NUL"), fs::path("nul"), fs::path(LR"(\\.\NUL)"), folder / "NUL"}) {
     EXPECT_TRUE(files->FileExists(name)) << PathToText(name);
     EXPECT_FALSE(files->FolderExists(name));
-    EXPECT_EQ(files->FileSize(name).Error().fault, FileFault::Other);
+    EXPECT_EQ(files->FileSize(name).Error().Fault, FileFault::Other);
     EXPECT_EQ(Write(name, "words"), "");
     EXPECT_EQ(Write(files->AbsolutePath(name), "words"), "");
     EXPECT_EQ(Read(name), "");
     EXPECT_FALSE(files->SameFile(name, folder.Path()));
-    EXPECT_TRUE(files->ListFolder(name).Error().fault == FileFault::NotAFolder);
+    EXPECT_TRUE(files->ListFolder(name).Error().Fault == FileFault::NotAFolder);
   }
   EXPECT_FALSE(files->FileExists(LR"(\\.\no such device)"));
   EXPECT_THAT(Entries(), ElementsAre());
@@ -454,9 +454,9 @@ TEST_F(WindowsFilesTest, HiddenAndSystemFilesAreListed) {
 
 TEST(EntryKind, OnlyWhatLeadsElsewhereIsALink) {
   struct Row {
-    DWORD attributes;
-    DWORD tag;
-    EntryKind kind;
+    DWORD Attributes;
+    DWORD Tag;
+    EntryKind Kind;
   };
   constexpr DWORD kReparse = FILE_ATTRIBUTE_REPARSE_POINT;
   constexpr DWORD kFolder = FILE_ATTRIBUTE_DIRECTORY;
@@ -474,7 +474,7 @@ TEST(EntryKind, OnlyWhatLeadsElsewhereIsALink) {
         Row{kReparse, kCloud, EntryKind::File}, Row{kReparse | kFolder, kCloud, EntryKind::Folder},
         Row{kReparse, kDeduplicated, EntryKind::File}, Row{kReparse, kOtherSystemsPipe, EntryKind::Special},
         Row{FILE_ATTRIBUTE_DEVICE, 0, EntryKind::Special}})
-    EXPECT_EQ(KindOfEntry(row.attributes, row.tag), row.kind) << row.attributes << ' ' << row.tag;
+    EXPECT_EQ(KindOfEntry(row.Attributes, row.Tag), row.Kind) << row.Attributes << ' ' << row.Tag;
 }
 
 /// Whether a link could be made: the system may keep that to its administrators.
@@ -514,8 +514,8 @@ TEST_F(WindowsFilesTest, ListsLinksToFilesButNotToFolders) {
     GTEST_SKIP() << "no links here";
   const auto listing = files->ListFolder(folder.Path());
   ASSERT_TRUE(listing);
-  EXPECT_THAT(listing->files, UnorderedElementsAre(fs::path("link to file")));
-  EXPECT_THAT(listing->subfolders, UnorderedElementsAre(fs::path("sub")));
+  EXPECT_THAT(listing->Files, UnorderedElementsAre(fs::path("link to file")));
+  EXPECT_THAT(listing->Subfolders, UnorderedElementsAre(fs::path("sub")));
   EXPECT_EQ(*files->FileSize(folder / "link to file"), 5U);
   EXPECT_TRUE(files->FolderExists(folder / "link to folder"));
 }

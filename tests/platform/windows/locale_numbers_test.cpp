@@ -9,9 +9,9 @@ namespace {
 
 TEST(NumberFormatOfLocale, IsTheOneOfTheSystem) {
   struct Row {
-    const char* name;
-    const char* grouped;
-    const char* decimals;
+    const char* Name;
+    const char* Grouped;
+    const char* Decimals;
   };
   constexpr int64_t kValue = 123456789;
   for (const Row& row : {
@@ -23,10 +23,10 @@ TEST(NumberFormatOfLocale, IsTheOneOfTheSystem) {
            Row{"POSIX", "123456789", "1234.5"},
        }) {
     bool known = false;
-    const NumberFormat format = NumberFormatOfLocale(row.name, known);
-    EXPECT_TRUE(known) << row.name;
-    EXPECT_EQ(format.Grouped(kValue), row.grouped) << row.name;
-    EXPECT_EQ(format.Decimals(1234.5, 1), row.decimals) << row.name;
+    const NumberFormat format = NumberFormatOfLocale(row.Name, known);
+    EXPECT_TRUE(known) << row.Name;
+    EXPECT_EQ(format.Grouped(kValue), row.Grouped) << row.Name;
+    EXPECT_EQ(format.Decimals(1234.5, 1), row.Decimals) << row.Name;
   }
 }
 

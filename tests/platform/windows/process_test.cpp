@@ -36,8 +36,8 @@ class InputIs {
 };
 
 struct Pipe {
-  Handle reader;
-  Handle writer;
+  Handle Reader;
+  Handle Writer;
 };
 
 Pipe MakePipe() {
@@ -54,16 +54,16 @@ void WriteTo(const Handle& file, const std::string& bytes) {
 
 TEST(StandardInput, APipeIsReadByteByByteToItsEnd) {
   Pipe pipe = MakePipe();
-  const InputIs redirected(pipe.reader);
+  const InputIs redirected(pipe.Reader);
   NoYielder yielder;
   const auto input = OpenStandardInput(yielder);
   const std::string bytes("a\r\n\x1A\0z\xFF", 7);
-  WriteTo(pipe.writer, bytes);
+  WriteTo(pipe.Writer, bytes);
   char buffer[100];
   const auto got = input->Read(buffer);
   ASSERT_TRUE(got);
   EXPECT_EQ(std::string(buffer, *got), bytes);
-  pipe.writer.Close();
+  pipe.Writer.Close();
   const auto end = input->Read(buffer);
   ASSERT_TRUE(end);
   EXPECT_EQ(*end, 0U);
@@ -92,8 +92,8 @@ TEST(StandardInput, AClosedOneIsAnError) {
 
 TEST(StandardInput, EndsWhereAStopWasRequested) {
   const Pipe pipe = MakePipe();
-  const InputIs redirected(pipe.reader);
-  WriteTo(pipe.writer, "words");
+  const InputIs redirected(pipe.Reader);
+  WriteTo(pipe.Writer, "words");
   NoYielder yielder;
   yielder.RequestStop();
   char buffer[10];
@@ -104,7 +104,7 @@ TEST(StandardInput, EndsWhereAStopWasRequested) {
 
 TEST(StandardInput, AnInterruptEndsAReadThatWaits) {
   const Pipe pipe = MakePipe();
-  const InputIs redirected(pipe.reader);
+  const InputIs redirected(pipe.Reader);
   NoYielder yielder;
   const auto input = OpenStandardInput(yielder);
   for (int k = 0; k < 3; ++k) {
@@ -121,7 +121,7 @@ TEST(StandardInput, AnInterruptEndsAReadThatWaits) {
     EXPECT_TRUE(yielder.Stopped());
     yielder.ClearStop();
   }
-  WriteTo(pipe.writer, "words");
+  WriteTo(pipe.Writer, "words");
   char buffer[10];
   EXPECT_EQ(*input->Read(buffer), 5U) << "what comes later is read as ever";
 }

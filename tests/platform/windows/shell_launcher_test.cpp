@@ -10,36 +10,36 @@ namespace {
 
 TEST(ShellLauncher, KnowsWhatTheShellAnswers) {
   struct Row {
-    int answer;
-    LaunchFault fault;
+    int Answer;
+    LaunchFault Fault;
   };
   for (const Row& row : {Row{0, LaunchFault::OutOfMemory}, Row{8, LaunchFault::OutOfMemory},
                          Row{27, LaunchFault::NoAssociation}, Row{31, LaunchFault::NoAssociation},
                          Row{2, LaunchFault::Other}, Row{3, LaunchFault::Other}, Row{5, LaunchFault::Other},
                          Row{26, LaunchFault::Other}, Row{32, LaunchFault::Other}}) {
-    const LaunchResult result = LaunchResultOf(row.answer);
-    EXPECT_EQ(result.fault, row.fault) << row.answer;
-    EXPECT_EQ(result.code, row.answer);
+    const LaunchResult result = LaunchResultOf(row.Answer);
+    EXPECT_EQ(result.Fault, row.Fault) << row.Answer;
+    EXPECT_EQ(result.Code, row.Answer);
   }
   for (const int answer : {33, 42}) {
-    EXPECT_EQ(LaunchResultOf(answer).fault, LaunchFault::None) << answer;
-    EXPECT_EQ(LaunchResultOf(answer).code, 0) << answer;
+    EXPECT_EQ(LaunchResultOf(answer).Fault, LaunchFault::None) << answer;
+    EXPECT_EQ(LaunchResultOf(answer).Code, 0) << answer;
   }
 }
 
 TEST(ShellLauncher, AFileThatIsNotThereCannotBeOpened) {
   const TemporaryFolder folder;
   const LaunchResult result = MakeShellLauncher()->Open(PathToText(folder / "missing.txt"));
-  EXPECT_EQ(result.fault, LaunchFault::Other);
-  EXPECT_EQ(result.code, 2);
+  EXPECT_EQ(result.Fault, LaunchFault::Other);
+  EXPECT_EQ(result.Code, 2);
 }
 
 TEST(ShellLauncher, AFileOfNoKnownKindHasNoAssociation) {
   const TemporaryFolder folder;
   WriteTestFile(folder / "a.korv-no-such-kind", "words");
   const LaunchResult result = MakeShellLauncher()->Open(PathToText(folder / "a.korv-no-such-kind"));
-  EXPECT_EQ(result.fault, LaunchFault::NoAssociation);
-  EXPECT_EQ(result.code, 31);
+  EXPECT_EQ(result.Fault, LaunchFault::NoAssociation);
+  EXPECT_EQ(result.Code, 31);
 }
 
 TEST(ShellLauncher, SeeksTheClipboardViewerOnTheSystemsDrive) {

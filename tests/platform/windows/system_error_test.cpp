@@ -9,8 +9,8 @@ namespace {
 
 TEST(SystemError, TellsTheKindsOfFaultApart) {
   struct Row {
-    DWORD error;
-    FileFault fault;
+    DWORD Error;
+    FileFault Fault;
   };
   for (const Row& row :
        {Row{ERROR_FILE_NOT_FOUND, FileFault::NotFound}, Row{ERROR_PATH_NOT_FOUND, FileFault::NotFound},
@@ -21,23 +21,23 @@ TEST(SystemError, TellsTheKindsOfFaultApart) {
         Row{ERROR_WRITE_PROTECT, FileFault::PermissionDenied}, Row{ERROR_DIRECTORY, FileFault::NotAFolder},
         Row{ERROR_DISK_FULL, FileFault::NoSpace}, Row{ERROR_HANDLE_DISK_FULL, FileFault::NoSpace},
         Row{ERROR_CRC, FileFault::Other}, Row{ERROR_NOT_READY, FileFault::Other}})
-    EXPECT_EQ(ErrorOf(row.error).fault, row.fault) << row.error;
-  EXPECT_EQ(FolderError().fault, FileFault::IsFolder);
+    EXPECT_EQ(ErrorOf(row.Error).Fault, row.Fault) << row.Error;
+  EXPECT_EQ(FolderError().Fault, FileFault::IsFolder);
 }
 
 TEST(SystemError, DescribesEachInOneLineWithoutAPeriod) {
   for (const DWORD error : {ERROR_FILE_NOT_FOUND, ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION,
                             ERROR_DISK_FULL, ERROR_DIRECTORY, ERROR_BROKEN_PIPE}) {
-    const std::string words = ErrorOf(error).description;
+    const std::string words = ErrorOf(error).Description;
     ASSERT_FALSE(words.empty());
     EXPECT_EQ(words.find_first_of("\r\n"), std::string::npos) << words;
     EXPECT_EQ(MendedUtf8(words), words);
     EXPECT_NE(words.back(), '.') << words;
     EXPECT_NE(words.back(), ' ') << words;
-    EXPECT_NE(words, ErrorOf(ERROR_CRC).description);
+    EXPECT_NE(words, ErrorOf(ERROR_CRC).Description);
   }
   constexpr DWORD kNobodyKnows = 0x2FFF'FFFF;
-  EXPECT_EQ(ErrorOf(kNobodyKnows).description, "Error 805306367");
+  EXPECT_EQ(ErrorOf(kNobodyKnows).Description, "Error 805306367");
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ class Typist {
 
   TypedInput Input() {
     return TypedInput([this](std::span<wchar_t> units) {
-      ++reads;
+      ++Reads;
       if (texts_.empty()) return size_t{0};
       const std::wstring text = texts_.front();
       texts_.pop_front();
@@ -24,7 +24,7 @@ class Typist {
     });
   }
 
-  int reads = 0;
+  int Reads = 0;
 
  private:
   std::deque<std::wstring> texts_;
@@ -38,8 +38,8 @@ std::string ReadAll(TypedInput& input, size_t atOnce) {
 }
 
 struct Row {
-  std::deque<std::wstring> typed;
-  std::string text;
+  std::deque<std::wstring> Typed;
+  std::string Text;
 };
 
 TEST(TypedInput, IsTextUntilCtrlZBeginsALine) {
@@ -69,9 +69,9 @@ TEST(TypedInput, IsTextUntilCtrlZBeginsALine) {
   };
   for (const Row& row : rows) {
     for (const size_t atOnce : {1U, 3U, 1000U}) {
-      Typist typist(row.typed);
+      Typist typist(row.Typed);
       TypedInput input = typist.Input();
-      EXPECT_EQ(ReadAll(input, atOnce), row.text) << atOnce;
+      EXPECT_EQ(ReadAll(input, atOnce), row.Text) << atOnce;
     }
   }
 }
@@ -82,7 +82,7 @@ TEST(TypedInput, AsksNobodyAnyMoreAfterItsEnd) {
   char buffer[10];
   EXPECT_EQ(input.Read(buffer), 0U);
   EXPECT_EQ(input.Read(buffer), 0U);
-  EXPECT_EQ(typist.reads, 1);
+  EXPECT_EQ(typist.Reads, 1);
 }
 
 TEST(TypedInput, WaitsForNoMoreThanItNeeds) {
@@ -90,7 +90,7 @@ TEST(TypedInput, WaitsForNoMoreThanItNeeds) {
   TypedInput input = typist.Input();
   char buffer[100];
   EXPECT_EQ(input.Read(buffer), 5U) << "a line is handed on when it is typed";
-  EXPECT_EQ(typist.reads, 1);
+  EXPECT_EQ(typist.Reads, 1);
 }
 
 }  // namespace
