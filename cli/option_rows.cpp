@@ -126,7 +126,7 @@ std::vector<OptionRow> OwnContexts() {
 }
 
 std::vector<OptionRow> OwnOutput() {
-  constexpr OptionGroup group = OptionGroup::Output;
+  const OptionGroup group = OptionGroup::Output;
   std::vector<std::pair<std::string, std::optional<const TableForm*>>> forms = {{"text", nullptr}};
   for (const TableForm& form : TableForms()) forms.emplace_back(form.Name, &form);
   return {File("--output,-o", &CountOptions::Output, group, "Write the report to a file"),

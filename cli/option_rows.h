@@ -15,6 +15,7 @@ struct OptionRow {
   std::string ValueName = {};  ///< What its value is called; empty for a flag.
   OptionGroup Group = OptionGroup::Settings;
   std::string Help = {};
+  std::string Range = {};  ///< "2 to 25" where Help does not tell it.
   /// Puts its value, empty for a flag, into the options. Throws CLI::ValidationError where it makes no sense.
   std::function<void(const std::string& value, CountOptions& options)> Take = {};
   std::string Excludes =

@@ -11,7 +11,7 @@ namespace korv {
 
 namespace {
 
-constexpr const char* kVersion = "korv-count 1.0.0";
+constexpr const char* kVersion = "korv-count " KORV_VERSION;
 
 /// Reads the options. CLI11 hands over texts; the rows decide what they mean.
 class Parser {

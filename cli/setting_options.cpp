@@ -17,8 +17,11 @@ void Give(const SettingRow& row, CountOptions& options) {
   options.Given.Which |= SetOf(row);
 }
 
-void Replace(std::string& text, std::string_view placeholder, const std::string& with) {
-  if (const size_t at = text.find(placeholder); at != text.npos) text.replace(at, placeholder.size(), with);
+/// False where there is no such placeholder.
+bool Replace(std::string& text, std::string_view placeholder, const std::string& with) {
+  const size_t at = text.find(placeholder);
+  if (at != text.npos) text.replace(at, placeholder.size(), with);
+  return at != text.npos;
 }
 
 // ---- One setting
@@ -34,8 +37,10 @@ OptionRow OptionOf(const SettingRow& row, const CheckValue& value) {
 
 OptionRow OptionOf(const SettingRow& row, const NumberValue& value) {
   OptionRow option{.ValueName = "N", .Help = row.Option.Help};
-  Replace(option.Help, "{least}", std::to_string(value.Least));
-  Replace(option.Help, "{most}", std::to_string(value.Most));
+  const std::string least = std::to_string(value.Least);
+  const std::string most = std::to_string(value.Most);
+  if (!Replace(option.Help, "{least}", least)) option.Range = least + " to " + most;
+  Replace(option.Help, "{most}", most);
   Replace(option.Help, "{default}", std::to_string(value.Get(Settings{})));
   option.Take = [&row, value](const std::string& text, CountOptions& options) {
     if (row.Option.Switch != nullptr) {

@@ -539,6 +539,7 @@ std::vector<SavedPlace> SavedPlaces(std::span<const SettingRow> rows) {
   }
   std::ranges::sort(places, {}, &std::pair<int, SavedPlace>::first);
   std::vector<SavedPlace> inOrder;
+  inOrder.reserve(places.size());
   for (const auto& [place, value] : places) inOrder.push_back(value);
   return inOrder;
 }

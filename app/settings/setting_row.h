@@ -51,7 +51,7 @@ inline constexpr int kNoChoice = -1;
 /// A text box.
 struct TextValue {
   const std::string& (*Get)(const Settings&);
-  void (*Set)(Settings&, std::string);
+  void (*Set)(Settings&, const std::string&);
   /// How a typed text is written; null for as typed.
   std::string (*Tidied)(std::string_view) = nullptr;
 };
@@ -141,7 +141,7 @@ constexpr ChoiceValue ChoiceOf(std::span<const Choice> choices) {
 template <auto... Path>
 constexpr TextValue Text(std::string (*tidied)(std::string_view) = nullptr) {
   return {[](const Settings& settings) -> const std::string& { return (settings.*....*Path); },
-          [](Settings& settings, std::string value) { (settings.*....*Path) = std::move(value); }, tidied};
+          [](Settings& settings, const std::string& value) { (settings.*....*Path) = value; }, tidied};
 }
 
 }  // namespace korv
