@@ -78,7 +78,8 @@ Expected<std::string, ManualFault> ManualOptions(std::span<const OptionRow> opti
       const std::string title = TitleOf(option.Group);
       page += ".SS " + title + "\n" + Take(rest, title);
     }
-    page += ".TP\n" + Heading(option) + Sentence(option) + Take(rest, option.Name.substr(0, option.Name.find(',')));
+    page += ".TP\n" + Heading(option) + Sentence(option) +
+            Take(rest, option.Name.substr(0, option.Name.find(',')));
     before = &option;
   }
   if (!rest.empty()) return ManualFault{"There is no option " + rest.begin()->first + "."};

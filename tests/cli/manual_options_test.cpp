@@ -13,9 +13,16 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 const std::vector<OptionRow> kOptions = {
-    {.Name = "--min-words", .ValueName = "N", .Group = OptionGroup::Phrases, .Help = "Fewest words (4)", .Range = "2 to 25"},
+    {.Name = "--min-words",
+     .ValueName = "N",
+     .Group = OptionGroup::Phrases,
+     .Help = "Fewest words (4)",
+     .Range = "2 to 25"},
     {.Name = "--relative", .Group = OptionGroup::Report, .Help = "Percentages"},
-    {.Name = "--order", .ValueName = "frequency|alphabetical", .Group = OptionGroup::Report, .Help = "Word order"},
+    {.Name = "--order",
+     .ValueName = "frequency|alphabetical",
+     .Group = OptionGroup::Report,
+     .Help = "Word order"},
     {.Name = "--output,-o", .ValueName = "FILE", .Group = OptionGroup::Output, .Help = "A file, C:\\a"},
 };
 
@@ -46,7 +53,8 @@ TEST(ManualOptions, HaveTheirNotes) {
 }
 
 TEST(ManualOptions, RefuseNotesOnWhatIsNoOption) {
-  EXPECT_EQ(FaultOf(ManualOptions(kOptions, ".\\\" for --relativ\nOf all.\n")), "There is no option --relativ.");
+  EXPECT_EQ(FaultOf(ManualOptions(kOptions, ".\\\" for --relativ\nOf all.\n")),
+            "There is no option --relativ.");
 }
 
 TEST(ManualPage, HoldsThemWhereItsMarkStands) {

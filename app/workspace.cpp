@@ -1,0 +1,71 @@
+#include "app/workspace.h"
+
+#include <utility>
+
+#include "wordlists/load_word_filters.h"
+#include "wordlists/typed_words.h"
+
+namespace korv {
+
+Workspace::Workspace(Settings settings) : settings_(std::move(settings)) {
+  TakeFilesOfSettings();
+}
+
+void Workspace::TakeFilesOfSettings() {
+  WordFileList& files = PartOf(ListKind::WordsToIgnore).Files;
+  files.Restore(settings_.WordsFiles, settings_.SelectedWordsFile);
+  // What a list does not take, settings do not keep.
+  settings_.WordsFiles = files.Paths();
+  settings_.SelectedWordsFile = files.Selected();
+}
+
+void Workspace::Change(ChangedBy by, const Settings& settings) {
+  const Settings before = std::exchange(settings_, settings);
+  TakeFilesOfSettings();
+  const SettingSet changed = DifferencesOf(before, settings_);
+  if (changed.none()) return;
+  // By index: a listener may bring another one.
+  for (size_t k = 0; k < listeners_.size(); ++k) listeners_[k](changed, by);
+}
+
+void Workspace::Change(ChangedBy by, const std::function<void(Settings&)>& edit) {
+  Settings settings = settings_;
+  edit(settings);
+  Change(by, settings);
+}
+
+void Workspace::ChangeFiles(ChangedBy by, ListKind kind, const std::function<void(WordFileList&)>& edit) {
+  if (kind == ListKind::CountOnly) return edit(PartOf(kind).Files);
+  WordFileList files = FilesOf(kind);
+  edit(files);
+  Change(by, [&files](Settings& settings) {
+    settings.WordsFiles = files.Paths();
+    settings.SelectedWordsFile = files.Selected();
+  });
+}
+
+const WordList* Workspace::LoadedOf(ListKind kind) const {
+  const std::optional<WordList>& loaded = PartOf(kind).Loaded;
+  return loaded ? &*loaded : nullptr;
+}
+
+const std::string& Workspace::TypedOf(ListKind kind) const {
+  return kind == ListKind::WordsToIgnore ? settings_.ExtraWordsToIgnore : countOnly_;
+}
+
+bool Workspace::HasWordsToIgnore() const {
+  const WordList* const loaded = LoadedOf(ListKind::WordsToIgnore);
+  return (loaded != nullptr && !loaded->Words.empty()) ||
+         !SplitTypedEntries(ListKind::WordsToIgnore, TypedOf(ListKind::WordsToIgnore)).empty();
+}
+
+RunRequest Workspace::RequestOfNow() const {
+  RunRequest request = RunRequestOf(settings_);
+  request.Lists = MakeWordFilterSpec(LoadedOf(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
+                                     settings_.PatternMatchingInWordsToIgnoreFile,
+                                     LoadedOf(ListKind::CountOnly), TypedOf(ListKind::CountOnly),
+                                     settings_.Words);
+  return request;
+}
+
+}  // namespace korv
