@@ -34,8 +34,8 @@ std::string Line(std::initializer_list<std::string_view> cells) {
   return line;
 }
 
-std::string_view TokenText(const Corpus& corpus, size_t place) {
-  const WordNumber word = corpus.Tokens[place];
+std::string_view TokenText(const Corpus& corpus, Place place) {
+  const WordNumber word = corpus.Tokens[ValueOf(place)];
   return word == kNoWord ? "|" : corpus.Words.Text(word);
 }
 
@@ -51,10 +51,10 @@ ContextTable::ContextTable(const CountedRun& run, const DocxContext& context, st
 
 bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around) {
   out_ << Line({"file", "line", "column", "left", "phrase", "right"});
-  std::vector<uint32_t> places = PlacesOf(corpus_, phrase);
+  std::vector<Place> places = PlacesOf(corpus_, phrase);
   // Files are read from their beginnings to their ends, whatever the order of the table.
-  std::unordered_map<uint32_t, std::string> rows;
-  for (const uint32_t place : places) {
+  std::unordered_map<Place, std::string> rows;
+  for (const Place place : places) {
     yielder_.Yield();
     if (yielder_.Stopped()) return false;
     std::string row = Row(place, phrase, around);
@@ -65,11 +65,11 @@ bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, s
   }
   if (order == PlaceOrder::Place) return true;
   OrderPlaces(corpus_, static_cast<int>(phrase.size()), order, places);
-  for (const uint32_t place : places) out_ << rows[place];
+  for (const Place place : places) out_ << rows[place];
   return true;
 }
 
-std::string ContextTable::Row(uint32_t place, std::span<const WordNumber> phrase, size_t around) {
+std::string ContextTable::Row(Place place, std::span<const WordNumber> phrase, size_t around) {
   const auto found = locator_.Locate(place, static_cast<int>(phrase.size()), around);
   if (!found) {
     TellOnce(place, found.Error());
@@ -80,30 +80,30 @@ std::string ContextTable::Row(uint32_t place, std::span<const WordNumber> phrase
 }
 
 /// What the run itself knows: words without what stood between them, "|" where no phrase goes on.
-std::string ContextTable::RowOfWords(uint32_t place, std::span<const WordNumber> phrase,
-                                     size_t around) const {
+std::string ContextTable::RowOfWords(Place place, std::span<const WordNumber> phrase, size_t around) const {
   const size_t source = corpus_.SourceAt(place);
   const size_t begin = corpus_.Sources[source].Begin;
   const size_t end = source + 1 < corpus_.Sources.size() ? corpus_.Sources[source + 1].Begin
                                                          : corpus_.Tokens.size() - kTrailingEnds;
   std::string left;
-  for (size_t i = place; i > begin && left.size() <= 4 * (around + 1); --i)
-    left = std::string(TokenText(corpus_, i - 1)) + (left.empty() ? "" : " ") + left;
+  for (size_t i = ValueOf(place); i > begin && left.size() <= 4 * (around + 1); --i)
+    left = std::string(TokenText(corpus_, Place{static_cast<uint32_t>(i - 1)})) + (left.empty() ? "" : " ") +
+           left;
   std::string words;
-  for (size_t k = 0; k < phrase.size(); ++k)
+  for (uint32_t k = 0; k < phrase.size(); ++k)
     words += (k == 0 ? "" : " ") + std::string(TokenText(corpus_, place + k));
   std::string right;
-  for (size_t i = place + phrase.size(); i < end && right.size() <= 4 * (around + 1); ++i)
-    right += (right.empty() ? "" : " ") + std::string(TokenText(corpus_, i));
+  for (size_t i = ValueOf(place) + phrase.size(); i < end && right.size() <= 4 * (around + 1); ++i)
+    right += (right.empty() ? "" : " ") + std::string(TokenText(corpus_, Place{static_cast<uint32_t>(i)}));
   return Line({FileOf(place), "", "", LastWords(left, around), words, FirstWords(right, around)});
 }
 
-std::string ContextTable::FileOf(uint32_t place) const {
+std::string ContextTable::FileOf(Place place) const {
   const std::filesystem::path& path = corpus_.Sources[corpus_.SourceAt(place)].Path;
   return path.empty() ? kStandardInput : PathToText(path);
 }
 
-void ContextTable::TellOnce(uint32_t place, PlaceFault fault) {
+void ContextTable::TellOnce(Place place, PlaceFault fault) {
   if (!told_.insert(corpus_.SourceAt(place)).second) return;
   tell_(FileOf(place) +
         (fault == PlaceFault::Changed ? " has changed since it was counted" : " cannot be read any more") +

@@ -28,10 +28,10 @@ class ContextTable {
   bool Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around);
 
  private:
-  std::string Row(uint32_t place, std::span<const WordNumber> phrase, size_t around);
-  std::string RowOfWords(uint32_t place, std::span<const WordNumber> phrase, size_t around) const;
-  std::string FileOf(uint32_t place) const;
-  void TellOnce(uint32_t place, PlaceFault fault);
+  std::string Row(Place place, std::span<const WordNumber> phrase, size_t around);
+  std::string RowOfWords(Place place, std::span<const WordNumber> phrase, size_t around) const;
+  std::string FileOf(Place place) const;
+  void TellOnce(Place place, PlaceFault fault);
 
   const Corpus& corpus_;
   Yielder& yielder_;

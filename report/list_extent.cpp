@@ -8,8 +8,7 @@ namespace korv {
 
 ListExtent MeasureList(const PhraseTable& table, Yielder& yielder) {
   ListExtent extent;
-  const PhraseIndex entries = table.EntryCount();
-  for (PhraseIndex i = 1; i <= entries; ++i) {
+  for (const PhraseIndex i : table.All()) {
     yielder.Yield();
     table.Prefetch(i + kLookAhead, i + 2 * kLookAhead);
     if (!table.Listed(i)) continue;

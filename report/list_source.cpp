@@ -23,14 +23,14 @@ uint64_t FilesWithWords(const Report& report) {
 }
 
 /// By entry, 0 for those that are not listed. Entries are in alphabetical order, which ties keep.
-std::vector<uint32_t> RanksByFrequency(const PhraseTable& table) {
+std::vector<PhraseRank> RanksByFrequency(const PhraseTable& table) {
   std::vector<PhraseIndex> order;
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i)
+  for (const PhraseIndex i : table.All())
     if (table.Listed(i)) order.push_back(i);
   std::ranges::stable_sort(order, std::greater(), [&](PhraseIndex i) { return table.Count(i); });
-  std::vector<uint32_t> ranks(size_t{table.EntryCount()} + 1, 0);
-  uint32_t rank = 0;
-  for (const PhraseIndex i : order) ranks[i] = ++rank;
+  std::vector<PhraseRank> ranks(size_t{table.EntryCount()} + 1, kNoRank);
+  PhraseRank rank = kNoRank;
+  for (const PhraseIndex i : order) ranks[ValueOf(i)] = ++rank;
   return ranks;
 }
 

@@ -22,7 +22,7 @@ class ListSource {
  private:
   std::vector<std::string> filePaths_;
   std::vector<std::string> sourcePaths_;
-  std::vector<uint32_t> frequencyRanks_;
+  std::vector<PhraseRank> frequencyRanks_;
   ColumnSource view_;
 };
 

@@ -71,18 +71,16 @@ class Listing {
 };
 
 void ListWordsAlphabetically(const PhraseTable& table, Listing& listing) {
-  const PhraseIndex entries = table.EntryCount();
-  for (PhraseIndex i = 1; i <= entries; ++i) {
+  for (const PhraseIndex i : table.All()) {
     table.Prefetch(i + kLookAhead, i + 2 * kLookAhead);
     if (table.Listed(i) && !listing.List(i)) return;
   }
 }
 
 void ListWordsByFrequency(const PhraseTable& table, Listing& listing) {
-  uint32_t position = 1;
-  for (PhraseIndex i = table.ChainHead(); i != 0; i = table.AtChainPosition(++position)) {
-    table.Prefetch(table.AtChainPosition(position + kLookAhead),
-                   table.AtChainPosition(position + 2 * kLookAhead));
+  PhraseRank rank{1};
+  for (PhraseIndex i = table.ChainHead(); i != kNoPhrase; i = table.AtChainPosition(++rank)) {
+    table.Prefetch(table.AtChainPosition(rank + kLookAhead), table.AtChainPosition(rank + 2 * kLookAhead));
     if (!listing.List(i)) return;
   }
 }

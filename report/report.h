@@ -18,7 +18,7 @@ struct Report {
 
 /// Whether the report is a list, not just a notice that there is nothing to list.
 inline bool AnythingListed(const PhraseTable& table) {
-  return table.ChainHead() != 0;
+  return table.ChainHead() != kNoPhrase;
 }
 
 }  // namespace korv

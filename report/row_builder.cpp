@@ -35,10 +35,10 @@ const RowCells& RowBuilder::Cells(PhraseIndex entry, std::string_view text) {
 uint32_t RowBuilder::FileCount(PhraseIndex entry) {
   const PhraseTable& table = source_.Table;
   if (source_.Facts.Options.SourceKind != TextSource::Folder) return 1;
-  const std::span<const uint32_t> places = table.Places(entry);
+  const std::span<const Place> places = table.Places(entry);
   if (places.empty()) return table.FileCount(entry);
   sources_.clear();
-  for (const uint32_t place : places) sources_.push_back(table.Corpus().SourceAt(place));
+  for (const Place place : places) sources_.push_back(table.Corpus().SourceAt(place));
   std::sort(sources_.begin(), sources_.end());
   return static_cast<uint32_t>(std::unique(sources_.begin(), sources_.end()) - sources_.begin());
 }

@@ -229,7 +229,7 @@ ChainOrder ChainOrderOf(const ReportOptions& report) {
 }
 
 bool SetUpChainFor(CountedRun& run, const ReportOptions& report, Yielder& yielder) {
-  const bool there = run.Table.ChainHead() != 0;
+  const bool there = run.Table.ChainHead() != kNoPhrase;
   if (there && run.Chain == ChainOrderOf(report)) return true;
   run.Chain = ChainOrderOf(report);
   return SetUpFrequencyChain(run.Table, run.Chain, yielder);

@@ -11,9 +11,9 @@ namespace korv {
 namespace {
 
 /// What becomes of the phrases that begin at one word.
-class Place {
+class PhrasesFrom {
  public:
-  Place(const PhraseTableData& data, const CountRule& accepted, OfferedPhrases& offered)
+  PhrasesFrom(const PhraseTableData& data, const CountRule& accepted, OfferedPhrases& offered)
       : data_(data), accepted_(accepted), offered_(offered) {}
 
   void Look(const WordNumber* first) {
@@ -54,13 +54,13 @@ bool FindOfferedPhrases(const PhraseTable& table, Yielder& yielder, OfferedPhras
   bool stopped = false;
   const CountRule accepted(data, yielder, stopped);
   if (stopped) return false;
-  Place place(data, accepted, offered);
+  PhrasesFrom phrases(data, accepted, offered);
   for (const WordNumber& word : data.Corpus.Tokens) {
     yielder.Yield();
     if (yielder.Stopped()) return false;
     if (word == kNoWord) continue;
     ++offered.WordsInRows;
-    place.Look(&word);
+    phrases.Look(&word);
   }
   return true;
 }

@@ -13,13 +13,13 @@ void Corpus::IndexSources() {
   }
 }
 
-size_t Corpus::SourceAt(uint32_t place) const {
-  const uint32_t block = place / kSourceBlock;
+size_t Corpus::SourceAt(Place place) const {
+  const uint32_t block = ValueOf(place) / kSourceBlock;
   const auto first = Sources.begin() + SourceOfBlock[block];
   const auto last =
       block + 1 < SourceOfBlock.size() ? Sources.begin() + SourceOfBlock[block + 1] + 1 : Sources.end();
   const auto after = std::upper_bound(
-      first, last, place, [](uint32_t p, const CorpusSource& source) { return p < source.Begin; });
+      first, last, ValueOf(place), [](uint32_t p, const CorpusSource& source) { return p < source.Begin; });
   return static_cast<size_t>(after - Sources.begin()) - 1;
 }
 

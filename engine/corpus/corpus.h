@@ -56,16 +56,19 @@ struct Corpus {
 
   /// The places where a phrase that counts starts, of all lengths, ordered by the up to MaxWords words that
   /// follow; a phrase end comes before every word. Equal ones ascend. Empty where the run keeps no places.
-  RawVector<uint32_t> Places;
-  /// Places[PlacesOfWord[w - 1]] to Places[PlacesOfWord[w]], that one excluded, start with word w.
+  RawVector<Place> Places;
+  /// Places[PlacesOfWord[w - 1]] to Places[PlacesOfWord[w]], that one excluded, start with word number w.
   RawVector<uint32_t> PlacesOfWord;
+
+  /// The token at `place` and those behind it.
+  const WordNumber* From(Place place) const { return Tokens.data() + ValueOf(place); }
 
   LineIndex Lines;  ///< Empty unless Options.KeepPlaces.
 
   /// Call once all tokens are there: sets up SourceAt(). Linear in the sources, and a step per block.
   void IndexSources();
   /// Index in Sources of the text that `place` belongs to. Constant but for texts shorter than a block.
-  size_t SourceAt(uint32_t place) const;
+  size_t SourceAt(Place place) const;
 };
 
 inline constexpr size_t kTrailingEnds = kMostWords + 1;

@@ -54,7 +54,7 @@ WordNumber CorpusBuilder::Admit(std::string_view word) {
 
 void CorpusBuilder::Feed(WordNumber wordClass) {
   if (wordClass > kEndsPhrase) {
-    ++counts_.DroppedBy[wordClass - kEndsPhrase - 1];
+    ++counts_.DroppedBy[(wordClass - kEndsPhrase) - 1];
     return;
   }
   ++counts_.Taken;

@@ -40,7 +40,7 @@ class CorpusBuilder {
   /// LineIndex. Does nothing unless places are kept.
   void BeginLine(uint64_t offset, uint32_t line, bool startsLine, bool resumable) {
     if (corpus_.Options.KeepPlaces)
-      corpus_.Lines.AtLine({offset, startsLine, static_cast<uint32_t>(corpus_.Tokens.size()), line},
+      corpus_.Lines.AtLine({offset, startsLine, Place{static_cast<uint32_t>(corpus_.Tokens.size())}, line},
                            resumable);
   }
   /// How the text that was begun last was read.
@@ -71,9 +71,9 @@ class CorpusBuilder {
  private:
   /// What becomes of a word as cut: its number, or a class from here on. The first excludes every phrase
   /// that holds the word, which is what a phrase end does; the others drop it for a reason.
-  static constexpr WordNumber kEndsPhrase = 0xFFFFFFF0;
+  static constexpr WordNumber kEndsPhrase{0xFFFFFFF0};
   static constexpr WordNumber Dropped(DropReason reason) {
-    return kEndsPhrase + 1 + static_cast<WordNumber>(reason);
+    return kEndsPhrase + 1 + static_cast<uint32_t>(reason);
   }
 
   WordNumber ClassifyWord(std::string_view word);

@@ -6,17 +6,17 @@
 
 namespace korv {
 
-void DocumentCounts::Add(uint32_t fileNumber) {
+void DocumentCounts::Add(DocumentNumber document) {
   if (items_.size() == kMostFiles) return;
-  if (items_.empty() || items_.back().FileNumber != fileNumber)
-    items_.push_back({fileNumber, 1});
+  if (items_.empty() || items_.back().Document != document)
+    items_.push_back({document, 1});
   else if (items_.back().Count < kMostPerFile)
     ++items_.back().Count;
 }
 
 std::string DocumentCounts::FileNumbers() const {
   std::string digits;
-  for (const Item& item : items_) fmt::format_to(std::back_inserter(digits), "{:05}", item.FileNumber);
+  for (const Item& item : items_) fmt::format_to(std::back_inserter(digits), "{:05}", ValueOf(item.Document));
   return digits;
 }
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/corpus/indices.h"
+
 namespace korv {
 
 /// In which files a phrase occurs and how often in each, with the two limits that reports rely on.
@@ -13,14 +15,14 @@ class DocumentCounts {
   static constexpr uint32_t kMostPerFile = 99999;
 
   struct Item {
-    uint32_t FileNumber;  ///< 1-based.
-    uint32_t Count;       ///< 1..kMostPerFile; further occurrences are not recorded.
+    DocumentNumber Document;
+    uint32_t Count;  ///< 1..kMostPerFile; further occurrences are not recorded.
     bool operator==(const Item&) const = default;
   };
 
   /// One occurrence in a file; calls come in reading order. From the moment kMostFiles files are recorded
   /// nothing more is, not even for the last of them.
-  void Add(uint32_t fileNumber);
+  void Add(DocumentNumber document);
 
   uint32_t FileCount() const { return static_cast<uint32_t>(items_.size()); }
   const std::vector<Item>& Items() const { return items_; }

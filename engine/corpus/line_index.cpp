@@ -12,10 +12,9 @@ void LineIndex::AtLine(const LineAnchor& line, bool resumable) {
   first_ = false;
 }
 
-const LineAnchor& LineIndex::Before(uint32_t token) const {
-  const auto after =
-      std::upper_bound(anchors_.begin(), anchors_.end(), token,
-                       [](uint32_t t, const LineAnchor& anchor) { return t < anchor.Token(); });
+const LineAnchor& LineIndex::Before(Place token) const {
+  const auto after = std::upper_bound(anchors_.begin(), anchors_.end(), token,
+                                      [](Place t, const LineAnchor& anchor) { return t < anchor.Token(); });
   return *(after - 1);
 }
 

@@ -4,13 +4,15 @@
 #include <cstdint>
 #include <vector>
 
+#include "engine/corpus/indices.h"
+
 namespace korv {
 
 /// A line of a text, or a piece of a long one, at which reading may be taken up again.
 class LineAnchor {
  public:
   LineAnchor() = default;
-  LineAnchor(uint64_t offset, bool startsLine, uint32_t token, uint32_t line)
+  LineAnchor(uint64_t offset, bool startsLine, Place token, uint32_t line)
       : offsetAndStart_(offset << 1 | uint64_t{startsLine}), token_(token), line_(line) {}
 
   /// Of its first byte: in the file, or in the text extracted from it.
@@ -18,13 +20,13 @@ class LineAnchor {
   /// False for a piece that goes on a line.
   bool StartsLine() const { return (offsetAndStart_ & 1) != 0; }
   /// Index of the first token that it may give.
-  uint32_t Token() const { return token_; }
+  Place Token() const { return token_; }
   /// Counted from 1.
   uint32_t Line() const { return line_; }
 
  private:
   uint64_t offsetAndStart_ = 0;
-  uint32_t token_ = 0;
+  Place token_{};
   uint32_t line_ = 0;
 };
 static_assert(sizeof(LineAnchor) == 16);
@@ -45,7 +47,7 @@ class LineIndex {
   /// In the order of tokens and of reading.
   const std::vector<LineAnchor>& Anchors() const { return anchors_; }
   /// The last anchor whose token is `token` or one before it; there must be one. Logarithmic.
-  const LineAnchor& Before(uint32_t token) const;
+  const LineAnchor& Before(Place token) const;
   /// The first line of the text that `anchor`, one of Anchors(), belongs to. Linear in what lies between.
   const LineAnchor& BeginOfText(const LineAnchor& anchor) const;
   /// The begin of the line that `anchor`, one of Anchors(), is a piece of.

@@ -14,14 +14,13 @@ namespace korv {
 /// places, its lengths leave the phrase out, its lists do, or it has more than kMostPhraseCharacters. The
 /// text must have been counted; `phrase` holds no kNoWord. Cost: the logarithm of the places, times the
 /// words, and a question to the lists for each word.
-std::optional<std::span<const uint32_t>> SortedPlaces(const Corpus& corpus,
-                                                      std::span<const WordNumber> phrase);
+std::optional<std::span<const Place>> SortedPlaces(const Corpus& corpus, std::span<const WordNumber> phrase);
 
 /// The places of any phrase in reading order, by one look at each token: about a nanosecond a word.
-std::vector<uint32_t> ScanForPlaces(const Corpus& corpus, std::span<const WordNumber> phrase);
+std::vector<Place> ScanForPlaces(const Corpus& corpus, std::span<const WordNumber> phrase);
 
 /// All places of `phrase` in reading order, found in the cheaper of the two ways. Empty where it holds
 /// kNoWord or no word.
-std::vector<uint32_t> PlacesOf(const Corpus& corpus, std::span<const WordNumber> phrase);
+std::vector<Place> PlacesOf(const Corpus& corpus, std::span<const WordNumber> phrase);
 
 }  // namespace korv

@@ -17,23 +17,23 @@ bool Before(const WordNumber* a, const WordNumber* b, std::ptrdiff_t step, bool 
 
 }  // namespace
 
-void OrderPlaces(const Corpus& corpus, int words, PlaceOrder order, std::vector<uint32_t>& places) {
+void OrderPlaces(const Corpus& corpus, int words, PlaceOrder order, std::vector<Place>& places) {
   std::ranges::sort(places);
-  const WordNumber* tokens = corpus.Tokens.data();
   switch (order) {
     case PlaceOrder::Place:
       break;
     case PlaceOrder::Left:
-      std::ranges::sort(
-          places, [&](uint32_t a, uint32_t b) { return Before(tokens + a - 1, tokens + b - 1, -1, a < b); });
+      std::ranges::sort(places, [&](Place a, Place b) {
+        return Before(corpus.From(a - 1), corpus.From(b - 1), -1, a < b);
+      });
       break;
     case PlaceOrder::Right:
-      std::ranges::sort(places, [&](uint32_t a, uint32_t b) {
-        return Before(tokens + a + words, tokens + b + words, 1, a < b);
+      std::ranges::sort(places, [&](Place a, Place b) {
+        return Before(corpus.From(a) + words, corpus.From(b) + words, 1, a < b);
       });
       break;
     case PlaceOrder::File:
-      std::ranges::stable_sort(places, [&](uint32_t a, uint32_t b) {
+      std::ranges::stable_sort(places, [&](Place a, Place b) {
         return corpus.Sources[corpus.SourceAt(a)].Path < corpus.Sources[corpus.SourceAt(b)].Path;
       });
       break;

@@ -16,6 +16,6 @@ enum class PlaceOrder {
 
 /// Orders the places of a phrase of `words` words in a counted run. Words come in the order of Keys, after a
 /// phrase end; at most kMostWords of them are compared, then reading order decides. A sort.
-void OrderPlaces(const Corpus& corpus, int words, PlaceOrder order, std::vector<uint32_t>& places);
+void OrderPlaces(const Corpus& corpus, int words, PlaceOrder order, std::vector<Place>& places);
 
 }  // namespace korv

@@ -40,7 +40,7 @@ SuffixSorter::SuffixSorter(std::span<const WordNumber> tokens, uint32_t vocabula
       wordBits_(std::max(1, static_cast<int>(std::bit_width(vocabularySize)))),
       wordsPerKey_(std::min(64 / wordBits_, 8)) {}
 
-void SuffixSorter::Sort(std::span<const uint32_t> places) {
+void SuffixSorter::Sort(std::span<const Place> places) {
   const size_t n = places.size();
   // Emptied first, so that growing copies nothing.
   suffixes_.clear();
@@ -58,8 +58,8 @@ void SuffixSorter::Sort(std::span<const uint32_t> places) {
   constexpr size_t kAhead = 24;
   InPieces(n, yielder_, [&](size_t begin, size_t end) {
     for (size_t i = begin; i < end; ++i) {
-      if (i + kAhead < n) __builtin_prefetch(tokens + places[i + kAhead]);
-      suffixes_[i] = {KeyAt(places[i], 1), places[i], tokens[places[i] - 1]};
+      if (i + kAhead < n) __builtin_prefetch(tokens + ValueOf(places[i + kAhead]));
+      suffixes_[i] = {KeyAt(places[i], 1), places[i], tokens[ValueOf(places[i]) - 1]};
     }
   });
   if (n == 1 || yielder_.Stopped()) return;
@@ -69,12 +69,12 @@ void SuffixSorter::Sort(std::span<const uint32_t> places) {
 
 /// The words from `depth` on as one number that compares as they do: the first word in the highest of
 /// wordsPerKey_ * wordBits_ bits, zeros from the first kNoWord and from maxWords_ on.
-uint64_t SuffixSorter::KeyAt(uint32_t place, int depth) const {
+uint64_t SuffixSorter::KeyAt(Place place, int depth) const {
   const int words = std::min(wordsPerKey_, maxWords_ - depth);
-  const WordNumber* token = tokens_.data() + place + depth;
+  const WordNumber* token = tokens_.data() + ValueOf(place) + depth;
   uint64_t key = 0;
   int k = 0;
-  for (; k < words && token[k] != kNoWord; ++k) key = key << wordBits_ | token[k];
+  for (; k < words && token[k] != kNoWord; ++k) key = key << wordBits_ | ValueOf(token[k]);
   const int missing = (wordsPerKey_ - k) * wordBits_;
   return missing < 64 ? key << missing : 0;
 }
@@ -86,8 +86,8 @@ void SuffixSorter::SortRun(size_t begin, size_t end, int depth) {
   const bool finished = InPieces(end - begin, yielder_, [&](size_t first, size_t last) {
     for (size_t i = begin + first; i < begin + last; ++i) {
       // Asking ahead crosses the end of the run on purpose: the next run comes right after.
-      if (i + 8 < suffixes_.size()) __builtin_prefetch(tokens_.data() + suffixes_[i + 8].Place + depth);
-      suffixes_[i].Key = KeyAt(suffixes_[i].Place, depth);
+      if (i + 8 < suffixes_.size()) __builtin_prefetch(tokens_.data() + ValueOf(suffixes_[i + 8].At) + depth);
+      suffixes_[i].Key = KeyAt(suffixes_[i].At, depth);
     }
   });
   if (!finished) return;
@@ -96,8 +96,8 @@ void SuffixSorter::SortRun(size_t begin, size_t end, int depth) {
 }
 
 void SuffixSorter::SortPair(size_t begin, int depth) {
-  const WordNumber* a = tokens_.data() + suffixes_[begin].Place;
-  const WordNumber* b = tokens_.data() + suffixes_[begin + 1].Place;
+  const WordNumber* a = tokens_.data() + ValueOf(suffixes_[begin].At);
+  const WordNumber* b = tokens_.data() + ValueOf(suffixes_[begin + 1].At);
   int k = depth;
   while (k < maxWords_ && a[k] == b[k] && a[k] != kNoWord) ++k;
   lcp_[begin + 1] = static_cast<uint8_t>(k);

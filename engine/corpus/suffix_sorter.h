@@ -12,7 +12,7 @@ namespace korv {
 /// The text from one place on, as a suffix array orders it.
 struct Suffix {
   uint64_t Key;     ///< The next few words, packed. Only of use while sorting.
-  uint32_t Place;   ///< Index of the first token.
+  Place At;         ///< Its first token.
   WordNumber Left;  ///< The token before it: kNoWord where phrases do not reach back.
 };
 
@@ -34,14 +34,14 @@ class SuffixSorter {
                const Yielder& yielder);
 
   /// Sorts the places, which ascend and all start with the same word. After a stop the result is of no use.
-  void Sort(std::span<const uint32_t> places);
+  void Sort(std::span<const Place> places);
 
   std::span<const Suffix> Suffixes() const { return suffixes_; }
   /// Lcp()[i]: how many words Suffixes()[i] has in common with its predecessor. Lcp()[0] == 0.
   std::span<const uint8_t> Lcp() const { return lcp_; }
 
  private:
-  uint64_t KeyAt(uint32_t place, int depth) const;
+  uint64_t KeyAt(Place place, int depth) const;
   void SortRun(size_t begin, size_t end, int depth);
   void SortPair(size_t begin, int depth);
   size_t EndOfEqualKeys(size_t begin, size_t end) const;

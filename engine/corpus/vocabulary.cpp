@@ -1,8 +1,10 @@
 #include "engine/corpus/vocabulary.h"
 
 #include <algorithm>
-#include <numeric>
+#include <span>
+#include <utility>
 
+#include "base/pieces.h"
 #include "engine/text/folding.h"
 #include "engine/text/unicode.h"
 
@@ -15,9 +17,6 @@ bool IsPlainAscii(std::string_view text) {
                      [](char c) { return static_cast<unsigned char>(c) < 0x80 && (c < 'A' || c > 'Z'); });
 }
 
-/// Thrown by a comparison, the only place of a sort that can notice a stop. Nothing is changed before.
-struct Interrupted {};
-
 /// The first eight bytes as a number that compares as they do.
 uint64_t Beginning(std::string_view text) {
   uint64_t v = 0;
@@ -25,19 +24,79 @@ uint64_t Beginning(std::string_view text) {
   return v;
 }
 
+/// The words of a string table in the order of Keys, then Texts.
+class KeyedWords {
+ public:
+  struct Row {
+    uint64_t Beginning;    ///< Of Key, as a number.
+    std::string_view Key;  ///< Lives as long as the table and this object.
+    uint32_t Number;       ///< In the table.
+  };
+
+  explicit KeyedWords(const StringTable& table) : table_(table) {}
+
+  /// Called one after the other; both return false when stopped.
+  bool FindKeys(const Yielder& yielder);
+  bool Sort(const Yielder& yielder);
+
+  const std::vector<Row>& Rows() const { return rows_; }
+
+ private:
+  /// Thrown by a comparison, the only place of a sort that can notice a stop.
+  struct Interrupted {};
+
+  const StringTable& table_;
+  StringTable folded_;  ///< The Keys of words that are not their own.
+  std::vector<Row> rows_;
+};
+
+bool KeyedWords::FindKeys(const Yielder& yielder) {
+  const size_t n = table_.Size();
+  // A view into folded_ lasts until the next Key is added, so that rows are made when all are there.
+  RawVector<uint32_t> keyNumbers(n);
+  const bool folded = InPieces(n, yielder, [&](size_t begin, size_t end) {
+    for (auto w = static_cast<uint32_t>(begin); w < end; ++w) {
+      const std::string_view text = table_.Text(w);
+      keyNumbers[w] = IsPlainAscii(text) ? StringTable::kNone : folded_.Number(FoldKey(FoldAccents(text)));
+    }
+  });
+  if (!folded) return false;
+  rows_.reserve(n);
+  return InPieces(n, yielder, [&](size_t begin, size_t end) {
+    for (auto w = static_cast<uint32_t>(begin); w < end; ++w) {
+      const std::string_view key =
+          keyNumbers[w] == StringTable::kNone ? table_.Text(w) : folded_.Text(keyNumbers[w]);
+      rows_.push_back({Beginning(key), key, w});
+    }
+  });
+}
+
+bool KeyedWords::Sort(const Yielder& yielder) try {
+  // Last key: the text itself, which no two words share.
+  std::sort(rows_.begin(), rows_.end(), [&](const Row& a, const Row& b) {
+    if (yielder.Stopped()) throw Interrupted{};
+    if (a.Beginning != b.Beginning) return a.Beginning < b.Beginning;
+    if (const int c = a.Key.compare(b.Key); c != 0) return c < 0;
+    return table_.Text(a.Number) < table_.Text(b.Number);
+  });
+  return true;
+} catch (const Interrupted&) {
+  return false;
+}
+
 }  // namespace
 
 WordNumber Vocabulary::Number(std::string_view word) {
-  const WordNumber number = table_.Number(word) + 1;
-  if (number == characters_.size())
+  const WordNumber number{table_.Number(word) + 1};
+  if (ValueOf(number) == characters_.size())
     characters_.push_back(static_cast<uint8_t>(std::min<size_t>(CharacterCount(word), 255)));
   return number;
 }
 
 WordNumber Vocabulary::Find(std::string_view word) const {
   const std::string key = FoldKey(FoldAccents(word));
-  WordNumber low = 1;
-  WordNumber high = Size() + 1;
+  WordNumber low{1};
+  WordNumber high{Size() + 1};
   while (low < high) {
     const WordNumber middle = low + (high - low) / 2;
     const std::string_view text = Text(middle);
@@ -47,59 +106,43 @@ WordNumber Vocabulary::Find(std::string_view word) const {
     else
       high = middle;
   }
-  return low <= Size() && Text(low) == word ? low : kNoWord;
+  return ValueOf(low) <= Size() && Text(low) == word ? low : kNoWord;
 }
 
-void Vocabulary::Rank(std::vector<WordNumber>& renumbered, const Yielder& yielder) try {
-  const uint32_t n = table_.Size();
-  struct Row {
-    uint64_t Beginning;
-    std::string_view Key;
-    WordNumber Word;
-  };
-  // Most words are their own keys; the folded ones are kept apart, reserved so that views stay valid.
-  StringTable folded;
-  std::vector<uint32_t> foldedNumber(n + 1, StringTable::kNone);
-  for (WordNumber w = 1; w <= n; ++w)
-    if (!IsPlainAscii(table_.Text(w - 1)))
-      foldedNumber[w] = folded.Number(FoldKey(FoldAccents(table_.Text(w - 1))));
+bool Vocabulary::Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder) {
+  KeyedWords words(table_);
+  if (!words.FindKeys(yielder) || !words.Sort(yielder)) return false;
 
-  std::vector<Row> rows(n);
-  for (WordNumber w = 1; w <= n; ++w) {
-    const std::string_view key =
-        foldedNumber[w] == StringTable::kNone ? table_.Text(w - 1) : folded.Text(foldedNumber[w]);
-    rows[w - 1] = {Beginning(key), key, w};
-  }
-  // Last key: the text itself, which no two words share.
-  std::sort(rows.begin(), rows.end(), [&](const Row& a, const Row& b) {
-    if (yielder.Stopped()) throw Interrupted{};
-    if (a.Beginning != b.Beginning) return a.Beginning < b.Beginning;
-    if (const int c = a.Key.compare(b.Key); c != 0) return c < 0;
-    return table_.Text(a.Word - 1) < table_.Text(b.Word - 1);
+  const std::vector<KeyedWords::Row>& rows = words.Rows();
+  const size_t n = rows.size();
+  RawVector<WordNumber> newNumbers(n + 1);
+  RawVector<uint8_t> characters(n + 1);
+  RawVector<uint32_t> classes(n + 1);
+  RawVector<uint64_t> begins(n + 2);
+  GrowingArray<char> bytes;
+  newNumbers[0] = kNoWord;
+  characters[0] = 0;
+  classes[0] = 0;
+  begins[0] = begins[1] = 0;
+  const bool finished = InPieces(n, yielder, [&](size_t begin, size_t end) {
+    for (size_t r = begin; r < end; ++r) {
+      const size_t number = r + 1;
+      const size_t old = size_t{rows[r].Number} + 1;
+      newNumbers[old] = WordNumber{static_cast<uint32_t>(number)};
+      characters[number] = characters_[old];
+      classes[number] = classes[r] + (r == 0 || rows[r].Key != rows[r - 1].Key ? 1 : 0);
+      bytes.Append(std::span(table_.Text(rows[r].Number)));
+      begins[number + 1] = bytes.Size();
+    }
   });
-
-  renumbered.assign(n + 1, kNoWord);
-  std::vector<uint8_t> characters(n + 1);
-  std::vector<uint32_t> classes(n + 1);
-  begins_.assign(1, 0);
-  begins_.reserve(n + 2);
-  bytes_.clear();
-  uint32_t lastClass = 0;
-  for (uint32_t r = 1; r <= n; ++r) {
-    const Row& row = rows[r - 1];
-    renumbered[row.Word] = r;
-    characters[r] = characters_[row.Word];
-    if (r == 1 || row.Key != rows[r - 2].Key) ++lastClass;
-    classes[r] = lastClass;
-    begins_.push_back(bytes_.size());
-    const std::string_view text = table_.Text(row.Word - 1);
-    bytes_.insert(bytes_.end(), text.begin(), text.end());
-  }
-  begins_.push_back(bytes_.size());
-  characters_.swap(characters);
-  if (lastClass != n) keyClasses_ = std::move(classes);
+  if (!finished) return false;
+  renumbered = std::move(newNumbers);
+  characters_ = std::move(characters);
+  if (classes[n] != n) keyClasses_ = std::move(classes);
+  begins_ = std::move(begins);
+  bytes_ = std::move(bytes);
   table_ = StringTable();
-} catch (const Interrupted&) {
+  return true;
 }
 
 }  // namespace korv

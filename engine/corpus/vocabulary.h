@@ -2,16 +2,14 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
+#include "base/growing_array.h"
+#include "base/raw_vector.h"
 #include "base/string_table.h"
 #include "base/yielder.h"
+#include "engine/corpus/indices.h"
 
 namespace korv {
-
-/// A word of the run by its number, 1..Size(); 0 is the place where no phrase goes on.
-using WordNumber = uint32_t;
-inline constexpr WordNumber kNoWord = 0;
 
 /// The distinct words of a run with what counting asks of each.
 ///
@@ -29,29 +27,34 @@ class Vocabulary {
   uint32_t Size() const {
     return static_cast<uint32_t>(begins_.empty() ? table_.Size() : begins_.size() - 2);
   }
+  /// All words, in the order of their numbers.
+  IndexRange<WordNumber> All() const { return {WordNumber{1}, WordNumber{Size()}}; }
   std::string_view Text(WordNumber word) const {
-    if (begins_.empty()) return table_.Text(word - 1);
-    return {bytes_.data() + begins_[word], begins_[word + 1] - begins_[word]};
+    const size_t w = ValueOf(word);
+    if (begins_.empty()) return table_.Text(ValueOf(word) - 1);
+    return {bytes_.Data() + begins_[w], begins_[w + 1] - begins_[w]};
   }
   /// Its length in characters, at most 255: longer words never stand in a phrase.
-  uint8_t Characters(WordNumber word) const { return characters_[word]; }
+  uint8_t Characters(WordNumber word) const { return characters_[ValueOf(word)]; }
 
   /// Orders the words by Key, then Text. `renumbered[old]` is the new number of word `old`; element 0 is 0.
   /// Cost: one sort of the distinct words. A stop leaves everything as it was.
-  void Rank(std::vector<WordNumber>& renumbered, const Yielder& yielder);
+  bool Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder);
   bool Ranked() const { return !begins_.empty(); }
   /// After Rank(): words with equal Key have equal classes, and classes ascend with the words.
-  uint32_t KeyClass(WordNumber word) const { return keyClasses_.empty() ? word : keyClasses_[word]; }
+  uint32_t KeyClass(WordNumber word) const {
+    return keyClasses_.empty() ? ValueOf(word) : keyClasses_[ValueOf(word)];
+  }
   /// After Rank(): whether no two words have equal Keys, so that the order of numbers is the order of Keys.
   bool KeysDiffer() const { return keyClasses_.empty(); }
 
  private:
   StringTable table_;
-  std::vector<uint8_t> characters_{0};
+  RawVector<uint8_t> characters_ = RawVector<uint8_t>(1, 0);
   // After Rank(): the words in order, one behind the other, indexed by number (element 0 is unused).
-  std::vector<uint64_t> begins_;
-  std::vector<char> bytes_;
-  std::vector<uint32_t> keyClasses_;  ///< Empty where every word is a class of its own.
+  RawVector<uint64_t> begins_;
+  GrowingArray<char> bytes_;
+  RawVector<uint32_t> keyClasses_;  ///< Empty where every word is a class of its own.
 };
 
 }  // namespace korv

@@ -35,7 +35,9 @@ bool ContainmentIndex::SortByPlace(const Yielder& yielder) {
   const size_t n = phrases_.size();
   RawVector<Phrase> sorted(n);
   for (int shift = 0; shift < 32 && data_.Corpus.Tokens.size() >> shift != 0; shift += kDigitBits) {
-    const auto digit = [shift](const Phrase& phrase) { return phrase.First >> shift & (kDigits - 1); };
+    const auto digit = [shift](const Phrase& phrase) {
+      return ValueOf(phrase.First) >> shift & (kDigits - 1);
+    };
     std::array<size_t, kDigits + 1> next{};
     const bool counted = InPieces(n, yielder, [&](size_t begin, size_t end) {
       for (size_t k = begin; k < end; ++k) ++next[digit(phrases_[k]) + 1];
@@ -57,8 +59,8 @@ bool ContainmentIndex::FindAffixes(Yielder& yielder) {
   std::vector<bool> isLast(words.Size() + 1, false);
   const bool marked = InPieces(phrases_.size(), yielder, [&](size_t begin, size_t end) {
     for (size_t k = begin; k < end; ++k) {
-      isFirst[WordsOf(phrases_[k])[0]] = true;
-      isLast[WordsOf(phrases_[k])[phrases_[k].Words - 1]] = true;
+      isFirst[ValueOf(WordsOf(phrases_[k])[0])] = true;
+      isLast[ValueOf(WordsOf(phrases_[k])[phrases_[k].Words - 1])] = true;
     }
   });
   if (!marked) return false;
@@ -71,9 +73,10 @@ bool ContainmentIndex::HashFamilies(const Yielder& yielder) {
   suffixFamilies_.resize(words);
   prefixFamilies_.resize(words);
   return InPieces(words, yielder, [this](size_t begin, size_t end) {
-    for (auto w = static_cast<WordNumber>(begin); w < end; ++w) {
-      suffixFamilies_[w] = HashOfWord(affixes_->SuffixFamily(w));
-      prefixFamilies_[w] = HashOfWord(affixes_->PrefixFamily(w));
+    for (size_t w = begin; w < end; ++w) {
+      const WordNumber word{static_cast<uint32_t>(w)};
+      suffixFamilies_[w] = HashOfWord(affixes_->SuffixFamily(word));
+      prefixFamilies_[w] = HashOfWord(affixes_->PrefixFamily(word));
     }
   });
 }

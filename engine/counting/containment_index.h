@@ -27,7 +27,7 @@ class ContainmentIndex {
  public:
   /// A listed phrase of two words or more.
   struct Phrase {
-    uint32_t First;  ///< Its earliest place.
+    Place First;  ///< Of its earliest occurrence.
     uint32_t Count;
     uint32_t Entry;  ///< Index in PhraseTableData::Entries.
     uint8_t Words;
@@ -41,17 +41,19 @@ class ContainmentIndex {
 
   /// Ascend by First.
   const RawVector<Phrase>& Phrases() const { return phrases_; }
-  const WordNumber* WordsOf(const Phrase& phrase) const { return data_.Corpus.Tokens.data() + phrase.First; }
+  const WordNumber* WordsOf(const Phrase& phrase) const { return data_.Corpus.From(phrase.First); }
   /// Words of the shortest phrase.
   int FewestWords() const { return fewestWords_; }
   const WordAffixes& Affixes() const { return *affixes_; }
 
   // The hashes of runs and phrases of `words` words; `between` is HashOfWords of all but the outer two.
   uint64_t FamilyHash(WordNumber first, uint64_t between, WordNumber last, uint32_t count, int words) const {
-    return WithCount(Joined(suffixFamilies_[first], between, prefixFamilies_[last], words), count, words);
+    return WithCount(Joined(suffixFamilies_[ValueOf(first)], between, prefixFamilies_[ValueOf(last)], words),
+                     count, words);
   }
   uint64_t HalfHash(WordNumber first, uint64_t between, WordNumber last, uint32_t count, int words) const {
-    return WithCount(Joined(HashOfWord(first), between, prefixFamilies_[last] + 1, words), count, words);
+    return WithCount(Joined(HashOfWord(first), between, prefixFamilies_[ValueOf(last)] + 1, words), count,
+                     words);
   }
   static uint64_t PhraseHash(WordNumber first, uint64_t between, WordNumber last, uint32_t count, int words) {
     return WithCount(Joined(HashOfWord(first), between, HashOfWord(last), words), count, words);

@@ -111,7 +111,7 @@ void ContainmentSearch::LookUpPhrases() {
 }
 
 bool ContainmentSearch::IsPhraseOf(const Candidate& candidate, const PhraseEntry& entry) const {
-  const WordNumber* words = data_.Corpus.Tokens.data() + entry.First;
+  const WordNumber* words = data_.Corpus.From(entry.First);
   const int n = candidate.Words;
   return entry.Count == candidate.Count && entry.Words == n && words[0] == candidate.First &&
          words[n - 1] == candidate.Last && std::equal(candidate.Run + 1, candidate.Run + n - 1, words + 1);

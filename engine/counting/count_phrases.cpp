@@ -40,24 +40,24 @@ bool RankText(PhraseTableData& data, Yielder& yielder) {
     if (data.BlockRenumbered[block]) return;
     const size_t end = std::min(data.Corpus.Tokens.size(), (block + 1) * kBlock);
     for (size_t i = block * kBlock; i < end; ++i)
-      data.Corpus.Tokens[i] = data.NewNumbers[data.Corpus.Tokens[i]];
+      data.Corpus.Tokens[i] = data.NewNumbers[ValueOf(data.Corpus.Tokens[i])];
     data.BlockRenumbered[block] = 1;
   });
 }
 
 /// The first words of tasks that sort a run of buckets each, and the word behind the last: enough tasks for
 /// an even share, few enough to cost nothing.
-std::vector<WordNumber> FirstWordsOfTasks(const StartPlaces& starts, uint32_t words) {
+std::vector<WordNumber> FirstWordsOfTasks(const StartPlaces& starts, const Vocabulary& words) {
   constexpr uint64_t kTasks = 256;
   const uint64_t perTask = std::max<uint64_t>(1, starts.Places.size() / kTasks);
-  std::vector<WordNumber> firsts{1};
+  std::vector<WordNumber> firsts{WordNumber{1}};
   uint64_t begin = 0;
-  for (WordNumber w = 1; w <= words; ++w) {
-    if (starts.BucketEnds[w] - begin < perTask) continue;
-    begin = starts.BucketEnds[w];
+  for (const WordNumber w : words.All()) {
+    if (starts.BucketEnds[ValueOf(w)] - begin < perTask) continue;
+    begin = starts.BucketEnds[ValueOf(w)];
     firsts.push_back(w + 1);
   }
-  if (firsts.back() <= words) firsts.push_back(words + 1);
+  if (ValueOf(firsts.back()) <= words.Size()) firsts.push_back(WordNumber{words.Size() + 1});
   return firsts;
 }
 
@@ -83,7 +83,7 @@ class PhraseCounter {
  private:
   /// Sorts each bucket of places by the words that follow and lists its phrases, on all threads.
   bool SortAndSweep() {
-    firsts_ = FirstWordsOfTasks(starts_, data_.Corpus.Words.Size());
+    firsts_ = FirstWordsOfTasks(starts_, data_.Corpus.Words);
     const size_t tasks = firsts_.size() - 1;
     entries_.resize(tasks);
     sorters_.resize(WorkerCount());
@@ -102,9 +102,10 @@ class PhraseCounter {
                        sourceHasPhrase_.empty() ? nullptr : &sourceHasPhrase_});
     uint64_t occurrences = 0;
     // Last word first, as the sweep goes within a bucket.
-    for (WordNumber word = firsts_[task + 1]; word-- > firsts_[task];) {
+    for (WordNumber word = firsts_[task + 1]; word > firsts_[task];) {
+      --word;
       if (!SortAndSweepBucket(word, *sorters_[worker], sweep)) return;
-      occurrences += starts_.Occurrences[word];
+      occurrences += starts_.Occurrences[ValueOf(word)];
     }
     if (rule_.ByPhrase()) occurrences = sweep.Occurrences();
     occurrences_.fetch_add(occurrences, std::memory_order_relaxed);
@@ -114,16 +115,16 @@ class PhraseCounter {
   }
 
   bool SortAndSweepBucket(WordNumber word, SuffixSorter& sorter, PhraseSweep& sweep) {
-    const uint64_t begin = starts_.BucketEnds[word - 1];
-    const uint64_t end = starts_.BucketEnds[word];
+    const uint64_t begin = starts_.BucketEnds[ValueOf(word) - 1];
+    const uint64_t end = starts_.BucketEnds[ValueOf(word)];
     if (begin == end) return true;
-    const std::span<uint32_t> places(starts_.Places.data() + begin, static_cast<size_t>(end - begin));
+    const std::span<Place> places(starts_.Places.data() + begin, static_cast<size_t>(end - begin));
     sorter.Sort(places);
     if (yielder_.Stopped()) return false;
     sweep.Sweep(sorter.Suffixes(), sorter.Lcp(), static_cast<uint32_t>(begin));
     if (yielder_.Stopped()) return false;
     return !keepsPlaces_ || InPieces(places.size(), yielder_, [&](size_t first, size_t last) {
-      for (size_t i = first; i < last; ++i) places[i] = sorter.Suffixes()[i].Place;
+      for (size_t i = first; i < last; ++i) places[i] = sorter.Suffixes()[i].At;
     });
   }
 
@@ -147,12 +148,12 @@ class PhraseCounter {
   /// Files with a phrase are numbered in the order in which they were read.
   void NumberFiles() {
     if (data_.Corpus.Options.SourceKind != TextSource::Folder) return;
-    data_.FileNumberOfSource.assign(data_.Corpus.Sources.size(), 0);
+    data_.FileNumberOfSource.assign(data_.Corpus.Sources.size(), kNoDocument);
     data_.FilePaths.clear();
     for (size_t s = 0; s < data_.Corpus.Sources.size(); ++s) {
       if (!(rule_.ByPhrase() ? sourceHasPhrase_[s].load() : starts_.SourceHasPhrase[s])) continue;
       data_.FilePaths.push_back(data_.Corpus.Sources[s].Path);
-      data_.FileNumberOfSource[s] = static_cast<uint32_t>(data_.FilePaths.size());
+      data_.FileNumberOfSource[s] = DocumentNumber{static_cast<uint32_t>(data_.FilePaths.size())};
     }
   }
 
@@ -160,7 +161,7 @@ class PhraseCounter {
   bool TakeEntries() {
     size_t entries = 0;
     for (const auto& part : entries_) entries += part.size();
-    if (entries >= std::numeric_limits<PhraseIndex>::max())
+    if (entries >= std::numeric_limits<uint32_t>::max())
       throw std::length_error("There are too many phrases.");
     data_.Entries.reserve(entries);
     for (auto& part : entries_) {

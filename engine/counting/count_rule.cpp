@@ -18,13 +18,14 @@ CountRule::CountRule(const PhraseTableData& data, Yielder& yielder, bool& stoppe
   marks_.resize(words + 1);
   constexpr uint32_t kTask = 256;
   stopped = !RunTasks((words + kTask - 1) / kTask, words <= kTask, yielder, [&](size_t task, size_t) {
-    const auto first = static_cast<WordNumber>(task * kTask + 1);
-    for (WordNumber w = first; w <= std::min(words, first + kTask - 1) && !yielder.Stopped(); ++w) {
+    const auto first = static_cast<uint32_t>(task * kTask + 1);
+    for (const WordNumber w : IndexRange(WordNumber{first}, WordNumber{std::min(words, first + kTask - 1)})) {
+      if (yielder.Stopped()) return;
       const std::string_view text = data.Corpus.Words.Text(w);
       uint8_t mark = 0;
       if (excludeAll_ && data.Corpus.Lists->IsWordToIgnore(text)) mark |= kIgnored;
       if (countOnly_ && data.Corpus.Lists->IsCountOnlyWord(text)) mark |= kCountOnly;
-      marks_[w] = mark;
+      marks_[ValueOf(w)] = mark;
     }
   });
 }

@@ -30,8 +30,8 @@ class CountRule {
   /// Whether the phrase of `words` words counts.
   bool Accepts(const WordNumber* first, int words, std::string& scratch) const;
 
-  bool IsWordToIgnore(WordNumber word) const { return (marks_[word] & kIgnored) != 0; }
-  bool IsCountOnlyWord(WordNumber word) const { return (marks_[word] & kCountOnly) != 0; }
+  bool IsWordToIgnore(WordNumber word) const { return (marks_[ValueOf(word)] & kIgnored) != 0; }
+  bool IsCountOnlyWord(WordNumber word) const { return (marks_[ValueOf(word)] & kCountOnly) != 0; }
   bool ExcludesAllIgnored() const { return excludeAll_; }
   bool HasCountOnly() const { return countOnly_; }
 

@@ -49,22 +49,23 @@ bool SetUpFrequencyChain(PhraseTable& table, ChainOrder order, Yielder& yielder)
   data.Chain.clear();
   data.Rank.clear();
   std::vector<PhraseIndex> chain;
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i)
-    if (data.Entries[i - 1].Listed) chain.push_back(i);
+  for (const PhraseIndex i : table.All())
+    if (table.Listed(i)) chain.push_back(i);
 
-  if (!SortDescending(chain, yielder, [&](PhraseIndex i) { return data.Entries[i - 1].Count; })) return false;
+  if (!SortDescending(chain, yielder, [&](PhraseIndex i) { return table.Count(i); })) return false;
   if (order == ChainOrder::ByFiles) {
     std::vector<uint32_t> files(data.Entries.size() + 1, 0);
     for (const PhraseIndex i : chain) {
-      files[i] = table.FileCount(i);
+      files[ValueOf(i)] = table.FileCount(i);
       yielder.Yield();
       if (yielder.Stopped()) return false;
     }
-    if (!SortDescending(chain, yielder, [&](PhraseIndex i) { return files[i]; })) return false;
+    if (!SortDescending(chain, yielder, [&](PhraseIndex i) { return files[ValueOf(i)]; })) return false;
   }
 
-  data.Rank.assign(data.Entries.size() + 1, 0);
-  for (uint32_t rank = 1; rank <= chain.size(); ++rank) data.Rank[chain[rank - 1]] = rank;
+  data.Rank.assign(data.Entries.size() + 1, kNoRank);
+  PhraseRank rank = kNoRank;
+  for (const PhraseIndex i : chain) data.Rank[ValueOf(i)] = ++rank;
   data.Chain = std::move(chain);
   return true;
 }

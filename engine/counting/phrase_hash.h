@@ -22,7 +22,7 @@ inline uint64_t Scramble(uint64_t v) {
 }
 
 inline uint64_t HashOfWord(WordNumber word) {
-  return Scramble(word);
+  return Scramble(ValueOf(word));
 }
 
 inline constexpr uint64_t kHashBase = 0xA24BAED4963EE407;

@@ -20,7 +20,7 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
     if (i % kStopEvery == 0 && context_.Stop->Stopped()) return;
     const int after = i + 1 < n ? lcp[i + 1] : 0;
     const int before = lcp[i];
-    Interval closed{context_.MostWords[suffixes[i].Place], i, i + 1, suffixes[i].Place, suffixes[i].Left};
+    Interval closed{MostWords(suffixes[i].At), i, i + 1, suffixes[i].At, suffixes[i].Left};
     if (singlesToo && closed.Depth > std::max(before, after)) Close(closed, std::max(before, after), slice);
     while (!open_.empty() && open_.back().Depth > before) {
       Interval inner = open_.back();
@@ -43,8 +43,8 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
 
 // The phrases of outerDepth + 1 to interval.Depth words occur exactly at the interval's places.
 void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice) {
-  const WordNumber* first = context_.Data->Corpus.Tokens.data() + interval.First;
-  const int to = std::min<int>(interval.Depth, context_.MostWords[interval.First]);
+  const WordNumber* first = context_.Data->Corpus.From(interval.First);
+  const int to = std::min<int>(interval.Depth, MostWords(interval.First));
   const int from = std::max(outerDepth + 1, minWords_);
   if (from > to) return;
   if (context_.Accepted->ByPhrase()) return CloseByPhrase(interval, from, to, slice);
@@ -55,13 +55,13 @@ void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice
   const uint32_t count = interval.End - interval.Begin;
   repeats_ += static_cast<uint64_t>(to - accepted + 1) * (count - 1);
   if (count < minFrequency_) return;
-  if (interval.Left != kNoWord && context_.MostWords[interval.First - 1] > to) return;
+  if (interval.Left != kNoWord && MostWords(interval.First - 1) > to) return;
   entries_.push_back(
       {interval.First, count, keepSlices_ ? slice + interval.Begin : 0, static_cast<uint8_t>(to), true});
 }
 
 void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice) {
-  const WordNumber* first = context_.Data->Corpus.Tokens.data() + interval.First;
+  const WordNumber* first = context_.Data->Corpus.From(interval.First);
   const uint32_t count = interval.End - interval.Begin;
   bool any = false;
   for (int words = to; words >= from; --words) {
@@ -75,7 +75,7 @@ void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint
   }
   if (!any || context_.SourceHasPhrase == nullptr) return;
   for (uint32_t i = interval.Begin; i < interval.End; ++i)
-    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].Place)].store(
+    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].At)].store(
         1, std::memory_order_relaxed);
 }
 

@@ -50,10 +50,11 @@ class PhraseSweep {
     int Depth;
     uint32_t Begin;
     uint32_t End;
-    uint32_t First;   ///< The earliest of the places.
+    Place First;      ///< The earliest of the places.
     WordNumber Left;  ///< The word before all of them, kNoWord where they differ.
   };
 
+  int MostWords(Place place) const { return context_.MostWords[ValueOf(place)]; }
   void Close(const Interval& interval, int outerDepth, uint32_t slice);
   void CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice);
 

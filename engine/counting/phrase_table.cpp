@@ -11,7 +11,7 @@ namespace korv {
 namespace {
 
 PhraseEntry& Entry(PhraseTableData& data, PhraseIndex i) {
-  return data.Entries[i - 1];
+  return data.Entries[ValueOf(i) - 1];
 }
 
 }  // namespace
@@ -31,13 +31,13 @@ uint64_t PhraseTable::LongPhrases() const {
   return data_->LongPhrases;
 }
 
-PhraseIndex PhraseTable::EntryCount() const {
-  return static_cast<PhraseIndex>(data_->Entries.size());
+uint32_t PhraseTable::EntryCount() const {
+  return static_cast<uint32_t>(data_->Entries.size());
 }
 
 void PhraseTable::AppendText(PhraseIndex i, std::string& out) const {
   const PhraseEntry& entry = Entry(*data_, i);
-  const WordNumber* word = data_->Corpus.Tokens.data() + entry.First;
+  const WordNumber* word = data_->Corpus.From(entry.First);
   out += data_->Corpus.Words.Text(*word);
   for (uint8_t k = 1; k < entry.Words; ++k) {
     out += ' ';
@@ -53,11 +53,11 @@ std::string PhraseTable::Text(PhraseIndex i) const {
 
 void PhraseTable::Prefetch(PhraseIndex i, PhraseIndex later) const {
   const size_t entries = data_->Entries.size();
-  if (later - 1 < entries) {
-    __builtin_prefetch(data_->Entries.data() + later - 1);
-    if (!data_->Rank.empty()) __builtin_prefetch(data_->Rank.data() + later);
+  if (ValueOf(later) - 1 < entries) {
+    __builtin_prefetch(data_->Entries.data() + ValueOf(later) - 1);
+    if (!data_->Rank.empty()) __builtin_prefetch(data_->Rank.data() + ValueOf(later));
   }
-  if (i - 1 < entries) __builtin_prefetch(data_->Corpus.Tokens.data() + Entry(*data_, i).First);
+  if (ValueOf(i) - 1 < entries) __builtin_prefetch(data_->Corpus.From(Entry(*data_, i).First));
 }
 
 std::string PhraseTable::Key(PhraseIndex i) const {
@@ -67,7 +67,7 @@ std::string PhraseTable::Key(PhraseIndex i) const {
 uint32_t PhraseTable::Count(PhraseIndex i) const {
   return Entry(*data_, i).Count;
 }
-uint32_t PhraseTable::First(PhraseIndex i) const {
+Place PhraseTable::First(PhraseIndex i) const {
   return Entry(*data_, i).First;
 }
 int PhraseTable::Words(PhraseIndex i) const {
@@ -76,9 +76,9 @@ int PhraseTable::Words(PhraseIndex i) const {
 
 int PhraseTable::Characters(PhraseIndex i) const {
   const PhraseEntry& entry = Entry(*data_, i);
+  const WordNumber* words = data_->Corpus.From(entry.First);
   int characters = entry.Words - 1;
-  for (uint8_t k = 0; k < entry.Words; ++k)
-    characters += data_->Corpus.Words.Characters(data_->Corpus.Tokens[entry.First + k]);
+  for (uint8_t k = 0; k < entry.Words; ++k) characters += data_->Corpus.Words.Characters(words[k]);
   return characters;
 }
 
@@ -90,27 +90,28 @@ void PhraseTable::SetListed(PhraseIndex i, bool listed) {
 }
 
 PhraseIndex PhraseTable::ChainHead() const {
-  return data_->Chain.empty() ? 0 : data_->Chain.front();
+  return data_->Chain.empty() ? kNoPhrase : data_->Chain.front();
 }
 
-uint32_t PhraseTable::ChainPosition(PhraseIndex i) const {
-  return data_->Rank.empty() ? 0 : data_->Rank[i];
+PhraseRank PhraseTable::ChainPosition(PhraseIndex i) const {
+  return data_->Rank.empty() ? kNoRank : data_->Rank[ValueOf(i)];
 }
 
-PhraseIndex PhraseTable::AtChainPosition(uint32_t position) const {
-  return position - 1 < data_->Chain.size() ? data_->Chain[position - 1] : 0;
+PhraseIndex PhraseTable::AtChainPosition(PhraseRank rank) const {
+  const uint32_t before = ValueOf(rank) - 1;
+  return before < data_->Chain.size() ? data_->Chain[before] : kNoPhrase;
 }
 
 PhraseIndex PhraseTable::ChainNext(PhraseIndex i) const {
-  const uint32_t rank = ChainPosition(i);
-  return rank == 0 || rank == data_->Chain.size() ? 0 : data_->Chain[rank];
+  const PhraseRank rank = ChainPosition(i);
+  return rank == kNoRank ? kNoPhrase : AtChainPosition(rank + 1);
 }
 
 const korv::Corpus& PhraseTable::Corpus() const {
   return data_->Corpus;
 }
 
-std::span<const uint32_t> PhraseTable::Places(PhraseIndex i) const {
+std::span<const Place> PhraseTable::Places(PhraseIndex i) const {
   const auto& places = data_->Corpus.Places;
   if (places.empty()) return {};
   const PhraseEntry& entry = Entry(*data_, i);
@@ -121,12 +122,12 @@ DocumentCounts PhraseTable::Files(PhraseIndex i) const {
   if (!data_->CountsOfEntries.empty()) return data_->CountsOfEntries[Entry(*data_, i).Slice];
   DocumentCounts counts;
   if (data_->FileNumberOfSource.empty()) return counts;
-  const std::span<const uint32_t> places = Places(i);
-  std::vector<uint32_t> files(places.size());
+  const std::span<const Place> places = Places(i);
+  std::vector<DocumentNumber> files(places.size());
   std::transform(places.begin(), places.end(), files.begin(),
-                 [this](uint32_t place) { return data_->FileNumberOfSource[data_->Corpus.SourceAt(place)]; });
+                 [this](Place place) { return data_->FileNumberOfSource[data_->Corpus.SourceAt(place)]; });
   std::sort(files.begin(), files.end());
-  for (const uint32_t file : files) counts.Add(file);
+  for (const DocumentNumber file : files) counts.Add(file);
   return counts;
 }
 

@@ -10,11 +10,9 @@
 #include <vector>
 
 #include "engine/corpus/document_counts.h"
+#include "engine/counting/phrase_index.h"
 
 namespace korv {
-
-/// Index of an entry, 1-based; 0 means none.
-using PhraseIndex = uint32_t;
 
 struct Corpus;
 struct PhraseTableData;
@@ -55,20 +53,22 @@ class PhraseTable {
   /// From here on phrases belong to the file `path`; it gets a number with its first phrase.
   void BeginFile(const std::filesystem::path& path);
 
-  struct Place {
+  struct Lookup {
     bool Found;
     /// The place of the phrase among all phrases in descending order of Text, 1-based; when it is not
     /// there, the negated place at which it would be inserted.
     int64_t Position;
   };
   /// Where `text` stands. Binary search; the first call after a change sorts.
-  Place FindPhrase(std::string_view text) const;
+  Lookup FindPhrase(std::string_view text) const;
   /// The most halving steps that a FindPhrase has taken.
   int MaxSearchDepth() const;
 
   // ---- Entries 1..EntryCount(); ascending by Key, then Text, once sorted.
 
-  PhraseIndex EntryCount() const;
+  uint32_t EntryCount() const;
+  /// All of them, in the order of the table.
+  IndexRange<PhraseIndex> All() const { return {PhraseIndex{1}, PhraseIndex{EntryCount()}}; }
   void AppendText(PhraseIndex i, std::string& out) const;
   std::string Text(PhraseIndex i) const;
   /// Hints that Text(i) and the numbers of entry `i` will be wanted soon, and that those of `later` will be
@@ -78,7 +78,7 @@ class PhraseTable {
   std::string Key(PhraseIndex i) const;
   uint32_t Count(PhraseIndex i) const;
   /// The place of its earliest occurrence in the Corpus().
-  uint32_t First(PhraseIndex i) const;
+  Place First(PhraseIndex i) const;
   int Words(PhraseIndex i) const;       ///< Number of words.
   int Characters(PhraseIndex i) const;  ///< Number of characters, blanks included.
   /// Cleared for phrases below the minimum frequency and for redundant ones.
@@ -87,15 +87,15 @@ class PhraseTable {
 
   // ---- The frequency chain.
 
-  PhraseIndex ChainHead() const;                ///< 0 for an empty chain.
-  uint32_t ChainPosition(PhraseIndex i) const;  ///< The rank, 1 for the first; 0 when not in the chain.
-  PhraseIndex AtChainPosition(uint32_t position) const;  ///< The inverse; 0 beyond the end.
-  PhraseIndex ChainNext(PhraseIndex i) const;            ///< 0 at the end and for entries not in the chain.
+  PhraseIndex ChainHead() const;                       ///< kNoPhrase for an empty chain.
+  PhraseRank ChainPosition(PhraseIndex i) const;       ///< The rank; kNoRank when not in the chain.
+  PhraseIndex AtChainPosition(PhraseRank rank) const;  ///< The inverse; kNoPhrase beyond the end.
+  PhraseIndex ChainNext(PhraseIndex i) const;  ///< kNoPhrase at the end and for entries not in the chain.
 
   // ---- Runs that keep places.
 
   /// Where the phrase stands, in no order; empty where the run kept no places. Constant.
-  std::span<const uint32_t> Places(PhraseIndex i) const;
+  std::span<const Place> Places(PhraseIndex i) const;
   /// The text that was counted.
   const korv::Corpus& Corpus() const;
 

@@ -30,10 +30,10 @@ void PhraseTable::AddWordToList(std::string_view phrase) {
     data.CurrentFileNumbered = true;
   }
   ++data.Occurrences;
-  const auto [found, isNew] =
-      data.IndexOfText.try_emplace(std::string(phrase), static_cast<PhraseIndex>(data.Entries.size() + 1));
+  const auto [found, isNew] = data.IndexOfText.try_emplace(
+      std::string(phrase), PhraseIndex{static_cast<uint32_t>(data.Entries.size() + 1)});
   if (isNew) {
-    PhraseEntry entry{static_cast<uint32_t>(data.Corpus.Tokens.size()), 0,
+    PhraseEntry entry{Place{static_cast<uint32_t>(data.Corpus.Tokens.size())}, 0,
                       static_cast<uint32_t>(data.CountsOfEntries.size()), 0, true};
     for (size_t begin = 0; begin <= phrase.size();) {
       const size_t end = std::min(phrase.find(' ', begin), phrase.size());
@@ -46,19 +46,19 @@ void PhraseTable::AddWordToList(std::string_view phrase) {
     data.ByText.clear();
     if (!data.ForWordList) data.CountsOfEntries.emplace_back();
   }
-  PhraseEntry& entry = data.Entries[found->second - 1];
+  PhraseEntry& entry = data.Entries[ValueOf(found->second) - 1];
   if (entry.Count < static_cast<uint32_t>(std::numeric_limits<int32_t>::max())) ++entry.Count;
   if (!data.FilePaths.empty())
-    data.CountsOfEntries[entry.Slice].Add(static_cast<uint32_t>(data.FilePaths.size()));
+    data.CountsOfEntries[entry.Slice].Add(DocumentNumber{static_cast<uint32_t>(data.FilePaths.size())});
 }
 
-PhraseTable::Place PhraseTable::FindPhrase(std::string_view text) const {
+PhraseTable::Lookup PhraseTable::FindPhrase(std::string_view text) const {
   const PhraseTableData& data = *data_;
   const auto n = static_cast<int64_t>(data.Entries.size());
   if (n == 0) return {false, -1};
   if (data.ByText.empty()) {
     data.ByText.resize(data.Entries.size());
-    for (PhraseIndex i = 1; i <= EntryCount(); ++i) data.ByText[i - 1] = i;
+    std::ranges::generate(data.ByText, [i = kNoPhrase]() mutable { return ++i; });
     std::sort(data.ByText.begin(), data.ByText.end(),
               [this](PhraseIndex a, PhraseIndex b) { return Text(a) > Text(b); });
   }
@@ -72,12 +72,12 @@ PhraseTable::Place PhraseTable::FindPhrase(std::string_view text) const {
   int64_t low = 1;
   int64_t high = n;
   int steps = 0;
-  Place place{false, 0};
+  Lookup lookup{false, 0};
   for (int64_t middle = n / 2;; middle = high - low == 1 ? low : low + (high - low + 1) / 2) {
     ++steps;
     const std::string probe = textAt(middle);
     if (probe == text) {
-      place = {true, middle};
+      lookup = {true, middle};
       break;
     }
     if (probe > text)
@@ -85,12 +85,12 @@ PhraseTable::Place PhraseTable::FindPhrase(std::string_view text) const {
     else
       high = middle;
     if (low == high) {
-      place = textAt(low) == text ? Place{true, low} : Place{false, -low};
+      lookup = textAt(low) == text ? Lookup{true, low} : Lookup{false, -low};
       break;
     }
   }
   data.MaxSearchDepth = std::max(data.MaxSearchDepth, steps);
-  return place;
+  return lookup;
 }
 
 int PhraseTable::MaxSearchDepth() const {

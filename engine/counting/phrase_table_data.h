@@ -15,7 +15,7 @@ namespace korv {
 
 /// One phrase: a place in the text.
 struct PhraseEntry {
-  uint32_t First;  ///< Place of its earliest occurrence.
+  Place First;     ///< Of its earliest occurrence.
   uint32_t Count;  ///< All occurrences.
   uint32_t Slice;  ///< Where places are kept: index in Corpus.Places of the first of Count. Else in
                    ///< CountsOfEntries.
@@ -28,7 +28,7 @@ static_assert(sizeof(PhraseEntry) == 16);
 struct PhraseTableData {
   korv::Corpus Corpus;
   /// Renumbering by rank goes block by block, so that a stop may come between two.
-  std::vector<WordNumber> NewNumbers;
+  RawVector<WordNumber> NewNumbers;
   std::vector<uint8_t> BlockRenumbered;
 
   // The phrases, entry i at Entries[i - 1].
@@ -42,12 +42,12 @@ struct PhraseTableData {
   bool OrderedByNumbers = false;
 
   // Folder runs.
-  std::vector<uint32_t> FileNumberOfSource;  ///< 0 for a source without a phrase.
+  std::vector<DocumentNumber> FileNumberOfSource;  ///< kNoDocument for a source without a phrase.
   std::vector<std::filesystem::path> FilePaths;
 
   // The chain: entries by rank, and ranks by entry (both 1-based values; element 0 of Rank is unused).
   std::vector<PhraseIndex> Chain;
-  std::vector<uint32_t> Rank;
+  std::vector<PhraseRank> Rank;
 
   // Filling one phrase at a time; over once the entries are sorted.
   bool ForWordList = false;

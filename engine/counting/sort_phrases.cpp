@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <span>
 #include <vector>
 
 #include "base/workers.h"
@@ -41,7 +42,7 @@ class KeyOrder {
  private:
   WordNumber WordAt(size_t entry, int depth) const {
     const PhraseEntry& e = data_.Entries[entry];
-    return depth < e.Words ? data_.Corpus.Tokens[e.First + static_cast<size_t>(depth)] : kNoWord;
+    return depth < e.Words ? data_.Corpus.From(e.First)[depth] : kNoWord;
   }
 
   void Merge(size_t begin, size_t middle, size_t end) {
@@ -54,8 +55,8 @@ class KeyOrder {
 
   /// By Keys first; Texts, the last key, differ for any two entries.
   bool Before(const PhraseEntry& a, const PhraseEntry& b) const {
-    const WordNumber* x = data_.Corpus.Tokens.data() + a.First;
-    const WordNumber* y = data_.Corpus.Tokens.data() + b.First;
+    const WordNumber* x = data_.Corpus.From(a.First);
+    const WordNumber* y = data_.Corpus.From(b.First);
     const int shorter = std::min(a.Words, b.Words);
     int byText = 0;
     for (int k = 0; k < shorter; ++k) {
@@ -75,7 +76,7 @@ class KeyOrder {
 void RankWords(PhraseTableData& data, const Yielder& yielder) {
   data.Corpus.Words.Rank(data.NewNumbers, yielder);
   if (!data.Corpus.Words.Ranked()) return;
-  for (WordNumber& word : data.Corpus.Tokens) word = data.NewNumbers[word];
+  for (WordNumber& word : data.Corpus.Tokens) word = data.NewNumbers[ValueOf(word)];
 }
 
 }  // namespace
@@ -89,10 +90,9 @@ bool SortPhrases(PhraseTable& table, Yielder& yielder) {
     if (!data.Corpus.Words.Ranked()) RankWords(data, yielder);
     if (!data.Corpus.Words.Ranked()) return;
     if (!data.OrderedByNumbers) {
-      const WordNumber* text = data.Corpus.Tokens.data();
-      std::sort(data.Entries.begin(), data.Entries.end(), [text](const PhraseEntry& a, const PhraseEntry& b) {
-        return std::lexicographical_compare(text + a.First, text + a.First + a.Words, text + b.First,
-                                            text + b.First + b.Words);
+      std::sort(data.Entries.begin(), data.Entries.end(), [&](const PhraseEntry& a, const PhraseEntry& b) {
+        return std::ranges::lexicographical_compare(std::span(data.Corpus.From(a.First), a.Words),
+                                                    std::span(data.Corpus.From(b.First), b.Words));
       });
       data.OrderedByNumbers = true;
     }

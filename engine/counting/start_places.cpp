@@ -114,8 +114,8 @@ class StartFinder {
       starts_.MostWords[place] = static_cast<uint8_t>(most);
       starts_.LongPhrases += window.TooLong();
       if (most < fewest) continue;
-      ++starts_.BucketEnds[word + 1];
-      starts_.Occurrences[word] += static_cast<uint64_t>(most - fewest + 1);
+      ++starts_.BucketEnds[ValueOf(word) + 1];
+      starts_.Occurrences[ValueOf(word)] += static_cast<uint64_t>(most - fewest + 1);
       if (source > 0) starts_.SourceHasPhrase[source - 1] = 1;
     }
     return true;
@@ -141,7 +141,7 @@ class StartFinder {
     for (size_t place = 0; place < corpus_.Tokens.size(); ++place) {
       if (place % kYieldEvery == 0 && !GoesOn(yielder_)) return false;
       if (PhraseCounts(tokens + place, starts_.MostWords[place]))
-        starts_.Places[starts_.BucketEnds[tokens[place]]++] = static_cast<uint32_t>(place);
+        starts_.Places[starts_.BucketEnds[ValueOf(tokens[place])]++] = Place{static_cast<uint32_t>(place)};
     }
     return true;
   }

@@ -20,7 +20,7 @@ namespace korv {
 ///   each.
 struct StartPlaces {
   ZeroedArray<uint8_t> MostWords;  ///< Per token: most words of a phrase that starts there.
-  RawVector<uint32_t> Places;
+  RawVector<Place> Places;
   std::vector<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
   std::vector<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.
   /// Occurrences that would count but for kMostPhraseCharacters. Not told with entries for whole phrases.

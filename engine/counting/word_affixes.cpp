@@ -38,8 +38,10 @@ class WordTable {
   /// Holds the words that are `wanted`, by number. Stops when asked to; the table is of no use then.
   WordTable(const Vocabulary& words, const std::vector<bool>& wanted, const Yielder& yielder)
       : words_(words), slots_(std::bit_ceil(size_t{words.Size()} * 2 + 2)) {
-    for (WordNumber w = 1; w <= words.Size() && !yielder.Stopped(); ++w)
-      if (wanted[w]) Insert(w);
+    for (const WordNumber w : words.All()) {
+      if (yielder.Stopped()) break;
+      if (wanted[ValueOf(w)]) Insert(w);
+    }
   }
 
   /// The longest word of the table that `word` begins with (ends with, where Backward) and that is shorter.
@@ -80,17 +82,22 @@ std::vector<WordNumber> LongestBeginnings(const Vocabulary& words, const std::ve
                                           const Yielder& yielder) {
   const WordTable<Backward> table(words, wanted, yielder);
   std::vector<WordNumber> longest(words.Size() + 1, kNoWord);
-  for (WordNumber w = 1; w <= words.Size() && !yielder.Stopped(); ++w) longest[w] = table.LongestBeginning(w);
+  for (const WordNumber w : words.All()) {
+    if (yielder.Stopped()) break;
+    longest[ValueOf(w)] = table.LongestBeginning(w);
+  }
   return longest;
 }
 
 /// For each word the end of its chain of shorter ones.
-std::vector<WordNumber> Families(const std::vector<WordNumber>& shorter, const Yielder& yielder) {
-  std::vector<WordNumber> family(shorter.size());
-  for (WordNumber w = 1; w < shorter.size() && !yielder.Stopped(); ++w) {
+std::vector<WordNumber> Families(const Vocabulary& words, const std::vector<WordNumber>& shorter,
+                                 const Yielder& yielder) {
+  std::vector<WordNumber> family(shorter.size(), kNoWord);
+  for (const WordNumber w : words.All()) {
+    if (yielder.Stopped()) break;
     WordNumber last = w;
-    while (shorter[last] != kNoWord) last = shorter[last];
-    family[w] = last;
+    while (shorter[ValueOf(last)] != kNoWord) last = shorter[ValueOf(last)];
+    family[ValueOf(w)] = last;
   }
   return family;
 }
@@ -103,10 +110,10 @@ WordAffixes::WordAffixes(const Vocabulary& words, const std::vector<bool>& isSuf
   RunTasks(2, words.Size() < kTooFewForThreads, yielder, [&](size_t task, size_t) {
     if (task == 0) {
       suffix_ = LongestBeginnings<true>(words, isSuffix, yielder);
-      suffixFamily_ = Families(suffix_, yielder);
+      suffixFamily_ = Families(words, suffix_, yielder);
     } else {
       prefix_ = LongestBeginnings<false>(words, isPrefix, yielder);
-      prefixFamily_ = Families(prefix_, yielder);
+      prefixFamily_ = Families(words, prefix_, yielder);
     }
   });
 }

@@ -20,11 +20,11 @@ class WordAffixes {
               Yielder& yielder);
 
   /// The longest proper suffix of `word` that is such a word, kNoWord when there is none.
-  WordNumber Suffix(WordNumber word) const { return suffix_[word]; }
-  WordNumber Prefix(WordNumber word) const { return prefix_[word]; }
+  WordNumber Suffix(WordNumber word) const { return suffix_[ValueOf(word)]; }
+  WordNumber Prefix(WordNumber word) const { return prefix_[ValueOf(word)]; }
   /// Where the suffixes of `word` end: the word without a suffix of its own.
-  WordNumber SuffixFamily(WordNumber word) const { return suffixFamily_[word]; }
-  WordNumber PrefixFamily(WordNumber word) const { return prefixFamily_[word]; }
+  WordNumber SuffixFamily(WordNumber word) const { return suffixFamily_[ValueOf(word)]; }
+  WordNumber PrefixFamily(WordNumber word) const { return prefixFamily_[ValueOf(word)]; }
 
  private:
   std::vector<WordNumber> suffix_;

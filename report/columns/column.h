@@ -27,7 +27,7 @@ struct ColumnSource {
   uint64_t FilesWithWords = 0;
   /// By entry: its place when ordered by frequency. Empty where the frequency chain has that order. Needed by
   /// columns with NeedsFrequencyRanks.
-  std::span<const uint32_t> FrequencyRanks = {};
+  std::span<const PhraseRank> FrequencyRanks = {};
 };
 
 /// The phrase at hand.

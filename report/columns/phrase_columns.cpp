@@ -14,8 +14,8 @@ constexpr Column kPhraseColumns[] = {
                    "order of the list and its filter: 1 for the most frequent one; phrases of the same "
                    "frequency stand in alphabetical order.",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
-       return int64_t{source.FrequencyRanks.empty() ? source.Table.ChainPosition(phrase.Entry)
-                                                    : source.FrequencyRanks[phrase.Entry]};
+       return int64_t{ValueOf(source.FrequencyRanks.empty() ? source.Table.ChainPosition(phrase.Entry)
+                                                            : source.FrequencyRanks[ValueOf(phrase.Entry)])};
      },
      .NeedsFrequencyRanks = true},
     {.Id = "phrase",

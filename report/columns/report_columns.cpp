@@ -20,7 +20,7 @@ constexpr Column kReportColumns[] = {
          "The place of the phrase in the order that the ranks of the report go by: by frequency, or "
          "by number of files where the report is sorted so.",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
-       return int64_t{source.Table.ChainPosition(phrase.Entry)};
+       return int64_t{ValueOf(source.Table.ChainPosition(phrase.Entry))};
      },
      .Greatest = [](const ColumnSource& source) -> Cell { return int64_t{source.Extent.Phrases}; }},
     {.Id = "relative_frequency",
@@ -92,7 +92,7 @@ constexpr Column kReportColumns[] = {
      .Definition = "The path of each file in which the phrase occurs, of the first 10,000.",
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase&,
                        const DocumentCounts::Item& file) -> Cell {
-       const size_t index = size_t{file.FileNumber} - 1;
+       const size_t index = size_t{ValueOf(file.Document)} - 1;
        return index < source.FilePaths.size() ? std::string_view(source.FilePaths[index]) : "";
      },
      .NeedsFiles = true},

@@ -15,7 +15,7 @@ namespace {
 constexpr size_t kMostTokens = size_t{1} << 20;
 
 /// No token: what is wanted begins with the text.
-constexpr uint32_t kFromBegin = 0;
+constexpr Place kFromBegin{0};
 
 /// Fewer bytes are sooner read than sought.
 constexpr uint64_t kWorthASeek = uint64_t{64} * 1024;
@@ -36,13 +36,13 @@ struct PlaceLocator::Hit {
   const TakenWord* Word;
 };
 
-Expected<PlaceInText, PlaceFault> PlaceLocator::Locate(uint32_t place, int words, size_t around) {
+Expected<PlaceInText, PlaceFault> PlaceLocator::Locate(Place place, int words, size_t around) {
   const size_t source = corpus_.SourceAt(place);
   // Two tokens, of which one may be a phrase end, stand for one character at least, and a blank.
   const size_t before = around + 2;
-  const bool all = place < corpus_.Sources[source].Begin + before;
-  const uint32_t from = all ? kFromBegin : place - static_cast<uint32_t>(before);
-  const uint32_t last = place + static_cast<uint32_t>(words) - 1;
+  const bool all = ValueOf(place) < corpus_.Sources[source].Begin + before;
+  const Place from = all ? kFromBegin : place - static_cast<uint32_t>(before);
+  const Place last = place + static_cast<uint32_t>(words - 1);
   if (!GoesOn(source, from))
     if (const Fault fault = Open(source, from)) return *fault;
   if (const Fault fault = ReadUntil(last, from)) return *fault;
@@ -61,7 +61,7 @@ Expected<PlaceInText, PlaceFault> PlaceLocator::Locate(uint32_t place, int words
 }
 
 /// Whether reading on is as good as beginning at an anchor.
-bool PlaceLocator::GoesOn(size_t source, uint32_t from) const {
+bool PlaceLocator::GoesOn(size_t source, Place from) const {
   if (source != source_ || replay_ == nullptr || replay_->Differs() || lines_.empty() ||
       replay_->Tokens() > kMostTokens)
     return false;
@@ -71,13 +71,13 @@ bool PlaceLocator::GoesOn(size_t source, uint32_t from) const {
          corpus_.Lines.Before(from).Offset() <= readerBegin_ + replay_->LineOffset() + kWorthASeek;
 }
 
-const LineAnchor& PlaceLocator::AnchorFor(size_t source, uint32_t from) const {
+const LineAnchor& PlaceLocator::AnchorFor(size_t source, Place from) const {
   if (from != kFromBegin) return corpus_.Lines.Before(from);
   return corpus_.Lines.BeginOfText(
-      corpus_.Lines.Before(static_cast<uint32_t>(corpus_.Sources[source].Begin)));
+      corpus_.Lines.Before(Place{static_cast<uint32_t>(corpus_.Sources[source].Begin)}));
 }
 
-PlaceLocator::Fault PlaceLocator::Open(size_t source, uint32_t from) {
+PlaceLocator::Fault PlaceLocator::Open(size_t source, Place from) {
   replay_.reset();
   lines_.clear();
   source_ = source;
@@ -158,7 +158,7 @@ bool PlaceLocator::ReadLine() {
 }
 
 /// Reads until the word is there, and forgets the lines that no longer matter to what begins at `from`.
-PlaceLocator::Fault PlaceLocator::ReadUntil(uint32_t token, uint32_t from) {
+PlaceLocator::Fault PlaceLocator::ReadUntil(Place token, Place from) {
   const auto isThere = [&] {
     return std::any_of(lines_.rbegin(), lines_.rend(), [token](const auto& line) {
       return !line->Words.empty() && line->Words.back().Token >= token;
@@ -174,11 +174,11 @@ PlaceLocator::Fault PlaceLocator::ReadUntil(uint32_t token, uint32_t from) {
   return std::nullopt;
 }
 
-bool PlaceLocator::Find(uint32_t token, Hit& hit) const {
+bool PlaceLocator::Find(Place token, Hit& hit) const {
   for (size_t i = 0; i < lines_.size(); ++i) {
     const std::vector<TakenWord>& words = lines_[i]->Words;
     const auto word = std::lower_bound(words.begin(), words.end(), token,
-                                       [](const TakenWord& w, uint32_t t) { return w.Token < t; });
+                                       [](const TakenWord& w, Place t) { return w.Token < t; });
     if (word == words.end()) continue;
     hit = {i, &*word};
     return word->Token == token;

@@ -46,21 +46,21 @@ class PlaceLocator {
 
   /// The phrase of `words` words at `place`, with at most `around` code points of whole words on both sides,
   /// beyond phrase ends too but not beyond the file.
-  Expected<PlaceInText, PlaceFault> Locate(uint32_t place, int words, size_t around);
+  Expected<PlaceInText, PlaceFault> Locate(Place place, int words, size_t around);
 
  private:
   using Fault = std::optional<PlaceFault>;
   struct Hit;
 
-  bool GoesOn(size_t source, uint32_t from) const;
-  const LineAnchor& AnchorFor(size_t source, uint32_t from) const;
-  Fault Open(size_t source, uint32_t from);
+  bool GoesOn(size_t source, Place from) const;
+  const LineAnchor& AnchorFor(size_t source, Place from) const;
+  Fault Open(size_t source, Place from);
   Expected<std::unique_ptr<TextReader>, PlaceFault> ReaderAt(size_t source, const LineAnchor& anchor);
   Expected<uint64_t, PlaceFault> ColumnsBefore(size_t source, const LineAnchor& anchor);
   Fault ReadDocument(size_t source);
   bool ReadLine();
-  Fault ReadUntil(uint32_t token, uint32_t from);
-  bool Find(uint32_t token, Hit& hit) const;
+  Fault ReadUntil(Place token, Place from);
+  bool Find(Place token, Hit& hit) const;
   RawSpan SpanOf(const Hit& hit);
   TextEncoding Encoding() const;
   std::string Text(std::string_view bytes) const;

@@ -8,9 +8,10 @@ namespace korv {
 
 namespace {
 
-uint32_t EndOfSource(const Corpus& corpus, size_t source) {
-  return static_cast<uint32_t>(source + 1 < corpus.Sources.size() ? corpus.Sources[source + 1].Begin
-                                                                  : corpus.Tokens.size() - kTrailingEnds);
+Place EndOfSource(const Corpus& corpus, size_t source) {
+  return Place{static_cast<uint32_t>(source + 1 < corpus.Sources.size()
+                                         ? corpus.Sources[source + 1].Begin
+                                         : corpus.Tokens.size() - kTrailingEnds)};
 }
 
 TextEncoding EncodingOf(const Corpus& corpus, size_t source) {
@@ -31,7 +32,7 @@ TextReplay::TextReplay(const Corpus& corpus, size_t source, const LineAnchor& an
       columns_(columnsBefore),
       startsLine_(anchor.StartsLine()) {
   // Whether a phrase end gives a token depends on the token before it.
-  if (const WordNumber before = corpus.Tokens[anchor.Token() - 1]; before != kNoWord)
+  if (const WordNumber before = *corpus.From(anchor.Token() - 1); before != kNoWord)
     stream_.GetWords2(corpus.Words.Text(before));
   base_ = anchor.Token() - static_cast<uint32_t>(Tokens());
   scanner_.BeginSource();
@@ -77,9 +78,9 @@ void TextReplay::ResetPhrases() {
 void TextReplay::Compare(size_t before) {
   const Corpus& again = stream_.Corpus();
   for (size_t i = before; i < again.Tokens.size(); ++i) {
-    const size_t token = base_ + i;
+    const Place token = base_ + static_cast<uint32_t>(i);
     if (token >= end_) return;
-    const WordNumber was = corpus_.Tokens[token];
+    const WordNumber was = *corpus_.From(token);
     const WordNumber is = again.Tokens[i];
     if ((was == kNoWord) != (is == kNoWord) ||
         (is != kNoWord && corpus_.Words.Text(was) != again.Words.Text(is)))

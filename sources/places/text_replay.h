@@ -16,7 +16,7 @@ namespace korv {
 
 /// A word that has a token, in the line as words are cut from it, in bytes.
 struct TakenWord {
-  uint32_t Token;
+  Place Token;
   size_t Begin;
   size_t End;
 };
@@ -26,8 +26,8 @@ struct ReplayedLine {
   uint64_t Line = 0;           ///< Counted from 1.
   uint64_t ColumnsBefore = 0;  ///< Of a piece: code points of the line before it.
   bool StartsLine = true;
-  uint32_t FirstToken = 0;  ///< Index of the first token that it may give.
-  std::string Bytes;        ///< As the file has it, without its end.
+  Place FirstToken{};  ///< Index of the first token that it may give.
+  std::string Bytes;   ///< As the file has it, without its end.
   std::vector<TakenWord> Words;
   std::optional<RawLine> Raw;  ///< Of Bytes; made when it is asked for.
 };
@@ -54,17 +54,17 @@ class TextReplay final : private WordSink {
  private:
   void TakeWord(std::string_view word) override;
   void ResetPhrases() override;
-  uint32_t NextToken() const { return base_ + static_cast<uint32_t>(Tokens()); }
+  Place NextToken() const { return base_ + static_cast<uint32_t>(Tokens()); }
   /// Compares the tokens that came since the stream had `before` of them.
   void Compare(size_t before);
 
   const Corpus& corpus_;
-  uint32_t end_;  ///< First token behind the text.
+  Place end_;  ///< First token behind the text.
   CorpusBuilder stream_;
   LineScanner<WordSink> scanner_;
   std::unique_ptr<TextReader> reader_;
   TextEncoding encoding_;
-  uint32_t base_;  ///< Token i of the stream is token base_ + i of the run.
+  Place base_;  ///< Token i of the stream is token base_ + i of the run.
   uint64_t line_;
   uint64_t columns_;
   bool startsLine_;  ///< Of the next line.

@@ -39,7 +39,7 @@ struct PlacesWorld : RunWorld {
     const CutPhrase cut = CutTypedPhrase(phrase, corpus);
     PlaceLocator locator = Locator();
     std::string places;
-    for (const uint32_t place : PlacesOf(corpus, cut.Words)) {
+    for (const Place place : PlacesOf(corpus, cut.Words)) {
       const auto at = locator.Locate(place, static_cast<int>(cut.Words.size()), 20);
       if (!places.empty()) places += ", ";
       if (!at)
@@ -119,7 +119,7 @@ TEST(PlaceLocator, ShowsWholeWordsAroundThePhraseButNotOfAnotherFile) {
   world.UseFolder("/t");
   ASSERT_EQ(world.Count(), RunEnd::Counted);
   const Corpus& corpus = world.Run.Table.Corpus();
-  const std::vector<uint32_t> places = PlacesOf(corpus, CutTypedPhrase("big cat", corpus).Words);
+  const std::vector<Place> places = PlacesOf(corpus, CutTypedPhrase("big cat", corpus).Words);
   ASSERT_EQ(places.size(), 2u);
   struct Case {
     size_t Around;
@@ -191,7 +191,7 @@ TEST(PlaceLocator, LeadsIntoLongLinesAsIntoShortOnes) {
     const size_t width = 8 + static_cast<size_t>(reference::CharacterCount(c.Between));
     for (const size_t i : {size_t{0}, size_t{129'999}, size_t{130'000}, size_t{200'000}, size_t{200'001},
                            size_t{249'990}, size_t{249'999}, size_t{210'000}, size_t{5}}) {
-      const auto at = locator.Locate(static_cast<uint32_t>(corpus.Sources[0].Begin + i), 1, 18);
+      const auto at = locator.Locate(Place{static_cast<uint32_t>(corpus.Sources[0].Begin + i)}, 1, 18);
       ASSERT_TRUE(at) << c.Name << ' ' << i;
       EXPECT_EQ(at->Phrase, NumberedWord(i)) << c.Name;
       EXPECT_EQ(at->Line, i / c.WordsALine + 1) << c.Name << ' ' << i;
@@ -275,7 +275,7 @@ TEST(PlaceLocator, FindsPlacesOfARunThatWasStopped) {
   world.Yielder.StopAtCall(2000);
   ASSERT_EQ(world.Count(), RunEnd::Counted);
   const Corpus& corpus = world.Run.Table.Corpus();
-  const std::vector<uint32_t> places = PlacesOf(corpus, CutTypedPhrase("big cat", corpus).Words);
+  const std::vector<Place> places = PlacesOf(corpus, CutTypedPhrase("big cat", corpus).Words);
   ASSERT_GT(places.size(), 10u);
   ASSERT_LT(places.size(), 5000u);
   const auto last = world.Locator().Locate(places.back(), 2, 80);
@@ -488,7 +488,7 @@ RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
         place + 1 < tokens.size() && !model.Words()[place + 1].empty() && Coin() ? place + 1 : place;
     const size_t around = *rc::gen::inRange<size_t>(0, 30);
     const auto found =
-        locator.Locate(static_cast<uint32_t>(place), static_cast<int>(last - place) + 1, around);
+        locator.Locate(Place{static_cast<uint32_t>(place)}, static_cast<int>(last - place) + 1, around);
     const ModelToken& word = tokens[place];
     RC_LOG() << "word " << word.Place.Word << " at " << word.Place.Line << ":" << word.Place.Column << '\n';
     RC_ASSERT(found.HasValue());

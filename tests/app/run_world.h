@@ -104,7 +104,7 @@ struct RunWorld {
   /// "2 big cat, 3 the cat": what is listed, by rank.
   std::string Listed() const {
     std::string text;
-    for (PhraseIndex i = Run.Table.ChainHead(); i != 0; i = Run.Table.ChainNext(i))
+    for (PhraseIndex i = Run.Table.ChainHead(); i != kNoPhrase; i = Run.Table.ChainNext(i))
       text += (text.empty() ? "" : ", ") + std::to_string(Run.Table.Count(i)) + " " + Run.Table.Text(i);
     return text;
   }

@@ -106,7 +106,7 @@ int Count(const World& world) {
   EXPECT_TRUE(ExcludeRedundantSubphrases(table, yielder));
   EXPECT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByFiles, yielder));
   int listed = 0;
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) listed += table.Listed(i) ? 1 : 0;
+  for (const PhraseIndex i : table.All()) listed += table.Listed(i) ? 1 : 0;
   return listed;
 }
 

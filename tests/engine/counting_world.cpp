@@ -111,16 +111,16 @@ void Finish(Yielder& yielder, auto stage, auto afterStop) {
 }
 
 void ExpectEmptyChain(const PhraseTable& table) {
-  RC_ASSERT(table.ChainHead() == 0u);
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
-    RC_ASSERT(table.ChainPosition(i) == 0u);
-    RC_ASSERT(table.ChainNext(i) == 0u);
+  RC_ASSERT(table.ChainHead() == kNoPhrase);
+  for (const PhraseIndex i : table.All()) {
+    RC_ASSERT(table.ChainPosition(i) == kNoRank);
+    RC_ASSERT(table.ChainNext(i) == kNoPhrase);
   }
 }
 
 std::vector<bool> Flags(const PhraseTable& table) {
   std::vector<bool> flags;
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) flags.push_back(table.Listed(i));
+  for (const PhraseIndex i : table.All()) flags.push_back(table.Listed(i));
   return flags;
 }
 
@@ -258,18 +258,24 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
       [&] { ExpectEmptyChain(table); });
 
   const bool folder = IsFolder(world);
-  auto textOf = [&](PhraseIndex i) { return i == 0 ? std::string() : table.Text(i); };
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
+  auto textOf = [&](PhraseIndex i) { return i == kNoPhrase ? std::string() : table.Text(i); };
+  for (const PhraseIndex i : table.All()) {
     const std::string text = table.Text(i);
     RC_ASSERT(table.Characters(i) == reference::CharacterCount(text));
     RC_ASSERT(table.Words(i) == std::count(text.begin(), text.end(), ' ') + 1);
     if (!table.Listed(i)) {
-      RC_ASSERT(table.ChainPosition(i) == 0u);
-      RC_ASSERT(table.ChainNext(i) == 0u);
+      RC_ASSERT(table.ChainPosition(i) == kNoRank);
+      RC_ASSERT(table.ChainNext(i) == kNoPhrase);
       continue;
     }
-    CountingOutcome::Entry entry{
-        text, table.Key(i), table.Count(i), table.ChainPosition(i), textOf(table.ChainNext(i)), "", "", 0};
+    CountingOutcome::Entry entry{text,
+                                 table.Key(i),
+                                 table.Count(i),
+                                 ValueOf(table.ChainPosition(i)),
+                                 textOf(table.ChainNext(i)),
+                                 "",
+                                 "",
+                                 0};
     if (folder) {
       const DocumentCounts counts = table.Files(i);
       entry.FileNumbers = counts.FileNumbers();

@@ -23,8 +23,14 @@ namespace {
 using Words = std::vector<std::string>;
 using Places = std::vector<size_t>;
 
-Places AsModel(std::span<const uint32_t> places) {
-  Places sorted(places.begin(), places.end());
+Places Values(std::span<const Place> places) {
+  Places values;
+  for (const Place place : places) values.push_back(ValueOf(place));
+  return values;
+}
+
+Places AsModel(std::span<const Place> places) {
+  Places sorted = Values(places);
   std::ranges::sort(sorted);
   return sorted;
 }
@@ -101,9 +107,11 @@ void CheckOrders(const Corpus& corpus, const Words& text, const Places& places, 
       };
       return path(a) < path(b);
     });
-    std::vector<uint32_t> ordered(places.rbegin(), places.rend());
+    std::vector<Place> ordered;
+    for (const size_t place : places) ordered.push_back(Place{static_cast<uint32_t>(place)});
+    std::ranges::reverse(ordered);
     OrderPlaces(corpus, static_cast<int>(words), order, ordered);
-    RC_ASSERT(Places(ordered.begin(), ordered.end()) == expected);
+    RC_ASSERT(Values(ordered) == expected);
   }
 }
 
@@ -121,7 +129,8 @@ void CheckWorld(CountingWorld world) {
   }
 
   const bool keeps = KeepsPlaces(world.Options);
-  for (PhraseIndex i = 1; i <= std::min<PhraseIndex>(counted.Table.EntryCount(), 25); ++i) {
+  const PhraseIndex last{std::min<uint32_t>(counted.Table.EntryCount(), 25)};
+  for (const PhraseIndex i : IndexRange(PhraseIndex{1}, last)) {
     const Words phrase = reference::Split(counted.Table.Text(i), ' ');
     const Places places = reference::PlacesOf(text, phrase);
     RC_ASSERT(counted.Table.Count(i) == places.size());
@@ -208,7 +217,7 @@ TEST(PhrasePlaces, AreNotKeptWhereNobodyAsksForThem) {
   world.Options.KeepPlaces = false;
   CountedWorld counted(world);
   EXPECT_TRUE(counted.Table.Corpus().Places.empty());
-  EXPECT_TRUE(counted.Table.Places(1).empty());
+  EXPECT_TRUE(counted.Table.Places(PhraseIndex{1}).empty());
   EXPECT_EQ(AsModel(PlacesOf(counted.Table.Corpus(), NumbersOf(counted.Table.Corpus(), {"the", "cat"}))),
             (Places{1, 5, 9}));
 }

@@ -40,29 +40,30 @@ PhraseTable CountedTable(const std::vector<Counted>& phrases) {
 }
 
 PhraseIndex IndexOf(const PhraseTable& table, const std::string& text) {
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
+  for (const PhraseIndex i : table.All()) {
     if (table.Text(i) == text) return i;
   }
-  return 0;
+  return kNoPhrase;
 }
 
 std::vector<std::string> Texts(const PhraseTable& table) {
   std::vector<std::string> texts;
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) texts.push_back(table.Text(i));
+  for (const PhraseIndex i : table.All()) texts.push_back(table.Text(i));
   return texts;
 }
 
 std::vector<std::string> Listed(const PhraseTable& table) {
   std::vector<std::string> texts;
-  for (PhraseIndex i = 1; i <= table.EntryCount(); ++i) {
+  for (const PhraseIndex i : table.All()) {
     if (table.Listed(i)) texts.push_back(table.Text(i));
   }
   return texts;
 }
 
-std::vector<PhraseIndex> Chain(const PhraseTable& table) {
-  std::vector<PhraseIndex> chain;
-  for (PhraseIndex i = table.ChainHead(); i != 0; i = table.ChainNext(i)) chain.push_back(i);
+/// The indices of the entries in the order of the chain.
+std::vector<uint32_t> Chain(const PhraseTable& table) {
+  std::vector<uint32_t> chain;
+  for (PhraseIndex i = table.ChainHead(); i != kNoPhrase; i = table.ChainNext(i)) chain.push_back(ValueOf(i));
   return chain;
 }
 
@@ -78,14 +79,14 @@ TEST(AddWordToList, CreatesAnEntryOfTheFirstPhrase) {
   EXPECT_EQ(table.PhraseCount(), 1u);
   EXPECT_EQ(table.Occurrences(), 1u);
   ASSERT_EQ(table.EntryCount(), 1u);
-  EXPECT_EQ(table.Text(1), "The Cat");
-  EXPECT_EQ(table.Key(1), "the cat");
-  EXPECT_EQ(table.Count(1), 1u);
-  EXPECT_EQ(table.Words(1), 2);
-  EXPECT_EQ(table.Characters(1), 7);
-  EXPECT_TRUE(table.Listed(1));
-  EXPECT_EQ(table.ChainPosition(1), 0u);
-  EXPECT_EQ(table.ChainNext(1), 0u);
+  EXPECT_EQ(table.Text(PhraseIndex{1}), "The Cat");
+  EXPECT_EQ(table.Key(PhraseIndex{1}), "the cat");
+  EXPECT_EQ(table.Count(PhraseIndex{1}), 1u);
+  EXPECT_EQ(table.Words(PhraseIndex{1}), 2);
+  EXPECT_EQ(table.Characters(PhraseIndex{1}), 7);
+  EXPECT_TRUE(table.Listed(PhraseIndex{1}));
+  EXPECT_EQ(table.ChainPosition(PhraseIndex{1}), kNoRank);
+  EXPECT_EQ(table.ChainNext(PhraseIndex{1}), kNoPhrase);
   EXPECT_EQ(table.MaxSearchDepth(), 0);
 }
 
@@ -104,7 +105,7 @@ TEST(AddWordToList, CountsAPhraseOf100CharactersAndNotOneOf101) {
   EXPECT_EQ(table.Occurrences(), 0u);
   table.AddWordToList(PhraseOfCharacters(100));
   EXPECT_EQ(table.PhraseCount(), 1u);
-  EXPECT_EQ(table.Characters(1), 100);
+  EXPECT_EQ(table.Characters(PhraseIndex{1}), 100);
 }
 
 TEST(AddWordToList, HasNoLimitOfLengthForAWordList) {
@@ -112,8 +113,8 @@ TEST(AddWordToList, HasNoLimitOfLengthForAWordList) {
   table.Clear(true);
   for (int i = 0; i < 2; ++i) table.AddWordToList(std::string(200, 'a'));
   ASSERT_EQ(table.PhraseCount(), 1u);
-  EXPECT_EQ(table.Count(1), 2u);
-  EXPECT_EQ(table.Text(1), std::string(200, 'a'));
+  EXPECT_EQ(table.Count(PhraseIndex{1}), 2u);
+  EXPECT_EQ(table.Text(PhraseIndex{1}), std::string(200, 'a'));
 }
 
 TEST(AddWordToList, NumbersOnlyFilesThatYieldAPhrase) {
@@ -143,7 +144,7 @@ TEST(AddWordToList, GivesTheSameFileOneNumberHoweverOftenItIsBegun) {
     table.AddWordToList("a b");
   }
   EXPECT_THAT(table.FilePaths(), ElementsAre("one.txt"));
-  EXPECT_EQ(table.Files(1).FileCounts(), "00002");
+  EXPECT_EQ(table.Files(PhraseIndex{1}).FileCounts(), "00002");
 }
 
 TEST(AddWordToList, KeepsFilesWithTheirPhrasesWhenSorted) {
@@ -155,8 +156,8 @@ TEST(AddWordToList, KeepsFilesWithTheirPhrasesWhenSorted) {
   NoYielder yielder;
   ASSERT_TRUE(SortPhrases(table, yielder));
   EXPECT_THAT(Texts(table), ElementsAre("a b", "c d"));
-  EXPECT_EQ(table.Files(1).FileNumbers(), "00002");
-  EXPECT_EQ(table.Files(2).FileNumbers(), "00001");
+  EXPECT_EQ(table.Files(PhraseIndex{1}).FileNumbers(), "00002");
+  EXPECT_EQ(table.Files(PhraseIndex{2}).FileNumbers(), "00001");
 }
 
 TEST(PhraseTable, IsEmptyAfterClear) {
@@ -168,11 +169,11 @@ TEST(PhraseTable, IsEmptyAfterClear) {
   EXPECT_EQ(table.PhraseCount(), 0u);
   EXPECT_EQ(table.Occurrences(), 0u);
   EXPECT_EQ(table.EntryCount(), 0u);
-  EXPECT_EQ(table.ChainHead(), 0u);
+  EXPECT_EQ(table.ChainHead(), kNoPhrase);
   EXPECT_EQ(table.MaxSearchDepth(), 0);
   EXPECT_THAT(table.FilePaths(), IsEmpty());
   table.AddWordToList("e f");
-  EXPECT_EQ(table.Text(1), "e f");
+  EXPECT_EQ(table.Text(PhraseIndex{1}), "e f");
 }
 
 TEST(FindPhrase, TellsWhereATextIsOrBelongs) {
@@ -201,9 +202,9 @@ TEST(FindPhrase, TellsWhereATextIsOrBelongs) {
   };
   for (const Case& c : cases) {
     PhraseTable table = TableOf(c.Phrases);
-    const PhraseTable::Place place = table.FindPhrase(c.Text);
-    EXPECT_EQ(place.Found, c.Found) << c.Text << " in " << testing::PrintToString(c.Phrases);
-    EXPECT_EQ(place.Position, c.Position) << c.Text << " in " << testing::PrintToString(c.Phrases);
+    const PhraseTable::Lookup lookup = table.FindPhrase(c.Text);
+    EXPECT_EQ(lookup.Found, c.Found) << c.Text << " in " << testing::PrintToString(c.Phrases);
+    EXPECT_EQ(lookup.Position, c.Position) << c.Text << " in " << testing::PrintToString(c.Phrases);
   }
 }
 
@@ -221,9 +222,9 @@ TEST(FindPhrase, AgreesWithALinearSearchInTablesOfEverySize) {
         while (at < phrases.size() && phrases[at] > text) ++at;
         const bool found = at < phrases.size() && phrases[at] == text;
         const int64_t position = static_cast<int64_t>(at) + 1;
-        const PhraseTable::Place place = table.FindPhrase(text);
-        ASSERT_EQ(place.Found, found) << n << text;
-        ASSERT_EQ(place.Position, found ? position : -position) << n << text;
+        const PhraseTable::Lookup lookup = table.FindPhrase(text);
+        ASSERT_EQ(lookup.Found, found) << n << text;
+        ASSERT_EQ(lookup.Position, found ? position : -position) << n << text;
       }
     }
   }
@@ -315,9 +316,9 @@ TEST(SetUpFrequencyChain, GoesByCountThenByIndex) {
   NoYielder yielder;
   ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
   EXPECT_THAT(Chain(table), ElementsAre(2, 1, 3));
-  EXPECT_EQ(table.ChainPosition(1), 2u);
-  EXPECT_EQ(table.ChainPosition(2), 1u);
-  EXPECT_EQ(table.ChainPosition(3), 3u);
+  EXPECT_EQ(table.ChainPosition(PhraseIndex{1}), PhraseRank{2});
+  EXPECT_EQ(table.ChainPosition(PhraseIndex{2}), PhraseRank{1});
+  EXPECT_EQ(table.ChainPosition(PhraseIndex{3}), PhraseRank{3});
 }
 
 TEST(SetUpFrequencyChain, OfOneEntryIsThatEntry) {
@@ -329,13 +330,13 @@ TEST(SetUpFrequencyChain, OfOneEntryIsThatEntry) {
 
 TEST(SetUpFrequencyChain, LeavesOutUnlistedEntries) {
   PhraseTable table = CountedTable({{"a", 5}, {"b", 9}, {"c", 5}});
-  table.SetListed(2, false);
+  table.SetListed(PhraseIndex{2}, false);
   NoYielder yielder;
   ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
   EXPECT_THAT(Chain(table), ElementsAre(1, 3));
-  EXPECT_EQ(table.ChainPosition(2), 0u);
-  EXPECT_EQ(table.ChainNext(2), 0u);
-  for (PhraseIndex i : {1u, 3u}) table.SetListed(i, false);
+  EXPECT_EQ(table.ChainPosition(PhraseIndex{2}), kNoRank);
+  EXPECT_EQ(table.ChainNext(PhraseIndex{2}), kNoPhrase);
+  for (const PhraseIndex i : {PhraseIndex{1}, PhraseIndex{3}}) table.SetListed(i, false);
   ASSERT_TRUE(SetUpFrequencyChain(table, ChainOrder::ByCount, yielder));
   EXPECT_THAT(Chain(table), IsEmpty());
 }
@@ -392,7 +393,7 @@ TEST(CountPhrases, CountsPhrasesOf100CharactersAndNoneOf101) {
     EXPECT_EQ(table.PhraseCount(), 2u) << letter;
     EXPECT_EQ(table.Occurrences(), 2u) << letter;
     EXPECT_THAT(Texts(table), testing::UnorderedElementsAre(w49 + " " + w50, w50 + " " + w49));
-    EXPECT_EQ(table.Characters(1), 100);
+    EXPECT_EQ(table.Characters(PhraseIndex{1}), 100);
   }
 }
 
@@ -401,9 +402,9 @@ TEST(CountPhrases, StopsCountingInOneFileAt99999) {
   steps.insert(steps.end(), {"/", "a", "a"});
   PhraseTable table = CountText(steps, 2, TextSource::Folder);
   ASSERT_EQ(table.EntryCount(), 1u);
-  EXPECT_EQ(table.Count(1), 100001u);
-  EXPECT_EQ(table.Files(1).FileNumbers(), "0000100002");
-  EXPECT_EQ(table.Files(1).FileCounts(), "9999900001");
+  EXPECT_EQ(table.Count(PhraseIndex{1}), 100001u);
+  EXPECT_EQ(table.Files(PhraseIndex{1}).FileNumbers(), "0000100002");
+  EXPECT_EQ(table.Files(PhraseIndex{1}).FileCounts(), "9999900001");
 }
 
 TEST(CountPhrases, RecordsNothingMoreFromThe10000thFileOn) {
@@ -411,10 +412,10 @@ TEST(CountPhrases, RecordsNothingMoreFromThe10000thFileOn) {
   for (int i = 0; i < 10001; ++i) steps.insert(steps.end(), {"a", "a", "a", "/"});
   PhraseTable table = CountText(steps, 2, TextSource::Folder);
   ASSERT_EQ(table.EntryCount(), 1u);
-  EXPECT_EQ(table.Count(1), 20002u);
-  EXPECT_EQ(table.FileCount(1), 10000u);
+  EXPECT_EQ(table.Count(PhraseIndex{1}), 20002u);
+  EXPECT_EQ(table.FileCount(PhraseIndex{1}), 10000u);
   EXPECT_EQ(table.FilePaths().size(), 10001u);
-  const DocumentCounts files = table.Files(1);
+  const DocumentCounts files = table.Files(PhraseIndex{1});
   EXPECT_EQ(files.FileNumbers().substr(49990), "0999910000");
   EXPECT_EQ(files.FileCounts().substr(49990), "0000200001") << "the list is full before the second one";
 }
@@ -437,8 +438,8 @@ TEST(CountPhrases, NumbersOnlyFilesThatYieldAPhrase) {
   PhraseTable table = CountText({"a", "b", "/", "a", "/", "/", "b", "a", "b"}, 2, TextSource::Folder);
   EXPECT_THAT(table.FilePaths(), ElementsAre("0", "3"));
   EXPECT_THAT(Texts(table), ElementsAre("a b", "b a"));
-  EXPECT_EQ(table.Files(1).FileNumbers(), "0000100002");
-  EXPECT_EQ(table.Files(2).FileNumbers(), "00002");
+  EXPECT_EQ(table.Files(PhraseIndex{1}).FileNumbers(), "0000100002");
+  EXPECT_EQ(table.Files(PhraseIndex{2}).FileNumbers(), "00002");
 }
 
 TEST(CountPhrases, CopesWithNoTextAndWithTooFewWords) {

@@ -56,9 +56,9 @@ TEST(Columns, ValuesOfAPhrase) {
   world.Facts.Words.DroppedBy[0] = 40;
   ColumnSource source{world.Table, world.Facts};
   source.FilesWithWords = 8;
-  const DocumentCounts::Item files[] = {{1, 2}, {4, 1}};
-  const std::string text = world.Table.Text(1);
-  const ListedPhrase phrase(1, text, files, 7);
+  const DocumentCounts::Item files[] = {{DocumentNumber{1}, 2}, {DocumentNumber{4}, 1}};
+  const std::string text = world.Table.Text(PhraseIndex{1});
+  const ListedPhrase phrase(PhraseIndex{1}, text, files, 7);
   const ValueCase cases[] = {
       {"rank", "2"},
       {"phrase", "côté à d'or"},
@@ -84,7 +84,7 @@ TEST(Columns, ValuesOfAPhrase) {
 TEST(Columns, NothingIsDividedByZero) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}});
   const ColumnSource source{world.Table, world.Facts};
-  const ListedPhrase phrase(1, "the cat");
+  const ListedPhrase phrase(PhraseIndex{1}, "the cat");
   for (const char* id : {"per_million", "percent", "files_percent", "first_file"})
     EXPECT_EQ(Said(FindColumn(id)->Value(source, phrase)), "undefined") << id;
   EXPECT_EQ(Said(FindColumn("file_frequency")->Value(source, phrase)), "0.000000");
@@ -92,10 +92,10 @@ TEST(Columns, NothingIsDividedByZero) {
 
 TEST(Columns, RankIsByFrequencyWhateverTheChainGoesBy) {
   ReportWorld world = ReportWorld::Of({{"the cat", 5}});
-  const uint32_t ranks[] = {0, 42};
+  const PhraseRank ranks[] = {kNoRank, PhraseRank{42}};
   ColumnSource source{world.Table, world.Facts};
   source.FrequencyRanks = ranks;
-  const ListedPhrase phrase(1, "the cat");
+  const ListedPhrase phrase(PhraseIndex{1}, "the cat");
   EXPECT_EQ(Said(FindColumn("rank")->Value(source, phrase)), "42");
   EXPECT_EQ(Said(FindColumn("report_rank")->Value(source, phrase)), "1");
 }
@@ -113,7 +113,7 @@ TEST(Columns, FirstFileOfATextWithoutPathIsADash) {
   ColumnSource source{table, facts};
   const std::string noPath[] = {""}, path[] = {"a.txt"};
   const Column& firstFile = *FindColumn("first_file");
-  const ListedPhrase phrase(1, "one two");
+  const ListedPhrase phrase(PhraseIndex{1}, "one two");
   source.SourcePaths = noPath;
   EXPECT_EQ(Said(firstFile.Value(source, phrase)), "-");
   source.SourcePaths = path;
@@ -142,7 +142,7 @@ TEST(Columns, FilesHaveNoLimit) {
     const ListSource source(world.View(), columns, {});
     RowBuilder rows(columns, source.View());
     const bool limited = columns[0]->Id == "report_files";
-    EXPECT_EQ(Said(rows.Cells(1, "one two").OfPhrase[0]),
+    EXPECT_EQ(Said(rows.Cells(PhraseIndex{1}, "one two").OfPhrase[0]),
               std::to_string(limited ? DocumentCounts::kMostFiles : kFiles));
   }
 }
@@ -151,15 +151,18 @@ TEST(Columns, ValuesInAFile) {
   ReportWorld world = ReportWorld::Of({{"the cat", 6}, {"a dog", 2}});
   const std::string paths[] = {"{Folder}/a.txt"};
   const ColumnSource source{world.Table, world.Facts, {}, paths};
-  const ListedPhrase phrase(2, "the cat");
+  const ListedPhrase phrase(PhraseIndex{2}, "the cat");
   const ValueCase cases[] = {
       {"file_share", "50.000000"}, {"file_relative_frequency", "37.500000"}, {"file_path", "{Folder}/a.txt"}};
   for (const ValueCase& c : cases) {
     const Column* column = FindColumn(c.Column);
     ASSERT_NE(column, nullptr) << c.Column;
-    EXPECT_EQ(Said(column->ValueInFile(source, phrase, {.FileNumber = 1, .Count = 3})), c.Value) << c.Column;
+    EXPECT_EQ(Said(column->ValueInFile(source, phrase, {.Document = DocumentNumber{1}, .Count = 3})), c.Value)
+        << c.Column;
   }
-  EXPECT_EQ(Said(FindColumn("file_path")->ValueInFile(source, phrase, {.FileNumber = 2, .Count = 1})), "");
+  EXPECT_EQ(
+      Said(FindColumn("file_path")->ValueInFile(source, phrase, {.Document = DocumentNumber{2}, .Count = 1})),
+      "");
 }
 
 }  // namespace

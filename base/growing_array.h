@@ -1,0 +1,86 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <span>
+#include <type_traits>
+#include <utility>
+
+namespace korv {
+
+/// Elements side by side in memory, appended one after the other, however many. Pointers and spans into it
+/// last until the next append.
+///
+/// For more room it asks std::realloc, which moves the pages of a large block where the system can do that
+/// (Linux can), where a vector copies all elements in one step: a gigabyte of them takes a quarter of a
+/// second.
+template <typename T>
+class GrowingArray {
+  static_assert(std::is_trivially_copyable_v<T> && alignof(T) <= alignof(std::max_align_t));
+
+ public:
+  GrowingArray() = default;
+  explicit GrowingArray(std::initializer_list<T> elements) { Append(std::span(elements)); }
+  GrowingArray(GrowingArray&& other) noexcept
+      : elements_(std::move(other.elements_)),
+        size_(std::exchange(other.size_, 0)),
+        capacity_(std::exchange(other.capacity_, 0)) {}
+  GrowingArray& operator=(GrowingArray&& other) noexcept {
+    elements_ = std::move(other.elements_);
+    size_ = std::exchange(other.size_, 0);
+    capacity_ = std::exchange(other.capacity_, 0);
+    return *this;
+  }
+
+  /// Both throw std::bad_alloc and then leave the array as it was.
+  void Append(T element) {
+    if (size_ == capacity_) Grow(1);
+    elements_.get()[size_++] = element;
+  }
+  void Append(std::span<const T> elements) {
+    if (elements.empty()) return;
+    if (capacity_ - size_ < elements.size()) Grow(elements.size());
+    std::memcpy(elements_.get() + size_, elements.data(), elements.size_bytes());
+    size_ += elements.size();
+  }
+
+  size_t Size() const { return size_; }
+  T& operator[](size_t i) { return elements_.get()[i]; }
+  const T& operator[](size_t i) const { return elements_.get()[i]; }
+  const T& Back() const { return elements_.get()[size_ - 1]; }
+  T* Data() { return elements_.get(); }
+  const T* Data() const { return elements_.get(); }
+
+  // For range-based loops and algorithms. NOLINTBEGIN(readability-identifier-naming)
+  T* begin() { return Data(); }
+  T* end() { return Data() + size_; }
+  const T* begin() const { return Data(); }
+  const T* end() const { return Data() + size_; }
+  // NOLINTEND(readability-identifier-naming)
+
+ private:
+  struct Freer {
+    void operator()(T* elements) const { std::free(elements); }
+  };
+
+  void Grow(size_t more) {
+    const size_t capacity = std::max({size_t{64}, size_ + more, capacity_ * 2});
+    if (capacity > SIZE_MAX / sizeof(T)) throw std::bad_alloc();
+    auto* const grown = static_cast<T*>(std::realloc(elements_.get(), capacity * sizeof(T)));
+    if (grown == nullptr) throw std::bad_alloc();
+    // The block that was moved is no longer there to be freed.
+    static_cast<void>(elements_.release());
+    elements_.reset(grown);
+    capacity_ = capacity;
+  }
+
+  std::unique_ptr<T, Freer> elements_;
+  size_t size_ = 0;
+  size_t capacity_ = 0;
+};
+
+}  // namespace korv
