@@ -10,6 +10,7 @@
 #include "app/texts/program_folder.h"
 #include "app/texts/program_text.h"
 #include "cli/about_file.h"
+#include "cli/answers.h"
 #include "cli/context_table.h"
 #include "cli/count_view.h"
 #include "cli/options.h"
@@ -41,7 +42,7 @@ class CountProgram {
         line_(env_.Err, env_.ErrIsTerminal, env_.Clock),
         messages_(env_.Err, kName,
                   options_.Quiet ? ConsoleMessages::When::OnFailure : ConsoleMessages::When::AtOnce,
-                  [this] { line_.Clear(); }),
+                  AnswerInTerminal, [this] { line_.Clear(); }),
         encodings_(options_.Encoding),
         view_(env_.Err, line_, progress_, run_.Table, options_.Numbers, options_.Quiet) {}
 

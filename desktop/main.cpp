@@ -9,6 +9,7 @@
 #include "app/texts/program_folder.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/frm_main.h"
+#include "desktop/silence_rules.h"
 #include "desktop/toolkit/application_name.h"
 #include "desktop/toolkit/color_scheme.h"
 #include "desktop/toolkit/desktop_launcher.h"
@@ -57,7 +58,7 @@ int Run(const std::vector<std::string>& paths) {
   const std::filesystem::path stateFile = korv::StateFilePath();
   QSettings store(korv::ToQt(korv::PathToText(stateFile.parent_path() / "windows.conf")),
                   QSettings::IniFormat);
-  korv::QtMessages messages(store);
+  korv::QtMessages messages(store, korv::SilenceRules());
   korv::QtDialogs dialogs;
   korv::QtClipboard clipboard;
   const auto launcher = korv::MakeDesktopLauncher();

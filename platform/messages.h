@@ -1,7 +1,9 @@
 #pragma once
 
+#include <compare>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace korv {
 
@@ -9,30 +11,18 @@ enum class Icon { None, Information, Exclamation, Critical, Question };
 enum class Buttons { Ok, YesNo, YesNoCancel };
 enum class Answer { Ok, Yes, No, Cancel, Extra };
 
-/// Which question a message asks. A program without windows answers by this, never by the words.
-enum class Question {
-  None,                 ///< Nothing is asked; the only answer is Ok.
-  ReallyStop,           ///< Stop the run that is going on?
-  MinimumFrequency,     ///< Raise the minimum frequency from 1 to 2?
-  KeepFilter,           ///< Keep the filter words for the new result?
-  CountingInterrupted,  ///< List what was found before the stop?
-  LargeInput,           ///< Name an output file before a large input is counted?
-  TextEncoding,         ///< Read a text without a signature as UTF-8?
-  LargeDocx,            ///< Go on with a .docx whose text is large?
-  StopDocx,             ///< Stop taking the text out of a .docx?
-  LargeWordList,        ///< Go on with a large word list that has LF line ends?
-  ClearWordFiles,       ///< Empty the list of word-list files?
-  LoadCommonWords,      ///< Load the common-words file of a language?
-  LoadWordFile,         ///< Load the word-list file that restored settings select?
-  FirstCommonWords,     ///< Load the English common words at the first start?
-  Relist,               ///< List again, now into the output file?
-  RereadSource,         ///< May a changed word rule discard the counted result?
-  SetDefaults,          ///< Set the defaults after a settings file that ended early?
-  ReallyQuit,           ///< Quit?
-  KeepSettings,         ///< Keep changed settings that quitting would forget?
-  Reinitialize,         ///< Set everything to its defaults?
-  SeveralFiles,         ///< Refused for want of an output file; further: show the result in the window only?
-  OnlySubfolders,       ///< Refused for want of files; further: count those of the subfolders?
+/// Names a question. Each room defines those that it asks, in its questions.h. Answers are kept under the
+/// name, so it stays when the question is put in other words.
+class Question {
+ public:
+  constexpr Question() = default;  ///< Nothing is asked; the only answer is Ok.
+  /// `name` is a literal.
+  explicit constexpr Question(std::string_view name) : name_(name) {}
+  constexpr std::string_view Name() const { return name_; }
+  friend constexpr auto operator<=>(const Question&, const Question&) = default;
+
+ private:
+  std::string_view name_;
 };
 
 /// One message box. Texts are UTF-8 with CR LF line breaks. What a text is about stands in `Text`; the
@@ -44,7 +34,7 @@ struct Message {
   korv::Icon Icon = korv::Icon::None;
   korv::Buttons Buttons = korv::Buttons::Ok;
   Answer DefaultAnswer = Answer::Ok;
-  korv::Question Question = korv::Question::None;
+  korv::Question Question{};
   /// A line below the text; empty for none.
   std::string Addition{};
   /// The caption of one further button, which answers Answer::Extra; empty for none. Never the default, and
@@ -53,10 +43,6 @@ struct Message {
   /// Captions for the buttons of Answer::Yes and Answer::No; empty for the usual words.
   std::string YesButton{};
   std::string NoButton{};
-  /// Windows offer "Do not ask again". Once that is ticked, the question gets `SilencedAnswer`, or where that
-  /// is empty the answer that was given with the tick. The question has to have a `Question` of its own.
-  bool MayBeSilenced = false;
-  std::optional<Answer> SilencedAnswer{};
 };
 
 /// Shows messages and asks questions. Called on the one thread that runs the program's events;

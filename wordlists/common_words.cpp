@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "wordlists/questions.h"
+
 namespace korv {
 
 const CommonWordsLanguage* FindCommonWordsLanguage(std::string_view code) {
@@ -29,7 +31,7 @@ bool AddCommonWords(const CommonWordsLanguage& language, const std::filesystem::
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::Yes,
-                     .Question = Question::LoadCommonWords});
+                     .Question = questions::kLoadCommonWords});
   if (answer != Answer::Yes) return false;
   const auto path = CommonWordsFile(language, programFolder, files, messages);
   return path && list.AddOrSelect(PathToText(*path), messages);

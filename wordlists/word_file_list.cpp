@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/text/unicode.h"
+#include "wordlists/questions.h"
 
 namespace korv {
 
@@ -88,7 +89,7 @@ bool WordFileList::AskToClear(Messages& messages) {
                                        .Icon = Icon::Question,
                                        .Buttons = Buttons::YesNo,
                                        .DefaultAnswer = Answer::No,
-                                       .Question = Question::ClearWordFiles});
+                                       .Question = questions::kClearWordFiles});
   if (answer != Answer::Yes) return false;
   Clear();
   return true;

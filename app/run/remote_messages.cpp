@@ -1,5 +1,7 @@
 #include "app/run/remote_messages.h"
 
+#include "sources/questions.h"
+
 namespace korv {
 
 namespace {
@@ -10,7 +12,7 @@ Answer EndingAnswer(const Message& message) {
     case Buttons::Ok:
       return Answer::Ok;
     case Buttons::YesNo:
-      return message.Question == Question::StopDocx ? Answer::Yes : Answer::No;
+      return message.Question == questions::kStopDocx ? Answer::Yes : Answer::No;
     case Buttons::YesNoCancel:
       return Answer::Cancel;
   }

@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "app/run/questions.h"
 #include "app/run/source_reader.h"
 #include "engine/corpus/corpus_builder.h"
 #include "report/error_text.h"
@@ -157,7 +158,7 @@ class Run {
                                  .Icon = Icon::Question,
                                  .Buttons = Buttons::YesNo,
                                  .DefaultAnswer = Answer::Yes,
-                                 .Question = Question::CountingInterrupted});
+                                 .Question = questions::kCountingInterrupted});
     services_.Yielder.ClearStop();
     return answer == Answer::Yes;
   }
@@ -180,8 +181,7 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::Yes,
-                     .Question = Question::MinimumFrequency,
-                     .MayBeSilenced = true}) == Answer::Yes)
+                     .Question = questions::kMinimumFrequency}) == Answer::Yes)
     request.Options.MinFrequency = 2;
   report.FilterActive = false;
   if (report.FilterText.empty()) return true;
@@ -190,8 +190,7 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::Yes,
-                     .Question = Question::KeepFilter,
-                     .MayBeSilenced = true}) == Answer::Yes)
+                     .Question = questions::kKeepFilter}) == Answer::Yes)
     report.FilterActive = true;
   else
     report.FilterText.clear();
@@ -204,7 +203,7 @@ void AskToStop(Messages& messages, Yielder& yielder, RunObserver& view) {
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::No,
-                     .Question = Question::ReallyStop}) != Answer::Yes)
+                     .Question = questions::kReallyStop}) != Answer::Yes)
     return;
   yielder.RequestStop();
   view.Status("Counting of all phrases was stopped.");

@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "app/settings/questions.h"
 #include "base/utf8.h"
 
 namespace korv {
@@ -346,7 +347,7 @@ void SavedState::HandleEarlyEnd(Settings& settings) {
                                         .Icon = Icon::Question,
                                         .Buttons = Buttons::YesNo,
                                         .DefaultAnswer = Answer::No,
-                                        .Question = Question::SetDefaults});
+                                        .Question = questions::kSetDefaults});
   if (answer == Answer::Yes) SetDefaultValues(settings);
   messages_.Show({.Text = "Saving the settings should fix the 'Input past end of file' error.",
                   .Title = "Input past end of file",
@@ -370,8 +371,7 @@ bool AskToLoadWordFile(const std::string& path, Messages& messages) {
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,
                         .DefaultAnswer = Answer::Yes,
-                        .Question = Question::LoadWordFile,
-                        .MayBeSilenced = true}) == Answer::Yes;
+                        .Question = questions::kLoadWordFile}) == Answer::Yes;
 }
 
 }  // namespace korv

@@ -19,11 +19,13 @@
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/recent_list.h"
+#include "desktop/questions.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/placement.h"
 #include "report/report_rules.h"
+#include "wordlists/questions.h"
 
 namespace korv {
 namespace {
@@ -124,8 +126,7 @@ bool frmMain::Form_Load() {
                                               .Icon = Icon::Question,
                                               .Buttons = Buttons::YesNo,
                                               .DefaultAnswer = Answer::Yes,
-                                              .Question = Question::FirstCommonWords,
-                                              .MayBeSilenced = true}) == Answer::Yes;
+                                              .Question = questions::kFirstCommonWords}) == Answer::Yes;
     if (load) {
       params_->SetPathToCWDs_Eng();
       params_->AttemptToReadWords(ListKind::WordsToIgnore);
@@ -171,7 +172,7 @@ void frmMain::Initialize() {
                               .Icon = Icon::Question,
                               .Buttons = Buttons::YesNo,
                               .DefaultAnswer = Answer::No,
-                              .Question = Question::ClearWordFiles}) == Answer::Yes) {
+                              .Question = questions::kClearWordFiles}) == Answer::Yes) {
     params_->ClearWordFiles();
   }
   txbFilterWords->clear();

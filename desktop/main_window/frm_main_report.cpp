@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "desktop/main_window/frm_main.h"
+#include "desktop/questions.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/text.h"
 #include "report/filter.h"
@@ -107,7 +108,7 @@ void frmMain::chkDisableOutputToFile_Click() {
                               .Icon = Icon::Question,
                               .Buttons = Buttons::YesNo,
                               .DefaultAnswer = Answer::Yes,
-                              .Question = Question::Relist}) == Answer::Yes) {
+                              .Question = questions::kRelist}) == Answer::Yes) {
     ListTheResult(WantsFilter());
   }
 }

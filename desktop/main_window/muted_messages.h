@@ -2,6 +2,7 @@
 
 #include "app/run/run_clock.h"
 #include "platform/messages.h"
+#include "sources/questions.h"
 
 namespace korv {
 
@@ -23,7 +24,7 @@ class MutedMessages final : public Messages {
       case Buttons::Ok:
         return Answer::Ok;
       case Buttons::YesNo:
-        return message.Question == Question::StopDocx ? Answer::Yes : Answer::No;
+        return message.Question == questions::kStopDocx ? Answer::Yes : Answer::No;
       case Buttons::YesNoCancel:
         return Answer::Cancel;
     }

@@ -10,6 +10,7 @@
 #include "app/settings/schema.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/frm_main.h"
+#include "desktop/questions.h"
 #include "desktop/settings_window/rules_sample_box.h"
 #include "desktop/settings_window/settings_undo.h"
 #include "desktop/toolkit/silenced_questions.h"
@@ -192,9 +193,7 @@ void frmParams::cmdInitialize_Click() {
            .Icon = Icon::Question,
            .Buttons = Buttons::YesNo,
            .DefaultAnswer = Answer::Yes,
-           .Question = Question::Reinitialize,
-           .MayBeSilenced = true,
-           .SilencedAnswer = Answer::Yes}) != Answer::Yes) {
+           .Question = questions::kReinitialize}) != Answer::Yes) {
     return;
   }
   main_.Initialize();
@@ -285,7 +284,7 @@ bool frmParams::ReallyQuit() {
                                         .Icon = Icon::Question,
                                         .Buttons = Buttons::YesNo,
                                         .DefaultAnswer = Answer::No,
-                                        .Question = Question::ReallyQuit}) == Answer::Yes;
+                                        .Question = questions::kReallyQuit}) == Answer::Yes;
 }
 
 void frmParams::cmdQuit_Click() {
@@ -320,7 +319,7 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
            .Icon = Icon::Question,
            .Buttons = Buttons::YesNo,
            .DefaultAnswer = Answer::Yes,
-           .Question = Question::RereadSource}) == Answer::Yes)
+           .Question = questions::kRereadSource}) == Answer::Yes)
     return true;
   box->setChecked(!box->isChecked());
   return false;

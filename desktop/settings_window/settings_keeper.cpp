@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/settings/schema.h"
+#include "desktop/questions.h"
 
 namespace korv {
 
@@ -18,12 +19,10 @@ SettingsKeeper::Wish SettingsKeeper::Ask(Messages& messages) {
                          .Icon = Icon::Question,
                          .Buttons = Buttons::YesNo,
                          .DefaultAnswer = Answer::No,
-                         .Question = Question::KeepSettings,
+                         .Question = questions::kKeepSettings,
                          .ExtraButton = "&Always",
                          .YesButton = "&This time",
-                         .NoButton = "&Not now",
-                         .MayBeSilenced = true,
-                         .SilencedAnswer = Answer::No})) {
+                         .NoButton = "&Not now"})) {
     case Answer::Yes:
       return Wish::KeepNow;
     case Answer::Extra:

@@ -109,8 +109,8 @@ QString TextOf(const Message& message) {
 }  // namespace
 
 Answer QtMessages::Show(const Message& message) {
-  const bool maySilence = message.MayBeSilenced && message.Question != Question::None;
-  if (maySilence) {
+  const SilenceRule* const rule = RuleFor(rules_, message.Question);
+  if (rule != nullptr) {
     if (const auto answer = SilencedAnswer(store_, message.Question)) return *answer;
   }
   QMessageBox box(QApplication::activeWindow());
@@ -127,7 +127,7 @@ Answer QtMessages::Show(const Message& message) {
     extra->setObjectName(QStringLiteral("cmdExtra"));
   }
   QCheckBox* silence = nullptr;
-  if (maySilence) {
+  if (rule != nullptr) {
     silence = new QCheckBox(QStringLiteral("Do not ask again"), &box);
     silence->setObjectName(QStringLiteral("chkDoNotAskAgain"));
     box.setCheckBox(silence);
@@ -135,7 +135,7 @@ Answer QtMessages::Show(const Message& message) {
   const int pressed = box.exec();
   const Answer answer = extra != nullptr && box.clickedButton() == extra ? Answer::Extra : AnswerOf(pressed);
   if (silence != nullptr && silence->isChecked()) {
-    Silence(store_, message.Question, message.SilencedAnswer.value_or(answer));
+    Silence(store_, message.Question, rule->Answer.value_or(answer));
   }
   return answer;
 }

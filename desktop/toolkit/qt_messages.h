@@ -1,16 +1,17 @@
 #pragma once
 
-#include "platform/messages.h"
+#include <span>
 
-class QSettings;
+#include "desktop/toolkit/silenced_questions.h"
+#include "platform/messages.h"
 
 namespace korv {
 
-/// Message boxes over the window that is in use. Which questions were silenced is kept in `store`, which
-/// outlives this.
+/// Message boxes over the window that is in use. `rules` says which questions may be silenced; those that
+/// were are kept in `store`. Both outlive this.
 class QtMessages final : public Messages {
  public:
-  explicit QtMessages(QSettings& store) : store_(store) {}
+  QtMessages(QSettings& store, std::span<const SilenceRule> rules) : store_(store), rules_(rules) {}
 
   Answer Show(const Message& message) override;
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
@@ -18,6 +19,7 @@ class QtMessages final : public Messages {
 
  private:
   QSettings& store_;
+  std::span<const SilenceRule> rules_;
 };
 
 }  // namespace korv

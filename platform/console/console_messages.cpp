@@ -2,44 +2,8 @@
 
 namespace korv {
 
-namespace {
-
-Answer AnswerTo(const Message& message) {
-  switch (message.Question) {
-    case Question::None:
-      return Answer::Ok;
-    case Question::MinimumFrequency:
-    case Question::LargeInput:
-    case Question::SetDefaults:
-    case Question::FirstCommonWords:
-    case Question::ClearWordFiles:
-      return Answer::No;
-    case Question::KeepFilter:
-    case Question::CountingInterrupted:
-    case Question::TextEncoding:
-    case Question::LargeDocx:
-    case Question::StopDocx:
-    case Question::LargeWordList:
-    case Question::LoadWordFile:
-    case Question::LoadCommonWords:
-      return Answer::Yes;
-    case Question::ReallyStop:
-    case Question::Relist:
-    case Question::RereadSource:
-    case Question::ReallyQuit:
-    case Question::KeepSettings:
-    case Question::Reinitialize:
-    case Question::SeveralFiles:
-    case Question::OnlySubfolders:
-      break;
-  }
-  return message.DefaultAnswer;
-}
-
-}  // namespace
-
 Answer ConsoleMessages::Show(const Message& message) {
-  if (message.Buttons != Buttons::Ok) return AnswerTo(message);
+  if (message.Buttons != Buttons::Ok) return answer_(message);
   // Some texts end in empty lines, to set them apart from what a window shows below.
   std::string text = program_ + ": " + WithPlainLineEnds(message.Text);
   text.erase(text.find_last_not_of('\n') + 1);

@@ -8,8 +8,8 @@
 
 namespace korv {
 
-/// Messages of a program that nobody sits at: they go to a stream, and questions are answered by what they
-/// are about, without being shown.
+/// Messages of a program without a user: they go to a stream. Questions are not shown; the program answers
+/// them.
 class ConsoleMessages final : public Messages {
  public:
   enum class When {
@@ -17,11 +17,18 @@ class ConsoleMessages final : public Messages {
     OnFailure,  ///< Kept back until TellHeld(); what does not matter in the end is never told.
   };
 
+  /// The answer to a message that asks something.
+  using Answers = Answer (*)(const Message& message);
+
   /// Each message is preceded by `program` and a colon. `beforeOutput`, where given, is called first: a
   /// progress line makes room in it.
-  ConsoleMessages(std::ostream& stream, std::string program, When when,
+  ConsoleMessages(std::ostream& stream, std::string program, When when, Answers answer,
                   std::function<void()> beforeOutput = nullptr)
-      : stream_(stream), program_(std::move(program)), when_(when), beforeOutput_(std::move(beforeOutput)) {}
+      : stream_(stream),
+        program_(std::move(program)),
+        when_(when),
+        answer_(answer),
+        beforeOutput_(std::move(beforeOutput)) {}
 
   Answer Show(const Message& message) override;
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,
@@ -36,6 +43,7 @@ class ConsoleMessages final : public Messages {
   std::ostream& stream_;
   std::string program_;
   When when_;
+  Answers answer_;
   std::function<void()> beforeOutput_;
   std::string held_;
 };

@@ -1,5 +1,7 @@
 #include "sources/detect/encoding_choice.h"
 
+#include "sources/questions.h"
+
 namespace korv {
 
 namespace {
@@ -11,8 +13,7 @@ bool AskToReadAsUtf8(Messages& messages) {
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,
                         .DefaultAnswer = Answer::Yes,
-                        .Question = Question::TextEncoding,
-                        .MayBeSilenced = true}) == Answer::Yes;
+                        .Question = questions::kTextEncoding}) == Answer::Yes;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "base/size_text.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
+#include "sources/questions.h"
 
 namespace korv {
 
@@ -118,7 +119,7 @@ bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view fold
     if (offersSubfolders && !listing->Subfolders.empty()) {
       refusal.Addition = SubfoldersText(listing->Subfolders);
       if (includeSubfolders) {
-        refusal.Question = Question::OnlySubfolders;
+        refusal.Question = questions::kOnlySubfolders;
         refusal.ExtraButton = "Count the subfolders";
       }
     }
@@ -154,7 +155,7 @@ bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow) {
                   .Title = "Multiple files/folders",
                   .Icon = Icon::Exclamation};
   if (offersWindow) {
-    refusal.Question = Question::SeveralFiles;
+    refusal.Question = questions::kSeveralFiles;
     refusal.ExtraButton = "Show in the window only";
   }
   return messages.Show(refusal) == Answer::Extra;
@@ -213,8 +214,7 @@ Answer AskLargeInput(Messages& messages) {
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNoCancel,
                         .DefaultAnswer = Answer::Yes,
-                        .Question = Question::LargeInput,
-                        .MayBeSilenced = true});
+                        .Question = questions::kLargeInput});
 }
 
 std::string FileKindWhileReading(bool isUtf8) {

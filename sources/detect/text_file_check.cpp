@@ -4,6 +4,7 @@
 
 #include "base/size_text.h"
 #include "sources/detect/foreign_kind.h"
+#include "sources/questions.h"
 
 namespace korv {
 
@@ -109,8 +110,7 @@ bool PassesUnixSize(TextFileCheck& check, const std::string& path, uint64_t size
                            .Icon = Icon::Question,
                            .Buttons = Buttons::YesNo,
                            .DefaultAnswer = Answer::No,
-                           .Question = Question::LargeWordList,
-                           .MayBeSilenced = true});
+                           .Question = questions::kLargeWordList});
   if (answer == Answer::Yes) return true;
   check.Messages.Show({.Text = "Operation canceled.", .Title = title});
   return false;

@@ -5,6 +5,7 @@
 
 #include "platform/zip.h"
 #include "sources/detect/classification.h"
+#include "sources/questions.h"
 #include "sources/read/docx_main_part.h"
 
 namespace korv {
@@ -65,8 +66,7 @@ bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,
                         .DefaultAnswer = Answer::No,
-                        .Question = Question::LargeDocx,
-                        .MayBeSilenced = true}) == Answer::Yes;
+                        .Question = questions::kLargeDocx}) == Answer::Yes;
 }
 
 void AdviseToSaveAsText(Messages& messages) {

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "sources/questions.h"
 #include "sources/read/docx.h"
 #include "sources/read/xml_text.h"
 
@@ -145,7 +146,7 @@ bool StopConfirmed(const DocxContext& context) {
                                                .Icon = Icon::Question,
                                                .Buttons = Buttons::YesNo,
                                                .DefaultAnswer = Answer::No,
-                                               .Question = Question::StopDocx});
+                                               .Question = questions::kStopDocx});
   if (answer == Answer::Yes) return true;
   context.Yielder.ClearStop();
   return false;

@@ -6,7 +6,9 @@
 #include <iterator>
 #include <string>
 
+#include "app/run/questions.h"
 #include "report/summary.h"
+#include "sources/questions.h"
 #include "tests/app/run_world.h"
 #include "tests/fakes/native_paths.h"
 
@@ -82,7 +84,7 @@ TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
       world.UseFile("/a.txt", std::string(c.FileBytes, 'x'));
       world.UseLengths(2, 3, c.MinFrequency);
       world.Request.Options.SourceKind = c.Source;
-      world.Messages.WillAnswer(Question::MinimumFrequency, answer);
+      world.Messages.WillAnswer(questions::kMinimumFrequency, answer);
       const Asked asked = Ask(world, {.WordOrder = c.WordOrder});
       EXPECT_TRUE(asked.Starts);
       EXPECT_EQ(!world.Messages.Shown.empty(), c.Advised) << c.FileBytes;
@@ -100,7 +102,7 @@ TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
 TEST(AskBeforeCounting, AsksWhetherToKeepTheFilter) {
   for (const bool keep : {true, false}) {
     RunWorld world;
-    world.Messages.WillAnswer(Question::KeepFilter, keep ? Answer::Yes : Answer::No);
+    world.Messages.WillAnswer(questions::kKeepFilter, keep ? Answer::Yes : Answer::No);
     const Asked asked = Ask(world, {.FilterText = "cat"});
     EXPECT_TRUE(asked.Starts);
     EXPECT_EQ(asked.Report.FilterText, keep ? "cat" : "");
@@ -250,7 +252,7 @@ TEST(RunCount, AsksAboutLargeInputOnceAndOnlyWithoutAnOutputFile) {
     RunWorld world;
     world.UseFile("/a.txt", large.substr(0, c.Bytes));
     world.Request.OutputPath = c.Output;
-    world.Messages.WillAnswer(Question::LargeInput, c.Given);
+    world.Messages.WillAnswer(questions::kLargeInput, c.Given);
     world.View.ChosenOutput = "/chosen.txt";
     EXPECT_EQ(world.Count(), c.End);
     EXPECT_EQ(world.Messages.Shown.size(), c.Asks ? 1u : 0u);
@@ -276,7 +278,7 @@ TEST(RunCount, ShowsTheProgressOfLargerFilesOnly) {
 TEST(RunCount, GoesOnWithoutAnOutputFileWhenNoneIsChosen) {
   RunWorld world;
   world.UseFile("/a.txt", ManyPhrases(60000));
-  world.Messages.WillAnswer(Question::LargeInput, Answer::Yes);
+  world.Messages.WillAnswer(questions::kLargeInput, Answer::Yes);
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_EQ(world.Run.OutputPath, "");
 }
@@ -396,7 +398,7 @@ TEST(RunCount, TellsHowATextWasRead) {
          {.Utf8 = 1, .IllFormed = 2},
          "This is a UTF-8 text file."}}) {
     RunWorld world;
-    world.Messages.WillAnswer(Question::TextEncoding, c.Utf8);
+    world.Messages.WillAnswer(questions::kTextEncoding, c.Utf8);
     world.UseFile(c.Path, c.Text);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
     EXPECT_EQ(world.Run.Facts.Encodings, c.Expected) << c.Text;
@@ -425,7 +427,7 @@ TEST(RunCount, AsksAboutTheEncodingOnlyWhereTheTextNeedsIt) {
   while (text.size() < 100'000) text += words;
   uint64_t wordsThen = 0;
   world.Messages.OnShow = [&](const Message& message) {
-    if (message.Question == Question::TextEncoding) wordsThen = world.Progress.Words;
+    if (message.Question == questions::kTextEncoding) wordsThen = world.Progress.Words;
   };
   world.UseFile("/a.txt", text + "caf\xC3\xA9\n");
   world.Count();
@@ -552,7 +554,7 @@ TEST(RunCount, CountsWhatAStreamHadGivenWhenItWasStopped) {
   stream.OnRead = [&] {
     if (++reads == 2) world.Yielder.RequestStop();
   };
-  world.Messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  world.Messages.WillAnswer(questions::kCountingInterrupted, Answer::Yes);
   world.UseClipboard("");
   world.UseLengths(2, 2);
   world.Request.Stream = &stream;
@@ -899,7 +901,7 @@ TEST(RunCount, TakesCaseOfListsFromTheRules) {
 TEST(AskToStop, StopsOnYesOnly) {
   for (const bool yes : {false, true}) {
     RunWorld world;
-    if (yes) world.Messages.WillAnswer(Question::ReallyStop, Answer::Yes);
+    if (yes) world.Messages.WillAnswer(questions::kReallyStop, Answer::Yes);
     AskToStop(world.Messages, world.Yielder, world.View);
     EXPECT_EQ(world.Messages.Only().Text, "Really stop?");
     EXPECT_EQ(world.Messages.Only().DefaultAnswer, Answer::No);
@@ -924,7 +926,7 @@ TEST(RunCount, AStopAtAnyMomentAsksOnceAndListsWhatWasRead) {
     world.UseFile("/a.txt", text);
     world.UseLengths(2, 4);
     world.Yielder.StopAtCall(call);
-    world.Messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+    world.Messages.WillAnswer(questions::kCountingInterrupted, Answer::Yes);
     EXPECT_EQ(world.Count(), RunEnd::Counted);
     if (!world.Yielder.Stopped() && world.Messages.Shown.empty()) break;
 
@@ -951,7 +953,7 @@ TEST(RunCount, AStopAnsweredWithNoEndsTheRun) {
   RunWorld world;
   world.UseFile("/a.txt", LinesOfWords(30));
   world.Yielder.StopAtCall(5);
-  world.Messages.WillAnswer(Question::CountingInterrupted, Answer::No);
+  world.Messages.WillAnswer(questions::kCountingInterrupted, Answer::No);
   EXPECT_EQ(world.Count(), RunEnd::Stopped);
   EXPECT_EQ(world.View.Statuses.back(), "Stopped");
   EXPECT_FALSE(world.Yielder.Stopped());
@@ -992,7 +994,7 @@ TEST(RunCount, AStopBetweenFilesListsTheFilesRead) {
   for (int k = 0; k < 5; ++k) world.Files.Add("/t/" + std::to_string(k) + ".txt", "the big cat");
   world.UseFolder("/t");
   world.UseLengths(2, 2);
-  world.Messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  world.Messages.WillAnswer(questions::kCountingInterrupted, Answer::Yes);
   world.Yielder.StopAtCall(10);  // Five while counting files; then two per file.
   EXPECT_EQ(world.Count(), RunEnd::Counted);
   EXPECT_TRUE(world.Run.Facts.Options.Stopped);

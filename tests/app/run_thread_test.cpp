@@ -11,6 +11,8 @@
 #include <thread>
 #include <vector>
 
+#include "app/run/questions.h"
+#include "sources/questions.h"
 #include "tests/fakes/fake_event_loop.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/fake_observer.h"
@@ -107,7 +109,7 @@ TEST_F(RunThreads, AskTheirQuestionsHereAndWaitForTheAnswer) {
   std::thread::id asked;
   Answer answer = Answer::Ok;
   std::optional<std::string> typed;
-  messages.WillAnswer(Question::KeepFilter, Answer::No);
+  messages.WillAnswer(questions::kKeepFilter, Answer::No);
   messages.WillType("other.txt");
   messages.OnShow = [&](const Message&) { asked = std::this_thread::get_id(); };
   thread->Start(
@@ -117,7 +119,7 @@ TEST_F(RunThreads, AskTheirQuestionsHereAndWaitForTheAnswer) {
                                           .Title = "Filter",
                                           .Buttons = Buttons::YesNo,
                                           .DefaultAnswer = Answer::Yes,
-                                          .Question = Question::KeepFilter});
+                                          .Question = questions::kKeepFilter});
         typed = thread->Messages().AskText("Which file?", "Output", "out.txt");
       },
       Ignore);
@@ -133,10 +135,10 @@ TEST_F(RunThreads, AskNothingMoreOnceAbandonedAndStillTellTheirEnd) {
     Question What;
     Answer Expected;
   };
-  const std::vector<Case> cases = {{Buttons::Ok, Question::None, Answer::Ok},
-                                   {Buttons::YesNo, Question::CountingInterrupted, Answer::No},
-                                   {Buttons::YesNo, Question::StopDocx, Answer::Yes},
-                                   {Buttons::YesNoCancel, Question::LargeInput, Answer::Cancel}};
+  const std::vector<Case> cases = {{Buttons::Ok, Question(), Answer::Ok},
+                                   {Buttons::YesNo, questions::kCountingInterrupted, Answer::No},
+                                   {Buttons::YesNo, questions::kStopDocx, Answer::Yes},
+                                   {Buttons::YesNoCancel, questions::kLargeInput, Answer::Cancel}};
   std::vector<Answer> answers;
   std::optional<std::string> typed = "none";
   bool told = false;
@@ -171,7 +173,7 @@ TEST_F(RunThreads, EndWhileTheirWorkWaitsForAnAnswer) {
                                              .Title = "?",
                                              .Buttons = Buttons::YesNo,
                                              .DefaultAnswer = Answer::Yes,
-                                             .Question = Question::KeepFilter}));
+                                             .Question = questions::kKeepFilter}));
       },
       [](const std::exception_ptr&) { ADD_FAILURE() << "nobody is there to be told"; });
   while (loop.Posted() == 0) std::this_thread::yield();

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/settings/questions.h"
 #include "tests/app/changed_settings.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
@@ -462,7 +463,7 @@ TEST_F(SavedStateTest, AsksAboutDefaultsWhenTheFileEndsEarly) {
   files.Add("/short.korv", "\"/texts\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n5\r\n");
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     messages.Forget();
-    messages.WillAnswer(Question::SetDefaults, answer);
+    messages.WillAnswer(questions::kSetDefaults, answer);
     Settings settings;
     const RestoreOutcome outcome = state.RestoreSavedState("/short.korv", settings);
     EXPECT_TRUE(outcome.EndedEarly);
@@ -509,7 +510,7 @@ TEST_F(SavedStateTest, ReadingThatFailsAnywhereLeavesTheSettings) {
 
 TEST(AskToLoadWordFile, NamesTheFile) {
   FakeMessages messages;
-  messages.WillAnswer(Question::LoadWordFile, Answer::No);
+  messages.WillAnswer(questions::kLoadWordFile, Answer::No);
   EXPECT_FALSE(AskToLoadWordFile("/lists/one.txt", messages));
   EXPECT_EQ(messages.Only().Text, "Do you wish to load the words-to-ignore file\r\n/lists/one.txt ?");
   EXPECT_EQ(messages.Only().Title, "Load file?");

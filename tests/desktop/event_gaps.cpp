@@ -16,6 +16,7 @@
 #include "desktop/main_window/frm_main.h"
 #include "desktop/toolkit/qt_yielder.h"
 #include "desktop/toolkit/text.h"
+#include "sources/questions.h"
 #include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_messages.h"
 
@@ -51,7 +52,7 @@ int main(int argc, char** argv) {
   const auto files = korv::MakeSystemFiles();
   const QTemporaryDir scratch;
   QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
-  messages.WillAnswer(korv::Question::LargeInput, korv::Answer::No);
+  messages.WillAnswer(korv::questions::kLargeInput, korv::Answer::No);
   const korv::NumberFormat numbers;
   korv::frmMain window(korv::Desktop{
       .Messages = messages,

@@ -163,7 +163,7 @@ TEST_F(Opening, CountsSeveralFilesOfOneFolderTogether) {
   EXPECT_EQ(messages.Only().ExtraButton, "Count them &together");
   EXPECT_EQ(TextOf("txbFolder"), "") << "nothing is taken unless that is wanted";
 
-  messages.WillAnswer(Question::None, Answer::Extra);
+  messages.WillAnswer(Question(), Answer::Extra);
   Open({a, c});
   EXPECT_TRUE(Checked("optFolder"));
   EXPECT_EQ(TextOf("txbFolder"), PathOf("texts"));
@@ -180,7 +180,7 @@ TEST_F(Opening, OffersTheFolderOfFilesWhoseNamesAreNoPatterns) {
   const std::string b = WriteFile("texts/second part.txt", kText);
   Type("txbFileFilepathSpecifications_0", "*.txt");
   messages.Forget();
-  messages.WillAnswer(Question::None, Answer::Extra);
+  messages.WillAnswer(Question(), Answer::Extra);
   Open({a, b});
   EXPECT_EQ(
       messages.Only().Addition,
@@ -200,7 +200,7 @@ TEST_F(Opening, RefusesOtherThingsThatComeTogether) {
                                             {a, PathOf("one")},
                                             {PathOf("one"), PathOf("two")},
                                             {a, PathOf("one/nowhere.txt")}};
-  messages.WillAnswer(Question::None, Answer::Extra);
+  messages.WillAnswer(Question(), Answer::Extra);
   for (const auto& paths : cases) {
     messages.Forget();
     Open(paths);

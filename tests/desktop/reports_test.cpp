@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "desktop/questions.h"
+#include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -255,7 +257,7 @@ TEST_F(Reports, StopAtTheRoomOfTheTextBox) {
   UseFile(text + "\n" + text);
   Choose("cboPhraseLength_0", 0);
   Choose("cboPhraseLength_1", 0);
-  messages.WillAnswer(Question::LargeInput, Answer::No);
+  messages.WillAnswer(questions::kLargeInput, Answer::No);
   Count();
   EXPECT_GT(Output().size(), 60000U);
   EXPECT_LT(Output().size(), 66000U);
@@ -352,7 +354,7 @@ TEST_F(Reports, NeverReplaceWhatWasCounted) {
               ElementsAre("Error | The output file cannot be the same as the input file."));
   // Nor by a path that is typed after the count.
   Type("txbFile_1", PathOf("text.txt"));
-  messages.WillAnswer(Question::Relist, Answer::Yes);
+  messages.WillAnswer(questions::kRelist, Answer::Yes);
   messages.WillType(PathOf("text.txt"));
   Check("chkDisableOutputToFile", false);
   EXPECT_EQ(ReadFile(PathOf("text.txt")), kText);
@@ -363,12 +365,12 @@ TEST_F(Reports, AreWrittenAfterwardsWhenTheOutputIsEnabled) {
   Check("chkDisableOutputToFile");
   CountText();
   EXPECT_FALSE(std::filesystem::exists(PathOf("out.txt")));
-  messages.WillAnswer(Question::Relist, Answer::No);
+  messages.WillAnswer(questions::kRelist, Answer::No);
   Check("chkDisableOutputToFile", false);
   EXPECT_THAT(WindowTest::Shown(), ElementsAre("Relist? | Relist words (so as to write to file)?"));
   EXPECT_FALSE(std::filesystem::exists(PathOf("out.txt")));
   Check("chkDisableOutputToFile");
-  messages.WillAnswer(Question::Relist, Answer::Yes);
+  messages.WillAnswer(questions::kRelist, Answer::Yes);
   Check("chkDisableOutputToFile", false);
   EXPECT_TRUE(std::filesystem::exists(PathOf("out.txt")));
 }
@@ -433,7 +435,7 @@ class LargeInputs : public Reports {
     std::string text;
     while (text.size() < 210000) text += "the white whale swims here. ";
     UseFile(text);
-    messages.WillAnswer(Question::LargeInput, Answer::Yes);
+    messages.WillAnswer(questions::kLargeInput, Answer::Yes);
   }
 };
 

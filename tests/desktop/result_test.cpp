@@ -6,7 +6,10 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/run/questions.h"
+#include "desktop/questions.h"
 #include "desktop/results/result_notes_panel.h"
+#include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -44,7 +47,7 @@ class Result : public WindowTest {
   }
   void CountFolder() {
     UseFolder();
-    messages.WillAnswer(Question::SeveralFiles, Answer::Extra);
+    messages.WillAnswer(questions::kSeveralFiles, Answer::Extra);
     Count();
     ASSERT_TRUE(main->HasResult());
     messages.Forget();
@@ -61,7 +64,7 @@ class Result : public WindowTest {
     return text + "\n" + text;
   }
   void CountManyPhrases() {
-    messages.WillAnswer(Question::LargeInput, Answer::No);
+    messages.WillAnswer(questions::kLargeInput, Answer::No);
     PhrasesOf(2, 2);
     CountText(ManyPhrases());
   }
@@ -232,7 +235,7 @@ TEST_F(Result, FollowsTheUntickedFileListBox) {
 
 TEST_F(Result, IsMarkedWhenItWasCountedUnderOtherRules) {
   CountText();
-  messages.WillAnswer(Question::RereadSource, Answer::Yes);
+  messages.WillAnswer(questions::kRereadSource, Answer::Yes);
   Click("chkAllowWordsWithNumerals");
   EXPECT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(Note("OtherRules"), "Counted under other rules than those chosen now: word rules.");
@@ -252,7 +255,7 @@ TEST_F(Result, IsMarkedWhenItWasCountedUnderOtherRules) {
   EXPECT_EQ(
       Note("OtherRules"),
       "Counted under other rules than those chosen now: phrase lengths, minimum frequency, word rules.");
-  messages.WillAnswer(Question::KeepFilter, Answer::No);
+  messages.WillAnswer(questions::kKeepFilter, Answer::No);
   Take("OtherRules", "CountAgain");
   EXPECT_THAT(Kinds(), ElementsAre("Source"));
   EXPECT_THAT(Output(), StartsWith("There are"));
@@ -389,7 +392,7 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   Count();
   EXPECT_EQ(state(), before);
   Type("txbFile_0", WriteFile("large.txt", std::string(210000, 'a')));
-  messages.WillAnswer(Question::LargeInput, Answer::Cancel);
+  messages.WillAnswer(questions::kLargeInput, Answer::Cancel);
   // Nor does the question stand beside numbers of a run that has not begun.
   messages.OnShow = [&](const Message&) {
     main->tmrProgress_Timer();
@@ -399,11 +402,11 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   };
   Count();
   messages.OnShow = nullptr;
-  EXPECT_EQ(messages.Shown.back().Question, Question::LargeInput);
+  EXPECT_EQ(messages.Shown.back().Question, questions::kLargeInput);
   EXPECT_EQ(state(), before);
   EXPECT_EQ(TextOf("lblFilesize"), "Filesize: 205.08 Kb");
   UseFolder();
-  messages.WillAnswer(Question::SeveralFiles, Answer::Ok);
+  messages.WillAnswer(questions::kSeveralFiles, Answer::Ok);
   Count();
   EXPECT_EQ(state(), before);
   EXPECT_EQ(TextOf("lblFilesize"), " ");
@@ -432,8 +435,8 @@ TEST_F(Result, StaysReachableWhenANewRunIsStopped) {
   PhrasesOf(3, 3);
   CountText();
   const std::string list = Output();
-  messages.WillAnswer(Question::ReallyStop, Answer::Yes);
-  messages.WillAnswer(Question::CountingInterrupted, Answer::No);
+  messages.WillAnswer(questions::kReallyStop, Answer::Yes);
+  messages.WillAnswer(questions::kCountingInterrupted, Answer::No);
   AtTheNextTurn([this] { Count(); });
   Count();
   EXPECT_THAT(Output(), HasSubstr("Counting of all phrases was stopped."));
@@ -535,7 +538,7 @@ class ResultOfASlowUser : public Result {
 };
 
 TEST_F(ResultOfASlowUser, TookNoTimeForQuestions) {
-  messages.WillAnswer(Question::LargeInput, Answer::No);
+  messages.WillAnswer(questions::kLargeInput, Answer::No);
   PhrasesOf(2, 2);
   CountText(ManyPhrases());
   ASSERT_THAT(messages.Shown, testing::Not(IsEmpty()));
@@ -572,7 +575,7 @@ TEST_F(Result, IsMarkedUntilTheOutputFileHoldsIt) {
   EXPECT_EQ(Note("NotWritten"), "This list has not been written to the output file out.txt.");
   Check("chkDisableOutputToFile");
   EXPECT_FALSE(Noted("NotWritten"));
-  messages.WillAnswer(Question::Relist, Answer::No);
+  messages.WillAnswer(questions::kRelist, Answer::No);
   Check("chkDisableOutputToFile", false);
   EXPECT_TRUE(Noted("NotWritten"));
   Take("NotWritten", "ListAnew");
@@ -626,8 +629,8 @@ TEST_F(Result, NamesWhatTheRunLeftOut) {
 TEST_F(Result, ThatWasStoppedSaysSo) {
   OpenWithEveryTurn();
   PhrasesOf(3, 3);
-  messages.WillAnswer(Question::ReallyStop, Answer::Yes);
-  messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  messages.WillAnswer(questions::kReallyStop, Answer::Yes);
+  messages.WillAnswer(questions::kCountingInterrupted, Answer::Yes);
   std::string text;
   for (int i = 0; i < 500; ++i) text += kText;
   UseFile(text);
@@ -691,7 +694,7 @@ TEST_F(Result, ThatIsEmptyNamesItsCauses) {
 
 TEST_F(Result, OfSeveralFilesMayBeShownInTheWindowOnly) {
   UseFolder();
-  messages.WillAnswer(Question::SeveralFiles, Answer::Ok);
+  messages.WillAnswer(questions::kSeveralFiles, Answer::Ok);
   Count();
   EXPECT_FALSE(main->HasResult());
   ASSERT_EQ(messages.Shown.size(), 1U);
@@ -702,7 +705,7 @@ TEST_F(Result, OfSeveralFilesMayBeShownInTheWindowOnly) {
   EXPECT_EQ(messages.Shown[0].Buttons, Buttons::Ok);
   EXPECT_EQ(messages.Shown[0].ExtraButton, "Show in the window only");
   EXPECT_EQ(Output(), "") << "nothing is left of a run that came to nothing";
-  messages.WillAnswer(Question::SeveralFiles, Answer::Extra);
+  messages.WillAnswer(questions::kSeveralFiles, Answer::Extra);
   Count();
   EXPECT_THAT(Output(), StartsWith("2 files (in 1 folder) were scanned.\n"));
   EXPECT_THAT(Output(), HasSubstr("the old man"));
@@ -718,7 +721,7 @@ TEST_F(Result, OfAFolderOfFoldersIsOfferedWithTheirNames) {
     for (const bool include : {false, true}) {
       messages.Forget();
       Check("chkIncludeSubfolders", include);
-      messages.WillAnswer(Question::OnlySubfolders, Answer::Ok);
+      messages.WillAnswer(questions::kOnlySubfolders, Answer::Ok);
       Click(button);
       ASSERT_EQ(messages.Shown.size(), 1U);
       const Message refusal = messages.Shown[0];
@@ -729,7 +732,7 @@ TEST_F(Result, OfAFolderOfFoldersIsOfferedWithTheirNames) {
       EXPECT_FALSE(main->HasResult());
     }
   }
-  messages.WillAnswer(Question::OnlySubfolders, Answer::Extra);
+  messages.WillAnswer(questions::kOnlySubfolders, Answer::Extra);
   Click("cmdListFiles");
   EXPECT_EQ(Output(), WithNativePaths("{Folder} = ") + PathOf("texts") +
                           WithNativePaths("\n{Folder}/letters/a.txt\n{Folder}/notes/b.txt\n"));

@@ -8,6 +8,9 @@
 #include <set>
 #include <stdexcept>
 
+#include "app/run/questions.h"
+#include "desktop/questions.h"
+#include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -39,7 +42,7 @@ class Runs : public WindowTest {
       text += (seed >> 12) % 12 == 0 ? ".\n" : " ";
     }
     UseFile(text);
-    messages.WillAnswer(Question::LargeInput, Answer::No);
+    messages.WillAnswer(questions::kLargeInput, Answer::No);
   }
   /// Does `act` once, as soon as a run is going on and has got its turn.
   void DuringTheRun(std::function<void()> act) {
@@ -87,11 +90,11 @@ TEST_F(Runs, AdviseAHigherMinimumFrequency) {
   while (text.size() < 52 * 1024) text += kText;
   UseFile(text);
   Choose("cboMinimumFrequency", 0);
-  messages.WillAnswer(Question::MinimumFrequency, Answer::No);
+  messages.WillAnswer(questions::kMinimumFrequency, Answer::No);
   Count();
   EXPECT_EQ(TextOf("cboMinimumFrequency"), "1");
   EXPECT_THAT(Output(), HasSubstr("occur at least once"));
-  messages.WillAnswer(Question::MinimumFrequency, Answer::Yes);
+  messages.WillAnswer(questions::kMinimumFrequency, Answer::Yes);
   Count();
   EXPECT_EQ(TextOf("cboMinimumFrequency"), "2");
   EXPECT_THAT(Output(), HasSubstr("occur at least twice"));
@@ -101,12 +104,12 @@ TEST_F(Runs, KeepTheFilterOrEmptyIt) {
   UseFile(kText);
   Choose("cboPhraseLength_0", 0);
   Type("txbFilterWords", "whale");
-  messages.WillAnswer(Question::KeepFilter, Answer::Yes);
+  messages.WillAnswer(questions::kKeepFilter, Answer::Yes);
   Count();
   EXPECT_THAT(WindowTest::Shown(), ElementsAre("Filter results? | Do you wish to keep the filter settings?"));
   EXPECT_THAT(Output(), HasSubstr("Phrase filtering (all filter words) has been applied."));
   EXPECT_THAT(Output(), Not(HasSubstr("old man")));
-  messages.WillAnswer(Question::KeepFilter, Answer::No);
+  messages.WillAnswer(questions::kKeepFilter, Answer::No);
   Count();
   EXPECT_EQ(TextOf("txbFilterWords"), "");
   EXPECT_THAT(Output(), HasSubstr("old man"));
@@ -286,7 +289,7 @@ TEST_F(Runs, LeaveTheUnreadableFoldersInTheBox) {
 TEST_F(Runs, TakeTheFilterWordsAsTheyStandThere) {
   UseFile(kText);
   Choose("cboPhraseLength_0", 0);
-  messages.WillAnswer(Question::KeepFilter, Answer::Yes);
+  messages.WillAnswer(questions::kKeepFilter, Answer::Yes);
   // A key starts the run while the box has the focus.
   Find<QLineEdit>("txbFilterWords")->setText(QStringLiteral("WHALE,"));
   Count();
@@ -336,7 +339,7 @@ TEST_F(Runs, MoveTheProgressBarAndTheTwirler) {
 
 TEST_F(Runs, GoOnWhenTheStopIsTakenBack) {
   UseLongText();
-  messages.WillAnswer(Question::ReallyStop, Answer::No);
+  messages.WillAnswer(questions::kReallyStop, Answer::No);
   DuringTheRun([&] { Count(); });
   Count();
   const auto shown = WindowTest::Shown();
@@ -347,8 +350,8 @@ TEST_F(Runs, GoOnWhenTheStopIsTakenBack) {
 
 TEST_F(Runs, ListWhatWasFoundBeforeAStop) {
   UseLongText();
-  messages.WillAnswer(Question::ReallyStop, Answer::Yes);
-  messages.WillAnswer(Question::CountingInterrupted, Answer::Yes);
+  messages.WillAnswer(questions::kReallyStop, Answer::Yes);
+  messages.WillAnswer(questions::kCountingInterrupted, Answer::Yes);
   bool stopped = false;
   DuringTheRun([&] {
     stopped = true;
@@ -366,8 +369,8 @@ TEST_F(Runs, ListWhatWasFoundBeforeAStop) {
 
 TEST_F(Runs, SayStoppedWhenWhatWasFoundIsNotWanted) {
   UseLongText();
-  messages.WillAnswer(Question::ReallyStop, Answer::Yes);
-  messages.WillAnswer(Question::CountingInterrupted, Answer::No);
+  messages.WillAnswer(questions::kReallyStop, Answer::Yes);
+  messages.WillAnswer(questions::kCountingInterrupted, Answer::No);
   DuringTheRun([&] { Count(); });
   Count();
   EXPECT_FALSE(main->HasResult());
@@ -395,7 +398,7 @@ TEST_F(Runs, WriteNoSignOfLifeWhileTheirSourceIsChecked) {
 
 TEST_F(Runs, EndWithoutFurtherQuestionsWhenTheWindowIsClosed) {
   UseLongText();
-  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  messages.WillAnswer(questions::kReallyQuit, Answer::Yes);
   DuringTheRun([&] { main->close(); });
   Count();
   const auto shown = WindowTest::Shown();
@@ -407,7 +410,7 @@ TEST_F(Runs, TellOfAStateThatCannotBeSavedBeforeTheyEndTheWindow) {
   UseLongText();
   Check("chkSaveStateOnQuit");
   Type("txbFolder", "a \"quoted\" name");
-  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  messages.WillAnswer(questions::kReallyQuit, Answer::Yes);
   DuringTheRun([&] { Click("cmdQuit"); });
   Count();
   messages.Forget();
@@ -418,7 +421,7 @@ TEST_F(Runs, TellOfAStateThatCannotBeSavedBeforeTheyEndTheWindow) {
 
 TEST_F(Runs, StayInTheirWindowWhenClosingItIsTakenBack) {
   UseLongText();
-  messages.WillAnswer(Question::ReallyQuit, Answer::No);
+  messages.WillAnswer(questions::kReallyQuit, Answer::No);
   DuringTheRun([&] { main->close(); });
   Count();
   EXPECT_TRUE(main->isVisible());

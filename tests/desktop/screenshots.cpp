@@ -14,6 +14,7 @@
 #include <cstdio>
 
 #include "desktop/main_window/frm_main.h"
+#include "desktop/questions.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/application_name.h"
 #include "desktop/toolkit/qt_yielder.h"
@@ -66,7 +67,7 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
   const QTemporaryDir scratch;
   QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
   const NumberFormat numbers;
-  messages.WillAnswer(Question::FirstCommonWords, Answer::Yes);
+  messages.WillAnswer(questions::kFirstCommonWords, Answer::Yes);
   frmMain window(Desktop{.Messages = messages,
                          .Dialogs = dialogs,
                          .Clipboard = clipboard,

@@ -4,10 +4,15 @@
 #include <functional>
 #include <sstream>
 
+#include "app/run/questions.h"
+#include "app/settings/questions.h"
 #include "app/texts/rules_sample.h"
 #include "desktop/dialogs/frm_popup.h"
+#include "desktop/questions.h"
+#include "desktop/silence_rules.h"
 #include "desktop/toolkit/silenced_questions.h"
 #include "tests/desktop/window_test.h"
+#include "wordlists/questions.h"
 
 namespace korv {
 namespace {
@@ -140,20 +145,20 @@ TEST_F(SettingsWindow, TellsThatItReinitializedAlthoughTheStateCannotBeSaved) {
 TEST_F(SettingsWindow, AsksAboutTheWordFilesWhenItReinitializes) {
   dialogs.WillChoose(WriteFile("list.txt", "the of and"));
   Click("cmdSelectWordsFile");
-  messages.WillAnswer(Question::ClearWordFiles, Answer::No);
+  messages.WillAnswer(questions::kClearWordFiles, Answer::No);
   Click("cmdInitialize");
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre(testing::StartsWith("Reinitialize | "),
                           "Words-to-ignore files | Do you wish to clear all words-to-ignore files?"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
-  messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
+  messages.WillAnswer(questions::kClearWordFiles, Answer::Yes);
   Click("cmdInitialize");
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
 }
 
 TEST_F(SettingsWindow, AsksBeforeItReinitializes) {
   Click("cmdSetOrClearCheckboxes_0");
-  messages.WillAnswer(Question::Reinitialize, Answer::No);
+  messages.WillAnswer(questions::kReinitialize, Answer::No);
   Click("cmdInitialize");
   const Message question = messages.Only();
   EXPECT_EQ(question.Title, "Reinitialize");
@@ -163,8 +168,9 @@ TEST_F(SettingsWindow, AsksBeforeItReinitializes) {
       "the filter words, and saves all that.  Do you wish to go on?");
   EXPECT_EQ(question.Buttons, Buttons::YesNo);
   EXPECT_EQ(question.DefaultAnswer, Answer::Yes);
-  EXPECT_TRUE(question.MayBeSilenced);
-  EXPECT_EQ(question.SilencedAnswer, Answer::Yes) << "it was told to reinitialize";
+  const SilenceRule* rule = RuleFor(SilenceRules(), question.Question);
+  ASSERT_NE(rule, nullptr);
+  EXPECT_EQ(rule->Answer, Answer::Yes) << "it was told to reinitialize";
   for (const char* box : kBoxes) EXPECT_TRUE(Checked(box)) << box;
   EXPECT_EQ(PopUpText(), "");
   EXPECT_FALSE(std::filesystem::exists(StatePath()));
@@ -173,7 +179,7 @@ TEST_F(SettingsWindow, AsksBeforeItReinitializes) {
 TEST_F(SettingsWindow, AsksEverythingAgainWhereSomethingWasSilenced) {
   main->Params().show();
   EXPECT_FALSE(Enabled("cmdAskEverythingAgain"));
-  Silence(*store, Question::KeepFilter, Answer::Yes);
+  Silence(*store, questions::kKeepFilter, Answer::Yes);
   main->Timer1_Timer();
   EXPECT_TRUE(Enabled("cmdAskEverythingAgain"));
   Click("cmdAskEverythingAgain");
@@ -311,14 +317,14 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
     CountSomething();
     const std::string report = Output();
     const bool before = Checked(box);
-    messages.WillAnswer(Question::RereadSource, Answer::No);
+    messages.WillAnswer(questions::kRereadSource, Answer::No);
     Click(box);
     EXPECT_THAT(WindowTest::Shown(),
                 ElementsAre("Word rules | Changing this entails reading the file anew.  Is this OK?"));
     EXPECT_EQ(Checked(box), before) << box;
     EXPECT_TRUE(main->HasResult()) << box;
     EXPECT_EQ(Output(), report) << box;
-    messages.WillAnswer(Question::RereadSource, Answer::Yes);
+    messages.WillAnswer(questions::kRereadSource, Answer::Yes);
     Click(box);
     EXPECT_EQ(Checked(box), !before) << box;
     EXPECT_FALSE(main->ResultKeepsToWordRules()) << box;
@@ -331,7 +337,7 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
 
 TEST_F(SettingsWindow, NamesTheSourceThatWouldBeReadAnew) {
   CountSomething();
-  messages.WillAnswer(Question::RereadSource, Answer::No);
+  messages.WillAnswer(questions::kRereadSource, Answer::No);
   Click("optFolder");
   Click("chkCaseSignificant");
   EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("reading the files anew")));
@@ -427,7 +433,7 @@ TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
   Choose("cboPhraseLength_0", 1);
   Choose("cboPhraseLength_1", 23);
   Choose("cboMinimumFrequency", 19);
-  messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::No);
   Choose("cboCommonWordsLanguages", 5);
   Type("txbFilterWords", "white whale");
   Click("optIncludeAllWordsAsSubphrase");
@@ -435,7 +441,7 @@ TEST_F(SettingsWindow, RestoresEveryControlAfterARestart) {
   Click("cmdSaveState");
   const std::string saved = ReadFile(StatePath());
 
-  messages.WillAnswer(Question::LoadWordFile, Answer::Yes);
+  messages.WillAnswer(questions::kLoadWordFile, Answer::Yes);
   ASSERT_TRUE(Start());
   EXPECT_EQ(TextOf("txbFolder"), "/some folder");
   EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "ibid vide");
@@ -673,7 +679,7 @@ TEST_F(SettingsWindow, AsksForTheListOfLoadedSettings) {
   dialogs.WillChoose(PathOf("mine.korv"));
   Click("cmdSaveLoadState_1");
   messages.Forget();
-  messages.WillAnswer(Question::LoadWordFile, Answer::No);
+  messages.WillAnswer(questions::kLoadWordFile, Answer::No);
   dialogs.WillChoose(PathOf("mine.korv"));
   Click("cmdSaveLoadState_0");
   EXPECT_THAT(WindowTest::Shown(),
@@ -692,7 +698,7 @@ TEST_F(SettingsWindow, AsksForNoListWhenTheFileEndsEarlyBehindIt) {
   dialogs.WillChoose(WriteFile("cut.korv", state.substr(0, list + 13)));
   Click("cmdSaveLoadState_0");
   ASSERT_EQ(messages.Shown.size(), 2U);
-  EXPECT_EQ(messages.Shown[0].Question, Question::SetDefaults);
+  EXPECT_EQ(messages.Shown[0].Question, questions::kSetDefaults);
   EXPECT_EQ(messages.Shown[1].Title, "Input past end of file");
   EXPECT_EQ(TextOf("cboWordsFile"), PathOf("list.txt"));
 }
@@ -716,7 +722,7 @@ TEST_F(SettingsWindow, OffersDefaultsForAFileThatEndsEarlyAndKeepsWhatWasRead) {
   for (const Answer answer : {Answer::No, Answer::Yes}) {
     Check("chkOnly7bitASCII");
     dialogs.WillChoose(WriteFile("old.korv", "\"/early\"\r\n\"\"\r\n"));
-    messages.WillAnswer(Question::SetDefaults, answer);
+    messages.WillAnswer(questions::kSetDefaults, answer);
     Click("cmdSaveLoadState_0");
     ASSERT_EQ(messages.Shown.size(), 2U);
     EXPECT_EQ(messages.Shown[0].Title, "Error restoring saved state");

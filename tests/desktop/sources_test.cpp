@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <tuple>
 
+#include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -179,7 +180,7 @@ std::string LargeText() {
 
 TEST_F(Sources, AdviseAnOutputFileForALargeInput) {
   UseFile(LargeText());
-  messages.WillAnswer(Question::LargeInput, Answer::Cancel);
+  messages.WillAnswer(questions::kLargeInput, Answer::Cancel);
   EXPECT_THAT(
       Refusal(),
       ElementsAre("Large input file | The input file is quite large.  It is advisable to specify an output "
@@ -187,21 +188,21 @@ TEST_F(Sources, AdviseAnOutputFileForALargeInput) {
                   "specify an output file?"));
   EXPECT_FALSE(main->HasResult());
 
-  messages.WillAnswer(Question::LargeInput, Answer::Yes);
+  messages.WillAnswer(questions::kLargeInput, Answer::Yes);
   dialogs.WillChoose(PathOf("out.txt"));
   Count();
   EXPECT_EQ(TextOf("txbFile_1"), PathOf("out.txt"));
   EXPECT_TRUE(std::filesystem::exists(PathOf("out.txt")));
 
   Type("txbFile_1", "");
-  messages.WillAnswer(Question::LargeInput, Answer::No);
+  messages.WillAnswer(questions::kLargeInput, Answer::No);
   Count();
   EXPECT_TRUE(main->HasResult());
 }
 
 TEST_F(Sources, AskAboutUtf8WithoutASignatureOncePerPath) {
   UseFile("Der Bär mag süße Äpfel. Der Bär mag süße Äpfel.");
-  messages.WillAnswer(Question::TextEncoding, Answer::Yes);
+  messages.WillAnswer(questions::kTextEncoding, Answer::Yes);
   EXPECT_THAT(Refusal(),
               ElementsAre("Text encoding | This file appears to be UTF-8 text without a signature.\r\n"
                           "Do you wish to read it as UTF-8?"));

@@ -3,8 +3,14 @@
 #include <QMenu>
 #include <QScreen>
 #include <QTimer>
+#include <set>
 
+#include "app/run/questions.h"
+#include "app/settings/questions.h"
 #include "desktop/dialogs/frm_popup.h"
+#include "desktop/questions.h"
+#include "desktop/silence_rules.h"
+#include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 
 namespace korv {
@@ -19,7 +25,7 @@ class StartUp : public WindowTest {
  protected:
   /// Like Start(), but what was shown is kept.
   bool StartShowing(Answer commonWords) {
-    messages.WillAnswer(Question::FirstCommonWords, commonWords);
+    messages.WillAnswer(questions::kFirstCommonWords, commonWords);
     MakeWindow();
     return main->Form_Load();
   }
@@ -70,10 +76,9 @@ TEST_F(StartUp, SelectsLongWordsOfFortyBeforeAnyStateIsRestored) {
 
 TEST_F(StartUp, OffersTheCommonWordsOfEnglishAndLoadsThem) {
   ASSERT_TRUE(StartShowing(Answer::Yes));
-  const bool commonWordsMayBeSilenced = messages.Only().MayBeSilenced;
+  EXPECT_NE(RuleFor(SilenceRules(), messages.Only().Question), nullptr);
   EXPECT_THAT(Shown(), ElementsAre("Words to ignore | No file of words to ignore has been specified.\r\n\r\n"
                                    "Do you wish to ignore the most common words of English?"));
-  EXPECT_TRUE(commonWordsMayBeSilenced);
   EXPECT_EQ(ItemOf("cboCommonWordsLanguages"), 0);
   EXPECT_THAT(TextOf("cboWordsFile"), testing::EndsWith("cwds_en.txt"));
   EXPECT_THAT(TextOf("lblState"), testing::EndsWith(" words-to-ignore loaded"));
@@ -126,7 +131,7 @@ TEST_F(StartUp, KeepsTheFilterWordsOfTheStateFile) {
 
 TEST_F(StartUp, TellsOfADamagedStateFileAndGoesOn) {
   WriteFile("config/korv.usr", "\"folder\"\r\nnonsense");
-  messages.WillAnswer(Question::SetDefaults, Answer::No);
+  messages.WillAnswer(questions::kSetDefaults, Answer::No);
   ASSERT_TRUE(StartShowing(Answer::No));
   EXPECT_THAT(Shown(),
               testing::Contains(HasSubstr("Load settings | Error when attempting to load settings: ")));
@@ -257,11 +262,11 @@ TEST_F(StartUp, TellsOfAStateThatCannotBeSavedAndQuitsAllTheSame) {
 
 TEST_F(StartUp, AsksBeforeTheSettingsWindowQuits) {
   ASSERT_TRUE(Start());
-  messages.WillAnswer(Question::ReallyQuit, Answer::No);
+  messages.WillAnswer(questions::kReallyQuit, Answer::No);
   ClickInParams("cmdQuit");
   EXPECT_TRUE(main->isVisible());
   EXPECT_THAT(Shown(), ElementsAre("Quit | Really quit?"));
-  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
+  messages.WillAnswer(questions::kReallyQuit, Answer::Yes);
   ClickInParams("cmdQuit");
   EXPECT_FALSE(main->isVisible());
 }
@@ -368,8 +373,8 @@ TEST_F(StartUp, LetsTabLeadThroughEveryControlOfTheColumn) {
 }
 
 TEST_F(StartUp, LetsQuestionsThatComeBackBeSilenced) {
-  std::map<Question, bool> mayBeSilenced;
-  messages.OnShow = [&](const Message& message) { mayBeSilenced[message.Question] = message.MayBeSilenced; };
+  std::set<Question> asked;
+  messages.OnShow = [&](const Message& message) { asked.insert(message.Question); };
   ASSERT_TRUE(StartShowing(Answer::Yes));
   Click("cmdSaveState");
   ASSERT_TRUE(StartShowing(Answer::Yes));
@@ -377,13 +382,14 @@ TEST_F(StartUp, LetsQuestionsThatComeBackBeSilenced) {
   while (text.size() <= 200001) text += "Der B\xC3\xA4r mag H\xC3\xB6rnchen. ";
   UseFile(text);
   Type("txbFilterWords", "mag");
-  messages.WillAnswer(Question::LargeInput, Answer::No);
+  messages.WillAnswer(questions::kLargeInput, Answer::No);
   Choose("cboMinimumFrequency", 0);
   Count();
-  for (const Question question : {Question::FirstCommonWords, Question::LoadWordFile, Question::LargeInput,
-                                  Question::TextEncoding, Question::KeepFilter, Question::MinimumFrequency}) {
-    ASSERT_EQ(mayBeSilenced.count(question), 1U) << static_cast<int>(question);
-    EXPECT_TRUE(mayBeSilenced[question]) << static_cast<int>(question);
+  for (const Question question :
+       {questions::kFirstCommonWords, questions::kLoadWordFile, questions::kLargeInput,
+        questions::kTextEncoding, questions::kKeepFilter, questions::kMinimumFrequency}) {
+    EXPECT_TRUE(asked.contains(question)) << question.Name();
+    EXPECT_NE(RuleFor(SilenceRules(), question), nullptr) << question.Name();
   }
   Click("cmdQuit");
 }
@@ -407,20 +413,21 @@ TEST_F(Quitting, AsksWhetherChangedSettingsAreToBeKept) {
             "You have changed settings that would be forgotten.\r\n"
             "Do you wish to keep them for the next start?");
   EXPECT_EQ(asked.Title, "Quit");
-  EXPECT_EQ(asked.Question, Question::KeepSettings);
+  EXPECT_EQ(asked.Question, questions::kKeepSettings);
   EXPECT_EQ(asked.Buttons, Buttons::YesNo);
   EXPECT_EQ(asked.DefaultAnswer, Answer::No);
   EXPECT_EQ(asked.ExtraButton, "&Always");
   EXPECT_EQ(asked.YesButton, "&This time");
   EXPECT_EQ(asked.NoButton, "&Not now");
-  EXPECT_TRUE(asked.MayBeSilenced);
-  EXPECT_EQ(asked.SilencedAnswer, Answer::No);
+  const SilenceRule* rule = RuleFor(SilenceRules(), asked.Question);
+  ASSERT_NE(rule, nullptr);
+  EXPECT_EQ(rule->Answer, Answer::No);
   EXPECT_FALSE(main->isVisible());
   EXPECT_FALSE(Saved()) << "as if nobody had been asked";
 }
 
 TEST_F(Quitting, KeepsThemThisTime) {
-  messages.WillAnswer(Question::KeepSettings, Answer::Yes);
+  messages.WillAnswer(questions::kKeepSettings, Answer::Yes);
   main->close();
   EXPECT_TRUE(Saved());
   ASSERT_TRUE(Start());
@@ -429,7 +436,7 @@ TEST_F(Quitting, KeepsThemThisTime) {
 }
 
 TEST_F(Quitting, KeepsThemAlways) {
-  messages.WillAnswer(Question::KeepSettings, Answer::Extra);
+  messages.WillAnswer(questions::kKeepSettings, Answer::Extra);
   Click("cmdQuit");
   ASSERT_TRUE(Start());
   EXPECT_EQ(ItemOf("cboPhraseLength_1"), 9);
@@ -471,7 +478,7 @@ TEST_F(Quitting, AsksNothingWhenNothingWouldBeMissed) {
 TEST_F(Quitting, TellsWhenTheyCannotBeKeptAndQuitsAllTheSame) {
   Type("txbFile_0", "a \"quoted\" name.txt");
   messages.Forget();
-  messages.WillAnswer(Question::KeepSettings, Answer::Yes);
+  messages.WillAnswer(questions::kKeepSettings, Answer::Yes);
   Click("cmdQuit");
   EXPECT_THAT(Shown(), ElementsAre(StartsWith("Quit | You have changed settings"),
                                    StartsWith("Save state | Error when attempting to save state: ")));
@@ -482,8 +489,8 @@ TEST_F(Quitting, AsksOnceWhenARunHasToEndFirst) {
   OpenWithEveryTurn();
   Choose("cboPhraseLength_1", 9);
   UseFile("the old man said, the old man said.\n");
-  messages.WillAnswer(Question::ReallyQuit, Answer::Yes);
-  messages.WillAnswer(Question::KeepSettings, Answer::Yes);
+  messages.WillAnswer(questions::kReallyQuit, Answer::Yes);
+  messages.WillAnswer(questions::kKeepSettings, Answer::Yes);
   messages.Forget();
   AtTheNextTurn([this] { Click("cmdQuit"); });
   Count();

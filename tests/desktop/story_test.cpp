@@ -10,6 +10,7 @@
 #include <deque>
 
 #include "desktop/dialogs/frm_popup.h"
+#include "desktop/silence_rules.h"
 #include "desktop/toolkit/desktop_launcher.h"
 #include "desktop/toolkit/qt_clipboard.h"
 #include "desktop/toolkit/qt_messages.h"
@@ -97,7 +98,7 @@ class Story : public WindowTest {
     return desktop;
   }
 
-  QtMessages realMessages{*store};
+  QtMessages realMessages{*store, SilenceRules()};
   QtClipboard realClipboard;
   std::unique_ptr<Launcher> realLauncher = MakeDesktopLauncher();
   SteadyClock realClock;

@@ -9,15 +9,18 @@
 #include <QTimer>
 #include <cmath>
 
+#include "app/run/questions.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/muted_messages.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/main_window/output_text_box.h"
+#include "desktop/silence_rules.h"
 #include "desktop/toolkit/color_scheme.h"
 #include "desktop/toolkit/qt_clipboard.h"
 #include "desktop/toolkit/qt_messages.h"
 #include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/standard_places.h"
+#include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -27,6 +30,8 @@ namespace {
 using testing::ElementsAre;
 
 // ---- Message boxes
+
+constexpr SilenceRule kRules[] = {{questions::kKeepFilter}, {questions::kLargeInput, Answer::No}};
 
 class QtMessageBoxes : public testing::Test {
  protected:
@@ -42,13 +47,13 @@ class QtMessageBoxes : public testing::Test {
 
   QTemporaryDir folder;
   QSettings store{folder.filePath(QStringLiteral("windows.conf")), QSettings::IniFormat};
-  QtMessages messages{store};
+  QtMessages messages{store, kRules};
   int boxes = 0;  ///< Shown through WithTheBox().
 };
 
 struct BoxCase {
   korv::Buttons Buttons;
-  Answer Preferred;
+  korv::Answer Preferred;
   QMessageBox::StandardButton Pressed;
   korv::Answer Answer;
 };
@@ -159,9 +164,8 @@ Message SilencableQuestion() {
           .Title = "?",
           .Buttons = Buttons::YesNoCancel,
           .DefaultAnswer = Answer::No,
-          .Question = Question::KeepFilter,
-          .ExtraButton = "Else",
-          .MayBeSilenced = true};
+          .Question = questions::kKeepFilter,
+          .ExtraButton = "Else"};
 }
 
 void TickAndClick(QMessageBox& box, QAbstractButton* button) {
@@ -187,7 +191,7 @@ TEST_F(QtMessageBoxes, KeepTheAnswerThatWasGivenWithTheTick) {
     EXPECT_EQ(messages.Show(SilencableQuestion()), answer) << caption;
     EXPECT_TRUE(AnySilenced(store));
     // Without a box: another program's start reads the same store.
-    QtMessages later(store);
+    QtMessages later(store, kRules);
     EXPECT_EQ(later.Show(SilencableQuestion()), answer) << caption;
     EXPECT_EQ(boxes, 1);
   }
@@ -206,7 +210,7 @@ TEST_F(QtMessageBoxes, AskAgainWithoutATickAndAfterAnAnswerThatDecidesNothing) {
 
 TEST_F(QtMessageBoxes, GiveASilencedQuestionItsOwnAnswerWhereItHasOne) {
   Message message = SilencableQuestion();
-  message.SilencedAnswer = Answer::No;
+  message.Question = questions::kLargeInput;
   WithTheBox([](QMessageBox& box) { TickAndClick(box, box.button(QMessageBox::Yes)); });
   EXPECT_EQ(messages.Show(message), Answer::Yes);
   EXPECT_EQ(messages.Show(message), Answer::No);
@@ -215,8 +219,10 @@ TEST_F(QtMessageBoxes, GiveASilencedQuestionItsOwnAnswerWhereItHasOne) {
 
 TEST_F(QtMessageBoxes, AskEverythingAgainWhenTold) {
   EXPECT_FALSE(AnySilenced(store));
-  Silence(store, Question::KeepFilter, Answer::Yes);
-  Silence(store, Question::LargeInput, Answer::No);
+  Silence(store, questions::kKeepFilter, Answer::Yes);
+  Silence(store, questions::kLargeInput, Answer::No);
+  EXPECT_EQ(store.value(QStringLiteral("silencedQuestions/KeepFilter")).toString().toStdString(), "Yes");
+  EXPECT_EQ(store.value(QStringLiteral("silencedQuestions/LargeInput")).toString().toStdString(), "No");
   store.setValue(QStringLiteral("frmMain"), 1);
   EXPECT_TRUE(AnySilenced(store));
   AskEverythingAgain(store);
@@ -229,7 +235,7 @@ TEST_F(QtMessageBoxes, AskEverythingAgainWhenTold) {
 
 TEST_F(QtMessageBoxes, OfferNoSilenceForOtherMessages) {
   Message question = SilencableQuestion();
-  question.MayBeSilenced = false;
+  question.Question = questions::kReallyStop;
   Silence(store, question.Question, Answer::Extra);
   for (const Message& message : {question, Message{.Text = "told", .Title = "?"}}) {
     WithTheBox([](QMessageBox& box) {
@@ -239,6 +245,17 @@ TEST_F(QtMessageBoxes, OfferNoSilenceForOtherMessages) {
     EXPECT_NE(messages.Show(message), Answer::Extra);
   }
   EXPECT_EQ(boxes, 2);
+}
+
+TEST(SilenceRules, AreForTheQuestionsThatComeBack) {
+  std::vector<std::string_view> names;
+  for (const SilenceRule& rule : SilenceRules()) names.push_back(rule.Question.Name());
+  // Answers are kept under these names.
+  EXPECT_THAT(names, testing::UnorderedElementsAre("FirstCommonWords", "KeepFilter", "KeepSettings",
+                                                   "LargeDocx", "LargeInput", "LargeWordList", "LoadWordFile",
+                                                   "MinimumFrequency", "Reinitialize", "TextEncoding"));
+  EXPECT_EQ(RuleFor(SilenceRules(), questions::kReallyStop), nullptr);
+  EXPECT_EQ(RuleFor(SilenceRules(), Question()), nullptr);
 }
 
 // ---- Titles
@@ -471,11 +488,11 @@ TEST(MutedMessages, ShowNothingAndStopWhatAsksWhetherToStop) {
   MutedMessages messages(shown, runClock);
   messages.Mute();
   EXPECT_EQ(
-      messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = Question::StopDocx}),
+      messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = questions::kStopDocx}),
       Answer::Yes);
-  EXPECT_EQ(
-      messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = Question::KeepFilter}),
-      Answer::No);
+  EXPECT_EQ(messages.Show(
+                {.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = questions::kKeepFilter}),
+            Answer::No);
   EXPECT_EQ(messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNoCancel}), Answer::Cancel);
   EXPECT_EQ(messages.AskText("?", "?", "x"), std::nullopt);
   EXPECT_TRUE(shown.Shown.empty() && shown.InputBoxes.empty());

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <utility>
 
+#include "desktop/questions.h"
 #include "desktop/toolkit/application_name.h"
 
 namespace korv {
@@ -43,7 +44,7 @@ Desktop WindowTest::Surroundings() {
 }
 
 bool WindowTest::Start() {
-  messages.WillAnswer(Question::FirstCommonWords, Answer::No);
+  messages.WillAnswer(questions::kFirstCommonWords, Answer::No);
   MakeWindow();
   const bool started = main->Form_Load();
   QApplication::processEvents();

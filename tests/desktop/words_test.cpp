@@ -4,8 +4,10 @@
 #include <stdexcept>
 #include <tuple>
 
+#include "app/settings/questions.h"
 #include "desktop/dialogs/frm_load_remove.h"
 #include "tests/desktop/window_test.h"
+#include "wordlists/questions.h"
 
 namespace korv {
 namespace {
@@ -122,12 +124,12 @@ TEST_F(Words, StayInForceWhenTheFileToLoadIsGone) {
 TEST_F(Words, AreForgottenWhenTheListIsCleared) {
   AddFile("a.txt", "the of");
   messages.Forget();
-  messages.WillAnswer(Question::ClearWordFiles, Answer::No);
+  messages.WillAnswer(questions::kClearWordFiles, Answer::No);
   Click("cmdClearWordsFile");
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre("Clear words-to-ignore files | Do you wish to remove ALL files from this list?"));
   EXPECT_EQ(TextOf("lblState"), "2 words-to-ignore loaded");
-  messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
+  messages.WillAnswer(questions::kClearWordFiles, Answer::Yes);
   Click("cmdClearWordsFile");
   EXPECT_EQ(TextOf("lblState"), "");
   EXPECT_EQ(TextOf("lblWordsState"), "The list is empty: no word is ignored.");
@@ -136,12 +138,12 @@ TEST_F(Words, AreForgottenWhenTheListIsCleared) {
 }
 
 TEST_F(Words, OfALanguageAreLoadedOnRequest) {
-  messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::No);
   Choose("cboCommonWordsLanguages", 1);
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre("Load common words file | Load common words file for German?"));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (0)");
-  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::Yes);
   Choose("cboCommonWordsLanguages", 1);
   EXPECT_THAT(TextOf("cboWordsFile"), EndsWith("cwds_de.txt"));
   EXPECT_THAT(TextOf("lblState"), EndsWith(" words-to-ignore loaded"));
@@ -153,7 +155,7 @@ TEST_F(Words, OfALanguageAreLoadedOnRequest) {
 TEST_F(Words, OfALanguageMayBeMissing) {
   programFolder = PathFromText(FolderPath());
   ASSERT_TRUE(Start());
-  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::Yes);
   Choose("cboCommonWordsLanguages", 2);
   EXPECT_THAT(WindowTest::Shown(), ElementsAre("Load common words file | Load common words file for Spanish?",
                                                "Error | " + PathOf("cwds_es.txt") + " not found."));
@@ -299,13 +301,13 @@ TEST_F(Words, ToIgnoreAreLoadedAndForgottenWhileThoseToCountAreShown) {
     Click("optCountOnlyWordsAndPhrases");
   };
   for (const auto& [file, answer, state] : loads) {
-    messages.WillAnswer(Question::LoadWordFile, answer);
+    messages.WillAnswer(questions::kLoadWordFile, answer);
     dialogs.WillChoose(PathOf(file));
     Click("cmdSaveLoadState_0");
     expectStates(state, file);
   }
   // A language is one of words to ignore, too.
-  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::Yes);
   Find<QComboBox>("cboCommonWordsLanguages")->setCurrentIndex(1);
   main->Params().cboCommonWordsLanguages_Click();
   Click("optWordsToIgnore");

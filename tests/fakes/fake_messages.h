@@ -13,12 +13,12 @@ namespace korv {
 /// Messages that are answered beforehand, and remembered.
 ///
 ///   FakeMessages messages;
-///   messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+///   messages.WillAnswer(questions::kLoadCommonWords, Answer::No);
 ///   LoadCommonWords(list, messages);
 ///   EXPECT_EQ(messages.Only().Title, "Load common words file");
 ///
 /// A question without an answer of its own gets its default, as if the user pressed Enter. Nothing is ever
-/// silenced here: whether a question may be stands in the message that was shown.
+/// silenced here.
 class FakeMessages final : public Messages {
  public:
   struct InputBox {
@@ -34,8 +34,7 @@ class FakeMessages final : public Messages {
   Answer Show(const Message& message) override {
     if (OnShow) OnShow(message);
     Shown.push_back(message);
-    if (message.Question != Question::None && message.Title.empty())
-      UntitledQuestions.push_back(message.Text);
+    if (message.Question != Question() && message.Title.empty()) UntitledQuestions.push_back(message.Text);
     if (message.Buttons == Buttons::Ok && message.ExtraButton.empty()) return Answer::Ok;
     const auto answer = answers_.find(message.Question);
     return answer == answers_.end() ? message.DefaultAnswer : answer->second;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "sources/questions.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/native_paths.h"
@@ -236,13 +237,12 @@ TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
   EXPECT_EQ(messages.Shown[0].Title, "Big file");
   EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
   EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
-  EXPECT_TRUE(messages.Shown[0].MayBeSilenced);
   EXPECT_EQ(messages.Shown[1].Text,
             "You could try saving it as a text file\r\nand applying this program to that text file.");
   EXPECT_EQ(messages.Shown[1].Title, "Big file");
 
   messages.Forget();
-  messages.WillAnswer(Question::LargeDocx, Answer::Yes);
+  messages.WillAnswer(questions::kLargeDocx, Answer::Yes);
   EXPECT_EQ(Read(), 15 << 20);
   EXPECT_EQ(text, "the first words\r\n");
   EXPECT_EQ(messages.Shown.size(), 1U);
@@ -255,7 +255,7 @@ TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
 TEST_F(DocxTest, ExactlyTheLimitsAreStillWithinThem) {
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kLargeDocxBytes))), kLargeDocxBytes);
   EXPECT_TRUE(messages.Shown.empty());
-  messages.WillAnswer(Question::LargeDocx, Answer::Yes);
+  messages.WillAnswer(questions::kLargeDocx, Answer::Yes);
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kLargeDocxBytes + 1))), kLargeDocxBytes + 1);
   EXPECT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(ReadArchive(BuildDocx(XmlOfSize(kMostDocxBytes))), kMostDocxBytes);

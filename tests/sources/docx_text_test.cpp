@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "sources/questions.h"
 #include "sources/read/docx.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
@@ -132,7 +133,7 @@ TEST_F(DocxTextTest, StopAsksAndGoesOnAfterNo) {
 
 TEST_F(DocxTextTest, StopEndsTheExtractionAfterYes) {
   yielder.RequestStop();
-  messages.WillAnswer(Question::StopDocx, Answer::Yes);
+  messages.WillAnswer(questions::kStopDocx, Answer::Yes);
   EXPECT_EQ(Text(Paragraphs({"one", "two"})), "");
   EXPECT_TRUE(yielder.Stopped()) << "the run is to stop as well";
   EXPECT_EQ(messages.Shown.size(), 1U);

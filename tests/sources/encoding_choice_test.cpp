@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "sources/questions.h"
 #include "tests/fakes/fake_messages.h"
 
 namespace korv {
@@ -41,7 +42,7 @@ TEST_F(EncodingChooserTest, AsksOncePerPath) {
   EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   EXPECT_EQ(ReadOf(chooser, "/a"), TextEncoding::Utf8);
   EXPECT_EQ(messages.Shown.size(), 1U);
-  messages.WillAnswer(Question::TextEncoding, Answer::No);
+  messages.WillAnswer(questions::kTextEncoding, Answer::No);
   EXPECT_EQ(ReadOf(chooser, "/b"), TextEncoding::Ansi);
   EXPECT_EQ(ReadOf(chooser, "/a"), TextEncoding::Utf8);
   EXPECT_EQ(messages.Shown.size(), 2U);
@@ -50,7 +51,7 @@ TEST_F(EncodingChooserTest, AsksOncePerPath) {
 TEST_F(EncodingChooserTest, AsksOncePerFolderRun) {
   EncodingChooser chooser;
   chooser.BeginFolderRun();
-  messages.WillAnswer(Question::TextEncoding, Answer::No);
+  messages.WillAnswer(questions::kTextEncoding, Answer::No);
   EXPECT_EQ(ReadOf(chooser, "/c"), TextEncoding::Ansi);
   EXPECT_EQ(ReadOf(chooser, "/d"), TextEncoding::Ansi);
   EXPECT_EQ(messages.Shown.size(), 1U);

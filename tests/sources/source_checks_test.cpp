@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "sources/questions.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 
@@ -220,7 +221,7 @@ TEST(CheckNaturalLanguage, LooksNoFurtherThanItIsTold) {
 
 TEST(AskLargeInput, OffersYesNoAndCancel) {
   FakeMessages messages;
-  messages.WillAnswer(Question::LargeInput, Answer::Cancel);
+  messages.WillAnswer(questions::kLargeInput, Answer::Cancel);
   EXPECT_EQ(AskLargeInput(messages), Answer::Cancel);
   EXPECT_EQ(
       messages.Only().Text,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "sources/detect/file_size_text.h"
+#include "sources/questions.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 
@@ -150,14 +151,13 @@ TEST_F(IsTextFileTest, UnixLineEndsAreFineUpTo256000Bytes) {
 
 TEST_F(IsTextFileTest, LargerUnixFilesAreAskedAbout) {
   files.Add("/a", UnixLines(256001));
-  messages.WillAnswer(Question::LargeWordList, Answer::Yes);
+  messages.WillAnswer(questions::kLargeWordList, Answer::Yes);
   EXPECT_TRUE(Check("/a"));
   ASSERT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(messages.Shown[0].Text, kSlow + "\r\n\r\nDo you wish to continue processing this file?");
   EXPECT_EQ(messages.Shown[0].Title, "This is a Unix-style text file");
   EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
   EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
-  EXPECT_TRUE(messages.Shown[0].MayBeSilenced);
 }
 
 TEST_F(IsTextFileTest, NoToALargerUnixFileCancels) {

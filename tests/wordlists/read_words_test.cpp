@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "sources/questions.h"
 #include "tests/fakes/fake_yielder.h"
 #include "tests/wordlists/list_world.h"
 #include "wordlists/comment_stripper.h"
@@ -226,7 +227,7 @@ TEST(ReadWords, GoesByTheChosenEncoding) {
   }
   {
     ListWorld world;
-    world.Messages.WillAnswer(Question::TextEncoding, Answer::No);
+    world.Messages.WillAnswer(questions::kTextEncoding, Answer::No);
     EXPECT_THAT(world.Read(utf8).Words, ElementsAre("cafã", "words"));
   }
   EXPECT_THAT(ListWorld(EncodingChoice::Ansi).Read(utf8).Words, ElementsAre("cafã", "words"));

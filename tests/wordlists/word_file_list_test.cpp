@@ -10,6 +10,7 @@
 #include "tests/fakes/native_paths.h"
 #include "wordlists/comment_markers_ok.h"
 #include "wordlists/common_words.h"
+#include "wordlists/questions.h"
 
 namespace korv {
 namespace {
@@ -85,13 +86,13 @@ TEST(WordFileList, RemovesTheSelectedEntryAndClears) {
   list.RemoveSelected();
   EXPECT_EQ(list.Paths().size(), 2u);
 
-  messages.WillAnswer(Question::ClearWordFiles, Answer::No);
+  messages.WillAnswer(questions::kClearWordFiles, Answer::No);
   EXPECT_FALSE(list.AskToClear(messages));
   EXPECT_EQ(list.Paths().size(), 2u);
   EXPECT_EQ(messages.Only().Text, "Do you wish to remove ALL files from this list?");
   EXPECT_EQ(messages.Only().Title, "Clear count-only words files");
   EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
-  messages.WillAnswer(Question::ClearWordFiles, Answer::Yes);
+  messages.WillAnswer(questions::kClearWordFiles, Answer::Yes);
   EXPECT_TRUE(list.AskToClear(messages));
   EXPECT_THAT(list.Paths(), IsEmpty());
 
@@ -142,14 +143,14 @@ TEST(CommonWords, AskBeforeTheFileIsListedAndSelected) {
   WordFileList list(ListKind::WordsToIgnore);
   const CommonWordsLanguage& german = *FindCommonWordsLanguage("de");
 
-  messages.WillAnswer(Question::LoadCommonWords, Answer::No);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::No);
   EXPECT_FALSE(AddCommonWords(german, "/korv", files, list, messages));
   EXPECT_EQ(messages.Only().Text, "Load common words file for German?");
   EXPECT_EQ(messages.Only().Title, "Load common words file");
   EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   EXPECT_THAT(list.Paths(), IsEmpty());
 
-  messages.WillAnswer(Question::LoadCommonWords, Answer::Yes);
+  messages.WillAnswer(questions::kLoadCommonWords, Answer::Yes);
   EXPECT_TRUE(AddCommonWords(german, "/korv", files, list, messages));
   list.Add("/other.txt", messages);
   EXPECT_TRUE(AddCommonWords(german, "/korv", files, list, messages)) << "chosen anew, loaded anew";
