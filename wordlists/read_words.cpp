@@ -70,7 +70,7 @@ void ReadWordsToIgnore(TextReader& reader, const WordRules& rules, Yielder& yiel
   listRules.AllowedExtraChars += kAnyRun;
   listRules.AllowedExtraChars += kAnyChar;
   CommentMarkers markers;
-  SetCommentMarkers(markers, "C");
+  SetCommentMarkers(markers, MarkupLanguage::C);
   ListSink sink(words);
   LineScanner<WordSink> scanner(listRules, markers, sink);
   scanner.BeginSource();

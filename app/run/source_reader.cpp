@@ -1,16 +1,15 @@
 #include "app/run/source_reader.h"
 
+#include <memory>
 #include <utility>
 
-#include "app/run/stream_source.h"
 #include "report/error_text.h"
+#include "sources/detect/comment_markers_ok.h"
 #include "sources/detect/foreign_kind.h"
 #include "sources/detect/source_checks.h"
-#include "sources/detect/text_file_check.h"
-#include "sources/folders/folder_walk.h"
+#include "sources/read/document_readers.h"
 #include "sources/read/docx.h"
-#include "sources/scan/line_scanner.h"
-#include "wordlists/comment_markers_ok.h"
+#include "sources/read/stream_source.h"
 
 namespace korv {
 
@@ -42,8 +41,12 @@ class OneAnswerForAll {
 }  // namespace
 
 SourceReader::SourceReader(const RunRequest& request, const WordRules& rules, const RunServices& services,
-                           CountedRun& run, CorpusBuilder& stream)
-    : request_(request), rules_(rules), services_(services), run_(run), stream_(stream) {}
+                           CountedRun& run, CorpusBuilder& corpus)
+    : request_(request),
+      rules_(rules),
+      services_(services),
+      run_(run),
+      reader_(rules, corpus, services.Yielder, {services.Progress.BytesRead, services.Progress.Words}) {}
 
 RunEnd SourceReader::DoItFromClipboard() {
   if (request_.Stream) return DoItFromStream();
@@ -52,19 +55,18 @@ RunEnd SourceReader::DoItFromClipboard() {
       !CheckNaturalLanguage(text, services_.Messages))
     return RunEnd::Refused;
   services_.View.Status("Now counting phrases on the clipboard");
-  stream_.BeginSource({});
   services_.Progress.BytesTotal = text.size();
   if (request_.Options.KeepPlaces) run_.KeptText = text;
-  TextReader reader(text, nullptr, TextEncoding::Utf8, LongLines::Anywhere);
-  FeedLines(reader, {}, AfterStop::Nothing);
-  stream_.DescribeSource({.IsUtf8 = true});
+  DocumentText document;
+  document.Head = text;
+  reader_.Read({}, std::move(document), TextEncoding::Utf8);
   return RunEnd::Counted;
 }
 
 RunEnd SourceReader::DoItFromStream() {
-  StreamSource source(*request_.Stream, request_.StreamEncoding, services_.Yielder,
-                      request_.Options.KeepPlaces ? &run_.KeptText : nullptr);
-  const auto unread = source.ReadHead([this](uint64_t bytes) {
+  auto source = std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder,
+                                               request_.Options.KeepPlaces ? &run_.KeptText : nullptr);
+  const auto unread = source->ReadHead([this](uint64_t bytes) {
     services_.Progress.BytesRead = bytes;
     services_.Yielder.YieldNow();
   });
@@ -72,42 +74,50 @@ RunEnd SourceReader::DoItFromStream() {
     ShowFileError(services_.Messages, *unread);
     return RunEnd::Refused;
   }
-  const std::string beginning = source.Beginning();
-  if (beginning.empty() && Stopped()) return RunEnd::Stopped;
+  const std::string beginning = source->Beginning();
+  if (beginning.empty() && services_.Yielder.Stopped()) return RunEnd::Stopped;
   if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, "standard input",
-                            ForeignKindAdvice(source.Head())))
+                            ForeignKindAdvice(source->Head())))
     return RunEnd::Refused;
   services_.View.Status("Now counting phrases on standard input");
-  stream_.BeginSource({});
-  services_.Progress.BytesTotal = source.Size();
-  TextReader reader(source.TakeHead(), &source, source.Encoding(), LongLines::Anywhere);
-  FeedLines(reader, {}, AfterStop::WhatIsThere);
-  Tally(reader, {});
-  if (!reader.Error()) return RunEnd::Counted;
-  ShowFileError(services_.Messages, *reader.Error());
+  services_.Progress.BytesTotal = source->Size();
+  EncodingPlan encoding = source->Encoding();
+  DocumentText document;
+  document.Head = source->TakeHead();
+  document.Rest = std::move(source);
+  const TextSummary summary =
+      reader_.Read({}, std::move(document), std::move(encoding), AfterStop::WhatIsThere);
+  Tally(summary);
+  if (!summary.Error) return RunEnd::Counted;
+  ShowFileError(services_.Messages, *summary.Error);
   return RunEnd::Refused;
 }
 
 RunEnd SourceReader::DoItFromFile() {
-  const std::string& input = run_.Facts.InputPath;
-  const InputFileCode code = ValidateInputFile(services_.Files, input, run_.OutputPath);
-  if (code != InputFileCode::Valid) {
-    services_.View.Sizes("", "");
-    if (code == InputFileCode::InvalidSpecification) services_.View.InputFile("");
-    ShowInputFileError(services_.Messages, code, input);
-    return RunEnd::Refused;
-  }
+  if (!InputFileIsValid()) return RunEnd::Refused;
   if (!ConfirmLargeInput()) {
     services_.View.Sizes("", "");
     return RunEnd::Abandoned;
   }
-  const fs::path path = PathFromText(input);
-  if (!CommentMarkersAreSafe(MarkersOfFile(path))) return RunEnd::Refused;
+  const std::string& input = run_.Facts.InputPath;
+  ReadPlan plan;
+  plan.AddFile(PathFromText(input));
+  if (!CommentMarkersAreSafe(plan)) return RunEnd::Refused;
   services_.View.Status("Now counting phrases in\r\n\r\n" + input);
-  if (ReadFile(path, Kind::Single)) return RunEnd::Counted;
+  if (ReadDocument(plan.Document(0).Path, Alone::Yes)) return RunEnd::Counted;
   services_.View.Sizes("", "");
   services_.View.ClearOutput();
   return RunEnd::Refused;
+}
+
+bool SourceReader::InputFileIsValid() {
+  const std::string& input = run_.Facts.InputPath;
+  const InputFileCode code = ValidateInputFile(services_.Files, input, run_.OutputPath);
+  if (code == InputFileCode::Valid) return true;
+  services_.View.Sizes("", "");
+  if (code == InputFileCode::InvalidSpecification) services_.View.InputFile("");
+  ShowInputFileError(services_.Messages, code, input);
+  return false;
 }
 
 bool SourceReader::ConfirmLargeInput() {
@@ -126,36 +136,38 @@ bool SourceReader::ConfirmLargeInput() {
 }
 
 RunEnd SourceReader::DoItFromFolder() {
-  const std::string& folderText = run_.Facts.InputPath;
+  const std::string& folder = run_.Facts.InputPath;
   if (!ValidatePatterns(request_.Selection, services_.Messages) ||
-      !ValidateFolder(services_.Files, services_.Messages, folderText, run_.OutputPath,
+      !ValidateFolder(services_.Files, services_.Messages, folder, run_.OutputPath,
                       request_.IncludeSubfolders, request_.OffersWaysOut))
     return RunEnd::Refused;
+  ReadPlan plan;
+  FolderTotals found;
+  if (!PlanFolder(PathFromText(folder), found, plan)) return RunEnd::Stopped;
+  if (!FolderIsAccepted(found, plan)) return RunEnd::Refused;
+  ReadFolder(plan);
+  return RunEnd::Counted;
+}
 
-  const fs::path folder = PathFromText(folderText);
-  RunObserver& view = services_.View;
+/// False where it was stopped.
+bool SourceReader::PlanFolder(const fs::path& folder, FolderTotals& found, ReadPlan& plan) {
   RunProgress& progress = services_.Progress;
   FolderWalk walk(services_.Files, services_.Yielder, request_.Selection, request_.IncludeSubfolders);
   FolderEvents events;
-  events.Say = [&](const std::string& text) { view.Status(text); };
-  events.Unreadable = [&](const fs::path& path, const FileError& error) {
+  events.Say = [this](const std::string& text) { services_.View.Status(text); };
+  events.Unreadable = [this](const fs::path& path, const FileError& error) {
     Note(UnreadableFolderText(path, error));
   };
-
-  // One file in a language with comments is enough to ask for safe markers.
-  CommentMarkers withComments;
-  events.Wanted = [&](const fs::path& path) {
-    ++progress.FilesTotal;
-    if (const CommentMarkers markers = MarkersOfFile(path);
-        markers.Language == "C" || markers.Language == "PHP")
-      withComments = markers;
-  };
+  events.Wanted = [&progress](const fs::path&) { ++progress.FilesTotal; };
   progress.CountingFiles = true;
-  const FolderTotals found = walk.ProcessFolder(folder, WalkMode::Counting, events);
+  found = plan.AddFolder(walk, folder, events);
   progress.CountingFiles = false;
-  if (found.Stopped) return RunEnd::Stopped;
-  progress.FilesTotal = found.Files;
-  view.Status(WillBeScannedText(found.Files, services_.Numbers));
+  return !found.Stopped;
+}
+
+/// Whether what was found is to be read; if not, the user has been told why.
+bool SourceReader::FolderIsAccepted(const FolderTotals& found, const ReadPlan& plan) {
+  services_.View.Status(WillBeScannedText(found.Files, services_.Numbers));
   if (found.Files == 0) {
     const std::string pattern = JoinPatterns(request_.Selection.Patterns);
     services_.Messages.Show({.Text = "No scanable files " +
@@ -164,57 +176,77 @@ RunEnd SourceReader::DoItFromFolder() {
                                      (request_.IncludeSubfolders ? " or in its subfolders" : "") + ".",
                              .Title = "No files found",
                              .Icon = Icon::Information});
-    return RunEnd::Refused;
+    return false;
   }
   if (found.Files > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput &&
       !ShowMultipleFilesNeedOutput(services_.Messages, request_.OffersWaysOut))
-    return RunEnd::Refused;
-  if (!CommentMarkersAreSafe(withComments)) return RunEnd::Refused;
-
-  const OneAnswerForAll encodings(services_.Encodings);
-  events.Entered = [&](const fs::path&) { ++progress.FoldersRead; };
-  events.Wanted = [&](const fs::path& path) {
-    view.InputFile(PathToText(path));
-    if (ReadFile(path, Kind::OneOfMany)) ++run_.Facts.FilesScanned;
-    ++progress.FilesRead;
-  };
-  const FolderTotals read = walk.ProcessFolder(folder, WalkMode::Reading, events);
-  run_.Facts.FoldersScanned = read.Folders;
-  return RunEnd::Counted;
+    return false;
+  return CommentMarkersAreSafe(plan);
 }
 
-bool SourceReader::ReadFile(const fs::path& path, Kind kind) {
-  OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
-  const uint64_t size = opened.File ? opened.File->Size() : 0;
-  services_.View.Sizes(opened.File ? FileSizeLabel(size, services_.Numbers) : "", "");
-  if (opened.IsDocx) return ReadDocx(path, opened, kind);
-  if (!IsReadableText(opened.Facts.Code)) return Refuse(path, opened, kind);
+void SourceReader::ReadFolder(const ReadPlan& plan) {
+  const OneAnswerForAll encodings(services_.Encodings);
+  RunProgress& progress = services_.Progress;
+  for (size_t i = 0; i < plan.Documents(); ++i) {
+    const PlannedDocument document = plan.Document(i);
+    progress.FoldersRead = document.Folder + 1;
+    services_.Yielder.Yield();
+    if (services_.Yielder.Stopped()) break;
+    services_.View.InputFile(PathToText(document.Path));
+    if (ReadDocument(document.Path, Alone::No)) ++run_.Facts.FilesScanned;
+    ++progress.FilesRead;
+  }
+  if (progress.FilesRead == plan.Documents()) progress.FoldersRead = plan.Folders();
+  run_.Facts.FoldersScanned = progress.FoldersRead;
+}
 
-  const CommentMarkers markers = MarkersOfFile(path);
-  EncodingPlan encoding = PlanFor(path, opened.Facts);
-  services_.View.FileKind(FileKindWhileReading(encoding.Settled == TextEncoding::Utf8));
-  if (kind == Kind::Single) services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
-  stream_.BeginSource(path);
-  TextReader reader(std::move(opened.Head), opened.File.get(), std::move(encoding), LongLines::Anywhere);
-  const uint64_t textBytes = FeedLines(reader, markers, AfterStop::Nothing);
-  Tally(reader, {.Size = size, .Modified = opened.File->Modified()});
-  if (kind == Kind::Single)
-    run_.FileKind = FileKindAfterRun(reader.ReadAs() == ReadAs::Utf8, opened.Facts.Code);
-  if (markers.blnCharacterEntitiesPossible)
-    services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(textBytes, services_.Numbers));
-  const std::optional<FileError> error = reader.Error();
-  if (!error) return true;
-  if (kind == Kind::Single) {
-    ShowFileError(services_.Messages, *error);
+bool SourceReader::ReadDocument(const fs::path& path, Alone alone) {
+  OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
+  const std::string size = opened.File ? FileSizeLabel(opened.File->Size(), services_.Numbers) : "";
+  services_.View.Sizes(size, "");
+  const DocumentReader& reader = ReaderOfFile(path, opened.Head);
+  Expected<DocumentText, DocumentRefusal> text =
+      reader.Open(path, std::move(opened),
+                  {services_.Files, services_.Messages, services_.Yielder, alone == Alone::No,
+                   [this](const std::string& bar) { services_.View.TextProgress(bar); }});
+  if (!text) return Refuse(path, text.Error(), alone);
+  if (text->Origin.IsDocument) {
+    services_.View.Sizes(size, TextSizeLabel(text->Head.size(), services_.Numbers));
+    if (request_.ExtractTextFromDocx) KeepExtractedText(path, text->Head);
+  }
+  return ReadText(path, std::move(*text), alone);
+}
+
+bool SourceReader::ReadText(const fs::path& path, DocumentText text, Alone alone) {
+  const uint64_t size = text.Origin.Size;
+  const bool isFileItself = !text.Origin.IsDocument;
+  const bool isMarkup = text.Markers.blnCharacterEntitiesPossible;
+  const TextFileCode code = text.Facts.Code;
+  EncodingPlan encoding = EncodingOf(path, text);
+  if (isFileItself && alone == Alone::Yes)
+    services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
+  const TextSummary summary = reader_.Read(path, std::move(text), std::move(encoding));
+  Tally(summary);
+  if (isFileItself && alone == Alone::Yes)
+    run_.FileKind = FileKindAfterRun(summary.ReadAs == ReadAs::Utf8, code);
+  if (isMarkup)
+    services_.View.Sizes(FileSizeLabel(size, services_.Numbers),
+                         TextSizeLabel(summary.TextBytes, services_.Numbers));
+  if (!summary.Error) return true;
+  if (alone == Alone::Yes) {
+    ShowFileError(services_.Messages, *summary.Error);
     return false;
   }
-  Note("File " + PathToText(path) + " was read only in part (" + error->Description + ").");
+  Note("File " + PathToText(path) + " was read only in part (" + summary.Error->Description + ").");
   return true;
 }
 
-/// The plan for a file, and the label that goes with it once it is known.
-EncodingPlan SourceReader::PlanFor(const fs::path& path, const TextFacts& facts) {
-  EncodingPlan plan = services_.Encodings.PlanFor(facts, PathToText(path), services_.Messages);
+/// The encoding that the reader of the document knows, or else the one that the user chooses; and the label
+/// that goes with it as soon as it is known.
+EncodingPlan SourceReader::EncodingOf(const fs::path& path, const DocumentText& text) {
+  if (text.Encoding) return *text.Encoding;
+  EncodingPlan plan = services_.Encodings.PlanFor(text.Facts, PathToText(path), services_.Messages);
+  services_.View.FileKind(FileKindWhileReading(plan.Settled == TextEncoding::Utf8));
   if (plan.Settled) return plan;
   return EncodingPlan([this, confirm = std::move(plan.ConfirmUtf8)] {
     const bool isUtf8 = confirm();
@@ -223,11 +255,20 @@ EncodingPlan SourceReader::PlanFor(const fs::path& path, const TextFacts& facts)
   });
 }
 
-void SourceReader::Tally(const TextReader& reader, SourceOrigin origin) {
-  origin.IsUtf8 = reader.ReadAs() == ReadAs::Utf8;
-  stream_.DescribeSource(origin);
+bool SourceReader::Refuse(const fs::path& path, const DocumentRefusal& refusal, Alone alone) {
+  const Message message = alone == Alone::Yes ? refusal.MessageAlone(services_.Numbers) : refusal.MessageOnce;
+  if (!message.Text.empty() && !refusalTold_) {
+    services_.Messages.Show(message);
+    refusalTold_ = true;
+  }
+  if (alone == Alone::No)
+    run_.Facts.SkippedFiles.push_back({PathToText(path), std::string(refusal.SkipReason)});
+  return false;
+}
+
+void SourceReader::Tally(const TextSummary& summary) {
   EncodingCounts& counts = run_.Facts.Encodings;
-  switch (reader.ReadAs()) {
+  switch (summary.ReadAs) {
     case ReadAs::Ascii:
       ++counts.Ascii;
       break;
@@ -238,35 +279,7 @@ void SourceReader::Tally(const TextReader& reader, SourceOrigin origin) {
       ++counts.Utf8;
       break;
   }
-  counts.IllFormed += reader.IllFormed();
-}
-
-bool SourceReader::ReadDocx(const fs::path& path, OpenedText& opened, Kind kind) {
-  const uint64_t size = opened.File ? opened.File->Size() : 0;
-  const int64_t modified = opened.File ? opened.File->Modified() : 0;
-  std::string text;
-  // In a folder run nobody wants to be asked about each large document.
-  const int32_t result = korv::ReadDocx({services_.Files, services_.Messages, services_.Yielder}, path,
-                                        std::move(opened.File), kProductWord, kind == Kind::Single, text,
-                                        [&](const std::string& bar) { services_.View.TextProgress(bar); });
-  if (result < 0) return RefuseDocx(path, result, kind);
-  services_.View.Sizes(FileSizeLabel(size, services_.Numbers), TextSizeLabel(text.size(), services_.Numbers));
-  if (request_.ExtractTextFromDocx) KeepExtractedText(path, text);
-  stream_.BeginSource(path);
-  TextReader reader(std::move(text), nullptr, TextEncoding::Utf8, LongLines::Anywhere);
-  FeedLines(reader, {}, AfterStop::Nothing);
-  Tally(reader, {.IsDocument = true, .Size = size, .Modified = modified});
-  return true;
-}
-
-bool SourceReader::RefuseDocx(const fs::path& path, int32_t fault, Kind kind) {
-  const std::string shown = PathToText(path);
-  const Message message = kind == Kind::Single ? DocxRefusal(fault, shown) : DocxFolderRefusal(fault, shown);
-  if (!message.Text.empty() && !docxFaultTold_) {
-    services_.Messages.Show(message);
-    docxFaultTold_ = true;
-  }
-  return kind == Kind::Single ? false : Skip(path, DocxSkipReason(fault));
+  counts.IllFormed += summary.IllFormed;
 }
 
 void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text) {
@@ -280,46 +293,13 @@ void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text
   }
 }
 
-bool SourceReader::Refuse(const fs::path& path, const OpenedText& opened, Kind kind) {
-  if (kind == Kind::OneOfMany) return Skip(path, SkipReason(opened.Facts.Code));
-  const auto size = services_.Files.FileSize(path);
-  services_.Messages.Show(
-      SingleFileRefusal(PathToText(path), opened.Facts, opened.Head, size ? *size : 0, services_.Numbers));
-  return false;
-}
-
 void SourceReader::Note(const std::string& text) {
   services_.View.Notice(text);
   run_.Facts.Notices.push_back(text);
 }
 
-bool SourceReader::Skip(const fs::path& path, std::string_view reason) {
-  run_.Facts.SkippedFiles.push_back({PathToText(path), std::string(reason)});
-  return false;
-}
-
-uint64_t SourceReader::FeedLines(TextReader& reader, const CommentMarkers& markers, AfterStop afterStop) {
-  LineScanner<CorpusBuilder> scanner(rules_, markers, stream_);
-  scanner.BeginSource();
-  RunProgress& progress = services_.Progress;
-  uint32_t line = 0;
-  while ((!Stopped() || afterStop == AfterStop::WhatIsThere) && reader.NextLine()) {
-    line += reader.StartsLine();
-    // Pieces of mark-up depend on what came before them.
-    const bool resumable =
-        reader.StartsLine() ? !scanner.InRegion() : IsPlainText(markers) && !scanner.HoldsBack();
-    stream_.BeginLine(reader.LineOffset(), line, reader.StartsLine(), resumable);
-    scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
-    progress.BytesRead = reader.BytesRead();
-    progress.Words = stream_.Counts().Taken;
-    services_.Yielder.Yield();
-  }
-  return scanner.TextBytes();
-}
-
-bool SourceReader::CommentMarkersAreSafe(const CommentMarkers& markers) const {
-  if (markers.Language != "C" && markers.Language != "PHP") return true;
-  return CommentMarkersOK(rules_, services_.Messages);
+bool SourceReader::CommentMarkersAreSafe(const ReadPlan& plan) const {
+  return !plan.HasProgramComments() || CommentMarkersOK(rules_, services_.Messages);
 }
 
 }  // namespace korv

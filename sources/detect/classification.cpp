@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "engine/text/unicode.h"
-#include "sources/read/docx.h"
 #include "sources/read/first_lines.h"
 
 namespace korv {
@@ -216,7 +215,6 @@ OpenedText OpenTextSource(FileSystem& files, const path& path, double threshold)
   source.Facts = Classify(opened, kScannedBytes, threshold);
   source.File = std::move(opened.File);
   source.Head = std::move(opened.Head);
-  source.IsDocx = IsDocxFile(PathToText(path), source.Head);
   return source;
 }
 

@@ -32,7 +32,6 @@ struct OpenedText {
   TextFacts Facts;
   std::unique_ptr<InputFile> File;  ///< Null when it could not be opened. Stands right after Head.
   std::string Head;                 ///< The file's beginning, at most kScannedBytes bytes.
-  bool IsDocx = false;              ///< See IsDocxFile(). Facts.Code then says nothing of use.
 };
 
 /// Opens `path` and says what it is. A failure is in Facts.Code, and nowhere else.

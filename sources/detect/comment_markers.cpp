@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <span>
 
-#include "platform/files.h"
-#include "sources/detect/classification.h"
-
 namespace korv {
 namespace {
 
@@ -28,47 +25,51 @@ constexpr MarkerPair kPhp[] = {{"&", ";"},
                                {"/*", "*/"},
                                {"//", ""}};
 
-struct Language {
-  std::string_view Name;
-  std::span<const MarkerPair> Pairs;
-};
-constexpr Language kLanguages[] = {{"C", kC}, {"XML", kXml}, {"HTML", kHtml}, {"PHP", kPhp}};
+std::span<const MarkerPair> PairsOf(MarkupLanguage language) {
+  switch (language) {
+    case MarkupLanguage::None:
+      return {};
+    case MarkupLanguage::C:
+      return kC;
+    case MarkupLanguage::Xml:
+      return kXml;
+    case MarkupLanguage::Html:
+      return kHtml;
+    case MarkupLanguage::Php:
+      return kPhp;
+  }
+  return {};
+}
+
+MarkupLanguage LanguageOfExtension(std::string_view extension) {
+  if (extension == "php") return MarkupLanguage::Php;
+  if (extension == "xml") return MarkupLanguage::Xml;
+  if (extension.find("htm") != std::string_view::npos) return MarkupLanguage::Html;
+  if (extension == "cpp" || extension == "c") return MarkupLanguage::C;
+  return MarkupLanguage::None;
+}
 
 }  // namespace
 
-void SetCommentMarkers(CommentMarkers& markers, std::string_view language) {
-  markers.Language = "None";
+void SetCommentMarkers(CommentMarkers& markers, MarkupLanguage language) {
+  const std::span<const MarkerPair> pairs = PairsOf(language);
+  markers.Language = language;
   markers.Markers.fill({});
-  markers.intNumCommentMarkers = 0;
-  markers.blnCommentsPossible = false;
-  for (const Language& known : kLanguages) {
-    if (known.Name != language) continue;
-    markers.Language = known.Name;
-    std::copy(known.Pairs.begin(), known.Pairs.end(), markers.Markers.begin());
-    markers.intNumCommentMarkers = static_cast<int>(known.Pairs.size());
-    markers.blnCommentsPossible = true;
-  }
+  std::copy(pairs.begin(), pairs.end(), markers.Markers.begin());
+  markers.intNumCommentMarkers = static_cast<int>(pairs.size());
+  markers.blnCommentsPossible = !pairs.empty();
 }
 
 bool SetMarkupLanguageFromExtension(CommentMarkers& markers, std::string_view extension) {
-  markers.blnCharacterEntitiesPossible = false;
-  std::string_view language = "None";
-  if (extension == "php")
-    language = "PHP";
-  else if (extension == "xml")
-    language = "XML";
-  else if (extension.find("htm") != std::string_view::npos)
-    language = "HTML";
-  else if (extension == "cpp" || extension == "c")
-    language = "C";
-  markers.blnCharacterEntitiesPossible = language == "PHP" || language == "XML" || language == "HTML";
+  const MarkupLanguage language = LanguageOfExtension(extension);
+  markers.blnCharacterEntitiesPossible = IsMarkup(language);
   SetCommentMarkers(markers, language);
   return true;
 }
 
-CommentMarkers MarkersOfFile(const std::filesystem::path& path) {
+CommentMarkers MarkersOfExtension(std::string_view extension) {
   CommentMarkers markers;
-  SetMarkupLanguageFromExtension(markers, FileExtension(PathToText(path), true));
+  SetMarkupLanguageFromExtension(markers, extension);
   return markers;
 }
 

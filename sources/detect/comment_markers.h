@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <filesystem>
 #include <string_view>
 
 namespace korv {
@@ -12,22 +11,41 @@ struct MarkerPair {
   std::string_view End;
 };
 
+/// What tells the regions of a text that are no prose.
+enum class MarkupLanguage {
+  None,
+  C,
+  Xml,
+  Html,
+  Php,  ///< HTML with programs in it.
+};
+
+/// Whether text of a language is cut into tags and text, so that the delimiters of CDATA are no text either.
+constexpr bool IsMarkup(MarkupLanguage language) {
+  return language == MarkupLanguage::Xml || language == MarkupLanguage::Html ||
+         language == MarkupLanguage::Php;
+}
+
+/// Whether text of a language may hold comments of programs (see CommentMarkersOK).
+constexpr bool HoldsProgramComments(MarkupLanguage language) {
+  return language == MarkupLanguage::C || language == MarkupLanguage::Php;
+}
+
 /// The marker pairs of one language, in the order in which a reader tests them.
 struct CommentMarkers {
-  std::string_view Language = "None";
+  MarkupLanguage Language = MarkupLanguage::None;
   std::array<MarkerPair, 10> Markers{};
   int intNumCommentMarkers = 0;
   bool blnCharacterEntitiesPossible = false;  ///< "&...;" may stand for characters.
   bool blnCommentsPossible = false;
 };
 
-/// "C", "XML", "HTML", "PHP"; any other name clears the table. Names are compared exactly. Leaves
-/// blnCharacterEntitiesPossible as it is.
-void SetCommentMarkers(CommentMarkers& markers, std::string_view language);
-/// Those of a file, by its name.
-CommentMarkers MarkersOfFile(const std::filesystem::path& path);
+/// Fills the table for a language; None clears it. Leaves blnCharacterEntitiesPossible as it is.
+void SetCommentMarkers(CommentMarkers& markers, MarkupLanguage language);
 /// By the lower-cased extension without its dot. Always true.
 bool SetMarkupLanguageFromExtension(CommentMarkers& markers, std::string_view extension);
+/// Those of files with that extension, lower-cased and without its dot.
+CommentMarkers MarkersOfExtension(std::string_view extension);
 
 /// No region and no entity: each word stands for itself, wherever a line is parted.
 inline bool IsPlainText(const CommentMarkers& markers) {

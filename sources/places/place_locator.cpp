@@ -6,6 +6,7 @@
 #include "base/utf8.h"
 #include "engine/text/unicode.h"
 #include "sources/places/context_text.h"
+#include "sources/read/document_readers.h"
 
 namespace korv {
 
@@ -139,13 +140,15 @@ PlaceLocator::Fault PlaceLocator::ReadDocument(size_t source) {
   if (documentOf_ == source) return std::nullopt;
   documentOf_ = SIZE_MAX;
   const CorpusSource& of = corpus_.Sources[source];
-  auto file = context_.Files.OpenForReading(of.Path);
-  if (!file) return PlaceFault::Unreadable;
-  if ((*file)->Size() != of.Origin.Size || (*file)->Modified() != of.Origin.Modified)
+  OpenedText opened = OpenTextSource(context_.Files, of.Path, kRunThreshold);
+  if (!opened.File) return PlaceFault::Unreadable;
+  if (opened.File->Size() != of.Origin.Size || opened.File->Modified() != of.Origin.Modified)
     return PlaceFault::Changed;
-  document_.clear();
-  if (ReadDocx(context_, of.Path, std::move(*file), kProductWord, false, document_) < 0)
-    return PlaceFault::Unreadable;
+  auto text = ReaderOfName(of.Path).Open(
+      of.Path, std::move(opened),
+      {context_.Files, context_.Messages, context_.Yielder, /*IsOneOfMany=*/true, /*ShowProgress=*/{}});
+  if (!text) return PlaceFault::Unreadable;
+  document_ = std::move(text->Head);
   documentOf_ = source;
   return std::nullopt;
 }

@@ -122,9 +122,9 @@ void DocxTempFolder::Remove() {
   private_.clear();
 }
 
-bool IsDocxFile(std::string_view path, std::string_view head) {
+bool BeginsAsDocx(std::string_view head) {
   constexpr size_t kLeastBytes = 10;
-  return head.size() >= kLeastBytes && head.starts_with("PK") && FileExtension(path, true) == "docx";
+  return head.size() >= kLeastBytes && head.starts_with("PK");
 }
 
 bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive, const fs::path& folder,

@@ -58,9 +58,9 @@ class DocxTempFolder {
   std::filesystem::path folder_;
 };
 
-/// Whether a file is to be read as a .docx: its extension says so, and its first bytes (as many as there
-/// are, at least 10 of the first 16) begin as an archive does.
-bool IsDocxFile(std::string_view path, std::string_view head);
+inline constexpr std::string_view kDocxExtension = "docx";
+/// Whether a file of that extension begins as an archive does: there are at least 10 bytes, "PK" first.
+bool BeginsAsDocx(std::string_view head);
 
 /// Writes the member "word/document.xml" of the archive, or where it has none the one that its relationships
 /// name as the document, as word/document.xml below `folder`, and nothing else. Never writes more than

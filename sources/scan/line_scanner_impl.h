@@ -79,7 +79,7 @@ LineScanner<Sink>::LineScanner(const WordRules& rules, const CommentMarkers& mar
       sink_(&sink),
       shortKinds_(&KindsOfShortCodes()),
       terminatesAtEndOfLine_(rules.TerminateAtEndOfLine),
-      isMarkup_(markers.Language == "XML" || markers.Language == "HTML" || markers.Language == "PHP"),
+      isMarkup_(IsMarkup(markers.Language)),
       cleaner_(markers.blnCharacterEntitiesPossible) {
   ClassifyBytes(rules);
 }

@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   files.ReadInPiecesOf(1);
   OpenedText pieces = OpenTextSource(files, name, threshold);
   Require(whole.Facts.Code == pieces.Facts.Code && whole.Facts.IsUtf8 == pieces.Facts.IsUtf8 &&
-          whole.IsDocx == pieces.IsDocx && whole.Facts.AnomalyPosition == pieces.Facts.AnomalyPosition);
+          whole.Head == pieces.Head && whole.Facts.AnomalyPosition == pieces.Facts.AnomalyPosition);
   Require(ReadOn(whole) == content && ReadOn(pieces) == content);
 
   const std::string_view scanned = std::string_view(content).substr(0, kScannedBytes);

@@ -246,18 +246,6 @@ TEST(OpenTextSource, AnyFailingReadGivesACodeAndNoCrash) {
   }
 }
 
-TEST(OpenTextSource, KnowsADocxByNameAndContent) {
-  FakeFiles files;
-  files.Add("/a.DocX", "PK\x03\x04" + Plain(20));
-  files.Add("/b.docx", "text, not an archive");
-  files.Add("/c.txt", "PK\x03\x04" + Plain(20));
-  files.Add("/d.docx", "PK1234567");
-  EXPECT_TRUE(OpenTextSource(files, "/a.DocX", 1).IsDocx);
-  EXPECT_FALSE(OpenTextSource(files, "/b.docx", 1).IsDocx);
-  EXPECT_FALSE(OpenTextSource(files, "/c.txt", 1).IsDocx);
-  EXPECT_FALSE(OpenTextSource(files, "/d.docx", 1).IsDocx) << "nine bytes are too few";
-}
-
 TEST(ReadFirstLines, JoinsTheLinesWithCrLf) {
   struct Row {
     std::string Content;

@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "sources/detect/comment_markers_ok.h"
+#include "tests/fakes/fake_messages.h"
+
 namespace korv {
 namespace {
 
@@ -19,24 +22,21 @@ std::string Described(const CommentMarkers& markers) {
 
 TEST(SetCommentMarkers, FillsTheTableByLanguage) {
   struct Row {
-    std::string_view Language;
+    MarkupLanguage Language;
     std::string_view Pairs;
     int Count;
   };
   constexpr Row kTable[] = {
-      {"C", "/* */,// ,", 2},
-      {"XML", "<?xml ?>,<!-- -->,< >,", 3},
-      {"HTML", "& ;,<script /script>,<style /style>,<noscript /noscript>,<!-- -->,< >,", 6},
-      {"PHP", "& ;,<script /script>,<style /style>,<noscript /noscript>,<!-- -->,<?php php,< >,/* */,// ,",
-       9},
-      {"None", "", 0},
-      {"", "", 0},
-      {"html", "", 0},
-      {"Perl", "", 0},
+      {MarkupLanguage::C, "/* */,// ,", 2},
+      {MarkupLanguage::Xml, "<?xml ?>,<!-- -->,< >,", 3},
+      {MarkupLanguage::Html, "& ;,<script /script>,<style /style>,<noscript /noscript>,<!-- -->,< >,", 6},
+      {MarkupLanguage::Php,
+       "& ;,<script /script>,<style /style>,<noscript /noscript>,<!-- -->,<?php php,< >,/* */,// ,", 9},
+      {MarkupLanguage::None, "", 0},
   };
   for (const Row& row : kTable) {
     CommentMarkers markers;
-    SetCommentMarkers(markers, "PHP");  // What was there before must go.
+    SetCommentMarkers(markers, MarkupLanguage::Php);  // What was there before must go.
     SetCommentMarkers(markers, row.Language);
     EXPECT_EQ(Described(markers), row.Pairs);
     EXPECT_EQ(markers.intNumCommentMarkers, row.Count);
@@ -49,29 +49,48 @@ TEST(SetCommentMarkers, FillsTheTableByLanguage) {
 
 TEST(SetCommentMarkers, LeavesTheEntitiesAsTheyWere) {
   CommentMarkers markers;
-  SetCommentMarkers(markers, "HTML");
+  SetCommentMarkers(markers, MarkupLanguage::Html);
   EXPECT_FALSE(markers.blnCharacterEntitiesPossible);
 }
 
 TEST(SetMarkupLanguageFromExtension, ChoosesTheLanguage) {
   struct Row {
     std::string_view Extension;
-    std::string_view Language;
+    MarkupLanguage Language;
     bool Entities;
   };
   constexpr Row kTable[] = {
-      {"php", "PHP", true},    {"xml", "XML", true},    {"htm", "HTML", true},   {"html", "HTML", true},
-      {"shtml", "HTML", true}, {"xhtml", "HTML", true}, {"mhtml", "HTML", true}, {"c", "C", false},
-      {"cpp", "C", false},     {"h", "None", false},    {"cc", "None", false},   {"txt", "None", false},
-      {"php3", "None", false}, {"xmls", "None", false}, {"", "None", false},
+      {"php", MarkupLanguage::Php, true},    {"xml", MarkupLanguage::Xml, true},
+      {"htm", MarkupLanguage::Html, true},   {"html", MarkupLanguage::Html, true},
+      {"shtml", MarkupLanguage::Html, true}, {"xhtml", MarkupLanguage::Html, true},
+      {"mhtml", MarkupLanguage::Html, true}, {"c", MarkupLanguage::C, false},
+      {"cpp", MarkupLanguage::C, false},     {"h", MarkupLanguage::None, false},
+      {"cc", MarkupLanguage::None, false},   {"txt", MarkupLanguage::None, false},
+      {"php3", MarkupLanguage::None, false}, {"xmls", MarkupLanguage::None, false},
+      {"", MarkupLanguage::None, false},
   };
   for (const Row& row : kTable) {
     CommentMarkers markers;
     markers.blnCharacterEntitiesPossible = true;
     EXPECT_TRUE(SetMarkupLanguageFromExtension(markers, row.Extension));
-    EXPECT_EQ(markers.Language, row.Language) << row.Extension;
+    EXPECT_TRUE(markers.Language == row.Language) << row.Extension;
     EXPECT_EQ(markers.blnCharacterEntitiesPossible, row.Entities) << row.Extension;
   }
+}
+
+TEST(CommentMarkersOK, RefusesMarkersThatCouldBeWords) {
+  FakeMessages messages;
+  WordRules rules;
+  rules.AllowHyphens = rules.AllowParentheses = rules.AllowBackslashes = true;
+  EXPECT_TRUE(CommentMarkersOK(rules, messages));
+  EXPECT_TRUE(messages.Shown.empty());
+  rules.AllowForwardslashes = true;
+  EXPECT_FALSE(CommentMarkersOK(rules, messages));
+  EXPECT_EQ(messages.Only().Title, "Error");
+  EXPECT_EQ(messages.Only().Text,
+            "With the current settings the start-comment marker // could be part of a word.\r\n"
+            "Check the the 'Settings' window and perhaps disallow comment markers or restrict allowable "
+            "characters in 'words'.");
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
 #include "tests/fakes/native_paths.h"
-#include "wordlists/comment_markers_ok.h"
 #include "wordlists/common_words.h"
 #include "wordlists/questions.h"
 
@@ -196,21 +195,6 @@ TEST(ListTexts, TellTheTwoUsesApart) {
   EXPECT_EQ(kListFileFilter, "Any text file (*.*) | *.*");
   EXPECT_EQ(ReadingNotice(ListKind::WordsToIgnore), "Now reading words to ignore . . . ");
   EXPECT_EQ(FilesButtonCaption(ListKind::CountOnly, 2), "Count-only words files (2)");
-}
-
-TEST(CommentMarkersOK, RefusesMarkersThatCouldBeWords) {
-  FakeMessages messages;
-  WordRules rules;
-  rules.AllowHyphens = rules.AllowParentheses = rules.AllowBackslashes = true;
-  EXPECT_TRUE(CommentMarkersOK(rules, messages));
-  EXPECT_THAT(messages.Shown, IsEmpty());
-  rules.AllowForwardslashes = true;
-  EXPECT_FALSE(CommentMarkersOK(rules, messages));
-  EXPECT_EQ(messages.Only().Title, "Error");
-  EXPECT_EQ(messages.Only().Text,
-            "With the current settings the start-comment marker // could be part of a word.\r\n"
-            "Check the the 'Settings' window and perhaps disallow comment markers or restrict allowable "
-            "characters in 'words'.");
 }
 
 }  // namespace

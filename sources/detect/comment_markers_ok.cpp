@@ -1,4 +1,4 @@
-#include "wordlists/comment_markers_ok.h"
+#include "sources/detect/comment_markers_ok.h"
 
 #include <algorithm>
 #include <string>

@@ -1,4 +1,4 @@
-#include "app/run/stream_source.h"
+#include "sources/read/stream_source.h"
 
 #include "base/utf8.h"
 #include "engine/text/unicode.h"

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+
+#include "base/gauge.h"
+#include "base/yielder.h"
+#include "engine/corpus/corpus_builder.h"
+#include "engine/text/word_rules.h"
+#include "sources/read/document_reader.h"
+#include "sources/read/text_reader.h"
+
+namespace korv {
+
+/// How far the reading of a text has come.
+struct ReadProgress {
+  Gauge<uint64_t>& BytesRead;  ///< Of the text that is being read.
+  Gauge<uint64_t>& Words;      ///< Words taken, of all texts.
+};
+
+/// What is still read after a stop.
+enum class AfterStop {
+  Nothing,
+  WhatIsThere,  ///< What the text's source had given by then; the source itself ends at a stop.
+};
+
+/// What there is to tell of a text that was read.
+struct TextSummary {
+  korv::ReadAs ReadAs = ReadAs::Ascii;
+  uint64_t IllFormed = 0;          ///< Sequences of UTF-8 that became U+FFFD.
+  uint64_t TextBytes = 0;          ///< Bytes of its lines, as cleaned, that were no mark-up.
+  std::optional<FileError> Error;  ///< It could be read only up to here.
+};
+
+/// Cuts texts into words, one text after the other, and hands the words to a corpus. Where several threads
+/// read, each has a reader and a part of the corpus of its own.
+class CorpusReader {
+ public:
+  /// `rules` has its AllowedExtraChars. All must outlive the object.
+  CorpusReader(const WordRules& rules, CorpusBuilder& corpus, Yielder& yielder, ReadProgress progress)
+      : rules_(rules), corpus_(corpus), yielder_(yielder), progress_(progress) {}
+
+  /// Reads a text to its end, or until a stop is requested, line by line. `path`: of its file; empty where it
+  /// is none.
+  TextSummary Read(const std::filesystem::path& path, DocumentText text, EncodingPlan encoding,
+                   AfterStop afterStop = AfterStop::Nothing);
+
+ private:
+  const WordRules& rules_;
+  CorpusBuilder& corpus_;
+  Yielder& yielder_;
+  ReadProgress progress_;
+};
+
+}  // namespace korv

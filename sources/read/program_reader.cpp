@@ -1,0 +1,29 @@
+#include <utility>
+
+#include "sources/read/text_document.h"
+
+namespace korv {
+
+namespace {
+
+/// Programs in C and C++: their comments are left out.
+class Program final : public DocumentReader {
+ public:
+  bool TakesExtension(std::string_view extension) const override {
+    return MarkersOfExtension(extension).Language == MarkupLanguage::C;
+  }
+  CommentMarkers Markers(std::string_view extension) const override { return MarkersOfExtension(extension); }
+  Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
+                                               const ReadContext& /*context*/) const override {
+    return OpenTextDocument(path, std::move(opened), Markers(FileExtension(PathToText(path), true)));
+  }
+};
+
+}  // namespace
+
+const DocumentReader& ProgramReader() {
+  static const Program kReader;
+  return kReader;
+}
+
+}  // namespace korv

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+
+#include "sources/read/document_reader.h"
+
+namespace korv {
+
+/// Opens a file that is itself text, with regions between `markers` that are none.
+Expected<DocumentText, DocumentRefusal> OpenTextDocument(const std::filesystem::path& path, OpenedText opened,
+                                                         const CommentMarkers& markers);
+
+}  // namespace korv
