@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -24,7 +25,6 @@ class GrowingArray {
 
  public:
   GrowingArray() = default;
-  explicit GrowingArray(std::initializer_list<T> elements) { Append(std::span(elements)); }
   GrowingArray(GrowingArray&& other) noexcept
       : elements_(std::move(other.elements_)),
         size_(std::exchange(other.size_, 0)),
@@ -36,30 +36,31 @@ class GrowingArray {
     return *this;
   }
 
+  // Named as in the containers of the standard library. NOLINTBEGIN(readability-identifier-naming)
+
   /// Both throw std::bad_alloc and then leave the array as it was.
-  void Append(T element) {
+  void push_back(T element) {
     if (size_ == capacity_) Grow(1);
     elements_.get()[size_++] = element;
   }
-  void Append(std::span<const T> elements) {
+  void append(std::span<const T> elements) {
     if (elements.empty()) return;
     if (capacity_ - size_ < elements.size()) Grow(elements.size());
     std::memcpy(elements_.get() + size_, elements.data(), elements.size_bytes());
     size_ += elements.size();
   }
 
-  size_t Size() const { return size_; }
+  size_t size() const { return size_; }
   T& operator[](size_t i) { return elements_.get()[i]; }
   const T& operator[](size_t i) const { return elements_.get()[i]; }
-  const T& Back() const { return elements_.get()[size_ - 1]; }
-  T* Data() { return elements_.get(); }
-  const T* Data() const { return elements_.get(); }
+  const T& back() const { return elements_.get()[size_ - 1]; }
+  T* data() { return elements_.get(); }
+  const T* data() const { return elements_.get(); }
+  T* begin() { return data(); }
+  T* end() { return data() + size_; }
+  const T* begin() const { return data(); }
+  const T* end() const { return data() + size_; }
 
-  // For range-based loops and algorithms. NOLINTBEGIN(readability-identifier-naming)
-  T* begin() { return Data(); }
-  T* end() { return Data() + size_; }
-  const T* begin() const { return Data(); }
-  const T* end() const { return Data() + size_; }
   // NOLINTEND(readability-identifier-naming)
 
  private:
@@ -72,8 +73,7 @@ class GrowingArray {
     if (capacity > SIZE_MAX / sizeof(T)) throw std::bad_alloc();
     auto* const grown = static_cast<T*>(std::realloc(elements_.get(), capacity * sizeof(T)));
     if (grown == nullptr) throw std::bad_alloc();
-    // The block that was moved is no longer there to be freed.
-    static_cast<void>(elements_.release());
+    static_cast<void>(elements_.release());  // std::realloc has freed the old block.
     elements_.reset(grown);
     capacity_ = capacity;
   }

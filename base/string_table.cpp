@@ -1,7 +1,10 @@
 #include "base/string_table.h"
 
+#include <algorithm>
 #include <cstring>
+#include <span>
 #include <stdexcept>
+#include <utility>
 
 namespace korv {
 
@@ -48,41 +51,57 @@ uint64_t HashBytes(std::string_view text) {
   return Mix((h ^ last) * kFactorA);
 }
 
-StringTable::StringTable() : slots_(1024, Slot{0, kNone}), begins_(1, 0), mask_(1023) {}
+StringTable::StringTable() : slots_(1024) {
+  begins_.push_back(0);
+}
+
+/// The slot that holds `text`, else the empty one where it belongs.
+size_t StringTable::SlotOf(const Slots& slots, std::string_view text, uint32_t hash) const {
+  const size_t mask = slots.Size() - 1;
+  size_t at = hash & mask;
+  while (slots[at].NumberPlusOne != 0 &&
+         (slots[at].Hash != hash || Text(slots[at].NumberPlusOne - 1) != text))
+    at = (at + 1) & mask;
+  return at;
+}
 
 uint32_t StringTable::Number(std::string_view text) {
+  if (!oldSlots_.Empty()) MoveSlots();
   const auto hash = static_cast<uint32_t>(HashBytes(text));
-  uint32_t at = hash & mask_;
-  while (slots_[at].Number != kNone) {
-    if (slots_[at].Hash == hash && Text(slots_[at].Number) == text) return slots_[at].Number;
-    at = (at + 1) & mask_;
-  }
+  const size_t at = SlotOf(slots_, text, hash);
+  if (slots_[at].NumberPlusOne != 0) return slots_[at].NumberPlusOne - 1;
+  if (!oldSlots_.Empty())
+    if (const Slot old = oldSlots_[SlotOf(oldSlots_, text, hash)]; old.NumberPlusOne != 0)
+      return old.NumberPlusOne - 1;
   const uint32_t number = Size();
   if (number == kNone - 1) throw std::length_error("too many different words");
-  bytes_.insert(bytes_.end(), text.begin(), text.end());
+  bytes_.append(std::span(text));
   begins_.push_back(bytes_.size());
-  slots_[at] = {hash, number};
-  if (Size() > mask_ / 2) Grow();
+  slots_[at] = {hash, number + 1};
+  if (Size() > slots_.Size() / 2) BeginToGrow();
   return number;
 }
 
-uint32_t StringTable::Find(std::string_view text) const {
-  const auto hash = static_cast<uint32_t>(HashBytes(text));
-  for (uint32_t at = hash & mask_; slots_[at].Number != kNone; at = (at + 1) & mask_)
-    if (slots_[at].Hash == hash && Text(slots_[at].Number) == text) return slots_[at].Number;
-  return kNone;
+// The slots before have all moved by now: they were half full, and MoveSlots() moves more than one a call.
+void StringTable::BeginToGrow() {
+  Slots larger(slots_.Size() * 2);
+  oldSlots_ = std::move(slots_);
+  slots_ = std::move(larger);
+  moved_ = 0;
 }
 
-void StringTable::Grow() {
-  std::vector<Slot> old(slots_.size() * 2, Slot{0, kNone});
-  old.swap(slots_);
-  mask_ = static_cast<uint32_t>(slots_.size() - 1);
-  for (const Slot& slot : old) {
-    if (slot.Number == kNone) continue;
-    uint32_t at = slot.Hash & mask_;
-    while (slots_[at].Number != kNone) at = (at + 1) & mask_;
+void StringTable::MoveSlots() {
+  constexpr size_t kSlotsPerCall = 16;
+  const size_t mask = slots_.Size() - 1;
+  const size_t end = std::min(oldSlots_.Size(), moved_ + kSlotsPerCall);
+  for (; moved_ < end; ++moved_) {
+    const Slot& slot = oldSlots_[moved_];
+    if (slot.NumberPlusOne == 0) continue;
+    size_t at = slot.Hash & mask;
+    while (slots_[at].NumberPlusOne != 0) at = (at + 1) & mask;
     slots_[at] = slot;
   }
+  if (moved_ == oldSlots_.Size()) oldSlots_ = {};
 }
 
 }  // namespace korv

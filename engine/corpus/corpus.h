@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/growing_array.h"
 #include "base/raw_vector.h"
 #include "engine/corpus/line_index.h"
 #include "engine/corpus/vocabulary.h"
@@ -49,7 +50,7 @@ struct Corpus {
   const WordFilters* Lists = nullptr;  ///< Not owned.
 
   Vocabulary Words;
-  std::vector<WordNumber> Tokens;
+  GrowingArray<WordNumber> Tokens;
   std::vector<CorpusSource> Sources;    ///< In reading order.
   std::vector<uint32_t> SourceOfBlock;  ///< The source of every kSourceBlock-th token.
   static constexpr uint32_t kSourceBlock = 4096;

@@ -82,7 +82,7 @@ class CorpusBuilder {
 
   korv::Corpus corpus_;
   StringTable asCut_;                ///< The words as cut ...
-  std::vector<WordNumber> classes_;  ///< ... and what becomes of each.
+  GrowingArray<WordNumber> classes_;  ///< ... and what becomes of each.
   WordCounts counts_;
 };
 

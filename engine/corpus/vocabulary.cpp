@@ -131,8 +131,8 @@ bool Vocabulary::Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder)
       newNumbers[old] = WordNumber{static_cast<uint32_t>(number)};
       characters[number] = characters_[old];
       classes[number] = classes[r] + (r == 0 || rows[r].Key != rows[r - 1].Key ? 1 : 0);
-      bytes.Append(std::span(table_.Text(rows[r].Number)));
-      begins[number + 1] = bytes.Size();
+      bytes.append(std::span(table_.Text(rows[r].Number)));
+      begins[number + 1] = bytes.size();
     }
   });
   if (!finished) return false;

@@ -32,7 +32,7 @@ class Vocabulary {
   std::string_view Text(WordNumber word) const {
     const size_t w = ValueOf(word);
     if (begins_.empty()) return table_.Text(ValueOf(word) - 1);
-    return {bytes_.Data() + begins_[w], begins_[w + 1] - begins_[w]};
+    return {bytes_.data() + begins_[w], begins_[w + 1] - begins_[w]};
   }
   /// Its length in characters, at most 255: longer words never stand in a phrase.
   uint8_t Characters(WordNumber word) const { return characters_[ValueOf(word)]; }

@@ -204,8 +204,8 @@ void Empty(PhraseTableData& data) {
   data.Entries = {};
   data.Corpus.Places = {};
   data.Corpus.PlacesOfWord = {};
-  data.Chain.clear();
-  data.Rank.clear();
+  data.Chain = {};
+  data.Rank = {};
 }
 
 }  // namespace

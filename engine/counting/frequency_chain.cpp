@@ -1,6 +1,8 @@
 #include <algorithm>
-#include <numeric>
+#include <utility>
+#include <vector>
 
+#include "base/raw_vector.h"
 #include "engine/counting/count_phrases.h"
 #include "engine/counting/phrase_table_data.h"
 
@@ -8,15 +10,22 @@ namespace korv {
 
 namespace {
 
-/// Stable, by `value` of each element descending: values below kFew by counting, the few above by sorting.
+using Chain = RawVector<PhraseIndex>;
+
+bool GoesOn(Yielder& yielder) {
+  yielder.Yield();
+  return !yielder.Stopped();
+}
+
+/// Sorts by `value` of each element, the greatest first. Stable. Values below kFew are sorted by counting; the
+/// few above by comparing. False when stopped, with the chain as it was.
 template <typename Value>
-bool SortDescending(std::vector<PhraseIndex>& chain, Yielder& yielder, const Value& value) {
+bool SortDescending(Chain& chain, Yielder& yielder, const Value& value) {
   constexpr uint32_t kFew = 1u << 16;
-  std::vector<PhraseIndex> large;
-  std::vector<size_t> next(kFew + 1, 0);
+  Chain large;
+  std::vector<size_t> next(kFew, 0);
   for (const PhraseIndex i : chain) {
-    yielder.Yield();
-    if (yielder.Stopped()) return false;
+    if (!GoesOn(yielder)) return false;
     if (value(i) < kFew)
       ++next[value(i)];
     else
@@ -31,14 +40,45 @@ bool SortDescending(std::vector<PhraseIndex>& chain, Yielder& yielder, const Val
     next[v] = place;
     place += size;
   }
-  std::vector<PhraseIndex> sorted(chain.size());
+  Chain sorted(chain.size());
   std::copy(large.begin(), large.end(), sorted.begin());
   for (const PhraseIndex i : chain) {
-    yielder.Yield();
-    if (yielder.Stopped()) return false;
+    if (!GoesOn(yielder)) return false;
     if (value(i) < kFew) sorted[next[value(i)]++] = i;
   }
   chain = std::move(sorted);
+  return true;
+}
+
+bool TakeListed(const PhraseTable& table, Yielder& yielder, Chain& chain) {
+  chain.reserve(table.EntryCount());
+  for (const PhraseIndex i : table.All()) {
+    if (!GoesOn(yielder)) return false;
+    if (table.Listed(i)) chain.push_back(i);
+  }
+  return true;
+}
+
+bool SortByFiles(const PhraseTable& table, Yielder& yielder, Chain& chain) {
+  RawVector<uint32_t> files(size_t{table.EntryCount()} + 1);
+  for (const PhraseIndex i : chain) {
+    files[ValueOf(i)] = table.FileCount(i);
+    if (!GoesOn(yielder)) return false;
+  }
+  return SortDescending(chain, yielder, [&](PhraseIndex i) { return files[ValueOf(i)]; });
+}
+
+bool RankEntries(uint32_t entries, const Chain& chain, Yielder& yielder, RawVector<PhraseRank>& ranks) {
+  ranks.resize(size_t{entries} + 1);
+  for (PhraseRank& rank : ranks) {
+    if (!GoesOn(yielder)) return false;
+    rank = kNoRank;
+  }
+  PhraseRank rank = kNoRank;
+  for (const PhraseIndex i : chain) {
+    if (!GoesOn(yielder)) return false;
+    ranks[ValueOf(i)] = ++rank;
+  }
   return true;
 }
 
@@ -46,26 +86,16 @@ bool SortDescending(std::vector<PhraseIndex>& chain, Yielder& yielder, const Val
 
 bool SetUpFrequencyChain(PhraseTable& table, ChainOrder order, Yielder& yielder) {
   PhraseTableData& data = table.Data();
-  data.Chain.clear();
-  data.Rank.clear();
-  std::vector<PhraseIndex> chain;
-  for (const PhraseIndex i : table.All())
-    if (table.Listed(i)) chain.push_back(i);
-
-  if (!SortDescending(chain, yielder, [&](PhraseIndex i) { return table.Count(i); })) return false;
-  if (order == ChainOrder::ByFiles) {
-    std::vector<uint32_t> files(data.Entries.size() + 1, 0);
-    for (const PhraseIndex i : chain) {
-      files[ValueOf(i)] = table.FileCount(i);
-      yielder.Yield();
-      if (yielder.Stopped()) return false;
-    }
-    if (!SortDescending(chain, yielder, [&](PhraseIndex i) { return files[ValueOf(i)]; })) return false;
-  }
-
-  data.Rank.assign(data.Entries.size() + 1, kNoRank);
-  PhraseRank rank = kNoRank;
-  for (const PhraseIndex i : chain) data.Rank[ValueOf(i)] = ++rank;
+  data.Chain = {};
+  data.Rank = {};
+  Chain chain;
+  RawVector<PhraseRank> ranks;
+  if (!TakeListed(table, yielder, chain) ||
+      !SortDescending(chain, yielder, [&](PhraseIndex i) { return table.Count(i); }) ||
+      (order == ChainOrder::ByFiles && !SortByFiles(table, yielder, chain)) ||
+      !RankEntries(table.EntryCount(), chain, yielder, ranks))
+    return false;
+  data.Rank = std::move(ranks);
   data.Chain = std::move(chain);
   return true;
 }

@@ -10,7 +10,7 @@ namespace korv {
 void PhraseTable::Clear(bool forWordList) {
   *this = PhraseTable();
   data_->ForWordList = forWordList;
-  data_->Corpus.Tokens.assign(1, kNoWord);
+  data_->Corpus.Tokens.push_back(kNoWord);
 }
 
 void PhraseTable::BeginFile(const std::filesystem::path& path) {

@@ -46,8 +46,8 @@ struct PhraseTableData {
   std::vector<std::filesystem::path> FilePaths;
 
   // The chain: entries by rank, and ranks by entry (both 1-based values; element 0 of Rank is unused).
-  std::vector<PhraseIndex> Chain;
-  std::vector<PhraseRank> Rank;
+  RawVector<PhraseIndex> Chain;
+  RawVector<PhraseRank> Rank;
 
   // Filling one phrase at a time; over once the entries are sorted.
   bool ForWordList = false;

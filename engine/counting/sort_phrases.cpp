@@ -45,9 +45,21 @@ class KeyOrder {
     return depth < e.Words ? data_.Corpus.From(e.First)[depth] : kNoWord;
   }
 
+  /// Merges entries [begin, middle) with those up to `end`, each in order. A stop leaves all as it was.
   void Merge(size_t begin, size_t middle, size_t end) {
-    std::inplace_merge(At(begin), At(middle), At(end),
-                       [this](const PhraseEntry& a, const PhraseEntry& b) { return Before(a, b); });
+    // So it is where a stop came after this merge and the order is mended once more.
+    if (Before(data_.Entries[middle - 1], data_.Entries[middle])) return;
+    merged_.clear();
+    merged_.reserve(end - begin);
+    size_t a = begin;
+    size_t b = middle;
+    while (a < middle && b < end) {
+      if (yielder_.Stopped()) return;
+      merged_.push_back(data_.Entries[Before(data_.Entries[b], data_.Entries[a]) ? b++ : a++]);
+    }
+    merged_.insert(merged_.end(), At(a), At(middle));
+    // What is left of the second part stands where it belongs.
+    std::copy(merged_.begin(), merged_.end(), At(begin));
   }
   std::vector<PhraseEntry>::iterator At(size_t i) {
     return data_.Entries.begin() + static_cast<std::ptrdiff_t>(i);
@@ -71,6 +83,7 @@ class KeyOrder {
 
   PhraseTableData& data_;
   const Yielder& yielder_;
+  std::vector<PhraseEntry> merged_;
 };
 
 void RankWords(PhraseTableData& data, const Yielder& yielder) {

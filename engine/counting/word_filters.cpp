@@ -76,7 +76,6 @@ WordFilters::WordFilters(const WordFilterSpec& entries)
 }
 
 WordFilters::~WordFilters() = default;
-WordFilters::WordFilters(WordFilters&&) noexcept = default;
 WordFilters& WordFilters::operator=(WordFilters&&) noexcept = default;
 
 bool WordFilters::HasWordsToIgnore() const {

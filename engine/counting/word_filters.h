@@ -27,7 +27,6 @@ class WordFilters {
   WordFilters();  ///< No lists: nothing is ignored, everything is counted.
   explicit WordFilters(const WordFilterSpec& entries);
   ~WordFilters();
-  WordFilters(WordFilters&&) noexcept;
   WordFilters& operator=(WordFilters&&) noexcept;
 
   /// Whether a words-to-ignore list with at least one entry is in force.
