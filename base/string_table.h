@@ -13,15 +13,15 @@ namespace korv {
 ///
 ///   Number(Text(n)) == n for every n < Size().
 ///
-/// Number() is one look-up in a table of open addressing that is at most half full. The bytes of the strings lie
-/// one after the other. When the table grows, its slots move a few at a time with the calls that follow, so that
-/// no single call takes long however many strings there are.
+/// Number() is one look-up in a table of open addressing that is at most half full. The bytes of the strings
+/// lie one after the other. When the table grows, its slots move a few at a time with the calls that follow,
+/// so that no single call takes long however many strings there are.
 class StringTable {
  public:
   StringTable();
 
-  /// The number of `text`, a new one when it has not been seen. Throws std::length_error for more than kNone - 1
-  /// strings.
+  /// The number of `text`, a new one when it has not been seen. Throws std::length_error for more than kNone
+  /// - 1 strings.
   uint32_t Number(std::string_view text);
   /// A view that lasts until the next call of Number().
   std::string_view Text(uint32_t number) const {

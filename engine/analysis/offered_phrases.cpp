@@ -10,7 +10,7 @@ namespace korv {
 
 namespace {
 
-/// What becomes of the phrases that begin at one word.
+/// Examines the phrases that begin at one word.
 class PhrasesFrom {
  public:
   PhrasesFrom(const PhraseTableData& data, const CountRule& accepted, OfferedPhrases& offered)

@@ -7,24 +7,24 @@
 
 namespace korv {
 
-/// What a text offers of phrases of the run's lengths, and what keeps them from being counted.
+/// The phrases of the run's lengths in a text, and why they were not counted.
 struct OfferedPhrases {
-  /// Occurrences of MinWords to MaxWords words in a row, counted or not. Where phrases with a word to ignore
-  /// are excluded, such a word ends a row.
+  /// Occurrences of MinWords to MaxWords words in a row, counted or not. A word to ignore ends a row where
+  /// phrases that hold one are excluded.
   uint64_t Offered = 0;
-  // What is not counted, each for the first reason that holds.
+  // Occurrences that do not count, each under the first reason that holds.
   uint64_t TooLong = 0;       ///< More than kMostPhraseCharacters characters.
   uint64_t AllIgnored = 0;    ///< Nothing but words to ignore, in the mode that excludes such phrases.
   uint64_t NotCountOnly = 0;  ///< No count-only entry matches.
 
-  int LongestRow = 0;        ///< The most words that stand in a row, MaxWords at most.
-  uint64_t WordsInRows = 0;  ///< Words of the text but for those that end phrases themselves.
+  int LongestRow = 0;        ///< The most words in a row; MaxWords at most.
+  uint64_t WordsInRows = 0;  ///< The tokens that are words.
 
   uint64_t Counted() const { return Offered - TooLong - AllIgnored - NotCountOnly; }
 };
 
-/// Looks at the whole text of a counted table; made for telling why nothing was counted. Proportional to the
-/// text times MaxWords. False when stopped, with what was seen up to there.
+/// Examines the text of a counted table, in order to explain why nothing was counted. Cost: the text times
+/// MaxWords. Returns false when stopped, with the numbers up to there.
 bool FindOfferedPhrases(const PhraseTable& table, Yielder& yielder, OfferedPhrases& offered);
 
 }  // namespace korv

@@ -15,50 +15,51 @@
 
 namespace korv {
 
-/// How a text of the run was read, so that it can be read so again.
+/// How a text of the run was read. With this it can be read in the same way again.
 struct SourceOrigin {
-  bool IsDocument = false;  ///< Its text was extracted from it; offsets and lines are those of that text.
-  bool IsUtf8 = false;      ///< Else it is ANSI.
-  uint64_t Size = 0;        ///< Of the file, when it was opened.
-  int64_t Modified = 0;     ///< See InputFile::Modified().
+  /// The text was extracted from a document. Offsets and lines are those of the extracted text.
+  bool IsDocument = false;
+  bool IsUtf8 = false;   ///< False: ANSI.
+  uint64_t Size = 0;     ///< Bytes of the file when it was opened.
+  int64_t Modified = 0;  ///< Its time then, as InputFile::Modified() gives it.
 };
 
-/// A text of the run: a file, or the clipboard or a stream, whose path is empty.
+/// A text of the run: a file, the clipboard or a stream. The last two have an empty path.
 struct CorpusSource {
   std::filesystem::path Path;
   size_t Begin;          ///< Index of its first token.
-  uint64_t WordsBefore;  ///< Words taken before its first one, those that excluded phrases included.
-  SourceOrigin Origin;   ///< Known once the text was read.
+  uint64_t WordsBefore;  ///< WordCounts::Taken of the texts before it.
+  SourceOrigin Origin;   ///< Set when the text has been read.
 };
 
-/// What a run knows of its text: its words as numbers, where its texts begin, under which rules it was cut,
-/// and, where the run keeps them, the places of its phrases in order.
+/// The text of a run: its tokens, its documents, the rules it was cut by, and a suffix array of its phrases
+/// where the run keeps their places.
 ///
-/// A token is a word of the vocabulary or kNoWord, which stands where no phrase goes on. A place is the index
-/// of a token, and a phrase of k words is k tokens in a row without kNoWord. Words that a rule dropped have
-/// no token.
+/// A token is the number of a word, or kNoWord where no phrase goes on. An n-gram, which the program calls a
+/// phrase, is n tokens in a row without kNoWord. Words that a rule dropped have no token.
 ///
-///   Tokens.front() == kNoWord, so that every word has a left neighbour;
-///   once read, Tokens ends with kTrailingEnds of them, so that a longest phrase may be looked at from
-///   anywhere.
+///   Tokens[0] == kNoWord, so that every word has a left neighbour;
+///   Tokens[i] != kNoWord || Tokens[i + 1] != kNoWord before the end of the text;
+///   the last kTrailingEnds tokens are kNoWord once the text has been read, so that the longest phrase can be
+///   read from any place; Sources[s].Begin <= Sources[s + 1].Begin.
 ///
-/// Costs 4 bytes a word, a little more than 4 more where the places are kept, and 8 a distinct word beside
-/// its letters.
+/// Memory: 4 bytes a token, 4 more a place that is kept, and 8 a type beside its letters.
 struct Corpus {
   WordRules Rules;
   RunOptions Options;
-  const WordFilters* Lists = nullptr;  ///< Not owned.
+  const WordFilters* Lists = nullptr;  ///< Not owned. Must outlive the counting.
 
   Vocabulary Words;
   GrowingArray<WordNumber> Tokens;
   std::vector<CorpusSource> Sources;    ///< In reading order.
-  std::vector<uint32_t> SourceOfBlock;  ///< The source of every kSourceBlock-th token.
+  std::vector<uint32_t> SourceOfBlock;  ///< The index in Sources of every kSourceBlock-th token.
   static constexpr uint32_t kSourceBlock = 4096;
 
-  /// The places where a phrase that counts starts, of all lengths, ordered by the up to MaxWords words that
-  /// follow; a phrase end comes before every word. Equal ones ascend. Empty where the run keeps no places.
+  /// The suffix array: the places at which a phrase that counts starts, ordered by the next MaxWords tokens.
+  /// kNoWord comes before every word, and nothing behind it is compared. Equal places ascend. Empty where the
+  /// run keeps no places.
   RawVector<Place> Places;
-  /// Places[PlacesOfWord[w - 1]] to Places[PlacesOfWord[w]], that one excluded, start with word number w.
+  /// The places with first word w are Places[i] with PlacesOfWord[w - 1] <= i < PlacesOfWord[w].
   RawVector<uint32_t> PlacesOfWord;
 
   /// The token at `place` and those behind it.
@@ -66,15 +67,17 @@ struct Corpus {
 
   LineIndex Lines;  ///< Empty unless Options.KeepPlaces.
 
-  /// Call once all tokens are there: sets up SourceAt(). Linear in the sources, and a step per block.
+  /// Prepares SourceAt(). Call it when all tokens are there. Cost: a step per source and per block of tokens.
   void IndexSources();
-  /// Index in Sources of the text that `place` belongs to. Constant but for texts shorter than a block.
+  /// The index in Sources of the text that `place` belongs to. Constant time, but for many texts in one
+  /// block.
   size_t SourceAt(Place place) const;
 };
 
 inline constexpr size_t kTrailingEnds = kMostWords + 1;
 
-/// Whether a run with these options keeps the places of its phrases: folder runs tell phrases' files by them.
+/// Whether a run with these options keeps the places of its phrases. Folder runs need them to find the files
+/// of a phrase.
 inline bool KeepsPlaces(const RunOptions& options) {
   return options.KeepPlaces || options.SourceKind == TextSource::Folder;
 }

@@ -23,7 +23,7 @@ void CorpusBuilder::BeginSource(const std::filesystem::path& path) {
 }
 
 void CorpusBuilder::TakeWord(std::string_view word) {
-  // Too long to be counted whatever its characters are; such things are not worth remembering.
+  // Too long whatever its characters are. Such words need no place in the table.
   constexpr size_t kMostBytesOfCharacter = 4;
   if (word.size() > static_cast<size_t>(corpus_.Rules.LongWordSize) * kMostBytesOfCharacter)
     return Feed(Dropped(DropReason::Long));
@@ -46,7 +46,7 @@ WordNumber CorpusBuilder::ClassifyWord(std::string_view word) {
 
 WordNumber CorpusBuilder::Admit(std::string_view word) {
   if (corpus_.Rules.Only7bitASCII && !Is7bit(word)) return Dropped(DropReason::Not7bit);
-  // Asked here and not of every phrase: no phrase can hold the word or go past it.
+  // Looked up once per word, not once per phrase: no phrase can hold the word.
   if (corpus_.Options.IgnoreMode == IgnoreRule::ExcludeWith && corpus_.Lists->IsWordToIgnore(word))
     return kEndsPhrase;
   return corpus_.Words.Number(word);

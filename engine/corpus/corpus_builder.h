@@ -17,60 +17,60 @@
 
 namespace korv {
 
-/// The text of a run as counting needs it: one number per word, kNoWord where no phrase goes on.
+/// Makes the corpus of a run from the words of its texts.
 ///
-/// The scanner hands over every word as it was cut (TakeWord) and every place where phrases end
-/// (ResetPhrases). The phrase buffers of all lengths follow from that: a phrase of k words is k numbers in
-/// a row without kNoWord between them. Costs 4 bytes per word of text and one look-up per word; the rules
-/// that look at a word's letters are applied once per distinct word.
+/// The scanner calls TakeWord() for every word as it was cut, and ResetPhrases() where phrases end. Both
+/// append at most one token. Phrase buffers are not needed: a phrase of n words is n tokens in a row without
+/// kNoWord. A word costs one look-up; the rules that look at the letters of a word are applied once per
+/// distinct word.
 ///
 ///   CorpusBuilder stream(rules, options, lists);
 ///   stream.BeginSource("a.txt");
 ///   stream.TakeWord("The"); stream.TakeWord("cat"); stream.ResetPhrases();
 class CorpusBuilder {
  public:
-  /// Keeps copies of rules and options; `lists` must outlive the stream and its counting.
+  /// Keeps copies of the rules and options. `lists` must outlive the builder and the counting of its corpus.
   CorpusBuilder(const WordRules& rules, const RunOptions& options, const WordFilters& lists);
 
-  /// Starts a file (or the clipboard, with an empty path): empties the phrase buffers. Phrases from here
-  /// on belong to that file.
+  /// Begins a file, or another text with an empty path. Ends phrases. What follows belongs to that text.
   void BeginSource(const std::filesystem::path& path);
 
-  /// A line, or a piece of one, is about to be cut: its place in the text and its number. `resumable`: see
-  /// LineIndex. Does nothing unless places are kept.
+  /// Tells that a line, or a piece of one, is cut next: its offset in bytes and its number from 1.
+  /// `resumable`: see LineIndex::AtLine(). Has no effect unless places are kept.
   void BeginLine(uint64_t offset, uint32_t line, bool startsLine, bool resumable) {
     if (corpus_.Options.KeepPlaces)
       corpus_.Lines.AtLine({offset, startsLine, Place{static_cast<uint32_t>(corpus_.Tokens.size())}, line},
                            resumable);
   }
-  /// How the text that was begun last was read.
+  /// Tells how the text that was begun last has been read.
   void DescribeSource(const SourceOrigin& origin) { corpus_.Sources.back().Origin = origin; }
 
-  /// One word as cut from the text, UTF-8. Drops it under the short, long, letterless and repetition
-  /// rules, folds its case unless case is significant, drops it when it is to be removed as a word to
-  /// ignore or under the 7-bit rule, and feeds the rest to the phrase buffers. A dropped word leaves no
-  /// gap: phrases close over it.
+  /// Takes a word as it was cut from the text, UTF-8. The word is dropped under the rules by form (short,
+  /// long, letterless, repetition), folded unless case is significant, dropped as a word to ignore where
+  /// these are removed, or under the 7-bit rule. What is left gets a token. A dropped word leaves no gap:
+  /// phrases close over it.
   void TakeWord(std::string_view word);
 
-  /// One word for the phrase buffers as it stands; dropped under the 7-bit rule.
+  /// Takes a word as it stands in phrases. Only the 7-bit rule drops it.
   void GetWords2(std::string_view word);
 
-  /// No phrase goes on here: empties the phrase buffers.
+  /// Ends all phrases: none goes on here.
   void ResetPhrases() {
     if (corpus_.Tokens.back() != kNoWord) corpus_.Tokens.push_back(kNoWord);
   }
 
   const WordCounts& Counts() const { return counts_; }
 
-  /// The text so far, without trailing phrase ends.
+  /// The corpus so far, without its trailing phrase ends.
   const korv::Corpus& Corpus() const { return corpus_; }
-  /// Hands the text over as it is when all of it was read. The stream is used up. Throws std::length_error
-  /// for more words than places can number.
+  /// The corpus when all of the text has been read, or as much as there was until a stop. Uses the builder
+  /// up. Throws std::length_error for more tokens than a Place can number.
   korv::Corpus TakeCorpus() &&;
 
  private:
-  /// What becomes of a word as cut: its number, or a class from here on. The first excludes every phrase
-  /// that holds the word, which is what a phrase end does; the others drop it for a reason.
+  /// The class of a word as cut is its number, or one of these. A word of class kEndsPhrase excludes every
+  /// phrase that holds it, so that it ends phrases. Words of the classes behind are dropped, each for its
+  /// reason.
   static constexpr WordNumber kEndsPhrase{0xFFFFFFF0};
   static constexpr WordNumber Dropped(DropReason reason) {
     return kEndsPhrase + 1 + static_cast<uint32_t>(reason);
@@ -81,8 +81,8 @@ class CorpusBuilder {
   void Feed(WordNumber wordClass);
 
   korv::Corpus corpus_;
-  StringTable asCut_;                ///< The words as cut ...
-  GrowingArray<WordNumber> classes_;  ///< ... and what becomes of each.
+  StringTable asCut_;                 ///< The distinct words as they were cut.
+  GrowingArray<WordNumber> classes_;  ///< By number in asCut_.
   WordCounts counts_;
 };
 

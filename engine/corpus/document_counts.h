@@ -8,7 +8,7 @@
 
 namespace korv {
 
-/// In which files a phrase occurs and how often in each, with the two limits that reports rely on.
+/// How often a phrase occurs in each document of a folder run, within two limits that reports rely on.
 class DocumentCounts {
  public:
   static constexpr uint32_t kMostFiles = 10000;
@@ -16,18 +16,18 @@ class DocumentCounts {
 
   struct Item {
     DocumentNumber Document;
-    uint32_t Count;  ///< 1..kMostPerFile; further occurrences are not recorded.
+    uint32_t Count;  ///< 1..kMostPerFile. Further occurrences are not counted.
     bool operator==(const Item&) const = default;
   };
 
-  /// One occurrence in a file; calls come in reading order. From the moment kMostFiles files are recorded
-  /// nothing more is, not even for the last of them.
+  /// Counts one occurrence. Calls come in reading order. When kMostFiles documents have been counted, further
+  /// calls have no effect, not even those for the last document.
   void Add(DocumentNumber document);
 
   uint32_t FileCount() const { return static_cast<uint32_t>(items_.size()); }
   const std::vector<Item>& Items() const { return items_; }
 
-  /// The file numbers, five digits each.
+  /// The numbers of the documents, five digits each.
   std::string FileNumbers() const;
   /// The counts, five digits each, parallel to FileNumbers().
   std::string FileCounts() const;

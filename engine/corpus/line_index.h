@@ -8,20 +8,20 @@
 
 namespace korv {
 
-/// A line of a text, or a piece of a long one, at which reading may be taken up again.
+/// A line of a text, or a piece of a long line, from which the text can be read again.
 class LineAnchor {
  public:
   LineAnchor() = default;
   LineAnchor(uint64_t offset, bool startsLine, Place token, uint32_t line)
       : offsetAndStart_(offset << 1 | uint64_t{startsLine}), token_(token), line_(line) {}
 
-  /// Of its first byte: in the file, or in the text extracted from it.
+  /// The offset of its first byte in the file, or in the text that was extracted from it.
   uint64_t Offset() const { return offsetAndStart_ >> 1; }
-  /// False for a piece that goes on a line.
+  /// False for a piece of a line other than the first.
   bool StartsLine() const { return (offsetAndStart_ & 1) != 0; }
-  /// Index of the first token that it may give.
+  /// The first token that the line can give.
   Place Token() const { return token_; }
-  /// Counted from 1.
+  /// The number of the line, from 1.
   uint32_t Line() const { return line_; }
 
  private:
@@ -31,26 +31,30 @@ class LineAnchor {
 };
 static_assert(sizeof(LineAnchor) == 16);
 
-/// Leads from a token back to the lines of the texts: about every kAnchorEvery tokens, and at the begin of
-/// each text, it remembers the line that was read then. Where pieces of a long line are remembered, its begin
-/// is too. 16 bytes an anchor, a sixteenth of a byte a word at most but in texts of few words.
+/// Leads from a token back to the lines of the texts. The index keeps an anchor, the line that was being
+/// read, at the begin of each text and about every kAnchorEvery tokens.
+///
+///   Anchors ascend by token, and those of one text by offset;
+///   an anchor that does not start its line comes behind one of the same text that does.
+///
+/// Memory: 16 bytes an anchor, that is a sixteenth of a byte a token, and 16 bytes a text.
 class LineIndex {
  public:
   static constexpr uint32_t kAnchorEvery = 256;
 
-  /// The next line belongs to another text.
+  /// Tells that the next line belongs to another text.
   void BeginSource() { first_ = true; }
-  /// Before a line's words are taken. `resumable`: nothing is known of the lines before that this one's words
-  /// depend on. The first line of a text always is.
+  /// Tells of a line before its words are taken. `resumable`: its words do not depend on the lines before it.
+  /// The first line of a text always is.
   void AtLine(const LineAnchor& line, bool resumable);
 
-  /// In the order of tokens and of reading.
+  /// In the order of reading.
   const std::vector<LineAnchor>& Anchors() const { return anchors_; }
-  /// The last anchor whose token is `token` or one before it; there must be one. Logarithmic.
+  /// The last anchor with Token() <= token. There must be one. Cost: the logarithm of the anchors.
   const LineAnchor& Before(Place token) const;
-  /// The first line of the text that `anchor`, one of Anchors(), belongs to. Linear in what lies between.
+  /// The first line of the text that `anchor`, one of Anchors(), belongs to. Linear in the anchors between.
   const LineAnchor& BeginOfText(const LineAnchor& anchor) const;
-  /// The begin of the line that `anchor`, one of Anchors(), is a piece of.
+  /// The anchor at the start of the line that `anchor`, one of Anchors(), is a piece of.
   const LineAnchor& LineOf(const LineAnchor& anchor) const;
 
  private:

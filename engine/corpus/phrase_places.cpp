@@ -12,8 +12,9 @@ bool IsShortEnough(const Corpus& corpus, std::span<const WordNumber> phrase) {
   return characters <= static_cast<size_t>(kMostPhraseCharacters);
 }
 
-/// Whether the lists let the phrase count wherever it stands, so that no place of it is missing. Entries for
-/// whole phrases leave no place out: what they say of a phrase says nothing of those that begin with it.
+/// Whether the filters let the phrase count, so that all of its places are in the suffix array. With
+/// count-only patterns for whole phrases every place is there: they decide for each phrase of a place by
+/// itself.
 bool ListsAdmit(const Corpus& corpus, std::span<const WordNumber> phrase) {
   const WordFilters& lists = *corpus.Lists;
   if (lists.HasCountOnlyPhrases()) return true;

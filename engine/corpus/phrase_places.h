@@ -9,18 +9,18 @@
 
 namespace korv {
 
-/// The places of phrases that may be listed, found by halving: those of `phrase` in Corpus::Places, which are
-/// all there are in the text. Empty span: it is nowhere. Nothing where Places does not tell: the run kept no
-/// places, its lengths leave the phrase out, its lists do, or it has more than kMostPhraseCharacters. The
-/// text must have been counted; `phrase` holds no kNoWord. Cost: the logarithm of the places, times the
-/// words, and a question to the lists for each word.
+/// The places of `phrase`, found in the suffix array Corpus::Places by binary search. The span holds all
+/// places in the text, and is empty where there are none. Returns nothing where the suffix array cannot tell:
+/// the run kept no places, or it did not count the phrase for its number of words, its characters or its
+/// filters. The text must have been counted, and `phrase` must hold a word and no kNoWord. Cost: words times
+/// the logarithm of the places, and a look-up in the filters for each word.
 std::optional<std::span<const Place>> SortedPlaces(const Corpus& corpus, std::span<const WordNumber> phrase);
 
-/// The places of any phrase in reading order, by one look at each token: about a nanosecond a word.
+/// The places of any phrase in reading order, found by a scan of all tokens: about a nanosecond each.
 std::vector<Place> ScanForPlaces(const Corpus& corpus, std::span<const WordNumber> phrase);
 
-/// All places of `phrase` in reading order, found in the cheaper of the two ways. Empty where it holds
-/// kNoWord or no word.
+/// All places of `phrase` in reading order, by SortedPlaces where it can tell, else by the scan. Empty where
+/// the phrase holds kNoWord or no word.
 std::vector<Place> PlacesOf(const Corpus& corpus, std::span<const WordNumber> phrase);
 
 }  // namespace korv

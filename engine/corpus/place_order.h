@@ -14,8 +14,9 @@ enum class PlaceOrder {
   File,   ///< By path, then in reading order.
 };
 
-/// Orders the places of a phrase of `words` words in a counted run. Words come in the order of Keys, after a
-/// phrase end; at most kMostWords of them are compared, then reading order decides. A sort.
+/// Orders the places of a phrase of `words` words, as a concordance shows them. The run must have been
+/// counted. Words are compared by Key, and a phrase end comes before every word. At most kMostWords words are
+/// compared; reading order decides between places that are equal so far. Costs a sort.
 void OrderPlaces(const Corpus& corpus, int words, PlaceOrder order, std::vector<Place>& places);
 
 }  // namespace korv

@@ -11,17 +11,19 @@
 
 namespace korv {
 
-/// The distinct words of a run with what counting asks of each.
+/// The types of a run, that is its distinct words, by number.
 ///
-/// Numbers are given in the order of first appearance until Rank() renumbers the words by Key, then
-/// Text; from then on comparing numbers compares words.
+/// Words are numbered in the order of their first appearance until Rank() renumbers them. From then on
+///
+///   a < b  ==  (Key(a), Text(a)) < (Key(b), Text(b))  for all words a and b, Key being
+///   FoldKey(FoldAccents(Text)).
 class Vocabulary {
  public:
   /// The number of `word`, a new one when it has not been seen. Not after Rank().
   WordNumber Number(std::string_view word);
 
-  /// After Rank(): the number of `word`, kNoWord where the run does not have it. Cost: a Key for each step of
-  /// a binary search.
+  /// The number of `word`, or kNoWord where the run does not have it. Only after Rank(). Cost: a binary
+  /// search with a Key in each step.
   WordNumber Find(std::string_view word) const;
 
   uint32_t Size() const {
@@ -34,27 +36,28 @@ class Vocabulary {
     if (begins_.empty()) return table_.Text(ValueOf(word) - 1);
     return {bytes_.data() + begins_[w], begins_[w + 1] - begins_[w]};
   }
-  /// Its length in characters, at most 255: longer words never stand in a phrase.
+  /// Its length in characters, 255 for all longer ones. These never stand in a phrase.
   uint8_t Characters(WordNumber word) const { return characters_[ValueOf(word)]; }
 
-  /// Orders the words by Key, then Text. `renumbered[old]` is the new number of word `old`; element 0 is 0.
-  /// Cost: one sort of the distinct words. A stop leaves everything as it was.
+  /// Renumbers the words by Key, then Text. `renumbered[old]` becomes the new number of word `old`, and
+  /// renumbered[0] == kNoWord. Costs a sort of the words. Returns false when stopped, with everything as it
+  /// was.
   bool Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder);
   bool Ranked() const { return !begins_.empty(); }
-  /// After Rank(): words with equal Key have equal classes, and classes ascend with the words.
+  /// Words with equal Keys have the same class, and classes ascend with the words. Only after Rank().
   uint32_t KeyClass(WordNumber word) const {
     return keyClasses_.empty() ? ValueOf(word) : keyClasses_[ValueOf(word)];
   }
-  /// After Rank(): whether no two words have equal Keys, so that the order of numbers is the order of Keys.
+  /// Whether no two words have equal Keys. Only after Rank().
   bool KeysDiffer() const { return keyClasses_.empty(); }
 
  private:
   StringTable table_;
   RawVector<uint8_t> characters_ = RawVector<uint8_t>(1, 0);
-  // After Rank(): the words in order, one behind the other, indexed by number (element 0 is unused).
+  // Only after Rank(). Word w is the bytes [begins_[w], begins_[w + 1]); begins_ has Size() + 2 elements.
   RawVector<uint64_t> begins_;
   GrowingArray<char> bytes_;
-  RawVector<uint32_t> keyClasses_;  ///< Empty where every word is a class of its own.
+  RawVector<uint32_t> keyClasses_;  ///< By word. Empty where every word is a class of its own.
 };
 
 }  // namespace korv

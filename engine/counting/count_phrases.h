@@ -6,36 +6,38 @@
 
 namespace korv {
 
-/// Hands the text of a run over to an empty table, with the run's options and lists (which must outlive
-/// the counting). The stream is used up.
+/// Hands the corpus of a run over to an empty table. Uses the builder up. Its filters must outlive the
+/// counting.
 void TakeText(CorpusBuilder&& stream, PhraseTable& table);
 
-/// Whether the table's text holds a phrase that would be counted; true as well when stopped before that is
-/// known. Mostly known after a few words; proportional to the text where nothing counts.
+/// Whether the table's text holds a phrase that would be counted. Also true when stopped before that is
+/// known. Mostly known after a few words; linear in the text where nothing counts.
 bool HoldsPhrase(PhraseTable& table, Yielder& yielder);
 
-/// Counts every phrase of the table's text and makes entries of those that may be listed: at least
-/// MinFrequency occurrences, and no phrase that is longer by one word and occurs exactly as often holds
-/// them (they would be redundant). Entries ascend by word numbers.
+/// Counts all phrases of the table's text, and makes entries of those that may be listed. These have at least
+/// MinFrequency occurrences, and no phrase with one word more, in front or behind, occurs exactly as often:
+/// the shorter one would be redundant. Entries ascend by the numbers of their words.
 ///
-/// The occurrences of all lengths are found together: the places where phrases start are sorted by the up
-/// to MaxWords words that follow them, whereupon the occurrences of every phrase lie side by side, and one
-/// sweep over the numbers of words that neighbours share lists them. Expected time is proportional to the
-/// number of words, whatever the lengths; memory about 9 bytes per word beside the text, 16 per entry.
+/// Phrases of all lengths are counted together. The places where phrases start are sorted by the next
+/// MaxWords words, which makes a suffix array. The occurrences of every phrase then lie side by side, and one
+/// sweep over the common prefixes (LCP) of neighbours finds the phrases with their counts.
 ///
-/// Returns false when stopped; the table then holds the text and no entries, and may be counted again.
+/// Expected time is linear in the words, whatever the lengths. Memory beside the text: 5 bytes a word, 33
+/// bytes for each occurrence of the most frequent first words (one per thread), 16 bytes an entry.
+///
+/// Returns false when stopped. The table then holds the text and no entries, and can be counted again.
 bool CountPhrases(PhraseTable& table, Yielder& yielder);
 
-/// Puts the entries into ascending order of Key, equal Keys in ascending order of Text. Returns false when
+/// Puts the entries into ascending order of Key, those with equal Keys into that of Text. Returns false when
 /// stopped, with the entries in some order.
 bool SortPhrases(PhraseTable& table, Yielder& yielder);
 
-/// Clears Listed of entries with fewer than `minFrequency` occurrences, sets it for all others.
+/// Sets Listed of the entries with at least `minFrequency` occurrences, and clears it for all others.
 void ListByFrequency(PhraseTable& table, int minFrequency);
 
-/// Clears Listed of every listed entry whose text a listed entry of the same count, longer in characters,
-/// contains anywhere, within words too. Entries of a single word are left alone. Expected time is
-/// proportional to the text of the entries. Returns false when stopped, with the flags as they were.
+/// Clears Listed of every listed entry that is redundant: its text stands anywhere, within words too, in that
+/// of a listed entry with the same count and more characters. Entries of one word stay. Expected time is
+/// linear in the characters of the entries. Returns false when stopped, with the flags as they were.
 bool ExcludeRedundantSubphrases(PhraseTable& table, Yielder& yielder);
 
 enum class ChainOrder {
@@ -43,8 +45,8 @@ enum class ChainOrder {
   ByFiles,  ///< FileCount descending, then Count descending, then table index.
 };
 
-/// Threads the listed entries: ChainPosition, ChainNext, ChainHead. A counting sort. Returns false when
-/// stopped, with an empty chain.
+/// Orders the listed entries into the frequency chain: ChainHead, ChainNext, ChainPosition. Costs a counting
+/// sort. Returns false when stopped, with an empty chain.
 bool SetUpFrequencyChain(PhraseTable& table, ChainOrder order, Yielder& yielder);
 
 }  // namespace korv

@@ -9,25 +9,26 @@
 
 namespace korv {
 
-/// Which phrases count, of those that the text offers: what the words-to-ignore mode and the count-only
-/// list decide phrase by phrase.
+/// Decides which phrases of a text count: the rule that excludes phrases of nothing but words to ignore, and
+/// the count-only list.
 ///
-/// Without entries for whole phrases the answer grows with the phrase: where a phrase counts, every longer
-/// one from the same place does. FirstLength() is then all there is to know of a place.
+/// Without count-only patterns for whole phrases (ByPhrase() is false) a phrase that counts still counts when
+/// words are added to its end. FirstLength() then settles all phrases of a place.
 class CountRule {
  public:
-  /// Asks the lists once per distinct word, on all threads. False in `stopped` when that was not finished.
+  /// Looks every word up in the filters once, on all threads. Sets `stopped`; after a stop the rule is of no
+  /// use.
   CountRule(const PhraseTableData& data, Yielder& yielder, bool& stopped);
 
-  /// No list decides anything: every phrase counts.
+  /// Every phrase counts.
   bool AcceptsAll() const { return !excludeAll_ && !countOnly_; }
-  /// Entries for whole phrases are in force, so that a phrase may count and a longer one not.
+  /// Count-only patterns for whole phrases are in force: a phrase may count and a longer one not.
   bool ByPhrase() const { return byPhrase_; }
 
-  /// Fewest words of a phrase at `position` that is accepted for its words; may exceed what the place
-  /// offers. Cost: up to `most` words.
+  /// Fewest words of a phrase from `first` on that counts for its words. The result may be more than there
+  /// are words up to the next phrase end. Looks at up to `most` words.
   int FirstLength(const WordNumber* first, int most) const;
-  /// Whether the phrase of `words` words counts.
+  /// Whether the phrase of `words` words from `first` on counts. `scratch` is overwritten.
   bool Accepts(const WordNumber* first, int words, std::string& scratch) const;
 
   bool IsWordToIgnore(WordNumber word) const { return (marks_[ValueOf(word)] & kIgnored) != 0; }

@@ -17,8 +17,8 @@ bool GoesOn(Yielder& yielder) {
   return !yielder.Stopped();
 }
 
-/// Sorts by `value` of each element, the greatest first. Stable. Values below kFew are sorted by counting; the
-/// few above by comparing. False when stopped, with the chain as it was.
+/// Sorts by `value` of each element, the greatest first. Stable. Values below kFew are sorted by counting;
+/// the few above by comparing. False when stopped, with the chain as it was.
 template <typename Value>
 bool SortDescending(Chain& chain, Yielder& yielder, const Value& value) {
   constexpr uint32_t kFew = 1u << 16;

@@ -10,10 +10,10 @@
 
 namespace korv {
 
-/// How many occurrences of MinWords..MaxWords words count by their words and were left out only because they
-/// have more than kMostPhraseCharacters, where entries for whole phrases decide. `mostWords`: per number of
-/// the text, most words of a phrase there that is short enough. Asks the lists once per such occurrence, on
-/// all threads. Empty when stopped.
+/// Counts the occurrences of MinWords to MaxWords words that would count but for kMostPhraseCharacters, where
+/// count-only patterns for whole phrases are in force. `mostWords`: per token, most words of a phrase from
+/// there that is short enough. Each such occurrence is matched with the patterns, on all threads. Nothing
+/// when stopped.
 std::optional<uint64_t> CountLongPhrases(const PhraseTableData& data, const CountRule& accepted,
                                          std::span<const uint8_t> mostWords, bool onCallingThread,
                                          Yielder& yielder);

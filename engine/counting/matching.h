@@ -10,30 +10,30 @@
 
 namespace korv {
 
-/// The four matching rules one phrase or pattern at a time. The counting run asks WordFilters, which gives
-/// the same answers with everything compiled beforehand.
+/// The matching rules, one phrase and pattern at a time. A counting run uses WordFilters instead, which gives
+/// the same results with all patterns compiled beforehand.
 
-/// Whether `text` matches `pattern` (see Pattern). Compiles the pattern: for single questions.
+/// Whether `text` matches `pattern` (see Pattern). Compiles the pattern each time.
 bool MatchPattern(std::string_view text, std::string_view pattern, char anyRun, char anyChar,
                   bool caseSignificant);
 
-/// Whether a phrase (its words joined by "+") matches a pattern of several parts (joined by "+" outside
-/// angle brackets): as many parts as words, and every word matches its part. `currentExpression`, where
-/// given, gets the last part in angle brackets that was met, and is left alone when there was none.
+/// Whether a phrase, its words joined by "+", matches a pattern, its parts joined by "+" outside angle
+/// brackets. There must be as many parts as words, and every word must match its part. The last part in angle
+/// brackets that was compared is stored in `currentExpression`, where given and where there was one.
 bool MatchPhrasePattern(std::string_view phrase, std::string_view pattern, bool caseSignificant,
                         std::string* currentExpression = nullptr);
 
-/// A list entry of several words as such a pattern: blanks outside angle brackets become "+", several in a
-/// row one, and none at the ends.
+/// A list entry of several words as such a pattern: each run of blanks outside angle brackets becomes one
+/// "+", and those at the ends go.
 std::string PhrasePattern(std::string_view entry);
 
-/// Sets a flag for each word of `phrase` (joined by "+"): whether it is on the words-to-ignore list. Says
-/// whether the phrase counts in `mode`. Without a list in force every phrase does.
+/// Sets a flag for each word of `phrase` (joined by "+"): whether it is a word to ignore. Returns whether the
+/// phrase counts in `mode`. Without words to ignore every phrase does.
 bool MarkListedWords(std::string_view phrase, IgnoreRule mode, const WordFilters& lists,
                      std::vector<bool>& flags);
 
-/// `phrase` (words joined by "+" or blanks) without its words to ignore, the rest joined by single blanks;
-/// empty when nothing is left.
+/// `phrase` (words joined by "+" or blanks) without its words to ignore. The others are joined by single
+/// blanks. Empty when none is left.
 std::string StripPhrase(std::string_view phrase, const WordFilters& lists);
 
 }  // namespace korv

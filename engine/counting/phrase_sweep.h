@@ -11,41 +11,42 @@
 
 namespace korv {
 
-/// What one sweep needs of the run.
+/// What a sweep needs of the run. Everything must outlive the sweep.
 struct SweepContext {
   const PhraseTableData* Data;
   const CountRule* Accepted;
   const Yielder* Stop;
-  /// Per index of Data->Corpus.Tokens: most words of a phrase that starts there.
+  /// Per token: most words of a phrase that starts there.
   const uint8_t* MostWords;
-  /// Folder runs with entries for whole phrases: set per source in which a phrase was counted.
+  /// Per source: set where a phrase was counted. Null unless patterns for whole phrases are in force.
   std::vector<std::atomic<uint8_t>>* SourceHasPhrase;
 };
 
-/// Lists the repeated phrases of one bucket of sorted places (and the single ones where the minimum
-/// frequency is 1).
+/// Finds the phrases of one bucket of sorted places from their common prefixes.
 ///
-/// Places whose neighbours share words form nested intervals, one per run of phrases that occur at the
-/// same places; of such a run only the longest can be listed, the others being redundant. An interval all
-/// of whose places have the same word before them is redundant too, because of the phrase that begins
-/// with that word. Going from the last place to the first closes inner intervals before outer ones and
-/// later ones before earlier ones, so that reading the result backwards gives the order of the words.
+/// Neighbours with a common prefix form nested intervals (LCP intervals). The phrases that end between the
+/// depth of an interval and that of the one around it occur at exactly its places. Only the longest of them
+/// can be listed; the shorter ones are redundant. It is redundant too where the same word stands before all
+/// of the places, because of the phrase that begins with that word.
+///
+/// The sweep goes from the last place to the first. It closes inner intervals before outer ones and later
+/// before earlier ones, so that the entries in reverse are in the order of the words.
 class PhraseSweep {
  public:
   explicit PhraseSweep(const SweepContext& context);
 
-  /// Adds the entries of a bucket, last phrase first. `slice` is the index in Corpus.Places of its first
-  /// place. After a stop the entries are of no use.
+  /// Adds the entries of a bucket, last phrase first. `slice` is the index of its first place in
+  /// Corpus::Places. After a stop the entries are of no use.
   void Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t slice);
 
   std::vector<PhraseEntry>& Entries() { return entries_; }
-  /// How many occurrences, over all phrases, were not the first of their phrase.
+  /// The occurrences that were not the first of their phrase, of all phrases.
   uint64_t Repeats() const { return repeats_; }
-  /// All occurrences; only where entries for whole phrases are in force.
+  /// All occurrences. Only counted where patterns for whole phrases are in force.
   uint64_t Occurrences() const { return occurrences_; }
 
  private:
-  /// Places [Begin, End) that share their first Depth words.
+  /// The suffixes [Begin, End), whose first Depth words are equal.
   struct Interval {
     int Depth;
     uint32_t Begin;

@@ -17,16 +17,20 @@ namespace korv {
 struct Corpus;
 struct PhraseTableData;
 
-/// The phrases of one counting run with their numbers of occurrences.
+/// The phrases of a counting run with their frequencies.
 ///
-/// It is filled in one of two ways. A counting run fills it from the words of the whole text
-/// (CountPhrases, count_phrases.h) and keeps as entries only the phrases that may be listed; the others are
-/// in PhraseCount() and Occurrences(). AddWordToList fills it one phrase at a time and keeps them all; that
-/// is how word lists are read. Then, in this order: SortPhrases, ExcludeRedundantSubphrases,
-/// SetUpFrequencyChain.
+/// It is filled in one of two ways. CountPhrases (count_phrases.h) fills it from the corpus of the run and
+/// keeps as entries only the phrases that may be listed; the others are in PhraseCount() and Occurrences().
+/// AddWordToList adds one phrase at a time and keeps them all. Then SortPhrases, ListByFrequency,
+/// ExcludeRedundantSubphrases and SetUpFrequencyChain are called, in this order.
 ///
-/// Phrases are kept as places in the text, 16 bytes each, however long they are; their characters are put
-/// together when asked for.
+///   Entries are numbered 1..EntryCount();
+///   ascending by (Key, Text) once sorted;
+///   Count(i) == Places(i).size(), and First(i) is the least of Places(i), where the run keeps places;
+///   AtChainPosition(ChainPosition(i)) == i and Count(i) >= Count(ChainNext(i)) in a chain by count.
+///
+/// An entry is a place in the text and takes 16 bytes, however long the phrase is. Its characters are put
+/// together when they are wanted.
 class PhraseTable {
  public:
   PhraseTable();
@@ -34,54 +38,54 @@ class PhraseTable {
   PhraseTable(PhraseTable&&) noexcept;
   PhraseTable& operator=(PhraseTable&&) noexcept;
 
-  /// Number of different phrases found so far, listed or not. Never decreases during a run; may be asked
-  /// from any thread.
+  /// Number of different phrases found so far, listed or not. Never decreases during a run. Any thread may
+  /// call this.
   uint64_t PhraseCount() const;
-  /// Number of phrase occurrences counted, listed or not: the whole that relative frequencies refer to.
+  /// Number of phrase occurrences counted, listed or not. Relative frequencies refer to it.
   uint64_t Occurrences() const;
-  /// Number of phrase occurrences that only their length kept from being counted: more characters than
-  /// kMostPhraseCharacters.
+  /// Number of phrase occurrences that would count but for having more than kMostPhraseCharacters.
   uint64_t LongPhrases() const;
 
-  // ---- Filling one phrase at a time.
+  // ---- Adding one phrase at a time.
 
-  /// Empties the table. `forWordList`: entries are words of a list, without limit of length and files.
+  /// Empties the table. `forWordList`: entries are words of a list. They have no limit of length and no
+  /// files.
   void Clear(bool forWordList = false);
-  /// Counts one occurrence of `phrase` (words joined by single blanks). In a phrase run phrases of more
-  /// than kMostPhraseCharacters are ignored. Expected constant cost.
+  /// Counts one occurrence of `phrase`, its words joined by single blanks. A phrase of more than
+  /// kMostPhraseCharacters is only counted for a word list. Expected cost: linear in the phrase.
   void AddWordToList(std::string_view phrase);
-  /// From here on phrases belong to the file `path`; it gets a number with its first phrase.
+  /// Begins the file `path`. It gets a number with its first phrase.
   void BeginFile(const std::filesystem::path& path);
 
   struct Lookup {
     bool Found;
-    /// The place of the phrase among all phrases in descending order of Text, 1-based; when it is not
-    /// there, the negated place at which it would be inserted.
+    /// The position of the phrase among all phrases in descending order of Text, from 1. When it is not
+    /// there: the position where it would be inserted, negated.
     int64_t Position;
   };
-  /// Where `text` stands. Binary search; the first call after a change sorts.
+  /// Looks `text` up by binary search. The first call after a change sorts.
   Lookup FindPhrase(std::string_view text) const;
-  /// The most halving steps that a FindPhrase has taken.
+  /// The most steps that a binary search of FindPhrase has taken.
   int MaxSearchDepth() const;
 
-  // ---- Entries 1..EntryCount(); ascending by Key, then Text, once sorted.
+  // ---- Entries.
 
   uint32_t EntryCount() const;
   /// All of them, in the order of the table.
   IndexRange<PhraseIndex> All() const { return {PhraseIndex{1}, PhraseIndex{EntryCount()}}; }
   void AppendText(PhraseIndex i, std::string& out) const;
   std::string Text(PhraseIndex i) const;
-  /// Hints that Text(i) and the numbers of entry `i` will be wanted soon, and that those of `later` will be
-  /// a little after them. Entries outside the table are no harm.
+  /// Prefetches the text of entry `i`, which is wanted soon, and the numbers of entry `later`, whose text is
+  /// prefetched next. Entries outside the table do no harm.
   void Prefetch(PhraseIndex i, PhraseIndex later) const;
-  /// The folded, lower-cased form by which entries are ordered.
+  /// FoldKey(FoldAccents(Text)), by which entries are ordered.
   std::string Key(PhraseIndex i) const;
   uint32_t Count(PhraseIndex i) const;
-  /// The place of its earliest occurrence in the Corpus().
+  /// The place of its earliest occurrence.
   Place First(PhraseIndex i) const;
   int Words(PhraseIndex i) const;       ///< Number of words.
   int Characters(PhraseIndex i) const;  ///< Number of characters, blanks included.
-  /// Cleared for phrases below the minimum frequency and for redundant ones.
+  /// False for phrases below the minimum frequency and for redundant ones.
   bool Listed(PhraseIndex i) const;
   void SetListed(PhraseIndex i, bool listed);
 
@@ -94,16 +98,16 @@ class PhraseTable {
 
   // ---- Runs that keep places.
 
-  /// Where the phrase stands, in no order; empty where the run kept no places. Constant.
+  /// All places of the phrase, in no order. Empty where the run kept no places. Constant time.
   std::span<const Place> Places(PhraseIndex i) const;
   /// The text that was counted.
   const korv::Corpus& Corpus() const;
 
-  // ---- Folder runs: the files that a phrase occurs in. Cost: its number of occurrences.
+  // ---- Folder runs: the files that a phrase occurs in. Costs a sort of its occurrences.
 
   DocumentCounts Files(PhraseIndex i) const;
   uint32_t FileCount(PhraseIndex i) const;
-  /// The files that contributed a phrase, in reading order; file number 1 is the first.
+  /// The files that contributed a phrase, by DocumentNumber: number 1 comes first.
   const std::vector<std::filesystem::path>& FilePaths() const;
 
   PhraseTableData& Data() { return *data_; }

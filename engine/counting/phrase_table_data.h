@@ -13,49 +13,53 @@
 
 namespace korv {
 
-/// One phrase: a place in the text.
+/// A phrase: the Words tokens from First on.
 struct PhraseEntry {
   Place First;     ///< Of its earliest occurrence.
-  uint32_t Count;  ///< All occurrences.
-  uint32_t Slice;  ///< Where places are kept: index in Corpus.Places of the first of Count. Else in
-                   ///< CountsOfEntries.
-  uint8_t Words;   ///< Number of words.
+  uint32_t Count;  ///< Of its occurrences.
+  /// Index of its first place in Corpus::Places where places are kept, else in CountsOfEntries.
+  uint32_t Slice;
+  uint8_t Words;
   bool Listed;
 };
 static_assert(sizeof(PhraseEntry) == 16);
 
-/// What lies behind a PhraseTable, for the stages that fill and order it.
+/// The contents of a PhraseTable, for the stages that fill and order it.
+///
+///   Entries[i - 1] is entry i;
+///   Chain[r - 1] == i  ==  Rank[i] == r, for every listed entry i once the chain is there;
+///   the places of entry e, where they are kept, are Corpus.Places[s] with e.Slice <= s < e.Slice + e.Count;
+///   e.First is the least of them.
 struct PhraseTableData {
   korv::Corpus Corpus;
-  /// Renumbering by rank goes block by block, so that a stop may come between two.
+  // Words are renumbered by rank, block by block of tokens, so that a stop can come between two blocks.
   RawVector<WordNumber> NewNumbers;
   std::vector<uint8_t> BlockRenumbered;
 
-  // The phrases, entry i at Entries[i - 1].
   std::vector<PhraseEntry> Entries;
   std::atomic<uint64_t> PhraseCount{0};
   uint64_t Occurrences = 0;
   uint64_t LongPhrases = 0;
-  /// Containment along word boundaries was already resolved, so that no entry contains another that way.
+  /// No entry is contained in another of the same count along word boundaries.
   bool OnlyMaximal = false;
-  /// Entries ascend by word numbers (which is the order by Key unless words share Keys).
+  /// Entries ascend by the numbers of their words. That is the order by Key unless words share Keys.
   bool OrderedByNumbers = false;
 
   // Folder runs.
   std::vector<DocumentNumber> FileNumberOfSource;  ///< kNoDocument for a source without a phrase.
   std::vector<std::filesystem::path> FilePaths;
 
-  // The chain: entries by rank, and ranks by entry (both 1-based values; element 0 of Rank is unused).
+  // The frequency chain.
   RawVector<PhraseIndex> Chain;
   RawVector<PhraseRank> Rank;
 
-  // Filling one phrase at a time; over once the entries are sorted.
+  // Only while phrases are added one at a time.
   bool ForWordList = false;
   std::unordered_map<std::string, PhraseIndex> IndexOfText;
   std::vector<DocumentCounts> CountsOfEntries;
   std::filesystem::path CurrentFile;
   bool CurrentFileNumbered = false;
-  mutable std::vector<PhraseIndex> ByText;  ///< Entries in descending order of Text; empty when outdated.
+  mutable std::vector<PhraseIndex> ByText;  ///< In descending order of Text. Empty when outdated.
   mutable int MaxSearchDepth = 0;
 };
 

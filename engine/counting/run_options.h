@@ -2,7 +2,7 @@
 
 namespace korv {
 
-/// How words to ignore act on phrases. The numbers are the ones that settings and summary use.
+/// How words to ignore act on phrases. Settings and summary use the numbers.
 enum class IgnoreRule {
   Allow = 1,        ///< They exclude no phrase.
   ExcludeAll = 2,   ///< A phrase of nothing but words to ignore is excluded.
@@ -18,15 +18,15 @@ inline constexpr int kMostMinFrequency = 20;
 /// A longer phrase (in characters, blanks included) is never counted.
 inline constexpr int kMostPhraseCharacters = 100;
 
-/// What one counting run is asked for.
+/// The options of a counting run.
 struct RunOptions {
   int MinWords = 4;      ///< Fewest words of a phrase, kLeastWords..kMostWords.
   int MaxWords = 6;      ///< Most words of a phrase, MinWords..kMostWords.
   int MinFrequency = 2;  ///< Phrases with fewer occurrences are not listed, 1..kMostMinFrequency.
   IgnoreRule IgnoreMode = IgnoreRule::ExcludeAll;
   TextSource SourceKind = TextSource::SingleFile;
-  bool KeepPlaces = false;  ///< The places of phrases are kept after the run (see Corpus::Places).
-  bool Stopped = false;     ///< The run was interrupted; what is listed is incomplete.
+  bool KeepPlaces = false;  ///< Keep Corpus::Places after the run.
+  bool Stopped = false;     ///< The run was interrupted: its result is incomplete.
 };
 
 }  // namespace korv

@@ -7,22 +7,26 @@
 
 namespace korv {
 
-/// Which words of a vocabulary end or begin with certain other words of it ("the" ends with "he", "cats"
-/// begins with "cat").
+/// Which words of a vocabulary end or begin with certain other words of it: "the" ends with "he", "cats"
+/// begins with "cat".
 ///
-/// Each word points to the longest shorter one, so that following the pointers visits all of them. Words
-/// that meet at the end of their pointers are of one family. Expected cost: the characters of the words.
+/// Suffix(w) is the longest shorter one, so that Suffix(w), Suffix(Suffix(w)) and so on are all of them. The
+/// last of this chain is the family of w:
+///
+///   SuffixFamily(w) == w where Suffix(w) == kNoWord, else SuffixFamily(Suffix(w)).
+///
+/// The same holds of prefixes. Expected time is linear in the characters of the words; memory is 16 bytes a
+/// word.
 class WordAffixes {
  public:
-  /// `isSuffix` and `isPrefix` tell, per word number, which words may be found as the one and the other. On
-  /// all threads. After a stop the object is of no use.
+  /// `isSuffix[w]` and `isPrefix[w]`: whether word number w is to be found as the one and as the other. Uses
+  /// two threads. After a stop the object is of no use.
   WordAffixes(const Vocabulary& words, const std::vector<bool>& isSuffix, const std::vector<bool>& isPrefix,
               Yielder& yielder);
 
-  /// The longest proper suffix of `word` that is such a word, kNoWord when there is none.
+  /// The longest word to be found that is a proper suffix of `word`, or kNoWord.
   WordNumber Suffix(WordNumber word) const { return suffix_[ValueOf(word)]; }
   WordNumber Prefix(WordNumber word) const { return prefix_[ValueOf(word)]; }
-  /// Where the suffixes of `word` end: the word without a suffix of its own.
   WordNumber SuffixFamily(WordNumber word) const { return suffixFamily_[ValueOf(word)]; }
   WordNumber PrefixFamily(WordNumber word) const { return prefixFamily_[ValueOf(word)]; }
 

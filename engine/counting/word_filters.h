@@ -7,41 +7,42 @@
 
 namespace korv {
 
-/// What the lists of one run hold. Texts are UTF-8 in NFC with typographic apostrophes already replaced.
+/// The entries of the lists of a run. Texts are UTF-8 as CleanText() gives it.
 struct WordFilterSpec {
-  std::vector<std::string> FileWordsToIgnore;   ///< As read: lower-cased words, in file order.
-  std::vector<std::string> TypedWordsToIgnore;  ///< As typed, split at blanks outside angle brackets.
-  /// Patterns in the file count as patterns; every words-to-ignore entry then goes through MatchPattern.
+  std::vector<std::string> FileWordsToIgnore;   ///< Lower-cased words in the order of the file.
+  std::vector<std::string> TypedWordsToIgnore;  ///< As typed, cut at blanks outside angle brackets.
+  /// Every words-to-ignore entry is a pattern, those of the file too. Else only typed entries that hold a
+  /// sign of a pattern are.
   bool PatternMatchingInWordsToIgnoreFile = false;
-  std::vector<std::string> CountOnly;  ///< One entry each: a word, several words, or an expression.
-  bool CaseSignificant = false;        ///< Of patterns and expressions.
+  std::vector<std::string> CountOnly;  ///< Each a word, several words, or an expression.
+  bool CaseSignificant = false;        ///< In patterns and expressions.
 };
 
-/// The words to ignore and the count-only entries of one run, ready to be asked.
+/// The words to ignore and the count-only entries of a run, compiled.
 ///
-/// Setting up costs a compilation per pattern. A word costs a look-up among the plain words and a test of
-/// those patterns that it could match (see pattern_set.h), so ask once per distinct word and remember.
-/// Everything const may be called from several threads at once.
+/// Making it compiles every pattern. A look-up costs one among the plain words, and a match with those
+/// patterns that the word may match (see PatternSet): look each distinct word up once and keep the result.
+/// Const members may be called from several threads at once.
 class WordFilters {
  public:
-  WordFilters();  ///< No lists: nothing is ignored, everything is counted.
+  WordFilters();  ///< Ignores nothing, counts everything.
   explicit WordFilters(const WordFilterSpec& entries);
   ~WordFilters();
   WordFilters& operator=(WordFilters&&) noexcept;
 
-  /// Whether a words-to-ignore list with at least one entry is in force.
+  /// Whether there is an entry of words to ignore.
   bool HasWordsToIgnore() const;
-  /// Whether `word` (as it stands in a phrase) is on the words-to-ignore list. It is lower-cased for that.
+  /// Whether `word`, as it stands in a phrase, is a word to ignore. It is lower-cased for that.
   bool IsWordToIgnore(std::string_view word) const;
 
-  /// Whether a count-only list is in force at all.
+  /// Whether there is a count-only entry.
   bool HasCountOnly() const;
-  /// Whether `word` matches a one-word count-only entry: every phrase that holds it is counted. It is
+  /// Whether `word` matches a count-only entry of one word. Every phrase that holds it counts. It is
   /// lower-cased for that.
   bool IsCountOnlyWord(std::string_view word) const;
-  /// Whether there are entries that match whole phrases (several words, or an expression with a blank).
+  /// Whether there are count-only entries for whole phrases: of several words, or expressions with a blank.
   bool HasCountOnlyPhrases() const;
-  /// Whether the whole phrase, its words joined by "+", matches such an entry.
+  /// Whether the phrase, its words joined by "+", matches such an entry.
   bool IsCountOnlyPhrase(std::string_view phrase) const;
 
  private:
