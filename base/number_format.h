@@ -5,7 +5,7 @@
 
 namespace korv {
 
-/// How the user's locale writes numbers. The defaults are the C locale's point with "," grouping.
+/// The way in which a locale writes numbers. The defaults are the C locale's point with "," grouping.
 struct NumberFormat {
   std::string DecimalPoint = ".";
   std::string GroupSeparator = ",";
@@ -21,7 +21,7 @@ struct NumberFormat {
   std::string Decimals(double value, int decimals) const;
   /// The same with groups: 1234.567 with two decimals as "1,234.57".
   std::string GroupedDecimals(double value, int decimals) const;
-  /// Decimals() at the end of `out`, for the loops that format millions.
+  /// Appends Decimals() to `out`, for loops that format millions of numbers.
   void AppendDecimals(double value, int decimals, std::string& out) const;
 };
 

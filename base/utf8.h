@@ -7,7 +7,7 @@
 
 namespace korv {
 
-/// What stands at one place of a text that claims to be UTF-8.
+/// The kinds of byte sequences in a text that claims to be UTF-8.
 enum class Utf8Kind {
   WellFormed,  ///< One character.
   IllFormed,   ///< Bytes that begin no character.
@@ -23,7 +23,7 @@ struct Utf8Sequence {
 /// Standard: no overlong forms, no surrogates, nothing above U+10FFFF.
 Utf8Sequence Utf8SequenceAt(std::string_view text, size_t at);
 
-/// Well-formed UTF-8: whatever is ill-formed or cut off becomes U+FFFD.
+/// Makes well-formed UTF-8: sequences that are ill-formed or cut off become U+FFFD.
 std::string MendedUtf8(std::string_view text);
 
 }  // namespace korv

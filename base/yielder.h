@@ -10,8 +10,8 @@ namespace korv {
 
 /// Keeps the program alive during long loops, and carries the request to stop.
 ///
-/// A loop calls Yield() once per step, however small the step is: nearly every call only counts down.
-/// The count adapts to how long the steps take, so that the platform gets its turn about every 15 ms.
+/// A loop calls Yield() once per step, however small the step is, because nearly every call only counts down.
+/// The count adapts to the time that steps take, so that the platform gets its turn about every 15 ms.
 /// Yield() belongs to one thread at a time, the one whose loops it keeps alive; Stopped() and RequestStop()
 /// may be called from any thread and from a signal handler.
 class Yielder {
@@ -24,7 +24,7 @@ class Yielder {
   void Yield() {
     if (--left_ == 0) Turn();
   }
-  /// The same for a caller that waits rather than works: looks at the clock every time.
+  /// For callers that wait rather than work: looks at the clock in every call.
   void YieldNow() { Turn(); }
   bool Stopped() const { return stopped_.load(std::memory_order_relaxed); }
   void RequestStop() { stopped_.store(true, std::memory_order_relaxed); }
@@ -33,9 +33,9 @@ class Yielder {
  protected:
   /// The platform's turn: process events, show progress. May call RequestStop().
   virtual void HandOver() = 0;
-  /// Called when a stride is used up: hands over if the platform's turn is due, and returns how many
-  /// calls of Yield() go by until it is asked again, at least 1. The base class goes by the clock; a test
-  /// that wants to see every call hands over and returns 1.
+  /// Hands over if the platform's turn is due, and returns the number of calls of Yield() until the next call
+  /// of this function, at least 1. The base class goes by the clock. A test that needs every call hands over
+  /// and returns 1.
   virtual uint32_t NextStride();
 
  private:

@@ -6,20 +6,18 @@
 
 namespace korv {
 
-/// The characters that stand for others in list entries: any run of characters (also none), and exactly
-/// one character.
+/// The wildcards of list entries: any run of characters, which may be empty, and exactly one character.
 inline constexpr char kAnyRun = '~';
 inline constexpr char kAnyChar = '?';
 
 /// Whether an entry is a pattern by itself: it holds a wildcard or an angle bracket.
 bool HoldsPattern(std::string_view entry);
 
-/// Whether byte `at` is the "<" of a part in angle brackets, which ends at the next ">"; an opening
-/// bracket that is never closed is an ordinary character. `close` is the place of that ">".
+/// Whether byte `at` is the "<" of a part in angle brackets. The part ends at the next ">", whose offset is
+/// stored in `close`. An opening bracket that is never closed is an ordinary character.
 bool OpensBrackets(std::string_view text, size_t at, size_t& close);
 
-/// The pieces of `text` between the characters `separator` that stand outside angle brackets. Empty
-/// pieces are kept; text inside angle brackets is never looked at.
+/// Cuts `text` at every `separator` outside angle brackets. Empty pieces are kept.
 std::vector<std::string_view> SplitOutsideBrackets(std::string_view text, char separator);
 
 /// Folds the case of what stands outside angle brackets.

@@ -13,12 +13,12 @@
 
 namespace korv {
 
-/// One list entry as a pattern for one word (or one whole phrase), compiled once and asked often.
+/// A list entry as a pattern for one word, or for one whole phrase, compiled once for many matches.
 ///
-/// Between angle brackets ("<" first, ">" last) it is a regular expression, searched anywhere in the text;
-/// an empty or invalid one matches nothing. Otherwise the characters `anyRun` and `anyChar` stand for
-/// ".*" and ".", all others go to the regular expression as they are (so "." matches any character, too),
-/// and the whole text must match. Asking is const and may be done from several threads at once.
+/// Between angle brackets ("<" first, ">" last) it is a regular expression, which is searched anywhere in the
+/// text. An empty or invalid one matches nothing. Any other entry must match the whole text; `anyRun` and
+/// `anyChar` stand for ".*" and ".", and all other characters go to the regular expression as they are, so
+/// that "." matches any character too. Const members may be called from several threads at once.
 class Pattern {
  public:
   Pattern(std::string_view pattern, bool caseSignificant, char anyRun = kAnyRun, char anyChar = kAnyChar);
@@ -26,14 +26,15 @@ class Pattern {
   bool Matches(std::string_view text) const {
     return MatchesFolded(text, NeedsFolding() ? FoldForMatching(text, caseSignificant_) : std::string());
   }
-  /// For whoever asks many patterns of one text: `folded` is FoldForMatching of it.
+  /// The same for callers that match one text with many patterns: `folded` is FoldForMatching() of the text.
   bool MatchesFolded(std::string_view text, std::string_view folded) const;
 
-  /// A text that holds none of these (after FoldForMatching) is not worth asking for. Empty: any may be.
+  /// Literals of which every text that matches holds one, after FoldForMatching(). Empty: none is known.
   std::vector<RequiredLiteral> RequiredLiterals() const;
-  /// Whether it is one text and no pattern at all; `literal` is that text after FoldForMatching.
+  /// Whether it matches one text alone: `literal`, after FoldForMatching(). The view lasts as long as the
+  /// pattern.
   bool IsLiteral(std::string_view& literal) const;
-  /// The regular expression that decides, where one does and it can stand in an alternation with others.
+  /// Its regular expression where it has one that CanStandInAlternation(), else empty.
   std::string_view Alternative() const;
   bool MatchesNothing() const { return std::holds_alternative<Nothing>(form_); }
 

@@ -14,23 +14,25 @@
 
 namespace korv {
 
-/// Many plain words and patterns, asked together whether one of them matches.
+/// A set of plain words and patterns: tells whether a text matches one of them.
 ///
-/// Plain words are looked up. Of the patterns only those are tried whose fragment (see fragment.h) the text
-/// holds: fragments are kept by their place and their first (at the end: last) kLiteralBytes bytes, and a
-/// text asks for all of its own. A text of n bytes costs some n look-ups, and a test per candidate.
-/// Expressions that need no fragment are tried every time, but many as one alternation.
+/// Plain words are looked up. A pattern is a candidate, and matched, only when the text holds one of its
+/// required literals (required_literal.h). These are indexed by their position and their first kLiteralBytes
+/// bytes (the last ones at the end of a text), and every substring of such a length is looked up. A text of n
+/// bytes costs about n look-ups and one match per candidate. Expressions without a required literal are
+/// matched every time, joined to alternations.
 ///
-/// Asking is const and may be done from several threads at once.
+/// Const members may be called from several threads at once.
 class PatternSet {
  public:
   explicit PatternSet(bool caseSignificant) : caseSignificant_(caseSignificant) {}
 
-  /// A word that matches itself and nothing else.
+  /// Adds a word that matches itself and nothing else.
   void AddWord(std::string_view word) { words_.emplace(word); }
-  /// See Pattern.
+  /// Adds a Pattern.
   void AddPattern(std::string_view pattern);
-  /// After the last addition, for speed: joins what can be tried together.
+  /// Joins expressions that can be matched together. Call it once, after the last addition. Matches() works
+  /// without it, only slower.
   void Prepare();
 
   bool Matches(std::string_view text) const;
@@ -45,13 +47,13 @@ class PatternSet {
   using TextSet = std::unordered_set<std::string, TextHash, std::equal_to<>>;
   using PatternNumbers = std::vector<uint32_t>;
 
-  /// The patterns of one place by their fragments.
+  /// The patterns whose required literal has one position, by that literal.
   struct LiteralIndex {
     std::unordered_map<std::string, PatternNumbers, TextHash, std::equal_to<>> ByLiteral;
-    std::array<bool, kLiteralBytes + 1> LengthInUse{};  ///< Lengths of the fragments.
+    std::array<bool, kLiteralBytes + 1> LengthInUse{};  ///< Lengths of literals in ByLiteral.
   };
 
-  /// Expressions as one: where it gives up at a limit, its members are asked one by one.
+  /// Expressions joined to one. Where its match gives up at a limit, its members are matched one by one.
   struct Alternation {
     Regex Joined;
     PatternNumbers Members;
@@ -64,14 +66,14 @@ class PatternSet {
                        std::string_view folded) const;
 
   bool caseSignificant_;
-  TextSet words_;     ///< Compared as they stand.
+  TextSet words_;     ///< Compared with the text.
   TextSet literals_;  ///< Patterns without a wildcard, compared with the folded text.
-  TextSet known_;     ///< The patterns added so far: lists repeat themselves.
+  TextSet known_;     ///< The patterns added so far, because lists repeat entries.
   std::vector<Pattern> patterns_;
   LiteralIndex beginnings_;
   LiteralIndex ends_;
   LiteralIndex anywhere_;
-  PatternNumbers always_;  ///< Need no fragment.
+  PatternNumbers always_;  ///< Patterns without a required literal.
   std::vector<Alternation> alternations_;
 };
 

@@ -12,31 +12,32 @@
 
 namespace korv {
 
-/// Count-only entries of several words, asked together whether one of them matches a phrase.
+/// A set of patterns for whole phrases: tells whether a phrase matches one of them.
 ///
-/// An entry matches word by word (see MatchPhrasePattern); an expression in angle brackets that holds a
-/// blank is matched against the whole phrase, its words separated by single blanks. An entry with a plain
-/// part is found by that part; the others are tried one after the other.
+/// A pattern of several parts matches word by word (see MatchPhrasePattern). An expression in angle brackets
+/// with a blank in it is searched in the whole phrase, its words joined by single blanks. A pattern with a
+/// plain part is a candidate only for phrases with that word in that place; all others with as many parts as
+/// words are candidates.
 class PhrasePatterns {
  public:
   explicit PhrasePatterns(bool caseSignificant)
       : caseSignificant_(caseSignificant), wholePhrases_(caseSignificant) {}
 
-  /// The parts of a multi-word entry, one per word.
+  /// Adds a pattern of several parts, one per word.
   void AddParts(const std::vector<std::string>& parts);
-  /// One expression in angle brackets with a blank in it.
+  /// Adds an expression in angle brackets with a blank in it.
   void AddWholePhrase(std::string_view expression);
 
-  /// After the last addition, for speed.
+  /// Call it after the last addition, for speed.
   void Prepare() { wholePhrases_.Prepare(); }
 
   bool Empty() const { return entries_.empty() && !hasWholePhrases_; }
-  /// `phrase` has its words joined by "+". Const and safe from several threads at once.
+  /// `phrase` has its words joined by "+". May be called from several threads at once.
   bool Matches(std::string_view phrase) const;
 
  private:
   using Entry = std::vector<Pattern>;
-  /// Number of words, place of the plain part, and that part.
+  /// The number of words, the index of the plain part, and that part.
   using Key = std::pair<std::pair<size_t, size_t>, std::string>;
   struct KeyHash {
     size_t operator()(const Key& key) const;
@@ -48,7 +49,7 @@ class PhrasePatterns {
   bool caseSignificant_;
   std::vector<Entry> entries_;
   std::unordered_map<Key, std::vector<size_t>, KeyHash> byPlainPart_;
-  std::unordered_map<size_t, std::vector<size_t>> byWordCount_;  ///< Those without a plain part.
+  std::unordered_map<size_t, std::vector<size_t>> byWordCount_;  ///< Patterns without a plain part.
   bool hasWholePhrases_ = false;
   PatternSet wholePhrases_;
 };

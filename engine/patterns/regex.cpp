@@ -50,7 +50,7 @@ H OrThrow(H handle) {
 struct Regex::Compiled {
   CodeHandle Code;
   MatchContext Limits;
-  /// Scratch of the match that is not going on: whoever matches takes it, or makes its own.
+  /// Memory for one match. A match takes it, or makes its own while another one has it.
   mutable std::atomic<pcre2_match_data*> Spare{nullptr};
 
   ~Compiled() { pcre2_match_data_free(Spare.load()); }

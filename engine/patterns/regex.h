@@ -5,14 +5,14 @@
 
 namespace korv {
 
-/// One compiled regular expression with ECMAScript's rules as far as the library offers them, UTF-8,
-/// searched anywhere in the text: "$" stands for the end of the text alone, "\uXXXX" for a character,
+/// A compiled regular expression with ECMAScript's rules as far as the library offers them, UTF-8, searched
+/// anywhere in the text: "$" stands for the end of the text alone, "\uXXXX" for a character,
 /// a reference to a group that has not taken part matches the empty text, "[]" matches nothing, and
 /// "\w", "\d" and "\b" know ASCII only. "." matches any character but CR and LF.
 ///
 /// Compiling costs some ten microseconds and some kilobytes; matching a word about 50 ns. Matching is
-/// bounded by a match limit and a depth limit per place where a match could begin; beyond them it is no
-/// match. Matching is const and may be done from several threads at once.
+/// bounded by a match limit and a depth limit per place where a match could begin. Beyond them the text does
+/// not match. Const members may be called from several threads at once.
 class Regex {
  public:
   /// An invalid expression, or one longer than kMostExpressionBytes, gives an object that matches nothing.

@@ -9,7 +9,7 @@ namespace korv {
 
 namespace {
 
-/// Collects runs of plain characters and keeps the best.
+/// Collects runs of plain characters and keeps the best one.
 class Runs {
  public:
   void Add(char c) { run_ += c; }
@@ -25,7 +25,7 @@ class Runs {
     const RequiredLiteral::Position where = atBeginning_ ? RequiredLiteral::Position::Beginning
                                             : atEnd      ? RequiredLiteral::Position::End
                                                          : RequiredLiteral::Position::Anywhere;
-    // At equal length a piece with a known place tells more.
+    // Of equal length, a literal at a known position rejects more.
     if (run_.size() > best_.Text.size() ||
         (run_.size() == best_.Text.size() && where != RequiredLiteral::Position::Anywhere))
       best_ = {run_, where};
@@ -41,8 +41,8 @@ class Runs {
   RequiredLiteral best_;
 };
 
-/// Reads the top level of an expression, alternative by alternative. Every step fails (false) on what it does
-/// not know.
+/// Reads the top level of an expression, alternative by alternative. Every step returns false at a construct
+/// that it does not know.
 class ExpressionReader {
  public:
   ExpressionReader(std::string_view expression, bool caseSignificant)
@@ -70,7 +70,7 @@ class ExpressionReader {
   }
 
  private:
-  /// Up to the next "|" or the end; empty as well where something is not known.
+  /// Reads up to the next "|" or the end. Empty where no literal is required or a construct is not known.
   RequiredLiteral ReadAlternative() {
     runs_ = Runs();
     endsAtEnd_ = false;
@@ -96,7 +96,7 @@ class ExpressionReader {
       case '^':
         return false;
       case '$':
-        // Anywhere else than at the end it matches nothing that would matter.
+        // Only the end of an alternative is known.
         ++at_;
         endsAtEnd_ = at_ == text_.size() || text_[at_] == '|';
         return endsAtEnd_;
@@ -119,13 +119,13 @@ class ExpressionReader {
     const bool ascii = static_cast<unsigned char>(c) < 0x80;
     if (!ascii && !caseSignificant_) {
       runs_.Close();
-      // A quantifier behind it belongs to it.
+      // A quantifier belongs to the whole character.
       return SkipQuantifier();
     }
     const bool capital = c >= 'A' && c <= 'Z' && !caseSignificant_;
     runs_.Add(capital ? static_cast<char>(c + ('a' - 'A')) : c);
     if (at_ == text_.size() || !IsQuantifier(text_[at_])) return true;
-    // "ab+" needs "ab", and what follows need not come right behind it.
+    // "ab+" requires "ab", but what follows need not stand right behind it.
     if (text_[at_] != '+') runs_.DropLast();
     runs_.Close();
     return SkipQuantifier();
@@ -180,8 +180,7 @@ class ExpressionReader {
     return true;
   }
 
-  /// Past a group, whatever stands in it. The group may be empty or come back at the same place, so
-  /// nothing in it is needed.
+  /// Skips a group. Nothing in it is taken as required.
   bool SkipGroup() {
     int depth = 0;
     do {

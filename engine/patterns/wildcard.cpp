@@ -13,16 +13,16 @@ constexpr char32_t kLongS = 0x17F;
 constexpr char32_t kMicroSign = 0xB5;
 
 char32_t FoldCharacter(char32_t c) {
-  // A capital I with a dot is one with no other letter although its lower-case form is a plain i; a long s
-  // is a lower-case letter, and yet one with s.
+  // A capital I with a dot equals no other letter, although its lower-case form is i. A long s is a
+  // lower-case letter and equals s all the same.
   if (c == kDottedCapitalI) return c;
   if (c == kLongS) return U's';
   return LowerCharacter(c);
 }
 
-/// Below the long s folding tells which characters are one without regard to case; the micro sign is one
-/// with a Greek letter beyond.
-bool FoldsLikeTheEngine(char32_t c) {
+/// Whether folding tells which characters equal this one without regard to case. It does up to the long s,
+/// but for the micro sign, which equals a Greek letter behind it.
+bool FoldsLikeTheLibrary(char32_t c) {
   return c <= kLongS && c != kMicroSign;
 }
 
@@ -46,7 +46,7 @@ std::string FoldForMatching(std::string_view text, bool caseSignificant) {
 }
 
 std::optional<Wildcard> Wildcard::FromExpression(std::string_view inner, bool caseSignificant) {
-  constexpr std::string_view kSignsOfTheEngine = "\\^$|()[]{}*+?\r\n";
+  constexpr std::string_view kSignsOfExpressions = "\\^$|()[]{}*+?\r\n";
   Wildcard result;
   for (size_t at = 0; at < inner.size();) {
     const char sign = inner[at];
@@ -56,15 +56,15 @@ std::optional<Wildcard> Wildcard::FromExpression(std::string_view inner, bool ca
       at += run ? 2 : 1;
       continue;
     }
-    if (kSignsOfTheEngine.find(sign) != std::string_view::npos) return std::nullopt;
+    if (kSignsOfExpressions.find(sign) != std::string_view::npos) return std::nullopt;
     const size_t begin = at;
     const char32_t c = NextCharacter(inner, at);
-    // An ill-formed pattern is the engine's to refuse.
+    // The library refuses an ill-formed pattern.
     if (c == kReplacementCharacter || c == 0) return std::nullopt;
     if (caseSignificant) {
       result.signs_ += inner.substr(begin, at - begin);
     } else {
-      if (!FoldsLikeTheEngine(c)) return std::nullopt;
+      if (!FoldsLikeTheLibrary(c)) return std::nullopt;
       AppendCharacter(FoldCharacter(c), result.signs_);
     }
   }
@@ -73,12 +73,12 @@ std::optional<Wildcard> Wildcard::FromExpression(std::string_view inner, bool ca
 
 bool Wildcard::Matches(std::string_view text) const {
   const std::string_view signs = signs_;
-  // Wildcards stand for any character but a line end, and no plain sign is one.
+  // Wildcards match any character but a line end. No plain sign is a line end.
   constexpr size_t kNowhere = std::string_view::npos;
   size_t s = 0;
   size_t t = 0;
-  size_t runSign = kNowhere;  // Behind the last run met ...
-  size_t runText = 0;         // ... and where what follows it was last tried.
+  size_t runSign = kNowhere;  // The sign behind the last run ...
+  size_t runText = 0;         // ... and the place in the text where it was tried last.
   while (t < text.size()) {
     if (s < signs.size() && signs[s] == kRun) {
       runSign = ++s;
@@ -90,7 +90,7 @@ bool Wildcard::Matches(std::string_view text) const {
       ++t;
       ++s;
     } else if (runSign != kNowhere && text[runText] != '\n' && text[runText] != '\r') {
-      // Only the last run needs to grow: an earlier one that grew would only move what it precedes.
+      // Only the last run needs to grow. A longer earlier run would only move what follows it.
       runText += std::min(SequenceLength(text[runText]), text.size() - runText);
       t = runText;
       s = runSign;

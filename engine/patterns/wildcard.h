@@ -6,33 +6,34 @@
 
 namespace korv {
 
-/// An expression "^...$" made of nothing but plain characters, "." and ".*", matched without the engine
-/// for regular expressions and with the same result.
+/// An expression "^...$" of plain characters, "." and ".*" alone. It is matched without the library for
+/// regular expressions, with the same results.
 ///
-/// Kept as the characters themselves with two bytes that no UTF-8 text holds for the wildcards.
+/// It is kept as its characters, with two bytes for the wildcards that no UTF-8 text holds.
 class Wildcard {
  public:
   static constexpr char kRun = static_cast<char>(0xFF);  ///< ".*"
   static constexpr char kOne = static_cast<char>(0xFE);  ///< "."
 
-  /// `inner` is what stands between "^" and "$". Empty when the expression holds anything that only the
-  /// engine can judge: another sign with a meaning, or, where case is not significant, a character with
-  /// more than one lower-case form that are one without regard to case.
+  /// `inner` is what stands between "^" and "$". Nothing when only the library can match the expression: it
+  /// holds another sign with a meaning, or, where case is not significant, a character that FoldForMatching()
+  /// does not fold as the library does.
   static std::optional<Wildcard> FromExpression(std::string_view inner, bool caseSignificant);
 
-  /// `text` as FoldForMatching gave it. Cost: a few steps per character; at worst length times length.
+  /// `text` as FoldForMatching() gives it. A few steps per character; at worst the product of both lengths.
   bool Matches(std::string_view text) const;
 
   std::string_view Signs() const { return signs_; }
-  /// Without wildcards: the one text that it matches.
+  /// Whether it has no wildcard. Signs() is then the one text that it matches.
   bool IsLiteral() const { return signs_.find_first_of("\xFE\xFF") == std::string::npos; }
 
  private:
   std::string signs_;
 };
 
-/// Maps the characters that the regular-expression engine takes as one without regard to case to one
-/// character, as far as they have a partner below U+017F; `text` itself where case is significant.
+/// Maps characters that are equal without regard to case, as the library for regular expressions has it, to
+/// one of them. Only characters with a partner up to U+017F are mapped. Returns `text` where case is
+/// significant.
 std::string FoldForMatching(std::string_view text, bool caseSignificant);
 
 }  // namespace korv

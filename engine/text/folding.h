@@ -5,9 +5,9 @@
 
 namespace korv {
 
-/// Replaces accented letters by their base letters, one to one; letters without such a partner that have
-/// a two-letter form (ligatures, sharp s) by that. The one-to-one table is looked at first, so that A with
-/// a diaeresis gives one letter. Everything else stays, eth and thorn in lower case among it. UTF-8.
+/// Replaces accented letters by their base letters, and ligatures and the sharp s by their two-letter forms.
+/// A letter that has both gets the base letter: A with a diaeresis becomes A. Everything else stays, eth and
+/// thorn in lower case too. UTF-8.
 std::string FoldAccents(std::string_view text);
 
 /// Lower-cases, character by character. FoldKey(FoldAccents(Text)) is the Key by which phrases are ordered

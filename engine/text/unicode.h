@@ -22,21 +22,21 @@ bool IsAscii(std::string_view text);
 /// The first byte from `at` on that is not below 0x80; the end where there is none.
 size_t PastAscii(std::string_view text, size_t at);
 
-/// Canonical composition of well-formed UTF-8. Text that the characters themselves show to be composed
-/// (everything below U+0300 is) is only copied, and so are the words of ASCII in any text. Linear in the
-/// text, however many marks it stacks.
+/// Well-formed UTF-8 in NFC. Text that is certainly in NFC (see below) is only copied, and so are the words
+/// of ASCII in any text. Linear in the text, however many marks stand on one letter.
 std::string ToNfc(std::string_view text);
-/// Whether a look at each character alone shows that `text` is in NFC. False does not mean that it is not.
+/// Whether each character by itself shows that `text` is in NFC; all below U+0300 do. A text in NFC may give
+/// false.
 bool IsCertainlyNfc(std::string_view text);
 
 /// Unicode simple lower-casing, character by character.
 char32_t LowerCharacter(char32_t character);
 std::string LowerText(std::string_view text);
-/// The same for words that are to be compared without regard to case: in NFC again, which lower-casing can
-/// leave (T with U+0308 has no composed form, t with it has).
+/// Lower-cases words that are compared without regard to case, and brings them to NFC again: T with U+0308
+/// has no composed form, t with U+0308 has one.
 std::string FoldCase(std::string_view text);
 
-/// Whether the general category is a letter (L*), and whether it is a mark (M*).
+/// Whether the general category is that of letters (L*), and that of marks (M*).
 bool IsUnicodeLetter(char32_t character);
 bool IsUnicodeMark(char32_t character);
 

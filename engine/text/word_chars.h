@@ -7,38 +7,40 @@
 
 namespace korv {
 
-/// A word is never longer than this many characters; a longer run of word characters is cut here.
+/// The most characters of a word. A longer run of word characters is cut here.
 inline constexpr size_t kMostWordCharacters = 65000;
 
-/// Whether `ch` (one character, UTF-8; empty is none) may stand in a word: ASCII and Latin-1 letters
-/// (215 and 247 are none), letters and marks from code 256 on, digits where `digitsAreWordChars`, and
-/// whatever stands in `extra`. Looks at the character alone: a mark does so only behind a letter.
+/// Whether `ch`, one character in UTF-8, can stand in a word. ASCII and Latin-1 letters can (215 and 247 are
+/// no letters), letters and marks from code 256 on, digits where `digitsAreWordChars`, and the characters of
+/// `extra`. An empty `ch` cannot. The character alone is examined; a mark belongs to a word only behind a
+/// letter.
 bool IsWordChar(std::string_view ch, bool digitsAreWordChars, std::string_view extra);
 bool IsWordCharCode(char32_t ch, bool digitsAreWordChars, std::string_view extra);
 
-/// What a character is to words, by itself. Marks go on a letter or on marks behind one and never begin a
-/// word. Joiners (U+200C, U+200D) keep what they stand between in one word: a letter, perhaps with marks,
-/// and a letter. All else is a matter of `extra`.
+/// The kind of a character by itself. A mark belongs to the letter before it, and never begins a word. A
+/// joiner (U+200C, U+200D) belongs to a word between two letters, of which the first may have marks. Other
+/// characters belong to words only where the rules allow them as extra characters.
 enum class CharKind : uint8_t { Other, Letter, Mark, Joiner };
 CharKind KindOf(char32_t ch);
 
-/// KindOf the characters below kShortCodes, which are two bytes or one, by code.
+/// KindOf() all characters below kShortCodes, by code. They have one byte or two.
 inline constexpr char32_t kShortCodes = 0x800;
 using ShortKinds = std::array<CharKind, kShortCodes>;
 const ShortKinds& KindsOfShortCodes();
 
-/// Goes through a text from a place that is no word's inside and says which characters belong to words.
+/// Reads a text character by character, from a place outside words on, and tells which characters belong to
+/// words.
 ///
 ///   WordCharReader reader("-'");
 ///   for (size_t at = 0; at < text.size();)
 ///     if (reader.Next(text, at)) ...
 class WordCharReader {
  public:
-  /// `extra` must outlive the reader; digits count where it holds them. `behindLetter`: the text goes on
-  /// behind a letter, or behind the marks of one.
+  /// `extra` must outlive the reader. Digits are word characters where `extra` holds them. `behindLetter`:
+  /// the text begins behind a letter, or behind the marks of one.
   explicit WordCharReader(std::string_view extra, bool behindLetter = false)
       : extra_(extra), behindLetter_(behindLetter) {}
-  /// Whether the character at byte `at` belongs to a word where it stands; advances `at` past it.
+  /// Whether the character at byte `at` belongs to a word. Advances `at` past it.
   bool Next(std::string_view text, size_t& at);
 
  private:
@@ -46,7 +48,7 @@ class WordCharReader {
   bool behindLetter_;
 };
 
-/// What stands right after a word.
+/// The character or characters right behind a word.
 struct WordEnd {
   bool EndedBySemicolon = false;
   bool EndedByPeriod = false;

@@ -7,7 +7,7 @@
 
 namespace korv {
 
-/// Why a word does not count, in the order in which the rules are asked.
+/// Why a word is dropped, in the order in which the rules are applied.
 enum class DropReason : uint8_t {
   Short,       ///< Fewer characters than ShortWordSize.
   Long,        ///< More characters than LongWordSize.
@@ -18,14 +18,14 @@ enum class DropReason : uint8_t {
 };
 inline constexpr size_t kDropReasons = 6;
 
-/// What became of the words of a text.
+/// The numbers of words of a text that were taken and dropped.
 struct WordCounts {
-  uint64_t Taken = 0;                              ///< Words that went into phrases.
-  std::array<uint64_t, kDropReasons> DroppedBy{};  ///< By DropReason; a word counts for the first that holds.
+  uint64_t Taken = 0;                              ///< Words that stand in phrases, or excluded them.
+  std::array<uint64_t, kDropReasons> DroppedBy{};  ///< By DropReason. A word counts for the first that holds.
 
   uint64_t DroppedFor(DropReason reason) const { return DroppedBy[static_cast<size_t>(reason)]; }
   uint64_t Dropped() const { return std::accumulate(DroppedBy.begin(), DroppedBy.end(), uint64_t{0}); }
-  /// The running words: all that were cut from the text, dropped or not.
+  /// All words that were cut from the text, dropped or not.
   uint64_t Read() const { return Taken + Dropped(); }
 
   bool operator==(const WordCounts&) const = default;

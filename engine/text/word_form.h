@@ -9,7 +9,8 @@
 namespace korv {
 
 /// The first of the rules by form that drops a word (UTF-8, as cut): shorter than ShortWordSize, longer than
-/// LongWordSize, without a letter, or with one letter four times in a row, case aside. Empty: none does.
+/// LongWordSize, without a letter, or with one letter four times in a row without regard to case. Nothing:
+/// none does.
 std::optional<DropReason> DroppedByForm(std::string_view word, const WordRules& rules);
 
 /// Whether every character has a code below 128.

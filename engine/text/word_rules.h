@@ -4,9 +4,9 @@
 
 namespace korv {
 
-/// What counts as a word, and where phrases end. The defaults are those of "Restore defaults".
+/// The rules that say what a word is and where phrases end. The defaults are those of "Restore defaults".
 struct WordRules {
-  // Characters that a word may hold beside letters.
+  // Characters that words may hold beside letters.
   bool AllowHyphens = true;
   bool AllowApostrophes = false;
   bool AllowUnderscores = false;
@@ -28,22 +28,22 @@ struct WordRules {
   bool IgnoreNoLetter = true;     ///< Words without a letter are dropped.
   bool IgnoreRepetitions = true;  ///< Words with one letter four times in a row, case aside, are dropped.
 
-  // Where no phrase goes on.
+  // Characters and places that end phrases.
   bool TerminateAtEndOfLine = false;
   bool TerminateAtPeriod = true;
   bool TerminateAtComma = false;
   bool TerminateAtDoubleQuote = true;
   bool TerminateAtTab = true;
 
-  /// The extra characters, ASCII, in no particular order; derived by the two functions below.
+  /// The extra characters, ASCII, in no particular order. The two functions below set them.
   std::string AllowedExtraChars;
 
   bool operator==(const WordRules&) const = default;
 };
 
-/// Starts AllowedExtraChars anew with what the first nine kinds admit: "-'_:\/.@" and the digits.
+/// Sets AllowedExtraChars to those of "-'_:\/.@" and the digits that the first nine options allow.
 void SetAllowedExtraChars(WordRules& rules);
-/// Appends "()", "&" and "," where they are allowed. Called after SetAllowedExtraChars, before each run.
+/// Appends "()", "&" and "," where they are allowed. Call it after SetAllowedExtraChars, before each run.
 void SetAllowedExtraChars2(WordRules& rules);
 
 }  // namespace korv

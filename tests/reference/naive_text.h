@@ -4,9 +4,8 @@
 #include <string_view>
 #include <vector>
 
-/// The naive model of the engine: every rule written down as it is described, in the plainest way and
-/// without a thought for speed. The real engine is compared with it; so nothing here uses the real one
-/// but its plain records.
+/// The models that the program is compared with: its rules written down in the plainest way. They share nothing with the
+/// program but plain records, enums and limits (see README.md). This one is of characters.
 namespace korv::reference {
 
 /// UTF-8 (well-formed) to code points and back.
