@@ -11,7 +11,7 @@
 
 namespace korv {
 
-/// One choice of cboCommonWordsLanguages.
+/// One of the languages to choose from.
 struct CommonWordsLanguage {
   std::string_view Code;  ///< As on the command line.
   std::string_view Item;
@@ -37,7 +37,7 @@ std::optional<std::filesystem::path> CommonWordsFile(const CommonWordsLanguage& 
                                                      const std::filesystem::path& programFolder,
                                                      const FileSystem& files, Messages& messages);
 
-/// What a choice in cboCommonWordsLanguages does: asks whether to load the language's file, puts it into
+/// What the choice of a language does: asks whether to load the language's file, puts it into
 /// `list` and selects it. True when the selected file is to be loaded now.
 bool AddCommonWords(const CommonWordsLanguage& language, const std::filesystem::path& programFolder,
                     const FileSystem& files, WordFileList& list, Messages& messages);

@@ -9,8 +9,8 @@
 #include "engine/text/unicode.h"
 #include "sources/detect/comment_markers.h"
 #include "sources/read/text_reader.h"
+#include "sources/scan/comment_stripper.h"
 #include "sources/scan/line_scanner.h"
-#include "wordlists/comment_stripper.h"
 #include "wordlists/typed_words.h"
 
 namespace korv {
@@ -118,16 +118,10 @@ void ReportReadError(Messages& messages, const std::filesystem::path& path, cons
 
 bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind, const WordRules& rules,
                WordList& list) {
-  bool isUtf8 = false;
-  TextFileCode code = TextFileCode::CannotOpen;
-  if (!IsTextFile(reading.Check, path, false, isUtf8, code, true)) return false;
+  OpenedText source;
+  if (!IsTextFile(reading.Check, path, false, true, source)) return false;
 
   Messages& messages = reading.Check.Messages;
-  OpenedText source = OpenTextSource(reading.Check.Files, path, kWordListThreshold);
-  if (!source.File) {  // Gone since it was looked at.
-    ReportReadError(messages, path, "It cannot be opened");
-    return false;
-  }
   TextReader reader(std::move(source.Head), source.File.get(),
                     reading.Encodings.PlanFor(source.Facts, PathToText(path), messages),
                     kind == ListKind::WordsToIgnore ? LongLines::Anywhere : LongLines::Whole);

@@ -66,10 +66,10 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages,
 /// Asks whether to name an output file for a large input: Yes, No (go on without) or Cancel.
 Answer AskLargeInput(Messages& messages);
 
-/// What lblTotalNumOccurrences says of the file while it is read, and after the run.
+/// What the label of the file's kind says while it is read, and after the run.
 std::string FileKindWhileReading(bool isUtf8);
 std::string FileKindAfterRun(bool isUtf8, TextFileCode code);
-/// lblFilesize and lblXMLsize.
+/// The labels of a file's size, and of the size of the text in it.
 std::string FileSizeLabel(uint64_t bytes, const NumberFormat& format);
 std::string TextSizeLabel(uint64_t bytes, const NumberFormat& format);
 

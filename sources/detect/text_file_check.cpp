@@ -31,10 +31,6 @@ void Inform(Messages& messages, std::string text, std::string title, std::string
                  .Addition = std::move(addition)});
 }
 
-std::string AdviceFor(FileSystem& files, const std::filesystem::path& path) {
-  return ForeignListAdvice(OpenTextSource(files, path, kWordListThreshold).Head);
-}
-
 // What is wrong with a file that cannot be read as text at all; empty for the other codes.
 std::string FatalText(TextFileCode code, std::string_view path) {
   switch (code) {
@@ -124,22 +120,20 @@ std::string PercentText(double percent, NumberFormat format) {
 
 }  // namespace
 
-bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool silent, bool& isUtf8,
-                TextFileCode& code, bool askToContinue) {
+bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool silent, bool askToContinue,
+                OpenedText& opened) {
   if (check.ClearOutput) check.ClearOutput();
-  const Expected<uint64_t, FileError> length = check.Files.FileSize(path);
-  const uint64_t size = length ? *length : 0;
-  TextFacts facts;
-  code = ClassifyTextFile(check.Files, path, kScannedBytes, facts.FirstAnomalousByte, facts.AnomalyPosition,
-                          kWordListThreshold, facts.AnomalyPercent, isUtf8, true);
+  opened = OpenTextSource(check.Files, path, kWordListThreshold);
+  const uint64_t size = opened.File ? opened.File->Size() : 0;
+  TextFileCode& code = opened.Facts.Code;
   const std::string name = PathToText(path);
   if (!IsReadableText(code)) {
     const std::string fatal = FatalText(code, name);
     if (!fatal.empty())
-      Inform(check.Messages, fatal, "Fatal error", AdviceFor(check.Files, path));
+      Inform(check.Messages, fatal, "Fatal error", ForeignListAdvice(opened.Head));
     else if (code == TextFileCode::NotText)
-      Inform(check.Messages, NotTextText(name, facts, kWordListThreshold, size), "Not a text file",
-             AdviceFor(check.Files, path));
+      Inform(check.Messages, NotTextText(name, opened.Facts, kWordListThreshold, size), "Not a text file",
+             ForeignListAdvice(opened.Head));
     return false;
   }
   if (silent) return true;

@@ -22,10 +22,11 @@ struct TextFileCheck {
   bool MacNoticeShown = false;
 };
 
-/// Whether a word-list file may be read; if not, the user has been told why. `silent` keeps back the remarks
-/// about line ends, not the refusals. `askToContinue` turns the remark on a slow file into a question.
-bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool silent, bool& isUtf8,
-                TextFileCode& code, bool askToContinue);
+/// Opens a word-list file and tells whether it may be read; if not, the user has been told why. `silent`
+/// keeps back the remarks about line ends, not the refusals. `askToContinue` turns the remark on a slow file
+/// into a question. `opened.Facts.Code` is NotText for a file that is refused for its size too.
+bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool silent, bool askToContinue,
+                OpenedText& opened);
 
 /// The message with which a counting run of a single file refuses it. `facts.Code` is no readable text;
 /// `head` is the file's beginning and `size` its length in bytes.

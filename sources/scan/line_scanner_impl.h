@@ -5,6 +5,7 @@
 
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
+#include "sources/scan/find_marker.h"
 #include "sources/scan/line_scanner.h"
 #include "sources/scan/markup.h"
 
@@ -36,32 +37,8 @@ inline uint64_t GatherLowBits(uint64_t bytes) {
   return ((bytes & 0x0101010101010101) * 0x0102040810204080) >> 56;
 }
 
-inline unsigned char LowerAscii(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 32) : byte;
-}
-
 inline bool IsLetter(char c) {
   return LowerAscii(c) >= 'a' && LowerAscii(c) <= 'z';
-}
-
-/// Whether `marker`, in lower case, stands at byte `at`, ASCII case aside.
-inline bool StandsAt(std::string_view line, size_t at, std::string_view marker) {
-  if (line.size() - at < marker.size()) return false;
-  for (size_t k = 0; k < marker.size(); ++k)
-    if (LowerAscii(line[at + k]) != static_cast<unsigned char>(marker[k])) return false;
-  return true;
-}
-
-/// Where `marker`, in lower case and not empty, stands next; npos if nowhere.
-inline size_t FindMarker(std::string_view line, size_t from, std::string_view marker) {
-  const char first = marker[0];
-  const bool isLetter = first >= 'a' && first <= 'z';
-  const char both[] = {first, static_cast<char>(first - ('a' - 'A'))};
-  for (size_t at = from;; ++at) {
-    at = isLetter ? line.find_first_of({both, 2}, at) : line.find(first, at);
-    if (at == std::string_view::npos || StandsAt(line, at, marker)) return at;
-  }
 }
 
 /// Whether more text behind `rest`, which begins with "&", may change what EntityLength says of it.
@@ -178,7 +155,7 @@ std::string_view LineScanner<Sink>::BehindKept(std::string_view text) {
 /// Whether `marker` stands at `at`. Where line_ ends inside it, what follows decides.
 template <typename Sink>
 bool LineScanner<Sink>::StandsAt(size_t at, std::string_view marker) {
-  if (line_scanner::StandsAt(line_, at, marker)) return true;
+  if (MarkerStandsAt(line_, at, marker)) return true;
   if (!endsLine_) WaitForRestOf(marker, at);
   return false;
 }
@@ -186,7 +163,7 @@ bool LineScanner<Sink>::StandsAt(size_t at, std::string_view marker) {
 template <typename Sink>
 void LineScanner<Sink>::WaitForRestOf(std::string_view marker, size_t at) {
   const size_t left = line_.size() - at;
-  if (left < marker.size() && line_scanner::StandsAt(line_, at, marker.substr(0, left))) Wait();
+  if (left < marker.size() && MarkerStandsAt(line_, at, marker.substr(0, left))) Wait();
 }
 
 /// The length of the CDATA delimiter at `at`; 0: none, or undecided.
@@ -276,12 +253,11 @@ size_t LineScanner<Sink>::EndOfRegion(size_t at) {
     if (endsLine_) intWithinComment_ = kOutside;
     return line_.size();
   }
-  const size_t found = line_scanner::FindMarker(line_, at, end);
+  const size_t found = FindMarker(line_, at, end);
   if (found == std::string_view::npos) {
     if (endsLine_) return line_.size();
     size_t cut = std::max(at, line_.size() - std::min(line_.size(), end.size() - 1));
-    while (cut < line_.size() && !line_scanner::StandsAt(line_, cut, end.substr(0, line_.size() - cut)))
-      ++cut;
+    while (cut < line_.size() && !MarkerStandsAt(line_, cut, end.substr(0, line_.size() - cut))) ++cut;
     undecided_ = cut < line_.size();
     return cut;
   }
@@ -380,7 +356,7 @@ size_t LineScanner<Sink>::WithApostrophe(size_t begin, size_t end) {
     Wait();
     return end;
   }
-  const unsigned char letter = line_scanner::LowerAscii(line_[end + 1]);
+  const unsigned char letter = LowerAscii(line_[end + 1]);
   if ((letter != 's' && letter != 't') || !WordCanEndBehind(end + 1)) return end;
   if (letter == 't') {
     while (begin < end && (ClassAt(begin) & kTrimmed)) ++begin;

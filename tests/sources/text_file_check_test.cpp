@@ -23,7 +23,7 @@ const std::string kCopyAdvice =
 class IsTextFileTest : public testing::Test {
  protected:
   bool Check(const std::string& path, bool silent = false, bool ask = true) {
-    return IsTextFile(check, path, silent, isUtf8, code, ask);
+    return IsTextFile(check, path, silent, ask, opened);
   }
   void ExpectOnly(const std::string& text, const std::string& title) {
     ASSERT_EQ(messages.Shown.size(), 1U);
@@ -38,8 +38,7 @@ class IsTextFileTest : public testing::Test {
   NumberFormat format;
   int cleared = 0;
   TextFileCheck check{files, messages, format, [this] { ++cleared; }};
-  bool isUtf8 = false;
-  TextFileCode code = TextFileCode::CannotOpen;
+  OpenedText opened;
 };
 
 TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
@@ -69,7 +68,7 @@ TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
     for (const bool silent : {false, true}) {
       messages.Forget();
       EXPECT_FALSE(Check(row.Path, silent));
-      EXPECT_EQ(code, row.Code);
+      EXPECT_EQ(opened.Facts.Code, row.Code);
       ExpectOnly(row.Text, "Fatal error");
     }
   }
@@ -77,7 +76,7 @@ TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
 
 TEST_F(IsTextFileTest, NoPathIsRefusedWithoutAWord) {
   EXPECT_FALSE(Check(""));
-  EXPECT_EQ(code, TextFileCode::NoPath);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::NoPath);
   EXPECT_TRUE(messages.Shown.empty());
 }
 
@@ -92,7 +91,7 @@ TEST_F(IsTextFileTest, EmptiesTheOutputBoxFirst) {
 TEST_F(IsTextFileTest, OneControlByteIsOneTooMany) {
   files.Add("/a", std::string(4999, 'a') + '\0');
   EXPECT_FALSE(Check("/a", true));
-  EXPECT_EQ(code, TextFileCode::NotText);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::NotText);
   ExpectOnly("/a\r\nis not an ANSI or UTF-8 encoded text file.\r\nIt appears to be a binary file.\r\n\r\n" +
                  kCopyAdvice,
              "Not a text file");
@@ -120,7 +119,7 @@ TEST_F(IsTextFileTest, TheMacNoticeComesOncePerProgram) {
   EXPECT_TRUE(Check("/a", true));
   EXPECT_TRUE(messages.Shown.empty());
   EXPECT_TRUE(Check("/a"));
-  EXPECT_EQ(code, TextFileCode::MacText);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::MacText);
   ExpectOnly(
       "File /a\r\nhas Macintosh-type line endings (CR).\r\n\r\n"
       "You might wish to use a program such as Notepad++\r\n"
@@ -145,7 +144,7 @@ const std::string kSlow =
 TEST_F(IsTextFileTest, UnixLineEndsAreFineUpTo256000Bytes) {
   files.Add("/a", UnixLines(256000));
   EXPECT_TRUE(Check("/a"));
-  EXPECT_EQ(code, TextFileCode::UnixText);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::UnixText);
   EXPECT_TRUE(messages.Shown.empty());
 }
 
@@ -163,7 +162,7 @@ TEST_F(IsTextFileTest, LargerUnixFilesAreAskedAbout) {
 TEST_F(IsTextFileTest, NoToALargerUnixFileCancels) {
   files.Add("/a", UnixLines(512000));
   EXPECT_FALSE(Check("/a"));
-  EXPECT_EQ(code, TextFileCode::NotText);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::NotText);
   ASSERT_EQ(messages.Shown.size(), 2U);
   EXPECT_EQ(messages.Shown[1].Text, "Operation canceled.");
   EXPECT_EQ(messages.Shown[1].Title, "This is a Unix-style text file");
@@ -179,7 +178,7 @@ TEST_F(IsTextFileTest, WithoutAskingLargerUnixFilesAreRemarkedOn) {
 TEST_F(IsTextFileTest, UnixFilesAbove512000BytesAreRefused) {
   files.Add("/a", UnixLines(512001));
   EXPECT_FALSE(Check("/a"));
-  EXPECT_EQ(code, TextFileCode::NotText);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::NotText);
   ExpectOnly(
       "File /a\r\nhas Unix-type line endings (LF).\r\n\r\nThe size of this file is 500.00 Kb\r\n"
       "so processing of this file would take a long time.\r\n\r\n"
@@ -197,8 +196,8 @@ TEST_F(IsTextFileTest, SilentAsksNothingOfAnySize) {
 TEST_F(IsTextFileTest, AUtf8SignatureGetsNoNoticeOfLineEnds) {
   files.Add("/a", "\xEF\xBB\xBF" + UnixLines(600000));
   EXPECT_TRUE(Check("/a"));
-  EXPECT_TRUE(isUtf8);
-  EXPECT_EQ(code, TextFileCode::WindowsText);
+  EXPECT_TRUE(opened.Facts.IsUtf8);
+  EXPECT_EQ(opened.Facts.Code, TextFileCode::WindowsText);
   EXPECT_TRUE(messages.Shown.empty());
 }
 

@@ -9,7 +9,6 @@
 #include "sources/questions.h"
 #include "tests/fakes/fake_yielder.h"
 #include "tests/wordlists/list_world.h"
-#include "wordlists/comment_stripper.h"
 #include "wordlists/load_word_filters.h"
 
 namespace korv {
@@ -191,14 +190,27 @@ TEST(ReadWords, EveryFailureOfTheDiskIsReportedAndLeavesTheListInForce) {
       EXPECT_TRUE(loaded);
       break;
     }
-    if (loaded) {
-      // The size of a file is asked for messages only.
-      EXPECT_THAT(list.Words, ElementsAre("word"));
-    } else {
-      EXPECT_EQ(world.Messages.Shown.size(), 1u) << call;
-      EXPECT_THAT(list.Words, ElementsAre("kept")) << call;
+    EXPECT_FALSE(loaded) << call;
+    EXPECT_EQ(world.Messages.Shown.size(), 1u) << call;
+    EXPECT_THAT(list.Words, ElementsAre("kept")) << call;
+  }
+}
+
+TEST(ReadWords, OpensItsFileOnceEvenToRefuseIt) {
+  for (const char* content : {"words\r\n", "abc", "words\x01"}) {
+    for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) {
+      ListWorld world;
+      world.Read(content, kind);
+      EXPECT_EQ(world.Files.Openings(), 1) << content;
     }
   }
+}
+
+TEST(ReadWords, TakesALineWithoutBlanksInPieces) {
+  ListWorld world;
+  std::string content = "one,";
+  while (content.size() < 3'000'000) content += "two,three,";
+  EXPECT_THAT(world.Read("\t " + content + "four").Words, ElementsAre("one", "two", "three", "four"));
 }
 
 TEST(ReadWords, AFileThatBreaksOffWhileItIsReadIsReportedAsAnError) {
@@ -277,21 +289,6 @@ TEST(ReadWords, WarnsOfCountOnlyEntriesThatNoWordCanMatch) {
             "The character '.' occurs in the count-only word\r\nU.S. army\r\n"
             "but is not currently set as a character allowed in a word.");
   EXPECT_TRUE(world.Messages.Only().Addition.starts_with("File: "));
-}
-
-TEST(CommentStripper, ReplacesEveryCommentByOneBlank) {
-  struct LineCase {
-    const char* Line;
-    const char* Stripped;
-  };
-  // In order: a comment goes on from line to line.
-  const LineCase cases[] = {
-      {"plain", "plain"}, {"a/*b*/c", "a c"}, {"a//b", "a "}, {"//", " "},
-      {"/**/", " "},      {"/*/", " "},       {"b", " "},     {"*/c", " c"},
-      {"a/*b//c", "a "},  {"*///d", "  "},    {"", ""},       {"a / b * c", "a / b * c"},
-  };
-  CommentStripper stripper;
-  for (const LineCase& c : cases) EXPECT_EQ(stripper.Strip(c.Line), c.Stripped) << c.Line;
 }
 
 TEST(LoadWordFilters, PutsFilesAndTypedTextTogether) {
