@@ -11,7 +11,7 @@
 #include "platform/messages.h"
 #include "platform/program_text.h"
 #include "report/list_words.h"
-#include "report/output_box.h"
+#include "report/text_output.h"
 
 namespace korv {
 

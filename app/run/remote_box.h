@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/loop_calls.h"
-#include "report/output_box.h"
+#include "report/text_output.h"
 
 namespace korv {
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "app/run/output_box.h"
 #include "app/run/result_notes.h"
 #include "app/run/run.h"
 #include "app/run/run_clock.h"
@@ -25,7 +26,6 @@
 #include "engine/counting/run_options.h"
 #include "report/error_text.h"
 #include "report/list_words.h"
-#include "report/output_box.h"
 #include "report/output_file.h"
 #include "report/report_options.h"
 #include "sources/detect/encoding_choice.h"

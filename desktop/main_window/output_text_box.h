@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "report/output_box.h"
+#include "app/run/output_box.h"
 
 class QPlainTextEdit;
 

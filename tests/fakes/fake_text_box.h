@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "app/run/output_box.h"
 #include "engine/text/unicode.h"
-#include "report/output_box.h"
 
 namespace korv {
 

@@ -9,7 +9,7 @@
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
-#include "tests/fakes/fake_text_box.h"
+#include "tests/fakes/fake_text_output.h"
 #include "tests/fakes/fake_yielder.h"
 #include "tests/report/report_world.h"
 
@@ -29,8 +29,7 @@ struct FileListing : testing::Test {
 
   FakeFiles Files;
   FakeMessages Messages;
-  FakeTextBox Text;
-  OutputBox Box{Text};
+  FakeTextOutput Box;
   AdviceTexts Advice;
   FileListingServices Services{Files, Messages, &Advice, &Box};
   ReportWorld World = ReportWorld::Of({{"the cat", 2}, {"a dog", 3}});
@@ -43,7 +42,7 @@ TEST_F(FileListing, TheFileGetsTheReportAndTheBoxAMessage) {
   EXPECT_EQ(result.List.Outcome, ListOutcome::Listed);
   EXPECT_EQ(Files.Content("/out/report.txt"), TextOf(World.View(), kFileForm));
   EXPECT_EQ(result.Bytes, Files.Content("/out/report.txt").value_or("").size());
-  EXPECT_EQ(Text.Text, "Now writing to output file . . .\r\n2 phrases were written to " +
+  EXPECT_EQ(Box.Text, "Now writing to output file . . .\r\n2 phrases were written to " +
                            PathToText("/out/report.txt") + ".\r\n");
   EXPECT_TRUE(Messages.Shown.empty());
 }
@@ -145,7 +144,7 @@ TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFarWhereThereWasNoFile) {
   EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
   EXPECT_TRUE(Files.Content("/out/report.txt").value_or("").ends_with("1\t3\ta dog\t\r\n"));
   EXPECT_TRUE(
-      Text.Text.ends_with("\r\nOutput to file was terminated.\r\n"
+      Box.Text.ends_with("\r\nOutput to file was terminated.\r\n"
                           "The output file holds only the first phrase of the list."));
 }
 
@@ -157,7 +156,7 @@ TEST_F(FileListing, AStopKeepsTheOldFileHoweverMuchWasWritten) {
     EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
     EXPECT_FALSE(result.Written);
     EXPECT_EQ(Files.Content("/out/report.txt"), "what was there");
-    EXPECT_TRUE(Text.Text.ends_with("\r\nOutput to file was terminated.\r\nThe output file is as it was."));
+    EXPECT_TRUE(Box.Text.ends_with("\r\nOutput to file was terminated.\r\nThe output file is as it was."));
   }
 }
 

@@ -1,4 +1,4 @@
-#include "report/output_box.h"
+#include "app/run/output_box.h"
 
 #include <gtest/gtest.h>
 
