@@ -61,10 +61,10 @@ bool Workspace::HasWordsToIgnore() const {
 
 RunRequest Workspace::RequestOfNow() const {
   RunRequest request = RunRequestOf(settings_);
-  request.Lists = MakeWordFilterSpec(LoadedOf(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
-                                     settings_.PatternMatchingInWordsToIgnoreFile,
-                                     LoadedOf(ListKind::CountOnly), TypedOf(ListKind::CountOnly),
-                                     settings_.Words);
+  request.Lists =
+      MakeWordFilterSpec(LoadedOf(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
+                         settings_.PatternMatchingInWordsToIgnoreFile, LoadedOf(ListKind::CountOnly),
+                         TypedOf(ListKind::CountOnly), settings_.Words);
   return request;
 }
 

@@ -30,9 +30,9 @@ class Workspace {
   Workspace(const Workspace&) = delete;
   Workspace& operator=(const Workspace&) = delete;
 
-  /// For as long as this lives. They are called in the order in which they came, after the change is made, once
-  /// for everything that it changed, and not where it changed nothing. A listener may change settings itself:
-  /// everyone hears of that at once.
+  /// For as long as this lives. They are called in the order in which they came, after the change is made,
+  /// once for everything that it changed, and not where it changed nothing. A listener may change settings
+  /// itself: everyone hears of that at once.
   void OnChange(Listener listener) { listeners_.push_back(std::move(listener)); }
 
   // ---- Settings

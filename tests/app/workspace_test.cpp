@@ -83,7 +83,8 @@ TEST_F(WorkspaceTest, KeepsTheFilesOfWordsToIgnoreAsASetting) {
   EXPECT_EQ(workspace.Current().SelectedWordsFile, 0);
   EXPECT_THAT(heard, ElementsAre(std::pair(Named({"WordsFiles"}), ChangedBy::User)));
   workspace.Change(ChangedBy::Program, AllChanged());
-  EXPECT_THAT(workspace.FilesOf(ListKind::WordsToIgnore).Paths(), ElementsAre("/lists/one.txt", "/lists/two.txt"));
+  EXPECT_THAT(workspace.FilesOf(ListKind::WordsToIgnore).Paths(),
+              ElementsAre("/lists/one.txt", "/lists/two.txt"));
   EXPECT_EQ(workspace.FilesOf(ListKind::WordsToIgnore).SelectedPath(), "/lists/two.txt");
 }
 

@@ -68,11 +68,6 @@ class Boxes final : public QObject {
   std::deque<Expected> expected_;
 };
 
-class SteadyClock final : public Clock {
- public:
-  std::chrono::steady_clock::time_point Now() const override { return std::chrono::steady_clock::now(); }
-};
-
 /// Western European, under the name by which this system knows it.
 std::unique_ptr<CodePage> WesternEuropean() {
   auto page = CodePageOfName("1252");
@@ -101,7 +96,7 @@ class Story : public WindowTest {
   QtMessages realMessages{*store, SilenceRules()};
   QtClipboard realClipboard;
   std::unique_ptr<Launcher> realLauncher = MakeDesktopLauncher();
-  SteadyClock realClock;
+  SystemClock realClock;
   std::unique_ptr<CodePage> codePage = WesternEuropean();
   Boxes boxes;
 };

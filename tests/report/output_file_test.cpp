@@ -43,7 +43,7 @@ TEST_F(FileListing, TheFileGetsTheReportAndTheBoxAMessage) {
   EXPECT_EQ(Files.Content("/out/report.txt"), TextOf(World.View(), kFileForm));
   EXPECT_EQ(result.Bytes, Files.Content("/out/report.txt").value_or("").size());
   EXPECT_EQ(Box.Text, "Now writing to output file . . .\r\n2 phrases were written to " +
-                           PathToText("/out/report.txt") + ".\r\n");
+                          PathToText("/out/report.txt") + ".\r\n");
   EXPECT_TRUE(Messages.Shown.empty());
 }
 
@@ -145,7 +145,7 @@ TEST_F(FileListing, AStopKeepsTheLinesWrittenSoFarWhereThereWasNoFile) {
   EXPECT_TRUE(Files.Content("/out/report.txt").value_or("").ends_with("1\t3\ta dog\t\r\n"));
   EXPECT_TRUE(
       Box.Text.ends_with("\r\nOutput to file was terminated.\r\n"
-                          "The output file holds only the first phrase of the list."));
+                         "The output file holds only the first phrase of the list."));
 }
 
 TEST_F(FileListing, AStopKeepsTheOldFileHoweverMuchWasWritten) {

@@ -15,22 +15,11 @@
 #include "platform/files.h"
 #include "report/report_rules.h"
 #include "tests/fakes/fake_messages.h"
+#include "tests/fakes/fake_observer.h"
 #include "tests/report/report_world.h"
 
 namespace korv {
 namespace {
-
-class NoView final : public RunObserver {
- public:
-  void Status(const std::string&) override {}
-  void Notice(const std::string&) override {}
-  void ClearOutput() override {}
-  void InputFile(const std::string&) override {}
-  void Sizes(const std::string&, const std::string&) override {}
-  void FileKind(const std::string&) override {}
-  void TextProgress(const std::string&) override {}
-  std::optional<std::string> ChooseOutputFile() override { return std::nullopt; }
-};
 
 /// The texts as the tree has them, under the relative name that reports show.
 class Golden : public testing::Test {
@@ -53,7 +42,7 @@ class Golden : public testing::Test {
     const SystemClock clock;
     EncodingChooser encodings(EncodingChoice::Utf8);
     NoYielder yielder;
-    NoView view;
+    FakeObserver observer;
     RunProgress progress;
     ASSERT_EQ(RunCount(request,
                        {.Messages = messages_,
@@ -62,7 +51,7 @@ class Golden : public testing::Test {
                         .Clock = clock,
                         .Numbers = numbers_,
                         .Encodings = encodings,
-                        .View = view,
+                        .View = observer,
                         .Progress = progress},
                        run_),
               RunEnd::Counted);
