@@ -73,7 +73,7 @@ TEST(OutputToTxb, AFullBoxTellsHowFarARunningCountHasCome) {
 
 ReportWorld ManyPhrases(int phrases) {
   ReportWorld world;
-  for (int i = 0; i < phrases; ++i) world.Table.AddWordToList("phrase number" + std::to_string(100000 + i));
+  for (int i = 0; i < phrases; ++i) world.Say("phrase number" + std::to_string(100000 + i));
   world.Finish();
   world.Options.DisplayFormat = 8;
   return world;

@@ -17,15 +17,12 @@ ReportWorld World(int displayFormat) {
   world.Facts.Options.MinFrequency = 2;
   world.Facts.InputPath = "texts";
   world.Facts.FilesScanned = 8;
-  const auto add = [&](const char* phrase, int times) {
-    for (int i = 0; i < times; ++i) world.Table.AddWordToList(phrase);
-  };
-  world.Table.BeginFile(std::filesystem::path("texts") / "a.txt");
-  add("one two", 6);
-  for (const char* once : {"z a", "z b", "z c", "z d", "z e", "z f", "z g", "z h", "z i"}) add(once, 1);
-  world.Table.BeginFile(std::filesystem::path("texts") / "sub" / "b.txt");
-  add("one two", 3);
-  add("café is on", 2);
+  world.BeginFile(std::filesystem::path("texts") / "a.txt");
+  world.Say("one two", 6);
+  for (const char* once : {"z a", "z b", "z c", "z d", "z e"}) world.Say(once);
+  world.BeginFile(std::filesystem::path("texts") / "sub" / "b.txt");
+  world.Say("one two", 3);
+  world.Say("café is on", 2);
   world.Finish();
   world.Options.DisplayFormat = displayFormat;
   return world;
@@ -213,10 +210,11 @@ TEST(Formats, FilesAndTheirFrequencyAreAlignedAsOneCell) {
 TEST(Formats, FileFrequencyIsSinglePrecision) {
   // Double precision would give 0.037.
   ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
   world.Facts.FilesScanned = 80;
   for (const char* file : {"a", "b", "c"}) {
-    world.Table.BeginFile(file);
-    world.Table.AddWordToList("a b");
+    world.BeginFile(file);
+    world.Say("a b");
   }
   world.Finish();
   world.Options = {.DisplayFormat = 10, .SortByNumberOfFiles = true};

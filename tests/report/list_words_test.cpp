@@ -26,8 +26,8 @@ ReportWorld FolderWorld() {
   world.Facts.FilesScanned = 3;
   world.Facts.FoldersScanned = 2;
   const auto add = [&](const char* path, std::initializer_list<const char*> phrases) {
-    world.Table.BeginFile(std::filesystem::path("texts") / path);
-    for (const char* phrase : phrases) world.Table.AddWordToList(phrase);
+    world.BeginFile(std::filesystem::path("texts") / path);
+    for (const char* phrase : phrases) world.Say(phrase);
   };
   add("a.txt", {"the cat", "a dog", "a dog", "a dog"});
   add("empty.txt", {});
@@ -56,7 +56,7 @@ TEST(ListWords, AlphabeticallyRanksStayThoseOfTheFrequency) {
 }
 
 TEST(ListWords, UnlistedPhrasesDoNotAppear) {
-  ReportWorld world = ReportWorld::Of({{"the cat", 9}, {"a dog", 1}, {"cat sat here", 2}, {"cat sat", 2}});
+  ReportWorld world = ReportWorld::Of({{"the cat", 9}, {"a dog", 1}, {"cat sat here", 2}});
   world.Facts.Options.MinFrequency = 2;
   world.Finish();
   world.Options.DisplayFormat = 7;

@@ -65,7 +65,7 @@ TEST_F(FileListing, TheFileIsInTheCodePageOfTheSystem) {
 
 TEST_F(FileListing, EveryLineOfALongListIsWritten) {
   World = ReportWorld();
-  for (int i = 0; i < 100000; ++i) World.Table.AddWordToList("phrase number" + std::to_string(100000 + i));
+  for (int i = 0; i < 100000; ++i) World.Say("phrase number" + std::to_string(100000 + i));
   World.Finish();
   World.Options.DisplayFormat = 8;
   Files.AddFolder("/out");

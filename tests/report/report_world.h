@@ -1,35 +1,53 @@
 #pragma once
 
+#include <filesystem>
 #include <initializer_list>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/yielder.h"
+#include "engine/corpus/corpus_builder.h"
 #include "engine/counting/count_phrases.h"
 #include "engine/counting/phrase_table.h"
+#include "engine/counting/word_filters.h"
 #include "report/list_words.h"
 
 namespace korv {
 
-/// A counted table and what belongs to it, to be listed in every way.
+/// A counted run and what belongs to it, to be listed in every way. Its text is said phrase by phrase, with a
+/// phrase end behind each, and counted as that of any run: under the options in `Facts`, which are set first.
 struct ReportWorld {
   struct Occurrences {
     const char* Phrase;
     int Count;
   };
 
-  /// Phrases without files.
+  /// A text without a path.
   static ReportWorld Of(std::initializer_list<Occurrences> phrases) {
     ReportWorld world;
-    for (const Occurrences& o : phrases)
-      for (int i = 0; i < o.Count; ++i) world.Table.AddWordToList(o.Phrase);
+    for (const Occurrences& o : phrases) world.Say(o.Phrase, o.Count);
     world.Finish();
     return world;
   }
 
+  /// What is said from here on stands in the file `path`.
+  void BeginFile(std::filesystem::path path) { texts_.push_back({std::move(path), {}}); }
+  void Say(std::string phrase, int times = 1) {
+    if (texts_.empty()) BeginFile({});
+    texts_.back().Phrases.insert(texts_.back().Phrases.end(), static_cast<size_t>(times), std::move(phrase));
+  }
+
+  /// Counts what was said, once. Lists by the frequency and the order that hold now, each time.
   void Finish(ChainOrder order = ChainOrder::ByCount) {
     NoYielder yielder;
+    if (!texts_.empty()) {
+      TakeText(Read(), Table);
+      texts_.clear();
+      CountPhrases(Table, yielder);
+    }
     SortPhrases(Table, yielder);
     ListByFrequency(Table, Facts.Options.MinFrequency);
     ExcludeRedundantSubphrases(Table, yielder);
@@ -48,6 +66,30 @@ struct ReportWorld {
   }();
   ReportOptions Options;
   NumberFormat Numbers;
+
+ private:
+  struct SaidText {
+    std::filesystem::path Path;
+    std::vector<std::string> Phrases;
+  };
+
+  CorpusBuilder Read() const {
+    static const WordFilters kNoLists;
+    WordRules rules;
+    rules.IgnoreShortWords = false;
+    CorpusBuilder builder(rules, Facts.Options, kNoLists);
+    for (const SaidText& text : texts_) {
+      builder.BeginSource(text.Path);
+      for (const std::string& phrase : text.Phrases) {
+        std::istringstream words(phrase);
+        for (std::string word; words >> word;) builder.TakeWord(word);
+        builder.ResetPhrases();
+      }
+    }
+    return builder;
+  }
+
+  std::vector<SaidText> texts_;
 };
 
 /// Keeps the pieces; may refuse from some piece on.

@@ -80,8 +80,8 @@ TEST(Tables, AreTheDefaultColumnsWhateverTheFormat) {
   world.Options = {.DisplayFormat = 9, .RelativeFrequency = true};
   EXPECT_EQ(Listed(world),
             "rank\tphrase\tfrequency\tper_million\twords\tcharacters\tfiles\tfirst_file\n"
-            "1\tthe cat\t3\t375000\t2\t7\t1\t\n"
-            "2\ta dog now\t1\t125000\t3\t9\t1\t\n");
+            "1\tthe cat\t3\t375000\t2\t7\t1\t-\n"
+            "2\ta dog now\t1\t125000\t3\t9\t1\t-\n");
 }
 
 TEST(Tables, FollowOrderAndFilterWithoutANotice) {
