@@ -20,10 +20,10 @@ std::string_view NameOfOne(ListKind kind);
 std::string LoadedLabel(ListKind kind, size_t count);
 /// The caption of the button that adds a file, with the number of files in the list.
 std::string FilesButtonCaption(ListKind kind, size_t files);
-/// What the list of files says while nothing of it is selected: how to get a file into it.
+/// The hint in the list of files while no file is selected: how to add a file.
 std::string FilesListHint(ListKind kind);
-/// What a list consists of at present: the words of the file named `file` (empty: of none) and `typed` extra
-/// entries.
+/// The label that says what a list consists of: the words of the file named `file` (empty for no file) and
+/// `typed` extra entries.
 std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed);
 /// Title and filter of the dialog that asks for a list file.
 std::string_view SelectFileTitle(ListKind kind);
@@ -32,8 +32,8 @@ inline constexpr std::string_view kListFileFilter = "Any text file (*.*) | *.*";
 /// What stands in the text box while a list is read.
 std::string_view ReadingNotice(ListKind kind);
 
-/// What the main window says of words to ignore: nothing where `mode` lets every phrase pass, else whether
-/// a list is in force.
+/// The notice about words to ignore: empty where `mode` lets every phrase pass, else whether a list is in
+/// force.
 std::string_view SetWordsToIgnoreNotice(IgnoreRule mode, bool inForce);
 
 }  // namespace korv

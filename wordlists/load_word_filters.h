@@ -10,7 +10,7 @@
 
 namespace korv {
 
-/// What the user asks for in the way of lists.
+/// The list files and list entries that the user chose.
 struct ListRequest {
   std::optional<std::filesystem::path> IgnoreFile;
   std::string IgnoreWords;  ///< As typed, separated by blanks.

@@ -24,11 +24,13 @@ struct ListReading {
 
 /// Reads a list file into `list`. A file of words to ignore is cut into words like the text that is counted,
 /// with "~" and "?" among the characters of words; a count-only file has one entry a line. C comments are
-/// left out of both. False when the file cannot be read: the user has been told, `list` is as it was.
+/// left out of both. False when the file cannot be read; the user has been told then, and `list` is
+/// unchanged.
 bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind, const WordRules& rules,
                WordList& list);
 
-/// ReadWords for a file that may be gone; says so. `stateLabel` is set when the list was loaded.
+/// The same for a file that may be gone, which is told with a message. `stateLabel` is set when the list was
+/// loaded.
 bool AttemptToReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind,
                         const WordRules& rules, WordList& list, std::string& stateLabel);
 

@@ -10,8 +10,8 @@
 
 namespace korv {
 
-/// Text typed by the user as lists need it: well-formed UTF-8 in NFC, typographic quotes replaced, and
-/// outside angle brackets tabs and line ends as blanks.
+/// Typed text in the form that lists use: well-formed UTF-8 in NFC with typographic quotes replaced. Tabs and
+/// line ends outside angle brackets become blanks.
 std::string NormaliseTypedText(std::string_view typed);
 
 /// The entries of typed text: words to ignore are separated by blanks, count-only entries by comma and
@@ -20,12 +20,12 @@ std::vector<std::string> SplitTypedEntries(ListKind kind, std::string_view typed
 
 /// Looks at the typed entries outside angle brackets and shows a message for the first fault: a character
 /// that the rules do not let into a word, a comma where none belongs, a "^" that hints at a forgotten
-/// bracket. Whether there was none; the text is used as typed in any case.
+/// bracket. True if there was none. The text is used as typed in any case.
 bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRules& rules,
                             Messages& messages);
 
 /// The first character of a list entry, outside angle brackets, that could stand in no word under `rules`;
-/// empty when there is none. Blanks and wildcards are none.
+/// empty when there is none. Blanks and wildcards are allowed everywhere.
 std::string CheckForNonAlphaNumeric(std::string_view entry, const WordRules& rules);
 
 }  // namespace korv

@@ -43,11 +43,11 @@ class SourceReader {
   EncodingPlan EncodingOf(const std::filesystem::path& path, const DocumentText& text);
   /// False.
   bool Refuse(const std::filesystem::path& path, const DocumentRefusal& refusal, Alone alone);
-  /// Tells now, and keeps it for the report.
+  /// Shows a notice, and keeps it for the report.
   void Note(const std::string& text);
   /// Counts how texts were read, for the report.
   void Tally(const TextSummary& summary);
-  /// Tells of the first failure, and notes the others.
+  /// Shows a message about the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
   bool CommentMarkersAreSafe(const ReadPlan& plan) const;
 

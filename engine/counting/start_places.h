@@ -21,8 +21,8 @@ namespace korv {
 struct StartPlaces {
   ZeroedArray<uint8_t> MostWords;  ///< Per token: most words of a phrase that starts there.
   RawVector<Place> Places;
-  ZeroedArray<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
-  ZeroedArray<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.
+  std::vector<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
+  std::vector<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.
   /// Occurrences that would count but for kMostPhraseCharacters. Not told with entries for whole phrases.
   uint64_t LongPhrases = 0;
   std::vector<uint8_t> SourceHasPhrase;  ///< Per source. Not told with entries for whole phrases.

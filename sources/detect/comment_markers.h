@@ -11,7 +11,7 @@ struct MarkerPair {
   std::string_view End;
 };
 
-/// What tells the regions of a text that are no prose.
+/// The language of a text, which says which of its regions are no prose.
 enum class MarkupLanguage {
   None,
   C,
@@ -20,13 +20,13 @@ enum class MarkupLanguage {
   Php,  ///< HTML with programs in it.
 };
 
-/// Whether text of a language is cut into tags and text, so that the delimiters of CDATA are no text either.
+/// Whether a language has tags. The delimiters of CDATA are no text in it either.
 constexpr bool IsMarkup(MarkupLanguage language) {
   return language == MarkupLanguage::Xml || language == MarkupLanguage::Html ||
          language == MarkupLanguage::Php;
 }
 
-/// Whether text of a language may hold comments of programs (see CommentMarkersOK).
+/// Whether a language has comments of programs (see CommentMarkersOK).
 constexpr bool HoldsProgramComments(MarkupLanguage language) {
   return language == MarkupLanguage::C || language == MarkupLanguage::Php;
 }
@@ -42,12 +42,13 @@ struct CommentMarkers {
 
 /// Fills the table for a language; None clears it. Leaves blnCharacterEntitiesPossible as it is.
 void SetCommentMarkers(CommentMarkers& markers, MarkupLanguage language);
-/// By the lower-cased extension without its dot. Always true.
+/// Chooses the language by the lower-cased extension without its dot, and fills the table. Always returns
+/// true.
 bool SetMarkupLanguageFromExtension(CommentMarkers& markers, std::string_view extension);
-/// Those of files with that extension, lower-cased and without its dot.
+/// The table for files with an extension, lower-cased and without its dot.
 CommentMarkers MarkersOfExtension(std::string_view extension);
 
-/// No region and no entity: each word stands for itself, wherever a line is parted.
+/// Whether the text has neither regions nor entities, so that it may be read from any word on.
 inline bool IsPlainText(const CommentMarkers& markers) {
   return markers.intNumCommentMarkers == 0 && !markers.blnCharacterEntitiesPossible;
 }

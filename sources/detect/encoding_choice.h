@@ -12,8 +12,8 @@ namespace korv {
 
 enum class EncodingChoice {
   Auto,  ///< As classified; text that nothing tells the encoding of and that looks like UTF-8 is asked about.
-  Utf8,  ///< Every text file is UTF-8, whatever its signature says.
-  Ansi,  ///< Every text file is ANSI, whatever its signature says.
+  Utf8,  ///< Every text file is read as UTF-8. Signatures are not asked.
+  Ansi,  ///< Every text file is read as ANSI. Signatures are not asked.
 };
 
 /// Decides how text files are decoded, and remembers the answers: one per path while the program runs, and

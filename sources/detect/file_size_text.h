@@ -8,8 +8,8 @@
 
 namespace korv {
 
-/// The size of a file as FormatByteCount() gives it; empty for an empty path and for a file that has no size
-/// to tell.
+/// The size of a file as FormatByteCount() gives it. Empty for an empty path, and for pipes and devices,
+/// which have no size.
 std::string FormatFileSize(const FileSystem& files, const std::filesystem::path& path,
                            const NumberFormat& format);
 

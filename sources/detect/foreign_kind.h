@@ -5,11 +5,12 @@
 
 namespace korv {
 
-/// Of a file that is refused as text: what it is and what to do, as a line below the refusal; empty where its
-/// beginning tells nothing. A few hundred bytes are enough, a zip archive tells more in 16 KB.
+/// A line to show below the refusal of a file that is no text: what the file is, by its beginning `head`, and
+/// what the user can do. Empty for an unknown kind. A few hundred bytes are enough, but zip archives need 16
+/// KB.
 std::string ForeignKindAdvice(std::string_view head);
 
-/// The same of a file that was to be a list of words.
+/// The same for a file that should have been a list of words.
 std::string ForeignListAdvice(std::string_view head);
 
 }  // namespace korv

@@ -16,25 +16,25 @@ enum class InputFileCode : int16_t {
   InvalidSpecification = 1,  ///< Ends with a separator. The caller empties the input box.
   NotFound = 2,
   NotSpecifiedOrEmpty = 3,  ///< No path, or a file of no length.
-  SameAsOutput = 4,         ///< Under whatever name.
+  SameAsOutput = 4,         ///< Both names may differ; the file is the same.
 };
 
-/// A source's text of more characters is not taken from the clipboard.
+/// The longest text that is taken from the clipboard, in characters.
 inline constexpr int64_t kClipboardLimit = 100000;
-/// From this length on a single file without an output file is asked about.
+/// The size in bytes from which on a single file without an output file is asked about.
 inline constexpr uint64_t kLargeInputBytes = 200001;
-/// Of a text without an end, such as standard input, this many characters are looked at.
+/// The number of characters that are checked in a text of unknown length, such as standard input.
 inline constexpr size_t kLookedAtCharacters = 16384;
 
-/// Without the blanks around it.
+/// The path without the blanks around it.
 std::string TrimmedPath(std::string_view path);
-/// Trimmed, and without separators at its end ("/" and "C:\" stay).
+/// The path without the blanks around it and without separators at its end. "/" and "C:\" stay.
 std::string TrimmedFolderPath(std::string_view path);
 
-/// Paths are trimmed here; an empty `outputPath` is none.
+/// Checks the path of a single input file. Trims both paths. An empty `outputPath` means no output file.
 InputFileCode ValidateInputFile(const FileSystem& files, std::string_view inputPath,
                                 std::string_view outputPath);
-/// Shows nothing for Valid.
+/// Shows the message for a code; nothing for Valid.
 void ShowInputFileError(Messages& messages, InputFileCode code, std::string_view inputPath);
 
 /// Whether the folder source may be counted; if not, the user has been told why.
@@ -56,9 +56,9 @@ bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string
 /// Refuses a text above the limit with a message. An empty text passes: the run reports it.
 bool CheckClipboardText(std::string_view text, Messages& messages, const NumberFormat& format,
                         int64_t limit = kClipboardLimit);
-/// Whether there is any text and it is words: at most 1 % control characters (line ends, tabs, form feeds
-/// and backspaces aside) and at least one letter among the first `characters`. If not, says so of `place`;
-/// `addition` is a line below what is said of other text than words.
+/// Whether the text consists of words: among its first `characters` there is at least one letter, and at most
+/// 1 % of them are control characters other than line ends, tabs, form feeds and backspaces. If not, shows a
+/// message that names `place`. `addition` is a line below the message for text that is no words.
 bool CheckNaturalLanguage(std::string_view text, Messages& messages,
                           size_t characters = std::string_view::npos,
                           std::string_view place = "the clipboard", std::string addition = {});

@@ -29,11 +29,11 @@ void WarnAboutDocPattern(std::string_view typed, Messages& messages);
 
 /// Whether an extension (lower-cased, without its dot) is of a type that is never scanned.
 bool IsRefusedExtension(std::string_view extension);
-/// By the name alone, without regard to case: its extension is not refused, no exclusion occurs in it, and a
-/// pattern matches it. Takes a path or a name.
+/// Whether a file is wanted, by its name alone and without regard to case: its extension is not refused, no
+/// exclusion occurs in the name, and a pattern matches it. `filePath` may be a path or a name.
 bool FileIsWanted(const FileSelection& selection, std::string_view filePath);
 /// Whether `name` matches: "*" is any run of characters, "?" any one. Both lower-cased already.
-/// Takes time in proportion to the product of the lengths at worst.
+/// Costs at worst the product of both lengths.
 bool MatchesWildcards(std::string_view name, std::string_view pattern);
 
 }  // namespace korv

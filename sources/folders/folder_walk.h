@@ -23,7 +23,7 @@ struct FolderTotals {
   bool Stopped = false;  ///< The user stopped it before its end.
 };
 
-/// What a walk tells while it is on. Each may be empty.
+/// Functions that a walk calls while it goes on. Each may be empty.
 struct FolderEvents {
   /// A wanted file, in order: the chosen folder's path as given, then the names below it.
   std::function<void(const std::filesystem::path&)> Wanted;
@@ -43,9 +43,8 @@ enum class WalkMode {
 /// Walks a folder: files by name, then subfolders by name, both by character code of the lower-cased name,
 /// then of the name. Recycle bins, folders named "extracted_text" and links to folders are not entered.
 ///
-/// Holds the names of one folder per depth and nothing of what it has passed. The disk may change meanwhile:
-/// a folder that has vanished is told of as unreadable, and whoever opens a wanted file finds out whether it
-/// is still there.
+/// Holds the names of one folder for each level of depth. The disk may change during a walk: a folder that
+/// has vanished is reported as unreadable, and a wanted file may be gone when it is opened.
 class FolderWalk {
  public:
   FolderWalk(FileSystem& files, Yielder& yielder, FileSelection selection, bool includeSubfolders);
@@ -78,7 +77,7 @@ std::string WillBeScannedText(uint64_t count, const NumberFormat& format);
 /// "Stopped while counting files (so far: 12)."
 std::string StoppedCountingText(uint64_t count);
 
-/// What the user is told of a folder that could not be read, without a line break.
+/// The notice about a folder that could not be read, without a line break.
 std::string UnreadableFolderText(const std::filesystem::path& path, const FileError& error);
 
 }  // namespace korv

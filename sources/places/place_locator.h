@@ -33,10 +33,11 @@ enum class PlaceFault {
 /// Leads from the places of a run back to its files, which are read again from the nearest anchor on. Needs a
 /// run that kept places.
 ///
-/// Costs, for places in ascending order: about one reading of what lies between the first and the last, parts
-/// without places left out from some 256 words on; for a single place the reading of some 256 words, in text
-/// of longer lines that of a line, of a piece where it is plain text. A document is extracted anew when the
-/// text before was another. Holds the lines that the words around a place come from, and a document's text.
+/// A single place costs the reading of some 256 words; in text with longer lines the reading of a line, or,
+/// in plain text, of a piece of it. Places in ascending order cost together about one reading of what lies
+/// between the first and the last; parts of more than some 256 words without a place are skipped. A document
+/// is extracted again when the place before was in another text. Holds the lines around a place, and the text
+/// of one document.
 class PlaceLocator {
  public:
   /// `text`: that of the source without a path, from its first byte behind a signature; empty where it was

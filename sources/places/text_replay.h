@@ -33,8 +33,8 @@ struct ReplayedLine {
 };
 
 /// Reads a text of a finished run once more from an anchor on: the same lines, cut by the same rules, each
-/// word compared with the token that the run has for it. Cost: that of reading, from the anchor to where one
-/// stops.
+/// word compared with the token that the run has for it. Costs as much as
+/// reading the text from the anchor to the last line that is asked for.
 class TextReplay final : private WordSink {
  public:
   /// `source` is an index in corpus.Sources; `reader` stands at the line of `anchor`, of which

@@ -19,13 +19,13 @@ struct ReadProgress {
   Gauge<uint64_t>& Words;      ///< Words taken, of all texts.
 };
 
-/// What is still read after a stop.
+/// How much is still read after a stop.
 enum class AfterStop {
   Nothing,
-  WhatIsThere,  ///< What the text's source had given by then; the source itself ends at a stop.
+  WhatIsThere,  ///< All that the source gives; the source itself ends at a stop.
 };
 
-/// What there is to tell of a text that was read.
+/// How the reading of a text went.
 struct TextSummary {
   korv::ReadAs ReadAs = ReadAs::Ascii;
   uint64_t IllFormed = 0;          ///< Sequences of UTF-8 that became U+FFFD.
@@ -41,8 +41,8 @@ class CorpusReader {
   CorpusReader(const WordRules& rules, CorpusBuilder& corpus, Yielder& yielder, ReadProgress progress)
       : rules_(rules), corpus_(corpus), yielder_(yielder), progress_(progress) {}
 
-  /// Reads a text to its end, or until a stop is requested, line by line. `path`: of its file; empty where it
-  /// is none.
+  /// Reads a text line by line to its end, or until a stop is requested. `path` names its file; it is empty
+  /// for a text that is no file.
   TextSummary Read(const std::filesystem::path& path, DocumentText text, EncodingPlan encoding,
                    AfterStop afterStop = AfterStop::Nothing);
 

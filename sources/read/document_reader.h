@@ -19,7 +19,7 @@
 
 namespace korv {
 
-/// What readers of documents work with. All of it outlives the reading.
+/// The services that readers of documents use. All outlive the reading.
 struct ReadContext {
   FileSystem& Files;
   korv::Messages& Messages;
@@ -36,10 +36,10 @@ struct DocumentText {
   TextFacts Facts;                       ///< Of a file that is itself the text.
   std::optional<TextEncoding> Encoding;  ///< Empty: as the user chooses for files with such Facts.
   CommentMarkers Markers;                ///< Of the regions that are no text.
-  SourceOrigin Origin;                   ///< Whoever reads the text finds out whether it is UTF-8.
+  SourceOrigin Origin;                   ///< IsUtf8 is set when the text has been read.
 };
 
-/// Why a document cannot be read, for a run of this file alone and for a folder's.
+/// Why a document cannot be read, in the words of a run of this file alone and of a folder run.
 struct DocumentRefusal {
   /// Shown in a run of this file alone. Without text where the user knows already.
   std::function<Message(const NumberFormat&)> MessageAlone;
@@ -49,8 +49,8 @@ struct DocumentRefusal {
   std::string_view SkipReason;
 };
 
-/// Reads the documents of one kind: knows them by their names and beginnings, and gets at their text. Has no
-/// state, so that any thread may use it.
+/// Reads the documents of one kind: recognises them by name and beginning, and opens their text. Has no
+/// state; any number of threads may use one reader at once.
 class DocumentReader {
  public:
   DocumentReader() = default;
@@ -64,8 +64,8 @@ class DocumentReader {
   virtual bool TakesBeginning(std::string_view /*head*/) const { return true; }
   /// The regions that are no text in files with that extension.
   virtual CommentMarkers Markers(std::string_view /*extension*/) const { return {}; }
-  /// Gets at the text of a file whose beginning has been read. Shows and asks through `context` what is to be
-  /// told or asked while it works; a refusal itself is only returned.
+  /// Makes the text of a file, whose beginning has been read, ready to be read. Messages and questions of the
+  /// work itself go through `context`; a refusal is only returned.
   virtual Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
                                                        const ReadContext& context) const = 0;
 };

@@ -21,7 +21,7 @@ inline constexpr int32_t kMostDocxBytes = 20971520;
 /// The folder of a document's temporary files.
 inline constexpr std::string_view kProductWord = "Korv";
 
-/// What ExtractDocx returns where it is no size.
+/// The values of ExtractDocx that are no size.
 enum DocxFault : int32_t {
   kDocxNoTemporaryFolder = -1,
   kDocxBadChecksum = -3,
@@ -36,8 +36,9 @@ struct DocxContext {
   korv::Yielder& Yielder;
 };
 
-/// The temporary folder of one document: a folder of the product's name inside a fresh private one. Whatever
-/// is in it is removed by Remove() or by the destructor; a failure to remove is shown once and ends nothing.
+/// The temporary folder of one document: a folder of the product's name inside a fresh private one. Remove()
+/// and the destructor remove it with its contents; a failure to do so is shown once and is no failure of the
+/// reading.
 class DocxTempFolder {
  public:
   explicit DocxTempFolder(DocxContext context) : context_(context) {}
@@ -63,9 +64,9 @@ inline constexpr std::string_view kDocxExtension = "docx";
 bool BeginsAsDocx(std::string_view head);
 
 /// Writes the member "word/document.xml" of the archive, or where it has none the one that its relationships
-/// name as the document, as word/document.xml below `folder`, and nothing else. Never writes more than
-/// kMostDocxBytes + 1 bytes, whatever the archive claims of itself. False where it could not; `fault` then is
-/// kDocxBadChecksum or kDocxNotUnpacked, and what was written may be there.
+/// name as the document, as word/document.xml below `folder`, and nothing else. Writes at most
+/// kMostDocxBytes + 1 bytes, even if the archive claims to hold fewer. False on failure: `fault` is then
+/// kDocxBadChecksum or kDocxNotUnpacked, and a part of the file may have been written.
 bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive,
                       const std::filesystem::path& folder, Yielder& yielder, DocxFault& fault);
 
@@ -74,7 +75,7 @@ void RemoveDocxTempFiles(FileSystem& files, Messages& messages, const std::files
 
 /// Unpacks the document's main part into `temp`. The size of document.xml in bytes, or a DocxFault with
 /// nothing left behind. `archive` is the open file, at any position; null opens `path`. Without `askIfLarge`
-/// nobody is there to answer: a large document is taken, and a missing temporary folder is only returned.
+/// no question is asked and no message shown: a large document is taken.
 int32_t ExtractDocx(const DocxContext& context, const std::filesystem::path& path,
                     std::unique_ptr<InputFile> archive, std::string_view productWord, bool askIfLarge,
                     DocxTempFolder& temp);

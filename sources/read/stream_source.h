@@ -32,7 +32,7 @@ class StreamSource final : public InputFile {
   std::string Beginning() const;
   /// The bytes that ReadHead() has read, as they are.
   std::string_view Head() const { return head_; }
-  /// How the text is to be read. Nobody is asked: what looks like UTF-8 is.
+  /// How the text is to be read. The user is not asked: a text that looks like UTF-8 is read as UTF-8.
   EncodingPlan Encoding() const;
   /// The bytes that ReadHead() has read; the object reads on behind them.
   std::string TakeHead();

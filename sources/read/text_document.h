@@ -6,7 +6,7 @@
 
 namespace korv {
 
-/// Opens a file that is itself text, with regions between `markers` that are none.
+/// Opens a file that is itself text. The regions between `markers` are left out of the words.
 Expected<DocumentText, DocumentRefusal> OpenTextDocument(const std::filesystem::path& path, OpenedText opened,
                                                          const CommentMarkers& markers);
 

@@ -12,7 +12,7 @@
 
 namespace korv {
 
-/// From so many bytes on a line is a long one.
+/// The length in bytes from which on a line is a long one.
 inline constexpr size_t kLongLine = size_t{1024} * 1024;
 
 /// How long lines are handed out.
@@ -34,11 +34,11 @@ struct EncodingPlan {
   std::function<bool()> ConfirmUtf8;
 };
 
-/// What a reader is given: a text from its beginning, where a signature may stand, or from some line on.
+/// Where the text that a reader is given begins. A signature is removed only from the beginning of a text.
 enum class TextPart { Beginning, Middle };
 
-/// What a text was read as. Ascii: nothing said that it was UTF-8, and no byte above 127 was met, so that
-/// there was nothing to decide.
+/// The encoding in which a text was read. Ascii: the text declares no encoding and has no byte above 127, so
+/// that both encodings read the same.
 enum class ReadAs { Ascii, Ansi, Utf8 };
 
 /// The lines of a text, read in blocks and decoded on the way (see DecodeText), without the line end
@@ -51,7 +51,7 @@ enum class ReadAs { Ascii, Ansi, Utf8 };
 class TextReader {
  public:
   /// `head` is what has been read of the text already; `rest` supplies what follows (null: nothing) and
-  /// must outlive the reader. Tests take shorter lines for long ones.
+  /// must outlive the reader. Lines of `longFrom` bytes and more are long ones; tests use small numbers.
   TextReader(std::string head, InputFile* rest, EncodingPlan encoding, LongLines longLines = LongLines::Whole,
              TextPart part = TextPart::Beginning, size_t longFrom = kLongLine);
   ~TextReader();
@@ -68,14 +68,14 @@ class TextReader {
   std::optional<FileError> Error() const;
   /// The bytes that Line() was decoded from, valid as long.
   std::string_view LineBytes() const;
-  /// Where they begin: bytes from the beginning of what the reader was given.
+  /// The offset of LineBytes() in bytes from the beginning of what the reader was given.
   uint64_t LineOffset() const;
   /// Bytes taken from the source so far, the head among them, for progress.
   uint64_t BytesRead() const;
 
-  /// The two say how the lines handed out so far were decoded.
+  /// How the lines handed out so far were decoded.
   korv::ReadAs ReadAs() const;
-  /// Ill-formed sequences of UTF-8 that became U+FFFD.
+  /// The number of ill-formed sequences of UTF-8 that became U+FFFD so far.
   uint64_t IllFormed() const;
 
  private:

@@ -29,11 +29,11 @@ class WordSink {
 ///
 /// A template over its sink so that the hot loop has no virtual call: line_scanner.cpp instantiates it for
 /// CorpusBuilder (counting) and WordSink (word lists, tests). Allocates nothing per line or word once its
-/// buffers have grown to the longest line that needs cleaning; linear in the line whatever it holds.
+/// buffers have grown to the longest line that needs cleaning. Linear in the line for every line.
 ///
 ///   LineScanner<CorpusBuilder> scanner(rules, markers, stream);
 ///   scanner.BeginSource();
-///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine());
+///   while (reader.NextLine()) scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
 template <typename Sink>
 class LineScanner {
  public:
@@ -72,10 +72,22 @@ class LineScanner {
     kWord = 1,        ///< ASCII character that may stand in a word ...
     kTrimmed = 2,     ///< ... but is cut off its ends.
     kMarker = 4,      ///< May begin a marker.
-    kTerminator = 8,  ///< Ends phrases wherever it stands between words.
+    kTerminator = 8,  ///< Ends phrases anywhere between words.
     kAfterWord = 16,  ///< Ends phrases right after a word.
     kNotAscii = 32,   ///< Part of a longer character.
     kElision = 64,    ///< The apostrophe, where it stands in words only before "s" and "t".
+  };
+
+  /// 64 bytes of the line, sorted by what they can be.
+  struct Window {
+    size_t Begin = kNotSought;  ///< A multiple of 64; the window ends with the line.
+    uint64_t Letters = 0;       ///< A bit for each byte in lane 1, the first lowest ...
+    uint64_t Separators = 0;    ///< ... and for each in lane 2.
+  };
+  /// Places of parentheses, ascending.
+  struct Parentheses {
+    std::vector<size_t> Opening;
+    std::vector<size_t> Closing;
   };
 
   void ClassifyBytes(const WordRules& rules);
@@ -127,17 +139,14 @@ class LineScanner {
   LineCleaner cleaner_;
   std::string kept_;      ///< Cleaned text of this line that could not be scanned before more of it came.
   bool endsLine_ = true;  ///< The line ends with line_.
-  unsigned behindLine_ =
-      0;  ///< What a word that reaches the end of line_ meets there: kWord where it may go on.
+  /// What a word that reaches the end of line_ meets there: kWord where it may go on.
+  unsigned behindLine_ = 0;
   bool undecided_ = false;  ///< What comes behind line_ decides what stands at the place reached.
   std::string_view line_;
   size_t semicolon_ = kNotSought;      ///< The next one from some place of line_ on; npos: there is none.
   size_t semicolonFrom_ = kNotSought;  ///< An "&" from here on is near enough to it (or to what follows).
-  size_t windowBegin_ = kNotSought;    ///< A multiple of 64; the window ends with the line.
-  uint64_t letters_ = 0;               ///< The bytes of the window in lane 1, the first lowest ...
-  uint64_t separators_ = 0;            ///< ... and in lane 2.
-  std::vector<size_t> loneOpening_;    ///< Parentheses of a run without their partner, ascending.
-  std::vector<size_t> loneClosing_;
+  Window window_;
+  Parentheses lone_;  ///< Those of a run that have no partner in it.
 };
 
 }  // namespace korv

@@ -113,7 +113,7 @@ template <typename Sink>
 size_t LineScanner<Sink>::ScanText() {
   textBytes_ += line_.size();
   semicolon_ = kNotSought;
-  windowBegin_ = kNotSought;
+  window_.Begin = kNotSought;
   undecided_ = false;
   size_t at = intWithinComment_ == kOutside ? 0 : PastRegion(0);
   if (undecided_) return at;
@@ -368,16 +368,16 @@ size_t LineScanner<Sink>::WithApostrophe(size_t begin, size_t end) {
 /// Notes the parentheses of a run that have no partner in it, paired by nesting.
 template <typename Sink>
 void LineScanner<Sink>::FindLoneParentheses(size_t begin, size_t end) {
-  loneOpening_.clear();
-  loneClosing_.clear();
+  lone_.Opening.clear();
+  lone_.Closing.clear();
   for (size_t at = begin; at < end; ++at) {
     if (line_[at] == '(') {
-      loneOpening_.push_back(at);
+      lone_.Opening.push_back(at);
     } else if (line_[at] == ')') {
-      if (loneOpening_.empty())
-        loneClosing_.push_back(at);
+      if (lone_.Opening.empty())
+        lone_.Closing.push_back(at);
       else
-        loneOpening_.pop_back();
+        lone_.Opening.pop_back();
     }
   }
 }
@@ -389,8 +389,8 @@ void LineScanner<Sink>::Trim(size_t& begin, size_t& end) {
   FindLoneParentheses(begin, end);
   const auto isParenthesis = [this](size_t at) { return line_[at] == '(' || line_[at] == ')'; };
   const auto isLone = [this](size_t at) {
-    return std::binary_search(loneOpening_.begin(), loneOpening_.end(), at) ||
-           std::binary_search(loneClosing_.begin(), loneClosing_.end(), at);
+    return std::binary_search(lone_.Opening.begin(), lone_.Opening.end(), at) ||
+           std::binary_search(lone_.Closing.begin(), lone_.Closing.end(), at);
   };
   const auto isCut = [&](size_t at) {
     return (ClassAt(at) & kTrimmed) && (!isParenthesis(at) || isLone(at));
@@ -416,26 +416,26 @@ size_t LineScanner<Sink>::TakeRun(size_t begin) {
 /// Sorts the bytes of the window into lanes: a table look-up each, the bits of eight gathered at once.
 template <typename Sink>
 void LineScanner<Sink>::LoadWindow(size_t begin) {
-  windowBegin_ = begin;
-  letters_ = 0;
-  separators_ = 0;
+  window_.Begin = begin;
+  window_.Letters = 0;
+  window_.Separators = 0;
   const size_t size = std::min(line_.size() - begin, line_scanner::kWindow);
   for (size_t eight = 0; eight < size; eight += 8) {
     const size_t count = std::min<size_t>(8, size - eight);
     uint64_t lanes = 0;
     for (size_t k = 0; k < count; ++k)
       lanes |= uint64_t{lanes_[static_cast<unsigned char>(line_[begin + eight + k])]} << (8 * k);
-    letters_ |= line_scanner::GatherLowBits(lanes) << eight;
-    separators_ |= line_scanner::GatherLowBits(lanes >> 1) << eight;
+    window_.Letters |= line_scanner::GatherLowBits(lanes) << eight;
+    window_.Separators |= line_scanner::GatherLowBits(lanes >> 1) << eight;
   }
 }
 
 template <typename Sink>
 size_t LineScanner<Sink>::PastSeparators(size_t at) {
-  for (; at < line_.size(); at = windowBegin_ + line_scanner::kWindow) {
+  for (; at < line_.size(); at = window_.Begin + line_scanner::kWindow) {
     const size_t within = at % line_scanner::kWindow;
-    if (at - within != windowBegin_) LoadWindow(at - within);
-    const uint64_t others = ~separators_ >> within;
+    if (at - within != window_.Begin) LoadWindow(at - within);
+    const uint64_t others = ~window_.Separators >> within;
     if (others != 0) return at + static_cast<size_t>(std::countr_zero(others));
   }
   return at;
@@ -446,10 +446,10 @@ size_t LineScanner<Sink>::PastSeparators(size_t at) {
 template <typename Sink>
 size_t LineScanner<Sink>::PastLetters(size_t at) {
   const size_t enough = at + kMostWordCharacters + 1;
-  for (; at < std::min(line_.size(), enough); at = windowBegin_ + line_scanner::kWindow) {
+  for (; at < std::min(line_.size(), enough); at = window_.Begin + line_scanner::kWindow) {
     const size_t within = at % line_scanner::kWindow;
-    if (at - within != windowBegin_) LoadWindow(at - within);
-    const uint64_t others = ~letters_ >> within;
+    if (at - within != window_.Begin) LoadWindow(at - within);
+    const uint64_t others = ~window_.Letters >> within;
     if (others != 0) return at + static_cast<size_t>(std::countr_zero(others));
   }
   return at;

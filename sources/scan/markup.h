@@ -7,12 +7,12 @@
 
 namespace korv {
 
-/// An entity and what stands for it now, in bytes.
+/// An entity that was replaced. All numbers are bytes.
 struct ReplacedEntity {
-  size_t Begin;     ///< Of what stands for it, in the new text.
-  size_t Size;      ///< Of that.
-  size_t OldBegin;  ///< Of the entity, in the old text.
-  size_t OldSize;   ///< Of the entity.
+  size_t Begin;     ///< Where the replacement begins in the new text.
+  size_t Size;      ///< The length of the replacement.
+  size_t OldBegin;  ///< Where the entity began in the old text.
+  size_t OldSize;   ///< The length of the entity.
 };
 
 /// Replaces the known character entities of a line by the characters they stand for: letters by
@@ -23,15 +23,16 @@ void ReplaceNamedEntities(std::string& text, std::vector<ReplacedEntity>* replac
 /// The same for a line that comes in parts, none of which ends inside a known entity. `open` says whether an
 /// "&" of an earlier part, in the end of this one, waits for its ";"; false at the beginning of a line.
 void ReplaceNamedEntities(std::string& text, bool& open, std::vector<ReplacedEntity>* replaced = nullptr);
-/// How many bytes of such a part come before an "&" that what follows the part may make a known entity; all
-/// where there is none. `open` as above, for the beginning of the part.
+/// The number of bytes of such a part that can be replaced now. Behind them stands an "&" that may become a
+/// known entity with the next part; if there is none, it is the size of the part. `open` as above, at the
+/// beginning of the part.
 size_t SizeBeforeEntity(std::string_view part, bool open);
 
 /// Replaces "--" by two blanks, save at the first two characters of the line and where it belongs to
 /// "<!--" or "-->". Linear.
 std::string ReplaceDoubleHyphens(std::string_view text);
-/// The same in place. `charactersBefore` of the line came before `text`: from two on there is nothing to
-/// spare.
+/// The same in place. `charactersBefore` is the number of characters of the line before `text`; 2 stands for
+/// any greater number.
 void ReplaceDoubleHyphensInPlace(std::string& text, size_t charactersBefore);
 
 /// For text that begins at an ampersand: 0 where it is no entity, 1 for a numeric one ("&#"), else the
