@@ -49,6 +49,7 @@ class Run {
 
   RunEnd Count() {
     Begin();
+    if (services_.Yielder.Stopped()) return RunEnd::Stopped;
     const RunEnd read = ReadText();
     if (read != RunEnd::Counted) return read;
     if (!Finish()) {
@@ -67,7 +68,7 @@ class Run {
     SetAllowedExtraChars2(rules_);
     WordFilterSpec entries = request_.Lists;
     entries.CaseSignificant = rules_.CaseSignificant;
-    *run_.Lists = WordFilters(entries);
+    *run_.Lists = WordFilters(entries, services_.Yielder);
 
     run_.Chain = request_.Chain;
     RunSummary& facts = run_.Facts;

@@ -61,16 +61,34 @@ WordFilters::WordFilters() = default;
 
 WordFilters::WordFilters(const WordFilterSpec& entries)
     : lists_(std::make_unique<Lists>(entries.CaseSignificant)) {
+  NoYielder yielder;
+  Compile(entries, yielder);
+}
+
+WordFilters::WordFilters(const WordFilterSpec& entries, Yielder& yielder)
+    : lists_(std::make_unique<Lists>(entries.CaseSignificant)) {
+  Compile(entries, yielder);
+}
+
+void WordFilters::Compile(const WordFilterSpec& entries, Yielder& yielder) {
   Lists& lists = *lists_;
+  const auto addEach = [&](const std::vector<std::string>& list, const auto& add) {
+    for (const std::string& entry : list) {
+      yielder.Yield();
+      if (yielder.Stopped()) return;
+      add(entry);
+    }
+  };
   const bool all = entries.PatternMatchingInWordsToIgnoreFile;
-  for (const std::string& word : entries.FileWordsToIgnore) AddOneWord(lists.Ignore, word, all);
-  for (const std::string& word : entries.TypedWordsToIgnore)
-    AddOneWord(lists.Ignore, word, all || HoldsPattern(word));
-  for (const std::string& entry : entries.CountOnly)
+  addEach(entries.FileWordsToIgnore, [&](const std::string& word) { AddOneWord(lists.Ignore, word, all); });
+  addEach(entries.TypedWordsToIgnore,
+          [&](const std::string& word) { AddOneWord(lists.Ignore, word, all || HoldsPattern(word)); });
+  addEach(entries.CountOnly, [&](const std::string& entry) {
     AddCountOnly(lists.CountOnlyWords, lists.CountOnlyPhrases, entry, entries.CaseSignificant);
-  lists.Ignore.Prepare();
-  lists.CountOnlyWords.Prepare();
-  lists.CountOnlyPhrases.Prepare();
+  });
+  lists.Ignore.Prepare(yielder);
+  lists.CountOnlyWords.Prepare(yielder);
+  lists.CountOnlyPhrases.Prepare(yielder);
   lists.HasIgnore = !entries.FileWordsToIgnore.empty() || !entries.TypedWordsToIgnore.empty();
   lists.HasCountOnly = !entries.CountOnly.empty();
 }

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/yielder.h"
+
 namespace korv {
 
 /// The entries of the lists of a run. Texts are UTF-8 as CleanText() gives it.
@@ -27,6 +29,8 @@ class WordFilters {
  public:
   WordFilters();  ///< Ignores nothing, counts everything.
   explicit WordFilters(const WordFilterSpec& entries);
+  /// The same for lists of any length: yields for every entry. After a stop the filters are of no use.
+  WordFilters(const WordFilterSpec& entries, Yielder& yielder);
   ~WordFilters();
   WordFilters& operator=(WordFilters&&) noexcept;
 
@@ -47,6 +51,9 @@ class WordFilters {
 
  private:
   struct Lists;
+
+  void Compile(const WordFilterSpec& entries, Yielder& yielder);
+
   std::unique_ptr<Lists> lists_;
 };
 

@@ -29,7 +29,7 @@ void PatternSet::IndexLiteral(uint32_t number, const RequiredLiteral& needed) {
   index.ByLiteral[needed.Text.substr(atEnd ? needed.Text.size() - length : 0, length)].push_back(number);
 }
 
-void PatternSet::Prepare() {
+void PatternSet::Prepare(Yielder& yielder) {
   // Small enough that an alternation is compiled in no time, large enough that its call costs nothing.
   constexpr size_t kMostMembers = 64;
   constexpr size_t kMostBytes = 4096;
@@ -46,6 +46,8 @@ void PatternSet::Prepare() {
     joined.clear();
   };
   for (const uint32_t number : always_) {
+    yielder.Yield();
+    if (yielder.Stopped()) return;
     const std::string_view expression = patterns_[number].Alternative();
     if (expression.empty()) {
       alone.push_back(number);

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "base/yielder.h"
 #include "engine/patterns/pattern.h"
 
 namespace korv {
@@ -32,8 +33,8 @@ class PatternSet {
   /// Adds a Pattern.
   void AddPattern(std::string_view pattern);
   /// Joins expressions that can be matched together. Call it once, after the last addition. Matches() works
-  /// without it, only slower.
-  void Prepare();
+  /// without it, only slower; so it does when a stop ends the joining.
+  void Prepare(Yielder& yielder);
 
   bool Matches(std::string_view text) const;
 

@@ -29,7 +29,7 @@ class PhrasePatterns {
   void AddWholePhrase(std::string_view expression);
 
   /// Call it after the last addition, for speed.
-  void Prepare() { wholePhrases_.Prepare(); }
+  void Prepare(Yielder& yielder) { wholePhrases_.Prepare(yielder); }
 
   bool Empty() const { return entries_.empty() && !hasWholePhrases_; }
   /// `phrase` has its words joined by "+". May be called from several threads at once.

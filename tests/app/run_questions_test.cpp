@@ -164,6 +164,17 @@ TEST(RunCount, AStopAnsweredWithNoEndsTheRun) {
   EXPECT_FALSE(world.Yielder.Stopped());
 }
 
+TEST(RunCount, AStopWhileListsAreCompiledEndsTheRunInSilence) {
+  RunWorld world;
+  world.UseFile("/a.txt", LinesOfWords(5));
+  for (int k = 0; k < 100; ++k)
+    world.Request.Lists.TypedWordsToIgnore.push_back("<a[" + std::to_string(k) + "]b>");
+  world.Yielder.StopAtCall(50);
+  EXPECT_EQ(world.Count(), RunEnd::Stopped);
+  EXPECT_EQ(world.Yielder.Calls, 50u);
+  EXPECT_THAT(world.Messages.Shown, IsEmpty());
+}
+
 TEST(RunCount, AStopBeforeAnythingWasReadEndsTheRunInSilence) {
   RunWorld world;
   world.UseFile("/a.txt", "word\n" + LinesOfWords(5));

@@ -195,7 +195,7 @@ TEST(PhrasePlaces, AreFoundByHalvingFromTheLeastToTheMostWordsOfTheRun) {
       {"fewer words than the run counts", {"cat"}, false, {2, 6, 10}},
       {"the fewest words", {"the", "cat"}, true, {1, 5, 9}},
       {"the most words", {"the", "cat", "sat"}, true, {1, 5}},
-      {"less often than the run lists", {"on", "the", "cat"}, true, {8}},
+      {"less often than a run lists", {"on", "the", "cat"}, true, {8}},
       {"more words than the run counts", {"cat", "sat", "on", "the"}, false, {6}},
       {"across a phrase end", {"sat", "the"}, true, {}},
       {"at the end of the text and past it", {"cat", "on"}, true, {}},

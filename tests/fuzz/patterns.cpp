@@ -75,7 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     entries.CountOnly.push_back(pattern);
   }
   const bool unprepared = set.Matches(word);
-  set.Prepare();
+  NoYielder yielder;
+  set.Prepare(yielder);
   if (certain) Require(unprepared == any && set.Matches(word) == any);
 
   entries.TypedWordsToIgnore = entries.CountOnly;

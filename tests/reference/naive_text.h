@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-/// The models that the program is compared with: its rules written down in the plainest way. They share nothing with the
-/// program but plain records, enums and limits (see README.md). This one is of characters.
+/// The models that the program is compared with: its rules written down in the plainest way. They share
+/// nothing with the program but plain records, enums and limits (see README.md). This one is of characters.
 namespace korv::reference {
 
 /// UTF-8 (well-formed) to code points and back.
