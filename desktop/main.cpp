@@ -86,12 +86,12 @@ int Run(const std::vector<std::string>& paths) {
   korv::frmMain window(desktop);
   if (!window.LoadProgramText()) return 1;
   window.show();
-  window.Guarded("Form_Load", [&] { window.Form_Load(); })();
+  korv::Guarded(desktop.Messages, "Form_Load", [&] { window.Form_Load(); })();
   // Closed already, while it was starting: nothing would end the events.
   if (!window.isVisible()) return 0;
   QStringList opened;
   for (const std::string& path : paths) opened.append(korv::ToQt(path));
-  window.Guarded("OpenPaths", [&] { window.OpenPaths(opened); })();
+  korv::Guarded(desktop.Messages, "OpenPaths", [&] { window.OpenPaths(opened); })();
   if (!window.isVisible()) return 0;
   return QApplication::exec();
 }

@@ -9,9 +9,9 @@
 #include <QTextBlock>
 #include <QVBoxLayout>
 
-#include "desktop/main_window/frm_main_controls.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
 #include "platform/program_text.h"
 
 namespace korv {

@@ -1,31 +1,41 @@
 #include "desktop/main_window/frm_main.h"
 
-#include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QScopedValueRollback>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
-#include <QScrollBar>
 #include <QSettings>
-#include <QStackedWidget>
-#include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
 
-#include "base/time_text.h"
-#include "desktop/dialogs/frm_clipboard.h"
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
-#include "desktop/main_window/recent_list.h"
+#include "desktop/main_window/clipboard_page.h"
+#include "desktop/main_window/control_settings.h"
+#include "desktop/main_window/folder_page.h"
+#include "desktop/main_window/main_layout.h"
+#include "desktop/main_window/main_menus.h"
+#include "desktop/main_window/opening.h"
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/phrases_panel.h"
+#include "desktop/main_window/report_panel.h"
+#include "desktop/main_window/result_controller.h"
+#include "desktop/main_window/run_controller.h"
+#include "desktop/main_window/run_panel.h"
+#include "desktop/main_window/settings_controller.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/questions.h"
-#include "desktop/results/result_notes_panel.h"
+#include "desktop/results/filter_panel.h"
+#include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/placement.h"
-#include "report/report_rules.h"
-#include "wordlists/questions.h"
+#include "desktop/widgets/wiring.h"
 
 namespace korv {
 namespace {
@@ -33,45 +43,46 @@ namespace {
 constexpr int kFirstCommonWordsQuestion = 41;
 constexpr int kFirstCommonWordsTitle = 42;
 constexpr int kFirstFolderFormat = 10;
+constexpr int kTick = 1000;  // milliseconds
+
+Desktop With(const Desktop& desktop, Messages& messages) {
+  return {.Messages = messages,
+          .Dialogs = desktop.Dialogs,
+          .Clipboard = desktop.Clipboard,
+          .Launcher = desktop.Launcher,
+          .Files = desktop.Files,
+          .Yielder = desktop.Yielder,
+          .Clock = desktop.Clock,
+          .Numbers = desktop.Numbers,
+          .ProgramText = desktop.ProgramText,
+          .ProgramFolder = desktop.ProgramFolder,
+          .StateFile = desktop.StateFile,
+          .Store = desktop.Store,
+          .Encoding = desktop.Encoding};
+}
 
 }  // namespace
 
 frmMain::frmMain(const Desktop& desktop)
-    : runClock_(desktop.Clock),
-      messages_(desktop.Messages, runClock_),
-      desktop_{.Messages = messages_,
-               .Dialogs = desktop.Dialogs,
-               .Clipboard = desktop.Clipboard,
-               .Launcher = desktop.Launcher,
-               .Files = desktop.Files,
-               .Yielder = desktop.Yielder,
-               .Clock = desktop.Clock,
-               .Numbers = desktop.Numbers,
-               .ProgramText = desktop.ProgramText,
-               .ProgramFolder = desktop.ProgramFolder,
-               .StateFile = desktop.StateFile,
-               .Store = desktop.Store,
-               .Encoding = desktop.Encoding},
-      recentFiles_(desktop.Store, "recent/files"),
-      recentFolders_(desktop.Store, "recent/folders") {
+    : runClock_(desktop.Clock), messages_(desktop.Messages, runClock_), desktop_(With(desktop, messages_)) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Korv"));
-  BuildControls(this);
-  outputTextBox_ = std::make_unique<OutputTextBox>(*txbOutput);
+  panels_ = LayOutPanels(*this, desktop_,
+                         {.ClearBusy = [this] { panels_.Run->lblTwirler->clear(); },
+                          .CountSoFar = [this] { return run_ ? run_->CountSoFar() : std::string(); }});
   popUp_ = new frmPopUp(this);
-  overwrite_ = std::make_unique<OverwriteGuard>(desktop_.Files, desktop_.Messages);
-  tmrProgress_ = Named(new QTimer(this), "tmrProgress");
+  Timer1 = Named(new QTimer(this), "Timer1");
+  Timer1->setInterval(kTick);
 }
 
 frmMain::~frmMain() {
-  // Hiding and deleting controls makes them tell of a lost focus; by then nobody may be listening.
+  // Hiding controls makes them tell of a lost focus; nobody is to be asked anything any more.
   messages_.Mute();
   if (params_) params_->hide();
   hide();
-  for (QObject* child : findChildren<QObject*>()) {
-    child->removeEventFilter(this);
-    child->disconnect(this);
-  }
+  StopListening(*this);
+  // The panels call the controllers, which are members, and go before them.
+  delete takeCentralWidget();
 }
 
 bool frmMain::LoadProgramText() {
@@ -88,174 +99,134 @@ bool frmMain::Form_Load() {
   if (!texts_ && !LoadProgramText()) return false;
 
   RestoreGeometry();
-  params_ = std::make_unique<frmParams>(*this);
-  output_ = std::make_unique<OutputBox>(*outputTextBox_,
-                                        OutputBoxHooks{.ClearBusy = [this] { lblTwirler->clear(); },
-                                                       .CountSoFar = [this] { return CountSoFar(); }});
-  FillLists();
-  Connect();
-  BuildMenus();
+  MakeControllers();
+  panels_.Phrases->FillLists();
+  panels_.Report->FillLists(*texts_);
+  MakeMenus();
+  ConnectPanels();
+  ConnectParams();
   WatchDrops();
-  ConnectRecent();
   EnableDisableButtons(true);
   Initialize();
-  SelectSource(TextSource::SingleFile);
+  panels_.Source->Select(TextSource::SingleFile);
   // Before any state is restored the long words are those of more than 40 characters.
   params_->SelectStartUpSizes();
   EnableDisableButtons(true);
+  HideWhatDoesNotApply();
 
-  lblWordsToIgnoreNotice->clear();
-  chkSuppressWords->setChecked(true);
-  chkSuppressWords->hide();
-  cmdListFiles->hide();
-  lblTimeElapsed->hide();
-  chkFileList->hide();
-  RestoreStateFile();
-  const QString filterWords = txbFilterWords->text();
-  txbFilterWords->clear();
-  if (SourceKind() != TextSource::Folder && cboDisplayFormat->currentIndex() >= kFirstFolderFormat) {
-    cboDisplayFormat->setCurrentIndex(0);
-  }
-  if (!optAllowPhrasesAllWordsToIgnore->isChecked() && !optExcludePhrasesWithWordToIgnore->isChecked() &&
-      !optRemoveWordsToIgnore->isChecked()) {
-    optExcludePhrasesAllWordsToIgnore->setChecked(true);
-  }
-  if (!params_->HasWordFiles()) {
-    const bool load = desktop_.Messages.Show({.Text = texts_->Get(kFirstCommonWordsQuestion),
-                                              .Title = texts_->Get(kFirstCommonWordsTitle),
-                                              .Icon = Icon::Question,
-                                              .Buttons = Buttons::YesNo,
-                                              .DefaultAnswer = Answer::Yes,
-                                              .Question = questions::kFirstCommonWords}) == Answer::Yes;
-    if (load) {
-      params_->SetPathToCWDs_Eng();
-      params_->AttemptToReadWords(ListKind::WordsToIgnore);
-      SetCountPhrasesCaption();
-    } else {
-      params_->SelectNoLanguage();
-    }
-  }
+  settingsController_->RestoreStateFile();
+  FilterPanel& filter = *panels_.Result->Filter;
+  const std::string filterWords = filter.Words();
+  filter.SetWords({});
+  CorrectRestoredControls();
+  if (!params_->HasWordFiles()) OfferCommonWords();
   SetWordsToIgnoreNotice();
-  EnableDisableReportOptions();
-  cmdClear->setEnabled(!txbFilterWords->text().isEmpty());
+  panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(), false);
   Timer1->start();
   SetCountPhrasesCaption();
   // Those of the state file come last of all, so that no default wipes them out.
-  txbFilterWords->setText(filterWords);
-  cmdClear->setEnabled(!filterWords.isEmpty());
+  filter.SetWords(filterWords);
   Timer1_Timer();
   SetTheFocus();
-  keeper_.Remember(GatherSettings());
+  settingsController_->RememberStart();
   startUpCompleted_ = true;
   return true;
 }
 
-void frmMain::Initialize() {
-  std::optional<QScopedValueRollback<bool>> quiet(std::in_place, restoring_, true);
-  chkSortByNumberOfFiles->setChecked(false);
-  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded,
-                        lblFilesize, lblXMLsize}) {
-    label->setText(QStringLiteral(" "));
+void frmMain::HideWhatDoesNotApply() {
+  panels_.WordsToIgnore->lblWordsToIgnoreNotice->clear();
+  panels_.Report->chkSuppressWords->setChecked(true);
+  panels_.Report->chkSuppressWords->hide();
+  panels_.Source->Folder->cmdListFiles->hide();
+  panels_.Run->lblTimeElapsed->hide();
+  panels_.Report->chkFileList->hide();
+}
+
+void frmMain::CorrectRestoredControls() {
+  QComboBox& format = *panels_.Report->cboDisplayFormat;
+  if (panels_.Source->Kind() != TextSource::Folder && format.currentIndex() >= kFirstFolderFormat) {
+    format.setCurrentIndex(0);
   }
-  params_->txbStateFile->clear();
-  for (int i = 0; i < 2; ++i) {
-    txbFileFilepathSpecifications[static_cast<size_t>(i)]->clear();
-    txbFileFilepathSpecifications_LostFocus(i);
-  }
-  params_->ClearExtraWords();
-  params_->SetDefaultValues();
-  cboWordOrder->setCurrentIndex(0);
-  cboDisplayFormat->setCurrentIndex(0);
-  if (params_->HasWordFiles() &&
-      desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
-                              .Title = "Words-to-ignore files",
-                              .Icon = Icon::Question,
-                              .Buttons = Buttons::YesNo,
-                              .DefaultAnswer = Answer::No,
-                              .Question = questions::kClearWordFiles}) == Answer::Yes) {
-    params_->ClearWordFiles();
-  }
-  txbFilterWords->clear();
-  cmdClear->setEnabled(false);
-  params_->SelectDefaultSizes();
-  EnableDisableReportOptions();
-  quiet.reset();
-  FollowControls();
+  WordsToIgnorePanel& words = *panels_.WordsToIgnore;
+  if (!words.Rule()) words.optExcludePhrasesAllWordsToIgnore->setChecked(true);
+}
+
+void frmMain::OfferCommonWords() {
+  const bool load = desktop_.Messages.Show({.Text = texts_->Get(kFirstCommonWordsQuestion),
+                                            .Title = texts_->Get(kFirstCommonWordsTitle),
+                                            .Icon = Icon::Question,
+                                            .Buttons = Buttons::YesNo,
+                                            .DefaultAnswer = Answer::Yes,
+                                            .Question = questions::kFirstCommonWords}) == Answer::Yes;
+  if (!load) return params_->SelectNoLanguage();
+  params_->SetPathToCWDs_Eng();
+  params_->AttemptToReadWords(ListKind::WordsToIgnore);
+}
+
+void frmMain::OpenPaths(const QStringList& paths) {
+  opening_->OpenPaths(paths);
 }
 
 void frmMain::EnableDisableButtons(bool enabled) {
-  for (QWidget* control : std::initializer_list<QWidget*>{
-           cmdClipboardViewer, cmdHelp, cmdSetParameters, cmdClearOutput, txbFileFilepathSpecifications[0],
-           txbFileFilepathSpecifications[1], cmdListFiles, cmdCountPhrases, cmdSaveState}) {
-    control->setEnabled(enabled);
-  }
-  // What is being counted cannot be chosen again while it is counted.
-  for (QWidget* control : std::initializer_list<QWidget*>{
-           optOnClipboard, optInFile, optFolder, cmdFile[0], txbFile[0], cmdFolder, txbFolder,
-           chkIncludeSubfolders, cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency,
-           optAllowPhrasesAllWordsToIgnore, optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore,
-           optExcludePhrasesAllWordsToIgnore, cmdClearFile[0], cmdClearFolder}) {
-    control->setEnabled(enabled);
-  }
-  lstRecent->setEnabled(enabled);
-  for (QAction* action : idleActions_) action->setEnabled(enabled);
-  Notes->EnableWaysOut(enabled);
+  panels_.Source->EnableDisableButtons(enabled);
+  panels_.Phrases->EnableDisableButtons(enabled);
+  panels_.WordsToIgnore->EnableDisableButtons(enabled);
+  panels_.OutputFile->EnableDisableButtons(enabled);
+  panels_.Run->EnableDisableButtons(enabled);
+  panels_.Result->EnableDisableButtons(enabled);
+  menus_->EnableDisableButtons(enabled);
   params_->EnableDisableButtons(enabled);
-  if (enabled) EnableClearButtons();
+  if (enabled) params_->EnableClearButtons();
+}
+
+void frmMain::EnableClearButtons() {
+  if (!run_->Idle()) return;
+  panels_.Source->EnableClearButtons();
+  panels_.OutputFile->EnableClearButtons();
+  panels_.Result->EnableClearButtons();
+  params_->EnableClearButtons();
 }
 
 void frmMain::SetTheFocus() {
   activateWindow();
-  cmdCountPhrases->setFocus();
+  panels_.Run->cmdCountPhrases->setFocus();
 }
 
 void frmMain::SetCountPhrasesCaption() {
-  cmdCountPhrases->setText(running_ ? QStringLiteral("sto&p") : QStringLiteral("&Count phrases"));
-  stopAction_->setEnabled(running_);
+  panels_.Run->SetCountPhrasesCaption(Running() ? RunPanel::Caption::Stop : RunPanel::Caption::Count);
+  menus_->EnableStop(Running());
 }
 
-TextSource frmMain::SourceKind() const {
-  if (optOnClipboard->isChecked()) return TextSource::Clipboard;
-  if (optFolder->isChecked()) return TextSource::Folder;
-  return TextSource::SingleFile;
+void frmMain::SetTitle() {
+  const std::string name = panels_.Source->Name();
+  setWindowTitle(name.empty() ? QStringLiteral("Korv") : ToQt(name) + QStringLiteral(" - Korv"));
 }
-
-// ---- Timers
 
 void frmMain::Timer1_Timer() {
-  const bool tooWide = txbOutput->horizontalScrollBar()->maximum() > 0;
-  txbOutput->setToolTip(tooWide ? QStringLiteral("You may need to increase the width.") : QString());
+  panels_.Result->SuggestWidth();
   EnableClearButtons();
   params_->ShowWordFilesState();
-  SetPathToolTips();
-  const bool folder = SourceKind() == TextSource::Folder;
-  for (QWidget* control :
-       std::initializer_list<QWidget*>{txbFileFilepathSpecifications[0], txbFileFilepathSpecifications[1],
-                                       chkIncludeSubfolders, cmdListFiles}) {
-    control->setVisible(folder);
-  }
+  panels_.Source->SetPathToolTips();
+  panels_.OutputFile->SetPathToolTips();
+  panels_.Source->ShowFileChoices();
 }
 
-void frmMain::EnableClearButtons() {
-  if (!Idle()) return;
-  for (size_t i = 0; i < 2; ++i) cmdClearFile[i]->setEnabled(!txbFile[i]->text().isEmpty());
-  cmdClearFolder->setEnabled(!txbFolder->text().isEmpty());
-  cmdClearOutput->setEnabled(!txbOutput->document()->isEmpty());
-  params_->EnableClearButtons();
+void frmMain::SourceHasChanged() {
+  SetTitle();
+  panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(),
+                                             startUpCompleted_ && !settings_->Restoring());
+  result_->FollowControls();
 }
 
-void frmMain::SetPathToolTips() {
-  const auto tip = [](QLineEdit* box, const char* otherwise) {
-    box->setToolTip(box->text().isEmpty() ? QString::fromUtf8(otherwise) : box->text());
-  };
-  tip(txbFile[0], "To specify an input file click on the button labelled 'Single file'.");
-  tip(txbFile[1], "To specify an output file click on the button labelled 'Output file'.");
-  tip(txbFolder, "To specify a folder click on the button labelled 'Folder'.");
-  cmdFile[0]->setToolTip(QStringLiteral("Click on the 'Single file' button to specify an input file."));
-  cmdFolder->setToolTip(QStringLiteral("Click on the 'Folder' button to specify a folder with input files."));
+void frmMain::RunEnded() {
+  result_->RunEnded();
+  if (!quitRequested_) return;
+  // What goes wrong with the state file is worth telling even now.
+  messages_.Unmute();
+  QTimer::singleShot(0, this, Guarded(messages_, "cmdQuit_Click", [this] { cmdQuit_Click(); }));
 }
 
-// ---- Quitting, settings, help
+// ---- Quitting, the other windows
 
 void frmMain::cmdQuit_Click() {
   if (EndProgram()) close();
@@ -263,47 +234,31 @@ void frmMain::cmdQuit_Click() {
 
 bool frmMain::EndProgram() {
   if (ended_) return true;
-  if (running_) {
+  if (Running()) {
     // The run ends first; then the window closes, and nothing more is asked.
     if (params_->ReallyQuit()) {
-      OfferToKeepSettings();
+      if (startUpCompleted_) settingsController_->OfferToKeepSettings();
       quitRequested_ = true;
       messages_.Mute();
-      desktop_.Yielder.RequestStop();
+      run_->RequestStop();
     }
     return false;
   }
-  OfferToKeepSettings();
-  if (params_->chkSaveStateOnQuit->isChecked()) {
-    if (const std::string fault = SaveStateTo({}); !fault.empty()) {
-      desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
-    }
-  }
+  if (startUpCompleted_) settingsController_->OfferToKeepSettings();
+  if (params_->chkSaveStateOnQuit->isChecked()) settingsController_->SaveState();
   StoreGeometry();
   params_->hide();
   if (help_) help_->hide();
-  if (clipboardViewer_) clipboardViewer_->hide();
+  panels_.Source->Clipboard->HideViewer();
   ended_ = true;
   return true;
 }
 
-void frmMain::OfferToKeepSettings() {
-  if (!startUpCompleted_ || params_->chkSaveStateOnQuit->isChecked()) return;
-  if (!keeper_.WouldBeMissed(GatherSettings())) return;
-  const SettingsKeeper::Wish wish = keeper_.Ask(desktop_.Messages);
-  // Where they are kept always, they are saved with the rest when the program ends.
-  if (wish == SettingsKeeper::Wish::KeepAlways) params_->chkSaveStateOnQuit->setChecked(true);
-  if (wish != SettingsKeeper::Wish::KeepNow) return;
-  if (const std::string fault = SaveStateTo({}); !fault.empty()) {
-    desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
-  }
-}
-
 void frmMain::closeEvent(QCloseEvent* event) {
   // A state that cannot be saved keeps nobody from leaving.
-  bool ended = true;
-  Guarded("Form_Unload", [&] { ended = EndProgram(); })();
-  event->setAccepted(ended);
+  bool Ended = true;
+  Guarded(messages_, "Form_Unload", [&] { Ended = EndProgram(); })();
+  event->setAccepted(Ended);
 }
 
 void frmMain::cmdSetParameters_Click() {
@@ -341,20 +296,51 @@ void frmMain::StoreGeometry() {
     desktop_.Store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());
 }
 
-// ---- Errors of handlers
+// ---- What the Settings window asks
 
-void frmMain::ShowInsufficientMemory() {
-  desktop_.Messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Critical});
+Settings frmMain::GatherSettings() const {
+  return settings_->Gather();
 }
 
-void frmMain::ShowUnexpectedError(const char* place, const char* description) {
-  desktop_.Messages.Show({.Text = UnexpectedErrorText(place, kErrorUnexpected, description),
-                          .Title = "Unexpected error",
-                          .Icon = Icon::Critical});
+void frmMain::ApplySettings(const Settings& settings) {
+  settingsController_->Apply(settings);
 }
 
-void frmMain::ShowStatus(const QString& text) {
-  lblStatusText->setText(text);
+void frmMain::Initialize() {
+  settingsController_->Initialize();
+}
+
+std::string frmMain::SaveStateTo(const std::filesystem::path& path) {
+  return settingsController_->SaveStateTo(path);
+}
+
+void frmMain::SaveStateFile(QWidget* window) {
+  settingsController_->SaveStateFile(window);
+}
+
+RestoreOutcome frmMain::RestoreSavedState(const std::filesystem::path& path) {
+  return settingsController_->RestoreSavedState(path);
+}
+
+bool frmMain::Running() const {
+  return run_ && run_->Running();
+}
+
+bool frmMain::ResultKeepsToWordRules() const {
+  return result_->ResultKeepsToWordRules();
+}
+
+void frmMain::ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) {
+  run_->ReadWords(request, done);
+}
+
+void frmMain::SetWordsToIgnoreNotice() {
+  panels_.WordsToIgnore->SetWordsToIgnoreNotice(params_->HasWordsToIgnore());
+  result_->ShowResult();
+}
+
+void frmMain::PopUpInForm(const QString& notice, QWidget* window) {
+  popUp_->PopUpInForm(notice, window != nullptr ? window : this);
 }
 
 }  // namespace korv

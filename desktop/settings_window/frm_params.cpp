@@ -8,14 +8,14 @@
 #include <QStyle>
 
 #include "app/settings/schema.h"
-#include "desktop/dialogs/frm_popup.h"
-#include "desktop/main_window/frm_main.h"
 #include "desktop/questions.h"
 #include "desktop/settings_window/rules_sample_box.h"
+#include "desktop/settings_window/settings_host.h"
 #include "desktop/settings_window/settings_undo.h"
 #include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
+#include "desktop/widgets/wiring.h"
 
 namespace korv {
 namespace {
@@ -29,7 +29,7 @@ constexpr int kStartUpLongSize = 2;   // "40"
 
 }  // namespace
 
-frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) {
+frmParams::frmParams(SettingsHost& host) : QWidget(nullptr, Qt::Window), host_(host) {
   setObjectName(QStringLiteral("frmParams"));
   setWindowTitle(QStringLiteral("Korv settings"));
   BuildControls(this);
@@ -43,7 +43,7 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
   FillLanguages();
   optListKind_Click();
   Connect();
-  const QSettings& store = main_.Outside().Store;
+  const QSettings& store = host_.Outside().Store;
   if (store.contains(QStringLiteral("geometry/settings"))) {
     restoreGeometry(store.value(QStringLiteral("geometry/settings")).toByteArray());
   } else {
@@ -58,15 +58,12 @@ frmParams::frmParams(frmMain& main) : QWidget(nullptr, Qt::Window), main_(main) 
 }
 
 frmParams::~frmParams() {
-  for (QObject* child : findChildren<QObject*>()) {
-    child->removeEventFilter(this);
-    child->disconnect(this);
-  }
+  StopListening(*this);
 }
 
 void frmParams::Connect() {
   const auto onClick = [this](QAbstractButton* button, const char* place, auto handler) {
-    connect(button, &QAbstractButton::clicked, this, main_.Guarded(place, handler));
+    connect(button, &QAbstractButton::clicked, this, Guarded(host_.Outside().Messages, place, handler));
   };
   for (int i = 0; i < 2; ++i) {
     const auto index = static_cast<size_t>(i);
@@ -89,9 +86,10 @@ void frmParams::Connect() {
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { cmdClose_Click(); });
   const auto onKey = [this](QKeySequence::StandardKey key, const char* place, auto handler) {
     idleShortcuts_.append(new QShortcut(key, this));
-    connect(idleShortcuts_.back(), &QShortcut::activated, this, main_.Guarded(place, handler));
+    connect(idleShortcuts_.back(), &QShortcut::activated, this,
+            Guarded(host_.Outside().Messages, place, handler));
   };
-  onKey(QKeySequence::HelpContents, "cmdHelp_Click", [this] { main_.cmdHelp_Click(); });
+  onKey(QKeySequence::HelpContents, "cmdHelp_Click", [this] { host_.cmdHelp_Click(); });
   onKey(QKeySequence::Save, "cmdSaveState_Click", [this] { cmdSaveState_Click(); });
   ConnectWords();
   ConnectOptions();
@@ -104,15 +102,12 @@ void frmParams::ConnectOptions() {
   for (QComboBox* list : {cboShortWordSize, cboLongWordSize}) {
     connect(list, &QComboBox::currentIndexChanged, this, changed);
   }
-  for (QRadioButton* source : {main_.optOnClipboard, main_.optInFile, main_.optFolder}) {
-    connect(source, &QRadioButton::toggled, this, changed);
-  }
 }
 
 void frmParams::SetDefaultValues() {
-  Settings settings = main_.GatherSettings();
+  Settings settings = host_.GatherSettings();
   korv::SetDefaultValues(settings);
-  main_.ApplySettings(settings);
+  host_.ApplySettings(settings);
 }
 
 void frmParams::SelectStartUpSizes() {
@@ -155,10 +150,10 @@ void frmParams::cmdSetOrClearCheckboxes_Click(int index) {
 }
 
 void frmParams::ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by) {
-  const Settings before = main_.GatherSettings();
+  const Settings before = host_.GatherSettings();
   change();
   lblState->setText(QString::fromUtf8(told));
-  cmdUndo->Offer(before, main_.GatherSettings(), by);
+  cmdUndo->Offer(before, host_.GatherSettings(), by);
   CheckAllowedExtraChars();
 }
 
@@ -166,26 +161,26 @@ void frmParams::cmdUndo_Click() {
   const std::optional<Settings> before = cmdUndo->Take();
   if (!before) return;
   // Only what was changed at once: a path typed since then stays.
-  Settings settings = main_.GatherSettings();
+  Settings settings = host_.GatherSettings();
   CopyValues(SettingsResetBy(ResetBy::RestoreDefaults), *before, settings);
-  main_.ApplySettings(settings);
+  host_.ApplySettings(settings);
   lblState->setText(QStringLiteral("Everything is as it was before."));
   CheckAllowedExtraChars();
 }
 
 void frmParams::OptionsHaveChanged() {
   cmdUndo->Forget();
-  fraSample->Show(main_.GatherSettings().Words);
+  fraSample->Show(host_.GatherSettings().Words);
 }
 
 void frmParams::showEvent(QShowEvent* event) {
-  fraSample->Show(main_.GatherSettings().Words);
+  fraSample->Show(host_.GatherSettings().Words);
   EnableClearButtons();
   QWidget::showEvent(event);
 }
 
 void frmParams::cmdInitialize_Click() {
-  if (main_.Outside().Messages.Show(
+  if (host_.Outside().Messages.Show(
           {.Text =
                "This sets every option to its default, clears the extra words to ignore, the file patterns "
                "and\r\nthe filter words, and saves all that.  Do you wish to go on?",
@@ -196,29 +191,29 @@ void frmParams::cmdInitialize_Click() {
            .Question = questions::kReinitialize}) != Answer::Yes) {
     return;
   }
-  main_.Initialize();
+  host_.Initialize();
   cmdUndo->Forget();
-  main_.SetWordsToIgnoreNotice();
-  const std::string fault = main_.SaveStateTo({});
+  host_.SetWordsToIgnoreNotice();
+  const std::string fault = host_.SaveStateTo({});
   if (!fault.empty()) {
-    main_.Outside().Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
+    host_.Outside().Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
   }
-  main_.PopUps().PopUpInForm(QStringLiteral("Program reinitialized"), this);
+  host_.PopUpInForm(QStringLiteral("Program reinitialized"), this);
 }
 
 void frmParams::cmdAskEverythingAgain_Click() {
-  AskEverythingAgain(main_.Outside().Store);
+  AskEverythingAgain(host_.Outside().Store);
   cmdAskEverythingAgain->setEnabled(false);
   lblState->setText(QStringLiteral("Every question will be asked again."));
 }
 
 void frmParams::cmdSaveState_Click() {
-  main_.SaveStateFile(this);
+  host_.SaveStateFile(this);
 }
 
 void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   const bool load = index == 0;
-  const Desktop& outside = main_.Outside();
+  const Desktop& outside = host_.Outside();
   const FileChoice choice{
       .Title = load ? "Specify file to load settings from." : "Specify file to save settings to",
       .Filter = kSettingsFilter,
@@ -236,7 +231,7 @@ void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   if (done && otherWindow != nullptr) {
     const QString told =
         load ? QStringLiteral("Settings loaded from\n") : QStringLiteral("Settings saved to\n");
-    main_.PopUps().PopUpInForm(told + shown, otherWindow);
+    host_.PopUpInForm(told + shown, otherWindow);
   }
 }
 
@@ -245,21 +240,21 @@ void frmParams::OpenSettingsFile(const std::filesystem::path& path) {
   const bool done = LoadSettings(path);
   txbStateFile->setText(shown);
   // A failure has had its message box.
-  if (done) main_.PopUps().PopUpInForm(QStringLiteral("Settings loaded from\n") + shown, &main_);
+  if (done) host_.PopUpInForm(QStringLiteral("Settings loaded from\n") + shown, nullptr);
 }
 
 bool frmParams::SaveSettings(const std::filesystem::path& path) {
-  const std::string fault = main_.SaveStateTo(path);
+  const std::string fault = host_.SaveStateTo(path);
   const bool saved = fault.empty();
   lblState->setText(ToQt((saved ? "Settings saved to " : "Error saving to ") + PathToText(path)));
   if (!saved) {
-    main_.Outside().Messages.Show({.Text = fault, .Title = "Save settngs", .Icon = Icon::Exclamation});
+    host_.Outside().Messages.Show({.Text = fault, .Title = "Save settngs", .Icon = Icon::Exclamation});
   }
   return saved;
 }
 
 bool frmParams::LoadSettings(const std::filesystem::path& path) {
-  const RestoreOutcome outcome = main_.RestoreSavedState(path);
+  const RestoreOutcome outcome = host_.RestoreSavedState(path);
   cmdUndo->Forget();
   if (outcome.Result == kRestored) {
     lblState->setText(ToQt("Settings loaded from " + PathToText(path)));
@@ -267,10 +262,10 @@ bool frmParams::LoadSettings(const std::filesystem::path& path) {
     return true;
   }
   lblState->setText(ToQt("Error loading from " + PathToText(path)));
-  main_.Outside().Messages.Show(
+  host_.Outside().Messages.Show(
       {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
-  main_.Initialize();
-  main_.SetWordsToIgnoreNotice();
+  host_.Initialize();
+  host_.SetWordsToIgnoreNotice();
   return false;
 }
 
@@ -279,7 +274,7 @@ void frmParams::cmdClose_Click() {
 }
 
 bool frmParams::ReallyQuit() {
-  return main_.Outside().Messages.Show({.Text = "Really quit?",
+  return host_.Outside().Messages.Show({.Text = "Really quit?",
                                         .Title = "Quit",
                                         .Icon = Icon::Question,
                                         .Buttons = Buttons::YesNo,
@@ -288,8 +283,8 @@ bool frmParams::ReallyQuit() {
 }
 
 void frmParams::cmdQuit_Click() {
-  if (main_.Running()) return main_.cmdQuit_Click();
-  if (ReallyQuit()) main_.cmdQuit_Click();
+  if (host_.Running()) return host_.cmdQuit_Click();
+  if (ReallyQuit()) host_.cmdQuit_Click();
 }
 
 void frmParams::chkCaseSignificant_Click() {
@@ -306,14 +301,15 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
   {
     const QSignalBlocker quiet(box);
     box->setChecked(!chosen);
-    const bool current = main_.ResultKeepsToWordRules();
+    const bool current = host_.ResultKeepsToWordRules();
     box->setChecked(chosen);
     if (!current) return true;
   }
+  const TextSource source = host_.GatherSettings().SourceKind;
   std::string what = "clipboard";
-  if (main_.SourceKind() == TextSource::SingleFile) what = "file";
-  if (main_.SourceKind() == TextSource::Folder) what = "files";
-  if (main_.Outside().Messages.Show(
+  if (source == TextSource::SingleFile) what = "file";
+  if (source == TextSource::Folder) what = "files";
+  if (host_.Outside().Messages.Show(
           {.Text = "Changing this entails reading the " + what + " anew.  Is this OK?",
            .Title = "Word rules",
            .Icon = Icon::Question,

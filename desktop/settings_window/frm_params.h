@@ -16,13 +16,13 @@ class QShortcut;
 
 namespace korv {
 
-class frmMain;
+class SettingsHost;
 
 /// The Settings window: what counts as a word, which words are ignored or counted, where phrases end.
 /// Closing only hides it; its controls are the one place where these options are kept.
 class frmParams final : public QWidget, public FrmParamsControls {
  public:
-  explicit frmParams(frmMain& main);
+  explicit frmParams(SettingsHost& host);
   ~frmParams() override;
 
   // ---- Settings (frm_params.cpp)
@@ -57,6 +57,9 @@ class frmParams final : public QWidget, public FrmParamsControls {
   /// A box that admits characters into words was clicked.
   void chkAllowWords_Click(QCheckBox* box);
 
+  /// Some option is not what it was, or another source is selected.
+  void OptionsHaveChanged();
+
   // ---- Words to ignore and to count (frm_params_words.cpp)
 
   void cmdSelectWordsFile_Click();
@@ -66,6 +69,7 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void cmdClearWordsToIgnoreOrCount_Click();
   /// The frame now shows the words to ignore, or the count-only words and phrases.
   void optListKind_Click();
+  void ShowList(ListKind kind);
   void SetPathToCWDs_Eng();
   /// Loads the selected file of a list.
   void AttemptToReadWords(ListKind kind);
@@ -96,8 +100,6 @@ class frmParams final : public QWidget, public FrmParamsControls {
   bool SaveSettings(const std::filesystem::path& path);
   /// Does `change` to many controls at once, tells so and offers to take it back.
   void ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by);
-  /// Some option is not what it was.
-  void OptionsHaveChanged();
   void ConnectOptions();
   void ConnectWords();
   void FillLanguages();
@@ -115,7 +117,7 @@ class frmParams final : public QWidget, public FrmParamsControls {
   /// Whether the user wants `box` to change although that discards the result; otherwise it is put back.
   bool ConfirmsRereading(QCheckBox* box);
 
-  frmMain& main_;
+  SettingsHost& host_;
   std::array<WordFileList, 2> wordFiles_{WordFileList(ListKind::WordsToIgnore),
                                          WordFileList(ListKind::CountOnly)};
   std::array<std::optional<WordList>, 2> loaded_;

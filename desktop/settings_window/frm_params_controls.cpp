@@ -9,12 +9,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/main_window/frm_main_controls.h"
 #include "desktop/settings_window/rule_tips.h"
 #include "desktop/settings_window/rules_sample_box.h"
 #include "desktop/settings_window/settings_undo.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
+#include "desktop/widgets/layouts.h"
 #include "desktop/widgets/scroll_column.h"
 #include "wordlists/word_file_list.h"
 
@@ -25,12 +25,8 @@ QGroupBox* MakeGroup(const char* name, const char* title, QWidget* parent) {
   return Named(new QGroupBox(QString::fromUtf8(title), parent), name);
 }
 
-template <typename Layout>
-Layout* Tight(Layout* layout) {
-  layout->setContentsMargins(10, 8, 10, 10);
-  layout->setSpacing(5);
-  return layout;
-}
+/// The margins of the groups of controls in this window.
+constexpr QMargins kMargins(10, 8, 10, 10);
 
 QPlainTextEdit* MakeWordsBox(const char* name, const char* accessibleName, const char* sample,
                              const char* toolTip, QWidget* parent) {
@@ -111,7 +107,7 @@ QLayout* FrmParamsControls::BuildButtons(QWidget* parent) {
 QWidget* FrmParamsControls::BuildIgnoreTheseWords(QWidget* parent) {
   fraIgnoreTheseWords = MakeGroup("fraIgnoreTheseWords", "Words to ignore and to count", parent);
   QWidget* frame = fraIgnoreTheseWords;
-  auto* layout = Tight(new QGridLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame), kMargins);
 
   optWordsToIgnore = MakeOption("optWordsToIgnore", "Words to ignore", frame);
   optCountOnlyWordsAndPhrases =
@@ -188,7 +184,7 @@ QLayout* FrmParamsControls::BuildWordsBoxes(QWidget* frame) {
 QWidget* FrmParamsControls::BuildAllowWords(QWidget* parent) {
   fraAllowWords = MakeGroup("fraAllowWords", "Allow 'words' with:", parent);
   QWidget* frame = fraAllowWords;
-  auto* layout = Tight(new QGridLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame), kMargins);
   chkAllowWordsWithAmpersands = MakeCheckBox("chkAllowWordsWithAmpersands", "ampersand &&", frame);
   chkAllowWordsWithParentheses = MakeCheckBox("chkAllowWordsWithParentheses", "parentheses ( )", frame);
   chkAllowWordsWithCommas = MakeCheckBox("chkAllowWordsWithCommas", "comma ,", frame);
@@ -221,7 +217,7 @@ QWidget* FrmParamsControls::BuildAllowWords(QWidget* parent) {
 QWidget* FrmParamsControls::BuildIgnoreWords(QWidget* parent) {
   fraIgnoreWords = MakeGroup("fraIgnoreWords", "Ignore words:", parent);
   QWidget* frame = fraIgnoreWords;
-  auto* layout = Tight(new QGridLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame), kMargins);
   chkIgnoreShortWords = MakeCheckBox("chkIgnoreShortWords", "with fewer than", frame);
   cboShortWordSize = MakeCombo("cboShortWordSize", "Ignore words with fewer characters than", frame);
   cboLongWordSize = MakeCombo("cboLongWordSize", "Ignore words with more characters than", frame);
@@ -252,7 +248,7 @@ QWidget* FrmParamsControls::BuildIgnoreWords(QWidget* parent) {
 QWidget* FrmParamsControls::BuildPhraseBoundaries(QWidget* parent) {
   fraPhraseBoundaries = MakeGroup("fraPhraseBoundaries", "A phrase must not go beyond:", parent);
   QWidget* frame = fraPhraseBoundaries;
-  auto* layout = Tight(new QGridLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame), kMargins);
   chkTerminatePhraseAtDoubleQuote =
       MakeCheckBox("chkTerminatePhraseAtDoubleQuote", "end double quote \xE2\x80\x9D \"", frame);
   chkTerminatePhraseAtComma = MakeCheckBox("chkTerminatePhraseAtComma", "comma ,", frame);
@@ -271,7 +267,7 @@ QWidget* FrmParamsControls::BuildPhraseBoundaries(QWidget* parent) {
 QWidget* FrmParamsControls::BuildOptions(QWidget* parent) {
   fraOptions = MakeGroup("fraOptions", "Options", parent);
   QWidget* frame = fraOptions;
-  auto* layout = Tight(new QGridLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame), kMargins);
   chkPatternMatchingInWordsToIgnoreFile =
       MakeCheckBox("chkPatternMatchingInWordsToIgnoreFile", "Enable pattern matching", frame);
   chkExtractTextFromDocx = MakeCheckBox("chkExtractTextFromDocx", "Extract text from docx files", frame);
@@ -297,7 +293,7 @@ QWidget* FrmParamsControls::BuildOptions(QWidget* parent) {
 QWidget* FrmParamsControls::BuildStateFile(QWidget* parent) {
   fraStateFile = MakeGroup("fraStateFile", "Settings file and questions", parent);
   QWidget* frame = fraStateFile;
-  auto* layout = Tight(new QGridLayout(frame));
+  auto* layout = Tight(new QGridLayout(frame), kMargins);
   cmdSaveLoadState[0] = MakeButton("cmdSaveLoadState_0", "&Load settings from file", frame);
   cmdSaveLoadState[1] = MakeButton("cmdSaveLoadState_1", "Save settings &to file", frame);
   cmdAskEverythingAgain = MakeButton("cmdAskEverythingAgain", "As&k everything again", frame);

@@ -7,14 +7,14 @@
 #include <initializer_list>
 
 #include "desktop/dialogs/frm_load_remove.h"
-#include "desktop/main_window/frm_main.h"
 #include "desktop/settings_window/frm_params.h"
+#include "desktop/settings_window/settings_host.h"
 #include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
+#include "desktop/widgets/guarded.h"
 #include "wordlists/common_words.h"
 #include "wordlists/load_word_filters.h"
-#include "wordlists/read_words.h"
 #include "wordlists/typed_words.h"
 
 namespace korv {
@@ -33,7 +33,7 @@ void frmParams::FillLanguages() {
 
 void frmParams::ConnectWords() {
   const auto onClick = [this](QAbstractButton* button, const char* place, auto handler) {
-    connect(button, &QAbstractButton::clicked, this, main_.Guarded(place, handler));
+    connect(button, &QAbstractButton::clicked, this, Guarded(host_.Outside().Messages, place, handler));
   };
   onClick(cmdSelectWordsFile, "cmdSelectWordsFile_Click", [this] { cmdSelectWordsFile_Click(); });
   onClick(cmdClearWordsFile, "cmdClearWordsFile_Click", [this] { cmdClearWordsFile_Click(); });
@@ -43,9 +43,10 @@ void frmParams::ConnectWords() {
   onClick(optCountOnlyWordsAndPhrases, "optListKind_Click", [this] { optListKind_Click(); });
   // Choosing the entry that is selected already counts, too: that is how a changed file is loaded again.
   connect(cboWordsFile, &QComboBox::activated, this,
-          main_.Guarded("cboWordsFile_Click", [this] { cboWordsFile_Click(); }));
+          Guarded(host_.Outside().Messages, "cboWordsFile_Click", [this] { cboWordsFile_Click(); }));
   connect(cboCommonWordsLanguages, &QComboBox::activated, this,
-          main_.Guarded("cboCommonWordsLanguages_Click", [this] { cboCommonWordsLanguages_Click(); }));
+          Guarded(host_.Outside().Messages, "cboCommonWordsLanguages_Click",
+                  [this] { cboCommonWordsLanguages_Click(); }));
   for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) {
     box->installEventFilter(this);
     connect(box, &QPlainTextEdit::textChanged, this, [this] {
@@ -58,10 +59,10 @@ void frmParams::ConnectWords() {
 bool frmParams::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut &&
       (watched == txbWordsToIgnoreOrCount[0] || watched == txbWordsToIgnoreOrCount[1])) {
-    main_.Guarded("txbWordsToIgnoreOrCount_LostFocus", [this, watched] {
+    Guarded(host_.Outside().Messages, "txbWordsToIgnoreOrCount_LostFocus", [this, watched] {
       CheckAllowedExtraChars(watched == txbWordsToIgnoreOrCount[0] ? ListKind::WordsToIgnore
                                                                    : ListKind::CountOnly);
-      main_.SetWordsToIgnoreNotice();
+      host_.SetWordsToIgnoreNotice();
     })();
   }
   return QWidget::eventFilter(watched, event);
@@ -92,14 +93,19 @@ void frmParams::optListKind_Click() {
   ShowWordFiles();
 }
 
+void frmParams::ShowList(ListKind kind) {
+  QRadioButton* const option = kind == ListKind::CountOnly ? optCountOnlyWordsAndPhrases : optWordsToIgnore;
+  if (!option->isChecked()) option->click();
+}
+
 // ---- The list of files
 
 void frmParams::cmdSelectWordsFile_Click() {
   const ListKind kind = ShownKind();
   WordFileList& files = FilesOf(kind);
-  Messages& messages = main_.Outside().Messages;
+  Messages& messages = host_.Outside().Messages;
   if (!files.MayGrow(messages)) return;
-  const auto path = main_.Outside().Dialogs.ChooseFileToOpen({.Title = std::string(SelectFileTitle(kind)),
+  const auto path = host_.Outside().Dialogs.ChooseFileToOpen({.Title = std::string(SelectFileTitle(kind)),
                                                               .Filter = std::string(kListFileFilter),
                                                               .InitialPath = files.SelectedPath()});
   if (!path) return;
@@ -132,7 +138,7 @@ void frmParams::cboWordsFile_Click() {
 }
 
 void frmParams::cmdClearWordsFile_Click() {
-  if (!FilesOf(ShownKind()).AskToClear(main_.Outside().Messages)) return;
+  if (!FilesOf(ShownKind()).AskToClear(host_.Outside().Messages)) return;
   ForgetLoadedWords(ShownKind());
   ShowWordFiles();
 }
@@ -149,7 +155,7 @@ void frmParams::ForgetLoadedWords(ListKind kind) {
   if (FromQt(lblState->text()) == told) lblState->setText({});
   told.clear();
   ShowWordFiles();
-  main_.SetWordsToIgnoreNotice();
+  host_.SetWordsToIgnoreNotice();
 }
 
 void frmParams::ShowWordFiles() {
@@ -185,7 +191,7 @@ void frmParams::EnableClearButtons() {
   cmdClearWordsToIgnoreOrCount->setEnabled(!txbWordsToIgnoreOrCount[kind]->document()->isEmpty());
   cboWordsFile->setEnabled(cboWordsFile->count() > 0);
   cmdClearWordsFile->setEnabled(cboWordsFile->count() > 0);
-  cmdAskEverythingAgain->setEnabled(AnySilenced(main_.Outside().Store));
+  cmdAskEverythingAgain->setEnabled(AnySilenced(host_.Outside().Store));
 }
 
 void frmParams::GatherWordFiles(Settings& settings) const {
@@ -203,7 +209,7 @@ void frmParams::ApplyWordFiles(const Settings& settings) {
 
 void frmParams::cboCommonWordsLanguages_Click() {
   const int item = cboCommonWordsLanguages->currentIndex();
-  const Desktop& outside = main_.Outside();
+  const Desktop& outside = host_.Outside();
   if (AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.ProgramFolder, outside.Files,
                      FilesOf(ListKind::WordsToIgnore), outside.Messages)) {
     ShowWordFiles();
@@ -212,7 +218,7 @@ void frmParams::cboCommonWordsLanguages_Click() {
 }
 
 void frmParams::SetPathToCWDs_Eng() {
-  const Desktop& outside = main_.Outside();
+  const Desktop& outside = host_.Outside();
   korv::SetPathToCWDs_Eng(outside.ProgramFolder, FilesOf(ListKind::WordsToIgnore), outside.Messages);
   ShowWordFiles();
 }
@@ -224,19 +230,16 @@ void frmParams::SelectNoLanguage() {
 // ---- Loading
 
 void frmParams::AttemptToReadWords(ListKind kind) {
-  const std::filesystem::path path = PathFromText(FilesOf(kind).SelectedPath());
-  WordList list;
-  std::string label;
-  main_.WhileBusy(std::string(ReadingNotice(kind)), [&](ListReading& reading) {
-    if (korv::AttemptToReadWords(reading, path, kind, main_.GatherSettings().Words, list, label)) {
-      LoadedOf(kind) = std::move(list);
-      loadedLabels_[static_cast<size_t>(kind)] = label;
-      lblState->setText(ToQt(label));
-    }
+  const WordListRequest request{.Kind = kind,
+                                .Path = PathFromText(FilesOf(kind).SelectedPath()),
+                                .Rules = host_.GatherSettings().Words};
+  host_.ReadWords(request, [this, kind](ReadWordList read) {
+    LoadedOf(kind) = std::move(read.List);
+    loadedLabels_[static_cast<size_t>(kind)] = read.StateLabel;
+    lblState->setText(ToQt(read.StateLabel));
   });
   ShowWordFiles();
-  main_.SetCountPhrasesCaption();
-  main_.SetWordsToIgnoreNotice();
+  host_.SetWordsToIgnoreNotice();
 }
 
 // ---- Typed words
@@ -250,7 +253,7 @@ void frmParams::CheckAllowedExtraChars() {
 }
 
 void frmParams::CheckAllowedExtraChars(ListKind kind) {
-  korv::CheckAllowedExtraChars(kind, TypedOf(kind), main_.GatherSettings().Words, main_.Outside().Messages);
+  korv::CheckAllowedExtraChars(kind, TypedOf(kind), host_.GatherSettings().Words, host_.Outside().Messages);
 }
 
 void frmParams::ClearExtraWords() {
@@ -261,7 +264,7 @@ void frmParams::cmdClearWordsToIgnoreOrCount_Click() {
   QPlainTextEdit* box = txbWordsToIgnoreOrCount[static_cast<size_t>(ShownKind())];
   box->clear();
   box->setFocus();
-  main_.SetWordsToIgnoreNotice();
+  host_.SetWordsToIgnoreNotice();
 }
 
 WordFilterSpec frmParams::GatherWordFilterSpec(const WordRules& rules) const {

@@ -50,6 +50,13 @@ void TabToTheSelected(const std::vector<QRadioButton*>& group) {
   update();
 }
 
+void SelectOption(std::initializer_list<std::pair<QRadioButton*, bool>> options) {
+  // A group does not let go of its selection by itself.
+  for (const auto& [option, selected] : options) option->setAutoExclusive(false);
+  for (const auto& [option, selected] : options) option->setChecked(selected);
+  for (const auto& [option, selected] : options) option->setAutoExclusive(true);
+}
+
 QComboBox* MakeCombo(const char* name, const char* accessibleName, QWidget* parent) {
   auto* combo = Described(Named(new QComboBox(parent), name), accessibleName);
   // A long path or caption in the list must not widen the window.

@@ -3,7 +3,9 @@
 // tests: the figures depend on the machine.
 
 #include <QApplication>
-#include <QPlainTextEdit>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -13,7 +15,14 @@
 #include <cstdio>
 #include <vector>
 
+#include "desktop/main_window/file_page.h"
 #include "desktop/main_window/frm_main.h"
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/phrases_panel.h"
+#include "desktop/main_window/run_controller.h"
+#include "desktop/main_window/run_panel.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/status_line.h"
 #include "desktop/toolkit/qt_yielder.h"
 #include "desktop/toolkit/text.h"
 #include "sources/questions.h"
@@ -69,9 +78,10 @@ int main(int argc, char** argv) {
       .Store = store});
   window.show();
   if (!window.Form_Load()) return 1;
-  window.txbFile[0]->setText(QString::fromLocal8Bit(argv[1]));
-  if (argc > 2) window.txbFile[1]->setText(QString::fromLocal8Bit(argv[2]));
-  window.cboPhraseLength[0]->setCurrentIndex(0);
+  const korv::MainPanels& panels = window.Panels();
+  panels.Source->File->txbFile->setText(QString::fromLocal8Bit(argv[1]));
+  if (argc > 2) panels.OutputFile->txbFile->setText(QString::fromLocal8Bit(argv[2]));
+  panels.Phrases->cboPhraseLength[0]->setCurrentIndex(0);
 
   std::vector<Gap> gaps;
   SteadyTime last = clock.Now();
@@ -83,14 +93,14 @@ int main(int argc, char** argv) {
     last = now;
     ++rounds;
     if (gap.count() > 20) {
-      gaps.push_back({gap.count(), window.lblStatusText->text().toStdString() + " at " +
-                                       std::to_string(window.prgProgress->value())});
+      gaps.push_back({gap.count(), panels.Status->lblStatusText->text().toStdString() + " at " +
+                                       std::to_string(panels.Run->prgProgress->value())});
     }
   });
   heartbeat.start(1);
   QApplication::processEvents();
   const SteadyTime begin = clock.Now();
-  window.cmdCountPhrases_Click();
+  window.Run().cmdCountPhrases_Click();
   QApplication::processEvents();
   const std::chrono::duration<double> whole = clock.Now() - begin;
 

@@ -47,7 +47,7 @@ TEST_P(MainGeometry, IsWellBeforeAndAfterARunOfEverySource) {
     Choose("cboPhraseLength_0", 0);
     ExpectAllIsWell(std::string(source) + ", chosen");
     Count();
-    EXPECT_TRUE(main->HasResult()) << source;
+    EXPECT_TRUE(main->Result().HasResult()) << source;
     ExpectAllIsWell(std::string(source) + ", counted");
     Type("txbFilterWords", "whale");
     Click("cmdFilterResults");
@@ -67,8 +67,8 @@ TEST_P(MainGeometry, IsWellDuringARunOfEverySource) {
     bool looked = false;
     AtTheNextTurn([&] {
       looked = true;
-      main->Timer2_Timer();
-      main->tmrProgress_Timer();
+      main->Run().Timer2_Timer();
+      main->Run().tmrProgress_Timer();
       ExpectAllIsWell(std::string(source) + ", running");
     });
     Count();

@@ -30,7 +30,7 @@ class Reports : public WindowTest {
   void CountText() {
     UseFile(kText);
     Count();
-    ASSERT_TRUE(main->HasResult());
+    ASSERT_TRUE(main->Result().HasResult());
   }
   void CountFolder() {
     WriteFile("texts/a.txt", kText);
@@ -39,7 +39,7 @@ class Reports : public WindowTest {
     Type("txbFolder", PathOf("texts"));
     Type("txbFile_1", PathOf("report.txt"));
     Count();
-    ASSERT_TRUE(main->HasResult());
+    ASSERT_TRUE(main->Result().HasResult());
     Check("chkDisableOutputToFile");
   }
   /// The list alone: the output from its heading line on.
@@ -420,7 +420,7 @@ TEST_F(Reports, NameTheListingThatFailedUnforeseen) {
     }
     EXPECT_FALSE(std::filesystem::exists(PathOf("out.txt")));
   }
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
   EXPECT_TRUE(Enabled("cmdSetParameters"));
   Choose("cboDisplayFormat", 8);
   EXPECT_THAT(ReadFile(PathOf("out.txt")), HasSubstr("white whale swam"));

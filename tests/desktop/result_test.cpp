@@ -37,7 +37,7 @@ class Result : public WindowTest {
   void CountText(const std::string& text = kText) {
     UseFile(text);
     Count();
-    ASSERT_TRUE(main->HasResult());
+    ASSERT_TRUE(main->Result().HasResult());
   }
   void UseFolder() {
     WriteFile("texts/a.txt", kText);
@@ -49,7 +49,7 @@ class Result : public WindowTest {
     UseFolder();
     messages.WillAnswer(questions::kSeveralFiles, Answer::Extra);
     Count();
-    ASSERT_TRUE(main->HasResult());
+    ASSERT_TRUE(main->Result().HasResult());
     messages.Forget();
   }
   /// More phrases than the box has room for.
@@ -395,8 +395,8 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   messages.WillAnswer(questions::kLargeInput, Answer::Cancel);
   // Nor does the question stand beside numbers of a run that has not begun.
   messages.OnShow = [&](const Message&) {
-    main->tmrProgress_Timer();
-    main->Timer2_Timer();
+    main->Run().tmrProgress_Timer();
+    main->Run().Timer2_Timer();
     EXPECT_EQ(TextOf("lblStatusWords"), before[before.size() - 3]);
     EXPECT_EQ(TextOf("lblStatusPhrases"), before[before.size() - 2]);
   };
@@ -638,7 +638,7 @@ TEST_F(Result, ThatWasStoppedSaysSo) {
     if (++turns == 50) Count();
   };
   Count();
-  ASSERT_TRUE(main->HasResult());
+  ASSERT_TRUE(main->Result().HasResult());
   EXPECT_EQ(Note("Incomplete"), "Counting was stopped: what came after that is not in this list.");
 }
 
@@ -696,7 +696,7 @@ TEST_F(Result, OfSeveralFilesMayBeShownInTheWindowOnly) {
   UseFolder();
   messages.WillAnswer(questions::kSeveralFiles, Answer::Ok);
   Count();
-  EXPECT_FALSE(main->HasResult());
+  EXPECT_FALSE(main->Result().HasResult());
   ASSERT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(messages.Shown[0].Text,
             "When scanning multiple files or folders\r\nyou must specify an output file in case\r\nthe text "
@@ -729,7 +729,7 @@ TEST_F(Result, OfAFolderOfFoldersIsOfferedWithTheirNames) {
       EXPECT_EQ(refusal.Title, "Nothing to do");
       EXPECT_EQ(refusal.Addition, "It holds 2 subfolders: letters, notes.");
       EXPECT_EQ(refusal.ExtraButton, include ? "Count the subfolders" : "");
-      EXPECT_FALSE(main->HasResult());
+      EXPECT_FALSE(main->Result().HasResult());
     }
   }
   messages.WillAnswer(questions::kOnlySubfolders, Answer::Extra);

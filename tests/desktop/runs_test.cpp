@@ -79,10 +79,10 @@ TEST_F(Runs, RefuseLengthsThatContradictEachOther) {
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre("Invalid input | The maximum number of words in each phrase\r\n"
                           "must not be less than the minimum number."));
-  EXPECT_FALSE(main->HasResult());
+  EXPECT_FALSE(main->Result().HasResult());
   Choose("cboPhraseLength_1", 5);
   Count();
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(Runs, AdviseAHigherMinimumFrequency) {
@@ -132,11 +132,11 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
           "cmdRestoreDefaults"}) {
       EXPECT_FALSE(Enabled(name)) << name;
     }
-    EXPECT_TRUE(main->Timer2->isActive());
+    EXPECT_TRUE(main->Panels().Run->Timer2->isActive());
     EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 0s");
     EXPECT_TRUE(WindowTest::Shown("lblTimeElapsed"));
     clock.Step = std::chrono::hours(1);
-    main->Timer2_Timer();
+    main->Run().Timer2_Timer();
     clock.Step = {};
     EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 1h 0m 0s");
     EXPECT_THAT(TextOf("lblNumberOfWords"),
@@ -146,7 +146,7 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
   Count();
   EXPECT_TRUE(looked);
   EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
-  EXPECT_FALSE(main->Timer2->isActive());
+  EXPECT_FALSE(main->Panels().Run->Timer2->isActive());
   for (const char* name : {"cmdHelp", "cmdSetParameters", "cmdSaveState", "fraOptions", "optFolder"}) {
     EXPECT_TRUE(Enabled(name)) << name;
   }
@@ -184,7 +184,7 @@ TEST_F(Runs, TellHowManyPhrasesTheyHaveFoundAtEveryTick) {
   std::string last;
   everyTurn.OnTurn = [&] {
     if (everyTurn.Calls % 50 != 0 || !Output().starts_with("Now ")) return;
-    main->Timer2_Timer();
+    main->Run().Timer2_Timer();
     last = TextOf("lblNumberOfWords");
   };
   Count();
@@ -198,24 +198,24 @@ TEST_F(Runs, ShowASignOfLifeAtEveryTickWhileTheBoxIsShort) {
   AtTheNextTurn([&] {
     looked = true;
     const std::string before = Output();
-    main->Timer2_Timer();
-    main->Timer2_Timer();
+    main->Run().Timer2_Timer();
+    main->Run().Timer2_Timer();
     EXPECT_EQ(Output(), before + ". . ");
     Find<QCheckBox>("chkSuppressWords")->setChecked(false);
-    main->Timer2_Timer();
+    main->Run().Timer2_Timer();
     EXPECT_EQ(Output(), before + ". . ");
     Find<QCheckBox>("chkSuppressWords")->setChecked(true);
     // A line break counts twice.
     const auto length = [this] {
       return Output().size() + static_cast<size_t>(std::ranges::count(Output(), '\n'));
     };
-    main->Output().OutputToTxb(std::string(2999 - length(), 'x'));
-    main->Timer2_Timer();
+    main->Panels().Result->Output().OutputToTxb(std::string(2999 - length(), 'x'));
+    main->Run().Timer2_Timer();
     EXPECT_EQ(length(), 3001U);
-    main->Timer2_Timer();
+    main->Run().Timer2_Timer();
     EXPECT_EQ(length(), 3001U);
-    main->Timer2->setInterval(0);
-    main->Output().Clear();
+    main->Panels().Run->Timer2->setInterval(0);
+    main->Panels().Result->Output().Clear();
     EXPECT_TRUE(QTest::qWaitFor([this] { return Output().starts_with(". "); })) << "the timer itself";
   });
   Count();
@@ -242,9 +242,9 @@ TEST_F(Runs, TellHowFarAFolderWasReadWhenTheBoxIsFull) {
   std::string full;
   everyTurn.OnTurn = [&] {
     if (!full.empty() || !TextOf("txbFile_0").ends_with("d.txt")) return;
-    Fill(main->Output());
+    Fill(main->Panels().Result->Output());
     full = Output();
-    main->tmrProgress_Timer();
+    main->Run().tmrProgress_Timer();
     EXPECT_EQ(TextOf("lblStatusFiles"), "3 files in 2 folders");
   };
   Count();
@@ -253,7 +253,7 @@ TEST_F(Runs, TellHowFarAFolderWasReadWhenTheBoxIsFull) {
   Click("optInFile");
   UseFile(kText);
   AtTheNextTurn([&] {
-    Fill(main->Output());
+    Fill(main->Panels().Result->Output());
     full = Output();
   });
   Count();
@@ -264,7 +264,7 @@ TEST_F(Runs, AreToldOfInABoxThatWasFull) {
   OpenWithEveryTurn();
   UseFile(kText);
   Count();
-  Fill(main->Output());
+  Fill(main->Panels().Result->Output());
   std::string during;
   AtTheNextTurn([&] { during = Output(); });
   Count();
@@ -324,7 +324,7 @@ TEST_F(Runs, MoveTheProgressBarAndTheTwirler) {
   QTimer tick;
   QObject::connect(&tick, &QTimer::timeout, main.get(), [&] {
     if (!main->Running()) return;
-    main->tmrProgress_Timer();
+    main->Run().tmrProgress_Timer();
     frames.insert(TextOf("lblTwirler"));
     EXPECT_GE(bar->value(), furthest);
     furthest = bar->value();
@@ -345,7 +345,7 @@ TEST_F(Runs, GoOnWhenTheStopIsTakenBack) {
   const auto shown = WindowTest::Shown();
   ASSERT_FALSE(shown.empty());
   EXPECT_THAT(shown.back(), HasSubstr("Really stop?"));
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(Runs, ListWhatWasFoundBeforeAStop) {
@@ -363,7 +363,7 @@ TEST_F(Runs, ListWhatWasFoundBeforeAStop) {
       WindowTest::Shown(),
       testing::Contains("Counting interrupted | The operation was stopped before all phrases were counted."
                         "\r\nDo you wish to list those which were were found?"));
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
   EXPECT_THAT(Output(), testing::StartsWith("There "));
 }
 
@@ -373,7 +373,7 @@ TEST_F(Runs, SayStoppedWhenWhatWasFoundIsNotWanted) {
   messages.WillAnswer(questions::kCountingInterrupted, Answer::No);
   DuringTheRun([&] { Count(); });
   Count();
-  EXPECT_FALSE(main->HasResult());
+  EXPECT_FALSE(main->Result().HasResult());
   EXPECT_THAT(Output(), HasSubstr("Counting of all phrases was stopped."));
   EXPECT_THAT(Output(), HasSubstr("Stopped"));
   EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
@@ -387,7 +387,7 @@ TEST_F(Runs, WriteNoSignOfLifeWhileTheirSourceIsChecked) {
   int ticks = 0;
   disk.BeforeListing = [&](const std::filesystem::path&) {
     ++ticks;
-    main->Timer2_Timer();
+    main->Run().Timer2_Timer();
   };
   Count();
   EXPECT_GT(ticks, 0);
@@ -425,7 +425,7 @@ TEST_F(Runs, StayInTheirWindowWhenClosingItIsTakenBack) {
   DuringTheRun([&] { main->close(); });
   Count();
   EXPECT_TRUE(main->isVisible());
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(Runs, LetTheEventsOfTheWindowPassWhileTheyCount) {
@@ -454,16 +454,16 @@ TEST_F(Runs, TakeTheWordRulesOfTheSettingsWindow) {
 
 TEST_F(Runs, LeaveTheWindowUsableAfterAnErrorThatNobodyForesaw) {
   const auto handler =
-      main->Guarded("cmdFile_Click", [] { throw std::runtime_error("the disk is on fire"); });
+      Guarded(messages, "cmdFile_Click", [] { throw std::runtime_error("the disk is on fire"); });
   handler();
   EXPECT_THAT(WindowTest::Shown(),
               ElementsAre(HasSubstr("At cmdFile_Click error # 5.\r\nDescription: the disk is on fire")));
-  const auto hungry = main->Guarded("cmdFile_Click", [] { throw std::bad_alloc(); });
+  const auto hungry = Guarded(messages, "cmdFile_Click", [] { throw std::bad_alloc(); });
   hungry();
   EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("Insufficient memory")));
   UseFile(kText);
   Count();
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(Runs, TellHowManyWordsWereExcluded) {

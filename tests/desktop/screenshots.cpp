@@ -2,8 +2,10 @@
 // Run by scripts/screenshots. TEXT is the file to be counted, shown as it is named.
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QImage>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSet>
 #include <QSettings>
@@ -13,7 +15,11 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "desktop/main_window/file_page.h"
 #include "desktop/main_window/frm_main.h"
+#include "desktop/main_window/phrases_panel.h"
+#include "desktop/main_window/run_controller.h"
+#include "desktop/main_window/source_panel.h"
 #include "desktop/questions.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/application_name.h"
@@ -83,10 +89,11 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
   window.show();
   if (!window.Form_Load()) return false;
   window.resize(1180, 860);
-  window.txbFile[0]->setText(ToQt(text));
-  window.cboPhraseLength[0]->setCurrentIndex(1);
-  window.SelectSource(TextSource::SingleFile);
-  window.cmdCountPhrases_Click();
+  const MainPanels& panels = window.Panels();
+  panels.Source->File->txbFile->setText(ToQt(text));
+  panels.Phrases->cboPhraseLength[0]->setCurrentIndex(1);
+  panels.Source->Select(TextSource::SingleFile);
+  window.Run().cmdCountPhrases_Click();
   window.Timer1_Timer();
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window)) return false;

@@ -64,7 +64,7 @@ class SettingsWindow : public WindowTest {
   void CountSomething() {
     UseFile("The white whale swam. The white whale swam.");
     Count();
-    ASSERT_TRUE(main->HasResult());
+    ASSERT_TRUE(main->Result().HasResult());
     messages.Forget();
   }
   std::string PopUpText() const {
@@ -322,7 +322,7 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
     EXPECT_THAT(WindowTest::Shown(),
                 ElementsAre("Word rules | Changing this entails reading the file anew.  Is this OK?"));
     EXPECT_EQ(Checked(box), before) << box;
-    EXPECT_TRUE(main->HasResult()) << box;
+    EXPECT_TRUE(main->Result().HasResult()) << box;
     EXPECT_EQ(Output(), report) << box;
     messages.WillAnswer(questions::kRereadSource, Answer::Yes);
     Click(box);
@@ -358,7 +358,7 @@ TEST_F(SettingsWindow, AsksNothingWhenTheProgramChangesABox) {
   Click("cmdSaveLoadState_0");
   EXPECT_TRUE(Checked("chkCaseSignificant"));
   EXPECT_THAT(WindowTest::Shown(), IsEmpty());
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(SettingsWindow, ChecksTheTypedWordsAfterACharacterIsNoLongerAllowed) {

@@ -89,8 +89,8 @@ TEST_F(Sources, AreListedAndChosenAgainByAClick) {
   const std::string file = WriteFile("a.txt", kText);
   auto* recent = Find<QListWidget>("lstRecent");
   EXPECT_EQ(recent->count(), 0);
-  main->TakeSource(QString::fromStdString(file));
-  main->TakeSource(QString::fromStdString(FolderPath()));
+  main->Panels().Source->Take(QString::fromStdString(file));
+  main->Panels().Source->Take(QString::fromStdString(FolderPath()));
   ASSERT_EQ(recent->count(), 2);
   const std::pair<std::string, const char*> sources[] = {{file, "optInFile"}, {FolderPath(), "optFolder"}};
   for (int row = 0; row < 2; ++row) {
@@ -186,7 +186,7 @@ TEST_F(Sources, AdviseAnOutputFileForALargeInput) {
       ElementsAre("Large input file | The input file is quite large.  It is advisable to specify an output "
                   "file before continuing, in case the text window will not hold the result. Do you wish to "
                   "specify an output file?"));
-  EXPECT_FALSE(main->HasResult());
+  EXPECT_FALSE(main->Result().HasResult());
 
   messages.WillAnswer(questions::kLargeInput, Answer::Yes);
   dialogs.WillChoose(PathOf("out.txt"));
@@ -197,7 +197,7 @@ TEST_F(Sources, AdviseAnOutputFileForALargeInput) {
   Type("txbFile_1", "");
   messages.WillAnswer(questions::kLargeInput, Answer::No);
   Count();
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(Sources, AskAboutUtf8WithoutASignatureOncePerPath) {

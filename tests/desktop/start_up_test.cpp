@@ -226,8 +226,8 @@ TEST_F(StartUp, TicksEverySecond) {
   ASSERT_TRUE(Start());
   EXPECT_EQ(main->Timer1->interval(), 1000);
   EXPECT_TRUE(main->Timer1->isActive());
-  EXPECT_EQ(main->Timer2->interval(), 1000);
-  EXPECT_FALSE(main->Timer2->isActive());
+  EXPECT_EQ(main->Panels().Run->Timer2->interval(), 1000);
+  EXPECT_FALSE(main->Panels().Run->Timer2->isActive());
 }
 
 // ---- Help, menus, quitting
@@ -308,10 +308,10 @@ TEST_F(StartUp, RepeatsItsCommandsInMenusWithKeys) {
 TEST_F(StartUp, CountsAgainWithFunctionKeyFive) {
   ASSERT_TRUE(Start());
   UseFile("the old man said, the old man said.\n");
-  EXPECT_FALSE(main->HasResult());
+  EXPECT_FALSE(main->Result().HasResult());
   main->activateWindow();
   QTest::keyClick(main.get(), Qt::Key_F5);
-  EXPECT_TRUE(main->HasResult());
+  EXPECT_TRUE(main->Result().HasResult());
 }
 
 TEST_F(StartUp, RestoresTheSizeOfTheResultsText) {
@@ -354,7 +354,7 @@ TEST_F(StartUp, LetsTabLandOnTheSelectedOption) {
     }
   }
   // Settings select without a click.
-  main->SelectSource(TextSource::Clipboard);
+  main->Panels().Source->Select(TextSource::Clipboard);
   expectOnly(groups[0], "optOnClipboard");
 }
 

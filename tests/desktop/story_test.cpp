@@ -138,7 +138,7 @@ TEST_F(Story, FromAnEmptyWindowToAReportAndBackAfterARestart) {
   boxes.Expect("UTF-8 text without a signature", QMessageBox::Yes);
   Count();
   EXPECT_TRUE(boxes.AllSeen());
-  ASSERT_TRUE(main->HasResult());
+  ASSERT_TRUE(main->Result().HasResult());
   EXPECT_THAT(Output(), StartsWith("There are 3 phrases with 3 to 4 words which occur at least twice.\n"));
   EXPECT_THAT(Output(), HasSubstr("    3  ein café ohne meer\n"));
   EXPECT_THAT(Output(), HasSubstr("    2  the white whale swam\n"));
@@ -188,7 +188,7 @@ TEST_F(Story, FromAnEmptyWindowToAReportAndBackAfterARestart) {
   EXPECT_EQ(TextOf("cboPhraseLength_0"), "3");
   EXPECT_EQ(TextOf("cboPhraseLength_1"), "4");
   EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
-  EXPECT_FALSE(main->HasResult());
+  EXPECT_FALSE(main->Result().HasResult());
 
   // The report that is there is written over only when the user says so.
   boxes.Expect("UTF-8 text without a signature", QMessageBox::Yes);

@@ -13,7 +13,7 @@
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/muted_messages.h"
 #include "desktop/main_window/open_associated.h"
-#include "desktop/main_window/output_text_box.h"
+#include "desktop/results/output_text_box.h"
 #include "desktop/silence_rules.h"
 #include "desktop/toolkit/color_scheme.h"
 #include "desktop/toolkit/qt_clipboard.h"

@@ -20,6 +20,11 @@
 
 #include "desktop/desktop.h"
 #include "desktop/main_window/frm_main.h"
+#include "desktop/main_window/result_controller.h"
+#include "desktop/main_window/run_controller.h"
+#include "desktop/main_window/run_panel.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/qt_yielder.h"
 #include "tests/fakes/fake_clock.h"

@@ -1,4 +1,4 @@
-#include "desktop/main_window/output_text_box.h"
+#include "desktop/results/output_text_box.h"
 
 #include <QPlainTextEdit>
 #include <QTextCursor>

@@ -1,0 +1,171 @@
+#include "desktop/main_window/folder_page.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+
+#include "desktop/main_window/path_box.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+FolderPage::FolderPage(const Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop) {
+  auto* layout = Bare(new QGridLayout(this));
+  BuildFolderRow(*layout);
+  BuildPatterns(*layout);
+  BuildFoot(*layout);
+  for (QWidget* control : FileChoices()) KeepPlaceWhenHidden(control);
+  layout->setColumnStretch(1, 1);
+  Connect();
+}
+
+FolderPage::~FolderPage() {
+  StopListening(*this);
+}
+
+void FolderPage::BuildFolderRow(QGridLayout& layout) {
+  cmdFolder = MakeButton("cmdFolder", "F&older", this);
+  cmdFolder->setToolTip(QStringLiteral("Click on the 'Folder' button to specify a folder with input files."));
+  txbFolder = MakeTextBox("txbFolder", "Path of the folder", this);
+  cmdClearFolder = Described(MakeButton("cmdClearFolder", "Cle&ar", this), "Clear the folder");
+  layout.addWidget(cmdFolder, 0, 0);
+  layout.addWidget(txbFolder, 0, 1);
+  layout.addWidget(cmdClearFolder, 0, 2);
+}
+
+void FolderPage::BuildPatterns(QGridLayout& layout) {
+  struct Row {
+    const char* name;
+    const char* caption;
+    const char* examples;
+  };
+  constexpr std::array<Row, 2> kRows = {
+      {{"txbFileFilepathSpecifications_0",
+        "Scan files matching patterns:", "E.g., *.txt, *.docx, a*.htm*, b*.xml"},
+       {"txbFileFilepathSpecifications_1", "Exclude filepaths containing text:", "E.g., copy, bak"}}};
+  auto* rows = Bare(new QGridLayout);
+  for (size_t i = 0; i < kRows.size(); ++i) {
+    auto* box = MakeTextBox(kRows[i].name, kRows[i].caption, this);
+    box->setPlaceholderText(QString::fromUtf8(kRows[i].examples));
+    box->setToolTip(box->placeholderText());
+    txbFileFilepathSpecifications[i] = box;
+    rows->addWidget(MakeCaption(kRows[i].caption, box, this), static_cast<int>(i), 0);
+    rows->addWidget(box, static_cast<int>(i), 1);
+  }
+  layout.addLayout(rows, 1, 0, 1, 3);
+}
+
+void FolderPage::BuildFoot(QGridLayout& layout) {
+  chkIncludeSubfolders = MakeCheckBox("chkIncludeSubfolders", "Include subfolders", this);
+  cmdListFiles = MakeButton("cmdListFiles", "List files to be sca&nned", this);
+  auto* foot = new QHBoxLayout;
+  foot->addWidget(chkIncludeSubfolders);
+  foot->addStretch(1);
+  foot->addWidget(cmdListFiles);
+  layout.addLayout(foot, 2, 0, 1, 3);
+}
+
+void FolderPage::Connect() {
+  const Wiring wiring(*this, desktop_.Messages);
+  wiring.OnClick(cmdFolder, "cmdFolder_Click", [this] { cmdFolder_Click(); });
+  wiring.OnClick(cmdClearFolder, "cmdClearFolder_Click", [this] { cmdClearFolder_Click(); });
+  wiring.OnLeaving(txbFolder, "txbFolder_LostFocus", [this] { txbFolder_LostFocus(); });
+  wiring.OnClick(cmdListFiles, "cmdListFiles_Click", [this] { cmdListFiles_Click(); });
+  for (int i = 0; i < 2; ++i) {
+    QLineEdit* box = txbFileFilepathSpecifications[static_cast<size_t>(i)];
+    wiring.OnLeaving(box, "txbFileFilepathSpecifications_LostFocus",
+                     [this, i] { txbFileFilepathSpecifications_LostFocus(i); });
+    wiring.OnText(box, "txbFileFilepathSpecifications_Change", [this] { Changed(); });
+  }
+  wiring.OnText(txbFolder, "txbFolder_Change", [this] {
+    Changed();
+    EnableClearButtons();
+  });
+  wiring.OnToggle(chkIncludeSubfolders, "chkIncludeSubfolders_Change", [this] { Changed(); });
+}
+
+void FolderPage::cmdFolder_Click() {
+  const auto path = desktop_.Dialogs.ChooseFolder("Specify a folder", FromQt(txbFolder->text()));
+  if (path) Chosen(ToQt(*path));
+}
+
+void FolderPage::cmdClearFolder_Click() {
+  txbFolder->clear();
+  txbFolder->setFocus();
+  EnableClearButtons();
+}
+
+void FolderPage::txbFolder_LostFocus() {
+  TrimBox(*txbFolder);
+  EnableClearButtons();
+}
+
+void FolderPage::txbFileFilepathSpecifications_LostFocus(int index) {
+  QLineEdit* box = txbFileFilepathSpecifications[static_cast<size_t>(index)];
+  const QString joined = ToQt(JoinPatterns(SplitPatterns(FromQt(box->text()))));
+  if (joined != box->text()) box->setText(joined);
+  if (index == 0) WarnAboutDocPattern(FromQt(joined), desktop_.Messages);
+  // Of its own faults only; those of the other box are told when that one is left.
+  FileSelection own;
+  (index == 0 ? own.Patterns : own.Exclusions) = SplitPatterns(FromQt(joined));
+  ValidatePatterns(own, desktop_.Messages);
+}
+
+void FolderPage::cmdListFiles_Click() {
+  const FileSelection selection = Selection();
+  const std::string folder = TrimmedFolderPath(FromQt(txbFolder->text()));
+  if (!ValidatePatterns(selection, desktop_.Messages) ||
+      !ValidateFolder(desktop_.Files, desktop_.Messages, folder, {}, chkIncludeSubfolders->isChecked(),
+                      true)) {
+    return;
+  }
+  ListFilesOf(PathFromText(folder), selection);
+}
+
+FileSelection FolderPage::Selection() const {
+  return {.Patterns = SplitPatterns(FromQt(txbFileFilepathSpecifications[0]->text())),
+          .Exclusions = SplitPatterns(FromQt(txbFileFilepathSpecifications[1]->text()))};
+}
+
+bool FolderPage::Contains(const std::string& path) const {
+  const std::string folder = FromQt(txbFolder->text());
+  return !folder.empty() && OutputIsInFolder(desktop_.Files, folder, path, chkIncludeSubfolders->isChecked());
+}
+
+void FolderPage::SelectFiles(const std::string& patterns) {
+  txbFileFilepathSpecifications[0]->setText(ToQt(patterns));
+  txbFileFilepathSpecifications[1]->clear();
+  chkIncludeSubfolders->setChecked(false);
+}
+
+void FolderPage::ShowFileChoices(bool shown) {
+  for (QWidget* control : FileChoices()) control->setVisible(shown);
+}
+
+void FolderPage::EnableDisableButtons(bool enabled) {
+  enabled_ = enabled;
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           cmdFolder, txbFolder, cmdClearFolder, txbFileFilepathSpecifications[0],
+           txbFileFilepathSpecifications[1], chkIncludeSubfolders, cmdListFiles}) {
+    control->setEnabled(enabled);
+  }
+  EnableClearButtons();
+}
+
+void FolderPage::EnableClearButtons() {
+  if (enabled_) cmdClearFolder->setEnabled(!txbFolder->text().isEmpty());
+}
+
+void FolderPage::SetPathToolTips() {
+  ShowPathAsToolTip(*txbFolder, "To specify a folder click on the button labelled 'Folder'.");
+}
+
+std::array<QWidget*, 4> FolderPage::FileChoices() const {
+  return {txbFileFilepathSpecifications[0], txbFileFilepathSpecifications[1], chkIncludeSubfolders,
+          cmdListFiles};
+}
+
+}  // namespace korv

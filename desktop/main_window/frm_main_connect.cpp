@@ -1,0 +1,132 @@
+// The wiring of the main window: which part calls which.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QTimer>
+
+#include "desktop/main_window/control_settings.h"
+#include "desktop/main_window/file_drops.h"
+#include "desktop/main_window/folder_page.h"
+#include "desktop/main_window/frm_main.h"
+#include "desktop/main_window/main_menus.h"
+#include "desktop/main_window/opening.h"
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/phrases_panel.h"
+#include "desktop/main_window/report_panel.h"
+#include "desktop/main_window/result_controller.h"
+#include "desktop/main_window/run_controller.h"
+#include "desktop/main_window/run_panel.h"
+#include "desktop/main_window/settings_controller.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/words_to_ignore_panel.h"
+#include "desktop/results/filter_panel.h"
+#include "desktop/results/result_notes_panel.h"
+#include "desktop/results/result_panel.h"
+#include "desktop/settings_window/frm_params.h"
+#include "desktop/widgets/wiring.h"
+
+namespace korv {
+
+void frmMain::MakeControllers() {
+  params_ = std::make_unique<frmParams>(*this);
+  settings_ = std::make_unique<ControlSettings>(panels_, *params_);
+  run_ = std::make_unique<RunController>(
+      desktop_, runClock_, panels_, *settings_, *texts_,
+      RunController::Hooks{.EnableDisableButtons = [this](bool enabled) { EnableDisableButtons(enabled); },
+                           .SetCountPhrasesCaption = [this] { SetCountPhrasesCaption(); },
+                           .HideResult = [this] { result_->HideResult(); },
+                           .ShowResultAgain = [this] { result_->ShowResultAgain(); },
+                           .Counted = [this](FinishedRun finished) { result_->Take(std::move(finished)); },
+                           .Ended = [this] { RunEnded(); }});
+  result_ = std::make_unique<ResultController>(desktop_, panels_, *settings_, *run_,
+                                               [this](std::optional<ListKind> kind) {
+                                                 if (kind) params_->ShowList(*kind);
+                                                 cmdSetParameters_Click();
+                                               });
+  settingsController_ = std::make_unique<SettingsController>(
+      desktop_, panels_, *settings_, *params_, *popUp_,
+      SettingsController::Hooks{.Applied = [this] { result_->FollowControls(); },
+                                .WordsChanged = [this] { SetWordsToIgnoreNotice(); }});
+  opening_ = std::make_unique<Opening>(
+      desktop_, *panels_.Source, [this] { return run_->Idle(); },
+      [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); });
+}
+
+void frmMain::MakeMenus() {
+  menus_ = std::make_unique<MainMenus>(
+      *menuBar(), desktop_, panels_,
+      MainMenus::Commands{.CountPhrases = [this] { run_->cmdCountPhrases_Click(); },
+                          .Stop =
+                              [this] {
+                                if (Running()) run_->cmdCountPhrases_Click();
+                              },
+                          .SaveState = [this] { SaveStateFile(this); },
+                          .LoadSettings = [this] { params_->cmdSaveLoadState_Click(0, this); },
+                          .SaveSettings = [this] { params_->cmdSaveLoadState_Click(1, this); },
+                          .Quit = [this] { cmdQuit_Click(); },
+                          .Settings = [this] { cmdSetParameters_Click(); },
+                          .Help = [this] { cmdHelp_Click(); }});
+}
+
+void frmMain::ConnectPanels() {
+  const auto changed = [this] { result_->ShowResult(); };
+  SourcePanel& source = *panels_.Source;
+  source.KindChanged = [this] { SourceHasChanged(); };
+  source.Changed = [this] {
+    SetTitle();
+    result_->ShowResult();
+  };
+  source.RecentChosen = [this](const QString& path) { OpenPaths({path}); };
+  source.Folder->ListFilesOf = [this](const std::filesystem::path& folder, const FileSelection& files) {
+    run_->ListFolderFiles(folder, files, panels_.Source->Folder->chkIncludeSubfolders->isChecked());
+  };
+  panels_.Phrases->Changed = changed;
+  panels_.WordsToIgnore->RuleChosen = [this] { SetWordsToIgnoreNotice(); };
+  panels_.WordsToIgnore->SetParametersWanted = [this] { cmdSetParameters_Click(); };
+  panels_.Report->Changed = [this] { result_->RelistAfterChange(); };
+  panels_.OutputFile->Changed = changed;
+  panels_.OutputFile->EnabledByUser = [this] { result_->OfferToWrite(); };
+  panels_.OutputFile->Refuses = [&source](const std::string& path) { return source.RefusesOutput(path); };
+  panels_.Run->Commands = {.CountPhrases = [this] { run_->cmdCountPhrases_Click(); },
+                           .SaveState = [this] { SaveStateFile(this); },
+                           .Help = [this] { cmdHelp_Click(); },
+                           .Quit = [this] { cmdQuit_Click(); },
+                           .Second = [this] { run_->Timer2_Timer(); },
+                           .Progress = [this] { run_->tmrProgress_Timer(); }};
+  ResultPanel& result = *panels_.Result;
+  result.Cleared = [this] { result_->ForgetListing(); };
+  result.Notes->OnAction([this](NoteAction action) {
+    Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();
+  });
+  result.Filter->Changed = changed;
+  result.Filter->FilterResults = [this] { result_->FilterResults(); };
+  result.Filter->ModeChosen = [this] { result_->RelistAfterChange(); };
+  connect(Timer1, &QTimer::timeout, this, Guarded(messages_, "Timer1_Timer", [this] { Timer1_Timer(); }));
+}
+
+void frmMain::ConnectParams() {
+  const Wiring wiring(*this, messages_);
+  const auto changed = [this] { result_->ShowResult(); };
+  for (const QComboBox* sizes : {params_->cboShortWordSize, params_->cboLongWordSize}) {
+    wiring.OnChoice(sizes, "ShowResult", changed);
+  }
+  for (const QCheckBox* box : params_->findChildren<QCheckBox*>()) {
+    wiring.OnToggle(box, "ShowResult", changed);
+  }
+  const SourcePanel& source = *panels_.Source;
+  for (const QRadioButton* option : {source.optOnClipboard, source.optInFile, source.optFolder}) {
+    connect(option, &QRadioButton::toggled, params_.get(), [this] { params_->OptionsHaveChanged(); });
+  }
+}
+
+void frmMain::WatchDrops() {
+  auto* drops = new FileDrops(
+      this, [this] { return startUpCompleted_ && run_->Idle(); },
+      [this](const QStringList& paths) { Guarded(messages_, "OpenPaths", [&] { OpenPaths(paths); })(); });
+  drops->Watch(*this);
+  drops->Watch(*params_);
+}
+
+}  // namespace korv

@@ -1,0 +1,90 @@
+#include "desktop/main_window/main_layout.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QMainWindow>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <vector>
+
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/phrases_panel.h"
+#include "desktop/main_window/report_panel.h"
+#include "desktop/main_window/run_panel.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/status_line.h"
+#include "desktop/main_window/words_to_ignore_panel.h"
+#include "desktop/results/result_panel.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/scroll_column.h"
+
+namespace korv {
+namespace {
+
+constexpr int kColumnWidth = 400;
+
+QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
+  auto* groups = new QWidget(parent);
+  panels.Source = new SourcePanel(desktop, groups);
+  panels.Phrases = new PhrasesPanel(desktop, groups);
+  panels.WordsToIgnore = new WordsToIgnorePanel(desktop, groups);
+  panels.Report = new ReportPanel(desktop, groups);
+  panels.OutputFile = new OutputFilePanel(desktop, groups);
+  auto* stack = Bare(new QVBoxLayout(groups));
+  stack->addWidget(panels.Source, 1);
+  for (QWidget* group : std::initializer_list<QWidget*>{panels.Phrases, panels.WordsToIgnore, panels.Report,
+                                                        panels.OutputFile}) {
+    stack->addWidget(group);
+  }
+  return groups;
+}
+
+QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
+  auto* column = new QWidget(parent);
+  auto* layout = Bare(new QVBoxLayout(column));
+  // On a low screen the groups scroll; the count button below them does not.
+  auto* scroll = Named(new ScrollColumn(column), "scrOptions");
+  QWidget* groups = MakeGroups(panels, desktop, scroll);
+  scroll->setWidget(groups);
+  // The width that the groups need, and room for the scroll bar beside them.
+  const int bar = scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll);
+  column->setFixedWidth(std::max(kColumnWidth, groups->minimumSizeHint().width()) + bar);
+  layout->addWidget(scroll, 1);
+  panels.Run = new RunPanel(desktop, column);
+  layout->addWidget(panels.Run);
+  return column;
+}
+
+void SetTabOrder(const MainPanels& panels) {
+  std::vector<QWidget*> order;
+  for (const auto& part :
+       {panels.Source->TabOrder(), panels.Phrases->TabOrder(), panels.WordsToIgnore->TabOrder(),
+        panels.Report->TabOrder(), panels.OutputFile->TabOrder(), panels.Run->TabOrder(),
+        panels.Result->TabOrder(panels.Report->chkSortByNumberOfFiles)}) {
+    order.insert(order.end(), part.begin(), part.end());
+  }
+  for (size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+}  // namespace
+
+MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, const OutputBoxHooks& hooks) {
+  MainPanels panels;
+  auto* centre = new QWidget(&window);
+  auto* row = new QHBoxLayout(centre);
+  row->setContentsMargins(8, 6, 8, 4);
+  row->setSpacing(10);
+  row->addWidget(MakeColumn(panels, desktop, centre));
+  panels.Result = new ResultPanel(desktop, hooks, centre);
+  panels.Result->AddBelow(panels.Report->chkSortByNumberOfFiles);
+  row->addWidget(panels.Result, 1);
+  window.setCentralWidget(centre);
+  panels.Status = new StatusLine(desktop.Numbers, &window);
+  window.setStatusBar(panels.Status);
+  SetTabOrder(panels);
+  return panels;
+}
+
+}  // namespace korv

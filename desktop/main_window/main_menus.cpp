@@ -1,0 +1,171 @@
+#include "desktop/main_window/main_menus.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <utility>
+
+#include "desktop/main_window/clipboard_page.h"
+#include "desktop/main_window/file_page.h"
+#include "desktop/main_window/folder_page.h"
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/report_panel.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/results/filter_panel.h"
+#include "desktop/results/result_panel.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/guarded.h"
+
+namespace korv {
+namespace {
+
+/// Acts on the box that has the focus, if one has. The boxes have the keys of these commands themselves.
+template <typename Act>
+std::function<void()> OnFocus(Act act) {
+  return [act] {
+    QWidget* focus = QApplication::focusWidget();
+    if (auto* line = qobject_cast<QLineEdit*>(focus)) act(line);
+    if (auto* text = qobject_cast<QPlainTextEdit*>(focus)) act(text);
+  };
+}
+
+}  // namespace
+
+MainMenus::MainMenus(QMenuBar& bar, const Desktop& desktop, const MainPanels& panels, Commands commands)
+    : desktop_(desktop), panels_(panels), commands_(std::move(commands)) {
+  BuildFile(bar);
+  BuildEdit(bar);
+  BuildView(bar);
+  BuildHelp(bar);
+}
+
+void MainMenus::EnableDisableButtons(bool enabled) {
+  for (QAction* action : idleActions_) action->setEnabled(enabled);
+}
+
+void MainMenus::EnableStop(bool enabled) {
+  stop_->setEnabled(enabled);
+}
+
+QAction* MainMenus::Add(QMenu* menu, const char* caption, const QKeySequence& key,
+                        std::function<void()> handler, During during) {
+  QAction* action = menu->addAction(QString::fromUtf8(caption));
+  action->setShortcut(key);
+  connect(action, &QAction::triggered, this, Guarded(desktop_.Messages, caption, std::move(handler)));
+  if (during == During::Idle) idleActions_.append(action);
+  return action;
+}
+
+void MainMenus::BuildFile(QMenuBar& bar) {
+  QMenu* menu = bar.addMenu(QStringLiteral("&File"));
+  SourcePanel* const source = panels_.Source;
+  Add(menu, "&Open file...", QKeySequence::Open, [source] { source->File->cmdFile_Click(); });
+  Add(menu, "Open fol&der...", Qt::CTRL | Qt::SHIFT | Qt::Key_O,
+      [source] { source->Folder->cmdFolder_Click(); });
+  Add(menu, "Use the &clipboard", Qt::CTRL | Qt::SHIFT | Qt::Key_V,
+      [source] { source->Select(TextSource::Clipboard); });
+  QMenu* recent = menu->addMenu(QStringLiteral("&Recent"));
+  recent->setObjectName(QStringLiteral("mnuRecent"));
+  connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
+  idleActions_.append(recent->menuAction());
+  Add(menu, "Output &file...", Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+      [this] { panels_.OutputFile->cmdFile_Click(); });
+  menu->addSeparator();
+  Add(menu, "Count &phrases", Qt::CTRL | Qt::Key_Return, commands_.CountPhrases)
+      ->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});
+  stop_ = Add(menu, "S&top", Qt::Key_Escape, commands_.Stop, During::Always);
+  stop_->setEnabled(false);
+  menu->addSeparator();
+  Add(menu, "&Save settings", QKeySequence::Save, commands_.SaveState);
+  Add(menu, "&Load settings from file...", {}, commands_.LoadSettings);
+  Add(menu, "Save settings to f&ile...", {}, commands_.SaveSettings);
+  menu->addSeparator();
+  Add(menu, "&Quit", QKeySequence::Quit, commands_.Quit, During::Always);
+}
+
+void MainMenus::BuildEdit(QMenuBar& bar) {
+  QMenu* menu = bar.addMenu(QStringLiteral("&Edit"));
+  Add(menu, "&Copy", {}, OnFocus([](auto* box) { box->copy(); }), During::Always);
+  Add(menu, "&Paste", {}, OnFocus([](auto* box) { box->paste(); }), During::Always);
+  Add(menu, "Select &all", {}, OnFocus([](auto* box) { box->selectAll(); }), During::Always);
+  menu->addSeparator();
+  ResultPanel* const result = panels_.Result;
+  Add(
+      menu, "&Filter words", QKeySequence::Find, [result] { result->Filter->StartTyping(); }, During::Always);
+  Add(menu, "Filter &results", Qt::CTRL | Qt::SHIFT | Qt::Key_F,
+      [result] { result->Filter->cmdFilterResults_Click(); });
+  Add(menu, "Clear te&xtbox", Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
+      [result] { result->cmdClearOutput_Click(); });
+}
+
+void MainMenus::BuildView(QMenuBar& bar) {
+  QMenu* menu = bar.addMenu(QStringLiteral("&View"));
+  MirrorList(menu->addMenu(QStringLiteral("&Format")), panels_.Report->cboDisplayFormat);
+  MirrorList(menu->addMenu(QStringLiteral("&Order")), panels_.Report->cboWordOrder);
+  menu->addSeparator();
+  ResultPanel* const result = panels_.Result;
+  Add(
+      menu, "Larger &text", QKeySequence::ZoomIn, [result] { result->ZoomText(1); }, During::Always);
+  Add(
+      menu, "S&maller text", QKeySequence::ZoomOut, [result] { result->ZoomText(-1); }, During::Always);
+  Add(
+      menu, "&Normal text size", Qt::CTRL | Qt::Key_0, [result] { result->ZoomText(0); }, During::Always);
+  menu->addSeparator();
+  Add(menu, "View clip&board", {}, [this] { panels_.Source->Clipboard->cmdClipboardViewer_Click(); });
+  Add(menu, "&Settings", Qt::CTRL | Qt::Key_Comma, commands_.Settings);
+}
+
+void MainMenus::BuildHelp(QMenuBar& bar) {
+  QMenu* menu = bar.addMenu(QStringLiteral("&Help"));
+  Add(menu, "&Help", QKeySequence::HelpContents, commands_.Help);
+  Add(menu, "&About Korv", {}, [this] { ShowAbout(); });
+}
+
+void MainMenus::MirrorList(QMenu* menu, QComboBox* list) {
+  auto* group = new QActionGroup(menu);
+  for (int i = 0; i < list->count(); ++i) {
+    QString caption = list->itemText(i);
+    QAction* action = menu->addAction(caption.replace(u'&', QLatin1String("&&")));
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, list, [list, i] { list->setCurrentIndex(i); });
+  }
+  connect(menu, &QMenu::aboutToShow, this, [group, list] {
+    const qsizetype current = list->currentIndex();
+    if (current >= 0 && current < group->actions().size()) group->actions().at(current)->setChecked(true);
+  });
+}
+
+void MainMenus::FillRecent(QMenu* menu) {
+  menu->clear();
+  SourcePanel* const source = panels_.Source;
+  const QStringList files = source->RecentFiles.Paths();
+  const QStringList folders = source->RecentFolders.Paths();
+  for (const QStringList& paths : {files, folders}) {
+    for (const QString& path : paths) {
+      QAction* action = menu->addAction(QString(path).replace(u'&', QLatin1String("&&")));
+      connect(action, &QAction::triggered, this,
+              Guarded(desktop_.Messages, "mnuRecent_Click", [source, path] { source->Take(path); }));
+    }
+    if (!paths.isEmpty()) menu->addSeparator();
+  }
+  QAction* forget = menu->addAction(QStringLiteral("&Forget these"));
+  forget->setEnabled(!files.isEmpty() || !folders.isEmpty());
+  connect(forget, &QAction::triggered, this, [source] {
+    source->RecentFiles.Clear();
+    source->RecentFolders.Clear();
+  });
+}
+
+void MainMenus::ShowAbout() {
+  desktop_.Messages.Show({.Text = "Korv " + FromQt(QApplication::applicationVersion()) +
+                                  "\r\n\r\nCounts the phrases of natural-language text.",
+                          .Title = "About Korv",
+                          .Icon = Icon::Information});
+}
+
+}  // namespace korv

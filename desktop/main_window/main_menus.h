@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QList>
+#include <QObject>
+#include <functional>
+
+#include "desktop/desktop.h"
+#include "desktop/main_window/main_panels.h"
+
+class QAction;
+class QComboBox;
+class QMenu;
+class QMenuBar;
+
+namespace korv {
+
+/// The main window's menus, which repeat its commands with keys.
+class MainMenus final : public QObject {
+ public:
+  /// Commands that no panel has.
+  struct Commands {
+    std::function<void()> CountPhrases;
+    std::function<void()> Stop;
+    std::function<void()> SaveState;
+    std::function<void()> LoadSettings;
+    std::function<void()> SaveSettings;
+    std::function<void()> Quit;
+    std::function<void()> Settings;
+    std::function<void()> Help;
+  };
+  /// Fills `bar`. The lists of the panels have their items. The parts have to outlive this.
+  MainMenus(QMenuBar& bar, const Desktop& desktop, const MainPanels& panels, Commands commands);
+
+  /// What rests during a run.
+  void EnableDisableButtons(bool enabled);
+  void EnableStop(bool enabled);
+
+ private:
+  enum class During { Idle, Always };
+
+  QAction* Add(QMenu* menu, const char* caption, const QKeySequence& key, std::function<void()> handler,
+               During during = During::Idle);
+  void BuildFile(QMenuBar& bar);
+  void BuildEdit(QMenuBar& bar);
+  void BuildView(QMenuBar& bar);
+  void BuildHelp(QMenuBar& bar);
+  /// A menu with the items of a list, whose selected one is ticked.
+  void MirrorList(QMenu* menu, QComboBox* list);
+  void FillRecent(QMenu* menu);
+  void ShowAbout();
+
+  const Desktop& desktop_;
+  const MainPanels& panels_;
+  Commands commands_;
+  QList<QAction*> idleActions_;  ///< Commands that rest during a run.
+  QAction* stop_ = nullptr;
+};
+
+}  // namespace korv

@@ -1,0 +1,26 @@
+#pragma once
+
+namespace korv {
+
+class OutputFilePanel;
+class PhrasesPanel;
+class ReportPanel;
+class ResultPanel;
+class RunPanel;
+class SourcePanel;
+class StatusLine;
+class WordsToIgnorePanel;
+
+/// The parts that the main window is assembled from. The window owns them.
+struct MainPanels {
+  SourcePanel* Source = nullptr;
+  PhrasesPanel* Phrases = nullptr;
+  WordsToIgnorePanel* WordsToIgnore = nullptr;
+  ReportPanel* Report = nullptr;
+  OutputFilePanel* OutputFile = nullptr;
+  RunPanel* Run = nullptr;
+  ResultPanel* Result = nullptr;
+  StatusLine* Status = nullptr;
+};
+
+}  // namespace korv

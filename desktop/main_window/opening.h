@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QStringList>
+#include <filesystem>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "desktop/desktop.h"
+
+namespace korv {
+
+class SourcePanel;
+
+/// Opens what is dropped, given to the program or chosen again: a text or a folder becomes the source, a
+/// settings file is loaded.
+class Opening {
+ public:
+  /// Loads a settings file.
+  using OpenSettings = std::function<void(const std::filesystem::path&)>;
+  /// Nothing is opened while `ready` says no. The others have to outlive this.
+  Opening(const Desktop& desktop, SourcePanel& source, std::function<bool()> ready, OpenSettings openSettings)
+      : desktop_(desktop),
+        source_(source),
+        ready_(std::move(ready)),
+        openSettings_(std::move(openSettings)) {}
+
+  /// Several files can be counted together when one folder holds them; else they are refused. Says what is
+  /// wrong.
+  void OpenPaths(const QStringList& paths);
+
+ private:
+  void OpenTogether(const QStringList& paths);
+  bool AreTexts(const std::vector<std::filesystem::path>& files) const;
+
+  const Desktop& desktop_;
+  SourcePanel& source_;
+  std::function<bool()> ready_;
+  OpenSettings openSettings_;
+};
+
+}  // namespace korv

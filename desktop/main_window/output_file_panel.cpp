@@ -1,0 +1,97 @@
+#include "desktop/main_window/output_file_panel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QPushButton>
+
+#include "desktop/main_window/path_box.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+OutputFilePanel::OutputFilePanel(const Desktop& desktop, QWidget* parent)
+    : QGroupBox(QStringLiteral("Output file"), parent), desktop_(desktop) {
+  setObjectName(QStringLiteral("fraOutputFile"));
+  auto* layout = Tight(new QGridLayout(this));
+  cmdFile = MakeButton("cmdFile_1", "O&utput file", this);
+  txbFile = MakeTextBox("txbFile_1", "Path of the output file", this);
+  cmdClearFile = Described(MakeButton("cmdClearFile_1", "Clea&r", this), "Clear the output file");
+  chkDisableOutputToFile = MakeCheckBox("chkDisableOutputToFile", "Disable output to file", this);
+  layout->addWidget(cmdFile, 0, 0);
+  layout->addWidget(txbFile, 0, 1);
+  layout->addWidget(cmdClearFile, 0, 2);
+  layout->addWidget(chkDisableOutputToFile, 1, 0, 1, 3);
+  layout->setColumnStretch(1, 1);
+
+  const Wiring wiring(*this, desktop_.Messages);
+  wiring.OnClick(cmdFile, "cmdFile_Click", [this] { cmdFile_Click(); });
+  wiring.OnClick(cmdClearFile, "cmdClearFile_Click", [this] { cmdClearFile_Click(); });
+  wiring.OnLeaving(txbFile, "txbFile_LostFocus", [this] { txbFile_LostFocus(); });
+  wiring.OnText(txbFile, "txbFile_Change", [this] {
+    Changed();
+    EnableClearButtons();
+  });
+  wiring.OnClick(chkDisableOutputToFile, "chkDisableOutputToFile_Click",
+                 [this] { chkDisableOutputToFile_Click(); });
+  wiring.OnToggle(chkDisableOutputToFile, "chkDisableOutputToFile_Change", [this] { Changed(); });
+}
+
+OutputFilePanel::~OutputFilePanel() {
+  StopListening(*this);
+}
+
+void OutputFilePanel::cmdFile_Click() {
+  ChooseOutputFile();
+}
+
+bool OutputFilePanel::ChooseOutputFile() {
+  const auto path = desktop_.Dialogs.ChooseFileToSave(
+      {.Title = "Specify an output file", .Filter = kAnyTextFile, .InitialPath = FromQt(txbFile->text())});
+  if (!path || Refuses(*path)) return false;
+  SetPath(*txbFile, ToQt(*path));
+  EnableClearButtons();
+  SetPathToolTips();
+  return true;
+}
+
+void OutputFilePanel::cmdClearFile_Click() {
+  txbFile->clear();
+  txbFile->setFocus();
+  EnableClearButtons();
+}
+
+void OutputFilePanel::txbFile_LostFocus() {
+  TrimBox(*txbFile);
+  EnableClearButtons();
+}
+
+void OutputFilePanel::chkDisableOutputToFile_Click() {
+  if (!Path().empty()) EnabledByUser();
+}
+
+std::string OutputFilePanel::Path() const {
+  return chkDisableOutputToFile->isChecked() ? std::string() : TrimmedPath(FromQt(txbFile->text()));
+}
+
+void OutputFilePanel::EnableDisableButtons(bool enabled) {
+  enabled_ = enabled;
+  EnableClearButtons();
+}
+
+void OutputFilePanel::EnableClearButtons() {
+  if (enabled_) cmdClearFile->setEnabled(!txbFile->text().isEmpty());
+}
+
+void OutputFilePanel::SetPathToolTips() {
+  ShowPathAsToolTip(*txbFile, "To specify an output file click on the button labelled 'Output file'.");
+}
+
+std::vector<QWidget*> OutputFilePanel::TabOrder() const {
+  return {cmdFile, txbFile, cmdClearFile, chkDisableOutputToFile};
+}
+
+}  // namespace korv

@@ -1,0 +1,67 @@
+#include "desktop/main_window/phrases_panel.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "engine/counting/run_options.h"
+
+namespace korv {
+
+PhrasesPanel::PhrasesPanel(const Desktop& desktop, QWidget* parent)
+    : QGroupBox(QStringLiteral("Phrases"), parent) {
+  setObjectName(QStringLiteral("fraPhrases"));
+  auto* layout = Tight(new QHBoxLayout(this));
+  cboPhraseLength[0] = MakeCombo("cboPhraseLength_0", "Minimum number of words in phrase", this);
+  cboPhraseLength[1] = MakeCombo("cboPhraseLength_1", "Maximum number of words in phrase", this);
+  cboMinimumFrequency = MakeCombo("cboMinimumFrequency", "Minimum number of occurrences", this);
+  for (QComboBox* combo : {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency}) {
+    combo->setToolTip(combo->accessibleName());
+    // As wide as the two digits of its items need.
+    combo->setMinimumWidth(combo->minimumSizeHint().width() +
+                           combo->fontMetrics().horizontalAdvance(QStringLiteral("25")) + 8);
+    combo->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  }
+  layout->addWidget(MakeCaption("Phrase length", cboPhraseLength[0], this));
+  layout->addWidget(cboPhraseLength[0]);
+  layout->addWidget(MakeCaption("to", cboPhraseLength[1], this));
+  layout->addWidget(cboPhraseLength[1]);
+  layout->addStretch(1);
+  layout->addWidget(MakeCaption("Minimum frequenc&y", cboMinimumFrequency, this));
+  layout->addWidget(cboMinimumFrequency);
+
+  const Wiring wiring(*this, desktop.Messages);
+  for (QComboBox* combo : {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency}) {
+    wiring.OnChoice(combo, "ShowResult", [this] { Changed(); });
+  }
+}
+
+PhrasesPanel::~PhrasesPanel() {
+  StopListening(*this);
+}
+
+void PhrasesPanel::FillLists() {
+  for (QComboBox* combo : cboPhraseLength) {
+    for (int words = kLeastWords; words <= kMostWords; ++words) combo->addItem(QString::number(words));
+  }
+  for (int least = 1; least <= kMostMinFrequency; ++least) {
+    cboMinimumFrequency->addItem(QString::number(least));
+  }
+  cboPhraseLength[0]->setCurrentIndex(2);
+  cboPhraseLength[1]->setCurrentIndex(4);
+  cboMinimumFrequency->setCurrentIndex(1);
+}
+
+void PhrasesPanel::EnableDisableButtons(bool enabled) {
+  for (QComboBox* combo : {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency}) {
+    combo->setEnabled(enabled);
+  }
+}
+
+std::vector<QWidget*> PhrasesPanel::TabOrder() const {
+  return {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency};
+}
+
+}  // namespace korv

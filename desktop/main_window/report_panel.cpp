@@ -1,0 +1,144 @@
+#include "desktop/main_window/report_panel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QSignalBlocker>
+
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "report/report_rules.h"
+
+namespace korv {
+namespace {
+
+constexpr int kFileListFormat = 10;
+
+}  // namespace
+
+ReportPanel::ReportPanel(const Desktop& desktop, QWidget* parent)
+    : QGroupBox(QStringLiteral("Report"), parent), desktop_(desktop) {
+  setObjectName(QStringLiteral("fraReport"));
+  Build();
+  Connect();
+}
+
+ReportPanel::~ReportPanel() {
+  StopListening(*this);
+}
+
+void ReportPanel::Build() {
+  auto* layout = Tight(new QGridLayout(this));
+  cboWordOrder = MakeCombo("cboWordOrder", "Order of the phrases", this);
+  cboDisplayFormat = MakeCombo("cboDisplayFormat", "Display format", this);
+  chkDisplayRelativeFrequency = MakeCheckBox(
+      "chkDisplayRelativeFrequency", "Display relative frequency instead of absolute frequency", this);
+  chkDisplayRelativeFrequency->setToolTip(
+      QStringLiteral("'Relative frequency' is explained in 'Report Formats' in the online user manual."));
+  chkFileList = MakeCheckBox("chkFileList", "Set display format to #10", this);
+  chkSuppressWords = MakeCheckBox("chkSuppressWords", "Don't display words as found", this);
+  chkSuppressWords->setToolTip(QStringLiteral("Check this box for faster processing."));
+  chkSortByNumberOfFiles =
+      MakeCheckBox("chkSortByNumberOfFiles", "Sort by number of files instead of frequency", this);
+  KeepPlaceWhenHidden(chkFileList);
+  layout->addWidget(MakeCaption("Or&der:", cboWordOrder, this), 0, 0);
+  layout->addWidget(cboWordOrder, 0, 1);
+  layout->addWidget(chkFileList, 0, 2);
+  layout->addWidget(MakeCaption("For&mat:", cboDisplayFormat, this), 1, 0);
+  layout->addWidget(cboDisplayFormat, 1, 1, 1, 2);
+  layout->addWidget(chkDisplayRelativeFrequency, 2, 0, 1, 3);
+  layout->addWidget(chkSuppressWords, 3, 0, 1, 3);
+  layout->setColumnStretch(1, 1);
+}
+
+void ReportPanel::Connect() {
+  const Wiring wiring(*this, desktop_.Messages);
+  wiring.OnChoice(cboDisplayFormat, "cboDisplayFormat_Click", [this] { cboDisplayFormat_Click(); });
+  wiring.OnChoice(cboWordOrder, "cboWordOrder_Click", [this] { cboWordOrder_Click(); });
+  wiring.OnClick(chkDisplayRelativeFrequency, "chkDisplayRelativeFrequency_Click",
+                 [this] { chkDisplayRelativeFrequency_Click(); });
+  wiring.OnClick(chkSortByNumberOfFiles, "chkSortByNumberOfFiles_Click",
+                 [this] { chkSortByNumberOfFiles_Click(); });
+  wiring.OnClick(chkFileList, "chkFileList_Click", [this] { chkFileList_Click(); });
+}
+
+void ReportPanel::FillLists(const ProgramText& texts) {
+  const QSignalBlocker quietFormat(cboDisplayFormat);
+  const QSignalBlocker quietOrder(cboWordOrder);
+  for (int format = 0; format < kDisplayFormats; ++format) {
+    cboDisplayFormat->addItem(ToQt(texts.Get(DisplayFormatTextNumber(format))));
+  }
+  for (int order = 0; order < 2; ++order) {
+    cboWordOrder->addItem(ToQt(texts.Get(WordOrderTextNumber(order))));
+  }
+  cboDisplayFormat->setCurrentIndex(0);
+  cboWordOrder->setCurrentIndex(0);
+}
+
+ReportOptions ReportPanel::Gather() const {
+  ReportOptions options;
+  options.DisplayFormat = cboDisplayFormat->currentIndex();
+  options.WordOrder = cboWordOrder->currentIndex();
+  options.RelativeFrequency = chkDisplayRelativeFrequency->isChecked();
+  options.SortByNumberOfFiles = chkSortByNumberOfFiles->isChecked();
+  options.FileList = chkFileList->isChecked();
+  return options;
+}
+
+void ReportPanel::Put(const ReportOptions& options) {
+  const QSignalBlocker quietFormat(cboDisplayFormat);
+  const QSignalBlocker quietOrder(cboWordOrder);
+  cboWordOrder->setCurrentIndex(options.WordOrder);
+  cboDisplayFormat->setCurrentIndex(options.DisplayFormat);
+  chkDisplayRelativeFrequency->setChecked(options.RelativeFrequency);
+  chkSortByNumberOfFiles->setChecked(options.SortByNumberOfFiles);
+}
+
+void ReportPanel::EnableDisableReportOptions(TextSource source, bool tells) {
+  source_ = source;
+  ReportOptions options = Gather();
+  const QString format = cboDisplayFormat->currentText();
+  const bool available = ApplyReportRules(options, source);
+  if (!available) {
+    const QSignalBlocker quiet(cboDisplayFormat);
+    cboDisplayFormat->setCurrentIndex(options.DisplayFormat);
+  }
+  const ReportRules rules = RulesOfOptions(options, source);
+  chkDisplayRelativeFrequency->setEnabled(rules.RelativeFrequencyEnabled);
+  chkSortByNumberOfFiles->setEnabled(rules.SortByNumberOfFilesEnabled);
+  chkSortByNumberOfFiles->setChecked(options.SortByNumberOfFiles);
+  chkFileList->setVisible(source == TextSource::Folder);
+  chkFileList->setChecked(options.DisplayFormat == kFileListFormat);
+  if (!available && tells) desktop_.Messages.Show(UnavailableFormatMessage(FromQt(format)));
+}
+
+void ReportPanel::cboDisplayFormat_Click() {
+  EnableDisableReportOptions(source_, true);
+  Changed();
+}
+
+void ReportPanel::cboWordOrder_Click() {
+  EnableDisableReportOptions(source_, true);
+  Changed();
+}
+
+void ReportPanel::chkDisplayRelativeFrequency_Click() {
+  EnableDisableReportOptions(source_, true);
+  Changed();
+}
+
+void ReportPanel::chkSortByNumberOfFiles_Click() {
+  Changed();
+}
+
+void ReportPanel::chkFileList_Click() {
+  cboDisplayFormat->setCurrentIndex(chkFileList->isChecked() ? kFileListFormat : 0);
+}
+
+std::vector<QWidget*> ReportPanel::TabOrder() const {
+  return {cboWordOrder, chkFileList, cboDisplayFormat, chkDisplayRelativeFrequency};
+}
+
+}  // namespace korv

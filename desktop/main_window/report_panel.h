@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QGroupBox>
+#include <functional>
+#include <vector>
+
+#include "app/texts/program_text.h"
+#include "desktop/desktop.h"
+#include "engine/counting/run_options.h"
+#include "report/report_options.h"
+
+class QCheckBox;
+class QComboBox;
+
+namespace korv {
+
+/// How a result is listed: format, order and columns.
+class ReportPanel final : public QGroupBox {
+ public:
+  ReportPanel(const Desktop& desktop, QWidget* parent);
+  ~ReportPanel() override;
+
+  QComboBox* cboWordOrder = nullptr;
+  QComboBox* cboDisplayFormat = nullptr;
+  QCheckBox* chkDisplayRelativeFrequency = nullptr;
+  QCheckBox* chkFileList = nullptr;  ///< Shown for a folder.
+  QCheckBox* chkSuppressWords = nullptr;
+  /// Not laid out here: it stands below the list that it sorts.
+  QCheckBox* chkSortByNumberOfFiles = nullptr;
+
+  std::function<void()> Changed = [] {};  ///< The user has chosen something.
+
+  void cboDisplayFormat_Click();
+  void cboWordOrder_Click();
+  void chkDisplayRelativeFrequency_Click();
+  void chkSortByNumberOfFiles_Click();
+  void chkFileList_Click();
+
+  /// Puts the items into the lists and selects those of the start.
+  void FillLists(const ProgramText& texts);
+  /// The options as chosen, without those of the filter.
+  ReportOptions Gather() const;
+  /// Puts them into the controls; no handler runs.
+  void Put(const ReportOptions& options);
+  /// Enables, disables and corrects what depends on format, order, source and relative frequency. `tells`:
+  /// says that a format is not available.
+  void EnableDisableReportOptions(TextSource source, bool tells);
+  std::vector<QWidget*> TabOrder() const;
+
+ private:
+  void Build();
+  void Connect();
+
+  const Desktop& desktop_;
+  TextSource source_ = TextSource::SingleFile;
+};
+
+}  // namespace korv

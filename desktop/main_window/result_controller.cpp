@@ -1,0 +1,277 @@
+#include "desktop/main_window/result_controller.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <utility>
+
+#include "app/run/run_changes.h"
+#include "desktop/main_window/control_settings.h"
+#include "desktop/main_window/open_associated.h"
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/phrases_panel.h"
+#include "desktop/main_window/run_controller.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/status_line.h"
+#include "desktop/questions.h"
+#include "desktop/results/filter_panel.h"
+#include "desktop/results/result_notes_panel.h"
+#include "desktop/results/result_panel.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/guarded.h"
+#include "report/filter.h"
+#include "report/report_rules.h"
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+ResultController::ResultController(const Desktop& desktop, const MainPanels& panels,
+                                   const ControlSettings& settings, RunController& run,
+                                   ShowSettings showSettings)
+    : desktop_(desktop),
+      panels_(panels),
+      settings_(settings),
+      run_(run),
+      showSettings_(std::move(showSettings)),
+      overwrite_(desktop.Files, desktop.Messages) {}
+
+bool ResultController::ResultKeepsToWordRules() const {
+  return result_ && !ChangesBetween(result_->Request, settings_.GatherRunRequest()).WordRules;
+}
+
+bool ResultController::WantsFilter() const {
+  return panels_.Result->Filter->WantsFilter();
+}
+
+ChosenNow ResultController::GatherChosen() const {
+  ChosenNow now;
+  now.Changes = ChangesBetween(result_->Request, settings_.GatherRunRequest());
+  now.Report = settings_.GatherReportOptions();
+  now.Report.FilterText = NormaliseFilterText(now.Report.FilterText);
+  now.Report.FilterActive = !now.Report.FilterText.empty();
+  now.FormatAvailable = ApplyReportRules(now.Report, result_->Run.Facts.Options.SourceKind);
+  now.OutputPath = panels_.OutputFile->Path();
+  return now;
+}
+
+// ---- Listing
+
+void ResultController::Take(FinishedRun finished) {
+  result_ = std::move(finished.Result);
+  panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
+  ListTheResult(finished.Filtered, finished.ToFile);
+}
+
+void ResultController::ListTheResult(bool filtered, bool toFile) {
+  if (!result_) return;
+  ReportOptions options = settings_.GatherReportOptions();
+  options.FilterActive = filtered && !options.FilterText.empty();
+  // A format that is there for folders only may have been chosen for the next count.
+  ApplyReportRules(options, result_->Run.Facts.Options.SourceKind);
+  std::optional<std::string> path;
+  if (toFile) path = ConfirmedOutputPath();
+  changedMeanwhile_ = false;
+  run_.List(
+      *result_, options, path,
+      [this, intoFile = path.has_value(), before = panels_.Result->GetContents()](ShownListing listing) {
+        // The last list is as good as before.
+        if (listing.Failed && intoFile && result_->InSight) return panels_.Result->PutBack(before);
+        TakeListing(std::move(listing));
+      });
+}
+
+void ResultController::TakeListing(ShownListing listing) {
+  if (!listing.File.empty()) overwrite_.Written(PathFromText(listing.File));
+  result_->Listing = std::move(listing);
+  result_->InSight = true;
+  // The most frequent phrases stand at the top.
+  panels_.Result->ScrollToTop();
+}
+
+std::optional<std::string> ResultController::ConfirmedOutputPath() {
+  const std::string wanted = panels_.OutputFile->Path();
+  if (wanted.empty()) return std::nullopt;
+  std::optional<std::string> path = overwrite_.Confirm(wanted, settings_.Gather().WarnOnOverwrite);
+  // Whatever was typed: what has been counted is never written over.
+  if (path && OutputIsSource(*path)) path.reset();
+  if (path) {
+    panels_.OutputFile->txbFile->setText(ToQt(*path));
+  } else {
+    panels_.OutputFile->chkDisableOutputToFile->setChecked(true);
+  }
+  return path;
+}
+
+bool ResultController::OutputIsSource(const std::string& path) {
+  const RunSummary& facts = result_->Run.Facts;
+  switch (facts.Options.SourceKind) {
+    case TextSource::Clipboard:
+      return false;
+    case TextSource::SingleFile:
+      if (!PathsMeetInOneFile(desktop_.Files, facts.InputPath, path)) return false;
+      ShowInputFileError(desktop_.Messages, InputFileCode::SameAsOutput, facts.InputPath);
+      return true;
+    case TextSource::Folder:
+      if (!OutputIsInFolder(desktop_.Files, facts.InputPath, path, facts.IncludeSubfolders)) return false;
+      ShowOutputInFolder(desktop_.Messages);
+      return true;
+  }
+  return false;
+}
+
+void ResultController::RelistAfterChange() {
+  if (!HasResult()) return;
+  if (!run_.Idle()) {
+    changedMeanwhile_ = true;
+    return;
+  }
+  const ChosenNow now = GatherChosen();
+  const ReportOptions& listed = result_->Listing.Options;
+  const bool same = result_->InSight && !result_->Listing.Failed && SameForm(listed, now.Report) &&
+                    SameFilter(listed, now.Report);
+  if (same || !now.FormatAvailable) return ShowResult();
+  ListTheResult(WantsFilter());
+}
+
+void ResultController::FilterResults() {
+  if (!HasResult()) return;
+  if (!run_.Idle()) {
+    changedMeanwhile_ = true;
+    return;
+  }
+  ListTheResult(true);
+}
+
+void ResultController::FollowControls() {
+  if (!settings_.Restoring() && run_.Idle() && result_ && result_->InSight) {
+    const ChosenNow now = GatherChosen();
+    const bool writesFile = !now.OutputPath.empty() || !result_->Listing.File.empty();
+    const bool differs =
+        !SameForm(result_->Listing.Options, now.Report) || !SameFilter(result_->Listing.Options, now.Report);
+    if (now.FormatAvailable && !writesFile && differs) ListTheResult(WantsFilter());
+  }
+  ShowResult();
+}
+
+void ResultController::OfferToWrite() {
+  if (!run_.Idle() || !HasResult()) return;
+  if (desktop_.Messages.Show({.Text = "Relist words (so as to write to file)?",
+                              .Title = "Relist?",
+                              .Icon = Icon::Question,
+                              .Buttons = Buttons::YesNo,
+                              .DefaultAnswer = Answer::Yes,
+                              .Question = questions::kRelist}) == Answer::Yes) {
+    ListTheResult(WantsFilter());
+  }
+}
+
+void ResultController::RunEnded() {
+  ShowResult();
+  if (!std::exchange(changedMeanwhile_, false)) return;
+  QTimer::singleShot(0, this,
+                     Guarded(desktop_.Messages, "RelistAfterChange", [this] { RelistAfterChange(); }));
+}
+
+// ---- What is told of the result
+
+void ResultController::ShowResult() {
+  // While something goes on its own numbers stand there.
+  if (run_.Running() || settings_.Restoring()) return;
+  const bool inSight = result_ && result_->InSight;
+  panels_.Result->ShowLabels(inSight ? LabelsOf(*result_, desktop_.Numbers)
+                                     : ResultLabels{" ", " ", " ", " "});
+  if (inSight) {
+    ShowCounts();
+  } else {
+    panels_.Status->HideCounts();
+  }
+  panels_.Result->Notes->ShowNotes(result_ ? NotesOf(*result_, GatherChosen(), desktop_.Numbers)
+                                           : std::vector<ResultNote>{});
+}
+
+void ResultController::ShowCounts() {
+  const RunSummary& facts = result_->Run.Facts;
+  const bool folder = facts.Options.SourceKind == TextSource::Folder;
+  panels_.Status->ShowCounts(folder ? facts.FilesScanned : 0, facts.Words.Taken,
+                             result_->Run.Table.PhraseCount());
+  panels_.Status->ShowEncoding(EncodingText(facts, desktop_.Numbers));
+}
+
+void ResultController::HideResult() {
+  wasInSight_ = result_ && result_->InSight;
+  if (result_) result_->InSight = false;
+  panels_.Result->ClearLabels();
+  panels_.Status->HideCounts();
+  panels_.Result->Notes->ShowNotes({});
+}
+
+void ResultController::ShowResultAgain() {
+  if (result_) result_->InSight = wasInSight_;
+}
+
+void ResultController::ForgetListing() {
+  if (result_) result_->InSight = false;
+  ShowResult();
+}
+
+void ResultController::ShowLastList() {
+  const ShownListing& listing = result_->Listing;
+  if (listing.File.empty() || !SameForm(listing.Options, GatherChosen().Report))
+    return ListTheResult(WantsFilter(), false);
+  OutputBox& output = panels_.Result->Output();
+  output.Clear();
+  output.OutputToTxb(WrittenText(listing.List.Phrases, listing.File, desktop_.Numbers) + "\r\n");
+  result_->InSight = true;
+  ShowResult();
+}
+
+// ---- Ways out
+
+void ResultController::TakeWayOut(NoteAction action) {
+  if (!run_.Idle() || !result_) return;
+  switch (action) {
+    case NoteAction::ListAnew:
+      return ListTheResult(WantsFilter());
+    case NoteAction::CountAgain:
+      return run_.cmdCountPhrases_Click();
+    case NoteAction::ShowLastList:
+      return ShowLastList();
+    case NoteAction::ShowAll:
+      panels_.Result->Filter->SetWords({});
+      return ListTheResult(false);
+    case NoteAction::FilterResults:
+      return panels_.Result->Filter->cmdFilterResults_Click();
+    case NoteAction::WriteToFile:
+      if (!panels_.OutputFile->ChooseOutputFile()) return;
+      panels_.OutputFile->chkDisableOutputToFile->setChecked(false);
+      return ListTheResult(WantsFilter());
+    case NoteAction::OpenFile:
+      return OpenWrittenFile();
+    case NoteAction::OpenFolder:
+      return OpenWrittenFolder();
+    case NoteAction::CountOnly:
+      return showSettings_(ListKind::CountOnly);
+    case NoteAction::WordsToIgnore:
+      return showSettings_(ListKind::WordsToIgnore);
+    case NoteAction::WordRules:
+      return showSettings_(std::nullopt);
+    case NoteAction::MinFrequency:
+      return panels_.Phrases->cboMinimumFrequency->setFocus();
+    case NoteAction::Lengths:
+      return panels_.Phrases->cboPhraseLength[0]->setFocus();
+  }
+}
+
+void ResultController::OpenWrittenFile() {
+  OpenWithAssociatedProgram(desktop_.Launcher, desktop_.Messages, result_->Listing.File);
+}
+
+void ResultController::OpenWrittenFolder() {
+  const std::filesystem::path file = PathFromText(result_->Listing.File);
+  OpenWithAssociatedProgram(desktop_.Launcher, desktop_.Messages,
+                            PathToText(desktop_.Files.AbsolutePath(file).parent_path()));
+}
+
+}  // namespace korv

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/run/result_notes.h"
+#include "app/run/shown_result.h"
+#include "desktop/desktop.h"
+#include "desktop/main_window/main_panels.h"
+#include "report/output_file.h"
+#include "wordlists/list_kind.h"
+
+namespace korv {
+
+class ControlSettings;
+class RunController;
+struct FinishedRun;
+
+/// The last result and its listing: what is told of it, and when it is listed anew.
+class ResultController final : public QObject {
+ public:
+  /// Shows the Settings window; with a kind, the list of that kind.
+  using ShowSettings = std::function<void(std::optional<ListKind>)>;
+  /// The parts have to outlive this.
+  ResultController(const Desktop& desktop, const MainPanels& panels, const ControlSettings& settings,
+                   RunController& run, ShowSettings showSettings);
+
+  /// Words have been read and their phrases can be listed.
+  bool HasResult() const { return result_ != nullptr; }
+  /// They were read under the word rules that are chosen now.
+  bool ResultKeepsToWordRules() const;
+
+  /// Takes a result in place of the last one, and lists it.
+  void Take(FinishedRun finished);
+  /// Lists the counted phrases: into the output file, if there is one and `toFile`, else into the text box.
+  void ListTheResult(bool filtered, bool toFile = true);
+
+  /// Brings all that tells of the result to what is true now. Called whenever something has changed.
+  void ShowResult();
+  /// Nothing is told of any result while another one is being counted.
+  void HideResult();
+  /// The count came to nothing, and the text box holds what it held before.
+  void ShowResultAgain();
+  /// The text box has been emptied.
+  void ForgetListing();
+  /// Nothing goes on any more.
+  void RunEnded();
+
+  /// The report options have changed, but not by the user's own choice: lists anew if that writes no file.
+  void FollowControls();
+  /// The user has chosen other report options.
+  void RelistAfterChange();
+  /// The user asks for the filter.
+  void FilterResults();
+  /// Output to the file has been enabled: asks whether to write it.
+  void OfferToWrite();
+  /// A way out of a note.
+  void TakeWayOut(NoteAction action);
+
+ private:
+  /// What is chosen now, for comparing it with what is shown.
+  ChosenNow GatherChosen() const;
+  bool WantsFilter() const;
+  void ShowCounts();
+  void TakeListing(ShownListing listing);
+  void ShowLastList();
+  /// Where the report is to be written; empty for the text box. May ask, and may disable file output.
+  std::optional<std::string> ConfirmedOutputPath();
+  /// Whether writing to `path` would destroy what was counted; says so.
+  bool OutputIsSource(const std::string& path);
+  void OpenWrittenFile();
+  void OpenWrittenFolder();
+
+  const Desktop& desktop_;
+  const MainPanels& panels_;
+  const ControlSettings& settings_;
+  RunController& run_;
+  ShowSettings showSettings_;
+  OverwriteGuard overwrite_;
+  std::unique_ptr<ShownResult> result_;
+  bool wasInSight_ = false;  ///< Before the count that goes on.
+  /// Something was chosen while a listing went on; it will be looked at afterwards.
+  bool changedMeanwhile_ = false;
+};
+
+}  // namespace korv

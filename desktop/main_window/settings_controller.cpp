@@ -1,0 +1,148 @@
+#include "desktop/main_window/settings_controller.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <optional>
+#include <utility>
+
+#include "desktop/dialogs/frm_popup.h"
+#include "desktop/main_window/control_settings.h"
+#include "desktop/main_window/file_page.h"
+#include "desktop/main_window/folder_page.h"
+#include "desktop/main_window/output_file_panel.h"
+#include "desktop/main_window/report_panel.h"
+#include "desktop/main_window/source_panel.h"
+#include "desktop/results/filter_panel.h"
+#include "desktop/results/result_panel.h"
+#include "desktop/settings_window/frm_params.h"
+#include "wordlists/questions.h"
+
+namespace korv {
+
+SettingsController::SettingsController(const Desktop& desktop, const MainPanels& panels,
+                                       ControlSettings& settings, frmParams& params, frmPopUp& popUp,
+                                       Hooks hooks)
+    : desktop_(desktop),
+      panels_(panels),
+      settings_(settings),
+      params_(params),
+      popUp_(popUp),
+      hooks_(std::move(hooks)) {}
+
+void SettingsController::Apply(const Settings& settings) {
+  settings_.Put(settings);
+  hooks_.Applied();
+}
+
+void SettingsController::Initialize() {
+  {
+    const auto restoring = settings_.BeginRestoring();
+    ClearFields();
+    params_.ClearExtraWords();
+    params_.SetDefaultValues();
+    ReportOptions report = panels_.Report->Gather();
+    report.WordOrder = 0;
+    report.DisplayFormat = 0;
+    panels_.Report->Put(report);
+    if (params_.HasWordFiles() &&
+        desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
+                                .Title = "Words-to-ignore files",
+                                .Icon = Icon::Question,
+                                .Buttons = Buttons::YesNo,
+                                .DefaultAnswer = Answer::No,
+                                .Question = questions::kClearWordFiles}) == Answer::Yes) {
+      params_.ClearWordFiles();
+    }
+    panels_.Result->Filter->SetWords({});
+    params_.SelectDefaultSizes();
+    panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(), false);
+  }
+  hooks_.Applied();
+}
+
+void SettingsController::ClearFields() {
+  panels_.Report->chkSortByNumberOfFiles->setChecked(false);
+  panels_.Result->ShowLabels({" ", " ", " ", " "});
+  panels_.Source->File->ShowSizes({}, {});
+  params_.txbStateFile->clear();
+  FolderPage& folder = *panels_.Source->Folder;
+  for (int i = 0; i < 2; ++i) {
+    folder.txbFileFilepathSpecifications[static_cast<size_t>(i)]->clear();
+    folder.txbFileFilepathSpecifications_LostFocus(i);
+  }
+}
+
+std::string SettingsController::SaveStateTo(const std::filesystem::path& path) {
+  const Settings settings = settings_.Gather();
+  const std::string fault =
+      SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).SaveState(path, settings);
+  if (fault.empty()) keeper_.Remember(settings);
+  return fault;
+}
+
+bool SettingsController::SaveState() {
+  const std::string fault = SaveStateTo({});
+  if (fault.empty()) return true;
+  desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
+  return false;
+}
+
+void SettingsController::SaveStateFile(QWidget* window) {
+  if (SaveState()) popUp_.PopUpInForm(QStringLiteral("Settings saved"), window, QStringLiteral("Save state"));
+}
+
+RestoreOutcome SettingsController::RestoreSavedState(const std::filesystem::path& path) {
+  Settings settings = settings_.Gather();
+  const RestoreOutcome outcome =
+      SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).RestoreSavedState(path, settings);
+  Apply(settings);
+  if (outcome.Result != kRestored) return outcome;
+  keeper_.Remember(settings);
+  LeaveRestoredFields();
+  // What follows the last field is not for a file that ended before it.
+  if (!outcome.EndedEarly) LoadRestoredWordFile(settings);
+  hooks_.WordsChanged();
+  return outcome;
+}
+
+void SettingsController::LeaveRestoredFields() {
+  // As when the user leaves them.
+  FolderPage& folder = *panels_.Source->Folder;
+  panels_.Source->File->txbFile_LostFocus();
+  folder.txbFileFilepathSpecifications_LostFocus(0);
+  panels_.OutputFile->txbFile_LostFocus();
+  folder.txbFileFilepathSpecifications_LostFocus(1);
+  folder.txbFolder_LostFocus();
+}
+
+void SettingsController::LoadRestoredWordFile(const Settings& settings) {
+  const std::string* const list = settings.WordsFile();
+  if (list != nullptr && AskToLoadWordFile(*list, desktop_.Messages)) {
+    params_.AttemptToReadWords(ListKind::WordsToIgnore);
+  } else {
+    params_.ForgetLoadedWords(ListKind::WordsToIgnore);
+  }
+}
+
+void SettingsController::RestoreStateFile() {
+  if (!desktop_.Files.FileExists(desktop_.StateFile)) return;
+  const RestoreOutcome outcome = RestoreSavedState({});
+  if (outcome.Result == kRestored) return;
+  desktop_.Messages.Show(
+      {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
+}
+
+void SettingsController::RememberStart() {
+  keeper_.Remember(settings_.Gather());
+}
+
+void SettingsController::OfferToKeepSettings() {
+  if (params_.chkSaveStateOnQuit->isChecked()) return;
+  if (!keeper_.WouldBeMissed(settings_.Gather())) return;
+  const SettingsKeeper::Wish wish = keeper_.Ask(desktop_.Messages);
+  // Where they are kept always, they are saved with the rest when the program ends.
+  if (wish == SettingsKeeper::Wish::KeepAlways) params_.chkSaveStateOnQuit->setChecked(true);
+  if (wish == SettingsKeeper::Wish::KeepNow) SaveState();
+}
+
+}  // namespace korv

@@ -1,0 +1,218 @@
+#include "desktop/main_window/source_panel.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "app/run/result_notes.h"
+#include "desktop/main_window/clipboard_page.h"
+#include "desktop/main_window/file_page.h"
+#include "desktop/main_window/folder_page.h"
+#include "desktop/main_window/path_box.h"
+#include "desktop/main_window/recent_list.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+SourcePanel::SourcePanel(const Desktop& desktop, QWidget* parent)
+    : QGroupBox(QStringLiteral("Select source of text to be scanned:"), parent),
+      RecentFiles(desktop.Store, "recent/files"),
+      RecentFolders(desktop.Store, "recent/folders"),
+      desktop_(desktop) {
+  setObjectName(QStringLiteral("fraSource"));
+  auto* layout = Tight(new QVBoxLayout(this));
+  optOnClipboard = MakeOption("optOnClipboard", "Clipboard", this);
+  optInFile = MakeOption("optInFile", "Single file", this);
+  optFolder = MakeOption("optFolder", "Folder", this);
+  auto* kinds = new QHBoxLayout;
+  for (QRadioButton* option : {optOnClipboard, optInFile, optFolder}) kinds->addWidget(option);
+  kinds->addStretch(1);
+  layout->addLayout(kinds);
+  BuildPages();
+  layout->addWidget(stkSource);
+  lstRecent = Described(Named(new RecentList(this), "lstRecent"), "Recent files and folders");
+  layout->addWidget(lstRecent, 1);
+  FitToPages();
+  TabToTheSelected({optOnClipboard, optInFile, optFolder});
+  Connect();
+  ConnectRecent();
+}
+
+SourcePanel::~SourcePanel() {
+  StopListening(*this);
+}
+
+void SourcePanel::BuildPages() {
+  stkSource = Named(new QStackedWidget(this), "stkSource");
+  Clipboard = new ClipboardPage(desktop_, stkSource);
+  File = new FilePage(desktop_, stkSource);
+  Folder = new FolderPage(desktop_, stkSource);
+  for (QWidget* page : std::initializer_list<QWidget*>{Clipboard, File, Folder}) {
+    stkSource->addWidget(page);
+  }
+}
+
+void SourcePanel::FitToPages() {
+  // A page that is not shown claims no height.
+  const auto fit = [this](int current) {
+    for (int i = 0; i < stkSource->count(); ++i) {
+      stkSource->widget(i)->setSizePolicy(QSizePolicy::Preferred,
+                                          i == current ? QSizePolicy::Fixed : QSizePolicy::Ignored);
+    }
+    stkSource->updateGeometry();
+  };
+  stkSource->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  // The group is as high as its highest page needs, whichever is shown.
+  int height = 0;
+  for (int i = 0; i < stkSource->count(); ++i) {
+    fit(i);
+    layout()->invalidate();
+    height = std::max(height, minimumSizeHint().height());
+  }
+  setMinimumHeight(height);
+  fit(stkSource->currentIndex());
+  QObject::connect(stkSource, &QStackedWidget::currentChanged, stkSource, fit);
+}
+
+void SourcePanel::Connect() {
+  const Wiring wiring(*this, desktop_.Messages);
+  wiring.OnClick(optOnClipboard, "optOnClipboard_Click", [this] { optOnClipboard_Click(); });
+  wiring.OnClick(optInFile, "optInFile_Click", [this] { optInFile_Click(); });
+  wiring.OnClick(optFolder, "optFolder_Click", [this] { optFolder_Click(); });
+  File->Chosen = [this](const QString& path) { Take(path); };
+  File->Changed = [this] { Changed(); };
+  Folder->Chosen = [this](const QString& path) { Take(path); };
+  Folder->Changed = [this] { Changed(); };
+}
+
+void SourcePanel::ConnectRecent() {
+  const auto show = [this] { lstRecent->Show(RecentFiles.Paths(), RecentFolders.Paths()); };
+  RecentFiles.Changed = show;
+  RecentFolders.Changed = show;
+  show();
+  const auto choose = [this](const QListWidgetItem* item) {
+    const QString path = RecentList::PathOf(*item);
+    QMetaObject::invokeMethod(
+        this, [this, path] { Guarded(desktop_.Messages, "lstRecent_Click", [&] { RecentChosen(path); })(); },
+        Qt::QueuedConnection);
+  };
+  connect(lstRecent, &QListWidget::itemClicked, this, choose);
+  connect(lstRecent, &QListWidget::itemActivated, this, choose);
+}
+
+void SourcePanel::optOnClipboard_Click() {
+  SourceHasChanged();
+}
+
+void SourcePanel::optInFile_Click() {
+  SourceHasChanged();
+  File->ShowFileSizes();
+}
+
+void SourcePanel::optFolder_Click() {
+  SourceHasChanged();
+}
+
+void SourcePanel::SourceHasChanged() {
+  stkSource->setCurrentIndex(static_cast<int>(Kind()));
+  File->SetSelected(Kind() == TextSource::SingleFile);
+  File->ShowSizes({}, {});
+  ShowFileChoices();
+  KindChanged();
+}
+
+TextSource SourcePanel::Kind() const {
+  if (optOnClipboard->isChecked()) return TextSource::Clipboard;
+  if (optFolder->isChecked()) return TextSource::Folder;
+  return TextSource::SingleFile;
+}
+
+void SourcePanel::Select(TextSource kind) {
+  switch (kind) {
+    case TextSource::Clipboard:
+      optOnClipboard->setChecked(true);
+      return optOnClipboard_Click();
+    case TextSource::SingleFile:
+      optInFile->setChecked(true);
+      return optInFile_Click();
+    case TextSource::Folder:
+      optFolder->setChecked(true);
+      return optFolder_Click();
+  }
+}
+
+void SourcePanel::Take(const QString& path) {
+  const bool folder = desktop_.Files.FolderExists(PathFromText(FromQt(path)));
+  SetPath(folder ? *Folder->txbFolder : *File->txbFile, path);
+  (folder ? RecentFolders : RecentFiles).Add(path);
+  Select(folder ? TextSource::Folder : TextSource::SingleFile);
+  EnableClearButtons();
+  SetPathToolTips();
+}
+
+void SourcePanel::Remember(TextSource kind, const std::string& path) {
+  if (kind == TextSource::Clipboard) return;
+  (kind == TextSource::Folder ? RecentFolders : RecentFiles).Add(ToQt(path));
+}
+
+std::string SourcePanel::Name() const {
+  const QLineEdit* const box = Kind() == TextSource::Folder ? Folder->txbFolder : File->txbFile;
+  return SourceName(Kind(), FromQt(box->text()));
+}
+
+bool SourcePanel::RefusesOutput(const std::string& path) const {
+  if (Kind() != TextSource::Folder || !Folder->Contains(path)) return false;
+  ShowOutputInFolder(desktop_.Messages);
+  return true;
+}
+
+void SourcePanel::EnableDisableButtons(bool enabled) {
+  for (QWidget* control : std::initializer_list<QWidget*>{optOnClipboard, optInFile, optFolder, lstRecent,
+                                                          Clipboard->cmdClipboardViewer}) {
+    control->setEnabled(enabled);
+  }
+  File->EnableDisableButtons(enabled);
+  Folder->EnableDisableButtons(enabled);
+}
+
+void SourcePanel::EnableClearButtons() {
+  File->EnableClearButtons();
+  Folder->EnableClearButtons();
+}
+
+void SourcePanel::SetPathToolTips() {
+  File->SetPathToolTips();
+  Folder->SetPathToolTips();
+}
+
+void SourcePanel::ShowFileChoices() {
+  Folder->ShowFileChoices(Kind() == TextSource::Folder);
+}
+
+std::vector<QWidget*> SourcePanel::TabOrder() const {
+  return {optOnClipboard,
+          optInFile,
+          optFolder,
+          Clipboard->cmdClipboardViewer,
+          File->cmdFile,
+          File->txbFile,
+          File->cmdClearFile,
+          Folder->cmdFolder,
+          Folder->txbFolder,
+          Folder->cmdClearFolder,
+          Folder->txbFileFilepathSpecifications[0],
+          Folder->txbFileFilepathSpecifications[1],
+          Folder->chkIncludeSubfolders,
+          Folder->cmdListFiles,
+          lstRecent};
+}
+
+}  // namespace korv

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QGroupBox>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/desktop.h"
+#include "desktop/main_window/recent_sources.h"
+#include "engine/counting/run_options.h"
+
+class QRadioButton;
+class QStackedWidget;
+
+namespace korv {
+
+class ClipboardPage;
+class FilePage;
+class FolderPage;
+class RecentList;
+
+/// What is to be counted: the kind of source, a page for each kind, and the sources of before.
+class SourcePanel final : public QGroupBox {
+ public:
+  SourcePanel(const Desktop& desktop, QWidget* parent);
+  ~SourcePanel() override;
+
+  QRadioButton* optOnClipboard = nullptr;
+  QRadioButton* optInFile = nullptr;
+  QRadioButton* optFolder = nullptr;
+  QStackedWidget* stkSource = nullptr;  ///< One page per kind, each as high as it needs.
+  ClipboardPage* Clipboard = nullptr;
+  FilePage* File = nullptr;
+  FolderPage* Folder = nullptr;
+  RecentList* lstRecent = nullptr;  ///< Has what room the page leaves over: nothing below it jumps.
+
+  RecentSources RecentFiles;
+  RecentSources RecentFolders;
+
+  std::function<void()> KindChanged = [] {};  ///< Another kind has been selected, or the same one again.
+  std::function<void()> Changed = [] {};      ///< A path has changed, or which files of a folder are read.
+  /// A recent source was clicked. Called once the list is done with the click: choosing an entry fills it
+  /// anew.
+  std::function<void(const QString& path)> RecentChosen = [](const QString&) {};
+
+  void optOnClipboard_Click();
+  void optInFile_Click();
+  void optFolder_Click();
+
+  TextSource Kind() const;
+  /// Selects a kind and runs its handler.
+  void Select(TextSource kind);
+  /// Makes a file or a folder the source.
+  void Take(const QString& path);
+  /// Counted sources are the most recent ones.
+  void Remember(TextSource kind, const std::string& path);
+  /// What the source is called: the name of the file or folder, "Clipboard". Empty for none.
+  std::string Name() const;
+  /// Whether a report at `path` would be read by a folder run; says so.
+  bool RefusesOutput(const std::string& path) const;
+
+  void EnableDisableButtons(bool enabled);
+  void EnableClearButtons();
+  void SetPathToolTips();
+  void ShowFileChoices();
+  std::vector<QWidget*> TabOrder() const;
+
+ private:
+  void BuildPages();
+  void FitToPages();
+  void Connect();
+  void ConnectRecent();
+  void SourceHasChanged();
+
+  const Desktop& desktop_;
+};
+
+}  // namespace korv

@@ -1,0 +1,59 @@
+#include "desktop/main_window/status_line.h"
+
+#include <QLabel>
+
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+
+namespace korv {
+
+StatusLine::StatusLine(const NumberFormat& numbers, QWidget* parent) : QStatusBar(parent), numbers_(numbers) {
+  lblStatusText = Named(new QLabel(this), "lblStatusText");
+  lblStatusText->setTextFormat(Qt::PlainText);
+  // A long path is cut at the window's edge; it never widens the window.
+  lblStatusText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  lblStatusEncoding = MakeLabel("lblStatusEncoding", this);
+  lblStatusFiles = MakeLabel("lblStatusFiles", this);
+  lblStatusWords = MakeLabel("lblStatusWords", this);
+  lblStatusPhrases = MakeLabel("lblStatusPhrases", this);
+  addWidget(lblStatusText, 1);
+  for (QLabel* label : {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases}) {
+    label->setContentsMargins(8, 0, 8, 0);
+    addPermanentWidget(label);
+    label->hide();
+  }
+}
+
+void StatusLine::ShowText(const QString& text) {
+  lblStatusText->setText(text);
+}
+
+void StatusLine::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
+  const auto count = [this](uint64_t number, const char* one, const char* many) {
+    return ToQt(numbers_.Grouped(static_cast<int64_t>(number))) + u' ' +
+           QString::fromUtf8(number == 1 ? one : many);
+  };
+  lblStatusFiles->setText(files == 0 ? QString() : count(files, "file", "files"));
+  // Some styles draw lines between the fields, around empty ones too.
+  lblStatusFiles->setVisible(files != 0);
+  lblStatusWords->setText(count(words, "word", "words"));
+  lblStatusPhrases->setText(count(phrases, "different phrase", "different phrases"));
+  lblStatusWords->show();
+  lblStatusPhrases->show();
+}
+
+void StatusLine::ShowFiles(const std::string& text) {
+  lblStatusFiles->setText(ToQt(text));
+  lblStatusFiles->show();
+}
+
+void StatusLine::ShowEncoding(const std::string& text) {
+  lblStatusEncoding->setText(ToQt(text));
+  lblStatusEncoding->setVisible(!text.empty());
+}
+
+void StatusLine::HideCounts() {
+  for (QLabel* label : {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases}) label->hide();
+}
+
+}  // namespace korv

@@ -1,0 +1,89 @@
+#include "desktop/main_window/words_to_ignore_panel.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "wordlists/list_kind.h"
+
+namespace korv {
+
+WordsToIgnorePanel::WordsToIgnorePanel(const Desktop& desktop, QWidget* parent)
+    : QGroupBox(QStringLiteral("Words to ignore"), parent) {
+  setObjectName(QStringLiteral("fraWordsToIgnore"));
+  auto* layout = Tight(new QVBoxLayout(this));
+  layout->setSpacing(2);
+  optAllowPhrasesAllWordsToIgnore = MakeOption("optAllowPhrasesAllWordsToIgnore",
+                                               "Allow phrases consisting entirely of words to ignore", this);
+  optExcludePhrasesAllWordsToIgnore = MakeOption(
+      "optExcludePhrasesAllWordsToIgnore", "Exclude phrases consisting entirely of words to ignore", this);
+  optExcludePhrasesWithWordToIgnore =
+      MakeOption("optExcludePhrasesWithWordToIgnore", "Exclude phrases containing a word to ignore", this);
+  optRemoveWordsToIgnore = MakeOption("optRemoveWordsToIgnore", "Remove &words to ignore from phrases", this);
+  for (QRadioButton* option : Options()) layout->addWidget(option);
+  auto* foot = new QHBoxLayout;
+  lblWordsToIgnoreNotice = MakeLabel("lblWordsToIgnoreNotice", this);
+  lblWordsToIgnoreNotice->setWordWrap(true);
+  // Two lines are kept free for the longest notice, whether it stands there or not.
+  lblWordsToIgnoreNotice->setMinimumHeight(2 * lblWordsToIgnoreNotice->fontMetrics().lineSpacing());
+  cmdSetParameters = MakeButton("cmdSetParameters", "&Settings", this);
+  cmdSetParameters->setToolTip(
+      QStringLiteral("Define what counts as a word, specify words to ignore and words/phrases to count"));
+  foot->addWidget(lblWordsToIgnoreNotice, 1);
+  foot->addWidget(cmdSetParameters, 0, Qt::AlignBottom);
+  layout->addLayout(foot);
+  TabToTheSelected(Options());
+
+  const Wiring wiring(*this, desktop.Messages);
+  for (QRadioButton* option : Options()) {
+    wiring.OnClick(option, "optWordsToIgnore_Click", [this] { RuleChosen(); });
+  }
+  wiring.OnClick(cmdSetParameters, "cmdSetParameters_Click", [this] { SetParametersWanted(); });
+}
+
+WordsToIgnorePanel::~WordsToIgnorePanel() {
+  StopListening(*this);
+}
+
+std::optional<IgnoreRule> WordsToIgnorePanel::Rule() const {
+  if (optAllowPhrasesAllWordsToIgnore->isChecked()) return IgnoreRule::Allow;
+  if (optExcludePhrasesAllWordsToIgnore->isChecked()) return IgnoreRule::ExcludeAll;
+  if (optRemoveWordsToIgnore->isChecked()) return IgnoreRule::Remove;
+  if (optExcludePhrasesWithWordToIgnore->isChecked()) return IgnoreRule::ExcludeWith;
+  return std::nullopt;
+}
+
+void WordsToIgnorePanel::Select(std::optional<IgnoreRule> rule) {
+  SelectOption({{optAllowPhrasesAllWordsToIgnore, rule == IgnoreRule::Allow},
+                {optExcludePhrasesAllWordsToIgnore, rule == IgnoreRule::ExcludeAll},
+                {optRemoveWordsToIgnore, rule == IgnoreRule::Remove},
+                {optExcludePhrasesWithWordToIgnore, rule == IgnoreRule::ExcludeWith}});
+}
+
+void WordsToIgnorePanel::SetWordsToIgnoreNotice(bool inForce) {
+  lblWordsToIgnoreNotice->setText(
+      ToQt(korv::SetWordsToIgnoreNotice(Rule().value_or(IgnoreRule::Allow), inForce)));
+}
+
+void WordsToIgnorePanel::EnableDisableButtons(bool enabled) {
+  cmdSetParameters->setEnabled(enabled);
+  for (QRadioButton* option : Options()) option->setEnabled(enabled);
+}
+
+std::vector<QRadioButton*> WordsToIgnorePanel::Options() const {
+  return {optAllowPhrasesAllWordsToIgnore, optExcludePhrasesAllWordsToIgnore,
+          optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore};
+}
+
+std::vector<QWidget*> WordsToIgnorePanel::TabOrder() const {
+  return {optAllowPhrasesAllWordsToIgnore, optExcludePhrasesAllWordsToIgnore,
+          optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore, cmdSetParameters};
+}
+
+}  // namespace korv

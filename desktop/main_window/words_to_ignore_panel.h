@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QGroupBox>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "desktop/desktop.h"
+#include "engine/counting/run_options.h"
+
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+namespace korv {
+
+/// What words to ignore do to a phrase, and the way to the lists of them.
+class WordsToIgnorePanel final : public QGroupBox {
+ public:
+  WordsToIgnorePanel(const Desktop& desktop, QWidget* parent);
+  ~WordsToIgnorePanel() override;
+
+  QRadioButton* optAllowPhrasesAllWordsToIgnore = nullptr;
+  QRadioButton* optExcludePhrasesAllWordsToIgnore = nullptr;
+  QRadioButton* optExcludePhrasesWithWordToIgnore = nullptr;
+  QRadioButton* optRemoveWordsToIgnore = nullptr;
+  QLabel* lblWordsToIgnoreNotice = nullptr;
+  QPushButton* cmdSetParameters = nullptr;
+
+  std::function<void()> RuleChosen = [] {};           ///< By the user.
+  std::function<void()> SetParametersWanted = [] {};  ///< The Settings window is asked for.
+
+  /// The selected rule; empty where none is.
+  std::optional<IgnoreRule> Rule() const;
+  /// Selects a rule, or none.
+  void Select(std::optional<IgnoreRule> rule);
+  /// Says what the rule does, `inForce` where there are words to ignore.
+  void SetWordsToIgnoreNotice(bool inForce);
+  void EnableDisableButtons(bool enabled);
+  std::vector<QWidget*> TabOrder() const;
+
+ private:
+  std::vector<QRadioButton*> Options() const;
+};
+
+}  // namespace korv

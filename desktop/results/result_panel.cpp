@@ -1,0 +1,166 @@
+#include "desktop/results/result_panel.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "desktop/results/filter_panel.h"
+#include "desktop/results/result_notes_panel.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+
+namespace korv {
+
+ResultPanel::ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* parent)
+    : QWidget(parent),
+      txbOutput(Described(Named(new QPlainTextEdit(this), "txbOutput"), "Result")),
+      desktop_(desktop),
+      box_(*txbOutput),
+      output_(box_, std::move(hooks)) {
+  auto* layout = Bare(new QVBoxLayout(this));
+  BuildLabels(*layout);
+  Notes = Named(new ResultNotesPanel(this), "notes");
+  layout->addWidget(Notes);
+  BuildBox(*layout);
+  BuildFoot(*layout);
+  Filter = new FilterPanel(desktop_, this);
+  layout->addWidget(Filter);
+  Wiring(*this, desktop_.Messages).OnClick(cmdClearOutput, "cmdClearOutput_Click", [this] {
+    cmdClearOutput_Click();
+  });
+}
+
+ResultPanel::~ResultPanel() {
+  StopListening(*this);
+}
+
+void ResultPanel::BuildLabels(QBoxLayout& layout) {
+  lblNumberOfWords = MakeLabel("lblNumberOfWords", this);
+  lblNumOccurrences = MakeLabel("lblNumOccurrences", this);
+  lblTotalNumOccurrences = MakeLabel("lblTotalNumOccurrences", this);
+  lblNumWordsExcluded = MakeLabel("lblNumWordsExcluded", this);
+  // In a narrow window they take a second line; they never widen it. The least height has room for that.
+  setMinimumHeight(24 * fontMetrics().lineSpacing());
+  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
+    label->setWordWrap(true);
+  }
+  auto* summary = Bare(new QGridLayout);
+  summary->addWidget(lblNumberOfWords, 0, 0);
+  summary->addWidget(lblTotalNumOccurrences, 0, 1);
+  summary->addWidget(lblNumOccurrences, 1, 0);
+  summary->addWidget(lblNumWordsExcluded, 1, 1);
+  summary->setColumnStretch(0, 1);
+  summary->setColumnStretch(1, 1);
+  layout.addLayout(summary);
+}
+
+void ResultPanel::BuildBox(QBoxLayout& layout) {
+  txbOutput->setFont(WordsFont());
+  txbOutput->setReadOnly(true);
+  txbOutput->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txbOutput->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txbOutput->setUndoRedoEnabled(false);
+  txbOutput->setTabChangesFocus(true);
+  txbOutput->setPlaceholderText(
+      QString::fromUtf8("The phrases will be listed here.\n\n"
+                        "1.  Choose the source of the text at the top left.\n"
+                        "2.  Set how many words a phrase has and how often it must occur.\n"
+                        "3.  Click on \"Count phrases\".\n\n"
+                        "F1 shows the help."));
+  layout.addWidget(txbOutput, 1);
+}
+
+void ResultPanel::BuildFoot(QBoxLayout& layout) {
+  cmdClearOutput = MakeButton("cmdClearOutput", "Clear te&xtbox", this);
+  foot_ = new QHBoxLayout;
+  foot_->addStretch(1);
+  foot_->addWidget(cmdClearOutput);
+  layout.addLayout(foot_);
+}
+
+void ResultPanel::AddBelow(QWidget* control) {
+  foot_->insertWidget(0, control);
+}
+
+void ResultPanel::cmdClearOutput_Click() {
+  output_.Clear();
+  EnableClearButtons();
+  Cleared();
+}
+
+ResultPanel::Contents ResultPanel::GetContents() const {
+  return {.Text = txbOutput->toPlainText(),
+          .Full = output_.Full(),
+          .Kept = output_.Kept(),
+          .Scrolled = Scrolled()};
+}
+
+void ResultPanel::PutBack(const Contents& contents) {
+  output_.Restore(FromQt(QString(contents.Text).replace(u'\n', QLatin1String("\r\n"))), contents.Full,
+                  contents.Kept);
+  ScrollTo(contents.Scrolled);
+}
+
+std::array<int, 2> ResultPanel::Scrolled() const {
+  return {txbOutput->verticalScrollBar()->value(), txbOutput->horizontalScrollBar()->value()};
+}
+
+void ResultPanel::ScrollTo(const std::array<int, 2>& scrolled) {
+  txbOutput->verticalScrollBar()->setValue(scrolled[0]);
+  txbOutput->horizontalScrollBar()->setValue(scrolled[1]);
+}
+
+void ResultPanel::ZoomText(int steps) {
+  if (steps == 0) return txbOutput->setFont(WordsFont());
+  txbOutput->zoomIn(steps);
+}
+
+void ResultPanel::ShowLabels(const ResultLabels& labels) {
+  lblNumberOfWords->setText(ToQt(labels.NumberOfWords));
+  lblNumOccurrences->setText(ToQt(labels.NumOccurrences));
+  lblTotalNumOccurrences->setText(ToQt(labels.TotalNumOccurrences));
+  lblNumWordsExcluded->setText(ToQt(labels.NumWordsExcluded));
+}
+
+void ResultPanel::ClearLabels() {
+  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
+    label->clear();
+  }
+}
+
+void ResultPanel::ShowFoundSoFar(uint64_t phrases) {
+  lblNumberOfWords->setText(QStringLiteral("Number of different phrases found so far: ") +
+                            ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(phrases))));
+}
+
+void ResultPanel::EnableDisableButtons(bool enabled) {
+  enabled_ = enabled;
+  cmdClearOutput->setEnabled(enabled);
+  Notes->EnableWaysOut(enabled);
+  EnableClearButtons();
+}
+
+void ResultPanel::EnableClearButtons() {
+  if (enabled_) cmdClearOutput->setEnabled(!txbOutput->document()->isEmpty());
+}
+
+void ResultPanel::SuggestWidth() {
+  const bool tooWide = txbOutput->horizontalScrollBar()->maximum() > 0;
+  txbOutput->setToolTip(tooWide ? QStringLiteral("You may need to increase the width.") : QString());
+}
+
+std::vector<QWidget*> ResultPanel::TabOrder(QWidget* below) const {
+  std::vector<QWidget*> order = {Notes, txbOutput, below, cmdClearOutput};
+  const std::vector<QWidget*> filterOrder = Filter->TabOrder();
+  order.insert(order.end(), filterOrder.begin(), filterOrder.end());
+  return order;
+}
+
+}  // namespace korv
