@@ -11,14 +11,14 @@ std::span<const SilenceRule> SilenceRules() {
   static constexpr SilenceRule kRules[] = {
       {questions::kFirstCommonWords},
       {questions::kKeepFilter},
-      // Settings that would be lost without a word are never lost: they are kept out of the file, as at "No".
+      // Silenced, it writes nothing: only a user who is asked decides to replace the settings file.
       {questions::kKeepSettings, Answer::No},
       {questions::kLargeDocx},
       {questions::kLargeInput},
       {questions::kLargeWordList},
       {questions::kLoadWordFile},
       {questions::kMinimumFrequency},
-      // Whoever silences it wants the button to act.
+      // A user who silences it wants the button to act at once.
       {questions::kReinitialize, Answer::Yes},
       {questions::kTextEncoding},
   };

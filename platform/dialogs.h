@@ -14,7 +14,7 @@ struct FileChoice {
   /// When saving: added to a name that has no extension, before anything is asked about the file. Without its
   /// dot; may be empty.
   std::string Extension{};
-  /// When saving: ask before an existing file is chosen. Off where whoever writes the file asks.
+  /// When saving: ask before an existing file is chosen. Off where the writer of the file asks.
   bool AsksBeforeReplacing = false;
 };
 

@@ -27,7 +27,8 @@ bool StandsAlone(std::string_view phrase, size_t at, size_t length) {
   return (at == 0 || phrase[at - 1] == ' ') && (end == phrase.size() || phrase[end] == ' ');
 }
 
-/// Tries every occurrence, overlapping ones too: "a b a" stands alone in "xa b a b a" only there.
+/// Tries every occurrence, overlapping ones too: in "xa b a b a" the first "a b a" is not a run of whole
+/// words, and the second one, which overlaps it, is.
 bool OccursAsWords(std::string_view phrase, std::string_view words) {
   for (size_t at = phrase.find(words); at != phrase.npos; at = phrase.find(words, at + 1))
     if (StandsAlone(phrase, at, words.size())) return true;
@@ -76,8 +77,8 @@ bool PhraseFilter::Passes(std::string_view phrase) {
 }
 
 bool PhraseFilter::InSameOrder(std::string_view lowered) const {
-  // Whether each is a word of its own has been settled; the order is a matter of places alone, so here
-  // a filter word may be found within another word.
+  // All filter words are known to be whole words of the phrase. Only their order is left to test, and for
+  // that a filter word may be found within another word.
   size_t at = lowered.find(words_.front());
   for (size_t i = 1; i < words_.size(); ++i) {
     at = lowered.find(words_[i], at + words_[i - 1].size() + 1);

@@ -9,8 +9,8 @@
 
 namespace korv {
 
-/// A report as the columns of a list need it, and nothing that they do not need. Outlives the listing, and
-/// the report outlives it.
+/// Prepares what the columns of a list read of a report, and nothing that none of them reads. Outlives the
+/// listing; the report outlives it.
 class ListSource {
  public:
   ListSource(const Report& report, std::span<const Column* const> columns, const ListExtent& extent);

@@ -35,8 +35,8 @@ struct ListResult {
 /// Calls Yield() once per phrase and ends soon after a stop. Cost: linear in the text listed.
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder);
 
-/// Hands the phrases of a report to a writer, in the report's order and through its filter, with these
-/// columns of theirs. `extent` is what MeasureList() says, for writers that ask for it.
+/// Hands the cells of the phrases of a report to a writer: a row per phrase that passes the filter, in the
+/// report's order, with a cell per column. `extent` is the result of MeasureList(); tables need none.
 ListResult WriteList(const Report& report, std::span<const Column* const> columns, const ListExtent& extent,
                      ListWriter& writer, Yielder& yielder);
 

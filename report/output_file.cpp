@@ -72,7 +72,8 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   }
   std::optional<FileError> error = sink.Error();
   const bool stopped = result.List.Outcome == ListOutcome::Stopped;
-  // Part of a report is worth less than the whole one that was there, but more than nothing.
+  // After a stop the file that was there stays, for a whole report is worth more than part of one. Where
+  // there was no file, the part is kept.
   const bool keep = !error && !(stopped && ((*file)->Replaces() || result.List.Shown == 0));
   if (keep) error = (*file)->Commit();
   result.Written = keep && !error;

@@ -6,7 +6,7 @@ namespace korv {
 
 namespace {
 constexpr int kFirstFormatText = 51;
-constexpr int kTextBetweenFormats = 61;  // Belongs to something else.
+constexpr int kTextBetweenFormats = 61;  // No name of a format.
 constexpr int kFirstWordOrderText = 43;
 }  // namespace
 

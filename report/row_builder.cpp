@@ -20,7 +20,7 @@ RowBuilder::RowBuilder(std::span<const Column* const> columns, const ColumnSourc
 const RowCells& RowBuilder::Cells(PhraseIndex entry, std::string_view text) {
   if (needsFiles_) files_ = source_.Table.Files(entry);
   const ListedPhrase phrase(entry, text, files_.Items(), needsFileCount_ ? FileCount(entry) : 0);
-  // Built where they stand: a cell that is copied right after it was made costs more than making it.
+  // Each cell is constructed in place: copying a cell costs more than making it.
   for (size_t k = 0; k < ofPhrase_.size(); ++k)
     new (&phraseCells_[k]) Cell(ofPhrase_[k]->Value(source_, phrase));
   if (!inFile_.empty()) {

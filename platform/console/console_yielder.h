@@ -7,7 +7,7 @@
 
 namespace korv {
 
-/// Gives its turns to a function: whoever shows the progress.
+/// Calls a function on each of its turns: the one that shows progress.
 class ConsoleYielder final : public Yielder {
  public:
   /// Replaces the function; null for none.

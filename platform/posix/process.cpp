@@ -19,7 +19,7 @@ class StandardInput final : public InputFile {
     while (!yielder_.Stopped() && WaitForInput(STDIN_FILENO)) {
       const ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
       if (got >= 0) return static_cast<size_t>(got);
-      // Whoever shares standard input may have read what there was, or have set it not to wait.
+      // Another process that shares standard input may have read what there was, or have set it not to wait.
       if (errno != EINTR && errno != EAGAIN) return FileErrorOf({errno, std::generic_category()});
     }
     return size_t{0};

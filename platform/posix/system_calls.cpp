@@ -173,8 +173,8 @@ class ReplacingOutput final : public OutputFile {
   std::optional<FileError> fault_;
 };
 
-// The open files of a process as paths: renaming over what they lead to would part it from whoever has it
-// open, a shell that redirects standard output for one.
+// Paths that name the open files of a process. A file that was renamed over such a path's target would be
+// another one than a process has open, for example a shell that redirects standard output.
 bool NamesOpenFile(const fs::path& path) {
   const std::string& name = path.native();
   return name.starts_with("/proc/") || name.starts_with("/dev/fd/");

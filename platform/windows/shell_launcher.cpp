@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Without boxes of the shell's own: whoever asked tells the user.
+/// The shell shows no message of its own: the caller tells the user.
 int OpenWithShell(const std::wstring& target) {
   SHELLEXECUTEINFOW request = {};
   request.cbSize = sizeof request;

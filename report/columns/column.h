@@ -43,9 +43,9 @@ class ListedPhrase {
   std::string_view Text() const { return {text_, size_}; }
 
  private:
-  // Apart from its size on purpose. Side by side the compiler reads both in one go; right after they were
-  // written one by one, that read waits until the phrase's bytes have come from memory, and so does the
-  // whole line.
+  // Another field stands between the pointer and the size on purpose. Side by side, the compiler loads both
+  // with one instruction. That load cannot be served from two separate stores that have just been made, so it
+  // would stall every line of a list.
   const char* text_;
 
  public:
@@ -83,8 +83,9 @@ struct Column {
   /// Numbers: the greatest value of the list, whose text is the widest. Null where it is not known.
   Cell (*Greatest)(const ColumnSource& source) = nullptr;
 
-  // What the column reads of what has a price: Files and FileCount of a ListedPhrase cost a look at every
-  // occurrence, SourcePaths a text per file of the run, FrequencyRanks may cost an order of the table.
+  // The inputs below take time to prepare, so a list prepares those that one of its columns asks for. Files
+  // and FileCount cost a look at every occurrence of the phrase, SourcePaths one text per file of the run,
+  // and FrequencyRanks a sort of the table if the list is ordered by something else.
   bool NeedsFiles = false;
   bool NeedsFileCount = false;
   bool NeedsSourcePaths = false;

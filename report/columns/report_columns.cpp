@@ -1,7 +1,7 @@
 #include "report/columns/registry.h"
 
-// Cells that only the thirteen formats of the report have. Their numbers of files end at
-// DocumentCounts::kMostFiles, and their shares are of other wholes than those of the columns for tables.
+// Columns that only the thirteen formats of the report have. Their numbers of files stop at
+// DocumentCounts::kMostFiles. Their percentages have other denominators than those of the columns for tables.
 
 namespace korv {
 

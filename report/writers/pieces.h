@@ -10,9 +10,8 @@
 
 namespace korv {
 
-/// Text on its way to a sink, which gets it in large pieces. A list of millions of lines is put together of
-/// scraps of a few bytes, so that appending is all inline; no allocation once a piece has been as large as
-/// they get.
+/// Collects text and hands it to a sink in large pieces. Lists of millions of lines are appended a few bytes
+/// at a time, so appending is inline. Nothing is allocated once the largest piece has been made.
 class Pieces {
  public:
   explicit Pieces(ReportSink& sink) : sink_(sink), pieceSize_(sink.PieceSize()) {}
@@ -32,7 +31,8 @@ class Pieces {
     const auto blanks = static_cast<size_t>(count);
     const size_t written = std::max(blanks, kFewBlanks);
     if (room_ - size_ < written) Grow(written);
-    // Always the same number of bytes is a store or two instead of a call; what follows writes over the rest.
+    // Setting a fixed number of bytes takes one or two stores instead of a call. What is appended next
+    // overwrites the bytes beyond the text.
     std::memset(text_.get() + size_, ' ', kFewBlanks);
     if (blanks > kFewBlanks) std::memset(text_.get() + size_, ' ', blanks);
     size_ += blanks;

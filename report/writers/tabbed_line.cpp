@@ -4,7 +4,8 @@ namespace korv {
 
 namespace {
 
-/// A text of a phrase brings its tab along; all else gets one from what follows it.
+/// The text of a phrase is always followed by a tab. Any other cell is followed by one only if another cell
+/// comes behind it.
 class Tabs {
  public:
   bool Before() const { return open_; }
