@@ -14,20 +14,20 @@ namespace {
 
 struct ReaderWorld {
   ReaderWorld() {
-    SetAllowedExtraChars(rules);
-    SetAllowedExtraChars2(rules);
-    options.KeepPlaces = true;
+    SetAllowedExtraChars(Rules);
+    SetAllowedExtraChars2(Rules);
+    Options.KeepPlaces = true;
   }
 
   TextSummary Read(DocumentText text, EncodingPlan encoding = TextEncoding::Utf8,
                    AfterStop afterStop = AfterStop::Nothing) {
-    CorpusReader reader(rules, corpus, yielder, {bytesRead, words});
+    CorpusReader reader(Rules, Corpus, Yielder, {BytesRead, Words});
     return reader.Read("/a.txt", std::move(text), std::move(encoding), afterStop);
   }
   /// "the cat | sat": the words of the corpus, and where phrases end.
   std::string Tokens() const {
     std::string text;
-    const Corpus& read = corpus.Corpus();
+    const korv::Corpus& read = Corpus.Corpus();
     for (size_t i = 1; i < read.Tokens.size(); ++i) {
       const WordNumber word = read.Tokens[i];
       text += (i == 1 ? "" : " ") + std::string(word == kNoWord ? "|" : read.Words.Text(word));
@@ -35,13 +35,13 @@ struct ReaderWorld {
     return text;
   }
 
-  WordRules rules;
-  RunOptions options;
-  WordFilters filters;
-  FakeYielder yielder;
-  CorpusBuilder corpus{rules, options, filters};
-  Gauge<uint64_t> bytesRead;
-  Gauge<uint64_t> words;
+  WordRules Rules;
+  RunOptions Options;
+  WordFilters Filters;
+  FakeYielder Yielder;
+  CorpusBuilder Corpus{Rules, Options, Filters};
+  Gauge<uint64_t> BytesRead;
+  Gauge<uint64_t> Words;
 };
 
 DocumentText TextOf(std::string head, std::string_view rest = {}) {
@@ -58,9 +58,9 @@ TEST(CorpusReader, CutsTheWordsOfAText) {
   EXPECT_EQ(summary.ReadAs, ReadAs::Utf8);
   EXPECT_EQ(summary.TextBytes, 27u);
   EXPECT_FALSE(summary.Error);
-  EXPECT_EQ(world.bytesRead, 29u);
-  EXPECT_EQ(world.words, 6u);
-  const CorpusSource& source = world.corpus.Corpus().Sources.front();
+  EXPECT_EQ(world.BytesRead, 29u);
+  EXPECT_EQ(world.Words, 6u);
+  const CorpusSource& source = world.Corpus.Corpus().Sources.front();
   EXPECT_EQ(source.Path, "/a.txt");
   EXPECT_TRUE(source.Origin.IsUtf8);
 }
@@ -83,13 +83,13 @@ TEST(CorpusReader, TellsHowATextWasReadAndWhatFailed) {
   ASSERT_TRUE(summary.Error);
   EXPECT_EQ(summary.Error->Description, "worn out");
   EXPECT_EQ(world.Tokens(), "caf\u00E9 noir");
-  EXPECT_FALSE(world.corpus.Corpus().Sources.front().Origin.IsUtf8);
+  EXPECT_FALSE(world.Corpus.Corpus().Sources.front().Origin.IsUtf8);
 }
 
 TEST(CorpusReader, EndsAtAStopUnlessTheSourceDoes) {
   for (const AfterStop afterStop : {AfterStop::Nothing, AfterStop::WhatIsThere}) {
     ReaderWorld world;
-    world.yielder.StopAtCall(2);
+    world.Yielder.StopAtCall(2);
     world.Read(TextOf("one\ntwo\nthree\nfour\n"), TextEncoding::Utf8, afterStop);
     EXPECT_EQ(world.Tokens(), afterStop == AfterStop::Nothing ? "one two" : "one two three four");
   }
@@ -101,11 +101,11 @@ TEST(CorpusReader, SeesAStopWithinALongLine) {
     while (line.size() < 8'000'000) line += unit;
     for (const char* extension : {"txt", "html"}) {
       ReaderWorld world;
-      world.yielder.StopAtCall(2);
+      world.Yielder.StopAtCall(2);
       DocumentText text = TextOf("", line);
       text.Markers = MarkersOfExtension(extension);
       world.Read(std::move(text));
-      EXPECT_LT(world.bytesRead, 4'000'000u) << unit << extension;
+      EXPECT_LT(world.BytesRead, 4'000'000u) << unit << extension;
     }
   }
 }

@@ -13,19 +13,19 @@ namespace korv {
 namespace {
 
 struct PlanWorld {
-  FakeFiles files;
-  FakeYielder yielder;
-  ReadPlan plan;
+  FakeFiles Files;
+  FakeYielder Yielder;
+  ReadPlan Planned;
 
   FolderTotals Plan(FileSelection selection, const FolderEvents& events = {}) {
-    FolderWalk walk(files, yielder, std::move(selection), true);
-    return plan.AddFolder(walk, PathFromText("/t"), events);
+    FolderWalk walk(Files, Yielder, std::move(selection), true);
+    return Planned.AddFolder(walk, PathFromText("/t"), events);
   }
   /// "0 /t/a.txt, 2 /t/x/b.txt": the index of its folder and the path of each document.
   std::string Documents() const {
     std::string text;
-    for (size_t i = 0; i < plan.Documents(); ++i) {
-      const PlannedDocument document = plan.Document(i);
+    for (size_t i = 0; i < Planned.Documents(); ++i) {
+      const PlannedDocument document = Planned.Document(i);
       text += (i == 0 ? "" : ", ") + std::to_string(document.Folder) + " " + document.Path.generic_string();
     }
     return text;
@@ -35,11 +35,11 @@ struct PlanWorld {
 TEST(ReadPlan, HoldsTheWantedFilesInOrderWithTheirFolders) {
   PlanWorld world;
   for (const char* path : {"/t/b.txt", "/t/a.txt", "/t/x/c.txt", "/t/m/e/d.txt", "/t/n/f.dat"})
-    world.files.Add(path, "words");
+    world.Files.Add(path, "words");
   const FolderTotals found = world.Plan({.Patterns = {"*.txt"}, .Exclusions = {}});
   EXPECT_EQ(found.Files, 4u);
   EXPECT_EQ(world.Documents(), "0 /t/a.txt, 0 /t/b.txt, 2 /t/m/e/d.txt, 4 /t/x/c.txt");
-  EXPECT_EQ(world.plan.Folders(), 5u) << "those without wanted files too";
+  EXPECT_EQ(world.Planned.Folders(), 5u) << "those without wanted files too";
 }
 
 TEST(ReadPlan, HoldsASingleFileByAnyPath) {
@@ -54,8 +54,8 @@ TEST(ReadPlan, HoldsASingleFileByAnyPath) {
 
 TEST(ReadPlan, TellsOfTheWalkAsItGoesOn) {
   PlanWorld world;
-  world.files.Add("/t/a.txt", "words");
-  world.files.Add("/t/x/b.txt", "words");
+  world.Files.Add("/t/a.txt", "words");
+  world.Files.Add("/t/x/b.txt", "words");
   std::string told;
   FolderEvents events;
   events.Wanted = [&](const std::filesystem::path& path) { told += "file " + path.generic_string() + ";"; };
