@@ -38,9 +38,9 @@ void FolderPage::BuildFolderRow(QGridLayout& layout) {
 
 void FolderPage::BuildPatterns(QGridLayout& layout) {
   struct Row {
-    const char* name;
-    const char* caption;
-    const char* examples;
+    const char* Name;
+    const char* Caption;
+    const char* Examples;
   };
   constexpr std::array<Row, 2> kRows = {
       {{"txbFileFilepathSpecifications_0",
@@ -48,11 +48,11 @@ void FolderPage::BuildPatterns(QGridLayout& layout) {
        {"txbFileFilepathSpecifications_1", "Exclude filepaths containing text:", "E.g., copy, bak"}}};
   auto* rows = Bare(new QGridLayout);
   for (size_t i = 0; i < kRows.size(); ++i) {
-    auto* box = MakeTextBox(kRows[i].name, kRows[i].caption, this);
-    box->setPlaceholderText(QString::fromUtf8(kRows[i].examples));
+    auto* box = MakeTextBox(kRows[i].Name, kRows[i].Caption, this);
+    box->setPlaceholderText(QString::fromUtf8(kRows[i].Examples));
     box->setToolTip(box->placeholderText());
     txbFileFilepathSpecifications[i] = box;
-    rows->addWidget(MakeCaption(kRows[i].caption, box, this), static_cast<int>(i), 0);
+    rows->addWidget(MakeCaption(kRows[i].Caption, box, this), static_cast<int>(i), 0);
     rows->addWidget(box, static_cast<int>(i), 1);
   }
   layout.addLayout(rows, 1, 0, 1, 3);
