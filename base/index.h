@@ -65,10 +65,10 @@ class IndexRange {
   };
 
   constexpr IndexRange(T first, T last) : begin_(first), end_(last < first ? first : last + 1) {}
-  constexpr Iterator begin() const {
-    return Iterator(begin_);
-  }  // NOLINT(readability-identifier-naming): for range-for
-  constexpr Iterator end() const { return Iterator(end_); }  // NOLINT(readability-identifier-naming)
+  // For range-based loops. NOLINTBEGIN(readability-identifier-naming)
+  constexpr Iterator begin() const { return Iterator(begin_); }
+  constexpr Iterator end() const { return Iterator(end_); }
+  // NOLINTEND(readability-identifier-naming)
 
  private:
   T begin_;

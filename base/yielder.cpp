@@ -17,8 +17,8 @@ uint32_t Yielder::NextStride() {
   const auto now = std::chrono::steady_clock::now();
   const auto passed = now - lastLook_;
   lastLook_ = now;
-  // Doubling slowly and dropping to one at once: a loop whose steps suddenly become long must not
-  // sit out a stride that was learned on short ones.
+  // The stride grows slowly and drops to one at once: steps that suddenly become long must not wait for the
+  // end of a stride that fitted short ones.
   if (passed > 2 * kLookEvery)
     stride_ = 1;
   else if (passed < kLookEvery)
@@ -31,7 +31,7 @@ uint32_t Yielder::NextStride() {
 }
 
 void Yielder::Turn() {
-  // Should the turn end in an exception, the next call must ask again, not count down from nothing.
+  // If the turn throws, the next call of Yield() must take a turn again instead of counting down from 0.
   left_ = 1;
   left_ = std::max<uint32_t>(1, NextStride());
 }

@@ -44,8 +44,8 @@ class LineIndex {
 
   /// Tells that the next line belongs to another text.
   void BeginSource() { first_ = true; }
-  /// Tells of a line before its words are taken. `resumable`: its words do not depend on the lines before it.
-  /// The first line of a text always is.
+  /// Call it for each line before its words are taken. `resumable`: its words do not depend on the lines
+  /// before it. The first line of a text always is.
   void AtLine(const LineAnchor& line, bool resumable);
 
   /// In the order of reading.

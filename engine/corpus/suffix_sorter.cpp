@@ -54,7 +54,7 @@ void SuffixSorter::Sort(std::span<const Place> places) {
     spare_.resize(n);
   }
   const WordNumber* tokens = tokens_.data();
-  // The places are scattered over the text. Without asking ahead, every single one would be waited for.
+  // The places are scattered over the text. Without a prefetch the sort would wait for every single one.
   constexpr size_t kAhead = 24;
   InPieces(n, yielder_, [&](size_t begin, size_t end) {
     for (size_t i = begin; i < end; ++i) {
@@ -85,7 +85,7 @@ void SuffixSorter::SortRun(size_t begin, size_t end, int depth) {
   if (end - begin == 2) return SortPair(begin, depth);
   const bool finished = InPieces(end - begin, yielder_, [&](size_t first, size_t last) {
     for (size_t i = begin + first; i < begin + last; ++i) {
-      // Asking ahead crosses the end of the run on purpose: the next run comes right after.
+      // The prefetch crosses the end of the run on purpose: the next run comes right after.
       if (i + 8 < suffixes_.size()) __builtin_prefetch(tokens_.data() + ValueOf(suffixes_[i + 8].At) + depth);
       suffixes_[i].Key = KeyAt(suffixes_[i].At, depth);
     }

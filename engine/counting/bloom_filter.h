@@ -26,7 +26,7 @@ class BloomFilter {
     const uint64_t bits = Bits(hash);
     return (words_[WordOf(hash)] & bits) == bits;
   }
-  /// Asks the memory for what Add and MayHold will look at.
+  /// Prefetches the memory that Add() and MayHold() read.
   void Prefetch(uint64_t hash) const { __builtin_prefetch(&words_[WordOf(hash)]); }
 
  private:

@@ -34,7 +34,7 @@ class EntryTable {
         return;
   }
 
-  /// Asks the memory for what Insert and Visit will look at first.
+  /// Prefetches the memory that Insert() and Visit() read first.
   void Prefetch(uint64_t hash) const { __builtin_prefetch(&slots_[First(hash)]); }
 
  private:

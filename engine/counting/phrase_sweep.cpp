@@ -41,7 +41,7 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
   }
 }
 
-// The phrases of outerDepth + 1 to interval.Depth words occur exactly at the interval's places.
+// The phrases of outerDepth + 1 to interval.Depth words occur at exactly the places of the interval.
 void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice) {
   const WordNumber* first = context_.Data->Corpus.From(interval.First);
   const int to = std::min<int>(interval.Depth, MostWords(interval.First));

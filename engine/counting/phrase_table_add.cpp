@@ -67,8 +67,8 @@ PhraseTable::Lookup PhraseTable::FindPhrase(std::string_view text) const {
   if (textAt(n) > text) return {false, -(n + 1)};
   if (n == 1) return {true, 1};
 
-  // The first probe is n / 2, the later ones round up, but for the last two entries: there rounding up
-  // would probe the upper one, which may have been probed already, for ever.
+  // The first probe is n / 2. The later ones round up, except between two entries: there rounding up could
+  // probe the upper one for ever.
   int64_t low = 1;
   int64_t high = n;
   int steps = 0;

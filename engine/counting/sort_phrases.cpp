@@ -12,17 +12,17 @@ namespace {
 
 /// Brings entries that ascend by word numbers into the order of Keys, then Texts.
 ///
-/// Numbers ascend by Key, then Text, of single words, so the two orders differ only where words share a
-/// Key: the phrases of "a" and then those of "á" must be merged into one sequence. That is done from the
-/// longest shared beginning to the shortest, each merge going once over its entries.
+/// Word numbers ascend by (Key, Text) of single words. The two orders differ only where words have equal
+/// Keys: the phrases that begin with "a" and those that begin with "á" must be merged. Merges go from the
+/// longest common prefix to the shortest, and each is linear in its entries.
 class KeyOrder {
  public:
   KeyOrder(PhraseTableData& data, const Yielder& yielder) : data_(data), yielder_(yielder) {}
 
-  /// Entries [begin, end) share their first `depth` words.
+  /// Sorts entries [begin, end), whose first `depth` words are equal.
   void Mend(size_t begin, size_t end, int depth) {
     while (begin < end && !yielder_.Stopped()) {
-      // A phrase that ends here comes before those that go on, as it should.
+      // A phrase that ends here stands before those that go on.
       if (data_.Entries[begin].Words == depth) {
         ++begin;
         continue;
@@ -47,7 +47,7 @@ class KeyOrder {
 
   /// Merges entries [begin, middle) with those up to `end`, each in order. A stop leaves all as it was.
   void Merge(size_t begin, size_t middle, size_t end) {
-    // So it is where a stop came after this merge and the order is mended once more.
+    // They are in order already, as after a stop behind this merge.
     if (Before(data_.Entries[middle - 1], data_.Entries[middle])) return;
     merged_.clear();
     merged_.reserve(end - begin);
@@ -58,14 +58,14 @@ class KeyOrder {
       merged_.push_back(data_.Entries[Before(data_.Entries[b], data_.Entries[a]) ? b++ : a++]);
     }
     merged_.insert(merged_.end(), At(a), At(middle));
-    // What is left of the second part stands where it belongs.
+    // The rest of the second part is in its place.
     std::copy(merged_.begin(), merged_.end(), At(begin));
   }
   std::vector<PhraseEntry>::iterator At(size_t i) {
     return data_.Entries.begin() + static_cast<std::ptrdiff_t>(i);
   }
 
-  /// By Keys first; Texts, the last key, differ for any two entries.
+  /// Compares Keys, then Texts, which differ for any two entries.
   bool Before(const PhraseEntry& a, const PhraseEntry& b) const {
     const WordNumber* x = data_.Corpus.From(a.First);
     const WordNumber* y = data_.Corpus.From(b.First);

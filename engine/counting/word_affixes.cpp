@@ -35,7 +35,7 @@ bool EndsCharacter(std::string_view word, size_t n) {
 template <bool Backward>
 class WordTable {
  public:
-  /// Holds the words that are `wanted`, by number. Stops when asked to; the table is of no use then.
+  /// Holds the words that are `wanted`, by number. After a stop the table is of no use.
   WordTable(const Vocabulary& words, const std::vector<bool>& wanted, const Yielder& yielder)
       : words_(words), slots_(std::bit_ceil(size_t{words.Size()} * 2 + 2)) {
     for (const WordNumber w : words.All()) {
@@ -76,7 +76,7 @@ class WordTable {
   ZeroedArray<WordNumber> slots_;
 };
 
-/// For each word the longest shorter one of those that are wanted.
+/// For each word the longest shorter one among those that are `wanted`.
 template <bool Backward>
 std::vector<WordNumber> LongestBeginnings(const Vocabulary& words, const std::vector<bool>& wanted,
                                           const Yielder& yielder) {

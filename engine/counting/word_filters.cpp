@@ -29,8 +29,9 @@ void AddOneWord(PatternSet& set, const std::string& entry, bool isPattern) {
     set.AddWord(folded);
 }
 
-/// A part as the words of a phrase are folded where case is not significant, which decides on their form in
-/// NFC. ASCII is left to the matching, for which the case of an escape such as "\W" has a meaning.
+/// A part, folded as the words of phrases are where case is not significant, because folding can change the
+/// form in NFC. ASCII parts and those with an escape stay: the match ignores case, and "\W" means something
+/// else than "\w".
 std::string FoldedPart(std::string_view part) {
   if (IsAscii(part) || part.find('\\') != std::string_view::npos) return std::string(part);
   return FoldOutsideBrackets(part);

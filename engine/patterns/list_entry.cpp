@@ -18,7 +18,7 @@ bool OpensBrackets(std::string_view text, size_t at, size_t& close) {
 std::vector<std::string_view> SplitOutsideBrackets(std::string_view text, char separator) {
   std::vector<std::string_view> pieces;
   size_t begin = 0;
-  // Once one opening bracket has no partner, no later one has: looked for only once.
+  // When one opening bracket has no partner, no later one has.
   bool bracketsPossible = true;
   for (size_t i = 0; i < text.size(); ++i) {
     size_t close = 0;

@@ -65,7 +65,7 @@ Regex::Regex(std::string_view expression, bool caseSignificant) {
   PCRE2_SIZE at = 0;
   CodeHandle code(pcre2_compile(Units(expression), expression.size(), options, &error, &at, context.get()));
   if (!code) return;
-  // Where the JIT is not to be had, or declines the expression, pcre2_match interprets it.
+  // Where there is no JIT, or it declines the expression, pcre2_match interprets it.
   pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
 
   MatchContext limits = OrThrow(MatchContext(pcre2_match_context_create(nullptr)));

@@ -11,7 +11,7 @@ unsigned char ByteAt(std::string_view text, size_t at) {
   return static_cast<unsigned char>(text[at]);
 }
 
-/// Whether another text stands for `character`, which may be an ill-formed sequence decoded.
+/// Whether `character` is replaced, and by which text. U+FFFD may stand for an ill-formed sequence.
 bool IsReplaced(char32_t character, std::string_view& by) {
   switch (character) {
     case U'\u00AD':
@@ -38,7 +38,7 @@ bool IsReplaced(char32_t character, std::string_view& by) {
   }
 }
 
-/// The byte from `at` on where the first sequence begins that is replaced.
+/// The offset from `at` on of the first sequence that is replaced; the size of the text where there is none.
 size_t SkipFaithful(std::string_view text, size_t at) {
   constexpr unsigned char kSoftHyphenLead = 0xC2;
   while (at < text.size()) {

@@ -24,7 +24,7 @@ utf8proc_int32_t Code(char32_t character) {
   return static_cast<utf8proc_int32_t>(character);
 }
 
-/// How many characters one character can become when it is decomposed for good.
+/// The most characters of a full decomposition of one character.
 constexpr utf8proc_ssize_t kMostParts = 32;
 
 utf8proc_ssize_t Decompose(char32_t character, utf8proc_int32_t* parts) {
@@ -48,7 +48,8 @@ void AppendDecomposed(std::string_view text, std::vector<utf8proc_int32_t>& part
   }
 }
 
-/// The library orders marks by exchanging neighbours, which a hostile text makes quadratic.
+/// Orders marks by their combining class. The library does so by exchanging neighbours, which takes quadratic
+/// time in a hostile text.
 void OrderMarks(std::vector<utf8proc_int32_t>& parts) {
   for (auto it = parts.begin(); it != parts.end();) {
     const auto isStarter = [](utf8proc_int32_t c) { return CombiningClass(c) == 0; };
@@ -84,7 +85,8 @@ bool StandsAlone(char32_t character) {
 
 constexpr char32_t kPlaneEnd = 0x10000;
 
-/// One bit for each character of the basic plane: asking the library costs more than reading a word.
+/// One bit for each character of the basic plane. A call of the library would take longer than reading a
+/// word.
 using BasicPlane = std::bitset<kPlaneEnd>;
 
 template <typename Predicate>
