@@ -192,15 +192,16 @@ int32_t ExtractDocx(const DocxContext& context, const fs::path& path, std::uniqu
   return static_cast<int32_t>(*size);
 }
 
-int32_t ReadDocx(const DocxContext& context, const fs::path& path, std::unique_ptr<InputFile> archive,
-                 std::string_view productWord, bool askIfLarge, std::string& text,
-                 const std::function<void(const std::string&)>& progress) {
+Expected<int32_t, DocxFault> ReadDocx(const DocxContext& context, const fs::path& path,
+                                      std::unique_ptr<InputFile> archive, std::string_view productWord,
+                                      bool askIfLarge, std::string& text,
+                                      const std::function<void(const std::string&)>& progress) {
   text.clear();
   std::string xml;
   {
     DocxTempFolder temp(context);
     const int32_t size = ExtractDocx(context, path, std::move(archive), productWord, askIfLarge, temp);
-    if (size < 0) return size;
+    if (size < 0) return static_cast<DocxFault>(size);
     auto whole = ReadWhole(context.Files, temp.XmlPath(), static_cast<size_t>(kMostDocxBytes));
     if (!whole) return kDocxNotUnpacked;
     xml = std::move(*whole);
@@ -226,7 +227,7 @@ std::optional<FileError> WriteExtractedText(FileSystem& files, const fs::path& d
   return (*file)->Commit();
 }
 
-Message DocxRefusal(int32_t fault, const std::string& path) {
+Message DocxRefusal(DocxFault fault, const std::string& path) {
   switch (fault) {
     case kDocxNoTemporaryFolder:
       return {.Text = "Unable to create temporary folder.", .Title = "Error", .Icon = Icon::Exclamation};
@@ -249,7 +250,7 @@ Message DocxRefusal(int32_t fault, const std::string& path) {
   }
 }
 
-Message DocxFolderRefusal(int32_t fault, const std::string& path) {
+Message DocxFolderRefusal(DocxFault fault, const std::string& path) {
   std::string what;
   switch (fault) {
     case kDocxNoTemporaryFolder:
@@ -272,7 +273,7 @@ Message DocxFolderRefusal(int32_t fault, const std::string& path) {
           .Icon = Icon::Exclamation};
 }
 
-std::string_view DocxSkipReason(int32_t fault) {
+std::string_view DocxSkipReason(DocxFault fault) {
   switch (fault) {
     case kDocxBadChecksum:
       return "has an invalid checksum";

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/expected.h"
 #include "base/yielder.h"
 #include "platform/files.h"
 #include "platform/messages.h"
@@ -89,11 +90,12 @@ std::string DocxXmlToText(std::string_view xml, const DocxContext& context,
 /// The bar: "[-----     >...": "[", a "-" for each fortieth done, ">", blanks, "]".
 std::string DocxProgressBar(size_t done, size_t total);
 
-/// All of the above: the text of a .docx, and its size in bytes (of the unpacked XML) or a DocxFault.
-/// Nothing is left in the temporary folder.
-int32_t ReadDocx(const DocxContext& context, const std::filesystem::path& path,
-                 std::unique_ptr<InputFile> archive, std::string_view productWord, bool askIfLarge,
-                 std::string& text, const std::function<void(const std::string&)>& progress = nullptr);
+/// All of the above: the text of a .docx, and the size of its unpacked XML in bytes. Nothing is left in the
+/// temporary folder.
+Expected<int32_t, DocxFault> ReadDocx(const DocxContext& context, const std::filesystem::path& path,
+                                      std::unique_ptr<InputFile> archive, std::string_view productWord,
+                                      bool askIfLarge, std::string& text,
+                                      const std::function<void(const std::string&)>& progress = nullptr);
 
 /// Where the extracted text is kept: "extracted_text", the file's name and ".txt" beside the file.
 std::filesystem::path ExtractedTextPath(const std::filesystem::path& docxPath);
@@ -102,10 +104,10 @@ std::optional<FileError> WriteExtractedText(FileSystem& files, const std::filesy
                                             std::string_view text);
 
 /// The message of a single-file run for a fault; its text is empty for kDocxDeclined, which has been told.
-Message DocxRefusal(int32_t fault, const std::string& path);
+Message DocxRefusal(DocxFault fault, const std::string& path);
 /// The box of a folder run: "... when processing " and the file's name. Empty as above.
-Message DocxFolderRefusal(int32_t fault, const std::string& path);
+Message DocxFolderRefusal(DocxFault fault, const std::string& path);
 /// Why a folder run skips it: "has an invalid checksum", "is too large", "is not a readable .docx file".
-std::string_view DocxSkipReason(int32_t fault);
+std::string_view DocxSkipReason(DocxFault fault);
 
 }  // namespace korv

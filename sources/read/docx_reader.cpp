@@ -7,7 +7,7 @@ namespace korv {
 
 namespace {
 
-DocumentRefusal RefusalOf(int32_t fault, const std::filesystem::path& path) {
+DocumentRefusal RefusalOf(DocxFault fault, const std::filesystem::path& path) {
   const std::string name = PathToText(path);
   return {.MessageAlone = [fault, name](const NumberFormat& /*format*/) { return DocxRefusal(fault, name); },
           .MessageOnce = DocxFolderRefusal(fault, name),
@@ -24,10 +24,10 @@ class Docx final : public DocumentReader {
     DocumentText text;
     text.Encoding = TextEncoding::Utf8;
     text.Origin = {.IsDocument = true, .Size = opened.File->Size(), .Modified = opened.File->Modified()};
-    const int32_t result =
+    const Expected<int32_t, DocxFault> result =
         ReadDocx({context.Files, context.Messages, context.Yielder}, path, std::move(opened.File),
                  kProductWord, !context.IsOneOfMany, text.Head, context.ShowProgress);
-    if (result < 0) return RefusalOf(result, path);
+    if (!result) return RefusalOf(result.Error(), path);
     return text;
   }
 };

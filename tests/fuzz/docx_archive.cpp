@@ -14,11 +14,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string content(reinterpret_cast<const char*>(data), size);
   files.Add("/in/x.docx", content);
   std::string text;
-  const int32_t result =
+  const korv::Expected<int32_t, korv::DocxFault> result =
       korv::ReadDocx({files, messages, yielder}, "/in/x.docx", nullptr, "Korv", true, text);
-  const bool known = result == korv::kDocxBadChecksum || result == korv::kDocxTooLarge ||
-                     result == korv::kDocxDeclined || result == korv::kDocxNotUnpacked;
-  if (result < 0 ? !known || !text.empty() : result > korv::kMostDocxBytes) std::abort();
+  if (result ? *result < 0 || *result > korv::kMostDocxBytes
+             : !text.empty() || result.Error() == korv::kDocxNoTemporaryFolder)
+    std::abort();
   if (!files.TemporaryIsClean() || files.Content("/in/x.docx") != content) std::abort();
   return 0;
 }

@@ -16,12 +16,17 @@
 namespace korv {
 namespace {
 
+/// What ReadDocx returned as a number: a size, or a fault.
+int32_t Number(const Expected<int32_t, DocxFault>& read) {
+  return read ? *read : int32_t{read.Error()};
+}
+
 class DocxTest : public testing::Test {
  protected:
   ~DocxTest() override { EXPECT_TRUE(files.TemporaryIsClean()); }
 
   int32_t Read(const std::string& path = "/in/x.docx") {
-    return ReadDocx(context, path, nullptr, "Korv", true, text);
+    return Number(ReadDocx(context, path, nullptr, "Korv", true, text));
   }
   int32_t ReadArchive(const std::string& archive) {
     files.Add("/in/x.docx", archive);
@@ -59,7 +64,7 @@ TEST_F(DocxTest, TakesAFileThatIsOpenAlready) {
   ASSERT_TRUE(file);
   char head[100];
   ASSERT_TRUE((*file)->Read(head));
-  EXPECT_GT(ReadDocx(context, "/in/x.docx", std::move(*file), "Korv", true, text), 0);
+  EXPECT_TRUE(ReadDocx(context, "/in/x.docx", std::move(*file), "Korv", true, text));
   EXPECT_EQ(text, "some words\r\n");
   EXPECT_EQ(files.Openings(), 2) << "the archive once, the unpacked part once";
 }
@@ -248,7 +253,7 @@ TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
   EXPECT_EQ(messages.Shown.size(), 1U);
 
   messages.Forget();
-  EXPECT_EQ(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text), 15 << 20);
+  EXPECT_EQ(Number(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text)), 15 << 20);
   EXPECT_TRUE(messages.Shown.empty()) << "nothing is asked where it is not wanted";
 }
 
@@ -291,7 +296,7 @@ TEST_F(DocxTest, WithoutATemporaryFolderSaysSo) {
   EXPECT_EQ(messages.Only().Icon, Icon::Critical);
 
   messages.Forget();
-  EXPECT_EQ(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text), kDocxNoTemporaryFolder);
+  EXPECT_EQ(Number(ReadDocx(context, "/in/x.docx", nullptr, "Korv", false, text)), kDocxNoTemporaryFolder);
   EXPECT_TRUE(messages.Shown.empty()) << "nothing is shown where nobody is asked";
 }
 
@@ -302,14 +307,15 @@ TEST_F(DocxTest, AnyFailingCallLeavesNothingBehindButWhatCannotBeRemoved) {
     FakeMessages shown;
     disk.Add("/in/x.docx", archive);
     disk.FailCall(call);
-    const int32_t result = ReadDocx({disk, shown, yielder}, "/in/x.docx", nullptr, "Korv", true, text);
+    const bool result =
+        ReadDocx({disk, shown, yielder}, "/in/x.docx", nullptr, "Korv", true, text).HasValue();
     if (!disk.FailureHappened()) {
-      EXPECT_GT(result, 0);
+      EXPECT_TRUE(result);
       break;
     }
     const bool removalFailed =
         !shown.Shown.empty() && shown.Shown[0].Text.find("when attempting to delete") != std::string::npos;
-    EXPECT_TRUE(removalFailed || result < 0) << "call " << call;
+    EXPECT_TRUE(removalFailed || !result) << "call " << call;
     EXPECT_TRUE(removalFailed || disk.TemporaryIsClean()) << "call " << call;
     EXPECT_EQ(disk.Content("/in/x.docx"), archive);
     ASSERT_LT(call, 100);
@@ -369,16 +375,15 @@ TEST_F(DocxTest, ReadsDocumentsOfOtherPrograms) {
 
 TEST_F(DocxTest, ReadsThemFromTheRealDisk) {
   const auto disk = MakeSystemFiles();
-  EXPECT_GT(
-      ReadDocx({*disk, messages, yielder}, KORV_TEST_DATA "/docx/plain.docx", nullptr, "Korv", true, text),
-      0);
+  EXPECT_TRUE(
+      ReadDocx({*disk, messages, yielder}, KORV_TEST_DATA "/docx/plain.docx", nullptr, "Korv", true, text));
   EXPECT_EQ(text, ReadFile(KORV_TEST_DATA "/docx/plain.txt"));
   EXPECT_TRUE(messages.Shown.empty()) << "cleaning up failed";
 }
 
 TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
   struct Row {
-    int32_t Fault;
+    DocxFault Fault;
     const char* Title;
     const char* Text;
     korv::Icon Icon;
@@ -401,7 +406,7 @@ TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
 }
 
 TEST_F(DocxTest, HasTheWordsOfAFolderRun) {
-  for (const int32_t fault : {kDocxNoTemporaryFolder, kDocxBadChecksum, kDocxTooLarge, kDocxNotUnpacked}) {
+  for (const DocxFault fault : {kDocxNoTemporaryFolder, kDocxBadChecksum, kDocxTooLarge, kDocxNotUnpacked}) {
     const Message message = DocxFolderRefusal(fault, "/in/a.docx");
     EXPECT_TRUE(message.Text.ends_with(" when processing a.docx")) << message.Text;
     EXPECT_EQ(message.Title, "Error");
