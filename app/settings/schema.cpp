@@ -289,17 +289,17 @@ constexpr SettingRow kRows[] = {
      .Places = {34},
      .OfTheMoment = true},
     {.Name = "InputFile",
-     .Value = Text<&Settings::InputFile>(),
+     .Value = TrimmedText<&Settings::InputFile>(),
      .Places = {3},
      .Control = "txbFile_0",
      .OfTheMoment = true},
     {.Name = "Folder",
-     .Value = Text<&Settings::Folder>(),
+     .Value = TrimmedText<&Settings::Folder>(),
      .Places = {1},
      .Control = "txbFolder",
      .OfTheMoment = true},
     {.Name = "FilePatterns",
-     .Value = Text<&Settings::FilePatterns>(TidyPatterns),
+     .Value = TrimmedText<&Settings::FilePatterns>(TidyPatterns),
      .Reset = ResetBy::Reinitialize,
      .Places = {4},
      .Control = "txbFileFilepathSpecifications_0",
@@ -308,7 +308,7 @@ constexpr SettingRow kRows[] = {
                 .Group = OptionGroup::Sources,
                 .Help = "Files of a folder to count, as in \"*.txt, a*.htm*\""}},
     {.Name = "ExcludedTexts",
-     .Value = Text<&Settings::ExcludedTexts>(TidyPatterns),
+     .Value = TrimmedText<&Settings::ExcludedTexts>(TidyPatterns),
      .Reset = ResetBy::Reinitialize,
      .Places = {6},
      .Control = "txbFileFilepathSpecifications_1",
@@ -376,7 +376,7 @@ constexpr SettingRow kRows[] = {
 
     // Output
     {.Name = "OutputFile",
-     .Value = Text<&Settings::OutputFile>(),
+     .Value = TrimmedText<&Settings::OutputFile>(),
      .Places = {5},
      .Control = "txbFile_1",
      .OfTheMoment = true},
@@ -469,12 +469,21 @@ const SettingRow& RowOf(std::string_view name) {
   return *row;
 }
 
+bool HasControl(const SettingRow& row) {
+  const auto* choice = std::get_if<ChoiceValue>(&row.Value);
+  return row.Control != nullptr || (choice != nullptr && choice->Choices.front().Control != nullptr);
+}
+
 size_t IndexOf(const SettingRow& row) {
   return static_cast<size_t>(&row - kRows);
 }
 
 SettingSet SetOf(const SettingRow& row) {
   return SettingSet().set(IndexOf(row));
+}
+
+bool Has(const SettingSet& set, std::string_view name) {
+  return set[IndexOf(RowOf(name))];
 }
 
 SettingSet SettingsResetBy(ResetBy button) {

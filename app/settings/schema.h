@@ -16,6 +16,9 @@ std::span<const SettingRow> Schema();
 /// The options that take the words of several checkboxes.
 std::span<const ListOption> ListOptions();
 
+/// Whether the windows show the setting in a control of its own.
+bool HasControl(const SettingRow& row);
+
 /// The row of a name that exists.
 const SettingRow& RowOf(std::string_view name);
 
@@ -27,6 +30,8 @@ using SettingSet = std::bitset<kMostSettings>;
 
 size_t IndexOf(const SettingRow& row);
 SettingSet SetOf(const SettingRow& row);
+/// Whether the setting of that name, which exists, is in `set`.
+bool Has(const SettingSet& set, std::string_view name);
 /// Those that are reset by it: with Reinitialize, those of RestoreDefaults too.
 SettingSet SettingsResetBy(ResetBy button);
 /// Those that say what is counted just now or where its list goes.

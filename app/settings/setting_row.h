@@ -54,6 +54,8 @@ struct TextValue {
   void (*Set)(Settings&, const std::string&);
   /// How a typed text is written; null for as typed.
   std::string (*Tidied)(std::string_view) = nullptr;
+  /// Blanks around it mean nothing, as with a path.
+  bool Trimmed = false;
 };
 
 /// A list of files, one of which may be selected.
@@ -139,9 +141,15 @@ constexpr ChoiceValue ChoiceOf(std::span<const Choice> choices) {
 }
 
 template <auto... Path>
-constexpr TextValue Text(std::string (*tidied)(std::string_view) = nullptr) {
+constexpr TextValue Text(std::string (*tidied)(std::string_view) = nullptr, bool trimmed = false) {
   return {[](const Settings& settings) -> const std::string& { return (settings.*....*Path); },
-          [](Settings& settings, const std::string& value) { (settings.*....*Path) = value; }, tidied};
+          [](Settings& settings, const std::string& value) { (settings.*....*Path) = value; }, tidied,
+          trimmed};
+}
+
+template <auto... Path>
+constexpr TextValue TrimmedText(std::string (*tidied)(std::string_view) = nullptr) {
+  return Text<Path...>(tidied, true);
 }
 
 }  // namespace korv

@@ -40,10 +40,7 @@ FilePage::FilePage(const Desktop& desktop, QWidget* parent) : QWidget(parent), d
   wiring.OnClick(cmdFile, "cmdFile_Click", [this] { cmdFile_Click(); });
   wiring.OnClick(cmdClearFile, "cmdClearFile_Click", [this] { cmdClearFile_Click(); });
   wiring.OnLeaving(txbFile, "txbFile_LostFocus", [this] { txbFile_LostFocus(); });
-  wiring.OnText(txbFile, "txbFile_Change", [this] {
-    Changed();
-    EnableClearButtons();
-  });
+  wiring.OnText(txbFile, "txbFile_Change", [this] { EnableClearButtons(); });
 }
 
 FilePage::~FilePage() {

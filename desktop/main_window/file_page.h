@@ -25,7 +25,6 @@ class FilePage final : public QWidget {
   QLabel* lblXMLsize = nullptr;
 
   std::function<void(const QString& path)> Chosen = [](const QString&) {};  ///< In the system's dialog.
-  std::function<void()> Changed = [] {};                                    ///< Another path stands there.
 
   void cmdFile_Click();
   void cmdClearFile_Click();

@@ -78,13 +78,8 @@ void FolderPage::Connect() {
     QLineEdit* box = txbFileFilepathSpecifications[static_cast<size_t>(i)];
     wiring.OnLeaving(box, "txbFileFilepathSpecifications_LostFocus",
                      [this, i] { txbFileFilepathSpecifications_LostFocus(i); });
-    wiring.OnText(box, "txbFileFilepathSpecifications_Change", [this] { Changed(); });
   }
-  wiring.OnText(txbFolder, "txbFolder_Change", [this] {
-    Changed();
-    EnableClearButtons();
-  });
-  wiring.OnToggle(chkIncludeSubfolders, "chkIncludeSubfolders_Change", [this] { Changed(); });
+  wiring.OnText(txbFolder, "txbFolder_Change", [this] { EnableClearButtons(); });
 }
 
 void FolderPage::cmdFolder_Click() {

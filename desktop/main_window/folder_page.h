@@ -30,7 +30,6 @@ class FolderPage final : public QWidget {
   QPushButton* cmdListFiles = nullptr;
 
   std::function<void(const QString& path)> Chosen = [](const QString&) {};  ///< In the system's dialog.
-  std::function<void()> Changed = [] {};  ///< Another folder, or other files of it.
   /// The files of the folder are to be listed.
   std::function<void(const std::filesystem::path& folder, const FileSelection& files)> ListFilesOf =
       [](const auto&, const auto&) {};

@@ -14,7 +14,6 @@
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/clipboard_page.h"
-#include "desktop/main_window/control_settings.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/main_layout.h"
 #include "desktop/main_window/main_menus.h"
@@ -35,6 +34,7 @@
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/placement.h"
+#include "desktop/widgets/settings_binding.h"
 #include "desktop/widgets/wiring.h"
 
 namespace korv {
@@ -67,7 +67,7 @@ frmMain::frmMain(const Desktop& desktop)
     : runClock_(desktop.Clock), messages_(desktop.Messages, runClock_), desktop_(With(desktop, messages_)) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Korv"));
-  panels_ = LayOutPanels(*this, desktop_,
+  panels_ = LayOutPanels(*this, desktop_, work_,
                          {.ClearBusy = [this] { panels_.Run->lblTwirler->clear(); },
                           .CountSoFar = [this] { return run_ ? run_->CountSoFar() : std::string(); }});
   popUp_ = new frmPopUp(this);
@@ -102,30 +102,27 @@ bool frmMain::Form_Load() {
   MakeControllers();
   panels_.Phrases->FillLists();
   panels_.Report->FillLists(*texts_);
+  ConnectSettings();
   MakeMenus();
   ConnectPanels();
-  ConnectParams();
   WatchDrops();
   EnableDisableButtons(true);
   Initialize();
-  panels_.Source->Select(TextSource::SingleFile);
-  // Before any state is restored the long words are those of more than 40 characters.
-  params_->SelectStartUpSizes();
+  // Not those of "Reinitialize" in everything: before any state is restored the long words are others.
+  work_.Change(ChangedBy::Program, SettingsAtStart());
   EnableDisableButtons(true);
   HideWhatDoesNotApply();
 
   settingsController_->RestoreStateFile();
-  FilterPanel& filter = *panels_.Result->Filter;
-  const std::string filterWords = filter.Words();
-  filter.SetWords({});
-  CorrectRestoredControls();
-  if (!params_->HasWordFiles()) OfferCommonWords();
+  const std::string filterWords = work_.Current().Report.FilterText;
+  CorrectRestoredSettings();
+  if (work_.Current().WordsFiles.empty()) OfferCommonWords();
   SetWordsToIgnoreNotice();
   panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(), false);
   Timer1->start();
   SetCountPhrasesCaption();
   // Those of the state file come last of all, so that no default wipes them out.
-  filter.SetWords(filterWords);
+  work_.Change(ChangedBy::Program, [&](Settings& settings) { settings.Report.FilterText = filterWords; });
   Timer1_Timer();
   SetTheFocus();
   settingsController_->RememberStart();
@@ -142,13 +139,14 @@ void frmMain::HideWhatDoesNotApply() {
   panels_.Report->chkFileList->hide();
 }
 
-void frmMain::CorrectRestoredControls() {
-  QComboBox& format = *panels_.Report->cboDisplayFormat;
-  if (panels_.Source->Kind() != TextSource::Folder && format.currentIndex() >= kFirstFolderFormat) {
-    format.setCurrentIndex(0);
-  }
-  WordsToIgnorePanel& words = *panels_.WordsToIgnore;
-  if (!words.Rule()) words.optExcludePhrasesAllWordsToIgnore->setChecked(true);
+void frmMain::CorrectRestoredSettings() {
+  work_.Change(ChangedBy::Program, [](Settings& settings) {
+    settings.Report.FilterText.clear();
+    if (settings.SourceKind != TextSource::Folder && settings.Report.DisplayFormat >= kFirstFolderFormat) {
+      settings.Report.DisplayFormat = 0;
+    }
+    if (!settings.IgnoreOption) settings.IgnoreOption = IgnoreRule::ExcludeAll;
+  });
 }
 
 void frmMain::OfferCommonWords() {
@@ -158,9 +156,9 @@ void frmMain::OfferCommonWords() {
                                             .Buttons = Buttons::YesNo,
                                             .DefaultAnswer = Answer::Yes,
                                             .Question = questions::kFirstCommonWords}) == Answer::Yes;
-  if (!load) return params_->SelectNoLanguage();
-  params_->SetPathToCWDs_Eng();
-  params_->AttemptToReadWords(ListKind::WordsToIgnore);
+  if (load) return params_->LoadCommonWordsOfEnglish();
+  work_.Change(ChangedBy::Program,
+               [](Settings& settings) { settings.CommonWordsLanguage = CommonWords::None; });
 }
 
 void frmMain::OpenPaths(const QStringList& paths) {
@@ -211,11 +209,22 @@ void frmMain::Timer1_Timer() {
   panels_.Source->ShowFileChoices();
 }
 
-void frmMain::SourceHasChanged() {
+void frmMain::SourceHasChanged(ChangedBy by) {
+  const bool user = by == ChangedBy::User;
+  panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(), user && startUpCompleted_);
+  // What the program changes is followed when it has changed everything.
+  if (user) result_->FollowControls();
+}
+
+void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
   SetTitle();
-  panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(),
-                                             startUpCompleted_ && !settings_->Restoring());
-  result_->FollowControls();
+  EnableClearButtons();
+  panels_.Result->Filter->EnableClearButton();
+  params_->SettingsHaveChanged(changed);
+  result_->ShowResult();
+  if (by == ChangedBy::Program) return;
+  if (Has(changed, "DisplayFormat")) panels_.Report->cboDisplayFormat_Click();
+  if (Has(changed, "WordOrder")) panels_.Report->cboWordOrder_Click();
 }
 
 void frmMain::RunEnded() {
@@ -245,7 +254,7 @@ bool frmMain::EndProgram() {
     return false;
   }
   if (startUpCompleted_) settingsController_->OfferToKeepSettings();
-  if (params_->chkSaveStateOnQuit->isChecked()) settingsController_->SaveState();
+  if (work_.Current().SaveStateOnQuit) settingsController_->SaveState();
   StoreGeometry();
   params_->hide();
   if (help_) help_->hide();
@@ -298,10 +307,6 @@ void frmMain::StoreGeometry() {
 
 // ---- What the Settings window asks
 
-Settings frmMain::GatherSettings() const {
-  return settings_->Gather();
-}
-
 void frmMain::ApplySettings(const Settings& settings) {
   settingsController_->Apply(settings);
 }
@@ -326,8 +331,8 @@ bool frmMain::Running() const {
   return run_ && run_->Running();
 }
 
-bool frmMain::ResultKeepsToWordRules() const {
-  return result_->ResultKeepsToWordRules();
+bool frmMain::ResultKeepsTo(const WordRules& rules) const {
+  return result_->ResultKeepsTo(rules);
 }
 
 void frmMain::ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) {
@@ -335,7 +340,8 @@ void frmMain::ReadWords(const WordListRequest& request, const std::function<void
 }
 
 void frmMain::SetWordsToIgnoreNotice() {
-  panels_.WordsToIgnore->SetWordsToIgnoreNotice(params_->HasWordsToIgnore());
+  panels_.WordsToIgnore->SetWordsToIgnoreNotice(work_.Current().IgnoreOption.value_or(IgnoreRule::Allow),
+                                                work_.HasWordsToIgnore());
   result_->ShowResult();
 }
 

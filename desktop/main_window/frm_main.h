@@ -6,6 +6,7 @@
 
 #include "app/run/run_clock.h"
 #include "app/texts/program_text.h"
+#include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
 #include "desktop/main_window/muted_messages.h"
@@ -17,7 +18,6 @@ class QTimer;
 
 namespace korv {
 
-class ControlSettings;
 class frmHelp;
 class frmParams;
 class frmPopUp;
@@ -25,6 +25,7 @@ class MainMenus;
 class Opening;
 class ResultController;
 class RunController;
+class SettingsBinding;
 class SettingsController;
 
 /// The program's main window. It assembles its panels and the controllers behind them, starts up and quits;
@@ -64,14 +65,14 @@ class frmMain final : public QMainWindow, public SettingsHost {
   // ---- What the Settings window asks
 
   const Desktop& Outside() const override { return desktop_; }
-  Settings GatherSettings() const override;
+  Workspace& Work() override { return work_; }
   void ApplySettings(const Settings& settings) override;
   void Initialize() override;
   std::string SaveStateTo(const std::filesystem::path& path) override;
   void SaveStateFile(QWidget* window) override;
   RestoreOutcome RestoreSavedState(const std::filesystem::path& path) override;
   bool Running() const override;
-  bool ResultKeepsToWordRules() const override;
+  bool ResultKeepsTo(const WordRules& rules) const override;
   void ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) override;
   void SetWordsToIgnoreNotice() override;
   void PopUpInForm(const QString& notice, QWidget* window) override;
@@ -85,10 +86,10 @@ class frmMain final : public QMainWindow, public SettingsHost {
   void MakeControllers();
   void MakeMenus();
   void ConnectPanels();
-  void ConnectParams();
+  void ConnectSettings();
   void WatchDrops();
   void HideWhatDoesNotApply();
-  void CorrectRestoredControls();
+  void CorrectRestoredSettings();
   /// Asks whether to load the common words of English, where no list of words to ignore is listed.
   void OfferCommonWords();
   void RestoreGeometry();
@@ -100,7 +101,9 @@ class frmMain final : public QMainWindow, public SettingsHost {
   void SetTheFocus();
   void SetCountPhrasesCaption();
   void SetTitle();
-  void SourceHasChanged();
+  void SourceHasChanged(ChangedBy by);
+  /// Shows what follows from settings, which the controls themselves show already.
+  void SettingsHaveChanged(const SettingSet& changed, ChangedBy by);
   /// Nothing goes on any more.
   void RunEnded();
   /// Saves what is to be saved and hides the other windows. False while a run is still going on.
@@ -110,11 +113,12 @@ class frmMain final : public QMainWindow, public SettingsHost {
   MutedMessages messages_;
   Desktop desktop_;  ///< As given, but its messages are the ones above.
   std::unique_ptr<ProgramText> texts_;
+  Workspace work_;
   MainPanels panels_;
   frmPopUp* popUp_ = nullptr;
   std::unique_ptr<frmParams> params_;
   std::unique_ptr<frmHelp> help_;
-  std::unique_ptr<ControlSettings> settings_;
+  std::unique_ptr<SettingsBinding> binding_;
   std::unique_ptr<SettingsController> settingsController_;
   std::unique_ptr<RunController> run_;
   std::unique_ptr<ResultController> result_;

@@ -6,7 +6,6 @@
 #include <QRadioButton>
 #include <QTimer>
 
-#include "desktop/main_window/control_settings.h"
 #include "desktop/main_window/file_drops.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/frm_main.h"
@@ -25,28 +24,28 @@
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
+#include "desktop/widgets/settings_binding.h"
 #include "desktop/widgets/wiring.h"
 
 namespace korv {
 
 void frmMain::MakeControllers() {
   params_ = std::make_unique<frmParams>(*this);
-  settings_ = std::make_unique<ControlSettings>(panels_, *params_);
   run_ = std::make_unique<RunController>(
-      desktop_, runClock_, panels_, *settings_, *texts_,
+      desktop_, runClock_, panels_, work_, *texts_,
       RunController::Hooks{.EnableDisableButtons = [this](bool enabled) { EnableDisableButtons(enabled); },
                            .SetCountPhrasesCaption = [this] { SetCountPhrasesCaption(); },
                            .HideResult = [this] { result_->HideResult(); },
                            .ShowResultAgain = [this] { result_->ShowResultAgain(); },
                            .Counted = [this](FinishedRun finished) { result_->Take(std::move(finished)); },
                            .Ended = [this] { RunEnded(); }});
-  result_ = std::make_unique<ResultController>(desktop_, panels_, *settings_, *run_,
+  result_ = std::make_unique<ResultController>(desktop_, panels_, work_, *run_,
                                                [this](std::optional<ListKind> kind) {
                                                  if (kind) params_->ShowList(*kind);
                                                  cmdSetParameters_Click();
                                                });
   settingsController_ = std::make_unique<SettingsController>(
-      desktop_, panels_, *settings_, *params_, *popUp_,
+      desktop_, panels_, work_, *params_, *popUp_,
       SettingsController::Hooks{.Applied = [this] { result_->FollowControls(); },
                                 .WordsChanged = [this] { SetWordsToIgnoreNotice(); }});
   opening_ = std::make_unique<Opening>(
@@ -71,22 +70,15 @@ void frmMain::MakeMenus() {
 }
 
 void frmMain::ConnectPanels() {
-  const auto changed = [this] { result_->ShowResult(); };
   SourcePanel& source = *panels_.Source;
-  source.KindChanged = [this] { SourceHasChanged(); };
-  source.Changed = [this] {
-    SetTitle();
-    result_->ShowResult();
-  };
+  source.KindChanged = [this](ChangedBy by) { SourceHasChanged(by); };
   source.RecentChosen = [this](const QString& path) { OpenPaths({path}); };
   source.Folder->ListFilesOf = [this](const std::filesystem::path& folder, const FileSelection& files) {
     run_->ListFolderFiles(folder, files, panels_.Source->Folder->chkIncludeSubfolders->isChecked());
   };
-  panels_.Phrases->Changed = changed;
   panels_.WordsToIgnore->RuleChosen = [this] { SetWordsToIgnoreNotice(); };
   panels_.WordsToIgnore->SetParametersWanted = [this] { cmdSetParameters_Click(); };
   panels_.Report->Changed = [this] { result_->RelistAfterChange(); };
-  panels_.OutputFile->Changed = changed;
   panels_.OutputFile->EnabledByUser = [this] { result_->OfferToWrite(); };
   panels_.OutputFile->Refuses = [&source](const std::string& path) { return source.RefusesOutput(path); };
   panels_.Run->Commands = {.CountPhrases = [this] { run_->cmdCountPhrases_Click(); },
@@ -100,25 +92,16 @@ void frmMain::ConnectPanels() {
   result.Notes->OnAction([this](NoteAction action) {
     Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();
   });
-  result.Filter->Changed = changed;
   result.Filter->FilterResults = [this] { result_->FilterResults(); };
   result.Filter->ModeChosen = [this] { result_->RelistAfterChange(); };
   connect(Timer1, &QTimer::timeout, this, Guarded(messages_, "Timer1_Timer", [this] { Timer1_Timer(); }));
 }
 
-void frmMain::ConnectParams() {
-  const Wiring wiring(*this, messages_);
-  const auto changed = [this] { result_->ShowResult(); };
-  for (const QComboBox* sizes : {params_->cboShortWordSize, params_->cboLongWordSize}) {
-    wiring.OnChoice(sizes, "ShowResult", changed);
-  }
-  for (const QCheckBox* box : params_->findChildren<QCheckBox*>()) {
-    wiring.OnToggle(box, "ShowResult", changed);
-  }
-  const SourcePanel& source = *panels_.Source;
-  for (const QRadioButton* option : {source.optOnClipboard, source.optInFile, source.optFolder}) {
-    connect(option, &QRadioButton::toggled, params_.get(), [this] { params_->OptionsHaveChanged(); });
-  }
+void frmMain::ConnectSettings() {
+  binding_ =
+      std::make_unique<SettingsBinding>(work_, messages_, std::vector<const QWidget*>{this, params_.get()});
+  // The controls are bound first: they are up to date when this hears of a change.
+  work_.OnChange([this](const SettingSet& changed, ChangedBy by) { SettingsHaveChanged(changed, by); });
 }
 
 void frmMain::WatchDrops() {

@@ -25,12 +25,12 @@ namespace {
 
 constexpr int kColumnWidth = 400;
 
-QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
+QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
   auto* groups = new QWidget(parent);
   panels.Source = new SourcePanel(desktop, groups);
-  panels.Phrases = new PhrasesPanel(desktop, groups);
+  panels.Phrases = new PhrasesPanel(groups);
   panels.WordsToIgnore = new WordsToIgnorePanel(desktop, groups);
-  panels.Report = new ReportPanel(desktop, groups);
+  panels.Report = new ReportPanel(desktop, work, groups);
   panels.OutputFile = new OutputFilePanel(desktop, groups);
   auto* stack = Bare(new QVBoxLayout(groups));
   stack->addWidget(panels.Source, 1);
@@ -41,12 +41,12 @@ QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, QWidget* parent)
   return groups;
 }
 
-QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
+QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
   auto* column = new QWidget(parent);
   auto* layout = Bare(new QVBoxLayout(column));
   // On a low screen the groups scroll; the count button below them does not.
   auto* scroll = Named(new ScrollColumn(column), "scrOptions");
-  QWidget* groups = MakeGroups(panels, desktop, scroll);
+  QWidget* groups = MakeGroups(panels, desktop, work, scroll);
   scroll->setWidget(groups);
   // The width that the groups need, and room for the scroll bar beside them.
   const int bar = scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll);
@@ -70,13 +70,14 @@ void SetTabOrder(const MainPanels& panels) {
 
 }  // namespace
 
-MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, const OutputBoxHooks& hooks) {
+MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& work,
+                        const OutputBoxHooks& hooks) {
   MainPanels panels;
   auto* centre = new QWidget(&window);
   auto* row = new QHBoxLayout(centre);
   row->setContentsMargins(8, 6, 8, 4);
   row->setSpacing(10);
-  row->addWidget(MakeColumn(panels, desktop, centre));
+  row->addWidget(MakeColumn(panels, desktop, work, centre));
   panels.Result = new ResultPanel(desktop, hooks, centre);
   panels.Result->AddBelow(panels.Report->chkSortByNumberOfFiles);
   row->addWidget(panels.Result, 1);

@@ -67,7 +67,7 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   Add(menu, "Open fol&der...", Qt::CTRL | Qt::SHIFT | Qt::Key_O,
       [source] { source->Folder->cmdFolder_Click(); });
   Add(menu, "Use the &clipboard", Qt::CTRL | Qt::SHIFT | Qt::Key_V,
-      [source] { source->Select(TextSource::Clipboard); });
+      [source] { source->Select(TextSource::Clipboard, ChangedBy::User); });
   QMenu* recent = menu->addMenu(QStringLiteral("&Recent"));
   recent->setObjectName(QStringLiteral("mnuRecent"));
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });

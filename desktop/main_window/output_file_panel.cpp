@@ -31,13 +31,9 @@ OutputFilePanel::OutputFilePanel(const Desktop& desktop, QWidget* parent)
   wiring.OnClick(cmdFile, "cmdFile_Click", [this] { cmdFile_Click(); });
   wiring.OnClick(cmdClearFile, "cmdClearFile_Click", [this] { cmdClearFile_Click(); });
   wiring.OnLeaving(txbFile, "txbFile_LostFocus", [this] { txbFile_LostFocus(); });
-  wiring.OnText(txbFile, "txbFile_Change", [this] {
-    Changed();
-    EnableClearButtons();
-  });
+  wiring.OnText(txbFile, "txbFile_Change", [this] { EnableClearButtons(); });
   wiring.OnClick(chkDisableOutputToFile, "chkDisableOutputToFile_Click",
                  [this] { chkDisableOutputToFile_Click(); });
-  wiring.OnToggle(chkDisableOutputToFile, "chkDisableOutputToFile_Change", [this] { Changed(); });
 }
 
 OutputFilePanel::~OutputFilePanel() {

@@ -24,7 +24,6 @@ class OutputFilePanel final : public QGroupBox {
   QPushButton* cmdClearFile = nullptr;  ///< Likewise.
   QCheckBox* chkDisableOutputToFile = nullptr;
 
-  std::function<void()> Changed = [] {};        ///< The report would go elsewhere.
   std::function<void()> EnabledByUser = [] {};  ///< A file is named, and output to it enabled again.
   /// Whether a file must not be written; says why.
   std::function<bool(const std::string& path)> Refuses = [](const std::string&) { return false; };

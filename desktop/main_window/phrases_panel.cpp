@@ -5,13 +5,11 @@
 
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
-#include "desktop/widgets/wiring.h"
-#include "engine/counting/run_options.h"
+#include "desktop/widgets/settings_binding.h"
 
 namespace korv {
 
-PhrasesPanel::PhrasesPanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Phrases"), parent) {
+PhrasesPanel::PhrasesPanel(QWidget* parent) : QGroupBox(QStringLiteral("Phrases"), parent) {
   setObjectName(QStringLiteral("fraPhrases"));
   auto* layout = Tight(new QHBoxLayout(this));
   cboPhraseLength[0] = MakeCombo("cboPhraseLength_0", "Minimum number of words in phrase", this);
@@ -31,27 +29,12 @@ PhrasesPanel::PhrasesPanel(const Desktop& desktop, QWidget* parent)
   layout->addStretch(1);
   layout->addWidget(MakeCaption("Minimum frequenc&y", cboMinimumFrequency, this));
   layout->addWidget(cboMinimumFrequency);
-
-  const Wiring wiring(*this, desktop.Messages);
-  for (QComboBox* combo : {cboPhraseLength[0], cboPhraseLength[1], cboMinimumFrequency}) {
-    wiring.OnChoice(combo, "ShowResult", [this] { Changed(); });
-  }
-}
-
-PhrasesPanel::~PhrasesPanel() {
-  StopListening(*this);
 }
 
 void PhrasesPanel::FillLists() {
-  for (QComboBox* combo : cboPhraseLength) {
-    for (int words = kLeastWords; words <= kMostWords; ++words) combo->addItem(QString::number(words));
-  }
-  for (int least = 1; least <= kMostMinFrequency; ++least) {
-    cboMinimumFrequency->addItem(QString::number(least));
-  }
-  cboPhraseLength[0]->setCurrentIndex(2);
-  cboPhraseLength[1]->setCurrentIndex(4);
-  cboMinimumFrequency->setCurrentIndex(1);
+  FillWithNumbers(*cboPhraseLength[0], RowOf("MinWords"));
+  FillWithNumbers(*cboPhraseLength[1], RowOf("MaxWords"));
+  FillWithNumbers(*cboMinimumFrequency, RowOf("MinFrequency"));
 }
 
 void PhrasesPanel::EnableDisableButtons(bool enabled) {

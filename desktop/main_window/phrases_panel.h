@@ -2,10 +2,7 @@
 
 #include <QGroupBox>
 #include <array>
-#include <functional>
 #include <vector>
-
-#include "desktop/desktop.h"
 
 class QComboBox;
 
@@ -14,15 +11,12 @@ namespace korv {
 /// How many words a phrase has, and how often it has to occur.
 class PhrasesPanel final : public QGroupBox {
  public:
-  PhrasesPanel(const Desktop& desktop, QWidget* parent);
-  ~PhrasesPanel() override;
+  explicit PhrasesPanel(QWidget* parent);
 
   std::array<QComboBox*, 2> cboPhraseLength{};  ///< 0 the least, 1 the greatest number of words.
   QComboBox* cboMinimumFrequency = nullptr;
 
-  std::function<void()> Changed = [] {};
-
-  /// Puts the items into the lists and selects those of the start.
+  /// Puts the items into the lists.
   void FillLists();
   void EnableDisableButtons(bool enabled);
   std::vector<QWidget*> TabOrder() const;

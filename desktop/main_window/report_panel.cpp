@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QSignalBlocker>
 
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -18,8 +17,8 @@ constexpr int kFileListFormat = 10;
 
 }  // namespace
 
-ReportPanel::ReportPanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Report"), parent), desktop_(desktop) {
+ReportPanel::ReportPanel(const Desktop& desktop, Workspace& work, QWidget* parent)
+    : QGroupBox(QStringLiteral("Report"), parent), desktop_(desktop), work_(work) {
   setObjectName(QStringLiteral("fraReport"));
   Build();
   Connect();
@@ -55,8 +54,6 @@ void ReportPanel::Build() {
 
 void ReportPanel::Connect() {
   const Wiring wiring(*this, desktop_.Messages);
-  wiring.OnChoice(cboDisplayFormat, "cboDisplayFormat_Click", [this] { cboDisplayFormat_Click(); });
-  wiring.OnChoice(cboWordOrder, "cboWordOrder_Click", [this] { cboWordOrder_Click(); });
   wiring.OnClick(chkDisplayRelativeFrequency, "chkDisplayRelativeFrequency_Click",
                  [this] { chkDisplayRelativeFrequency_Click(); });
   wiring.OnClick(chkSortByNumberOfFiles, "chkSortByNumberOfFiles_Click",
@@ -65,50 +62,23 @@ void ReportPanel::Connect() {
 }
 
 void ReportPanel::FillLists(const ProgramText& texts) {
-  const QSignalBlocker quietFormat(cboDisplayFormat);
-  const QSignalBlocker quietOrder(cboWordOrder);
   for (int format = 0; format < kDisplayFormats; ++format) {
     cboDisplayFormat->addItem(ToQt(texts.Get(DisplayFormatTextNumber(format))));
   }
   for (int order = 0; order < 2; ++order) {
     cboWordOrder->addItem(ToQt(texts.Get(WordOrderTextNumber(order))));
   }
-  cboDisplayFormat->setCurrentIndex(0);
-  cboWordOrder->setCurrentIndex(0);
-}
-
-ReportOptions ReportPanel::Gather() const {
-  ReportOptions options;
-  options.DisplayFormat = cboDisplayFormat->currentIndex();
-  options.WordOrder = cboWordOrder->currentIndex();
-  options.RelativeFrequency = chkDisplayRelativeFrequency->isChecked();
-  options.SortByNumberOfFiles = chkSortByNumberOfFiles->isChecked();
-  options.FileList = chkFileList->isChecked();
-  return options;
-}
-
-void ReportPanel::Put(const ReportOptions& options) {
-  const QSignalBlocker quietFormat(cboDisplayFormat);
-  const QSignalBlocker quietOrder(cboWordOrder);
-  cboWordOrder->setCurrentIndex(options.WordOrder);
-  cboDisplayFormat->setCurrentIndex(options.DisplayFormat);
-  chkDisplayRelativeFrequency->setChecked(options.RelativeFrequency);
-  chkSortByNumberOfFiles->setChecked(options.SortByNumberOfFiles);
 }
 
 void ReportPanel::EnableDisableReportOptions(TextSource source, bool tells) {
   source_ = source;
-  ReportOptions options = Gather();
+  ReportOptions options = work_.Current().Report;
   const QString format = cboDisplayFormat->currentText();
   const bool available = ApplyReportRules(options, source);
-  if (!available) {
-    const QSignalBlocker quiet(cboDisplayFormat);
-    cboDisplayFormat->setCurrentIndex(options.DisplayFormat);
-  }
+  work_.Change(ChangedBy::Program, [&options](Settings& settings) { settings.Report = options; });
   const ReportRules rules = RulesOfOptions(options, source);
   chkDisplayRelativeFrequency->setEnabled(rules.RelativeFrequencyEnabled);
   chkSortByNumberOfFiles->setEnabled(rules.SortByNumberOfFilesEnabled);
-  chkSortByNumberOfFiles->setChecked(options.SortByNumberOfFiles);
   chkFileList->setVisible(source == TextSource::Folder);
   chkFileList->setChecked(options.DisplayFormat == kFileListFormat);
   if (!available && tells) desktop_.Messages.Show(UnavailableFormatMessage(FromQt(format)));

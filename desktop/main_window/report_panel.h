@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "app/texts/program_text.h"
+#include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "engine/counting/run_options.h"
-#include "report/report_options.h"
 
 class QCheckBox;
 class QComboBox;
@@ -17,7 +17,7 @@ namespace korv {
 /// How a result is listed: format, order and columns.
 class ReportPanel final : public QGroupBox {
  public:
-  ReportPanel(const Desktop& desktop, QWidget* parent);
+  ReportPanel(const Desktop& desktop, Workspace& work, QWidget* parent);
   ~ReportPanel() override;
 
   QComboBox* cboWordOrder = nullptr;
@@ -36,12 +36,8 @@ class ReportPanel final : public QGroupBox {
   void chkSortByNumberOfFiles_Click();
   void chkFileList_Click();
 
-  /// Puts the items into the lists and selects those of the start.
+  /// Puts the items into the lists.
   void FillLists(const ProgramText& texts);
-  /// The options as chosen, without those of the filter.
-  ReportOptions Gather() const;
-  /// Puts them into the controls; no handler runs.
-  void Put(const ReportOptions& options);
   /// Enables, disables and corrects what depends on format, order, source and relative frequency. `tells`:
   /// says that a format is not available.
   void EnableDisableReportOptions(TextSource source, bool tells);
@@ -52,6 +48,7 @@ class ReportPanel final : public QGroupBox {
   void Connect();
 
   const Desktop& desktop_;
+  Workspace& work_;
   TextSource source_ = TextSource::SingleFile;
 };
 

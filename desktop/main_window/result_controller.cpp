@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "app/run/run_changes.h"
-#include "desktop/main_window/control_settings.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/phrases_panel.h"
@@ -27,18 +26,20 @@
 
 namespace korv {
 
-ResultController::ResultController(const Desktop& desktop, const MainPanels& panels,
-                                   const ControlSettings& settings, RunController& run,
-                                   ShowSettings showSettings)
+ResultController::ResultController(const Desktop& desktop, const MainPanels& panels, Workspace& work,
+                                   RunController& run, ShowSettings showSettings)
     : desktop_(desktop),
       panels_(panels),
-      settings_(settings),
+      work_(work),
       run_(run),
       showSettings_(std::move(showSettings)),
       overwrite_(desktop.Files, desktop.Messages) {}
 
-bool ResultController::ResultKeepsToWordRules() const {
-  return result_ && !ChangesBetween(result_->Request, settings_.GatherRunRequest()).WordRules;
+bool ResultController::ResultKeepsTo(const WordRules& rules) const {
+  if (!result_) return false;
+  RunRequest request = work_.RequestOfNow();
+  request.Rules = rules;
+  return !ChangesBetween(result_->Request, request).WordRules;
 }
 
 bool ResultController::WantsFilter() const {
@@ -47,8 +48,8 @@ bool ResultController::WantsFilter() const {
 
 ChosenNow ResultController::GatherChosen() const {
   ChosenNow now;
-  now.Changes = ChangesBetween(result_->Request, settings_.GatherRunRequest());
-  now.Report = settings_.GatherReportOptions();
+  now.Changes = ChangesBetween(result_->Request, work_.RequestOfNow());
+  now.Report = work_.Current().Report;
   now.Report.FilterText = NormaliseFilterText(now.Report.FilterText);
   now.Report.FilterActive = !now.Report.FilterText.empty();
   now.FormatAvailable = ApplyReportRules(now.Report, result_->Run.Facts.Options.SourceKind);
@@ -66,7 +67,7 @@ void ResultController::Take(FinishedRun finished) {
 
 void ResultController::ListTheResult(bool filtered, bool toFile) {
   if (!result_) return;
-  ReportOptions options = settings_.GatherReportOptions();
+  ReportOptions options = work_.Current().Report;
   options.FilterActive = filtered && !options.FilterText.empty();
   // A format that is there for folders only may have been chosen for the next count.
   ApplyReportRules(options, result_->Run.Facts.Options.SourceKind);
@@ -93,14 +94,15 @@ void ResultController::TakeListing(ShownListing listing) {
 std::optional<std::string> ResultController::ConfirmedOutputPath() {
   const std::string wanted = panels_.OutputFile->Path();
   if (wanted.empty()) return std::nullopt;
-  std::optional<std::string> path = overwrite_.Confirm(wanted, settings_.Gather().WarnOnOverwrite);
+  std::optional<std::string> path = overwrite_.Confirm(wanted, work_.Current().WarnOnOverwrite);
   // Whatever was typed: what has been counted is never written over.
   if (path && OutputIsSource(*path)) path.reset();
-  if (path) {
-    panels_.OutputFile->txbFile->setText(ToQt(*path));
-  } else {
-    panels_.OutputFile->chkDisableOutputToFile->setChecked(true);
-  }
+  work_.Change(ChangedBy::Program, [&path](Settings& settings) {
+    if (path)
+      settings.OutputFile = *path;
+    else
+      settings.DisableOutputToFile = true;
+  });
   return path;
 }
 
@@ -145,7 +147,7 @@ void ResultController::FilterResults() {
 }
 
 void ResultController::FollowControls() {
-  if (!settings_.Restoring() && run_.Idle() && result_ && result_->InSight) {
+  if (run_.Idle() && result_ && result_->InSight) {
     const ChosenNow now = GatherChosen();
     const bool writesFile = !now.OutputPath.empty() || !result_->Listing.File.empty();
     const bool differs =
@@ -178,7 +180,7 @@ void ResultController::RunEnded() {
 
 void ResultController::ShowResult() {
   // While something goes on its own numbers stand there.
-  if (run_.Running() || settings_.Restoring()) return;
+  if (run_.Running()) return;
   const bool inSight = result_ && result_->InSight;
   panels_.Result->ShowLabels(inSight ? LabelsOf(*result_, desktop_.Numbers)
                                      : ResultLabels{" ", " ", " ", " "});
@@ -239,13 +241,13 @@ void ResultController::TakeWayOut(NoteAction action) {
     case NoteAction::ShowLastList:
       return ShowLastList();
     case NoteAction::ShowAll:
-      panels_.Result->Filter->SetWords({});
+      work_.Change(ChangedBy::Program, [](Settings& settings) { settings.Report.FilterText.clear(); });
       return ListTheResult(false);
     case NoteAction::FilterResults:
       return panels_.Result->Filter->cmdFilterResults_Click();
     case NoteAction::WriteToFile:
       if (!panels_.OutputFile->ChooseOutputFile()) return;
-      panels_.OutputFile->chkDisableOutputToFile->setChecked(false);
+      work_.Change(ChangedBy::Program, [](Settings& settings) { settings.DisableOutputToFile = false; });
       return ListTheResult(WantsFilter());
     case NoteAction::OpenFile:
       return OpenWrittenFile();

@@ -8,6 +8,7 @@
 
 #include "app/run/result_notes.h"
 #include "app/run/shown_result.h"
+#include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
 #include "report/output_file.h"
@@ -15,7 +16,6 @@
 
 namespace korv {
 
-class ControlSettings;
 class RunController;
 struct FinishedRun;
 
@@ -25,13 +25,13 @@ class ResultController final : public QObject {
   /// Shows the Settings window; with a kind, the list of that kind.
   using ShowSettings = std::function<void(std::optional<ListKind>)>;
   /// The parts have to outlive this.
-  ResultController(const Desktop& desktop, const MainPanels& panels, const ControlSettings& settings,
-                   RunController& run, ShowSettings showSettings);
+  ResultController(const Desktop& desktop, const MainPanels& panels, Workspace& work, RunController& run,
+                   ShowSettings showSettings);
 
   /// Words have been read and their phrases can be listed.
   bool HasResult() const { return result_ != nullptr; }
-  /// They were read under the word rules that are chosen now.
-  bool ResultKeepsToWordRules() const;
+  /// They were read under these word rules.
+  bool ResultKeepsTo(const WordRules& rules) const;
 
   /// Takes a result in place of the last one, and lists it.
   void Take(FinishedRun finished);
@@ -76,7 +76,7 @@ class ResultController final : public QObject {
 
   const Desktop& desktop_;
   const MainPanels& panels_;
-  const ControlSettings& settings_;
+  Workspace& work_;
   RunController& run_;
   ShowSettings showSettings_;
   OverwriteGuard overwrite_;

@@ -8,7 +8,6 @@
 #include <QScopeGuard>
 #include <utility>
 
-#include "desktop/main_window/control_settings.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/progress_value.h"
@@ -47,11 +46,11 @@ class RunController::Busy {
 };
 
 RunController::RunController(const Desktop& desktop, RunClock& clock, const MainPanels& panels,
-                             const ControlSettings& settings, const ProgramText& texts, Hooks hooks)
+                             Workspace& work, const ProgramText& texts, Hooks hooks)
     : desktop_(desktop),
       clock_(clock),
       panels_(panels),
-      settings_(settings),
+      work_(work),
       texts_(texts),
       hooks_(std::move(hooks)) {}
 
@@ -65,9 +64,10 @@ void RunController::cmdCountPhrases_Click() {
   FilterPanel& filter = *panels_.Result->Filter;
   // A key may have come here without the filter words having lost the focus.
   filter.txbFilterWords_LostFocus();
-  RunRequest request = settings_.GatherRunRequest();
+  RunRequest request = work_.RequestOfNow();
+  request.OffersWaysOut = true;
   if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.Clipboard.Text();
-  ReportOptions report = settings_.GatherReportOptions();
+  ReportOptions report = work_.Current().Report;
   if (!AskBeforeCounting(request, report, desktop_.Files, desktop_.Messages)) return;
   FinishedRun finished;
   finished.Filtered = report.FilterActive;
@@ -76,8 +76,10 @@ void RunController::cmdCountPhrases_Click() {
     request.OutputPath.clear();
     finished.ToFile = false;
   }
-  panels_.Phrases->cboMinimumFrequency->setCurrentIndex(request.Options.MinFrequency - 1);
-  filter.SetWords(report.FilterText);
+  work_.Change(ChangedBy::Program, [&](Settings& settings) {
+    settings.MinFrequency = request.Options.MinFrequency;
+    settings.Report.FilterText = report.FilterText;
+  });
   Count(std::move(request), std::move(finished));
 }
 

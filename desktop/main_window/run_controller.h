@@ -9,6 +9,7 @@
 #include "app/run/run.h"
 #include "app/run/run_clock.h"
 #include "app/run/shown_result.h"
+#include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
 #include "desktop/settings_window/settings_host.h"
@@ -19,7 +20,6 @@
 
 namespace korv {
 
-class ControlSettings;
 struct Report;
 
 /// What a run has led to, and how it is to be listed.
@@ -45,8 +45,8 @@ class RunController {
     std::function<void()> Ended;  ///< Nothing goes on any more.
   };
   /// The parts have to outlive this.
-  RunController(const Desktop& desktop, RunClock& clock, const MainPanels& panels,
-                const ControlSettings& settings, const ProgramText& texts, Hooks hooks);
+  RunController(const Desktop& desktop, RunClock& clock, const MainPanels& panels, Workspace& work,
+                const ProgramText& texts, Hooks hooks);
 
   /// A count or a listing goes on; it can be stopped.
   bool Running() const { return activity_ == Activity::Run; }
@@ -95,7 +95,7 @@ class RunController {
   const Desktop& desktop_;
   RunClock& clock_;
   const MainPanels& panels_;
-  const ControlSettings& settings_;
+  Workspace& work_;
   const ProgramText& texts_;
   Hooks hooks_;
 

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "desktop/dialogs/frm_popup.h"
-#include "desktop/main_window/control_settings.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/output_file_panel.h"
@@ -19,61 +18,50 @@
 
 namespace korv {
 
-SettingsController::SettingsController(const Desktop& desktop, const MainPanels& panels,
-                                       ControlSettings& settings, frmParams& params, frmPopUp& popUp,
-                                       Hooks hooks)
+SettingsController::SettingsController(const Desktop& desktop, const MainPanels& panels, Workspace& work,
+                                       frmParams& params, frmPopUp& popUp, Hooks hooks)
     : desktop_(desktop),
       panels_(panels),
-      settings_(settings),
+      work_(work),
       params_(params),
       popUp_(popUp),
       hooks_(std::move(hooks)) {}
 
 void SettingsController::Apply(const Settings& settings) {
-  settings_.Put(settings);
+  Change(settings);
   hooks_.Applied();
 }
 
+void SettingsController::Change(const Settings& settings) {
+  work_.Change(ChangedBy::Program, settings);
+  panels_.Source->Select(settings.SourceKind, ChangedBy::Program);
+}
+
 void SettingsController::Initialize() {
-  {
-    const auto restoring = settings_.BeginRestoring();
-    ClearFields();
-    params_.ClearExtraWords();
-    params_.SetDefaultValues();
-    ReportOptions report = panels_.Report->Gather();
-    report.WordOrder = 0;
-    report.DisplayFormat = 0;
-    panels_.Report->Put(report);
-    if (params_.HasWordFiles() &&
-        desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
-                                .Title = "Words-to-ignore files",
-                                .Icon = Icon::Question,
-                                .Buttons = Buttons::YesNo,
-                                .DefaultAnswer = Answer::No,
-                                .Question = questions::kClearWordFiles}) == Answer::Yes) {
-      params_.ClearWordFiles();
-    }
-    panels_.Result->Filter->SetWords({});
-    params_.SelectDefaultSizes();
-    panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(), false);
+  ClearFields();
+  Settings settings = work_.Current();
+  CopyValues(SettingsResetBy(ResetBy::Reinitialize), Settings{}, settings);
+  Change(settings);
+  if (!settings.WordsFiles.empty() &&
+      desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
+                              .Title = "Words-to-ignore files",
+                              .Icon = Icon::Question,
+                              .Buttons = Buttons::YesNo,
+                              .DefaultAnswer = Answer::No,
+                              .Question = questions::kClearWordFiles}) == Answer::Yes) {
+    params_.ClearWordFiles();
   }
   hooks_.Applied();
 }
 
 void SettingsController::ClearFields() {
-  panels_.Report->chkSortByNumberOfFiles->setChecked(false);
   panels_.Result->ShowLabels({" ", " ", " ", " "});
   panels_.Source->File->ShowSizes({}, {});
   params_.txbStateFile->clear();
-  FolderPage& folder = *panels_.Source->Folder;
-  for (int i = 0; i < 2; ++i) {
-    folder.txbFileFilepathSpecifications[static_cast<size_t>(i)]->clear();
-    folder.txbFileFilepathSpecifications_LostFocus(i);
-  }
 }
 
 std::string SettingsController::SaveStateTo(const std::filesystem::path& path) {
-  const Settings settings = settings_.Gather();
+  const Settings& settings = work_.Current();
   const std::string fault =
       SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).SaveState(path, settings);
   if (fault.empty()) keeper_.Remember(settings);
@@ -92,7 +80,7 @@ void SettingsController::SaveStateFile(QWidget* window) {
 }
 
 RestoreOutcome SettingsController::RestoreSavedState(const std::filesystem::path& path) {
-  Settings settings = settings_.Gather();
+  Settings settings = work_.Current();
   const RestoreOutcome outcome =
       SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).RestoreSavedState(path, settings);
   Apply(settings);
@@ -133,15 +121,17 @@ void SettingsController::RestoreStateFile() {
 }
 
 void SettingsController::RememberStart() {
-  keeper_.Remember(settings_.Gather());
+  keeper_.Remember(work_.Current());
 }
 
 void SettingsController::OfferToKeepSettings() {
-  if (params_.chkSaveStateOnQuit->isChecked()) return;
-  if (!keeper_.WouldBeMissed(settings_.Gather())) return;
+  if (work_.Current().SaveStateOnQuit) return;
+  if (!keeper_.WouldBeMissed(work_.Current())) return;
   const SettingsKeeper::Wish wish = keeper_.Ask(desktop_.Messages);
   // Where they are kept always, they are saved with the rest when the program ends.
-  if (wish == SettingsKeeper::Wish::KeepAlways) params_.chkSaveStateOnQuit->setChecked(true);
+  if (wish == SettingsKeeper::Wish::KeepAlways) {
+    work_.Change(ChangedBy::Program, [](Settings& settings) { settings.SaveStateOnQuit = true; });
+  }
   if (wish == SettingsKeeper::Wish::KeepNow) SaveState();
 }
 

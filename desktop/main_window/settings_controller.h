@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/settings/saved_state.h"
-#include "app/settings/settings.h"
+#include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
 #include "desktop/settings_window/settings_keeper.h"
@@ -14,7 +14,6 @@ class QWidget;
 
 namespace korv {
 
-class ControlSettings;
 class frmParams;
 class frmPopUp;
 
@@ -23,14 +22,14 @@ class SettingsController {
  public:
   /// What the rest of the window does then.
   struct Hooks {
-    std::function<void()> Applied = [] {};       ///< Settings have been put into the controls.
+    std::function<void()> Applied = [] {};       ///< The program has changed the settings.
     std::function<void()> WordsChanged = [] {};  ///< Words to ignore, or what they do, may be others.
   };
   /// The parts have to outlive this.
-  SettingsController(const Desktop& desktop, const MainPanels& panels, ControlSettings& settings,
-                     frmParams& params, frmPopUp& popUp, Hooks hooks);
+  SettingsController(const Desktop& desktop, const MainPanels& panels, Workspace& work, frmParams& params,
+                     frmPopUp& popUp, Hooks hooks);
 
-  /// Puts settings into the controls, without asking anything. A list in sight follows them.
+  /// These settings hold from now on; nothing is asked. A list in sight follows them.
   void Apply(const Settings& settings);
   /// A fresh state, as "Reinitialize" wants it. May ask whether to clear the word-list files.
   void Initialize();
@@ -41,7 +40,7 @@ class SettingsController {
   bool SaveState();
   /// Saves the state file and tells so in a pop-up over `window`.
   void SaveStateFile(QWidget* window);
-  /// Reads a settings file into the controls; may ask to load its word list.
+  /// Loads a settings file; may ask to load its word list.
   RestoreOutcome RestoreSavedState(const std::filesystem::path& path);
   /// Reads the state file where there is one, and says what is wrong with it.
   void RestoreStateFile();
@@ -52,13 +51,14 @@ class SettingsController {
   void OfferToKeepSettings();
 
  private:
+  void Change(const Settings& settings);
   void ClearFields();
   void LeaveRestoredFields();
   void LoadRestoredWordFile(const Settings& settings);
 
   const Desktop& desktop_;
   const MainPanels& panels_;
-  ControlSettings& settings_;
+  Workspace& work_;
   frmParams& params_;
   frmPopUp& popUp_;
   Hooks hooks_;

@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <array>
 
 #include "app/run/result_notes.h"
 #include "desktop/main_window/clipboard_page.h"
@@ -88,9 +89,7 @@ void SourcePanel::Connect() {
   wiring.OnClick(optInFile, "optInFile_Click", [this] { optInFile_Click(); });
   wiring.OnClick(optFolder, "optFolder_Click", [this] { optFolder_Click(); });
   File->Chosen = [this](const QString& path) { Take(path); };
-  File->Changed = [this] { Changed(); };
   Folder->Chosen = [this](const QString& path) { Take(path); };
-  Folder->Changed = [this] { Changed(); };
 }
 
 void SourcePanel::ConnectRecent() {
@@ -109,24 +108,24 @@ void SourcePanel::ConnectRecent() {
 }
 
 void SourcePanel::optOnClipboard_Click() {
-  SourceHasChanged();
+  SourceHasChanged(ChangedBy::User);
 }
 
 void SourcePanel::optInFile_Click() {
-  SourceHasChanged();
-  File->ShowFileSizes();
+  SourceHasChanged(ChangedBy::User);
 }
 
 void SourcePanel::optFolder_Click() {
-  SourceHasChanged();
+  SourceHasChanged(ChangedBy::User);
 }
 
-void SourcePanel::SourceHasChanged() {
+void SourcePanel::SourceHasChanged(ChangedBy by) {
   stkSource->setCurrentIndex(static_cast<int>(Kind()));
   File->SetSelected(Kind() == TextSource::SingleFile);
   File->ShowSizes({}, {});
   ShowFileChoices();
-  KindChanged();
+  KindChanged(by);
+  if (Kind() == TextSource::SingleFile) File->ShowFileSizes();
 }
 
 TextSource SourcePanel::Kind() const {
@@ -135,25 +134,17 @@ TextSource SourcePanel::Kind() const {
   return TextSource::SingleFile;
 }
 
-void SourcePanel::Select(TextSource kind) {
-  switch (kind) {
-    case TextSource::Clipboard:
-      optOnClipboard->setChecked(true);
-      return optOnClipboard_Click();
-    case TextSource::SingleFile:
-      optInFile->setChecked(true);
-      return optInFile_Click();
-    case TextSource::Folder:
-      optFolder->setChecked(true);
-      return optFolder_Click();
-  }
+void SourcePanel::Select(TextSource kind, ChangedBy by) {
+  const std::array<QRadioButton*, 3> options = {optOnClipboard, optInFile, optFolder};
+  options[static_cast<size_t>(kind)]->setChecked(true);
+  SourceHasChanged(by);
 }
 
 void SourcePanel::Take(const QString& path) {
   const bool folder = desktop_.Files.FolderExists(PathFromText(FromQt(path)));
   SetPath(folder ? *Folder->txbFolder : *File->txbFile, path);
   (folder ? RecentFolders : RecentFiles).Add(path);
-  Select(folder ? TextSource::Folder : TextSource::SingleFile);
+  Select(folder ? TextSource::Folder : TextSource::SingleFile, ChangedBy::User);
   EnableClearButtons();
   SetPathToolTips();
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/recent_sources.h"
 #include "engine/counting/run_options.h"
@@ -37,8 +38,8 @@ class SourcePanel final : public QGroupBox {
   RecentSources RecentFiles;
   RecentSources RecentFolders;
 
-  std::function<void()> KindChanged = [] {};  ///< Another kind has been selected, or the same one again.
-  std::function<void()> Changed = [] {};      ///< A path has changed, or which files of a folder are read.
+  /// Another kind has been selected, or the same one again.
+  std::function<void(ChangedBy by)> KindChanged = [](ChangedBy) {};
   /// A recent source was clicked. Called once the list is done with the click: choosing an entry fills it
   /// anew.
   std::function<void(const QString& path)> RecentChosen = [](const QString&) {};
@@ -48,8 +49,8 @@ class SourcePanel final : public QGroupBox {
   void optFolder_Click();
 
   TextSource Kind() const;
-  /// Selects a kind and runs its handler.
-  void Select(TextSource kind);
+  /// Selects a kind, and does what follows from a choice.
+  void Select(TextSource kind, ChangedBy by);
   /// Makes a file or a folder the source.
   void Take(const QString& path);
   /// Counted sources are the most recent ones.
@@ -70,7 +71,7 @@ class SourcePanel final : public QGroupBox {
   void FitToPages();
   void Connect();
   void ConnectRecent();
-  void SourceHasChanged();
+  void SourceHasChanged(ChangedBy by);
 
   const Desktop& desktop_;
 };

@@ -51,24 +51,8 @@ WordsToIgnorePanel::~WordsToIgnorePanel() {
   StopListening(*this);
 }
 
-std::optional<IgnoreRule> WordsToIgnorePanel::Rule() const {
-  if (optAllowPhrasesAllWordsToIgnore->isChecked()) return IgnoreRule::Allow;
-  if (optExcludePhrasesAllWordsToIgnore->isChecked()) return IgnoreRule::ExcludeAll;
-  if (optRemoveWordsToIgnore->isChecked()) return IgnoreRule::Remove;
-  if (optExcludePhrasesWithWordToIgnore->isChecked()) return IgnoreRule::ExcludeWith;
-  return std::nullopt;
-}
-
-void WordsToIgnorePanel::Select(std::optional<IgnoreRule> rule) {
-  SelectOption({{optAllowPhrasesAllWordsToIgnore, rule == IgnoreRule::Allow},
-                {optExcludePhrasesAllWordsToIgnore, rule == IgnoreRule::ExcludeAll},
-                {optRemoveWordsToIgnore, rule == IgnoreRule::Remove},
-                {optExcludePhrasesWithWordToIgnore, rule == IgnoreRule::ExcludeWith}});
-}
-
-void WordsToIgnorePanel::SetWordsToIgnoreNotice(bool inForce) {
-  lblWordsToIgnoreNotice->setText(
-      ToQt(korv::SetWordsToIgnoreNotice(Rule().value_or(IgnoreRule::Allow), inForce)));
+void WordsToIgnorePanel::SetWordsToIgnoreNotice(IgnoreRule rule, bool inForce) {
+  lblWordsToIgnoreNotice->setText(ToQt(korv::SetWordsToIgnoreNotice(rule, inForce)));
 }
 
 void WordsToIgnorePanel::EnableDisableButtons(bool enabled) {

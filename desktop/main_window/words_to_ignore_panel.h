@@ -2,7 +2,6 @@
 
 #include <QGroupBox>
 #include <functional>
-#include <optional>
 #include <vector>
 
 #include "desktop/desktop.h"
@@ -30,12 +29,8 @@ class WordsToIgnorePanel final : public QGroupBox {
   std::function<void()> RuleChosen = [] {};           ///< By the user.
   std::function<void()> SetParametersWanted = [] {};  ///< The Settings window is asked for.
 
-  /// The selected rule; empty where none is.
-  std::optional<IgnoreRule> Rule() const;
-  /// Selects a rule, or none.
-  void Select(std::optional<IgnoreRule> rule);
-  /// Says what the rule does, `inForce` where there are words to ignore.
-  void SetWordsToIgnoreNotice(bool inForce);
+  /// Says what `rule` does, `inForce` where there are words to ignore.
+  void SetWordsToIgnoreNotice(IgnoreRule rule, bool inForce);
   void EnableDisableButtons(bool enabled);
   std::vector<QWidget*> TabOrder() const;
 

@@ -32,7 +32,6 @@ void FilterPanel::Build() {
   optIncludeAllWords = MakeOption("optIncludeAllWords", "All words below included", this);
   optIncludeAllWordsInSameOrder = MakeOption("optIncludeAllWordsInSameOrder", "in same order", this);
   optIncludeAllWordsAsSubphrase = MakeOption("optIncludeAllWordsAsSubphrase", "as subphrase", this);
-  optIncludeAllWords->setChecked(true);
   txbFilterWords = MakeTextBox("txbFilterWords", "Filter words", this);
   txbFilterWords->setFont(WordsFont());
   cmdFilterResults = MakeButton("cmdFilterResults", "Fil&ter results", this);
@@ -57,10 +56,7 @@ void FilterPanel::Connect() {
   }
   wiring.OnClick(cmdFilterResults, "cmdFilterResults_Click", [this] { cmdFilterResults_Click(); });
   wiring.OnClick(cmdClear, "cmdClear_Click", [this] { cmdClear_Click(); });
-  wiring.OnText(txbFilterWords, "txbFilterWords_Change", [this] {
-    cmdClear->setEnabled(!txbFilterWords->text().isEmpty());
-    Changed();
-  });
+  wiring.OnText(txbFilterWords, "txbFilterWords_Change", [this] { EnableClearButton(); });
   txbFilterWords->installEventFilter(this);
 }
 
@@ -110,24 +106,12 @@ std::string FilterPanel::Words() const {
   return FromQt(txbFilterWords->text());
 }
 
-FilterMode FilterPanel::Mode() const {
-  if (optIncludeAllWordsAsSubphrase->isChecked()) return FilterMode::Subphrase;
-  return optIncludeAllWordsInSameOrder->isChecked() ? FilterMode::AllWordsInSameOrder : FilterMode::AllWords;
-}
-
 bool FilterPanel::WantsFilter() const {
   return !NormaliseFilterText(Words()).empty();
 }
 
-void FilterPanel::SetWords(const std::string& words) {
-  txbFilterWords->setText(ToQt(words));
-  cmdClear->setEnabled(!words.empty());
-}
-
-void FilterPanel::Select(FilterMode mode) {
-  SelectOption({{optIncludeAllWords, mode == FilterMode::AllWords},
-                {optIncludeAllWordsInSameOrder, mode == FilterMode::AllWordsInSameOrder},
-                {optIncludeAllWordsAsSubphrase, mode == FilterMode::Subphrase}});
+void FilterPanel::EnableClearButton() {
+  cmdClear->setEnabled(!txbFilterWords->text().isEmpty());
 }
 
 void FilterPanel::StartTyping() {

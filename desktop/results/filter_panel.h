@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "desktop/desktop.h"
-#include "report/report_options.h"
 
 class QLineEdit;
 class QPushButton;
@@ -27,7 +26,6 @@ class FilterPanel final : public QGroupBox {
   QPushButton* cmdFilterResults = nullptr;
   QPushButton* cmdClear = nullptr;
 
-  std::function<void()> Changed = [] {};        ///< Other words stand there.
   std::function<void()> FilterResults = [] {};  ///< Filtering is asked for, and there are words.
   std::function<void()> ModeChosen = [] {};     ///< By the user, while there are words.
 
@@ -39,11 +37,9 @@ class FilterPanel final : public QGroupBox {
 
   /// The words as they stand there.
   std::string Words() const;
-  FilterMode Mode() const;
   /// Whether there are words to filter by.
   bool WantsFilter() const;
-  void SetWords(const std::string& words);
-  void Select(FilterMode mode);
+  void EnableClearButton();
   /// The focus goes to the words, all of them selected.
   void StartTyping();
   std::vector<QWidget*> TabOrder() const;

@@ -4,8 +4,8 @@
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
-#include <QSignalBlocker>
 #include <QStyle>
+#include <algorithm>
 
 #include "app/settings/schema.h"
 #include "desktop/questions.h"
@@ -15,6 +15,7 @@
 #include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
+#include "desktop/widgets/settings_binding.h"
 #include "desktop/widgets/wiring.h"
 
 namespace korv {
@@ -23,23 +24,21 @@ namespace {
 constexpr const char* kSettingsFilter = "Korv settings files (*.korv) | *.korv";
 constexpr const char* kSettingsExtension = "korv";
 
-constexpr int kDefaultShortSize = 1;  // "3"
-constexpr int kDefaultLongSize = 3;   // "50"
-constexpr int kStartUpLongSize = 2;   // "40"
+/// The setting that a checkbox shows.
+const SettingRow& RowOf(const QCheckBox& box) {
+  const std::string name = FromQt(box.objectName());
+  return *std::ranges::find_if(
+      Schema(), [&](const SettingRow& row) { return row.Control != nullptr && name == row.Control; });
+}
 
 }  // namespace
 
-frmParams::frmParams(SettingsHost& host) : QWidget(nullptr, Qt::Window), host_(host) {
+frmParams::frmParams(SettingsHost& host) : QWidget(nullptr, Qt::Window), host_(host), work_(host.Work()) {
   setObjectName(QStringLiteral("frmParams"));
   setWindowTitle(QStringLiteral("Korv settings"));
   BuildControls(this);
-  for (int size = kLeastShortWordSize; size <= kMostShortWordSize; ++size) {
-    cboShortWordSize->addItem(QString::number(size));
-  }
-  for (int size = kLeastLongWordSize; size <= kMostLongWordSize; size += kLongWordSizeStep) {
-    cboLongWordSize->addItem(QString::number(size));
-  }
-  SelectStartUpSizes();
+  FillWithNumbers(*cboShortWordSize, korv::RowOf("ShortWordSize"));
+  FillWithNumbers(*cboLongWordSize, korv::RowOf("LongWordSize"));
   FillLanguages();
   optListKind_Click();
   Connect();
@@ -78,11 +77,10 @@ void frmParams::Connect() {
   onClick(cmdQuit, "cmdQuit_Click", [this] { cmdQuit_Click(); });
   onClick(chkCaseSignificant, "chkCaseSignificant_Click", [this] { chkCaseSignificant_Click(); });
   for (QCheckBox* box : AllowWordsBoxes()) {
-    onClick(box, "chkAllowWordsWith_Click", [this, box] { chkAllowWords_Click(box); });
+    onClick(box, "chkAllowWordsWith_Click", [this, box] { chkAllowWords_Click(*box); });
   }
   onClick(cmdUndo, "cmdUndo_Click", [this] { cmdUndo_Click(); });
   onClick(cmdAskEverythingAgain, "cmdAskEverythingAgain_Click", [this] { cmdAskEverythingAgain_Click(); });
-  connect(chkIgnoreShortWords, &QCheckBox::toggled, this, [this] { EnableWordSizes(); });
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { cmdClose_Click(); });
   const auto onKey = [this](QKeySequence::StandardKey key, const char* place, auto handler) {
     idleShortcuts_.append(new QShortcut(key, this));
@@ -92,32 +90,12 @@ void frmParams::Connect() {
   onKey(QKeySequence::HelpContents, "cmdHelp_Click", [this] { host_.cmdHelp_Click(); });
   onKey(QKeySequence::Save, "cmdSaveState_Click", [this] { cmdSaveState_Click(); });
   ConnectWords();
-  ConnectOptions();
-}
-
-void frmParams::ConnectOptions() {
-  // By whomever they are changed: the user, a settings file, or one of the buttons that change many at once.
-  const auto changed = [this] { OptionsHaveChanged(); };
-  for (QCheckBox* box : AllCheckboxes()) connect(box, &QCheckBox::toggled, this, changed);
-  for (QComboBox* list : {cboShortWordSize, cboLongWordSize}) {
-    connect(list, &QComboBox::currentIndexChanged, this, changed);
-  }
 }
 
 void frmParams::SetDefaultValues() {
-  Settings settings = host_.GatherSettings();
+  Settings settings = work_.Current();
   korv::SetDefaultValues(settings);
   host_.ApplySettings(settings);
-}
-
-void frmParams::SelectStartUpSizes() {
-  cboShortWordSize->setCurrentIndex(kDefaultShortSize);
-  cboLongWordSize->setCurrentIndex(kStartUpLongSize);
-}
-
-void frmParams::SelectDefaultSizes() {
-  cboShortWordSize->setCurrentIndex(kDefaultShortSize);
-  cboLongWordSize->setCurrentIndex(kDefaultLongSize);
 }
 
 void frmParams::EnableDisableButtons(bool enabled) {
@@ -143,17 +121,21 @@ void frmParams::cmdRestoreDefaults_Click() {
 void frmParams::cmdSetOrClearCheckboxes_Click(int index) {
   ChangeAtOnce(
       [this, index] {
-        for (QCheckBox* box : AllCheckboxes()) box->setChecked(index == 0);
+        work_.Change(ChangedBy::Program, [&](Settings& settings) {
+          for (const QCheckBox* box : AllCheckboxes()) {
+            std::get<CheckValue>(RowOf(*box).Value).Set(settings, index == 0);
+          }
+        });
       },
       index == 0 ? "All checkboxes checked." : "All checkboxes cleared.",
       cmdSetOrClearCheckboxes[static_cast<size_t>(index)]);
 }
 
 void frmParams::ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by) {
-  const Settings before = host_.GatherSettings();
+  const Settings before = work_.Current();
   change();
   lblState->setText(QString::fromUtf8(told));
-  cmdUndo->Offer(before, host_.GatherSettings(), by);
+  cmdUndo->Offer(before, work_.Current(), by);
   CheckAllowedExtraChars();
 }
 
@@ -161,20 +143,26 @@ void frmParams::cmdUndo_Click() {
   const std::optional<Settings> before = cmdUndo->Take();
   if (!before) return;
   // Only what was changed at once: a path typed since then stays.
-  Settings settings = host_.GatherSettings();
+  Settings settings = work_.Current();
   CopyValues(SettingsResetBy(ResetBy::RestoreDefaults), *before, settings);
   host_.ApplySettings(settings);
   lblState->setText(QStringLiteral("Everything is as it was before."));
   CheckAllowedExtraChars();
 }
 
-void frmParams::OptionsHaveChanged() {
-  cmdUndo->Forget();
-  fraSample->Show(host_.GatherSettings().Words);
+void frmParams::SettingsHaveChanged(const SettingSet& changed) {
+  // What those buttons change is what an undo would bring back.
+  if ((changed & SettingsResetBy(ResetBy::RestoreDefaults)).any()) {
+    cmdUndo->Forget();
+    fraSample->Show(work_.Current().Words);
+  }
+  if (Has(changed, "IgnoreShortWords")) EnableWordSizes();
+  if (Has(changed, "WordsFiles")) ShowWordFiles();
+  if (Has(changed, "ExtraWordsToIgnore")) ShowWordsState();
 }
 
 void frmParams::showEvent(QShowEvent* event) {
-  fraSample->Show(host_.GatherSettings().Words);
+  fraSample->Show(work_.Current().Words);
   EnableClearButtons();
   QWidget::showEvent(event);
 }
@@ -288,27 +276,22 @@ void frmParams::cmdQuit_Click() {
 }
 
 void frmParams::chkCaseSignificant_Click() {
-  ConfirmsRereading(chkCaseSignificant);
+  ConfirmsRereading(*chkCaseSignificant);
 }
 
-void frmParams::chkAllowWords_Click(QCheckBox* box) {
+void frmParams::chkAllowWords_Click(const QCheckBox& box) {
   if (ConfirmsRereading(box)) CheckAllowedExtraChars();
 }
 
-bool frmParams::ConfirmsRereading(QCheckBox* box) {
+bool frmParams::ConfirmsRereading(const QCheckBox& box) {
+  const auto& value = std::get<CheckValue>(RowOf(box).Value);
+  Settings before = work_.Current();
+  value.Set(before, !box.isChecked());
   // One that was counted under other rules is marked already, and would be counted anew anyway.
-  const bool chosen = box->isChecked();
-  {
-    const QSignalBlocker quiet(box);
-    box->setChecked(!chosen);
-    const bool current = host_.ResultKeepsToWordRules();
-    box->setChecked(chosen);
-    if (!current) return true;
-  }
-  const TextSource source = host_.GatherSettings().SourceKind;
+  if (!host_.ResultKeepsTo(before.Words)) return true;
   std::string what = "clipboard";
-  if (source == TextSource::SingleFile) what = "file";
-  if (source == TextSource::Folder) what = "files";
+  if (before.SourceKind == TextSource::SingleFile) what = "file";
+  if (before.SourceKind == TextSource::Folder) what = "files";
   if (host_.Outside().Messages.Show(
           {.Text = "Changing this entails reading the " + what + " anew.  Is this OK?",
            .Title = "Word rules",
@@ -317,7 +300,8 @@ bool frmParams::ConfirmsRereading(QCheckBox* box) {
            .DefaultAnswer = Answer::Yes,
            .Question = questions::kRereadSource}) == Answer::Yes)
     return true;
-  box->setChecked(!box->isChecked());
+  const bool checked = value.Get(before);
+  work_.Change(ChangedBy::Program, [&](Settings& settings) { value.Set(settings, checked); });
   return false;
 }
 

@@ -4,13 +4,10 @@
 #include <array>
 #include <filesystem>
 #include <functional>
-#include <optional>
+#include <string>
 
-#include "app/settings/settings.h"
+#include "app/workspace.h"
 #include "desktop/settings_window/frm_params_controls.h"
-#include "engine/counting/word_filters.h"
-#include "wordlists/word_file_list.h"
-#include "wordlists/word_list.h"
 
 class QShortcut;
 
@@ -19,7 +16,7 @@ namespace korv {
 class SettingsHost;
 
 /// The Settings window: what counts as a word, which words are ignored or counted, where phrases end.
-/// Closing only hides it; its controls are the one place where these options are kept.
+/// Closing only hides it.
 class frmParams final : public QWidget, public FrmParamsControls {
  public:
   explicit frmParams(SettingsHost& host);
@@ -27,12 +24,8 @@ class frmParams final : public QWidget, public FrmParamsControls {
 
   // ---- Settings (frm_params.cpp)
 
-  /// Puts every default into its control, and selects the single file as source.
+  /// Every default, and the single file as source.
   void SetDefaultValues();
-  /// The sizes as the lists select them before anything else has been chosen: "3" and "40".
-  void SelectStartUpSizes();
-  /// The sizes of SetDefaultValues(): "3" and "50".
-  void SelectDefaultSizes();
   void EnableDisableButtons(bool enabled);
   /// The size lists are in use only while their rule is.
   void EnableWordSizes();
@@ -55,10 +48,10 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void chkIgnoreShortWords_Click();
   void chkCaseSignificant_Click();
   /// A box that admits characters into words was clicked.
-  void chkAllowWords_Click(QCheckBox* box);
+  void chkAllowWords_Click(const QCheckBox& box);
 
-  /// Some option is not what it was, or another source is selected.
-  void OptionsHaveChanged();
+  /// Shows what follows from settings, which the controls themselves show already.
+  void SettingsHaveChanged(const SettingSet& changed);
 
   // ---- Words to ignore and to count (frm_params_words.cpp)
 
@@ -70,29 +63,20 @@ class frmParams final : public QWidget, public FrmParamsControls {
   /// The frame now shows the words to ignore, or the count-only words and phrases.
   void optListKind_Click();
   void ShowList(ListKind kind);
-  void SetPathToCWDs_Eng();
+  /// Puts the common words of English into the list, and loads them.
+  void LoadCommonWordsOfEnglish();
   /// Loads the selected file of a list.
   void AttemptToReadWords(ListKind kind);
   /// Shows a message for the first fault of the typed words of each list ...
   void CheckAllowedExtraChars();
   /// ... or of one.
   void CheckAllowedExtraChars(ListKind kind);
-  bool HasWordFiles() const { return !FilesOf(ListKind::WordsToIgnore).Paths().empty(); }
   void ClearWordFiles();
   /// Leaves a list without a loaded file; its files stay listed.
   void ForgetLoadedWords(ListKind kind);
-  void ClearExtraWords();
-  void SelectNoLanguage();
   /// The file button's caption and the list's tool tip.
   void ShowWordFilesState();
   void EnableClearButtons();
-  /// The list of words-to-ignore files, as it is saved and restored.
-  void GatherWordFiles(Settings& settings) const;
-  void ApplyWordFiles(const Settings& settings);
-  /// The lists of a run, from the loaded files and the typed words.
-  WordFilterSpec GatherWordFilterSpec(const WordRules& rules) const;
-  /// Whether any word to ignore is in force.
-  bool HasWordsToIgnore() const;
 
  private:
   void Connect();
@@ -100,27 +84,19 @@ class frmParams final : public QWidget, public FrmParamsControls {
   bool SaveSettings(const std::filesystem::path& path);
   /// Does `change` to many controls at once, tells so and offers to take it back.
   void ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by);
-  void ConnectOptions();
   void ConnectWords();
   void FillLanguages();
   ListKind ShownKind() const;
-  WordFileList& FilesOf(ListKind kind) { return wordFiles_[static_cast<size_t>(kind)]; }
-  const WordFileList& FilesOf(ListKind kind) const { return wordFiles_[static_cast<size_t>(kind)]; }
-  std::optional<WordList>& LoadedOf(ListKind kind) { return loaded_[static_cast<size_t>(kind)]; }
-  /// What the box of the extra words holds, as typed.
-  std::string TypedOf(ListKind kind) const;
   /// Shows the list of the kind that is shown, its selection and what it consists of.
   void ShowWordFiles();
   void ShowWordsState();
   void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   /// Whether the user wants `box` to change although that discards the result; otherwise it is put back.
-  bool ConfirmsRereading(QCheckBox* box);
+  bool ConfirmsRereading(const QCheckBox& box);
 
   SettingsHost& host_;
-  std::array<WordFileList, 2> wordFiles_{WordFileList(ListKind::WordsToIgnore),
-                                         WordFileList(ListKind::CountOnly)};
-  std::array<std::optional<WordList>, 2> loaded_;
+  Workspace& work_;
   std::array<std::string, 2> loadedLabels_;
   QList<QShortcut*> idleShortcuts_;  ///< Keys that rest during a run.
 };

@@ -14,21 +14,13 @@
 #include "desktop/widgets/eliding_label.h"
 #include "desktop/widgets/guarded.h"
 #include "wordlists/common_words.h"
-#include "wordlists/load_word_filters.h"
 #include "wordlists/typed_words.h"
 
 namespace korv {
-namespace {
-
-constexpr int kNoLanguage = static_cast<int>(CommonWords::None);
-
-}  // namespace
-
 void frmParams::FillLanguages() {
   for (const CommonWordsLanguage& language : kCommonWordsLanguages) {
     cboCommonWordsLanguages->addItem(ToQt(language.Item));
   }
-  cboCommonWordsLanguages->setCurrentIndex(static_cast<int>(CommonWords::English));
 }
 
 void frmParams::ConnectWords() {
@@ -47,13 +39,13 @@ void frmParams::ConnectWords() {
   connect(cboCommonWordsLanguages, &QComboBox::activated, this,
           Guarded(host_.Outside().Messages, "cboCommonWordsLanguages_Click",
                   [this] { cboCommonWordsLanguages_Click(); }));
-  for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) {
-    box->installEventFilter(this);
-    connect(box, &QPlainTextEdit::textChanged, this, [this] {
-      EnableClearButtons();
-      ShowWordsState();
-    });
-  }
+  for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) box->installEventFilter(this);
+  QPlainTextEdit* const countOnly = txbWordsToIgnoreOrCount[static_cast<size_t>(ListKind::CountOnly)];
+  connect(countOnly, &QPlainTextEdit::textChanged, this, [this, countOnly] {
+    work_.TypeCountOnly(FromQt(countOnly->toPlainText()));
+    EnableClearButtons();
+    ShowWordsState();
+  });
 }
 
 bool frmParams::eventFilter(QObject* watched, QEvent* event) {
@@ -102,33 +94,36 @@ void frmParams::ShowList(ListKind kind) {
 
 void frmParams::cmdSelectWordsFile_Click() {
   const ListKind kind = ShownKind();
-  WordFileList& files = FilesOf(kind);
+  const WordFileList& files = work_.FilesOf(kind);
   Messages& messages = host_.Outside().Messages;
   if (!files.MayGrow(messages)) return;
   const auto path = host_.Outside().Dialogs.ChooseFileToOpen({.Title = std::string(SelectFileTitle(kind)),
                                                               .Filter = std::string(kListFileFilter),
                                                               .InitialPath = files.SelectedPath()});
   if (!path) return;
-  const bool added = files.Add(*path, messages);
+  bool added = false;
+  work_.ChangeFiles(ChangedBy::User, kind,
+                    [&](WordFileList& changed) { added = changed.Add(*path, messages); });
   ShowWordFiles();
-  if (added) AttemptToReadWords(ShownKind());
+  if (added) AttemptToReadWords(kind);
 }
 
 void frmParams::cboWordsFile_Click() {
-  WordFileList& files = FilesOf(ShownKind());
-  files.Select(cboWordsFile->currentIndex());
+  const ListKind kind = ShownKind();
+  const int index = cboWordsFile->currentIndex();
+  work_.ChangeFiles(ChangedBy::User, kind, [&](WordFileList& files) { files.Select(index); });
   ShowWordFiles();
   frmLoadRemove dialog(cboWordsFile->currentText(), this);
   dialog.exec();
   switch (dialog.Chosen()) {
     case frmLoadRemove::Choice::Load:
-      AttemptToReadWords(ShownKind());
+      AttemptToReadWords(kind);
       break;
     case frmLoadRemove::Choice::Remove: {
-      const std::string removed = files.SelectedPath();
-      files.RemoveSelected();
-      auto& loaded = LoadedOf(ShownKind());
-      if (loaded && PathToText(loaded->Path) == removed) ForgetLoadedWords(ShownKind());
+      const std::string removed = work_.FilesOf(kind).SelectedPath();
+      work_.ChangeFiles(ChangedBy::User, kind, [](WordFileList& files) { files.RemoveSelected(); });
+      const WordList* const loaded = work_.LoadedOf(kind);
+      if (loaded != nullptr && PathToText(loaded->Path) == removed) ForgetLoadedWords(kind);
       break;
     }
     case frmLoadRemove::Choice::Cancel:
@@ -138,18 +133,22 @@ void frmParams::cboWordsFile_Click() {
 }
 
 void frmParams::cmdClearWordsFile_Click() {
-  if (!FilesOf(ShownKind()).AskToClear(host_.Outside().Messages)) return;
-  ForgetLoadedWords(ShownKind());
+  const ListKind kind = ShownKind();
+  bool cleared = false;
+  work_.ChangeFiles(ChangedBy::User, kind,
+                    [&](WordFileList& files) { cleared = files.AskToClear(host_.Outside().Messages); });
+  if (!cleared) return;
+  ForgetLoadedWords(kind);
   ShowWordFiles();
 }
 
 void frmParams::ClearWordFiles() {
-  FilesOf(ListKind::WordsToIgnore).Clear();
+  work_.ChangeFiles(ChangedBy::Program, ListKind::WordsToIgnore, [](WordFileList& files) { files.Clear(); });
   ForgetLoadedWords(ListKind::WordsToIgnore);
 }
 
 void frmParams::ForgetLoadedWords(ListKind kind) {
-  LoadedOf(kind).reset();
+  work_.Forget(kind);
   // What was told of them is no longer so.
   std::string& told = loadedLabels_[static_cast<size_t>(kind)];
   if (FromQt(lblState->text()) == told) lblState->setText({});
@@ -159,7 +158,7 @@ void frmParams::ForgetLoadedWords(ListKind kind) {
 }
 
 void frmParams::ShowWordFiles() {
-  const WordFileList& files = FilesOf(ShownKind());
+  const WordFileList& files = work_.FilesOf(ShownKind());
   const QSignalBlocker quiet(cboWordsFile);
   cboWordsFile->clear();
   for (const std::string& path : files.Paths()) cboWordsFile->addItem(ToQt(path));
@@ -170,7 +169,7 @@ void frmParams::ShowWordFiles() {
 }
 
 void frmParams::ShowWordFilesState() {
-  const WordFileList& files = FilesOf(ShownKind());
+  const WordFileList& files = work_.FilesOf(ShownKind());
   QString caption = ToQt(FilesButtonCaption(ShownKind(), files.Paths().size()));
   caption.insert(caption.indexOf(QLatin1String("ords")) - 1, u'&');
   cmdSelectWordsFile->setText(caption);
@@ -179,11 +178,11 @@ void frmParams::ShowWordFilesState() {
 }
 
 void frmParams::ShowWordsState() {
-  const std::optional<WordList>& loaded = LoadedOf(ShownKind());
+  const WordList* const loaded = work_.LoadedOf(ShownKind());
   const std::string file =
-      loaded && !loaded->Words.empty() ? PathToText(loaded->Path.filename()) : std::string();
-  lblWordsState->setText(
-      ToQt(ListStateLabel(ShownKind(), file, SplitTypedEntries(ShownKind(), TypedOf(ShownKind())).size())));
+      loaded != nullptr && !loaded->Words.empty() ? PathToText(loaded->Path.filename()) : std::string();
+  lblWordsState->setText(ToQt(
+      ListStateLabel(ShownKind(), file, SplitTypedEntries(ShownKind(), work_.TypedOf(ShownKind())).size())));
 }
 
 void frmParams::EnableClearButtons() {
@@ -194,47 +193,34 @@ void frmParams::EnableClearButtons() {
   cmdAskEverythingAgain->setEnabled(AnySilenced(host_.Outside().Store));
 }
 
-void frmParams::GatherWordFiles(Settings& settings) const {
-  const WordFileList& files = FilesOf(ListKind::WordsToIgnore);
-  settings.WordsFiles = files.Paths();
-  settings.SelectedWordsFile = files.Selected();
-}
-
-void frmParams::ApplyWordFiles(const Settings& settings) {
-  FilesOf(ListKind::WordsToIgnore).Restore(settings.WordsFiles, settings.SelectedWordsFile);
-  ShowWordFiles();
-}
-
 // ---- Languages
 
 void frmParams::cboCommonWordsLanguages_Click() {
   const int item = cboCommonWordsLanguages->currentIndex();
   const Desktop& outside = host_.Outside();
-  if (AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.ProgramFolder, outside.Files,
-                     FilesOf(ListKind::WordsToIgnore), outside.Messages)) {
-    ShowWordFiles();
-    AttemptToReadWords(ListKind::WordsToIgnore);
-  }
+  bool load = false;
+  work_.ChangeFiles(ChangedBy::User, ListKind::WordsToIgnore, [&](WordFileList& files) {
+    load = AddCommonWords(kCommonWordsLanguages[static_cast<size_t>(item)], outside.ProgramFolder,
+                          outside.Files, files, outside.Messages);
+  });
+  if (load) AttemptToReadWords(ListKind::WordsToIgnore);
 }
 
-void frmParams::SetPathToCWDs_Eng() {
+void frmParams::LoadCommonWordsOfEnglish() {
   const Desktop& outside = host_.Outside();
-  korv::SetPathToCWDs_Eng(outside.ProgramFolder, FilesOf(ListKind::WordsToIgnore), outside.Messages);
-  ShowWordFiles();
-}
-
-void frmParams::SelectNoLanguage() {
-  cboCommonWordsLanguages->setCurrentIndex(kNoLanguage);
+  work_.ChangeFiles(ChangedBy::Program, ListKind::WordsToIgnore, [&](WordFileList& files) {
+    SetPathToCWDs_Eng(outside.ProgramFolder, files, outside.Messages);
+  });
+  AttemptToReadWords(ListKind::WordsToIgnore);
 }
 
 // ---- Loading
 
 void frmParams::AttemptToReadWords(ListKind kind) {
-  const WordListRequest request{.Kind = kind,
-                                .Path = PathFromText(FilesOf(kind).SelectedPath()),
-                                .Rules = host_.GatherSettings().Words};
+  const WordListRequest request{
+      .Kind = kind, .Path = PathFromText(work_.FilesOf(kind).SelectedPath()), .Rules = work_.Current().Words};
   host_.ReadWords(request, [this, kind](ReadWordList read) {
-    LoadedOf(kind) = std::move(read.List);
+    work_.Load(kind, std::move(read.List));
     loadedLabels_[static_cast<size_t>(kind)] = read.StateLabel;
     lblState->setText(ToQt(read.StateLabel));
   });
@@ -244,20 +230,12 @@ void frmParams::AttemptToReadWords(ListKind kind) {
 
 // ---- Typed words
 
-std::string frmParams::TypedOf(ListKind kind) const {
-  return FromQt(txbWordsToIgnoreOrCount[static_cast<size_t>(kind)]->toPlainText());
-}
-
 void frmParams::CheckAllowedExtraChars() {
   for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) CheckAllowedExtraChars(kind);
 }
 
 void frmParams::CheckAllowedExtraChars(ListKind kind) {
-  korv::CheckAllowedExtraChars(kind, TypedOf(kind), host_.GatherSettings().Words, host_.Outside().Messages);
-}
-
-void frmParams::ClearExtraWords() {
-  txbWordsToIgnoreOrCount[0]->clear();
+  korv::CheckAllowedExtraChars(kind, work_.TypedOf(kind), work_.Current().Words, host_.Outside().Messages);
 }
 
 void frmParams::cmdClearWordsToIgnoreOrCount_Click() {
@@ -265,22 +243,6 @@ void frmParams::cmdClearWordsToIgnoreOrCount_Click() {
   box->clear();
   box->setFocus();
   host_.SetWordsToIgnoreNotice();
-}
-
-WordFilterSpec frmParams::GatherWordFilterSpec(const WordRules& rules) const {
-  const auto loaded = [this](ListKind kind) {
-    const auto& list = loaded_[static_cast<size_t>(kind)];
-    return list ? &*list : nullptr;
-  };
-  return MakeWordFilterSpec(loaded(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
-                            chkPatternMatchingInWordsToIgnoreFile->isChecked(), loaded(ListKind::CountOnly),
-                            TypedOf(ListKind::CountOnly), rules);
-}
-
-bool frmParams::HasWordsToIgnore() const {
-  const auto& list = loaded_[static_cast<size_t>(ListKind::WordsToIgnore)];
-  return (list && !list->Words.empty()) ||
-         !SplitTypedEntries(ListKind::WordsToIgnore, TypedOf(ListKind::WordsToIgnore)).empty();
 }
 
 }  // namespace korv

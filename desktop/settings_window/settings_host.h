@@ -6,9 +6,8 @@
 #include <string>
 
 #include "app/settings/saved_state.h"
-#include "app/settings/settings.h"
+#include "app/workspace.h"
 #include "desktop/desktop.h"
-#include "wordlists/list_kind.h"
 #include "wordlists/word_list.h"
 
 class QWidget;
@@ -35,9 +34,9 @@ class SettingsHost {
 
   // ---- Settings
 
-  /// What the controls of both windows say.
-  virtual Settings GatherSettings() const = 0;
-  /// Puts it into the controls, without asking anything. A list in sight follows them.
+  /// The settings and the lists of words, which the controls of both windows show.
+  virtual Workspace& Work() = 0;
+  /// These settings hold from now on; nothing is asked. A list in sight follows them.
   virtual void ApplySettings(const Settings& settings) = 0;
   /// A fresh state, as "Reinitialize" wants it. May ask whether to clear the word-list files.
   virtual void Initialize() = 0;
@@ -45,15 +44,15 @@ class SettingsHost {
   virtual std::string SaveStateTo(const std::filesystem::path& path) = 0;
   /// Saves the state file and tells so in a pop-up over `window`.
   virtual void SaveStateFile(QWidget* window) = 0;
-  /// Reads a settings file into the controls; may ask to load its word list.
+  /// Loads a settings file; may ask to load its word list.
   virtual RestoreOutcome RestoreSavedState(const std::filesystem::path& path) = 0;
 
   // ---- Runs
 
   /// A count or a listing goes on.
   virtual bool Running() const = 0;
-  /// There is a result, which was counted under the word rules that are chosen now.
-  virtual bool ResultKeepsToWordRules() const = 0;
+  /// There is a result, which was counted under these word rules.
+  virtual bool ResultKeepsTo(const WordRules& rules) const = 0;
   /// `done` is not called when the file cannot be read; the user has been told.
   virtual void ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) = 0;
 

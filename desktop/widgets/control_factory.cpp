@@ -37,24 +37,19 @@ QRadioButton* MakeOption(const char* name, const char* caption, QWidget* parent)
   return Named(new QRadioButton(QString::fromUtf8(caption), parent), name);
 }
 
-void TabToTheSelected(const std::vector<QRadioButton*>& group) {
-  const auto update = [group] {
-    const auto selected =
-        std::find_if(group.begin(), group.end(), [](auto* one) { return one->isChecked(); });
-    const QRadioButton* const entry = selected == group.end() ? group.front() : *selected;
-    for (QRadioButton* option : group) {
-      option->setFocusPolicy(option == entry ? Qt::StrongFocus : Qt::ClickFocus);
-    }
-  };
-  for (QRadioButton* option : group) QObject::connect(option, &QRadioButton::toggled, option, update);
-  update();
+void SetTabStop(const std::vector<QRadioButton*>& group) {
+  const auto selected = std::find_if(group.begin(), group.end(), [](auto* one) { return one->isChecked(); });
+  const QRadioButton* const entry = selected == group.end() ? group.front() : *selected;
+  for (QRadioButton* option : group) {
+    option->setFocusPolicy(option == entry ? Qt::StrongFocus : Qt::ClickFocus);
+  }
 }
 
-void SelectOption(std::initializer_list<std::pair<QRadioButton*, bool>> options) {
-  // A group does not let go of its selection by itself.
-  for (const auto& [option, selected] : options) option->setAutoExclusive(false);
-  for (const auto& [option, selected] : options) option->setChecked(selected);
-  for (const auto& [option, selected] : options) option->setAutoExclusive(true);
+void TabToTheSelected(const std::vector<QRadioButton*>& group) {
+  for (QRadioButton* option : group) {
+    QObject::connect(option, &QRadioButton::toggled, option, [group] { SetTabStop(group); });
+  }
+  SetTabStop(group);
 }
 
 QComboBox* MakeCombo(const char* name, const char* accessibleName, QWidget* parent) {

@@ -7,8 +7,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QString>
-#include <initializer_list>
-#include <utility>
 #include <vector>
 
 namespace korv {
@@ -35,8 +33,8 @@ QCheckBox* MakeCheckBox(const char* name, const char* caption, QWidget* parent);
 QRadioButton* MakeOption(const char* name, const char* caption, QWidget* parent);
 /// Tab goes to the selected one of a group of options, or to the first where none is selected.
 void TabToTheSelected(const std::vector<QRadioButton*>& group);
-/// Selects one of a group of options, or none of them.
-void SelectOption(std::initializer_list<std::pair<QRadioButton*, bool>> options);
+/// Brings that to the present selection, where it changed without a signal.
+void SetTabStop(const std::vector<QRadioButton*>& group);
 QComboBox* MakeCombo(const char* name, const char* accessibleName, QWidget* parent);
 QLineEdit* MakeTextBox(const char* name, const char* accessibleName, QWidget* parent);
 /// A label whose text changes: plain text, selectable by mouse, so that figures can be copied.

@@ -139,7 +139,7 @@ TEST_P(SettingsGeometry, LeavesRoomForTheTitleOnTheScreen) {
 }
 
 TEST_P(SettingsGeometry, IsWellWithNinetyNineFiles) {
-  Settings settings = main->GatherSettings();
+  Settings settings = main->Work().Current();
   for (int i = 0; i < 99; ++i) settings.WordsFiles.push_back("/list" + std::to_string(i));
   main->ApplySettings(settings);
   ExpectAllIsWell("99 files");

@@ -11,6 +11,7 @@
 #include "desktop/questions.h"
 #include "desktop/silence_rules.h"
 #include "desktop/toolkit/silenced_questions.h"
+#include "tests/app/changed_settings.h"
 #include "tests/desktop/window_test.h"
 #include "wordlists/questions.h"
 
@@ -75,6 +76,37 @@ class SettingsWindow : public WindowTest {
 
 TEST_F(SettingsWindow, StartsWithItsDefaults) {
   ExpectDefaults();
+}
+
+TEST_F(SettingsWindow, EveryControlShowsItsSettingAndSetsIt) {
+  const auto selected = [this](const ChoiceValue& value) {
+    for (size_t k = 0; k < value.Choices.size(); ++k)
+      if (Find<QRadioButton>(value.Choices[k].Control)->isChecked()) return static_cast<int>(k);
+    return kNoChoice;
+  };
+  const Settings changed = AllChanged();
+  main->Work().Change(ChangedBy::Program, changed);
+  for (const SettingRow& row : Schema()) {
+    EXPECT_TRUE(SameValue(row, main->Work().Current(), changed)) << row.Name;
+    if (!HasControl(row)) continue;
+    if (const auto* check = std::get_if<CheckValue>(&row.Value)) {
+      EXPECT_EQ(Checked(row.Control), check->Get(changed)) << row.Name;
+    } else if (const auto* number = std::get_if<NumberValue>(&row.Value)) {
+      EXPECT_EQ(ItemOf(row.Control), number->IndexOf(number->Get(changed))) << row.Name;
+    } else if (const auto* choice = std::get_if<ChoiceValue>(&row.Value)) {
+      EXPECT_EQ(row.Control ? ItemOf(row.Control) : selected(*choice), choice->Get(changed)) << row.Name;
+    } else if (const auto* text = std::get_if<TextValue>(&row.Value)) {
+      EXPECT_EQ(TextOf(row.Control), text->Get(changed)) << row.Name;
+    }
+  }
+  main->Work().Change(ChangedBy::Program, Settings{});
+  for (const SettingRow& row : Schema()) {
+    const auto* check = std::get_if<CheckValue>(&row.Value);
+    if (check == nullptr || !HasControl(row)) continue;
+    const bool before = check->Get(main->Work().Current());
+    Find<QCheckBox>(row.Control)->toggle();
+    EXPECT_EQ(check->Get(main->Work().Current()), !before) << row.Name;
+  }
 }
 
 TEST_F(SettingsWindow, ChecksAndClearsEveryCheckbox) {
@@ -261,7 +293,7 @@ TEST_F(SettingsWindow, ShowsLiveWhatTheRulesMakeOfASample) {
   EXPECT_EQ(TipOf("fraSample"), "| stands between two words, || where no phrase goes on.");
   for (const char* box : kBoxes) {
     Click(box);
-    EXPECT_EQ(TextOf("lblSampleWords"), WordsOfSample(RulesSample(), main->GatherSettings().Words)) << box;
+    EXPECT_EQ(TextOf("lblSampleWords"), WordsOfSample(RulesSample(), main->Work().Current().Words)) << box;
   }
   Click("cmdRestoreDefaults");
   Find<QLineEdit>("txbSample")->setText(QStringLiteral("don't stop-loss 3D"));
@@ -327,11 +359,11 @@ TEST_F(SettingsWindow, ConfirmsChangesThatInvalidateTheResult) {
     messages.WillAnswer(questions::kRereadSource, Answer::Yes);
     Click(box);
     EXPECT_EQ(Checked(box), !before) << box;
-    EXPECT_FALSE(main->ResultKeepsToWordRules()) << box;
+    EXPECT_FALSE(main->ResultKeepsTo(main->Work().Current().Words)) << box;
     messages.Forget();
     Click(box);
     EXPECT_THAT(WindowTest::Shown(), IsEmpty()) << "it is to be read anew anyway";
-    EXPECT_TRUE(main->ResultKeepsToWordRules()) << box;
+    EXPECT_TRUE(main->ResultKeepsTo(main->Work().Current().Words)) << box;
   }
 }
 

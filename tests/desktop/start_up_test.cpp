@@ -354,7 +354,7 @@ TEST_F(StartUp, LetsTabLandOnTheSelectedOption) {
     }
   }
   // Settings select without a click.
-  main->Panels().Source->Select(TextSource::Clipboard);
+  main->Work().Change(ChangedBy::Program, [](Settings& s) { s.SourceKind = TextSource::Clipboard; });
   expectOnly(groups[0], "optOnClipboard");
 }
 

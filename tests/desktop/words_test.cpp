@@ -83,7 +83,7 @@ TEST_F(Words, AreNotListedTwice) {
 }
 
 TEST_F(Words, ComeFromNinetyNineFilesAtMost) {
-  Settings settings = main->GatherSettings();
+  Settings settings = main->Work().Current();
   for (int i = 0; i < 99; ++i) settings.WordsFiles.push_back("/list" + std::to_string(i));
   main->ApplySettings(settings);
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (99)");
