@@ -92,7 +92,7 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
   const MainPanels& panels = window.Panels();
   panels.Source->File->txbFile->setText(ToQt(text));
   panels.Phrases->cboPhraseLength[0]->setCurrentIndex(1);
-  panels.Source->Select(TextSource::SingleFile);
+  panels.Source->Select(TextSource::SingleFile, ChangedBy::Program);
   window.Run().cmdCountPhrases_Click();
   window.Timer1_Timer();
   window.activateWindow();
