@@ -172,7 +172,9 @@ TEST(PlaceLocator, LeadsIntoLongLinesAsIntoShortOnes) {
       {"one line in pieces", "/t/a.txt", SIZE_MAX, " ", EncodingChoice::Ansi},
       {"lines in pieces", "/t/a.txt", 130'000, " ", EncodingChoice::Ansi},
       {"a line in pieces, in UTF-8", "/t/a.txt", SIZE_MAX, " \u2014 ", EncodingChoice::Utf8},
-      {"lines of mark-up, whole", "/t/a.htm", 130'000, "<b> ", EncodingChoice::Ansi}};
+      {"a line without blanks, in UTF-8", "/t/a.txt", SIZE_MAX, "\u3001", EncodingChoice::Utf8},
+      {"lines of mark-up, whole", "/t/a.htm", 130'000, "<b> ", EncodingChoice::Ansi},
+      {"a line of mark-up without blanks", "/t/a.htm", SIZE_MAX, "<b>", EncodingChoice::Ansi}};
   constexpr size_t kWords = 250'000;
   for (const Case& c : cases) {
     PlacesWorld world(c.Encoding);
