@@ -178,9 +178,9 @@ class PhraseCounter {
 
   bool TakePlaces() {
     if (!keepsPlaces_) return true;
-    data_.Corpus.PlacesOfWord.resize(starts_.BucketEnds.size());
+    data_.Corpus.PlacesOfWord.resize(starts_.BucketEnds.Size());
     data_.Corpus.Places = std::move(starts_.Places);
-    return InPieces(starts_.BucketEnds.size(), yielder_, [this](size_t first, size_t last) {
+    return InPieces(starts_.BucketEnds.Size(), yielder_, [this](size_t first, size_t last) {
       for (size_t w = first; w < last; ++w)
         data_.Corpus.PlacesOfWord[w] = static_cast<uint32_t>(starts_.BucketEnds[w]);
     });

@@ -95,8 +95,8 @@ class StartFinder {
   bool MeasurePlaces() {
     const size_t n = corpus_.Tokens.size();
     starts_.MostWords = ZeroedArray<uint8_t>(n);
-    starts_.Occurrences.assign(corpus_.Words.Size() + 1, 0);
-    starts_.BucketEnds.assign(corpus_.Words.Size() + 2, 0);
+    starts_.Occurrences = ZeroedArray<uint64_t>(size_t{corpus_.Words.Size()} + 1);
+    starts_.BucketEnds = ZeroedArray<uint64_t>(size_t{corpus_.Words.Size()} + 2);
     starts_.SourceHasPhrase.assign(corpus_.Sources.size(), 0);
     size_t source = corpus_.Sources.size();
     PhraseWindow window(corpus_, rule_);
@@ -125,8 +125,8 @@ class StartFinder {
   /// word.
   bool SetUpBuckets() {
     uint64_t begin = 0;
-    std::vector<uint64_t>& ends = starts_.BucketEnds;
-    for (size_t word = 0; word < ends.size(); ++word) {
+    ZeroedArray<uint64_t>& ends = starts_.BucketEnds;
+    for (size_t word = 0; word < ends.Size(); ++word) {
       if (word % kYieldEvery == 0 && !GoesOn(yielder_)) return false;
       begin += ends[word];
       ends[word] = begin;

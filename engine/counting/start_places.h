@@ -21,14 +21,15 @@ namespace korv {
 struct StartPlaces {
   ZeroedArray<uint8_t> MostWords;  ///< Per token: most words of a phrase that starts there.
   RawVector<Place> Places;
-  std::vector<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
-  std::vector<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.
-  /// Occurrences that would count but for kMostPhraseCharacters. Not told with entries for whole phrases.
+  ZeroedArray<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
+  ZeroedArray<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.
+  /// Occurrences that would count but for kMostPhraseCharacters. Not set with patterns for whole phrases.
   uint64_t LongPhrases = 0;
-  std::vector<uint8_t> SourceHasPhrase;  ///< Per source. Not told with entries for whole phrases.
+  std::vector<uint8_t> SourceHasPhrase;  ///< Per source. Not set with patterns for whole phrases.
 };
 
-/// Finds them. Linear in the text; costs a byte a token and 4 bytes a place. False when stopped.
+/// Finds the places. Linear in the text. Memory: a byte a token, 4 bytes a place, 16 bytes a word. False when
+/// stopped.
 bool FindStartPlaces(const Corpus& corpus, const CountRule& rule, Yielder& yielder, StartPlaces& starts);
 
 }  // namespace korv
