@@ -265,9 +265,9 @@ bool frmMain::EndProgram() {
 
 void frmMain::closeEvent(QCloseEvent* event) {
   // A state that cannot be saved keeps nobody from leaving.
-  bool Ended = true;
-  Guarded(messages_, "Form_Unload", [&] { Ended = EndProgram(); })();
-  event->setAccepted(Ended);
+  bool ended = true;
+  Guarded(messages_, "Form_Unload", [&] { ended = EndProgram(); })();
+  event->setAccepted(ended);
 }
 
 void frmMain::cmdSetParameters_Click() {
