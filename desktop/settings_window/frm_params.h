@@ -45,7 +45,6 @@ class frmParams final : public QWidget, public FrmParamsControls {
   void OpenSettingsFile(const std::filesystem::path& path);
   void cmdClose_Click();
   void cmdQuit_Click();
-  void chkIgnoreShortWords_Click();
   void chkCaseSignificant_Click();
   /// A box that admits characters into words was clicked.
   void chkAllowWords_Click(const QCheckBox& box);
