@@ -78,6 +78,8 @@ frmMain::frmMain(const Desktop& desktop)
 frmMain::~frmMain() {
   // Hiding controls makes them tell of a lost focus; nobody is to be asked anything any more.
   messages_.Mute();
+  // What becomes of the controls from now on is no change of a setting.
+  binding_.reset();
   if (params_) params_->hide();
   hide();
   StopListening(*this);
