@@ -53,7 +53,7 @@ class Yielder {
 class TurnYielder : public Yielder {
  public:
   /// Replaces the one before; an empty one is not called. On the thread that yields, or while none does.
-  void OnTurn(std::function<void()> turn) { turn_ = std::move(turn); }
+  void SetTurn(std::function<void()> turn) { turn_ = std::move(turn); }
 
  protected:
   void HandOver() override {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/clock.h"
+#include "base/event_loop.h"
 #include "base/number_format.h"
 #include "base/yielder.h"
 #include "platform/clipboard.h"
@@ -23,7 +24,8 @@ struct Desktop {
   korv::Clipboard& Clipboard;
   korv::Launcher& Launcher;
   FileSystem& Files;
-  korv::Yielder& Yielder;
+  EventLoop& Loop;       ///< That of the windows' thread.
+  TurnYielder& Yielder;  ///< Of what goes on beside the windows.
   const korv::Clock& Clock;
   NumberFormat Numbers;
   std::filesystem::path ProgramText;    ///< The file of the numbered texts.

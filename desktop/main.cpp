@@ -15,8 +15,8 @@
 #include "desktop/toolkit/desktop_launcher.h"
 #include "desktop/toolkit/qt_clipboard.h"
 #include "desktop/toolkit/qt_dialogs.h"
+#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/qt_messages.h"
-#include "desktop/toolkit/qt_yielder.h"
 #include "desktop/toolkit/standard_places.h"
 #include "desktop/toolkit/text.h"
 #include "platform/locale_numbers.h"
@@ -62,7 +62,10 @@ int Run(const std::vector<std::string>& paths) {
   korv::QtDialogs dialogs;
   korv::QtClipboard clipboard;
   const auto launcher = korv::MakeDesktopLauncher();
-  korv::QtYielder yielder;
+  korv::QtEventLoop loop([&messages](const std::exception_ptr& thrown) {
+    korv::Guarded(messages, "Run", [&] { std::rethrow_exception(thrown); })();
+  });
+  korv::TurnYielder yielder;
   const SteadyClock clock;
   const auto files = korv::MakeSystemFiles();
   const QString program = QDir::toNativeSeparators(QApplication::applicationFilePath());
@@ -75,6 +78,7 @@ int Run(const std::vector<std::string>& paths) {
                               .Clipboard = clipboard,
                               .Launcher = *launcher,
                               .Files = *files,
+                              .Loop = loop,
                               .Yielder = yielder,
                               .Clock = clock,
                               .Numbers = known ? system : korv::NumberFormat{},
@@ -91,7 +95,7 @@ int Run(const std::vector<std::string>& paths) {
   if (!window.isVisible()) return 0;
   QStringList opened;
   for (const std::string& path : paths) opened.append(korv::ToQt(path));
-  korv::Guarded(desktop.Messages, "OpenPaths", [&] { window.OpenPaths(opened); })();
+  korv::Guarded(desktop.Messages, "OpenPaths", [&] { window.OpenGivenPaths(opened); })();
   if (!window.isVisible()) return 0;
   return QApplication::exec();
 }

@@ -40,7 +40,7 @@ void RunThread::Start(RunActivity what, std::function<void()> work,
     }
     // Whatever the work holds is freed here.
     work = nullptr;
-    yielder_.OnTurn({});
+    yielder_.SetTurn({});
     WaitWhileHeld();
     updates_.Flush();
     calls_.Post([this, done = std::move(done), thrown = std::move(thrown)] { End(done, thrown); });
@@ -84,7 +84,7 @@ void RunThread::Abandon() {
 }
 
 void RunThread::OnTurn(std::function<void()> turn) {
-  yielder_.OnTurn([this, turn = std::move(turn)] {
+  yielder_.SetTurn([this, turn = std::move(turn)] {
     WaitWhileHeld();
     if (turn) turn();
     updates_.Flush();

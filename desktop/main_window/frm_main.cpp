@@ -51,6 +51,7 @@ Desktop With(const Desktop& desktop, Messages& messages) {
           .Clipboard = desktop.Clipboard,
           .Launcher = desktop.Launcher,
           .Files = desktop.Files,
+          .Loop = desktop.Loop,
           .Yielder = desktop.Yielder,
           .Clock = desktop.Clock,
           .Numbers = desktop.Numbers,
@@ -77,12 +78,15 @@ frmMain::frmMain(const Desktop& desktop)
 
 frmMain::~frmMain() {
   // Hiding controls makes them tell of a lost focus; nobody is to be asked anything any more.
-  messages_.Mute();
+  FallSilent(*this);
+  if (params_) FallSilent(*params_);
   // What becomes of the controls from now on is no change of a setting.
   binding_.reset();
   if (params_) params_->hide();
   hide();
   StopListening(*this);
+  // What goes on uses the result.
+  run_.reset();
   // The panels call the controllers, which are members, and go before them.
   delete takeCentralWidget();
 }
@@ -126,7 +130,7 @@ bool frmMain::Form_Load() {
   // Those of the state file come last of all, so that no default wipes them out.
   work_.Change(ChangedBy::Program, [&](Settings& settings) { settings.Report.FilterText = filterWords; });
   Timer1_Timer();
-  SetTheFocus();
+  run_->WhenIdle([this] { SetTheFocus(); });
   settingsController_->RememberStart();
   startUpCompleted_ = true;
   return true;
@@ -163,6 +167,10 @@ void frmMain::OfferCommonWords() {
                [](Settings& settings) { settings.CommonWordsLanguage = CommonWords::None; });
 }
 
+void frmMain::OpenGivenPaths(const QStringList& paths) {
+  run_->WhenIdle([this, paths] { OpenPaths(paths); });
+}
+
 void frmMain::OpenPaths(const QStringList& paths) {
   opening_->OpenPaths(paths);
 }
@@ -193,7 +201,10 @@ void frmMain::SetTheFocus() {
 }
 
 void frmMain::SetCountPhrasesCaption() {
-  panels_.Run->SetCountPhrasesCaption(Running() ? RunPanel::Caption::Stop : RunPanel::Caption::Count);
+  const bool reads = run_->Doing() == RunActivity::ReadingWords;
+  panels_.Run->SetCountPhrasesCaption(Running() ? RunPanel::Caption::Stop
+                                      : reads   ? RunPanel::Caption::Processing
+                                                : RunPanel::Caption::Count);
   menus_->EnableStop(Running());
 }
 
@@ -231,9 +242,7 @@ void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
 
 void frmMain::RunEnded() {
   result_->RunEnded();
-  if (!quitRequested_) return;
-  // What goes wrong with the state file is worth telling even now.
-  messages_.Unmute();
+  if (!run_->Abandoned()) return;
   QTimer::singleShot(0, this, Guarded(messages_, "cmdQuit_Click", [this] { cmdQuit_Click(); }));
 }
 
@@ -247,14 +256,10 @@ bool frmMain::EndProgram() {
   if (ended_) return true;
   if (Running()) {
     // The run ends first; then the window closes, and nothing more is asked.
-    if (params_->ReallyQuit()) {
-      if (startUpCompleted_) settingsController_->OfferToKeepSettings();
-      quitRequested_ = true;
-      messages_.Mute();
-      run_->RequestStop();
-    }
+    if (!run_->Abandoned()) EndTheRun();
     return false;
   }
+  if (run_ && !run_->Idle()) run_->Abandon();
   if (startUpCompleted_) settingsController_->OfferToKeepSettings();
   if (work_.Current().SaveStateOnQuit) settingsController_->SaveState();
   StoreGeometry();
@@ -263,6 +268,13 @@ bool frmMain::EndProgram() {
   panels_.Source->Clipboard->HideViewer();
   ended_ = true;
   return true;
+}
+
+void frmMain::EndTheRun() {
+  const auto hold = run_->HoldStill();
+  if (!params_->ReallyQuit()) return;
+  if (startUpCompleted_) settingsController_->OfferToKeepSettings();
+  run_->Abandon();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
@@ -333,12 +345,20 @@ bool frmMain::Running() const {
   return run_ && run_->Running();
 }
 
+bool frmMain::Idle() const {
+  return !run_ || run_->Idle();
+}
+
 bool frmMain::ResultKeepsTo(const WordRules& rules) const {
   return result_->ResultKeepsTo(rules);
 }
 
-void frmMain::ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) {
-  run_->ReadWords(request, done);
+void frmMain::ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done) {
+  run_->ReadWords(request, std::move(done));
+}
+
+void frmMain::WhenIdle(std::function<void()> act) {
+  run_->WhenIdle(std::move(act));
 }
 
 void frmMain::SetWordsToIgnoreNotice() {

@@ -8,8 +8,8 @@
 #include "app/texts/program_text.h"
 #include "app/workspace.h"
 #include "desktop/desktop.h"
+#include "desktop/main_window/clocked_messages.h"
 #include "desktop/main_window/main_panels.h"
-#include "desktop/main_window/muted_messages.h"
 #include "desktop/settings_window/settings_host.h"
 #include "desktop/widgets/guarded.h"
 #include "engine/counting/run_options.h"
@@ -42,7 +42,8 @@ class frmMain final : public QMainWindow, public SettingsHost {
   bool LoadProgramText();
   /// Start-up. False when LoadProgramText() has not been called and fails.
   bool Form_Load();
-  /// Opens what was given to the program.
+  /// Opens what was given to the program, once nothing goes on.
+  void OpenGivenPaths(const QStringList& paths);
   void OpenPaths(const QStringList& paths);
 
   // ---- The parts. Those that Form_Load() makes are there after it.
@@ -73,7 +74,10 @@ class frmMain final : public QMainWindow, public SettingsHost {
   RestoreOutcome RestoreSavedState(const std::filesystem::path& path) override;
   bool Running() const override;
   bool ResultKeepsTo(const WordRules& rules) const override;
-  void ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) override;
+  /// Neither counting nor listing, and no word list is being read.
+  bool Idle() const;
+  void ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done) override;
+  void WhenIdle(std::function<void()> act) override;
   void SetWordsToIgnoreNotice() override;
   void PopUpInForm(const QString& notice, QWidget* window) override;
 
@@ -108,9 +112,11 @@ class frmMain final : public QMainWindow, public SettingsHost {
   void RunEnded();
   /// Saves what is to be saved and hides the other windows. False while a run is still going on.
   bool EndProgram();
+  /// Asks whether to quit during a run, and has it end if so.
+  void EndTheRun();
 
   RunClock runClock_;
-  MutedMessages messages_;
+  ClockedMessages messages_;
   Desktop desktop_;  ///< As given, but its messages are the ones above.
   std::unique_ptr<ProgramText> texts_;
   Workspace work_;
@@ -127,7 +133,6 @@ class frmMain final : public QMainWindow, public SettingsHost {
 
   bool startUpCompleted_ = false;
   bool ended_ = false;
-  bool quitRequested_ = false;
 };
 
 }  // namespace korv

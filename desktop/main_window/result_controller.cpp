@@ -60,7 +60,7 @@ ChosenNow ResultController::GatherChosen() const {
 // ---- Listing
 
 void ResultController::Take(FinishedRun finished) {
-  result_ = std::move(finished.Result);
+  run_.Discard(std::exchange(result_, std::move(finished.Result)));
   panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
   ListTheResult(finished.Filtered, finished.ToFile);
 }

@@ -5,20 +5,19 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <utility>
 
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/progress_value.h"
 #include "desktop/main_window/report_panel.h"
-#include "desktop/main_window/run_display.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/status_line.h"
 #include "desktop/results/filter_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/widgets/guarded.h"
 #include "report/listing_errors.h"
 #include "report/output_file.h"
 #include "report/summary.h"
@@ -34,15 +33,27 @@ constexpr size_t kSignOfLifeBelow = 3000;  // characters
 
 }  // namespace
 
-class RunController::Busy {
- public:
-  Busy(RunController& run, bool counts) : run_(run) { run_.BeginRun(counts); }
-  ~Busy() { run_.EndRun(); }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
+struct RunController::CountJob {
+  FinishedRun Finished;  ///< Without a result where there is none.
+  RunEnd End = RunEnd::Failed;
+  // What the window showed before.
+  ResultPanel::Contents Box;
+  QString Time;
+  QString InputFile;
+};
 
- private:
-  RunController& run_;
+struct RunController::ListJob {
+  ShownResult& Result;
+  std::optional<std::string> Path;
+  ShownListing Listing;
+  bool ClearsBox = false;  ///< What stands there is another listing.
+  bool Listed = false;     ///< Not stopped before.
+};
+
+struct RunController::ReadJob {
+  WordListRequest Request;
+  ReadWordList Read;
+  bool Done = false;
 };
 
 RunController::RunController(const Desktop& desktop, RunClock& clock, const MainPanels& panels,
@@ -52,12 +63,40 @@ RunController::RunController(const Desktop& desktop, RunClock& clock, const Main
       panels_(panels),
       work_(work),
       texts_(texts),
-      hooks_(std::move(hooks)) {}
+      hooks_(std::move(hooks)),
+      display_(panels, clock,
+               [this] {
+                 // The counting has begun. A box full of the last result would take nothing of what is told.
+                 hooks_.HideResult();
+                 panels_.Result->Output().Clear();
+               }),
+      thread_({.Loop = desktop.Loop,
+               .Messages = desktop.Messages,
+               .Observer = display_,
+               .Box = panels.Result->Output()},
+              desktop.Yielder) {
+  thread_.OnIdle([this] { BecomeIdle(); });
+}
+
+RunController::~RunController() = default;
+
+void RunController::WhenIdle(std::function<void()> act) {
+  thread_.WhenIdle(Guarded(desktop_.Messages, CurrentHandler(), std::move(act)));
+}
+
+void RunController::Start(RunActivity what, std::function<void()> work,
+                          std::function<void(std::exception_ptr)> done) {
+  thread_.Start(what, std::move(work),
+                [this, place = CurrentHandler(), done = std::move(done)](const std::exception_ptr& thrown) {
+                  Guarded(desktop_.Messages, place, [&] { done(thrown); })();
+                });
+}
 
 // ---- Counting
 
 void RunController::cmdCountPhrases_Click() {
   if (Running()) {
+    const auto hold = HoldStill();
     RunDisplay display(panels_, clock_, [] {});
     return AskToStop(desktop_.Messages, desktop_.Yielder, display);
   }
@@ -66,6 +105,7 @@ void RunController::cmdCountPhrases_Click() {
   filter.txbFilterWords_LostFocus();
   RunRequest request = work_.RequestOfNow();
   request.OffersWaysOut = true;
+  request.Options.KeepPlaces = true;
   if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.Clipboard.Text();
   ReportOptions report = work_.Current().Report;
   if (!AskBeforeCounting(request, report, desktop_.Files, desktop_.Messages)) return;
@@ -84,141 +124,156 @@ void RunController::cmdCountPhrases_Click() {
 }
 
 void RunController::Count(RunRequest request, FinishedRun finished) {
-  const ResultPanel::Contents before = panels_.Result->GetContents();
-  const QString timeBefore = panels_.Run->lblTimeElapsed->text();
+  const auto job = std::make_shared<CountJob>(CountJob{.Finished = std::move(finished),
+                                                       .Box = panels_.Result->GetContents(),
+                                                       .Time = panels_.Run->lblTimeElapsed->text(),
+                                                       .InputFile = panels_.Source->File->txbFile->text()});
+  job->Finished.Result = std::make_unique<ShownResult>();
+  job->Finished.Result->Request = std::move(request);
+  counted_ = job->Finished.Result->Request.Options.SourceKind;
+  progress_ = {};
+  phrasesFound_ = 0;
+  display_.Begin();
+  Start(
+      RunActivity::Counting, [this, job] { CountOnWorker(*job); },
+      [this, job](const std::exception_ptr& thrown) {
+        EndCount(*job);
+        if (thrown) std::rethrow_exception(thrown);
+      });
+  BeginRun(true);
+}
+
+void RunController::CountOnWorker(CountJob& job) {
+  ShownResult& result = *job.Finished.Result;
+  thread_.OnTurn([this, &result] { phrasesFound_ = result.Run.Table.PhraseCount(); });
+  job.End = RunCount(result.Request,
+                     {.Messages = thread_.Messages(),
+                      .Yielder = thread_.Yielder(),
+                      .Files = desktop_.Files,
+                      .Clock = desktop_.Clock,
+                      .Numbers = desktop_.Numbers,
+                      .Encodings = encodings_,
+                      .View = thread_.Observer(),
+                      .Progress = progress_},
+                     result.Run);
+  if (job.End != RunEnd::Counted) return job.Finished.Result.reset();
+  result.Request.ClipboardText = {};
+  if (result.Run.Table.Occurrences() > 0) return;
+  thread_.Yielder().ClearStop();
+  OfferedPhrases offered;
+  if (FindOfferedPhrases(result.Run.Table, thread_.Yielder(), offered)) result.Offered = std::move(offered);
+}
+
+void RunController::EndCount(CountJob& job) {
   FilePage& filePage = *panels_.Source->File;
-  const QString inputFile = filePage.txbFile->text();
-  const auto busy = StayBusy(true);
-  CountedRun run;
-  const RunEnd end = CountInto(run, request);
   // The files of a folder pass through the box; afterwards the user's own choice stands there again, and
   // the sizes of the last file are not the folder's.
-  if (request.Options.SourceKind == TextSource::Folder) {
-    filePage.txbFile->setText(inputFile);
+  if (counted_ == TextSource::Folder) {
+    filePage.txbFile->setText(job.InputFile);
     filePage.ShowSizes({}, {});
   }
   panels_.Status->ShowText({});
-  if (end == RunEnd::Counted) {
-    desktop_.Yielder.ClearStop();
+  // Once the program is to end, nothing is listed any more.
+  if (Abandoned()) return Discard(std::move(job.Finished.Result));
+  if (job.End == RunEnd::Counted) {
     // A file that was chosen meanwhile is another one than that which could not be opened.
-    finished.ToFile = finished.ToFile || !run.OutputPath.empty();
-    finished.Result = MakeResult(std::move(request), std::move(run));
-    return hooks_.Counted(std::move(finished));
+    job.Finished.ToFile = job.Finished.ToFile || !job.Finished.Result->Run.OutputPath.empty();
+    return hooks_.Counted(std::move(job.Finished));
   }
   filePage.ShowFileSizes();
-  if (end == RunEnd::Stopped) return;
+  if (job.End == RunEnd::Stopped) return;
   // The last result is as good as before.
-  if (countShown_) {
-    panels_.Result->PutBack(before);
+  if (display_.ShownAnything()) {
+    panels_.Result->PutBack(job.Box);
     hooks_.ShowResultAgain();
   }
   clock_.Stop();
-  panels_.Run->lblTimeElapsed->setText(timeBefore);
-}
-
-RunEnd RunController::CountInto(CountedRun& run, const RunRequest& request) {
-  RunDisplay display(panels_, clock_, [this] {
-    // The counting has begun. A box full of the last result would take nothing of what is to be told now.
-    if (std::exchange(countShown_, true)) return;
-    hooks_.HideResult();
-    panels_.Result->Output().Clear();
-  });
-  counting_ = &run;
-  countShown_ = false;
-  desktop_.Yielder.ClearStop();
-  const RunEnd end = RunCount(request,
-                              {.Messages = desktop_.Messages,
-                               .Yielder = desktop_.Yielder,
-                               .Files = desktop_.Files,
-                               .Clock = desktop_.Clock,
-                               .Numbers = desktop_.Numbers,
-                               .Encodings = encodings_,
-                               .View = display,
-                               .Progress = progress_},
-                              run);
-  counting_ = nullptr;
-  return end;
-}
-
-std::unique_ptr<ShownResult> RunController::MakeResult(RunRequest request, CountedRun run) {
-  auto result = std::make_unique<ShownResult>();
-  result->Request = std::move(request);
-  result->Request.ClipboardText.clear();
-  result->Run = std::move(run);
-  if (result->Run.Table.Occurrences() == 0) {
-    OfferedPhrases offered;
-    if (FindOfferedPhrases(result->Run.Table, desktop_.Yielder, offered)) result->Offered = offered;
-    desktop_.Yielder.ClearStop();
-  }
-  return result;
+  panels_.Run->lblTimeElapsed->setText(job.Time);
 }
 
 std::string RunController::CountSoFar() const {
-  if (counting_ == nullptr || counting_->Facts.Options.SourceKind != TextSource::Folder) return {};
+  if (Doing() != RunActivity::Counting || counted_ != TextSource::Folder) return {};
   return ProgressCountText(progress_.FilesRead, progress_.FoldersRead);
 }
 
 // ---- Listing
 
 void RunController::List(ShownResult& result, const ReportOptions& options,
-                         const std::optional<std::string>& path,
-                         const std::function<void(ShownListing)>& listed) {
-  const auto busy = StayBusy(false);
-  if (!SetUpChainFor(result.Run, options, desktop_.Yielder)) return;
-  const Report report{result.Run.Table, result.Run.Facts, options, desktop_.Numbers};
-  if (!path) return listed(ListIntoBox(report));
-  // What stands in the box is another listing.
-  if (result.InSight) panels_.Result->Output().Clear();
-  listed(ListIntoFile(report, *path));
-}
-
-ShownListing RunController::ListIntoBox(const Report& report) {
-  ShownListing listing;
-  listing.Options = report.Options;
-  try {
-    listing.List = ListWordsToTextBox(report, panels_.Result->Output(), desktop_.Yielder);
-  } catch (const std::exception&) {
-    listing.Failed = true;
-    ShowListingError(report.Options, desktop_.Messages, &texts_);
-  }
-  return listing;
-}
-
-ShownListing RunController::ListIntoFile(const Report& report, const std::string& path) {
+                         const std::optional<std::string>& path, std::function<void(ShownListing)> listed) {
+  const auto job = std::make_shared<ListJob>(ListJob{.Result = result, .Path = path, .Listing = {}});
+  job->Listing.Options = options;
+  job->ClearsBox = result.InSight;
+  const bool begins = Idle();
+  Start(
+      RunActivity::Listing, [this, job] { ListOnWorker(*job); },
+      [this, job, listed = std::move(listed)](const std::exception_ptr& thrown) {
+        if (job->Path) panels_.Status->ShowText({});
+        if (thrown) std::rethrow_exception(thrown);
+        if (job->Listed) listed(std::move(job->Listing));
+      });
+  if (begins) BeginRun(false);
+  if (!path) return;
   panels_.Status->ShowText(QStringLiteral("Now writing to output file . . ."));
   panels_.Run->ShowProgress(-1);
+}
+
+void RunController::ListOnWorker(ListJob& job) {
+  if (!SetUpChainFor(job.Result.Run, job.Listing.Options, thread_.Yielder())) return;
+  job.Path ? ListIntoFile(job) : ListIntoBox(job);
+  job.Listed = true;
+}
+
+void RunController::ListIntoBox(ListJob& job) {
+  const Report report{job.Result.Run.Table, job.Result.Run.Facts, job.Listing.Options, desktop_.Numbers};
+  try {
+    job.Listing.List = ListWordsToTextBox(report, thread_.Box(), thread_.Yielder());
+  } catch (const std::exception&) {
+    job.Listing.Failed = true;
+    ShowListingError(report.Options, thread_.Messages(), &texts_);
+  }
+}
+
+void RunController::ListIntoFile(ListJob& job) {
+  const Report report{job.Result.Run.Table, job.Result.Run.Facts, job.Listing.Options, desktop_.Numbers};
+  if (job.ClearsBox) thread_.Box().Clear();
   const FileListResult written =
-      ListWordsToFile(report, PathFromText(path),
+      ListWordsToFile(report, PathFromText(*job.Path),
                       {.Files = desktop_.Files,
-                       .Dialogs = desktop_.Messages,
+                       .Dialogs = thread_.Messages(),
                        .Texts = &texts_,
-                       .Box = &panels_.Result->Output(),
+                       .Box = &thread_.Box(),
                        .Encoding = desktop_.Encoding,
                        .Progress =
                            [this](uint32_t phrases) {
-                             panels_.Status->ShowText(ToQt("Now writing to output file . . . " +
-                                                           desktop_.Numbers.Grouped(phrases) + " phrases"));
+                             thread_.Observer().TextProgress("Now writing to output file . . . " +
+                                                             desktop_.Numbers.Grouped(phrases) + " phrases");
                            }},
-                      desktop_.Yielder);
-  panels_.Status->ShowText({});
-  ShownListing listing;
-  listing.Options = report.Options;
-  listing.List = written.List;
-  listing.Failed = !written.Written && written.List.Outcome != ListOutcome::Stopped;
-  if (written.Written) {
-    listing.File = path;
-    listing.Bytes = written.Bytes;
-  }
-  return listing;
+                      thread_.Yielder());
+  job.Listing.List = written.List;
+  job.Listing.Failed = !written.Written && written.List.Outcome != ListOutcome::Stopped;
+  if (!written.Written) return;
+  job.Listing.File = *job.Path;
+  job.Listing.Bytes = written.Bytes;
 }
 
 void RunController::ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                                     bool includeSubfolders) {
-  const auto busy = StayBusy(false);
-  OutputBox& output = panels_.Result->Output();
+  const auto walk = std::make_shared<FolderWalk>(desktop_.Files, desktop_.Yielder, files, includeSubfolders);
+  const auto found = std::make_shared<std::string>();
+  Start(
+      RunActivity::ListingFiles, [this, walk, folder, found] { ListFilesOnWorker(*walk, folder, *found); },
+      [this, found](const std::exception_ptr& thrown) {
+        if (thrown) std::rethrow_exception(thrown);
+        panels_.Status->ShowText(ToQt(*found));
+      });
+  BeginRun(false);
   hooks_.HideResult();
-  output.Clear();
-  FolderWalk walk(desktop_.Files, desktop_.Yielder, files, includeSubfolders);
+  panels_.Result->Output().Clear();
+}
+
+void RunController::ListFilesOnWorker(FolderWalk& walk, const std::filesystem::path& folder,
+                                      std::string& found) {
+  TextOutput& output = thread_.Box();
   FolderEvents events;
   events.Say = [&output](const std::string& text) { output.OutputToTxb(text); };
   events.Unreadable = [&output](const std::filesystem::path& path, const FileError& error) {
@@ -227,76 +282,57 @@ void RunController::ListFolderFiles(const std::filesystem::path& folder, const F
   const FolderTotals totals =
       ListFiles(walk, folder, events, [&output](const std::string& line) { output.OutputToTxb(line); });
   // Of a walk that was stopped nobody knows how many files there are.
-  const std::string found =
+  found =
       totals.Stopped ? StoppedCountingText(totals.Files) : WillBeScannedText(totals.Files, desktop_.Numbers);
   if (totals.Stopped) output.OutputToTxb(found + "\r\n");
-  panels_.Status->ShowText(ToQt(found));
 }
 
 // ---- Reading word lists
 
-void RunController::ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) {
+void RunController::ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done) {
   ResultPanel& result = *panels_.Result;
   // The result stays in sight: the notice stands at its end.
-  const size_t lengthBefore = result.OutputLength();
-  const auto scrolledBefore = result.Scrolled();
+  const size_t length = result.OutputLength();
+  const auto scrolled = result.Scrolled();
   const std::string notice(ReadingNotice(request.Kind));
   result.Output().OutputToTxb(notice);
-  result.ScrollTo(scrolledBefore);
-  BeginListReading(notice);
-  const auto end = qScopeGuard([this] { EndListReading(); });
+  result.ScrollTo(scrolled);
+  panels_.Status->ShowText(ToQt(notice).trimmed());
+  const auto job = std::make_shared<ReadJob>(ReadJob{.Request = request, .Read = {}});
+  Start(
+      RunActivity::ReadingWords, [this, job] { ReadOnWorker(*job); },
+      [this, job, length, scrolled, done = std::move(done)](const std::exception_ptr& thrown) {
+        panels_.Status->ShowText({});
+        if (thrown) std::rethrow_exception(thrown);
+        if (job->Done) done(std::move(job->Read));
+        ResultPanel& box = *panels_.Result;
+        if (box.Output().Full()) return;
+        box.TruncateOutput(length);
+        box.ScrollTo(scrolled);
+      });
+  hooks_.EnableDisableButtons(false);
+  hooks_.SetCountPhrasesCaption();
+}
+
+void RunController::ReadOnWorker(ReadJob& job) {
   TextFileCheck check{.Files = desktop_.Files,
-                      .Messages = desktop_.Messages,
+                      .Messages = thread_.Messages(),
                       .Format = desktop_.Numbers,
                       .ClearOutput = {},
                       .MacNoticeShown = macNoticeShown_};
   ListReading reading{
       .Check = check,
       .Encodings = encodings_,
-      .Yield = desktop_.Yielder,
-      .ShowWordsRead = [this](const std::string& text) { panels_.Status->ShowText(ToQt(text)); }};
-  ReadWordList read;
-  if (AttemptToReadWords(reading, request.Path, request.Kind, request.Rules, read.List, read.StateLabel)) {
-    done(std::move(read));
-  }
+      .Yield = thread_.Yielder(),
+      .ShowWordsRead = [this](const std::string& text) { thread_.Observer().TextProgress(text); }};
+  job.Done = AttemptToReadWords(reading, job.Request.Path, job.Request.Kind, job.Request.Rules, job.Read.List,
+                                job.Read.StateLabel);
   macNoticeShown_ = check.MacNoticeShown;
-  if (result.Output().Full()) return;
-  result.TruncateOutput(lengthBefore);
-  result.ScrollTo(scrolledBefore);
-}
-
-void RunController::BeginListReading(const std::string& notice) {
-  panels_.Status->ShowText(ToQt(notice).trimmed());
-  activity_ = Activity::ListReading;
-  hooks_.EnableDisableButtons(false);
-  panels_.Run->SetCountPhrasesCaption(RunPanel::Caption::Processing);
-  // A stop of an earlier run does not concern the reading.
-  desktop_.Yielder.ClearStop();
-}
-
-void RunController::EndListReading() {
-  activity_ = Activity::None;
-  panels_.Status->ShowText({});
-  hooks_.EnableDisableButtons(true);
-  hooks_.SetCountPhrasesCaption();
-  hooks_.Ended();
 }
 
 // ---- While it goes on
 
-std::shared_ptr<RunController::Busy> RunController::StayBusy(bool counts) {
-  auto busy = busy_.lock();
-  if (!busy) {
-    busy = std::make_shared<Busy>(*this, counts);
-    busy_ = busy;
-  }
-  return busy;
-}
-
 void RunController::BeginRun(bool counts) {
-  activity_ = Activity::Run;
-  progress_ = {};
-  desktop_.Yielder.ClearStop();
   if (counts) clock_.Start();
   QPushButton* const button = panels_.Run->cmdCountPhrases;
   const QWidget* const focused = button->window()->focusWidget();
@@ -309,22 +345,25 @@ void RunController::BeginRun(bool counts) {
   if (counts) panels_.Run->ShowTimeElapsed(clock_.Elapsed());
 }
 
-void RunController::EndRun() {
+void RunController::BecomeIdle() {
   if (clock_.Running()) panels_.Run->ShowTimeElapsed(clock_.Elapsed());
   clock_.Stop();
   panels_.Run->End();
-  activity_ = Activity::None;
   hooks_.EnableDisableButtons(true);
   hooks_.SetCountPhrasesCaption();
   hooks_.Ended();
+}
+
+bool RunController::CountIsShown() const {
+  return Doing() == RunActivity::Counting && thread_.Working() && display_.ShownAnything();
 }
 
 void RunController::Timer2_Timer() {
   if (clock_.Running()) panels_.Run->ShowTimeElapsed(clock_.Elapsed());
   // While a refusal of the source waits for its button, nothing has been found, and the last list still
   // stands.
-  if (counting_ == nullptr || !countShown_) return;
-  panels_.Result->ShowFoundSoFar(counting_->Table.PhraseCount());
+  if (!CountIsShown()) return;
+  panels_.Result->ShowFoundSoFar(phrasesFound_);
   if (panels_.Report->chkSuppressWords->isChecked() && panels_.Result->OutputLength() < kSignOfLifeBelow) {
     panels_.Result->Output().OutputToTxb(". ");
   }
@@ -332,12 +371,10 @@ void RunController::Timer2_Timer() {
 
 void RunController::tmrProgress_Timer() {
   panels_.Run->TurnTwirler();
-  if (counting_ == nullptr) return;
+  if (Doing() != RunActivity::Counting || !thread_.Working()) return;
   panels_.Run->ShowProgress(ProgressValue(progress_));
   // Until then the numbers of the last list stand beside it.
-  if (countShown_) {
-    panels_.Status->ShowCounts(progress_.FilesRead, progress_.Words, counting_->Table.PhraseCount());
-  }
+  if (CountIsShown()) panels_.Status->ShowCounts(progress_.FilesRead, progress_.Words, phrasesFound_);
   if (progress_.FoldersRead != 0) panels_.Status->ShowFiles(CountSoFar());
 }
 

@@ -8,10 +8,13 @@
 
 #include "app/run/run.h"
 #include "app/run/run_clock.h"
+#include "app/run/run_thread.h"
 #include "app/run/shown_result.h"
 #include "app/workspace.h"
+#include "base/gauge.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
+#include "desktop/main_window/run_display.h"
 #include "desktop/settings_window/settings_host.h"
 #include "platform/program_text.h"
 #include "report/report_options.h"
@@ -20,7 +23,7 @@
 
 namespace korv {
 
-struct Report;
+class FolderWalk;
 
 /// What a run has led to, and how it is to be listed.
 struct FinishedRun {
@@ -29,10 +32,10 @@ struct FinishedRun {
   bool ToFile = true;  ///< Into the output file, if one is named.
 };
 
-/// Everything that takes its time: counting, listing, listing the files of a folder, reading a word list.
-/// Shows in the panels how far it is, and takes no second thing before the first is over.
+/// Everything that takes its time: counting, listing, listing the files of a folder, reading a word list. It
+/// goes on beside the window, one thing at a time; the panels show how far it is.
 ///
-/// The results go to callbacks, so that callers need not know when they come.
+/// Results come to callbacks, later.
 class RunController {
  public:
   /// What the rest of the window does then.
@@ -47,25 +50,35 @@ class RunController {
   /// The parts have to outlive this.
   RunController(const Desktop& desktop, RunClock& clock, const MainPanels& panels, Workspace& work,
                 const ProgramText& texts, Hooks hooks);
+  ~RunController();
 
+  RunActivity Doing() const { return thread_.Doing(); }
   /// A count or a listing goes on; it can be stopped.
-  bool Running() const { return activity_ == Activity::Run; }
+  bool Running() const { return !Idle() && Doing() != RunActivity::ReadingWords; }
   /// Neither counting nor listing, and no word list is being read.
-  bool Idle() const { return activity_ == Activity::None; }
+  bool Idle() const { return thread_.Idle(); }
+  /// Calls `act` once nothing goes on, which may be now.
+  void WhenIdle(std::function<void()> act);
 
   /// Counts; during a run asks whether to stop.
   void cmdCountPhrases_Click();
-  /// Lists a result into the file `path`, or into the text box where there is none. `listed` is not called
-  /// when the order of the phrases was not found because of a stop.
+  /// Lists a result, which has to stay, into the file `path`, or into the text box where there is none.
+  /// `listed` is not called when the order of the phrases was not found because of a stop.
   void List(ShownResult& result, const ReportOptions& options, const std::optional<std::string>& path,
-            const std::function<void(ShownListing)>& listed);
+            std::function<void(ShownListing)> listed);
   /// Lists into the text box which files of a folder a count would read.
   void ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                        bool includeSubfolders);
   /// `done` is not called when the file cannot be read; the user has been told.
-  void ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done);
-  /// The end of the program is wanted: ends what goes on.
-  void RequestStop() { desktop_.Yielder.RequestStop(); }
+  void ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done);
+  /// Frees a result that is no longer needed, which takes a while.
+  void Discard(std::unique_ptr<ShownResult> result) { thread_.Discard(std::move(result)); }
+
+  /// The end of the program is wanted: ends what goes on, and asks nothing more.
+  void Abandon() { thread_.Abandon(); }
+  bool Abandoned() const { return thread_.Abandoned(); }
+  /// What goes on stands still while this lives: the user is asked about it.
+  [[nodiscard]] RunThread::Hold HoldStill() { return RunThread::Hold(thread_); }
 
   /// "3 files in 2 folders" while a folder is counted, else empty.
   std::string CountSoFar() const;
@@ -75,22 +88,27 @@ class RunController {
   void tmrProgress_Timer();
 
  private:
-  class Busy;
-  enum class Activity { None, Run, ListReading };
+  struct CountJob;
+  struct ListJob;
+  struct ReadJob;
 
-  /// The window is in its running state until the last copy of the result is gone. `counts`: its time is
-  /// told.
-  std::shared_ptr<Busy> StayBusy(bool counts);
+  /// Has the worker do `work`, and then the window `done` with what it threw, if anything.
+  void Start(RunActivity what, std::function<void()> work, std::function<void(std::exception_ptr)> done);
+  /// `counts`: its time is told.
   void BeginRun(bool counts);
-  void EndRun();
-  void BeginListReading(const std::string& notice);
-  void EndListReading();
+  void BecomeIdle();
+  /// A count goes on that is told of in the window.
+  bool CountIsShown() const;
 
   void Count(RunRequest request, FinishedRun finished);
-  RunEnd CountInto(CountedRun& run, const RunRequest& request);
-  std::unique_ptr<ShownResult> MakeResult(RunRequest request, CountedRun run);
-  ShownListing ListIntoBox(const Report& report);
-  ShownListing ListIntoFile(const Report& report, const std::string& path);
+  void EndCount(CountJob& job);
+  // On the worker.
+  void CountOnWorker(CountJob& job);
+  void ListOnWorker(ListJob& job);
+  void ListIntoBox(ListJob& job);
+  void ListIntoFile(ListJob& job);
+  void ListFilesOnWorker(FolderWalk& walk, const std::filesystem::path& folder, std::string& found);
+  void ReadOnWorker(ReadJob& job);
 
   const Desktop& desktop_;
   RunClock& clock_;
@@ -99,13 +117,15 @@ class RunController {
   const ProgramText& texts_;
   Hooks hooks_;
 
-  Activity activity_ = Activity::None;
-  std::weak_ptr<Busy> busy_;
+  RunDisplay display_;
+  TextSource counted_ = TextSource::SingleFile;  ///< The source of the count.
+  // The worker's.
   EncodingChooser encodings_;
-  bool macNoticeShown_ = false;           ///< It is shown once while the program runs.
-  const CountedRun* counting_ = nullptr;  ///< The count that is going on.
-  bool countShown_ = false;               ///< It has shown its first status.
+  bool macNoticeShown_ = false;  ///< It is shown once while the program runs.
   RunProgress progress_;
+  Gauge<uint64_t> phrasesFound_;
+
+  RunThread thread_;  ///< Last: what goes on uses all of the above.
 };
 
 }  // namespace korv

@@ -14,7 +14,7 @@
 namespace korv {
 
 void RunDisplay::Status(const std::string& text) {
-  beforeStatus_();
+  if (!std::exchange(shown_, true)) first_();
   panels_.Result->Output().OutputToTxb(text + "\r\n");
   panels_.Status->ShowText(ToQtLines(text).simplified());
 }

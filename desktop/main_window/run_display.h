@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 #include "app/run/run_clock.h"
 #include "app/run/run_observer.h"
@@ -11,9 +12,14 @@ namespace korv {
 /// Shows what a run tells of itself in the panels.
 class RunDisplay final : public RunObserver {
  public:
-  /// `beforeStatus` is called before a status is shown. The others have to outlive this.
-  RunDisplay(const MainPanels& panels, RunClock& clock, std::function<void()> beforeStatus)
-      : panels_(panels), clock_(clock), beforeStatus_(std::move(beforeStatus)) {}
+  /// `first` is called before a count's first status is shown. The others have to outlive this.
+  RunDisplay(const MainPanels& panels, RunClock& clock, std::function<void()> first)
+      : panels_(panels), clock_(clock), first_(std::move(first)) {}
+
+  /// A count begins.
+  void Begin() { shown_ = false; }
+  /// The count has shown a status.
+  bool ShownAnything() const { return shown_; }
 
   void Status(const std::string& text) override;
   void Notice(const std::string& text) override;
@@ -27,7 +33,8 @@ class RunDisplay final : public RunObserver {
  private:
   const MainPanels& panels_;
   RunClock& clock_;
-  std::function<void()> beforeStatus_;
+  std::function<void()> first_;
+  bool shown_ = false;
 };
 
 }  // namespace korv

@@ -213,22 +213,20 @@ void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   if (!chosen || chosen->empty()) return;
   const std::filesystem::path path = PathFromText(*chosen);
   const QString shown = ToQt(PathToText(path));
-  const bool done = load ? LoadSettings(path) : SaveSettings(path);
-  txbStateFile->setText(shown);
   // A failure has had its message box.
-  if (done && otherWindow != nullptr) {
-    const QString told =
-        load ? QStringLiteral("Settings loaded from\n") : QStringLiteral("Settings saved to\n");
-    host_.PopUpInForm(told + shown, otherWindow);
-  }
+  const auto tell = [this, otherWindow, shown](const QString& what) {
+    if (otherWindow != nullptr) host_.PopUpInForm(what + shown, otherWindow);
+  };
+  if (load) return LoadSettings(path, [tell] { tell(QStringLiteral("Settings loaded from\n")); });
+  const bool saved = SaveSettings(path);
+  txbStateFile->setText(shown);
+  if (saved) tell(QStringLiteral("Settings saved to\n"));
 }
 
 void frmParams::OpenSettingsFile(const std::filesystem::path& path) {
-  const QString shown = ToQt(PathToText(path));
-  const bool done = LoadSettings(path);
-  txbStateFile->setText(shown);
-  // A failure has had its message box.
-  if (done) host_.PopUpInForm(QStringLiteral("Settings loaded from\n") + shown, nullptr);
+  LoadSettings(path, [this, path] {
+    host_.PopUpInForm(QStringLiteral("Settings loaded from\n") + ToQt(PathToText(path)), nullptr);
+  });
 }
 
 bool frmParams::SaveSettings(const std::filesystem::path& path) {
@@ -241,20 +239,26 @@ bool frmParams::SaveSettings(const std::filesystem::path& path) {
   return saved;
 }
 
-bool frmParams::LoadSettings(const std::filesystem::path& path) {
+void frmParams::LoadSettings(const std::filesystem::path& path, std::function<void()> loaded) {
+  const std::string shown = PathToText(path);
   const RestoreOutcome outcome = host_.RestoreSavedState(path);
   cmdUndo->Forget();
   if (outcome.Result == kRestored) {
-    lblState->setText(ToQt("Settings loaded from " + PathToText(path)));
-    CheckAllowedExtraChars();
-    return true;
+    // Their word list is being read, and tells of itself.
+    host_.WhenIdle([this, shown, loaded = std::move(loaded)] {
+      lblState->setText(ToQt("Settings loaded from " + shown));
+      CheckAllowedExtraChars();
+      txbStateFile->setText(ToQt(shown));
+      loaded();
+    });
+    return;
   }
-  lblState->setText(ToQt("Error loading from " + PathToText(path)));
+  lblState->setText(ToQt("Error loading from " + shown));
   host_.Outside().Messages.Show(
       {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
   host_.Initialize();
   host_.SetWordsToIgnoreNotice();
-  return false;
+  txbStateFile->setText(ToQt(shown));
 }
 
 void frmParams::cmdClose_Click() {

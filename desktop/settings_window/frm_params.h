@@ -79,7 +79,8 @@ class frmParams final : public QWidget, public FrmParamsControls {
 
  private:
   void Connect();
-  bool LoadSettings(const std::filesystem::path& path);
+  /// `loaded` is called where that succeeds, once the word list has been read too.
+  void LoadSettings(const std::filesystem::path& path, std::function<void()> loaded);
   bool SaveSettings(const std::filesystem::path& path);
   /// Does `change` to many controls at once, tells so and offers to take it back.
   void ChangeAtOnce(const std::function<void()>& change, const char* told, QPushButton* by);

@@ -223,9 +223,10 @@ void frmParams::AttemptToReadWords(ListKind kind) {
     work_.Load(kind, std::move(read.List));
     loadedLabels_[static_cast<size_t>(kind)] = read.StateLabel;
     lblState->setText(ToQt(read.StateLabel));
+    ShowWordFiles();
+    host_.SetWordsToIgnoreNotice();
   });
   ShowWordFiles();
-  host_.SetWordsToIgnoreNotice();
 }
 
 // ---- Typed words

@@ -54,7 +54,9 @@ class SettingsHost {
   /// There is a result, which was counted under these word rules.
   virtual bool ResultKeepsTo(const WordRules& rules) const = 0;
   /// `done` is not called when the file cannot be read; the user has been told.
-  virtual void ReadWords(const WordListRequest& request, const std::function<void(ReadWordList)>& done) = 0;
+  virtual void ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done) = 0;
+  /// Calls `act` once nothing goes on, which may be now.
+  virtual void WhenIdle(std::function<void()> act) = 0;
 
   // ---- The windows
 

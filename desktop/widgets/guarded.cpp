@@ -1,8 +1,27 @@
 #include "desktop/widgets/guarded.h"
 
+#include <utility>
+
 #include "report/error_text.h"
 
 namespace korv {
+
+namespace {
+
+// Handlers are called on the thread of the windows.
+const char* currentHandler = "Form_Load";
+
+}  // namespace
+
+const char* CurrentHandler() {
+  return currentHandler;
+}
+
+HandlerScope::HandlerScope(const char* place) : before_(std::exchange(currentHandler, place)) {}
+
+HandlerScope::~HandlerScope() {
+  currentHandler = before_;
+}
 
 void ShowInsufficientMemory(Messages& messages) {
   messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Critical});

@@ -45,6 +45,9 @@ class Wiring {
   Messages& messages_;
 };
 
+/// For a window that is to go without a word: none of its controls tells of anything any more.
+void FallSilent(QWidget& window);
+
 /// For the destructor of a window or panel: controls in it that lose the focus while they are deleted call no
 /// handler of it any more.
 void StopListening(QObject& listener);

@@ -1,29 +1,30 @@
-// How long the main window keeps its events waiting while it counts: event_gaps TEXT [OUTPUT].
-// Prints the longest times between two rounds of the event loop, and where they fell. For the eye, not for
-// tests: the figures depend on the machine.
+// How long the main window keeps its events waiting, and how soon it stops:
+//     event_gaps SOURCE OUTPUT
+// Counts the file or folder SOURCE, lists it in another format, filters it, writes it into the file OUTPUT,
+// counts again and stops at several moments, and quits during a last count. Prints of each the longest time
+// between two rounds of the event loop, and of a stop or the end the time until it was obeyed. For the eye,
+// not for tests: the figures depend on the machine.
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
+#include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <vector>
+#include <functional>
+#include <string>
 
-#include "desktop/main_window/file_page.h"
+#include "app/run/questions.h"
+#include "base/clock.h"
 #include "desktop/main_window/frm_main.h"
-#include "desktop/main_window/output_file_panel.h"
-#include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/run_controller.h"
-#include "desktop/main_window/run_panel.h"
-#include "desktop/main_window/source_panel.h"
-#include "desktop/main_window/status_line.h"
-#include "desktop/toolkit/qt_yielder.h"
+#include "desktop/questions.h"
+#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/text.h"
 #include "sources/questions.h"
 #include "tests/fakes/fake_desktop.h"
@@ -31,85 +32,196 @@
 
 namespace {
 
+using Milliseconds = std::chrono::duration<double, std::milli>;
 using SteadyTime = std::chrono::steady_clock::time_point;
 
-class SteadyClock final : public korv::Clock {
+constexpr double kNotable = 50;  // milliseconds
+constexpr int kStops = 4;
+
+SteadyTime Now() {
+  return std::chrono::steady_clock::now();
+}
+
+/// Looks how long the rounds of the event loop take.
+class Heartbeat {
  public:
-  SteadyTime Now() const override { return std::chrono::steady_clock::now(); }
+  explicit Heartbeat(const korv::frmMain& window) : status_(*window.findChild<QLabel*>("lblStatusText")) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Beat(); });
+    timer_.start(1);
+  }
+  void Begin() {
+    begin_ = last_ = Now();
+    longest_ = {};
+    notable_ = 0;
+    where_.clear();
+  }
+  Milliseconds Longest() const { return longest_; }
+  void Print(const std::string& what, const std::string& more = {}) const {
+    std::printf("%-30s %8.2f s, longest gap %6.1f ms, %d above %.0f ms%s%s\n", what.c_str(),
+                Milliseconds(last_ - begin_).count() / 1000, longest_.count(), notable_, kNotable,
+                where_.empty() ? "" : (": " + where_).c_str(), more.c_str());
+    std::fflush(stdout);
+  }
+
+ private:
+  void Beat() {
+    const SteadyTime now = Now();
+    const Milliseconds gap = now - last_;
+    last_ = now;
+    if (gap.count() > kNotable) ++notable_;
+    if (gap <= longest_) return;
+    longest_ = gap;
+    if (gap.count() > kNotable) where_ = status_.text().left(40).toStdString();
+  }
+
+  const QLabel& status_;
+  QTimer timer_;
+  SteadyTime begin_;
+  SteadyTime last_;
+  Milliseconds longest_{};
+  int notable_ = 0;
+  std::string where_;
 };
 
-struct Gap {
-  double Milliseconds;
-  std::string During;
+/// The window in front of an answering user.
+class Session {
+ public:
+  Session() {
+    using korv::Answer;
+    namespace questions = korv::questions;
+    messages_.WillAnswer(questions::kFirstCommonWords, Answer::No);
+    messages_.WillAnswer(questions::kLargeInput, Answer::No);
+    messages_.WillAnswer(questions::kSeveralFiles, Answer::Extra);
+    messages_.WillAnswer(questions::kKeepFilter, Answer::No);
+    messages_.WillAnswer(questions::kMinimumFrequency, Answer::No);
+    messages_.WillAnswer(questions::kReallyStop, Answer::Yes);
+    messages_.WillAnswer(questions::kCountingInterrupted, Answer::No);
+    messages_.WillAnswer(questions::kReallyQuit, Answer::Yes);
+    window_.show();
+  }
+  bool Start() { return window_.Form_Load(); }
+
+  template <typename Control>
+  Control& Find(const char* name) {
+    return *window_.findChild<Control*>(QLatin1String(name));
+  }
+  korv::frmMain& Window() { return window_; }
+
+  void Choose(const QString& source) {
+    const bool folder = QFileInfo(source).isDir();
+    Find<QAbstractButton>(folder ? "optFolder" : "optInFile").click();
+    Find<QLineEdit>(folder ? "txbFolder" : "txbFile_0").setText(source);
+    Find<QComboBox>("cboPhraseLength_0").setCurrentIndex(0);
+    if (folder) Find<QAbstractButton>("chkIncludeSubfolders").setChecked(true);
+  }
+  void Count() { Find<QAbstractButton>("cmdCountPhrases").click(); }
+  /// Handles events until nothing goes on.
+  void UntilIdle() {
+    while (!window_.Run().Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  void For(Milliseconds time) {
+    for (const SteadyTime end = Now() + std::chrono::duration_cast<SteadyTime::duration>(time);
+         Now() < end && !window_.Run().Idle();)
+      QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+
+ private:
+  korv::FakeMessages messages_;
+  korv::FakeDialogs dialogs_;
+  korv::FakeClipboard clipboard_;
+  korv::FakeLauncher launcher_;
+  korv::TurnYielder yielder_;
+  korv::QtEventLoop loop_{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
+  korv::SystemClock clock_;
+  std::unique_ptr<korv::FileSystem> files_ = korv::MakeSystemFiles();
+  QTemporaryDir scratch_;
+  QSettings store_{scratch_.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
+  korv::frmMain window_{korv::Desktop{
+      .Messages = messages_,
+      .Dialogs = dialogs_,
+      .Clipboard = clipboard_,
+      .Launcher = launcher_,
+      .Files = *files_,
+      .Loop = loop_,
+      .Yielder = yielder_,
+      .Clock = clock_,
+      .Numbers = {},
+      .ProgramText = KORV_PROGRAM_TEXT,
+      .ProgramFolder = KORV_WORD_LISTS,
+      .StateFile = korv::PathFromText(korv::FromQt(scratch_.filePath(QStringLiteral("korv.usr")))),
+      .Store = store_}};
 };
+
+/// How long a whole count and its list take.
+Milliseconds CountAndList(Session& session, Heartbeat& heartbeat, const QString& output) {
+  const auto measure = [&](const char* what, const std::function<void()>& act) {
+    heartbeat.Begin();
+    act();
+    session.UntilIdle();
+    heartbeat.Print(what);
+  };
+  const SteadyTime begin = Now();
+  measure("count and list", [&] { session.Count(); });
+  const Milliseconds whole = Now() - begin;
+  measure("list in another format", [&] { session.Find<QComboBox>("cboDisplayFormat").setCurrentIndex(5); });
+  measure("list in another order", [&] { session.Find<QComboBox>("cboWordOrder").setCurrentIndex(1); });
+  measure("filter", [&] {
+    session.Find<QLineEdit>("txbFilterWords").setText(QStringLiteral("the"));
+    session.Find<QAbstractButton>("cmdFilterResults").click();
+  });
+  measure("write", [&] {
+    session.Find<QLineEdit>("txbFilterWords").clear();
+    session.Find<QLineEdit>("txbFile_1").setText(output);
+    session.Find<QComboBox>("cboDisplayFormat").setCurrentIndex(6);
+  });
+  session.Find<QLineEdit>("txbFile_1").clear();
+  return whole;
+}
+
+void StopAtSeveralMoments(Session& session, Heartbeat& heartbeat, Milliseconds whole) {
+  for (int i = 1; i <= kStops; ++i) {
+    heartbeat.Begin();
+    session.Count();
+    session.For(whole * i / (kStops + 1.0));
+    if (session.Window().Run().Idle()) continue;  // It was quicker this time.
+    const std::string during = session.Find<QLabel>("lblStatusText").text().left(30).toStdString();
+    const SteadyTime stop = Now();
+    session.Count();
+    session.UntilIdle();
+    char obeyed[64];
+    std::snprintf(obeyed, sizeof obeyed, "; stopped within %.1f ms", Milliseconds(Now() - stop).count());
+    heartbeat.Print("stop during \"" + during + "\"", obeyed);
+  }
+}
+
+void QuitDuringACount(Session& session, Heartbeat& heartbeat, Milliseconds whole) {
+  heartbeat.Begin();
+  session.Count();
+  session.For(whole / 2);
+  const SteadyTime quit = Now();
+  session.Window().close();
+  while (session.Window().isVisible()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  char gone[64];
+  std::snprintf(gone, sizeof gone, "; gone within %.1f ms", Milliseconds(Now() - quit).count());
+  heartbeat.Print("quit", gone);
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  if (argc < 2) {
-    std::fprintf(stderr, "event_gaps TEXT [OUTPUT]\n");
+  if (argc != 3) {
+    std::fprintf(stderr, "event_gaps SOURCE OUTPUT\n");
     return 2;
   }
-  korv::FakeMessages messages;
-  korv::FakeDialogs dialogs;
-  korv::FakeClipboard clipboard;
-  korv::FakeLauncher launcher;
-  korv::QtYielder yielder;
-  const SteadyClock clock;
-  const auto files = korv::MakeSystemFiles();
-  const QTemporaryDir scratch;
-  QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
-  messages.WillAnswer(korv::questions::kLargeInput, korv::Answer::No);
-  const korv::NumberFormat numbers;
-  korv::frmMain window(korv::Desktop{
-      .Messages = messages,
-      .Dialogs = dialogs,
-      .Clipboard = clipboard,
-      .Launcher = launcher,
-      .Files = *files,
-      .Yielder = yielder,
-      .Clock = clock,
-      .Numbers = numbers,
-      .ProgramText = KORV_PROGRAM_TEXT,
-      .ProgramFolder = KORV_WORD_LISTS,
-      .StateFile = korv::PathFromText(korv::FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
-      .Store = store});
-  window.show();
-  if (!window.Form_Load()) return 1;
-  const korv::MainPanels& panels = window.Panels();
-  panels.Source->File->txbFile->setText(QString::fromLocal8Bit(argv[1]));
-  if (argc > 2) panels.OutputFile->txbFile->setText(QString::fromLocal8Bit(argv[2]));
-  panels.Phrases->cboPhraseLength[0]->setCurrentIndex(0);
-
-  std::vector<Gap> gaps;
-  SteadyTime last = clock.Now();
-  size_t rounds = 0;
-  QTimer heartbeat;
-  QObject::connect(&heartbeat, &QTimer::timeout, &window, [&] {
-    const SteadyTime now = clock.Now();
-    const std::chrono::duration<double, std::milli> gap = now - last;
-    last = now;
-    ++rounds;
-    if (gap.count() > 20) {
-      gaps.push_back({gap.count(), panels.Status->lblStatusText->text().toStdString() + " at " +
-                                       std::to_string(panels.Run->prgProgress->value())});
-    }
-  });
-  heartbeat.start(1);
-  QApplication::processEvents();
-  const SteadyTime begin = clock.Now();
-  window.Run().cmdCountPhrases_Click();
-  QApplication::processEvents();
-  const std::chrono::duration<double> whole = clock.Now() - begin;
-
-  std::sort(gaps.begin(), gaps.end(),
-            [](const Gap& a, const Gap& b) { return a.Milliseconds > b.Milliseconds; });
-  std::printf("%.1f s, %zu rounds of the event loop, %zu gaps above 20 ms\n", whole.count(), rounds,
-              gaps.size());
-  for (size_t i = 0; i < std::min<size_t>(gaps.size(), 12); ++i) {
-    std::printf("%8.1f ms  %s\n", gaps[i].Milliseconds, gaps[i].During.c_str());
-  }
+  Session session;
+  if (!session.Start()) return 1;
+  session.UntilIdle();
+  session.Choose(QString::fromLocal8Bit(argv[1]));
+  Heartbeat heartbeat(session.Window());
+  const Milliseconds whole = CountAndList(session, heartbeat, QString::fromLocal8Bit(argv[2]));
+  StopAtSeveralMoments(session, heartbeat, whole);
+  QuitDuringACount(session, heartbeat, whole);
   return 0;
 }

@@ -395,6 +395,7 @@ TEST_F(Result, StaysAsItIsWhenARunIsRefused) {
   messages.WillAnswer(questions::kLargeInput, Answer::Cancel);
   // Nor does the question stand beside numbers of a run that has not begun.
   messages.OnShow = [&](const Message&) {
+    const Looking looking(*this);
     main->Run().tmrProgress_Timer();
     main->Run().Timer2_Timer();
     EXPECT_EQ(TextOf("lblStatusWords"), before[before.size() - 3]);
@@ -525,6 +526,7 @@ class ResultOfASlowUser : public Result {
             .Clipboard = usual.Clipboard,
             .Launcher = usual.Launcher,
             .Files = usual.Files,
+            .Loop = usual.Loop,
             .Yielder = usual.Yielder,
             .Clock = usual.Clock,
             .Numbers = {},
@@ -634,9 +636,9 @@ TEST_F(Result, ThatWasStoppedSaysSo) {
   std::string text;
   for (int i = 0; i < 500; ++i) text += kText;
   UseFile(text);
-  everyTurn.OnTurn = [&, turns = 0]() mutable {
+  AtEveryTurn([&, turns = 0]() mutable {
     if (++turns == 50) Count();
-  };
+  });
   Count();
   ASSERT_TRUE(main->Result().HasResult());
   EXPECT_EQ(Note("Incomplete"), "Counting was stopped: what came after that is not in this list.");
@@ -661,12 +663,12 @@ TEST_F(Result, ThatIsBeingWrittenGivesSignsOfLife) {
   Type("txbFile_1", PathOf("out.txt"));
   std::string counted;
   bool busy = false;
-  everyTurn.OnTurn = [&] {
+  AtEveryTurn([&] {
     const std::string said = TextOf("lblStatusText");
     if (!said.starts_with("Now writing to output file . . .")) return;
     busy = busy || Find<QProgressBar>("prgProgress")->maximum() == 0;
     if (said.ends_with(" phrases")) counted = said;
-  };
+  });
   Count();
   EXPECT_TRUE(busy);
   EXPECT_THAT(counted,

@@ -44,16 +44,6 @@ class Runs : public WindowTest {
     UseFile(text);
     messages.WillAnswer(questions::kLargeInput, Answer::No);
   }
-  /// Does `act` once, as soon as a run is going on and has got its turn.
-  void DuringTheRun(std::function<void()> act) {
-    auto* timer = new QTimer(main.get());
-    QObject::connect(timer, &QTimer::timeout, main.get(), [this, timer, act] {
-      if (!main->Running()) return;
-      timer->stop();
-      act();
-    });
-    timer->start(0);
-  }
 };
 
 TEST_F(Runs, CountAFileAndListItsPhrases) {
@@ -182,11 +172,11 @@ TEST_F(Runs, TellHowManyPhrasesTheyHaveFoundAtEveryTick) {
   Choose("cboPhraseLength_1", 0);
   Choose("cboMinimumFrequency", 0);
   std::string last;
-  everyTurn.OnTurn = [&] {
+  AtEveryTurn([&] {
     if (everyTurn.Calls % 50 != 0 || !Output().starts_with("Now ")) return;
     main->Run().Timer2_Timer();
     last = TextOf("lblNumberOfWords");
-  };
+  });
   Count();
   EXPECT_EQ(last, "Number of different phrases found so far: 1,235");
 }
@@ -240,13 +230,13 @@ TEST_F(Runs, TellHowFarAFolderWasReadWhenTheBoxIsFull) {
   Check("chkIncludeSubfolders");
   Type("txbFile_1", PathOf("out.txt"));
   std::string full;
-  everyTurn.OnTurn = [&] {
+  AtEveryTurn([&] {
     if (!full.empty() || !TextOf("txbFile_0").ends_with("d.txt")) return;
     Fill(main->Panels().Result->Output());
     full = Output();
     main->Run().tmrProgress_Timer();
     EXPECT_EQ(TextOf("lblStatusFiles"), "3 files in 2 folders");
-  };
+  });
   Count();
   EXPECT_THAT(full, testing::EndsWith("\n\nTextbox is full.\n\nTo this point: 3 files in 2 folders"));
 
@@ -323,6 +313,7 @@ TEST_F(Runs, MoveTheProgressBarAndTheTwirler) {
   int furthest = 0;
   QTimer tick;
   QObject::connect(&tick, &QTimer::timeout, main.get(), [&] {
+    const Looking looking(*this);
     if (!main->Running()) return;
     main->Run().tmrProgress_Timer();
     frames.insert(TextOf("lblTwirler"));
@@ -386,8 +377,10 @@ TEST_F(Runs, WriteNoSignOfLifeWhileTheirSourceIsChecked) {
   Type("txbFolder", "/empty");
   int ticks = 0;
   disk.BeforeListing = [&](const std::filesystem::path&) {
-    ++ticks;
-    main->Run().Timer2_Timer();
+    InTheWindow([&] {
+      ++ticks;
+      main->Run().Timer2_Timer();
+    });
   };
   Count();
   EXPECT_GT(ticks, 0);
@@ -433,6 +426,7 @@ TEST_F(Runs, LetTheEventsOfTheWindowPassWhileTheyCount) {
   int turns = 0;
   QTimer heartbeat;
   QObject::connect(&heartbeat, &QTimer::timeout, main.get(), [&] {
+    const Looking looking(*this);
     if (main->Running()) ++turns;
   });
   heartbeat.start(0);

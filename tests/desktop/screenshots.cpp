@@ -23,7 +23,7 @@
 #include "desktop/questions.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/application_name.h"
-#include "desktop/toolkit/qt_yielder.h"
+#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/scheme_switch.h"
 #include "desktop/toolkit/text.h"
 #include "tests/fakes/fake_clock.h"
@@ -68,7 +68,8 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
   FakeClipboard clipboard;
   FakeLauncher launcher;
   FakeClock clock;
-  QtYielder yielder;
+  QtEventLoop loop([](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); });
+  TurnYielder yielder;
   const auto files = MakeSystemFiles();
   const QTemporaryDir scratch;
   QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
@@ -79,6 +80,7 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
                          .Clipboard = clipboard,
                          .Launcher = launcher,
                          .Files = *files,
+                         .Loop = loop,
                          .Yielder = yielder,
                          .Clock = clock,
                          .Numbers = numbers,
@@ -88,12 +90,17 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
                          .Store = store});
   window.show();
   if (!window.Form_Load()) return false;
+  const auto untilIdle = [&window] {
+    while (!window.Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  };
+  untilIdle();
   window.resize(1180, 860);
   const MainPanels& panels = window.Panels();
   panels.Source->File->txbFile->setText(ToQt(text));
   panels.Phrases->cboPhraseLength[0]->setCurrentIndex(1);
   panels.Source->Select(TextSource::SingleFile, ChangedBy::Program);
   window.Run().cmdCountPhrases_Click();
+  untilIdle();
   window.Timer1_Timer();
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window)) return false;

@@ -311,6 +311,7 @@ TEST_F(StartUp, CountsAgainWithFunctionKeyFive) {
   EXPECT_FALSE(main->Result().HasResult());
   main->activateWindow();
   QTest::keyClick(main.get(), Qt::Key_F5);
+  UntilIdle();
   EXPECT_TRUE(main->Result().HasResult());
 }
 

@@ -82,6 +82,7 @@ class Story : public WindowTest {
                     .Clipboard = realClipboard,
                     .Launcher = *realLauncher,
                     .Files = *files,
+                    .Loop = loop,
                     .Yielder = yielder,
                     .Clock = realClock,
                     .Numbers = {},

@@ -11,7 +11,7 @@
 
 #include "app/run/questions.h"
 #include "desktop/dialogs/frm_popup.h"
-#include "desktop/main_window/muted_messages.h"
+#include "desktop/main_window/clocked_messages.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/results/output_text_box.h"
 #include "desktop/silence_rules.h"
@@ -481,23 +481,17 @@ TEST(TheClipboard, GivesItsText) {
   EXPECT_EQ(QtClipboard().Text(), "");
 }
 
-TEST(MutedMessages, ShowNothingAndStopWhatAsksWhetherToStop) {
+/// A clock on which a minute passes while a message is shown.
+TEST(ClockedMessages, LetTheClockOfTheRunStandWhileTheyAreShown) {
   FakeMessages shown;
-  const FakeClock clock;
+  FakeClock clock;
   RunClock runClock(clock);
-  MutedMessages messages(shown, runClock);
-  messages.Mute();
-  EXPECT_EQ(
-      messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = questions::kStopDocx}),
-      Answer::Yes);
-  EXPECT_EQ(messages.Show(
-                {.Text = "?", .Title = {}, .Buttons = Buttons::YesNo, .Question = questions::kKeepFilter}),
-            Answer::No);
-  EXPECT_EQ(messages.Show({.Text = "?", .Title = {}, .Buttons = Buttons::YesNoCancel}), Answer::Cancel);
-  EXPECT_EQ(messages.AskText("?", "?", "x"), std::nullopt);
-  EXPECT_TRUE(shown.Shown.empty() && shown.InputBoxes.empty());
-  messages.Unmute();
+  ClockedMessages messages(shown, runClock);
+  runClock.Start();
+  shown.OnShow = [&clock](const Message&) { clock.Step = std::chrono::minutes(1); };
   messages.Show({.Text = "!", .Title = {}});
+  clock.Step = {};
+  EXPECT_EQ(runClock.Elapsed(), std::chrono::seconds(0));
   EXPECT_EQ(shown.Only().Text, "!");
 }
 

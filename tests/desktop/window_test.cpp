@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QTimer>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -34,6 +36,7 @@ Desktop WindowTest::Surroundings() {
           .Clipboard = clipboard,
           .Launcher = launcher,
           .Files = *files,
+          .Loop = loop,
           .Yielder = *usedYielder,
           .Clock = clock,
           .Numbers = {},
@@ -47,6 +50,7 @@ bool WindowTest::Start() {
   messages.WillAnswer(questions::kFirstCommonWords, Answer::No);
   MakeWindow();
   const bool started = main->Form_Load();
+  UntilIdle();
   QApplication::processEvents();
   messages.Forget();
   return started;
@@ -54,8 +58,10 @@ bool WindowTest::Start() {
 
 void WindowTest::End() {
   if (main == nullptr) return;
-  usedYielder->RequestStop();
+  // What a worker waits for in a test does not come any more.
+  calls_->EndWaiting();
   main.reset();
+  calls_ = std::make_unique<LoopCalls>(loop);
 }
 
 FakeFiles& WindowTest::OpenOnFakeFiles() {
@@ -74,10 +80,62 @@ void WindowTest::OpenWithEveryTurn() {
   EXPECT_TRUE(Start());
 }
 
-void WindowTest::AtTheNextTurn(std::function<void()> act) {
-  everyTurn.OnTurn = [act, done = false]() mutable {
-    if (!std::exchange(done, true)) act();
+void WindowTest::UntilIdle() const {
+  if (looking_ > 0 || main == nullptr || main->Idle()) return;
+  constexpr std::chrono::seconds kFarTooLong{300};
+  const auto end = std::chrono::steady_clock::now() + kFarTooLong;
+  QTimer wake;
+  wake.start(100);
+  while (!main->Idle()) {
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (std::chrono::steady_clock::now() < end) continue;
+    ADD_FAILURE() << "what goes on does not end";
+    return;
+  }
+}
+
+void WindowTest::AtEveryTurn(std::function<void()> act) {
+  // Shared, so that what it counts goes on from turn to turn.
+  everyTurn.OnTurn = [this, shared = std::make_shared<std::function<void()>>(std::move(act))] {
+    InTheWindow([shared] { (*shared)(); });
   };
+}
+
+void WindowTest::AtTheNextTurn(std::function<void()> act) {
+  everyTurn.OnTurn = [this, act = std::move(act), done = false]() mutable {
+    if (!std::exchange(done, true)) InTheWindow(act);
+  };
+}
+
+void WindowTest::InTheWindow(const std::function<void()>& act) {
+  const auto look = [this, act] {
+    const Looking looking(*this);
+    act();
+  };
+  std::this_thread::get_id() == windowThread_ ? look() : static_cast<void>(calls_->Call(look));
+}
+
+void WindowTest::DuringTheRun(std::function<void()> act) {
+  auto* timer = new QTimer(main.get());
+  QObject::connect(timer, &QTimer::timeout, main.get(), [this, timer, act = std::move(act)] {
+    const Looking looking(*this);
+    if (!main->Running() || !Output().starts_with("Now counting")) return;
+    main->Run().tmrProgress_Timer();
+    if (TextOf("lblStatusWords").starts_with("0 ")) return;
+    timer->stop();
+    act();
+  });
+  timer->start(0);
+}
+
+void WindowTest::Click(const char* name) const {
+  Find<QAbstractButton>(name)->click();
+  UntilIdle();
+}
+
+void WindowTest::ClickInParams(const char* name) const {
+  InParams<QAbstractButton>(name)->click();
+  UntilIdle();
 }
 
 std::string WindowTest::WriteFile(const std::string& name, const std::string& bytes) const {
@@ -105,6 +163,7 @@ std::string WindowTest::ReadFile(const std::string& path) {
 void WindowTest::Check(const char* name, bool checked) const {
   auto* box = Find<QAbstractButton>(name);
   if (box->isChecked() != checked) box->click();
+  UntilIdle();
 }
 
 void WindowTest::Type(const char* name, const std::string& text) const {
@@ -120,12 +179,14 @@ void WindowTest::Type(const char* name, const std::string& text) const {
   } else {
     ADD_FAILURE() << name << " takes no text";
   }
+  UntilIdle();
 }
 
 void WindowTest::Choose(const char* name, int item) const {
   auto* combo = Find<QComboBox>(name);
   combo->setCurrentIndex(item);
   emit combo->activated(item);
+  UntilIdle();
 }
 
 std::string WindowTest::TextOf(const char* name) const {
@@ -145,6 +206,7 @@ std::string WindowTest::Output() const {
 }
 
 std::vector<std::string> WindowTest::Shown() {
+  UntilIdle();
   std::vector<std::string> shown;
   for (const Message& message : messages.Shown) shown.push_back(message.Title + " | " + message.Text);
   messages.Forget();

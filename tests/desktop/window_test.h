@@ -16,8 +16,10 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "base/loop_calls.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/frm_main.h"
 #include "desktop/main_window/result_controller.h"
@@ -26,7 +28,7 @@
 #include "desktop/main_window/source_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
-#include "desktop/toolkit/qt_yielder.h"
+#include "desktop/toolkit/qt_event_loop.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_files.h"
@@ -56,10 +58,32 @@ class WindowTest : public testing::Test {
   void End();
   /// Opens the window anew, on a disk in memory that holds the program's texts.
   FakeFiles& OpenOnFakeFiles();
-  /// Opens the window anew, with turns that come at every step of a run or a reading and pass no events.
+
+  // ---- What goes on beside the window
+
+  /// Handles events until nothing goes on. All that looks at controls or uses them does so by itself.
+  void UntilIdle() const;
+  /// Opens the window anew, with a worker that has its turn at every step of what goes on.
   void OpenWithEveryTurn();
-  /// Does `act` once, when the next of those turns comes.
+  /// Does `act` in the window at each of those turns, while the worker waits.
+  void AtEveryTurn(std::function<void()> act);
+  /// Does `act` in the window once, when the next of those turns comes.
   void AtTheNextTurn(std::function<void()> act);
+  /// Does `act` in the window and waits for it. Called by fakes on the worker.
+  void InTheWindow(const std::function<void()>& act);
+  /// Does `act` in the window as soon as a count goes on that has read some words.
+  void DuringTheRun(std::function<void()> act);
+  /// For as long as this lives, controls are looked at and used while something goes on.
+  class Looking {
+   public:
+    explicit Looking(WindowTest& test) : test_(test) { ++test_.looking_; }
+    ~Looking() { --test_.looking_; }
+    Looking(const Looking&) = delete;
+    Looking& operator=(const Looking&) = delete;
+
+   private:
+    WindowTest& test_;
+  };
 
   // ---- Files
 
@@ -74,6 +98,7 @@ class WindowTest : public testing::Test {
 
   template <typename Control>
   Control* Find(const char* name) const {
+    UntilIdle();
     Control* control = main->findChild<Control*>(QLatin1String(name));
     if (control == nullptr) control = main->Params().template findChild<Control*>(QLatin1String(name));
     EXPECT_NE(control, nullptr) << name;
@@ -82,12 +107,13 @@ class WindowTest : public testing::Test {
   /// In the Settings window, for names that both windows have.
   template <typename Control>
   Control* InParams(const char* name) const {
+    UntilIdle();
     Control* control = main->Params().template findChild<Control*>(QLatin1String(name));
     EXPECT_NE(control, nullptr) << name;
     return control;
   }
-  void Click(const char* name) const { Find<QAbstractButton>(name)->click(); }
-  void ClickInParams(const char* name) const { InParams<QAbstractButton>(name)->click(); }
+  void Click(const char* name) const;
+  void ClickInParams(const char* name) const;
   void Check(const char* name, bool checked = true) const;
   void Type(const char* name, const std::string& text) const;
   /// Picks an item as a user does who opens the list.
@@ -114,14 +140,20 @@ class WindowTest : public testing::Test {
   FakeClipboard clipboard;
   FakeLauncher launcher;
   FakeClock clock;
-  QtYielder yielder;
+  QtEventLoop loop{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
+  TurnYielder yielder;
   FakeYielder everyTurn;
-  Yielder* usedYielder = &yielder;  ///< The one of the two that the window has.
+  TurnYielder* usedYielder = &yielder;  ///< The one of the two that the window has.
   std::unique_ptr<FileSystem> files;
   std::unique_ptr<QSettings> store;
   std::filesystem::path programText;
   std::filesystem::path programFolder;
   std::unique_ptr<frmMain> main;
+
+ private:
+  std::unique_ptr<LoopCalls> calls_ = std::make_unique<LoopCalls>(loop);
+  std::thread::id windowThread_ = std::this_thread::get_id();
+  int looking_ = 0;
 };
 
 }  // namespace korv

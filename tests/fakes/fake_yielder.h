@@ -8,7 +8,7 @@
 namespace korv {
 
 /// Hands over at every call, so that a test can stop at any one of them.
-class FakeYielder final : public Yielder {
+class FakeYielder final : public TurnYielder {
  public:
   /// Requests a stop at that call of Yield() from here on, counted from 1; 0 for never.
   void StopAtCall(uint64_t call) {
@@ -21,6 +21,7 @@ class FakeYielder final : public Yielder {
 
  protected:
   void HandOver() override {
+    TurnYielder::HandOver();
     if (++Calls == stopAt_) RequestStop();
     if (OnTurn) OnTurn();
   }
