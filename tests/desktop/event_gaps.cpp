@@ -133,6 +133,7 @@ class Session {
   korv::TurnYielder yielder_;
   korv::QtEventLoop loop_{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
   korv::SystemClock clock_;
+  korv::NumberFormat numbers_;
   std::unique_ptr<korv::FileSystem> files_ = korv::MakeSystemFiles();
   QTemporaryDir scratch_;
   QSettings store_{scratch_.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
@@ -145,7 +146,7 @@ class Session {
       .Loop = loop_,
       .Yielder = yielder_,
       .Clock = clock_,
-      .Numbers = {},
+      .Numbers = numbers_,
       .ProgramText = KORV_PROGRAM_TEXT,
       .ProgramFolder = KORV_WORD_LISTS,
       .StateFile = korv::PathFromText(korv::FromQt(scratch_.filePath(QStringLiteral("korv.usr")))),
