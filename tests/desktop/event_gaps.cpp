@@ -22,6 +22,7 @@
 #include "app/run/questions.h"
 #include "base/clock.h"
 #include "desktop/main_window/frm_main.h"
+#include "desktop/main_window/result_controller.h"
 #include "desktop/main_window/run_controller.h"
 #include "desktop/questions.h"
 #include "desktop/toolkit/qt_event_loop.h"
@@ -112,9 +113,15 @@ class Session {
     Find<QAbstractButton>(folder ? "optFolder" : "optInFile").click();
     Find<QLineEdit>(folder ? "txbFolder" : "txbFile_0").setText(source);
     Find<QComboBox>("cboPhraseLength_0").setCurrentIndex(0);
-    if (folder) Find<QAbstractButton>("chkIncludeSubfolders").setChecked(true);
+    if (folder) Find<QAbstractButton>("chkIncludeSubfolders").click();
   }
   void Count() { Find<QAbstractButton>("cmdCountPhrases").click(); }
+  /// Whether there is a result; says what was shown where there is none.
+  bool HasResult() {
+    if (window_.Result().HasResult()) return true;
+    for (const korv::Message& message : messages_.Shown) std::fprintf(stderr, "%s\n", message.Text.c_str());
+    return false;
+  }
   /// Handles events until nothing goes on.
   void UntilIdle() {
     while (!window_.Run().Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -222,6 +229,7 @@ int main(int argc, char** argv) {
   session.Choose(QString::fromLocal8Bit(argv[1]));
   Heartbeat heartbeat(session.Window());
   const Milliseconds whole = CountAndList(session, heartbeat, QString::fromLocal8Bit(argv[2]));
+  if (!session.HasResult()) return 1;
   StopAtSeveralMoments(session, heartbeat, whole);
   QuitDuringACount(session, heartbeat, whole);
   return 0;
