@@ -31,6 +31,8 @@
 #include "desktop/results/filter_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
+#include "desktop/settings_window/settings_commands.h"
+#include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/placement.h"
@@ -162,7 +164,7 @@ void frmMain::OfferCommonWords() {
                                             .Buttons = Buttons::YesNo,
                                             .DefaultAnswer = Answer::Yes,
                                             .Question = questions::kFirstCommonWords}) == Answer::Yes;
-  if (load) return params_->LoadCommonWordsOfEnglish();
+  if (load) return params_->Lists->LoadCommonWordsOfEnglish();
   work_.Change(ChangedBy::Program,
                [](Settings& settings) { settings.CommonWordsLanguage = CommonWords::None; });
 }
@@ -216,7 +218,7 @@ void frmMain::SetTitle() {
 void frmMain::Timer1_Timer() {
   panels_.Result->SuggestWidth();
   EnableClearButtons();
-  params_->ShowWordFilesState();
+  params_->Lists->ShowWordFilesState();
   panels_.Source->SetPathToolTips();
   panels_.OutputFile->SetPathToolTips();
   panels_.Source->ShowFileChoices();
@@ -272,7 +274,7 @@ bool frmMain::EndProgram() {
 
 void frmMain::EndTheRun() {
   const auto hold = run_->HoldStill();
-  if (!params_->ReallyQuit()) return;
+  if (!params_->Commands->ReallyQuit()) return;
   if (startUpCompleted_) settingsController_->OfferToKeepSettings();
   run_->Abandon();
 }

@@ -24,6 +24,7 @@
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
+#include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/widgets/settings_binding.h"
 #include "desktop/widgets/wiring.h"
 
@@ -41,7 +42,7 @@ void frmMain::MakeControllers() {
                            .Ended = [this] { RunEnded(); }});
   result_ = std::make_unique<ResultController>(desktop_, panels_, work_, *run_,
                                                [this](std::optional<ListKind> kind) {
-                                                 if (kind) params_->ShowList(*kind);
+                                                 if (kind) params_->Lists->ShowList(*kind);
                                                  cmdSetParameters_Click();
                                                });
   settingsController_ = std::make_unique<SettingsController>(

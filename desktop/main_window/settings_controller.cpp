@@ -14,6 +14,8 @@
 #include "desktop/results/filter_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
+#include "desktop/settings_window/state_file_panel.h"
+#include "desktop/settings_window/word_lists_panel.h"
 #include "wordlists/questions.h"
 
 namespace korv {
@@ -49,7 +51,7 @@ void SettingsController::Initialize() {
                               .Buttons = Buttons::YesNo,
                               .DefaultAnswer = Answer::No,
                               .Question = questions::kClearWordFiles}) == Answer::Yes) {
-    params_.ClearWordFiles();
+    params_.Lists->ClearWordFiles();
   }
   hooks_.Applied();
 }
@@ -57,7 +59,7 @@ void SettingsController::Initialize() {
 void SettingsController::ClearFields() {
   panels_.Result->ShowLabels({" ", " ", " ", " "});
   panels_.Source->File->ShowSizes({}, {});
-  params_.txbStateFile->clear();
+  params_.StateFile->txbStateFile->clear();
 }
 
 std::string SettingsController::SaveStateTo(const std::filesystem::path& path) {
@@ -106,9 +108,9 @@ void SettingsController::LeaveRestoredFields() {
 void SettingsController::LoadRestoredWordFile(const Settings& settings) {
   const std::string* const list = settings.WordsFile();
   if (list != nullptr && AskToLoadWordFile(*list, desktop_.Messages)) {
-    params_.AttemptToReadWords(ListKind::WordsToIgnore);
+    params_.Lists->AttemptToReadWords(ListKind::WordsToIgnore);
   } else {
-    params_.ForgetLoadedWords(ListKind::WordsToIgnore);
+    params_.Lists->ForgetLoadedWords(ListKind::WordsToIgnore);
   }
 }
 

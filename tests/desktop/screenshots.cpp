@@ -22,6 +22,7 @@
 #include "desktop/main_window/source_panel.h"
 #include "desktop/questions.h"
 #include "desktop/settings_window/frm_params.h"
+#include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/toolkit/application_name.h"
 #include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/scheme_switch.h"
@@ -110,9 +111,9 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
 
   frmParams& params = window.Params();
   // The list shows where the program lies on this machine; pictures need not.
-  params.cboWordsFile->setItemText(
+  params.Lists->cboWordsFile->setItemText(
       0, QDir::toNativeSeparators(QStringLiteral(KORV_PICTURE_PROGRAM_FOLDER "/cwds_en.txt")));
-  params.txbWordsToIgnoreOrCount[0]->setPlainText(QStringLiteral("ibid vide viz sans ~ly"));
+  params.Lists->txbWordsToIgnoreOrCount[0]->setPlainText(QStringLiteral("ibid vide viz sans ~ly"));
   params.resize(900, 740);
   params.show();
   return Save(params, folder, QStringLiteral("settings") + scheme);

@@ -29,6 +29,7 @@
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/qt_event_loop.h"
+#include "desktop/widgets/control_factory.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_files.h"

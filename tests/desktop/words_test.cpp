@@ -6,6 +6,7 @@
 
 #include "app/settings/questions.h"
 #include "desktop/dialogs/frm_load_remove.h"
+#include "desktop/settings_window/word_lists_panel.h"
 #include "tests/desktop/window_test.h"
 #include "wordlists/questions.h"
 
@@ -309,7 +310,7 @@ TEST_F(Words, ToIgnoreAreLoadedAndForgottenWhileThoseToCountAreShown) {
   // A language is one of words to ignore, too.
   messages.WillAnswer(questions::kLoadCommonWords, Answer::Yes);
   Find<QComboBox>("cboCommonWordsLanguages")->setCurrentIndex(1);
-  main->Params().cboCommonWordsLanguages_Click();
+  main->Params().Lists->cboCommonWordsLanguages_Click();
   Click("optWordsToIgnore");
   EXPECT_THAT(TextOf("cboWordsFile"), EndsWith("cwds_de.txt"));
   const std::string german = TextOf("lblWordsState");

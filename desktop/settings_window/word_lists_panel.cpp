@@ -1,44 +1,57 @@
-// The Settings window's words to ignore and to count: the list of files, the languages, the typed words.
+#include "desktop/settings_window/word_lists_panel.h"
 
+#include <QComboBox>
 #include <QEvent>
+#include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QStackedLayout>
 #include <initializer_list>
 
 #include "desktop/dialogs/frm_load_remove.h"
-#include "desktop/settings_window/frm_params.h"
 #include "desktop/settings_window/settings_host.h"
-#include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
-#include "desktop/widgets/guarded.h"
+#include "desktop/widgets/wiring.h"
 #include "wordlists/common_words.h"
 #include "wordlists/typed_words.h"
 
 namespace korv {
-void frmParams::FillLanguages() {
+
+WordListsPanel::WordListsPanel(SettingsHost& host, QWidget* parent)
+    : QGroupBox(QStringLiteral("Words to ignore and to count"), parent), host_(host), work_(host.Work()) {
+  setObjectName(QStringLiteral("fraIgnoreTheseWords"));
+  Build();
+}
+
+WordListsPanel::~WordListsPanel() {
+  StopListening(*this);
+}
+
+void WordListsPanel::Start() {
   for (const CommonWordsLanguage& language : kCommonWordsLanguages) {
     cboCommonWordsLanguages->addItem(ToQt(language.Item));
   }
+  optListKind_Click();
+  Connect();
 }
 
-void frmParams::ConnectWords() {
-  const auto onClick = [this](QAbstractButton* button, const char* place, auto handler) {
-    connect(button, &QAbstractButton::clicked, this, Guarded(host_.Outside().Messages, place, handler));
-  };
-  onClick(cmdSelectWordsFile, "cmdSelectWordsFile_Click", [this] { cmdSelectWordsFile_Click(); });
-  onClick(cmdClearWordsFile, "cmdClearWordsFile_Click", [this] { cmdClearWordsFile_Click(); });
-  onClick(cmdClearWordsToIgnoreOrCount, "cmdClearWordsToIgnoreOrCount_Click",
-          [this] { cmdClearWordsToIgnoreOrCount_Click(); });
-  onClick(optWordsToIgnore, "optListKind_Click", [this] { optListKind_Click(); });
-  onClick(optCountOnlyWordsAndPhrases, "optListKind_Click", [this] { optListKind_Click(); });
+void WordListsPanel::Connect() {
+  Messages& messages = host_.Outside().Messages;
+  const Wiring wiring(*this, messages);
+  wiring.OnClick(cmdSelectWordsFile, "cmdSelectWordsFile_Click", [this] { cmdSelectWordsFile_Click(); });
+  wiring.OnClick(cmdClearWordsFile, "cmdClearWordsFile_Click", [this] { cmdClearWordsFile_Click(); });
+  wiring.OnClick(cmdClearWordsToIgnoreOrCount, "cmdClearWordsToIgnoreOrCount_Click",
+                 [this] { cmdClearWordsToIgnoreOrCount_Click(); });
+  wiring.OnClick(optWordsToIgnore, "optListKind_Click", [this] { optListKind_Click(); });
+  wiring.OnClick(optCountOnlyWordsAndPhrases, "optListKind_Click", [this] { optListKind_Click(); });
   // Choosing the entry that is selected already counts, too: that is how a changed file is loaded again.
   connect(cboWordsFile, &QComboBox::activated, this,
-          Guarded(host_.Outside().Messages, "cboWordsFile_Click", [this] { cboWordsFile_Click(); }));
+          Guarded(messages, "cboWordsFile_Click", [this] { cboWordsFile_Click(); }));
   connect(cboCommonWordsLanguages, &QComboBox::activated, this,
-          Guarded(host_.Outside().Messages, "cboCommonWordsLanguages_Click",
-                  [this] { cboCommonWordsLanguages_Click(); }));
+          Guarded(messages, "cboCommonWordsLanguages_Click", [this] { cboCommonWordsLanguages_Click(); }));
   for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) box->installEventFilter(this);
   QPlainTextEdit* const countOnly = txbWordsToIgnoreOrCount[static_cast<size_t>(ListKind::CountOnly)];
   connect(countOnly, &QPlainTextEdit::textChanged, this, [this, countOnly] {
@@ -48,7 +61,7 @@ void frmParams::ConnectWords() {
   });
 }
 
-bool frmParams::eventFilter(QObject* watched, QEvent* event) {
+bool WordListsPanel::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut &&
       (watched == txbWordsToIgnoreOrCount[0] || watched == txbWordsToIgnoreOrCount[1])) {
     Guarded(host_.Outside().Messages, "txbWordsToIgnoreOrCount_LostFocus", [this, watched] {
@@ -57,16 +70,16 @@ bool frmParams::eventFilter(QObject* watched, QEvent* event) {
       host_.SetWordsToIgnoreNotice();
     })();
   }
-  return QWidget::eventFilter(watched, event);
+  return QGroupBox::eventFilter(watched, event);
 }
 
-ListKind frmParams::ShownKind() const {
+ListKind WordListsPanel::ShownKind() const {
   return optCountOnlyWordsAndPhrases->isChecked() ? ListKind::CountOnly : ListKind::WordsToIgnore;
 }
 
-void frmParams::optListKind_Click() {
+void WordListsPanel::optListKind_Click() {
   const bool countOnly = ShownKind() == ListKind::CountOnly;
-  WordsBoxes->setCurrentIndex(countOnly ? 1 : 0);
+  wordsBoxes_->setCurrentIndex(countOnly ? 1 : 0);
   lblWordsToIgnoreOrCount->setBuddy(txbWordsToIgnoreOrCount[countOnly ? 1 : 0]);
   lblWordsToIgnoreOrCount->setText(countOnly ? QStringLiteral("E&xtra count-only words\nand phrases:")
                                              : QStringLiteral("E&xtra words to ignore:"));
@@ -85,14 +98,14 @@ void frmParams::optListKind_Click() {
   ShowWordFiles();
 }
 
-void frmParams::ShowList(ListKind kind) {
+void WordListsPanel::ShowList(ListKind kind) {
   QRadioButton* const option = kind == ListKind::CountOnly ? optCountOnlyWordsAndPhrases : optWordsToIgnore;
   if (!option->isChecked()) option->click();
 }
 
 // ---- The list of files
 
-void frmParams::cmdSelectWordsFile_Click() {
+void WordListsPanel::cmdSelectWordsFile_Click() {
   const ListKind kind = ShownKind();
   const WordFileList& files = work_.FilesOf(kind);
   Messages& messages = host_.Outside().Messages;
@@ -108,7 +121,7 @@ void frmParams::cmdSelectWordsFile_Click() {
   if (added) AttemptToReadWords(kind);
 }
 
-void frmParams::cboWordsFile_Click() {
+void WordListsPanel::cboWordsFile_Click() {
   const ListKind kind = ShownKind();
   const int index = cboWordsFile->currentIndex();
   work_.ChangeFiles(ChangedBy::User, kind, [&](WordFileList& files) { files.Select(index); });
@@ -132,7 +145,7 @@ void frmParams::cboWordsFile_Click() {
   ShowWordFiles();
 }
 
-void frmParams::cmdClearWordsFile_Click() {
+void WordListsPanel::cmdClearWordsFile_Click() {
   const ListKind kind = ShownKind();
   bool cleared = false;
   work_.ChangeFiles(ChangedBy::User, kind,
@@ -142,22 +155,22 @@ void frmParams::cmdClearWordsFile_Click() {
   ShowWordFiles();
 }
 
-void frmParams::ClearWordFiles() {
+void WordListsPanel::ClearWordFiles() {
   work_.ChangeFiles(ChangedBy::Program, ListKind::WordsToIgnore, [](WordFileList& files) { files.Clear(); });
   ForgetLoadedWords(ListKind::WordsToIgnore);
 }
 
-void frmParams::ForgetLoadedWords(ListKind kind) {
+void WordListsPanel::ForgetLoadedWords(ListKind kind) {
   work_.Forget(kind);
   // What was told of them is no longer so.
   std::string& told = loadedLabels_[static_cast<size_t>(kind)];
-  if (FromQt(lblState->text()) == told) lblState->setText({});
+  Untold(ToQt(told));
   told.clear();
   ShowWordFiles();
   host_.SetWordsToIgnoreNotice();
 }
 
-void frmParams::ShowWordFiles() {
+void WordListsPanel::ShowWordFiles() {
   const WordFileList& files = work_.FilesOf(ShownKind());
   const QSignalBlocker quiet(cboWordsFile);
   cboWordsFile->clear();
@@ -168,7 +181,7 @@ void frmParams::ShowWordFiles() {
   EnableClearButtons();
 }
 
-void frmParams::ShowWordFilesState() {
+void WordListsPanel::ShowWordFilesState() {
   const WordFileList& files = work_.FilesOf(ShownKind());
   QString caption = ToQt(FilesButtonCaption(ShownKind(), files.Paths().size()));
   caption.insert(caption.indexOf(QLatin1String("ords")) - 1, u'&');
@@ -177,7 +190,7 @@ void frmParams::ShowWordFilesState() {
                                                 : ToQt(files.SelectedPath()));
 }
 
-void frmParams::ShowWordsState() {
+void WordListsPanel::ShowWordsState() {
   const WordList* const loaded = work_.LoadedOf(ShownKind());
   const std::string file =
       loaded != nullptr && !loaded->Words.empty() ? PathToText(loaded->Path.filename()) : std::string();
@@ -185,17 +198,16 @@ void frmParams::ShowWordsState() {
       ListStateLabel(ShownKind(), file, SplitTypedEntries(ShownKind(), work_.TypedOf(ShownKind())).size())));
 }
 
-void frmParams::EnableClearButtons() {
+void WordListsPanel::EnableClearButtons() {
   const size_t kind = static_cast<size_t>(ShownKind());
   cmdClearWordsToIgnoreOrCount->setEnabled(!txbWordsToIgnoreOrCount[kind]->document()->isEmpty());
   cboWordsFile->setEnabled(cboWordsFile->count() > 0);
   cmdClearWordsFile->setEnabled(cboWordsFile->count() > 0);
-  cmdAskEverythingAgain->setEnabled(AnySilenced(host_.Outside().Store));
 }
 
 // ---- Languages
 
-void frmParams::cboCommonWordsLanguages_Click() {
+void WordListsPanel::cboCommonWordsLanguages_Click() {
   const int item = cboCommonWordsLanguages->currentIndex();
   const Desktop& outside = host_.Outside();
   bool load = false;
@@ -206,7 +218,7 @@ void frmParams::cboCommonWordsLanguages_Click() {
   if (load) AttemptToReadWords(ListKind::WordsToIgnore);
 }
 
-void frmParams::LoadCommonWordsOfEnglish() {
+void WordListsPanel::LoadCommonWordsOfEnglish() {
   const Desktop& outside = host_.Outside();
   work_.ChangeFiles(ChangedBy::Program, ListKind::WordsToIgnore, [&](WordFileList& files) {
     SetPathToCWDs_Eng(outside.ProgramFolder, files, outside.Messages);
@@ -216,13 +228,13 @@ void frmParams::LoadCommonWordsOfEnglish() {
 
 // ---- Loading
 
-void frmParams::AttemptToReadWords(ListKind kind) {
+void WordListsPanel::AttemptToReadWords(ListKind kind) {
   const WordListRequest request{
       .Kind = kind, .Path = PathFromText(work_.FilesOf(kind).SelectedPath()), .Rules = work_.Current().Words};
   host_.ReadWords(request, [this, kind](ReadWordList read) {
     work_.Load(kind, std::move(read.List));
     loadedLabels_[static_cast<size_t>(kind)] = read.StateLabel;
-    lblState->setText(ToQt(read.StateLabel));
+    Told(ToQt(read.StateLabel));
     ShowWordFiles();
     host_.SetWordsToIgnoreNotice();
   });
@@ -231,15 +243,15 @@ void frmParams::AttemptToReadWords(ListKind kind) {
 
 // ---- Typed words
 
-void frmParams::CheckAllowedExtraChars() {
+void WordListsPanel::CheckAllowedExtraChars() {
   for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly}) CheckAllowedExtraChars(kind);
 }
 
-void frmParams::CheckAllowedExtraChars(ListKind kind) {
+void WordListsPanel::CheckAllowedExtraChars(ListKind kind) {
   korv::CheckAllowedExtraChars(kind, work_.TypedOf(kind), work_.Current().Words, host_.Outside().Messages);
 }
 
-void frmParams::cmdClearWordsToIgnoreOrCount_Click() {
+void WordListsPanel::cmdClearWordsToIgnoreOrCount_Click() {
   QPlainTextEdit* box = txbWordsToIgnoreOrCount[static_cast<size_t>(ShownKind())];
   box->clear();
   box->setFocus();
