@@ -22,7 +22,7 @@ Answer AboutFile::Show(const Message& message) {
   if (path_.empty() || Names(message.Text, path_) || Names(message.Addition, path_))
     return messages_.Show(message);
   Message named = message;
-  if (!named.Addition.empty()) named.Addition += "\r\n";
+  if (!named.Addition.empty()) named.Addition += "\n";
   named.Addition += label_ + ": " + path_;
   return messages_.Show(named);
 }

@@ -178,7 +178,7 @@ class CountProgram {
     const int status = options_.ContextOf ? WriteContexts() : WriteReport(report);
     line_.Clear();
     if (status == kExitRefused || status == kExitUsage) return status;
-    if (!options_.Quiet) env_.Err << WithPlainLineEnds(SkippedFilesText(run_.Facts)) << std::flush;
+    if (!options_.Quiet) env_.Err << SkippedFilesText(run_.Facts) << std::flush;
     if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
     Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
     if (options_.Stages && !options_.Quiet) TellStages();
@@ -391,8 +391,7 @@ int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment&
   } catch (const std::bad_alloc&) {
     environment.Err << kName << ": Insufficient memory\n";
   } catch (const std::exception& error) {
-    environment.Err << kName << ": "
-                    << WithPlainLineEnds(UnexpectedErrorText("KorvCount", kErrorUnexpected, error.what()))
+    environment.Err << kName << ": " << UnexpectedErrorText("KorvCount", kErrorUnexpected, error.what())
                     << '\n';
   }
   return kExitRefused;

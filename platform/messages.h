@@ -25,7 +25,7 @@ class Question {
   std::string_view name_;
 };
 
-/// One message box. Texts are UTF-8 with CR LF line breaks. What a text is about stands in `Text`; the
+/// One message box. Texts are UTF-8 with LF between lines. What a text is about stands in `Text`; the
 /// members below `Question` add to it and may be left out without changing what Escape, Enter and a program
 /// without windows do.
 struct Message {

@@ -8,7 +8,7 @@ namespace korv {
 class ProgramText {
  public:
   virtual ~ProgramText() = default;
-  /// Text `number`, UTF-8 with CR LF line breaks; empty when there is none ("~" in the file).
+  /// Text `number`, UTF-8 with LF between lines; empty when there is none ("~" in the file).
   virtual std::string Get(int number) const = 0;
 };
 

@@ -29,14 +29,14 @@ int ErrorNumber(FileFault fault) {
 std::string UnexpectedErrorText(std::string_view place, int number, std::string_view description) {
   std::string text = "At ";
   text.append(place).append(" error #").append(NumberWithBlank(number));
-  return text.append(".\r\nDescription: ").append(description);
+  return text.append(".\nDescription: ").append(description);
 }
 
 std::string ListingAdvice(const ProgramText* texts) {
   std::string advice;
   if (texts == nullptr) return advice;
   for (int number = kFirstAdviceText; number <= kLastAdviceText; ++number)
-    if (const std::string line = texts->Get(number); !line.empty()) advice += "\r\n" + line;
+    if (const std::string line = texts->Get(number); !line.empty()) advice += "\n" + line;
   return advice;
 }
 

@@ -100,7 +100,7 @@ std::string FilterNoticeText(FilterMode mode, std::string_view filterText) {
       text += "all filter words as a subphrase";
       break;
   }
-  return text.append(") has been applied.\r\nFilter words: ").append(filterText).append("\r\n\r\n");
+  return text.append(") has been applied.\nFilter words: ").append(filterText).append("\n\n");
 }
 
 std::string NoMatchText(FilterMode mode, bool alphabetical, NoticePlace place) {

@@ -4,6 +4,7 @@
 #include <exception>
 #include <memory>
 
+#include "base/line_ends.h"
 #include "report/error_text.h"
 #include "report/listing_errors.h"
 #include "report/summary.h"
@@ -19,7 +20,7 @@ std::string Trimmed(const std::string& path) {
 
 void ShowFileError(const FileError& error, const FileListingServices& services) {
   if (error.Fault == FileFault::PermissionDenied) {
-    services.Dialogs.Show({.Text = "Perhaps the output file\r\nis in use by another application.",
+    services.Dialogs.Show({.Text = "Perhaps the output file\nis in use by another application.",
                            .Title = "Permission denied",
                            .Icon = Icon::Information});
     return;
@@ -83,7 +84,8 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
     if (result.Written && !stopped)
       services.Box->OutputToTxb(WrittenText(result.List.Phrases, PathToText(path), report.Numbers) + "\r\n");
     // The file has no room for what was not counted; the box has.
-    services.Box->OutputToTxb(SkippedFilesText(report.Facts) + NoticesText(report.Facts));
+    services.Box->OutputToTxb(
+        WithLineEnds(SkippedFilesText(report.Facts) + NoticesText(report.Facts), kCrLf));
     if (stopped)
       services.Box->OutputToTxb("\r\nOutput to file was terminated.\r\n" +
                                 StoppedFileText(result, report.Numbers));
@@ -105,8 +107,8 @@ std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always
     const std::filesystem::path target = PathFromText(path);
     if (!files_.FileExists(target) || (!always && WrittenBefore(target))) return path;
     const std::optional<std::string> answer = messages_.AskText(
-        "To overwrite the current output file click on 'OK'.\r\n"
-        "To write to a different file edit the filepath below.\r\n"
+        "To overwrite the current output file click on 'OK'.\n"
+        "To write to a different file edit the filepath below.\n"
         "To disable file output click on 'Cancel'.",
         "The output file exists.", path);
     if (!answer) return std::nullopt;
@@ -134,8 +136,8 @@ bool CanOpenOutputFile(const std::filesystem::path& path, FileSystem& files, Mes
   const auto file = files.OpenForWriting(path);
   if (file) return true;
   messages.Show({.Text = "Error: " + file.Error().Description +
-                         "\r\nIf the output file is open in Excel then it must first be closed"
-                         "\r\nor a different file should be specified as the output file.",
+                         "\nIf the output file is open in Excel then it must first be closed"
+                         "\nor a different file should be specified as the output file.",
                  .Title = "Error",
                  .Icon = Icon::Exclamation});
   return false;

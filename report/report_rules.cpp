@@ -27,7 +27,7 @@ bool ApplyReportRules(ReportOptions& options, TextSource source) {
 
 Message UnavailableFormatMessage(const std::string& formatName) {
   return {.Text = "The display format '" + formatName +
-                  "' is available\r\nonly when the source of the text is a folder.",
+                  "' is available\nonly when the source of the text is a folder.",
           .Title = "Unavailable display format",
           .Icon = Icon::Information};
 }

@@ -34,13 +34,13 @@ std::string WordsToIgnore(const RunSummary& facts) {
     case IgnoreRule::Remove:
       return " when words to ignore are excluded.";
     case IgnoreRule::ExcludeWith:
-      return "\r\nwhen phrases containing a word to ignore are excluded.";
+      return "\nwhen phrases containing a word to ignore are excluded.";
     case IgnoreRule::ExcludeAll:
-      return "\r\nwhen phrases consisting entirely of words to ignore are excluded.";
+      return "\nwhen phrases consisting entirely of words to ignore are excluded.";
     case IgnoreRule::Allow:
       break;
   }
-  return "\r\n(including phrases consisting entirely of words to ignore).";
+  return "\n(including phrases consisting entirely of words to ignore).";
 }
 
 std::string Suggestion(const RunSummary& facts) {
@@ -72,8 +72,8 @@ std::string SummaryText(const RunSummary& facts, uint32_t phrases, int longestWo
   text += phrases == 1 ? " occurs at least" : " occur at least";
   text += Times(options.MinFrequency) + WordsToIgnore(facts);
   if (options.MinWords != options.MaxWords && phrases >= kFewPhrases && longestWords >= 2)
-    text += "\r\nThe longest phrase has" + NumberWithBlank(longestWords) + " words.";
-  text += "\r\n\r\n";
+    text += "\nThe longest phrase has" + NumberWithBlank(longestWords) + " words.";
+  text += "\n\n";
   if (phrases == 0) text += Suggestion(facts);
   return text;
 }
@@ -86,8 +86,8 @@ std::string FilesScannedText(const RunSummary& facts, const NumberFormat& number
   text += " (in " + numbers.Grouped(static_cast<int64_t>(facts.FoldersScanned)) + " folder";
   if (facts.FoldersScanned > 1) text += "s";
   text += facts.FilesScanned == 1 ? ") was" : ") were";
-  text += " scanned.\r\n";
-  if (facts.Options.Stopped) text += "Counting was stopped and this list is incomplete.\r\n";
+  text += " scanned.\n";
+  if (facts.Options.Stopped) text += "Counting was stopped and this list is incomplete.\n";
   return text;
 }
 
@@ -100,7 +100,7 @@ std::string ProgressCountText(uint64_t files, uint64_t folders) {
 std::string NoResultText(const RunSummary& facts) {
   std::string text = "No phrases ";
   if (facts.MinCharacters > 0)
-    text += "with at least" + NumberWithBlank(facts.MinCharacters) + " characters\r\n";
+    text += "with at least" + NumberWithBlank(facts.MinCharacters) + " characters\n";
   return text + "satisfying the specified conditions were found.";
 }
 
@@ -108,16 +108,16 @@ std::string SkippedFilesText(const RunSummary& facts) {
   const size_t count = facts.SkippedFiles.size();
   if (count == 0) return "";
   std::string text = count == 1 ? "1 file was skipped:" : std::to_string(count) + " files were skipped:";
-  text += "\r\n";
+  text += "\n";
   const std::string folder = ShownPath(facts.InputPath);
   for (const SkippedFile& file : facts.SkippedFiles)
-    text += AbbreviatePath(file.Path, folder) + ": " + file.Reason + "\r\n";
+    text += AbbreviatePath(file.Path, folder) + ": " + file.Reason + "\n";
   return text;
 }
 
 std::string NoticesText(const RunSummary& facts) {
   std::string text;
-  for (const std::string& notice : facts.Notices) text += notice + "\r\n";
+  for (const std::string& notice : facts.Notices) text += notice + "\n";
   return text;
 }
 

@@ -98,7 +98,7 @@ void WarnOfCharacters(const WordList& list, const std::filesystem::path& path, L
     const std::string character = CheckForNonAlphaNumeric(entry, rules);
     if (character.empty()) continue;
     messages.Show({.Text = "The character '" + character + "' occurs in the " + std::string(NameOfOne(kind)) +
-                           "\r\n" + entry + "\r\nbut is not currently set as a character allowed in a word.",
+                           "\n" + entry + "\nbut is not currently set as a character allowed in a word.",
                    .Title = "Character not allowed",
                    .Icon = Icon::Exclamation,
                    .Addition = "File: " + PathToText(path)});
@@ -108,7 +108,7 @@ void WarnOfCharacters(const WordList& list, const std::filesystem::path& path, L
 
 void ReportReadError(Messages& messages, const std::filesystem::path& path, const std::string& description) {
   messages.Show(
-      {.Text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\r\nDescription: " + description,
+      {.Text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\nDescription: " + description,
        .Title = "Error",
        .Icon = Icon::Critical,
        .Addition = "File: " + PathToText(path)});

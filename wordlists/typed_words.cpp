@@ -132,7 +132,7 @@ bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRul
   if (!disallowed.empty()) {
     Refuse(messages,
            "The character '" + disallowed + "' occurs in some extra " + std::string(NameOfOne(kind)) +
-               "\r\nbut is not currently set as a character allowed in a word.",
+               "\nbut is not currently set as a character allowed in a word.",
            "Character not allowed");
     return false;
   }
@@ -149,7 +149,7 @@ bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRul
   }
   if (FindOutsideBrackets(text, [&](size_t at) { return text[at] == '^'; }) != std::string_view::npos) {
     messages.Show({.Text = std::string("Perhaps some ") + (ignoring ? "Word-to-ignore" : "count-only word") +
-                           " is a regular expression\r\nwithout angle brackets.",
+                           " is a regular expression\nwithout angle brackets.",
                    .Title = "Korv",
                    .Icon = Icon::Information});
     return false;

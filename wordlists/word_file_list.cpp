@@ -17,7 +17,7 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 void SayAlreadyPresent(Messages& messages, std::string_view path) {
-  messages.Show({.Text = std::string(path) + "\r\nis already in this list. If the file has changed\r\n"
+  messages.Show({.Text = std::string(path) + "\nis already in this list. If the file has changed\n"
                                              "select it from the drop-down list and reload it.",
                  .Title = "Already present",
                  .Icon = Icon::Information});

@@ -21,7 +21,7 @@ constexpr double kAdviceFromKilobytes = 51;
 
 bool LengthsAreValid(const RunOptions& options, Messages& messages) {
   if (options.MaxWords >= options.MinWords) return true;
-  messages.Show({.Text = "The maximum number of words in each phrase\r\n"
+  messages.Show({.Text = "The maximum number of words in each phrase\n"
                          "must not be less than the minimum number.",
                  .Title = "Invalid input",
                  .Icon = Icon::Exclamation});
@@ -153,7 +153,7 @@ class Run {
     if (!services_.Yielder.Stopped()) return true;
     run_.Interrupted = true;
     const Answer answer =
-        services_.Messages.Show({.Text = "The operation was stopped before all phrases were counted.\r\n"
+        services_.Messages.Show({.Text = "The operation was stopped before all phrases were counted.\n"
                                          "Do you wish to list those which were were found?",
                                  .Title = "Counting interrupted",
                                  .Icon = Icon::Question,
@@ -177,7 +177,7 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
   if (request.Options.MinFrequency == 1 && report.WordOrder == 0 && IsWorthAdvice(request, files) &&
       messages.Show({.Text = "If you are just interested in the most frequently occurring phrases then the "
                              "minimum number of occurrences should be set to at least 2, otherwise "
-                             "processing will take longer.\r\nDo you wish to reset it?",
+                             "processing will take longer.\nDo you wish to reset it?",
                      .Title = "Minimum frequency",
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,

@@ -8,13 +8,13 @@
 #include <stdexcept>
 
 #include "app/settings/questions.h"
+#include "base/line_ends.h"
 #include "base/utf8.h"
 
 namespace korv {
 
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kSignature = "\xEF\xBB\xBF";
 
 /// What stands for the one choice that is made, where each has a place of its own.
@@ -80,11 +80,11 @@ class RecordWriter {
     bytes_ += '"';
     bytes_ += text;
     bytes_ += '"';
-    bytes_ += kLineEnd;
+    bytes_ += kCrLf;
   }
   void Plain(int number) {
     bytes_ += std::to_string(number);
-    bytes_ += kLineEnd;
+    bytes_ += kCrLf;
   }
   void Fail(const char* why) {
     if (fault_.empty()) fault_ = why;
@@ -193,8 +193,8 @@ class RecordReader {
   // Past what separates two records.
   void PassDelimiter() {
     SkipBlanks();
-    if (rest_.starts_with(kLineEnd))
-      rest_.remove_prefix(kLineEnd.size());
+    if (rest_.starts_with(kCrLf))
+      rest_.remove_prefix(kCrLf.size());
     else if (!rest_.empty() && (rest_.front() == '\n' || rest_.front() == '\r' || rest_.front() == ','))
       rest_.remove_prefix(1);
     else if (!rest_.empty())
@@ -366,7 +366,7 @@ std::string LoadFailureText(const RestoreOutcome& outcome) {
 }
 
 bool AskToLoadWordFile(const std::string& path, Messages& messages) {
-  return messages.Show({.Text = "Do you wish to load the words-to-ignore file\r\n" + path + " ?",
+  return messages.Show({.Text = "Do you wish to load the words-to-ignore file\n" + path + " ?",
                         .Title = "Load file?",
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,

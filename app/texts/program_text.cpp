@@ -25,7 +25,7 @@ std::string WithLineBreaks(std::string_view text) {
   std::string result;
   for (size_t at = 0; at < text.size(); ++at) {
     if (text.substr(at, 2) == "\\n") {
-      result += "\r\n";
+      result += "\n";
       ++at;
     } else {
       result += text[at];

@@ -89,10 +89,10 @@ void frmHelp::BuildControls() {
 void frmHelp::ReadTexts(const ProgramText& text) {
   std::string help;
   for (int number = kFirstHelpText; number <= kLastHelpText; ++number) {
-    if (number > kFirstHelpText) help += "\r\n";
+    if (number > kFirstHelpText) help += "\n";
     const std::string section = text.Get(number);
-    const QString before = ToQtLines(help);
-    const QString lines = ToQtLines(section);
+    const QString before = ToQt(help);
+    const QString lines = ToQt(section);
     help += section;
     qsizetype heading = 0;
     while (heading < lines.size() && lines[heading] == u'\n') ++heading;
@@ -101,7 +101,7 @@ void frmHelp::ReadTexts(const ProgramText& text) {
     headings_.push_back(static_cast<int>(before.count(u'\n') + heading));
     lstContents->addItem(ContentsEntry(entry));
   }
-  txbHelpScreen->setPlainText(ToQtLines(help));
+  txbHelpScreen->setPlainText(ToQt(help));
   // As wide as its longest entry, with room for a frame and a margin on both sides.
   lstContents->setFixedWidth(lstContents->sizeHintForColumn(0) + 32);
   lstContents->setCurrentRow(0);

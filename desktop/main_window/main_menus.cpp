@@ -163,7 +163,7 @@ void MainMenus::FillRecent(QMenu* menu) {
 
 void MainMenus::ShowAbout() {
   desktop_.Messages.Show({.Text = "Korv " + FromQt(QApplication::applicationVersion()) +
-                                  "\r\n\r\nCounts the phrases of natural-language text.",
+                                  "\n\nCounts the phrases of natural-language text.",
                           .Title = "About Korv",
                           .Icon = Icon::Information});
 }

@@ -12,9 +12,9 @@ bool IsAddress(const std::string& target) {
 std::string Explanation(LaunchFault fault, const std::string& target) {
   switch (fault) {
     case LaunchFault::OutOfMemory:
-      return "\r\nOut of memory.\r\nPlease try once more.";
+      return "\nOut of memory.\nPlease try once more.";
     case LaunchFault::NoAssociation:
-      return "\r\nFile extension '" + FileExtension(target, false) +
+      return "\nFile extension '" + FileExtension(target, false) +
              "' is not associated with any application program.";
     case LaunchFault::None:
     case LaunchFault::Other:
@@ -35,7 +35,7 @@ bool OpenWithAssociatedProgram(Launcher& launcher, Messages& messages, const std
                    .Icon = Icon::Exclamation});
   } else {
     messages.Show({.Text = "Error when opening file " + target +
-                           ".\r\nPerhaps the file extension has no association." +
+                           ".\nPerhaps the file extension has no association." +
                            Explanation(result.Fault, target),
                    .Title = "Error",
                    .Icon = Icon::Exclamation});

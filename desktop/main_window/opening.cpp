@@ -50,8 +50,8 @@ void Opening::OpenTogether(const QStringList& paths) {
   if (together) {
     const bool onlyThese = !together->Patterns.empty();
     message.Addition =
-        (onlyThese ? "These files lie in one folder and can be counted together:\r\n"
-                   : "These files lie in one folder, which can be counted with all that it holds:\r\n") +
+        (onlyThese ? "These files lie in one folder and can be counted together:\n"
+                   : "These files lie in one folder, which can be counted with all that it holds:\n") +
         PathToText(together->Folder);
     message.ExtraButton = onlyThese ? "Count them &together" : "Choose the &folder";
   }

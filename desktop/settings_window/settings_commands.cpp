@@ -115,7 +115,7 @@ void SettingsCommands::cmdInitialize_Click() {
   if (host_.Outside().Messages.Show(
           {.Text =
                "This sets every option to its default, clears the extra words to ignore, the file patterns "
-               "and\r\nthe filter words, and saves all that.  Do you wish to go on?",
+               "and\nthe filter words, and saves all that.  Do you wish to go on?",
            .Title = "Reinitialize",
            .Icon = Icon::Question,
            .Buttons = Buttons::YesNo,

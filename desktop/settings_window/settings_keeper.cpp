@@ -13,7 +13,7 @@ bool SettingsKeeper::WouldBeMissed(const Settings& settings) const {
 
 SettingsKeeper::Wish SettingsKeeper::Ask(Messages& messages) {
   if (std::exchange(asked_, true)) return Wish::Forget;
-  switch (messages.Show({.Text = "You have changed settings that would be forgotten.\r\n"
+  switch (messages.Show({.Text = "You have changed settings that would be forgotten.\n"
                                  "Do you wish to keep them for the next start?",
                          .Title = "Quit",
                          .Icon = Icon::Question,

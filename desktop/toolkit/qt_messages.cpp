@@ -102,8 +102,8 @@ Answer AnswerOf(int pressed) {
 }
 
 QString TextOf(const Message& message) {
-  const QString text = ToQtLines(message.Text);
-  return message.Addition.empty() ? text : text + QStringLiteral("\n\n") + ToQtLines(message.Addition);
+  const QString text = ToQt(message.Text);
+  return message.Addition.empty() ? text : text + QStringLiteral("\n\n") + ToQt(message.Addition);
 }
 
 }  // namespace
@@ -146,7 +146,7 @@ std::optional<std::string> QtMessages::AskText(const std::string& prompt, const 
   box.setObjectName(QStringLiteral("inputBox"));
   box.setInputMode(QInputDialog::TextInput);
   box.setWindowTitle(TitleOr(title));
-  box.setLabelText(ToQtLines(prompt));
+  box.setLabelText(ToQt(prompt));
   box.setTextValue(ToQt(initial));
   // A path has to be readable in full while it is edited.
   box.resize(640, box.sizeHint().height());

@@ -11,7 +11,7 @@ inline QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The same for texts that are shown: CR LF becomes the toolkit's single line break.
+/// The same for texts with CR LF between lines, which becomes the toolkit's single line break.
 inline QString ToQtLines(std::string_view text) {
   QString shown = ToQt(text);
   shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));

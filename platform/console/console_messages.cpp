@@ -5,10 +5,10 @@ namespace korv {
 Answer ConsoleMessages::Show(const Message& message) {
   if (message.Buttons != Buttons::Ok) return answer_(message);
   // Some texts end in empty lines, to set them apart from what a window shows below.
-  std::string text = program_ + ": " + WithPlainLineEnds(message.Text);
+  std::string text = program_ + ": " + message.Text;
   text.erase(text.find_last_not_of('\n') + 1);
   text += '\n';
-  if (!message.Addition.empty()) text += WithPlainLineEnds(message.Addition) + "\n";
+  if (!message.Addition.empty()) text += message.Addition + "\n";
   if (when_ == When::AtOnce)
     Write(text);
   else

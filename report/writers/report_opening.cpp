@@ -1,5 +1,6 @@
 #include "report/writers/report_opening.h"
 
+#include "base/line_ends.h"
 #include "report/filter.h"
 #include "report/folder_paths.h"
 #include "report/formats.h"
@@ -12,10 +13,10 @@ namespace {
 std::string HeaderText(const RunSummary& facts) {
   switch (facts.Options.SourceKind) {
     case TextSource::SingleFile:
-      return facts.InputPath.empty() ? "" : "File: " + ShownPath(facts.InputPath) + "\r\n";
+      return facts.InputPath.empty() ? "" : "File: " + ShownPath(facts.InputPath) + "\n";
     case TextSource::Folder:
       return "Folder: " + ShownPath(facts.InputPath) +
-             (facts.IncludeSubfolders ? " plus any subfolders" : "") + "\r\n";
+             (facts.IncludeSubfolders ? " plus any subfolders" : "") + "\n";
     case TextSource::Clipboard:
       break;
   }
@@ -23,15 +24,7 @@ std::string HeaderText(const RunSummary& facts) {
 }
 
 std::string WithLineEnd(std::string text) {
-  if (!text.empty() && !text.ends_with("\r\n")) text += "\r\n";
-  return text;
-}
-
-std::string WithLineEndsOf(const ReportForm& form, std::string text) {
-  const std::string& lineEnd = form.LineEnd;
-  if (lineEnd == "\r\n") return text;
-  for (size_t at = text.find("\r\n"); at != text.npos; at = text.find("\r\n", at + lineEnd.size()))
-    text.replace(at, 2, lineEnd);
+  if (!text.empty() && !text.ends_with("\n")) text += "\n";
   return text;
 }
 
@@ -50,8 +43,8 @@ std::string OpeningText(const Report& report, const ReportForm& form, const List
   if (Filters(report.Options))
     text += FilterNoticeText(report.Options.FilterModeOfWords, report.Options.FilterText);
   if (ShowsPaths(FormatOf(report.Options.DisplayFormat)))
-    text += "{Folder} = " + ShownPath(report.Facts.InputPath) + "\r\n";
-  return WithLineEndsOf(form, std::move(text));
+    text += "{Folder} = " + ShownPath(report.Facts.InputPath) + "\n";
+  return WithLineEnds(text, form.LineEnd);
 }
 
 std::string EmptyReportText(const Report& report, const ReportForm& form) {
@@ -60,7 +53,7 @@ std::string EmptyReportText(const Report& report, const ReportForm& form) {
   if (form.File)
     said = HeaderText(report.Facts) + FilesScannedText(report.Facts, report.Numbers) +
            WithLineEnd(std::move(said));
-  return WithLineEndsOf(form, std::move(said));
+  return WithLineEnds(said, form.LineEnd);
 }
 
 }  // namespace korv

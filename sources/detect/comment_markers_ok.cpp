@@ -18,7 +18,7 @@ bool CommentMarkersOK(const WordRules& rules, Messages& messages) {
     });
     if (!couldBeWord) continue;
     messages.Show({.Text = "With the current settings the start-comment marker " + std::string(marker) +
-                           " could be part of a word.\r\n"
+                           " could be part of a word.\n"
                            "Check the the 'Settings' window and perhaps disallow comment "
                            "markers or restrict allowable characters in 'words'.",
                    .Title = "Error",

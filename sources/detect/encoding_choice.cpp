@@ -7,7 +7,7 @@ namespace korv {
 namespace {
 
 bool AskToReadAsUtf8(Messages& messages) {
-  return messages.Show({.Text = "This file appears to be UTF-8 text without a signature.\r\n"
+  return messages.Show({.Text = "This file appears to be UTF-8 text without a signature.\n"
                                 "Do you wish to read it as UTF-8?",
                         .Title = "Text encoding",
                         .Icon = Icon::Question,

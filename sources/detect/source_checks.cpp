@@ -149,8 +149,8 @@ void ShowOutputInFolder(Messages& messages) {
 
 bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow) {
   Message refusal{.Text =
-                      "When scanning multiple files or folders\r\n"
-                      "you must specify an output file in case\r\n"
+                      "When scanning multiple files or folders\n"
+                      "you must specify an output file in case\n"
                       "the text window will not hold the result.",
                   .Title = "Multiple files/folders",
                   .Icon = Icon::Exclamation};
@@ -174,9 +174,9 @@ bool CheckClipboardText(std::string_view text, Messages& messages, const NumberF
   if (length <= limit) return true;
   Complain(messages,
            "There are " + format.Grouped(length) +
-               " characters in the text on the clipboard.\r\nThe maximum permitted is " +
+               " characters in the text on the clipboard.\nThe maximum permitted is " +
                format.Grouped(limit) +
-               ".  If possible,\r\ncount word frequencies for this text using an input file.",
+               ".  If possible,\ncount word frequencies for this text using an input file.",
            "Too much clipboard text", Icon::None);
   return false;
 }
@@ -198,7 +198,7 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t char
   }
   if (letter && controls * 100 <= seen) return true;
   messages.Show({.Text = "The text on " + std::string(place) +
-                         " does not consist\r\n"
+                         " does not consist\n"
                          "solely of natural language words.",
                  .Title = "Invalid input",
                  .Icon = Icon::Exclamation,

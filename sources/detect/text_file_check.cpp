@@ -10,7 +10,7 @@ namespace korv {
 
 namespace {
 
-constexpr std::string_view kBreak = "\r\n";
+constexpr std::string_view kBreak = "\n";
 // Up to this size reading a text through another program is worth proposing.
 constexpr uint64_t kSmallEnoughToCopy = 102400;
 constexpr double kMostlyText = 9.0;
@@ -61,9 +61,9 @@ std::string CopyAdvice(double anomalyPercent, uint64_t size) {
 
 std::string NotTextText(std::string_view path, const TextFacts& facts, double threshold, uint64_t size) {
   std::string text = Text({path, kBreak, "is not an ANSI or UTF-8 encoded text file."});
-  if (facts.AnomalyPercent > threshold) text += "\r\nIt appears to be a binary file.";
+  if (facts.AnomalyPercent > threshold) text += "\nIt appears to be a binary file.";
   const std::string advice = CopyAdvice(facts.AnomalyPercent, size);
-  if (!advice.empty()) text += "\r\n\r\n" + advice;
+  if (!advice.empty()) text += "\n\n" + advice;
   return text;
 }
 
@@ -101,7 +101,7 @@ bool PassesUnixSize(TextFileCheck& check, const std::string& path, uint64_t size
   }
   const std::string title = "This is a Unix-style text file";
   const Answer answer =
-      check.Messages.Show({.Text = text + "\r\n\r\nDo you wish to continue processing this file?",
+      check.Messages.Show({.Text = text + "\n\nDo you wish to continue processing this file?",
                            .Title = title,
                            .Icon = Icon::Question,
                            .Buttons = Buttons::YesNo,
@@ -167,7 +167,7 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::
       message.Addition = ForeignKindAdvice(head);
       break;
     case TextFileCode::NotText:
-      message.Text = path + " is not a text file.\r\n\r\n";
+      message.Text = path + " is not a text file.\n\n";
       if (facts.AnomalyPercent > kRunThreshold) {
         message.Text +=
             Text({"This file contains a byte", NumberWithBlank(facts.FirstAnomalousByte), " at position",

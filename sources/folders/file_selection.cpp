@@ -66,7 +66,7 @@ bool ValidatePatterns(const FileSelection& selection, Messages& messages) {
 
 void WarnAboutDocPattern(std::string_view typed, Messages& messages) {
   if (!typed.ends_with(".doc") && typed.find(".doc,") == std::string_view::npos) return;
-  messages.Show({.Text = "This software does not process .doc files.  To process\r\n"
+  messages.Show({.Text = "This software does not process .doc files.  To process\n"
                          "Word .doc files they should first be converted to .docx files.",
                  .Title = "Match file patterns",
                  .Icon = Icon::Information});

@@ -60,7 +60,7 @@ Expected<ZipMember, ZipError> OpenMainPart(ZipArchive& archive) {
 }
 
 bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
-  return messages.Show({.Text = path + "\r\nis rather large.  It may take awhile to scan.\r\n"
+  return messages.Show({.Text = path + "\nis rather large.  It may take awhile to scan.\n"
                                        "Do you wish to continue?",
                         .Title = "Big file",
                         .Icon = Icon::Question,
@@ -70,7 +70,7 @@ bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
 }
 
 void AdviseToSaveAsText(Messages& messages) {
-  messages.Show({.Text = "You could try saving it as a text file\r\n"
+  messages.Show({.Text = "You could try saving it as a text file\n"
                          "and applying this program to that text file.",
                  .Title = "Big file"});
 }
@@ -232,19 +232,18 @@ Message DocxRefusal(DocxFault fault, const std::string& path) {
     case kDocxNoTemporaryFolder:
       return {.Text = "Unable to create temporary folder.", .Title = "Error", .Icon = Icon::Exclamation};
     case kDocxBadChecksum:
-      return {.Text = path + "\r\nInvalid checksum found when processing",
+      return {.Text = path + "\nInvalid checksum found when processing",
               .Title = "Error",
               .Icon = Icon::Exclamation};
     case kDocxTooLarge:
       return {.Text = path +
-                      "\r\nis too large (more than 20 Mb) to be scanned directly.\r\n\r\n"
-                      "You might be able to save it as a text file\r\n"
+                      "\nis too large (more than 20 Mb) to be scanned directly.\n\n"
+                      "You might be able to save it as a text file\n"
                       "and apply this program to that file.",
               .Title = "File too big",
               .Icon = Icon::Information};
     case kDocxNotUnpacked:
-      return {
-          .Text = path + "\r\nis not a readable .docx file.", .Title = "Error", .Icon = Icon::Exclamation};
+      return {.Text = path + "\nis not a readable .docx file.", .Title = "Error", .Icon = Icon::Exclamation};
     default:
       return {};
   }

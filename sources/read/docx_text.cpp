@@ -140,7 +140,7 @@ class RunReader {
 };
 
 bool StopConfirmed(const DocxContext& context) {
-  const Answer answer = context.Messages.Show({.Text = "Many different words have been found.\r\n"
+  const Answer answer = context.Messages.Show({.Text = "Many different words have been found.\n"
                                                        "Do you really wish to stop?",
                                                .Title = "Stop",
                                                .Icon = Icon::Question,

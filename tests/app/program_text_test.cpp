@@ -21,9 +21,9 @@ std::string FaultOf(const std::string& bytes) {
 
 TEST(ProgramTextFile, GivesTextsByNumber) {
   const auto texts = ProgramTextFile::Parse(
-      "\xEF\xBB\xBF# A comment.\r\n\r\n41\tFirst line\\nsecond \\ line\r\n42\t~\n43\tÄrger ~\n  \n44\t\t x");
+      "\xEF\xBB\xBF# A comment.\n\n41\tFirst line\\nsecond \\ line\n42\t~\n43\tÄrger ~\n  \n44\t\t x");
   ASSERT_TRUE(texts);
-  EXPECT_EQ(texts->Get(41), "First line\r\nsecond \\ line");
+  EXPECT_EQ(texts->Get(41), "First line\nsecond \\ line");
   EXPECT_EQ(texts->Get(42), "");
   EXPECT_EQ(texts->Get(43), "Ärger ~");
   EXPECT_EQ(texts->Get(44), "\t x");

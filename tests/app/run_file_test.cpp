@@ -92,7 +92,7 @@ TEST(RunCount, RefusesAFileThatCannotBeCountedOnceAndLeavesNoSizes) {
         {"/none.txt", "", "Input file does not exist.", "File not found"},
         {"/empty.txt", "", "Input file is zero-length.", "Error"},
         {"/a.txt", "/A.TXT", "The output file cannot be the same as the input file.", "Error"},
-        {"/tiny.txt", "", "File /tiny.txt\r\ncontains only from 1 to 4 bytes.", "Invalid input file"},
+        {"/tiny.txt", "", "File /tiny.txt\ncontains only from 1 to 4 bytes.", "Invalid input file"},
         {"/locked.txt", "", "This file cannot be opened.", "Invalid input file"}}) {
     RunWorld world;
     world.Files.Add("/a.txt", kText);
@@ -393,7 +393,7 @@ TEST(RunCount, ShowsWhatNobodyForesaw) {
     };
     EXPECT_EQ(world.Count(), RunEnd::Failed);
     EXPECT_EQ(world.Messages.Only().Text,
-              memory ? "Insufficient memory" : "At RunCount error # 5.\r\nDescription: surprise");
+              memory ? "Insufficient memory" : "At RunCount error # 5.\nDescription: surprise");
   }
 }
 

@@ -32,7 +32,7 @@ TEST(AskBeforeCounting, RefusesAMaximumBelowTheMinimum) {
   world.UseLengths(5, 4, 1);
   EXPECT_FALSE(Ask(world).Starts);
   EXPECT_EQ(world.Messages.Only().Text,
-            "The maximum number of words in each phrase\r\nmust not be less than the minimum number.");
+            "The maximum number of words in each phrase\nmust not be less than the minimum number.");
   EXPECT_EQ(world.Messages.Only().Title, "Invalid input");
   EXPECT_EQ(world.Messages.Only().Icon, Icon::Exclamation);
 }
@@ -75,7 +75,7 @@ TEST(AskBeforeCounting, AdvisesAgainstAMinimumFrequencyOfOne) {
         EXPECT_EQ(world.Messages.Only().Text,
                   "If you are just interested in the most frequently occurring phrases then the minimum "
                   "number of occurrences should be set to at least 2, otherwise processing will take "
-                  "longer.\r\nDo you wish to reset it?");
+                  "longer.\nDo you wish to reset it?");
         EXPECT_EQ(world.Messages.Only().Buttons, Buttons::YesNo);
       }
     }
@@ -148,7 +148,7 @@ TEST(RunCount, AStopAtAnyMomentAsksOnceAndListsWhatWasRead) {
     if (world.Yielder.Stopped()) continue;  // The very last call: nothing was left to stop.
     EXPECT_TRUE(world.Run.Interrupted);
     EXPECT_EQ(world.Messages.Only().Text,
-              "The operation was stopped before all phrases were counted.\r\n"
+              "The operation was stopped before all phrases were counted.\n"
               "Do you wish to list those which were were found?");
     EXPECT_EQ(world.Messages.Only().Title, "Counting interrupted");
   }

@@ -28,16 +28,15 @@ TEST(RunCount, RefusesClipboardsThatAreNoText) {
     const char* Message;
     const char* Title;
   };
-  const char* noWords = "The text on the clipboard does not consist\r\nsolely of natural language words.";
-  for (const Case& c :
-       {Case{"", "There is no text on the clipboard.", "Invalid input"},
-        {"12 34 ...", noWords, "Invalid input"},
-        {std::string("words ") + std::string(10, '\x01'), noWords, "Invalid input"},
-        {std::string(100001, 'a'),
-         "There are 100,001 characters in the text on the clipboard.\r\nThe maximum permitted "
-         "is 100,000.  If possible,\r\ncount word frequencies for this text using an input "
-         "file.",
-         "Too much clipboard text"}}) {
+  const char* noWords = "The text on the clipboard does not consist\nsolely of natural language words.";
+  for (const Case& c : {Case{"", "There is no text on the clipboard.", "Invalid input"},
+                        {"12 34 ...", noWords, "Invalid input"},
+                        {std::string("words ") + std::string(10, '\x01'), noWords, "Invalid input"},
+                        {std::string(100001, 'a'),
+                         "There are 100,001 characters in the text on the clipboard.\nThe maximum permitted "
+                         "is 100,000.  If possible,\ncount word frequencies for this text using an input "
+                         "file.",
+                         "Too much clipboard text"}}) {
     RunWorld world;
     world.UseClipboard(c.Text);
     EXPECT_EQ(world.Count(), RunEnd::Refused);

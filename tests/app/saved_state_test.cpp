@@ -521,7 +521,7 @@ TEST(AskToLoadWordFile, NamesTheFile) {
   FakeMessages messages;
   messages.WillAnswer(questions::kLoadWordFile, Answer::No);
   EXPECT_FALSE(AskToLoadWordFile("/lists/one.txt", messages));
-  EXPECT_EQ(messages.Only().Text, "Do you wish to load the words-to-ignore file\r\n/lists/one.txt ?");
+  EXPECT_EQ(messages.Only().Text, "Do you wish to load the words-to-ignore file\n/lists/one.txt ?");
   EXPECT_EQ(messages.Only().Title, "Load file?");
   EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
 }

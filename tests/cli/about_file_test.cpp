@@ -19,11 +19,11 @@ TEST(AboutFile, AddsThePathWhereTheMessageDoesNotNameIt) {
   };
   const Case cases[] = {
       {"a text without it", "It cannot be opened.", "", "a.txt", "File: a.txt"},
-      {"below what is added already", "It is refused.", "Unpack it.", "a.txt", "Unpack it.\r\nFile: a.txt"},
+      {"below what is added already", "It is refused.", "Unpack it.", "a.txt", "Unpack it.\nFile: a.txt"},
       {"a text that begins with it", "a.txt is refused.", "", "a.txt", ""},
       {"one that ends with it", "There is no a.txt", "", "a.txt", ""},
       {"before a full stop", "There is no a.txt.", "", "a.txt", ""},
-      {"on a line of its own", "File a.txt\r\nis an RTF file.", "", "a.txt", ""},
+      {"on a line of its own", "File a.txt\nis an RTF file.", "", "a.txt", ""},
       {"quoted", "There is no 'a.txt'", "", "a.txt", ""},
       {"named below the text", "It is refused.", "File: a.txt", "a.txt", "File: a.txt"},
       {"a short name within a word", "Is a directory", "", "d", "File: d"},

@@ -41,7 +41,7 @@ TEST_F(Help, ShowsItsTextsOnePerLineAndHidesAgain) {
   EXPECT_EQ(help->windowTitle().toStdString(), "Korv help");
   std::string expected;
   for (int number = 364; number <= 369; ++number) {
-    expected += (number == 364 ? "" : "\r\n") + main->Texts().Get(number);
+    expected += (number == 364 ? "" : "\n") + main->Texts().Get(number);
   }
   std::erase(expected, '\r');
   EXPECT_EQ(help->txbHelpScreen->toPlainText().toStdString(), expected);

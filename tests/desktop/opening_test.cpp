@@ -158,7 +158,7 @@ TEST_F(Opening, CountsSeveralFilesOfOneFolderTogether) {
   EXPECT_EQ(messages.Only().Text, "Please open one file or one folder at a time.");
   EXPECT_EQ(messages.Only().Title, "Several files");
   EXPECT_EQ(messages.Only().Addition,
-            "These files lie in one folder and can be counted together:\r\n" + PathOf("texts"));
+            "These files lie in one folder and can be counted together:\n" + PathOf("texts"));
   EXPECT_EQ(messages.Only().Buttons, Buttons::Ok);
   EXPECT_EQ(messages.Only().ExtraButton, "Count them &together");
   EXPECT_EQ(TextOf("txbFolder"), "") << "nothing is taken unless that is wanted";
@@ -184,7 +184,7 @@ TEST_F(Opening, OffersTheFolderOfFilesWhoseNamesAreNoPatterns) {
   Open({a, b});
   EXPECT_EQ(
       messages.Only().Addition,
-      "These files lie in one folder, which can be counted with all that it holds:\r\n" + PathOf("texts"));
+      "These files lie in one folder, which can be counted with all that it holds:\n" + PathOf("texts"));
   EXPECT_EQ(messages.Only().ExtraButton, "Choose the &folder");
   EXPECT_TRUE(Checked("optFolder"));
   EXPECT_EQ(TextOf("txbFolder"), PathOf("texts"));

@@ -111,7 +111,7 @@ TEST_F(Reports, RefuseAFolderFormatForAnotherSource) {
   EXPECT_THAT(
       WindowTest::Shown(),
       ElementsAre("Unavailable display format | The display format '#11: Phrase, files that contain it' is "
-                  "available\r\nonly when the source of the text is a folder."));
+                  "available\nonly when the source of the text is a folder."));
   EXPECT_EQ(ItemOf("cboDisplayFormat"), 0);
 }
 
@@ -300,8 +300,8 @@ TEST_F(Reports, ReplaceAFileWhenThePromptSaysSo) {
   ASSERT_EQ(messages.InputBoxes.size(), 1U);
   EXPECT_EQ(messages.InputBoxes[0].Title, "The output file exists.");
   EXPECT_EQ(messages.InputBoxes[0].Prompt,
-            "To overwrite the current output file click on 'OK'.\r\nTo write to a different file edit the "
-            "filepath below.\r\nTo disable file output click on 'Cancel'.");
+            "To overwrite the current output file click on 'OK'.\nTo write to a different file edit the "
+            "filepath below.\nTo disable file output click on 'Cancel'.");
   EXPECT_EQ(messages.InputBoxes[0].Initial, PathOf("out.txt"));
   EXPECT_THAT(ReadFile(PathOf("out.txt")), testing::StartsWith("File: "));
   // What the program wrote itself it may replace, unless it is to warn every time.
@@ -382,8 +382,8 @@ TEST_F(Reports, SayWhenTheOutputFileCannotBeWritten) {
   disk.Refuse("/out/report.txt", FileFault::PermissionDenied);
   Type("txbFile_1", "/out/report.txt");
   const char* const refusal =
-      "Error | Error: Permission denied\r\nIf the output file is open in Excel then it must first be "
-      "closed\r\n"
+      "Error | Error: Permission denied\nIf the output file is open in Excel then it must first be "
+      "closed\n"
       "or a different file should be specified as the output file.";
   // Before anything is read: the input file is not even looked for.
   Type("txbFile_0", "/nowhere.txt");
@@ -403,9 +403,9 @@ TEST_F(Reports, NameTheListingThatFailedUnforeseen) {
   OpenWithEveryTurn();
   CountText();
   const char* const advice =
-      "The phrases that were counted are still there.\r\nYou could list them once more, perhaps with an "
+      "The phrases that were counted are still there.\nYou could list them once more, perhaps with an "
       "output "
-      "file in another folder,\r\nor with another display format.\r\nIf the error comes back please quit the "
+      "file in another folder,\nor with another display format.\nIf the error comes back please quit the "
       "program and start it again.";
   for (const bool toFile : {false, true}) {
     Type("txbFile_1", toFile ? PathOf("out.txt") : "");
@@ -413,7 +413,7 @@ TEST_F(Reports, NameTheListingThatFailedUnforeseen) {
       AtTheNextTurn([] { throw std::runtime_error("a surprise"); });
       Choose("cboWordOrder", order);
       EXPECT_THAT(WindowTest::Shown(), ElementsAre(std::string("Error | At ") + name +
-                                                   " error # 5.\r\nDescription: a surprise\r\n" + advice));
+                                                   " error # 5.\nDescription: a surprise\n" + advice));
       AtTheNextTurn([] { throw std::bad_alloc(); });
       Click("chkDisplayRelativeFrequency");
       EXPECT_THAT(WindowTest::Shown(), ElementsAre("Error | Insufficient memory"));

@@ -564,11 +564,10 @@ TEST_F(Result, OfAFileHasLinksToTheFileAndItsFolder) {
   launcher.Result.Fault = LaunchFault::NoAssociation;
   messages.Forget();
   Take("Written", "OpenFile");
-  EXPECT_THAT(
-      WindowTest::Shown(),
-      ElementsAre("Error | Error when opening file " + PathOf("out.txt") +
-                  ".\r\nPerhaps the file extension has no association.\r\nFile extension 'txt' is not "
-                  "associated with any application program."));
+  EXPECT_THAT(WindowTest::Shown(),
+              ElementsAre("Error | Error when opening file " + PathOf("out.txt") +
+                          ".\nPerhaps the file extension has no association.\nFile extension 'txt' is not "
+                          "associated with any application program."));
 }
 
 TEST_F(Result, IsMarkedUntilTheOutputFileHoldsIt) {
@@ -701,7 +700,7 @@ TEST_F(Result, OfSeveralFilesMayBeShownInTheWindowOnly) {
   EXPECT_FALSE(main->Result().HasResult());
   ASSERT_EQ(messages.Shown.size(), 1U);
   EXPECT_EQ(messages.Shown[0].Text,
-            "When scanning multiple files or folders\r\nyou must specify an output file in case\r\nthe text "
+            "When scanning multiple files or folders\nyou must specify an output file in case\nthe text "
             "window will not hold the result.");
   EXPECT_EQ(messages.Shown[0].Title, "Multiple files/folders");
   EXPECT_EQ(messages.Shown[0].Buttons, Buttons::Ok);

@@ -66,9 +66,8 @@ TEST_F(Runs, RefuseLengthsThatContradictEachOther) {
   Choose("cboPhraseLength_0", 5);
   Choose("cboPhraseLength_1", 4);
   Count();
-  EXPECT_THAT(WindowTest::Shown(),
-              ElementsAre("Invalid input | The maximum number of words in each phrase\r\n"
-                          "must not be less than the minimum number."));
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("Invalid input | The maximum number of words in each phrase\n"
+                                               "must not be less than the minimum number."));
   EXPECT_FALSE(main->Result().HasResult());
   Choose("cboPhraseLength_1", 5);
   Count();
@@ -353,7 +352,7 @@ TEST_F(Runs, ListWhatWasFoundBeforeAStop) {
   EXPECT_THAT(
       WindowTest::Shown(),
       testing::Contains("Counting interrupted | The operation was stopped before all phrases were counted."
-                        "\r\nDo you wish to list those which were were found?"));
+                        "\nDo you wish to list those which were were found?"));
   EXPECT_TRUE(main->Result().HasResult());
   EXPECT_THAT(Output(), testing::StartsWith("There "));
 }
@@ -451,7 +450,7 @@ TEST_F(Runs, LeaveTheWindowUsableAfterAnErrorThatNobodyForesaw) {
       Guarded(messages, "cmdFile_Click", [] { throw std::runtime_error("the disk is on fire"); });
   handler();
   EXPECT_THAT(WindowTest::Shown(),
-              ElementsAre(HasSubstr("At cmdFile_Click error # 5.\r\nDescription: the disk is on fire")));
+              ElementsAre(HasSubstr("At cmdFile_Click error # 5.\nDescription: the disk is on fire")));
   const auto hungry = Guarded(messages, "cmdFile_Click", [] { throw std::bad_alloc(); });
   hungry();
   EXPECT_THAT(WindowTest::Shown(), ElementsAre(HasSubstr("Insufficient memory")));

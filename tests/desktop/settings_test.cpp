@@ -194,10 +194,9 @@ TEST_F(SettingsWindow, AsksBeforeItReinitializes) {
   Click("cmdInitialize");
   const Message question = messages.Only();
   EXPECT_EQ(question.Title, "Reinitialize");
-  EXPECT_EQ(
-      question.Text,
-      "This sets every option to its default, clears the extra words to ignore, the file patterns and\r\n"
-      "the filter words, and saves all that.  Do you wish to go on?");
+  EXPECT_EQ(question.Text,
+            "This sets every option to its default, clears the extra words to ignore, the file patterns and\n"
+            "the filter words, and saves all that.  Do you wish to go on?");
   EXPECT_EQ(question.Buttons, Buttons::YesNo);
   EXPECT_EQ(question.DefaultAnswer, Answer::Yes);
   const SilenceRule* rule = RuleFor(SilenceRules(), question.Question);
@@ -714,9 +713,8 @@ TEST_F(SettingsWindow, AsksForTheListOfLoadedSettings) {
   messages.WillAnswer(questions::kLoadWordFile, Answer::No);
   dialogs.WillChoose(PathOf("mine.korv"));
   Click("cmdSaveLoadState_0");
-  EXPECT_THAT(WindowTest::Shown(),
-              ElementsAre("Load file? | Do you wish to load the words-to-ignore file\r\n" +
-                          PathOf("list.txt") + " ?"));
+  EXPECT_THAT(WindowTest::Shown(), ElementsAre("Load file? | Do you wish to load the words-to-ignore file\n" +
+                                               PathOf("list.txt") + " ?"));
   EXPECT_EQ(TextOf("lblWordsState"), "The list is empty: no word is ignored.");
 }
 

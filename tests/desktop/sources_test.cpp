@@ -204,7 +204,7 @@ TEST_F(Sources, AskAboutUtf8WithoutASignatureOncePerPath) {
   UseFile("Der Bär mag süße Äpfel. Der Bär mag süße Äpfel.");
   messages.WillAnswer(questions::kTextEncoding, Answer::Yes);
   EXPECT_THAT(Refusal(),
-              ElementsAre("Text encoding | This file appears to be UTF-8 text without a signature.\r\n"
+              ElementsAre("Text encoding | This file appears to be UTF-8 text without a signature.\n"
                           "Do you wish to read it as UTF-8?"));
   EXPECT_THAT(Output(), HasSubstr("der bär mag süße äpfel"));
   EXPECT_THAT(Refusal(), IsEmpty());
@@ -216,7 +216,7 @@ TEST_F(Sources, RefuseAClipboardWithoutWords) {
   Click("optOnClipboard");
   EXPECT_THAT(Refusal(), ElementsAre("Invalid input | There is no text on the clipboard."));
   clipboard.Content = "1 2 3";
-  EXPECT_THAT(Refusal(), ElementsAre("Invalid input | The text on the clipboard does not consist\r\n"
+  EXPECT_THAT(Refusal(), ElementsAre("Invalid input | The text on the clipboard does not consist\n"
                                      "solely of natural language words."));
 }
 
@@ -228,7 +228,7 @@ TEST_F(Sources, TakeAHundredThousandCharactersFromTheClipboardAndNoMore) {
   clipboard.Content += "s";
   EXPECT_THAT(Refusal(),
               ElementsAre("Too much clipboard text | There are 100,001 characters in the text on the "
-                          "clipboard.\r\nThe maximum permitted is 100,000.  If possible,\r\ncount word "
+                          "clipboard.\nThe maximum permitted is 100,000.  If possible,\ncount word "
                           "frequencies for this text using an input file."));
 }
 
@@ -266,8 +266,8 @@ TEST_F(Sources, NeedAnOutputFileForSeveralFiles) {
   WriteFile("texts/b.txt", kText);
   Click("optFolder");
   Type("txbFolder", PathOf("texts"));
-  EXPECT_THAT(Refusal(), ElementsAre("Multiple files/folders | When scanning multiple files or folders\r\n"
-                                     "you must specify an output file in case\r\nthe text window will not "
+  EXPECT_THAT(Refusal(), ElementsAre("Multiple files/folders | When scanning multiple files or folders\n"
+                                     "you must specify an output file in case\nthe text window will not "
                                      "hold the result."));
 }
 
@@ -293,7 +293,7 @@ TEST_F(Sources, RewriteAndCheckPatternsWhenTheBoxIsLeft) {
               ElementsAre("Invalid input | File pattern 'a~b' contains an invalid character."));
   Type("txbFileFilepathSpecifications_0", "*.doc");
   EXPECT_THAT(WindowTest::Shown(),
-              ElementsAre("Match file patterns | This software does not process .doc files.  To process\r\n"
+              ElementsAre("Match file patterns | This software does not process .doc files.  To process\n"
                           "Word .doc files they should first be converted to .docx files."));
   Type("txbFileFilepathSpecifications_0", "*.doc *.txt");
   EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "*.doc, *.txt");

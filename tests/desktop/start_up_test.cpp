@@ -77,7 +77,7 @@ TEST_F(StartUp, SelectsLongWordsOfFortyBeforeAnyStateIsRestored) {
 TEST_F(StartUp, OffersTheCommonWordsOfEnglishAndLoadsThem) {
   ASSERT_TRUE(StartShowing(Answer::Yes));
   EXPECT_NE(RuleFor(SilenceRules(), messages.Only().Question), nullptr);
-  EXPECT_THAT(Shown(), ElementsAre("Words to ignore | No file of words to ignore has been specified.\r\n\r\n"
+  EXPECT_THAT(Shown(), ElementsAre("Words to ignore | No file of words to ignore has been specified.\n\n"
                                    "Do you wish to ignore the most common words of English?"));
   EXPECT_EQ(ItemOf("cboCommonWordsLanguages"), 0);
   EXPECT_THAT(TextOf("cboWordsFile"), testing::EndsWith("cwds_en.txt"));
@@ -411,7 +411,7 @@ TEST_F(Quitting, AsksWhetherChangedSettingsAreToBeKept) {
   ASSERT_EQ(messages.Shown.size(), 1U);
   const Message& asked = messages.Shown[0];
   EXPECT_EQ(asked.Text,
-            "You have changed settings that would be forgotten.\r\n"
+            "You have changed settings that would be forgotten.\n"
             "Do you wish to keep them for the next start?");
   EXPECT_EQ(asked.Title, "Quit");
   EXPECT_EQ(asked.Question, questions::kKeepSettings);

@@ -75,7 +75,7 @@ TEST_F(QtMessageBoxes, ShowTextTitleAndIconAndReturnTheAnswer) {
       EXPECT_EQ(box->icon(), QMessageBox::Warning);
       box->button(c.Pressed)->click();
     });
-    EXPECT_EQ(messages.Show({.Text = "Two\r\nlines & <b>no mark-up</b>",
+    EXPECT_EQ(messages.Show({.Text = "Two\nlines & <b>no mark-up</b>",
                              .Title = "The title",
                              .Icon = Icon::Exclamation,
                              .Buttons = c.Buttons,
@@ -105,7 +105,7 @@ TEST_F(QtMessageBoxes, OfferATextForEditing) {
       box->setTextValue(QStringLiteral("/after"));
       accepted ? box->accept() : box->reject();
     });
-    const auto answer = messages.AskText("Two\r\nlines", "The title", "/before");
+    const auto answer = messages.AskText("Two\nlines", "The title", "/before");
     EXPECT_EQ(answer, accepted ? std::optional<std::string>("/after") : std::nullopt);
   }
 }
@@ -404,12 +404,12 @@ TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
       {"/a.xyz",
        {LaunchFault::NoAssociation, 31},
        "Error",
-       "Error when opening file /a.xyz.\r\nPerhaps the file extension has no association.\r\nFile extension "
+       "Error when opening file /a.xyz.\nPerhaps the file extension has no association.\nFile extension "
        "'xyz' is not associated with any application program."},
       {"https://example.org",
        {LaunchFault::OutOfMemory, 8},
        "Cannot launch web browser",
-       "Error launching web browser, error code = 8.\r\nOut of memory.\r\nPlease try once more."},
+       "Error launching web browser, error code = 8.\nOut of memory.\nPlease try once more."},
       {"http://example.org",
        {LaunchFault::Other, 5},
        "Cannot launch web browser",

@@ -78,8 +78,8 @@ TEST_F(Words, AreNotListedTwice) {
   AddFile("list.txt", "the of and");
   const auto shown = WindowTest::Shown();
   ASSERT_EQ(shown.size(), 1U);
-  EXPECT_THAT(shown[0], testing::StartsWith("Already present | " + PathOf("list.txt") +
-                                            "\r\nis already in this list. "));
+  EXPECT_THAT(shown[0],
+              testing::StartsWith("Already present | " + PathOf("list.txt") + "\nis already in this list. "));
   EXPECT_EQ(TextOf("cmdSelectWordsFile"), "Words-to-ignore files (1)");
 }
 
@@ -167,9 +167,9 @@ TEST_F(Words, TypedByTheUserAreChecked) {
   const std::pair<const char*, const char*> cases[] = {
       {"one, two", "Words-to-ignore must be separated by a space, not by a comma."},
       {"a@b",
-       "The character '@' occurs in some extra word-to-ignore\r\nbut is not currently set as a character "
+       "The character '@' occurs in some extra word-to-ignore\nbut is not currently set as a character "
        "allowed in a word."},
-      {"^the", "Perhaps some Word-to-ignore is a regular expression\r\nwithout angle brackets."},
+      {"^the", "Perhaps some Word-to-ignore is a regular expression\nwithout angle brackets."},
   };
   for (const auto& [typed, text] : cases) {
     Type("txbWordsToIgnoreOrCount_0", typed);
@@ -374,7 +374,7 @@ TEST_F(Words, FreeTheWindowWhenReadingThemFailsUnforeseen) {
   AtTheNextTurn([] { throw std::runtime_error("a torn page"); });
   AddFile("list.txt", "the of\nand");
   EXPECT_THAT(WindowTest::Shown(),
-              ElementsAre(HasSubstr("At cmdSelectWordsFile_Click error # 5.\r\nDescription: a torn page")));
+              ElementsAre(HasSubstr("At cmdSelectWordsFile_Click error # 5.\nDescription: a torn page")));
   EXPECT_EQ(TextOf("cmdCountPhrases"), "Count phrases");
   for (const char* name : kRestWhileReading) EXPECT_TRUE(Enabled(name)) << name;
   Choose("cboDisplayFormat", 8);

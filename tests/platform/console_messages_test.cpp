@@ -16,7 +16,7 @@ Answer AnswerByDefault(const Message& message) {
 TEST(ConsoleMessages, SayAnAdditionBelowTheText) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce, AnswerByDefault);
-  messages.Show({.Text = "Two\r\nlines", .Title = "Title", .Addition = "and\r\none more"});
+  messages.Show({.Text = "Two\nlines", .Title = "Title", .Addition = "and\none more"});
   EXPECT_EQ(stream.str(), "korv-count: Two\nlines\nand\none more\n");
 }
 
@@ -33,8 +33,8 @@ TEST(ConsoleMessages, AnswerQuestionsWithoutShowingThem) {
 TEST(ConsoleMessages, LeaveNoEmptyLinesBehindAText) {
   std::ostringstream stream;
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce, AnswerByDefault);
-  messages.Show({.Text = "One\r\n\r\ntwo\r\n\r\n", .Title = "Title", .Addition = "more"});
-  messages.Show({.Text = "Three\r\n", .Title = "Title"});
+  messages.Show({.Text = "One\n\ntwo\n\n", .Title = "Title", .Addition = "more"});
+  messages.Show({.Text = "Three\n", .Title = "Title"});
   EXPECT_EQ(stream.str(), "korv-count: One\n\ntwo\nmore\nkorv-count: Three\n");
 }
 

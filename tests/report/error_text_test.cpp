@@ -14,13 +14,13 @@ class AdviceTexts final : public ProgramText {
 
 TEST(UnexpectedError, NamesPlaceNumberAndDescription) {
   EXPECT_EQ(UnexpectedErrorText("ListWords", 57, "Input/output error"),
-            "At ListWords error # 57.\r\nDescription: Input/output error");
+            "At ListWords error # 57.\nDescription: Input/output error");
 }
 
 TEST(ListingAdvice, IsTheProgramsTextsThatThereAre) {
   EXPECT_EQ(ListingAdvice(nullptr), "");
   const AdviceTexts texts;
-  EXPECT_EQ(ListingAdvice(&texts), "\r\nAdvice 92\r\nAdvice 94\r\nAdvice 95\r\nAdvice 96");
+  EXPECT_EQ(ListingAdvice(&texts), "\nAdvice 92\nAdvice 94\nAdvice 95\nAdvice 96");
 }
 
 TEST(ErrorNumber, TellsDeniedPermissionFromTheRest) {

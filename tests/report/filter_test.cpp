@@ -110,13 +110,13 @@ TEST(PhraseFilter, ShorterPhrasesLeaveNothingBehindForTheNext) {
 
 TEST(FilterNotice, NamesModeAndWords) {
   EXPECT_EQ(FilterNoticeText(kAll, "the cat"),
-            "Phrase filtering (all filter words) has been applied.\r\nFilter words: the cat\r\n\r\n");
+            "Phrase filtering (all filter words) has been applied.\nFilter words: the cat\n\n");
   EXPECT_EQ(FilterNoticeText(kOrdered, "the cat"),
-            "Phrase filtering (all filter words in same order) has been applied.\r\n"
-            "Filter words: the cat\r\n\r\n");
+            "Phrase filtering (all filter words in same order) has been applied.\n"
+            "Filter words: the cat\n\n");
   EXPECT_EQ(FilterNoticeText(kSubphrase, "the cat"),
-            "Phrase filtering (all filter words as a subphrase) has been applied.\r\n"
-            "Filter words: the cat\r\n\r\n");
+            "Phrase filtering (all filter words as a subphrase) has been applied.\n"
+            "Filter words: the cat\n\n");
 }
 
 TEST(NoMatch, SaysSoByModeOrderAndPlace) {

@@ -102,7 +102,7 @@ TEST_F(FileListing, WhateverCallFailsTheOldFileStays) {
     EXPECT_FALSE(result.Written);
     EXPECT_EQ(Files.Content("/out/report.txt"), "what was there");
     EXPECT_EQ(Messages.Only().Text,
-              "At ListWords error # 61.\r\nDescription: Input/output error\r\nStart again.");
+              "At ListWords error # 61.\nDescription: Input/output error\nStart again.");
     EXPECT_EQ(Messages.Only().Icon, Icon::Critical);
   }
 }
@@ -111,7 +111,7 @@ TEST_F(FileListing, DeniedPermissionHasItsOwnMessage) {
   Files.Add("/out/report.txt", "what was there");
   Files.Refuse("/out/report.txt", FileFault::PermissionDenied);
   EXPECT_FALSE(List("/out/report.txt").Written);
-  EXPECT_EQ(Messages.Only().Text, "Perhaps the output file\r\nis in use by another application.");
+  EXPECT_EQ(Messages.Only().Text, "Perhaps the output file\nis in use by another application.");
   EXPECT_EQ(Messages.Only().Title, "Permission denied");
   EXPECT_EQ(Messages.Only().Icon, Icon::Information);
 }
@@ -130,9 +130,9 @@ TEST_F(FileListing, AnErrorInTheMiddleNamesTheListingAndKeepsTheOldFile) {
       };
       EXPECT_FALSE(ListWordsToFile(World.View(), "/out/report.txt", Services, yielder).Written);
       EXPECT_EQ(Files.Content("/out/report.txt"), "what was there");
-      EXPECT_EQ(Messages.Only().Text, memory ? "Insufficient memory"
-                                             : std::string("At ") + name +
-                                                   " error # 5.\r\nDescription: a surprise\r\nStart again.");
+      EXPECT_EQ(Messages.Only().Text,
+                memory ? "Insufficient memory"
+                       : std::string("At ") + name + " error # 5.\nDescription: a surprise\nStart again.");
     }
 }
 
@@ -195,7 +195,7 @@ TEST_F(FileListing, NeedsNeitherBoxNorTexts) {
   EXPECT_TRUE(List("/out/report.txt").Written);
   Files.FailCall(1);
   EXPECT_FALSE(List("/out/report.txt").Written);
-  EXPECT_EQ(Messages.Only().Text, "At ListWords error # 57.\r\nDescription: Input/output error");
+  EXPECT_EQ(Messages.Only().Text, "At ListWords error # 57.\nDescription: Input/output error");
 }
 
 struct Overwriting : testing::Test {
@@ -216,8 +216,8 @@ TEST_F(Overwriting, AFileThatExistsIsAskedFor) {
   ASSERT_EQ(Messages.InputBoxes.size(), 1u);
   EXPECT_EQ(Messages.InputBoxes[0].Title, "The output file exists.");
   EXPECT_EQ(Messages.InputBoxes[0].Prompt,
-            "To overwrite the current output file click on 'OK'.\r\n"
-            "To write to a different file edit the filepath below.\r\n"
+            "To overwrite the current output file click on 'OK'.\n"
+            "To write to a different file edit the filepath below.\n"
             "To disable file output click on 'Cancel'.");
   EXPECT_EQ(Messages.InputBoxes[0].Initial, "/out/old.txt");
 }
@@ -280,8 +280,8 @@ TEST_F(Overwriting, TryingToOpenLeavesTheFileAsItIs) {
   Files.Refuse("/out/old.txt", FileFault::PermissionDenied);
   EXPECT_FALSE(CanOpenOutputFile("/out/old.txt", Files, Messages));
   EXPECT_EQ(Messages.Only().Text,
-            "Error: Permission denied\r\n"
-            "If the output file is open in Excel then it must first be closed\r\n"
+            "Error: Permission denied\n"
+            "If the output file is open in Excel then it must first be closed\n"
             "or a different file should be specified as the output file.");
 }
 

@@ -40,7 +40,7 @@ TEST(ReportRules, FormatsWithFilesNeedAFolder) {
 TEST(ReportRules, TheMessageNamesTheFormat) {
   const Message message = UnavailableFormatMessage("#11: Phrase, files that contain it");
   EXPECT_EQ(message.Text,
-            "The display format '#11: Phrase, files that contain it' is available\r\n"
+            "The display format '#11: Phrase, files that contain it' is available\n"
             "only when the source of the text is a folder.");
   EXPECT_EQ(message.Title, "Unavailable display format");
   EXPECT_EQ(message.Icon, Icon::Information);

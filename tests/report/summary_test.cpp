@@ -39,35 +39,34 @@ struct SummaryCase {
 TEST(Summary, TellsWhatIsListedInOneSentence) {
   const SummaryCase cases[] = {
       {"one phrase of one length", Facts(3, 3, 2), 1, 3,
-       "There is one phrase of 3 words which occurs at least twice.\r\n\r\n"},
-      {"single words", Facts(1, 1, 1), 5, 1,
-       "There are 5 phrases of 1 word which occur at least once.\r\n\r\n"},
+       "There is one phrase of 3 words which occurs at least twice.\n\n"},
+      {"single words", Facts(1, 1, 1), 5, 1, "There are 5 phrases of 1 word which occur at least once.\n\n"},
       {"lengths from one word are words", Facts(1, 2, 1), 2, 1,
-       "There are 2 phrases with 1 to 2 words which occur at least once.\r\n\r\n"},
+       "There are 2 phrases with 1 to 2 words which occur at least once.\n\n"},
       {"numbers have no groups", Facts(2, 2, 20), 12345, 2,
-       "There are 12345 phrases of 2 words which occur at least 20 times.\r\n\r\n"},
+       "There are 12345 phrases of 2 words which occur at least 20 times.\n\n"},
       {"three phrases are too few for the longest", Facts(1, 3, 3), 3, 3,
-       "There are 3 phrases with 1 to 3 words which occur at least 3 times.\r\n\r\n"},
+       "There are 3 phrases with 1 to 3 words which occur at least 3 times.\n\n"},
       {"four phrases have a longest one", Facts(1, 3, 3), 4, 3,
-       "There are 4 phrases with 1 to 3 words which occur at least 3 times.\r\n"
-       "The longest phrase has 3 words.\r\n\r\n"},
+       "There are 4 phrases with 1 to 3 words which occur at least 3 times.\n"
+       "The longest phrase has 3 words.\n\n"},
       {"a longest phrase of one word is not worth a line", Facts(1, 3, 3), 4, 1,
-       "There are 4 phrases with 1 to 3 words which occur at least 3 times.\r\n\r\n"},
+       "There are 4 phrases with 1 to 3 words which occur at least 3 times.\n\n"},
       {"one length has no longest phrase", Facts(3, 3, 3), 400, 3,
-       "There are 400 phrases of 3 words which occur at least 3 times.\r\n\r\n"},
+       "There are 400 phrases of 3 words which occur at least 3 times.\n\n"},
       {"phrases containing a word to ignore", Ignoring(Facts(2, 4, 3), IgnoreRule::ExcludeWith), 57, 4,
-       "There are 57 phrases with 2 to 4 words which occur at least 3 times\r\n"
-       "when phrases containing a word to ignore are excluded.\r\n"
-       "The longest phrase has 4 words.\r\n\r\n"},
+       "There are 57 phrases with 2 to 4 words which occur at least 3 times\n"
+       "when phrases containing a word to ignore are excluded.\n"
+       "The longest phrase has 4 words.\n\n"},
       {"phrases of words to ignore", Ignoring(Facts(2, 2, 2), IgnoreRule::ExcludeAll), 2, 2,
-       "There are 2 phrases of 2 words which occur at least twice\r\n"
-       "when phrases consisting entirely of words to ignore are excluded.\r\n\r\n"},
+       "There are 2 phrases of 2 words which occur at least twice\n"
+       "when phrases consisting entirely of words to ignore are excluded.\n\n"},
       {"words to ignore removed", Ignoring(Facts(2, 2, 2), IgnoreRule::Remove), 2, 2,
        "There are 2 phrases of 2 words which occur at least twice when words to ignore are "
-       "excluded.\r\n\r\n"},
+       "excluded.\n\n"},
       {"words to ignore allowed", Ignoring(Facts(2, 2, 2), IgnoreRule::Allow), 2, 2,
-       "There are 2 phrases of 2 words which occur at least twice\r\n"
-       "(including phrases consisting entirely of words to ignore).\r\n\r\n"},
+       "There are 2 phrases of 2 words which occur at least twice\n"
+       "(including phrases consisting entirely of words to ignore).\n\n"},
   };
   for (const SummaryCase& c : cases)
     EXPECT_EQ(SummaryText(c.Facts, c.Phrases, c.LongestWords), c.Text) << c.Name;
@@ -76,21 +75,21 @@ TEST(Summary, TellsWhatIsListedInOneSentence) {
 TEST(Summary, NothingListedSuggestsAnotherCountWhereThatMayHelp) {
   const SummaryCase cases[] = {
       {"nothing ignored", Facts(2, 3, 2), 0, 0,
-       "There are no phrases with 2 to 3 words which occur at least twice.\r\n\r\n"},
+       "There are no phrases with 2 to 3 words which occur at least twice.\n\n"},
       {"excluded with a word", Ignoring(Facts(2, 3, 2), IgnoreRule::ExcludeWith), 0, 0,
-       "There are no phrases with 2 to 3 words which occur at least twice\r\n"
-       "when phrases containing a word to ignore are excluded.\r\n\r\n"
+       "There are no phrases with 2 to 3 words which occur at least twice\n"
+       "when phrases containing a word to ignore are excluded.\n\n"
        "You could try repeating the count without excluding phrases containing a word to ignore."},
       {"excluded entirely", Ignoring(Facts(2, 3, 2), IgnoreRule::ExcludeAll), 0, 0,
-       "There are no phrases with 2 to 3 words which occur at least twice\r\n"
-       "when phrases consisting entirely of words to ignore are excluded.\r\n\r\n"
+       "There are no phrases with 2 to 3 words which occur at least twice\n"
+       "when phrases consisting entirely of words to ignore are excluded.\n\n"
        "You could try repeating the count without excluding phrases consisting entirely of words to ignore."},
       {"allowed", Ignoring(Facts(2, 3, 2), IgnoreRule::Allow), 0, 0,
-       "There are no phrases with 2 to 3 words which occur at least twice\r\n"
-       "(including phrases consisting entirely of words to ignore).\r\n\r\n"},
+       "There are no phrases with 2 to 3 words which occur at least twice\n"
+       "(including phrases consisting entirely of words to ignore).\n\n"},
       {"removed", Ignoring(Facts(2, 3, 2), IgnoreRule::Remove), 0, 0,
        "There are no phrases with 2 to 3 words which occur at least twice when words to ignore are "
-       "excluded.\r\n\r\n"},
+       "excluded.\n\n"},
   };
   for (const SummaryCase& c : cases)
     EXPECT_EQ(SummaryText(c.Facts, c.Phrases, c.LongestWords), c.Text) << c.Name;
@@ -98,13 +97,13 @@ TEST(Summary, NothingListedSuggestsAnotherCountWhereThatMayHelp) {
 
 TEST(FilesScanned, HasItsOwnPlurals) {
   const std::pair<RunSummary, std::string> cases[] = {
-      {Scanned(1, 1), "1 file (in 1 folder) was scanned.\r\n"},
-      {Scanned(2500, 12), "2,500 files (in 12 folders) were scanned.\r\n"},
-      {Scanned(0, 1), "0 file (in 1 folder) were scanned.\r\n"},
-      {Scanned(2, 0), "2 files (in 0 folder) were scanned.\r\n"},
-      {Scanned(1, 1000), "1 file (in 1,000 folders) was scanned.\r\n"},
+      {Scanned(1, 1), "1 file (in 1 folder) was scanned.\n"},
+      {Scanned(2500, 12), "2,500 files (in 12 folders) were scanned.\n"},
+      {Scanned(0, 1), "0 file (in 1 folder) were scanned.\n"},
+      {Scanned(2, 0), "2 files (in 0 folder) were scanned.\n"},
+      {Scanned(1, 1000), "1 file (in 1,000 folders) was scanned.\n"},
       {Scanned(3, 1, true),
-       "3 files (in 1 folder) were scanned.\r\nCounting was stopped and this list is incomplete.\r\n"},
+       "3 files (in 1 folder) were scanned.\nCounting was stopped and this list is incomplete.\n"},
   };
   for (const auto& [facts, text] : cases) EXPECT_EQ(FilesScannedText(facts, NumberFormat()), text);
 }
@@ -129,7 +128,7 @@ TEST(NoResult, NamesTheMinimumOfCharactersWhereThatRuleIsOn) {
   EXPECT_EQ(NoResultText(facts), "No phrases satisfying the specified conditions were found.");
   facts.MinCharacters = 3;
   EXPECT_EQ(NoResultText(facts),
-            "No phrases with at least 3 characters\r\nsatisfying the specified conditions were found.");
+            "No phrases with at least 3 characters\nsatisfying the specified conditions were found.");
 }
 
 TEST(SkippedFiles, AreListedWithTheirReasons) {
@@ -137,12 +136,12 @@ TEST(SkippedFiles, AreListedWithTheirReasons) {
   facts.InputPath = "/texts";
   EXPECT_EQ(SkippedFilesText(facts), "");
   facts.SkippedFiles = {{"/texts/a.rtf", "is an RTF file"}};
-  EXPECT_EQ(SkippedFilesText(facts), "1 file was skipped:\r\n{Folder}/a.rtf: is an RTF file\r\n");
+  EXPECT_EQ(SkippedFilesText(facts), "1 file was skipped:\n{Folder}/a.rtf: is an RTF file\n");
   facts.SkippedFiles.push_back({"/texts/sub/b.txt", "is zero-length"});
   EXPECT_EQ(SkippedFilesText(facts),
-            "2 files were skipped:\r\n"
-            "{Folder}/a.rtf: is an RTF file\r\n"
-            "{Folder}/sub/b.txt: is zero-length\r\n");
+            "2 files were skipped:\n"
+            "{Folder}/a.rtf: is an RTF file\n"
+            "{Folder}/sub/b.txt: is zero-length\n");
 }
 
 TEST(StatusLabels, AlignTheTwoNumbers) {

@@ -92,10 +92,10 @@ TEST_F(DocumentReadersTest, SayWhyTheyRefuseAFile) {
   };
   for (const Row& row :
        {Row{"/a.txt", "", "This is a zero-length file.", "", "is zero-length"},
-        Row{"/a.html", "abc", "File /a.html\r\ncontains only from 1 to 4 bytes.", "",
+        Row{"/a.html", "abc", "File /a.html\ncontains only from 1 to 4 bytes.", "",
             "contains only from 1 to 4 bytes"},
-        Row{"/a.c", "{\\rtf1 words", "File /a.c\r\nis an RTF file.", "", "is an RTF file"},
-        Row{"/a.docx", Archive().substr(0, 200), "/a.docx\r\nis not a readable .docx file.",
+        Row{"/a.c", "{\\rtf1 words", "File /a.c\nis an RTF file.", "", "is an RTF file"},
+        Row{"/a.docx", Archive().substr(0, 200), "/a.docx\nis not a readable .docx file.",
             "Not a readable .docx file when processing a.docx", "is not a readable .docx file"}}) {
     const auto text = Open(row.Path, row.Content);
     ASSERT_FALSE(text) << row.Path;

@@ -238,12 +238,12 @@ TEST_F(DocxTest, LargeDocumentsAreAskedAbout) {
   EXPECT_EQ(Read(), kDocxDeclined) << "No is the default";
   ASSERT_EQ(messages.Shown.size(), 2U);
   EXPECT_EQ(messages.Shown[0].Text,
-            "/in/x.docx\r\nis rather large.  It may take awhile to scan.\r\nDo you wish to continue?");
+            "/in/x.docx\nis rather large.  It may take awhile to scan.\nDo you wish to continue?");
   EXPECT_EQ(messages.Shown[0].Title, "Big file");
   EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
   EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
   EXPECT_EQ(messages.Shown[1].Text,
-            "You could try saving it as a text file\r\nand applying this program to that text file.");
+            "You could try saving it as a text file\nand applying this program to that text file.");
   EXPECT_EQ(messages.Shown[1].Title, "Big file");
 
   messages.Forget();
@@ -390,14 +390,13 @@ TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
   };
   for (const Row& row :
        {Row{kDocxNoTemporaryFolder, "Error", "Unable to create temporary folder.", Icon::Exclamation},
-        Row{kDocxBadChecksum, "Error", "/a.docx\r\nInvalid checksum found when processing",
-            Icon::Exclamation},
+        Row{kDocxBadChecksum, "Error", "/a.docx\nInvalid checksum found when processing", Icon::Exclamation},
         Row{kDocxTooLarge, "File too big",
-            "/a.docx\r\nis too large (more than 20 Mb) to be scanned directly.\r\n\r\n"
-            "You might be able to save it as a text file\r\nand apply this program to that file.",
+            "/a.docx\nis too large (more than 20 Mb) to be scanned directly.\n\n"
+            "You might be able to save it as a text file\nand apply this program to that file.",
             Icon::Information},
         Row{kDocxDeclined, "", "", Icon::None},
-        Row{kDocxNotUnpacked, "Error", "/a.docx\r\nis not a readable .docx file.", Icon::Exclamation}}) {
+        Row{kDocxNotUnpacked, "Error", "/a.docx\nis not a readable .docx file.", Icon::Exclamation}}) {
     const Message message = DocxRefusal(row.Fault, "/a.docx");
     EXPECT_EQ(message.Text, row.Text);
     EXPECT_EQ(message.Title, row.Title);

@@ -125,7 +125,7 @@ TEST_F(DocxTextTest, PassesOverWhatStandsElsewhereToo) {
 TEST_F(DocxTextTest, StopAsksAndGoesOnAfterNo) {
   yielder.RequestStop();
   EXPECT_EQ(Text(Paragraphs({"one", "two"})), "one\r\ntwo\r\n") << "No is the default";
-  EXPECT_EQ(messages.Only().Text, "Many different words have been found.\r\nDo you really wish to stop?");
+  EXPECT_EQ(messages.Only().Text, "Many different words have been found.\nDo you really wish to stop?");
   EXPECT_EQ(messages.Only().Title, "Stop");
   EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);
   EXPECT_FALSE(yielder.Stopped()) << "the request is answered";

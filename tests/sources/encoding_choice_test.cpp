@@ -36,7 +36,7 @@ TEST_F(EncodingChooserTest, AsksOncePerPath) {
   EncodingChooser chooser;
   EXPECT_EQ(ReadOf(chooser, "/a"), TextEncoding::Utf8) << "Yes is the default";
   EXPECT_EQ(messages.Only().Text,
-            "This file appears to be UTF-8 text without a signature.\r\nDo you wish to read it as UTF-8?");
+            "This file appears to be UTF-8 text without a signature.\nDo you wish to read it as UTF-8?");
   EXPECT_EQ(messages.Only().Title, "Text encoding");
   EXPECT_EQ(messages.Only().DefaultAnswer, Answer::Yes);
   EXPECT_EQ(messages.Only().Buttons, Buttons::YesNo);

@@ -66,7 +66,7 @@ TEST(WarnAboutDocPattern, WarnsWhereDocFilesAreAskedFor) {
     EXPECT_EQ(messages.Shown.size(), row.Warned ? 1U : 0U) << row.Typed;
     if (row.Warned) {
       EXPECT_EQ(messages.Only().Text,
-                "This software does not process .doc files.  To process\r\n"
+                "This software does not process .doc files.  To process\n"
                 "Word .doc files they should first be converted to .docx files.");
       EXPECT_EQ(messages.Only().Title, "Match file patterns");
       EXPECT_TRUE(ValidatePatterns({SplitPatterns(row.Typed), {}}, messages)) << "a warning, not a fault";

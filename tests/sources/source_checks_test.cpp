@@ -164,8 +164,8 @@ TEST(CheckClipboardText, RefusesMoreCharactersThanTheLimit) {
   EXPECT_TRUE(messages.Shown.empty());
   EXPECT_FALSE(CheckClipboardText(std::string(100001, 'a'), messages, format));
   EXPECT_EQ(messages.Only().Text,
-            "There are 100,001 characters in the text on the clipboard.\r\n"
-            "The maximum permitted is 100,000.  If possible,\r\n"
+            "There are 100,001 characters in the text on the clipboard.\n"
+            "The maximum permitted is 100,000.  If possible,\n"
             "count word frequencies for this text using an input file.");
   EXPECT_EQ(messages.Only().Title, "Too much clipboard text");
   EXPECT_EQ(messages.Only().Icon, Icon::None);
@@ -181,13 +181,13 @@ TEST(CheckNaturalLanguage, WantsLettersAndFewControls) {
       {"words", "some words", true},
       {"one letter", "1 2 3 a", true},
       {"no letter", "1 2 3 - 4", false},
-      {"blanks", "   \r\n", false},
+      {"blanks", "   \n", false},
       {"a Greek letter", "\xCE\xB1", true},
       {"an accented letter", "\xC3\xA9", true},
       {"the multiplication sign is no letter", "\xC3\x97", false},
       {"exactly 1 % controls", std::string(99, 'a') + '\x01', true},
       {"more than 1 % controls", std::string(98, 'a') + '\x01', false},
-      {"line ends and tabs are no controls", "\t\r\n\f\ba", true},
+      {"line ends and tabs are no controls", "\t\n\f\ba", true},
       {"1 % of characters, not of bytes",
        "\x01" + std::string(49, 'a') + std::string("\xC3\xA9") + std::string(48, 'a'), false},
   };
@@ -198,7 +198,7 @@ TEST(CheckNaturalLanguage, WantsLettersAndFewControls) {
       EXPECT_TRUE(messages.Shown.empty());
     } else {
       EXPECT_EQ(messages.Only().Text,
-                "The text on the clipboard does not consist\r\nsolely of natural language words.");
+                "The text on the clipboard does not consist\nsolely of natural language words.");
       EXPECT_EQ(messages.Only().Title, "Invalid input");
     }
   }
@@ -235,7 +235,7 @@ TEST(MultipleFiles, NeedAnOutputFile) {
   FakeMessages messages;
   ShowMultipleFilesNeedOutput(messages);
   EXPECT_EQ(messages.Only().Text,
-            "When scanning multiple files or folders\r\nyou must specify an output file in case\r\n"
+            "When scanning multiple files or folders\nyou must specify an output file in case\n"
             "the text window will not hold the result.");
   EXPECT_EQ(messages.Only().Title, "Multiple files/folders");
 }

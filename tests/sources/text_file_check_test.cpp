@@ -58,11 +58,11 @@ TEST_F(IsTextFileTest, FatalCodesAreShownEvenWhenSilent) {
   const std::vector<Row> rows = {
       {"/missing", TextFileCode::NotFound, "File /missing not found."},
       {"/empty", TextFileCode::ZeroLength, "File /empty is zero-length."},
-      {"/denied", TextFileCode::PermissionDenied, "File /denied\r\n cannot be opened (permission denied)."},
-      {"/short", TextFileCode::TooShort, "File /short\r\ncontains only from 1 to 4 bytes."},
-      {"/broken", TextFileCode::CannotOpen, "File /broken\r\ncannot be opened."},
-      {"/a.rtf", TextFileCode::Rtf, "File /a.rtf\r\nis an RTF file."},
-      {"/wide", TextFileCode::UnicodeNotUtf8, "File /wide\r\nis a Unicode file but not UTF-8 encoded."},
+      {"/denied", TextFileCode::PermissionDenied, "File /denied\n cannot be opened (permission denied)."},
+      {"/short", TextFileCode::TooShort, "File /short\ncontains only from 1 to 4 bytes."},
+      {"/broken", TextFileCode::CannotOpen, "File /broken\ncannot be opened."},
+      {"/a.rtf", TextFileCode::Rtf, "File /a.rtf\nis an RTF file."},
+      {"/wide", TextFileCode::UnicodeNotUtf8, "File /wide\nis a Unicode file but not UTF-8 encoded."},
   };
   for (const Row& row : rows) {
     for (const bool silent : {false, true}) {
@@ -92,14 +92,14 @@ TEST_F(IsTextFileTest, OneControlByteIsOneTooMany) {
   files.Add("/a", std::string(4999, 'a') + '\0');
   EXPECT_FALSE(Check("/a", true));
   EXPECT_EQ(opened.Facts.Code, TextFileCode::NotText);
-  ExpectOnly("/a\r\nis not an ANSI or UTF-8 encoded text file.\r\nIt appears to be a binary file.\r\n\r\n" +
-                 kCopyAdvice,
-             "Not a text file");
+  ExpectOnly(
+      "/a\nis not an ANSI or UTF-8 encoded text file.\nIt appears to be a binary file.\n\n" + kCopyAdvice,
+      "Not a text file");
 }
 
 TEST_F(IsTextFileTest, CopyingIsProposedForSmallFilesThatAreMostlyText) {
   const std::string refusal =
-      "/a\r\nis not an ANSI or UTF-8 encoded text file.\r\nIt appears to be a binary file.";
+      "/a\nis not an ANSI or UTF-8 encoded text file.\nIt appears to be a binary file.";
   struct Row {
     size_t Controls;
     size_t Size;
@@ -110,7 +110,7 @@ TEST_F(IsTextFileTest, CopyingIsProposedForSmallFilesThatAreMostlyText) {
     messages.Forget();
     files.Add("/a", std::string(row.Controls, '\x01') + std::string(row.Size - row.Controls, 'a'));
     EXPECT_FALSE(Check("/a"));
-    ExpectOnly(row.Advice ? refusal + "\r\n\r\n" + kCopyAdvice : refusal, "Not a text file");
+    ExpectOnly(row.Advice ? refusal + "\n\n" + kCopyAdvice : refusal, "Not a text file");
   }
 }
 
@@ -121,8 +121,8 @@ TEST_F(IsTextFileTest, TheMacNoticeComesOncePerProgram) {
   EXPECT_TRUE(Check("/a"));
   EXPECT_EQ(opened.Facts.Code, TextFileCode::MacText);
   ExpectOnly(
-      "File /a\r\nhas Macintosh-type line endings (CR).\r\n\r\n"
-      "You might wish to use a program such as Notepad++\r\n"
+      "File /a\nhas Macintosh-type line endings (CR).\n\n"
+      "You might wish to use a program such as Notepad++\n"
       "to convert the line endings to Windows-type (CR+LF).",
       "This is a Mac-style text file");
   EXPECT_TRUE(Check("/a"));
@@ -136,9 +136,9 @@ std::string UnixLines(size_t bytes) {
 }
 
 const std::string kSlow =
-    "File /a\r\nhas Unix-type line endings (LF).\r\n\r\nThe size of this file is 250.00 Kb\r\n"
-    "so processing of this file might be rather slow.\r\n\r\n"
-    "It is advisable to use a program such as Notepad++\r\n"
+    "File /a\nhas Unix-type line endings (LF).\n\nThe size of this file is 250.00 Kb\n"
+    "so processing of this file might be rather slow.\n\n"
+    "It is advisable to use a program such as Notepad++\n"
     "to convert the line endings to Windows-type (CR+LF).";
 
 TEST_F(IsTextFileTest, UnixLineEndsAreFineUpTo256000Bytes) {
@@ -153,7 +153,7 @@ TEST_F(IsTextFileTest, LargerUnixFilesAreAskedAbout) {
   messages.WillAnswer(questions::kLargeWordList, Answer::Yes);
   EXPECT_TRUE(Check("/a"));
   ASSERT_EQ(messages.Shown.size(), 1U);
-  EXPECT_EQ(messages.Shown[0].Text, kSlow + "\r\n\r\nDo you wish to continue processing this file?");
+  EXPECT_EQ(messages.Shown[0].Text, kSlow + "\n\nDo you wish to continue processing this file?");
   EXPECT_EQ(messages.Shown[0].Title, "This is a Unix-style text file");
   EXPECT_EQ(messages.Shown[0].Buttons, Buttons::YesNo);
   EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
@@ -180,9 +180,9 @@ TEST_F(IsTextFileTest, UnixFilesAbove512000BytesAreRefused) {
   EXPECT_FALSE(Check("/a"));
   EXPECT_EQ(opened.Facts.Code, TextFileCode::NotText);
   ExpectOnly(
-      "File /a\r\nhas Unix-type line endings (LF).\r\n\r\nThe size of this file is 500.00 Kb\r\n"
-      "so processing of this file would take a long time.\r\n\r\n"
-      "You can process this file by first using a program such as Notepad++\r\n"
+      "File /a\nhas Unix-type line endings (LF).\n\nThe size of this file is 500.00 Kb\n"
+      "so processing of this file would take a long time.\n\n"
+      "You can process this file by first using a program such as Notepad++\n"
       "to convert the line endings to Windows-type (CR+LF).",
       "Cannot process this file");
 }
@@ -210,19 +210,19 @@ struct RefusalCase {
 
 TEST(SingleFileRefusal, SaysWhatIsWrong) {
   using enum TextFileCode;
-  const std::string notText = "/a is not a text file.\r\n\r\n";
+  const std::string notText = "/a is not a text file.\n\n";
   const auto byteAt = [](const std::string& share) {
     return "This file contains a byte 7 at position 12, indicating that it does not consist solely of text.  "
            "The percentage of such anomalous bytes in the first 16384 bytes is " +
-           share + "%.\r\n\r\n";
+           share + "%.\n\n";
   };
   const std::vector<RefusalCase> cases = {
       {{.Code = ZeroLength}, 0, "Invalid input file", "This is a zero-length file."},
-      {{.Code = TooShort}, 3, "Invalid input file", "File /a\r\ncontains only from 1 to 4 bytes."},
+      {{.Code = TooShort}, 3, "Invalid input file", "File /a\ncontains only from 1 to 4 bytes."},
       {{.Code = CannotOpen}, 9, "Invalid input file", "This file cannot be opened."},
       {{.Code = PermissionDenied}, 9, "Invalid input file", "This file cannot be opened."},
-      {{.Code = Rtf}, 9, "Not a text file", "File /a\r\nis an RTF file."},
-      {{.Code = UnicodeNotUtf8}, 9, "Not a text file", "File /a\r\nis a Unicode file but not UTF-8 encoded."},
+      {{.Code = Rtf}, 9, "Not a text file", "File /a\nis an RTF file."},
+      {{.Code = UnicodeNotUtf8}, 9, "Not a text file", "File /a\nis a Unicode file but not UTF-8 encoded."},
       {{NotText, 7, 12, 1.5}, 5000, "Not a text file", notText + byteAt("1.50") + kCopyAdvice},
       {{NotText, 7, 12, 8.999}, 102399, "Not a text file", notText + byteAt("9.00") + kCopyAdvice},
       {{NotText, 7, 12, 9.0}, 5000, "Not a text file", notText + byteAt("9.00")},

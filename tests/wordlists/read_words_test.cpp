@@ -221,7 +221,7 @@ TEST(ReadWords, AFileThatBreaksOffWhileItIsReadIsReportedAsAnError) {
     world.Files.FailCall(call);
     WordList list;
     if (ReadWords(world.Reading, "/l.txt", ListKind::WordsToIgnore, world.Rules, list)) continue;
-    seen = world.Messages.Only().Text.starts_with("At ReadWords error # 57.\r\nDescription: ");
+    seen = world.Messages.Only().Text.starts_with("At ReadWords error # 57.\nDescription: ");
   }
   EXPECT_TRUE(seen);
 }
@@ -286,7 +286,7 @@ TEST(ReadWords, WarnsOfCountOnlyEntriesThatNoWordCanMatch) {
   EXPECT_TRUE(world.Loaded);
   EXPECT_EQ(world.Messages.Only().Title, "Character not allowed");
   EXPECT_EQ(world.Messages.Only().Text,
-            "The character '.' occurs in the count-only word\r\nU.S. army\r\n"
+            "The character '.' occurs in the count-only word\nU.S. army\n"
             "but is not currently set as a character allowed in a word.");
   EXPECT_TRUE(world.Messages.Only().Addition.starts_with("File: "));
 }

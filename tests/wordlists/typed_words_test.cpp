@@ -66,22 +66,22 @@ struct Fault {
 TEST(CheckAllowedExtraChars, ShowsAMessageForTheFirstFault) {
   const Fault cases[] = {
       {ListKind::WordsToIgnore, "the U.S. @home", "Character not allowed",
-       "The character '.' occurs in some extra word-to-ignore\r\n"
+       "The character '.' occurs in some extra word-to-ignore\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::CountOnly, "cat, r\u00d7t", "Character not allowed",
-       "The character '\u00d7' occurs in some extra count-only word\r\n"
+       "The character '\u00d7' occurs in some extra count-only word\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::WordsToIgnore, "i \u2764\uFE0F", "Character not allowed",
-       "The character '\u2764' occurs in some extra word-to-ignore\r\n"
+       "The character '\u2764' occurs in some extra word-to-ignore\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::WordsToIgnore, "a~\u0323", "Character not allowed",
-       "The character '\u0323' occurs in some extra word-to-ignore\r\n"
+       "The character '\u0323' occurs in some extra word-to-ignore\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::WordsToIgnore, "word42", "Character not allowed",
-       "The character '4' occurs in some extra word-to-ignore\r\n"
+       "The character '4' occurs in some extra word-to-ignore\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::WordsToIgnore, "a <b", "Character not allowed",
-       "The character '<' occurs in some extra word-to-ignore\r\n"
+       "The character '<' occurs in some extra word-to-ignore\n"
        "but is not currently set as a character allowed in a word."},
       {ListKind::WordsToIgnore, "the, and", "Korv",
        "Words-to-ignore must be separated by a space, not by a comma."},
@@ -90,12 +90,12 @@ TEST(CheckAllowedExtraChars, ShowsAMessageForTheFirstFault) {
       {ListKind::CountOnly, "cat,", "Korv",
        "Count-only words and phrases must be separated by comma+space, not just by comma."},
       {ListKind::WordsToIgnore, "^un the", "Korv",
-       "Perhaps some Word-to-ignore is a regular expression\r\nwithout angle brackets."},
+       "Perhaps some Word-to-ignore is a regular expression\nwithout angle brackets."},
       {ListKind::CountOnly, "^un, the", "Korv",
-       "Perhaps some count-only word is a regular expression\r\nwithout angle brackets."},
+       "Perhaps some count-only word is a regular expression\nwithout angle brackets."},
       // The first of several faults only.
       {ListKind::WordsToIgnore, "^a, b.", "Character not allowed",
-       "The character '.' occurs in some extra word-to-ignore\r\n"
+       "The character '.' occurs in some extra word-to-ignore\n"
        "but is not currently set as a character allowed in a word."},
   };
   for (const Fault& c : cases) {

@@ -49,7 +49,7 @@ TEST(WordFileList, APathThatIsListedIsNotAddedAgain) {
   EXPECT_EQ(messages.Only().Title, "Already present");
   EXPECT_EQ(messages.Only().Icon, Icon::Information);
   EXPECT_EQ(messages.Only().Text,
-            "/Lists/A.txt\r\nis already in this list. If the file has changed\r\n"
+            "/Lists/A.txt\nis already in this list. If the file has changed\n"
             "select it from the drop-down list and reload it.");
   EXPECT_TRUE(list.AddOrSelect("/lists/a.txt", messages));
   EXPECT_EQ(list.SelectedPath(), "/lists/a.txt");
