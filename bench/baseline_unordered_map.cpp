@@ -13,7 +13,7 @@
 #include <unordered_map>
 
 #include "bench/word_reader.h"
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/counting/matching.h"
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/matching.h"
+#include "engine/patterns/word_filters.h"
 
 namespace korv {
 namespace {

@@ -21,7 +21,7 @@
 #include "engine/corpus/corpus_builder.h"
 #include "engine/counting/count_phrases.h"
 #include "engine/counting/phrase_table.h"
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
 
 namespace {
 

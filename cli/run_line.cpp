@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 namespace korv {
 

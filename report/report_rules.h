@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 #include "platform/messages.h"
 #include "report/report_options.h"
 

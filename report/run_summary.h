@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 #include "engine/text/word_counts.h"
 
 namespace korv {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 namespace korv {
 

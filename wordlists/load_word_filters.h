@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
 #include "engine/text/word_rules.h"
 #include "wordlists/read_words.h"
 

@@ -12,7 +12,7 @@
 #include "desktop/main_window/main_panels.h"
 #include "desktop/settings_window/settings_host.h"
 #include "desktop/widgets/guarded.h"
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 class QTimer;
 

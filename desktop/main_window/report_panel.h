@@ -7,7 +7,7 @@
 #include "app/texts/program_text.h"
 #include "app/workspace.h"
 #include "desktop/desktop.h"
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 class QCheckBox;
 class QComboBox;

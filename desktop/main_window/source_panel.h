@@ -8,7 +8,7 @@
 #include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/recent_sources.h"
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 class QRadioButton;
 class QStackedWidget;

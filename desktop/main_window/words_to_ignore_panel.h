@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desktop/desktop.h"
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 class QLabel;
 class QPushButton;

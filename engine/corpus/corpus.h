@@ -9,8 +9,8 @@
 #include "base/raw_vector.h"
 #include "engine/corpus/line_index.h"
 #include "engine/corpus/vocabulary.h"
-#include "engine/counting/run_options.h"
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
+#include "engine/run_options.h"
 #include "engine/text/word_rules.h"
 
 namespace korv {

@@ -10,8 +10,8 @@
 
 #include "base/string_table.h"
 #include "engine/corpus/corpus.h"
-#include "engine/counting/run_options.h"
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
+#include "engine/run_options.h"
 #include "engine/text/word_counts.h"
 #include "engine/text/word_rules.h"
 

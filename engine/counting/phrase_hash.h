@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "engine/corpus/vocabulary.h"
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 namespace korv {
 

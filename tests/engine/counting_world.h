@@ -10,8 +10,8 @@
 #include "base/yielder.h"
 #include "engine/counting/count_phrases.h"
 #include "engine/counting/phrase_table.h"
-#include "engine/counting/run_options.h"
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
+#include "engine/run_options.h"
 #include "engine/text/word_rules.h"
 #include "tests/reference/naive_run.h"
 

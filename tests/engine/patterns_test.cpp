@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/counting/matching.h"
+#include "engine/patterns/matching.h"
 #include "engine/patterns/pattern.h"
 #include "engine/patterns/pattern_set.h"
 #include "engine/patterns/regex.h"

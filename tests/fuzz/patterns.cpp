@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/counting/matching.h"
+#include "engine/patterns/matching.h"
 #include "engine/patterns/pattern_set.h"
 #include "engine/patterns/regex.h"
 #include "engine/text/unicode.h"

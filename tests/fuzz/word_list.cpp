@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
 #include "tests/wordlists/list_world.h"

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
 
 namespace korv::reference {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/counting/run_options.h"
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
+#include "engine/run_options.h"
 #include "engine/text/word_rules.h"
 #include "tests/reference/naive_lists.h"
 

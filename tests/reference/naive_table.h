@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/counting/run_options.h"
+#include "engine/run_options.h"
 
 namespace korv::reference {
 

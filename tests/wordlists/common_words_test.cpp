@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
 #include "engine/text/unicode.h"
 #include "sources/scan/line_scanner.h"
 #include "tests/wordlists/list_world.h"

@@ -1,4 +1,4 @@
-#include "engine/counting/matching.h"
+#include "engine/patterns/matching.h"
 
 #include <algorithm>
 

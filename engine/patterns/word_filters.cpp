@@ -1,7 +1,7 @@
-#include "engine/counting/word_filters.h"
+#include "engine/patterns/word_filters.h"
 
-#include "engine/counting/matching.h"
 #include "engine/patterns/list_entry.h"
+#include "engine/patterns/matching.h"
 #include "engine/patterns/pattern_set.h"
 #include "engine/patterns/phrase_patterns.h"
 #include "engine/text/unicode.h"

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/counting/run_options.h"
-#include "engine/counting/word_filters.h"
 #include "engine/patterns/list_entry.h"
+#include "engine/patterns/word_filters.h"
+#include "engine/run_options.h"
 
 namespace korv {
 
