@@ -161,7 +161,7 @@ void RunController::CountOnWorker(CountJob& job) {
   if (result.Run.Table.Occurrences() > 0) return;
   thread_.Yielder().ClearStop();
   OfferedPhrases offered;
-  if (FindOfferedPhrases(result.Run.Table, thread_.Yielder(), offered)) result.Offered = std::move(offered);
+  if (FindOfferedPhrases(result.Run.Table, thread_.Yielder(), offered)) result.Offered = offered;
 }
 
 void RunController::EndCount(CountJob& job) {

@@ -400,7 +400,7 @@ TEST(OpenWithAssociatedProgram, ExplainsEachFailure) {
       {"/a.xyz",
        {LaunchFault::Other, 0},
        "Error",
-       "Error when opening file /a.xyz.\r\nPerhaps the file extension has no association."},
+       "Error when opening file /a.xyz.\nPerhaps the file extension has no association."},
       {"/a.xyz",
        {LaunchFault::NoAssociation, 31},
        "Error",

@@ -88,7 +88,7 @@ TEST(CommentMarkersOK, RefusesMarkersThatCouldBeWords) {
   EXPECT_FALSE(CommentMarkersOK(rules, messages));
   EXPECT_EQ(messages.Only().Title, "Error");
   EXPECT_EQ(messages.Only().Text,
-            "With the current settings the start-comment marker // could be part of a word.\r\n"
+            "With the current settings the start-comment marker // could be part of a word.\n"
             "Check the the 'Settings' window and perhaps disallow comment markers or restrict allowable "
             "characters in 'words'.");
 }
