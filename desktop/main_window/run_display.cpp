@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/output_file_panel.h"
@@ -28,8 +29,12 @@ void RunDisplay::ClearOutput() {
 }
 
 void RunDisplay::InputFile(const std::string& path) {
-  panels_.Source->File->txbFile->setText(ToQt(path));
-  if (!path.empty()) panels_.Status->ShowText(ToQt(path));
+  QLineEdit* const box = panels_.Source->File->txbFile;
+  if (path.empty()) return box->clear();
+  // The files of a folder pass through the box. None of them is the user's choice, which is the setting.
+  const QSignalBlocker passing(box);
+  box->setText(ToQt(path));
+  panels_.Status->ShowText(ToQt(path));
 }
 
 void RunDisplay::Sizes(const std::string& fileSize, const std::string& textSize) {

@@ -249,6 +249,24 @@ TEST_F(Runs, TellHowFarAFolderWasReadWhenTheBoxIsFull) {
   EXPECT_THAT(full, testing::EndsWith("\n\nTextbox is full."));
 }
 
+TEST_F(Runs, ShowTheFilesOfAFolderInTheBoxWithoutSettingIt) {
+  OpenWithEveryTurn();
+  for (const char* name : {"texts/a.txt", "texts/b.txt"}) WriteFile(name, kText);
+  Type("txbFile_0", "/before.txt");
+  Click("optFolder");
+  Type("txbFolder", PathOf("texts"));
+  Type("txbFile_1", PathOf("out.txt"));
+  bool passed = false;
+  AtEveryTurn([&] {
+    if (!TextOf("txbFile_0").ends_with("b.txt")) return;
+    passed = true;
+    EXPECT_EQ(main->Work().Current().InputFile, "/before.txt");
+  });
+  Count();
+  EXPECT_TRUE(passed);
+  EXPECT_EQ(TextOf("txbFile_0"), "/before.txt");
+}
+
 TEST_F(Runs, AreToldOfInABoxThatWasFull) {
   OpenWithEveryTurn();
   UseFile(kText);
