@@ -504,7 +504,7 @@ class SlowUser final : public Messages {
   Answer Show(const Message& message) override {
     clock_.Step = std::chrono::hours(1);
     clock_.Now();
-    clock_.Step = {};
+    clock_.Step = std::chrono::seconds(0);
     return messages_.Show(message);
   }
   std::optional<std::string> AskText(const std::string& prompt, const std::string& title,

@@ -126,7 +126,7 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
     EXPECT_TRUE(WindowTest::Shown("lblTimeElapsed"));
     clock.Step = std::chrono::hours(1);
     main->Run().Timer2_Timer();
-    clock.Step = {};
+    clock.Step = std::chrono::seconds(0);
     EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 1h 0m 0s");
     EXPECT_THAT(TextOf("lblNumberOfWords"),
                 testing::StartsWith("Number of different phrases found so far: "));

@@ -490,7 +490,7 @@ TEST(ClockedMessages, LetTheClockOfTheRunStandWhileTheyAreShown) {
   runClock.Start();
   shown.OnShow = [&clock](const Message&) { clock.Step = std::chrono::minutes(1); };
   messages.Show({.Text = "!", .Title = {}});
-  clock.Step = {};
+  clock.Step = std::chrono::seconds(0);
   EXPECT_EQ(runClock.Elapsed(), std::chrono::seconds(0));
   EXPECT_EQ(shown.Only().Text, "!");
 }

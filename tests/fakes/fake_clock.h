@@ -1,22 +1,29 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 
 #include "base/clock.h"
 
 namespace korv {
 
-/// A clock that goes on by `Step` with every look at it, and when it is told to.
+/// A clock that goes on by `Step` with every look at it, and when it is told to. A worker and a window may
+/// look at it at the same time.
 class FakeClock final : public Clock {
  public:
-  std::chrono::steady_clock::time_point Now() const override { return now_ += Step; }
+  using Duration = std::chrono::steady_clock::duration;
 
-  void Advance(std::chrono::steady_clock::duration time) { now_ += time; }
+  std::chrono::steady_clock::time_point Now() const override {
+    const Duration step = Step;
+    return std::chrono::steady_clock::time_point(Duration(now_.fetch_add(step.count()) + step.count()));
+  }
 
-  std::chrono::steady_clock::duration Step{0};
+  void Advance(Duration time) { now_ += time.count(); }
+
+  std::atomic<Duration> Step{Duration(0)};
 
  private:
-  mutable std::chrono::steady_clock::time_point now_{};
+  mutable std::atomic<Duration::rep> now_{0};
 };
 
 }  // namespace korv
