@@ -8,6 +8,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -32,6 +33,10 @@ double MillisecondsSince(Clock::time_point begin) {
   return Milliseconds(Clock::now() - begin).count();
 }
 
+double ProcessorMilliseconds() {
+  return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
 /// Asks for a stop some time after it was made, unless it is gone by then.
 class StopTimer {
  public:
@@ -39,11 +44,14 @@ class StopTimer {
       : thread_([this, &yielder, after] {
           std::unique_lock lock(mutex_);
           if (gone_.wait_for(lock, after, [this] { return done_; })) return;
+          processor_ = ProcessorMilliseconds();
           requested_ = Clock::now();
           yielder.RequestStop();
         }) {}
   ~StopTimer() { Requested(); }
 
+  /// The processor time at that moment.
+  double Processor() const { return processor_; }
   /// When the stop was asked for; nothing when it was not.
   std::optional<Clock::time_point> Requested() {
     {
@@ -59,14 +67,16 @@ class StopTimer {
   std::mutex mutex_;
   std::condition_variable gone_;
   bool done_ = false;
+  double processor_ = 0;
   std::optional<Clock::time_point> requested_;
   std::thread thread_;
 };
 
 /// What stopping a stage at many moments has shown.
 struct Latency {
-  double Greatest = 0;  ///< Milliseconds from the request to the return.
-  double After = 0;     ///< Milliseconds into the stage at which that stop was asked for.
+  double Greatest = 0;   ///< Milliseconds from the request to the return.
+  double Processor = 0;  ///< Milliseconds of processor time, of all threads, in that time.
+  double After = 0;      ///< Milliseconds into the stage at which that stop was asked for.
   int Stops = 0;
 };
 
@@ -74,12 +84,13 @@ bool RunStopped(const std::function<bool()>& stage, korv::Yielder& yielder, doub
   StopTimer timer(yielder, Milliseconds(after));
   const bool finished = stage();
   const Clock::time_point returned = Clock::now();
+  const double processor = ProcessorMilliseconds();
   const auto requested = timer.Requested();
   yielder.ClearStop();
   if (requested && returned > *requested) {
     ++latency.Stops;
     const double took = Milliseconds(returned - *requested).count();
-    if (took > latency.Greatest) latency = {took, after, latency.Stops};
+    if (took > latency.Greatest) latency = {took, processor - timer.Processor(), after, latency.Stops};
   }
   return finished;
 }
@@ -100,8 +111,10 @@ void Measure(const char* name, korv::Yielder& yielder, const std::function<bool(
   for (int k = 0; k < kEvenMoments; ++k) RunStopped(stage, yielder, whole * k / kEvenMoments, latency);
   yielder.ClearStop();
   stage();
-  std::printf("%-10s %9.0f ms, %3d stops, slowest seen after %6.0f ms (asked for at %6.0f ms)\n", name, whole,
-              latency.Stops, latency.Greatest, latency.After);
+  std::printf(
+      "%-10s %9.0f ms, %3d stops, slowest seen after %6.0f ms (%.0f ms of processors, asked for at %.0f "
+      "ms)\n",
+      name, whole, latency.Stops, latency.Greatest, latency.Processor, latency.After);
   std::fflush(stdout);
 }
 
