@@ -18,7 +18,7 @@ namespace korv {
 enum class ChangedBy { User, Program };
 
 /// What a window works on: the settings, and the two lists of words with their files and what was loaded of
-/// them. Whoever changes something does it here, and everyone who shows it hears of it.
+/// them. All changes are made here, and listeners are called after each.
 ///
 /// Belongs to one thread.
 class Workspace {

@@ -261,7 +261,7 @@ class CountProgram {
                   env_.Files.SameFile(env_.InputPath, PathFromText(output));
     if (!meets) return true;
     if (settings_.SourceKind == TextSource::Folder) {
-      // A folder that cannot be counted is told of by the run.
+      // The run itself reports a folder that cannot be counted.
       if (!env_.Files.FolderExists(PathFromText(TrimmedFolderPath(settings_.Folder)))) return true;
       AboutFile messages(messages_, output);
       ShowOutputInFolder(messages);

@@ -25,7 +25,7 @@ struct Desktop {
   korv::Launcher& Launcher;
   FileSystem& Files;
   EventLoop& Loop;       ///< That of the windows' thread.
-  TurnYielder& Yielder;  ///< Of what goes on beside the windows.
+  TurnYielder& Yielder;  ///< Of the worker beside the windows.
   const korv::Clock& Clock;
   NumberFormat Numbers;
   std::filesystem::path ProgramText;    ///< The file of the numbered texts.

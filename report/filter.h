@@ -39,7 +39,7 @@ class PhraseFilter {
   std::string lowered_;
 };
 
-/// The lines between summary and heading that tell of the filter.
+/// The lines between summary and heading that name the filter.
 std::string FilterNoticeText(FilterMode mode, std::string_view filterText);
 
 /// Where a notice about a listing without a match is shown, and of which listing it tells; the words

@@ -55,7 +55,7 @@ struct RunServices {
   const NumberFormat& Numbers;
   EncodingChooser& Encodings;
   RunObserver& View;
-  RunProgress& Progress;  ///< Kept up to date for whoever looks at it.
+  RunProgress& Progress;  ///< Kept up to date while the run goes on.
 };
 
 enum class RunEnd {

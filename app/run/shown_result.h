@@ -26,7 +26,7 @@ struct ShownResult {
   CountedRun Run;
   std::optional<OfferedPhrases> Offered;  ///< Of a result without a phrase.
   ShownListing Listing;
-  bool InSight = false;  ///< The text box holds that listing, or tells of its file.
+  bool InSight = false;  ///< The text box holds that listing, or names its file.
 };
 
 /// Whether two listings of a result would look the same, filters aside. The options have been through

@@ -37,7 +37,7 @@ class FolderPage final : public QWidget {
   void cmdFolder_Click();
   void cmdClearFolder_Click();
   void txbFolder_LostFocus();
-  /// Writes the patterns as they are read, and tells of faults in that box.
+  /// Writes the patterns as they are read, and shows a fault in that box.
   void txbFileFilepathSpecifications_LostFocus(int index);
   void cmdListFiles_Click();
 

@@ -79,7 +79,7 @@ frmMain::frmMain(const Desktop& desktop)
 }
 
 frmMain::~frmMain() {
-  // Hiding controls makes them tell of a lost focus; nobody is to be asked anything any more.
+  // Hidden controls report a lost focus, and no handler may ask a question any more.
   FallSilent(*this);
   if (params_) FallSilent(*params_);
   // What becomes of the controls from now on is no change of a setting.

@@ -28,7 +28,7 @@ void RecentList::Show(const QStringList& files, const QStringList& folders) {
 }
 
 QSize RecentList::minimumSizeHint() const {
-  // Two whole rows: half of one tells nothing of what it is.
+  // Two whole rows: half of a row cannot be read.
   return {0, 2 * std::max(fontMetrics().lineSpacing() + 2, iconSize().height() + 2) + 2 * frameWidth() + 2};
 }
 

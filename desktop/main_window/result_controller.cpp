@@ -176,7 +176,7 @@ void ResultController::RunEnded() {
                      Guarded(desktop_.Messages, "RelistAfterChange", [this] { RelistAfterChange(); }));
 }
 
-// ---- What is told of the result
+// ---- What is shown of the result
 
 void ResultController::ShowResult() {
   // While something goes on its own numbers stand there.

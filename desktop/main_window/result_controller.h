@@ -19,7 +19,7 @@ namespace korv {
 class RunController;
 struct FinishedRun;
 
-/// The last result and its listing: what is told of it, and when it is listed anew.
+/// The last result and its listing: what is shown of it, and when it is listed anew.
 class ResultController final : public QObject {
  public:
   /// Shows the Settings window; with a kind, the list of that kind.
@@ -38,9 +38,9 @@ class ResultController final : public QObject {
   /// Lists the counted phrases: into the output file, if there is one and `toFile`, else into the text box.
   void ListTheResult(bool filtered, bool toFile = true);
 
-  /// Brings all that tells of the result to what is true now. Called whenever something has changed.
+  /// Brings all that shows the result up to date. Called after every change.
   void ShowResult();
-  /// Nothing is told of any result while another one is being counted.
+  /// No result is shown while another one is being counted.
   void HideResult();
   /// The count came to nothing, and the text box holds what it held before.
   void ShowResultAgain();

@@ -66,7 +66,7 @@ RunController::RunController(const Desktop& desktop, RunClock& clock, const Main
       hooks_(std::move(hooks)),
       display_(panels, clock,
                [this] {
-                 // The counting has begun. A box full of the last result would take nothing of what is told.
+                 // The counting has begun. A box full of the last result would take no further text.
                  hooks_.HideResult();
                  panels_.Result->Output().Clear();
                }),

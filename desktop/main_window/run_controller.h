@@ -97,7 +97,7 @@ class RunController {
   /// `counts`: its time is told.
   void BeginRun(bool counts);
   void BecomeIdle();
-  /// A count goes on that is told of in the window.
+  /// A count goes on, and the window shows it.
   bool CountIsShown() const;
 
   void Count(RunRequest request, FinishedRun finished);

@@ -9,7 +9,7 @@
 
 namespace korv {
 
-/// Shows what a run tells of itself in the panels.
+/// Shows the progress of a run in the panels.
 class RunDisplay final : public RunObserver {
  public:
   /// `first` is called before a count's first status is shown. The others have to outlive this.

@@ -30,7 +30,7 @@ class StatusLine final : public QStatusBar {
   void ShowFiles(const std::string& text);
   /// Of which encoding the texts were; an empty text hides the field.
   void ShowEncoding(const std::string& text);
-  /// Hides the fields that tell of a result.
+  /// Hides the fields about a result.
   void HideCounts();
 
  private:

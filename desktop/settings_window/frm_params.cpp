@@ -205,7 +205,7 @@ void frmParams::LoadSettings(const std::filesystem::path& path, std::function<vo
   const RestoreOutcome outcome = host_.RestoreSavedState(path);
   Commands->cmdUndo->Forget();
   if (outcome.Result == kRestored) {
-    // Their word list is being read, and tells of itself.
+    // Their word list is being read, which has a notice of its own.
     host_.WhenIdle([this, shown, loaded = std::move(loaded)] {
       Commands->Tell(ToQt("Settings loaded from " + shown));
       Lists->CheckAllowedExtraChars();

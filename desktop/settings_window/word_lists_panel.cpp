@@ -162,7 +162,7 @@ void WordListsPanel::ClearWordFiles() {
 
 void WordListsPanel::ForgetLoadedWords(ListKind kind) {
   work_.Forget(kind);
-  // What was told of them is no longer so.
+  // The label describes files that are gone.
   std::string& told = loadedLabels_[static_cast<size_t>(kind)];
   Untold(ToQt(told));
   told.clear();

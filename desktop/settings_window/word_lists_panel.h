@@ -90,7 +90,7 @@ class WordListsPanel final : public QGroupBox {
   SettingsHost& host_;
   Workspace& work_;
   QStackedLayout* wordsBoxes_ = nullptr;     ///< Shows one of the two boxes.
-  std::array<std::string, 2> loadedLabels_;  ///< What the state label was told of the loaded lists.
+  std::array<std::string, 2> loadedLabels_;  ///< What the state label says of each loaded list.
 };
 
 }  // namespace korv

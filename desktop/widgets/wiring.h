@@ -45,7 +45,7 @@ class Wiring {
   Messages& messages_;
 };
 
-/// For a window that is to go without a word: none of its controls tells of anything any more.
+/// For a window about to be closed: its controls send no signal any more.
 void FallSilent(QWidget& window);
 
 /// For the destructor of a window or panel: controls in it that lose the focus while they are deleted call no

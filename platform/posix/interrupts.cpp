@@ -16,7 +16,7 @@ std::atomic<Yielder*> stoppedByInterrupt{nullptr};
 static_assert(std::atomic<Yielder*>::is_always_lock_free);
 std::atomic<bool> stopSignalled{false};
 
-/// What ends the program at once. A reader that went away is no error that anybody could be told of.
+/// What ends the program at once. When the reader has gone, nobody is left to report an error to.
 constexpr int kEndSignals[] = {SIGQUIT, SIGPIPE};
 
 extern "C" void OnEnd(int number) {

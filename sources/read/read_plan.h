@@ -25,7 +25,7 @@ class ReadPlan {
  public:
   /// A single file, by any path.
   void AddFile(const std::filesystem::path& path);
-  /// Walks `folder` and adds its wanted files. `events` are told of the walk as it goes on.
+  /// Walks `folder` and adds its wanted files. Calls `events` as the walk goes on.
   FolderTotals AddFolder(FolderWalk& walk, const std::filesystem::path& folder, const FolderEvents& events);
 
   size_t Documents() const { return ends_.size(); }

@@ -23,7 +23,7 @@ bool HighContrast() {
 }
 
 bool WantsDark() {
-  // Whoever needs contrast has chosen all colours, and the native style shows them.
+  // In a high-contrast scheme the user chose every colour; the native style shows them.
   if (HighContrast()) return false;
   const QSettings personal(
       QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize"),
