@@ -123,6 +123,7 @@ void RunPanel::End() {
 
 void RunPanel::ShowTimeElapsed(std::chrono::seconds elapsed) {
   lblTimeElapsed->setText(QStringLiteral("Time elapsed: ") + ToQt(FormatElapsedCompact(elapsed)));
+  lblTimeElapsed->setToolTip(ToQt(FormatElapsedLong(elapsed)));
   lblTimeElapsed->show();
 }
 

@@ -128,6 +128,7 @@ TEST_F(Runs, LockWhatMustNotBeUsedAndOfferToStop) {
     main->Run().Timer2_Timer();
     clock.Step = std::chrono::seconds(0);
     EXPECT_EQ(TextOf("lblTimeElapsed"), "Time elapsed: 1h 0m 0s");
+    EXPECT_EQ(TipOf("lblTimeElapsed"), "1 hour, 0 minutes and 0 seconds");
     EXPECT_THAT(TextOf("lblNumberOfWords"),
                 testing::StartsWith("Number of different phrases found so far: "));
     EXPECT_THAT(Output(), testing::EndsWith(". "));
