@@ -13,7 +13,8 @@ RunThread::RunThread(const Window& window, TurnYielder& yielder)
                   updates_.Flush();
                 }),
       updates_(calls_, window.Observer),
-      box_(calls_, window.Box) {}
+      box_(calls_, window.Box),
+      disposal_(jobs_) {}
 
 RunThread::~RunThread() {
   calls_.Close();

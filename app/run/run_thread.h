@@ -11,6 +11,7 @@
 #include "app/run/remote_box.h"
 #include "app/run/remote_messages.h"
 #include "app/run/run_updates.h"
+#include "base/disposal.h"
 #include "base/job_thread.h"
 #include "base/loop_calls.h"
 #include "base/yielder.h"
@@ -81,10 +82,10 @@ class RunThread {
    private:
     RunThread& thread_;
   };
-  /// Destroys `value` on the worker: freeing what a large text left takes a while.
+  /// Shares `value`, which is destroyed on the worker, whoever lets go of it last, and whenever.
   template <typename Value>
-  void Discard(std::unique_ptr<Value> value) {
-    if (value) jobs_.Post([shared = std::shared_ptr<Value>(std::move(value))] {});
+  std::shared_ptr<Value> Share(std::unique_ptr<Value> value) const {
+    return disposal_.Share(std::move(value));
   }
 
   // ---- For the work, on the worker
@@ -123,7 +124,8 @@ class RunThread {
   std::condition_variable holdChanged_;
   int holds_ = 0;
   bool ending_ = false;
-  JobThread jobs_;  ///< Last: its jobs use all of the above.
+  JobThread jobs_;     ///< Its jobs use all of the above.
+  Disposal disposal_;  ///< Last: it uses the thread.
 };
 
 }  // namespace korv

@@ -60,7 +60,7 @@ ChosenNow ResultController::GatherChosen() const {
 // ---- Listing
 
 void ResultController::Take(FinishedRun finished) {
-  run_.Discard(std::exchange(result_, std::move(finished.Result)));
+  result_ = std::move(finished.Result);
   panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
   ListTheResult(finished.Filtered, finished.ToFile);
 }
@@ -75,7 +75,7 @@ void ResultController::ListTheResult(bool filtered, bool toFile) {
   if (toFile) path = ConfirmedOutputPath();
   changedMeanwhile_ = false;
   run_.List(
-      *result_, options, path,
+      result_, options, path,
       [this, intoFile = path.has_value(), before = panels_.Result->GetContents()](ShownListing listing) {
         // The last list is as good as before.
         if (listing.Failed && intoFile && result_->InSight) return panels_.Result->PutBack(before);

@@ -80,7 +80,7 @@ class ResultController final : public QObject {
   RunController& run_;
   ShowSettings showSettings_;
   OverwriteGuard overwrite_;
-  std::unique_ptr<ShownResult> result_;
+  std::shared_ptr<ShownResult> result_;
   bool wasInSight_ = false;  ///< Before the count that goes on.
   /// Something was chosen while a listing went on; it will be looked at afterwards.
   bool changedMeanwhile_ = false;

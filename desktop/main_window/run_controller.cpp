@@ -43,7 +43,7 @@ struct RunController::CountJob {
 };
 
 struct RunController::ListJob {
-  ShownResult& Result;
+  std::shared_ptr<ShownResult> Result;
   std::optional<std::string> Path;
   ShownListing Listing;
   bool ClearsBox = false;  ///< What stands there is another listing.
@@ -128,7 +128,7 @@ void RunController::Count(RunRequest request, FinishedRun finished) {
                                                        .Box = panels_.Result->GetContents(),
                                                        .Time = panels_.Run->lblTimeElapsed->text(),
                                                        .InputFile = panels_.Source->File->txbFile->text()});
-  job->Finished.Result = std::make_unique<ShownResult>();
+  job->Finished.Result = thread_.Share(std::make_unique<ShownResult>());
   job->Finished.Result->Request = std::move(request);
   counted_ = job->Finished.Result->Request.Options.SourceKind;
   progress_ = {};
@@ -174,7 +174,7 @@ void RunController::EndCount(CountJob& job) {
   }
   panels_.Status->ShowText({});
   // Once the program is to end, nothing is listed any more.
-  if (Abandoned()) return Discard(std::move(job.Finished.Result));
+  if (Abandoned()) return;
   if (job.End == RunEnd::Counted) {
     // A file that was chosen meanwhile is another one than that which could not be opened.
     job.Finished.ToFile = job.Finished.ToFile || !job.Finished.Result->Run.OutputPath.empty();
@@ -198,11 +198,13 @@ std::string RunController::CountSoFar() const {
 
 // ---- Listing
 
-void RunController::List(ShownResult& result, const ReportOptions& options,
+void RunController::List(std::shared_ptr<ShownResult> result, const ReportOptions& options,
                          const std::optional<std::string>& path, std::function<void(ShownListing)> listed) {
-  const auto job = std::make_shared<ListJob>(ListJob{.Result = result, .Path = path, .Listing = {}});
+  const bool inSight = result->InSight;
+  const auto job =
+      std::make_shared<ListJob>(ListJob{.Result = std::move(result), .Path = path, .Listing = {}});
   job->Listing.Options = options;
-  job->ClearsBox = result.InSight;
+  job->ClearsBox = inSight;
   const bool begins = Idle();
   Start(
       RunActivity::Listing, [this, job] { ListOnWorker(*job); },
@@ -218,13 +220,13 @@ void RunController::List(ShownResult& result, const ReportOptions& options,
 }
 
 void RunController::ListOnWorker(ListJob& job) {
-  if (!SetUpChainFor(job.Result.Run, job.Listing.Options, thread_.Yielder())) return;
+  if (!SetUpChainFor(job.Result->Run, job.Listing.Options, thread_.Yielder())) return;
   job.Path ? ListIntoFile(job) : ListIntoBox(job);
   job.Listed = true;
 }
 
 void RunController::ListIntoBox(ListJob& job) {
-  const Report report{job.Result.Run.Table, job.Result.Run.Facts, job.Listing.Options, desktop_.Numbers};
+  const Report report{job.Result->Run.Table, job.Result->Run.Facts, job.Listing.Options, desktop_.Numbers};
   try {
     job.Listing.List = ListWordsToTextBox(report, thread_.Box(), thread_.Yielder());
   } catch (const std::exception&) {
@@ -234,7 +236,7 @@ void RunController::ListIntoBox(ListJob& job) {
 }
 
 void RunController::ListIntoFile(ListJob& job) {
-  const Report report{job.Result.Run.Table, job.Result.Run.Facts, job.Listing.Options, desktop_.Numbers};
+  const Report report{job.Result->Run.Table, job.Result->Run.Facts, job.Listing.Options, desktop_.Numbers};
   if (job.ClearsBox) thread_.Box().Clear();
   const FileListResult written =
       ListWordsToFile(report, PathFromText(*job.Path),

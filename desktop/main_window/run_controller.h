@@ -27,7 +27,7 @@ class FolderWalk;
 
 /// What a run has led to, and how it is to be listed.
 struct FinishedRun {
-  std::unique_ptr<ShownResult> Result;  ///< Not listed yet.
+  std::shared_ptr<ShownResult> Result;  ///< Not listed yet. Freed beside the window.
   bool Filtered = false;
   bool ToFile = true;  ///< Into the output file, if one is named.
 };
@@ -62,17 +62,15 @@ class RunController {
 
   /// Counts; during a run asks whether to stop.
   void cmdCountPhrases_Click();
-  /// Lists a result, which has to stay, into the file `path`, or into the text box where there is none.
+  /// Lists a result into the file `path`, or into the text box where there is none.
   /// `listed` is not called when the order of the phrases was not found because of a stop.
-  void List(ShownResult& result, const ReportOptions& options, const std::optional<std::string>& path,
-            std::function<void(ShownListing)> listed);
+  void List(std::shared_ptr<ShownResult> result, const ReportOptions& options,
+            const std::optional<std::string>& path, std::function<void(ShownListing)> listed);
   /// Lists into the text box which files of a folder a count would read.
   void ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                        bool includeSubfolders);
   /// `done` is not called when the file cannot be read; the user has been told.
   void ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done);
-  /// Frees a result that is no longer needed, which takes a while.
-  void Discard(std::unique_ptr<ShownResult> result) { thread_.Discard(std::move(result)); }
 
   /// The end of the program is wanted: ends what goes on, and asks nothing more.
   void Abandon() { thread_.Abandon(); }

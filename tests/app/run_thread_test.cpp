@@ -351,11 +351,22 @@ struct Mortal {
   std::promise<std::thread::id>& Died;
 };
 
-TEST_F(RunThreads, FreeWhatIsDiscardedElsewhere) {
+TEST_F(RunThreads, FreeWhatTheyShareElsewhere) {
   std::promise<std::thread::id> died;
-  thread->Discard(std::make_unique<Mortal>(died));
+  auto shared = thread->Share(std::make_unique<Mortal>(died));
+  auto view = shared;
+  shared.reset();
+  view.reset();
   EXPECT_TRUE(thread->Idle());
   EXPECT_NE(died.get_future().get(), std::this_thread::get_id());
+}
+
+TEST_F(RunThreads, LeaveWhatOutlivesThemToItsLastOwner) {
+  std::promise<std::thread::id> died;
+  auto shared = thread->Share(std::make_unique<Mortal>(died));
+  thread.reset();
+  shared.reset();
+  EXPECT_EQ(died.get_future().get(), std::this_thread::get_id());
 }
 
 TEST_F(RunThreads, FreeWhatTheirWorkHeldElsewhere) {
