@@ -10,8 +10,8 @@
 
 namespace korv {
 
-/// Does the job that was asked for last, on a thread of its own: a newer one stops the one before, and nothing
-/// more is heard of that. For views, whose user goes on typing.
+/// Does the job that was asked for last, on a thread of its own: a newer one stops the one before, and
+/// nothing more is heard of that. For views, whose user goes on typing.
 ///
 ///   job.Start([run](NewestJob::Turn& turn) {
 ///     auto rows = std::make_shared<Rows>(Find(*run, turn.Yielder()));
@@ -44,8 +44,8 @@ class NewestJob {
   NewestJob(const NewestJob&) = delete;
   NewestJob& operator=(const NewestJob&) = delete;
 
-  /// Has `work` done instead of what was asked for before. It is destroyed on the job's thread. What it throws
-  /// is thrown in a task of the loop.
+  /// Has `work` done instead of what was asked for before. It is destroyed on the job's thread. What it
+  /// throws is thrown in a task of the loop.
   void Start(std::function<void(Turn&)> work);
   /// Nothing is wanted any more.
   void Stop();

@@ -6,6 +6,8 @@
 #include <atomic>
 #include <new>
 
+#include "engine/text/unicode.h"
+
 namespace korv {
 
 namespace {
@@ -45,6 +47,14 @@ H OrThrow(H handle) {
   return handle;
 }
 
+/// `before` is what stands before the place of the fault.
+std::string FaultText(int error, std::string_view before) {
+  PCRE2_UCHAR message[256];
+  pcre2_get_error_message(error, message, sizeof message);
+  return std::string(reinterpret_cast<const char*>(message)) + ", at character " +
+         std::to_string(CharacterCount(before) + 1);
+}
+
 }  // namespace
 
 struct Regex::Compiled {
@@ -57,14 +67,20 @@ struct Regex::Compiled {
 };
 
 Regex::Regex(std::string_view expression, bool caseSignificant) {
-  if (expression.size() > kMostExpressionBytes) return;
+  if (expression.size() > kMostExpressionBytes) {
+    fault_ = "it is longer than " + std::to_string(kMostExpressionBytes) + " bytes";
+    return;
+  }
   const CompileContext context = OrThrow(CompileContext(pcre2_compile_context_create(nullptr)));
   pcre2_set_newline(context.get(), PCRE2_NEWLINE_ANYCRLF);
   const uint32_t options = kOptions | (caseSignificant ? 0 : PCRE2_CASELESS);
   int error = 0;
   PCRE2_SIZE at = 0;
   CodeHandle code(pcre2_compile(Units(expression), expression.size(), options, &error, &at, context.get()));
-  if (!code) return;
+  if (!code) {
+    fault_ = FaultText(error, expression.substr(0, at));
+    return;
+  }
   // Where there is no JIT, or it declines the expression, pcre2_match interprets it.
   pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace korv {
@@ -24,6 +25,8 @@ class Regex {
   static constexpr size_t kMostExpressionBytes = 65'536;
 
   bool Valid() const { return compiled_ != nullptr; }
+  /// Why it is not valid, and where: "missing closing parenthesis, at character 8". Empty where it is.
+  const std::string& Fault() const { return fault_; }
   bool Matches(std::string_view text) const { return Try(text) == Outcome::Match; }
 
   enum class Outcome { NoMatch, Match, GaveUp /**< At a limit, or over text that is no UTF-8. */ };
@@ -32,6 +35,7 @@ class Regex {
  private:
   struct Compiled;
   std::unique_ptr<Compiled> compiled_;
+  std::string fault_;
 };
 
 }  // namespace korv

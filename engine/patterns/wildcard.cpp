@@ -71,6 +71,12 @@ std::optional<Wildcard> Wildcard::FromExpression(std::string_view inner, bool ca
   return result;
 }
 
+Wildcard Wildcard::FromText(std::string_view text) {
+  Wildcard result;
+  for (const char c : text) result.signs_ += c == '*' ? kRun : c == '?' ? kOne : c;
+  return result;
+}
+
 bool Wildcard::Matches(std::string_view text) const {
   const std::string_view signs = signs_;
   // Wildcards match any character but a line end. No plain sign is a line end.

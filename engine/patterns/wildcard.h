@@ -20,6 +20,9 @@ class Wildcard {
   /// does not fold as the library does.
   static std::optional<Wildcard> FromExpression(std::string_view inner, bool caseSignificant);
 
+  /// "*" stands for any characters and "?" for one; all others are plain.
+  static Wildcard FromText(std::string_view text);
+
   /// `text` as FoldForMatching() gives it. A few steps per character; at worst the product of both lengths.
   bool Matches(std::string_view text) const;
 

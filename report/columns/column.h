@@ -77,6 +77,8 @@ struct Column {
 
   /// The value of a phrase. Constant cost unless the column's file says otherwise. One of these two is set.
   Cell (*Value)(const ColumnSource& source, const ListedPhrase& phrase) = nullptr;
+  /// Texts: a number of each phrase by which tables order it. Null where they cannot.
+  double (*OrderKey)(const ColumnSource& source, PhraseIndex entry) = nullptr;
   /// The value of a phrase in one of its files: a column that repeats for each of them.
   Cell (*ValueInFile)(const ColumnSource& source, const ListedPhrase& phrase,
                       const DocumentCounts::Item& file) = nullptr;

@@ -41,6 +41,10 @@ constexpr Column kFileColumns[] = {
            source.SourcePaths[source.Table.Corpus().SourceAt(source.Table.First(phrase.Entry))];
        return path.empty() ? std::string_view("-") : std::string_view(path);
      },
+     // In reading order.
+     .OrderKey = [](const ColumnSource& source, PhraseIndex entry) -> double {
+       return ValueOf(source.Table.First(entry));
+     },
      .NeedsSourcePaths = true},
 };
 

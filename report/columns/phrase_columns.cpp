@@ -23,7 +23,9 @@ constexpr Column kPhraseColumns[] = {
      .Type = ColumnType::Text,
      .Align = Alignment::Left,
      .Definition = "The words of the phrase as they were counted, with single blanks between them.",
-     .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell { return phrase.Text(); }},
+     .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell { return phrase.Text(); },
+     // Entries are in alphabetical order.
+     .OrderKey = [](const ColumnSource&, PhraseIndex entry) -> double { return ValueOf(entry); }},
     {.Id = "words",
      .Heading = "Words",
      .Type = ColumnType::Integer,
