@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -20,11 +21,13 @@ struct ShownListing {
   uint64_t Bytes = 0;   ///< Length of that file.
 };
 
-/// The last result of a window and its listing.
+/// A finished run of a window and its listing.
 struct ShownResult {
   RunRequest Request;  ///< What was asked for. Without a clipboard's text.
   CountedRun Run;
   std::optional<OfferedPhrases> Offered;  ///< Of a result without a phrase.
+  std::chrono::seconds Took{};            ///< From its start to its end, questions aside.
+  std::chrono::system_clock::time_point Ended{};
   ShownListing Listing;
   bool InSight = false;  ///< The text box holds that listing, or names its file.
 };

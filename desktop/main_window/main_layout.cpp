@@ -15,6 +15,7 @@
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/status_line.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
+#include "desktop/results/result_frame.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -62,7 +63,7 @@ void SetTabOrder(const MainPanels& panels) {
   for (const auto& part :
        {panels.Source->TabOrder(), panels.Phrases->TabOrder(), panels.WordsToIgnore->TabOrder(),
         panels.Report->TabOrder(), panels.OutputFile->TabOrder(), panels.Run->TabOrder(),
-        panels.Result->TabOrder(panels.Report->chkSortByNumberOfFiles)}) {
+        panels.Frame->TabOrder(panels.Report->chkSortByNumberOfFiles)}) {
     order.insert(order.end(), part.begin(), part.end());
   }
   for (size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
@@ -78,9 +79,10 @@ MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& 
   row->setContentsMargins(8, 6, 8, 4);
   row->setSpacing(10);
   row->addWidget(MakeColumn(panels, desktop, work, centre));
-  panels.Result = new ResultPanel(desktop, hooks, centre);
+  panels.Frame = new ResultFrame(desktop, hooks, centre);
+  panels.Result = panels.Frame->Report;
   panels.Result->AddBelow(panels.Report->chkSortByNumberOfFiles);
-  row->addWidget(panels.Result, 1);
+  row->addWidget(panels.Frame, 1);
   window.setCentralWidget(centre);
   panels.Status = new StatusLine(desktop.Numbers, &window);
   window.setStatusBar(panels.Status);

@@ -5,6 +5,7 @@ namespace korv {
 class OutputFilePanel;
 class PhrasesPanel;
 class ReportPanel;
+class ResultFrame;
 class ResultPanel;
 class RunPanel;
 class SourcePanel;
@@ -19,7 +20,8 @@ struct MainPanels {
   ReportPanel* Report = nullptr;
   OutputFilePanel* OutputFile = nullptr;
   RunPanel* Run = nullptr;
-  ResultPanel* Result = nullptr;
+  ResultFrame* Frame = nullptr;
+  ResultPanel* Result = nullptr;  ///< In the frame.
   StatusLine* Status = nullptr;
 };
 

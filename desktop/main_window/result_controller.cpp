@@ -2,12 +2,15 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTime>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QTimer>
 #include <utility>
 
 #include "app/run/run_changes.h"
+#include "app/run/run_description.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/phrases_panel.h"
@@ -16,8 +19,10 @@
 #include "desktop/main_window/status_line.h"
 #include "desktop/questions.h"
 #include "desktop/results/filter_panel.h"
+#include "desktop/results/result_frame.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
+#include "desktop/results/run_tabs.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/guarded.h"
 #include "report/filter.h"
@@ -33,7 +38,14 @@ ResultController::ResultController(const Desktop& desktop, const MainPanels& pan
       work_(work),
       run_(run),
       showSettings_(std::move(showSettings)),
-      overwrite_(desktop.Files, desktop.Messages) {}
+      overwrite_(desktop.Files, desktop.Messages),
+      runs_(*panels.Frame->Tabs, *panels.Result) {
+  RunTabs& tabs = *panels_.Frame->Tabs;
+  tabs.Chosen = [this](int) { Guarded(desktop_.Messages, "tabRuns_Click", [this] { FrontHasChanged(); })(); };
+  tabs.Closed = [this](int index) {
+    Guarded(desktop_.Messages, "tabRuns_Close", [this, index] { CloseRun(index); })();
+  };
+}
 
 bool ResultController::ResultKeepsTo(const WordRules& rules) const {
   if (!result_) return false;
@@ -60,9 +72,20 @@ ChosenNow ResultController::GatherChosen() const {
 // ---- Listing
 
 void ResultController::Take(FinishedRun finished) {
-  result_ = std::move(finished.Result);
+  runs_.Add(std::move(finished.Result));
+  result_ = runs_.InFront();
+  panels_.Frame->ShowRun(result_);
+  DescribeRun();
   panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
   ListTheResult(finished.Filtered, finished.ToFile);
+}
+
+void ResultController::DescribeRun() {
+  RunTabs& tabs = *panels_.Frame->Tabs;
+  const QTime ended =
+      QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(result_->Ended)).time();
+  const std::string timeOfDay = FromQt(QLocale().toString(ended, QLocale::ShortFormat));
+  tabs.setTabToolTip(tabs.currentIndex(), ToQt(RunTip(*result_, timeOfDay, desktop_.Numbers)));
 }
 
 void ResultController::ListTheResult(bool filtered, bool toFile) {
@@ -74,19 +97,19 @@ void ResultController::ListTheResult(bool filtered, bool toFile) {
   std::optional<std::string> path;
   if (toFile) path = ConfirmedOutputPath();
   changedMeanwhile_ = false;
-  run_.List(
-      result_, options, path,
-      [this, intoFile = path.has_value(), before = panels_.Result->GetContents()](ShownListing listing) {
-        // The last list is as good as before.
-        if (listing.Failed && intoFile && result_->InSight) return panels_.Result->PutBack(before);
-        TakeListing(std::move(listing));
-      });
+  run_.List(result_, options, path,
+            [this, result = result_, intoFile = path.has_value(),
+             before = panels_.Result->GetContents()](ShownListing listing) {
+              // The last list is as good as before.
+              if (listing.Failed && intoFile && result->InSight) return panels_.Result->PutBack(before);
+              TakeListing(*result, std::move(listing));
+            });
 }
 
-void ResultController::TakeListing(ShownListing listing) {
+void ResultController::TakeListing(ShownResult& result, ShownListing listing) {
   if (!listing.File.empty()) overwrite_.Written(PathFromText(listing.File));
-  result_->Listing = std::move(listing);
-  result_->InSight = true;
+  result.Listing = std::move(listing);
+  result.InSight = true;
   // The most frequent phrases stand at the top.
   panels_.Result->ScrollToTop();
 }
@@ -169,11 +192,30 @@ void ResultController::OfferToWrite() {
   }
 }
 
-void ResultController::RunEnded() {
+void ResultController::FrontHasChanged() {
+  result_ = runs_.InFront();
+  panels_.Frame->ShowRun(result_);
+  if (!run_.Idle()) return;
+  if (runs_.BringBox()) FollowControls();
   ShowResult();
-  if (!std::exchange(changedMeanwhile_, false)) return;
-  QTimer::singleShot(0, this,
-                     Guarded(desktop_.Messages, "RelistAfterChange", [this] { RelistAfterChange(); }));
+}
+
+void ResultController::CloseRun(int index) {
+  if (runs_.Count() < 2) return;
+  runs_.Close(index);
+  FrontHasChanged();
+}
+
+void ResultController::RunEnded() {
+  // Another run may have come in front meanwhile.
+  const bool another = runs_.BringBox();
+  ShowResult();
+  if (std::exchange(changedMeanwhile_, false)) {
+    QTimer::singleShot(0, this,
+                       Guarded(desktop_.Messages, "RelistAfterChange", [this] { RelistAfterChange(); }));
+  } else if (another) {
+    QTimer::singleShot(0, this, Guarded(desktop_.Messages, "FollowControls", [this] { FollowControls(); }));
+  }
 }
 
 // ---- What is shown of the result
@@ -202,15 +244,14 @@ void ResultController::ShowCounts() {
 }
 
 void ResultController::HideResult() {
-  wasInSight_ = result_ && result_->InSight;
-  if (result_) result_->InSight = false;
+  runs_.LendBox();
   panels_.Result->ClearLabels();
   panels_.Status->HideCounts();
   panels_.Result->Notes->ShowNotes({});
 }
 
 void ResultController::ShowResultAgain() {
-  if (result_) result_->InSight = wasInSight_;
+  runs_.TakeBoxBack();
 }
 
 void ResultController::ForgetListing() {

@@ -11,6 +11,7 @@
 #include "app/workspace.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
+#include "desktop/results/open_runs.h"
 #include "report/output_file.h"
 #include "wordlists/list_kind.h"
 
@@ -19,7 +20,8 @@ namespace korv {
 class RunController;
 struct FinishedRun;
 
-/// The last result and its listing: what is shown of it, and when it is listed anew.
+/// The finished runs and their listings: what is shown of the one in front, and when it is listed anew. "The
+/// result" is that of the run in front.
 class ResultController final : public QObject {
  public:
   /// Shows the Settings window; with a kind, the list of that kind.
@@ -30,10 +32,12 @@ class ResultController final : public QObject {
 
   /// Words have been read and their phrases can be listed.
   bool HasResult() const { return result_ != nullptr; }
+  /// The run in front; null where there is none.
+  const std::shared_ptr<ShownResult>& InFront() const { return result_; }
   /// They were read under these word rules.
   bool ResultKeepsTo(const WordRules& rules) const;
 
-  /// Takes a result in place of the last one, and lists it.
+  /// Takes a result, which comes in front, and lists it.
   void Take(FinishedRun finished);
   /// Lists the counted phrases: into the output file, if there is one and `toFile`, else into the text box.
   void ListTheResult(bool filtered, bool toFile = true);
@@ -65,7 +69,12 @@ class ResultController final : public QObject {
   ChosenNow GatherChosen() const;
   bool WantsFilter() const;
   void ShowCounts();
-  void TakeListing(ShownListing listing);
+  void TakeListing(ShownResult& result, ShownListing listing);
+  /// Puts into the tool tip of the tab in front how its run came about.
+  void DescribeRun();
+  /// Another run has come in front.
+  void FrontHasChanged();
+  void CloseRun(int index);
   void ShowLastList();
   /// Where the report is to be written; empty for the text box. May ask, and may disable file output.
   std::optional<std::string> ConfirmedOutputPath();
@@ -80,8 +89,8 @@ class ResultController final : public QObject {
   RunController& run_;
   ShowSettings showSettings_;
   OverwriteGuard overwrite_;
-  std::shared_ptr<ShownResult> result_;
-  bool wasInSight_ = false;  ///< Before the count that goes on.
+  OpenRuns runs_;
+  std::shared_ptr<ShownResult> result_;  ///< Of the run in front.
   /// Something was chosen while a listing went on; it will be looked at afterwards.
   bool changedMeanwhile_ = false;
 };

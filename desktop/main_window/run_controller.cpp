@@ -176,6 +176,8 @@ void RunController::EndCount(CountJob& job) {
   // Once the program is to end, nothing is listed any more.
   if (Abandoned()) return;
   if (job.End == RunEnd::Counted) {
+    job.Finished.Result->Took = clock_.Elapsed();
+    job.Finished.Result->Ended = desktop_.Clock.WallTime();
     // A file that was chosen meanwhile is another one than that which could not be opened.
     job.Finished.ToFile = job.Finished.ToFile || !job.Finished.Result->Run.OutputPath.empty();
     return hooks_.Counted(std::move(job.Finished));

@@ -29,21 +29,6 @@ const char* const kText =
 class Runs : public WindowTest {
  protected:
   void SetUp() override { ASSERT_TRUE(Start()); }
-
-  /// A text on which the program counts for long enough to be looked at.
-  void UseLongText() {
-    std::string text;
-    unsigned seed = 1;
-    while (text.size() < 4'000'000) {
-      seed = seed * 1103515245 + 12345;
-      text += "word";
-      for (unsigned rest = (seed >> 16) % 5000; rest > 0; rest /= 26)
-        text += static_cast<char>('a' + rest % 26);
-      text += (seed >> 12) % 12 == 0 ? ".\n" : " ";
-    }
-    UseFile(text);
-    messages.WillAnswer(questions::kLargeInput, Answer::No);
-  }
 };
 
 TEST_F(Runs, CountAFileAndListItsPhrases) {

@@ -11,6 +11,7 @@
 
 #include "desktop/questions.h"
 #include "desktop/toolkit/application_name.h"
+#include "sources/questions.h"
 
 namespace korv {
 
@@ -136,6 +137,20 @@ void WindowTest::Click(const char* name) const {
 void WindowTest::ClickInParams(const char* name) const {
   InParams<QAbstractButton>(name)->click();
   UntilIdle();
+}
+
+void WindowTest::UseLongText() {
+  std::string text;
+  unsigned seed = 1;
+  while (text.size() < 4'000'000) {
+    seed = seed * 1103515245 + 12345;
+    text += "word";
+    for (unsigned rest = (seed >> 16) % 5000; rest > 0; rest /= 26)
+      text += static_cast<char>('a' + rest % 26);
+    text += (seed >> 12) % 12 == 0 ? ".\n" : " ";
+  }
+  UseFile(text);
+  messages.WillAnswer(questions::kLargeInput, Answer::No);
 }
 
 std::string WindowTest::WriteFile(const std::string& name, const std::string& bytes) const {

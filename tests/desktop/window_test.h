@@ -130,6 +130,8 @@ class WindowTest : public testing::Test {
 
   /// Sources that are counted again and again.
   void UseFile(const std::string& bytes) { Type("txbFile_0", WriteFile("text.txt", bytes)); }
+  /// A text on which the program counts for long enough to be looked at.
+  void UseLongText();
   void Count() const { Click("cmdCountPhrases"); }
 
   /// Messages shown since the last call, as "title | text".

@@ -18,9 +18,12 @@ class FakeClock final : public Clock {
     return std::chrono::steady_clock::time_point(Duration(now_.fetch_add(step.count()) + step.count()));
   }
 
+  std::chrono::system_clock::time_point WallTime() const override { return Wall; }
+
   void Advance(Duration time) { now_ += time.count(); }
 
   std::atomic<Duration> Step{Duration(0)};
+  std::chrono::system_clock::time_point Wall{};  ///< The time of day; it stands still.
 
  private:
   mutable std::atomic<Duration::rep> now_{0};

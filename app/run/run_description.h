@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "app/run/shown_result.h"
+#include "base/number_format.h"
+
+namespace korv {
+
+/// Which run it is, in a line: "moby.txt: 212,000 words (180,000 taken), 4,321 different phrases, 3s".
+std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers);
+
+/// All there is to know of how a run came about, in lines: its source, its settings, when it ended, how long
+/// it took and what memory it takes. `timeOfDay` is that of its end, as the user writes it.
+std::string RunTip(const ShownResult& result, const std::string& timeOfDay, const NumberFormat& numbers);
+
+}  // namespace korv

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QWidget>
+
+#include "app/run/shown_result.h"
+#include "base/number_format.h"
+
+namespace korv {
+
+class ElidingLabel;
+
+/// One line above the views that says which run it is.
+class HeadLine final : public QWidget {
+ public:
+  explicit HeadLine(QWidget* parent);
+
+  ElidingLabel* lblHeadLine = nullptr;
+
+  /// Null hides the line.
+  void ShowRun(const ShownResult* result, const NumberFormat& numbers);
+};
+
+}  // namespace korv

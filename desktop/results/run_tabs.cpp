@@ -1,0 +1,49 @@
+#include "desktop/results/run_tabs.h"
+
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+#include "desktop/widgets/control_factory.h"
+
+namespace korv {
+
+RunTabs::RunTabs(QWidget* parent) : QTabBar(parent) {
+  Described(Named(this, "tabRuns"), "Finished runs");
+  setDocumentMode(true);
+  setExpanding(false);
+  setUsesScrollButtons(true);
+  setElideMode(Qt::ElideMiddle);
+  connect(this, &QTabBar::currentChanged, this, [this](int index) {
+    if (index >= 0) Chosen(index);
+  });
+  connect(this, &QTabBar::tabCloseRequested, this, [this](int index) { Closed(index); });
+  ShowWhatApplies();
+}
+
+void RunTabs::Add(const QString& name) {
+  const QSignalBlocker byTheProgram(this);
+  // What looks like the mark of a mnemonic is a part of the name.
+  setCurrentIndex(addTab(QString(name).replace(u'&', QLatin1String("&&"))));
+  ShowWhatApplies();
+}
+
+void RunTabs::Remove(int index) {
+  {
+    const QSignalBlocker byTheProgram(this);
+    removeTab(index);
+  }
+  ShowWhatApplies();
+}
+
+void RunTabs::mouseReleaseEvent(QMouseEvent* event) {
+  const int index = tabAt(event->position().toPoint());
+  if (event->button() == Qt::MiddleButton && index >= 0 && tabsClosable()) return Closed(index);
+  QTabBar::mouseReleaseEvent(event);
+}
+
+void RunTabs::ShowWhatApplies() {
+  setTabsClosable(count() > 1);
+  setVisible(count() > 0);
+}
+
+}  // namespace korv
