@@ -11,17 +11,6 @@ namespace korv {
 
 namespace {
 
-uint64_t FilesWithWords(const Report& report) {
-  if (report.Facts.Options.SourceKind != TextSource::Folder) return 1;
-  const std::vector<CorpusSource>& sources = report.Table.Corpus().Sources;
-  uint64_t files = 0;
-  for (size_t s = 0; s < sources.size(); ++s) {
-    const uint64_t end = s + 1 < sources.size() ? sources[s + 1].WordsBefore : report.Facts.Words.Taken;
-    if (end > sources[s].WordsBefore) ++files;
-  }
-  return files;
-}
-
 /// By entry, 0 for those that are not listed. Entries are in alphabetical order, which ties keep.
 std::vector<PhraseRank> RanksByFrequency(const PhraseTable& table) {
   std::vector<PhraseIndex> order;
@@ -36,6 +25,17 @@ std::vector<PhraseRank> RanksByFrequency(const PhraseTable& table) {
 
 }  // namespace
 
+uint64_t FilesWithWords(const PhraseTable& table, const RunSummary& facts) {
+  if (facts.Options.SourceKind != TextSource::Folder) return 1;
+  const std::vector<CorpusSource>& sources = table.Corpus().Sources;
+  uint64_t files = 0;
+  for (size_t s = 0; s < sources.size(); ++s) {
+    const uint64_t end = s + 1 < sources.size() ? sources[s + 1].WordsBefore : facts.Words.Taken;
+    if (end > sources[s].WordsBefore) ++files;
+  }
+  return files;
+}
+
 ListSource::ListSource(const Report& report, std::span<const Column* const> columns, const ListExtent& extent)
     : view_{report.Table, report.Facts, extent} {
   if (std::ranges::any_of(columns, [](const Column* column) { return column->ValueInFile != nullptr; }))
@@ -48,7 +48,7 @@ ListSource::ListSource(const Report& report, std::span<const Column* const> colu
     frequencyRanks_ = RanksByFrequency(report.Table);
   view_.FilePaths = filePaths_;
   view_.SourcePaths = sourcePaths_;
-  view_.FilesWithWords = FilesWithWords(report);
+  view_.FilesWithWords = FilesWithWords(report.Table, report.Facts);
   view_.FrequencyRanks = frequencyRanks_;
 }
 

@@ -51,8 +51,8 @@ class PhraseList {
   /// Those rows of the order that are in the set, with `occurrences` together.
   PhraseList(SharedOrder order, RowSet visible, uint64_t occurrences);
 
-  uint32_t Phrases() const;                           ///< Visible or not.
-  uint32_t Rows() const;                              ///< The visible ones.
+  uint32_t Phrases() const;                              ///< Visible or not.
+  uint32_t Rows() const;                                 ///< The visible ones.
   uint64_t Occurrences() const { return occurrences_; }  ///< Of the visible ones.
   bool Filtered() const { return visible_ != nullptr; }
 

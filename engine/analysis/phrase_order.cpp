@@ -87,7 +87,8 @@ SharedOrder OrderOf(const KeyedEntries& sorted, const std::vector<PhraseIndex>& 
   for (size_t at = 0; at < sorted.size(); ++at) {
     if (!GoesOn(yielder)) return nullptr;
     order->Entries[at] = sorted[at].Entry;
-    if (at == 0 || sorted[at].Key != sorted[at - 1].Key || bits(sorted[at].Entry) != bits(sorted[at - 1].Entry))
+    if (at == 0 || sorted[at].Key != sorted[at - 1].Key ||
+        bits(sorted[at].Entry) != bits(sorted[at - 1].Entry))
       MarkGroup(*order, at);
   }
   std::ranges::copy(undefined, order->Entries.begin() + static_cast<std::ptrdiff_t>(sorted.size()));
@@ -126,7 +127,8 @@ SharedOrder OrderByCount(const PhraseTable& table, SortDirection direction, Yiel
     if (table.Listed(i)) entries.push_back({direction == SortDirection::Ascending ? count : ~count, i});
   }
   if (!RadixSort(entries, yielder)) return nullptr;
-  return OrderOf(entries, {}, [](PhraseIndex) { return 0; }, yielder);
+  return OrderOf(
+      entries, {}, [](PhraseIndex) { return 0; }, yielder);
 }
 
 SharedOrder OrderByKeys(const PhraseTable& table, std::span<const double> keys, SortDirection direction,

@@ -174,8 +174,9 @@ uint64_t PhraseMatcher::Passing(std::span<const PhraseIndex> entries, uint64_t c
     });
   } else {
     std::string scratch;
-    matching = EachCandidate(entries, candidates, [&, test = std::get_if<TextTest>(&form_->Test)](
-                                                      PhraseIndex i) { return test->Matches(i, scratch); });
+    matching = EachCandidate(
+        entries, candidates,
+        [&, test = std::get_if<TextTest>(&form_->Test)](PhraseIndex i) { return test->Matches(i, scratch); });
   }
   return form_->Excludes ? candidates & ~matching : matching;
 }

@@ -94,9 +94,10 @@ struct Column {
   bool NeedsFrequencyRanks = false;
 
   // Where people read it, as padded text.
-  int Decimals = 0;         ///< Real: digits after the point.
-  int Width = 0;            ///< In characters, heading apart; 0: as wide as the widest cell or the heading.
-  bool SharesCell = false;  ///< Stands in the cell of the column before it, and Width is that of both.
+  int Decimals = 0;          ///< Real: digits after the point.
+  bool RoundsLarge = false;  ///< In the window's table 1 digit after the point from 10 on, none from 100 on.
+  int Width = 0;             ///< In characters, heading apart; 0: as wide as the widest cell or the heading.
+  bool SharesCell = false;   ///< Stands in the cell of the column before it, and Width is that of both.
 };
 
 }  // namespace korv

@@ -33,7 +33,8 @@ constexpr Column kFrequencyColumns[] = {
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return PartsOfWords(1e6, source, phrase);
      },
-     .Decimals = 2},
+     .Decimals = 2,
+     .RoundsLarge = true},
     {.Id = "percent",
      .Heading = "Percent",
      .Type = ColumnType::Real,

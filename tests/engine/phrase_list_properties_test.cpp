@@ -53,9 +53,24 @@ Entries EntriesOf(const PhraseList& list) {
 
 /// Keys of every size, most of them more than once.
 std::vector<double> DrawKeys(const PhraseTable& table) {
-  static const std::vector<double> kKeys = {
-      kNoKey, 0, -0.0, 1, 2, 2.5, -1, 1e300, -1e300, 1e-300, 0.1, 0.1 + 1e-17, 0.10000000000000002, 4294967296,
-      4294967297, 4294967298, std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
+  static const std::vector<double> kKeys = {kNoKey,
+                                            0,
+                                            -0.0,
+                                            1,
+                                            2,
+                                            2.5,
+                                            -1,
+                                            1e300,
+                                            -1e300,
+                                            1e-300,
+                                            0.1,
+                                            0.1 + 1e-17,
+                                            0.10000000000000002,
+                                            4294967296,
+                                            4294967297,
+                                            4294967298,
+                                            std::numeric_limits<double>::infinity(),
+                                            -std::numeric_limits<double>::infinity()};
   return *rc::gen::container<std::vector<double>>(size_t{table.EntryCount()} + 1, rc::gen::elementOf(kKeys));
 }
 
@@ -112,8 +127,7 @@ RC_GTEST_PROP(PhraseListProperties, RowsAreThoseThatPass, ()) {
   const auto testOf = [](const auto& flags) {
     return [&flags](std::span<const PhraseIndex> entries, uint64_t candidates) {
       uint64_t passing = 0;
-      for (size_t k = 0; k < entries.size(); ++k)
-        passing |= uint64_t{flags[ValueOf(entries[k])] != 0} << k;
+      for (size_t k = 0; k < entries.size(); ++k) passing |= uint64_t{flags[ValueOf(entries[k])] != 0} << k;
       return passing & candidates;
     };
   };
@@ -136,7 +150,8 @@ RC_GTEST_PROP(PhraseListProperties, RowsAreThoseThatPass, ()) {
 
   const auto inFirst = [&](PhraseIndex i) { return passes[ValueOf(i)] != 0; };
   const auto inBoth = [&](PhraseIndex i) { return inFirst(i) && passesToo[ValueOf(i)]; };
-  expect(AllRows(table, order), [](PhraseIndex) { return true; }, order);
+  expect(
+      AllRows(table, order), [](PhraseIndex) { return true; }, order);
   const auto filtered = FilterRows(table, order, testOf(passes), yielder);
   expect(*filtered, inFirst, order);
   expect(*FilterRows(table, order, testOf(passesToo), yielder, {}, &*filtered), inBoth, order);

@@ -37,10 +37,11 @@ Sweep FirstAnswers(const RowTest& test) {
   NoYielder yielder;
   Sweep told;
   const SharedOrder order = OrderByPhrase(LargeTable(), SortDirection::Ascending, yielder);
-  const auto list = FilterRows(LargeTable(), order, test, yielder, [&](const PhraseList& rows, uint32_t searched) {
-    told.Searched.push_back(searched);
-    told.Rows.push_back(rows.Rows());
-  });
+  const auto list =
+      FilterRows(LargeTable(), order, test, yielder, [&](const PhraseList& rows, uint32_t searched) {
+        told.Searched.push_back(searched);
+        told.Rows.push_back(rows.Rows());
+      });
   told.Rows.push_back(list->Rows());
   return told;
 }

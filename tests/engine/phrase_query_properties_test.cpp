@@ -17,19 +17,18 @@
 namespace korv {
 namespace {
 
-constexpr MatchMode kModes[] = {MatchMode::Contains,   MatchMode::WholeWords,     MatchMode::StartsWith,
-                                MatchMode::EndsWith,   MatchMode::Wildcards,      MatchMode::Expression,
+constexpr MatchMode kModes[] = {MatchMode::Contains,       MatchMode::WholeWords, MatchMode::StartsWith,
+                                MatchMode::EndsWith,       MatchMode::Wildcards,  MatchMode::Expression,
                                 MatchMode::WordsInAnyOrder};
 
-const std::vector<std::string> kExpressions = {"^a",    "e$",      "a b", "(a|the)\\b", "t.e",   "[b-d]+ c",
-                                               "^\\w+ \\w+$", "(", "x*",  "-b",         "- a\\b", "\\bhe\\b"};
+const std::vector<std::string> kExpressions = {
+    "^a", "e$", "a b", "(a|the)\\b", "t.e", "[b-d]+ c", "^\\w+ \\w+$", "(", "x*", "-b", "- a\\b", "\\bhe\\b"};
 
 /// A part of a phrase of the run, by characters, perhaps with something wrong in it.
 std::string DrawPart(const PhraseTable& table) {
   std::u32string text = U"a b";
   if (table.EntryCount() > 0)
-    text = reference::Decode(
-        table.Text(PhraseIndex{*rc::gen::inRange<uint32_t>(1, table.EntryCount() + 1)}));
+    text = reference::Decode(table.Text(PhraseIndex{*rc::gen::inRange<uint32_t>(1, table.EntryCount() + 1)}));
   const size_t begin = *rc::gen::inRange<size_t>(0, text.size());
   text = text.substr(begin, *rc::gen::inRange<size_t>(1, text.size() + 1));
   const int change = *rc::gen::inRange(0, 12);
@@ -66,8 +65,8 @@ RC_GTEST_PROP(PhraseQueryProperties, PassesWhatASearchInTheTextPasses, ()) {
   RC_LOG() << world;
   const EngineRun run = CountedByEngine(world);
   const PhraseQuery query = DrawQuery(run.Table);
-  RC_LOG() << "mode " << static_cast<int>(query.Mode) << " [" << query.Text << "]" << (query.Not ? " not" : "")
-           << (query.FoldAccents ? " accents" : "") << '\n';
+  RC_LOG() << "mode " << static_cast<int>(query.Mode) << " [" << query.Text << "]"
+           << (query.Not ? " not" : "") << (query.FoldAccents ? " accents" : "") << '\n';
   NoYielder yielder;
   const auto matcher = PhraseMatcher::Compile(query, run.Table, yielder);
   RC_ASSERT(matcher.HasValue() == (query.Text != "("));

@@ -80,9 +80,8 @@ RC_GTEST_PROP(ListProperties, OrdersByAnyColumn, ()) {
       std::vector<PhraseIndex> expected;
       for (const size_t i : reference::OrderOfValues(world.Of(known), descending))
         expected.push_back(world.Listed[i]);
-      const SharedOrder order =
-          OrderByColumn(column, descending ? SortDirection::Descending : SortDirection::Ascending,
-                        source.View(), yielder);
+      const SharedOrder order = OrderByColumn(
+          column, descending ? SortDirection::Descending : SortDirection::Ascending, source.View(), yielder);
       RC_ASSERT(std::vector(order->Entries.begin(), order->Entries.end()) == expected);
     }
   }
@@ -98,10 +97,9 @@ RC_GTEST_PROP(ListProperties, LimitsLetPassWhatLiesBetween, ()) {
     const int n = *rc::gen::inRange(-1, end);
     return n < 0 ? std::optional<double>() : n;
   };
-  const auto limit = [&](const Known& known) {
-    return Limit{FindColumn(known.Id), bound(6), bound(40)};
-  };
-  const RowFilter filter{{.Text = *rc::gen::elementOf(std::vector<std::string>{"", "a", "-a", "he"})}, {limit(one), limit(two)}};
+  const auto limit = [&](const Known& known) { return Limit{FindColumn(known.Id), bound(6), bound(40)}; };
+  const RowFilter filter{{.Text = *rc::gen::elementOf(std::vector<std::string>{"", "a", "-a", "he"})},
+                         {limit(one), limit(two)}};
   const Column* columns[] = {filter.Limits[0].Of, filter.Limits[1].Of};
   const ListSource source(report, columns, {});
   const auto test = CompileFilter(filter, source.View(), yielder);

@@ -36,7 +36,8 @@ TEST(RowFilter, NarrowsWhereTextAndLimitsAreAsTight) {
 }
 
 TEST(RowFilter, UndefinedValuesPassNoLimitAndStandLast) {
-  const ReportWorld world = ReportWorld::Of({{"a b", 2}, {"c d", 1}});  // No words are told: per million is undefined.
+  const ReportWorld world =
+      ReportWorld::Of({{"a b", 2}, {"c d", 1}});  // No words are told: per million is undefined.
   const Column* columns[] = {FindColumn("per_million")};
   const Report report = world.View();
   const ListSource source(report, columns, {});

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <functional>
+
+#include "desktop/results/table/phrase_table_model.h"
+
+class QHeaderView;
+class QMenu;
+class QSettings;
+
+namespace korv {
+
+/// Which columns the table shows, in which order and how wide. The user's choice is kept in the store, by the
+/// names of the columns, so that it outlives columns that come and go.
+class ColumnChoice final : public QObject {
+ public:
+  /// All outlive this. Shows what is kept, or the columns of the beginning.
+  ColumnChoice(QHeaderView& header, const PhraseTableModel& model, QSettings& store);
+
+  std::function<void()> Changed = [] {};  ///< Other columns are shown.
+
+  bool IsShown(int section) const;
+  /// Their sections, from the left.
+  std::vector<int> Shown() const;
+  /// Hides what says the same of every phrase of one file, without forgetting the choice.
+  void SetOneFile(bool oneFile);
+  /// The user shows or hides a column.
+  void Choose(int section, bool shown);
+  /// Shows these for now, in this order, with the phrase among them; nothing is kept.
+  void ShowForNow(const QStringList& ids);
+  /// Back to what is kept.
+  void ShowKept();
+  /// Forgets what is kept.
+  void RestoreDefaults();
+  /// One checkable entry a column, and the way back to the columns of the beginning.
+  void FillMenu(QMenu& menu);
+
+ private:
+  QStringList DefaultIds() const;
+  void Apply(const QStringList& ids);
+  void HideOrShow();
+  int UsualWidth(int section) const;
+  void Keep();
+  void KeepWidth(int section, int width);
+
+  QHeaderView& header_;
+  const PhraseTableModel& model_;
+  QSettings& store_;
+  QStringList chosen_;  ///< Ids, in no order.
+  bool oneFile_ = false;
+  bool applying_ = false;  ///< What the header tells is our own doing.
+};
+
+}  // namespace korv

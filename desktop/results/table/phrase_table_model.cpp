@@ -1,0 +1,87 @@
+#include "desktop/results/table/phrase_table_model.h"
+
+#include <algorithm>
+#include <string>
+
+#include "desktop/results/table/shown_cell.h"
+#include "desktop/results/table/table_columns.h"
+#include "desktop/toolkit/text.h"
+
+namespace korv {
+
+PhraseTableModel::PhraseTableModel(const NumberFormat& numbers, QObject* parent)
+    : QAbstractTableModel(parent), numbers_(numbers), columns_(TableColumns()) {}
+
+int PhraseTableModel::SectionOf(std::string_view id) const {
+  const auto found = std::ranges::find(columns_, id, [](const Column* column) { return column->Id; });
+  return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
+}
+
+void PhraseTableModel::Show(std::shared_ptr<const TableSource> source, PhraseList rows) {
+  beginResetModel();
+  source_ = std::move(source);
+  rows_ = std::move(rows);
+  endResetModel();
+}
+
+void PhraseTableModel::TellOfNewValues() {
+  if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+PhraseIndex PhraseTableModel::EntryAt(int row) const {
+  return rows_.EntryAt(static_cast<uint32_t>(row));
+}
+
+Cell PhraseTableModel::ValueAt(int row, int section, std::string& text) const {
+  return source_->ValueOf(*columns_[static_cast<size_t>(section)], EntryAt(row), text);
+}
+
+int PhraseTableModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.Rows());
+}
+
+int PhraseTableModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QString PhraseTableModel::ShownText(const QModelIndex& index) const {
+  std::string text;
+  return ShownCell(ColumnOf(index), ValueAt(index.row(), index.column(), text), numbers_);
+}
+
+QVariant PhraseTableModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || index.row() >= rowCount()) return {};
+  const Column& column = ColumnOf(index);
+  switch (role) {
+    case Qt::DisplayRole:
+      return ShownText(index);
+    case Qt::ToolTipRole:
+      // A text may be cut.
+      return column.Type == ColumnType::Text ? ShownText(index) : QString();
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(Qt::AlignVCenter |
+                                 (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));
+    default:
+      return {};
+  }
+}
+
+QVariant PhraseTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+  const Column& column = *columns_[static_cast<size_t>(section)];
+  switch (role) {
+    case Qt::DisplayRole:
+      return ToQt(column.Heading);
+    case Qt::ToolTipRole:
+      return source_ ? TipOfColumn(column, source_->Run().Facts, numbers_) : ToQt(column.Definition);
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(Qt::AlignVCenter |
+                                 (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));
+    case Qt::InitialSortOrderRole:
+      return DescendsFirst(column) ? Qt::DescendingOrder : Qt::AscendingOrder;
+    default:
+      return {};
+  }
+}
+
+}  // namespace korv

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <string_view>
+#include <vector>
+
+#include "base/number_format.h"
+#include "report/columns/column.h"
+#include "report/run_summary.h"
+
+namespace korv {
+
+/// All columns that the window's table can show: those that say one thing of every phrase and belong to no
+/// numbered report. In the order of the menu.
+std::vector<const Column*> TableColumns();
+
+/// Whether the table shows the column to a user who has chosen none.
+bool IsShownAtFirst(std::string_view id);
+
+/// Whether the column says the same of every phrase where all the text is one file.
+bool TellsFilesApart(std::string_view id);
+
+/// What a click on the heading does first: text ascends, numbers descend.
+inline bool DescendsFirst(const Column& column) {
+  return column.Type != ColumnType::Text && column.Id != "rank";
+}
+
+/// What the column means, with the figures of the run that its formula refers to: rich text for a tool tip.
+QString TipOfColumn(const Column& column, const RunSummary& facts, const NumberFormat& numbers);
+
+}  // namespace korv

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "base/yielder.h"
+#include "desktop/results/table/table_source.h"
+#include "engine/analysis/phrase_list.h"
+#include "report/columns/row_filter.h"
+
+namespace korv {
+
+/// What the user wants to see of a run.
+struct TableRequest {
+  const Column* SortBy = nullptr;
+  SortDirection Direction = SortDirection::Ascending;
+  RowFilter Filter;
+};
+
+/// What there is to see.
+struct TableAnswer {
+  std::shared_ptr<const TableSource> Source;
+  PhraseList Rows{};
+  bool Whole = true;  ///< False: further rows may pass the filter; the answer with them follows.
+  std::string Fault{};  ///< Why the query makes no sense; empty when it does. There are no rows then.
+};
+
+/// Orders and filters the phrases of one run, as a job on a thread of its own. Remembers the last order and
+/// the last filter, of which the next answer can often be made. Nobody else uses it meanwhile.
+class TableWork {
+ public:
+  using Tell = std::function<void(TableAnswer)>;
+
+  explicit TableWork(std::shared_ptr<const CountedRun> run) : run_(std::move(run)) {}
+
+  /// Tells the first rows early, and then all of them. Nothing more when stopped.
+  void Answer(const TableRequest& request, Yielder& yielder, const Tell& tell);
+
+ private:
+  bool Order(const TableRequest& request, Yielder& yielder);
+  void Filter(const TableRequest& request, Yielder& yielder, const Tell& tell);
+
+  std::shared_ptr<const CountedRun> run_;
+  std::shared_ptr<const TableSource> source_;  ///< Null until it is prepared.
+  TableRequest last_;                          ///< What all_ and rows_ were made for.
+  PhraseList all_;                             ///< In the order of last_.
+  PhraseList rows_;                            ///< Those that pass its filter.
+};
+
+}  // namespace korv
