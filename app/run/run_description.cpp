@@ -56,7 +56,8 @@ std::string RunTip(const ShownResult& result, const std::string& timeOfDay, cons
     text += Counted(words, "word to ignore", "words to ignore", numbers) + ": " +
             IgnoreText(facts.Options.IgnoreMode) + ".\n";
   if (!request.Lists.CountOnly.empty())
-    text += Counted(request.Lists.CountOnly.size(), "count-only entry", "count-only entries", numbers) + ".\n";
+    text +=
+        Counted(request.Lists.CountOnly.size(), "count-only entry", "count-only entries", numbers) + ".\n";
   return text + "Counted at " + timeOfDay + " in " + FormatElapsedLong(result.Took) + ".";
 }
 

@@ -47,10 +47,10 @@ class OpenRuns {
 
   RunTabs& tabs_;
   ResultPanel& report_;
-  std::vector<OpenRun> runs_;               ///< In the order of the tabs.
-  const ShownResult* boxOf_ = nullptr;      ///< Whose listing the text box has; null for none.
-  bool lent_ = false;                       ///< Something else is in it.
-  bool inSightBefore_ = false;              ///< The listing stood there when the box was lent.
+  std::vector<OpenRun> runs_;           ///< In the order of the tabs.
+  const ShownResult* boxOf_ = nullptr;  ///< Whose listing the text box has; null for none.
+  bool lent_ = false;                   ///< Something else is in it.
+  bool inSightBefore_ = false;          ///< The listing stood there when the box was lent.
 };
 
 }  // namespace korv

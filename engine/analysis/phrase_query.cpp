@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <variant>
@@ -10,6 +11,7 @@
 #include "engine/analysis/word_marks.h"
 #include "engine/counting/phrase_table_data.h"
 #include "engine/patterns/regex.h"
+#include "engine/patterns/required_literal.h"
 #include "engine/patterns/wildcard.h"
 #include "engine/text/clean_text.h"
 #include "engine/text/folding.h"
@@ -88,19 +90,55 @@ MarkRule RuleOf(MatchMode mode) {
   return {};
 }
 
-/// A phrase's text, put together for the test.
-struct TextTest {
-  const PhraseTable& Table;
-  std::variant<Wildcard, Regex> Pattern;
-  bool Folds;
-
-  bool Matches(PhraseIndex i, std::string& text) const {
-    text.clear();
-    Table.AppendText(i, text);
-    if (Folds && !IsAscii(text)) text = FoldAccents(text);
-    const auto* wildcard = std::get_if<Wildcard>(&Pattern);
-    return wildcard != nullptr ? wildcard->Matches(text) : std::get<Regex>(Pattern).Matches(text);
+/// The longest part of a literal that can stand in one word.
+std::string LongestPart(std::string_view literal, std::string_view separators) {
+  std::string_view longest;
+  for (size_t at = 0; at <= literal.size();) {
+    const size_t end = std::min(literal.find_first_of(separators, at), literal.size());
+    if (end - at > longest.size()) longest = literal.substr(at, end - at);
+    at = end + 1;
   }
+  return std::string(longest);
+}
+
+/// Texts of which every phrase that matches an expression holds one within a word. Empty: none are known.
+std::vector<std::string> NeededByExpression(const std::string& expression, bool caseSignificant) {
+  std::vector<std::string> needed;
+  for (const RequiredLiteral& literal : RequiredLiteralsOfExpression(expression, caseSignificant)) {
+    needed.push_back(LongestPart(literal.Text, " "));
+    if (needed.back().empty()) return {};
+  }
+  return needed.size() <= WordMarks::kMostTerms ? needed : std::vector<std::string>();
+}
+
+/// Puts the texts of phrases together for a wildcard or an expression. Most phrases are rejected before that,
+/// by their words.
+struct TextTest {
+  std::variant<Wildcard, Regex> Pattern;
+  bool FoldsAccents;
+  std::optional<WordMarks> Needed = {};
+};
+
+/// Asks about one phrase after the other.
+class TextSearch {
+ public:
+  TextSearch(const PhraseTable& table, const TextTest& test) : table_(table), test_(test) {}
+
+  bool Matches(PhraseIndex i, const WordNumber* words, int count) {
+    if (test_.Needed && !test_.Needed->Matches(words, count)) return false;
+    text_.clear();
+    table_.AppendText(i, text_);
+    if (test_.FoldsAccents && !IsAscii(text_)) text_ = FoldAccents(text_);
+    const auto* wildcard = std::get_if<Wildcard>(&test_.Pattern);
+    return wildcard != nullptr ? wildcard->Matches(text_)
+                               : std::get_if<Regex>(&test_.Pattern)->Matches(text_, scratch_);
+  }
+
+ private:
+  const PhraseTable& table_;
+  const TextTest& test_;
+  std::string text_;
+  Regex::Scratch scratch_;
 };
 
 /// Entries and their words lie all over the memory.
@@ -110,13 +148,16 @@ void PrefetchBlock(const PhraseTableData& data, std::span<const PhraseIndex> ent
     __builtin_prefetch(data.Corpus.From(data.Entries[ValueOf(i) - 1].First));
 }
 
-/// Calls `matches` for the candidates.
+/// Calls `matches(entry, words, count)` for the candidates.
 template <typename Matches>
-uint64_t EachCandidate(std::span<const PhraseIndex> entries, uint64_t candidates, const Matches& matches) {
+uint64_t EachCandidate(const PhraseTableData& data, std::span<const PhraseIndex> entries, uint64_t candidates,
+                       const Matches& matches) {
   uint64_t matching = 0;
   for (uint64_t left = candidates; left != 0; left &= left - 1) {
     const int k = std::countr_zero(left);
-    matching |= uint64_t{matches(entries[static_cast<size_t>(k)])} << k;
+    const PhraseIndex i = entries[static_cast<size_t>(k)];
+    const PhraseEntry& entry = data.Entries[ValueOf(i) - 1];
+    matching |= uint64_t{matches(i, data.Corpus.From(entry.First), entry.Words)} << k;
   }
   return matching;
 }
@@ -145,19 +186,29 @@ Expected<PhraseMatcher, std::string> PhraseMatcher::Compile(const PhraseQuery& q
   // The library folds the case of expressions, in which a capital letter may be a sign: "\W" is not "\w".
   if (!caseSignificant && query.Mode != MatchMode::Expression) text = FoldCase(text);
   if (query.FoldAccents) text = FoldAccents(text);
+  const WordMarks::Fold fold = query.FoldAccents ? WordMarks::Fold(FoldAccents) : WordMarks::Fold();
   if (query.Mode == MatchMode::Expression) {
     Regex regex(text, caseSignificant);
     if (!regex.Valid()) return std::string(regex.Fault());
-    form->Test.emplace<TextTest>(table, std::move(regex), query.FoldAccents);
+    auto& test = form->Test.emplace<TextTest>(std::move(regex), query.FoldAccents);
+    const std::vector<std::string> needed = NeededByExpression(text, caseSignificant);
+    if (!needed.empty())
+      test.Needed.emplace(
+          corpus.Words, needed, MarkRule{.AnyTerm = true},
+          [&](std::string_view word) { return FoldForMatching(fold ? fold(word) : word, caseSignificant); },
+          yielder);
   } else if (query.Mode == MatchMode::Wildcards) {
-    form->Test.emplace<TextTest>(table, Wildcard::FromText(text), query.FoldAccents);
+    auto& test = form->Test.emplace<TextTest>(Wildcard::FromText(text), query.FoldAccents);
+    const std::string needed = LongestPart(text, "*? ");
+    if (!needed.empty())
+      test.Needed.emplace(corpus.Words, std::vector{needed}, MarkRule{.AnyTerm = true}, fold, yielder);
   } else {
     std::vector<std::string> terms = Terms(text);
     if (query.Mode == MatchMode::WordsInAnyOrder) {
       std::ranges::sort(terms);
       terms.erase(std::ranges::unique(terms).begin(), terms.end());
     }
-    form->Test.emplace<WordMarks>(corpus.Words, terms, RuleOf(query.Mode), query.FoldAccents, yielder);
+    form->Test.emplace<WordMarks>(corpus.Words, terms, RuleOf(query.Mode), fold, yielder);
   }
   return PhraseMatcher(std::move(form));
 }
@@ -168,15 +219,14 @@ uint64_t PhraseMatcher::Passing(std::span<const PhraseIndex> entries, uint64_t c
   PrefetchBlock(data, entries);
   uint64_t matching = 0;
   if (const auto* marks = std::get_if<WordMarks>(&form_->Test)) {
-    matching = EachCandidate(entries, candidates, [&](PhraseIndex i) {
-      const PhraseEntry& entry = data.Entries[ValueOf(i) - 1];
-      return marks->Matches(data.Corpus.From(entry.First), entry.Words);
+    matching = EachCandidate(data, entries, candidates, [&](PhraseIndex, const WordNumber* words, int count) {
+      return marks->Matches(words, count);
     });
   } else {
-    std::string scratch;
+    TextSearch search(form_->Table, std::get<TextTest>(form_->Test));
     matching = EachCandidate(
-        entries, candidates,
-        [&, test = std::get_if<TextTest>(&form_->Test)](PhraseIndex i) { return test->Matches(i, scratch); });
+        data, entries, candidates,
+        [&](PhraseIndex i, const WordNumber* words, int count) { return search.Matches(i, words, count); });
   }
   return form_->Excludes ? candidates & ~matching : matching;
 }

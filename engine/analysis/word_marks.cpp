@@ -3,25 +3,22 @@
 #include <algorithm>
 
 #include "base/workers.h"
-#include "engine/run_options.h"
-#include "engine/text/folding.h"
-#include "engine/text/unicode.h"
 
 namespace korv {
 
-static_assert(kMostWords < 32, "a term is a bit");
+static_assert(WordMarks::kMostTerms < 32, "a term is a bit");
 
 WordMarks::WordMarks(const Vocabulary& words, const std::vector<std::string>& terms, const MarkRule& rule,
-                     bool foldAccents, Yielder& yielder)
+                     const Fold& fold, Yielder& yielder)
     : rule_(rule), marks_(size_t{words.Size()} + 1, 0) {
-  // Longer than any phrase: no word is marked, and no row of marks is complete.
-  if (terms.size() > static_cast<size_t>(kMostWords)) return;
+  // No word is marked, and no row of marks is complete.
+  if (terms.size() > kMostTerms) return;
   last_ = 1U << (terms.size() - 1);
   all_ = last_ | (last_ - 1);
   RunParts(words.Size(), yielder, [&](size_t begin, size_t end) {
     for (size_t w = begin + 1; w <= end; ++w) {
       const std::string_view text = words.Text(WordNumber{static_cast<uint32_t>(w)});
-      marks_[w] = foldAccents && !IsAscii(text) ? MarksOf(FoldAccents(text), terms) : MarksOf(text, terms);
+      marks_[w] = fold ? MarksOf(fold(text), terms) : MarksOf(text, terms);
     }
   });
 }
@@ -31,8 +28,8 @@ uint32_t WordMarks::MarksOf(std::string_view word, const std::vector<std::string
   for (size_t k = 0; k < terms.size(); ++k) {
     const std::string& term = terms[k];
     if (word.size() < term.size()) continue;
-    const bool anyBegin = k == 0 && rule_.BeginsWithinWord;
-    const bool anyEnd = k + 1 == terms.size() && rule_.EndsWithinWord;
+    const bool anyBegin = rule_.AnyTerm || (k == 0 && rule_.BeginsWithinWord);
+    const bool anyEnd = rule_.AnyTerm || (k + 1 == terms.size() && rule_.EndsWithinWord);
     const bool matches = anyBegin && anyEnd ? word.find(term) != word.npos
                          : anyBegin         ? word.ends_with(term)
                          : anyEnd           ? word.starts_with(term)
@@ -57,6 +54,10 @@ bool WordMarks::HoldsAll(const WordNumber* words, int count) const {
   uint32_t found = 0;
   for (int w = 0; w < count; ++w) found |= marks_[ValueOf(words[w])];
   return last_ != 0 && found == all_;
+}
+
+bool WordMarks::HoldsAny(const WordNumber* words, int count) const {
+  return std::any_of(words, words + count, [&](WordNumber word) { return marks_[ValueOf(word)] != 0; });
 }
 
 }  // namespace korv

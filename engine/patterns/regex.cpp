@@ -63,6 +63,8 @@ struct Regex::Compiled {
   /// Memory for one match. A match takes it, or makes its own while another one has it.
   mutable std::atomic<pcre2_match_data*> Spare{nullptr};
 
+  Outcome Try(std::string_view text, pcre2_match_data* data) const;
+
   ~Compiled() { pcre2_match_data_free(Spare.load()); }
 };
 
@@ -98,22 +100,35 @@ Regex::~Regex() = default;
 Regex::Regex(Regex&&) noexcept = default;
 Regex& Regex::operator=(Regex&&) noexcept = default;
 
-Regex::Outcome Regex::Try(std::string_view text) const {
-  if (!compiled_) return Outcome::NoMatch;
-  MatchData data(compiled_->Spare.exchange(nullptr, std::memory_order_acquire));
-  if (!data) data = OrThrow(MatchData(pcre2_match_data_create(1, nullptr)));
+struct Regex::Memory {
+  MatchData Data = OrThrow(MatchData(pcre2_match_data_create(1, nullptr)));
+};
 
+Regex::Scratch::Scratch() : memory_(std::make_unique<Memory>()) {}
+Regex::Scratch::~Scratch() = default;
+
+Regex::Outcome Regex::Compiled::Try(std::string_view text, pcre2_match_data* data) const {
   const auto match = [&](uint32_t options) {
-    return pcre2_match(compiled_->Code.get(), Units(text), text.size(), 0, options, data.get(),
-                       compiled_->Limits.get());
+    return pcre2_match(Code.get(), Units(text), text.size(), 0, options, data, Limits.get());
   };
   int result = match(0);
   // The JIT's small stack bounds long texts before the limits do; the interpreter goes by the limits alone.
   if (result == PCRE2_ERROR_JIT_STACKLIMIT) result = match(PCRE2_NO_JIT);
-
-  MatchData other(compiled_->Spare.exchange(data.release(), std::memory_order_acq_rel));
   if (result >= 0) return Outcome::Match;
   return result == PCRE2_ERROR_NOMATCH ? Outcome::NoMatch : Outcome::GaveUp;
+}
+
+Regex::Outcome Regex::Try(std::string_view text) const {
+  if (!compiled_) return Outcome::NoMatch;
+  MatchData data(compiled_->Spare.exchange(nullptr, std::memory_order_acquire));
+  if (!data) data = OrThrow(MatchData(pcre2_match_data_create(1, nullptr)));
+  const Outcome outcome = compiled_->Try(text, data.get());
+  const MatchData other(compiled_->Spare.exchange(data.release(), std::memory_order_acq_rel));
+  return outcome;
+}
+
+bool Regex::Matches(std::string_view text, Scratch& scratch) const {
+  return compiled_ && compiled_->Try(text, scratch.memory_->Data.get()) == Outcome::Match;
 }
 
 }  // namespace korv

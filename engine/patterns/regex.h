@@ -34,6 +34,25 @@ class Regex {
 
  private:
   struct Compiled;
+  struct Memory;
+
+ public:
+  /// Memory for the matches of one thread. Without it threads that match at the same time take turns with the
+  /// memory that the expression has, which costs more than a match of a short text.
+  class Scratch {
+   public:
+    Scratch();
+    ~Scratch();
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+
+   private:
+    friend class Regex;
+    std::unique_ptr<Memory> memory_;
+  };
+  bool Matches(std::string_view text, Scratch& scratch) const;
+
+ private:
   std::unique_ptr<Compiled> compiled_;
   std::string fault_;
 };

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "base/workers.h"
+#include "report/look_ahead.h"
 
 namespace korv {
 
@@ -42,8 +43,10 @@ std::vector<double> KeysOfColumn(const Column& column, const ColumnSource& sourc
     ColumnKeys ofColumn(column, source);
     const auto begin = static_cast<uint32_t>(task * kEntriesOfTask + 1);
     const auto end = static_cast<uint32_t>(std::min<size_t>(entries + size_t{1}, begin + kEntriesOfTask));
-    for (uint32_t i = begin; i < end && !yielder.Stopped(); ++i)
-      if (table.Listed(PhraseIndex{i})) keys[i] = ofColumn.Of(PhraseIndex{i});
+    for (PhraseIndex i{begin}; ValueOf(i) < end && !yielder.Stopped(); ++i) {
+      table.Prefetch(i + kLookAhead, i + 2 * kLookAhead);
+      if (table.Listed(i)) keys[ValueOf(i)] = ofColumn.Of(i);
+    }
   });
   return finished ? std::move(keys) : std::vector<double>();
 }

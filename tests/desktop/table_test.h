@@ -140,9 +140,9 @@ class TableTest : public testing::Test {
     const QHeaderView& header = *Grid().horizontalHeader();
     const int section = Section(heading);
     Grid().horizontalHeader()->setOffset(0);
-    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
-                      {header.sectionViewportPosition(section) + header.sectionSize(section) / 2,
-                       header.height() / 2});
+    QTest::mouseClick(
+        header.viewport(), Qt::LeftButton, {},
+        {header.sectionViewportPosition(section) + header.sectionSize(section) / 2, header.height() / 2});
     UntilIdle();
   }
   void Press(int key, Qt::KeyboardModifiers modifiers = {}) const {

@@ -88,7 +88,8 @@ void ColumnChoice::FillMenu(QMenu& menu) {
   for (int section = 0; section < model_.columnCount(); ++section) {
     const Column& column = *model_.Columns()[static_cast<size_t>(section)];
     const QString id = IdOf(model_, section);
-    QAction* const action = menu.addAction(ToQt(column.Heading), this, [this, section](bool shown) { Choose(section, shown); });
+    QAction* const action =
+        menu.addAction(ToQt(column.Heading), this, [this, section](bool shown) { Choose(section, shown); });
     action->setObjectName(QStringLiteral("mnuColumn_") + id);
     action->setCheckable(true);
     action->setChecked(chosen_.contains(id));
@@ -154,7 +155,8 @@ void ColumnChoice::Keep() {
 
 void ColumnChoice::KeepWidth(int section, int width) {
   // A column that is hidden has no width; the one that it had is kept.
-  if (width > 0 && !applying_ && IsShown(section)) store_.setValue(QLatin1String(kWidthsGroup) + IdOf(model_, section), width);
+  if (width > 0 && !applying_ && IsShown(section))
+    store_.setValue(QLatin1String(kWidthsGroup) + IdOf(model_, section), width);
 }
 
 }  // namespace korv

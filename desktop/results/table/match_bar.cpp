@@ -46,8 +46,8 @@ MatchBar::MatchBar(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   txbMatch->setMinimumWidth(12 * fontMetrics().averageCharWidth());
   txbMatch->installEventFilter(this);
   chkMatchNot = MakeCheckBox("chkMatchNot", "n&ot", this);
-  chkMatchNot->setToolTip(QStringLiteral(
-      "List the phrases that do not match. A \"-\" before the text does the same."));
+  chkMatchNot->setToolTip(
+      QStringLiteral("List the phrases that do not match. A \"-\" before the text does the same."));
   Described(chkMatchNot, "List the phrases that do not match");
   chkMatchAccents = MakeCheckBox("chkMatchAccents", "any accents", this);
   chkMatchAccents->setToolTip(QStringLiteral("Letters match with and without their accents."));

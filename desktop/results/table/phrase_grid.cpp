@@ -58,7 +58,8 @@ PhraseGrid::PhraseGrid(PhraseTableModel& model, QWidget* parent) : QTableView(pa
 }
 
 void PhraseGrid::Show(std::shared_ptr<const TableSource> source, PhraseList rows) {
-  const bool sameRun = source != nullptr && model_.Source() != nullptr && &source->Table() == &model_.Source()->Table();
+  const bool sameRun =
+      source != nullptr && model_.Source() != nullptr && &source->Table() == &model_.Source()->Table();
   const PhraseIndex phrase = sameRun ? CurrentPhrase() : kNoPhrase;
   const int top = verticalScrollBar()->value();
   const int height = phrase == kNoPhrase ? 0 : currentIndex().row() - top;
@@ -76,7 +77,8 @@ void PhraseGrid::Show(std::shared_ptr<const TableSource> source, PhraseList rows
 std::vector<RowRange> PhraseGrid::SelectedRows() const {
   std::vector<RowRange> rows;
   if (allSelected_) return {{0, model_.rowCount() - 1}};
-  for (const QItemSelectionRange& range : selectionModel()->selection()) rows.push_back({range.top(), range.bottom()});
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    rows.push_back({range.top(), range.bottom()});
   std::ranges::sort(rows, {}, &RowRange::First);
   std::vector<RowRange> joined;
   for (const RowRange& range : rows) {
@@ -110,7 +112,8 @@ void PhraseGrid::selectAll() {
 }
 
 void PhraseGrid::keyboardSearch(const QString& search) {
-  const bool goesOn = sinceLastKey_.isValid() && sinceLastKey_.elapsed() < QApplication::keyboardInputInterval();
+  const bool goesOn =
+      sinceLastKey_.isValid() && sinceLastKey_.elapsed() < QApplication::keyboardInputInterval();
   typed_ = goesOn ? typed_ + search : search;
   sinceLastKey_.restart();
   // A blank alone finds nothing; it may go on with what was typed.
@@ -136,7 +139,8 @@ void PhraseGrid::keyPressEvent(QKeyEvent* event) {
 
 QModelIndex PhraseGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
   if (model_.rowCount() > 0 && (action == MoveHome || action == MoveEnd)) {
-    const int column = currentIndex().isValid() ? currentIndex().column() : horizontalHeader()->logicalIndex(0);
+    const int column =
+        currentIndex().isValid() ? currentIndex().column() : horizontalHeader()->logicalIndex(0);
     return model_.index(action == MoveHome ? 0 : model_.rowCount() - 1, column);
   }
   return QTableView::moveCursor(action, modifiers);

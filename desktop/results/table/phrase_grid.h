@@ -24,9 +24,9 @@ class PhraseGrid final : public QTableView {
  public:
   PhraseGrid(PhraseTableModel& model, QWidget* parent);
 
-  std::function<void(PhraseIndex)> Opened = [](PhraseIndex) {};     ///< Enter, F4 or a double click.
-  std::function<void(bool)> CopyAsked = [](bool) {};                ///< With the heading or without.
-  std::function<void()> SelectionMoved = [] {};                     ///< Current or selected rows have changed.
+  std::function<void(PhraseIndex)> Opened = [](PhraseIndex) {};  ///< Enter, F4 or a double click.
+  std::function<void(bool)> CopyAsked = [](bool) {};             ///< With the heading or without.
+  std::function<void()> SelectionMoved = [] {};                  ///< Current or selected rows have changed.
   /// The row to go to when `typed` was typed in row `from`, which may itself be meant; -1 for none.
   std::function<int(int from, const QString& typed)> Find = [](int, const QString&) { return -1; };
 
@@ -55,7 +55,7 @@ class PhraseGrid final : public QTableView {
 
   PhraseTableModel& model_;
   bool allSelected_ = false;
-  QString typed_;              ///< By keys that followed each other at once.
+  QString typed_;  ///< By keys that followed each other at once.
   QElapsedTimer sinceLastKey_;
 };
 

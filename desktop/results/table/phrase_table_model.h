@@ -41,7 +41,9 @@ class PhraseTableModel final : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  const Column& ColumnOf(const QModelIndex& index) const { return *columns_[static_cast<size_t>(index.column())]; }
+  const Column& ColumnOf(const QModelIndex& index) const {
+    return *columns_[static_cast<size_t>(index.column())];
+  }
   QString ShownText(const QModelIndex& index) const;
 
   const NumberFormat& numbers_;

@@ -35,7 +35,8 @@ class PhraseTablePanel final : public QWidget {
   QLabel* lblMatchFault = nullptr;
   PhraseGrid* tblPhrases = nullptr;
 
-  std::function<void(PhraseIndex)> ShowContexts = [](PhraseIndex) {};    ///< The user wants to see where it stands.
+  std::function<void(PhraseIndex)> ShowContexts = [](PhraseIndex) {
+  };  ///< The user wants to see where it stands.
   std::function<void(PhraseIndex)> CurrentChanged = [](PhraseIndex) {};  ///< kNoPhrase: none is selected.
 
   void cmdClearMatch_Click();

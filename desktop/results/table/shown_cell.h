@@ -7,7 +7,8 @@
 
 namespace korv {
 
-/// A cell as people read it in the table: numbers grouped, real ones with the digits that help (Column::Decimals, RoundsLarge),
+/// A cell as people read it in the table: numbers grouped, real ones with the digits that help
+/// (Column::Decimals, RoundsLarge),
 /// "%" behind percentages. Empty for a value that is not defined.
 QString ShownCell(const Column& column, const Cell& cell, const NumberFormat& numbers);
 

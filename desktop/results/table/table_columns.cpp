@@ -31,8 +31,8 @@ bool TellsFilesApart(std::string_view id) {
 QString TipOfColumn(const Column& column, const RunSummary& facts, const NumberFormat& numbers) {
   const auto grouped = [&](uint64_t number) { return ToQt(numbers.Grouped(static_cast<int64_t>(number))); };
   const QString title = ToQt(column.Heading).toHtmlEscaped();
-  QString tip = QStringLiteral("<p><b>%1</b></p><p>%2</p>")
-                    .arg(title, ToQt(column.Definition).toHtmlEscaped());
+  QString tip =
+      QStringLiteral("<p><b>%1</b></p><p>%2</p>").arg(title, ToQt(column.Definition).toHtmlEscaped());
   if (column.Type != ColumnType::Text) {
     tip += QStringLiteral("<p>In this run N = %1 running words, n = %2 words taken.</p>")
                .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken));

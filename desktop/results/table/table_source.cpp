@@ -13,7 +13,8 @@ namespace korv {
 std::shared_ptr<const TableSource> TableSource::Of(std::shared_ptr<const CountedRun> run, Yielder& yielder) {
   const std::shared_ptr<TableSource> source(new TableSource(std::move(run)));
   const PhraseTable& table = source->Table();
-  for (const CorpusSource& text : table.Corpus().Sources) source->sourcePaths_.push_back(PathToText(text.Path));
+  for (const CorpusSource& text : table.Corpus().Sources)
+    source->sourcePaths_.push_back(PathToText(text.Path));
   source->filesWithWords_ = FilesWithWords(table, source->run_->Facts);
   // The chain may be threaded anew while the table is looked at.
   source->ranks_ = RanksByCount(table, yielder);

@@ -14,8 +14,9 @@ void TableWork::Answer(const TableRequest& request, Yielder& yielder, const Tell
 bool TableWork::Order(const TableRequest& request, Yielder& yielder) {
   const bool sameColumn = all_.Order() && last_.SortBy == request.SortBy;
   if (sameColumn && last_.Direction == request.Direction) return true;
-  const SharedOrder order = sameColumn ? Reversed(*all_.Order(), yielder)
-                                       : OrderByColumn(*request.SortBy, request.Direction, source_->View(), yielder);
+  const SharedOrder order = sameColumn
+                                ? Reversed(*all_.Order(), yielder)
+                                : OrderByColumn(*request.SortBy, request.Direction, source_->View(), yielder);
   if (!order) return false;
   // Those that passed pass in any order.
   std::optional<PhraseList> rows = InOrder(source_->Table(), rows_, order, yielder);

@@ -24,7 +24,7 @@ struct TableRequest {
 struct TableAnswer {
   std::shared_ptr<const TableSource> Source;
   PhraseList Rows{};
-  bool Whole = true;  ///< False: further rows may pass the filter; the answer with them follows.
+  bool Whole = true;    ///< False: further rows may pass the filter; the answer with them follows.
   std::string Fault{};  ///< Why the query makes no sense; empty when it does. There are no rows then.
 };
 

@@ -13,7 +13,8 @@ void MarkWrong(QLineEdit& field, const QString& reason) {
   // A quarter of red keeps the text readable on light and on dark ground.
   QPalette palette = field.palette();
   const QColor base = palette.color(QPalette::Base);
-  palette.setColor(QPalette::Base, QColor((3 * base.red() + 255) / 4, 3 * base.green() / 4, 3 * base.blue() / 4));
+  palette.setColor(QPalette::Base,
+                   QColor((3 * base.red() + 255) / 4, 3 * base.green() / 4, 3 * base.blue() / 4));
   field.setPalette(palette);
 }
 
