@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/corpus/phrase_places.h"
-#include "sources/places/context_text.h"
+#include "sources/places/words_around.h"
 
 namespace korv {
 
@@ -32,11 +32,6 @@ std::string Line(std::initializer_list<std::string_view> cells) {
   }
   line.back() = '\n';
   return line;
-}
-
-std::string_view TokenText(const Corpus& corpus, Place place) {
-  const WordNumber word = corpus.Tokens[ValueOf(place)];
-  return word == kNoWord ? "|" : corpus.Words.Text(word);
 }
 
 }  // namespace
@@ -64,7 +59,8 @@ bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, s
       rows.emplace(place, std::move(row));
   }
   if (order == PlaceOrder::Place) return true;
-  OrderPlaces(corpus_, static_cast<int>(phrase.size()), order, places);
+  if (!OrderPlaces(corpus_, static_cast<int>(phrase.size()), order, /*fileByFile=*/false, yielder_, places))
+    return false;
   for (const Place place : places) out_ << rows[place];
   return true;
 }
@@ -73,29 +69,11 @@ std::string ContextTable::Row(Place place, std::span<const WordNumber> phrase, s
   const auto found = locator_.Locate(place, static_cast<int>(phrase.size()), around);
   if (!found) {
     TellOnce(place, found.Error());
-    return RowOfWords(place, phrase, around);
+    const PlaceInText words = WordsAround(corpus_, place, static_cast<int>(phrase.size()), around);
+    return Line({FileOf(place), "", "", words.Left, words.Phrase, words.Right});
   }
   return Line({FileOf(place), std::to_string(found->Line), std::to_string(found->Column), found->Left,
                found->Phrase, found->Right});
-}
-
-/// What the run itself knows: words without what stood between them, "|" where no phrase goes on.
-std::string ContextTable::RowOfWords(Place place, std::span<const WordNumber> phrase, size_t around) const {
-  const size_t source = corpus_.SourceAt(place);
-  const size_t begin = corpus_.Sources[source].Begin;
-  const size_t end = source + 1 < corpus_.Sources.size() ? corpus_.Sources[source + 1].Begin
-                                                         : corpus_.Tokens.size() - kTrailingEnds;
-  std::string left;
-  for (size_t i = ValueOf(place); i > begin && left.size() <= 4 * (around + 1); --i)
-    left = std::string(TokenText(corpus_, Place{static_cast<uint32_t>(i - 1)})) + (left.empty() ? "" : " ") +
-           left;
-  std::string words;
-  for (uint32_t k = 0; k < phrase.size(); ++k)
-    words += (k == 0 ? "" : " ") + std::string(TokenText(corpus_, place + k));
-  std::string right;
-  for (size_t i = ValueOf(place) + phrase.size(); i < end && right.size() <= 4 * (around + 1); ++i)
-    right += (right.empty() ? "" : " ") + std::string(TokenText(corpus_, Place{static_cast<uint32_t>(i)}));
-  return Line({FileOf(place), "", "", LastWords(left, around), words, FirstWords(right, around)});
 }
 
 std::string ContextTable::FileOf(Place place) const {

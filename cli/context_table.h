@@ -29,7 +29,6 @@ class ContextTable {
 
  private:
   std::string Row(Place place, std::span<const WordNumber> phrase, size_t around);
-  std::string RowOfWords(Place place, std::span<const WordNumber> phrase, size_t around) const;
   std::string FileOf(Place place) const;
   void TellOnce(Place place, PlaceFault fault);
 

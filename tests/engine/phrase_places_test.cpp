@@ -93,25 +93,34 @@ std::vector<std::pair<std::string, std::string>> Side(const Words& text, size_t 
 }
 
 void CheckOrders(const Corpus& corpus, const Words& text, const Places& places, size_t words) {
+  const auto path = [&](size_t place) {
+    const CorpusSource* of = nullptr;
+    for (const CorpusSource& source : corpus.Sources)
+      if (source.Begin <= place) of = &source;
+    return of->Path;
+  };
+  NoYielder yielder;
   for (const PlaceOrder order : {PlaceOrder::Place, PlaceOrder::Left, PlaceOrder::Right, PlaceOrder::File}) {
-    Places expected = places;
-    std::ranges::stable_sort(expected, [&](size_t a, size_t b) {
-      if (order == PlaceOrder::Left) return Side(text, a - 1, -1) < Side(text, b - 1, -1);
-      if (order == PlaceOrder::Right) return Side(text, a + words, 1) < Side(text, b + words, 1);
-      if (order == PlaceOrder::Place) return false;
-      const auto path = [&](size_t place) {
-        const CorpusSource* of = nullptr;
-        for (const CorpusSource& source : corpus.Sources)
-          if (source.Begin <= place) of = &source;
-        return of->Path;
-      };
-      return path(a) < path(b);
-    });
-    std::vector<Place> ordered;
-    for (const size_t place : places) ordered.push_back(Place{static_cast<uint32_t>(place)});
-    std::ranges::reverse(ordered);
-    OrderPlaces(corpus, static_cast<int>(words), order, ordered);
-    RC_ASSERT(Values(ordered) == expected);
+    for (const bool fileByFile : {false, true}) {
+      Places expected = places;
+      std::ranges::stable_sort(expected, [&](size_t a, size_t b) {
+        if ((fileByFile || order == PlaceOrder::File) && path(a) != path(b)) return path(a) < path(b);
+        if (order == PlaceOrder::Left) return Side(text, a - 1, -1) < Side(text, b - 1, -1);
+        if (order == PlaceOrder::Right) return Side(text, a + words, 1) < Side(text, b + words, 1);
+        return false;
+      });
+      std::vector<Place> ordered;
+      for (const size_t place : places) ordered.push_back(Place{static_cast<uint32_t>(place)});
+      std::ranges::reverse(ordered);
+      Places early;
+      const size_t wanted = *rc::gen::resize(rc::kNominalSize, rc::gen::inRange<size_t>(0, 4));
+      const FirstPlaces first{wanted, [&] { early = Values(std::span(ordered).first(wanted)); }};
+      RC_ASSERT(OrderPlaces(corpus, static_cast<int>(words), order, fileByFile, yielder, ordered, first));
+      RC_ASSERT(Values(ordered) == expected);
+      // The first ones were right when they were told.
+      RC_ASSERT(early.size() == (wanted < places.size() ? wanted : 0));
+      RC_ASSERT(std::equal(early.begin(), early.end(), expected.begin()));
+    }
   }
 }
 
@@ -239,6 +248,67 @@ TEST(PhrasePlaces, WordsAreFoundByTheirText) {
   for (const char* missing : {"", "cotes", "COTE", "zz", "ÿÿ", "0"})
     EXPECT_EQ(vocabulary.Find(missing), kNoWord) << missing;
   EXPECT_EQ(Vocabulary().Find("a"), kNoWord);
+}
+
+/// Many places are sorted piece by piece; neighbours tell whether the pieces were put together well.
+TEST(OrderPlaces, OrdersManyPlaces) {
+  CountingWorld world;
+  world.Rules.IgnoreShortWords = false;
+  constexpr uint32_t kWords = 200'000;
+  uint32_t random = 1;
+  for (uint32_t i = 0; i < kWords; ++i) {
+    random = random * 1664525 + 1013904223;
+    if (i % 1000 == 0) world.Steps.push_back({CountingWorld::Step::Kind::NextFile, std::to_string(random)});
+    world.Steps.push_back({CountingWorld::Step::Kind::Word, random >> 30 != 0 ? "a" : "b"});
+  }
+  const WordFilters lists;
+  CorpusBuilder stream(world.Rules, world.Options, lists);
+  Feed(world, stream);
+  PhraseTable table;
+  TakeText(std::move(stream), table);
+  NoYielder yielder;
+  CountPhrases(table, yielder);
+  const Corpus& corpus = table.Corpus();
+  std::vector<WordNumber> phrase = {corpus.Words.Find("a")};
+  const std::vector<Place> places = ScanForPlaces(corpus, phrase);
+  ASSERT_GT(places.size(), 140'000u);
+  const auto path = [&](Place at) -> const std::filesystem::path& {
+    return corpus.Sources[corpus.SourceAt(at)].Path;
+  };
+  const auto inOrder = [&](Place a, Place b, PlaceOrder order, bool byFile) {
+    if (byFile && path(a) != path(b)) return path(a) < path(b);
+    const int step = order == PlaceOrder::Left ? -1 : order == PlaceOrder::Right ? 1 : 0;
+    for (int k = 1; step != 0 && k <= kMostWords; ++k) {
+      const WordNumber left = corpus.From(a)[k * step];
+      const WordNumber right = corpus.From(b)[k * step];
+      if (left != right) return left < right;
+      if (left == kNoWord) break;
+    }
+    return a < b;
+  };
+  for (const PlaceOrder order : {PlaceOrder::Place, PlaceOrder::Left, PlaceOrder::Right, PlaceOrder::File}) {
+    for (const bool fileByFile : {false, true}) {
+      std::vector<Place> ordered(places.rbegin(), places.rend());
+      ASSERT_TRUE(OrderPlaces(corpus, 1, order, fileByFile, yielder, ordered));
+      for (size_t k = 1; k < ordered.size(); ++k)
+        ASSERT_TRUE(inOrder(ordered[k - 1], ordered[k], order, fileByFile || order == PlaceOrder::File)) << k;
+      std::ranges::sort(ordered);
+      ASSERT_TRUE(ordered == places);
+    }
+  }
+}
+
+TEST(OrderPlaces, AStopEndsIt) {
+  CountingWorld world;
+  for (int i = 0; i < 10; ++i) world.Steps.push_back({CountingWorld::Step::Kind::Word, "whale"});
+  const CountedWorld counted(world);
+  const Corpus& corpus = counted.Table.Corpus();
+  for (const PlaceOrder order : {PlaceOrder::Place, PlaceOrder::Left, PlaceOrder::Right, PlaceOrder::File}) {
+    NoYielder yielder;
+    yielder.RequestStop();
+    std::vector<Place> places = ScanForPlaces(corpus, std::vector{corpus.Words.Find("whale")});
+    EXPECT_FALSE(OrderPlaces(corpus, 1, order, false, yielder, places));
+  }
 }
 
 }  // namespace
