@@ -94,12 +94,12 @@ bool FindContexts(const std::shared_ptr<const CountedRun>& run, const ContextQue
     countFiles();
     TakeSample(*query.SampleSeed, places);
   }
-  const FirstPlaces early{first, [&] {
-                            tell(std::make_shared<const ContextList>(
-                                run, query,
-                                std::vector(places.begin(), places.begin() + static_cast<std::ptrdiff_t>(first)),
-                                occurrences, /*whole=*/false));
-                          }};
+  const FirstPlaces early{
+      first, [&] {
+        tell(std::make_shared<const ContextList>(
+            run, query, std::vector(places.begin(), places.begin() + static_cast<std::ptrdiff_t>(first)),
+            occurrences, /*whole=*/false));
+      }};
   if (!OrderPlaces(corpus, static_cast<int>(query.Words.size()), query.Order, query.FileByFile, yielder,
                    places, early))
     return false;

@@ -15,10 +15,11 @@ namespace korv {
 
 /// Which occurrences are to be listed, and how.
 struct ContextQuery {
-  std::vector<WordNumber> Words;  ///< The phrase in the numbers of the run; kNoWord makes it be nowhere.
+  std::vector<WordNumber> Words = {};  ///< The phrase in the numbers of the run; kNoWord makes it be nowhere.
   PlaceOrder Order = PlaceOrder::Place;
-  bool FileByFile = false;             ///< Those of each file below a heading, files by path.
-  std::optional<uint64_t> SampleSeed;  ///< List no more than kContextSample of them, drawn with this seed.
+  bool FileByFile = false;  ///< Those of each file below a heading, files by path.
+  std::optional<uint64_t> SampleSeed =
+      std::nullopt;  ///< List no more than kContextSample of them, drawn with this seed.
 
   bool operator==(const ContextQuery&) const = default;
 };

@@ -19,8 +19,8 @@ inline constexpr int kLeastContext = 20;
 inline constexpr int kMostContext = 500;
 inline constexpr int kUsualContext = 80;
 
-/// The text of a row. Until its file has been read, and where that cannot be, the words of the run stand there,
-/// without line and column.
+/// The text of a row. Until its file has been read, and where that cannot be, the words of the run stand
+/// there, without line and column.
 struct ContextText {
   PlaceInText Text;
   bool FromFile;

@@ -32,16 +32,17 @@ std::string OccurrencesText(const ContextList& list, const NumberFormat& numbers
   if (list.Files() && list.Run().Facts.Options.SourceKind == TextSource::Folder)
     text += " in " + Counted(*list.Files(), " file", " files", numbers);
   if (!list.Query().SampleSeed || list.Occurrences() <= kContextSample) return text;
-  return numbers.Grouped(static_cast<int64_t>(kContextSample)) + " of " + text +
-         ", drawn at random (seed " + std::to_string(*list.Query().SampleSeed) + ")";
+  return numbers.Grouped(static_cast<int64_t>(kContextSample)) + " of " + text + ", drawn at random (seed " +
+         std::to_string(*list.Query().SampleSeed) + ")";
 }
 
-std::string ChangedTextsText(const CountedRun& run, const ChangedTexts& changed, const NumberFormat& numbers) {
+std::string ChangedTextsText(const CountedRun& run, const ChangedTexts& changed,
+                             const NumberFormat& numbers) {
   if (changed.empty()) return {};
   constexpr const char* kInstead = ": the words that were counted stand for its lines.";
   if (changed.size() > 1)
-    return Counted(changed.size(), "", " files have changed since they were counted or cannot be read any more",
-                   numbers) +
+    return Counted(changed.size(), "",
+                   " files have changed since they were counted or cannot be read any more", numbers) +
            ": the words that were counted stand for their lines.";
   const auto& [source, fault] = *changed.begin();
   switch (fault) {

@@ -16,7 +16,8 @@ std::string NameOfText(const CountedRun& run, size_t source);
 /// "whale.txt:12".
 std::string PlaceName(const CountedRun& run, size_t source, uint64_t line);
 
-/// "1,234 occurrences in 56 files"; of a sample "1,000 of 1,234 occurrences in 56 files, drawn at random (seed 7)".
+/// "1,234 occurrences in 56 files"; of a sample "1,000 of 1,234 occurrences in 56 files, drawn at random
+/// (seed 7)".
 std::string OccurrencesText(const ContextList& list, const NumberFormat& numbers);
 
 /// Texts that are not those that were counted, with what is wrong. By index in Corpus::Sources.

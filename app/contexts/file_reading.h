@@ -10,8 +10,8 @@
 
 namespace korv {
 
-/// Reads the files of a run again beside a window. Belongs to the jobs of one worker, one after another, so that
-/// the next one goes on where the last one was.
+/// Reads the files of a run again beside a window. Belongs to the jobs of one worker, one after another, so
+/// that the next one goes on where the last one was.
 class FileReading {
  public:
   explicit FileReading(FileSystem& files) : files_(files) {}

@@ -1,0 +1,301 @@
+#include "desktop/results/contexts/contexts_pane.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QSettings>
+#include <QSpinBox>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <random>
+#include <utility>
+
+#include "app/contexts/context_copy.h"
+#include "app/contexts/context_texts.h"
+#include "desktop/results/contexts/contexts_table.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/layouts.h"
+#include "desktop/widgets/wiring.h"
+#include "sources/places/phrase_cut.h"
+
+namespace korv {
+
+namespace {
+
+/// So many contexts are found first, some screens of them.
+constexpr size_t kFirstPage = 300;
+constexpr size_t kMostCopied = 20'000;
+constexpr int kTypingPause = 250;  // milliseconds
+constexpr int kLongestTyped = 1000;
+
+constexpr const char* kOrderKey = "contexts/order";
+constexpr const char* kFilesKey = "contexts/file_by_file";
+constexpr const char* kWidthKey = "contexts/width";
+
+QString Key(const char* key) {
+  return QLatin1String(key);
+}
+
+}  // namespace
+
+ContextsPane::ContextsPane(const Desktop& desktop, QWidget* parent)
+    : QWidget(parent),
+      desktop_(desktop),
+      rows_(desktop.Loop, desktop.Files),
+      model_(rows_, desktop.Numbers, nullptr),
+      copyReading_(std::make_shared<FileReading>(desktop.Files)),
+      finder_(desktop.Loop),
+      copier_(desktop.Loop) {
+  auto* layout = Bare(new QVBoxLayout(this));
+  BuildOptions(*layout);
+  lblContextNote = MakeLabel("lblContextNote", this);
+  lblContextNote->setWordWrap(true);
+  lblContextNote->hide();
+  layout->addWidget(lblContextNote);
+  tblContexts = new ContextsTable(model_, this);
+  layout->addWidget(tblContexts, 1);
+  RestoreOptions();
+  ConnectOptions();
+  rows_.Came = [this] { TextsCame(); };
+  tblContexts->SightChanged = [this] { WantRows(); };
+  auto* copy = Named(new QAction(QStringLiteral("&Copy"), tblContexts), "mnuContextCopy");
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this,
+          Guarded(desktop_.Messages, "mnuContextCopy_Click", [this] { Copy(); }));
+  tblContexts->addAction(copy);
+  tblContexts->setContextMenuPolicy(Qt::ActionsContextMenu);
+  Clear({});
+}
+
+ContextsPane::~ContextsPane() {
+  StopListening(*this);
+  tblContexts->SightChanged = [] {};
+  // The table must not outlive what it shows.
+  delete tblContexts;
+}
+
+void ContextsPane::BuildOptions(QBoxLayout& layout) {
+  auto* options = Bare(new QHBoxLayout);
+  txbContextPhrase = MakeTextBox("txbContextPhrase", "Phrase whose contexts are shown", this);
+  txbContextPhrase->setPlaceholderText(QStringLiteral("Type any phrase, listed or not"));
+  txbContextPhrase->setClearButtonEnabled(true);
+  txbContextPhrase->setMaxLength(kLongestTyped);
+  options->addWidget(MakeCaption("Conte&xts of", txbContextPhrase, this));
+  options->addWidget(txbContextPhrase, 2);
+  lblContextCount = MakeLabel("lblContextCount", this);
+  options->addWidget(lblContextCount, 1);
+  cboContextOrder = MakeCombo("cboContextOrder", "Order of the contexts", this);
+  cboContextOrder->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  // In the order of PlaceOrder.
+  cboContextOrder->addItems({QStringLiteral("As in the text"), QStringLiteral("By the words to the left"),
+                             QStringLiteral("By the words to the right"), QStringLiteral("By file name")});
+  options->addWidget(cboContextOrder);
+  chkContextFiles = MakeCheckBox("chkContextFiles", "File by file", this);
+  chkContextFiles->setToolTip(QStringLiteral("Contexts of each file below its name"));
+  options->addWidget(chkContextFiles);
+  chkContextSample = MakeCheckBox("chkContextSample", "Random 1,000", this);
+  chkContextSample->setToolTip(QStringLiteral("Show 1,000 of the occurrences, drawn at random"));
+  options->addWidget(chkContextSample);
+  spbContextWidth = Described(Named(new QSpinBox(this), "spbContextWidth"), "Characters on each side");
+  spbContextWidth->setRange(kLeastContext, kMostContext);
+  spbContextWidth->setSingleStep(20);
+  spbContextWidth->setSuffix(QStringLiteral(" characters"));
+  spbContextWidth->setToolTip(QStringLiteral("Characters on each side of the phrase, 20 to 500"));
+  spbContextWidth->setKeyboardTracking(false);
+  options->addWidget(spbContextWidth);
+  layout.addLayout(options);
+}
+
+void ContextsPane::RestoreOptions() {
+  const QSettings& store = desktop_.Store;
+  cboContextOrder->setCurrentIndex(
+      std::clamp(store.value(Key(kOrderKey)).toInt(), 0, cboContextOrder->count() - 1));
+  chkContextFiles->setChecked(store.value(Key(kFilesKey)).toBool());
+  spbContextWidth->setValue(store.value(Key(kWidthKey), kUsualContext).toInt());
+  rows_.SetAround(static_cast<size_t>(spbContextWidth->value()));
+}
+
+void ContextsPane::ConnectOptions() {
+  const Wiring wiring(*this, desktop_.Messages);
+  typed_.setSingleShot(true);
+  typed_.setInterval(kTypingPause);
+  connect(&typed_, &QTimer::timeout, this,
+          Guarded(desktop_.Messages, "txbContextPhrase_Change", [this] { ShowTyped(); }));
+  connect(txbContextPhrase, &QLineEdit::textEdited, this, [this] { typed_.start(); });
+  connect(txbContextPhrase, &QLineEdit::returnPressed, this,
+          Guarded(desktop_.Messages, "txbContextPhrase_Enter", [this] { ShowTyped(); }));
+  wiring.OnChoice(cboContextOrder, "cboContextOrder_Click", [this] {
+    desktop_.Store.setValue(Key(kOrderKey), cboContextOrder->currentIndex());
+    FindAnew();
+  });
+  wiring.OnToggle(chkContextFiles, "chkContextFiles_Click", [this] {
+    desktop_.Store.setValue(Key(kFilesKey), chkContextFiles->isChecked());
+    FindAnew();
+  });
+  wiring.OnToggle(chkContextSample, "chkContextSample_Click", [this] {
+    ChooseSample();
+    FindAnew();
+  });
+  connect(spbContextWidth, &QSpinBox::valueChanged, this,
+          Guarded(desktop_.Messages, "spbContextWidth_Change", [this] {
+            desktop_.Store.setValue(Key(kWidthKey), spbContextWidth->value());
+            rows_.SetAround(static_cast<size_t>(spbContextWidth->value()));
+            TextsCame();
+            WantRows();
+          }));
+}
+
+void ContextsPane::Show(std::shared_ptr<const CountedRun> run) {
+  run_ = std::move(run);
+  copier_.Start([reading = copyReading_](NewestJob::Turn&) { reading->Forget(); });
+  ShowTyped();
+}
+
+void ContextsPane::ShowPhrase(PhraseIndex phrase) {
+  if (run_ == nullptr) return;
+  typed_.stop();
+  const PhraseTable& table = run_->Table;
+  txbContextPhrase->setText(ToQt(table.Text(phrase)));
+  // Its words are taken from the text: cut again, they might be others.
+  const WordNumber* first = table.Corpus().From(table.First(phrase));
+  Find({first, first + table.Words(phrase)});
+}
+
+void ContextsPane::ShowPhrase(const std::string& text) {
+  txbContextPhrase->setText(ToQt(text));
+  ShowTyped();
+}
+
+void ContextsPane::ShowTyped() {
+  typed_.stop();
+  const std::string text = FromQt(txbContextPhrase->text());
+  if (run_ == nullptr || text.empty()) return Clear({});
+  if (run_->Table.Corpus().Lists == nullptr)
+    return Clear("The text of this run is not there. Count it again to see contexts.");
+  CutPhrase cut = CutTypedPhrase(text, run_->Table.Corpus());
+  if (cut.Length == 0) return Clear("The rules in force leave no word of it.");
+  if (cut.Length > static_cast<size_t>(kMostWords)) return Clear("That is more than 25 words.");
+  Find(std::move(cut.Words));
+}
+
+void ContextsPane::Find(std::vector<WordNumber> words) {
+  query_.Words = std::move(words);
+  query_.Order = static_cast<PlaceOrder>(cboContextOrder->currentIndex());
+  query_.FileByFile = chkContextFiles->isChecked();
+  finder_.Start([this, run = run_, query = query_](NewestJob::Turn& turn) {
+    FindContexts(run, query, kFirstPage, turn.Yielder(), [&](std::shared_ptr<const ContextList> list) {
+      turn.Tell([this, list = std::move(list)] { Take(list); });
+    });
+  });
+}
+
+void ContextsPane::FindAnew() {
+  if (model_.List() != nullptr || !finder_.Idle()) Find(std::move(query_.Words));
+}
+
+void ContextsPane::ChooseSample() {
+  query_.SampleSeed.reset();
+  if (chkContextSample->isChecked()) query_.SampleSeed = std::random_device()() % 10'000;
+}
+
+void ContextsPane::Take(std::shared_ptr<const ContextList> list) {
+  // The whole list begins with the rows that are there.
+  const bool goesOn = model_.List() != nullptr && !model_.List()->Whole() && list->Whole();
+  const int current = goesOn ? tblContexts->currentIndex().row() : -1;
+  const auto inSight = goesOn ? tblContexts->RowsInSight() : std::nullopt;
+  rows_.Show(list);
+  model_.Show(list);
+  if (current >= 0) tblContexts->selectRow(current);
+  if (inSight) tblContexts->scrollTo(model_.index(inSight->first, 0), QTableView::PositionAtTop);
+  lblContextCount->setText(ToQt(OccurrencesText(*list, desktop_.Numbers)));
+  if (!list->Places().empty() && !goesOn) {
+    const int row = static_cast<int>(list->RowOf(0));
+    tblContexts->FitPhrase(model_.index(row, static_cast<int>(ContextColumn::Phrase)).data().toString());
+    tblContexts->GoTo(row);
+    tblContexts->scrollToTop();
+  }
+  ShowChanged();
+  WantRows();
+}
+
+void ContextsPane::Clear(const std::string& why) {
+  finder_.Stop();
+  rows_.Show(nullptr);
+  model_.Show(nullptr);
+  lblContextCount->setText(ToQt(why));
+  ShowChanged();
+}
+
+void ContextsPane::WantRows() {
+  const auto inSight = tblContexts->RowsInSight();
+  if (!inSight || model_.List() == nullptr) return;
+  const auto [first, last] = *inSight;
+  std::vector<Place> seen;
+  std::vector<Place> near;
+  const int page = last - first + 1;
+  for (int row = std::max(0, first - page); row <= std::min(model_.rowCount() - 1, last + page); ++row)
+    if (const auto place = model_.PlaceAt(row)) (row < first || row > last ? near : seen).push_back(*place);
+  rows_.Want(std::move(seen), std::move(near));
+}
+
+void ContextsPane::TextsCame() {
+  model_.TextsCame();
+  ShowChanged();
+}
+
+void ContextsPane::ShowChanged() {
+  const QString text =
+      model_.List() == nullptr
+          ? QString()
+          : ToQt(ChangedTextsText(model_.List()->Run(), rows_.Changed(), desktop_.Numbers));
+  lblContextNote->setText(text);
+  lblContextNote->setVisible(!text.isEmpty());
+}
+
+void ContextsPane::GoBy(int rows) {
+  const ContextList* list = model_.List();
+  if (list == nullptr || list->Places().empty()) return;
+  const auto count = static_cast<int64_t>(list->Places().size());
+  const int row = tblContexts->currentIndex().row();
+  const auto at = row < 0 ? std::nullopt : list->PlaceAt(static_cast<size_t>(row));
+  const int64_t index = at ? (static_cast<int64_t>(*at) + rows + count) % count : 0;
+  tblContexts->GoTo(static_cast<int>(list->RowOf(static_cast<size_t>(index))));
+}
+
+void ContextsPane::Copy() {
+  const ContextList* list = model_.List();
+  if (list == nullptr) return;
+  QItemSelection selected = tblContexts->selectionModel()->selection();
+  std::ranges::sort(selected, {}, &QItemSelectionRange::top);
+  std::vector<Place> places;
+  for (const QItemSelectionRange& range : selected)
+    for (int row = range.top(); row <= range.bottom() && places.size() <= kMostCopied; ++row)
+      if (const auto place = model_.PlaceAt(row)) places.push_back(*place);
+  if (places.size() > kMostCopied) {
+    lblContextNote->setText(QStringLiteral("Select at most 20,000 contexts to copy them."));
+    lblContextNote->show();
+    return;
+  }
+  copier_.Start([reading = copyReading_, shared = model_.SharedList(), places = std::move(places),
+                 around = rows_.Around()](NewestJob::Turn& turn) {
+    reading->Do(shared->SharedRun(), turn.Yielder(), [&](PlaceLocator& locator) {
+      const ContextCopy copy = CopyContexts(*shared, places, around, locator, turn.Yielder());
+      turn.Tell([copy] {
+        auto* contents = new QMimeData;
+        contents->setText(ToQt(copy.Text));
+        contents->setHtml(ToQt(copy.Html));
+        QGuiApplication::clipboard()->setMimeData(contents);
+      });
+    });
+  });
+}
+
+bool ContextsPane::Idle() const {
+  return !typed_.isActive() && finder_.Idle() && rows_.Idle() && copier_.Idle();
+}
+
+}  // namespace korv

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/contexts/context_list.h"
+#include "app/contexts/context_rows.h"
+#include "app/contexts/file_reading.h"
+#include "app/run/run.h"
+#include "base/newest_job.h"
+#include "desktop/desktop.h"
+#include "desktop/results/contexts/contexts_model.h"
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QSpinBox;
+
+namespace korv {
+
+class ContextsTable;
+
+/// Where a phrase of a run stands, with what stands around it: a phrase that is shown or typed, and a row for
+/// each occurrence. Finds, sorts and reads on threads of its own.
+class ContextsPane final : public QWidget {
+ public:
+  ContextsPane(const Desktop& desktop, QWidget* parent);
+  ~ContextsPane() override;
+
+  QLineEdit* txbContextPhrase = nullptr;
+  QComboBox* cboContextOrder = nullptr;
+  QCheckBox* chkContextFiles = nullptr;   ///< File by file.
+  QCheckBox* chkContextSample = nullptr;  ///< A random sample.
+  QSpinBox* spbContextWidth = nullptr;    ///< Characters on each side.
+  QLabel* lblContextCount = nullptr;
+  QLabel* lblContextNote = nullptr;
+  ContextsTable* tblContexts = nullptr;
+
+  /// The run whose contexts are shown from here on, the phrase being the one that stands there; null for none.
+  void Show(std::shared_ptr<const CountedRun> run);
+  /// A phrase of the run's table, as it stands there.
+  void ShowPhrase(PhraseIndex phrase);
+  /// Any phrase, as if it were typed.
+  void ShowPhrase(const std::string& text);
+  /// Selects the next (previous) occurrence, from the last one on the first.
+  void NextOccurrence() { GoBy(1); }
+  void PreviousOccurrence() { GoBy(-1); }
+  /// Whether nothing is being found or read.
+  bool Idle() const;
+
+ private:
+  void BuildOptions(QBoxLayout& layout);
+  void ConnectOptions();
+  void RestoreOptions();
+  void ShowTyped();
+  void Find(std::vector<WordNumber> words);
+  void FindAnew();
+  void Take(std::shared_ptr<const ContextList> list);
+  void Clear(const std::string& why);
+  void WantRows();
+  void TextsCame();
+  void GoBy(int rows);
+  void Copy();
+  void ChooseSample();
+  void ShowChanged();
+
+  const Desktop& desktop_;
+  std::shared_ptr<const CountedRun> run_;
+  ContextQuery query_;
+  ContextRows rows_;
+  ContextsModel model_;
+  QTimer typed_;  ///< Runs while more may be typed.
+  std::shared_ptr<FileReading> copyReading_;
+  NewestJob finder_;
+  NewestJob copier_;
+};
+
+}  // namespace korv

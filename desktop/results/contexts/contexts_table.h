@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QTableView>
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace korv {
+
+class ContextsModel;
+
+/// The table of a list of contexts.
+class ContextsTable final : public QTableView {
+ public:
+  /// `model` outlives the table.
+  ContextsTable(ContextsModel& model, QWidget* parent);
+
+  std::function<void()> SightChanged = [] {};  ///< Other rows may be in sight.
+
+  /// The first and the last row in sight; nothing where there is none.
+  std::optional<std::pair<int, int>> RowsInSight() const;
+  /// Makes room for the phrase, which is about so wide as this text.
+  void FitPhrase(const QString& phrase);
+  /// Selects one row and brings it into sight.
+  void GoTo(int row);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+};
+
+}  // namespace korv

@@ -1,0 +1,208 @@
+#include "desktop/results/contexts/contexts_pane.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSpinBox>
+
+#include "desktop/results/contexts/contexts_table.h"
+#include "tests/desktop/view_test.h"
+
+namespace korv {
+namespace {
+
+using testing::ElementsAre;
+
+class ContextsTest : public ViewTest {
+ protected:
+  ContextsTest() {
+    world.Files.Add("/t/b.txt", "One big cat, two.\nThe Big Cat!\n");
+    world.Files.Add("/t/sub/a.txt", "a big cat sat\n");
+    Open();
+  }
+  void Open() {
+    surroundings = std::make_unique<Desktop>(Surroundings());
+    pane = std::make_unique<ContextsPane>(*surroundings, nullptr);
+    pane->resize(1200, 400);
+    pane->show();
+  }
+  void Type(const char* text) {
+    pane->txbContextPhrase->setFocus();
+    pane->txbContextPhrase->selectAll();
+    QTest::keyClicks(pane->txbContextPhrase, QString::fromUtf8(text));
+    QTest::keyClick(pane->txbContextPhrase, Qt::Key_Return);
+    UntilIdle(*pane);
+  }
+  /// "left|phrase|right|place" of every row.
+  std::vector<std::string> Rows() const {
+    const QAbstractItemModel& model = *pane->tblContexts->model();
+    std::vector<std::string> rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+      std::string cells;
+      for (int column = 0; column < model.columnCount(); ++column)
+        cells += (column == 0 ? "" : "|") + FromQt(model.index(row, column).data().toString());
+      rows.push_back(cells);
+    }
+    return rows;
+  }
+  std::string CountText() const { return FromQt(pane->lblContextCount->text()); }
+  int CurrentRow() const { return pane->tblContexts->currentIndex().row(); }
+
+  std::unique_ptr<Desktop> surroundings;
+  std::unique_ptr<ContextsPane> pane;
+};
+
+TEST_F(ContextsTest, ShowsTheOccurrencesOfAPhraseThatIsTyped) {
+  pane->Show(CountFolder());
+  EXPECT_THAT(Rows(), testing::IsEmpty());
+  Type("Big cat");
+  EXPECT_EQ(CountText(), "3 occurrences in 2 files");
+  EXPECT_THAT(Rows(), ElementsAre("One|big cat|, two. The Big Cat!|b.txt:1",
+                                  "One big cat, two. The|Big Cat|!|b.txt:2", "a|big cat|sat|sub/a.txt:1"));
+  EXPECT_EQ(CurrentRow(), 0);
+}
+
+TEST_F(ContextsTest, ShowsThoseOfAListedPhrase) {
+  const auto run = CountFolder();
+  pane->Show(run);
+  for (const PhraseIndex i : run->Table.All())
+    if (run->Table.Text(i) == "big cat sat") pane->ShowPhrase(i);
+  UntilIdle(*pane);
+  EXPECT_THAT(Rows(), ElementsAre("a|big cat sat||sub/a.txt:1"));
+  EXPECT_EQ(FromQt(pane->txbContextPhrase->text()), "big cat sat");
+  pane->ShowPhrase("one");
+  UntilIdle(*pane);
+  EXPECT_EQ(CountText(), "1 occurrence in 1 file");
+}
+
+TEST_F(ContextsTest, SaysWhatIsWrongWithAPhrase) {
+  pane->Show(CountFolder());
+  struct Case {
+    const char* Typed;
+    const char* Says;
+  };
+  std::string many;
+  for (int i = 0; i < 26; ++i) many += "cat ";
+  const Case cases[] = {{"big dog", "No occurrence"},
+                        {"12", "The rules in force leave no word of it."},
+                        {many.c_str(), "That is more than 25 words."}};
+  for (const Case& c : cases) {
+    Type(c.Typed);
+    EXPECT_EQ(CountText(), c.Says) << c.Typed;
+    EXPECT_THAT(Rows(), testing::IsEmpty()) << c.Typed;
+  }
+}
+
+TEST_F(ContextsTest, OrdersThemAndGroupsThemByFile) {
+  pane->Show(CountFolder());
+  Type("big cat");
+  pane->cboContextOrder->setCurrentIndex(2);
+  UntilIdle(*pane);
+  EXPECT_THAT(Rows(), ElementsAre("One big cat, two. The|Big Cat|!|b.txt:2", "a|big cat|sat|sub/a.txt:1",
+                                  "One|big cat|, two. The Big Cat!|b.txt:1"));
+  QTest::mouseClick(pane->chkContextFiles, Qt::LeftButton, {}, {8, pane->chkContextFiles->height() / 2});
+  UntilIdle(*pane);
+  EXPECT_THAT(Rows(), ElementsAre("b.txt  (2)|||", "One big cat, two. The|Big Cat|!|b.txt:2",
+                                  "One|big cat|, two. The Big Cat!|b.txt:1", "sub/a.txt  (1)|||",
+                                  "a|big cat|sat|sub/a.txt:1"));
+  // They are remembered.
+  Open();
+  EXPECT_EQ(pane->cboContextOrder->currentIndex(), 2);
+  EXPECT_TRUE(pane->chkContextFiles->isChecked());
+}
+
+TEST_F(ContextsTest, ShowsAsManyCharactersAsIsWished) {
+  pane->Show(CountFolder());
+  Type("cat sat");
+  pane->spbContextWidth->setValue(20);
+  UntilIdle(*pane);
+  EXPECT_EQ(pane->spbContextWidth->minimum(), 20);
+  EXPECT_EQ(pane->spbContextWidth->maximum(), 500);
+  EXPECT_THAT(Rows(), ElementsAre("a big|cat sat||sub/a.txt:1"));
+  Type("two");
+  EXPECT_THAT(Rows(), ElementsAre("One big cat,|two|. The Big Cat!|b.txt:1"));
+}
+
+TEST_F(ContextsTest, GoesFromOneOccurrenceToTheNextAndAround) {
+  pane->Show(CountFolder());
+  pane->chkContextFiles->setChecked(true);
+  Type("big cat");
+  EXPECT_EQ(CurrentRow(), 1);  // Below the heading.
+  pane->NextOccurrence();
+  EXPECT_EQ(CurrentRow(), 2);
+  pane->NextOccurrence();
+  EXPECT_EQ(CurrentRow(), 4);
+  pane->NextOccurrence();
+  EXPECT_EQ(CurrentRow(), 1);
+  pane->PreviousOccurrence();
+  EXPECT_EQ(CurrentRow(), 4);
+}
+
+TEST_F(ContextsTest, TellsThatAFileHasChanged) {
+  pane->Show(CountFolder());
+  world.Files.Add("/t/sub/a.txt", "something else\n");
+  Type("big cat");
+  EXPECT_THAT(Rows(), ElementsAre("One|big cat|, two. The Big Cat!|b.txt:1",
+                                  "One big cat, two. The|Big Cat|!|b.txt:2", "a|big cat|sat|sub/a.txt"));
+  EXPECT_EQ(FromQt(pane->lblContextNote->text()),
+            "sub/a.txt has changed since it was counted: the words that were counted stand for its lines.");
+  EXPECT_TRUE(pane->lblContextNote->isVisible());
+  Type("one");
+  pane->Show(nullptr);
+  UntilIdle(*pane);
+  EXPECT_FALSE(pane->lblContextNote->isVisible());
+  EXPECT_THAT(Rows(), testing::IsEmpty());
+}
+
+TEST_F(ContextsTest, CopiesTheSelectedRows) {
+  pane->Show(CountFolder());
+  Type("big cat");
+  pane->tblContexts->setFocus();
+  pane->tblContexts->selectAll();
+  QTest::keySequence(pane->tblContexts, QKeySequence::Copy);
+  UntilIdle(*pane);
+  const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+  EXPECT_EQ(FromQt(copied->text()),
+            "file\tline\tleft\tphrase\tright\n"
+            "b.txt\t1\tOne\tbig cat\t, two. The Big Cat!\n"
+            "b.txt\t2\tOne big cat, two. The\tBig Cat\t!\n"
+            "sub/a.txt\t1\ta\tbig cat\tsat\n");
+  EXPECT_THAT(FromQt(copied->html()), testing::HasSubstr("<td>big cat</td>"));
+}
+
+TEST_F(ContextsTest, ASampleOfManyIsSmallAndSaysItsSeed) {
+  std::string text;
+  for (int i = 0; i < 2500; ++i) text += "The big cat.\n";
+  world.UseFile("/one.txt", text);
+  pane->Show(Counted());
+  Type("big cat");
+  EXPECT_EQ(CountText(), "2,500 occurrences");
+  EXPECT_EQ(pane->tblContexts->model()->rowCount(), 2500);
+  pane->chkContextSample->click();
+  UntilIdle(*pane);
+  EXPECT_EQ(pane->tblContexts->model()->rowCount(), 1000);
+  EXPECT_THAT(CountText(), testing::MatchesRegex("1,000 of 2,500 occurrences, drawn at random \\(seed [0-9]+\\)"));
+  pane->tblContexts->scrollToBottom();
+  UntilIdle(*pane);
+  const int last = pane->tblContexts->model()->rowCount() - 1;
+  EXPECT_THAT(FromQt(pane->tblContexts->model()->index(last, 3).data().toString()),
+              testing::MatchesRegex("one.txt:[0-9]+"));
+}
+
+TEST_F(ContextsTest, AnotherRunTakesThePlaceOfTheFirst) {
+  pane->Show(CountFolder());
+  Type("big cat");
+  world.UseClipboard("My big cat");
+  pane->Show(Counted());
+  UntilIdle(*pane);
+  EXPECT_EQ(CountText(), "1 occurrence");
+  EXPECT_THAT(Rows(), ElementsAre("My|big cat||Clipboard:1"));
+}
+
+}  // namespace
+}  // namespace korv
