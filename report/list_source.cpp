@@ -37,7 +37,8 @@ uint64_t FilesWithWords(const PhraseTable& table, const RunSummary& facts) {
 }
 
 ListSource::ListSource(const Report& report, std::span<const Column* const> columns, const ListExtent& extent)
-    : view_{report.Table, report.Facts, extent} {
+    : analysis_(report.Table, report.Parts), view_{report.Table, report.Facts, extent} {
+  for (const Column* column : columns) needs_ |= column->Needs;
   if (std::ranges::any_of(columns, [](const Column* column) { return column->ValueInFile != nullptr; }))
     filePaths_ = AbbreviatePaths(report.Table.FilePaths(), ShownPath(report.Facts.InputPath));
   if (std::ranges::any_of(columns, &Column::NeedsSourcePaths))
@@ -50,6 +51,11 @@ ListSource::ListSource(const Report& report, std::span<const Column* const> colu
   view_.SourcePaths = sourcePaths_;
   view_.FilesWithWords = FilesWithWords(report.Table, report.Facts);
   view_.FrequencyRanks = frequencyRanks_;
+  view_.Analysis = &analysis_;
+}
+
+bool ListSource::Prepare(Yielder& yielder) {
+  return analysis_.Prepare(needs_, yielder);
 }
 
 }  // namespace korv

@@ -20,9 +20,15 @@ class ListSource {
   ListSource(const ListSource&) = delete;
   ListSource& operator=(const ListSource&) = delete;
 
+  /// Prepares the analysis that the columns need, which View() has from then on. Call it before that. False
+  /// when stopped.
+  bool Prepare(Yielder& yielder);
+
   const ColumnSource& View() const { return view_; }
 
  private:
+  AnalysisNeeds needs_;
+  PhraseAnalysis analysis_;
   std::vector<std::string> filePaths_;
   std::vector<std::string> sourcePaths_;
   std::vector<PhraseRank> frequencyRanks_;

@@ -93,7 +93,8 @@ std::string_view NameOfListing(const ReportOptions& options) {
 
 ListResult WriteList(const Report& report, std::span<const Column* const> columns, const ListExtent& extent,
                      ListWriter& writer, Yielder& yielder) {
-  const ListSource source(report, columns, extent);
+  ListSource source(report, columns, extent);
+  if (!source.Prepare(yielder)) return {.Outcome = ListOutcome::Stopped, .Unfiltered = extent.Phrases};
   RowBuilder rows(columns, source.View());
   writer.Begin(columns, source.View());
   Listing listing(report, extent, rows, writer, yielder);

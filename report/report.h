@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/number_format.h"
+#include "engine/analysis/text_parts.h"
 #include "engine/counting/phrase_table.h"
 #include "report/report_options.h"
 #include "report/run_summary.h"
@@ -14,6 +15,7 @@ struct Report {
   const RunSummary& Facts;
   const ReportOptions& Options;
   const NumberFormat& Numbers;
+  PartChoice Parts = {};  ///< Over which columns tell how evenly phrases are spread.
 };
 
 /// Whether the report is a list, not just a notice that there is nothing to list.

@@ -43,7 +43,8 @@ struct CorpusSource {
 ///   the last kTrailingEnds tokens are kNoWord once the text has been read, so that the longest phrase can be
 ///   read from any place; Sources[s].Begin <= Sources[s + 1].Begin.
 ///
-/// Memory: 4 bytes a token, 4 more a place that is kept, and 8 a type beside its letters.
+/// Memory: 4 bytes a token, 4 more a place that is kept or a word in WordsAtEnds, and 8 a type beside its
+/// letters.
 struct Corpus {
   WordRules Rules;
   RunOptions Options;
@@ -53,6 +54,9 @@ struct Corpus {
   GrowingArray<WordNumber> Tokens;
   std::vector<CorpusSource> Sources;    ///< In reading order.
   std::vector<uint32_t> SourceOfBlock;  ///< The index in Sources of every kSourceBlock-th token.
+  /// The ends of phrases at which a word was taken that excludes the phrases with it: the index of the
+  /// kNoWord that stands for it, ascending, once for each such word. Only where the run keeps places.
+  GrowingArray<Place> WordsAtEnds;
   static constexpr uint32_t kSourceBlock = 4096;
 
   /// The suffix array: the places at which a phrase that counts starts, ordered by the next MaxWords tokens.

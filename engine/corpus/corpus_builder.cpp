@@ -58,10 +58,10 @@ void CorpusBuilder::Feed(WordNumber wordClass) {
     return;
   }
   ++counts_.Taken;
-  if (wordClass == kEndsPhrase)
-    ResetPhrases();
-  else
-    corpus_.Tokens.push_back(wordClass);
+  if (wordClass != kEndsPhrase) return corpus_.Tokens.push_back(wordClass);
+  ResetPhrases();
+  if (KeepsPlaces(corpus_.Options))
+    corpus_.WordsAtEnds.push_back(Place{static_cast<uint32_t>(corpus_.Tokens.size() - 1)});
 }
 
 Corpus CorpusBuilder::TakeCorpus() && {

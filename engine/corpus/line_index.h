@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/growing_array.h"
 #include "engine/corpus/indices.h"
 
 namespace korv {
@@ -37,7 +38,10 @@ static_assert(sizeof(LineAnchor) == 16);
 ///   Anchors ascend by token, and those of one text by offset;
 ///   an anchor that does not start its line comes behind one of the same text that does.
 ///
-/// Memory: 16 bytes an anchor, that is a sixteenth of a byte a token, and 16 bytes a text.
+/// It keeps the begin of every line with a token too, so that the number of a line needs no reading.
+///
+/// Memory: 16 bytes an anchor, that is a sixteenth of a byte a token, and 16 bytes a text; 8 bytes a line
+/// with a token.
 class LineIndex {
  public:
   static constexpr uint32_t kAnchorEvery = 256;
@@ -56,9 +60,20 @@ class LineIndex {
   const LineAnchor& BeginOfText(const LineAnchor& anchor) const;
   /// The anchor at the start of the line that `anchor`, one of Anchors(), is a piece of.
   const LineAnchor& LineOf(const LineAnchor& anchor) const;
+  /// The number, from 1, of the line in its text that `token` was cut from; 0 where the run kept no lines.
+  /// Cost: the logarithm of the lines.
+  uint32_t LineNumber(Place token) const;
 
  private:
+  struct LineBegin {
+    Place Token;
+    uint32_t Line;
+  };
+
+  void NoteBegin(LineBegin begin);
+
   std::vector<LineAnchor> anchors_;
+  GrowingArray<LineBegin> begins_;  ///< Ascend by token, which no two have in common.
   LineAnchor lineStart_;
   bool first_ = true;
 };

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "engine/analysis/phrase_analysis.h"
 #include "engine/corpus/document_counts.h"
 #include "engine/counting/phrase_table.h"
 #include "report/columns/cell.h"
@@ -28,6 +29,8 @@ struct ColumnSource {
   /// By entry: its place when ordered by frequency. Empty where the frequency chain has that order. Needed by
   /// columns with NeedsFrequencyRanks.
   std::span<const PhraseRank> FrequencyRanks = {};
+  /// Prepared for the columns with Needs. Those that ask for more than it has are not defined.
+  const PhraseAnalysis* Analysis = nullptr;
 };
 
 /// The phrase at hand.
@@ -92,6 +95,8 @@ struct Column {
   bool NeedsFileCount = false;
   bool NeedsSourcePaths = false;
   bool NeedsFrequencyRanks = false;
+  AnalysisNeeds Needs = {};  ///< Of ColumnSource::Analysis.
+  bool NeedsPlaces = false;  ///< The run must keep places, as it must for Needs.
 
   // Where people read it, as padded text.
   int Decimals = 0;          ///< Real: digits after the point.

@@ -46,6 +46,17 @@ constexpr Column kFileColumns[] = {
        return ValueOf(source.Table.First(entry));
      },
      .NeedsSourcePaths = true},
+    {.Id = "first_line",
+     .Heading = "First line",
+     .Type = ColumnType::Integer,
+     .Definition =
+         "The number of the line of the earliest occurrence in its file, the first line being 1; in "
+         "a document, in the text that was extracted from it.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       const uint32_t line = source.Table.Corpus().Lines.LineNumber(source.Table.First(phrase.Entry));
+       return line == 0 ? Cell() : Cell(int64_t{line});
+     },
+     .NeedsPlaces = true},
 };
 
 }  // namespace

@@ -13,6 +13,10 @@ Cell PartsOfWords(double parts, const ColumnSource& source, const ListedPhrase& 
   return parts * source.Table.Count(phrase.Entry) / static_cast<double>(words);
 }
 
+std::optional<uint32_t> NetFrequency(const ColumnSource& source, const ListedPhrase& phrase) {
+  return source.Analysis ? source.Analysis->NetFrequency(phrase.Entry) : std::nullopt;
+}
+
 constexpr Column kFrequencyColumns[] = {
     {.Id = "frequency",
      .Heading = "Freq",
@@ -45,6 +49,31 @@ constexpr Column kFrequencyColumns[] = {
        return PartsOfWords(100, source, phrase);
      },
      .Decimals = 4},
+    {.Id = "net_frequency",
+     .Heading = "Alone",
+     .Type = ColumnType::Integer,
+     .Unit = "occurrences",
+     .Definition =
+         "The occurrences of the phrase that stand in no occurrence of a longer phrase, where phrases are "
+         "all "
+         "those counted that reach the minimum frequency. Phrases of the greatest length never stand in "
+         "longer ones; where many of them overlap, count longer phrases, up to 25 words.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       const auto net = NetFrequency(source, phrase);
+       return net ? Cell(int64_t{*net}) : Cell();
+     },
+     .Needs = {.FreeOccurrences = true}},
+    {.Id = "net_percent",
+     .Heading = "Alone %",
+     .Type = ColumnType::Real,
+     .Unit = kPercentUnit,
+     .Definition = "100 * the occurrences of the phrase that stand in no longer phrase / f.",
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       const auto net = NetFrequency(source, phrase);
+       return net ? Cell(100.0 * *net / source.Table.Count(phrase.Entry)) : Cell();
+     },
+     .Needs = {.FreeOccurrences = true},
+     .Decimals = 2},
 };
 
 }  // namespace

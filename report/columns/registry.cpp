@@ -6,7 +6,7 @@ namespace korv {
 
 std::vector<const Column*> AllColumns() {
   std::vector<const Column*> all;
-  for (const auto family : {PhraseColumns, FrequencyColumns, FileColumns, ReportColumns})
+  for (const auto family : {PhraseColumns, FrequencyColumns, FileColumns, DispersionColumns, ReportColumns})
     for (const Column& column : family()) all.push_back(&column);
   return all;
 }

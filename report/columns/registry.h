@@ -18,6 +18,7 @@ std::vector<const Column*> AllColumns();
 std::span<const Column> PhraseColumns();
 std::span<const Column> FrequencyColumns();
 std::span<const Column> FileColumns();
+std::span<const Column> DispersionColumns();
 std::span<const Column> ReportColumns();
 
 }  // namespace korv

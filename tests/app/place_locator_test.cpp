@@ -495,6 +495,7 @@ RC_GTEST_PROP(PlaceLocatorProperties, EveryWordIsWhereTheModelSays, ()) {
     RC_LOG() << "word " << word.Place.Word << " at " << word.Place.Line << ":" << word.Place.Column << '\n';
     RC_ASSERT(found.HasValue());
     RC_ASSERT(found->Line == word.Place.Line);
+    RC_ASSERT(corpus.Lines.LineNumber(Place{static_cast<uint32_t>(place)}) == word.Place.Line);
     RC_ASSERT(found->Column == word.Place.Column);
 
     // The text as one, to look at what is shown of it.

@@ -85,7 +85,7 @@ void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
     if (options_.IgnoreMode == IgnoreRule::ExcludeWith && lists_.IsWordToIgnore(word))
       NoteEnd();
     else
-      words_.emplace_back(word);
+      NoteWord(word);
     for (int k = options_.MinWords; k <= options_.MaxWords; ++k) {
       std::string& buffer = buffers_[static_cast<size_t>(k)];
       if (buffer.empty()) {
@@ -112,8 +112,16 @@ void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
   if (rules_.TerminateAtComma && end.EndedByComma) ResetPhrases();
 }
 
+/// The word at hand has been counted as taken.
+void CountingRun::NoteWord(std::string_view word) {
+  words_.emplace_back(word);
+  takenBefore_.push_back(taken_ - 1);
+}
+
 void CountingRun::NoteEnd() {
-  if (!words_.back().empty()) words_.emplace_back();
+  if (words_.back().empty()) return;
+  words_.emplace_back();
+  takenBefore_.push_back(taken_);
 }
 
 void CountingRun::ResetPhrases() {

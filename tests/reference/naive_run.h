@@ -46,12 +46,15 @@ class CountingRun {
   /// The words that went into phrases, in order. Where no phrase goes on, and before the first word, stands
   /// one empty text.
   const std::vector<std::string>& Words() const { return words_; }
+  /// By index in Words(): how many words were taken before it.
+  const std::vector<int64_t>& TakenBefore() const { return takenBefore_; }
   int64_t WordsTaken() const { return taken_; }
   /// Of each source, in reading order.
   const std::vector<int64_t>& WordsOfSources() const { return wordsOfSources_; }
   const DropCounts& WordsDropped() const { return dropped_; }
 
  private:
+  void NoteWord(std::string_view word);
   void NoteEnd();
   /// The words-to-ignore test of a full-length phrase.
   bool IgnoreRuleAccepts(std::string_view phrase) const;
@@ -62,6 +65,7 @@ class CountingRun {
   Table table_;
   std::vector<std::string> buffers_;  ///< Buffer k holds the last k words, joined by "+".
   std::vector<std::string> words_{""};
+  std::vector<int64_t> takenBefore_{0};
   int64_t taken_ = 0;
   std::vector<int64_t> wordsOfSources_;
   DropCounts dropped_;  ///< Reasons for which no word was dropped are not in it.

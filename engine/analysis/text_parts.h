@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "engine/analysis/taken_words.h"
+#include "engine/corpus/corpus.h"
+
+namespace korv {
+
+/// Into which parts a text is divided to see how evenly phrases are spread over it.
+struct PartChoice {
+  static constexpr int kFiles = 0;
+  static constexpr int kLeastEqual = 2;
+  static constexpr int kMostEqual = 100;
+
+  /// kFiles: the files with words; where there are fewer than two, equal parts, as many as the text has words
+  /// for. Otherwise so many equal parts of the whole text.
+  int Equal = kFiles;
+
+  bool operator==(const PartChoice&) const = default;
+};
+
+/// The parts of a text. An occurrence of a phrase belongs to the part of its first word.
+///
+/// Equal parts are cut by words taken: part j of k holds the words from j * n / k up to (j + 1) * n / k,
+/// rounded down, the last one excluded. Where nobody asked for a number, there are 10 of them, fewer in less
+/// than 1,000 words: n / 100, but at least 2. In less than 200 words there are none.
+class TextParts {
+ public:
+  /// Both must outlive the object. Linear in the files.
+  void Divide(const Corpus& corpus, const TakenWords& words, PartChoice choice);
+
+  /// Number of parts with words; 0 where the text cannot be divided, else at least 2.
+  size_t Count() const { return wordsOf_.size(); }
+  /// Words taken in the part, counted from 0; never 0.
+  uint64_t WordsOf(size_t part) const { return wordsOf_[part]; }
+  /// Those of the part with the fewest.
+  uint64_t FewestWords() const { return fewestWords_; }
+  /// Those of all parts: n.
+  uint64_t Words() const { return words_->Total(); }
+  /// The part that `place`, which must be that of a word, belongs to. Constant time, but for many files in
+  /// one block of tokens.
+  uint32_t PartOf(Place place) const;
+
+ private:
+  void DivideByFiles();
+  void DivideEqually(uint64_t parts);
+
+  const Corpus* corpus_ = nullptr;
+  const TakenWords* words_ = nullptr;
+  std::vector<uint64_t> wordsOf_;
+  std::vector<uint32_t> partOfSource_;  ///< Empty for equal parts.
+  uint64_t fewestWords_ = 0;
+};
+
+}  // namespace korv

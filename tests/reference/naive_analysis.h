@@ -1,0 +1,18 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "tests/reference/naive_run.h"
+
+namespace korv::reference {
+
+/// What measures say of a phrase, by the names of their columns. Nothing where they are not defined.
+using Measures = std::map<std::string, std::optional<double>>;
+
+/// Those of all listed phrases of a finished run, by their texts. `parts`: so many equal parts of the text; 0
+/// for its files. `minFrequency`: that of the run.
+std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, int parts, int minFrequency);
+
+}  // namespace korv::reference
