@@ -59,6 +59,16 @@ bool Workspace::HasWordsToIgnore() const {
          !SplitTypedEntries(ListKind::WordsToIgnore, TypedOf(ListKind::WordsToIgnore)).empty();
 }
 
+Workspace::State Workspace::Keep() const {
+  return {settings_, lists_, countOnly_};
+}
+
+void Workspace::PutBack(ChangedBy by, State state) {
+  lists_ = std::move(state.Lists);
+  countOnly_ = std::move(state.CountOnly);
+  Change(by, state.Chosen);
+}
+
 RunRequest Workspace::RequestOfNow() const {
   RunRequest request = RunRequestOf(settings_);
   request.Lists =

@@ -60,6 +60,14 @@ class Workspace {
   /// Whether a word to ignore is in force.
   bool HasWordsToIgnore() const;
 
+  // ---- All of it
+
+  /// Everything that one works on, to be put back later.
+  struct State;
+  State Keep() const;
+  /// Puts back what was kept.
+  void PutBack(ChangedBy by, State state);
+
   // ---- Runs
 
   /// What a count that began now would be asked for, but for the text of a clipboard.
@@ -80,6 +88,12 @@ class Workspace {
                                  ListPart{WordFileList(ListKind::CountOnly), {}}};
   std::string countOnly_;
   std::vector<Listener> listeners_;
+};
+
+struct Workspace::State {
+  Settings Chosen;
+  std::array<ListPart, 2> Lists;
+  std::string CountOnly;  ///< The typed entries.
 };
 
 }  // namespace korv

@@ -51,6 +51,7 @@ class GrowingArray {
   }
 
   size_t size() const { return size_; }
+  size_t capacity() const { return capacity_; }
   T& operator[](size_t i) { return elements_.get()[i]; }
   const T& operator[](size_t i) const { return elements_.get()[i]; }
   const T& back() const { return elements_.get()[size_ - 1]; }

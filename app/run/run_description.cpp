@@ -2,6 +2,7 @@
 
 #include "app/run/result_notes.h"
 #include "app/run/rules_text.h"
+#include "base/size_text.h"
 #include "base/time_text.h"
 
 namespace korv {
@@ -58,7 +59,12 @@ std::string RunTip(const ShownResult& result, const std::string& timeOfDay, cons
   if (!request.Lists.CountOnly.empty())
     text +=
         Counted(request.Lists.CountOnly.size(), "count-only entry", "count-only entries", numbers) + ".\n";
-  return text + "Counted at " + timeOfDay + " in " + FormatElapsedLong(result.Took) + ".";
+  return text + "Counted at " + timeOfDay + " in " + FormatElapsedLong(result.Took) +
+         ".\nMemory: " + FormatSize(MemoryOf(result), numbers) + ".";
+}
+
+uint64_t MemoryOf(const ShownResult& result) {
+  return result.Run.Table.Bytes() + result.Run.KeptText.capacity();
 }
 
 }  // namespace korv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "app/run/shown_result.h"
@@ -13,5 +14,8 @@ std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers)
 /// All there is to know of how a run came about, in lines: its source, its settings, when it ended, how long
 /// it took and what memory it takes. `timeOfDay` is that of its end, as the user writes it.
 std::string RunTip(const ShownResult& result, const std::string& timeOfDay, const NumberFormat& numbers);
+
+/// The memory that a finished run takes, in bytes; small things left out.
+uint64_t MemoryOf(const ShownResult& result);
 
 }  // namespace korv

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/run/run.h"
+#include "app/workspace.h"
 #include "engine/analysis/offered_phrases.h"
 #include "report/list_words.h"
 #include "report/report_options.h"
@@ -23,7 +24,8 @@ struct ShownListing {
 
 /// A finished run of a window and its listing.
 struct ShownResult {
-  RunRequest Request;  ///< What was asked for. Without a clipboard's text.
+  RunRequest Request;                      ///< What was asked for. Without a clipboard's text.
+  std::optional<Workspace::State> Chosen;  ///< What was chosen in the window then, where that is known.
   CountedRun Run;
   std::optional<OfferedPhrases> Offered;  ///< Of a result without a phrase.
   std::chrono::seconds Took{};            ///< From its start to its end, questions aside.

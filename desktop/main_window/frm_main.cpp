@@ -25,6 +25,7 @@
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/settings_controller.h"
+#include "desktop/main_window/settings_steps.h"
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/questions.h"
@@ -231,6 +232,19 @@ void frmMain::SourceHasChanged(ChangedBy by) {
   if (user) result_->FollowControls();
 }
 
+void frmMain::TakeSettingsBack(int run) {
+  const OpenRuns& runs = result_->Runs();
+  if (!run_->Idle() || !runs.At(run).Chosen) return;
+  steps_->Do("Settings of " + FromQt(runs.NameOf(run)), [&](Workspace::State& state) {
+    const Settings now = std::exchange(state, *runs.At(run).Chosen).Chosen;
+    state.Chosen.Report = now.Report;
+    state.Chosen.OutputFile = now.OutputFile;
+    state.Chosen.DisableOutputToFile = now.DisableOutputToFile;
+    state.Chosen.SaveStateOnQuit = now.SaveStateOnQuit;
+    state.Chosen.WarnOnOverwrite = now.WarnOnOverwrite;
+  });
+}
+
 void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
   SetTitle();
   EnableClearButtons();
@@ -238,6 +252,7 @@ void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
   params_->SettingsHaveChanged(changed);
   result_->ShowResult();
   if (by == ChangedBy::Program) return;
+  steps_->Forget();
   if (Has(changed, "DisplayFormat")) panels_.Report->cboDisplayFormat_Click();
   if (Has(changed, "WordOrder")) panels_.Report->cboWordOrder_Click();
 }

@@ -27,6 +27,7 @@ class ResultController;
 class RunController;
 class SettingsBinding;
 class SettingsController;
+class SettingsSteps;
 
 /// The program's main window. It assembles its panels and the controllers behind them, starts up and quits;
 /// all else is theirs.
@@ -106,6 +107,8 @@ class frmMain final : public QMainWindow, public SettingsHost {
   void SetCountPhrasesCaption();
   void SetTitle();
   void SourceHasChanged(ChangedBy by);
+  /// The settings under which a run was counted are chosen again; what says how it is listed stays.
+  void TakeSettingsBack(int run);
   /// Shows what follows from settings, which the controls themselves show already.
   void SettingsHaveChanged(const SettingSet& changed, ChangedBy by);
   /// Nothing goes on any more.
@@ -126,6 +129,7 @@ class frmMain final : public QMainWindow, public SettingsHost {
   std::unique_ptr<frmHelp> help_;
   std::unique_ptr<SettingsBinding> binding_;
   std::unique_ptr<SettingsController> settingsController_;
+  std::unique_ptr<SettingsSteps> steps_;
   std::unique_ptr<RunController> run_;
   std::unique_ptr<ResultController> result_;
   std::unique_ptr<Opening> opening_;

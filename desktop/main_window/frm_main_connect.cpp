@@ -18,11 +18,14 @@
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/settings_controller.h"
+#include "desktop/main_window/settings_steps.h"
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/results/filter_panel.h"
+#include "desktop/results/result_frame.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
+#include "desktop/results/run_tabs.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/widgets/settings_binding.h"
@@ -49,6 +52,7 @@ void frmMain::MakeControllers() {
       desktop_, panels_, work_, *params_, *popUp_,
       SettingsController::Hooks{.Applied = [this] { result_->FollowControls(); },
                                 .WordsChanged = [this] { SetWordsToIgnoreNotice(); }});
+  steps_ = std::make_unique<SettingsSteps>(work_, *settingsController_);
   opening_ = std::make_unique<Opening>(
       desktop_, *panels_.Source, [this] { return run_->Idle(); },
       [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); });
@@ -57,20 +61,28 @@ void frmMain::MakeControllers() {
 void frmMain::MakeMenus() {
   menus_ = std::make_unique<MainMenus>(
       *menuBar(), desktop_, panels_,
-      MainMenus::Commands{.CountPhrases = [this] { run_->cmdCountPhrases_Click(); },
-                          .Stop =
-                              [this] {
-                                if (Running()) run_->cmdCountPhrases_Click();
-                              },
-                          .SaveState = [this] { SaveStateFile(this); },
-                          .LoadSettings = [this] { params_->cmdSaveLoadState_Click(0, this); },
-                          .SaveSettings = [this] { params_->cmdSaveLoadState_Click(1, this); },
-                          .Quit = [this] { cmdQuit_Click(); },
-                          .Settings = [this] { cmdSetParameters_Click(); },
-                          .Help = [this] { cmdHelp_Click(); }});
+      MainMenus::Commands{
+          .CountPhrases = [this] { run_->cmdCountPhrases_Click(); },
+          .Stop =
+              [this] {
+                if (Running()) run_->cmdCountPhrases_Click();
+              },
+          .SaveState = [this] { SaveStateFile(this); },
+          .LoadSettings = [this] { params_->cmdSaveLoadState_Click(0, this); },
+          .SaveSettings = [this] { params_->cmdSaveLoadState_Click(1, this); },
+          .Quit = [this] { cmdQuit_Click(); },
+          .TakeSettingsBack = [this] { TakeSettingsBack(panels_.Frame->Tabs->currentIndex()); },
+          .CloseRun = [this] { result_->CloseRun(panels_.Frame->Tabs->currentIndex()); },
+          .Undo = [this] { steps_->Undo(); },
+          .Undoable = [this] { return steps_->Undoable(); },
+          .Settings = [this] { cmdSetParameters_Click(); },
+          .Help = [this] { cmdHelp_Click(); }});
 }
 
 void frmMain::ConnectPanels() {
+  panels_.Frame->Tabs->SettingsWanted = [this](int run) {
+    Guarded(messages_, "tabRuns_TakeSettingsBack", [&] { TakeSettingsBack(run); })();
+  };
   SourcePanel& source = *panels_.Source;
   source.KindChanged = [this](ChangedBy by) { SourceHasChanged(by); };
   source.RecentChosen = [this](const QString& path) { OpenPaths({path}); };

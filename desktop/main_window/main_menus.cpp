@@ -79,6 +79,8 @@ void MainMenus::BuildFile(QMenuBar& bar) {
       ->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});
   stop_ = Add(menu, "S&top", Qt::Key_Escape, commands_.Stop, During::Always);
   stop_->setEnabled(false);
+  Add(menu, "Take settings of the run &back", {}, commands_.TakeSettingsBack);
+  Add(menu, "&Close run", QKeySequence::Close, commands_.CloseRun, During::Always);
   menu->addSeparator();
   Add(menu, "&Save settings", QKeySequence::Save, commands_.SaveState);
   Add(menu, "&Load settings from file...", {}, commands_.LoadSettings);
@@ -89,6 +91,14 @@ void MainMenus::BuildFile(QMenuBar& bar) {
 
 void MainMenus::BuildEdit(QMenuBar& bar) {
   QMenu* menu = bar.addMenu(QStringLiteral("&Edit"));
+  QAction* const undo = Add(menu, "&Undo", {}, commands_.Undo);
+  connect(menu, &QMenu::aboutToShow, this, [this, undo] {
+    const std::string name = commands_.Undoable();
+    undo->setText(name.empty() ? QStringLiteral("&Undo")
+                               : QStringLiteral("&Undo: ") + ToQt(name).replace(u'&', QLatin1String("&&")));
+    undo->setEnabled(!name.empty() && stop_ != nullptr && !stop_->isEnabled());
+  });
+  menu->addSeparator();
   Add(menu, "&Copy", {}, OnFocus([](auto* box) { box->copy(); }), During::Always);
   Add(menu, "&Paste", {}, OnFocus([](auto* box) { box->paste(); }), During::Always);
   Add(menu, "Select &all", {}, OnFocus([](auto* box) { box->selectAll(); }), During::Always);

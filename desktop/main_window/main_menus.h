@@ -4,6 +4,7 @@
 #include <QList>
 #include <QObject>
 #include <functional>
+#include <string>
 
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
@@ -26,6 +27,11 @@ class MainMenus final : public QObject {
     std::function<void()> LoadSettings;
     std::function<void()> SaveSettings;
     std::function<void()> Quit;
+    std::function<void()> TakeSettingsBack;  ///< Those of the run in front.
+    std::function<void()> CloseRun;
+    std::function<void()> Undo;
+    /// What "Undo" would undo; empty for nothing.
+    std::function<std::string()> Undoable;
     std::function<void()> Settings;
     std::function<void()> Help;
   };

@@ -76,6 +76,7 @@ void ResultController::Take(FinishedRun finished) {
   result_ = runs_.InFront();
   panels_.Frame->ShowRun(result_);
   DescribeRun();
+  ShowMemory();
   panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
   ListTheResult(finished.Filtered, finished.ToFile);
 }
@@ -86,6 +87,10 @@ void ResultController::DescribeRun() {
       QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(result_->Ended)).time();
   const std::string timeOfDay = FromQt(QLocale().toString(ended, QLocale::ShortFormat));
   tabs.setTabToolTip(tabs.currentIndex(), ToQt(RunTip(*result_, timeOfDay, desktop_.Numbers)));
+}
+
+void ResultController::ShowMemory() {
+  panels_.Status->ShowMemory(runs_.Count(), runs_.Memory());
 }
 
 void ResultController::ListTheResult(bool filtered, bool toFile) {
@@ -204,6 +209,7 @@ void ResultController::CloseRun(int index) {
   if (runs_.Count() < 2) return;
   runs_.Close(index);
   FrontHasChanged();
+  ShowMemory();
 }
 
 void ResultController::RunEnded() {

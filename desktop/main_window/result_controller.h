@@ -32,11 +32,12 @@ class ResultController final : public QObject {
 
   /// Words have been read and their phrases can be listed.
   bool HasResult() const { return result_ != nullptr; }
-  /// The run in front; null where there is none.
-  const std::shared_ptr<ShownResult>& InFront() const { return result_; }
+  const OpenRuns& Runs() const { return runs_; }
   /// They were read under these word rules.
   bool ResultKeepsTo(const WordRules& rules) const;
 
+  /// Closes a run; the last one stays.
+  void CloseRun(int index);
   /// Takes a result, which comes in front, and lists it.
   void Take(FinishedRun finished);
   /// Lists the counted phrases: into the output file, if there is one and `toFile`, else into the text box.
@@ -72,9 +73,9 @@ class ResultController final : public QObject {
   void TakeListing(ShownResult& result, ShownListing listing);
   /// Puts into the tool tip of the tab in front how its run came about.
   void DescribeRun();
+  void ShowMemory();
   /// Another run has come in front.
   void FrontHasChanged();
-  void CloseRun(int index);
   void ShowLastList();
   /// Where the report is to be written; empty for the text box. May ask, and may disable file output.
   std::optional<std::string> ConfirmedOutputPath();

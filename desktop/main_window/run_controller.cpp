@@ -130,6 +130,7 @@ void RunController::Count(RunRequest request, FinishedRun finished) {
                                                        .InputFile = panels_.Source->File->txbFile->text()});
   job->Finished.Result = thread_.Share(std::make_unique<ShownResult>());
   job->Finished.Result->Request = std::move(request);
+  job->Finished.Result->Chosen = work_.Keep();
   counted_ = job->Finished.Result->Request.Options.SourceKind;
   progress_ = {};
   phrasesFound_ = 0;

@@ -39,6 +39,15 @@ void SettingsController::Change(const Settings& settings) {
   panels_.Source->Select(settings.SourceKind, ChangedBy::Program);
 }
 
+void SettingsController::PutBack(Workspace::State state) {
+  const TextSource source = state.Chosen.SourceKind;
+  work_.PutBack(ChangedBy::Program, std::move(state));
+  panels_.Source->Select(source, ChangedBy::Program);
+  params_.Lists->ShowAnew();
+  hooks_.WordsChanged();
+  hooks_.Applied();
+}
+
 void SettingsController::Initialize() {
   ClearFields();
   Settings settings = work_.Current();

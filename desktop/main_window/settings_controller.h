@@ -31,6 +31,8 @@ class SettingsController {
 
   /// These settings hold from now on; nothing is asked. A list in sight follows them.
   void Apply(const Settings& settings);
+  /// All that one works on is what it was when `state` was kept.
+  void PutBack(Workspace::State state);
   /// A fresh state, as "Reinitialize" wants it. May ask whether to clear the word-list files.
   void Initialize();
 

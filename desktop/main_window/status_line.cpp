@@ -2,6 +2,7 @@
 
 #include <QLabel>
 
+#include "base/size_text.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 
@@ -16,8 +17,12 @@ StatusLine::StatusLine(const NumberFormat& numbers, QWidget* parent) : QStatusBa
   lblStatusFiles = MakeLabel("lblStatusFiles", this);
   lblStatusWords = MakeLabel("lblStatusWords", this);
   lblStatusPhrases = MakeLabel("lblStatusPhrases", this);
+  lblStatusMemory = MakeLabel("lblStatusMemory", this);
+  lblStatusMemory->setToolTip(
+      QStringLiteral("Memory that the finished runs take. Closing a run frees what it takes."));
   addWidget(lblStatusText, 1);
-  for (QLabel* label : {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases}) {
+  for (QLabel* label :
+       {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases, lblStatusMemory}) {
     label->setContentsMargins(8, 0, 8, 0);
     addPermanentWidget(label);
     label->hide();
@@ -50,6 +55,11 @@ void StatusLine::ShowFiles(const std::string& text) {
 void StatusLine::ShowEncoding(const std::string& text) {
   lblStatusEncoding->setText(ToQt(text));
   lblStatusEncoding->setVisible(!text.empty());
+}
+
+void StatusLine::ShowMemory(size_t runs, uint64_t bytes) {
+  lblStatusMemory->setText(QStringLiteral("%1 runs: ").arg(runs) + ToQt(FormatSize(bytes, numbers_)));
+  lblStatusMemory->setVisible(runs > 1);
 }
 
 void StatusLine::HideCounts() {

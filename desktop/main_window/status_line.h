@@ -21,6 +21,7 @@ class StatusLine final : public QStatusBar {
   QLabel* lblStatusFiles = nullptr;
   QLabel* lblStatusWords = nullptr;
   QLabel* lblStatusPhrases = nullptr;
+  QLabel* lblStatusMemory = nullptr;
 
   /// What is being done; empty when nothing is.
   void ShowText(const QString& text);
@@ -30,6 +31,8 @@ class StatusLine final : public QStatusBar {
   void ShowFiles(const std::string& text);
   /// Of which encoding the texts were; an empty text hides the field.
   void ShowEncoding(const std::string& text);
+  /// Which memory the finished runs take, in bytes. One alone is no news.
+  void ShowMemory(size_t runs, uint64_t bytes);
   /// Hides the fields about a result.
   void HideCounts();
 

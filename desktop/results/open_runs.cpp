@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/run/result_notes.h"
+#include "app/run/run_description.h"
 #include "desktop/results/run_tabs.h"
 #include "desktop/toolkit/text.h"
 
@@ -12,6 +13,12 @@ namespace korv {
 std::shared_ptr<ShownResult> OpenRuns::InFront() const {
   const int front = tabs_.currentIndex();
   return front < 0 ? nullptr : runs_[static_cast<size_t>(front)].Result;
+}
+
+uint64_t OpenRuns::Memory() const {
+  uint64_t bytes = 0;
+  for (const OpenRun& run : runs_) bytes += MemoryOf(*run.Result);
+  return bytes;
 }
 
 OpenRuns::OpenRun* OpenRuns::RunOf(const ShownResult* result) {

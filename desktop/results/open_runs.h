@@ -20,6 +20,10 @@ class OpenRuns {
   /// Null before the first run.
   std::shared_ptr<ShownResult> InFront() const;
   size_t Count() const { return runs_.size(); }
+  const ShownResult& At(int index) const { return *runs_[static_cast<size_t>(index)].Result; }
+  const QString& NameOf(int index) const { return runs_[static_cast<size_t>(index)].Name; }
+  /// Of all runs, in bytes.
+  uint64_t Memory() const;
 
   /// A tab for `result`, in front. Its listing has the text box from now on.
   void Add(std::shared_ptr<ShownResult> result);

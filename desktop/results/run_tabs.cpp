@@ -1,5 +1,7 @@
 #include "desktop/results/run_tabs.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
@@ -39,6 +41,18 @@ void RunTabs::mouseReleaseEvent(QMouseEvent* event) {
   const int index = tabAt(event->position().toPoint());
   if (event->button() == Qt::MiddleButton && index >= 0 && tabsClosable()) return Closed(index);
   QTabBar::mouseReleaseEvent(event);
+}
+
+void RunTabs::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const int index = byKey ? currentIndex() : tabAt(event->pos());
+  if (index < 0) return;
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(QStringLiteral("&Take its settings back"), this, [this, index] { SettingsWanted(index); });
+  QAction* const close = menu->addAction(QStringLiteral("&Close"), this, [this, index] { Closed(index); });
+  close->setEnabled(tabsClosable());
+  menu->popup(byKey ? mapToGlobal(tabRect(index).bottomLeft()) : event->globalPos());
 }
 
 void RunTabs::ShowWhatApplies() {

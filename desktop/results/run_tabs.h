@@ -14,6 +14,8 @@ class RunTabs final : public QTabBar {
   std::function<void(int index)> Chosen = [](int) {};
   /// The user closes a run.
   std::function<void(int index)> Closed = [](int) {};
+  /// The user wants the settings back under which a run was counted.
+  std::function<void(int index)> SettingsWanted = [](int) {};
 
   /// A tab at the end, in front.
   void Add(const QString& name);
@@ -21,6 +23,7 @@ class RunTabs final : public QTabBar {
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void ShowWhatApplies();

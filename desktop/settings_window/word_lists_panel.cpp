@@ -170,6 +170,18 @@ void WordListsPanel::ForgetLoadedWords(ListKind kind) {
   host_.SetWordsToIgnoreNotice();
 }
 
+void WordListsPanel::ShowAnew() {
+  QPlainTextEdit* const countOnly = txbWordsToIgnoreOrCount[static_cast<size_t>(ListKind::CountOnly)];
+  const QString entries = ToQt(work_.TypedOf(ListKind::CountOnly));
+  if (countOnly->toPlainText() != entries) countOnly->setPlainText(entries);
+  for (std::string& told : loadedLabels_) {
+    // It may be of a file that is loaded no longer.
+    Untold(ToQt(told));
+    told.clear();
+  }
+  ShowWordFiles();
+}
+
 void WordListsPanel::ShowWordFiles() {
   const WordFileList& files = work_.FilesOf(ShownKind());
   const QSignalBlocker quiet(cboWordsFile);

@@ -63,6 +63,9 @@ class WordListsPanel final : public QGroupBox {
   /// ... or of one.
   void CheckAllowedExtraChars(ListKind kind);
   void ClearWordFiles();
+  /// Everything the program may have changed in the workspace: the lists of files, what is loaded of them,
+  /// and the typed count-only entries.
+  void ShowAnew();
   /// Leaves a list without a loaded file; its files stay listed.
   void ForgetLoadedWords(ListKind kind);
   /// Shows the list of the kind that is shown, its selection and what it consists of.

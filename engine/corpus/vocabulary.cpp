@@ -4,6 +4,7 @@
 #include <span>
 #include <utility>
 
+#include "base/bytes_of.h"
 #include "base/pieces.h"
 #include "engine/text/folding.h"
 #include "engine/text/unicode.h"
@@ -143,6 +144,10 @@ bool Vocabulary::Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder)
   bytes_ = std::move(bytes);
   table_ = StringTable();
   return true;
+}
+
+uint64_t Vocabulary::Bytes() const {
+  return BytesOf(characters_) + BytesOf(begins_) + BytesOf(bytes_) + BytesOf(keyClasses_);
 }
 
 }  // namespace korv

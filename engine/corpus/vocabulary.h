@@ -50,6 +50,8 @@ class Vocabulary {
   }
   /// Whether no two words have equal Keys. Only after Rank().
   bool KeysDiffer() const { return keyClasses_.empty(); }
+  /// The memory that the words take, in bytes. Only after Rank().
+  uint64_t Bytes() const;
 
  private:
   StringTable table_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/bytes_of.h"
 #include "engine/counting/phrase_table_data.h"
 #include "engine/text/folding.h"
 #include "engine/text/unicode.h"
@@ -136,6 +137,14 @@ uint32_t PhraseTable::FileCount(PhraseIndex i) const {
 }
 const std::vector<std::filesystem::path>& PhraseTable::FilePaths() const {
   return data_->FilePaths;
+}
+
+uint64_t PhraseTable::Bytes() const {
+  const korv::Corpus& corpus = data_->Corpus;
+  return corpus.Words.Bytes() + BytesOf(corpus.Tokens) + BytesOf(corpus.Sources) +
+         BytesOf(corpus.SourceOfBlock) + BytesOf(corpus.Places) + BytesOf(corpus.PlacesOfWord) +
+         BytesOf(corpus.Lines.Anchors()) + BytesOf(data_->Entries) + BytesOf(data_->FileNumberOfSource) +
+         BytesOf(data_->FilePaths) + BytesOf(data_->Chain) + BytesOf(data_->Rank);
 }
 
 }  // namespace korv

@@ -110,6 +110,9 @@ class PhraseTable {
   /// The files that contributed a phrase, by DocumentNumber: number 1 comes first.
   const std::vector<std::filesystem::path>& FilePaths() const;
 
+  /// The memory that the table and its text take, in bytes; small things left out. Of a finished run.
+  uint64_t Bytes() const;
+
   PhraseTableData& Data() { return *data_; }
   const PhraseTableData& Data() const { return *data_; }
 

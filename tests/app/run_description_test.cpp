@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/run/rules_text.h"
+#include "base/size_text.h"
 
 namespace korv {
 namespace {
@@ -61,7 +62,9 @@ TEST(RunDescription, TellsHowARunCameAbout) {
             "books/moby.txt\n"
             "Phrases of 4 to 6 words that occur at least twice.\n"
             "Words of 3 to 50 letters, with hyphens; phrases end at periods, double quotes and tabs.\n"
-            "Counted at 14:03 in 1 minute and 2 seconds.");
+            "Counted at 14:03 in 1 minute and 2 seconds.\n"
+            "Memory: " +
+                FormatSize(MemoryOf(result), {}) + ".");
   result.Request.Lists.FileWordsToIgnore = {"the"};
   result.Request.Lists.TypedWordsToIgnore = {"of", "and"};
   result.Request.Lists.CountOnly = {"whale"};
@@ -72,7 +75,9 @@ TEST(RunDescription, TellsHowARunCameAbout) {
             "Words of 3 to 50 letters, with hyphens; phrases end at periods, double quotes and tabs.\n"
             "3 words to ignore: phrases of nothing else are left out.\n"
             "1 count-only entry.\n"
-            "Counted at 14:03 in 1 minute and 2 seconds.");
+            "Counted at 14:03 in 1 minute and 2 seconds.\n"
+            "Memory: " +
+                FormatSize(MemoryOf(result), {}) + ".");
 }
 
 }  // namespace

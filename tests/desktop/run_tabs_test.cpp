@@ -1,9 +1,11 @@
 // Finished runs stay: a tab for each, until the user closes it.
 
-#include <QTabBar>
-#include <QTabWidget>
+#include <QMenu>
+#include <QMenuBar>
 
 #include "app/run/questions.h"
+#include "app/run/run_description.h"
+#include "base/size_text.h"
 #include "desktop/results/run_tabs.h"
 #include "tests/desktop/window_test.h"
 
@@ -109,9 +111,11 @@ TEST_F(FinishedRuns, StayClearedWhenTheirTextBoxWasCleared) {
 
 TEST_F(FinishedRuns, AreClosedOneByOneButForTheLast) {
   CountTwo();
-  const std::weak_ptr<ShownResult> closed = main->Result().InFront();
+  const ShownResult& closed = main->Result().Runs().At(1);
+  const uint64_t both = main->Result().Runs().Memory();
+  EXPECT_EQ(both, MemoryOf(closed) + MemoryOf(main->Result().Runs().At(0)));
   Close(1);
-  EXPECT_TRUE(closed.expired());
+  EXPECT_LT(main->Result().Runs().Memory(), both);
   EXPECT_THAT(Names(), testing::ElementsAre("whale.txt"));
   EXPECT_THAT(Output(), HasSubstr("the white whale swam"));
   EXPECT_FALSE(Tabs().tabsClosable());
@@ -170,6 +174,83 @@ TEST_F(FinishedRuns, KeepTheirListsWhenAnotherComesInFrontWhileOneIsListed) {
   Bring(1);
   EXPECT_THAT(Output(), HasSubstr("\nthe old man wept\n"));
   EXPECT_THAT(Output(), Not(HasSubstr("whale")));
+}
+
+TEST_F(FinishedRuns, TellTheirMemoryOnceThereAreSeveral) {
+  CountText("whale.txt", kWhale);
+  EXPECT_FALSE(Shown("lblStatusMemory"));
+  CountText("man.txt", kMan);
+  EXPECT_EQ(TextOf("lblStatusMemory"), "2 runs: " + FormatSize(main->Result().Runs().Memory(), {}));
+  EXPECT_TRUE(Shown("lblStatusMemory"));
+  Close(0);
+  EXPECT_FALSE(Shown("lblStatusMemory"));
+}
+
+class SettingsOfARun : public FinishedRuns {
+ protected:
+  /// The command of that name in the menus, as the open menu shows it.
+  QAction& Command(const char* menu, const char* name) const {
+    QMenu* const found = MenuOf(menu);
+    emit found->aboutToShow();
+    for (QAction* action : found->actions())
+      if (WithoutMnemonic(action->text()).startsWith(QLatin1String(name))) return *action;
+    ADD_FAILURE() << name;
+    return *found->menuAction();
+  }
+  QMenu* MenuOf(const char* name) const {
+    for (QAction* action : main->menuBar()->actions())
+      if (WithoutMnemonic(action->text()) == QLatin1String(name)) return action->menu();
+    return nullptr;
+  }
+  void Do(const char* menu, const char* name) const {
+    Command(menu, name).trigger();
+    UntilIdle();
+  }
+};
+
+TEST_F(SettingsOfARun, AreTakenBackInOneStepAndThatIsUndoneInOne) {
+  Check("chkAllowNumerals");
+  Type("txbWordsToIgnoreOrCount_0", "old");
+  Type("txbWordsToIgnoreOrCount_1", "white");
+  CountText("whale.txt", kWhale);
+  Check("chkAllowNumerals", false);
+  Type("txbWordsToIgnoreOrCount_0", "new");
+  Type("txbWordsToIgnoreOrCount_1", "");
+  Type("txbFile_0", PathOf("other.txt"));
+  Choose("cboPhraseLength_1", 0);
+  Choose("cboDisplayFormat", 8);
+  Do("File", "Take settings of the run back");
+  EXPECT_TRUE(Checked("chkAllowNumerals"));
+  EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "old");
+  EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_1"), "white");
+  EXPECT_EQ(TextOf("txbFile_0"), PathOf("whale.txt"));
+  EXPECT_EQ(ItemOf("cboPhraseLength_1"), 4);
+  EXPECT_EQ(ItemOf("cboDisplayFormat"), 8) << "how a run is listed stays";
+  EXPECT_FALSE(Shown("lblNote_OtherRules"));
+  EXPECT_EQ(Command("Edit", "Undo").text().toStdString(), "&Undo: Settings of whale.txt");
+  Do("Edit", "Undo");
+  EXPECT_FALSE(Checked("chkAllowNumerals"));
+  EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "new");
+  EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_1"), "");
+  EXPECT_EQ(TextOf("txbFile_0"), PathOf("other.txt"));
+  EXPECT_EQ(ItemOf("cboPhraseLength_1"), 0);
+  EXPECT_FALSE(Command("Edit", "Undo").isEnabled());
+}
+
+TEST_F(SettingsOfARun, AreThoseOfTheTabThatWasAskedFor) {
+  CountText("whale.txt", kWhale);
+  CountText("man.txt", kMan);
+  Tabs().SettingsWanted(0);
+  EXPECT_EQ(TextOf("txbFile_0"), PathOf("whale.txt"));
+  EXPECT_EQ(Tabs().currentIndex(), 1);
+}
+
+TEST_F(SettingsOfARun, CannotBeUndoneOnceSomethingElseWasChosen) {
+  CountText("whale.txt", kWhale);
+  Choose("cboPhraseLength_0", 0);
+  Do("File", "Take settings of the run back");
+  Choose("cboPhraseLength_0", 1);
+  EXPECT_FALSE(Command("Edit", "Undo").isEnabled());
 }
 
 }  // namespace

@@ -132,6 +132,8 @@ void CheckWorld(CountingWorld world) {
   const Words& text = counted.Model.Words();
 
   RC_ASSERT(corpus.Tokens.size() >= text.size());
+  RC_ASSERT(counted.Table.Bytes() >=
+            4 * (corpus.Tokens.size() + corpus.Places.size()) + 16 * counted.Table.EntryCount());
   for (size_t i = 0; i < corpus.Tokens.size(); ++i) {
     const WordNumber token = corpus.Tokens[i];
     RC_ASSERT((token == kNoWord ? "" : corpus.Words.Text(token)) == (i < text.size() ? text[i] : ""));
