@@ -5,50 +5,23 @@
 #include <set>
 #include <string_view>
 
+#include "cli/nearest_name.h"
+
 namespace korv {
 
 namespace {
 
-/// How many letters must be put in, left out, replaced or exchanged with their neighbour.
-size_t Distance(std::string_view a, std::string_view b) {
-  std::vector<size_t> before(b.size() + 1);
-  std::vector<size_t> last(b.size() + 1);
-  std::vector<size_t> row(b.size() + 1);
-  for (size_t j = 0; j <= b.size(); ++j) row[j] = j;
-  for (size_t i = 1; i <= a.size(); ++i) {
-    before.swap(last);
-    last.swap(row);
-    row[0] = i;
-    for (size_t j = 1; j <= b.size(); ++j) {
-      const size_t replaced = last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
-      row[j] = std::min({last[j] + 1, row[j - 1] + 1, replaced});
-      if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
-        row[j] = std::min(row[j], before[j - 2] + 1);
-    }
-  }
-  return row[b.size()];
-}
-
-/// The option that was probably meant; empty where none is near.
-std::string Nearest(std::string_view typed, std::span<const OptionName> options) {
-  constexpr size_t kLeastBeginning = 3;
-  std::string best;
-  size_t least = std::max<size_t>(1, typed.size() / 3) + 1;
-  for (const OptionName& option : options) {
-    // The beginning of a name is as good as one wrong letter.
-    const bool begins = typed.size() >= kLeastBeginning && option.Long.starts_with(typed);
-    const size_t distance = begins ? 1 : Distance(typed, option.Long);
-    if (distance >= least) continue;
-    least = distance;
-    best = option.Long;
-  }
-  return best;
+/// Without "--"; empty where none is near.
+std::string_view Nearest(std::string_view typed, std::span<const OptionName> options) {
+  std::vector<std::string_view> names;
+  for (const OptionName& option : options) names.emplace_back(option.Long);
+  return NearestName(typed, names);
 }
 
 std::string NoSuchOption(std::string_view shown, std::span<const OptionName> options) {
   std::string_view letters = shown;
   letters.remove_prefix(std::min(letters.find_first_not_of('-'), letters.size()));
-  const std::string nearest = Nearest(letters, options);
+  const std::string nearest(Nearest(letters, options));
   return "there is no option " + std::string(shown) +
          (nearest.empty() ? "" : "; did you mean --" + nearest + "?");
 }

@@ -17,6 +17,7 @@
 #include "cli/run_line.h"
 #include "cli/settings_files.h"
 #include "platform/console/console_messages.h"
+#include "report/columns/registry.h"
 #include "report/error_text.h"
 #include "report/list_words.h"
 #include "report/output_file.h"
@@ -210,7 +211,8 @@ class CountProgram {
 
   bool MakeRequest(RunRequest& request) {
     request = RunRequestOf(settings_);
-    request.Options.KeepPlaces = options_.ContextOf.has_value();
+    request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Columns);
+    request.KeepText = options_.ContextOf.has_value();
     request.OutputPath = OutputPath();
     request.Stream = &env_.StandardInput;
     request.StreamEncoding = options_.Encoding;
@@ -219,10 +221,11 @@ class CountProgram {
     return GatherTheLists(request);
   }
 
-  /// A path on the command line replaces the settings' source, and their output file with it.
+  /// A path on the command line replaces the settings' source, and their output file with it. That file is
+  /// for the report as text.
   std::string OutputPath() const {
     if (options_.ContextOf) return {};
-    if (!options_.Output.empty()) return options_.Output;
+    if (!options_.Output.empty() || options_.AsksForTable()) return options_.Output;
     return options_.Path.empty() && !settings_.DisableOutputToFile ? settings_.OutputFile : std::string();
   }
 
@@ -304,7 +307,8 @@ class CountProgram {
   const TableForm* Table() const {
     if (options_.Output.empty() && !run_.OutputPath.empty()) return nullptr;
     if (options_.OutputFormat) return *options_.OutputFormat;
-    return TableFormOfFile(PathFromText(run_.OutputPath));
+    const TableForm* const form = TableFormOfFile(PathFromText(run_.OutputPath));
+    return form == nullptr && options_.AsksForTable() ? &TableForms().front() : form;
   }
 
   int WriteContexts() {
@@ -328,13 +332,16 @@ class CountProgram {
 
   int WriteReport(const ReportOptions& options) {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
-    const Report report{run_.Table, run_.Facts, options, options_.Numbers};
+    const Report report{run_.Table, run_.Facts, options, options_.Numbers, options_.Parts};
     if (!run_.OutputPath.empty()) {
       AboutFile messages(messages_, run_.OutputPath);
-      const FileListResult result = ListWordsToFile(
-          report, PathFromText(run_.OutputPath),
-          {.Files = env_.Files, .Dialogs = messages, .Encoding = env_.Encoding, .Table = Table()},
-          env_.Yielder);
+      const FileListResult result = ListWordsToFile(report, PathFromText(run_.OutputPath),
+                                                    {.Files = env_.Files,
+                                                     .Dialogs = messages,
+                                                     .Encoding = env_.Encoding,
+                                                     .Table = Table(),
+                                                     .Columns = options_.Columns},
+                                                    env_.Yielder);
       if (result.List.Outcome == ListOutcome::Stopped) {
         Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
         return kExitInterrupted;
@@ -343,9 +350,13 @@ class CountProgram {
     }
     StreamReportSink sink(env_.Out);
     const bool tabs = options_.LineLayout == Layout::Tabs;
-    const ListResult result = ListWords(
-        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = Table()}, sink,
-        env_.Yielder);
+    const ListResult result = ListWords(report,
+                                        {.LineLayout = options_.LineLayout,
+                                         .File = tabs,
+                                         .LineEnd = "\n",
+                                         .Table = Table(),
+                                         .Columns = options_.Columns},
+                                        sink, env_.Yielder);
     if (!sink.Finish()) return CannotWrite();
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;
     Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +

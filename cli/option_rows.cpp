@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/column_values.h"
 #include "cli/option_values.h"
 #include "cli/setting_options.h"
 #include "platform/locale_numbers.h"
@@ -133,6 +134,13 @@ std::vector<OptionRow> OwnOutput() {
           Choices<std::optional<const TableForm*>>(
               "--output-format", &CountOptions::OutputFormat, forms, group,
               "The report, or a table with a heading (by FILE's extension; text)"),
+          Text("--columns", "LIST", group, "Write a table with these columns, separated by commas",
+               [](const std::string& text, CountOptions& options) {
+                 options.Columns = ParseColumns(text, "--columns");
+               }),
+          Text("--parts", "files|N", group,
+               "Parts over which dispersion is measured: files, or so many equal ones (files)",
+               [](const std::string& text, CountOptions& options) { options.Parts = ParseParts(text); }),
           Flag("--force", &CountOptions::Force, group,
                "Replace an existing output file, or what is no settings file"),
           Choices<Layout>("--layout", &CountOptions::LineLayout,

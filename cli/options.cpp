@@ -83,6 +83,10 @@ class Parser {
       throw CLI::ValidationError("--context-of", "writes to standard output, not to --output");
     if (options_.ContextOf && options_.OutputFormat && *options_.OutputFormat == nullptr)
       throw CLI::ValidationError("--context-of", "is a table, which --output-format text cannot be");
+    if (options_.ContextOf && options_.AsksForTable())
+      throw CLI::ValidationError("--context-of", "excludes --columns");
+    if (options_.AsksForTable() && options_.OutputFormat && *options_.OutputFormat == nullptr)
+      throw CLI::ValidationError("--columns", "are those of a table, which --output-format text cannot be");
     if (options_.ContextOf && options_.ListFiles)
       throw CLI::ValidationError("--context-of", "excludes --list-files");
   }

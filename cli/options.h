@@ -8,7 +8,9 @@
 
 #include "app/settings/schema.h"
 #include "base/number_format.h"
+#include "engine/analysis/text_parts.h"
 #include "engine/corpus/place_order.h"
+#include "report/columns/column.h"
 #include "report/report_form.h"
 #include "report/writers/table_forms.h"
 #include "sources/detect/encoding_choice.h"
@@ -50,6 +52,8 @@ struct CountOptions {
   EncodingChoice Encoding = EncodingChoice::Auto;
   std::string Output;
   std::optional<const TableForm*> OutputFormat;  ///< Null for the report as text.
+  std::vector<const Column*> Columns;  ///< Of a table instead of the report; empty for the usual ones.
+  PartChoice Parts;                    ///< Over which tables tell how evenly phrases are spread.
   bool Force = false;
   Layout LineLayout = Layout::Columns;
   bool ListFiles = false;
@@ -58,6 +62,8 @@ struct CountOptions {
   bool Stages = false;
 
   bool FromStandardInput() const { return Path == "-"; }
+  /// Whether an option asks for what only a table can show.
+  bool AsksForTable() const { return !Columns.empty(); }
 };
 
 /// The options, or the status to exit with at once: 0 after help or version on `out`, kExitUsage after

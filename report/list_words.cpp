@@ -106,7 +106,9 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
 }
 
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder) {
-  if (form.Table) return WriteList(report, ColumnsOfTables(), {}, *form.Table->Make(sink), yielder);
+  if (form.Table)
+    return WriteList(report, form.Columns.empty() ? ColumnsOfTables() : form.Columns, {},
+                     *form.Table->Make(sink), yielder);
   if (!AnythingListed(report.Table))
     return {.Outcome =
                 sink.Write(EmptyReportText(report, form)) ? ListOutcome::Listed : ListOutcome::SinkFull};

@@ -65,8 +65,10 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   }
   FileReportSink sink(**file, services.Table ? nullptr : services.Encoding, services.Progress);
   try {
-    result.List =
-        ListWords(report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table}, sink, yielder);
+    result.List = ListWords(
+        report,
+        {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table, .Columns = services.Columns},
+        sink, yielder);
   } catch (const std::exception&) {
     ShowListingError(report.Options, services.Dialogs, services.Texts);
     return result;

@@ -48,6 +48,8 @@ struct FileListingServices {
   CodePage* Encoding = nullptr;
   /// Null for the report as text. Tables are UTF-8 whatever `Encoding` is.
   const TableForm* Table = nullptr;
+  /// Of the table; empty for the usual ones.
+  std::vector<const Column*> Columns = {};
   /// Told now and then how many phrases have been written so far; may be empty.
   std::function<void(uint32_t)> Progress = {};
 };

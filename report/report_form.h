@@ -1,9 +1,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace korv {
 
+struct Column;
 struct TableForm;
 
 /// How the columns of a line stand beside each other.
@@ -22,6 +24,8 @@ struct ReportForm {
   std::string LineEnd = "\r\n";
   /// A table for other programs instead, without all of the above. Null for the report as text.
   const TableForm* Table = nullptr;
+  /// Of the table; empty for the usual ones.
+  std::vector<const Column*> Columns = {};
 };
 
 }  // namespace korv

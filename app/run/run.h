@@ -36,6 +36,7 @@ struct RunRequest {
   std::string ClipboardText;          ///< UTF-8.
   korv::InputFile* Stream = nullptr;  ///< Bytes of any length, standard input for one. Not owned.
   EncodingChoice StreamEncoding = EncodingChoice::Auto;
+  bool KeepText = true;  ///< With the places; without it nothing leads back into the text.
 
   // Folder source.
   FileSelection Selection;
@@ -74,7 +75,7 @@ struct CountedRun {
   ChainOrder Chain = ChainOrder::ByCount;  ///< What the chain goes by.
   RunSummary Facts;
   std::string OutputPath;    ///< As in the request, or as chosen during the run.
-  std::string KeptText;      ///< Of the clipboard or the stream, in its own encoding, where places are kept.
+  std::string KeptText;      ///< Of the clipboard or the stream, in its own encoding, where it is kept.
   std::string FileKind;      ///< Single file: what lblTotalNumOccurrences says after the run.
   bool Interrupted = false;  ///< Stopped at some point; the user wanted what was found.
   StageTimes Times;

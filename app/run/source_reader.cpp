@@ -56,7 +56,7 @@ RunEnd SourceReader::DoItFromClipboard() {
     return RunEnd::Refused;
   services_.View.Status("Now counting phrases on the clipboard");
   services_.Progress.BytesTotal = text.size();
-  if (request_.Options.KeepPlaces) run_.KeptText = text;
+  if (KeepsText()) run_.KeptText = text;
   DocumentText document;
   document.Head = text;
   reader_.Read({}, std::move(document), TextEncoding::Utf8);
@@ -65,7 +65,7 @@ RunEnd SourceReader::DoItFromClipboard() {
 
 RunEnd SourceReader::DoItFromStream() {
   auto source = std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder,
-                                               request_.Options.KeepPlaces ? &run_.KeptText : nullptr);
+                                               KeepsText() ? &run_.KeptText : nullptr);
   const auto unread = source->ReadHead([this](uint64_t bytes) {
     services_.Progress.BytesRead = bytes;
     services_.Yielder.YieldNow();

@@ -5,7 +5,9 @@
 #include <iterator>
 #include <string>
 
+#include "cli/manual/manual_columns.h"
 #include "cli/manual/manual_options.h"
+#include "report/columns/registry.h"
 
 namespace {
 
@@ -22,13 +24,13 @@ int main(int count, char** arguments) {
     std::cerr << "Usage: korv-count-manual TEXT NOTES PAGE\n";
     return 2;
   }
-  const auto page = korv::ManualPage(Content(arguments[1]), korv::OptionRows(), Content(arguments[2]));
+  auto page = korv::ManualPage(Content(arguments[1]), korv::OptionRows(), Content(arguments[2]));
   if (!page) {
     std::cerr << arguments[2] << ": " << page.Error().Description << '\n';
     return 1;
   }
   std::ofstream out(arguments[3], std::ios::binary);
-  out << *page << std::flush;
+  out << korv::WithColumns(*page, korv::TableColumns()) << std::flush;
   if (!out) std::cerr << arguments[3] << " cannot be written.\n";
   return out ? 0 : 1;
 }

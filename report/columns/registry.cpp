@@ -4,11 +4,22 @@
 
 namespace korv {
 
+std::vector<const Column*> TableColumns() {
+  std::vector<const Column*> columns;
+  for (const auto family : {PhraseColumns, FrequencyColumns, FileColumns, DispersionColumns})
+    for (const Column& column : family()) columns.push_back(&column);
+  return columns;
+}
+
 std::vector<const Column*> AllColumns() {
-  std::vector<const Column*> all;
-  for (const auto family : {PhraseColumns, FrequencyColumns, FileColumns, DispersionColumns, ReportColumns})
-    for (const Column& column : family()) all.push_back(&column);
+  std::vector<const Column*> all = TableColumns();
+  for (const Column& column : ReportColumns()) all.push_back(&column);
   return all;
+}
+
+bool NeedPlaces(std::span<const Column* const> columns) {
+  return std::ranges::any_of(columns,
+                             [](const Column* column) { return column->NeedsPlaces || column->Needs.Any(); });
 }
 
 const Column* FindColumn(std::string_view id) {

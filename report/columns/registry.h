@@ -14,6 +14,12 @@ const Column* FindColumn(std::string_view id);
 /// All of them, family by family.
 std::vector<const Column*> AllColumns();
 
+/// Those that tables can have: all but the ones that belong to the formats of the report.
+std::vector<const Column*> TableColumns();
+
+/// Whether a run must keep its places for one of the columns.
+bool NeedPlaces(std::span<const Column* const> columns);
+
 // The families, each a file of this folder.
 std::span<const Column> PhraseColumns();
 std::span<const Column> FrequencyColumns();

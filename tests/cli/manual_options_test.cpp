@@ -2,6 +2,8 @@
 
 #include "cli/manual/manual_options.h"
 
+#include "cli/manual/manual_columns.h"
+
 #include <gmock/gmock.h>
 
 #include <vector>
@@ -61,6 +63,14 @@ TEST(ManualPage, HoldsThemWhereItsMarkStands) {
   EXPECT_EQ(*ManualPage(".SH OPTIONS\n.\\\" OPTIONS\n.SH FILES\n", std::span(kOptions).subspan(1, 1), ""),
             ".SH OPTIONS\n.SS Report\n.TP\n.B \\-\\-relative\nPercentages.\n.SH FILES\n");
   EXPECT_EQ(FaultOf(ManualPage(".SH OPTIONS\n", kOptions, "")), "The page has no place for the options.");
+}
+
+TEST(ManualPage, TellsWhatColumnsMeanWhereTheirMarkStands) {
+  const Column first{.Id = "first", .Heading = "First", .Definition = "The first one."};
+  const Column* const columns[] = {&first};
+  EXPECT_EQ(WithColumns(".SH COLUMNS\n.\\\" COLUMNS\n.SH FILES\n", columns),
+            ".SH COLUMNS\n.TP\n.B first\nThe first one.\n.SH FILES\n");
+  EXPECT_EQ(WithColumns(".SH FILES\n", columns), ".SH FILES\n");
 }
 
 TEST(OptionRows, AreAllTold) {

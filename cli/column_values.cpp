@@ -1,0 +1,47 @@
+#include "cli/column_values.h"
+
+#include <algorithm>
+#include <sstream>
+#include <string_view>
+
+#include "cli/nearest_name.h"
+#include "cli/option_values.h"
+#include "report/columns/registry.h"
+
+namespace korv {
+
+namespace {
+
+const Column* ParseColumn(const std::string& name, const std::string& option) {
+  std::vector<std::string_view> known;
+  for (const Column* column : TableColumns()) {
+    if (column->Id == name) return column;
+    known.push_back(column->Id);
+  }
+  const std::string nearest(NearestName(name, known));
+  RefuseValue(option, "there is no column '" + name + "'" +
+                          (nearest.empty() ? "" : "; did you mean " + nearest + "?") + "\nThe columns are: " +
+                          Joined(std::vector<std::string>(known.begin(), known.end()), " "));
+}
+
+}  // namespace
+
+std::vector<const Column*> ParseColumns(const std::string& text, const std::string& option) {
+  std::vector<const Column*> columns;
+  std::istringstream names(text);
+  for (std::string name; std::getline(names, name, ',');) {
+    const Column* const column = ParseColumn(WithoutBlanksAround(name), option);
+    if (std::ranges::find(columns, column) != columns.end())
+      RefuseValue(option, "'" + std::string(column->Id) + "' is given twice");
+    columns.push_back(column);
+  }
+  if (columns.empty()) RefuseValue(option, "a column is needed");
+  return columns;
+}
+
+PartChoice ParseParts(const std::string& text) {
+  if (text == "files") return {PartChoice::kFiles};
+  return {ParseInRange(text, "--parts", PartChoice::kLeastEqual, PartChoice::kMostEqual)};
+}
+
+}  // namespace korv
