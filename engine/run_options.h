@@ -20,8 +20,8 @@ inline constexpr int kMostPhraseCharacters = 100;
 
 /// The options of a counting run.
 struct RunOptions {
-  int MinWords = 4;      ///< Fewest words of a phrase, kLeastWords..kMostWords.
-  int MaxWords = 6;      ///< Most words of a phrase, MinWords..kMostWords.
+  int MinWords = 4;      ///< Fewest words of a phrase, kLeastWords..kMostWords; 1 for a list of single words.
+  int MaxWords = 6;      ///< Most words of a phrase, MinWords..kMostWords; 1 together with MinWords.
   int MinFrequency = 2;  ///< Phrases with fewer occurrences are not listed, 1..kMostMinFrequency.
   IgnoreRule IgnoreMode = IgnoreRule::ExcludeAll;
   TextSource SourceKind = TextSource::SingleFile;

@@ -24,4 +24,11 @@ RunRequest RunRequestOf(const Settings& settings) {
   return request;
 }
 
+RunRequest SingleWordsOf(RunRequest request) {
+  request.Options.MinWords = 1;
+  request.Options.MaxWords = 1;
+  request.OutputPath.clear();
+  return request;
+}
+
 }  // namespace korv

@@ -13,4 +13,9 @@ FileSelection SelectionOf(const Settings& settings);
 /// output file are read again when a listing starts.
 RunRequest RunRequestOf(const Settings& settings);
 
+/// The same run, but of single words instead of phrases: each word of the text is listed that reaches the
+/// minimum frequency, under the same rules. None is redundant for standing inside another one. It writes no
+/// output file.
+RunRequest SingleWordsOf(RunRequest request);
+
 }  // namespace korv

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <string>
+#include <utility>
 
+#include "app/run/run_request.h"
 #include "sources/questions.h"
 #include "tests/app/run_texts.h"
 #include "tests/app/run_world.h"
@@ -428,6 +430,16 @@ TEST(StageTimes, MeasureEveryStage) {
        {RunStage::Reading, RunStage::Counting, RunStage::Sorting, RunStage::Exclusion, RunStage::Chain})
     EXPECT_EQ(world.Run.Times.Of(stage), std::chrono::milliseconds(5));
   EXPECT_EQ(world.Run.Times.Of(RunStage::Writing), std::chrono::milliseconds(0));
+}
+
+TEST(RunCount, CountsTheSingleWordsOfAFile) {
+  RunWorld world;
+  world.UseFile("/a.txt", "The cat, the hat. The hatter has the cat.");
+  world.Request.OutputPath = "/out.txt";
+  world.Request = SingleWordsOf(std::move(world.Request));
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_EQ(world.Listed(), "4 the, 2 cat");
+  EXPECT_EQ(world.Run.OutputPath, "");
 }
 
 }  // namespace

@@ -73,6 +73,10 @@ RC_GTEST_PROP(CountingProperties, EverythingTogether, ()) {
   CheckKind({.Lists = true, .Rules = true, .Folder = true});
 }
 
+RC_GTEST_PROP(CountingProperties, SingleWords, ()) {
+  CheckKind({.Lists = true, .Rules = true, .Folder = true, .SingleWords = true});
+}
+
 RC_GTEST_PROP(CountingProperties, AStopAtAnyMomentChangesNothingThatComesAfter, ()) {
   const CountingWorld world = DrawWorld({.Lists = true, .Folder = true, .MostWords = 8});
   StoppingYielder yielder(*rc::gen::container<std::vector<int>>(

@@ -139,6 +139,7 @@ CountingWorld DrawWorld(const WorldKind& kind) {
   const int widest = OneIn(8) ? kind.MostWords - kLeastWords : 3;
   options.MinWords = OneIn(4) ? *Range(kLeastWords, kind.MostWords + 1) : *Range(2, 4);
   options.MaxWords = std::min(kind.MostWords, options.MinWords + *Range(0, widest + 1));
+  if (kind.SingleWords) options.MinWords = options.MaxWords = 1;
   options.MinFrequency = OneIn(8) ? *Range(1, kMostMinFrequency + 1) : *Range(1, 4);
   options.SourceKind = kind.Folder ? TextSource::Folder : TextSource::SingleFile;
   if (kind.Lists) DrawLists(world);

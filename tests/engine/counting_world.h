@@ -101,6 +101,7 @@ struct WorldKind {
   bool Rules = false;
   bool Folder = false;
   int MostWords = kMostWords;
+  bool SingleWords = false;  ///< A list of words in place of phrases.
 };
 
 /// A random world, drawn from the generator of the property that is being checked.

@@ -59,6 +59,10 @@ RC_GTEST_PROP(OfferedPhrases, OfEveryLength, ()) {
   CheckKind({});
 }
 
+RC_GTEST_PROP(OfferedPhrases, OfOneWord, ()) {
+  CheckKind({.Lists = true, .SingleWords = true});
+}
+
 RC_GTEST_PROP(OfferedPhrases, UnderRulesAndLists, ()) {
   CheckKind({.Lists = true, .Rules = true, .MostWords = 6});
 }

@@ -178,6 +178,10 @@ RC_GTEST_PROP(PhrasePlacesProperties, OfFolders, ()) {
   CheckWorld(DrawWorld({.Lists = true, .Folder = true, .MostWords = 8}));
 }
 
+RC_GTEST_PROP(PhrasePlacesProperties, OfSingleWords, ()) {
+  CheckWorld(DrawWorld({.Lists = true, .Rules = true, .SingleWords = true}));
+}
+
 CountingWorld TheCatWorld() {
   CountingWorld world;
   world.Rules.IgnoreShortWords = false;

@@ -88,7 +88,7 @@ void CountingRun::GetWords2(std::string_view word, const WordEnd& end) {
       NoteWord(word);
     for (int k = options_.MinWords; k <= options_.MaxWords; ++k) {
       std::string& buffer = buffers_[static_cast<size_t>(k)];
-      if (buffer.empty()) {
+      if (buffer.empty() || k == 1) {
         buffer = word;
       } else {
         if (WordsIn(buffer) >= k) buffer.erase(0, buffer.find('+') + 1);
@@ -156,7 +156,8 @@ void CountingRun::Finish(ChainBy by) {
   for (int32_t i = 1; i <= table_.PhraseCount; ++i) {
     table_[i].Listed = options_.MinFrequency == 1 || table_[i].Count >= options_.MinFrequency;
   }
-  ExcludeRedundantSubphrases(table_);
+  // A word inside another word is no redundant phrase.
+  if (options_.MaxWords > 1) ExcludeRedundantSubphrases(table_);
   SortPhrases(table_, 1, table_.PhraseCount, 1, Direction::Ascending);
   SetUpFrequencyChain(table_, by);
 }
