@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/utf8.h"
 #include "engine/text/unicode.h"
 
 namespace korv {
@@ -10,6 +11,13 @@ bool IsWhiteSpace(char32_t c) {
   return (c >= 9 && c <= 13) || c == U' ' || c == 0x85 || c == 0xA0 || c == 0x1680 ||
          (c >= 0x2000 && c <= 0x200A) || c == 0x2028 || c == 0x2029 || c == 0x202F || c == 0x205F ||
          c == 0x3000;
+}
+
+std::string RawText(std::string_view bytes, TextEncoding encoding) {
+  if (encoding == TextEncoding::Utf8) return MendedUtf8(bytes);
+  std::string text;
+  for (const char byte : bytes) AppendCharacter(static_cast<unsigned char>(byte), text);
+  return text;
 }
 
 std::string WithSingleBlanks(std::string_view text) {

@@ -4,10 +4,15 @@
 #include <string>
 #include <string_view>
 
+#include "sources/read/text_decoder.h"
+
 namespace korv {
 
 /// Whether Unicode calls the character white space.
 bool IsWhiteSpace(char32_t character);
+
+/// Bytes of a text as UTF-8, nothing replaced but what is ill-formed.
+std::string RawText(std::string_view bytes, TextEncoding encoding);
 
 /// `text`, well-formed UTF-8, with every run of white space as one blank and none at its ends.
 std::string WithSingleBlanks(std::string_view text);

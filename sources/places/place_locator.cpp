@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/utf8.h"
 #include "engine/text/unicode.h"
 #include "sources/places/context_text.h"
 #include "sources/read/document_readers.h"
@@ -58,7 +57,9 @@ Expected<PlaceInText, PlaceFault> PlaceLocator::Locate(Place place, int words, s
                      .Column = line.ColumnsBefore + begin.Characters + 1,
                      .Phrase = PhraseBetween(firstWord, begin.Begin, lastWord, end),
                      .Left = LeftOf(firstWord, begin.Begin, around),
-                     .Right = RightOf(lastWord, end, around)};
+                     .Right = RightOf(lastWord, end, around),
+                     .Begin = line.Offset + begin.Begin,
+                     .End = lines_[lastWord.Line]->Offset + end};
 }
 
 /// Whether reading on is as good as beginning at an anchor.
@@ -93,6 +94,42 @@ PlaceLocator::Fault PlaceLocator::Open(size_t source, Place from) {
   return std::nullopt;
 }
 
+/// The file, if it is the one that was counted.
+Expected<std::unique_ptr<InputFile>, PlaceFault> PlaceLocator::OpenFileAt(size_t source, uint64_t offset) {
+  const CorpusSource& of = corpus_.Sources[source];
+  auto file = context_.Files.OpenForReading(of.Path);
+  if (!file) return PlaceFault::Unreadable;
+  if ((*file)->Size() != of.Origin.Size || (*file)->Modified() != of.Origin.Modified)
+    return PlaceFault::Changed;
+  if ((*file)->SeekTo(offset)) return PlaceFault::Unreadable;
+  return std::move(*file);
+}
+
+Expected<std::string, PlaceFault> PlaceLocator::Bytes(size_t source, uint64_t begin, uint64_t end) {
+  const CorpusSource& of = corpus_.Sources[source];
+  const auto part = [&](std::string_view text) {
+    return std::string(text.substr(std::min<uint64_t>(begin, text.size()), end - begin));
+  };
+  if (of.Path.empty() && text_.empty()) return PlaceFault::NotKept;
+  if (of.Path.empty()) return part(text_);
+  if (of.Origin.IsDocument) {
+    if (const Fault fault = ReadDocument(source)) return *fault;
+    return part(document_);
+  }
+  auto file = OpenFileAt(source, begin);
+  if (!file) return file.Error();
+  std::string bytes(end - begin, '\0');
+  size_t size = 0;
+  while (size < bytes.size()) {
+    const auto read = (*file)->Read(std::span(bytes).subspan(size));
+    if (!read) return PlaceFault::Unreadable;
+    if (*read == 0) break;
+    size += *read;
+  }
+  bytes.resize(size);
+  return bytes;
+}
+
 Expected<std::unique_ptr<TextReader>, PlaceFault> PlaceLocator::ReaderAt(size_t source,
                                                                          const LineAnchor& anchor) {
   const CorpusSource& of = corpus_.Sources[source];
@@ -106,11 +143,8 @@ Expected<std::unique_ptr<TextReader>, PlaceFault> PlaceLocator::ReaderAt(size_t 
     if (const Fault fault = ReadDocument(source)) return *fault;
     head = document_.substr(std::min<size_t>(anchor.Offset(), document_.size()));
   } else {
-    auto file = context_.Files.OpenForReading(of.Path);
-    if (!file) return PlaceFault::Unreadable;
-    if ((*file)->Size() != of.Origin.Size || (*file)->Modified() != of.Origin.Modified)
-      return PlaceFault::Changed;
-    if ((*file)->SeekTo(anchor.Offset())) return PlaceFault::Unreadable;
+    auto file = OpenFileAt(source, anchor.Offset());
+    if (!file) return file.Error();
     file_ = std::move(*file);
     rest = file_.get();
   }
@@ -156,6 +190,7 @@ PlaceLocator::Fault PlaceLocator::ReadDocument(size_t source) {
 bool PlaceLocator::ReadLine() {
   std::unique_ptr<ReplayedLine> line = replay_->NextLine();
   if (line == nullptr) return false;
+  line->Offset = readerBegin_ + replay_->LineOffset();
   lines_.push_back(std::move(line));
   return true;
 }
@@ -199,14 +234,6 @@ RawSpan PlaceLocator::SpanOf(const Hit& hit) {
 
 TextEncoding PlaceLocator::Encoding() const {
   return corpus_.Sources[source_].Origin.IsUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
-}
-
-/// The bytes as UTF-8, nothing replaced but what is ill-formed.
-std::string PlaceLocator::Text(std::string_view bytes) const {
-  if (Encoding() == TextEncoding::Utf8) return MendedUtf8(bytes);
-  std::string text;
-  for (const char byte : bytes) AppendCharacter(static_cast<unsigned char>(byte), text);
-  return text;
 }
 
 std::string PlaceLocator::PhraseBetween(const Hit& first, size_t begin, const Hit& last, size_t end) const {

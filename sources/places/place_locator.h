@@ -9,6 +9,7 @@
 
 #include "base/expected.h"
 #include "engine/corpus/corpus.h"
+#include "sources/places/context_text.h"
 #include "sources/places/text_replay.h"
 #include "sources/read/docx.h"
 
@@ -22,6 +23,9 @@ struct PlaceInText {
   std::string Phrase;  ///< UTF-8; a line feed where a line ends.
   std::string Left;    ///< The words before it, all white space as single blanks.
   std::string Right;   ///< The words behind it.
+  /// Offsets of the phrase in the bytes of the file, or of the text extracted from it.
+  uint64_t Begin;
+  uint64_t End;
 };
 
 enum class PlaceFault {
@@ -48,6 +52,9 @@ class PlaceLocator {
   /// The phrase of `words` words at `place`, with at most `around` code points of whole words on both sides,
   /// beyond phrase ends too but not beyond the file.
   Expected<PlaceInText, PlaceFault> Locate(Place place, int words, size_t around);
+  /// The bytes [begin, end) of a text, an index in Corpus::Sources, as far as it goes: of the file, or of the
+  /// text extracted from it. Reads no more than these, but for a document.
+  Expected<std::string, PlaceFault> Bytes(size_t source, uint64_t begin, uint64_t end);
 
  private:
   using Fault = std::optional<PlaceFault>;
@@ -56,6 +63,7 @@ class PlaceLocator {
   bool GoesOn(size_t source, Place from) const;
   const LineAnchor& AnchorFor(size_t source, Place from) const;
   Fault Open(size_t source, Place from);
+  Expected<std::unique_ptr<InputFile>, PlaceFault> OpenFileAt(size_t source, uint64_t offset);
   Expected<std::unique_ptr<TextReader>, PlaceFault> ReaderAt(size_t source, const LineAnchor& anchor);
   Expected<uint64_t, PlaceFault> ColumnsBefore(size_t source, const LineAnchor& anchor);
   Fault ReadDocument(size_t source);
@@ -64,7 +72,7 @@ class PlaceLocator {
   bool Find(Place token, Hit& hit) const;
   RawSpan SpanOf(const Hit& hit);
   TextEncoding Encoding() const;
-  std::string Text(std::string_view bytes) const;
+  std::string Text(std::string_view bytes) const { return RawText(bytes, Encoding()); }
   std::string PhraseBetween(const Hit& first, size_t begin, const Hit& last, size_t end) const;
   std::string LeftOf(const Hit& hit, size_t begin, size_t around) const;
   std::string RightOf(const Hit& hit, size_t end, size_t around);

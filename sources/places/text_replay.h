@@ -24,6 +24,7 @@ struct TakenWord {
 /// A line of a text read again, or a piece of a long one.
 struct ReplayedLine {
   uint64_t Line = 0;           ///< Counted from 1.
+  uint64_t Offset = 0;         ///< Of its first byte in the text; set by who knows where reading began.
   uint64_t ColumnsBefore = 0;  ///< Of a piece: code points of the line before it.
   bool StartsLine = true;
   Place FirstToken{};  ///< Index of the first token that it may give.

@@ -47,7 +47,9 @@ PlaceInText WordsAround(const Corpus& corpus, Place place, int words, size_t aro
           .Column = 0,
           .Phrase = Joined(corpus, first, last),
           .Left = LastWords(Joined(corpus, left, first), around),
-          .Right = FirstWords(Joined(corpus, last, right), around)};
+          .Right = FirstWords(Joined(corpus, last, right), around),
+          .Begin = 0,
+          .End = 0};
 }
 
 }  // namespace korv

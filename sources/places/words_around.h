@@ -9,7 +9,8 @@ namespace korv {
 
 /// The phrase of `words` words at `place` and what stands around it as the run itself knows it, without the
 /// file: words as they were counted, "|" where no phrase goes on, nothing of what was dropped. At most
-/// `around` code points of whole words on both sides, not beyond the file. Line and column are 0. Linear in
+/// `around` code points of whole words on both sides, not beyond the file. Line, column and
+/// offsets are 0. Linear in
 /// `around`.
 PlaceInText WordsAround(const Corpus& corpus, Place place, int words, size_t around);
 

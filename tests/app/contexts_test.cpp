@@ -185,12 +185,11 @@ TEST(Contexts, ASampleIsDrawnByItsSeed) {
   EXPECT_TRUE(std::ranges::includes(all, sample->Places()));
   // Of every part of the text.
   for (size_t third = 0; third < 3; ++third)
-    EXPECT_NEAR(static_cast<double>(std::ranges::count_if(
-                    sample->Places(),
-                    [&](Place place) {
-                      return place >= all[third * 1000] && place <= all[third * 1000 + 999];
-                    })),
-                333, 60);
+    EXPECT_NEAR(
+        static_cast<double>(std::ranges::count_if(
+            sample->Places(),
+            [&](Place place) { return place >= all[third * 1000] && place <= all[third * 1000 + 999]; })),
+        333, 60);
   EXPECT_EQ(world.Find(query)->Places(), sample->Places());
   EXPECT_EQ(OccurrencesText(*sample, {}), "1,000 of 3,000 occurrences, drawn at random (seed 7)");
   query.SampleSeed = 8;
@@ -213,8 +212,8 @@ TEST(Contexts, AStopEndsTheSearch) {
   world.UseTwoFiles();
   world.Yielder.RequestStop();
   int told = 0;
-  EXPECT_FALSE(FindContexts(world.Shared(), world.QueryOf("big cat"), 0, world.Yielder,
-                            [&](const auto&) { ++told; }));
+  EXPECT_FALSE(
+      FindContexts(world.Shared(), world.QueryOf("big cat"), 0, world.Yielder, [&](const auto&) { ++told; }));
   EXPECT_EQ(told, 0);
 }
 
@@ -253,10 +252,11 @@ TEST(ContextCopy, HasARowForEachPlaceInTheOrderGiven) {
             "file\tline\tleft\tphrase\tright\n"
             "a.txt\t3\tbig cat & y\tbig cat\t\n"
             "a.txt\t1\tif x <\tbig cat\t& y big cat\n");
-  EXPECT_EQ(copy.Html,
-            "<table><tr><th>file</th><th>line</th><th>left</th><th>phrase</th><th>right</th></tr>"
-            "<tr><td>a.txt</td><td>3</td><td>big cat &amp; y</td><td>big cat</td><td></td></tr>"
-            "<tr><td>a.txt</td><td>1</td><td>if x &lt;</td><td>big cat</td><td>&amp; y big cat</td></tr></table>");
+  EXPECT_EQ(
+      copy.Html,
+      "<table><tr><th>file</th><th>line</th><th>left</th><th>phrase</th><th>right</th></tr>"
+      "<tr><td>a.txt</td><td>3</td><td>big cat &amp; y</td><td>big cat</td><td></td></tr>"
+      "<tr><td>a.txt</td><td>1</td><td>if x &lt;</td><td>big cat</td><td>&amp; y big cat</td></tr></table>");
 }
 
 }  // namespace

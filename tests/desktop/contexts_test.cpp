@@ -186,7 +186,8 @@ TEST_F(ContextsTest, ASampleOfManyIsSmallAndSaysItsSeed) {
   pane->chkContextSample->click();
   UntilIdle(*pane);
   EXPECT_EQ(pane->tblContexts->model()->rowCount(), 1000);
-  EXPECT_THAT(CountText(), testing::MatchesRegex("1,000 of 2,500 occurrences, drawn at random \\(seed [0-9]+\\)"));
+  EXPECT_THAT(CountText(),
+              testing::MatchesRegex("1,000 of 2,500 occurrences, drawn at random \\(seed [0-9]+\\)"));
   pane->tblContexts->scrollToBottom();
   UntilIdle(*pane);
   const int last = pane->tblContexts->model()->rowCount() - 1;

@@ -64,8 +64,8 @@ QVariant ContextsModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return heading ? QVariant() : Tip(index.row());
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(Qt::AlignVCenter |
-                                 (column == ContextColumn::Left && !heading ? Qt::AlignRight : Qt::AlignLeft));
+      return QVariant::fromValue(
+          Qt::AlignVCenter | (column == ContextColumn::Left && !heading ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::FontRole: {
       QFont font;
       font.setBold(heading || column == ContextColumn::Phrase);
@@ -106,8 +106,7 @@ QString ContextsModel::CellText(int row, ContextColumn column) const {
       break;
   }
   const size_t source = list_->Run().Table.Corpus().SourceAt(*PlaceAt(row));
-  return ToQt(text.Line == 0 ? NameOfText(list_->Run(), source)
-                             : PlaceName(list_->Run(), source, text.Line));
+  return ToQt(text.Line == 0 ? NameOfText(list_->Run(), source) : PlaceName(list_->Run(), source, text.Line));
 }
 
 QString ContextsModel::Tip(int row) const {
@@ -115,8 +114,7 @@ QString ContextsModel::Tip(int row) const {
   const Corpus& corpus = list_->Run().Table.Corpus();
   const std::filesystem::path& path = corpus.Sources[corpus.SourceAt(*PlaceAt(row))].Path;
   QString tip = path.empty() ? QStringLiteral("Clipboard") : ToQt(PathToText(path));
-  if (text.FromFile)
-    tip += QStringLiteral("\nLine %1, column %2").arg(text.Text.Line).arg(text.Text.Column);
+  if (text.FromFile) tip += QStringLiteral("\nLine %1, column %2").arg(text.Text.Line).arg(text.Text.Column);
   return tip;
 }
 

@@ -17,7 +17,8 @@ namespace korv {
 enum class ContextColumn { Left, Phrase, Right, Place };
 inline constexpr int kContextColumns = 4;
 
-/// A list of contexts as a table. All rows are there at once; their texts are made for those that are looked at.
+/// A list of contexts as a table. All rows are there at once; their texts are made for those that are looked
+/// at.
 class ContextsModel final : public QAbstractTableModel {
  public:
   /// Of a row that is a file's heading: true.

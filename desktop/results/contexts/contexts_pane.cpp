@@ -248,10 +248,9 @@ void ContextsPane::TextsCame() {
 }
 
 void ContextsPane::ShowChanged() {
-  const QString text =
-      model_.List() == nullptr
-          ? QString()
-          : ToQt(ChangedTextsText(model_.List()->Run(), rows_.Changed(), desktop_.Numbers));
+  const QString text = model_.List() == nullptr
+                           ? QString()
+                           : ToQt(ChangedTextsText(model_.List()->Run(), rows_.Changed(), desktop_.Numbers));
   lblContextNote->setText(text);
   lblContextNote->setVisible(!text.isEmpty());
 }

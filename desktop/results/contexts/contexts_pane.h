@@ -41,7 +41,8 @@ class ContextsPane final : public QWidget {
   QLabel* lblContextNote = nullptr;
   ContextsTable* tblContexts = nullptr;
 
-  /// The run whose contexts are shown from here on, the phrase being the one that stands there; null for none.
+  /// The run whose contexts are shown from here on, the phrase being the one that stands there; null for
+  /// none.
   void Show(std::shared_ptr<const CountedRun> run);
   /// A phrase of the run's table, as it stands there.
   void ShowPhrase(PhraseIndex phrase);
