@@ -24,8 +24,8 @@ struct TextWindow {
   uint64_t LastLine() const;
 };
 
-/// Which part: about `Around` bytes on both sides of an offset whose line is known. Begins and ends with a line
-/// where that costs no more than half of it.
+/// Which part: about `Around` bytes on both sides of an offset whose line is known. Begins and ends with a
+/// line where that costs no more than half of it.
 struct WindowWish {
   size_t Source = 0;    ///< Index in Corpus::Sources.
   uint64_t Offset = 0;  ///< The first byte of a character.

@@ -55,15 +55,18 @@ TEST(TextWindow, ShowsTheTextAsTheFileHasItWithThePhraseMarked) {
     uint64_t FirstLine;
   };
   const Case cases[] = {
-      {"all of it", EncodingChoice::Utf8, "/t/a.txt", "One.\r\nThe Big\rCat!\n", "One.\nThe [Big\nCat]!\n", 1},
+      {"all of it", EncodingChoice::Utf8, "/t/a.txt", "One.\r\nThe Big\rCat!\n", "One.\nThe [Big\nCat]!\n",
+       1},
       {"behind a signature", EncodingChoice::Utf8, "/t/a.txt", "\uFEFFbig cat", "[big cat]", 1},
       {"ANSI", EncodingChoice::Ansi, "/t/a.txt", "\xE9t\xE9 big cat", "\u00E9t\u00E9 [big cat]", 1},
       {"mark-up as it stands", EncodingChoice::Utf8, "/t/a.htm", "<p>a <b>big</b> cat</p>",
        "<p>a <b>[big</b> cat]</p>", 1},
-      {"parts of lines", EncodingChoice::Utf8, "/t/a.txt", std::string(50, 'x') + " big cat " + std::string(50, 'y'),
+      {"parts of lines", EncodingChoice::Utf8, "/t/a.txt",
+       std::string(50, 'x') + " big cat " + std::string(50, 'y'),
        std::string(19, 'x') + " [big cat] " + std::string(12, 'y'), 1},
       {"whole lines where they are short", EncodingChoice::Utf8, "/t/a.txt",
-       "one\ntwo\nthree\nfour\nfive\nbig cat\nsix\nseven\neight\nnine\n", "three\nfour\nfive\n[big cat]\nsix\nseven\n", 3},
+       "one\ntwo\nthree\nfour\nfive\nbig cat\nsix\nseven\neight\nnine\n",
+       "three\nfour\nfive\n[big cat]\nsix\nseven\n", 3},
   };
   for (const Case& c : cases) {
     WindowWorld world(c.Encoding);

@@ -1,5 +1,6 @@
 #include "desktop/results/contexts/contexts_pane.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -7,10 +8,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QScrollBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QTextBlock>
 
 #include "desktop/results/contexts/contexts_table.h"
+#include "desktop/results/contexts/text_view.h"
 #include "tests/desktop/view_test.h"
 
 namespace korv {
@@ -203,6 +207,107 @@ TEST_F(ContextsTest, AnotherRunTakesThePlaceOfTheFirst) {
   UntilIdle(*pane);
   EXPECT_EQ(CountText(), "1 occurrence");
   EXPECT_THAT(Rows(), ElementsAre("My|big cat||Clipboard:1"));
+}
+
+// ---- The text behind it
+
+/// The text of the view, the phrase in brackets.
+std::string TextWithMark(const TextView& view) {
+  QString text = view.txbText->toPlainText();
+  const auto marks = view.txbText->extraSelections();
+  if (!marks.isEmpty()) {
+    text.insert(marks[0].cursor.selectionEnd(), u']');
+    text.insert(marks[0].cursor.selectionStart(), u'[');
+  }
+  return FromQt(text);
+}
+
+TEST_F(ContextsTest, EnterShowsTheTextAndF3GoesOnAcrossFiles) {
+  pane->Show(CountFolder());
+  Type("big cat");
+  pane->tblContexts->setFocus();
+  QTest::keyClick(pane->tblContexts, Qt::Key_Return);
+  UntilIdle(*pane);
+  ASSERT_NE(pane->frmText, nullptr);
+  TextView& view = *pane->frmText;
+  EXPECT_TRUE(view.isVisible());
+  EXPECT_EQ(TextWithMark(view), "One [big cat], two.\nThe Big Cat!\n");
+  EXPECT_EQ(FromQt(view.lblTextPlace->text()), "b.txt, line 1, column 5 \u2013 occurrence 1 of 3");
+  EXPECT_FALSE(view.cmdTextBefore->isEnabled());
+  EXPECT_FALSE(view.cmdTextBehind->isEnabled());
+  view.cmdNextOccurrence->click();
+  UntilIdle(*pane);
+  EXPECT_EQ(TextWithMark(view), "One big cat, two.\nThe [Big Cat]!\n");
+  EXPECT_EQ(CurrentRow(), 1);
+  QTest::keyClick(view.txbText, Qt::Key_F3);
+  UntilIdle(*pane);
+  EXPECT_EQ(TextWithMark(view), "a [big cat] sat\n");
+  EXPECT_EQ(FromQt(view.lblTextPlace->text()), "sub/a.txt, line 1, column 3 \u2013 occurrence 3 of 3");
+  view.cmdPreviousOccurrence->click();
+  UntilIdle(*pane);
+  EXPECT_EQ(CurrentRow(), 1);
+  view.cmdCloseText->click();
+  UntilIdle(*pane);
+  EXPECT_FALSE(view.isVisible());
+  pane->NextOccurrence();
+  EXPECT_FALSE(view.isVisible());
+  EXPECT_EQ(CurrentRow(), 2);
+}
+
+TEST_F(ContextsTest, TheTextOfAFileThatIsGoneIsTheWordsOfTheRun) {
+  pane->Show(CountFolder());
+  Type("big cat");
+  world.Files.Erase("/t/b.txt");
+  pane->ShowText();
+  UntilIdle(*pane);
+  EXPECT_EQ(TextWithMark(*pane->frmText), "one [big cat] two | the big cat |");
+  EXPECT_EQ(FromQt(pane->frmText->lblTextNote->text()),
+            "b.txt cannot be read any more: the words that were counted stand for its lines.");
+  EXPECT_EQ(FromQt(pane->frmText->lblTextPlace->text()), "b.txt \u2013 occurrence 1 of 3");
+}
+
+TEST_F(ContextsTest, OfALongTextAPartIsShownAndTheRestIsAClickAway) {
+  std::string text;
+  for (int i = 1; i <= 60'000; ++i) text += i == 30'000 ? "The big cat.\n" : "some line\n";
+  world.UseFile("/one.txt", text);
+  pane->Show(Counted());
+  Type("big cat");
+  pane->ShowText();
+  UntilIdle(*pane);
+  TextView& view = *pane->frmText;
+  EXPECT_EQ(FromQt(view.lblTextPlace->text()), "one.txt, line 30,000, column 5 \u2013 occurrence 1 of 1");
+  EXPECT_NEAR(view.txbText->blockCount(), 20'000, 10);
+  EXPECT_EQ(FromQt(view.txbText->textCursor().block().text()), "The big cat.");
+  for (int k = 0; k < 10 && view.cmdTextBehind->isEnabled(); ++k) {
+    view.cmdTextBehind->click();
+    UntilIdle(*pane);
+    EXPECT_LT(view.txbText->blockCount(), 20'020);
+  }
+  EXPECT_FALSE(view.cmdTextBehind->isEnabled());
+  EXPECT_TRUE(view.txbText->toPlainText().endsWith(QStringLiteral("some line\n")));
+  for (int k = 0; k < 10 && view.cmdTextBefore->isEnabled(); ++k) {
+    view.cmdTextBefore->click();
+    UntilIdle(*pane);
+  }
+  EXPECT_FALSE(view.cmdTextBefore->isEnabled());
+}
+
+TEST_F(ContextsTest, OpensTheFileInItsOwnProgram) {
+  pane->Show(CountFolder());
+  Type("cat sat");
+  pane->findChild<QAction*>(QStringLiteral("mnuContextOpen"))->trigger();
+  EXPECT_THAT(launcher.Opened, ElementsAre(PathToText("/t/sub/a.txt")));
+  pane->ShowText();
+  UntilIdle(*pane);
+  pane->frmText->cmdOpenSource->click();
+  EXPECT_EQ(launcher.Opened.size(), 2U);
+  world.UseClipboard("My big cat");
+  pane->Show(Counted());
+  Type("big cat");
+  pane->ShowText();
+  UntilIdle(*pane);
+  EXPECT_FALSE(pane->frmText->cmdOpenSource->isEnabled());
+  EXPECT_EQ(TextWithMark(*pane->frmText), "My [big cat]");
 }
 
 }  // namespace

@@ -14,7 +14,9 @@
 
 #include "app/contexts/context_copy.h"
 #include "app/contexts/context_texts.h"
+#include "desktop/main_window/open_associated.h"
 #include "desktop/results/contexts/contexts_table.h"
+#include "desktop/results/contexts/text_view.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -61,21 +63,16 @@ ContextsPane::ContextsPane(const Desktop& desktop, QWidget* parent)
   ConnectOptions();
   rows_.Came = [this] { TextsCame(); };
   tblContexts->SightChanged = [this] { WantRows(); };
-  auto* copy = Named(new QAction(QStringLiteral("&Copy"), tblContexts), "mnuContextCopy");
-  copy->setShortcut(QKeySequence::Copy);
-  copy->setShortcutContext(Qt::WidgetShortcut);
-  connect(copy, &QAction::triggered, this,
-          Guarded(desktop_.Messages, "mnuContextCopy_Click", [this] { Copy(); }));
-  tblContexts->addAction(copy);
-  tblContexts->setContextMenuPolicy(Qt::ActionsContextMenu);
+  BuildActions();
   Clear({});
 }
 
 ContextsPane::~ContextsPane() {
   StopListening(*this);
   tblContexts->SightChanged = [] {};
-  // The table must not outlive what it shows.
+  // These must not outlive what they show.
   delete tblContexts;
+  delete frmText;
 }
 
 void ContextsPane::BuildOptions(QBoxLayout& layout) {
@@ -108,6 +105,35 @@ void ContextsPane::BuildOptions(QBoxLayout& layout) {
   spbContextWidth->setKeyboardTracking(false);
   options->addWidget(spbContextWidth);
   layout.addLayout(options);
+}
+
+void ContextsPane::BuildActions() {
+  struct Command {
+    const char* Name;
+    const char* Caption;
+    QList<QKeySequence> Keys;
+    void (ContextsPane::*Act)();
+  };
+  const Command commands[] = {
+      {"mnuContextText", "Show in the &text", {Qt::Key_Return, Qt::Key_Enter}, &ContextsPane::ShowText},
+      {"mnuContextNext", "&Next occurrence", {Qt::Key_F3}, &ContextsPane::NextOccurrence},
+      {"mnuContextPrevious",
+       "&Previous occurrence",
+       {Qt::SHIFT | Qt::Key_F3},
+       &ContextsPane::PreviousOccurrence},
+      {"mnuContextOpen", "&Open in its own program", {}, &ContextsPane::OpenSource},
+      {"mnuContextCopy", "&Copy", {QKeySequence::Copy}, &ContextsPane::Copy}};
+  for (const Command& command : commands) {
+    auto* action = Named(new QAction(QLatin1String(command.Caption), tblContexts), command.Name);
+    action->setShortcuts(command.Keys);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this,
+            Guarded(desktop_.Messages, command.Name, [this, act = command.Act] { (this->*act)(); }));
+    tblContexts->addAction(action);
+  }
+  tblContexts->setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(tblContexts, &QTableView::doubleClicked, this,
+          Guarded(desktop_.Messages, "tblContexts_DoubleClick", [this] { ShowText(); }));
 }
 
 void ContextsPane::RestoreOptions() {
@@ -255,14 +281,39 @@ void ContextsPane::ShowChanged() {
   lblContextNote->setVisible(!text.isEmpty());
 }
 
+std::optional<size_t> ContextsPane::CurrentPlace() const {
+  const int row = tblContexts->currentIndex().row();
+  if (model_.List() == nullptr || row < 0) return std::nullopt;
+  return model_.List()->PlaceAt(static_cast<size_t>(row));
+}
+
 void ContextsPane::GoBy(int rows) {
   const ContextList* list = model_.List();
   if (list == nullptr || list->Places().empty()) return;
   const auto count = static_cast<int64_t>(list->Places().size());
-  const int row = tblContexts->currentIndex().row();
-  const auto at = row < 0 ? std::nullopt : list->PlaceAt(static_cast<size_t>(row));
+  const auto at = CurrentPlace();
   const int64_t index = at ? (static_cast<int64_t>(*at) + rows + count) % count : 0;
   tblContexts->GoTo(static_cast<int>(list->RowOf(static_cast<size_t>(index))));
+  if (frmText != nullptr && frmText->isVisible()) ShowText();
+}
+
+void ContextsPane::ShowText() {
+  const auto index = CurrentPlace();
+  if (!index) return;
+  if (frmText == nullptr) {
+    frmText = new TextView(desktop_, this);
+    frmText->Step = [this](int step) { GoBy(step); };
+  }
+  frmText->ShowPlace(model_.SharedList(), *index);
+  if (!frmText->isVisible()) frmText->show();
+}
+
+void ContextsPane::OpenSource() {
+  const auto index = CurrentPlace();
+  if (!index) return;
+  const Corpus& corpus = run_->Table.Corpus();
+  const auto& path = corpus.Sources[corpus.SourceAt(model_.List()->Places()[*index])].Path;
+  if (!path.empty()) OpenWithAssociatedProgram(desktop_.Launcher, desktop_.Messages, PathToText(path));
 }
 
 void ContextsPane::Copy() {
@@ -294,7 +345,8 @@ void ContextsPane::Copy() {
 }
 
 bool ContextsPane::Idle() const {
-  return !typed_.isActive() && finder_.Idle() && rows_.Idle() && copier_.Idle();
+  return !typed_.isActive() && finder_.Idle() && rows_.Idle() && copier_.Idle() &&
+         (frmText == nullptr || frmText->Idle());
 }
 
 }  // namespace korv

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ class QSpinBox;
 namespace korv {
 
 class ContextsTable;
+class TextView;
 
 /// Where a phrase of a run stands, with what stands around it: a phrase that is shown or typed, and a row for
 /// each occurrence. Finds, sorts and reads on threads of its own.
@@ -40,6 +42,7 @@ class ContextsPane final : public QWidget {
   QLabel* lblContextCount = nullptr;
   QLabel* lblContextNote = nullptr;
   ContextsTable* tblContexts = nullptr;
+  TextView* frmText = nullptr;  ///< Null until it is opened.
 
   /// The run whose contexts are shown from here on, the phrase being the one that stands there; null for
   /// none.
@@ -48,14 +51,19 @@ class ContextsPane final : public QWidget {
   void ShowPhrase(PhraseIndex phrase);
   /// Any phrase, as if it were typed.
   void ShowPhrase(const std::string& text);
-  /// Selects the next (previous) occurrence, from the last one on the first.
+  /// Selects the next (previous) occurrence, from the last one on the first. Where the text is open, it shows
+  /// it.
   void NextOccurrence() { GoBy(1); }
   void PreviousOccurrence() { GoBy(-1); }
+  /// Opens the text at the selected occurrence.
+  void ShowText();
   /// Whether nothing is being found or read.
   bool Idle() const;
 
  private:
   void BuildOptions(QBoxLayout& layout);
+  void BuildActions();
+  std::optional<size_t> CurrentPlace() const;
   void ConnectOptions();
   void RestoreOptions();
   void ShowTyped();
@@ -69,6 +77,7 @@ class ContextsPane final : public QWidget {
   void Copy();
   void ChooseSample();
   void ShowChanged();
+  void OpenSource();
 
   const Desktop& desktop_;
   std::shared_ptr<const CountedRun> run_;
