@@ -1,8 +1,12 @@
 #include "engine/analysis/phrase_analysis.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
+#include "engine/analysis/c_value.h"
 #include "engine/analysis/reduced_frequency.h"
+#include "engine/analysis/word_frequencies.h"
 
 namespace korv {
 
@@ -10,23 +14,31 @@ AnalysisNeeds& AnalysisNeeds::operator|=(const AnalysisNeeds& other) {
   Positions |= other.Positions;
   Parts |= other.Parts;
   FreeOccurrences |= other.FreeOccurrences;
+  Words |= other.Words;
+  Joints |= other.Joints;
+  CValues |= other.CValues;
   return *this;
 }
 
 bool PhraseAnalysis::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
   if (table_.Corpus().Places.empty()) return true;
-  if ((needs.Positions || needs.Parts) && !prepared_.Positions) {
-    if (!words_.Build(table_.Corpus(), yielder)) return false;
-    prepared_.Positions = true;
-  }
-  if (needs.Parts && !prepared_.Parts) {
-    parts_.Divide(table_.Corpus(), words_, choice_);
-    prepared_.Parts = true;
-  }
-  if (needs.FreeOccurrences && !prepared_.FreeOccurrences) {
-    if (!FindFreeOccurrences(table_, yielder, free_)) return false;
-    prepared_.FreeOccurrences = true;
-  }
+  const auto prepare = [&](bool AnalysisNeeds::*what, const auto& work) {
+    if (needs.*what && !(prepared_.*what)) prepared_.*what = work();
+    return prepared_.*what || !(needs.*what);
+  };
+  return prepare(&AnalysisNeeds::Positions, [&] { return words_.Build(table_.Corpus(), yielder); }) &&
+         prepare(&AnalysisNeeds::Parts, [&] { return DivideText(yielder); }) &&
+         prepare(&AnalysisNeeds::FreeOccurrences,
+                 [&] { return FindFreeOccurrences(table_, yielder, free_); }) &&
+         prepare(&AnalysisNeeds::Words,
+                 [&] { return CountWords(table_.Corpus(), yielder, wordFrequencies_); }) &&
+         prepare(&AnalysisNeeds::Joints, [&] { return CountJoints(table_, yielder, joints_); }) &&
+         prepare(&AnalysisNeeds::CValues, [&] { return FindCValues(table_, yielder, cValues_); });
+}
+
+bool PhraseAnalysis::DivideText(Yielder& yielder) {
+  if (!Prepare({.Positions = true}, yielder)) return false;
+  parts_.Divide(table_.Corpus(), words_, choice_);
   return true;
 }
 
@@ -72,6 +84,43 @@ std::optional<double> PhraseAnalysis::ReducedFrequency(PhraseIndex phrase) const
 std::optional<uint32_t> PhraseAnalysis::NetFrequency(PhraseIndex phrase) const {
   if (!prepared_.FreeOccurrences) return std::nullopt;
   return free_.OfEntry[ValueOf(phrase)];
+}
+
+std::optional<double> PhraseAnalysis::Association(PhraseIndex phrase,
+                                                  double (*measure)(const PhraseWords&)) const {
+  const auto words = static_cast<size_t>(table_.Words(phrase));
+  if (!prepared_.Words || !prepared_.Positions || words < 2) return std::nullopt;
+  std::array<uint32_t, kMostWords> frequencies;
+  const WordNumber* const first = table_.Corpus().From(table_.First(phrase));
+  for (size_t k = 0; k < words; ++k) frequencies[k] = wordFrequencies_[ValueOf(first[k])];
+  return measure({.Frequencies = std::span(frequencies).first(words),
+                  .Frequency = table_.Count(phrase),
+                  .Words = words_.Total()});
+}
+
+bool PhraseAnalysis::HasJoints(PhraseIndex phrase) const {
+  return prepared_.Joints && joints_.Weakest[ValueOf(phrase)] > 0;
+}
+
+std::optional<double> PhraseAnalysis::WeakestJoint(PhraseIndex phrase) const {
+  if (!HasJoints(phrase) || !prepared_.Positions) return std::nullopt;
+  return std::log2(static_cast<double>(words_.Total()) * table_.Count(phrase) /
+                   static_cast<double>(joints_.Weakest[ValueOf(phrase)]));
+}
+
+std::optional<double> PhraseAnalysis::ForwardProbability(PhraseIndex phrase) const {
+  if (!HasJoints(phrase)) return std::nullopt;
+  return table_.Count(phrase) / static_cast<double>(joints_.WithoutLast[ValueOf(phrase)]);
+}
+
+std::optional<double> PhraseAnalysis::BackwardProbability(PhraseIndex phrase) const {
+  if (!HasJoints(phrase)) return std::nullopt;
+  return table_.Count(phrase) / static_cast<double>(joints_.WithoutFirst[ValueOf(phrase)]);
+}
+
+std::optional<double> PhraseAnalysis::CValue(PhraseIndex phrase) const {
+  if (!prepared_.CValues) return std::nullopt;
+  return cValues_[ValueOf(phrase)];
 }
 
 }  // namespace korv

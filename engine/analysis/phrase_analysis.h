@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "base/yielder.h"
+#include "engine/analysis/association.h"
 #include "engine/analysis/dispersion.h"
 #include "engine/analysis/free_occurrences.h"
+#include "engine/analysis/joints.h"
 #include "engine/analysis/taken_words.h"
 #include "engine/analysis/text_parts.h"
 #include "engine/counting/phrase_table.h"
@@ -18,6 +20,9 @@ struct AnalysisNeeds {
   bool Positions = false;        ///< Where places stand among the words taken.
   bool Parts = false;            ///< The parts of the text.
   bool FreeOccurrences = false;  ///< How often each phrase occurs on its own.
+  bool Words = false;            ///< How often each word occurs.
+  bool Joints = false;           ///< How often the parts of each phrase occur.
+  bool CValues = false;          ///< The C-value of each phrase.
 
   /// Whether something is needed. All of it needs a run that keeps places.
   bool Any() const { return *this != AnalysisNeeds{}; }
@@ -41,12 +46,13 @@ class PhraseAnalysis {
   PhraseAnalysis(const PhraseAnalysis&) = delete;
   PhraseAnalysis& operator=(const PhraseAnalysis&) = delete;
 
-  /// Prepares what is not there yet, on all threads. False when stopped: what was finished stays, and the rest
-  /// can be prepared later.
+  /// Prepares what is not there yet, on all threads. False when stopped: what was finished stays, and the
+  /// rest can be prepared later.
   bool Prepare(const AnalysisNeeds& needs, Yielder& yielder);
 
-  /// One of the measures of dispersion.h over the parts of the text. Not defined for a phrase that occurs once
-  /// and for a text without parts. Needs Parts. Linear in the occurrences, but for their sorting by part.
+  /// One of the measures of dispersion.h over the parts of the text. Not defined for a phrase that occurs
+  /// once and for a text without parts. Needs Parts. Linear in the occurrences, but for their sorting by
+  /// part.
   std::optional<double> Dispersion(PhraseIndex phrase, double (*measure)(const PhraseSpread&)) const;
   /// The number of parts in which the phrase occurs. Not defined for a text without parts. Needs Parts.
   std::optional<uint32_t> Range(PhraseIndex phrase) const;
@@ -55,8 +61,26 @@ class PhraseAnalysis {
   /// The occurrences of the phrase on its own. Needs FreeOccurrences. Constant time.
   std::optional<uint32_t> NetFrequency(PhraseIndex phrase) const;
 
+  // Not defined for a phrase of one word.
+
+  /// One of the measures of association.h. Needs Words. Linear in the words of the phrase.
+  std::optional<double> Association(PhraseIndex phrase, double (*measure)(const PhraseWords&)) const;
+  /// The least mutual information of a joint i between two words, log2(f * T / (f(w1..wi) * f(wi+1..wn))): a
+  /// phrase is as strong as its weakest joint. Comparable over lengths. Needs Joints and Positions. Constant
+  /// time, like the next two.
+  std::optional<double> WeakestJoint(PhraseIndex phrase) const;
+  /// f / f(w1..wn-1): how often the last word follows the others. Needs Joints.
+  std::optional<double> ForwardProbability(PhraseIndex phrase) const;
+  /// f / f(w2..wn): how often the first word precedes the others. Needs Joints.
+  std::optional<double> BackwardProbability(PhraseIndex phrase) const;
+
+  /// See FindCValues(). Needs CValues. Constant time.
+  std::optional<double> CValue(PhraseIndex phrase) const;
+
  private:
   std::vector<PhraseSpread::Part> PartsWith(PhraseIndex phrase) const;
+  bool HasJoints(PhraseIndex phrase) const;
+  bool DivideText(Yielder& yielder);
 
   const PhraseTable& table_;
   PartChoice choice_;
@@ -64,6 +88,9 @@ class PhraseAnalysis {
   TakenWords words_;
   TextParts parts_;
   FreeOccurrences free_;
+  std::vector<uint32_t> wordFrequencies_;
+  JointCounts joints_;
+  std::vector<double> cValues_;
 };
 
 }  // namespace korv

@@ -71,7 +71,7 @@ inline constexpr std::string_view kPercentUnit = "%";
 /// One thing that can be said of every phrase: its names, what it means and how it is found. Reports, tables
 /// and exports show the same columns; a new one is a row in one of the files of this folder.
 struct Column {
-  std::string_view Id;       ///< For machines: lower case letters and "_". Never changes.
+  std::string_view Id;       ///< For machines: lower case letters, digits and "_". Never changes.
   std::string_view Heading;  ///< For people.
   ColumnType Type = ColumnType::Integer;
   std::string_view Unit = {};  ///< What one of it is: "words", "%". Empty for texts and places.

@@ -45,27 +45,30 @@ constexpr Column kDispersionColumns[] = {
     {.Id = "juilland_d",
      .Heading = "Juilland's D",
      .Type = ColumnType::Real,
-     .Definition = "D = 1 - V / sqrt(k - 1), where V is the standard deviation of the phrase's rates per word "
-                   "in the k parts divided by their mean; not below 0. 1 for an even spread, 0 where all "
-                   "stand in one part (Juilland and Chang-Rodriguez 1964).",
+     .Definition =
+         "D = 1 - V / sqrt(k - 1), where V is the standard deviation of the phrase's rates per word "
+         "in the k parts divided by their mean; not below 0. 1 for an even spread, 0 where all "
+         "stand in one part (Juilland and Chang-Rodriguez 1964).",
      .Value = Dispersion<JuillandD>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "d_a",
      .Heading = "D_A",
      .Type = ColumnType::Real,
-     .Definition = "D_A = 2 * (sum of i * r_i - 1) / (k - 1), where r_i are the phrase's rates per word in the "
-                   "k parts, each divided by the sum of all, in descending order: 1 for an even spread, 0 "
-                   "where all stand in one part (Burch, Egbert and Biber 2017).",
+     .Definition =
+         "D_A = 2 * (sum of i * r_i - 1) / (k - 1), where r_i are the phrase's rates per word in the "
+         "k parts, each divided by the sum of all, in descending order: 1 for an even spread, 0 "
+         "where all stand in one part (Burch, Egbert and Biber 2017).",
      .Value = Dispersion<DispersionA>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "d_kl",
      .Heading = "D_KL",
      .Type = ColumnType::Real,
-     .Definition = "D_KL = K / (1 + K), K = sum of t_i * log2(t_i / w_i), where w_i is the share of part i of "
-                   "all words and t_i its share of the phrase's occurrences: 0 for an even spread (Gries "
-                   "2024).",
+     .Definition =
+         "D_KL = K / (1 + K), K = sum of t_i * log2(t_i / w_i), where w_i is the share of part i of "
+         "all words and t_i its share of the phrase's occurrences: 0 for an even spread (Gries "
+         "2024).",
      .Value = Dispersion<KullbackLeiblerD>,
      .Needs = {.Parts = true},
      .Decimals = 2},
@@ -73,8 +76,9 @@ constexpr Column kDispersionColumns[] = {
      .Heading = "Range",
      .Type = ColumnType::Integer,
      .Unit = "parts",
-     .Definition = "The number of parts of the text in which the phrase occurs. Parts are the files, or equal "
-                   "parts of a single text.",
+     .Definition =
+         "The number of parts of the text in which the phrase occurs. Parts are the files, or equal "
+         "parts of a single text.",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.Analysis == nullptr) return {};
        const auto range = source.Analysis->Range(phrase.Entry);

@@ -6,7 +6,8 @@ namespace korv {
 
 std::vector<const Column*> TableColumns() {
   std::vector<const Column*> columns;
-  for (const auto family : {PhraseColumns, FrequencyColumns, FileColumns, DispersionColumns})
+  for (const auto family :
+       {PhraseColumns, FrequencyColumns, FileColumns, DispersionColumns, AssociationColumns})
     for (const Column& column : family()) columns.push_back(&column);
   return columns;
 }

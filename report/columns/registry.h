@@ -25,6 +25,7 @@ std::span<const Column> PhraseColumns();
 std::span<const Column> FrequencyColumns();
 std::span<const Column> FileColumns();
 std::span<const Column> DispersionColumns();
+std::span<const Column> AssociationColumns();
 std::span<const Column> ReportColumns();
 
 }  // namespace korv

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "engine/analysis/association.h"
 #include "engine/analysis/reduced_frequency.h"
 
 namespace korv {
@@ -76,6 +77,31 @@ const ReducedCase kReducedCases[] = {
 TEST(ReducedFrequency, IsLessTheMoreOccurrencesStandTogether) {
   for (const ReducedCase& c : kReducedCases)
     EXPECT_NEAR(AverageReducedFrequency(c.Positions, c.Words), c.Arf, 1e-12) << c.Name;
+}
+
+struct AssociationCase {
+  const char* Name;
+  std::vector<uint32_t> Words;
+  uint32_t Frequency;
+  uint64_t All;
+  double MI, T, LogDice, MI3, NPMI;
+};
+
+const AssociationCase kAssociationCases[] = {
+    {"strong", {100, 400, 50}, 20, 1'000'000, 23.253, 4.472, 10.804, 31.897, 0.745},
+    {"words that occur nowhere else", {8, 8}, 8, 1024, 7, 2.806, 14, 13, 1},
+    {"independent", {64, 64}, 4, 1024, 0, 0, 10, 4, 0},
+};
+
+TEST(Association, MeasuresHaveTheirValuesByHand) {
+  for (const AssociationCase& c : kAssociationCases) {
+    const PhraseWords phrase{.Frequencies = c.Words, .Frequency = c.Frequency, .Words = c.All};
+    EXPECT_NEAR(MutualInformation(phrase), c.MI, 0.0005) << c.Name;
+    EXPECT_NEAR(TScore(phrase), c.T, 0.0005) << c.Name;
+    EXPECT_NEAR(LogDice(phrase), c.LogDice, 0.0005) << c.Name;
+    EXPECT_NEAR(MutualInformation3(phrase), c.MI3, 0.0005) << c.Name;
+    EXPECT_NEAR(NormalisedMutualInformation(phrase), c.NPMI, 0.0005) << c.Name;
+  }
 }
 
 }  // namespace

@@ -159,6 +159,30 @@ TEST(TakenWords, CountWordsThatExcludedPhrases) {
   EXPECT_EQ(before, "1 2 5 7 8 ");
 }
 
+struct TermCase {
+  const char* Term;
+  double CValue;
+};
+
+/// An example from ophthalmology that the measure's authors give.
+TEST(PhraseAnalysis, CValuesAreThoseOfTheAuthorsExample) {
+  const AnalysisWorld world(Lengths(2, 5), Repeated("adenoid cystic basal cell carcinoma / ", 5) +
+                                               Repeated("cystic basal cell carcinoma / ", 11 - 5) +
+                                               Repeated("ulcerated basal cell carcinoma / ", 7) +
+                                               Repeated("recurrent basal cell carcinoma / ", 5) +
+                                               Repeated("circumscribed basal cell carcinoma / ", 3) +
+                                               Repeated("basal cell carcinoma / ", 984 - 11 - 7 - 5 - 3));
+  PhraseAnalysis analysis(world.Table, {});
+  NoYielder yielder;
+  ASSERT_TRUE(analysis.Prepare({.CValues = true}, yielder));
+  const TermCase cases[] = {
+      {"adenoid cystic basal cell carcinoma", 11.6096}, {"cystic basal cell carcinoma", 12},
+      {"ulcerated basal cell carcinoma", 14},           {"recurrent basal cell carcinoma", 10},
+      {"circumscribed basal cell carcinoma", 6},        {"basal cell carcinoma", 1551.361}};
+  for (const TermCase& c : cases)
+    EXPECT_NEAR(analysis.CValue(world.Entry(c.Term)).value_or(0), c.CValue, 0.0005) << c.Term;
+}
+
 TEST(PhraseAnalysis, WithoutPlacesNothingIsDefined) {
   const WordFilters lists;
   CorpusBuilder builder({}, Lengths(2, 3, 1), lists);
@@ -168,7 +192,16 @@ TEST(PhraseAnalysis, WithoutPlacesNothingIsDefined) {
   TakeText(std::move(builder), table);
   CountPhrases(table, yielder);
   PhraseAnalysis analysis(table, {});
-  ASSERT_TRUE(analysis.Prepare({.Positions = true, .Parts = true, .FreeOccurrences = true}, yielder));
+  ASSERT_TRUE(analysis.Prepare({.Positions = true,
+                                .Parts = true,
+                                .FreeOccurrences = true,
+                                .Words = true,
+                                .Joints = true,
+                                .CValues = true},
+                               yielder));
+  EXPECT_EQ(analysis.Association(PhraseIndex{1}, MutualInformation), std::nullopt);
+  EXPECT_EQ(analysis.WeakestJoint(PhraseIndex{1}), std::nullopt);
+  EXPECT_EQ(analysis.CValue(PhraseIndex{1}), std::nullopt);
   EXPECT_EQ(analysis.NetFrequency(PhraseIndex{1}), std::nullopt);
   EXPECT_EQ(analysis.ReducedFrequency(PhraseIndex{1}), std::nullopt);
   EXPECT_EQ(analysis.Dispersion(PhraseIndex{1}, DispersionP), std::nullopt);

@@ -65,13 +65,15 @@ class Model {
     AddNet(places, words.size(), measures);
     AddReducedFrequency(places, measures);
     AddDispersion(places, measures);
+    AddAssociation(words, places.size(), measures);
+    measures["c_value"] = CValue(phrase);
     return measures;
   }
 
  private:
   void AddNet(const std::vector<size_t>& places, size_t words, Measures& measures) const {
-    const auto free = std::count_if(places.begin(), places.end(),
-                                    [&](size_t at) { return !StandsInAnother(at, words); });
+    const auto free =
+        std::count_if(places.begin(), places.end(), [&](size_t at) { return !StandsInAnother(at, words); });
     measures["net_frequency"] = static_cast<double>(free);
     measures["net_percent"] = 100.0 * static_cast<double>(free) / static_cast<double>(places.size());
   }
@@ -147,8 +149,68 @@ class Model {
     measures["d_a"] = 2 * (weighted - 1) / (parts - 1);
   }
 
+  /// How often the words [begin, end) of a phrase stand in the text.
+  double CountOfRun(const std::vector<std::string>& words, size_t begin, size_t end) const {
+    const std::vector<std::string> run(words.begin() + static_cast<std::ptrdiff_t>(begin),
+                                       words.begin() + static_cast<std::ptrdiff_t>(end));
+    return static_cast<double>(PlacesOf(run_.Words(), run).size());
+  }
+
+  void AddAssociation(const std::vector<std::string>& words, size_t frequency, Measures& measures) const {
+    for (const char* name : {"mi", "mi3", "npmi", "t_score", "log_dice", "mi_min", "forward", "backward"})
+      measures[name] = std::nullopt;
+    if (words.size() < 2) return;
+    const auto n = static_cast<double>(words.size());
+    const auto f = static_cast<double>(frequency);
+    const auto all = static_cast<double>(run_.WordsTaken());
+    double product = 1;
+    double sum = 0;
+    for (size_t i = 0; i < words.size(); ++i) {
+      product *= CountOfRun(words, i, i + 1);
+      sum += CountOfRun(words, i, i + 1);
+    }
+    const double expected = product / std::pow(all, n - 1);
+    measures["mi"] = std::log2(f / expected);
+    measures["mi3"] = std::log2(f * f * f / expected);
+    measures["npmi"] = std::log2(f / expected) / (-(n - 1) * std::log2(f / all));
+    measures["t_score"] = (f - expected) / std::sqrt(f);
+    measures["log_dice"] = 14 + std::log2(n * f / sum);
+
+    std::optional<double> weakest;
+    for (size_t i = 1; i < words.size(); ++i) {
+      const double parts = CountOfRun(words, 0, i) * CountOfRun(words, i, words.size());
+      weakest = std::min(weakest.value_or(HUGE_VAL), std::log2(f * all / parts));
+    }
+    measures["mi_min"] = weakest;
+    measures["forward"] = f / CountOfRun(words, 0, words.size() - 1);
+    measures["backward"] = f / CountOfRun(words, 1, words.size());
+  }
+
+  double CValue(const Phrase& phrase) const {
+    const auto [sum, containers] = Nested(phrase);
+    const double nested = containers > 0 ? sum / containers : 0;
+    return std::log2(static_cast<double>(WordsOf(phrase.Text).size())) * (phrase.Count - nested);
+  }
+
+  /// Over the longer candidates that contain the phrase: the sum of their f - t, and their number.
+  std::pair<double, double> Nested(const Phrase& phrase) const {
+    if (const auto known = nested_.find(phrase.Text); known != nested_.end()) return known->second;
+    double sum = 0;
+    double containers = 0;
+    for (int32_t i = 1; i <= run_.Phrases().PhraseCount; ++i) {
+      const Phrase& other = run_.Phrases()[i];
+      if (!other.Listed || other.Text.size() <= phrase.Text.size() ||
+          (" " + other.Text + " ").find(" " + phrase.Text + " ") == std::string::npos)
+        continue;
+      sum += other.Count - Nested(other).first;
+      ++containers;
+    }
+    return nested_[phrase.Text] = {sum, containers};
+  }
+
   const CountingRun& run_;
   std::vector<Part> parts_;
+  mutable std::map<std::string, std::pair<double, double>> nested_;  ///< By text, as far as it was asked for.
   std::set<std::pair<size_t, size_t>> counted_;  ///< Place and words of each occurrence of a phrase.
 };
 

@@ -57,8 +57,7 @@ bool Equal(const std::optional<double>& a, const std::optional<double>& b) {
 void CompareWithModel(CountingWorld world, int parts) {
   world.Options.KeepPlaces = true;
   RC_LOG() << world << "\nparts " << parts;
-  const auto expected =
-      reference::MeasuresOfPhrases(ModelRun(world), parts, world.Options.MinFrequency);
+  const auto expected = reference::MeasuresOfPhrases(ModelRun(world), parts, world.Options.MinFrequency);
   const EngineRun run = CountedByEngine(world);
   RC_ASSERT_FALSE(expected.empty() && AnythingListed(run.Table));
   if (expected.empty()) return;
@@ -99,6 +98,10 @@ RC_GTEST_PROP(AnalysisColumnsProperties, OfAFolderAreThoseOfTheModel, ()) {
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfPhrasesOfAllLengthsAreThoseOfTheModel, ()) {
   CompareWithModel(DrawWorld({}), 0);
+}
+
+RC_GTEST_PROP(AnalysisColumnsProperties, OfSingleWordsAreThoseOfTheModel, ()) {
+  CompareWithModel(DrawWorld({.Lists = true, .Folder = true, .SingleWords = true}), 0);
 }
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfEqualPartsAreThoseOfTheModel, ()) {

@@ -16,7 +16,7 @@ TEST(Columns, HaveNamesOfTheirOwn) {
   std::set<std::string_view> ids;
   for (const Column* column : AllColumns()) {
     EXPECT_TRUE(ids.insert(column->Id).second) << column->Id;
-    EXPECT_EQ(column->Id.find_first_not_of("abcdefghijklmnopqrstuvwxyz_"), std::string_view::npos)
+    EXPECT_EQ(column->Id.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789_"), std::string_view::npos)
         << column->Id;
     EXPECT_EQ(FindColumn(column->Id), column) << column->Id;
   }

@@ -1,0 +1,123 @@
+#include "report/columns/registry.h"
+
+// How strongly the words of a phrase hold together. In the definitions w1..wn are the words of a phrase and T
+// all words taken.
+
+namespace korv {
+
+namespace {
+
+Cell Real(const std::optional<double>& value) {
+  return value ? Cell(*value) : Cell();
+}
+
+template <double (*Measure)(const PhraseWords&)>
+Cell Association(const ColumnSource& source, const ListedPhrase& phrase) {
+  return source.Analysis ? Real(source.Analysis->Association(phrase.Entry, Measure)) : Cell();
+}
+
+template <std::optional<double> (PhraseAnalysis::*Measure)(PhraseIndex) const>
+Cell Prepared(const ColumnSource& source, const ListedPhrase& phrase) {
+  return source.Analysis ? Real((source.Analysis->*Measure)(phrase.Entry)) : Cell();
+}
+
+constexpr AnalysisNeeds kWords{.Positions = true, .Words = true};
+
+constexpr Column kAssociationColumns[] = {
+    {.Id = "c_value",
+     .Heading = "C-value",
+     .Type = ColumnType::Real,
+     .Definition =
+         "log2(words) * (f - t / c), where c is the number of longer listed phrases that contain the phrase "
+         "and t the sum of f - t over these; log2(words) * f where there are none. High for terms that occur "
+         "in many phrases and by themselves (Frantzi, Ananiadou and Mima 2000).",
+     .Value = Prepared<&PhraseAnalysis::CValue>,
+     .Needs = {.CValues = true},
+     .Decimals = 2},
+    {.Id = "mi",
+     .Heading = "MI",
+     .Type = ColumnType::Real,
+     .Unit = "bits",
+     .Definition =
+         "Mutual information: log2(f / E), where E = f(w1) * ... * f(wn) / T^(n-1) is the frequency that the "
+         "phrase would have if its n words were independent, and T the number of words taken. It favours "
+         "rare "
+         "words and grows with n: compare phrases of one length.",
+     .Value = Association<MutualInformation>,
+     .Needs = kWords,
+     .Decimals = 2},
+    {.Id = "t_score",
+     .Heading = "t",
+     .Type = ColumnType::Real,
+     .Definition =
+         "(f - E) / sqrt(f), where E = f(w1) * ... * f(wn) / T^(n-1) is the frequency that the phrase "
+         "would have if its n words were independent, and T the number of words taken. It favours "
+         "frequent phrases.",
+     .Value = Association<TScore>,
+     .Needs = kWords,
+     .Decimals = 2},
+    {.Id = "mi3",
+     .Heading = "MI3",
+     .Type = ColumnType::Real,
+     .Unit = "bits",
+     .Definition =
+         "log2(f^3 / E), where E = f(w1) * ... * f(wn) / T^(n-1) and T is the number of words taken: "
+         "mutual information that does not favour rare words.",
+     .Value = Association<MutualInformation3>,
+     .Needs = kWords,
+     .Decimals = 2},
+    {.Id = "log_dice",
+     .Heading = "logDice",
+     .Type = ColumnType::Real,
+     .Definition = "14 + log2(n * f / (f(w1) + ... + f(wn))), where n is the number of words: at most 14, "
+                   "whatever the size of the text (Rychly 2008).",
+     .Value = Association<LogDice>,
+     .Needs = kWords,
+     .Decimals = 2},
+    {.Id = "npmi",
+     .Heading = "NPMI",
+     .Type = ColumnType::Real,
+     .Definition = "MI / (-(n - 1) * log2(f / T)), where T is the number of words taken: 1 where the words "
+                   "occur nowhere else, 0 where they are independent. Phrases of different lengths compare "
+                   "(Bouma 2009).",
+     .Value = Association<NormalisedMutualInformation>,
+     .Needs = kWords,
+     .Decimals = 2},
+    {.Id = "mi_min",
+     .Heading = "MI (weakest joint)",
+     .Type = ColumnType::Real,
+     .Unit = "bits",
+     .Definition =
+         "The least value of log2(f * T / (f(w1..wi) * f(wi+1..wn))) over the joints i between two words, "
+         "where "
+         "T is the number of words taken: a phrase is as strong as its weakest joint. Phrases of different "
+         "lengths compare.",
+     .Value = Prepared<&PhraseAnalysis::WeakestJoint>,
+     .Needs = {.Positions = true, .Joints = true},
+     .Decimals = 2},
+    {.Id = "forward",
+     .Heading = "Forward",
+     .Type = ColumnType::Real,
+     .Definition =
+         "f / f(w1..wn-1): the probability that the last word follows where the words before it stand.",
+     .Value = Prepared<&PhraseAnalysis::ForwardProbability>,
+     .Needs = {.Joints = true},
+     .Decimals = 3},
+    {.Id = "backward",
+     .Heading = "Backward",
+     .Type = ColumnType::Real,
+     .Definition =
+         "f / f(w2..wn): the probability that the first word stands before where the words after it "
+         "stand.",
+     .Value = Prepared<&PhraseAnalysis::BackwardProbability>,
+     .Needs = {.Joints = true},
+     .Decimals = 3},
+};
+
+}  // namespace
+
+std::span<const Column> AssociationColumns() {
+  return kAssociationColumns;
+}
+
+}  // namespace korv
