@@ -6,6 +6,7 @@
 
 #include "cli/nearest_name.h"
 #include "cli/option_values.h"
+#include "report/columns/column_keys.h"
 #include "report/columns/registry.h"
 
 namespace korv {
@@ -37,6 +38,20 @@ std::vector<const Column*> ParseColumns(const std::string& text, const std::stri
   }
   if (columns.empty()) RefuseValue(option, "a column is needed");
   return columns;
+}
+
+SortColumn ParseSortColumn(const std::string& text, const std::string& option) {
+  const size_t colon = std::min(text.find(':'), text.size());
+  const Column* const column = ParseColumn(text.substr(0, colon), option);
+  if (!HasKeys(*column)) RefuseValue(option, "a table cannot be ordered by '" + text.substr(0, colon) + "'");
+  if (colon == text.size()) return {column, UsualDirection(*column)};
+  const std::string directions[] = {"asc", "desc"};
+  return {column, ParseChoice(text.substr(colon + 1), option, directions) == 0 ? SortDirection::Ascending
+                                                                               : SortDirection::Descending};
+}
+
+Limit AtLeast(std::string_view column, double least) {
+  return {FindColumn(column), least, {}};
 }
 
 PartChoice ParseParts(const std::string& text) {

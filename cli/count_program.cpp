@@ -211,7 +211,8 @@ class CountProgram {
 
   bool MakeRequest(RunRequest& request) {
     request = RunRequestOf(settings_);
-    request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Columns);
+    request.Options.KeepPlaces =
+        options_.ContextOf || NeedPlaces(options_.Columns) || NeedPlaces(options_.Rows.Columns());
     request.KeepText = options_.ContextOf.has_value();
     request.OutputPath = OutputPath();
     request.Stream = &env_.StandardInput;
@@ -332,7 +333,7 @@ class CountProgram {
 
   int WriteReport(const ReportOptions& options) {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
-    const Report report{run_.Table, run_.Facts, options, options_.Numbers, options_.Parts};
+    const Report report{run_.Table, run_.Facts, options, options_.Numbers, options_.Parts, options_.Rows};
     if (!run_.OutputPath.empty()) {
       AboutFile messages(messages_, run_.OutputPath);
       const FileListResult result = ListWordsToFile(report, PathFromText(run_.OutputPath),

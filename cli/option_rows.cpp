@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -110,20 +111,56 @@ std::vector<OptionRow> OwnReport() {
 }
 
 std::vector<OptionRow> OwnContexts() {
-  return {Text("--context-of", "PHRASE", OptionGroup::Contexts,
-               "List where a phrase stands, with the text around, instead of a report",
-               [](const std::string& text, CountOptions& options) { options.ContextOf = text; }),
-          Text("--contexts", "N", OptionGroup::Contexts,
-               "Characters on each side (" + std::to_string(kContexts) + ")",
-               [](const std::string& text, CountOptions& options) {
-                 options.Contexts = ParseInRange(text, "--contexts", 0, kMostContexts);
-               }),
-          Choices<std::optional<PlaceOrder>>("--sort", &CountOptions::Sort,
-                                             {{"place", PlaceOrder::Place},
-                                              {"left", PlaceOrder::Left},
-                                              {"right", PlaceOrder::Right},
-                                              {"file", PlaceOrder::File}},
-                                             OptionGroup::Contexts, "Order of the contexts (place)")};
+  return {
+      Text("--context-of", "PHRASE", OptionGroup::Contexts,
+           "List where a phrase stands, with the text around, instead of a report",
+           [](const std::string& text, CountOptions& options) { options.ContextOf = text; }),
+      Text("--contexts", "N", OptionGroup::Contexts,
+           "Characters on each side (" + std::to_string(kContexts) + ")",
+           [](const std::string& text, CountOptions& options) {
+             options.Contexts = ParseInRange(text, "--contexts", 0, kMostContexts);
+           }),
+      Text("--sort", "ORDER", OptionGroup::Contexts,
+           "Order of the contexts, place, left, right or file (place); else a table's, COLUMN[:asc|:desc]",
+           [](const std::string& text, CountOptions& options) { options.SortText = text; })};
+}
+
+OptionRow AtLeastOf(const char* name, const char* column, const char* help) {
+  return Text(name, "K", OptionGroup::Report, help, [=](const std::string& text, CountOptions& options) {
+    options.Rows.Filter.Limits.push_back(
+        AtLeast(column, ParseInRange(text, name, 0, std::numeric_limits<int>::max())));
+  });
+}
+
+/// Which phrases are listed.
+std::vector<OptionRow> OwnChoice() {
+  const OptionGroup group = OptionGroup::Report;
+  return {
+      Text("--match", "TEXT", group, "List only phrases that match a text; -TEXT those that do not",
+           [](const std::string& text, CountOptions& options) { options.Match = text; }),
+      Choices<std::optional<MatchMode>>("--match-mode", &CountOptions::HowToMatch,
+                                        {{"contains", MatchMode::Contains},
+                                         {"words", MatchMode::WholeWords},
+                                         {"starts", MatchMode::StartsWith},
+                                         {"ends", MatchMode::EndsWith},
+                                         {"wildcard", MatchMode::Wildcards},
+                                         {"regex", MatchMode::Expression}},
+                                        group, "How they match it (contains)"),
+      AtLeastOf("--min-files", "files", "List only phrases that stand in K files or more"),
+      Text("--min-per-million", "X", group, "List only phrases with X or more occurrences a million words",
+           [](const std::string& text, CountOptions& options) {
+             options.Rows.Filter.Limits.push_back(
+                 AtLeast("per_million", ParseReal(text, "--min-per-million")));
+           }),
+      AtLeastOf("--min-net", "net_frequency",
+                "Write a table of phrases that stand K times or more in no longer one"),
+      Text("--top", "K|all", group, "List only the first K phrases (all)",
+           [](const std::string& text, CountOptions& options) {
+             options.Rows.Most =
+                 text == "all"
+                     ? RowChoice::kAll
+                     : static_cast<uint32_t>(ParseInRange(text, "--top", 1, std::numeric_limits<int>::max()));
+           })};
 }
 
 std::vector<OptionRow> OwnOutput() {
@@ -164,7 +201,7 @@ std::vector<OptionRow> OptionRows() {
   std::vector<OptionRow> options = SettingOptions();
   InsertAfter(options, "--ignore-mode", OwnWordFiles());
   for (std::vector<OptionRow> own :
-       {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnContexts(), OwnOutput()})
+       {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnChoice(), OwnContexts(), OwnOutput()})
     options.insert(options.end(), std::move_iterator(own.begin()), std::move_iterator(own.end()));
   std::ranges::stable_sort(options, {}, &OptionRow::Group);
   return options;

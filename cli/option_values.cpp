@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace korv {
 
@@ -34,6 +35,15 @@ int ParseInRange(const std::string& text, const std::string& option, int least, 
   if (number < least || number > most || (number - least) % step != 0)
     RefuseValue(option, text + " is not between " + std::to_string(least) + " and " + std::to_string(most) +
                             (step > 1 ? " in steps of " + std::to_string(step) : ""));
+  return number;
+}
+
+double ParseReal(const std::string& text, const std::string& option) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(number))
+    RefuseValue(option, "'" + text + "' is no number");
+  if (number < 0) RefuseValue(option, text + " is less than 0");
   return number;
 }
 

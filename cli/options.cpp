@@ -2,10 +2,15 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "cli/argument_names.h"
+#include "cli/column_values.h"
 #include "cli/help_format.h"
 #include "cli/option_rows.h"
+#include "cli/option_values.h"
+#include "engine/analysis/phrase_query.h"
 
 namespace korv {
 
@@ -29,6 +34,8 @@ class Parser {
       CheckNames(arguments);
       std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
       app_.parse(std::move(reversed));
+      SettleOrder();
+      SettleMatch();
       Check();
     } catch (const CLI::Success& success) {
       app_.exit(success, out, err);
@@ -77,18 +84,50 @@ class Parser {
                                  "- is no file; without --output the report goes to standard output");
     if (options_.ListFiles && options_.FromStandardInput())
       throw CLI::ValidationError("--list-files", "standard input has no files to list");
-    if (!options_.ContextOf && (options_.Contexts || options_.Sort))
-      throw CLI::ValidationError(options_.Contexts ? "--contexts" : "--sort", "needs --context-of");
-    if (options_.ContextOf && !options_.Output.empty())
+    if (!options_.ContextOf && options_.Contexts)
+      throw CLI::ValidationError("--contexts", "needs --context-of");
+    if (options_.ContextOf) CheckContexts();
+    if (const char* option = options_.TableOption(); option != nullptr && AsksForText())
+      throw CLI::ValidationError(option, "makes a table, which --output-format text cannot be");
+  }
+
+  void CheckContexts() const {
+    if (!options_.Output.empty())
       throw CLI::ValidationError("--context-of", "writes to standard output, not to --output");
-    if (options_.ContextOf && options_.OutputFormat && *options_.OutputFormat == nullptr)
+    if (AsksForText())
       throw CLI::ValidationError("--context-of", "is a table, which --output-format text cannot be");
-    if (options_.ContextOf && options_.AsksForTable())
-      throw CLI::ValidationError("--context-of", "excludes --columns");
-    if (options_.AsksForTable() && options_.OutputFormat && *options_.OutputFormat == nullptr)
-      throw CLI::ValidationError("--columns", "are those of a table, which --output-format text cannot be");
-    if (options_.ContextOf && options_.ListFiles)
-      throw CLI::ValidationError("--context-of", "excludes --list-files");
+    for (const char* option : {options_.TableOption(), options_.ChoosingOption()})
+      if (option != nullptr) throw CLI::ValidationError("--context-of", std::string("excludes ") + option);
+    if (options_.ListFiles) throw CLI::ValidationError("--context-of", "excludes --list-files");
+  }
+
+  bool AsksForText() const { return options_.OutputFormat && *options_.OutputFormat == nullptr; }
+
+  /// What --sort means shows when all options are known.
+  void SettleOrder() {
+    if (!options_.SortText) return;
+    const std::string orders[] = {"place", "left", "right", "file"};
+    if (options_.ContextOf) {
+      options_.Sort = std::array{
+          PlaceOrder::Place, PlaceOrder::Left, PlaceOrder::Right,
+          PlaceOrder::File}[static_cast<size_t>(ParseChoice(*options_.SortText, "--sort", orders))];
+      return;
+    }
+    if (std::ranges::find(orders, *options_.SortText) != std::end(orders))
+      throw CLI::ValidationError("--sort", "'" + *options_.SortText + "' needs --context-of");
+    const SortColumn sort = ParseSortColumn(*options_.SortText, "--sort");
+    options_.Rows.OrderBy = sort.Of;
+    options_.Rows.Direction = sort.Direction;
+  }
+
+  void SettleMatch() {
+    if (!options_.Match && options_.HowToMatch) throw CLI::ValidationError("--match-mode", "needs --match");
+    PhraseQuery& query = options_.Rows.Filter.Query;
+    query.Text = options_.Match.value_or("");
+    query.Mode = options_.HowToMatch.value_or(MatchMode::Contains);
+    const std::string fault = FaultOf(query);
+    if (!fault.empty())
+      throw CLI::ValidationError("--match", "'" + query.Text + "' is no regular expression: " + fault);
   }
 
   CLI::App app_{"Counts the phrases of natural-language text.", "korv-count"};
@@ -97,6 +136,24 @@ class Parser {
 };
 
 }  // namespace
+
+const char* CountOptions::TableOption() const {
+  if (!Columns.empty()) return "--columns";
+  if (Rows.OrderBy != nullptr) return "--sort";
+  const bool net = std::ranges::any_of(Rows.Filter.Limits,
+                                       [](const Limit& limit) { return limit.Of->Id == "net_frequency"; });
+  return net ? "--min-net" : nullptr;
+}
+
+const char* CountOptions::ChoosingOption() const {
+  if (Match) return "--match";
+  if (Rows.Most != RowChoice::kAll) return "--top";
+  for (const Limit& limit : Rows.Filter.Limits) {
+    if (limit.Of->Id == "files") return "--min-files";
+    if (limit.Of->Id == "per_million") return "--min-per-million";
+  }
+  return nullptr;
+}
 
 std::variant<CountOptions, int> ParseCountOptions(const std::vector<std::string>& arguments,
                                                   std::ostream& out, std::ostream& err) {

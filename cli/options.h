@@ -12,6 +12,7 @@
 #include "engine/corpus/place_order.h"
 #include "report/columns/column.h"
 #include "report/report_form.h"
+#include "report/row_choice.h"
 #include "report/writers/table_forms.h"
 #include "sources/detect/encoding_choice.h"
 #include "wordlists/common_words.h"
@@ -51,8 +52,14 @@ struct CountOptions {
 
   EncodingChoice Encoding = EncodingChoice::Auto;
   std::string Output;
+  // As typed. What they ask for is in Sort and in Rows.
+  std::optional<std::string> SortText;  ///< An order of contexts; else a column and its direction.
+  std::optional<std::string> Match;
+  std::optional<MatchMode> HowToMatch;
+
   std::optional<const TableForm*> OutputFormat;  ///< Null for the report as text.
   std::vector<const Column*> Columns;  ///< Of a table instead of the report; empty for the usual ones.
+  RowChoice Rows;                      ///< Which phrases are listed, and in which order.
   PartChoice Parts;                    ///< Over which tables tell how evenly phrases are spread.
   bool Force = false;
   Layout LineLayout = Layout::Columns;
@@ -63,7 +70,11 @@ struct CountOptions {
 
   bool FromStandardInput() const { return Path == "-"; }
   /// Whether an option asks for what only a table can show.
-  bool AsksForTable() const { return !Columns.empty(); }
+  bool AsksForTable() const { return TableOption() != nullptr; }
+  /// The name of that option; null for none.
+  const char* TableOption() const;
+  /// The name of an option that chooses phrases of the report; null for none.
+  const char* ChoosingOption() const;
 };
 
 /// The options, or the status to exit with at once: 0 after help or version on `out`, kExitUsage after

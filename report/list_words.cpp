@@ -1,8 +1,14 @@
 #include "report/list_words.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
+#include "engine/analysis/phrase_list.h"
+#include "report/columns/column_keys.h"
+#include "report/columns/registry.h"
+#include "report/columns/row_filter.h"
 #include "report/filter.h"
 #include "report/formats.h"
 #include "report/list_source.h"
@@ -16,16 +22,21 @@ namespace korv {
 
 namespace {
 
-/// The state that both listing loops share: one call of List() per phrase.
+/// The state that all listing loops share: one call of List() per phrase.
 class Listing {
  public:
   Listing(const Report& report, const ListExtent& extent, RowBuilder& rows, ListWriter& writer,
           Yielder& yielder)
-      : table_(report.Table), rows_(rows), writer_(writer), yielder_(yielder) {
+      : table_(report.Table),
+        rows_(rows),
+        writer_(writer),
+        yielder_(yielder),
+        most_(report.Rows.Most),
+        counts_(Filters(report.Options) || !report.Rows.Empty()) {
     if (Filters(report.Options)) filter_.emplace(report.Options.FilterText, report.Options.FilterModeOfWords);
     result_.Unfiltered = extent.Phrases;
-    // Without a filter the whole list is known beforehand, wherever it ends.
-    if (!filter_) {
+    // Where nothing is left out the whole list is known beforehand, wherever it ends.
+    if (!counts_) {
       result_.Phrases = extent.Phrases;
       result_.Occurrences = extent.Occurrences;
     }
@@ -34,14 +45,12 @@ class Listing {
   /// Lists one phrase; false when the listing is over.
   bool List(PhraseIndex i) {
     yielder_.Yield();
-    if (yielder_.Stopped()) {
-      result_.Outcome = ListOutcome::Stopped;
-      return false;
-    }
+    if (yielder_.Stopped()) return Stop();
+    if (result_.Phrases == most_ && counts_) return false;
     text_.clear();
     table_.AppendText(i, text_);
     if (filter_ && !filter_->Passes(text_)) return true;
-    if (filter_) {
+    if (counts_) {
       ++result_.Phrases;
       result_.Occurrences += table_.Count(i);
     }
@@ -50,7 +59,13 @@ class Listing {
     ++result_.Shown;
     if (writer_.Row(rows_.Cells(i, text_))) return true;
     result_.Outcome = ListOutcome::SinkFull;
-    return filter_.has_value();
+    return counts_;
+  }
+
+  /// Notes that the user stopped the listing; false.
+  bool Stop() {
+    result_.Outcome = ListOutcome::Stopped;
+    return false;
   }
 
   ListResult Finish() {
@@ -65,6 +80,8 @@ class Listing {
   RowBuilder& rows_;
   ListWriter& writer_;
   Yielder& yielder_;
+  uint32_t most_;
+  bool counts_;  ///< Which phrases are listed shows on the way.
   std::optional<PhraseFilter> filter_;
   std::string text_;
   ListResult result_;
@@ -85,6 +102,31 @@ void ListWordsByFrequency(const PhraseTable& table, Listing& listing) {
   }
 }
 
+/// Nothing when stopped.
+std::optional<PhraseList> ChosenRows(const Report& report, const ColumnSource& source, Yielder& yielder) {
+  const RowChoice& rows = report.Rows;
+  const bool alphabetical = report.Options.WordOrder == kAlphabetical;
+  const SharedOrder order = rows.OrderBy != nullptr
+                                ? OrderByColumn(*rows.OrderBy, rows.Direction, source, yielder)
+                                : OrderByColumn(*FindColumn(alphabetical ? "phrase" : "report_rank"),
+                                                SortDirection::Ascending, source, yielder);
+  if (!order) return std::nullopt;
+  if (PassesAll(rows.Filter)) return AllRows(report.Table, order);
+  const auto test = CompileFilter(rows.Filter, source, yielder);
+  if (!test) return PhraseList();
+  return FilterRows(report.Table, order, *test, yielder);
+}
+
+void ListChosenRows(const Report& report, const ColumnSource& source, Yielder& yielder, Listing& listing) {
+  const std::optional<PhraseList> rows = ChosenRows(report, source, yielder);
+  if (!rows) {
+    listing.Stop();
+    return;
+  }
+  for (uint32_t row = 0; row < rows->Rows(); ++row)
+    if (!listing.List(rows->EntryAt(row))) return;
+}
+
 }  // namespace
 
 std::string_view NameOfListing(const ReportOptions& options) {
@@ -93,12 +135,16 @@ std::string_view NameOfListing(const ReportOptions& options) {
 
 ListResult WriteList(const Report& report, std::span<const Column* const> columns, const ListExtent& extent,
                      ListWriter& writer, Yielder& yielder) {
-  ListSource source(report, columns, extent);
+  std::vector<const Column*> needed(columns.begin(), columns.end());
+  std::ranges::copy(report.Rows.Columns(), std::back_inserter(needed));
+  ListSource source(report, needed, extent);
   if (!source.Prepare(yielder)) return {.Outcome = ListOutcome::Stopped, .Unfiltered = extent.Phrases};
   RowBuilder rows(columns, source.View());
   writer.Begin(columns, source.View());
   Listing listing(report, extent, rows, writer, yielder);
-  if (report.Options.WordOrder == kAlphabetical)
+  if (!report.Rows.Empty())
+    ListChosenRows(report, source.View(), yielder, listing);
+  else if (report.Options.WordOrder == kAlphabetical)
     ListWordsAlphabetically(report.Table, listing);
   else
     ListWordsByFrequency(report.Table, listing);

@@ -4,6 +4,7 @@
 #include "engine/analysis/text_parts.h"
 #include "engine/counting/phrase_table.h"
 #include "report/report_options.h"
+#include "report/row_choice.h"
 #include "report/run_summary.h"
 
 namespace korv {
@@ -16,6 +17,7 @@ struct Report {
   const ReportOptions& Options;
   const NumberFormat& Numbers;
   PartChoice Parts = {};  ///< Over which columns tell how evenly phrases are spread.
+  RowChoice Rows = {};
 };
 
 /// Whether the report is a list, not just a notice that there is nothing to list.

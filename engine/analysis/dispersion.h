@@ -10,8 +10,8 @@ namespace korv {
 ///
 /// In the formulas, over the parts i = 1..k: W_i are the words of a part and w_i its share of all words, T_i
 /// the occurrences in it and t_i its share of all occurrences f, R_i = T_i / W_i and r_i its share of the sum
-/// of all R_i. Only parts with an occurrence are looked at, so that a phrase costs its occurrences and not the
-/// parts.
+/// of all R_i. Only parts with an occurrence are looked at, so that a phrase costs its occurrences and not
+/// the parts.
 struct PhraseSpread {
   struct Part {
     uint32_t Occurrences;  ///< T_i, at least 1.

@@ -10,10 +10,10 @@ namespace korv {
 
 /// How often phrases occur on their own: the occurrences that no occurrence of another phrase contains.
 ///
-/// Phrases are all that were counted and reach the minimum frequency, listed or not. The occurrence of w words
-/// at place p is free when no other one, of v words at q, has q <= p and q + v >= p + w. With M[p] the most
-/// words of a phrase at p (0 for none), and Reach[p] the greatest q + M[q] of all q < p, it is free exactly
-/// where M[p] == w and Reach[p] < p + w. So each place gives at most one free occurrence.
+/// Phrases are all that were counted and reach the minimum frequency, listed or not. The occurrence of w
+/// words at place p is free when no other one, of v words at q, has q <= p and q + v >= p + w. With M[p] the
+/// most words of a phrase at p (0 for none), and Reach[p] the greatest q + M[q] of all q < p, it is free
+/// exactly where M[p] == w and Reach[p] < p + w. So each place gives at most one free occurrence.
 ///
 /// Phrases that the table has no entry for are redundant by whole words: an occurrence of the longer phrase
 /// contains each of theirs, so they are never free and contain nothing that the longer one does not. Entries
@@ -25,8 +25,8 @@ struct FreeOccurrences {
 };
 
 /// Finds them for the table of a run that keeps places. Linear in the tokens and the occurrences, on all
-/// threads; memory for the time being 2 bytes a token and 1 byte a place, for good 4 bytes an entry. False when
-/// stopped: the result is of no use then.
+/// threads; memory for the time being 2 bytes a token and 1 byte a place, for good 4 bytes an entry. False
+/// when stopped: the result is of no use then.
 bool FindFreeOccurrences(const PhraseTable& table, Yielder& yielder, FreeOccurrences& found);
 
 }  // namespace korv

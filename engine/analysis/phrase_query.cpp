@@ -235,6 +235,11 @@ bool MatchesAll(const PhraseQuery& query) {
   return SoughtBy(query).Text.empty();
 }
 
+std::string FaultOf(const PhraseQuery& query) {
+  if (query.Mode != MatchMode::Expression || MatchesAll(query)) return {};
+  return Regex(SoughtBy(query).Text, false).Fault();
+}
+
 bool Narrows(const PhraseQuery& before, const PhraseQuery& after) {
   const Sought first = SoughtBy(before);
   const Sought then = SoughtBy(after);

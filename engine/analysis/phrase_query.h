@@ -36,6 +36,9 @@ struct PhraseQuery {
 /// Whether it asks for nothing: every phrase passes.
 bool MatchesAll(const PhraseQuery& query);
 
+/// What is wrong with it, where its text makes no regular expression: the reason and the place. Else empty.
+std::string FaultOf(const PhraseQuery& query);
+
 /// Whether every phrase that passes `after` certainly passes `before`, as when a text is typed on.
 bool Narrows(const PhraseQuery& before, const PhraseQuery& after);
 

@@ -87,7 +87,8 @@ void TextWriter::AppendFileLines(const RowCells& cells) {
 
 bool TextWriter::End(bool stopped) {
   if (format_.OneLine && anyRow_) pieces_.Append(form_.LineEnd);
-  if (!stopped && !anyRow_) AppendNoMatch();
+  // What other choices leave nothing of needs no words.
+  if (!stopped && !anyRow_ && Filters(report_.Options)) AppendNoMatch();
   return pieces_.HandOverRest();
 }
 

@@ -85,7 +85,7 @@ TEST_F(CountProgramTest, ColumnsThatMakeNoSenseAreWrongUsage) {
       {{"--columns", "phrase,,rank"}, "there is no column ''"},
       {{"--columns", "rank,phrase,rank"}, "'rank' is given twice"},
       {{"--columns", ""}, "a column is needed"},
-      {{"--columns", "rank", "--output-format", "text"}, "--columns: are those of a table"},
+      {{"--columns", "rank", "--output-format", "text"}, "--columns: makes a table"},
       {{"--columns", "rank", "--context-of", "big cat"}, "--context-of: excludes --columns"},
       {{"--parts", "1"}, "--parts: 1 is not between 2 and 100"},
       {{"--parts", "file"}, "--parts: 'file' is no number"},
