@@ -72,7 +72,12 @@ const std::vector<const Column*>& Columns() {
 
 const ColumnSource& Source() {
   static const Report& report = *new Report{Run().Table, Run().Facts, Run().Options, Run().Numbers};
-  static const ListSource& source = *new ListSource(report, Columns(), {});
+  static const ListSource& source = [&]() -> const ListSource& {
+    auto& prepared = *new ListSource(report, Columns(), {});
+    NoYielder yielder;
+    prepared.Prepare(yielder);
+    return prepared;
+  }();
   return source.View();
 }
 

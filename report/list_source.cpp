@@ -1,29 +1,13 @@
 #include "report/list_source.h"
 
 #include <algorithm>
-#include <functional>
 
+#include "engine/analysis/phrase_order.h"
 #include "engine/corpus/corpus.h"
 #include "platform/files.h"
 #include "report/folder_paths.h"
 
 namespace korv {
-
-namespace {
-
-/// By entry, 0 for those that are not listed. Entries are in alphabetical order, which ties keep.
-std::vector<PhraseRank> RanksByFrequency(const PhraseTable& table) {
-  std::vector<PhraseIndex> order;
-  for (const PhraseIndex i : table.All())
-    if (table.Listed(i)) order.push_back(i);
-  std::ranges::stable_sort(order, std::greater(), [&](PhraseIndex i) { return table.Count(i); });
-  std::vector<PhraseRank> ranks(size_t{table.EntryCount()} + 1, kNoRank);
-  PhraseRank rank = kNoRank;
-  for (const PhraseIndex i : order) ranks[ValueOf(i)] = ++rank;
-  return ranks;
-}
-
-}  // namespace
 
 uint64_t FilesWithWords(const PhraseTable& table, const RunSummary& facts) {
   if (facts.Options.SourceKind != TextSource::Folder) return 1;
@@ -45,16 +29,20 @@ ListSource::ListSource(const Report& report, std::span<const Column* const> colu
     for (const CorpusSource& source : report.Table.Corpus().Sources)
       sourcePaths_.push_back(PathToText(source.Path));
   // The chain goes by files then.
-  if (report.Options.SortByNumberOfFiles && std::ranges::any_of(columns, &Column::NeedsFrequencyRanks))
-    frequencyRanks_ = RanksByFrequency(report.Table);
+  needsRanks_ =
+      report.Options.SortByNumberOfFiles && std::ranges::any_of(columns, &Column::NeedsFrequencyRanks);
   view_.FilePaths = filePaths_;
   view_.SourcePaths = sourcePaths_;
   view_.FilesWithWords = FilesWithWords(report.Table, report.Facts);
-  view_.FrequencyRanks = frequencyRanks_;
   view_.Analysis = &analysis_;
 }
 
 bool ListSource::Prepare(Yielder& yielder) {
+  if (needsRanks_) {
+    frequencyRanks_ = RanksByCount(view_.Table, yielder);
+    if (frequencyRanks_.empty()) return false;
+    view_.FrequencyRanks = frequencyRanks_;
+  }
   return analysis_.Prepare(needs_, yielder);
 }
 

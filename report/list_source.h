@@ -20,14 +20,15 @@ class ListSource {
   ListSource(const ListSource&) = delete;
   ListSource& operator=(const ListSource&) = delete;
 
-  /// Prepares the analysis that the columns need, which View() has from then on. Call it before that. False
-  /// when stopped.
+  /// Prepares the analysis and the ranks that the columns need, which View() has from then on. Call it before
+  /// that. False when stopped.
   bool Prepare(Yielder& yielder);
 
   const ColumnSource& View() const { return view_; }
 
  private:
   AnalysisNeeds needs_;
+  bool needsRanks_ = false;
   PhraseAnalysis analysis_;
   std::vector<std::string> filePaths_;
   std::vector<std::string> sourcePaths_;

@@ -53,6 +53,9 @@ std::vector<double> KeysOfColumn(const Column& column, const ColumnSource& sourc
 
 SharedOrder OrderByColumn(const Column& column, SortDirection direction, const ColumnSource& source,
                           Yielder& yielder) {
+  // The two orders that are wanted most often need no keys.
+  if (column.Id == "phrase") return OrderByPhrase(source.Table, direction, yielder);
+  if (column.Id == "frequency") return OrderByCount(source.Table, direction, yielder);
   const std::vector<double> keys = KeysOfColumn(column, source, yielder);
   return keys.empty() ? nullptr : OrderByKeys(source.Table, keys, direction, yielder);
 }

@@ -75,7 +75,8 @@ RC_GTEST_PROP(ListProperties, OrdersByAnyColumn, ()) {
   for (const Known& known : kColumns) {
     const Column& column = *FindColumn(known.Id);
     const Column* columns[] = {&column};
-    const ListSource source(report, columns, {});
+    ListSource source(report, columns, {});
+    source.Prepare(yielder);
     for (const bool descending : {false, true}) {
       std::vector<PhraseIndex> expected;
       for (const size_t i : reference::OrderOfValues(world.Of(known), descending))
@@ -101,7 +102,8 @@ RC_GTEST_PROP(ListProperties, LimitsLetPassWhatLiesBetween, ()) {
   const RowFilter filter{{.Text = *rc::gen::elementOf(std::vector<std::string>{"", "a", "-a", "he"})},
                          {limit(one), limit(two)}};
   const Column* columns[] = {filter.Limits[0].Of, filter.Limits[1].Of};
-  const ListSource source(report, columns, {});
+  ListSource source(report, columns, {});
+  source.Prepare(yielder);
   const auto test = CompileFilter(filter, source.View(), yielder);
   const SharedOrder order = OrderByPhrase(world.Run.Table, SortDirection::Ascending, yielder);
   const auto list = FilterRows(world.Run.Table, order, *test, yielder);

@@ -40,8 +40,9 @@ TEST(RowFilter, UndefinedValuesPassNoLimitAndStandLast) {
       ReportWorld::Of({{"a b", 2}, {"c d", 1}});  // No words are told: per million is undefined.
   const Column* columns[] = {FindColumn("per_million")};
   const Report report = world.View();
-  const ListSource source(report, columns, {});
   NoYielder yielder;
+  ListSource source(report, columns, {});
+  source.Prepare(yielder);
   for (const RowFilter& filter : {AtLeast("per_million", 0), AtLeast("per_million", {}, 1e9)}) {
     const auto test = CompileFilter(filter, source.View(), yielder);
     const PhraseIndex entries[] = {PhraseIndex{1}, PhraseIndex{2}};

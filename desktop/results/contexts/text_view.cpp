@@ -171,8 +171,8 @@ void TextView::ReadMore(bool before) {
 void TextView::Show(const TextWindow& window) {
   shown_->Window = window;
   const QString before = ToQt(std::string_view(window.Text).substr(0, window.PhraseBegin));
-  const QString phrase = ToQt(std::string_view(window.Text)
-                                  .substr(window.PhraseBegin, window.PhraseEnd - window.PhraseBegin));
+  const QString phrase =
+      ToQt(std::string_view(window.Text).substr(window.PhraseBegin, window.PhraseEnd - window.PhraseBegin));
   txbText->setPlainText(ToQt(window.Text));
   MarkPhrase(before, phrase);
   cmdTextBefore->setEnabled(window.Begin > 0);
@@ -192,8 +192,7 @@ void TextView::ShowWords(PlaceFault fault) {
   MarkPhrase(before, phrase);
   cmdTextBefore->setEnabled(false);
   cmdTextBehind->setEnabled(false);
-  lblTextNote->setText(
-      ToQt(ChangedTextsText(shown_->Run(), {{shown_->Source(), fault}}, desktop_.Numbers)));
+  lblTextNote->setText(ToQt(ChangedTextsText(shown_->Run(), {{shown_->Source(), fault}}, desktop_.Numbers)));
   lblTextNote->show();
   SayPlace();
 }

@@ -16,8 +16,8 @@ class QPushButton;
 
 namespace korv {
 
-/// A window with the text in which a phrase stands, the phrase marked. Holds a part of the text, the rest of which
-/// is a click away. Reads on a thread of its own.
+/// A window with the text in which a phrase stands, the phrase marked. Holds a part of the text, the rest of
+/// which is a click away. Reads on a thread of its own.
 class TextView final : public QWidget {
  public:
   TextView(const Desktop& desktop, QWidget* parent);
