@@ -343,6 +343,7 @@ class CountProgram {
                                                      .Table = Table(),
                                                      .Columns = options_.Columns},
                                                     env_.Yielder);
+      TellPhraseShare(result.List);
       if (result.List.Outcome == ListOutcome::Stopped) {
         Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
         return kExitInterrupted;
@@ -358,11 +359,16 @@ class CountProgram {
                                          .Table = Table(),
                                          .Columns = options_.Columns},
                                         sink, env_.Yielder);
+    TellPhraseShare(result);
     if (!sink.Finish()) return CannotWrite();
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;
     Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +
          (result.Phrases == 1 ? " phrase." : " phrases."));
     return kExitInterrupted;
+  }
+
+  void TellPhraseShare(const ListResult& list) {
+    if (list.Coverage) Tell(PhraseShareLine(*list.Coverage, run_.Facts, options_.Numbers));
   }
 
   int CannotWrite() {

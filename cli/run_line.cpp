@@ -87,4 +87,10 @@ std::string CoverageLine(const RunSummary& facts, const RunProgress& progress, c
   return text + ".";
 }
 
+std::string PhraseShareLine(double share, const RunSummary& facts, const NumberFormat& numbers) {
+  const int minFrequency = facts.Options.MinFrequency;
+  return numbers.Decimals(100 * share, 1) + " % of the words taken stand in phrases" +
+         (minFrequency > 1 ? " that occur at least " + std::to_string(minFrequency) + " times" : "");
+}
+
 }  // namespace korv

@@ -16,4 +16,8 @@ std::string RunLine(const RunSummary& facts, const WordRules& rules, const Numbe
 /// How much of the text the report of a stopped run covers. Without a line end.
 std::string CoverageLine(const RunSummary& facts, const RunProgress& progress, const NumberFormat& numbers);
 
+/// How much of the words that were taken stands in phrases with the minimum frequency. `share`: 0..1. Without
+/// a line end.
+std::string PhraseShareLine(double share, const RunSummary& facts, const NumberFormat& numbers);
+
 }  // namespace korv

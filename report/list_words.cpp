@@ -148,7 +148,9 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
     ListWordsAlphabetically(report.Table, listing);
   else
     ListWordsByFrequency(report.Table, listing);
-  return listing.Finish();
+  ListResult result = listing.Finish();
+  result.Coverage = source.View().Analysis->Coverage();
+  return result;
 }
 
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder) {

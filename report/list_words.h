@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -28,6 +29,8 @@ struct ListResult {
   uint64_t Occurrences = 0;  ///< Sum of their counts.
   uint32_t Shown = 0;        ///< Those of them whose text the sink has, wholly.
   uint32_t Unfiltered = 0;   ///< Phrases that there are to list without a filter.
+  /// PhraseAnalysis::Coverage(), where a column needed it.
+  std::optional<double> Coverage = {};
 };
 
 /// Lists the phrases of a report in its order: opening, heading, a line per phrase that passes the filter; or

@@ -4,6 +4,8 @@
 #include <array>
 #include <atomic>
 #include <cmath>
+#include <cstdint>
+#include <span>
 
 #include "base/workers.h"
 #include "base/zeroed_array.h"
@@ -22,13 +24,12 @@ class CValueFinder {
 
   bool Find() {
     const size_t n = data_.Entries.size();
-    nested_ = ZeroedArray<uint64_t>(n);
-    containers_ = ZeroedArray<uint32_t>(n);
+    totals_ = ZeroedArray<Totals>(n);
     if (!CollectCandidates() || !FillTable()) return false;
     // What a phrase gives to those within it is known when all longer ones have given theirs.
     for (size_t words = ofLength_.size(); words-- > kLeastWords;)
       if (!RunParts(ofLength_[words].size(), yielder_, [&](size_t begin, size_t end) {
-            for (size_t k = begin; k < end; ++k) GiveToNested(ofLength_[words][k]);
+            GiveToNested(std::span(ofLength_[words]).subspan(begin, end - begin));
           }))
         return false;
     values_.assign(n + 1, 0);
@@ -39,6 +40,16 @@ class CValueFinder {
   }
 
  private:
+  static constexpr uint32_t kNone = UINT32_MAX;
+  /// So many phrases are hashed and looked up together, so that the memory which they go to is on its way
+  /// before it is needed.
+  static constexpr size_t kTogether = 16;
+
+  struct Totals {
+    uint64_t Nested;      ///< t, which may be negative, modulo 2^64.
+    uint64_t Containers;  ///< c.
+  };
+
   bool CollectCandidates() {
     for (uint32_t e = 0; e < data_.Entries.size(); ++e) {
       yielder_.Yield();
@@ -55,13 +66,20 @@ class CValueFinder {
     for (const auto& entries : ofLength_) candidates += entries.size();
     table_ = EntryTable(candidates);
     return RunParts(data_.Entries.size(), yielder_, [this](size_t begin, size_t end) {
-      for (size_t e = begin; e < end; ++e) {
-        const PhraseEntry& entry = data_.Entries[e];
-        if (entry.Listed)
-          table_.Insert(Hash(HashOfWords(WordsOf(entry), entry.Words), entry.Words),
-                        static_cast<uint32_t>(e));
-      }
+      for (; begin < end; begin += kTogether) Insert(begin, std::min(end, begin + kTogether));
     });
+  }
+
+  void Insert(size_t begin, size_t end) {
+    for (size_t e = begin; e < end; ++e) __builtin_prefetch(WordsOf(data_.Entries[e]));
+    std::array<uint64_t, kTogether> hashes;
+    for (size_t e = begin; e < end; ++e) {
+      const PhraseEntry& entry = data_.Entries[e];
+      hashes[e - begin] = Hash(HashOfWords(WordsOf(entry), entry.Words), entry.Words);
+      table_.Prefetch(hashes[e - begin]);
+    }
+    for (size_t e = begin; e < end; ++e)
+      if (data_.Entries[e].Listed) table_.Insert(hashes[e - begin], static_cast<uint32_t>(e));
   }
 
   static uint64_t Hash(uint64_t ofWords, int words) {
@@ -69,17 +87,35 @@ class CValueFinder {
   }
   const WordNumber* WordsOf(const PhraseEntry& entry) const { return data_.Corpus.From(entry.First); }
 
-  /// Adds f - t of the entry to the t of each candidate within it, once however often it stands there.
-  void GiveToNested(uint32_t container) {
+  /// A run of words of a phrase, and the candidate that it is.
+  struct Run {
+    const WordNumber* First;
+    uint64_t Hash;
+    uint32_t Container;  ///< The phrase.
+    uint32_t Candidate;
+    uint8_t Words;
+  };
+
+  /// Has phrases give to those within them.
+  void GiveToNested(std::span<const uint32_t> containers) {
+    std::vector<Run> runs;
+    for (size_t begin = 0; begin < containers.size(); begin += kTogether) {
+      const auto some = containers.subspan(begin, std::min(kTogether, containers.size() - begin));
+      for (const uint32_t container : some) __builtin_prefetch(WordsOf(data_.Entries[container]));
+      runs.clear();
+      for (const uint32_t container : some) AddRuns(container, runs);
+      KeepCandidates(runs);
+      for (size_t first = 0, last; first < runs.size(); first = last) {
+        for (last = first; last < runs.size() && runs[last].Container == runs[first].Container;) ++last;
+        Give(std::span(runs).subspan(first, last - first));
+      }
+    }
+  }
+
+  /// All that are shorter than the phrase.
+  void AddRuns(uint32_t container, std::vector<Run>& runs) const {
     const PhraseEntry& entry = data_.Entries[container];
     const WordNumber* const words = WordsOf(entry);
-    struct Run {
-      const WordNumber* First;
-      uint64_t Hash;
-      int Words;
-    };
-    std::array<Run, size_t{kMostWords} * kMostWords / 2> runs;
-    size_t found = 0;
     std::array<uint64_t, kMostWords + 1> hashUpTo{};
     for (int end = 1; end <= entry.Words; ++end) {
       const auto e = static_cast<size_t>(end);
@@ -89,35 +125,59 @@ class CValueFinder {
         const uint64_t hash =
             Hash(hashUpTo[e] - hashUpTo[begin] * kHashPowers[static_cast<size_t>(length)], length);
         table_.Prefetch(hash);
-        runs[found++] = {words + begin, hash, length};
+        runs.push_back({words + begin, hash, container, kNone, static_cast<uint8_t>(length)});
       }
     }
-    std::array<uint32_t, runs.size()> nested;
-    size_t count = 0;
-    for (size_t k = 0; k < found; ++k)
-      table_.Visit(runs[k].Hash, [&](uint32_t candidate) {
-        const PhraseEntry& other = data_.Entries[candidate];
-        if (other.Words != runs[k].Words ||
-            !std::equal(runs[k].First, runs[k].First + runs[k].Words, WordsOf(other)))
-          return false;
-        nested[count++] = candidate;
+  }
+
+  /// The entry with the hash of a run is nearly always the run itself: its memory is fetched first.
+  void KeepCandidates(std::vector<Run>& runs) const {
+    std::erase_if(runs, [this](Run& run) {
+      table_.Visit(run.Hash, [&](uint32_t candidate) {
+        run.Candidate = candidate;
+        __builtin_prefetch(&data_.Entries[candidate]);
         return true;
       });
-    const auto end = nested.begin() + static_cast<std::ptrdiff_t>(count);
-    std::sort(nested.begin(), end);
-    const uint64_t gift = entry.Count - nested_[container];
-    std::for_each(nested.begin(), std::unique(nested.begin(), end), [&](uint32_t candidate) {
-      std::atomic_ref(nested_[candidate]).fetch_add(gift, std::memory_order_relaxed);
-      std::atomic_ref(containers_[candidate]).fetch_add(1, std::memory_order_relaxed);
+      return run.Candidate == kNone;
     });
+    for (const Run& run : runs) {
+      __builtin_prefetch(WordsOf(data_.Entries[run.Candidate]));
+      __builtin_prefetch(&totals_[run.Candidate], 1);
+    }
+    std::erase_if(runs, [this](Run& run) {
+      if (IsCandidate(run, run.Candidate)) return false;
+      run.Candidate = kNone;
+      table_.Visit(run.Hash, [&](uint32_t candidate) {
+        if (IsCandidate(run, candidate)) run.Candidate = candidate;
+        return run.Candidate != kNone;
+      });
+      return run.Candidate == kNone;
+    });
+  }
+
+  bool IsCandidate(const Run& run, uint32_t candidate) const {
+    const PhraseEntry& entry = data_.Entries[candidate];
+    return entry.Words == run.Words && std::equal(run.First, run.First + run.Words, WordsOf(entry));
+  }
+
+  /// Adds f - t of a phrase to the t of each candidate within it, once however often it stands there.
+  void Give(std::span<Run> runs) {
+    std::ranges::sort(runs, {}, &Run::Candidate);
+    const uint32_t container = runs.front().Container;
+    const uint64_t gift = data_.Entries[container].Count - totals_[container].Nested;
+    for (size_t k = 0; k < runs.size(); ++k) {
+      if (k > 0 && runs[k].Candidate == runs[k - 1].Candidate) continue;
+      Totals& totals = totals_[runs[k].Candidate];
+      std::atomic_ref(totals.Nested).fetch_add(gift, std::memory_order_relaxed);
+      std::atomic_ref(totals.Containers).fetch_add(1, std::memory_order_relaxed);
+    }
   }
 
   double ValueOfEntry(size_t e) const {
     const PhraseEntry& entry = data_.Entries[e];
-    double frequency = entry.Count;
-    if (containers_[e] > 0)
-      frequency -= static_cast<double>(static_cast<int64_t>(nested_[e])) / containers_[e];
-    return std::log2(entry.Words) * frequency;
+    const auto nested = static_cast<double>(static_cast<int64_t>(totals_[e].Nested));
+    const auto containers = static_cast<double>(totals_[e].Containers);
+    return std::log2(entry.Words) * (entry.Count - (containers > 0 ? nested / containers : 0));
   }
 
   const PhraseTableData& data_;
@@ -126,9 +186,7 @@ class CValueFinder {
   std::array<std::vector<uint32_t>, kMostWords + 1> ofLength_;  ///< Candidates by their number of words.
   int fewestWords_ = 1;                                         ///< Of a candidate.
   EntryTable table_;
-  // By entry, from 0.
-  ZeroedArray<uint64_t> nested_;      ///< t, which may be negative, modulo 2^64.
-  ZeroedArray<uint32_t> containers_;  ///< c.
+  ZeroedArray<Totals> totals_;  ///< By entry, from 0.
 };
 
 }  // namespace

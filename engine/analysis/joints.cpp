@@ -53,7 +53,8 @@ class JointCounter {
   /// In the text read backwards the last part of a phrase is the first.
   bool CountLastParts() {
     const size_t n = tokens_.size();
-    RawVector<WordNumber> backwards(n + kTrailingEnds, kNoWord);
+    RawVector<WordNumber> backwards(n + kTrailingEnds);
+    std::fill(backwards.end() - kTrailingEnds, backwards.end(), kNoWord);
     std::vector<Run> lastParts(firstParts_.size());
     const bool turned = InPieces(n, yielder_, [&](size_t begin, size_t end) {
       for (size_t i = begin; i < end; ++i) backwards[n - 1 - i] = tokens_[i];

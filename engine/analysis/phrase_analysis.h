@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -37,14 +38,13 @@ struct AnalysisNeeds {
 ///     analysis.Dispersion(i, DispersionP);
 ///
 /// Values are the same whatever the number of threads that prepared them. They may be asked by any number of
-/// threads, but not while one of them prepares something. A value is missing where it is not defined, where
-/// what it needs was not prepared, and where the run kept no places.
+/// threads, but not while one of them prepares something. A copy shares what was prepared and can prepare
+/// more while the values of the other are asked for. A value is missing where it is not defined, where what
+/// it needs was not prepared, and where the run kept no places.
 class PhraseAnalysis {
  public:
   /// The table must be counted, and outlive the object.
   PhraseAnalysis(const PhraseTable& table, PartChoice parts) : table_(table), choice_(parts) {}
-  PhraseAnalysis(const PhraseAnalysis&) = delete;
-  PhraseAnalysis& operator=(const PhraseAnalysis&) = delete;
 
   /// Prepares what is not there yet, on all threads. False when stopped: what was finished stays, and the
   /// rest can be prepared later.
@@ -60,6 +60,10 @@ class PhraseAnalysis {
   std::optional<double> ReducedFrequency(PhraseIndex phrase) const;
   /// The occurrences of the phrase on its own. Needs FreeOccurrences. Constant time.
   std::optional<uint32_t> NetFrequency(PhraseIndex phrase) const;
+  /// The share of the words taken, 0..1, that stand in a phrase that was counted and reaches the minimum
+  /// frequency: how formulaic the text is. Not defined for a text without words. Needs FreeOccurrences and
+  /// Positions.
+  std::optional<double> Coverage() const;
 
   // Not defined for a phrase of one word.
 
@@ -80,17 +84,16 @@ class PhraseAnalysis {
  private:
   std::vector<PhraseSpread::Part> PartsWith(PhraseIndex phrase) const;
   bool HasJoints(PhraseIndex phrase) const;
-  bool DivideText(Yielder& yielder);
 
   const PhraseTable& table_;
   PartChoice choice_;
-  AnalysisNeeds prepared_;
-  TakenWords words_;
-  TextParts parts_;
-  FreeOccurrences free_;
-  std::vector<uint32_t> wordFrequencies_;
-  JointCounts joints_;
-  std::vector<double> cValues_;
+  // Null where not prepared.
+  std::shared_ptr<const TakenWords> words_;
+  std::shared_ptr<const TextParts> parts_;
+  std::shared_ptr<const FreeOccurrences> free_;
+  std::shared_ptr<const std::vector<uint32_t>> wordFrequencies_;
+  std::shared_ptr<const JointCounts> joints_;
+  std::shared_ptr<const std::vector<double>> cValues_;
 };
 
 }  // namespace korv

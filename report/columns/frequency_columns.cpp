@@ -62,7 +62,7 @@ constexpr Column kFrequencyColumns[] = {
        const auto net = NetFrequency(source, phrase);
        return net ? Cell(int64_t{*net}) : Cell();
      },
-     .Needs = {.FreeOccurrences = true}},
+     .Needs = {.Positions = true, .FreeOccurrences = true}},
     {.Id = "net_percent",
      .Heading = "Alone %",
      .Type = ColumnType::Real,
@@ -72,7 +72,7 @@ constexpr Column kFrequencyColumns[] = {
        const auto net = NetFrequency(source, phrase);
        return net ? Cell(100.0 * *net / source.Table.Count(phrase.Entry)) : Cell();
      },
-     .Needs = {.FreeOccurrences = true},
+     .Needs = {.Positions = true, .FreeOccurrences = true},
      .Decimals = 2},
 };
 

@@ -33,6 +33,8 @@ TEST_F(CountProgramTest, TablesTellWhatNeedsThePlacesOfPhrases) {
             "phrase\tfrequency\tnet_frequency\tnet_percent\tfiles\tdispersion\tarf\tfirst_file\tfirst_line\n"
             "big cat\t4\t1\t25\t2\t0.975\t3.76923077\t" +
                 first + "\t1\nthe big cat\t3\t3\t100\t2\t0.866666667\t2.61538462\t" + first + "\t1\n");
+  EXPECT_THAT(err.str(),
+              StartsWith("84.6 % of the words taken stand in phrases that occur at least 2 times\n"));
 }
 
 TEST_F(CountProgramTest, StandardInputHasLinesAndNoOtherFile) {

@@ -216,6 +216,17 @@ class Model {
 
 }  // namespace
 
+double Coverage(const CountingRun& run, int minFrequency) {
+  std::set<size_t> covered;
+  for (int32_t i = 1; i <= run.Phrases().PhraseCount; ++i) {
+    if (run.Phrases()[i].Count < minFrequency) continue;
+    const std::vector<std::string> words = WordsOf(run.Phrases()[i].Text);
+    for (const size_t at : PlacesOf(run.Words(), words))
+      for (size_t k = 0; k < words.size(); ++k) covered.insert(at + k);
+  }
+  return static_cast<double>(covered.size()) / static_cast<double>(run.WordsTaken());
+}
+
 std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, int parts, int minFrequency) {
   const Model model(run, parts, minFrequency);
   std::map<std::string, Measures> measures;

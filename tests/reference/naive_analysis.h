@@ -15,4 +15,7 @@ using Measures = std::map<std::string, std::optional<double>>;
 /// for its files. `minFrequency`: that of the run.
 std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, int parts, int minFrequency);
 
+/// The share of the words taken that stand in a phrase which reaches the minimum frequency.
+double Coverage(const CountingRun& run, int minFrequency);
+
 }  // namespace korv::reference

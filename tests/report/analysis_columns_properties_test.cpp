@@ -57,7 +57,8 @@ bool Equal(const std::optional<double>& a, const std::optional<double>& b) {
 void CompareWithModel(CountingWorld world, int parts) {
   world.Options.KeepPlaces = true;
   RC_LOG() << world << "\nparts " << parts;
-  const auto expected = reference::MeasuresOfPhrases(ModelRun(world), parts, world.Options.MinFrequency);
+  const reference::CountingRun model = ModelRun(world);
+  const auto expected = reference::MeasuresOfPhrases(model, parts, world.Options.MinFrequency);
   const EngineRun run = CountedByEngine(world);
   RC_ASSERT_FALSE(expected.empty() && AnythingListed(run.Table));
   if (expected.empty()) return;
@@ -70,7 +71,9 @@ void CompareWithModel(CountingWorld world, int parts) {
   const NumberFormat numbers;
   NumberKeeper found;
   NoYielder yielder;
-  WriteList({run.Table, facts, options, numbers, {parts}}, columns, {}, found, yielder);
+  const ListResult result =
+      WriteList({run.Table, facts, options, numbers, {parts}}, columns, {}, found, yielder);
+  RC_ASSERT(Equal(result.Coverage, reference::Coverage(model, world.Options.MinFrequency)));
 
   RC_ASSERT(found.Rows.size() == expected.size());
   bool defined = false;
