@@ -24,11 +24,6 @@
 
 namespace {
 
-class SteadyClock final : public korv::Clock {
- public:
-  std::chrono::steady_clock::time_point Now() const override { return std::chrono::steady_clock::now(); }
-};
-
 /// For arguments that need no window. The program's exit status.
 int Answer(const korv::DesktopArguments& arguments) {
   korv::AnswerInTheTerminal();
@@ -66,7 +61,7 @@ int Run(const std::vector<std::string>& paths) {
     korv::Guarded(messages, "Run", [&] { std::rethrow_exception(thrown); })();
   });
   korv::TurnYielder yielder;
-  const SteadyClock clock;
+  const korv::SystemClock clock;
   const auto files = korv::MakeSystemFiles();
   const QString program = QDir::toNativeSeparators(QApplication::applicationFilePath());
   const auto folder = korv::ProgramFolder(*files, korv::PathFromText(korv::FromQt(program)));
