@@ -9,7 +9,7 @@
 
 namespace korv {
 
-/// What stands above a result, in the order in which it stands there.
+/// What stands above a result, in the order in which it stands there; and the answer to a question about it.
 enum class NoteKind {
   Source,       ///< Which source the list is of. Always there.
   NotInSight,   ///< The text box holds something else.
@@ -29,6 +29,7 @@ enum class NoteKind {
   WordsLeftOut,
   LongPhrases,
   Replaced,  ///< Bytes that are no characters.
+  Why,       ///< Why a phrase that was asked for is not listed; one for every cause.
 };
 
 /// A way out of what a note tells.

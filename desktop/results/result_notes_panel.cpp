@@ -126,6 +126,8 @@ const char* NameOf(NoteKind kind) {
       return "LongPhrases";
     case NoteKind::Replaced:
       return "Replaced";
+    case NoteKind::Why:
+      return "Why";
   }
   return "";
 }

@@ -61,8 +61,8 @@ class FateSearch {
   bool CountOnlyAdmits() const {
     const WordFilters& lists = *corpus_.Lists;
     if (!lists.HasCountOnly()) return true;
-    if (std::ranges::any_of(
-            phrase_, [&](WordNumber word) { return lists.IsCountOnlyWord(corpus_.Words.Text(word)); }))
+    if (std::ranges::any_of(phrase_,
+                            [&](WordNumber word) { return lists.IsCountOnlyWord(corpus_.Words.Text(word)); }))
       return true;
     std::string joined = text_;
     std::ranges::replace(joined, ' ', '+');

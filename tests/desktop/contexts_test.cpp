@@ -12,9 +12,11 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTextBlock>
+#include <QToolButton>
 
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
+#include "desktop/results/contexts/why_panel.h"
 #include "tests/desktop/view_test.h"
 
 namespace korv {
@@ -308,6 +310,30 @@ TEST_F(ContextsTest, OpensTheFileInItsOwnProgram) {
   UntilIdle(*pane);
   EXPECT_FALSE(pane->frmText->cmdOpenSource->isEnabled());
   EXPECT_EQ(TextWithMark(*pane->frmText), "My [big cat]");
+}
+
+// ---- Why a phrase is not listed
+
+TEST_F(ContextsTest, SaysWhyAPhraseIsNotListedAndLeadsToAWayOut) {
+  std::vector<NoteAction> taken;
+  pane->Why->WayOut = [&](NoteAction action) { taken.push_back(action); };
+  EXPECT_FALSE(pane->cmdWhy->isEnabled());
+  pane->Show(CountFolder());
+  EXPECT_FALSE(pane->cmdWhy->isEnabled());
+  Type("cat");
+  pane->cmdWhy->click();
+  UntilIdle(*pane);
+  EXPECT_EQ(FromQt(pane->findChild<QLabel*>(QStringLiteral("lblNote_Why"))->text()),
+            "It has 1 word; phrases of 2 words and more were counted.");
+  pane->findChild<QToolButton*>(QStringLiteral("cmdNote_Why_Lengths"))->click();
+  EXPECT_THAT(taken, ElementsAre(NoteAction::Lengths));
+  // Another phrase, another question.
+  Type("big cat");
+  EXPECT_EQ(pane->findChild<QLabel*>(QStringLiteral("lblNote_Why")), nullptr);
+  pane->cmdWhy->click();
+  UntilIdle(*pane);
+  EXPECT_THAT(FromQt(pane->findChild<QLabel*>(QStringLiteral("lblNote_Why"))->text()),
+              testing::StartsWith("It is listed: rank 1,"));
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ TEST_P(MainGeometry, IsWellWithNotesOfEveryKindAndWayOut) {
   auto* panel = Find<ResultNotesPanel>("notes");
   for (const QSize& size : {QSize(1000, 700), QSize(1366, 768), QSize(1920, 1080)}) {
     main->resize(size.expandedTo({main->minimumSizeHint().width(), size.height() * GetParam() / 100}));
-    for (int kind = 0; kind <= static_cast<int>(NoteKind::Replaced); ++kind) {
+    for (int kind = 0; kind <= static_cast<int>(NoteKind::Why); ++kind) {
       const auto way = static_cast<NoteAction>(kind % (static_cast<int>(NoteAction::Lengths) + 1));
       panel->ShowNotes({{NoteKind::Source, "Phrases of text.txt", {}},
                         {static_cast<NoteKind>(kind), text, {way, NoteAction::OpenFolder}},

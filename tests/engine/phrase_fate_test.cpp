@@ -19,9 +19,9 @@ namespace {
 using Words = std::vector<std::string>;
 
 const char* NameOf(FateCause cause) {
-  constexpr const char* kNames[] = {"apart",       "never in a row", "too few words", "too many words",
-                                    "too long",    "all ignored",    "not count-only", "too rare",
-                                    "redundant",   "listed"};
+  constexpr const char* kNames[] = {"apart",     "never in a row", "too few words",  "too many words",
+                                    "too long",  "all ignored",    "not count-only", "too rare",
+                                    "redundant", "listed"};
   return kNames[static_cast<size_t>(cause)];
 }
 
@@ -33,7 +33,8 @@ std::vector<bool> BeginsOf(const Corpus& corpus, size_t words) {
   return begins;
 }
 
-/// Every phrase of up to `most` words, phrase ends passed over; and some whose words do not follow each other.
+/// Every phrase of up to `most` words, phrase ends passed over; and some whose words do not follow each
+/// other.
 std::set<Words> PhrasesOf(const Words& text, size_t most) {
   std::set<Words> phrases;
   for (size_t begin = 0; begin < text.size(); ++begin) {
@@ -59,8 +60,7 @@ void CheckKind(const WorldKind& kind) {
   for (const Words& phrase : PhrasesOf(model.Words(), most)) {
     std::vector<WordNumber> numbers;
     for (const std::string& word : phrase) numbers.push_back(corpus.Words.Find(word));
-    const reference::Fate expected =
-        reference::FateOf(model, begins, world.Options, world.Entries, phrase);
+    const reference::Fate expected = reference::FateOf(model, begins, world.Options, world.Entries, phrase);
     PhraseFate fate;
     NoYielder yielder;
     RC_ASSERT(FindPhraseFate(run.Table, numbers, yielder, fate));

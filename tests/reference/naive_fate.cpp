@@ -9,7 +9,8 @@ namespace {
 
 std::string Joined(const std::vector<std::string>& words, char between) {
   std::string text;
-  for (const std::string& word : words) text += (text.empty() ? std::string() : std::string(1, between)) + word;
+  for (const std::string& word : words)
+    text += (text.empty() ? std::string() : std::string(1, between)) + word;
   return text;
 }
 

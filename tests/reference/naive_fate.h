@@ -10,11 +10,11 @@
 
 namespace korv::reference {
 
-/// What became of a phrase of a finished run: the causes that keep it from being listed, in the order in which
-/// the rules act, each spelled out by itself.
+/// What became of a phrase of a finished run: the causes that keep it from being listed, in the order in
+/// which the rules act, each spelled out by itself.
 struct Fate {
-  /// "apart", "never in a row", "too few words", "too many words", "too long", "all ignored", "not count-only",
-  /// "too rare", "redundant", "listed".
+  /// "apart", "never in a row", "too few words", "too many words", "too long", "all ignored", "not
+  /// count-only", "too rare", "redundant", "listed".
   std::vector<std::string> Causes;
   size_t Occurrences = 0;
   size_t Apart = 0;       ///< How often its words follow each other with phrase ends between them.

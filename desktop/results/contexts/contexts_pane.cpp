@@ -1,10 +1,8 @@
 #include "desktop/results/contexts/contexts_pane.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QMimeData>
+#include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -12,11 +10,11 @@
 #include <random>
 #include <utility>
 
-#include "app/contexts/context_copy.h"
 #include "app/contexts/context_texts.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
+#include "desktop/results/contexts/why_panel.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -48,15 +46,16 @@ ContextsPane::ContextsPane(const Desktop& desktop, QWidget* parent)
       desktop_(desktop),
       rows_(desktop.Loop, desktop.Files),
       model_(rows_, desktop.Numbers, nullptr),
-      copyReading_(std::make_shared<FileReading>(desktop.Files)),
       finder_(desktop.Loop),
-      copier_(desktop.Loop) {
+      copier_(desktop.Loop, desktop.Files) {
   auto* layout = Bare(new QVBoxLayout(this));
   BuildOptions(*layout);
   lblContextNote = MakeLabel("lblContextNote", this);
   lblContextNote->setWordWrap(true);
   lblContextNote->hide();
   layout->addWidget(lblContextNote);
+  Why = new WhyPanel(desktop_, this);
+  layout->addWidget(Why);
   tblContexts = new ContextsTable(model_, this);
   layout->addWidget(tblContexts, 1);
   RestoreOptions();
@@ -65,6 +64,7 @@ ContextsPane::ContextsPane(const Desktop& desktop, QWidget* parent)
   tblContexts->SightChanged = [this] { WantRows(); };
   BuildActions();
   Clear({});
+  EnableWhy();
 }
 
 ContextsPane::~ContextsPane() {
@@ -85,6 +85,9 @@ void ContextsPane::BuildOptions(QBoxLayout& layout) {
   options->addWidget(txbContextPhrase, 2);
   lblContextCount = MakeLabel("lblContextCount", this);
   options->addWidget(lblContextCount, 1);
+  cmdWhy = MakeButton("cmdWhy", "Why is it not &listed?", this);
+  cmdWhy->setToolTip(QStringLiteral("Which rule keeps this phrase out of the list"));
+  options->addWidget(cmdWhy);
   cboContextOrder = MakeCombo("cboContextOrder", "Order of the contexts", this);
   cboContextOrder->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   // In the order of PlaceOrder.
@@ -154,6 +157,11 @@ void ContextsPane::ConnectOptions() {
   connect(txbContextPhrase, &QLineEdit::textEdited, this, [this] { typed_.start(); });
   connect(txbContextPhrase, &QLineEdit::returnPressed, this,
           Guarded(desktop_.Messages, "txbContextPhrase_Enter", [this] { ShowTyped(); }));
+  wiring.OnClick(cmdWhy, "cmdWhy_Click", [this] { ShowWhy(); });
+  wiring.OnText(txbContextPhrase, "txbContextPhrase_TextChanged", [this] {
+    Why->Clear();
+    EnableWhy();
+  });
   wiring.OnChoice(cboContextOrder, "cboContextOrder_Click", [this] {
     desktop_.Store.setValue(Key(kOrderKey), cboContextOrder->currentIndex());
     FindAnew();
@@ -177,7 +185,9 @@ void ContextsPane::ConnectOptions() {
 
 void ContextsPane::Show(std::shared_ptr<const CountedRun> run) {
   run_ = std::move(run);
-  copier_.Start([reading = copyReading_](NewestJob::Turn&) { reading->Forget(); });
+  copier_.Forget();
+  Why->Clear();
+  EnableWhy();
   ShowTyped();
 }
 
@@ -200,12 +210,23 @@ void ContextsPane::ShowTyped() {
   typed_.stop();
   const std::string text = FromQt(txbContextPhrase->text());
   if (run_ == nullptr || text.empty()) return Clear({});
-  if (run_->Table.Corpus().Lists == nullptr)
-    return Clear("The text of this run is not there. Count it again to see contexts.");
+  if (!HasText()) return Clear("The text of this run is not there. Count it again to see contexts.");
   CutPhrase cut = CutTypedPhrase(text, run_->Table.Corpus());
   if (cut.Length == 0) return Clear("The rules in force leave no word of it.");
   if (cut.Length > static_cast<size_t>(kMostWords)) return Clear("That is more than 25 words.");
   Find(std::move(cut.Words));
+}
+
+bool ContextsPane::HasText() const {
+  return run_ != nullptr && run_->Table.Corpus().Lists != nullptr;
+}
+
+void ContextsPane::EnableWhy() {
+  cmdWhy->setEnabled(HasText() && !txbContextPhrase->text().isEmpty());
+}
+
+void ContextsPane::ShowWhy() {
+  if (HasText()) Why->Explain(run_, FromQt(txbContextPhrase->text()));
 }
 
 void ContextsPane::Find(std::vector<WordNumber> words) {
@@ -330,22 +351,11 @@ void ContextsPane::Copy() {
     lblContextNote->show();
     return;
   }
-  copier_.Start([reading = copyReading_, shared = model_.SharedList(), places = std::move(places),
-                 around = rows_.Around()](NewestJob::Turn& turn) {
-    reading->Do(shared->SharedRun(), turn.Yielder(), [&](PlaceLocator& locator) {
-      const ContextCopy copy = CopyContexts(*shared, places, around, locator, turn.Yielder());
-      turn.Tell([copy] {
-        auto* contents = new QMimeData;
-        contents->setText(ToQt(copy.Text));
-        contents->setHtml(ToQt(copy.Html));
-        QGuiApplication::clipboard()->setMimeData(contents);
-      });
-    });
-  });
+  copier_.Copy(model_.SharedList(), std::move(places), rows_.Around());
 }
 
 bool ContextsPane::Idle() const {
-  return !typed_.isActive() && finder_.Idle() && rows_.Idle() && copier_.Idle() &&
+  return !typed_.isActive() && finder_.Idle() && rows_.Idle() && copier_.Idle() && Why->Idle() &&
          (frmText == nullptr || frmText->Idle());
 }
 

@@ -9,10 +9,10 @@
 
 #include "app/contexts/context_list.h"
 #include "app/contexts/context_rows.h"
-#include "app/contexts/file_reading.h"
 #include "app/run/run.h"
 #include "base/newest_job.h"
 #include "desktop/desktop.h"
+#include "desktop/results/contexts/contexts_copier.h"
 #include "desktop/results/contexts/contexts_model.h"
 
 class QBoxLayout;
@@ -20,12 +20,14 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QSpinBox;
 
 namespace korv {
 
 class ContextsTable;
 class TextView;
+class WhyPanel;
 
 /// Where a phrase of a run stands, with what stands around it: a phrase that is shown or typed, and a row for
 /// each occurrence. Finds, sorts and reads on threads of its own.
@@ -42,6 +44,8 @@ class ContextsPane final : public QWidget {
   QLabel* lblContextCount = nullptr;
   QLabel* lblContextNote = nullptr;
   ContextsTable* tblContexts = nullptr;
+  QPushButton* cmdWhy = nullptr;
+  WhyPanel* Why = nullptr;
   TextView* frmText = nullptr;  ///< Null until it is opened.
 
   /// The run whose contexts are shown from here on, the phrase being the one that stands there; null for
@@ -55,6 +59,8 @@ class ContextsPane final : public QWidget {
   /// it.
   void NextOccurrence() { GoBy(1); }
   void PreviousOccurrence() { GoBy(-1); }
+  /// Says why the phrase that stands there is not listed.
+  void ShowWhy();
   /// Opens the text at the selected occurrence.
   void ShowText();
   /// Whether nothing is being found or read.
@@ -64,6 +70,8 @@ class ContextsPane final : public QWidget {
   void BuildOptions(QBoxLayout& layout);
   void BuildActions();
   std::optional<size_t> CurrentPlace() const;
+  bool HasText() const;
+  void EnableWhy();
   void ConnectOptions();
   void RestoreOptions();
   void ShowTyped();
@@ -85,9 +93,8 @@ class ContextsPane final : public QWidget {
   ContextRows rows_;
   ContextsModel model_;
   QTimer typed_;  ///< Runs while more may be typed.
-  std::shared_ptr<FileReading> copyReading_;
   NewestJob finder_;
-  NewestJob copier_;
+  ContextsCopier copier_;
 };
 
 }  // namespace korv
