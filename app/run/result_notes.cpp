@@ -40,12 +40,20 @@ class Notes {
       Add({NoteKind::NotInSight, "The last list is not shown.", {NoteAction::ShowLastList}});
       return std::move(notes_);
     }
+    Changes();
     Chosen();
     File();
     if (listing_.List.Unfiltered == 0 && !listing_.Failed)
       for (ResultNote& cause : CausesOfNothing(result_, numbers_)) Add(std::move(cause));
     Extent();
     Filter();
+    Run();
+    return std::move(notes_);
+  }
+
+  /// What concerns the run, however it is listed.
+  std::vector<ResultNote> OfTheRun() {
+    Changes();
     Run();
     return std::move(notes_);
   }
@@ -72,13 +80,16 @@ class Notes {
     Add(std::move(note));
   }
 
-  void Chosen() {
+  void Changes() {
     if (now_.Changes.Source)
       Add({NoteKind::OtherSource, "Another source is chosen now.", {NoteAction::CountAgain}});
     if (now_.Changes.Rules())
       Add({NoteKind::OtherRules,
            "Counted under other rules than those chosen now: " + ChangedRulesText(now_.Changes) + ".",
            {NoteAction::CountAgain}});
+  }
+
+  void Chosen() {
     if (!now_.FormatAvailable)
       Add({NoteKind::OtherReport,
            "The chosen format needs a count of a folder; this list has another one.",
@@ -235,6 +246,11 @@ const char* CaptionOf(NoteAction action) {
 std::vector<ResultNote> NotesOf(const ShownResult& result, const ChosenNow& now,
                                 const NumberFormat& numbers) {
   return Notes(result, now, numbers).All();
+}
+
+std::vector<ResultNote> NotesOfRun(const ShownResult& result, const ChosenNow& now,
+                                   const NumberFormat& numbers) {
+  return Notes(result, now, numbers).OfTheRun();
 }
 
 std::string FilterModeText(FilterMode mode) {

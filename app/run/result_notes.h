@@ -68,8 +68,11 @@ struct ChosenNow {
   std::string OutputPath;       ///< Empty when the report would go into the text box.
 };
 
-/// The notes of a result, in order.
+/// The notes of a result and its listing, in order.
 std::vector<ResultNote> NotesOf(const ShownResult& result, const ChosenNow& now, const NumberFormat& numbers);
+/// Those that concern the run, however it is shown.
+std::vector<ResultNote> NotesOfRun(const ShownResult& result, const ChosenNow& now,
+                                   const NumberFormat& numbers);
 
 /// "Filtered by ..." and its like want the words of a filter mode: "all words", "all words in same order".
 std::string FilterModeText(FilterMode mode);

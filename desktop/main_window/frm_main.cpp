@@ -30,6 +30,8 @@
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/questions.h"
 #include "desktop/results/filter_panel.h"
+#include "desktop/results/result_frame.h"
+#include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/settings_window/settings_commands.h"
@@ -184,6 +186,7 @@ void frmMain::EnableDisableButtons(bool enabled) {
   panels_.WordsToIgnore->EnableDisableButtons(enabled);
   panels_.OutputFile->EnableDisableButtons(enabled);
   panels_.Run->EnableDisableButtons(enabled);
+  panels_.Frame->Notes->EnableWaysOut(enabled);
   panels_.Result->EnableDisableButtons(enabled);
   menus_->EnableDisableButtons(enabled);
   params_->EnableDisableButtons(enabled);
@@ -307,6 +310,20 @@ void frmMain::cmdSetParameters_Click() {
   params_->activateWindow();
 }
 
+void frmMain::FoldColumn() {
+  panels_.Column->setVisible(!panels_.Column->isVisibleTo(this));
+}
+
+void frmMain::GoToSource() {
+  panels_.Column->show();
+  panels_.Source->StartChoosing();
+}
+
+void frmMain::SaveListAs() {
+  // Without a result there is only the name to choose.
+  result_->HasResult() ? result_->TakeWayOut(NoteAction::WriteToFile) : panels_.OutputFile->cmdFile_Click();
+}
+
 void frmMain::cmdHelp_Click() {
   if (!help_) help_ = std::make_unique<frmHelp>(*texts_);
   if (!help_->isVisible()) CentreOver(*help_, *this);
@@ -318,6 +335,7 @@ void frmMain::cmdHelp_Click() {
 // ---- Geometry
 
 void frmMain::RestoreGeometry() {
+  panels_.Column->setVisible(desktop_.Store.value(QStringLiteral("layout/column"), true).toBool());
   if (desktop_.Store.contains(QStringLiteral("geometry/main"))) {
     restoreGeometry(desktop_.Store.value(QStringLiteral("geometry/main")).toByteArray());
     return;
@@ -331,6 +349,8 @@ void frmMain::RestoreGeometry() {
 
 void frmMain::StoreGeometry() {
   desktop_.Store.setValue(QStringLiteral("geometry/main"), saveGeometry());
+  desktop_.Store.setValue(QStringLiteral("layout/column"), panels_.Column->isVisibleTo(this));
+  panels_.Frame->StoreLayout();
   // One that was never shown has no place yet.
   if (params_->windowHandle() != nullptr)
     desktop_.Store.setValue(QStringLiteral("geometry/settings"), params_->saveGeometry());

@@ -107,6 +107,11 @@ class frmMain final : public QMainWindow, public SettingsHost {
   void SetCountPhrasesCaption();
   void SetTitle();
   void SourceHasChanged(ChangedBy by);
+  void FoldColumn();
+  /// The focus goes to where the source is chosen.
+  void GoToSource();
+  /// Asks for a file and writes the list of the run in front into it.
+  void SaveListAs();
   /// The settings under which a run was counted are chosen again; what says how it is listed stays.
   void TakeSettingsBack(int run);
   /// Shows what follows from settings, which the controls themselves show already.

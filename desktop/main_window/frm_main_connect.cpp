@@ -71,6 +71,9 @@ void frmMain::MakeMenus() {
           .LoadSettings = [this] { params_->cmdSaveLoadState_Click(0, this); },
           .SaveSettings = [this] { params_->cmdSaveLoadState_Click(1, this); },
           .Quit = [this] { cmdQuit_Click(); },
+          .GoToSource = [this] { GoToSource(); },
+          .SaveListAs = [this] { SaveListAs(); },
+          .FoldColumn = [this] { FoldColumn(); },
           .TakeSettingsBack = [this] { TakeSettingsBack(panels_.Frame->Tabs->currentIndex()); },
           .CloseRun = [this] { result_->CloseRun(panels_.Frame->Tabs->currentIndex()); },
           .Undo = [this] { steps_->Undo(); },
@@ -102,7 +105,7 @@ void frmMain::ConnectPanels() {
                            .Progress = [this] { run_->tmrProgress_Timer(); }};
   ResultPanel& result = *panels_.Result;
   result.Cleared = [this] { result_->ForgetListing(); };
-  result.Notes->OnAction([this](NoteAction action) {
+  panels_.Frame->Notes->OnAction([this](NoteAction action) {
     Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();
   });
   result.Filter->FilterResults = [this] { result_->FilterResults(); };

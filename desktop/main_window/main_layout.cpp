@@ -78,7 +78,8 @@ MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& 
   auto* row = new QHBoxLayout(centre);
   row->setContentsMargins(8, 6, 8, 4);
   row->setSpacing(10);
-  row->addWidget(MakeColumn(panels, desktop, work, centre));
+  panels.Column = Named(MakeColumn(panels, desktop, work, centre), "fraColumn");
+  row->addWidget(panels.Column);
   panels.Frame = new ResultFrame(desktop, hooks, centre);
   panels.Result = panels.Frame->Report;
   panels.Result->AddBelow(panels.Report->chkSortByNumberOfFiles);

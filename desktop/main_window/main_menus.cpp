@@ -12,10 +12,11 @@
 #include "desktop/main_window/clipboard_page.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/folder_page.h"
-#include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/report_panel.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/filter_panel.h"
+#include "desktop/results/result_frame.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/guarded.h"
@@ -72,8 +73,8 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   recent->setObjectName(QStringLiteral("mnuRecent"));
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
   idleActions_.append(recent->menuAction());
-  Add(menu, "Output &file...", Qt::CTRL | Qt::SHIFT | Qt::Key_S,
-      [this] { panels_.OutputFile->cmdFile_Click(); });
+  Add(menu, "Go to the sou&rce", Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
+  Add(menu, "Save list &as...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, commands_.SaveListAs);
   menu->addSeparator();
   Add(menu, "Count &phrases", Qt::CTRL | Qt::Key_Return, commands_.CountPhrases)
       ->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});
@@ -104,8 +105,9 @@ void MainMenus::BuildEdit(QMenuBar& bar) {
   Add(menu, "Select &all", {}, OnFocus([](auto* box) { box->selectAll(); }), During::Always);
   menu->addSeparator();
   ResultPanel* const result = panels_.Result;
+  ResultFrame* const frame = panels_.Frame;
   Add(
-      menu, "&Filter words", QKeySequence::Find, [result] { result->Filter->StartTyping(); }, During::Always);
+      menu, "&Filter words", QKeySequence::Find, [frame] { frame->StartFiltering(); }, During::Always);
   Add(menu, "Filter &results", Qt::CTRL | Qt::SHIFT | Qt::Key_F,
       [result] { result->Filter->cmdFilterResults_Click(); });
   Add(menu, "Clear te&xtbox", Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
@@ -114,6 +116,7 @@ void MainMenus::BuildEdit(QMenuBar& bar) {
 
 void MainMenus::BuildView(QMenuBar& bar) {
   QMenu* menu = bar.addMenu(QStringLiteral("&View"));
+  AddViews(menu);
   MirrorList(menu->addMenu(QStringLiteral("&Format")), panels_.Report->cboDisplayFormat);
   MirrorList(menu->addMenu(QStringLiteral("&Order")), panels_.Report->cboWordOrder);
   menu->addSeparator();
@@ -127,6 +130,23 @@ void MainMenus::BuildView(QMenuBar& bar) {
   menu->addSeparator();
   Add(menu, "View clip&board", {}, [this] { panels_.Source->Clipboard->cmdClipboardViewer_Click(); });
   Add(menu, "&Settings", Qt::CTRL | Qt::Key_Comma, commands_.Settings);
+}
+
+void MainMenus::AddViews(QMenu* menu) {
+  ResultFrame* const frame = panels_.Frame;
+  const auto view = [&](const char* caption, const QKeySequence& key, RunView wanted) {
+    Add(
+        menu, caption, key, [frame, wanted] { frame->ShowView(wanted); }, During::Always);
+  };
+  view("&Table", Qt::ALT | Qt::Key_1, RunView::Table);
+  view("&Report", Qt::ALT | Qt::Key_2, RunView::Report);
+  Add(
+      menu, "Next o&ccurrence", Qt::Key_F3, [frame] { frame->Contexts->NextOccurrence(); }, During::Always);
+  Add(
+      menu, "Pre&vious occurrence", Qt::SHIFT | Qt::Key_F3, [frame] { frame->Contexts->PreviousOccurrence(); },
+      During::Always);
+  Add(menu, "&Left column", Qt::CTRL | Qt::Key_B, commands_.FoldColumn, During::Always);
+  menu->addSeparator();
 }
 
 void MainMenus::BuildHelp(QMenuBar& bar) {

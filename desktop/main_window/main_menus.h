@@ -27,6 +27,9 @@ class MainMenus final : public QObject {
     std::function<void()> LoadSettings;
     std::function<void()> SaveSettings;
     std::function<void()> Quit;
+    std::function<void()> GoToSource;
+    std::function<void()> SaveListAs;
+    std::function<void()> FoldColumn;
     std::function<void()> TakeSettingsBack;  ///< Those of the run in front.
     std::function<void()> CloseRun;
     std::function<void()> Undo;
@@ -50,6 +53,8 @@ class MainMenus final : public QObject {
   void BuildFile(QMenuBar& bar);
   void BuildEdit(QMenuBar& bar);
   void BuildView(QMenuBar& bar);
+  /// The views of a run, and what else is shown.
+  void AddViews(QMenu* menu);
   void BuildHelp(QMenuBar& bar);
   /// A menu with the items of a list, whose selected one is ticked.
   void MirrorList(QMenu* menu, QComboBox* list);

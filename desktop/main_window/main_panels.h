@@ -1,5 +1,7 @@
 #pragma once
 
+class QWidget;
+
 namespace korv {
 
 class OutputFilePanel;
@@ -14,6 +16,7 @@ class WordsToIgnorePanel;
 
 /// The parts that the main window is assembled from. The window owns them.
 struct MainPanels {
+  QWidget* Column = nullptr;  ///< At the left: what to count, and the count button.
   SourcePanel* Source = nullptr;
   PhrasesPanel* Phrases = nullptr;
   WordsToIgnorePanel* WordsToIgnore = nullptr;

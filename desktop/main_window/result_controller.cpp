@@ -40,6 +40,9 @@ ResultController::ResultController(const Desktop& desktop, const MainPanels& pan
       showSettings_(std::move(showSettings)),
       overwrite_(desktop.Files, desktop.Messages),
       runs_(*panels.Frame->Tabs, *panels.Result) {
+  panels_.Frame->ViewChanged = [this] {
+    Guarded(desktop_.Messages, "tabViews_Click", [this] { ShowResult(); })();
+  };
   RunTabs& tabs = *panels_.Frame->Tabs;
   tabs.Chosen = [this](int) { Guarded(desktop_.Messages, "tabRuns_Click", [this] { FrontHasChanged(); })(); };
   tabs.Closed = [this](int index) {
@@ -237,8 +240,16 @@ void ResultController::ShowResult() {
   } else {
     panels_.Status->HideCounts();
   }
-  panels_.Result->Notes->ShowNotes(result_ ? NotesOf(*result_, GatherChosen(), desktop_.Numbers)
-                                           : std::vector<ResultNote>{});
+  ShowNotes();
+}
+
+void ResultController::ShowNotes() {
+  std::vector<ResultNote> notes;
+  // How it is listed concerns the report alone.
+  if (result_)
+    notes = (panels_.Frame->View() == RunView::Report ? NotesOf : NotesOfRun)(*result_, GatherChosen(),
+                                                                              desktop_.Numbers);
+  panels_.Frame->Notes->ShowNotes(notes);
 }
 
 void ResultController::ShowCounts() {
@@ -253,7 +264,7 @@ void ResultController::HideResult() {
   runs_.LendBox();
   panels_.Result->ClearLabels();
   panels_.Status->HideCounts();
-  panels_.Result->Notes->ShowNotes({});
+  panels_.Frame->Notes->ShowNotes({});
 }
 
 void ResultController::ShowResultAgain() {

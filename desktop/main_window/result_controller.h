@@ -70,6 +70,7 @@ class ResultController final : public QObject {
   ChosenNow GatherChosen() const;
   bool WantsFilter() const;
   void ShowCounts();
+  void ShowNotes();
   void TakeListing(ShownResult& result, ShownListing listing);
   /// Puts into the tool tip of the tab in front how its run came about.
   void DescribeRun();

@@ -140,6 +140,13 @@ void SourcePanel::Select(TextSource kind, ChangedBy by) {
   SourceHasChanged(by);
 }
 
+void SourcePanel::StartChoosing() {
+  if (Kind() == TextSource::Clipboard) return optOnClipboard->setFocus(Qt::ShortcutFocusReason);
+  QLineEdit* const path = Kind() == TextSource::Folder ? Folder->txbFolder : File->txbFile;
+  path->setFocus(Qt::ShortcutFocusReason);
+  path->selectAll();
+}
+
 void SourcePanel::Take(const QString& path) {
   const bool folder = desktop_.Files.FolderExists(PathFromText(FromQt(path)));
   SetPath(folder ? *Folder->txbFolder : *File->txbFile, path);

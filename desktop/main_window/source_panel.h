@@ -49,6 +49,8 @@ class SourcePanel final : public QGroupBox {
   void optFolder_Click();
 
   TextSource Kind() const;
+  /// The focus goes to the path of the source, all of it selected, or to the kind of a source without path.
+  void StartChoosing();
   /// Selects a kind, and does what follows from a choice.
   void Select(TextSource kind, ChangedBy by);
   /// Makes a file or a folder the source.

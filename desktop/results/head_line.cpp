@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 
 #include "app/run/run_description.h"
+#include "desktop/results/chip_row.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/eliding_label.h"
@@ -14,6 +15,8 @@ HeadLine::HeadLine(QWidget* parent) : QWidget(parent) {
   auto* layout = Bare(new QHBoxLayout(this));
   lblHeadLine = Named(new ElidingLabel(this), "lblHeadLine");
   layout->addWidget(lblHeadLine, 1);
+  Chips = new ChipRow(this);
+  layout->addWidget(Chips);
   hide();
 }
 

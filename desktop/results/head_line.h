@@ -7,14 +7,16 @@
 
 namespace korv {
 
+class ChipRow;
 class ElidingLabel;
 
-/// One line above the views that says which run it is.
+/// One line above the views that says which run it is and what restricts it.
 class HeadLine final : public QWidget {
  public:
   explicit HeadLine(QWidget* parent);
 
   ElidingLabel* lblHeadLine = nullptr;
+  ChipRow* Chips = nullptr;
 
   /// Null hides the line.
   void ShowRun(const ShownResult* result, const NumberFormat& numbers);

@@ -1,39 +1,110 @@
 #include "desktop/results/result_frame.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSettings>
+#include <QSpinBox>
+#include <QSplitter>
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "desktop/results/contexts/contexts_pane.h"
+#include "desktop/results/contexts/contexts_table.h"
+#include "desktop/results/filter_panel.h"
 #include "desktop/results/head_line.h"
+#include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/results/run_tabs.h"
+#include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
 
 namespace korv {
+namespace {
+
+constexpr char kTableLayout[] = "layout/table";
+
+}  // namespace
 
 ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QWidget* parent)
     : QWidget(parent), desktop_(desktop) {
   auto* layout = Bare(new QVBoxLayout(this));
   Tabs = new RunTabs(this);
   Head = new HeadLine(this);
+  Notes = Named(new ResultNotesPanel(this), "notes");
   Views = Described(Named(new QTabWidget(this), "tabViews"), "Views of the run");
   Views->setDocumentMode(true);
   Report = new ResultPanel(desktop, hooks, Views);
+  Views->addTab(MakeTable(), QStringLiteral("Table"));
   Views->addTab(Report, QStringLiteral("Report"));
-  Views->tabBar()->setAutoHide(true);
   layout->addWidget(Tabs);
   layout->addWidget(Head);
+  layout->addWidget(Notes);
   layout->addWidget(Views, 1);
+  connect(Views, &QTabWidget::tabBarClicked, this, [this](int index) { chosen_ = RunView{index}; });
+  // Notes take a second and a third line in a narrow window. The least height has room for that.
+  setMinimumHeight(30 * fontMetrics().lineSpacing());
+  ShowRun(nullptr);
+  connect(Views, &QTabWidget::currentChanged, this, [this] { ViewChanged(); });
+}
+
+QWidget* ResultFrame::MakeTable() {
+  splTable = Named(new QSplitter(Qt::Vertical, Views), "splTable");
+  Table = new PhraseTablePanel(desktop_, splTable);
+  Contexts = new ContextsPane(desktop_, splTable);
+  splTable->setStretchFactor(0, 3);
+  splTable->setStretchFactor(1, 2);
+  splTable->setCollapsible(0, false);
+  splTable->restoreState(desktop_.Store.value(QLatin1String(kTableLayout)).toByteArray());
+  Table->ShowContexts = [this](PhraseIndex phrase) {
+    ShowContexts();
+    Contexts->ShowPhrase(phrase);
+  };
+  return splTable;
+}
+
+void ResultFrame::ShowContexts() {
+  const QList<int> heights = splTable->sizes();
+  // The user may have folded them away.
+  if (heights[1] == 0) splTable->setSizes({heights[0] * 3, heights[0] * 2});
 }
 
 void ResultFrame::ShowRun(const std::shared_ptr<ShownResult>& result) {
   Head->ShowRun(result.get(), desktop_.Numbers);
+  const bool first = result != nullptr && !Views->tabBar()->isVisibleTo(Views);
+  Views->tabBar()->setVisible(result != nullptr);
+  if (result == nullptr) Views->setCurrentWidget(Report);
+  if (first) ShowView(chosen_);
+  const std::shared_ptr<const CountedRun> run = result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
+  Table->Show(run);
+  Contexts->Show(run);
+}
+
+RunView ResultFrame::View() const {
+  return RunView{Views->currentIndex()};
+}
+
+void ResultFrame::ShowView(RunView view) {
+  chosen_ = view;
+  if (Views->tabBar()->isVisibleTo(Views)) Views->setCurrentIndex(static_cast<int>(view));
+}
+
+void ResultFrame::StartFiltering() {
+  View() == RunView::Report ? Report->Filter->StartTyping() : Table->StartFiltering();
+}
+
+void ResultFrame::StoreLayout() const {
+  desktop_.Store.setValue(QLatin1String(kTableLayout), splTable->saveState());
 }
 
 std::vector<QWidget*> ResultFrame::TabOrder(QWidget* below) const {
-  std::vector<QWidget*> order = {Tabs, Views->tabBar()};
-  const std::vector<QWidget*> report = Report->TabOrder(below);
-  order.insert(order.end(), report.begin(), report.end());
+  std::vector<QWidget*> order = {Tabs, Notes, Views->tabBar()};
+  const std::vector<QWidget*> contexts = {Contexts->txbContextPhrase, Contexts->cboContextOrder,
+                                          Contexts->chkContextFiles,  Contexts->chkContextSample,
+                                          Contexts->spbContextWidth,  Contexts->tblContexts};
+  for (const auto& view : {Table->TabOrder(), contexts, Report->TabOrder(below)})
+    order.insert(order.end(), view.begin(), view.end());
   return order;
 }
 

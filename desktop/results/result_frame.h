@@ -2,17 +2,27 @@
 
 #include <QTabWidget>
 #include <QWidget>
+#include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/run/output_box.h"
 #include "app/run/shown_result.h"
 #include "desktop/desktop.h"
 
+class QSplitter;
+
 namespace korv {
 
+class ContextsPane;
 class HeadLine;
+class PhraseTablePanel;
+class ResultNotesPanel;
 class ResultPanel;
 class RunTabs;
+
+/// The views of a finished run, in the order of their tabs.
+enum class RunView { Table, Report };
 
 /// All that is shown of the finished runs: their tabs, and of the one in front a line of what it is and its
 /// views. Before the first run only the text box is there, which says how to begin.
@@ -22,15 +32,32 @@ class ResultFrame final : public QWidget {
 
   RunTabs* Tabs = nullptr;
   HeadLine* Head = nullptr;
+  ResultNotesPanel* Notes = nullptr;
   QTabWidget* Views = nullptr;
+  QSplitter* splTable = nullptr;  ///< The table over the contexts.
+  PhraseTablePanel* Table = nullptr;
+  ContextsPane* Contexts = nullptr;
   ResultPanel* Report = nullptr;
+
+  std::function<void()> ViewChanged = [] {};  ///< Another view is in front.
 
   /// Brings `result` into all views; null for none.
   void ShowRun(const std::shared_ptr<ShownResult>& result);
+  RunView View() const;
+  /// Brings a view in front, of the runs to come too. Before the first run it is not seen yet.
+  void ShowView(RunView view);
+  /// The focus goes to the filter of the view in front.
+  void StartFiltering();
+  /// Keeps for the next window how the room is divided.
+  void StoreLayout() const;
   std::vector<QWidget*> TabOrder(QWidget* below) const;
 
  private:
+  QWidget* MakeTable();
+  void ShowContexts();
+
   const Desktop& desktop_;
+  RunView chosen_ = RunView::Table;
 };
 
 }  // namespace korv

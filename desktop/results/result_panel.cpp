@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "desktop/results/filter_panel.h"
-#include "desktop/results/result_notes_panel.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -26,8 +25,6 @@ ResultPanel::ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* 
       output_(box_, std::move(hooks)) {
   auto* layout = Bare(new QVBoxLayout(this));
   BuildLabels(*layout);
-  Notes = Named(new ResultNotesPanel(this), "notes");
-  layout->addWidget(Notes);
   BuildBox(*layout);
   BuildFoot(*layout);
   Filter = new FilterPanel(desktop_, this);
@@ -47,7 +44,7 @@ void ResultPanel::BuildLabels(QBoxLayout& layout) {
   lblTotalNumOccurrences = MakeLabel("lblTotalNumOccurrences", this);
   lblNumWordsExcluded = MakeLabel("lblNumWordsExcluded", this);
   // In a narrow window they take a second line; they never widen it. The least height has room for that.
-  setMinimumHeight(24 * fontMetrics().lineSpacing());
+  setMinimumHeight(17 * fontMetrics().lineSpacing());
   for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
     label->setWordWrap(true);
   }
@@ -143,7 +140,6 @@ void ResultPanel::ShowFoundSoFar(uint64_t phrases) {
 void ResultPanel::EnableDisableButtons(bool enabled) {
   enabled_ = enabled;
   cmdClearOutput->setEnabled(enabled);
-  Notes->EnableWaysOut(enabled);
   EnableClearButtons();
 }
 
@@ -157,7 +153,7 @@ void ResultPanel::SuggestWidth() {
 }
 
 std::vector<QWidget*> ResultPanel::TabOrder(QWidget* below) const {
-  std::vector<QWidget*> order = {Notes, txbOutput, below, cmdClearOutput};
+  std::vector<QWidget*> order = {txbOutput, below, cmdClearOutput};
   const std::vector<QWidget*> filterOrder = Filter->TabOrder();
   order.insert(order.end(), filterOrder.begin(), filterOrder.end());
   return order;

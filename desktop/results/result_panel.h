@@ -20,9 +20,8 @@ class QPushButton;
 namespace korv {
 
 class FilterPanel;
-class ResultNotesPanel;
 
-/// The list of phrases with its labels and notes, and the filter below.
+/// The list of phrases with its labels, and the filter below.
 class ResultPanel final : public QWidget {
  public:
   ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* parent);
@@ -32,7 +31,6 @@ class ResultPanel final : public QWidget {
   QLabel* lblNumOccurrences = nullptr;
   QLabel* lblTotalNumOccurrences = nullptr;
   QLabel* lblNumWordsExcluded = nullptr;
-  ResultNotesPanel* Notes = nullptr;
   QPlainTextEdit* txbOutput = nullptr;
   QPushButton* cmdClearOutput = nullptr;
   FilterPanel* Filter = nullptr;

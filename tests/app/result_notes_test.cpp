@@ -35,6 +35,16 @@ TEST_F(ResultNotes, AFullListOfAFileHasItsSourceAlone) {
   EXPECT_THAT(All(), ElementsAre(ResultNote{NoteKind::Source, "Phrases of moby.txt", {}, "books/moby.txt"}));
 }
 
+TEST_F(ResultNotes, OfTheRunAreToldWhereverItsListIs) {
+  Result.InSight = false;
+  Result.Run.Facts.Options.Stopped = true;
+  Now.Changes.Lengths = true;
+  Now.FormatAvailable = false;
+  std::vector<NoteKind> kinds;
+  for (const ResultNote& note : NotesOfRun(Result, Now, {})) kinds.push_back(note.Kind);
+  EXPECT_THAT(kinds, ElementsAre(NoteKind::OtherRules, NoteKind::Incomplete));
+}
+
 TEST_F(ResultNotes, OutOfSightNothingIsToldButThat) {
   Result.InSight = false;
   Now.Changes.Source = true;

@@ -209,18 +209,18 @@ class SettingsOfARun : public FinishedRuns {
 };
 
 TEST_F(SettingsOfARun, AreTakenBackInOneStepAndThatIsUndoneInOne) {
-  Check("chkAllowNumerals");
+  Check("chkAllowWordsWithNumerals");
   Type("txbWordsToIgnoreOrCount_0", "old");
   Type("txbWordsToIgnoreOrCount_1", "white");
   CountText("whale.txt", kWhale);
-  Check("chkAllowNumerals", false);
+  Check("chkAllowWordsWithNumerals", false);
   Type("txbWordsToIgnoreOrCount_0", "new");
   Type("txbWordsToIgnoreOrCount_1", "");
   Type("txbFile_0", PathOf("other.txt"));
   Choose("cboPhraseLength_1", 0);
   Choose("cboDisplayFormat", 8);
   Do("File", "Take settings of the run back");
-  EXPECT_TRUE(Checked("chkAllowNumerals"));
+  EXPECT_TRUE(Checked("chkAllowWordsWithNumerals"));
   EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "old");
   EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_1"), "white");
   EXPECT_EQ(TextOf("txbFile_0"), PathOf("whale.txt"));
@@ -229,7 +229,7 @@ TEST_F(SettingsOfARun, AreTakenBackInOneStepAndThatIsUndoneInOne) {
   EXPECT_FALSE(Shown("lblNote_OtherRules"));
   EXPECT_EQ(Command("Edit", "Undo").text().toStdString(), "&Undo: Settings of whale.txt");
   Do("Edit", "Undo");
-  EXPECT_FALSE(Checked("chkAllowNumerals"));
+  EXPECT_FALSE(Checked("chkAllowWordsWithNumerals"));
   EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_0"), "new");
   EXPECT_EQ(TextOf("txbWordsToIgnoreOrCount_1"), "");
   EXPECT_EQ(TextOf("txbFile_0"), PathOf("other.txt"));

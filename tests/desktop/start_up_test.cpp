@@ -303,6 +303,12 @@ TEST_F(StartUp, RepeatsItsCommandsInMenusWithKeys) {
   EXPECT_EQ(keys["Stop"], "Esc");
   EXPECT_EQ(keys["Count phrases"], "Ctrl+Return");
   EXPECT_EQ(keys["Normal text size"], "Ctrl+0");
+  EXPECT_EQ(keys["Go to the source"], "Ctrl+L");
+  EXPECT_EQ(keys["Save list as..."], "Ctrl+Shift+S");
+  EXPECT_EQ(keys["Left column"], "Ctrl+B");
+  EXPECT_EQ(keys["Table"], "Alt+1");
+  EXPECT_EQ(keys["Report"], "Alt+2");
+  EXPECT_EQ(keys["Next occurrence"], "F3");
 }
 
 TEST_F(StartUp, CountsAgainWithFunctionKeyFive) {

@@ -54,6 +54,7 @@ bool WindowTest::Start() {
   UntilIdle();
   QApplication::processEvents();
   messages.Forget();
+  if (started) main->Panels().Frame->ShowView(View);
   return started;
 }
 

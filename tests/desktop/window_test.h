@@ -26,6 +26,7 @@
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/results/result_frame.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/toolkit/qt_event_loop.h"
@@ -138,6 +139,8 @@ class WindowTest : public testing::Test {
   std::vector<std::string> Shown();
 
   QTemporaryDir folder;
+  /// The view that runs of the next window are shown in.
+  RunView View = RunView::Report;
   FakeMessages messages;
   FakeDialogs dialogs;
   FakeClipboard clipboard;

@@ -88,6 +88,8 @@ void ContextsPane::BuildOptions(QBoxLayout& layout) {
   cmdWhy = MakeButton("cmdWhy", "Why is it not &listed?", this);
   cmdWhy->setToolTip(QStringLiteral("Which rule keeps this phrase out of the list"));
   options->addWidget(cmdWhy);
+  layout.addLayout(options);
+  options = Bare(new QHBoxLayout);
   cboContextOrder = MakeCombo("cboContextOrder", "Order of the contexts", this);
   cboContextOrder->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   // In the order of PlaceOrder.
@@ -107,6 +109,7 @@ void ContextsPane::BuildOptions(QBoxLayout& layout) {
   spbContextWidth->setToolTip(QStringLiteral("Characters on each side of the phrase, 20 to 500"));
   spbContextWidth->setKeyboardTracking(false);
   options->addWidget(spbContextWidth);
+  options->addStretch(1);
   layout.addLayout(options);
 }
 
