@@ -69,12 +69,12 @@ std::string PhrasesText(const RunOptions& options) {
   const std::string least = std::to_string(options.MinWords);
   const std::string lengths =
       options.MinWords == options.MaxWords ? least : least + " to " + std::to_string(options.MaxWords);
-  const std::string words = options.MaxWords == 1 ? " word" : " words";
   const std::string often = options.MinFrequency == 1 ? "any number of times"
                             : options.MinFrequency == 2
                                 ? "at least twice"
                                 : "at least " + std::to_string(options.MinFrequency) + " times";
-  return "Phrases of " + lengths + words + " that occur " + often;
+  return (options.MaxWords == 1 ? "Single words" : "Phrases of " + lengths + " words") + " that occur " +
+         often;
 }
 
 }  // namespace korv

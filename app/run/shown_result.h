@@ -34,6 +34,11 @@ struct ShownResult {
   bool InSight = false;  ///< The text box holds that listing, or names its file.
 };
 
+/// Whether single words were counted, not phrases.
+inline bool IsOfSingleWords(const ShownResult& result) {
+  return result.Run.Facts.Options.MaxWords == 1;
+}
+
 /// Whether two listings of a result would look the same, filters aside. The options have been through
 /// ApplyReportRules().
 bool SameForm(const ReportOptions& a, const ReportOptions& b);

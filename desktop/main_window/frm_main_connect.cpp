@@ -63,6 +63,7 @@ void frmMain::MakeMenus() {
       *menuBar(), desktop_, panels_,
       MainMenus::Commands{
           .CountPhrases = [this] { run_->cmdCountPhrases_Click(); },
+          .CountSingleWords = [this] { run_->CountSingleWords(); },
           .Stop =
               [this] {
                 if (Running()) run_->cmdCountPhrases_Click();

@@ -78,6 +78,7 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   menu->addSeparator();
   Add(menu, "Count &phrases", Qt::CTRL | Qt::Key_Return, commands_.CountPhrases)
       ->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});
+  Add(menu, "Count single &words", {}, commands_.CountSingleWords);
   stop_ = Add(menu, "S&top", Qt::Key_Escape, commands_.Stop, During::Always);
   stop_->setEnabled(false);
   Add(menu, "Take settings of the run &back", {}, commands_.TakeSettingsBack);
@@ -140,11 +141,12 @@ void MainMenus::AddViews(QMenu* menu) {
   };
   view("&Table", Qt::ALT | Qt::Key_1, RunView::Table);
   view("&Report", Qt::ALT | Qt::Key_2, RunView::Report);
-  Add(
-      menu, "Next o&ccurrence", Qt::Key_F3, [frame] { frame->Contexts->NextOccurrence(); }, During::Always);
-  Add(
-      menu, "Pre&vious occurrence", Qt::SHIFT | Qt::Key_F3, [frame] { frame->Contexts->PreviousOccurrence(); },
-      During::Always);
+  for (const char* name : {"mnuContextNext", "mnuContextPrevious"}) {
+    // The pane's own commands: their keys hold in the whole window.
+    auto* const action = frame->Contexts->findChild<QAction*>(QLatin1String(name));
+    action->setShortcutContext(Qt::WindowShortcut);
+    menu->addAction(action);
+  }
   Add(menu, "&Left column", Qt::CTRL | Qt::Key_B, commands_.FoldColumn, During::Always);
   menu->addSeparator();
 }

@@ -22,6 +22,7 @@ class MainMenus final : public QObject {
   /// Commands that no panel has.
   struct Commands {
     std::function<void()> CountPhrases;
+    std::function<void()> CountSingleWords;
     std::function<void()> Stop;
     std::function<void()> SaveState;
     std::function<void()> LoadSettings;

@@ -63,7 +63,9 @@ bool ResultController::WantsFilter() const {
 
 ChosenNow ResultController::GatherChosen() const {
   ChosenNow now;
-  now.Changes = ChangesBetween(result_->Request, work_.RequestOfNow());
+  RunRequest request = work_.RequestOfNow();
+  if (IsOfSingleWords(*result_)) request = SingleWordsOf(std::move(request));
+  now.Changes = ChangesBetween(result_->Request, request);
   now.Report = work_.Current().Report;
   now.Report.FilterText = NormaliseFilterText(now.Report.FilterText);
   now.Report.FilterActive = !now.Report.FilterText.empty();
@@ -295,7 +297,7 @@ void ResultController::TakeWayOut(NoteAction action) {
     case NoteAction::ListAnew:
       return ListTheResult(WantsFilter());
     case NoteAction::CountAgain:
-      return run_.cmdCountPhrases_Click();
+      return IsOfSingleWords(*result_) ? run_.CountSingleWords() : run_.cmdCountPhrases_Click();
     case NoteAction::ShowLastList:
       return ShowLastList();
     case NoteAction::ShowAll:

@@ -100,10 +100,19 @@ void RunController::cmdCountPhrases_Click() {
     RunDisplay display(panels_, clock_, [] {});
     return AskToStop(desktop_.Messages, desktop_.Yielder, display);
   }
+  BeginCount(false);
+}
+
+void RunController::CountSingleWords() {
+  if (Idle()) BeginCount(true);
+}
+
+void RunController::BeginCount(bool singleWords) {
   FilterPanel& filter = *panels_.Result->Filter;
   // A key may have come here without the filter words having lost the focus.
   filter.txbFilterWords_LostFocus();
   RunRequest request = work_.RequestOfNow();
+  if (singleWords) request = SingleWordsOf(std::move(request));
   request.OffersWaysOut = true;
   request.Options.KeepPlaces = true;
   if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.Clipboard.Text();
@@ -111,6 +120,7 @@ void RunController::cmdCountPhrases_Click() {
   if (!AskBeforeCounting(request, report, desktop_.Files, desktop_.Messages)) return;
   FinishedRun finished;
   finished.Filtered = report.FilterActive;
+  finished.ToFile = !singleWords;
   if (!request.OutputPath.empty() &&
       !CanOpenOutputFile(PathFromText(TrimmedPath(request.OutputPath)), desktop_.Files, desktop_.Messages)) {
     request.OutputPath.clear();

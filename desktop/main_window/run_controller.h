@@ -62,6 +62,8 @@ class RunController {
 
   /// Counts; during a run asks whether to stop.
   void cmdCountPhrases_Click();
+  /// Counts single words in place of phrases.
+  void CountSingleWords();
   /// Lists a result into the file `path`, or into the text box where there is none.
   /// `listed` is not called when the order of the phrases was not found because of a stop.
   void List(std::shared_ptr<ShownResult> result, const ReportOptions& options,
@@ -98,6 +100,8 @@ class RunController {
   /// A count goes on, and the window shows it.
   bool CountIsShown() const;
 
+  /// Asks what is to be asked, and counts.
+  void BeginCount(bool singleWords);
   void Count(RunRequest request, FinishedRun finished);
   void EndCount(CountJob& job);
   // On the worker.

@@ -51,15 +51,16 @@ void ChipRow::Rebuild() {
     const QString text = ToQt(chips_[i].Text);
     const QString shown = fontMetrics().elidedText(text, Qt::ElideMiddle, kWidestChip);
     QToolButton* const button =
-        add(QStringLiteral("cmdChip_%1").arg(i + 1), QString(shown).replace(u'&', QLatin1String("&&")) + QStringLiteral("  \u2715"));
+        add(QStringLiteral("cmdChip_%1").arg(i + 1),
+            QString(shown).replace(u'&', QLatin1String("&&")) + QStringLiteral("  \u2715"));
     button->setToolTip(text + u'\n' + ToQt(chips_[i].Tip));
     button->setAccessibleName(text);
     button->setAccessibleDescription(ToQt(chips_[i].Tip));
     connect(button, &QToolButton::clicked, this, [this, i] { Lift(i); });
   }
   if (chips_.size() > kMostButtons) {
-    QToolButton* const more = add(QStringLiteral("cmdMoreChips"),
-                                  QStringLiteral("%1 more").arg(chips_.size() - kMostButtons));
+    QToolButton* const more =
+        add(QStringLiteral("cmdMoreChips"), QStringLiteral("%1 more").arg(chips_.size() - kMostButtons));
     auto* menu = new QMenu(more);
     for (size_t i = kMostButtons; i < chips_.size(); ++i) {
       menu->addAction(ToQt(chips_[i].Text).replace(u'&', QLatin1String("&&")) + QStringLiteral("  \u2715"),

@@ -29,7 +29,8 @@ OpenRuns::OpenRun* OpenRuns::RunOf(const ShownResult* result) {
 
 QString OpenRuns::NameFor(const ShownResult& result) const {
   const RunSummary& facts = result.Run.Facts;
-  const QString source = ToQt(SourceName(facts.Options.SourceKind, facts.InputPath));
+  QString source = ToQt(SourceName(facts.Options.SourceKind, facts.InputPath));
+  if (IsOfSingleWords(result)) source += QStringLiteral(": words");
   const auto taken = [this](const QString& name) {
     return std::any_of(runs_.begin(), runs_.end(), [&](const OpenRun& run) { return run.Name == name; });
   };

@@ -76,7 +76,8 @@ void ResultFrame::ShowRun(const std::shared_ptr<ShownResult>& result) {
   Views->tabBar()->setVisible(result != nullptr);
   if (result == nullptr) Views->setCurrentWidget(Report);
   if (first) ShowView(chosen_);
-  const std::shared_ptr<const CountedRun> run = result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
+  const std::shared_ptr<const CountedRun> run =
+      result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
   Table->Show(run);
   Contexts->Show(run);
 }

@@ -31,7 +31,7 @@ TEST(RulesText, NamesTheLengthsAndTheMinimumOfPhrases) {
   EXPECT_EQ(PhrasesText({.MinWords = 3, .MaxWords = 3, .MinFrequency = 1}),
             "Phrases of 3 words that occur any number of times");
   EXPECT_EQ(PhrasesText({.MinWords = 1, .MaxWords = 1, .MinFrequency = 5}),
-            "Phrases of 1 word that occur at least 5 times");
+            "Single words that occur at least 5 times");
 }
 
 ShownResult ResultOf(TextSource kind, const std::string& path) {

@@ -226,7 +226,7 @@ TEST_F(SettingsOfARun, AreTakenBackInOneStepAndThatIsUndoneInOne) {
   EXPECT_EQ(TextOf("txbFile_0"), PathOf("whale.txt"));
   EXPECT_EQ(ItemOf("cboPhraseLength_1"), 4);
   EXPECT_EQ(ItemOf("cboDisplayFormat"), 8) << "how a run is listed stays";
-  EXPECT_FALSE(Shown("lblNote_OtherRules"));
+  EXPECT_EQ(main->findChild<QLabel*>(QStringLiteral("lblNote_OtherRules")), nullptr);
   EXPECT_EQ(Command("Edit", "Undo").text().toStdString(), "&Undo: Settings of whale.txt");
   Do("Edit", "Undo");
   EXPECT_FALSE(Checked("chkAllowWordsWithNumerals"));
@@ -235,6 +235,21 @@ TEST_F(SettingsOfARun, AreTakenBackInOneStepAndThatIsUndoneInOne) {
   EXPECT_EQ(TextOf("txbFile_0"), PathOf("other.txt"));
   EXPECT_EQ(ItemOf("cboPhraseLength_1"), 0);
   EXPECT_FALSE(Command("Edit", "Undo").isEnabled());
+}
+
+TEST_F(SettingsOfARun, CountSingleWordsIntoATabOfTheirOwn) {
+  Type("txbFile_1", PathOf("out.txt"));
+  Type("txbFile_0", WriteFile("whale.txt", kWhale));
+  Do("File", "Count single words");
+  EXPECT_THAT(Names(), testing::ElementsAre("whale.txt: words"));
+  EXPECT_THAT(Output(), HasSubstr("whale"));
+  EXPECT_THAT(Output(), Not(HasSubstr("white whale")));
+  EXPECT_FALSE(files->FileExists(PathFromText(PathOf("out.txt"))));
+  EXPECT_EQ(main->findChild<QLabel*>(QStringLiteral("lblNote_OtherRules")), nullptr);
+  EXPECT_EQ(ItemOf("cboPhraseLength_0"), 2) << "the lengths stay";
+  Choose("cboMinimumFrequency", 2);
+  Click("cmdNote_OtherRules_CountAgain");
+  EXPECT_THAT(Names(), testing::ElementsAre("whale.txt: words", "whale.txt: words (2)"));
 }
 
 TEST_F(SettingsOfARun, AreThoseOfTheTabThatWasAskedFor) {

@@ -6,6 +6,7 @@
 #include "desktop/results/table/shown_cell.h"
 #include "desktop/results/table/table_columns.h"
 #include "desktop/toolkit/text.h"
+#include "report/columns/registry.h"
 
 namespace korv {
 

@@ -4,18 +4,8 @@
 #include <array>
 
 #include "desktop/toolkit/text.h"
-#include "report/columns/registry.h"
 
 namespace korv {
-
-std::vector<const Column*> TableColumns() {
-  std::vector<const Column*> columns = AllColumns();
-  std::erase_if(columns, [](const Column* column) {
-    return column->Value == nullptr ||
-           std::ranges::any_of(ReportColumns(), [&](const Column& other) { return &other == column; });
-  });
-  return columns;
-}
 
 bool IsShownAtFirst(std::string_view id) {
   static constexpr std::array<std::string_view, 8> kShownAtFirst = {

@@ -2,17 +2,12 @@
 
 #include <QString>
 #include <string_view>
-#include <vector>
 
 #include "base/number_format.h"
 #include "report/columns/column.h"
 #include "report/run_summary.h"
 
 namespace korv {
-
-/// All columns that the window's table can show: those that say one thing of every phrase and belong to no
-/// numbered report. In the order of the menu.
-std::vector<const Column*> TableColumns();
 
 /// Whether the table shows the column to a user who has chosen none.
 bool IsShownAtFirst(std::string_view id);
