@@ -29,7 +29,9 @@
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/questions.h"
+#include "desktop/results/chip_row.h"
 #include "desktop/results/filter_panel.h"
+#include "desktop/results/head_line.h"
 #include "desktop/results/result_frame.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
@@ -187,6 +189,7 @@ void frmMain::EnableDisableButtons(bool enabled) {
   panels_.OutputFile->EnableDisableButtons(enabled);
   panels_.Run->EnableDisableButtons(enabled);
   panels_.Frame->Notes->EnableWaysOut(enabled);
+  panels_.Frame->Head->Chips->EnableDisableButtons(enabled);
   panels_.Result->EnableDisableButtons(enabled);
   menus_->EnableDisableButtons(enabled);
   params_->EnableDisableButtons(enabled);

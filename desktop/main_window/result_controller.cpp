@@ -18,7 +18,9 @@
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/status_line.h"
 #include "desktop/questions.h"
+#include "desktop/results/chip_row.h"
 #include "desktop/results/filter_panel.h"
+#include "desktop/results/head_line.h"
 #include "desktop/results/result_frame.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
@@ -245,7 +247,18 @@ void ResultController::ShowResult() {
   ShowNotes();
 }
 
+void ResultController::ShowChips() {
+  std::vector<Chip> chips;
+  const ReportOptions listed = result_ ? result_->Listing.Options : ReportOptions{};
+  if (result_ && result_->InSight && listed.FilterActive && !listed.FilterText.empty())
+    chips.push_back({.Text = "Report filtered: " + listed.FilterText,
+                     .Tip = "The report has only phrases that match. Click to list all.",
+                     .Remove = [this] { TakeWayOut(NoteAction::ShowAll); }});
+  panels_.Frame->Head->Chips->ShowChips(std::move(chips));
+}
+
 void ResultController::ShowNotes() {
+  ShowChips();
   std::vector<ResultNote> notes;
   // How it is listed concerns the report alone.
   if (result_)

@@ -71,6 +71,8 @@ class ResultController final : public QObject {
   bool WantsFilter() const;
   void ShowCounts();
   void ShowNotes();
+  /// The restrictions in force, each with what lifts it.
+  void ShowChips();
   void TakeListing(ShownResult& result, ShownListing listing);
   /// Puts into the tool tip of the tab in front how its run came about.
   void DescribeRun();

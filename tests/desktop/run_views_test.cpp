@@ -5,6 +5,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QToolButton>
 
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/run_tabs.h"
@@ -97,13 +98,11 @@ TEST_F(RunViews, StayTheOneThatWasChosenWhenTheNextRunComes) {
 TEST_F(RunViews, TellOfTheListingBesideTheReportOnly) {
   CountText("whale.txt", kWhale);
   Choose("cboPhraseLength_1", 5);
-  EXPECT_EQ(TextOf("lblNote_OtherRules"),
-            "Counted under other rules than those chosen now: phrase lengths.");
+  EXPECT_EQ(TextOf("lblNote_OtherRules"), "Counted under other rules than those chosen now: phrase lengths.");
   EXPECT_EQ(main->findChild<QLabel*>(QStringLiteral("lblNote_Source")), nullptr);
   Frame().ShowView(RunView::Report);
   EXPECT_EQ(TextOf("lblNote_Source"), "Phrases of whale.txt");
-  EXPECT_EQ(TextOf("lblNote_OtherRules"),
-            "Counted under other rules than those chosen now: phrase lengths.");
+  EXPECT_EQ(TextOf("lblNote_OtherRules"), "Counted under other rules than those chosen now: phrase lengths.");
 }
 
 TEST_F(RunViews, OpenTheContextsOfAPhrase) {
@@ -157,6 +156,17 @@ TEST_F(RunViews, SaveTheListUnderANameThatIsAskedFor) {
   QTest::keyClick(main.get(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
   UntilIdle();
   EXPECT_THAT(ReadFile(PathOf("list.txt")), HasSubstr("the old man wept"));
+}
+
+TEST_F(RunViews, HaveAChipThatLiftsTheFilterOfTheReport) {
+  CountText("man.txt", kMan);
+  EXPECT_EQ(main->findChild<QToolButton*>(QStringLiteral("cmdChip_1")), nullptr);
+  Type("txbFilterWords", "whale");
+  Click("cmdFilterResults");
+  EXPECT_EQ(Find<QToolButton>("cmdChip_1")->accessibleName().toStdString(), "Report filtered: whale");
+  Click("cmdChip_1");
+  EXPECT_EQ(TextOf("txbFilterWords"), "");
+  EXPECT_EQ(main->findChild<QToolButton*>(QStringLiteral("cmdChip_1")), nullptr);
 }
 
 }  // namespace
