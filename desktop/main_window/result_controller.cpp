@@ -89,11 +89,10 @@ void ResultController::Take(FinishedRun finished) {
 }
 
 void ResultController::DescribeRun() {
-  RunTabs& tabs = *panels_.Frame->Tabs;
   const QTime ended =
       QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(result_->Ended)).time();
   const std::string timeOfDay = FromQt(QLocale().toString(ended, QLocale::ShortFormat));
-  tabs.setTabToolTip(tabs.currentIndex(), ToQt(RunTip(*result_, timeOfDay, desktop_.Numbers)));
+  runs_.Describe(ToQt(RunTip(*result_, timeOfDay, desktop_.Numbers)));
 }
 
 void ResultController::ShowMemory() {
@@ -258,6 +257,7 @@ void ResultController::ShowChips() {
 }
 
 void ResultController::ShowNotes() {
+  runs_.MarkChanged(work_.RequestOfNow());
   ShowChips();
   std::vector<ResultNote> notes;
   // How it is listed concerns the report alone.

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "app/run/result_notes.h"
+#include "app/run/run_changes.h"
 #include "app/run/run_description.h"
+#include "app/run/run_request.h"
 #include "desktop/results/run_tabs.h"
 #include "desktop/toolkit/text.h"
 
@@ -55,6 +57,26 @@ void OpenRuns::Close(int index) {
   }
   runs_.erase(closed);
   tabs_.Remove(index);
+}
+
+void OpenRuns::Describe(const QString& tip) {
+  runs_[static_cast<size_t>(tabs_.currentIndex())].Tip = tip;
+}
+
+void OpenRuns::MarkChanged(const RunRequest& now) {
+  for (size_t i = 0; i < runs_.size(); ++i) {
+    const ShownResult& result = *runs_[i].Result;
+    const RunChanges changes =
+        ChangesBetween(result.Request, IsOfSingleWords(result) ? SingleWordsOf(now) : now);
+    const std::string changed = ChangedRulesText(changes);
+    tabs_.Rename(static_cast<int>(i), changed.empty() ? runs_[i].Name : runs_[i].Name + QStringLiteral(" *"));
+    tabs_.setTabToolTip(static_cast<int>(i), changed.empty()
+                                                 ? runs_[i].Tip
+                                                 : runs_[i].Tip +
+                                                       QStringLiteral("\n* Counted under other rules than "
+                                                                      "those chosen now: ") +
+                                                       ToQt(changed) + u'.');
+  }
 }
 
 void OpenRuns::KeepBox() {

@@ -28,6 +28,10 @@ class OpenRuns {
   /// A tab for `result`, in front. Its listing has the text box from now on.
   void Add(std::shared_ptr<ShownResult> result);
   void Close(int index);
+  /// Says in the tool tip of the tab in front how its run came about.
+  void Describe(const QString& tip);
+  /// Marks the tabs of runs that were counted under other rules than `now`.
+  void MarkChanged(const RunRequest& now);
 
   // ---- Whose the text box is
 
@@ -42,6 +46,7 @@ class OpenRuns {
   struct OpenRun {
     std::shared_ptr<ShownResult> Result;
     QString Name;
+    QString Tip{};
     ResultPanel::Contents Box{};  ///< What the text box held of it.
   };
   OpenRun* RunOf(const ShownResult* result);

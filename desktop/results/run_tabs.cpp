@@ -24,9 +24,15 @@ RunTabs::RunTabs(QWidget* parent) : QTabBar(parent) {
 
 void RunTabs::Add(const QString& name) {
   const QSignalBlocker byTheProgram(this);
-  // What looks like the mark of a mnemonic is a part of the name.
-  setCurrentIndex(addTab(QString(name).replace(u'&', QLatin1String("&&"))));
+  const int index = addTab({});
+  Rename(index, name);
+  setCurrentIndex(index);
   ShowWhatApplies();
+}
+
+void RunTabs::Rename(int index, const QString& name) {
+  // What looks like the mark of a mnemonic is a part of the name.
+  setTabText(index, QString(name).replace(u'&', QLatin1String("&&")));
 }
 
 void RunTabs::Remove(int index) {

@@ -19,6 +19,7 @@ class RunTabs final : public QTabBar {
 
   /// A tab at the end, in front.
   void Add(const QString& name);
+  void Rename(int index, const QString& name);
   void Remove(int index);
 
  protected:

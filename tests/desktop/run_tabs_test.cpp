@@ -176,6 +176,18 @@ TEST_F(FinishedRuns, KeepTheirListsWhenAnotherComesInFrontWhileOneIsListed) {
   EXPECT_THAT(Output(), Not(HasSubstr("whale")));
 }
 
+TEST_F(FinishedRuns, AreMarkedWhenTheyWereCountedUnderOtherRules) {
+  CountText("whale.txt", kWhale);
+  Choose("cboPhraseLength_0", 1);
+  CountText("man.txt", kMan);
+  EXPECT_THAT(Names(), testing::ElementsAre("whale.txt *", "man.txt"));
+  EXPECT_THAT(Tabs().tabToolTip(0).toStdString(),
+              HasSubstr("Counted under other rules than those chosen now: phrase lengths."));
+  Choose("cboPhraseLength_0", 2);
+  EXPECT_THAT(Names(), testing::ElementsAre("whale.txt", "man.txt *"));
+  EXPECT_THAT(Tabs().tabToolTip(0).toStdString(), Not(HasSubstr("other rules")));
+}
+
 TEST_F(FinishedRuns, TellTheirMemoryOnceThereAreSeveral) {
   CountText("whale.txt", kWhale);
   EXPECT_FALSE(Shown("lblStatusMemory"));
@@ -249,7 +261,7 @@ TEST_F(SettingsOfARun, CountSingleWordsIntoATabOfTheirOwn) {
   EXPECT_EQ(ItemOf("cboPhraseLength_0"), 2) << "the lengths stay";
   Choose("cboMinimumFrequency", 2);
   Click("cmdNote_OtherRules_CountAgain");
-  EXPECT_THAT(Names(), testing::ElementsAre("whale.txt: words", "whale.txt: words (2)"));
+  EXPECT_THAT(Names(), testing::ElementsAre("whale.txt: words *", "whale.txt: words (2)"));
 }
 
 TEST_F(SettingsOfARun, AreThoseOfTheTabThatWasAskedFor) {
