@@ -1,0 +1,39 @@
+#include "engine/analysis/phrase_spread.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <numeric>
+
+#include "engine/corpus/corpus.h"
+
+namespace korv {
+
+std::vector<uint32_t> OccurrencesByPart(const PhraseTable& table, PhraseIndex phrase, const TakenWords& words,
+                                        size_t parts) {
+  std::vector<uint32_t> occurrences(parts);
+  // The greatest j with floor(j n / parts) <= w.
+  for (const Place place : table.Places(phrase))
+    ++occurrences[((words.Before(place) + 1) * parts - 1) / words.Total()];
+  return occurrences;
+}
+
+std::vector<SourceOccurrences> OccurrencesBySource(const PhraseTable& table,
+                                                   std::span<const PhraseIndex> phrases) {
+  std::map<size_t, std::vector<uint32_t>> ofSource;
+  for (size_t k = 0; k < phrases.size(); ++k) {
+    for (const Place place : table.Places(phrases[k])) {
+      std::vector<uint32_t>& occurrences = ofSource[table.Corpus().SourceAt(place)];
+      occurrences.resize(phrases.size());
+      ++occurrences[k];
+    }
+  }
+  std::vector<SourceOccurrences> sources;
+  for (auto& [source, occurrences] : ofSource) sources.push_back({source, std::move(occurrences)});
+  std::ranges::stable_sort(sources, std::greater(), [](const SourceOccurrences& source) {
+    return std::accumulate(source.Occurrences.begin(), source.Occurrences.end(), uint64_t{0});
+  });
+  return sources;
+}
+
+}  // namespace korv
