@@ -1,0 +1,93 @@
+#include "desktop/results/pictures/make_picture.h"
+
+#include <algorithm>
+#include <span>
+
+#include "desktop/results/pictures/file_picture.h"
+#include "desktop/results/pictures/length_picture.h"
+#include "desktop/results/pictures/place_picture.h"
+#include "desktop/results/pictures/rank_picture.h"
+#include "desktop/toolkit/text.h"
+#include "engine/analysis/list_profile.h"
+#include "engine/analysis/phrase_spread.h"
+#include "platform/files.h"
+
+namespace korv {
+namespace {
+
+constexpr size_t kCells = 100;
+constexpr size_t kMostFiles = 30;
+/// More borders would be one grey line.
+constexpr size_t kMostBorders = 200;
+
+using Phrases = std::vector<PhraseIndex>;
+
+/// Those that were chosen, or the most frequent ones where none was.
+Phrases PicturedPhrases(const PhraseTable& table, const Phrases& chosen, Yielder& yielder) {
+  if (!chosen.empty())
+    return {chosen.begin(), chosen.begin() + std::min<ptrdiff_t>(std::ssize(chosen), kMostPicturedPhrases)};
+  Phrases most;
+  const auto before = [&table](PhraseIndex a, PhraseIndex b) {
+    return table.Count(a) != table.Count(b) ? table.Count(a) > table.Count(b) : a < b;
+  };
+  for (const PhraseIndex i : table.All()) {
+    yielder.Yield();
+    if (yielder.Stopped()) return {};
+    if (!table.Listed(i) || (most.size() == kMostPicturedPhrases && !before(i, most.back()))) continue;
+    most.insert(std::ranges::upper_bound(most, i, before), i);
+    if (most.size() > kMostPicturedPhrases) most.pop_back();
+  }
+  return most;
+}
+
+std::shared_ptr<const Picture> MakePlaces(const PhraseTable& table, const Phrases& phrases,
+                                          const NumberFormat& numbers, Yielder& yielder) {
+  const Corpus& corpus = table.Corpus();
+  TakenWords words;
+  if (!words.Build(corpus, yielder)) return nullptr;
+  std::vector<PlacePicture::Row> rows;
+  for (const PhraseIndex phrase : phrases) {
+    if (yielder.Stopped()) return nullptr;
+    rows.push_back(
+        {ToQt(table.Text(phrase)), table.Count(phrase), OccurrencesByPart(table, phrase, words, kCells)});
+  }
+  std::vector<double> borders;
+  if (corpus.Sources.size() <= kMostBorders)
+    for (size_t s = 1; s < corpus.Sources.size(); ++s)
+      borders.push_back(
+          static_cast<double>(words.Before(Place{static_cast<uint32_t>(corpus.Sources[s].Begin)})) /
+          static_cast<double>(words.Total()));
+  return std::make_shared<PlacePicture>(std::move(rows), std::move(borders), words.Total(), numbers);
+}
+
+std::shared_ptr<const Picture> MakeFiles(const PhraseTable& table, const Phrases& phrases,
+                                         const NumberFormat& numbers) {
+  std::vector<QString> names;
+  for (const PhraseIndex phrase : phrases) names.push_back(ToQt(table.Text(phrase)));
+  const std::vector<SourceOccurrences> sources = OccurrencesBySource(table, phrases);
+  std::vector<FilePicture::Row> rows;
+  for (const SourceOccurrences& source : std::span(sources).first(std::min(sources.size(), kMostFiles)))
+    rows.push_back(
+        {ToQt(PathToText(table.Corpus().Sources[source.Source].Path.filename())), source.Occurrences});
+  return std::make_shared<FilePicture>(std::move(names), std::move(rows), sources.size() - rows.size(),
+                                       numbers);
+}
+
+}  // namespace
+
+std::shared_ptr<const Picture> MakePicture(PictureKind kind, const CountedRun& run, const Phrases& phrases,
+                                           const NumberFormat& numbers, Yielder& yielder) {
+  const PhraseTable& table = run.Table;
+  if (kind == PictureKind::Ranks || kind == PictureKind::Lengths) {
+    ListProfile profile;
+    if (!FindListProfile(table, yielder, profile) || profile.Frequencies.empty()) return nullptr;
+    if (kind == PictureKind::Lengths) return std::make_shared<LengthPicture>(profile, numbers);
+    return std::make_shared<RankPicture>(std::move(profile.Frequencies), numbers);
+  }
+  const Phrases pictured = PicturedPhrases(table, phrases, yielder);
+  if (pictured.empty()) return nullptr;
+  return kind == PictureKind::Places ? MakePlaces(table, pictured, numbers, yielder)
+                                     : MakeFiles(table, pictured, numbers);
+}
+
+}  // namespace korv

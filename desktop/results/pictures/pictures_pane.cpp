@@ -1,0 +1,149 @@
+#include "desktop/results/pictures/pictures_pane.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <array>
+#include <utility>
+
+#include "desktop/results/pictures/picture_canvas.h"
+#include "desktop/results/pictures/picture_file.h"
+#include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/guarded.h"
+#include "desktop/widgets/layouts.h"
+
+namespace korv {
+namespace {
+
+struct OfferedKind {
+  PictureKind Kind;
+  const char* Caption;
+};
+constexpr std::array<OfferedKind, 4> kKinds = {{{PictureKind::Places, "Where phrases stand"},
+                                                {PictureKind::Files, "Phrases by file"},
+                                                {PictureKind::Ranks, "Frequency by rank"},
+                                                {PictureKind::Lengths, "Lengths of phrases"}}};
+
+}  // namespace
+
+PicturesPane::PicturesPane(const Desktop& desktop, QWidget* parent)
+    : QWidget(parent), desktop_(desktop), jobs_(desktop.Loop) {
+  auto* stack = Tight(new QVBoxLayout(this));
+  auto* row = Bare(new QHBoxLayout);
+  cboPicture = MakeCombo("cboPicture", "Picture", this);
+  row->addWidget(cboPicture);
+  cmdSavePicture = MakeButton("cmdSavePicture", "Sa&ve picture...", this);
+  row->addWidget(cmdSavePicture);
+  row->addStretch(1);
+  stack->addLayout(row);
+  lblPictureNotice = MakeLabel("lblPictureNotice", this);
+  lblPictureNotice->setWordWrap(true);
+  stack->addWidget(lblPictureNotice);
+  auto* scroll = Named(new QScrollArea(this), "scrPicture");
+  picCanvas = Named(new PictureCanvas(scroll), "picCanvas");
+  scroll->setWidget(picCanvas);
+  scroll->setWidgetResizable(true);
+  stack->addWidget(scroll, 1);
+  OfferKinds();
+  ShowMade(nullptr);
+  connect(cboPicture, &QComboBox::activated, this,
+          Guarded(desktop_.Messages, "cboPicture_Click", [this] { cboPicture_Click(); }));
+  connect(cmdSavePicture, &QPushButton::clicked, this,
+          Guarded(desktop_.Messages, "cmdSavePicture_Click", [this] { cmdSavePicture_Click(); }));
+}
+
+PicturesPane::~PicturesPane() = default;
+
+void PicturesPane::Show(std::shared_ptr<const CountedRun> run) {
+  run_ = std::move(run);
+  phrases_.clear();
+  OfferKinds();
+  Renew();
+}
+
+void PicturesPane::ShowPhrases(std::vector<PhraseIndex> phrases) {
+  if (phrases == phrases_) return;
+  phrases_ = std::move(phrases);
+  if (WantsPhrases()) Renew();
+}
+
+void PicturesPane::OfferKinds() {
+  const PictureKind chosen = cboPicture->count() == 0 ? PictureKind::Places : Kind();
+  cboPicture->clear();
+  for (const OfferedKind& offered : kKinds) {
+    // One file has nothing to compare itself with.
+    const bool oneText = !run_ || run_->Table.Corpus().Sources.size() < 2;
+    if (offered.Kind == PictureKind::Files && oneText) continue;
+    cboPicture->addItem(QString::fromUtf8(offered.Caption), static_cast<int>(offered.Kind));
+  }
+  cboPicture->setCurrentIndex(std::max(0, cboPicture->findData(static_cast<int>(chosen))));
+}
+
+PictureKind PicturesPane::Kind() const {
+  return static_cast<PictureKind>(cboPicture->currentData().toInt());
+}
+
+bool PicturesPane::WantsPhrases() const {
+  return Kind() == PictureKind::Places || Kind() == PictureKind::Files;
+}
+
+void PicturesPane::cboPicture_Click() {
+  Renew();
+}
+
+void PicturesPane::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (outdated_) Renew();
+}
+
+void PicturesPane::Renew() {
+  outdated_ = !isVisible();
+  if (outdated_) return;
+  jobs_.Stop();
+  if (!run_) return ShowMade(nullptr);
+  jobs_.Start([this, run = run_, phrases = phrases_, kind = Kind(),
+               numbers = desktop_.Numbers](NewestJob::Turn& turn) {
+    const auto made = MakePicture(kind, *run, phrases, numbers, turn.Yielder());
+    turn.Tell([this, made] { ShowMade(made); });
+  });
+}
+
+void PicturesPane::ShowMade(const std::shared_ptr<const Picture>& made) {
+  picCanvas->Show(
+      made, run_ ? QStringLiteral("No phrase is listed.") : QStringLiteral("Nothing has been counted yet."));
+  cmdSavePicture->setEnabled(made != nullptr);
+  const bool tooMany = WantsPhrases() && phrases_.size() > kMostPicturedPhrases;
+  lblPictureNotice->setText(
+      tooMany ? QStringLiteral("The first %1 of %2 selected phrases are shown.")
+                    .arg(QString::number(kMostPicturedPhrases),
+                         ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(phrases_.size()))))
+              : QString());
+  lblPictureNotice->setVisible(tooMany);
+}
+
+void PicturesPane::cmdSavePicture_Click() {
+  const Picture* shown = picCanvas->Shown();
+  if (shown == nullptr) return;
+  const auto chosen = desktop_.Dialogs.ChooseFileToSave({.Title = "Save picture",
+                                                         .Filter = "Pictures (*.svg *.png) | *.svg *.png",
+                                                         .InitialPath = FromQt(shown->Title()) + ".svg",
+                                                         .Extension = "svg",
+                                                         .AsksBeforeReplacing = true});
+  if (!chosen) return;
+  const std::filesystem::path path = PathFromText(*chosen);
+  const std::string bytes =
+      PictureBytes(*shown, picCanvas->Style(), picCanvas->size(), PictureFormOfFile(path));
+  const auto error = WritePicture(desktop_.Files, path, bytes);
+  if (error) {
+    desktop_.Messages.Show(
+        {.Text = "The picture cannot be saved as " + *chosen + ".\n\n" + error->Description,
+         .Title = "Save picture",
+         .Icon = Icon::Exclamation});
+  }
+}
+
+}  // namespace korv

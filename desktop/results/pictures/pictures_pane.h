@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "base/newest_job.h"
+#include "desktop/desktop.h"
+#include "desktop/results/pictures/make_picture.h"
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace korv {
+
+class PictureCanvas;
+
+/// Pictures of a run: where phrases stand, in which files, how often and how long they are. They are made on
+/// a worker, and only while the pane is in sight.
+class PicturesPane final : public QWidget {
+ public:
+  PicturesPane(const Desktop& desktop, QWidget* parent);
+  ~PicturesPane() override;
+
+  QComboBox* cboPicture = nullptr;
+  QPushButton* cmdSavePicture = nullptr;
+  QLabel* lblPictureNotice = nullptr;
+  PictureCanvas* picCanvas = nullptr;
+
+  /// Null for nothing.
+  void Show(std::shared_ptr<const CountedRun> run);
+  /// The phrases of the first two pictures: those that are selected in the table, or the most frequent ones
+  /// where none is. Further ones than kMostPicturedPhrases are left out, and that is said.
+  void ShowPhrases(std::vector<PhraseIndex> phrases);
+
+  void cboPicture_Click();
+  void cmdSavePicture_Click();
+  /// Nothing is being made.
+  bool Idle() const { return jobs_.Idle(); }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  PictureKind Kind() const;
+  bool WantsPhrases() const;
+  void OfferKinds();
+  /// Makes the picture anew, when the pane is shown.
+  void Renew();
+  void ShowMade(const std::shared_ptr<const Picture>& made);
+
+  const Desktop& desktop_;
+  std::shared_ptr<const CountedRun> run_;
+  std::vector<PhraseIndex> phrases_;
+  bool outdated_ = false;
+  NewestJob jobs_;  ///< Last: its work uses the above.
+};
+
+}  // namespace korv
