@@ -141,6 +141,7 @@ void MainMenus::AddViews(QMenu* menu) {
   };
   view("&Table", Qt::ALT | Qt::Key_1, RunView::Table);
   view("&Report", Qt::ALT | Qt::Key_2, RunView::Report);
+  view("&Pictures", Qt::ALT | Qt::Key_3, RunView::Pictures);
   for (const char* name : {"mnuContextNext", "mnuContextPrevious"}) {
     // The pane's own commands: their keys hold in the whole window.
     auto* const action = frame->Contexts->findChild<QAction*>(QLatin1String(name));

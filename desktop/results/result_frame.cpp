@@ -8,14 +8,17 @@
 #include <QSplitter>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/filter_panel.h"
 #include "desktop/results/head_line.h"
+#include "desktop/results/pictures/pictures_pane.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/results/run_tabs.h"
+#include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -38,6 +41,8 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   Report = new ResultPanel(desktop, hooks, Views);
   Views->addTab(MakeTable(), QStringLiteral("Table"));
   Views->addTab(Report, QStringLiteral("Report"));
+  Pictures = new PicturesPane(desktop, Views);
+  Views->addTab(Pictures, QStringLiteral("Pictures"));
   layout->addWidget(Tabs);
   layout->addWidget(Head);
   layout->addWidget(Notes);
@@ -46,7 +51,10 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   // Notes take a second and a third line in a narrow window. The least height has room for that.
   setMinimumHeight(30 * fontMetrics().lineSpacing());
   ShowRun(nullptr);
-  connect(Views, &QTabWidget::currentChanged, this, [this] { ViewChanged(); });
+  connect(Views, &QTabWidget::currentChanged, this, [this] {
+    PictureSelected();
+    ViewChanged();
+  });
 }
 
 QWidget* ResultFrame::MakeTable() {
@@ -80,6 +88,20 @@ void ResultFrame::ShowRun(const std::shared_ptr<ShownResult>& result) {
       result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
   Table->Show(run);
   Contexts->Show(run);
+  Pictures->Show(run);
+}
+
+void ResultFrame::PictureSelected() {
+  if (View() != RunView::Pictures) return;
+  const auto* model = static_cast<const PhraseTableModel*>(Table->tblPhrases->model());
+  std::vector<PhraseIndex> phrases;
+  size_t selected = 0;
+  for (const RowRange& rows : Table->tblPhrases->SelectedRows()) {
+    selected += static_cast<size_t>(rows.Last - rows.First) + 1;
+    for (int row = rows.First; row <= rows.Last && phrases.size() < kMostPicturedPhrases; ++row)
+      phrases.push_back(model->EntryAt(row));
+  }
+  Pictures->ShowPhrases(std::move(phrases), selected);
 }
 
 RunView ResultFrame::View() const {
@@ -104,7 +126,8 @@ std::vector<QWidget*> ResultFrame::TabOrder(QWidget* below) const {
   const std::vector<QWidget*> contexts = {Contexts->txbContextPhrase, Contexts->cboContextOrder,
                                           Contexts->chkContextFiles,  Contexts->chkContextSample,
                                           Contexts->spbContextWidth,  Contexts->tblContexts};
-  for (const auto& view : {Table->TabOrder(), contexts, Report->TabOrder(below)})
+  const std::vector<QWidget*> pictures = {Pictures->cboPicture, Pictures->cmdSavePicture};
+  for (const auto& view : {Table->TabOrder(), contexts, Report->TabOrder(below), pictures})
     order.insert(order.end(), view.begin(), view.end());
   return order;
 }

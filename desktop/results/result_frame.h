@@ -17,12 +17,13 @@ namespace korv {
 class ContextsPane;
 class HeadLine;
 class PhraseTablePanel;
+class PicturesPane;
 class ResultNotesPanel;
 class ResultPanel;
 class RunTabs;
 
 /// The views of a finished run, in the order of their tabs.
-enum class RunView { Table, Report };
+enum class RunView { Table, Report, Pictures };
 
 /// All that is shown of the finished runs: their tabs, and of the one in front a line of what it is and its
 /// views. Before the first run only the text box is there, which says how to begin.
@@ -38,6 +39,7 @@ class ResultFrame final : public QWidget {
   PhraseTablePanel* Table = nullptr;
   ContextsPane* Contexts = nullptr;
   ResultPanel* Report = nullptr;
+  PicturesPane* Pictures = nullptr;
 
   std::function<void()> ViewChanged = [] {};  ///< Another view is in front.
 
@@ -55,6 +57,8 @@ class ResultFrame final : public QWidget {
  private:
   QWidget* MakeTable();
   void ShowContexts();
+  /// Gives the pictures the phrases that are selected in the table.
+  void PictureSelected();
 
   const Desktop& desktop_;
   RunView chosen_ = RunView::Table;

@@ -61,13 +61,15 @@ PicturesPane::~PicturesPane() = default;
 void PicturesPane::Show(std::shared_ptr<const CountedRun> run) {
   run_ = std::move(run);
   phrases_.clear();
+  selected_ = 0;
   OfferKinds();
   Renew();
 }
 
-void PicturesPane::ShowPhrases(std::vector<PhraseIndex> phrases) {
-  if (phrases == phrases_) return;
+void PicturesPane::ShowPhrases(std::vector<PhraseIndex> phrases, size_t selected) {
+  if (phrases == phrases_ && selected == selected_) return;
   phrases_ = std::move(phrases);
+  selected_ = selected;
   if (WantsPhrases()) Renew();
 }
 
@@ -116,12 +118,12 @@ void PicturesPane::ShowMade(const std::shared_ptr<const Picture>& made) {
   picCanvas->Show(
       made, run_ ? QStringLiteral("No phrase is listed.") : QStringLiteral("Nothing has been counted yet."));
   cmdSavePicture->setEnabled(made != nullptr);
-  const bool tooMany = WantsPhrases() && phrases_.size() > kMostPicturedPhrases;
-  lblPictureNotice->setText(
-      tooMany ? QStringLiteral("The first %1 of %2 selected phrases are shown.")
-                    .arg(QString::number(kMostPicturedPhrases),
-                         ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(phrases_.size()))))
-              : QString());
+  const bool tooMany = WantsPhrases() && selected_ > phrases_.size();
+  lblPictureNotice->setText(tooMany
+                                ? QStringLiteral("The first %1 of %2 selected phrases are shown.")
+                                      .arg(QString::number(phrases_.size()),
+                                           ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(selected_))))
+                                : QString());
   lblPictureNotice->setVisible(tooMany);
 }
 

@@ -30,9 +30,9 @@ class PicturesPane final : public QWidget {
 
   /// Null for nothing.
   void Show(std::shared_ptr<const CountedRun> run);
-  /// The phrases of the first two pictures: those that are selected in the table, or the most frequent ones
-  /// where none is. Further ones than kMostPicturedPhrases are left out, and that is said.
-  void ShowPhrases(std::vector<PhraseIndex> phrases);
+  /// The phrases of the first two pictures: the first of the `selected` ones, kMostPicturedPhrases at most.
+  /// The most frequent ones where none is selected.
+  void ShowPhrases(std::vector<PhraseIndex> phrases, size_t selected);
 
   void cboPicture_Click();
   void cmdSavePicture_Click();
@@ -53,6 +53,7 @@ class PicturesPane final : public QWidget {
   const Desktop& desktop_;
   std::shared_ptr<const CountedRun> run_;
   std::vector<PhraseIndex> phrases_;
+  size_t selected_ = 0;  ///< phrases_ and those that have no room in the picture.
   bool outdated_ = false;
   NewestJob jobs_;  ///< Last: its work uses the above.
 };
