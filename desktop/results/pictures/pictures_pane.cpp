@@ -43,7 +43,7 @@ PicturesPane::PicturesPane(const Desktop& desktop, QWidget* parent)
   lblPictureNotice = MakeLabel("lblPictureNotice", this);
   lblPictureNotice->setWordWrap(true);
   stack->addWidget(lblPictureNotice);
-  auto* scroll = Named(new QScrollArea(this), "scrPicture");
+  auto* scroll = Described(Named(new QScrollArea(this), "scrPicture"), "Picture");
   picCanvas = Named(new PictureCanvas(scroll), "picCanvas");
   scroll->setWidget(picCanvas);
   scroll->setWidgetResizable(true);
