@@ -48,13 +48,18 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   layout->addWidget(Notes);
   layout->addWidget(Views, 1);
   connect(Views, &QTabWidget::tabBarClicked, this, [this](int index) { chosen_ = RunView{index}; });
-  // Notes take a second and a third line in a narrow window. The least height has room for that.
-  setMinimumHeight(30 * fontMetrics().lineSpacing());
   ShowRun(nullptr);
   connect(Views, &QTabWidget::currentChanged, this, [this] {
     PictureSelected();
     ViewChanged();
   });
+}
+
+QSize ResultFrame::minimumSizeHint() const {
+  // Notes take a second and a third line in a narrow window, which the layout does not foresee.
+  constexpr int kFurtherLines = 4;
+  const QSize least = QWidget::minimumSizeHint();
+  return {least.width(), least.height() + kFurtherLines * fontMetrics().lineSpacing()};
 }
 
 QWidget* ResultFrame::MakeTable() {

@@ -53,6 +53,7 @@ class ResultFrame final : public QWidget {
   /// Keeps for the next window how the room is divided.
   void StoreLayout() const;
   std::vector<QWidget*> TabOrder(QWidget* below) const;
+  QSize minimumSizeHint() const override;
 
  private:
   QWidget* MakeTable();
