@@ -18,4 +18,7 @@ inline constexpr Question kKeepSettings{"KeepSettings"};
 /// Set everything to its defaults?
 inline constexpr Question kReinitialize{"Reinitialize"};
 
+/// Copy a great many rows of the table?
+inline constexpr Question kCopyManyRows{"CopyManyRows"};
+
 }  // namespace korv::questions

@@ -117,11 +117,75 @@ TEST_F(TableFilter, IsLeftForTheListByEnter) {
   EXPECT_EQ(Phrases().size(), 4);
 }
 
+TEST_F(TableFilter, HasLimitsThatFoldAway) {
+  EXPECT_FALSE(Find<QWidget>("fraLimits")->isVisible());
+  Click("cmdLimits");
+  EXPECT_TRUE(Find<QWidget>("fraLimits")->isVisible());
+  Type("txbLeast_frequency", "2");
+  Type("txbMost_frequency", "3");
+  EXPECT_THAT(Phrases(), ElementsAre("whale oil", "white sail"));
+  EXPECT_EQ(Find<QAbstractButton>("cmdLimits")->text(), "Limits (1)");
+  Click("cmdLimits");
+  EXPECT_FALSE(Find<QWidget>("fraLimits")->isVisible());
+  EXPECT_EQ(Phrases().size(), 2);
+}
+
+TEST_F(TableFilter, HasLimitsOfSeveralColumns) {
+  Click("cmdLimits");
+  Type("txbLeast_words", "3");
+  EXPECT_THAT(Phrases(), ElementsAre("the white whale"));
+  Type("txbMost_net_frequency", "4");
+  EXPECT_THAT(Phrases(), IsEmpty());
+  Click("cmdClearMatch");
+  EXPECT_EQ(Phrases().size(), 4);
+  EXPECT_EQ(Find<QLineEdit>("txbLeast_words")->text(), "");
+  EXPECT_EQ(Find<QAbstractButton>("cmdLimits")->text(), "Limits");
+}
+
+TEST_F(TableFilter, OfOneFileHasNoLimitOfFiles) {
+  Click("cmdLimits");
+  EXPECT_FALSE(Find<QLineEdit>("txbLeast_files")->isVisible());
+  EXPECT_TRUE(Find<QLineEdit>("txbLeast_frequency")->isVisible());
+}
+
+TEST_F(TableFilter, KeepsTheListWhileALimitIsNoNumber) {
+  Click("cmdLimits");
+  Type("txbLeast_frequency", "3");
+  Type("txbLeast_frequency", "many");
+  EXPECT_THAT(Phrases(), ElementsAre("the white whale", "whale oil"));
+  auto* field = Find<QLineEdit>("txbLeast_frequency");
+  EXPECT_EQ(field->toolTip(), "This is no number.");
+  EXPECT_EQ(field->accessibleDescription(), "This is no number.");
+  Type("txbLeast_frequency", "5");
+  EXPECT_EQ(field->toolTip(), "");
+  EXPECT_THAT(Phrases(), ElementsAre("the white whale"));
+}
+
+TEST_F(TableFilter, GivesTheCurrentPhraseBackThatItHid) {
+  Grid().GoTo(1);
+  ASSERT_EQ(Current(), "whale oil");
+  Type("txbMatch", "sail");
+  EXPECT_EQ(Current(), "");
+  Type("txbMatch", "");
+  EXPECT_EQ(Current(), "whale oil");
+}
+
+TEST_F(TableFilter, LeavesOutWhatTheUserDoesNotWant) {
+  panel->LeaveOut({PhraseIndex{3}, PhraseIndex{1}});
+  UntilIdle();
+  const std::string first = shown->Table.Text(PhraseIndex{1});
+  EXPECT_THAT(Phrases(), Not(testing::Contains(first)));
+  EXPECT_EQ(TextOf("lblPhraseCount").substr(0, 6), "2 of 4");
+  panel->LeaveOut({});
+  UntilIdle();
+  EXPECT_EQ(Phrases().size(), 4);
+}
+
 TEST_F(TableFilter, ShowsWhatWasTypedLast) {
   auto* box = Find<QLineEdit>("txbMatch");
   for (const char* text : {"white", "sail", "droit"}) {
     box->setText(QLatin1String(text));
-    panel->Match->Entered();
+    panel->Bar->Match->Entered();
   }
   UntilIdle();
   EXPECT_THAT(Phrases(), ElementsAre("côté droit"));

@@ -13,6 +13,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
@@ -25,6 +26,8 @@
 #include "desktop/results/table/match_bar.h"
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_table_panel.h"
+#include "desktop/results/table/row_details.h"
+#include "desktop/results/table/table_bar.h"
 #include "desktop/toolkit/qt_event_loop.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_desktop.h"
@@ -147,6 +150,15 @@ class TableTest : public testing::Test {
   }
   void Press(int key, Qt::KeyboardModifiers modifiers = {}) const {
     QTest::keyClick(&Grid(), static_cast<Qt::Key>(key), modifiers);
+    UntilIdle();
+  }
+  /// Chooses an entry of the menu of a button, as a user does who opens it.
+  void ChooseFrom(const char* button, const char* entry) const {
+    QMenu* const menu = Find<QToolButton>(button)->menu();
+    emit menu->aboutToShow();
+    auto* action = menu->findChild<QAction*>(QLatin1String(entry));
+    ASSERT_NE(action, nullptr) << entry;
+    action->trigger();
     UntilIdle();
   }
   /// The phrase that the keys act on.

@@ -64,15 +64,22 @@ void ColumnChoice::Choose(int section, bool shown) {
   Changed();
 }
 
-void ColumnChoice::ShowForNow(const QStringList& ids) {
+void ColumnChoice::ShowForNow(const QStringList& more) {
+  QStringList ids = KeptIds();
+  for (const QString& id : more)
+    if (!ids.contains(id)) ids.append(id);
   Apply(ids);
   Changed();
 }
 
 void ColumnChoice::ShowKept() {
-  const QStringList kept = store_.value(QLatin1String(kColumnsKey)).toStringList();
-  Apply(kept.isEmpty() ? DefaultIds() : kept);
+  Apply(KeptIds());
   Changed();
+}
+
+QStringList ColumnChoice::KeptIds() const {
+  const QStringList kept = store_.value(QLatin1String(kColumnsKey)).toStringList();
+  return kept.isEmpty() ? DefaultIds() : kept;
 }
 
 void ColumnChoice::RestoreDefaults() {
@@ -106,8 +113,8 @@ void ColumnChoice::FillMenu(QMenu& menu) {
 
 QStringList ColumnChoice::DefaultIds() const {
   QStringList ids;
-  for (const Column* column : model_.Columns())
-    if (IsShownAtFirst(column->Id)) ids.append(ToQt(column->Id));
+  for (const std::string_view id : ColumnsAtFirst())
+    if (model_.SectionOf(id) >= 0) ids.append(ToQt(id));
   return ids;
 }
 

@@ -28,8 +28,8 @@ class ColumnChoice final : public QObject {
   void SetOneFile(bool oneFile);
   /// The user shows or hides a column.
   void Choose(int section, bool shown);
-  /// Shows these for now, in this order, with the phrase among them; nothing is kept.
-  void ShowForNow(const QStringList& ids);
+  /// Shows the columns that are kept and these; nothing else is kept.
+  void ShowForNow(const QStringList& more);
   /// Back to what is kept.
   void ShowKept();
   /// Forgets what is kept.
@@ -38,6 +38,7 @@ class ColumnChoice final : public QObject {
   void FillMenu(QMenu& menu);
 
  private:
+  QStringList KeptIds() const;
   QStringList DefaultIds() const;
   void Apply(const QStringList& ids);
   void HideOrShow();

@@ -43,7 +43,9 @@ MatchBar::MatchBar(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   txbMatch = MakeTextBox("txbMatch", "Text that the listed phrases match", this);
   txbMatch->setPlaceholderText(QStringLiteral("Filter the phrases"));
   txbMatch->setClearButtonEnabled(true);
-  txbMatch->setMinimumWidth(12 * fontMetrics().averageCharWidth());
+  // The hint is read in full, beside the sign that clears the field.
+  txbMatch->setMinimumWidth(fontMetrics().horizontalAdvance(txbMatch->placeholderText()) +
+                            3 * fontMetrics().height());
   txbMatch->installEventFilter(this);
   chkMatchNot = MakeCheckBox("chkMatchNot", "n&ot", this);
   chkMatchNot->setToolTip(

@@ -60,15 +60,19 @@ PhraseGrid::PhraseGrid(PhraseTableModel& model, QWidget* parent) : QTableView(pa
 void PhraseGrid::Show(std::shared_ptr<const TableSource> source, PhraseList rows) {
   const bool sameRun =
       source != nullptr && model_.Source() != nullptr && &source->Table() == &model_.Source()->Table();
-  const PhraseIndex phrase = sameRun ? CurrentPhrase() : kNoPhrase;
+  const PhraseIndex current = sameRun ? CurrentPhrase() : kNoPhrase;
+  const PhraseIndex phrase = current != kNoPhrase || !sameRun ? current : lost_;
   const int top = verticalScrollBar()->value();
-  const int height = phrase == kNoPhrase ? 0 : currentIndex().row() - top;
+  const int height = current == kNoPhrase ? -1 : currentIndex().row() - top;
   const bool inSight = height >= 0 && height < viewport()->height() / verticalHeader()->defaultSectionSize();
   model_.Show(std::move(source), std::move(rows));
   executeDelayedItemsLayout();
-  if (!sameRun) return scrollToTop();
-  verticalScrollBar()->setValue(top);
+  if (sameRun)
+    verticalScrollBar()->setValue(top);
+  else
+    scrollToTop();
   const std::optional<uint32_t> row = phrase == kNoPhrase ? std::nullopt : model_.Rows().RowOf(phrase);
+  lost_ = row ? kNoPhrase : phrase;
   if (!row) return SelectionMoved();
   GoTo(static_cast<int>(*row));
   if (inSight) verticalScrollBar()->setValue(static_cast<int>(*row) - height);
@@ -96,9 +100,16 @@ PhraseIndex PhraseGrid::CurrentPhrase() const {
   return current.isValid() && selected ? model_.EntryAt(current.row()) : kNoPhrase;
 }
 
+std::vector<PhraseIndex> PhraseGrid::SelectedPhrases(size_t most) const {
+  std::vector<PhraseIndex> phrases;
+  for (const RowRange& range : SelectedRows())
+    for (int row = range.First; row <= range.Last && phrases.size() < most; ++row)
+      phrases.push_back(model_.EntryAt(row));
+  return phrases;
+}
+
 void PhraseGrid::GoTo(int row) {
-  const int column = currentIndex().isValid() ? currentIndex().column() : horizontalHeader()->logicalIndex(0);
-  const QModelIndex index = model_.index(row, column);
+  const QModelIndex index = model_.index(row, CurrentColumn());
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   scrollTo(index);
 }
@@ -139,15 +150,14 @@ void PhraseGrid::keyPressEvent(QKeyEvent* event) {
 
 QModelIndex PhraseGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
   if (model_.rowCount() > 0 && (action == MoveHome || action == MoveEnd)) {
-    const int column =
-        currentIndex().isValid() ? currentIndex().column() : horizontalHeader()->logicalIndex(0);
-    return model_.index(action == MoveHome ? 0 : model_.rowCount() - 1, column);
+    return model_.index(action == MoveHome ? 0 : model_.rowCount() - 1, CurrentColumn());
   }
   return QTableView::moveCursor(action, modifiers);
 }
 
 void PhraseGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTableView::selectionChanged(selected, deselected);
+  if (!selected.isEmpty()) lost_ = kNoPhrase;
   if (allSelected_ && !selectionModel()->selection().isEmpty()) {
     allSelected_ = false;
     viewport()->update();
@@ -158,6 +168,15 @@ void PhraseGrid::selectionChanged(const QItemSelection& selected, const QItemSel
 void PhraseGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
   SelectionMoved();
+}
+
+int PhraseGrid::CurrentColumn() const {
+  const QHeaderView& header = *horizontalHeader();
+  if (currentIndex().isValid() && !header.isSectionHidden(currentIndex().column()))
+    return currentIndex().column();
+  int visual = 0;
+  while (visual + 1 < header.count() && header.isSectionHidden(header.logicalIndex(visual))) ++visual;
+  return header.logicalIndex(visual);
 }
 
 void PhraseGrid::OpenCurrent() {

@@ -7,15 +7,9 @@
 #include <vector>
 
 #include "desktop/results/table/phrase_table_model.h"
+#include "desktop/results/table/row_range.h"
 
 namespace korv {
-
-/// Rows First..Last, both included.
-struct RowRange {
-  int First;
-  int Last;
-  bool operator==(const RowRange&) const = default;
-};
 
 /// The table itself: rows are selected whole, keys work as in a list, and typing jumps to a phrase.
 ///
@@ -37,6 +31,8 @@ class PhraseGrid final : public QTableView {
   bool IsAllSelected() const { return allSelected_; }
   /// The phrase that the keys act on; kNoPhrase when no row is selected.
   PhraseIndex CurrentPhrase() const;
+  /// Those of the selected rows, from the top, but no more than `most`.
+  std::vector<PhraseIndex> SelectedPhrases(size_t most) const;
   /// Selects the row, and scrolls to it where it is not in sight.
   void GoTo(int row);
 
@@ -52,10 +48,13 @@ class PhraseGrid final : public QTableView {
 
  private:
   void OpenCurrent();
+  /// The column of the current cell, or the first one in sight.
+  int CurrentColumn() const;
 
   PhraseTableModel& model_;
   bool allSelected_ = false;
-  QString typed_;  ///< By keys that followed each other at once.
+  PhraseIndex lost_ = kNoPhrase;  ///< The current phrase before a filter hid it.
+  QString typed_;                 ///< By keys that followed each other at once.
   QElapsedTimer sinceLastKey_;
 };
 

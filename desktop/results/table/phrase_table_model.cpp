@@ -10,8 +10,17 @@
 
 namespace korv {
 
-PhraseTableModel::PhraseTableModel(const NumberFormat& numbers, QObject* parent)
-    : QAbstractTableModel(parent), numbers_(numbers), columns_(TableColumns()) {}
+namespace {
+
+const QString kStillComputed = QStringLiteral("\u2026");
+
+}  // namespace
+
+PhraseTableModel::PhraseTableModel(const Desktop& desktop, QObject* parent)
+    : QAbstractTableModel(parent),
+      desktop_(desktop),
+      heavy_(desktop.Loop, [this] { TellOfNewValues(); }),
+      columns_(TableColumns()) {}
 
 int PhraseTableModel::SectionOf(std::string_view id) const {
   const auto found = std::ranges::find(columns_, id, [](const Column* column) { return column->Id; });
@@ -20,9 +29,16 @@ int PhraseTableModel::SectionOf(std::string_view id) const {
 
 void PhraseTableModel::Show(std::shared_ptr<const TableSource> source, PhraseList rows) {
   beginResetModel();
+  if (source_ != source) heavy_.Use(source);
   source_ = std::move(source);
   rows_ = std::move(rows);
   endResetModel();
+}
+
+void PhraseTableModel::ShowValues(std::shared_ptr<const TableSource> source) {
+  heavy_.Use(source);
+  source_ = std::move(source);
+  TellOfNewValues();
 }
 
 void PhraseTableModel::TellOfNewValues() {
@@ -31,10 +47,6 @@ void PhraseTableModel::TellOfNewValues() {
 
 PhraseIndex PhraseTableModel::EntryAt(int row) const {
   return rows_.EntryAt(static_cast<uint32_t>(row));
-}
-
-Cell PhraseTableModel::ValueAt(int row, int section, std::string& text) const {
-  return source_->ValueOf(*columns_[static_cast<size_t>(section)], EntryAt(row), text);
 }
 
 int PhraseTableModel::rowCount(const QModelIndex& parent) const {
@@ -46,8 +58,14 @@ int PhraseTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QString PhraseTableModel::ShownText(const QModelIndex& index) const {
+  const Column& column = ColumnOf(index);
+  const PhraseIndex entry = EntryAt(index.row());
+  if (!source_->Has(column.Needs)) return kStillComputed;
   std::string text;
-  return ShownCell(ColumnOf(index), ValueAt(index.row(), index.column(), text), numbers_);
+  if (!HeavyCells::Holds(*source_, column, entry))
+    return ShownCell(column, source_->ValueOf(column, entry, text), desktop_.Numbers);
+  const std::optional<Cell> found = heavy_.Find(column, entry);
+  return found ? ShownCell(column, *found, desktop_.Numbers) : kStillComputed;
 }
 
 QVariant PhraseTableModel::data(const QModelIndex& index, int role) const {
@@ -73,8 +91,10 @@ QVariant PhraseTableModel::headerData(int section, Qt::Orientation orientation, 
   switch (role) {
     case Qt::DisplayRole:
       return ToQt(column.Heading);
+    case Qt::AccessibleDescriptionRole:
+      return ToQt(column.Definition);
     case Qt::ToolTipRole:
-      return source_ ? TipOfColumn(column, source_->Run().Facts, numbers_) : ToQt(column.Definition);
+      return source_ ? TipOfColumn(column, source_->Run().Facts, desktop_.Numbers) : ToQt(column.Definition);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));

@@ -4,7 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "base/number_format.h"
+#include "desktop/desktop.h"
+#include "desktop/results/table/heavy_cells.h"
 #include "desktop/results/table/table_source.h"
 #include "engine/analysis/phrase_list.h"
 #include "report/columns/column.h"
@@ -15,8 +16,8 @@ namespace korv {
 /// columns give its cells. Holds no text and nothing per row beside the list.
 class PhraseTableModel final : public QAbstractTableModel {
  public:
-  /// `numbers` outlives this.
-  PhraseTableModel(const NumberFormat& numbers, QObject* parent);
+  /// `desktop` outlives this.
+  PhraseTableModel(const Desktop& desktop, QObject* parent);
 
   /// The columns of the table, by section. Constants.
   const std::vector<const Column*>& Columns() const { return columns_; }
@@ -25,15 +26,14 @@ class PhraseTableModel final : public QAbstractTableModel {
 
   /// Shows these rows of a run instead of what it showed; a null source for nothing.
   void Show(std::shared_ptr<const TableSource> source, PhraseList rows);
-  /// Values that were still being computed have come.
-  void TellOfNewValues();
+  /// The same rows of the same run, of which more values are there.
+  void ShowValues(std::shared_ptr<const TableSource> source);
+  /// Whether no value is being found.
+  bool Idle() const { return heavy_.Idle(); }
 
   const std::shared_ptr<const TableSource>& Source() const { return source_; }
   const PhraseList& Rows() const { return rows_; }
   PhraseIndex EntryAt(int row) const;
-  /// The value of a cell; a text lives as long as `text`, which is used for it. Not defined while it is being
-  /// computed.
-  Cell ValueAt(int row, int section, std::string& text) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -45,8 +45,10 @@ class PhraseTableModel final : public QAbstractTableModel {
     return *columns_[static_cast<size_t>(index.column())];
   }
   QString ShownText(const QModelIndex& index) const;
+  void TellOfNewValues();
 
-  const NumberFormat& numbers_;
+  const Desktop& desktop_;
+  mutable HeavyCells heavy_;
   std::vector<const Column*> columns_;
   std::shared_ptr<const TableSource> source_;
   PhraseList rows_;

@@ -3,25 +3,30 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/run/run.h"
 #include "base/newest_job.h"
 #include "desktop/desktop.h"
+#include "desktop/results/table/presets.h"
+#include "desktop/results/table/row_copier.h"
+#include "desktop/results/table/row_menu.h"
 #include "desktop/results/table/table_work.h"
 
-class QLabel;
-class QPushButton;
+class QBoxLayout;
 class QTimer;
-class QToolButton;
 
 namespace korv {
 
 class ColumnChoice;
+class ElidingLabel;
 class EmptyTableNote;
-class MatchBar;
 class PhraseGrid;
 class PhraseTableModel;
+class PresetNote;
+class RowDetails;
+class TableBar;
 
 /// The phrases of a finished run as a table: all of them, ordered by any column, filtered while one types.
 class PhraseTablePanel final : public QWidget {
@@ -29,45 +34,66 @@ class PhraseTablePanel final : public QWidget {
   PhraseTablePanel(const Desktop& desktop, QWidget* parent);
   ~PhraseTablePanel() override;
 
-  MatchBar* Match = nullptr;
-  QToolButton* cmdColumns = nullptr;
-  QLabel* lblPhraseCount = nullptr;
-  QLabel* lblMatchFault = nullptr;
+  TableBar* Bar = nullptr;
+  ElidingLabel* lblMatchFault = nullptr;
   PhraseGrid* tblPhrases = nullptr;
+  RowDetails* Details = nullptr;
 
-  std::function<void(PhraseIndex)> ShowContexts = [](PhraseIndex) {
-  };  ///< The user wants to see where it stands.
+  /// The user wants to see where a phrase stands.
+  std::function<void(PhraseIndex)> ShowContexts = [](PhraseIndex) {};
+  /// What others do with a phrase. Those that are not set are not offered.
+  RowActions Actions;
   std::function<void(PhraseIndex)> CurrentChanged = [](PhraseIndex) {};  ///< kNoPhrase: none is selected.
+  /// The user wants to count again with the short words that the run dropped. Not offered where it is not
+  /// set.
+  std::function<void()> CountWithShortWords;
 
   void cmdClearMatch_Click();
+  void cmdRowDetails_Click();
 
-  /// Shows a run, with the order and the filter that hold; null for nothing.
+  /// Shows a run, with the order and the filter that hold; null for nothing. No phrase is left out.
   void Show(std::shared_ptr<const CountedRun> run);
-  /// Whether the rows that were asked for are there.
+  /// Whether the rows that were asked for are there, with all values in sight.
   bool Idle() const;
   /// The phrase of the row that keys act on; kNoPhrase where there is none.
   PhraseIndex CurrentPhrase() const;
+  /// Selects the row of a phrase, if it has one.
+  void GoTo(PhraseIndex phrase);
+  /// Shows none of these phrases, whatever the filter.
+  void LeaveOut(std::vector<PhraseIndex> phrases);
   /// The focus goes to the filter, all of it selected.
   void StartFiltering();
   std::vector<QWidget*> TabOrder() const;
 
  private:
-  void Build();
+  QBoxLayout* MakeNotes();
+  QWidget* MakeRows();
   void Connect();
+  void ConnectGrid();
+  void ConnectMenus();
+
   void SortBy(int section, Qt::SortOrder order);
   void FilterNow();
   void Ask();
   void Take(const TableAnswer& answer);
   void ShowCount(bool whole);
+  void ColumnsChanged();
+  void ShowDetails();
+  void Copy(bool heading);
+  int Find(int from, const QString& typed) const;
+  void ShowRowMenu(const QPoint& at);
+  void Follow(const Preset& preset);
 
   const Desktop& desktop_;
   PhraseTableModel* model_;
   ColumnChoice* columns_ = nullptr;
   EmptyTableNote* empty_ = nullptr;
+  PresetNote* presetNote_ = nullptr;
   QTimer* tmrMatch_;
   TableRequest request_;
   std::shared_ptr<TableWork> work_;  ///< Of the run that is shown. Used by the job.
-  NewestJob job_;                    ///< Last: its jobs use the above.
+  RowCopier copier_;
+  NewestJob job_;  ///< Last: its jobs use the above.
 };
 
 }  // namespace korv

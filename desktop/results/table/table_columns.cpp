@@ -7,10 +7,10 @@
 
 namespace korv {
 
-bool IsShownAtFirst(std::string_view id) {
-  static constexpr std::array<std::string_view, 8> kShownAtFirst = {
+std::span<const std::string_view> ColumnsAtFirst() {
+  static constexpr std::array<std::string_view, 8> kAtFirst = {
       "rank", "phrase", "frequency", "per_million", "words", "files", "dispersion", "net_frequency"};
-  return std::ranges::find(kShownAtFirst, id) != kShownAtFirst.end();
+  return kAtFirst;
 }
 
 bool TellsFilesApart(std::string_view id) {

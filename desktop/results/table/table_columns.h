@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <span>
 #include <string_view>
 
 #include "base/number_format.h"
@@ -9,8 +10,8 @@
 
 namespace korv {
 
-/// Whether the table shows the column to a user who has chosen none.
-bool IsShownAtFirst(std::string_view id);
+/// The names of the columns that the table shows to a user who has chosen none, from the left.
+std::span<const std::string_view> ColumnsAtFirst();
 
 /// Whether the column says the same of every phrase where all the text is one file.
 bool TellsFilesApart(std::string_view id);

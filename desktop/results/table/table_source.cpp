@@ -11,21 +11,41 @@
 namespace korv {
 
 std::shared_ptr<const TableSource> TableSource::Of(std::shared_ptr<const CountedRun> run, Yielder& yielder) {
-  const std::shared_ptr<TableSource> source(new TableSource(std::move(run)));
-  const PhraseTable& table = source->Table();
-  for (const CorpusSource& text : table.Corpus().Sources)
-    source->sourcePaths_.push_back(PathToText(text.Path));
-  source->filesWithWords_ = FilesWithWords(table, source->run_->Facts);
+  auto base = std::make_shared<Base>();
+  base->Run = std::move(run);
+  const PhraseTable& table = base->Run->Table;
+  for (const CorpusSource& text : table.Corpus().Sources) base->SourcePaths.push_back(PathToText(text.Path));
+  base->FilesWithWords = korv::FilesWithWords(table, base->Run->Facts);
   // The chain may be threaded anew while the table is looked at.
-  source->ranks_ = RanksByCount(table, yielder);
-  return yielder.Stopped() ? nullptr : source;
+  base->Ranks = RanksByCount(table, yielder);
+  if (yielder.Stopped()) return nullptr;
+  return std::shared_ptr<const TableSource>(new TableSource(std::move(base)));
+}
+
+std::shared_ptr<const TableSource> TableSource::With(const AnalysisNeeds& needs, Yielder& yielder) const {
+  // The window may be reading the analysis that is there, so it gets another one.
+  auto analysis = std::make_shared<PhraseAnalysis>(Table(), PartChoice{});
+  AnalysisNeeds all = prepared_;
+  all |= needs;
+  if (!analysis->Prepare(all, yielder)) return nullptr;
+  const std::shared_ptr<TableSource> source(new TableSource(base_));
+  source->analysis_ = std::move(analysis);
+  source->prepared_ = all;
+  return source;
+}
+
+bool TableSource::Has(const AnalysisNeeds& needs) const {
+  AnalysisNeeds all = prepared_;
+  all |= needs;
+  return all == prepared_;
 }
 
 ColumnSource TableSource::View() const {
-  ColumnSource view{run_->Table, run_->Facts};
-  view.SourcePaths = sourcePaths_;
-  view.FilesWithWords = filesWithWords_;
-  view.FrequencyRanks = ranks_;
+  ColumnSource view{base_->Run->Table, base_->Run->Facts};
+  view.SourcePaths = base_->SourcePaths;
+  view.FilesWithWords = base_->FilesWithWords;
+  view.FrequencyRanks = base_->Ranks;
+  view.Analysis = analysis_.get();
   return view;
 }
 

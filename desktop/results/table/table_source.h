@@ -16,22 +16,33 @@ class TableSource {
  public:
   /// Prepares ranks and paths, which costs a moment for any run. Null when stopped. `run` is not null.
   static std::shared_ptr<const TableSource> Of(std::shared_ptr<const CountedRun> run, Yielder& yielder);
+  /// The same run with what `needs` asks for, too. Null when stopped.
+  std::shared_ptr<const TableSource> With(const AnalysisNeeds& needs, Yielder& yielder) const;
 
-  const CountedRun& Run() const { return *run_; }
-  const PhraseTable& Table() const { return run_->Table; }
+  const CountedRun& Run() const { return *base_->Run; }
+  const PhraseTable& Table() const { return base_->Run->Table; }
   /// Whether all the text is one file. Then there is nothing to say about files.
-  bool IsOneFile() const { return filesWithWords_ <= 1; }
+  bool IsOneFile() const { return base_->FilesWithWords <= 1; }
+  uint64_t FilesWithWords() const { return base_->FilesWithWords; }
+  /// Whether what the needs ask for has been prepared.
+  bool Has(const AnalysisNeeds& needs) const;
   ColumnSource View() const;
   /// The value that `column` has for an entry; a text of it lives as long as `text`, which is used for it.
   Cell ValueOf(const Column& column, PhraseIndex entry, std::string& text) const;
 
  private:
-  explicit TableSource(std::shared_ptr<const CountedRun> run) : run_(std::move(run)) {}
+  struct Base {
+    std::shared_ptr<const CountedRun> Run;
+    std::vector<std::string> SourcePaths;
+    std::vector<PhraseRank> Ranks;
+    uint64_t FilesWithWords = 0;
+  };
 
-  std::shared_ptr<const CountedRun> run_;
-  std::vector<std::string> sourcePaths_;
-  std::vector<PhraseRank> ranks_;
-  uint64_t filesWithWords_ = 0;
+  explicit TableSource(std::shared_ptr<const Base> base) : base_(std::move(base)) {}
+
+  std::shared_ptr<const Base> base_;
+  std::shared_ptr<const PhraseAnalysis> analysis_;  ///< Null where nothing was needed.
+  AnalysisNeeds prepared_;
 };
 
 }  // namespace korv

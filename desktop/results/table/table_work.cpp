@@ -1,14 +1,50 @@
 #include "desktop/results/table/table_work.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 #include "report/columns/column_keys.h"
 
 namespace korv {
 
+namespace {
+
+/// What has to be computed before the rows are known.
+AnalysisNeeds NeedsOfRows(const TableRequest& request) {
+  AnalysisNeeds needs = request.SortBy->Needs;
+  for (const Limit& limit : request.Filter.Limits) needs |= limit.Of->Needs;
+  return needs;
+}
+
+/// Those of the entries that pass but for the ones that are left out.
+RowTest Without(RowTest passes, const std::vector<PhraseIndex>& leftOut) {
+  if (leftOut.empty()) return passes;
+  return [passes = std::move(passes), &leftOut](std::span<const PhraseIndex> entries, uint64_t candidates) {
+    uint64_t passing = passes(entries, candidates);
+    for (size_t k = 0; k < entries.size(); ++k)
+      if (std::ranges::binary_search(leftOut, entries[k])) passing &= ~(uint64_t{1} << k);
+    return passing;
+  };
+}
+
+}  // namespace
+
 void TableWork::Answer(const TableRequest& request, Yielder& yielder, const Tell& tell) {
+  if (!Prepare(NeedsOfRows(request), yielder)) return;
+  if (!Order(request, yielder) || !Filter(request, yielder, tell)) return;
+  if (source_->Has(request.Shown)) return;
+  if (Prepare(request.Shown, yielder)) tell({.Source = source_});
+}
+
+bool TableWork::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
   if (source_ == nullptr) source_ = TableSource::Of(run_, yielder);
-  if (source_ != nullptr && Order(request, yielder)) Filter(request, yielder, tell);
+  if (source_ == nullptr) return false;
+  if (source_->Has(needs)) return true;
+  std::shared_ptr<const TableSource> prepared = source_->With(needs, yielder);
+  if (prepared == nullptr) return false;
+  source_ = std::move(prepared);
+  return true;
 }
 
 bool TableWork::Order(const TableRequest& request, Yielder& yielder) {
@@ -28,22 +64,31 @@ bool TableWork::Order(const TableRequest& request, Yielder& yielder) {
   return true;
 }
 
-void TableWork::Filter(const TableRequest& request, Yielder& yielder, const Tell& tell) {
-  if (request.Filter == last_.Filter) return tell({.Source = source_, .Rows = rows_});
-  const ColumnSource view = source_->View();
-  const auto passes = CompileFilter(request.Filter, view, yielder);
-  if (!passes) return tell({.Source = source_, .Fault = passes.Error()});
-  std::optional<PhraseList> rows = all_;
-  if (!PassesAll(request.Filter)) {
-    rows = FilterRows(
-        source_->Table(), all_.Order(), *passes, yielder,
-        [&](const PhraseList& found, uint32_t) { tell({.Source = source_, .Rows = found, .Whole = false}); },
-        Narrows(last_.Filter, request.Filter) ? &rows_ : nullptr);
+bool TableWork::Filter(const TableRequest& request, Yielder& yielder, const Tell& tell) {
+  const bool sameLeftOut = request.LeftOut == last_.LeftOut;
+  if (sameLeftOut && request.Filter == last_.Filter) {
+    tell({.Source = source_, .Rows = rows_});
+    return true;
   }
-  if (!rows || yielder.Stopped()) return;
+  const ColumnSource view = source_->View();
+  auto passes = CompileFilter(request.Filter, view, yielder);
+  if (!passes) {
+    tell({.Source = source_, .Rows = rows_, .Fault = passes.Error()});
+    return true;
+  }
+  std::optional<PhraseList> rows = all_;
+  if (!PassesAll(request.Filter) || !request.LeftOut.empty()) {
+    rows = FilterRows(
+        source_->Table(), all_.Order(), Without(*std::move(passes), request.LeftOut), yielder,
+        [&](const PhraseList& found, uint32_t) { tell({.Source = source_, .Rows = found, .Whole = false}); },
+        sameLeftOut && Narrows(last_.Filter, request.Filter) ? &rows_ : nullptr);
+  }
+  if (!rows || yielder.Stopped()) return false;
   rows_ = *std::move(rows);
   last_.Filter = request.Filter;
+  last_.LeftOut = request.LeftOut;
   tell({.Source = source_, .Rows = rows_});
+  return true;
 }
 
 }  // namespace korv

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/yielder.h"
 #include "desktop/results/table/table_source.h"
@@ -18,14 +19,17 @@ struct TableRequest {
   const Column* SortBy = nullptr;
   SortDirection Direction = SortDirection::Ascending;
   RowFilter Filter;
+  std::vector<PhraseIndex> LeftOut;  ///< Never shown. Ascending.
+  AnalysisNeeds Shown;               ///< Of the columns in sight.
 };
 
 /// What there is to see.
 struct TableAnswer {
   std::shared_ptr<const TableSource> Source;
-  PhraseList Rows{};
+  /// Nothing: the rows are as they were, but values that were being computed have come.
+  std::optional<PhraseList> Rows{};
   bool Whole = true;    ///< False: further rows may pass the filter; the answer with them follows.
-  std::string Fault{};  ///< Why the query makes no sense; empty when it does. There are no rows then.
+  std::string Fault{};  ///< Why the query makes no sense; the rows pass the one before.
 };
 
 /// Orders and filters the phrases of one run, as a job on a thread of its own. Remembers the last order and
@@ -36,12 +40,14 @@ class TableWork {
 
   explicit TableWork(std::shared_ptr<const CountedRun> run) : run_(std::move(run)) {}
 
-  /// Tells the first rows early, and then all of them. Nothing more when stopped.
+  /// Tells the first rows early, then all of them, then that the values of all columns are there. Nothing
+  /// more when stopped.
   void Answer(const TableRequest& request, Yielder& yielder, const Tell& tell);
 
  private:
+  bool Prepare(const AnalysisNeeds& needs, Yielder& yielder);
   bool Order(const TableRequest& request, Yielder& yielder);
-  void Filter(const TableRequest& request, Yielder& yielder, const Tell& tell);
+  bool Filter(const TableRequest& request, Yielder& yielder, const Tell& tell);
 
   std::shared_ptr<const CountedRun> run_;
   std::shared_ptr<const TableSource> source_;  ///< Null until it is prepared.

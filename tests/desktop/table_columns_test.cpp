@@ -1,0 +1,149 @@
+// The columns of the table: which there are, what they say of themselves, and what is kept of them.
+
+#include "desktop/results/table/table_columns.h"
+
+#include "report/columns/registry.h"
+#include "tests/desktop/table_test.h"
+
+namespace korv {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+/// Two files of a folder.
+std::shared_ptr<const CountedRun> Folder() {
+  ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.Options.KeepPlaces = true;
+  world.BeginFile("a.txt");
+  world.Say("old ship", 3);
+  world.BeginFile("b.txt");
+  world.Say("old ship", 2);
+  world.Say("red sea", 2);
+  world.Facts.Words.Taken = 14;
+  return RunOf(std::move(world));
+}
+
+class TableColumnsTest : public TableTest {};
+
+TEST_F(TableColumnsTest, AreTheUsualOnesAtFirst) {
+  Show(Folder());
+  EXPECT_THAT(Headings(),
+              ElementsAre("Rank", "Phrase", "Freq", "Per million", "Words", "Files", "Dispersion", "Alone"));
+}
+
+TEST_F(TableColumnsTest, OfOneFileSayNothingOfFiles) {
+  Show(RunOf({{"old ship", 3}}));
+  EXPECT_THAT(Headings(), Not(Contains("Files")));
+  Show(Folder());
+  EXPECT_THAT(Headings(), Contains("Files"));
+}
+
+TEST_F(TableColumnsTest, ShowWhatIsComputedBesideTheWindow) {
+  Show(Folder());
+  EXPECT_THAT(Column("Files"), ElementsAre("2", "1"));
+  EXPECT_THAT(Column("Alone"), ElementsAre("5", "2"));
+}
+
+TEST_F(TableColumnsTest, AreChosenFromAMenu) {
+  Show(Folder());
+  ChooseFrom("cmdColumns", "mnuColumn_characters");
+  EXPECT_THAT(Headings(), Contains("Characters"));
+  EXPECT_THAT(Column("Characters"), ElementsAre("8", "7"));
+  ChooseFrom("cmdColumns", "mnuColumn_words");
+  EXPECT_THAT(Headings(), Not(Contains("Words")));
+}
+
+TEST_F(TableColumnsTest, AlwaysHaveThePhrase) {
+  Show(Folder());
+  ChooseFrom("cmdColumns", "mnuColumn_phrase");
+  EXPECT_THAT(Headings(), Contains("Phrase"));
+}
+
+TEST_F(TableColumnsTest, AreAllInTheMenuButThoseOfTheReport) {
+  Show(Folder());
+  QMenu* const menu = Find<QToolButton>("cmdColumns")->menu();
+  emit menu->aboutToShow();
+  for (const korv::Column* column : AllColumns()) {
+    const QString name = QStringLiteral("mnuColumn_") + QString::fromStdString(std::string(column->Id));
+    const bool ofReports = column->Value == nullptr || column->Id.starts_with("report_") ||
+                           column->Id == "file_frequency" || column->Id == "relative_frequency";
+    EXPECT_EQ(menu->findChild<QAction*>(name) == nullptr, ofReports) << column->Id;
+  }
+}
+
+TEST_F(TableColumnsTest, AreKeptWithTheirOrderAndWidths) {
+  Show(Folder());
+  ChooseFrom("cmdColumns", "mnuColumn_characters");
+  QHeaderView& header = *Grid().horizontalHeader();
+  header.moveSection(header.visualIndex(Section("Freq")), 0);
+  header.resizeSection(Section("Phrase"), 333);
+  const std::vector<std::string> before = Headings();
+  ASSERT_EQ(before.front(), "Freq");
+  Open();
+  Show(Folder());
+  EXPECT_EQ(Headings(), before);
+  EXPECT_EQ(Grid().horizontalHeader()->sectionSize(Section("Phrase")), 333);
+}
+
+TEST_F(TableColumnsTest, BecomeTheUsualOnesAgain) {
+  Show(Folder());
+  const std::vector<std::string> usual = Headings();
+  ChooseFrom("cmdColumns", "mnuColumn_characters");
+  Grid().horizontalHeader()->moveSection(0, 3);
+  ChooseFrom("cmdColumns", "mnuUsualColumns");
+  EXPECT_EQ(Headings(), usual);
+  Open();
+  Show(Folder());
+  EXPECT_EQ(Headings(), usual);
+}
+
+TEST_F(TableColumnsTest, SayWhatTheyMeanAndOfWhat) {
+  Show(Folder());
+  for (int section = 0; section < Model().columnCount(); ++section) {
+    const std::string tip =
+        Model().headerData(section, Qt::Horizontal, Qt::ToolTipRole).toString().toStdString();
+    const std::string heading =
+        Model().headerData(section, Qt::Horizontal).toString().toHtmlEscaped().toStdString();
+    EXPECT_THAT(tip, HasSubstr("<b>" + heading + "</b>"));
+  }
+  EXPECT_THAT(
+      Model().headerData(Section("Per million"), Qt::Horizontal, Qt::ToolTipRole).toString().toStdString(),
+      HasSubstr("N = 14 running words, n = 14 words taken."));
+}
+
+TEST_F(TableColumnsTest, OrderTheRowsFromTheMenuToo) {
+  Show(Folder());
+  ChooseFrom("cmdColumns", "mnuOrderBy_phrase");
+  EXPECT_THAT(Phrases(), ElementsAre("old ship", "red sea"));
+  ChooseFrom("cmdColumns", "mnuReverseOrder");
+  EXPECT_THAT(Phrases(), ElementsAre("red sea", "old ship"));
+}
+
+TEST_F(TableColumnsTest, OfHeavyPhrasesAreFoundBesideTheWindow) {
+  ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.Options.KeepPlaces = true;
+  world.BeginFile("a.txt");
+  world.Say("old ship", 5000);
+  world.BeginFile("b.txt");
+  world.Say("old ship", 5000);
+  Show(RunOf(std::move(world)));
+  static_cast<void>(Column("Files"));
+  UntilIdle();
+  EXPECT_THAT(Column("Files"), ElementsAre("2"));
+}
+
+TEST_F(TableColumnsTest, ExplainTheColumnAlone) {
+  Show(Folder());
+  EXPECT_TRUE(Find<QLabel>("lblAlone")->isVisible());
+  EXPECT_THAT(TextOf("lblAlone"), HasSubstr("do not stand within an occurrence of a longer phrase"));
+  ChooseFrom("cmdColumns", "mnuColumn_net_frequency");
+  EXPECT_FALSE(Find<QLabel>("lblAlone")->isVisible());
+}
+
+}  // namespace
+}  // namespace korv
