@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/run/run.h"
 #include "app/workspace.h"
@@ -31,7 +32,8 @@ struct ShownResult {
   std::chrono::seconds Took{};            ///< From its start to its end, questions aside.
   std::chrono::system_clock::time_point Ended{};
   ShownListing Listing;
-  bool InSight = false;  ///< The text box holds that listing, or names its file.
+  bool InSight = false;              ///< The text box holds that listing, or names its file.
+  std::vector<PhraseIndex> LeftOut;  ///< Phrases that the user has left out of its table.
 };
 
 /// Whether single words were counted, not phrases.

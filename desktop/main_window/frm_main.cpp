@@ -27,6 +27,7 @@
 #include "desktop/main_window/settings_controller.h"
 #include "desktop/main_window/settings_steps.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/table_actions.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/questions.h"
 #include "desktop/results/chip_row.h"

@@ -28,6 +28,7 @@ class RunController;
 class SettingsBinding;
 class SettingsController;
 class SettingsSteps;
+class TableActions;
 
 /// The program's main window. It assembles its panels and the controllers behind them, starts up and quits;
 /// all else is theirs.
@@ -135,6 +136,7 @@ class frmMain final : public QMainWindow, public SettingsHost {
   std::unique_ptr<SettingsBinding> binding_;
   std::unique_ptr<SettingsController> settingsController_;
   std::unique_ptr<SettingsSteps> steps_;
+  std::unique_ptr<TableActions> tableActions_;
   std::unique_ptr<RunController> run_;
   std::unique_ptr<ResultController> result_;
   std::unique_ptr<Opening> opening_;

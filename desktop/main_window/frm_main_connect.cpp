@@ -20,12 +20,16 @@
 #include "desktop/main_window/settings_controller.h"
 #include "desktop/main_window/settings_steps.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/table_actions.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
+#include "desktop/results/contexts/contexts_pane.h"
+#include "desktop/results/contexts/why_panel.h"
 #include "desktop/results/filter_panel.h"
 #include "desktop/results/result_frame.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/results/run_tabs.h"
+#include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/widgets/settings_binding.h"
@@ -53,6 +57,9 @@ void frmMain::MakeControllers() {
       SettingsController::Hooks{.Applied = [this] { result_->FollowControls(); },
                                 .WordsChanged = [this] { SetWordsToIgnoreNotice(); }});
   steps_ = std::make_unique<SettingsSteps>(work_, *settingsController_);
+  tableActions_ = std::make_unique<TableActions>(panels_, work_, *steps_, *result_);
+  result_->RunChanged = [this] { tableActions_->FollowRun(); };
+  result_->Shown = [this] { tableActions_->ShowChips(); };
   opening_ = std::make_unique<Opening>(
       desktop_, *panels_.Source, [this] { return run_->Idle(); },
       [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); });
@@ -109,6 +116,14 @@ void frmMain::ConnectPanels() {
   panels_.Frame->Notes->OnAction([this](NoteAction action) {
     Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();
   });
+  panels_.Frame->Contexts->Why->WayOut = [this](NoteAction action) {
+    Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();
+  };
+  panels_.Frame->Table->CountWithShortWords = [this] {
+    steps_->Do("Count short words",
+               [](Workspace::State& state) { state.Chosen.Words.IgnoreShortWords = false; });
+    run_->cmdCountPhrases_Click();
+  };
   result.Filter->FilterResults = [this] { result_->FilterResults(); };
   result.Filter->ModeChosen = [this] { result_->RelistAfterChange(); };
   connect(Timer1, &QTimer::timeout, this, Guarded(messages_, "Timer1_Timer", [this] { Timer1_Timer(); }));

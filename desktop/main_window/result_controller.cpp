@@ -18,9 +18,7 @@
 #include "desktop/main_window/source_panel.h"
 #include "desktop/main_window/status_line.h"
 #include "desktop/questions.h"
-#include "desktop/results/chip_row.h"
 #include "desktop/results/filter_panel.h"
-#include "desktop/results/head_line.h"
 #include "desktop/results/result_frame.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
@@ -82,6 +80,7 @@ void ResultController::Take(FinishedRun finished) {
   runs_.Add(std::move(finished.Result));
   result_ = runs_.InFront();
   panels_.Frame->ShowRun(result_);
+  RunChanged();
   DescribeRun();
   ShowMemory();
   panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
@@ -206,6 +205,7 @@ void ResultController::OfferToWrite() {
 void ResultController::FrontHasChanged() {
   result_ = runs_.InFront();
   panels_.Frame->ShowRun(result_);
+  RunChanged();
   if (!run_.Idle()) return;
   if (runs_.BringBox()) FollowControls();
   ShowResult();
@@ -246,19 +246,9 @@ void ResultController::ShowResult() {
   ShowNotes();
 }
 
-void ResultController::ShowChips() {
-  std::vector<Chip> chips;
-  const ReportOptions listed = result_ ? result_->Listing.Options : ReportOptions{};
-  if (result_ && result_->InSight && listed.FilterActive && !listed.FilterText.empty())
-    chips.push_back({.Text = "Report filtered: " + listed.FilterText,
-                     .Tip = "The report has only phrases that match. Click to list all.",
-                     .Remove = [this] { TakeWayOut(NoteAction::ShowAll); }});
-  panels_.Frame->Head->Chips->ShowChips(std::move(chips));
-}
-
 void ResultController::ShowNotes() {
   runs_.MarkChanged(work_.RequestOfNow());
-  ShowChips();
+  Shown();
   std::vector<ResultNote> notes;
   // How it is listed concerns the report alone.
   if (result_)

@@ -33,6 +33,11 @@ class ResultController final : public QObject {
   /// Words have been read and their phrases can be listed.
   bool HasResult() const { return result_ != nullptr; }
   const OpenRuns& Runs() const { return runs_; }
+  /// Null before the first run.
+  const std::shared_ptr<ShownResult>& InFront() const { return result_; }
+
+  std::function<void()> RunChanged = [] {};  ///< Another run has come in front.
+  std::function<void()> Shown = [] {};       ///< What restricts the result may be something else now.
   /// They were read under these word rules.
   bool ResultKeepsTo(const WordRules& rules) const;
 
@@ -71,8 +76,6 @@ class ResultController final : public QObject {
   bool WantsFilter() const;
   void ShowCounts();
   void ShowNotes();
-  /// The restrictions in force, each with what lifts it.
-  void ShowChips();
   void TakeListing(ShownResult& result, ShownListing listing);
   /// Puts into the tool tip of the tab in front how its run came about.
   void DescribeRun();

@@ -74,6 +74,11 @@ QWidget* ResultFrame::MakeTable() {
     ShowContexts();
     Contexts->ShowPhrase(phrase);
   };
+  Table->Actions.ShowWhy = [this](PhraseIndex phrase) {
+    ShowContexts();
+    Contexts->ShowPhrase(phrase);
+    Contexts->ShowWhy();
+  };
   return splTable;
 }
 
