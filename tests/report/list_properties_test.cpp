@@ -99,8 +99,9 @@ RC_GTEST_PROP(ListProperties, LimitsLetPassWhatLiesBetween, ()) {
     return n < 0 ? std::optional<double>() : n;
   };
   const auto limit = [&](const Known& known) { return Limit{FindColumn(known.Id), bound(6), bound(40)}; };
-  const RowFilter filter{{.Text = *rc::gen::elementOf(std::vector<std::string>{"", "a", "-a", "he"})},
-                         {limit(one), limit(two)}};
+  RowFilter filter;
+  filter.Query.Text = *rc::gen::elementOf(std::vector<std::string>{"", "a", "-a", "he"});
+  filter.Limits = {limit(one), limit(two)};
   const Column* columns[] = {filter.Limits[0].Of, filter.Limits[1].Of};
   ListSource source(report, columns, {});
   source.Prepare(yielder);
