@@ -41,7 +41,7 @@ PictureStyle StyleOf(const QPalette& palette, const QFont& font) {
 }
 
 double ContrastBetween(const QColor& a, const QColor& b) {
-  const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
   return (light + 0.05) / (dark + 0.05);
 }
 
