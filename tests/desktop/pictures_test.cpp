@@ -161,6 +161,12 @@ TEST_F(PicturesTest, OfAFolderAreFour) {
                                    "Lengths of phrases"));
 }
 
+TEST_F(PicturesTest, AreNamedWithoutACut) {
+  ShowRun(CountedFolder());
+  for (int i = 0; i < pane.cboPicture->count(); ++i)
+    EXPECT_GT(pane.cboPicture->width(), pane.fontMetrics().horizontalAdvance(pane.cboPicture->itemText(i)));
+}
+
 TEST_F(PicturesTest, KeepTheKindOfPictureFromRunToRun) {
   ShowRun(CountedFolder());
   ChooseKind("Lengths of phrases");

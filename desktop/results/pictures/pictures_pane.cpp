@@ -35,6 +35,7 @@ PicturesPane::PicturesPane(const Desktop& desktop, QWidget* parent)
   auto* stack = Tight(new QVBoxLayout(this));
   auto* row = Bare(new QHBoxLayout);
   cboPicture = MakeCombo("cboPicture", "Picture", this);
+  cboPicture->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   row->addWidget(cboPicture);
   cmdSavePicture = MakeButton("cmdSavePicture", "Sa&ve picture...", this);
   row->addWidget(cmdSavePicture);
