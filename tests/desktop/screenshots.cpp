@@ -21,6 +21,11 @@
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/source_panel.h"
 #include "desktop/questions.h"
+#include "desktop/results/contexts/contexts_pane.h"
+#include "desktop/results/pictures/pictures_pane.h"
+#include "desktop/results/result_frame.h"
+#include "desktop/results/table/phrase_grid.h"
+#include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/toolkit/application_name.h"
@@ -63,7 +68,7 @@ bool Save(QWidget& window, const QString& folder, const QString& name) {
   return false;
 }
 
-bool Picture(const std::string& text, const QString& folder, bool dark) {
+bool TakePictures(const std::string& text, const QString& folder, bool dark) {
   FakeMessages messages;
   FakeDialogs dialogs;
   FakeClipboard clipboard;
@@ -95,19 +100,36 @@ bool Picture(const std::string& text, const QString& folder, bool dark) {
     while (!window.Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   };
   untilIdle();
-  window.resize(1180, 860);
+  window.resize(1280, 860);
   const MainPanels& panels = window.Panels();
   panels.Source->File->txbFile->setText(ToQt(text));
   panels.Phrases->cboPhraseLength[0]->setCurrentIndex(1);
   panels.Source->Select(TextSource::SingleFile, ChangedBy::Program);
   window.Run().cmdCountPhrases_Click();
   untilIdle();
+  const ResultFrame& frame = *panels.Frame;
+  const auto untilViewsAreIdle = [&frame] {
+    const auto idle = [&frame] {
+      return frame.Table->Idle() && frame.Contexts->Idle() && frame.Pictures->Idle();
+    };
+    while (!idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  };
+  untilViewsAreIdle();
+  frame.Table->tblPhrases->GoTo(1);
+  frame.Contexts->ShowPhrase(frame.Table->CurrentPhrase());
+  untilViewsAreIdle();
   window.Timer1_Timer();
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window)) return false;
 
   const QString scheme = dark ? QStringLiteral("-dark.png") : QStringLiteral("-light.png");
   if (!Save(window, folder, QStringLiteral("main") + scheme)) return false;
+  panels.Frame->ShowView(RunView::Report);
+  if (!Save(window, folder, QStringLiteral("report") + scheme)) return false;
+  panels.Frame->ShowView(RunView::Pictures);
+  frame.Pictures->ShowPhrases({}, 0);
+  untilViewsAreIdle();
+  if (!Save(window, folder, QStringLiteral("pictures") + scheme)) return false;
 
   frmParams& params = window.Params();
   // The list shows where the program lies on this machine; pictures need not.
@@ -131,7 +153,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "screenshots TEXT FOLDER\n");
     return 2;
   }
-  if (!korv::Picture(argv[1], QString::fromLocal8Bit(argv[2]), false)) return 1;
+  if (!korv::TakePictures(argv[1], QString::fromLocal8Bit(argv[2]), false)) return 1;
   korv::SchemeSwitch().Turn(true);
-  return korv::Picture(argv[1], QString::fromLocal8Bit(argv[2]), true) ? 0 : 1;
+  return korv::TakePictures(argv[1], QString::fromLocal8Bit(argv[2]), true) ? 0 : 1;
 }
