@@ -190,7 +190,7 @@ Expected<PhraseMatcher, std::string> PhraseMatcher::Compile(const PhraseQuery& q
   if (query.Mode == MatchMode::Expression) {
     Regex regex(text, caseSignificant);
     if (!regex.Valid()) return std::string(regex.Fault());
-    auto& test = form->Test.emplace<TextTest>(std::move(regex), query.FoldAccents);
+    auto& test = form->Test.emplace<TextTest>(TextTest{std::move(regex), query.FoldAccents});
     const std::vector<std::string> needed = NeededByExpression(text, caseSignificant);
     if (!needed.empty())
       test.Needed.emplace(
@@ -198,7 +198,7 @@ Expected<PhraseMatcher, std::string> PhraseMatcher::Compile(const PhraseQuery& q
           [&](std::string_view word) { return FoldForMatching(fold ? fold(word) : word, caseSignificant); },
           yielder);
   } else if (query.Mode == MatchMode::Wildcards) {
-    auto& test = form->Test.emplace<TextTest>(Wildcard::FromText(text), query.FoldAccents);
+    auto& test = form->Test.emplace<TextTest>(TextTest{Wildcard::FromText(text), query.FoldAccents});
     const std::string needed = LongestPart(text, "*? ");
     if (!needed.empty())
       test.Needed.emplace(corpus.Words, std::vector{needed}, MarkRule{.AnyTerm = true}, fold, yielder);
@@ -206,7 +206,7 @@ Expected<PhraseMatcher, std::string> PhraseMatcher::Compile(const PhraseQuery& q
     std::vector<std::string> terms = Terms(text);
     if (query.Mode == MatchMode::WordsInAnyOrder) {
       std::ranges::sort(terms);
-      terms.erase(std::ranges::unique(terms).begin(), terms.end());
+      terms.erase(std::unique(terms.begin(), terms.end()), terms.end());
     }
     form->Test.emplace<WordMarks>(corpus.Words, terms, RuleOf(query.Mode), fold, yielder);
   }

@@ -4,7 +4,7 @@
 #include <bit>
 #include <functional>
 #include <map>
-#include <ranges>
+#include <span>
 #include <tuple>
 
 #include "engine/analysis/phrase_query.h"
@@ -26,7 +26,7 @@ void CountByFile(const TableSource& source, PhraseDetails& details) {
   // Files of equal counts stay in the order of reading.
   std::ranges::stable_sort(files, std::greater(), &std::pair<size_t, uint32_t>::second);
   details.AllFiles = files.size();
-  for (const auto& [file, count] : files | std::views::take(PhraseDetails::kMostShown))
+  for (const auto& [file, count] : std::span(files).first(std::min(files.size(), PhraseDetails::kMostShown)))
     details.Files.push_back({PathToText(corpus.Sources[file].Path), count});
 }
 
@@ -37,7 +37,7 @@ std::vector<PhraseDetails::Other> MostFrequent(const PhraseTable& table, Others&
   const size_t shown = std::min(others.size(), PhraseDetails::kMostShown);
   std::ranges::partial_sort(others, others.begin() + static_cast<ptrdiff_t>(shown), order);
   std::vector<PhraseDetails::Other> most;
-  for (const PhraseIndex other : others | std::views::take(shown))
+  for (const PhraseIndex other : std::span(others).first(shown))
     most.push_back({other, table.Text(other), table.Count(other)});
   return most;
 }
@@ -48,7 +48,7 @@ std::span<const WordNumber> WordsOf(const PhraseTable& table, PhraseIndex phrase
 }
 
 bool Holds(std::span<const WordNumber> whole, std::span<const WordNumber> part) {
-  return !std::ranges::search(whole, part).empty();
+  return std::search(whole.begin(), whole.end(), part.begin(), part.end()) != whole.end();
 }
 
 /// All listed phrases that contain the phrase, or are contained by it, each with more or fewer words.

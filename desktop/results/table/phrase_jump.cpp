@@ -1,7 +1,6 @@
 #include "desktop/results/table/phrase_jump.h"
 
 #include <algorithm>
-#include <ranges>
 #include <string>
 
 #include "engine/corpus/corpus.h"
@@ -10,6 +9,20 @@
 namespace korv {
 
 namespace {
+
+/// The first number of begin..end - 1 for which `holds` does not hold, where it holds for all before that;
+/// else `end`.
+template <typename Holds>
+uint32_t FirstThatFails(uint32_t begin, uint32_t end, Holds holds) {
+  while (begin < end) {
+    const uint32_t middle = begin + (end - begin) / 2;
+    if (holds(middle))
+      begin = middle + 1;
+    else
+      end = middle;
+  }
+  return begin;
+}
 
 /// The words that a phrase beginning with `key` may begin with: their numbers are First..Last-1.
 struct FirstWords {
@@ -22,9 +35,8 @@ struct FirstWords {
       const std::string there = keyOf(number);
       return blank == std::string_view::npos ? there.starts_with(word) : there == word;
     };
-    const auto numbers = std::views::iota(uint32_t{1}, words.Size() + 1);
-    First = *std::ranges::partition_point(numbers, before);
-    Last = *std::ranges::partition_point(std::views::iota(First, words.Size() + 1), within);
+    First = FirstThatFails(1, words.Size() + 1, before);
+    Last = FirstThatFails(First, words.Size() + 1, within);
   }
   bool Hold(WordNumber word) const { return ValueOf(word) >= First && ValueOf(word) < Last; }
 
@@ -38,7 +50,7 @@ std::optional<uint32_t> FindInAlphabet(const PhraseTable& table, const PhraseLis
     const std::string there = table.Key(rows.EntryAt(row));
     return direction == SortDirection::Ascending ? there < key : there > key && !there.starts_with(key);
   };
-  const uint32_t row = *std::ranges::partition_point(std::views::iota(uint32_t{0}, rows.Rows()), comesBefore);
+  const uint32_t row = FirstThatFails(0, rows.Rows(), comesBefore);
   if (row == rows.Rows() || !table.Key(rows.EntryAt(row)).starts_with(key)) return std::nullopt;
   return row;
 }
