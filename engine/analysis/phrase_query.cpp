@@ -174,7 +174,6 @@ struct PhraseMatcher::Form {
 PhraseMatcher::PhraseMatcher(std::unique_ptr<const Form> form) : form_(std::move(form)) {}
 PhraseMatcher::~PhraseMatcher() = default;
 PhraseMatcher::PhraseMatcher(PhraseMatcher&&) noexcept = default;
-PhraseMatcher& PhraseMatcher::operator=(PhraseMatcher&&) noexcept = default;
 
 Expected<PhraseMatcher, std::string> PhraseMatcher::Compile(const PhraseQuery& query,
                                                             const PhraseTable& table, Yielder& yielder) {

@@ -58,7 +58,6 @@ class PhraseMatcher {
                                                       Yielder& yielder);
   ~PhraseMatcher();
   PhraseMatcher(PhraseMatcher&&) noexcept;
-  PhraseMatcher& operator=(PhraseMatcher&&) noexcept;
 
   static constexpr size_t kBlock = 64;
   /// Asks about up to kBlock entries at once, which is faster. Bit k of the result: entries[k] passes. Only
