@@ -67,20 +67,20 @@ void ContextRows::Want(std::vector<Place> inSight, std::vector<Place> near) {
         const auto now = std::chrono::steady_clock::now();
         if (place != places.back() && now - told < kBetweenTells) continue;
         told = now;
-        turn.Tell([this, read] { Keep(std::move(*read)); });
+        turn.Tell([this, read] { Keep(*read); });
         read = std::make_shared<std::vector<Read>>();
       }
     });
   });
 }
 
-void ContextRows::Keep(std::vector<Read> read) {
-  for (auto& [place, text] : read) {
+void ContextRows::Keep(const std::vector<Read>& read) {
+  for (const auto& [place, text] : read) {
     std::erase(wanted_, place);
     if (where_.contains(place)) continue;
     std::optional<PlaceInText> found;
     if (text)
-      found = std::move(*text);
+      found = *text;
     else
       changed_.emplace(list_->Run().Table.Corpus().SourceAt(place), text.Error());
     kept_.emplace_front(place, std::move(found));

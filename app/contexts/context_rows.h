@@ -62,7 +62,7 @@ class ContextRows {
   using Kept = std::list<std::pair<Place, std::optional<PlaceInText>>>;
 
   void Forget();
-  void Keep(std::vector<Read> read);
+  void Keep(const std::vector<Read>& read);
 
   std::shared_ptr<const ContextList> list_;
   size_t around_ = kUsualContext;

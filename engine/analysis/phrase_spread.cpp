@@ -29,6 +29,7 @@ std::vector<SourceOccurrences> OccurrencesBySource(const PhraseTable& table,
     }
   }
   std::vector<SourceOccurrences> sources;
+  sources.reserve(ofSource.size());
   for (auto& [source, occurrences] : ofSource) sources.push_back({source, std::move(occurrences)});
   std::ranges::stable_sort(sources, std::greater(), [](const SourceOccurrences& source) {
     return std::accumulate(source.Occurrences.begin(), source.Occurrences.end(), uint64_t{0});

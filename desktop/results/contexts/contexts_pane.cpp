@@ -252,7 +252,7 @@ void ContextsPane::ChooseSample() {
   if (chkContextSample->isChecked()) query_.SampleSeed = std::random_device()() % 10'000;
 }
 
-void ContextsPane::Take(std::shared_ptr<const ContextList> list) {
+void ContextsPane::Take(const std::shared_ptr<const ContextList>& list) {
   // The whole list begins with the rows that are there.
   const bool goesOn = model_.List() != nullptr && !model_.List()->Whole() && list->Whole();
   const int current = goesOn ? tblContexts->currentIndex().row() : -1;

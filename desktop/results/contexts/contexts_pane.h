@@ -77,7 +77,7 @@ class ContextsPane final : public QWidget {
   void ShowTyped();
   void Find(std::vector<WordNumber> words);
   void FindAnew();
-  void Take(std::shared_ptr<const ContextList> list);
+  void Take(const std::shared_ptr<const ContextList>& list);
   void Clear(const std::string& why);
   void WantRows();
   void TextsCame();

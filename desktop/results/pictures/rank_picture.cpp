@@ -17,6 +17,7 @@ constexpr double kLeastHeight = 220;
 
 std::vector<AxisMark> MarksOf(const std::vector<double>& powers, const NumberFormat& numbers) {
   std::vector<AxisMark> marks;
+  marks.reserve(powers.size());
   for (const double power : powers)
     marks.push_back(
         {std::log10(power) / std::log10(powers.back()), ToQt(numbers.Grouped(static_cast<int64_t>(power)))});
