@@ -13,6 +13,7 @@
 #include "sources/places/phrase_cut.h"
 #include "tests/app/run_world.h"
 #include "tests/fakes/fake_event_loop.h"
+#include "tests/fakes/native_paths.h"
 
 namespace korv {
 namespace {
@@ -78,14 +79,14 @@ TEST(Contexts, StandAsTheFilesHaveThemInEveryOrder) {
   };
   const std::string one = "One [big cat] , two. The Big Cat! (b.txt:1)";
   const std::string two = "One big cat, two. The [Big Cat] ! (b.txt:2)";
-  const std::string three = "a [big cat] sat (sub/a.txt:1)";
+  const std::string three = Native("a [big cat] sat (sub/a.txt:1)");
   const Case cases[] = {
       {PlaceOrder::Place, false, {one, two, three}},
       {PlaceOrder::Left, false, {three, one, two}},
       {PlaceOrder::Right, false, {two, three, one}},
       {PlaceOrder::File, false, {one, two, three}},
-      {PlaceOrder::Place, true, {"b.txt: 2", one, two, "sub/a.txt: 1", three}},
-      {PlaceOrder::Right, true, {"b.txt: 2", two, one, "sub/a.txt: 1", three}},
+      {PlaceOrder::Place, true, {"b.txt: 2", one, two, Native("sub/a.txt: 1"), three}},
+      {PlaceOrder::Right, true, {"b.txt: 2", two, one, Native("sub/a.txt: 1"), three}},
   };
   ContextsWorld world;
   world.UseTwoFiles();
@@ -117,16 +118,17 @@ TEST(Contexts, AreThoseOfTheRunAtOnceAndWhereAFileIsGoneOrChanged) {
   EXPECT_EQ(early.Text.Line, 0U);
   world.Files.Erase("/t/b.txt");
   world.Files.Add("/t/sub/a.txt", "a big dog sat\n");
-  EXPECT_THAT(world.Read(list),
-              ElementsAre("one [big cat] two | the big cat | (b.txt:0)",
-                          "one big cat two | the [big cat] | (b.txt:0)", "a [big cat] sat (sub/a.txt:0)"));
+  EXPECT_THAT(world.Read(list), ElementsAre("one [big cat] two | the big cat | (b.txt:0)",
+                                            "one big cat two | the [big cat] | (b.txt:0)",
+                                            Native("a [big cat] sat (sub/a.txt:0)")));
   EXPECT_EQ(ChangedTextsText(world.Run, world.Rows.Changed(), {}),
             "2 files have changed since they were counted or cannot be read any more: "
             "the words that were counted stand for their lines.");
   EXPECT_EQ(ChangedTextsText(world.Run, {{0, PlaceFault::Unreadable}}, {}),
             "b.txt cannot be read any more: the words that were counted stand for its lines.");
   EXPECT_EQ(ChangedTextsText(world.Run, {{1, PlaceFault::Changed}}, {}),
-            "sub/a.txt has changed since it was counted: the words that were counted stand for its lines.");
+            Native("sub/a.txt") +
+                " has changed since it was counted: the words that were counted stand for its lines.");
 }
 
 TEST(Contexts, OfTheClipboardStandAsItHadThem) {

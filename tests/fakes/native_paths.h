@@ -7,12 +7,16 @@
 
 namespace korv {
 
+/// A text with names of files, written with "/", as this system separates them.
+inline std::string Native(std::string text) {
+  std::ranges::replace(text, '/', static_cast<char>(std::filesystem::path::preferred_separator));
+  return text;
+}
+
 /// The path of `rest`, written with "/", below `folder`: the folder as its user wrote it, the rest as this
 /// system separates names.
 inline std::string Below(std::string_view folder, std::string_view rest) {
-  std::string names = "/" + std::string(rest);
-  std::ranges::replace(names, '/', static_cast<char>(std::filesystem::path::preferred_separator));
-  return std::string(folder) + names;
+  return std::string(folder) + Native("/" + std::string(rest));
 }
 
 /// A report written with "/" as this system separates the names after each "{Folder}", up to the end of a

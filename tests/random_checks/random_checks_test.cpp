@@ -156,6 +156,16 @@ TEST(RandomChecks, ContainersGrowWithTheSize) {
   EXPECT_LE(*scaled.rbegin(), 300u);
 }
 
+TEST(RandomChecks, FunctionsDrawForTheSizeThatIsAskedFor) {
+  const auto drawn = Drawn(
+      [] {
+        const int inside = *rc::gen::resize(280, rc::gen::exec([] { return CurrentCase().Size; }));
+        return std::pair(inside, CurrentCase().Size);
+      },
+      {.Cases = 3, .Seed = 1});
+  EXPECT_THAT(drawn, ElementsAre(std::pair(280, 0), std::pair(280, 50), std::pair(280, 100)));
+}
+
 TEST(RandomChecks, ContainersOfGivenLengthKeepIt) {
   const auto three = rc::gen::container<std::string>(3, rc::gen::element('x', 'y'));
   EXPECT_EQ(Different(three),

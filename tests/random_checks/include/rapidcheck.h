@@ -117,11 +117,29 @@ Gen<T> scale(double factor, Gen<T> values) {
   });
 }
 
+/// What a function draws that uses generators itself, for the size that is asked for.
+template <typename Function>
+Gen<std::invoke_result_t<Function>> exec(Function function) {
+  return Gen<std::invoke_result_t<Function>>([function = std::move(function)](std::mt19937_64&, int size) {
+    struct Resized {
+      explicit Resized(int size) : Usual(std::exchange(korv::random_checks::CurrentCase().Size, size)) {}
+      ~Resized() { korv::random_checks::CurrentCase().Size = Usual; }
+      Resized(const Resized&) = delete;
+      Resized& operator=(const Resized&) = delete;
+      int Usual;
+    };
+    const Resized resized(size);
+    return function();
+  });
+}
+
 }  // namespace gen
 }  // namespace rc
 
 #define RC_ASSERT(expression) \
   ::korv::random_checks::Require(static_cast<bool>(expression), #expression, __FILE__, __LINE__)
+#define RC_ASSERT_FALSE(expression) \
+  ::korv::random_checks::Require(!static_cast<bool>(expression), "!(" #expression ")", __FILE__, __LINE__)
 #define RC_PRE(expression) \
   ((expression) ? void() : throw ::korv::random_checks::Discarded("RC_PRE(" #expression ")"))
 #define RC_TAG(tag) ::korv::random_checks::CurrentCase().Tags.push_back(tag)
