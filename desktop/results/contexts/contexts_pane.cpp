@@ -204,11 +204,6 @@ void ContextsPane::ShowPhrase(PhraseIndex phrase) {
   Find({first, first + table.Words(phrase)});
 }
 
-void ContextsPane::ShowPhrase(const std::string& text) {
-  txbContextPhrase->setText(ToQt(text));
-  ShowTyped();
-}
-
 void ContextsPane::ShowTyped() {
   typed_.stop();
   const std::string text = FromQt(txbContextPhrase->text());

@@ -53,8 +53,6 @@ class ContextsPane final : public QWidget {
   void Show(std::shared_ptr<const CountedRun> run);
   /// A phrase of the run's table, as it stands there.
   void ShowPhrase(PhraseIndex phrase);
-  /// Any phrase, as if it were typed.
-  void ShowPhrase(const std::string& text);
   /// Selects the next (previous) occurrence, from the last one on the first. Where the text is open, it shows
   /// it.
   void NextOccurrence() { GoBy(1); }

@@ -33,7 +33,7 @@ PictureStyle StyleOf(const QPalette& palette, const QFont& font) {
   style.Ground = palette.color(QPalette::Base);
   style.Text = palette.color(QPalette::Text);
   style.Line = Between(style.Ground, style.Text, 0.45F);
-  const bool light = Luminance(style.Ground) > Luminance(style.Text);
+  const bool light = ContrastBetween(style.Ground, Qt::black) > ContrastBetween(style.Ground, Qt::white);
   std::ranges::transform(light ? kOnLight : kOnDark, style.Colours.begin(),
                          [](QRgb rgb) { return QColor(rgb); });
   style.Font = font;

@@ -23,8 +23,9 @@ std::shared_ptr<const TableSource> TableSource::Of(std::shared_ptr<const Counted
 }
 
 std::shared_ptr<const TableSource> TableSource::With(const AnalysisNeeds& needs, Yielder& yielder) const {
-  // The window may be reading the analysis that is there, so it gets another one.
-  auto analysis = std::make_shared<PhraseAnalysis>(Table(), PartChoice{});
+  // The window may be reading the analysis that is there. The copy shares what was prepared.
+  auto analysis = analysis_ ? std::make_shared<PhraseAnalysis>(*analysis_)
+                            : std::make_shared<PhraseAnalysis>(Table(), PartChoice{});
   AnalysisNeeds all = prepared_;
   all |= needs;
   if (!analysis->Prepare(all, yielder)) return nullptr;
