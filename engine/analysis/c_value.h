@@ -18,7 +18,8 @@ namespace korv {
 /// 2000.
 ///
 /// All runs of words of each phrase are looked up, longest phrases first, on all threads. Memory: 8 bytes an
-/// entry, and some 30 more for the time being. False when stopped.
+/// entry, since lists promise nine digits that count and single precision has seven; and some 30 more for the
+/// time being. False when stopped.
 bool FindCValues(const PhraseTable& table, Yielder& yielder, std::vector<double>& values);
 
 }  // namespace korv

@@ -22,7 +22,7 @@ struct JointCounts {
 /// parts and backwards for the last ones, bucket by bucket as it was for counting; in a bucket the parts of
 /// one length are runs of common prefixes. On all threads; takes about twice the time of counting. Memory for
 /// the time being: 12 bytes a token, 4 bytes for each word of each phrase, and what SuffixSorter takes; for
-/// good 16 bytes an entry. False when stopped.
+/// good 16 bytes an entry, half of them for products that need 64 bits. False when stopped.
 bool CountJoints(const PhraseTable& table, Yielder& yielder, JointCounts& counts);
 
 }  // namespace korv

@@ -34,6 +34,12 @@ AnalysisNeeds& AnalysisNeeds::operator|=(const AnalysisNeeds& other) {
   return *this;
 }
 
+void PhraseAnalysis::Divide(PartChoice parts) {
+  if (parts == choice_) return;
+  choice_ = parts;
+  parts_ = nullptr;
+}
+
 bool PhraseAnalysis::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
   const Corpus& corpus = table_.Corpus();
   if (corpus.Places.empty()) return true;

@@ -46,6 +46,9 @@ class PhraseAnalysis {
   /// The table must be counted, and outlive the object.
   PhraseAnalysis(const PhraseTable& table, PartChoice parts) : table_(table), choice_(parts) {}
 
+  /// Other parts from here on. Those that were prepared are forgotten, unless they are the same.
+  void Divide(PartChoice parts);
+
   /// Prepares what is not there yet, on all threads. False when stopped: what was finished stays, and the
   /// rest can be prepared later.
   bool Prepare(const AnalysisNeeds& needs, Yielder& yielder);

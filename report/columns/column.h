@@ -78,7 +78,8 @@ struct Column {
   Alignment Align = Alignment::Right;
   std::string_view Definition;  ///< One sentence or two, with the formula.
 
-  /// The value of a phrase. Constant cost unless the column's file says otherwise. One of these two is set.
+  /// The value of a phrase. Constant cost unless the column's file says otherwise. This or ValueInFile is
+  /// set, but for texts that a window makes itself.
   Cell (*Value)(const ColumnSource& source, const ListedPhrase& phrase) = nullptr;
   /// Texts: a number of each phrase by which tables order it. Null where they cannot.
   double (*OrderKey)(const ColumnSource& source, PhraseIndex entry) = nullptr;

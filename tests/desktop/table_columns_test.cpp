@@ -31,8 +31,8 @@ class TableColumnsTest : public TableTest {};
 
 TEST_F(TableColumnsTest, AreTheUsualOnesAtFirst) {
   Show(Folder());
-  EXPECT_THAT(Headings(),
-              ElementsAre("Rank", "Phrase", "Freq", "Per million", "Words", "Files", "Dispersion", "Alone"));
+  EXPECT_THAT(Headings(), ElementsAre("Rank", "Phrase", "Freq", "Per million", "Words", "Files", "Dispersion",
+                                      "Alone", "First"));
 }
 
 TEST_F(TableColumnsTest, OfOneFileSayNothingOfFiles) {
@@ -57,6 +57,88 @@ TEST_F(TableColumnsTest, AreChosenFromAMenu) {
   EXPECT_THAT(Headings(), Not(Contains("Words")));
 }
 
+TEST_F(TableColumnsTest, SayWhereAPhraseStandsFirst) {
+  Show(Folder());
+  EXPECT_THAT(Column("First"), ElementsAre("a.txt", "b.txt"));
+  ClickHeading("First");
+  EXPECT_THAT(Phrases(), ElementsAre("old ship", "red sea"));
+  ClickHeading("First");
+  EXPECT_THAT(Phrases(), ElementsAre("red sea", "old ship"));
+}
+
+TEST_F(TableColumnsTest, GoByThePartsThatAreChosen) {
+  ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.Options.KeepPlaces = true;
+  world.BeginFile("a.txt");
+  world.Say("old ship", 60);
+  world.BeginFile("b.txt");
+  world.Say("red sea", 60);
+  world.Facts.Words.Taken = 240;
+  const auto run = RunOf(std::move(world));
+  Show(run);
+  EXPECT_EQ(store.value("table/parts"), QVariant());
+  ChooseFrom("cmdColumns", "mnuColumn_range");
+  EXPECT_THAT(Column("Range"), ElementsAre("1", "1"));
+  ChooseFrom("cmdColumns", "mnuParts_10");
+  EXPECT_THAT(Column("Range"), ElementsAre("5", "5"));
+  const QString tip = Model().headerData(Section("Range"), Qt::Horizontal, Qt::ToolTipRole).toString();
+  EXPECT_THAT(tip.toStdString(), HasSubstr("Parts of this run: 10 equal ones of the whole."));
+  messages.WillType("4");
+  ChooseFrom("cmdColumns", "mnuParts_other");
+  EXPECT_THAT(Column("Range"), ElementsAre("2", "2"));
+  // They hold after a restart.
+  Open();
+  Show(run);
+  EXPECT_THAT(Column("Range"), ElementsAre("2", "2"));
+  ChooseFrom("cmdColumns", "mnuParts_files");
+  EXPECT_THAT(Column("Range"), ElementsAre("1", "1"));
+}
+
+TEST_F(TableColumnsTest, AskForANumberOfParts) {
+  Show(Folder());
+  messages.WillType("101");
+  ChooseFrom("cmdColumns", "mnuParts_other");
+  ASSERT_EQ(messages.InputBoxes.size(), 1);
+  EXPECT_EQ(messages.InputBoxes[0].Prompt, "Number of equal parts of the whole text (2 to 100):");
+  EXPECT_EQ(messages.InputBoxes[0].Title, "Parts of the text");
+  EXPECT_EQ(messages.InputBoxes[0].Initial, "10");
+  EXPECT_EQ(messages.Only().Text, "The number of parts is one from 2 to 100.");
+  EXPECT_EQ(messages.Only().Title, "Parts of the text");
+  messages.WillType("many");
+  ChooseFrom("cmdColumns", "mnuParts_other");
+  EXPECT_EQ(messages.Shown.size(), 2);
+  // The third box is cancelled.
+  ChooseFrom("cmdColumns", "mnuParts_other");
+  EXPECT_EQ(messages.Shown.size(), 2);
+  EXPECT_FALSE(store.contains("table/parts"));
+  QMenu* const menu = Find<QToolButton>("cmdColumns")->menu();
+  emit menu->aboutToShow();
+  EXPECT_TRUE(menu->findChild<QAction*>("mnuParts_files")->isChecked());
+}
+
+TEST_F(TableColumnsTest, OrderTheRowsAnewWhenThePartsAreOthers) {
+  ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.Options.KeepPlaces = true;
+  world.BeginFile("a.txt");
+  world.Say("old ship", 100);
+  world.Say("red sea", 10);
+  world.BeginFile("b.txt");
+  world.Say("red sea", 10);
+  world.Facts.Words.Taken = 240;
+  Show(RunOf(std::move(world)));
+  ChooseFrom("cmdColumns", "mnuColumn_range");
+  ClickHeading("Range");
+  EXPECT_THAT(Phrases(), ElementsAre("red sea", "old ship"));
+  Type("txbLeast_dispersion", "0.5");
+  EXPECT_THAT(Phrases(), ElementsAre("red sea"));
+  ChooseFrom("cmdColumns", "mnuParts_10");
+  EXPECT_THAT(Phrases(), ElementsAre("old ship"));
+  Type("txbLeast_dispersion", "");
+  EXPECT_THAT(Phrases(), ElementsAre("old ship", "red sea"));
+}
+
 TEST_F(TableColumnsTest, AlwaysHaveThePhrase) {
   Show(Folder());
   ChooseFrom("cmdColumns", "mnuColumn_phrase");
@@ -69,10 +151,12 @@ TEST_F(TableColumnsTest, AreAllInTheMenuButThoseOfTheReport) {
   emit menu->aboutToShow();
   for (const korv::Column* column : AllColumns()) {
     const QString name = QStringLiteral("mnuColumn_") + QString::fromStdString(std::string(column->Id));
+    const bool partOfFirst = column->Id == "first_file" || column->Id == "first_line";
     const bool ofReports = column->Value == nullptr || column->Id.starts_with("report_") ||
                            column->Id == "file_frequency" || column->Id == "relative_frequency";
-    EXPECT_EQ(menu->findChild<QAction*>(name) == nullptr, ofReports) << column->Id;
+    EXPECT_EQ(menu->findChild<QAction*>(name) == nullptr, ofReports || partOfFirst) << column->Id;
   }
+  EXPECT_NE(menu->findChild<QAction*>("mnuColumn_first"), nullptr);
 }
 
 TEST_F(TableColumnsTest, AreKeptWithTheirOrderAndWidths) {

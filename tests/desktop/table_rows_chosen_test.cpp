@@ -18,8 +18,8 @@ class ChosenRows : public TableTest {
  protected:
   void SetUp() override {
     Show(RunOf({{"the white whale", 5}, {"whale oil", 3}, {"white sail", 2}, {"côté droit", 1}}));
-    for (const char* column :
-         {"mnuColumn_rank", "mnuColumn_words", "mnuColumn_dispersion", "mnuColumn_net_frequency"})
+    for (const char* column : {"mnuColumn_rank", "mnuColumn_words", "mnuColumn_dispersion",
+                               "mnuColumn_net_frequency", "mnuColumn_first"})
       ChooseFrom("cmdColumns", column);
     QGuiApplication::clipboard()->clear();
   }

@@ -147,7 +147,9 @@ int ColumnChoice::UsualWidth(int section) const {
   const QFontMetrics metrics(header_.font());
   // The arrow of the order has its place beside the heading.
   const int heading = metrics.horizontalAdvance(ToQt(column.Heading)) + 4 * metrics.averageCharWidth() + 16;
-  const QString usual = column.Type == ColumnType::Text ? QString(32, u'n') : QStringLiteral("1,234,567");
+  const QString usual = column.Id == "phrase"             ? QString(32, u'n')
+                        : column.Type == ColumnType::Text ? QString(20, u'n')
+                                                          : QStringLiteral("1,234,567");
   return std::max(heading, metrics.horizontalAdvance(usual) + 12);
 }
 

@@ -1,7 +1,10 @@
 #include "desktop/results/table/heavy_cells.h"
 
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "desktop/results/table/table_columns.h"
 
 namespace korv {
 
@@ -13,14 +16,18 @@ constexpr uint32_t kManyOccurrences = 4096;
 }  // namespace
 
 bool HeavyCells::Holds(const TableSource& source, const Column& column, PhraseIndex entry) {
-  return column.Type != ColumnType::Text && (column.NeedsFileCount || column.Needs.Any()) &&
-         source.Table().Count(entry) > kManyOccurrences;
+  return IsComputed(column) && source.Table().Count(entry) > kManyOccurrences;
 }
 
 void HeavyCells::Use(std::shared_ptr<const TableSource> source) {
   job_.Stop();
+  const bool sameRun = source_ && source && &source_->Run() == &source->Run();
+  if (sameRun)
+    found_.merge(before_);
+  else
+    found_.clear();
+  before_ = std::exchange(found_, {});
   source_ = std::move(source);
-  found_.clear();
   wanted_.clear();
 }
 
@@ -31,7 +38,8 @@ std::optional<Cell> HeavyCells::Find(const Column& column, PhraseIndex entry) {
   // All that one round of painting asks for is found together.
   if (wanted_.empty()) loop_.Post([this] { Start(); });
   wanted_.insert(key);
-  return std::nullopt;
+  const auto before = before_.find(key);
+  return before != before_.end() ? std::optional(before->second) : std::nullopt;
 }
 
 void HeavyCells::Start() {

@@ -22,9 +22,10 @@ class HeavyCells {
   /// Whether the value of `column` for the entry belongs here.
   static bool Holds(const TableSource& source, const Column& column, PhraseIndex entry);
 
-  /// From here on cells are those of this source; null for none.
+  /// From here on cells are those of this source; null for none. Values of the same run under another source
+  /// stay until theirs are found.
   void Use(std::shared_ptr<const TableSource> source);
-  /// The value, or nothing while it is being found.
+  /// The value; while it is being found, the one before, or nothing.
   std::optional<Cell> Find(const Column& column, PhraseIndex entry);
   bool Idle() const { return wanted_.empty() && job_.Idle(); }
 
@@ -42,6 +43,7 @@ class HeavyCells {
   std::function<void()> came_;
   std::shared_ptr<const TableSource> source_;
   Found found_;
+  Found before_;  ///< Of the sources before, of the same run.
   std::set<Key> wanted_;
   LoopCalls loop_;
   NewestJob job_;  ///< Last: its jobs use the above.

@@ -6,7 +6,6 @@
 #include "desktop/results/table/shown_cell.h"
 #include "desktop/results/table/table_columns.h"
 #include "desktop/toolkit/text.h"
-#include "report/columns/registry.h"
 
 namespace korv {
 
@@ -20,7 +19,7 @@ PhraseTableModel::PhraseTableModel(const Desktop& desktop, QObject* parent)
     : QAbstractTableModel(parent),
       desktop_(desktop),
       heavy_(desktop.Loop, [this] { TellOfNewValues(); }),
-      columns_(TableColumns()) {}
+      columns_(WindowColumns()) {}
 
 int PhraseTableModel::SectionOf(std::string_view id) const {
   const auto found = std::ranges::find(columns_, id, [](const Column* column) { return column->Id; });
@@ -94,7 +93,8 @@ QVariant PhraseTableModel::headerData(int section, Qt::Orientation orientation, 
     case Qt::AccessibleDescriptionRole:
       return ToQt(column.Definition);
     case Qt::ToolTipRole:
-      return source_ ? TipOfColumn(column, source_->Run().Facts, desktop_.Numbers) : ToQt(column.Definition);
+      return source_ ? TipOfColumn(column, source_->Run().Facts, source_->Parts(), desktop_.Numbers)
+                     : ToQt(column.Definition);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));

@@ -17,6 +17,7 @@
 #include "desktop/results/table/empty_table_note.h"
 #include "desktop/results/table/limits_bar.h"
 #include "desktop/results/table/match_bar.h"
+#include "desktop/results/table/parts_menu.h"
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_jump.h"
 #include "desktop/results/table/phrase_table_model.h"
@@ -66,6 +67,7 @@ PhraseTablePanel::PhraseTablePanel(const Desktop& desktop, QWidget* parent)
   columns_->setParent(this);
   tblPhrases->horizontalHeader()->setSortIndicator(model_->SectionOf("rank"), Qt::AscendingOrder);
   request_.SortBy = FindColumn("rank");
+  request_.Parts = KeptParts(desktop_.Store);
   Connect();
   ColumnsChanged();
   const std::vector<QWidget*> order = TabOrder();
@@ -137,8 +139,12 @@ void PhraseTablePanel::ConnectGrid() {
 
 void PhraseTablePanel::ConnectMenus() {
   QMenu* const columns = Bar->cmdColumns->menu();
-  connect(columns, &QMenu::aboutToShow, this,
-          [this, columns] { FillColumnsMenu(*columns, *tblPhrases, *model_, *columns_); });
+  connect(columns, &QMenu::aboutToShow, this, [this, columns] {
+    FillColumnsMenu(*columns, *tblPhrases, *model_, *columns_, [this](QMenu& parts) {
+      FillPartsMenu(parts, request_.Parts, desktop_.Messages,
+                    [this](PartChoice choice) { ChooseParts(choice); });
+    });
+  });
   QHeaderView* const header = tblPhrases->horizontalHeader();
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QWidget::customContextMenuRequested, this,
@@ -223,6 +229,12 @@ void PhraseTablePanel::Ask() {
       turn.Tell([this, answer = std::move(answer)] { Take(answer); });
     });
   });
+}
+
+void PhraseTablePanel::ChooseParts(PartChoice parts) {
+  KeepParts(desktop_.Store, parts);
+  request_.Parts = parts;
+  Ask();
 }
 
 void PhraseTablePanel::Take(const TableAnswer& answer) {

@@ -78,6 +78,7 @@ class PhraseTablePanel final : public QWidget {
   void Take(const TableAnswer& answer);
   void ShowCount(bool whole);
   void ColumnsChanged();
+  void ChooseParts(PartChoice parts);
   void ShowDetails();
   void Copy(bool heading);
   int Find(int from, const QString& typed) const;

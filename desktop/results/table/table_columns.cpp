@@ -3,22 +3,37 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/results/table/first_column.h"
 #include "desktop/toolkit/text.h"
+#include "report/columns/registry.h"
 
 namespace korv {
 
+std::vector<const Column*> WindowColumns() {
+  std::vector<const Column*> columns = TableColumns();
+  for (const Column*& column : columns)
+    if (column->Id == "first_file") column = &FirstColumn();
+  std::erase_if(columns, [](const Column* column) { return column->Id == "first_line"; });
+  return columns;
+}
+
 std::span<const std::string_view> ColumnsAtFirst() {
-  static constexpr std::array<std::string_view, 8> kAtFirst = {
-      "rank", "phrase", "frequency", "per_million", "words", "files", "dispersion", "net_frequency"};
+  static constexpr std::array<std::string_view, 9> kAtFirst = {
+      "rank", "phrase", "frequency", "per_million", "words", "files", "dispersion", "net_frequency", "first"};
   return kAtFirst;
 }
 
 bool TellsFilesApart(std::string_view id) {
-  static constexpr std::array<std::string_view, 3> kOfFiles = {"files", "files_percent", "first_file"};
+  static constexpr std::array<std::string_view, 2> kOfFiles = {"files", "files_percent"};
   return std::ranges::find(kOfFiles, id) != kOfFiles.end();
 }
 
-QString TipOfColumn(const Column& column, const RunSummary& facts, const NumberFormat& numbers) {
+bool IsComputed(const Column& column) {
+  return column.Type != ColumnType::Text && (column.NeedsFileCount || column.Needs.Any());
+}
+
+QString TipOfColumn(const Column& column, const RunSummary& facts, PartChoice parts,
+                    const NumberFormat& numbers) {
   const auto grouped = [&](uint64_t number) { return ToQt(numbers.Grouped(static_cast<int64_t>(number))); };
   const QString title = ToQt(column.Heading).toHtmlEscaped();
   QString tip =
@@ -26,6 +41,11 @@ QString TipOfColumn(const Column& column, const RunSummary& facts, const NumberF
   if (column.Type != ColumnType::Text) {
     tip += QStringLiteral("<p>In this run N = %1 running words, n = %2 words taken.</p>")
                .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken));
+  }
+  if (column.Needs.Parts) {
+    tip += parts.Equal == PartChoice::kFiles
+               ? QStringLiteral("<p>Parts of this run: files.</p>")
+               : QStringLiteral("<p>Parts of this run: %1 equal ones of the whole.</p>").arg(parts.Equal);
   }
   return tip;
 }

@@ -38,11 +38,17 @@ void FillOrderMenu(QMenu& menu, QHeaderView& header, const PhraseTableModel& mod
 
 }  // namespace
 
-void FillColumnsMenu(QMenu& menu, PhraseGrid& grid, const PhraseTableModel& model, ColumnChoice& columns) {
+void FillColumnsMenu(QMenu& menu, PhraseGrid& grid, const PhraseTableModel& model, ColumnChoice& columns,
+                     const std::function<void(QMenu&)>& fillParts) {
   menu.clear();
+  // That leaves the menus within it.
+  qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
   QMenu* const order = menu.addMenu(QStringLiteral("&Order by"));
   order->setObjectName(QStringLiteral("mnuOrderBy"));
   FillOrderMenu(*order, *grid.horizontalHeader(), model, columns);
+  QMenu* const parts = menu.addMenu(QStringLiteral("&Parts for dispersion"));
+  parts->setObjectName(QStringLiteral("mnuParts"));
+  fillParts(*parts);
   menu.addSeparator();
   columns.FillMenu(menu);
 }

@@ -2,9 +2,8 @@
 
 #include <array>
 
+#include "desktop/results/table/first_column.h"
 #include "engine/analysis/phrase_order.h"
-#include "engine/corpus/corpus.h"
-#include "platform/files.h"
 #include "report/list_source.h"
 #include "report/row_builder.h"
 
@@ -14,7 +13,6 @@ std::shared_ptr<const TableSource> TableSource::Of(std::shared_ptr<const Counted
   auto base = std::make_shared<Base>();
   base->Run = std::move(run);
   const PhraseTable& table = base->Run->Table;
-  for (const CorpusSource& text : table.Corpus().Sources) base->SourcePaths.push_back(PathToText(text.Path));
   base->FilesWithWords = korv::FilesWithWords(table, base->Run->Facts);
   // The chain may be threaded anew while the table is looked at.
   base->Ranks = RanksByCount(table, yielder);
@@ -22,16 +20,19 @@ std::shared_ptr<const TableSource> TableSource::Of(std::shared_ptr<const Counted
   return std::shared_ptr<const TableSource>(new TableSource(std::move(base)));
 }
 
-std::shared_ptr<const TableSource> TableSource::With(const AnalysisNeeds& needs, Yielder& yielder) const {
+std::shared_ptr<const TableSource> TableSource::With(const AnalysisNeeds& needs, PartChoice parts,
+                                                     Yielder& yielder) const {
   // The window may be reading the analysis that is there. The copy shares what was prepared.
   auto analysis = analysis_ ? std::make_shared<PhraseAnalysis>(*analysis_)
-                            : std::make_shared<PhraseAnalysis>(Table(), PartChoice{});
+                            : std::make_shared<PhraseAnalysis>(Table(), parts);
+  analysis->Divide(parts);
   AnalysisNeeds all = prepared_;
   all |= needs;
   if (!analysis->Prepare(all, yielder)) return nullptr;
   const std::shared_ptr<TableSource> source(new TableSource(base_));
   source->analysis_ = std::move(analysis);
   source->prepared_ = all;
+  source->parts_ = parts;
   return source;
 }
 
@@ -43,7 +44,6 @@ bool TableSource::Has(const AnalysisNeeds& needs) const {
 
 ColumnSource TableSource::View() const {
   ColumnSource view{base_->Run->Table, base_->Run->Facts};
-  view.SourcePaths = base_->SourcePaths;
   view.FilesWithWords = base_->FilesWithWords;
   view.FrequencyRanks = base_->Ranks;
   view.Analysis = analysis_.get();
@@ -52,6 +52,10 @@ ColumnSource TableSource::View() const {
 
 Cell TableSource::ValueOf(const Column& column, PhraseIndex entry, std::string& text) const {
   text.clear();
+  if (&column == &FirstColumn()) {
+    text = FirstPlace(Run(), entry);
+    return text;
+  }
   if (column.Type == ColumnType::Text) Table().AppendText(entry, text);
   const ColumnSource view = View();
   return RowBuilder(std::array{&column}, view).Cells(entry, text).OfPhrase.front();

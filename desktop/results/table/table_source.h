@@ -14,10 +14,11 @@ namespace korv {
 /// A finished run prepared for the columns of a table. Data: any thread may read it.
 class TableSource {
  public:
-  /// Prepares ranks and paths, which costs a moment for any run. Null when stopped. `run` is not null.
+  /// Prepares ranks, which costs a moment for any run. Null when stopped. `run` is not null.
   static std::shared_ptr<const TableSource> Of(std::shared_ptr<const CountedRun> run, Yielder& yielder);
-  /// The same run with what `needs` asks for, too. Null when stopped.
-  std::shared_ptr<const TableSource> With(const AnalysisNeeds& needs, Yielder& yielder) const;
+  /// The same run with what `needs` asks for, too, the text divided as `parts` says. Null when stopped.
+  std::shared_ptr<const TableSource> With(const AnalysisNeeds& needs, PartChoice parts,
+                                          Yielder& yielder) const;
 
   const CountedRun& Run() const { return *base_->Run; }
   const PhraseTable& Table() const { return base_->Run->Table; }
@@ -26,6 +27,8 @@ class TableSource {
   uint64_t FilesWithWords() const { return base_->FilesWithWords; }
   /// Whether what the needs ask for has been prepared.
   bool Has(const AnalysisNeeds& needs) const;
+  /// Over which its values tell how evenly phrases are spread.
+  PartChoice Parts() const { return parts_; }
   ColumnSource View() const;
   /// The value that `column` has for an entry; a text of it lives as long as `text`, which is used for it.
   Cell ValueOf(const Column& column, PhraseIndex entry, std::string& text) const;
@@ -33,7 +36,6 @@ class TableSource {
  private:
   struct Base {
     std::shared_ptr<const CountedRun> Run;
-    std::vector<std::string> SourcePaths;
     std::vector<PhraseRank> Ranks;
     uint64_t FilesWithWords = 0;
   };
@@ -43,6 +45,7 @@ class TableSource {
   std::shared_ptr<const Base> base_;
   std::shared_ptr<const PhraseAnalysis> analysis_;  ///< Null where nothing was needed.
   AnalysisNeeds prepared_;
+  PartChoice parts_;
 };
 
 }  // namespace korv

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/yielder.h"
+#include "desktop/results/table/column_orders.h"
 #include "desktop/results/table/table_source.h"
 #include "engine/analysis/phrase_list.h"
 #include "report/columns/row_filter.h"
@@ -21,6 +22,7 @@ struct TableRequest {
   RowFilter Filter;
   std::vector<PhraseIndex> LeftOut;  ///< Never shown. Ascending.
   AnalysisNeeds Shown;               ///< Of the columns in sight.
+  PartChoice Parts;                  ///< Over which phrases are spread.
 };
 
 /// What there is to see.
@@ -32,8 +34,9 @@ struct TableAnswer {
   std::string Fault{};  ///< Why the query makes no sense; the rows pass the one before.
 };
 
-/// Orders and filters the phrases of one run, as a job on a thread of its own. Remembers the last order and
-/// the last filter, of which the next answer can often be made. Nobody else uses it meanwhile.
+/// Orders and filters the phrases of one run, as a job on a thread of its own. Remembers the last order,
+/// the last filter and the orders of some columns, of which the next answer can often be made. Nobody else
+/// uses it meanwhile.
 class TableWork {
  public:
   using Tell = std::function<void(TableAnswer)>;
@@ -45,15 +48,18 @@ class TableWork {
   void Answer(const TableRequest& request, Yielder& yielder, const Tell& tell);
 
  private:
-  bool Prepare(const AnalysisNeeds& needs, Yielder& yielder);
+  bool Prepare(const AnalysisNeeds& needs, PartChoice parts, Yielder& yielder);
+  void ForgetOtherParts(PartChoice parts);
   bool Order(const TableRequest& request, Yielder& yielder);
+  SharedOrder NewOrder(const TableRequest& request, Yielder& yielder);
   bool Filter(const TableRequest& request, Yielder& yielder, const Tell& tell);
 
   std::shared_ptr<const CountedRun> run_;
   std::shared_ptr<const TableSource> source_;  ///< Null until it is prepared.
-  TableRequest last_;                          ///< What all_ and rows_ were made for.
-  PhraseList all_;                             ///< In the order of last_.
-  PhraseList rows_;                            ///< Those that pass its filter.
+  ColumnOrders orders_;
+  TableRequest last_;  ///< What all_ and rows_ were made for.
+  PhraseList all_;     ///< In the order of last_.
+  PhraseList rows_;    ///< Those that pass its filter.
 };
 
 }  // namespace korv
