@@ -53,6 +53,8 @@ class PhraseAnalysis {
   /// rest can be prepared later.
   bool Prepare(const AnalysisNeeds& needs, Yielder& yielder);
 
+  /// Where places stand among the words taken. Null where Positions were not prepared.
+  const TakenWords* Words() const { return words_.get(); }
   /// One of the measures of dispersion.h over the parts of the text. Not defined for a phrase that occurs
   /// once and for a text without parts. Needs Parts. Linear in the occurrences, but for their sorting by
   /// part.

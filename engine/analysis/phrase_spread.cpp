@@ -18,6 +18,17 @@ std::vector<uint32_t> OccurrencesByPart(const PhraseTable& table, PhraseIndex ph
   return occurrences;
 }
 
+std::vector<double> TextBorders(const Corpus& corpus, const TakenWords& words) {
+  std::vector<double> borders;
+  for (size_t s = 1; s < corpus.Sources.size(); ++s) {
+    const uint64_t before = corpus.Sources[s].WordsBefore;
+    const uint64_t end = s + 1 < corpus.Sources.size() ? corpus.Sources[s + 1].WordsBefore : words.Total();
+    if (before > 0 && end > before)
+      borders.push_back(static_cast<double>(before) / static_cast<double>(words.Total()));
+  }
+  return borders;
+}
+
 std::vector<SourceOccurrences> OccurrencesBySource(const PhraseTable& table,
                                                    std::span<const PhraseIndex> phrases) {
   std::map<size_t, std::vector<uint32_t>> ofSource;

@@ -16,6 +16,10 @@ namespace korv {
 std::vector<uint32_t> OccurrencesByPart(const PhraseTable& table, PhraseIndex phrase, const TakenWords& words,
                                         size_t parts);
 
+/// Where the texts of a run border on each other: as shares of the n words taken, between 0 and 1, ascending.
+/// Texts without a word taken have no borders. Linear in the texts.
+std::vector<double> TextBorders(const Corpus& corpus, const TakenWords& words);
+
 /// A text of the run with the occurrences of some phrases.
 struct SourceOccurrences {
   size_t Source;                      ///< Its index in Corpus::Sources.

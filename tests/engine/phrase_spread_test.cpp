@@ -35,6 +35,23 @@ RC_GTEST_PROP(PhraseSpread, ByPartIsThatOfTheModel, ()) {
   }
 }
 
+RC_GTEST_PROP(TextBorders, LieBetweenTheTextsOfTheModel, ()) {
+  const CountingWorld world = DrawWorldWithPlaces();
+  const EngineRun run = CountedByEngine(world);
+  const reference::CountingRun model = ModelRun(world);
+  NoYielder yielder;
+  TakenWords words;
+  RC_ASSERT(words.Build(run.Table.Corpus(), yielder));
+  std::vector<double> expected;
+  double before = 0;
+  for (const int64_t ofText : model.WordsOfSources()) {
+    if (before > 0 && ofText > 0) expected.push_back(before / static_cast<double>(model.WordsTaken()));
+    before += static_cast<double>(ofText);
+  }
+  RC_ASSERT(TextBorders(run.Table.Corpus(), words) == expected);
+  RC_TAG(expected.empty() ? "one text" : "several");
+}
+
 RC_GTEST_PROP(PhraseSpread, BySourceIsThatOfTheModel, ()) {
   const CountingWorld world = DrawWorldWithPlaces();
   const EngineRun run = CountedByEngine(world);

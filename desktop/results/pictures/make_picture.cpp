@@ -5,6 +5,7 @@
 
 #include "desktop/results/pictures/file_picture.h"
 #include "desktop/results/pictures/length_picture.h"
+#include "desktop/results/pictures/place_bar.h"
 #include "desktop/results/pictures/place_picture.h"
 #include "desktop/results/pictures/rank_picture.h"
 #include "desktop/toolkit/text.h"
@@ -15,10 +16,7 @@
 namespace korv {
 namespace {
 
-constexpr size_t kCells = 100;
 constexpr size_t kMostFiles = 30;
-/// More borders would be one grey line.
-constexpr size_t kMostBorders = 200;
 
 using Phrases = std::vector<PhraseIndex>;
 
@@ -48,16 +46,10 @@ std::shared_ptr<const Picture> MakePlaces(const PhraseTable& table, const Phrase
   std::vector<PlacePicture::Row> rows;
   for (const PhraseIndex phrase : phrases) {
     if (yielder.Stopped()) return nullptr;
-    rows.push_back(
-        {ToQt(table.Text(phrase)), table.Count(phrase), OccurrencesByPart(table, phrase, words, kCells)});
+    rows.push_back({ToQt(table.Text(phrase)), table.Count(phrase),
+                    OccurrencesByPart(table, phrase, words, kPlaceCells)});
   }
-  std::vector<double> borders;
-  if (corpus.Sources.size() <= kMostBorders)
-    for (size_t s = 1; s < corpus.Sources.size(); ++s)
-      borders.push_back(
-          static_cast<double>(words.Before(Place{static_cast<uint32_t>(corpus.Sources[s].Begin)})) /
-          static_cast<double>(words.Total()));
-  return std::make_shared<PlacePicture>(std::move(rows), std::move(borders), words.Total(), numbers);
+  return std::make_shared<PlacePicture>(std::move(rows), ShownBorders(corpus, words), words.Total(), numbers);
 }
 
 std::shared_ptr<const Picture> MakeFiles(const PhraseTable& table, const Phrases& phrases,

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/results/pictures/place_bar.h"
 #include "desktop/toolkit/text.h"
 
 namespace korv {
@@ -12,8 +13,6 @@ namespace {
 constexpr double kGap = 8;
 constexpr double kBarOfLine = 1.6;   ///< The height of a bar, in lines of text.
 constexpr double kMostLabel = 0.28;  ///< Of the width, for the phrases.
-/// A cell with one occurrence is seen beside one with a thousand.
-constexpr double kLeastFilled = 0.18;
 constexpr double kBorderTick = 4;
 
 }  // namespace
@@ -65,36 +64,15 @@ void PlacePicture::Paint(QPainter& painter, const QRectF& area, const PictureSty
     painter.drawText(QRectF(bar.right() + kGap, top, count, bar.height()),
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                      ToQt(numbers_.Grouped(rows_[row].Frequency)));
-    PaintRow(painter, bar, style, row);
+    PaintPlaceBar(painter, bar, rows_[row].Cells, style, style.ColourOf(row));
     top += bar.height() + kGap;
   }
-  painter.setPen(style.Line);
-  for (const double border : borders_) {
-    const double x = left + border * width;
-    painter.drawLine(QPointF(x, top - kGap), QPointF(x, top - kGap + kBorderTick));
-  }
+  PaintBorders(painter, {left, top - kGap, width, kBorderTick}, borders_, style);
   painter.setPen(style.Text);
   const QRectF foot(left, top - kGap + kBorderTick, width, line);
   painter.drawText(foot, Qt::AlignLeft | Qt::TextSingleLine, QStringLiteral("first word"));
   painter.drawText(foot, Qt::AlignRight | Qt::TextSingleLine,
                    QStringLiteral("word %1").arg(ToQt(numbers_.Grouped(static_cast<int64_t>(words_)))));
-}
-
-void PlacePicture::PaintRow(QPainter& painter, const QRectF& bar, const PictureStyle& style,
-                            size_t row) const {
-  const std::vector<uint32_t>& cells = rows_[row].Cells;
-  const uint32_t most = cells.empty() ? 0 : std::ranges::max(cells);
-  const double width = bar.width() / static_cast<double>(std::max<size_t>(cells.size(), 1));
-  for (size_t cell = 0; cell < cells.size(); ++cell) {
-    if (cells[cell] == 0) continue;
-    const double share = static_cast<double>(cells[cell]) / most;
-    const double height = std::max(kLeastFilled, share) * bar.height();
-    painter.fillRect(
-        QRectF(bar.left() + static_cast<double>(cell) * width, bar.bottom() - height, width, height),
-        style.ColourOf(row));
-  }
-  painter.setPen(style.Line);
-  painter.drawRect(bar);
 }
 
 }  // namespace korv

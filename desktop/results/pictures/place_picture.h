@@ -29,8 +29,6 @@ class PlacePicture final : public Picture {
   void Paint(QPainter& painter, const QRectF& area, const PictureStyle& style) const override;
 
  private:
-  void PaintRow(QPainter& painter, const QRectF& bar, const PictureStyle& style, size_t row) const;
-
   std::vector<Row> rows_;
   std::vector<double> borders_;
   uint64_t words_;

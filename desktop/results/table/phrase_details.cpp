@@ -7,10 +7,15 @@
 #include <span>
 #include <tuple>
 
+#include "app/contexts/context_texts.h"
+#include "desktop/results/pictures/place_bar.h"
 #include "engine/analysis/phrase_query.h"
+#include "engine/analysis/phrase_spread.h"
 #include "engine/corpus/corpus.h"
 #include "platform/files.h"
 #include "report/columns/registry.h"
+#include "sources/places/context_text.h"
+#include "sources/places/words_around.h"
 
 namespace korv {
 
@@ -76,7 +81,44 @@ bool FindOthers(const PhraseTable& table, const PhraseList& rows, PhraseIndex ph
   return true;
 }
 
+/// The first occurrences in the order of reading.
+std::vector<Place> EarliestPlaces(const PhraseTable& table, PhraseIndex phrase) {
+  const std::span<const Place> places = table.Places(phrase);
+  std::vector<Place> earliest(std::min(places.size(), PhraseDetails::kMostContexts));
+  std::partial_sort_copy(places.begin(), places.end(), earliest.begin(), earliest.end());
+  return earliest;
+}
+
+void FindPlaces(const TableSource& source, PhraseDetails& details) {
+  const PhraseTable& table = source.Table();
+  const Corpus& corpus = table.Corpus();
+  const PhraseAnalysis* const analysis = source.View().Analysis;
+  if (const TakenWords* words = analysis != nullptr ? analysis->Words() : nullptr) {
+    details.Cells = OccurrencesByPart(table, details.Phrase, *words, kPlaceCells);
+    details.Borders = ShownBorders(corpus, *words);
+  }
+  for (const Place place : EarliestPlaces(table, details.Phrase)) {
+    PlaceInText text = WordsAround(corpus, place, table.Words(details.Phrase), PhraseDetails::kAround);
+    details.First.push_back({place, NameOfText(source.Run(), corpus.SourceAt(place)), std::move(text.Left),
+                             std::move(text.Phrase), std::move(text.Right)});
+  }
+}
+
 }  // namespace
+
+void ReadContexts(const CountedRun& run, PlaceLocator& locator, PhraseDetails& details) {
+  const Corpus& corpus = run.Table.Corpus();
+  for (PhraseDetails::Context& context : details.First) {
+    // A run that kept no lines does not lead back to its text.
+    if (corpus.Lines.LineNumber(context.At) == 0) continue;
+    auto text = locator.Locate(context.At, run.Table.Words(details.Phrase), PhraseDetails::kAround);
+    if (!text) continue;
+    context.Where = PlaceName(run, corpus.SourceAt(context.At), text->Line);
+    context.Left = std::move(text->Left);
+    context.Phrase = WithSingleBlanks(text->Phrase);
+    context.Right = std::move(text->Right);
+  }
+}
 
 std::optional<PhraseDetails> DetailsOf(const TableSource& source, const PhraseList& rows, PhraseIndex phrase,
                                        Yielder& yielder) {
@@ -88,6 +130,7 @@ std::optional<PhraseDetails> DetailsOf(const TableSource& source, const PhraseLi
     if (const auto* whole = std::get_if<int64_t>(&cell)) details.Alone = *whole;
   }
   if (!source.IsOneFile()) CountByFile(source, details);
+  FindPlaces(source, details);
   Others longer;
   Others shorter;
   if (!FindOthers(table, rows, phrase, yielder, longer, shorter)) return std::nullopt;

@@ -119,6 +119,7 @@ void PhraseTablePanel::Connect() {
   auto* details = new QShortcut(Qt::Key_F2, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
   connect(details, &QShortcut::activated, Bar->cmdRowDetails, &QToolButton::click);
   Details->PhraseChosen = [this](PhraseIndex phrase) { GoTo(phrase); };
+  Details->ContextsAsked = [this](PhraseIndex phrase) { ShowContexts(phrase); };
   columns_->Changed = [this] { ColumnsChanged(); };
   ConnectGrid();
   ConnectMenus();
@@ -219,6 +220,9 @@ void PhraseTablePanel::cmdClearMatch_Click() {
 
 void PhraseTablePanel::cmdRowDetails_Click() {
   Details->setVisible(Bar->cmdRowDetails->isChecked());
+  // They need values of their own. Hidden ones hold no run.
+  ColumnsChanged();
+  if (!Bar->cmdRowDetails->isChecked()) return Details->Show(nullptr, {}, kNoPhrase);
   ShowDetails();
 }
 
@@ -238,7 +242,10 @@ void PhraseTablePanel::ChooseParts(PartChoice parts) {
 }
 
 void PhraseTablePanel::Take(const TableAnswer& answer) {
-  if (!answer.Rows) return model_->ShowValues(answer.Source);
+  if (!answer.Rows) {
+    model_->ShowValues(answer.Source);
+    return ShowDetails();
+  }
   Bar->Match->ShowFault(answer.Fault);
   lblMatchFault->setText(ToQt(answer.Fault));
   lblMatchFault->setVisible(!answer.Fault.empty());
@@ -260,7 +267,7 @@ void PhraseTablePanel::ShowCount(bool whole) {
 }
 
 void PhraseTablePanel::ColumnsChanged() {
-  request_.Shown = {};
+  request_.Shown = Bar->cmdRowDetails->isChecked() ? PhraseDetails::kNeeds : AnalysisNeeds{};
   bool alone = false;
   for (const int section : columns_->Shown()) {
     const Column& column = *model_->Columns()[static_cast<size_t>(section)];

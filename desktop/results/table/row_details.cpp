@@ -1,8 +1,15 @@
 #include "desktop/results/table/row_details.h"
 
+#include <QEvent>
+#include <QImage>
+#include <QPainter>
+#include <QScrollBar>
 #include <QUrl>
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
+#include "desktop/results/pictures/place_bar.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/guarded.h"
@@ -13,6 +20,9 @@ const char* const kAloneSentence =
     "Alone: the occurrences of a phrase that do not stand within an occurrence of a longer phrase.";
 
 namespace {
+
+constexpr const char* kPlacesPicture = "places:";
+constexpr double kTick = 4;  ///< Height of a tick, in pixels.
 
 QString Grouped(uint64_t number, const NumberFormat& numbers) {
   return ToQt(numbers.Grouped(static_cast<int64_t>(number)));
@@ -52,6 +62,33 @@ QString Files(const PhraseDetails& details, const NumberFormat& numbers) {
   return text + QLatin1String("</table>");
 }
 
+QString Places(const PhraseDetails& details, const NumberFormat& numbers) {
+  if (details.Cells.empty()) return {};
+  const auto holding = std::ranges::count_if(details.Cells, [](uint32_t n) { return n > 0; });
+  return QStringLiteral(
+             "<p><img src=\"%1\"><br><small>From the first word to the last: in %2 of %3 equal "
+             "parts of the text.</small></p>")
+      .arg(QLatin1String(kPlacesPicture), Grouped(static_cast<uint64_t>(holding), numbers),
+           Grouped(details.Cells.size(), numbers));
+}
+
+/// Whether a text begins with a sign that stands right behind a word.
+bool AdjoinsWord(std::string_view text) {
+  return !text.empty() && std::string_view(".,;:!?)").find(text.front()) != std::string_view::npos;
+}
+
+QString Contexts(const PhraseDetails& details, const NumberFormat& numbers) {
+  if (details.First.empty()) return {};
+  QString text = Heading("Contexts", details.First.size(), details.Count, numbers);
+  for (const PhraseDetails::Context& context : details.First)
+    text +=
+        QStringLiteral("<p><a href=\"contexts:\">%1</a><br>%2 <b>%3</b>%4%5</p>")
+            .arg(ToQt(context.Where).toHtmlEscaped(), ToQt(context.Left).toHtmlEscaped(),
+                 ToQt(context.Phrase).toHtmlEscaped(), QLatin1String(AdjoinsWord(context.Right) ? "" : " "),
+                 ToQt(context.Right).toHtmlEscaped());
+  return text;
+}
+
 }  // namespace
 
 QString RichText(const PhraseDetails& details, const NumberFormat& numbers) {
@@ -64,6 +101,8 @@ QString RichText(const PhraseDetails& details, const NumberFormat& numbers) {
     text += QStringLiteral("<p>Occurrences: %1.</p>").arg(Grouped(details.Count, numbers));
   }
   text += QStringLiteral("<p><small>%1</small></p>").arg(QLatin1String(kAloneSentence));
+  text += Places(details, numbers);
+  text += Contexts(details, numbers);
   text += Files(details, numbers);
   text += Phrases("Within longer phrases", details.Longer, details.AllLonger, numbers);
   text += Phrases("Shorter phrases in it", details.Shorter, details.AllShorter, numbers);
@@ -71,13 +110,15 @@ QString RichText(const PhraseDetails& details, const NumberFormat& numbers) {
 }
 
 RowDetails::RowDetails(const Desktop& desktop, QWidget* parent)
-    : QTextBrowser(parent), desktop_(desktop), job_(desktop.Loop) {
+    : QTextBrowser(parent),
+      desktop_(desktop),
+      reading_(std::make_shared<FileReading>(desktop.Files)),
+      job_(desktop.Loop) {
   Described(Named(this, "txbRowDetails"), "Details of the phrase");
   setOpenLinks(false);
   setTabChangesFocus(true);
   connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
-    Guarded(desktop_.Messages, "txbRowDetails_Click",
-            [&] { PhraseChosen(PhraseIndex{link.path().toUInt()}); })();
+    Guarded(desktop_.Messages, "txbRowDetails_Click", [&] { Follow(link); })();
   });
 }
 
@@ -85,15 +126,62 @@ RowDetails::~RowDetails() = default;
 
 void RowDetails::Show(std::shared_ptr<const TableSource> source, const PhraseList& rows, PhraseIndex phrase) {
   if (source == nullptr || phrase == kNoPhrase) {
-    job_.Stop();
+    // The files of a run that is gone are let go on the thread that reads them.
+    job_.Start([reading = reading_](NewestJob::Turn&) { reading->Forget(); });
+    shown_.reset();
     return setPlainText(QStringLiteral("Select a phrase in the table."));
   }
-  job_.Start(
-      [this, source = std::move(source), rows, phrase, numbers = desktop_.Numbers](NewestJob::Turn& turn) {
-        const std::optional<PhraseDetails> details = DetailsOf(*source, rows, phrase, turn.Yielder());
-        if (!details) return;
-        turn.Tell([this, text = RichText(*details, numbers)] { setHtml(text); });
-      });
+  job_.Start([this, source = std::move(source), rows, phrase, reading = reading_](NewestJob::Turn& turn) {
+    std::optional<PhraseDetails> details = DetailsOf(*source, rows, phrase, turn.Yielder());
+    if (!details) return;
+    turn.Tell([this, found = *details] { Take(found); });
+    reading->Do(source->SharedRun(), turn.Yielder(),
+                [&](PlaceLocator& locator) { ReadContexts(source->Run(), locator, *details); });
+    if (!turn.Yielder().Stopped()) turn.Tell([this, read = *std::move(details)] { Take(read); });
+  });
+}
+
+void RowDetails::Take(PhraseDetails details) {
+  const bool samePhrase = shown_ && shown_->Phrase == details.Phrase;
+  const int at = samePhrase ? verticalScrollBar()->value() : 0;
+  shown_ = std::move(details);
+  Present();
+  verticalScrollBar()->setValue(at);
+}
+
+void RowDetails::Present() {
+  setHtml(RichText(*shown_, desktop_.Numbers));
+}
+
+void RowDetails::Follow(const QUrl& link) {
+  if (link.scheme() == QLatin1String("phrase")) return PhraseChosen(PhraseIndex{link.path().toUInt()});
+  ContextsAsked(shown_->Phrase);
+}
+
+QVariant RowDetails::loadResource(int type, const QUrl& name) {
+  if (name != QUrl(QLatin1String(kPlacesPicture)) || !shown_) return QTextBrowser::loadResource(type, name);
+  const int line = fontMetrics().height();
+  const QSize size(static_cast<int>(kPlaceCells) * std::max(2, line / 6), 2 * line);
+  QImage image(size * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(devicePixelRatioF());
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  const PictureStyle style = StyleOf(palette(), font());
+  const QRectF bar(0.5, 0.5, size.width() - 1, size.height() - kTick - 1);
+  PaintPlaceBar(painter, bar, shown_->Cells, style, style.ColourOf(0));
+  PaintBorders(painter, {bar.left(), bar.bottom(), bar.width(), kTick}, shown_->Borders, style);
+  return image;
+}
+
+void RowDetails::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (!shown_) return QTextBrowser::mouseDoubleClickEvent(event);
+  Guarded(desktop_.Messages, "txbRowDetails_DoubleClick", [&] { ContextsAsked(shown_->Phrase); })();
+}
+
+void RowDetails::changeEvent(QEvent* event) {
+  QTextBrowser::changeEvent(event);
+  const bool looks = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+  if (looks && shown_) Present();
 }
 
 }  // namespace korv

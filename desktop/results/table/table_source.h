@@ -21,6 +21,7 @@ class TableSource {
                                           Yielder& yielder) const;
 
   const CountedRun& Run() const { return *base_->Run; }
+  const std::shared_ptr<const CountedRun>& SharedRun() const { return base_->Run; }
   const PhraseTable& Table() const { return base_->Run->Table; }
   /// Whether all the text is one file. Then there is nothing to say about files.
   bool IsOneFile() const { return base_->FilesWithWords <= 1; }
