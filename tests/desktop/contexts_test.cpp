@@ -19,6 +19,7 @@
 #include "desktop/results/contexts/why_panel.h"
 #include "tests/desktop/view_test.h"
 #include "tests/fakes/native_paths.h"
+#include "tests/sources/docx_builder.h"
 
 namespace korv {
 namespace {
@@ -258,6 +259,29 @@ TEST_F(ContextsTest, EnterShowsTheTextAndF3GoesOnAcrossFiles) {
   pane->NextOccurrence();
   EXPECT_FALSE(view.isVisible());
   EXPECT_EQ(CurrentRow(), 2);
+}
+
+TEST_F(ContextsTest, TheTextOfADocumentIsWhatWasExtractedFromIt) {
+  world.UseFile("/letter.docx",
+                BuildDocx(Paragraphs({"Dear cat,", "the big cat &amp; you", "and a big cat"})));
+  pane->Show(Counted());
+  Type("big cat");
+  EXPECT_THAT(Rows(), ElementsAre("Dear cat, the|big cat|& you and a big cat|letter.docx:2",
+                                  "Dear cat, the big cat & you and a|big cat||letter.docx:3"));
+  pane->tblContexts->setFocus();
+  QTest::keyClick(pane->tblContexts, Qt::Key_Return);
+  UntilIdle(*pane);
+  ASSERT_NE(pane->frmText, nullptr);
+  TextView& view = *pane->frmText;
+  EXPECT_TRUE(view.isVisible());
+  EXPECT_EQ(TextWithMark(view), "Dear cat,\nthe [big cat] & you\nand a big cat\n");
+  EXPECT_EQ(FromQt(view.lblTextPlace->text()), "letter.docx, line 2, column 5 \u2013 occurrence 1 of 2");
+  EXPECT_FALSE(view.lblTextNote->isVisible());
+  EXPECT_TRUE(view.cmdOpenSource->isEnabled());
+  view.cmdNextOccurrence->click();
+  UntilIdle(*pane);
+  EXPECT_EQ(TextWithMark(view), "Dear cat,\nthe big cat & you\nand a [big cat]\n");
+  EXPECT_EQ(FromQt(view.lblTextPlace->text()), "letter.docx, line 3, column 7 \u2013 occurrence 2 of 2");
 }
 
 TEST_F(ContextsTest, TheTextOfAFileThatIsGoneIsTheWordsOfTheRun) {

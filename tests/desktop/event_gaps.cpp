@@ -11,8 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
@@ -25,11 +23,9 @@
 #include "desktop/main_window/result_controller.h"
 #include "desktop/main_window/run_controller.h"
 #include "desktop/questions.h"
-#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/text.h"
 #include "sources/questions.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_messages.h"
+#include "tests/desktop/fake_surroundings.h"
 
 namespace {
 
@@ -90,14 +86,15 @@ class Session {
   Session() {
     using korv::Answer;
     namespace questions = korv::questions;
-    messages_.WillAnswer(questions::kFirstCommonWords, Answer::No);
-    messages_.WillAnswer(questions::kLargeInput, Answer::No);
-    messages_.WillAnswer(questions::kSeveralFiles, Answer::Extra);
-    messages_.WillAnswer(questions::kKeepFilter, Answer::No);
-    messages_.WillAnswer(questions::kMinimumFrequency, Answer::No);
-    messages_.WillAnswer(questions::kReallyStop, Answer::Yes);
-    messages_.WillAnswer(questions::kCountingInterrupted, Answer::No);
-    messages_.WillAnswer(questions::kReallyQuit, Answer::Yes);
+    korv::FakeMessages& messages = around_.Messages;
+    messages.WillAnswer(questions::kFirstCommonWords, Answer::No);
+    messages.WillAnswer(questions::kLargeInput, Answer::No);
+    messages.WillAnswer(questions::kSeveralFiles, Answer::Extra);
+    messages.WillAnswer(questions::kKeepFilter, Answer::No);
+    messages.WillAnswer(questions::kMinimumFrequency, Answer::No);
+    messages.WillAnswer(questions::kReallyStop, Answer::Yes);
+    messages.WillAnswer(questions::kCountingInterrupted, Answer::No);
+    messages.WillAnswer(questions::kReallyQuit, Answer::Yes);
     window_.show();
   }
   bool Start() { return window_.Form_Load(); }
@@ -119,7 +116,8 @@ class Session {
   /// Whether there is a result; says what was shown where there is none.
   bool HasResult() {
     if (window_.Result().HasResult()) return true;
-    for (const korv::Message& message : messages_.Shown) std::fprintf(stderr, "%s\n", message.Text.c_str());
+    for (const korv::Message& message : around_.Messages.Shown)
+      std::fprintf(stderr, "%s\n", message.Text.c_str());
     return false;
   }
   /// Handles events until nothing goes on.
@@ -133,31 +131,18 @@ class Session {
   }
 
  private:
-  korv::FakeMessages messages_;
-  korv::FakeDialogs dialogs_;
-  korv::FakeClipboard clipboard_;
-  korv::FakeLauncher launcher_;
-  korv::TurnYielder yielder_;
-  korv::QtEventLoop loop_{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
+  korv::Desktop Surroundings() {
+    korv::Desktop desktop = around_.On(*files_, around_.Messages, clock_);
+    desktop.ProgramText = KORV_PROGRAM_TEXT;
+    desktop.ProgramFolder = KORV_WORD_LISTS;
+    desktop.StateFile = korv::PathFromText(korv::FromQt(around_.Folder.filePath(QStringLiteral("korv.usr"))));
+    return desktop;
+  }
+
+  korv::FakeSurroundings around_;
   korv::SystemClock clock_;
-  korv::NumberFormat numbers_;
   std::unique_ptr<korv::FileSystem> files_ = korv::MakeSystemFiles();
-  QTemporaryDir scratch_;
-  QSettings store_{scratch_.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
-  korv::frmMain window_{korv::Desktop{
-      .Messages = messages_,
-      .Dialogs = dialogs_,
-      .Clipboard = clipboard_,
-      .Launcher = launcher_,
-      .Files = *files_,
-      .Loop = loop_,
-      .Yielder = yielder_,
-      .Clock = clock_,
-      .Numbers = numbers_,
-      .ProgramText = KORV_PROGRAM_TEXT,
-      .ProgramFolder = KORV_WORD_LISTS,
-      .StateFile = korv::PathFromText(korv::FromQt(scratch_.filePath(QStringLiteral("korv.usr")))),
-      .Store = store_}};
+  korv::frmMain window_{Surroundings()};
 };
 
 /// How long a whole count and its list take.

@@ -16,8 +16,7 @@
 #include "desktop/results/pictures/rank_picture.h"
 #include "desktop/results/pictures/ticks.h"
 #include "desktop/toolkit/color_scheme.h"
-#include "tests/app/run_world.h"
-#include "tests/desktop/window_test.h"
+#include "tests/desktop/view_test.h"
 
 namespace korv {
 namespace {
@@ -26,7 +25,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-std::shared_ptr<const CountedRun> Counted(RunWorld& world) {
+std::shared_ptr<const CountedRun> CountedRunOf(RunWorld& world) {
   world.Request.Options.KeepPlaces = true;
   world.Request.Rules.IgnoreShortWords = false;
   EXPECT_EQ(world.Count(), RunEnd::Counted);
@@ -38,7 +37,7 @@ std::shared_ptr<const CountedRun> CountedFile() {
   RunWorld world;
   world.UseFile("/a.txt", "big cat. big cat. big cat. red dog. red dog.\n");
   world.UseLengths(2, 3);
-  return Counted(world);
+  return CountedRunOf(world);
 }
 
 std::shared_ptr<const CountedRun> CountedFolder() {
@@ -48,7 +47,7 @@ std::shared_ptr<const CountedRun> CountedFolder() {
   world.Files.Add("/f/c.txt", "nothing of that\n");
   world.UseFolder("/f");
   world.UseLengths(2, 3);
-  return Counted(world);
+  return CountedRunOf(world);
 }
 
 PhraseIndex Entry(const CountedRun& run, const std::string& text) {
@@ -63,7 +62,7 @@ PictureStyle Style(const QPalette& palette) {
 }
 
 /// The pane alone, on faked surroundings.
-class PicturesTest : public WindowTest {
+class PicturesTest : public ViewTest {
  protected:
   PicturesTest() { pane.resize(700, 500); }
 
@@ -72,9 +71,7 @@ class PicturesTest : public WindowTest {
     pane.show();
     UntilMade();
   }
-  void UntilMade() {
-    while (!pane.Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
+  void UntilMade() { UntilIdle(pane); }
   void ChooseKind(const char* caption) {
     pane.cboPicture->setCurrentText(QString::fromUtf8(caption));
     pane.cboPicture_Click();
@@ -142,10 +139,9 @@ TEST_F(PicturesTest, SayThatNothingWasCounted) {
 }
 
 TEST_F(PicturesTest, SayThatNothingIsListed) {
-  RunWorld world;
   world.UseFile("/a.txt", "only these words once\n");
   world.UseLengths(2, 3);
-  ShowRun(Counted(world));
+  ShowRun(Counted());
   EXPECT_EQ(Description(), "No phrase is listed.");
   EXPECT_FALSE(pane.cmdSavePicture->isEnabled());
 }
@@ -205,22 +201,20 @@ TEST_F(PicturesTest, ShowFrequencyByRank) {
 }
 
 TEST_F(PicturesTest, ShowLengths) {
-  RunWorld world;
   world.UseFile("/a.txt", "a big cat. a big cat. big cat.\n");
   world.UseLengths(2, 3);
-  ShowRun(Counted(world));
+  ShowRun(Counted());
   ChooseKind("Lengths of phrases");
   EXPECT_EQ(Description(),
             "Bars, in percent of phrases and of occurrences: 2 words 50.0 and 60.0; 3 words 50.0 and 40.0.");
 }
 
 TEST_F(PicturesTest, SayHowManyOfTheSelectedPhrasesAreShown) {
-  RunWorld world;
   std::string text;
   for (const char* word : {"a", "b", "c", "d", "e", "f", "g"}) text += std::string(word) + " word. ";
   world.UseFile("/a.txt", text + text);
   world.UseLengths(2, 2);
-  const auto run = Counted(world);
+  const auto run = Counted();
   ShowRun(run);
   EXPECT_TRUE(pane.lblPictureNotice->isHidden());
   std::vector<PhraseIndex> all;
@@ -324,22 +318,23 @@ TEST_F(PicturesTest, DrawBarsOfLengthsByTheirShares) {
 
 TEST_F(PicturesTest, AreSavedAsSvgWithTitleAndDescription) {
   ShowRun(CountedFile());
-  dialogs.WillChoose(PathOf("p.svg"));
+  around.Dialogs.WillChoose("/p.svg");
   pane.cmdSavePicture_Click();
-  const std::string svg = ReadFile(PathOf("p.svg"));
+  const std::string svg = world.Files.Content("/p.svg").value_or("");
   EXPECT_THAT(svg, StartsWith("<?xml"));
   EXPECT_THAT(svg, HasSubstr("<title>Where phrases stand</title>"));
   EXPECT_THAT(svg, HasSubstr("stands in 3 of 100 parts"));
   EXPECT_THAT(svg, HasSubstr("big cat"));
-  EXPECT_THAT(Shown(), testing::IsEmpty());
+  EXPECT_THAT(world.Messages.Shown, testing::IsEmpty());
 }
 
 TEST_F(PicturesTest, AreSavedAsPngWithTwiceTheDots) {
   ShowRun(CountedFile());
-  dialogs.WillChoose(PathOf("p.PNG"));
+  around.Dialogs.WillChoose("/p.PNG");
   pane.cmdSavePicture_Click();
   QImage image;
-  ASSERT_TRUE(image.load(QString::fromStdString(PathOf("p.PNG")), "PNG"));
+  ASSERT_TRUE(
+      image.loadFromData(QByteArray::fromStdString(world.Files.Content("/p.PNG").value_or("")), "PNG"));
   EXPECT_EQ(image.size(), pane.picCanvas->size() * 2);
   EXPECT_EQ(image.text(QStringLiteral("Title")), "Where phrases stand");
 }
@@ -347,18 +342,19 @@ TEST_F(PicturesTest, AreSavedAsPngWithTwiceTheDots) {
 TEST_F(PicturesTest, AreOfferedUnderTheirTitle) {
   ShowRun(CountedFile());
   pane.cmdSavePicture_Click();
-  ASSERT_EQ(dialogs.Saved.size(), 1u);
-  EXPECT_EQ(dialogs.Saved[0].Title, "Save picture");
-  EXPECT_EQ(dialogs.Saved[0].InitialPath, "Where phrases stand.svg");
-  EXPECT_EQ(dialogs.Saved[0].Filter, "Pictures (*.svg *.png) | *.svg *.png");
-  EXPECT_TRUE(dialogs.Saved[0].AsksBeforeReplacing);
+  ASSERT_EQ(around.Dialogs.Saved.size(), 1u);
+  EXPECT_EQ(around.Dialogs.Saved[0].Title, "Save picture");
+  EXPECT_EQ(around.Dialogs.Saved[0].InitialPath, "Where phrases stand.svg");
+  EXPECT_EQ(around.Dialogs.Saved[0].Filter, "Pictures (*.svg *.png) | *.svg *.png");
+  EXPECT_TRUE(around.Dialogs.Saved[0].AsksBeforeReplacing);
 }
 
 TEST_F(PicturesTest, TellWhenTheyCannotBeSaved) {
   ShowRun(CountedFile());
-  dialogs.WillChoose(PathOf("no such folder/p.svg"));
+  around.Dialogs.WillChoose("/no such folder/p.svg");
   pane.cmdSavePicture_Click();
-  EXPECT_THAT(Shown(), ElementsAre(StartsWith("Save picture | The picture cannot be saved as ")));
+  EXPECT_EQ(world.Messages.Only().Title, "Save picture");
+  EXPECT_THAT(world.Messages.Only().Text, StartsWith("The picture cannot be saved as "));
 }
 
 }  // namespace

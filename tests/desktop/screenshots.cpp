@@ -8,9 +8,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSet>
-#include <QSettings>
 #include <QStyleFactory>
-#include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
@@ -29,12 +27,9 @@
 #include "desktop/settings_window/frm_params.h"
 #include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/toolkit/application_name.h"
-#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/scheme_switch.h"
 #include "desktop/toolkit/text.h"
-#include "tests/fakes/fake_clock.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_messages.h"
+#include "tests/desktop/fake_surroundings.h"
 
 namespace korv {
 namespace {
@@ -69,31 +64,14 @@ bool Save(QWidget& window, const QString& folder, const QString& name) {
 }
 
 bool TakePictures(const std::string& text, const QString& folder, bool dark) {
-  FakeMessages messages;
-  FakeDialogs dialogs;
-  FakeClipboard clipboard;
-  FakeLauncher launcher;
-  FakeClock clock;
-  QtEventLoop loop([](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); });
-  TurnYielder yielder;
+  FakeSurroundings around;
   const auto files = MakeSystemFiles();
-  const QTemporaryDir scratch;
-  QSettings store(scratch.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
-  const NumberFormat numbers;
-  messages.WillAnswer(questions::kFirstCommonWords, Answer::Yes);
-  frmMain window(Desktop{.Messages = messages,
-                         .Dialogs = dialogs,
-                         .Clipboard = clipboard,
-                         .Launcher = launcher,
-                         .Files = *files,
-                         .Loop = loop,
-                         .Yielder = yielder,
-                         .Clock = clock,
-                         .Numbers = numbers,
-                         .ProgramText = KORV_PROGRAM_TEXT,
-                         .ProgramFolder = KORV_WORD_LISTS,
-                         .StateFile = PathFromText(FromQt(scratch.filePath(QStringLiteral("korv.usr")))),
-                         .Store = store});
+  around.Messages.WillAnswer(questions::kFirstCommonWords, Answer::Yes);
+  Desktop desktop = around.On(*files);
+  desktop.ProgramText = KORV_PROGRAM_TEXT;
+  desktop.ProgramFolder = KORV_WORD_LISTS;
+  desktop.StateFile = PathFromText(FromQt(around.Folder.filePath(QStringLiteral("korv.usr"))));
+  frmMain window(desktop);
   window.show();
   if (!window.Form_Load()) return false;
   const auto untilIdle = [&window] {

@@ -8,14 +8,12 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "bench/made_text.h"
@@ -23,24 +21,16 @@
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/results/table/table_bar.h"
-#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/widgets/eliding_label.h"
 #include "engine/corpus/corpus_builder.h"
 #include "engine/counting/count_phrases.h"
-#include "tests/fakes/fake_clock.h"
-#include "tests/fakes/fake_desktop.h"
+#include "tests/desktop/fake_surroundings.h"
+#include "tests/desktop/loop_gaps.h"
 #include "tests/fakes/fake_files.h"
-#include "tests/fakes/fake_messages.h"
 
 namespace {
 
 using namespace korv;
-using Milliseconds = std::chrono::duration<double, std::milli>;
-using SteadyTime = std::chrono::steady_clock::time_point;
-
-SteadyTime Now() {
-  return std::chrono::steady_clock::now();
-}
 
 std::shared_ptr<const CountedRun> LargeRun(size_t words) {
   constexpr size_t kFiles = 200;
@@ -75,43 +65,24 @@ std::shared_ptr<const CountedRun> LargeRun(size_t words) {
 class Gaps {
  public:
   explicit Gaps(const PhraseTablePanel& panel) : panel_(panel) {
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Beat(); });
-    QObject::connect(panel.tblPhrases->model(), &QAbstractItemModel::modelReset, &timer_, [this] {
-      if (first_ == SteadyTime()) first_ = Now();
+    QObject::connect(panel.tblPhrases->model(), &QAbstractItemModel::modelReset, &context_, [this] {
+      if (!first_) first_ = std::chrono::steady_clock::now();
     });
-    timer_.start(1);
   }
   void Measure(const char* what, const std::function<void()>& act) {
-    begin_ = last_ = Now();
-    first_ = {};
-    longest_ = {};
-    act();
-    Beat();
-    do {
-      QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    } while (!panel_.Idle());
-    QApplication::processEvents();
-    Beat();
-    const double first = first_ == SteadyTime() ? 0 : Milliseconds(first_ - begin_).count();
+    first_.reset();
+    gaps_.Measure(act, [this] { return panel_.Idle(); });
+    const double first = first_ ? LoopGaps::Milliseconds(*first_ - gaps_.Begin()).count() : 0;
     std::printf("%-34s first rows %7.1f ms, all %7.1f ms, longest gap %6.1f ms; %s\n", what, first,
-                Milliseconds(Now() - begin_).count(), longest_.count(),
-                qPrintable(panel_.Bar->lblPhraseCount->text()));
+                gaps_.Took(), gaps_.Longest(), qPrintable(panel_.Bar->lblPhraseCount->text()));
     std::fflush(stdout);
   }
 
  private:
-  void Beat() {
-    const SteadyTime now = Now();
-    longest_ = std::max(longest_, Milliseconds(now - last_));
-    last_ = now;
-  }
-
   const PhraseTablePanel& panel_;
-  QTimer timer_;
-  SteadyTime begin_{};
-  SteadyTime last_{};
-  SteadyTime first_{};
-  Milliseconds longest_{};
+  QObject context_;
+  LoopGaps gaps_;
+  std::optional<LoopGaps::SteadyTime> first_;
 };
 
 void MeasureAll(PhraseTablePanel& panel, const std::shared_ptr<const CountedRun>& run) {
@@ -146,29 +117,9 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   const auto run = LargeRun(argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 26'000'000);
-  QTemporaryDir folder;
-  QSettings store(folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat);
-  FakeMessages messages;
-  FakeDialogs dialogs;
-  FakeClipboard clipboard;
-  FakeLauncher launcher;
+  FakeSurroundings around;
   FakeFiles files;
-  FakeClock clock;
-  TurnYielder yielder;
-  QtEventLoop loop{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
-  const Desktop desktop{.Messages = messages,
-                        .Dialogs = dialogs,
-                        .Clipboard = clipboard,
-                        .Launcher = launcher,
-                        .Files = files,
-                        .Loop = loop,
-                        .Yielder = yielder,
-                        .Clock = clock,
-                        .Numbers = {},
-                        .ProgramText = {},
-                        .ProgramFolder = {},
-                        .StateFile = {},
-                        .Store = store};
+  const Desktop desktop = around.On(files);
   PhraseTablePanel panel(desktop, nullptr);
   panel.resize(1200, 700);
   panel.show();

@@ -10,8 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 #include <algorithm>
@@ -28,11 +26,8 @@
 #include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/results/table/row_details.h"
 #include "desktop/results/table/table_bar.h"
-#include "desktop/toolkit/qt_event_loop.h"
-#include "tests/fakes/fake_clock.h"
-#include "tests/fakes/fake_desktop.h"
+#include "tests/desktop/fake_surroundings.h"
 #include "tests/fakes/fake_files.h"
-#include "tests/fakes/fake_messages.h"
 #include "tests/report/report_world.h"
 
 namespace korv {
@@ -71,7 +66,7 @@ class TableTest : public testing::Test {
   /// Opens the table, or opens it anew as after a restart.
   void Open() {
     panel.reset();
-    surroundings = std::make_unique<Desktop>(Surroundings());
+    surroundings = std::make_unique<Desktop>(around.On(files));
     panel = std::make_unique<PhraseTablePanel>(*surroundings, nullptr);
     panel->resize(1000, 400);
     panel->show();
@@ -166,33 +161,11 @@ class TableTest : public testing::Test {
     const PhraseIndex phrase = panel->CurrentPhrase();
     return phrase == kNoPhrase ? std::string() : shown->Table.Text(phrase);
   }
-  Desktop Surroundings() {
-    return {.Messages = messages,
-            .Dialogs = dialogs,
-            .Clipboard = clipboard,
-            .Launcher = launcher,
-            .Files = files,
-            .Loop = loop,
-            .Yielder = yielder,
-            .Clock = clock,
-            .Numbers = numbers,
-            .ProgramText = {},
-            .ProgramFolder = {},
-            .StateFile = {},
-            .Store = store};
-  }
-
-  QTemporaryDir folder;
-  FakeMessages messages;
-  FakeDialogs dialogs;
-  FakeClipboard clipboard;
-  FakeLauncher launcher;
+  FakeSurroundings around;
+  FakeMessages& messages = around.Messages;
+  NumberFormat& numbers = around.Numbers;
+  QSettings& store = around.Store;
   FakeFiles files;
-  FakeClock clock;
-  TurnYielder yielder;
-  NumberFormat numbers;
-  QtEventLoop loop{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
-  QSettings store{folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
   std::unique_ptr<Desktop> surroundings;
   std::shared_ptr<const CountedRun> shown;
   std::unique_ptr<PhraseTablePanel> panel;

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <chrono>
@@ -13,10 +11,9 @@
 #include <string>
 
 #include "desktop/desktop.h"
-#include "desktop/toolkit/qt_event_loop.h"
 #include "desktop/toolkit/text.h"
 #include "tests/app/run_world.h"
-#include "tests/fakes/fake_desktop.h"
+#include "tests/desktop/fake_surroundings.h"
 
 namespace korv {
 
@@ -30,21 +27,7 @@ class ViewTest : public testing::Test {
     world.UseLengths(2, 3, 1);
   }
 
-  Desktop Surroundings() {
-    return {.Messages = world.Messages,
-            .Dialogs = dialogs,
-            .Clipboard = clipboard,
-            .Launcher = launcher,
-            .Files = world.Files,
-            .Loop = loop,
-            .Yielder = yielder,
-            .Clock = world.Clock,
-            .Numbers = {},
-            .ProgramText = {},
-            .ProgramFolder = {},
-            .StateFile = {},
-            .Store = store};
-  }
+  Desktop Surroundings() { return around.On(world.Files, world.Messages, world.Clock); }
   /// Counts the folder /t.
   std::shared_ptr<const CountedRun> CountFolder() {
     world.Request.IncludeSubfolders = true;
@@ -71,13 +54,8 @@ class ViewTest : public testing::Test {
   }
 
   RunWorld world;
-  FakeDialogs dialogs;
-  FakeClipboard clipboard;
-  FakeLauncher launcher;
-  QtEventLoop loop{[](const std::exception_ptr& thrown) { std::rethrow_exception(thrown); }};
-  TurnYielder yielder;
-  QTemporaryDir folder;
-  QSettings store{folder.filePath(QStringLiteral("store.ini")), QSettings::IniFormat};
+  FakeSurroundings around;
+  FakeLauncher& launcher = around.Launcher;
 };
 
 }  // namespace korv
