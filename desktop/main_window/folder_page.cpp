@@ -46,16 +46,15 @@ void FolderPage::BuildPatterns(QGridLayout& layout) {
       {{"txbFileFilepathSpecifications_0",
         "Scan files matching patterns:", "E.g., *.txt, *.docx, a*.htm*, b*.xml"},
        {"txbFileFilepathSpecifications_1", "Exclude filepaths containing text:", "E.g., copy, bak"}}};
-  auto* rows = Bare(new QGridLayout);
   for (size_t i = 0; i < kRows.size(); ++i) {
     auto* box = MakeTextBox(kRows[i].Name, kRows[i].Caption, this);
     box->setPlaceholderText(QString::fromUtf8(kRows[i].Examples));
     box->setToolTip(box->placeholderText());
     txbFileFilepathSpecifications[i] = box;
-    rows->addWidget(MakeCaption(kRows[i].Caption, box, this), static_cast<int>(i), 0);
-    rows->addWidget(box, static_cast<int>(i), 1);
+    const int row = 1 + 2 * static_cast<int>(i);
+    layout.addWidget(MakeCaption(kRows[i].Caption, box, this), row, 0, 1, 3);
+    layout.addWidget(box, row + 1, 0, 1, 3);
   }
-  layout.addLayout(rows, 1, 0, 1, 3);
 }
 
 void FolderPage::BuildFoot(QGridLayout& layout) {
@@ -65,7 +64,7 @@ void FolderPage::BuildFoot(QGridLayout& layout) {
   foot->addWidget(chkIncludeSubfolders);
   foot->addStretch(1);
   foot->addWidget(cmdListFiles);
-  layout.addLayout(foot, 2, 0, 1, 3);
+  layout.addLayout(foot, 5, 0, 1, 3);
 }
 
 void FolderPage::Connect() {

@@ -24,30 +24,37 @@
 namespace korv {
 namespace {
 
-constexpr int kColumnWidth = 400;
+constexpr int kColumnWidth = 360;
 
-QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
+QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
   auto* groups = new QWidget(parent);
   panels.Source = new SourcePanel(desktop, groups);
   panels.Phrases = new PhrasesPanel(groups);
   panels.WordsToIgnore = new WordsToIgnorePanel(desktop, groups);
-  panels.Report = new ReportPanel(desktop, work, groups);
-  panels.OutputFile = new OutputFilePanel(desktop, groups);
   auto* stack = Bare(new QVBoxLayout(groups));
   stack->addWidget(panels.Source, 1);
-  for (QWidget* group : std::initializer_list<QWidget*>{panels.Phrases, panels.WordsToIgnore, panels.Report,
-                                                        panels.OutputFile}) {
-    stack->addWidget(group);
-  }
+  stack->addWidget(panels.Phrases);
+  stack->addWidget(panels.WordsToIgnore);
   return groups;
 }
 
-QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
+/// What says how the report is listed and where it goes.
+QWidget* MakeReportOptions(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
+  auto* options = Named(new QWidget(parent), "fraReportOptions");
+  panels.Report = new ReportPanel(desktop, work, options);
+  panels.OutputFile = new OutputFilePanel(desktop, options);
+  auto* stack = Tight(new QVBoxLayout(options), QMargins(0, 4, 0, 4));
+  stack->addWidget(panels.Report);
+  stack->addWidget(panels.OutputFile);
+  return options;
+}
+
+QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
   auto* column = new QWidget(parent);
   auto* layout = Bare(new QVBoxLayout(column));
   // On a low screen the groups scroll; the count button below them does not.
   auto* scroll = Named(new ScrollColumn(column), "scrOptions");
-  QWidget* groups = MakeGroups(panels, desktop, work, scroll);
+  QWidget* groups = MakeGroups(panels, desktop, scroll);
   scroll->setWidget(groups);
   // The width that the groups need, and room for the scroll bar beside them.
   const int bar = scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll);
@@ -60,10 +67,12 @@ QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, Workspace& work,
 
 void SetTabOrder(const MainPanels& panels) {
   std::vector<QWidget*> order;
+  std::vector<QWidget*> options = panels.Report->TabOrder();
+  const std::vector<QWidget*> file = panels.OutputFile->TabOrder();
+  options.insert(options.end(), file.begin(), file.end());
   for (const auto& part :
        {panels.Source->TabOrder(), panels.Phrases->TabOrder(), panels.WordsToIgnore->TabOrder(),
-        panels.Report->TabOrder(), panels.OutputFile->TabOrder(), panels.Run->TabOrder(),
-        panels.Frame->TabOrder(panels.Report->chkSortByNumberOfFiles)}) {
+        panels.Run->TabOrder(), panels.Frame->TabOrder(options, panels.Report->chkSortByNumberOfFiles)}) {
     order.insert(order.end(), part.begin(), part.end());
   }
   for (size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
@@ -78,10 +87,11 @@ MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& 
   auto* row = new QHBoxLayout(centre);
   row->setContentsMargins(8, 6, 8, 4);
   row->setSpacing(10);
-  panels.Column = Named(MakeColumn(panels, desktop, work, centre), "fraColumn");
+  panels.Column = Named(MakeColumn(panels, desktop, centre), "fraColumn");
   row->addWidget(panels.Column);
   panels.Frame = new ResultFrame(desktop, hooks, centre);
   panels.Result = panels.Frame->Report;
+  panels.Result->AddOptions(MakeReportOptions(panels, desktop, work, panels.Result));
   panels.Result->AddBelow(panels.Report->chkSortByNumberOfFiles);
   row->addWidget(panels.Frame, 1);
   window.setCentralWidget(centre);

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QToolButton>
 #include <utility>
 
 #include "desktop/main_window/clipboard_page.h"
@@ -148,6 +149,8 @@ void MainMenus::AddViews(QMenu* menu) {
     action->setShortcutContext(Qt::WindowShortcut);
     menu->addAction(action);
   }
+  Add(
+      menu, "Report o&ptions", {}, [frame] { frame->cmdReportOptions->toggle(); }, During::Always);
   Add(menu, "&Left column", Qt::CTRL | Qt::Key_B, commands_.FoldColumn, During::Always);
   menu->addSeparator();
 }

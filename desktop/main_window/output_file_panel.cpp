@@ -1,12 +1,13 @@
 #include "desktop/main_window/output_file_panel.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPushButton>
 
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/flow_layout.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "sources/detect/source_checks.h"
@@ -14,18 +15,19 @@
 namespace korv {
 
 OutputFilePanel::OutputFilePanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Output file"), parent), desktop_(desktop) {
+    : QWidget(parent), desktop_(desktop) {
   setObjectName(QStringLiteral("fraOutputFile"));
-  auto* layout = Tight(new QGridLayout(this));
   cmdFile = MakeButton("cmdFile_1", "O&utput file", this);
   txbFile = MakeTextBox("txbFile_1", "Path of the output file", this);
   cmdClearFile = Described(MakeButton("cmdClearFile_1", "Clea&r", this), "Clear the output file");
   chkDisableOutputToFile = MakeCheckBox("chkDisableOutputToFile", "Disable output to file", this);
-  layout->addWidget(cmdFile, 0, 0);
-  layout->addWidget(txbFile, 0, 1);
-  layout->addWidget(cmdClearFile, 0, 2);
-  layout->addWidget(chkDisableOutputToFile, 1, 0, 1, 3);
-  layout->setColumnStretch(1, 1);
+  auto* path = Bare(new QHBoxLayout);
+  path->addWidget(cmdFile);
+  path->addWidget(txbFile, 1);
+  path->addWidget(cmdClearFile);
+  auto* layout = new FlowLayout(this);
+  layout->AddGroup(path);
+  layout->addWidget(chkDisableOutputToFile);
 
   const Wiring wiring(*this, desktop_.Messages);
   wiring.OnClick(cmdFile, "cmdFile_Click", [this] { cmdFile_Click(); });

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QGroupBox>
+#include <QWidget>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,7 +14,7 @@ class QPushButton;
 namespace korv {
 
 /// The file that a report is written into.
-class OutputFilePanel final : public QGroupBox {
+class OutputFilePanel final : public QWidget {
  public:
   OutputFilePanel(const Desktop& desktop, QWidget* parent);
   ~OutputFilePanel() override;

@@ -1,7 +1,7 @@
 #include "desktop/main_window/phrases_panel.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
+#include <QGridLayout>
 
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -11,7 +11,7 @@ namespace korv {
 
 PhrasesPanel::PhrasesPanel(QWidget* parent) : QGroupBox(QStringLiteral("Phrases"), parent) {
   setObjectName(QStringLiteral("fraPhrases"));
-  auto* layout = Tight(new QHBoxLayout(this));
+  auto* layout = Tight(new QGridLayout(this));
   cboPhraseLength[0] = MakeCombo("cboPhraseLength_0", "Minimum number of words in phrase", this);
   cboPhraseLength[1] = MakeCombo("cboPhraseLength_1", "Maximum number of words in phrase", this);
   cboMinimumFrequency = MakeCombo("cboMinimumFrequency", "Minimum number of occurrences", this);
@@ -22,13 +22,13 @@ PhrasesPanel::PhrasesPanel(QWidget* parent) : QGroupBox(QStringLiteral("Phrases"
                            combo->fontMetrics().horizontalAdvance(QStringLiteral("25")) + 8);
     combo->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   }
-  layout->addWidget(MakeCaption("Phrase length", cboPhraseLength[0], this));
-  layout->addWidget(cboPhraseLength[0]);
-  layout->addWidget(MakeCaption("to", cboPhraseLength[1], this));
-  layout->addWidget(cboPhraseLength[1]);
-  layout->addStretch(1);
-  layout->addWidget(MakeCaption("Minimum frequenc&y", cboMinimumFrequency, this));
-  layout->addWidget(cboMinimumFrequency);
+  layout->addWidget(MakeCaption("Phrase length", cboPhraseLength[0], this), 0, 0);
+  layout->addWidget(cboPhraseLength[0], 0, 1);
+  layout->addWidget(MakeCaption("to", cboPhraseLength[1], this), 0, 2);
+  layout->addWidget(cboPhraseLength[1], 0, 3);
+  layout->addWidget(MakeCaption("Minimum frequenc&y", cboMinimumFrequency, this), 1, 0);
+  layout->addWidget(cboMinimumFrequency, 1, 1);
+  layout->setColumnStretch(4, 1);
 }
 
 void PhrasesPanel::FillLists() {

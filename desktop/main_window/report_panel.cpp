@@ -2,10 +2,11 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/flow_layout.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "report/report_rules.h"
@@ -18,7 +19,7 @@ constexpr int kFileListFormat = 10;
 }  // namespace
 
 ReportPanel::ReportPanel(const Desktop& desktop, Workspace& work, QWidget* parent)
-    : QGroupBox(QStringLiteral("Report"), parent), desktop_(desktop), work_(work) {
+    : QWidget(parent), desktop_(desktop), work_(work) {
   setObjectName(QStringLiteral("fraReport"));
   Build();
   Connect();
@@ -29,7 +30,7 @@ ReportPanel::~ReportPanel() {
 }
 
 void ReportPanel::Build() {
-  auto* layout = Tight(new QGridLayout(this));
+  auto* layout = new FlowLayout(this);
   cboWordOrder = MakeCombo("cboWordOrder", "Order of the phrases", this);
   cboDisplayFormat = MakeCombo("cboDisplayFormat", "Display format", this);
   chkDisplayRelativeFrequency = MakeCheckBox(
@@ -42,14 +43,22 @@ void ReportPanel::Build() {
   chkSortByNumberOfFiles =
       MakeCheckBox("chkSortByNumberOfFiles", "Sort by number of files instead of frequency", this);
   KeepPlaceWhenHidden(chkFileList);
-  layout->addWidget(MakeCaption("Or&der:", cboWordOrder, this), 0, 0);
-  layout->addWidget(cboWordOrder, 0, 1);
-  layout->addWidget(chkFileList, 0, 2);
-  layout->addWidget(MakeCaption("For&mat:", cboDisplayFormat, this), 1, 0);
-  layout->addWidget(cboDisplayFormat, 1, 1, 1, 2);
-  layout->addWidget(chkDisplayRelativeFrequency, 2, 0, 1, 3);
-  layout->addWidget(chkSuppressWords, 3, 0, 1, 3);
-  layout->setColumnStretch(1, 1);
+  layout->AddGroup(WithCaption("Or&der:", cboWordOrder));
+  layout->AddGroup(WithCaption("For&mat:", cboDisplayFormat));
+  layout->addWidget(chkDisplayRelativeFrequency);
+  layout->addWidget(chkSuppressWords);
+  // Last: what comes and goes with the source moves nothing.
+  layout->addWidget(chkFileList);
+}
+
+QLayout* ReportPanel::WithCaption(const char* caption, QComboBox* list) {
+  // Its items do not change, and each is read in full.
+  list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  auto* group = Bare(new QHBoxLayout);
+  group->addWidget(MakeCaption(caption, list, this));
+  group->addWidget(list);
+  return group;
 }
 
 void ReportPanel::Connect() {
@@ -108,7 +117,7 @@ void ReportPanel::chkFileList_Click() {
 }
 
 std::vector<QWidget*> ReportPanel::TabOrder() const {
-  return {cboWordOrder, chkFileList, cboDisplayFormat, chkDisplayRelativeFrequency};
+  return {cboWordOrder, cboDisplayFormat, chkDisplayRelativeFrequency, chkFileList};
 }
 
 }  // namespace korv

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QGroupBox>
+#include <QWidget>
 #include <functional>
 #include <vector>
 
@@ -14,8 +14,8 @@ class QComboBox;
 
 namespace korv {
 
-/// How a result is listed: format, order and columns.
-class ReportPanel final : public QGroupBox {
+/// How a result is listed: order, format and columns, in a row that breaks where the window is narrow.
+class ReportPanel final : public QWidget {
  public:
   ReportPanel(const Desktop& desktop, Workspace& work, QWidget* parent);
   ~ReportPanel() override;
@@ -45,6 +45,7 @@ class ReportPanel final : public QGroupBox {
 
  private:
   void Build();
+  QLayout* WithCaption(const char* caption, QComboBox* list);
   void Connect();
 
   const Desktop& desktop_;

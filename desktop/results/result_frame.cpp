@@ -7,6 +7,7 @@
 #include <QSpinBox>
 #include <QSplitter>
 #include <QTabBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -27,6 +28,7 @@ namespace korv {
 namespace {
 
 constexpr char kTableLayout[] = "layout/table";
+constexpr char kReportOptions[] = "layout/report_options";
 
 }  // namespace
 
@@ -43,6 +45,7 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   Views->addTab(Report, QStringLiteral("Report"));
   Pictures = new PicturesPane(desktop, Views);
   Views->addTab(Pictures, QStringLiteral("Pictures"));
+  MakeOptionsButton();
   layout->addWidget(Tabs);
   layout->addWidget(Head);
   layout->addWidget(Notes);
@@ -50,6 +53,7 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   connect(Views, &QTabWidget::tabBarClicked, this, [this](int index) { chosen_ = RunView{index}; });
   ShowRun(nullptr);
   connect(Views, &QTabWidget::currentChanged, this, [this] {
+    ShowReportOptions();
     PictureSelected();
     ViewChanged();
   });
@@ -60,6 +64,26 @@ QSize ResultFrame::minimumSizeHint() const {
   constexpr int kFurtherLines = 4;
   const QSize least = QWidget::minimumSizeHint();
   return {least.width(), least.height() + kFurtherLines * fontMetrics().lineSpacing()};
+}
+
+void ResultFrame::MakeOptionsButton() {
+  cmdReportOptions = Named(new QToolButton(Views), "cmdReportOptions");
+  cmdReportOptions->setText(QStringLiteral("Report options"));
+  cmdReportOptions->setToolTip(
+      QStringLiteral("Show or fold away order, format and output file of the report"));
+  cmdReportOptions->setCheckable(true);
+  cmdReportOptions->setFocusPolicy(Qt::StrongFocus);
+  cmdReportOptions->setAutoRaise(true);
+  cmdReportOptions->setChecked(desktop_.Store.value(QLatin1String(kReportOptions), true).toBool());
+  connect(cmdReportOptions, &QToolButton::toggled, this, [this] { ShowReportOptions(); });
+}
+
+void ResultFrame::ShowReportOptions() {
+  const bool tabs = Views->tabBar()->isVisibleTo(Views);
+  // A corner that is only hidden leaves a line behind.
+  Views->setCornerWidget(tabs && View() == RunView::Report ? cmdReportOptions : nullptr);
+  cmdReportOptions->setVisible(tabs && View() == RunView::Report);
+  Report->ShowOptions(!tabs || cmdReportOptions->isChecked());
 }
 
 QWidget* ResultFrame::MakeTable() {
@@ -94,6 +118,7 @@ void ResultFrame::ShowRun(const std::shared_ptr<ShownResult>& result) {
   Views->tabBar()->setVisible(result != nullptr);
   if (result == nullptr) Views->setCurrentWidget(Report);
   if (first) ShowView(chosen_);
+  ShowReportOptions();
   const std::shared_ptr<const CountedRun> run =
       result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
   Table->Show(run);
@@ -129,15 +154,16 @@ void ResultFrame::StartFiltering() {
 
 void ResultFrame::StoreLayout() const {
   desktop_.Store.setValue(QLatin1String(kTableLayout), splTable->saveState());
+  desktop_.Store.setValue(QLatin1String(kReportOptions), cmdReportOptions->isChecked());
 }
 
-std::vector<QWidget*> ResultFrame::TabOrder(QWidget* below) const {
-  std::vector<QWidget*> order = {Tabs, Notes, Views->tabBar()};
+std::vector<QWidget*> ResultFrame::TabOrder(const std::vector<QWidget*>& options, QWidget* below) const {
+  std::vector<QWidget*> order = {Tabs, Notes, Views->tabBar(), cmdReportOptions};
   const std::vector<QWidget*> contexts = {Contexts->txbContextPhrase, Contexts->cboContextOrder,
                                           Contexts->chkContextFiles,  Contexts->chkContextSample,
                                           Contexts->spbContextWidth,  Contexts->tblContexts};
   const std::vector<QWidget*> pictures = {Pictures->cboPicture, Pictures->cmdSavePicture};
-  for (const auto& view : {Table->TabOrder(), contexts, Report->TabOrder(below), pictures})
+  for (const auto& view : {Table->TabOrder(), contexts, options, Report->TabOrder(below), pictures})
     order.insert(order.end(), view.begin(), view.end());
   return order;
 }

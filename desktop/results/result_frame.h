@@ -11,6 +11,7 @@
 #include "desktop/desktop.h"
 
 class QSplitter;
+class QToolButton;
 
 namespace korv {
 
@@ -39,6 +40,7 @@ class ResultFrame final : public QWidget {
   PhraseTablePanel* Table = nullptr;
   ContextsPane* Contexts = nullptr;
   ResultPanel* Report = nullptr;
+  QToolButton* cmdReportOptions = nullptr;  ///< Folds away the options of the report.
   PicturesPane* Pictures = nullptr;
 
   std::function<void()> ViewChanged = [] {};  ///< Another view is in front.
@@ -52,11 +54,15 @@ class ResultFrame final : public QWidget {
   void StartFiltering();
   /// Keeps for the next window how the room is divided.
   void StoreLayout() const;
-  std::vector<QWidget*> TabOrder(QWidget* below) const;
+  /// The order of the controls. `options` are those above the report, `below` stands below its text box.
+  std::vector<QWidget*> TabOrder(const std::vector<QWidget*>& options, QWidget* below) const;
   QSize minimumSizeHint() const override;
 
  private:
   QWidget* MakeTable();
+  void MakeOptionsButton();
+  /// Before the first run the options cannot be folded away: there are no tabs, and so no button.
+  void ShowReportOptions();
   void ShowContexts();
   /// Gives the pictures the phrases that are selected in the table.
   void PictureSelected();

@@ -23,12 +23,12 @@ ResultPanel::ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* 
       desktop_(desktop),
       box_(*txbOutput),
       output_(box_, std::move(hooks)) {
-  auto* layout = Bare(new QVBoxLayout(this));
-  BuildLabels(*layout);
-  BuildBox(*layout);
-  BuildFoot(*layout);
+  stack_ = Bare(new QVBoxLayout(this));
+  BuildLabels(*stack_);
+  BuildBox(*stack_);
+  BuildFoot(*stack_);
   Filter = new FilterPanel(desktop_, this);
-  layout->addWidget(Filter);
+  stack_->addWidget(Filter);
   Wiring(*this, desktop_.Messages).OnClick(cmdClearOutput, "cmdClearOutput_Click", [this] {
     cmdClearOutput_Click();
   });
@@ -43,8 +43,7 @@ void ResultPanel::BuildLabels(QBoxLayout& layout) {
   lblNumOccurrences = MakeLabel("lblNumOccurrences", this);
   lblTotalNumOccurrences = MakeLabel("lblTotalNumOccurrences", this);
   lblNumWordsExcluded = MakeLabel("lblNumWordsExcluded", this);
-  // In a narrow window they take a second line; they never widen it. The least height has room for that.
-  setMinimumHeight(17 * fontMetrics().lineSpacing());
+  // In a narrow window they take a second line; they never widen it.
   for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
     label->setWordWrap(true);
   }
@@ -80,6 +79,24 @@ void ResultPanel::BuildFoot(QBoxLayout& layout) {
   foot_->addStretch(1);
   foot_->addWidget(cmdClearOutput);
   layout.addLayout(foot_);
+}
+
+QSize ResultPanel::minimumSizeHint() const {
+  // The labels have room for a second line.
+  constexpr int kLines = 17;
+  int height = kLines * fontMetrics().lineSpacing();
+  if (options_ != nullptr && options_->isVisibleTo(this))
+    height += options_->minimumSizeHint().height() + stack_->spacing();
+  return {QWidget::minimumSizeHint().width(), height};
+}
+
+void ResultPanel::AddOptions(QWidget* options) {
+  options_ = options;
+  stack_->insertWidget(0, options);
+}
+
+void ResultPanel::ShowOptions(bool shown) {
+  if (options_ != nullptr) options_->setVisible(shown);
 }
 
 void ResultPanel::AddBelow(QWidget* control) {

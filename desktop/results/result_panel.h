@@ -21,7 +21,7 @@ namespace korv {
 
 class FilterPanel;
 
-/// The list of phrases with its labels, and the filter below.
+/// The list of phrases with its labels; above it its options, below it the filter.
 class ResultPanel final : public QWidget {
  public:
   ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* parent);
@@ -65,6 +65,9 @@ class ResultPanel final : public QWidget {
   void ShowLabels(const ResultLabels& labels);
   void ClearLabels();
   void ShowFoundSoFar(uint64_t phrases);
+  /// Puts the options of the list above all else. Called once.
+  void AddOptions(QWidget* options);
+  void ShowOptions(bool shown);
   /// Puts a control before the buttons below the text box.
   void AddBelow(QWidget* control);
 
@@ -73,6 +76,7 @@ class ResultPanel final : public QWidget {
   /// Suggests a wider window where lines are wider than the box.
   void SuggestWidth();
   std::vector<QWidget*> TabOrder(QWidget* below) const;
+  QSize minimumSizeHint() const override;
 
  private:
   void BuildLabels(QBoxLayout& layout);
@@ -80,7 +84,9 @@ class ResultPanel final : public QWidget {
   void BuildFoot(QBoxLayout& layout);
 
   const Desktop& desktop_;
+  QBoxLayout* stack_ = nullptr;
   QBoxLayout* foot_ = nullptr;
+  QWidget* options_ = nullptr;
   OutputTextBox box_;
   OutputBox output_;
   bool enabled_ = true;

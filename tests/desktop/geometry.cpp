@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <algorithm>
 
 namespace korv {
 namespace {
@@ -78,8 +79,11 @@ class Inspection {
     // A least size that was set takes the place of the control's own.
     const QSize hint = control.minimumSizeHint();
     const QSize set = control.minimumSize();
-    const QSize least(set.width() > 0 ? set.width() : hint.width(),
-                      set.height() > 0 ? set.height() : hint.height());
+    QSize least(set.width() > 0 ? set.width() : hint.width(),
+                set.height() > 0 ? set.height() : hint.height());
+    // What breaks into lines needs its least height where it is narrowest only.
+    if (set.height() == 0 && control.hasHeightForWidth())
+      least.setHeight(std::min(least.height(), control.heightForWidth(control.width())));
     if (control.width() < least.width() || control.height() < least.height()) {
       Fault(NameOf(control) + " (" + PlaceOf(control.geometry()) + ") is smaller than " +
             PlaceOf(QRect(QPoint(0, 0), least)));

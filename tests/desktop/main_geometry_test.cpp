@@ -139,17 +139,39 @@ TEST_P(MainGeometry, ShowsTwoRecentSourcesWhole) {
 }
 
 TEST_P(MainGeometry, KeepsEveryGroupInItsPlaceWhenTheSourceChanges) {
-  const char* groups[] = {"fraSource", "fraPhrases", "fraWordsToIgnore", "fraReport", "fraOutputFile"};
+  const char* groups[] = {"fraSource", "fraPhrases",    "fraWordsToIgnore",
+                          "fraReport", "fraOutputFile", "txbOutput"};
   std::map<std::string, QRect> places;
   for (const char* source : kSources) {
     Click(source);
     main->Timer1_Timer();
     QApplication::processEvents();
     for (const char* name : groups) {
-      const QRect place = Find<QGroupBox>(name)->geometry();
+      const QRect place = Find<QWidget>(name)->geometry();
       const auto [known, first] = places.emplace(name, place);
       EXPECT_EQ(known->second, place) << name << " with " << source;
     }
+  }
+}
+
+TEST_P(MainGeometry, FitsIntoASmallScreenInEveryState) {
+  if (GetParam() != 100) GTEST_SKIP() << "letters twice as large want a larger screen";
+  const QSize small(1000, 700);
+  const auto expectRoom = [&](const char* state) {
+    QApplication::processEvents();
+    const QSize least = main->minimumSizeHint();
+    EXPECT_LE(least.width(), small.width()) << state;
+    EXPECT_LE(least.height(), small.height()) << state;
+  };
+  for (const char* source : kSources) {
+    Click(source);
+    expectRoom(source);
+  }
+  UseFile(kText);
+  Count();
+  for (const RunView view : {RunView::Table, RunView::Report, RunView::Pictures}) {
+    main->Panels().Frame->ShowView(view);
+    expectRoom("counted");
   }
 }
 
@@ -160,8 +182,8 @@ TEST_P(MainGeometry, LeavesNoRoomUnused) {
       Click(source);
       main->Timer1_Timer();
       QApplication::processEvents();
-      auto* column = Find<QGroupBox>("fraOutputFile")->parentWidget();
-      EXPECT_EQ(Find<QWidget>("fraOutputFile")->geometry().bottom(), column->rect().bottom()) << source;
+      auto* column = Find<QGroupBox>("fraWordsToIgnore")->parentWidget();
+      EXPECT_EQ(Find<QWidget>("fraWordsToIgnore")->geometry().bottom(), column->rect().bottom()) << source;
       // The list of recent sources has what the page of the source leaves over.
       const auto* pages = Find<QWidget>("stkSource");
       EXPECT_LE(pages->height(), pages->sizeHint().height()) << source;

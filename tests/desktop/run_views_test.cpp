@@ -150,6 +150,38 @@ TEST_F(RunViews, GetTheRoomOfTheLeftColumnWhenItIsFolded) {
   EXPECT_EQ(main->focusWidget(), Find<QWidget>("txbFile_0"));
 }
 
+TEST_F(RunViews, HaveTheOptionsOfTheReportAboveIt) {
+  EXPECT_TRUE(Shown("cboDisplayFormat"));
+  EXPECT_TRUE(Shown("txbFile_1"));
+  EXPECT_FALSE(Shown("cmdReportOptions"));
+  CountText("man.txt", kMan);
+  Frame().ShowView(RunView::Table);
+  EXPECT_FALSE(Shown("cboDisplayFormat"));
+  EXPECT_FALSE(Shown("cmdReportOptions"));
+  Frame().ShowView(RunView::Report);
+  EXPECT_TRUE(Shown("cboDisplayFormat"));
+  EXPECT_TRUE(Shown("cmdReportOptions"));
+}
+
+TEST_F(RunViews, FoldTheOptionsOfTheReportAwayAndRememberThat) {
+  CountText("man.txt", kMan);
+  Frame().ShowView(RunView::Report);
+  const int height = Find<QWidget>("txbOutput")->height();
+  Click("cmdReportOptions");
+  QApplication::processEvents();
+  EXPECT_FALSE(Shown("cboDisplayFormat"));
+  EXPECT_GT(Find<QWidget>("txbOutput")->height(), height);
+  main->close();
+  ASSERT_TRUE(Start());
+  // Nothing is counted yet, and there are no tabs to unfold them from.
+  EXPECT_TRUE(Shown("cboDisplayFormat"));
+  CountText("man.txt", kMan);
+  Frame().ShowView(RunView::Report);
+  EXPECT_FALSE(Shown("cboDisplayFormat"));
+  Click("cmdReportOptions");
+  EXPECT_TRUE(Shown("cboDisplayFormat"));
+}
+
 TEST_F(RunViews, SaveTheListUnderANameThatIsAskedFor) {
   CountText("man.txt", kMan);
   dialogs.WillChoose(PathOf("list.txt"));

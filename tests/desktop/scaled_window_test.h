@@ -18,6 +18,8 @@ class ScaledWindowTest : public WindowTest, public testing::WithParamInterface<i
     font.setPointSizeF(font.pointSizeF() * GetParam() / 100);
     QApplication::setFont(font);
     ASSERT_TRUE(Start());
+    // What a control needs is told from parent to parent, some of them at each turn.
+    for (int i = 0; i < 4; ++i) QApplication::processEvents();
   }
   void TearDown() override {
     End();
