@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/run/empty_result.h"
+#include "app/run/left_out_words.h"
 #include "base/size_text.h"
 #include "base/utf8.h"
 #include "report/summary.h"
@@ -38,6 +39,7 @@ class Notes {
     Source();
     if (!result_.InSight) {
       Add({NoteKind::NotInSight, "The last list is not shown.", {NoteAction::ShowLastList}});
+      Skipped();
       return std::move(notes_);
     }
     Changes();
@@ -174,7 +176,8 @@ class Notes {
            {NoteAction::CountOnly}});
     if (const std::string text = WordsLeftOutText(result_.Run, result_.Request.Rules, numbers_);
         !text.empty())
-      Add({NoteKind::WordsLeftOut, text + ".", {NoteAction::WordRules}});
+      Add({NoteKind::WordsLeftOut, text + ".", WaysToWordsLeftOut()});
+    Skipped();
     if (facts.LongPhrases > 0)
       Add({NoteKind::LongPhrases, Counted(facts.LongPhrases, "phrase", "phrases", numbers_) +
                                       " of more than 100 characters left out."});
@@ -182,6 +185,19 @@ class Notes {
       Add({NoteKind::Replaced, Counted(replaced, "byte sequence that is no UTF-8 was",
                                        "byte sequences that are no UTF-8 were", numbers_) +
                                    " passed over."});
+  }
+
+  std::vector<NoteAction> WaysToWordsLeftOut() const {
+    const WordRules& rules = result_.Request.Rules;
+    if (RulesThatTake(rules, result_.Run.Facts.Words) == rules) return {NoteAction::WordRules};
+    return {NoteAction::CountLeftOut, NoteAction::WordRules};
+  }
+
+  void Skipped() {
+    if (const size_t skipped = result_.Run.Facts.SkippedFiles.size(); skipped > 0)
+      Add({NoteKind::Skipped,
+           Counted(skipped, "file was skipped.", "files were skipped.", numbers_),
+           {NoteAction::ShowSkipped}});
   }
 
   const ShownResult& result_;
@@ -229,6 +245,10 @@ const char* CaptionOf(NoteAction action) {
       return "Open file";
     case NoteAction::OpenFolder:
       return "Open folder";
+    case NoteAction::CountLeftOut:
+      return "Count them";
+    case NoteAction::ShowSkipped:
+      return "Show";
     case NoteAction::WordRules:
       return "Word rules...";
     case NoteAction::WordsToIgnore:

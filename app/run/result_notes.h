@@ -27,6 +27,7 @@ enum class NoteKind {
   OtherFilter,  ///< The filter words that stand there are not the ones applied.
   CountOnly,    ///< Count-only entries were in force.
   WordsLeftOut,
+  Skipped,  ///< Files of the folder that were not counted.
   LongPhrases,
   Replaced,  ///< Bytes that are no characters.
   Why,       ///< Why a phrase that was asked for is not listed; one for every cause.
@@ -42,6 +43,8 @@ enum class NoteAction {
   WriteToFile,  ///< Choose an output file and write the list into it.
   OpenFile,
   OpenFolder,
+  CountLeftOut,   ///< Count again without the rules that left words out.
+  ShowSkipped,    ///< Where the skipped files are named.
   WordRules,      ///< Where the word rules are.
   WordsToIgnore,  ///< Where they are listed.
   CountOnly,      ///< Where the count-only entries are.

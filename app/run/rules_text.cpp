@@ -58,7 +58,7 @@ std::string WordRulesText(const WordRules& rules) {
                                                 rules);
   std::string text = Sizes(rules);
   if (!extra.empty()) text += ", with " + Enumerated(extra);
-  if (rules.CaseSignificant) text += "; capitals count";
+  text += rules.CaseSignificant ? "; capitals count" : "; case ignored";
   if (rules.Only7bitASCII) text += "; without accents";
   if (!rules.IgnoreNoLetter) text += "; also without a letter";
   if (!rules.IgnoreRepetitions) text += "; also with a letter four times in a row";

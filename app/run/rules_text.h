@@ -8,7 +8,7 @@
 namespace korv {
 
 /// What a word is and where phrases end, in one plain sentence without a period: "Words of 3 to 50 letters,
-/// with hyphens; phrases end at periods, double quotes and tabs".
+/// with hyphens; case ignored; phrases end at periods, double quotes and tabs".
 std::string WordRulesText(const WordRules& rules);
 
 /// "Phrases of 4 to 6 words that occur at least twice"

@@ -14,6 +14,7 @@ namespace korv {
 
 FolderPage::FolderPage(const Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop) {
   auto* layout = Bare(new QGridLayout(this));
+  layout->setVerticalSpacing(3);
   BuildFolderRow(*layout);
   BuildPatterns(*layout);
   BuildFoot(*layout);

@@ -11,6 +11,9 @@
 #include <QStyle>
 #include <QTimer>
 
+#include "app/run/left_out_words.h"
+#include "app/run/rules_text.h"
+#include "app/run/words_in_force.h"
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/clipboard_page.h"
@@ -27,6 +30,7 @@
 #include "desktop/main_window/settings_controller.h"
 #include "desktop/main_window/settings_steps.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/source_surveyor.h"
 #include "desktop/main_window/table_actions.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/questions.h"
@@ -68,6 +72,16 @@ Desktop With(const Desktop& desktop, Messages& messages) {
           .StateFile = desktop.StateFile,
           .Store = desktop.Store,
           .Encoding = desktop.Encoding};
+}
+
+/// What was counted and how is `chosen` again; how it is listed, and where, stays as it is.
+void TakeBack(Workspace::State& state, const Workspace::State& chosen) {
+  const Settings now = std::exchange(state, chosen).Chosen;
+  state.Chosen.Report = now.Report;
+  state.Chosen.OutputFile = now.OutputFile;
+  state.Chosen.DisableOutputToFile = now.DisableOutputToFile;
+  state.Chosen.SaveStateOnQuit = now.SaveStateOnQuit;
+  state.Chosen.WarnOnOverwrite = now.WarnOnOverwrite;
 }
 
 }  // namespace
@@ -194,6 +208,7 @@ void frmMain::EnableDisableButtons(bool enabled) {
   panels_.Result->EnableDisableButtons(enabled);
   menus_->EnableDisableButtons(enabled);
   params_->EnableDisableButtons(enabled);
+  panels_.Surveyor->Enable(enabled);
   if (enabled) params_->EnableClearButtons();
 }
 
@@ -242,14 +257,23 @@ void frmMain::SourceHasChanged(ChangedBy by) {
 void frmMain::TakeSettingsBack(int run) {
   const OpenRuns& runs = result_->Runs();
   if (!run_->Idle() || !runs.At(run).Chosen) return;
-  steps_->Do("Settings of " + FromQt(runs.NameOf(run)), [&](Workspace::State& state) {
-    const Settings now = std::exchange(state, *runs.At(run).Chosen).Chosen;
-    state.Chosen.Report = now.Report;
-    state.Chosen.OutputFile = now.OutputFile;
-    state.Chosen.DisableOutputToFile = now.DisableOutputToFile;
-    state.Chosen.SaveStateOnQuit = now.SaveStateOnQuit;
-    state.Chosen.WarnOnOverwrite = now.WarnOnOverwrite;
+  steps_->Do("Settings of " + FromQt(runs.NameOf(run)),
+             [&](Workspace::State& state) { TakeBack(state, *runs.At(run).Chosen); });
+}
+
+void frmMain::CountLeftOut() {
+  const std::shared_ptr<ShownResult> shown = result_->InFront();
+  steps_->Do("Count words left out", [&](Workspace::State& state) {
+    // Another source may be chosen by now, or other rules.
+    if (shown->Chosen) TakeBack(state, *shown->Chosen);
+    state.Chosen.Words = RulesThatTake(state.Chosen.Words, shown->Run.Facts.Words);
   });
+  IsOfSingleWords(*shown) ? run_->CountSingleWords() : run_->cmdCountPhrases_Click();
+}
+
+void frmMain::ShowWords() {
+  panels_.WordsToIgnore->ShowWords(WordsInForceText(work_, desktop_.Numbers),
+                                   WordRulesText(work_.Current().Words));
 }
 
 void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
@@ -257,6 +281,8 @@ void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
   EnableClearButtons();
   panels_.Result->Filter->EnableClearButton();
   params_->SettingsHaveChanged(changed);
+  ShowWords();
+  panels_.Surveyor->Follow();
   result_->ShowResult();
   if (by == ChangedBy::Program) return;
   steps_->Forget();
@@ -406,6 +432,7 @@ void frmMain::WhenIdle(std::function<void()> act) {
 void frmMain::SetWordsToIgnoreNotice() {
   panels_.WordsToIgnore->SetWordsToIgnoreNotice(work_.Current().IgnoreOption.value_or(IgnoreRule::Allow),
                                                 work_.HasWordsToIgnore());
+  ShowWords();
   result_->ShowResult();
 }
 

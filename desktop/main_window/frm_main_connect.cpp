@@ -60,6 +60,7 @@ void frmMain::MakeControllers() {
   tableActions_ = std::make_unique<TableActions>(panels_, work_, *steps_, *result_);
   result_->RunChanged = [this] { tableActions_->FollowRun(); };
   result_->Shown = [this] { tableActions_->ShowChips(); };
+  result_->CountLeftOut = [this] { CountLeftOut(); };
   opening_ = std::make_unique<Opening>(
       desktop_, *panels_.Source, [this] { return run_->Idle(); },
       [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); });

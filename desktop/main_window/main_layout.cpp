@@ -13,6 +13,7 @@
 #include "desktop/main_window/report_panel.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/source_surveyor.h"
 #include "desktop/main_window/status_line.h"
 #include "desktop/main_window/words_to_ignore_panel.h"
 #include "desktop/results/result_frame.h"
@@ -32,6 +33,8 @@ QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, QWidget* parent)
   panels.Phrases = new PhrasesPanel(groups);
   panels.WordsToIgnore = new WordsToIgnorePanel(desktop, groups);
   auto* stack = Bare(new QVBoxLayout(groups));
+  // Groups have air of their own.
+  stack->setSpacing(3);
   stack->addWidget(panels.Source, 1);
   stack->addWidget(panels.Phrases);
   stack->addWidget(panels.WordsToIgnore);
@@ -85,7 +88,7 @@ MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& 
   MainPanels panels;
   auto* centre = new QWidget(&window);
   auto* row = new QHBoxLayout(centre);
-  row->setContentsMargins(8, 6, 8, 4);
+  row->setContentsMargins(8, 4, 8, 2);
   row->setSpacing(10);
   panels.Column = Named(MakeColumn(panels, desktop, centre), "fraColumn");
   row->addWidget(panels.Column);
@@ -95,6 +98,7 @@ MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& 
   panels.Result->AddBelow(panels.Report->chkSortByNumberOfFiles);
   row->addWidget(panels.Frame, 1);
   window.setCentralWidget(centre);
+  panels.Surveyor = new SourceSurveyor(desktop, work, *panels.Source);
   panels.Status = new StatusLine(desktop.Numbers, &window);
   window.setStatusBar(panels.Status);
   SetTabOrder(panels);

@@ -11,6 +11,7 @@ class ResultFrame;
 class ResultPanel;
 class RunPanel;
 class SourcePanel;
+class SourceSurveyor;
 class StatusLine;
 class WordsToIgnorePanel;
 
@@ -18,6 +19,7 @@ class WordsToIgnorePanel;
 struct MainPanels {
   QWidget* Column = nullptr;  ///< At the left: what to count, and the count button.
   SourcePanel* Source = nullptr;
+  SourceSurveyor* Surveyor = nullptr;  ///< In the panel of the source.
   PhrasesPanel* Phrases = nullptr;
   WordsToIgnorePanel* WordsToIgnore = nullptr;
   ReportPanel* Report = nullptr;

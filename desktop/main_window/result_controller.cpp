@@ -11,6 +11,7 @@
 
 #include "app/run/run_changes.h"
 #include "app/run/run_description.h"
+#include "base/line_ends.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/phrases_panel.h"
@@ -27,6 +28,7 @@
 #include "desktop/widgets/guarded.h"
 #include "report/filter.h"
 #include "report/report_rules.h"
+#include "report/summary.h"
 #include "sources/detect/source_checks.h"
 
 namespace korv {
@@ -288,6 +290,7 @@ void ResultController::ShowLastList() {
   OutputBox& output = panels_.Result->Output();
   output.Clear();
   output.OutputToTxb(WrittenText(listing.List.Phrases, listing.File, desktop_.Numbers) + "\r\n");
+  output.OutputToTxb(WithLineEnds(SkippedFilesText(result_->Run.Facts), kCrLf));
   result_->InSight = true;
   ShowResult();
 }
@@ -320,6 +323,10 @@ void ResultController::TakeWayOut(NoteAction action) {
       return showSettings_(ListKind::CountOnly);
     case NoteAction::WordsToIgnore:
       return showSettings_(ListKind::WordsToIgnore);
+    case NoteAction::CountLeftOut:
+      return CountLeftOut();
+    case NoteAction::ShowSkipped:
+      return ShowSkipped();
     case NoteAction::WordRules:
       return showSettings_(std::nullopt);
     case NoteAction::MinFrequency:
@@ -327,6 +334,13 @@ void ResultController::TakeWayOut(NoteAction action) {
     case NoteAction::Lengths:
       return panels_.Phrases->cboPhraseLength[0]->setFocus();
   }
+}
+
+void ResultController::ShowSkipped() {
+  panels_.Frame->ShowView(RunView::Report);
+  // The list of a file leaves room in the text box; any other has the skipped files at its top.
+  if (!result_->InSight) ShowLastList();
+  panels_.Result->ScrollToTop();
 }
 
 void ResultController::OpenWrittenFile() {

@@ -36,8 +36,9 @@ class ResultController final : public QObject {
   /// Null before the first run.
   const std::shared_ptr<ShownResult>& InFront() const { return result_; }
 
-  std::function<void()> RunChanged = [] {};  ///< Another run has come in front.
-  std::function<void()> Shown = [] {};       ///< What restricts the result may be something else now.
+  std::function<void()> RunChanged = [] {};    ///< Another run has come in front.
+  std::function<void()> Shown = [] {};         ///< What restricts the result may be something else now.
+  std::function<void()> CountLeftOut = [] {};  ///< The words that the run in front left out are wanted.
   /// They were read under these word rules.
   bool ResultKeepsTo(const WordRules& rules) const;
 
@@ -87,6 +88,7 @@ class ResultController final : public QObject {
   std::optional<std::string> ConfirmedOutputPath();
   /// Whether writing to `path` would destroy what was counted; says so.
   bool OutputIsSource(const std::string& path);
+  void ShowSkipped();
   void OpenWrittenFile();
   void OpenWrittenFolder();
 

@@ -32,7 +32,7 @@ RunPanel::RunPanel(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   large.setPointSizeF(large.pointSizeF() * 1.25);
   large.setBold(true);
   cmdCountPhrases->setFont(large);
-  cmdCountPhrases->setMinimumHeight(44);
+  cmdCountPhrases->setMinimumHeight(40);
   layout->addWidget(cmdCountPhrases);
   BuildProgress(*layout);
   BuildCommands(*layout);

@@ -17,6 +17,7 @@
 #include "desktop/main_window/recent_list.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/eliding_label.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "sources/detect/source_checks.h"
@@ -39,9 +40,12 @@ SourcePanel::SourcePanel(const Desktop& desktop, QWidget* parent)
   layout->addLayout(kinds);
   BuildPages();
   layout->addWidget(stkSource);
+  lblFound = Named(new ElidingLabel(this), "lblFound");
+  layout->addWidget(lblFound);
   lstRecent = Described(Named(new RecentList(this), "lstRecent"), "Recent files and folders");
   layout->addWidget(lstRecent, 1);
   FitToPages();
+  lblFound->hide();
   TabToTheSelected({optOnClipboard, optInFile, optFolder});
   Connect();
   ConnectRecent();
@@ -164,6 +168,11 @@ void SourcePanel::Remember(TextSource kind, const std::string& path) {
 std::string SourcePanel::Name() const {
   const QLineEdit* const box = Kind() == TextSource::Folder ? Folder->txbFolder : File->txbFile;
   return SourceName(Kind(), FromQt(box->text()));
+}
+
+void SourcePanel::ShowFound(const std::string& text) {
+  lblFound->setText(ToQt(text));
+  lblFound->setVisible(!text.empty());
 }
 
 bool SourcePanel::RefusesOutput(const std::string& path) const {

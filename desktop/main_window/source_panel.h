@@ -16,6 +16,7 @@ class QStackedWidget;
 namespace korv {
 
 class ClipboardPage;
+class ElidingLabel;
 class FilePage;
 class FolderPage;
 class RecentList;
@@ -33,7 +34,8 @@ class SourcePanel final : public QGroupBox {
   ClipboardPage* Clipboard = nullptr;
   FilePage* File = nullptr;
   FolderPage* Folder = nullptr;
-  RecentList* lstRecent = nullptr;  ///< Has what room the page leaves over: nothing below it jumps.
+  ElidingLabel* lblFound = nullptr;  ///< What a look at the source has found.
+  RecentList* lstRecent = nullptr;   ///< Has what room the page leaves over: nothing below it jumps.
 
   RecentSources RecentFiles;
   RecentSources RecentFolders;
@@ -59,6 +61,8 @@ class SourcePanel final : public QGroupBox {
   void Remember(TextSource kind, const std::string& path);
   /// What the source is called: the name of the file or folder, "Clipboard". Empty for none.
   std::string Name() const;
+  /// Says what was found; hidden where that is nothing.
+  void ShowFound(const std::string& text);
   /// Whether a report at `path` would be read by a folder run; says so.
   bool RefusesOutput(const std::string& path) const;
 

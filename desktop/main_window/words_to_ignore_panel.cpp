@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "desktop/toolkit/text.h"
@@ -15,7 +16,7 @@
 namespace korv {
 
 WordsToIgnorePanel::WordsToIgnorePanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Words to ignore"), parent) {
+    : QGroupBox(QStringLiteral("Words"), parent) {
   setObjectName(QStringLiteral("fraWordsToIgnore"));
   auto* layout = Tight(new QVBoxLayout(this));
   layout->setSpacing(2);
@@ -38,6 +39,7 @@ WordsToIgnorePanel::WordsToIgnorePanel(const Desktop& desktop, QWidget* parent)
   foot->addWidget(lblWordsToIgnoreNotice, 1);
   foot->addWidget(cmdSetParameters, 0, Qt::AlignBottom);
   layout->addLayout(foot);
+  BuildRules(*layout);
   TabToTheSelected(Options());
 
   const Wiring wiring(*this, desktop.Messages);
@@ -45,6 +47,30 @@ WordsToIgnorePanel::WordsToIgnorePanel(const Desktop& desktop, QWidget* parent)
     wiring.OnClick(option, "optWordsToIgnore_Click", [this] { RuleChosen(); });
   }
   wiring.OnClick(cmdSetParameters, "cmdSetParameters_Click", [this] { SetParametersWanted(); });
+  wiring.OnClick(cmdChangeWordRules, "cmdChangeWordRules_Click", [this] { SetParametersWanted(); });
+}
+
+void WordsToIgnorePanel::BuildRules(QBoxLayout& layout) {
+  lblWordsInForce = MakeLabel("lblWordsInForce", this);
+  lblWordsInForce->setWordWrap(true);
+  lblWordRules = MakeLabel("lblWordRules", this);
+  lblWordRules->setWordWrap(true);
+  MakeQuiet(lblWordsInForce);
+  MakeQuiet(lblWordRules);
+  cmdChangeWordRules = Described(Named(new QToolButton(this), "cmdChangeWordRules"), "Change the word rules");
+  cmdChangeWordRules->setText(QStringLiteral("Change..."));
+  cmdChangeWordRules->setToolTip(QStringLiteral("Change what counts as a word and where phrases end"));
+  cmdChangeWordRules->setFocusPolicy(Qt::StrongFocus);
+  auto* rules = new QHBoxLayout;
+  rules->addWidget(lblWordRules, 1);
+  rules->addWidget(cmdChangeWordRules, 0, Qt::AlignBottom);
+  layout.addWidget(lblWordsInForce);
+  layout.addLayout(rules);
+}
+
+void WordsToIgnorePanel::ShowWords(const std::string& inForce, const std::string& rules) {
+  lblWordsInForce->setText(ToQt(inForce));
+  lblWordRules->setText(ToQt(rules + "."));
 }
 
 WordsToIgnorePanel::~WordsToIgnorePanel() {
@@ -57,6 +83,7 @@ void WordsToIgnorePanel::SetWordsToIgnoreNotice(IgnoreRule rule, bool inForce) {
 
 void WordsToIgnorePanel::EnableDisableButtons(bool enabled) {
   cmdSetParameters->setEnabled(enabled);
+  cmdChangeWordRules->setEnabled(enabled);
   for (QRadioButton* option : Options()) option->setEnabled(enabled);
 }
 
@@ -66,8 +93,12 @@ std::vector<QRadioButton*> WordsToIgnorePanel::Options() const {
 }
 
 std::vector<QWidget*> WordsToIgnorePanel::TabOrder() const {
-  return {optAllowPhrasesAllWordsToIgnore, optExcludePhrasesAllWordsToIgnore,
-          optExcludePhrasesWithWordToIgnore, optRemoveWordsToIgnore, cmdSetParameters};
+  return {optAllowPhrasesAllWordsToIgnore,
+          optExcludePhrasesAllWordsToIgnore,
+          optExcludePhrasesWithWordToIgnore,
+          optRemoveWordsToIgnore,
+          cmdSetParameters,
+          cmdChangeWordRules};
 }
 
 }  // namespace korv

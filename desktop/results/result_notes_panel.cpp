@@ -122,6 +122,8 @@ const char* NameOf(NoteKind kind) {
       return "CountOnly";
     case NoteKind::WordsLeftOut:
       return "WordsLeftOut";
+    case NoteKind::Skipped:
+      return "Skipped";
     case NoteKind::LongPhrases:
       return "LongPhrases";
     case NoteKind::Replaced:
@@ -150,6 +152,10 @@ const char* NameOf(NoteAction action) {
       return "OpenFile";
     case NoteAction::OpenFolder:
       return "OpenFolder";
+    case NoteAction::CountLeftOut:
+      return "CountLeftOut";
+    case NoteAction::ShowSkipped:
+      return "ShowSkipped";
     case NoteAction::WordRules:
       return "WordRules";
     case NoteAction::WordsToIgnore:

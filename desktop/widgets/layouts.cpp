@@ -4,11 +4,15 @@
 
 namespace korv {
 
-QLabel* MakeHint(const char* text, QWidget* parent) {
-  auto* label = new QLabel(QString::fromUtf8(text), parent);
+void MakeQuiet(QLabel* label) {
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() * 0.92);
   label->setFont(font);
+}
+
+QLabel* MakeHint(const char* text, QWidget* parent) {
+  auto* label = new QLabel(QString::fromUtf8(text), parent);
+  MakeQuiet(label);
   label->setWordWrap(true);
   return label;
 }

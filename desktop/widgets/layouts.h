@@ -8,7 +8,7 @@
 namespace korv {
 
 /// The margins of the groups of controls in the main window.
-inline constexpr QMargins kGroupMargins(8, 6, 8, 8);
+inline constexpr QMargins kGroupMargins(8, 4, 8, 6);
 
 /// A layout of a group of controls.
 template <typename Layout>
@@ -24,7 +24,9 @@ Layout* Bare(Layout* layout) {
   return Tight(layout, QMargins());
 }
 
-/// A quiet line of explanation: smaller, but in the palette's own text colour.
+/// The font of quiet lines: smaller, but in the palette's own text colour.
+void MakeQuiet(QLabel* label);
+/// A quiet line of explanation.
 QLabel* MakeHint(const char* text, QWidget* parent);
 
 /// What comes and goes must not move what stands around it.

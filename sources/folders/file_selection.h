@@ -13,6 +13,8 @@ namespace korv {
 struct FileSelection {
   std::vector<std::string> Patterns;    ///< "*" and "?" are wildcards; none at all wants every file.
   std::vector<std::string> Exclusions;  ///< Names that hold one of these are not wanted.
+
+  bool operator==(const FileSelection&) const = default;
 };
 
 inline constexpr size_t kMostPatterns = 100;

@@ -107,6 +107,26 @@ TEST_F(ResultNotes, WhatTheRunLeftOutIsTold) {
   EXPECT_EQ(Texts().at(1), "Only phrases that match the one count-only entry were counted.");
 }
 
+TEST_F(ResultNotes, WordsLeftOutCanBeCountedWhereARuleCanBeLifted) {
+  Result.Run.Facts.Words.DroppedBy = {16383, 0, 0, 0, 0, 0};
+  EXPECT_THAT(All().back(), testing::Field(&ResultNote::WaysOut,
+                                           ElementsAre(NoteAction::CountLeftOut, NoteAction::WordRules)));
+  // Words to ignore that are taken out of the text are no matter of the word rules.
+  Result.Run.Facts.Words.DroppedBy = {0, 0, 0, 0, 5, 0};
+  EXPECT_THAT(All().back(), testing::Field(&ResultNote::WaysOut, ElementsAre(NoteAction::WordRules)));
+}
+
+TEST_F(ResultNotes, SkippedFilesAreToldInEveryViewAndWhateverIsInSight) {
+  Result.Run.Facts.SkippedFiles = {{"in/a.rtf", "is an RTF file"}};
+  const ResultNote one{NoteKind::Skipped, "1 file was skipped.", {NoteAction::ShowSkipped}};
+  EXPECT_EQ(All().back(), one);
+  EXPECT_THAT(NotesOfRun(Result, Now, {}), ElementsAre(one));
+  Result.Run.Facts.SkippedFiles.emplace_back();
+  EXPECT_EQ(All().back().Text, "2 files were skipped.");
+  Result.InSight = false;
+  EXPECT_EQ(All().back().Text, "2 files were skipped.");
+}
+
 TEST(WordsLeftOut, AreToldByTheirReasons) {
   CountedRun run;
   WordRules rules;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "app/run/rules_text.h"
 #include "base/size_text.h"
 
@@ -9,21 +11,52 @@ namespace korv {
 namespace {
 
 TEST(RulesText, NamesWhatAWordIsAndWherePhrasesEnd) {
-  EXPECT_EQ(WordRulesText({}),
-            "Words of 3 to 50 letters, with hyphens; phrases end at periods, double quotes and tabs");
-  WordRules rules;
-  rules.AllowApostrophes = rules.TerminateAtComma = true;
-  rules.TerminateAtTab = false;
-  EXPECT_EQ(WordRulesText(rules),
-            "Words of 3 to 50 letters, with hyphens and apostrophes; phrases end at periods, commas and "
-            "double quotes");
-  rules.AllowHyphens = rules.AllowApostrophes = rules.IgnoreShortWords = false;
-  rules.IgnoreNoLetter = rules.IgnoreRepetitions = false;
-  rules.CaseSignificant = rules.Only7bitASCII = true;
-  rules.TerminateAtPeriod = rules.TerminateAtComma = rules.TerminateAtDoubleQuote = false;
-  EXPECT_EQ(WordRulesText(rules),
-            "Words of up to 50 letters; capitals count; without accents; also without a letter; also with a "
-            "letter four times in a row; phrases end at no sign");
+  struct Case {
+    const char* Name;
+    std::function<void(WordRules&)> Change;
+    const char* Text;
+  };
+  const Case cases[] = {
+      {"as they are at first", [](WordRules&) {},
+       "Words of 3 to 50 letters, with hyphens; case ignored; phrases end at periods, double quotes and "
+       "tabs"},
+      {"several signs in words", [](WordRules& r) { r.AllowApostrophes = r.AllowNumerals = true; },
+       "Words of 3 to 50 letters, with hyphens, apostrophes and numerals; case ignored; phrases end at "
+       "periods, double quotes and tabs"},
+      {"letters alone", [](WordRules& r) { r.AllowHyphens = false; },
+       "Words of 3 to 50 letters; case ignored; phrases end at periods, double quotes and tabs"},
+      {"other sizes",
+       [](WordRules& r) {
+         r.ShortWordSize = 5;
+         r.LongWordSize = 20;
+       },
+       "Words of 5 to 20 letters, with hyphens; case ignored; phrases end at periods, double quotes and "
+       "tabs"},
+      {"short words too", [](WordRules& r) { r.IgnoreShortWords = false; },
+       "Words of up to 50 letters, with hyphens; case ignored; phrases end at periods, double quotes and "
+       "tabs"},
+      {"capitals", [](WordRules& r) { r.CaseSignificant = true; },
+       "Words of 3 to 50 letters, with hyphens; capitals count; phrases end at periods, double quotes and "
+       "tabs"},
+      {"what is left out at first",
+       [](WordRules& r) {
+         r.IgnoreNoLetter = r.IgnoreRepetitions = false;
+         r.Only7bitASCII = true;
+       },
+       "Words of 3 to 50 letters, with hyphens; case ignored; without accents; also without a letter; also "
+       "with a letter four times in a row; phrases end at periods, double quotes and tabs"},
+      {"all ends", [](WordRules& r) { r.TerminateAtEndOfLine = r.TerminateAtComma = true; },
+       "Words of 3 to 50 letters, with hyphens; case ignored; phrases end at line ends, periods, commas, "
+       "double quotes and tabs"},
+      {"no end",
+       [](WordRules& r) { r.TerminateAtPeriod = r.TerminateAtDoubleQuote = r.TerminateAtTab = false; },
+       "Words of 3 to 50 letters, with hyphens; case ignored; phrases end at no sign"},
+  };
+  for (const Case& one : cases) {
+    WordRules rules;
+    one.Change(rules);
+    EXPECT_EQ(WordRulesText(rules), one.Text) << one.Name;
+  }
 }
 
 TEST(RulesText, NamesTheLengthsAndTheMinimumOfPhrases) {
@@ -61,7 +94,8 @@ TEST(RunDescription, TellsHowARunCameAbout) {
   EXPECT_EQ(RunTip(result, "14:03", {}),
             "books/moby.txt\n"
             "Phrases of 4 to 6 words that occur at least twice.\n"
-            "Words of 3 to 50 letters, with hyphens; phrases end at periods, double quotes and tabs.\n"
+            "Words of 3 to 50 letters, with hyphens; case ignored; phrases end at periods, double quotes and "
+            "tabs.\n"
             "Counted at 14:03 in 1 minute and 2 seconds.\n"
             "Memory: " +
                 FormatSize(MemoryOf(result), {}) + ".");
@@ -72,7 +106,8 @@ TEST(RunDescription, TellsHowARunCameAbout) {
   EXPECT_EQ(RunTip(result, "14:03", {}),
             "Clipboard\n"
             "Phrases of 4 to 6 words that occur at least twice.\n"
-            "Words of 3 to 50 letters, with hyphens; phrases end at periods, double quotes and tabs.\n"
+            "Words of 3 to 50 letters, with hyphens; case ignored; phrases end at periods, double quotes and "
+            "tabs.\n"
             "3 words to ignore: phrases of nothing else are left out.\n"
             "1 count-only entry.\n"
             "Counted at 14:03 in 1 minute and 2 seconds.\n"

@@ -294,11 +294,12 @@ TEST_F(Controls, AreReachedByTabInTheOrderInWhichTheyAreRead) {
       order.push_back(name);
     }
   }
-  EXPECT_THAT(order, ElementsAre("cmdFile_0", "txbFile_0", "cmdClearFile_0", "cboPhraseLength_0",
-                                 "cboPhraseLength_1", "cboMinimumFrequency", "cmdSetParameters",
-                                 "cmdCountPhrases", "cmdSaveState", "cmdHelp", "cmdQuit", "cboWordOrder",
-                                 "cboDisplayFormat", "cmdFile_1", "txbFile_1", "cmdClearFile_1", "txbOutput",
-                                 "cmdClearOutput", "txbFilterWords", "cmdFilterResults", "cmdClear"));
+  EXPECT_THAT(
+      order, ElementsAre("cmdFile_0", "txbFile_0", "cmdClearFile_0", "cboPhraseLength_0", "cboPhraseLength_1",
+                         "cboMinimumFrequency", "cmdSetParameters", "cmdChangeWordRules", "cmdCountPhrases",
+                         "cmdSaveState", "cmdHelp", "cmdQuit", "cboWordOrder", "cboDisplayFormat",
+                         "cmdFile_1", "txbFile_1", "cmdClearFile_1", "txbOutput", "cmdClearOutput",
+                         "txbFilterWords", "cmdFilterResults", "cmdClear"));
 }
 
 TEST_F(Controls, FitIntoASmallWindowWithTheCountButtonInSight) {

@@ -4,6 +4,8 @@
 #include <QGroupBox>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/results/result_notes_panel.h"
@@ -162,9 +164,13 @@ TEST_P(MainGeometry, FitsIntoASmallScreenInEveryState) {
     const QSize least = main->minimumSizeHint();
     EXPECT_LE(least.width(), small.width()) << state;
     EXPECT_LE(least.height(), small.height()) << state;
+    main->resize(small);
+    for (int i = 0; i < 4; ++i) QApplication::processEvents();
+    EXPECT_FALSE(Find<QScrollArea>("scrOptions")->verticalScrollBar()->isVisible()) << state;
   };
   for (const char* source : kSources) {
     Click(source);
+    main->Panels().Source->ShowFound("206 files in 12 folders, 31.0 Mb, UTF-8");
     expectRoom(source);
   }
   UseFile(kText);

@@ -9,6 +9,7 @@
 #include <sstream>
 #include <utility>
 
+#include "desktop/main_window/source_surveyor.h"
 #include "desktop/questions.h"
 #include "desktop/toolkit/application_name.h"
 #include "sources/questions.h"
@@ -51,6 +52,8 @@ bool WindowTest::Start() {
   messages.WillAnswer(questions::kFirstCommonWords, Answer::No);
   MakeWindow();
   const bool started = main->Form_Load();
+  // Tests that want the source to be looked at beside the window say so.
+  if (started) main->Panels().Surveyor->tmrSurvey->setInterval(std::chrono::hours(24));
   UntilIdle();
   QApplication::processEvents();
   messages.Forget();

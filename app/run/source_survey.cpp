@@ -1,0 +1,180 @@
+#include "app/run/source_survey.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "base/size_text.h"
+#include "sources/detect/comment_markers.h"
+#include "sources/detect/encoding_sample.h"
+#include "sources/detect/source_checks.h"
+#include "sources/detect/text_file_check.h"
+#include "sources/folders/folder_walk.h"
+#include "sources/read/docx.h"
+#include "sources/read/text_reader.h"
+
+namespace korv {
+namespace {
+
+/// What the beginning of one file tells.
+struct FileLook {
+  std::string_view Kind;
+  std::string_view Refusal;
+  std::optional<ReadAs> Encoding;  ///< Empty where that comes later, or is no matter.
+};
+
+std::string_view KindOfName(std::string_view extension) {
+  switch (MarkersOfExtension(extension).Language) {
+    case MarkupLanguage::Html:
+      return "HTML";
+    case MarkupLanguage::Xml:
+      return "XML";
+    case MarkupLanguage::Php:
+      return "PHP";
+    case MarkupLanguage::C:
+      return "Program text";
+    case MarkupLanguage::None:
+      break;
+  }
+  return "Plain text";
+}
+
+/// The same bytes decide as in a run: those from the first one above 127.
+std::optional<ReadAs> EncodingOf(OpenedText& opened) {
+  if (opened.Facts.IsUtf8) return ReadAs::Utf8;
+  const std::string& head = opened.Head;
+  const auto first = std::find_if(head.begin(), head.end(),
+                                  [](char byte) { return static_cast<unsigned char>(byte) > 127; });
+  if (first == head.end())
+    return head.size() >= opened.File->Size() ? std::optional(ReadAs::Ascii) : std::nullopt;
+  std::string sample(first, head.end());
+  const size_t known = sample.size();
+  sample.resize(kEncodingSample);
+  size_t length = known;
+  while (length < sample.size()) {
+    const auto read = opened.File->Read({sample.data() + length, sample.size() - length});
+    if (!read || *read == 0) break;
+    length += *read;
+  }
+  return LooksLikeUtf8({sample.data(), length}) ? ReadAs::Utf8 : ReadAs::Ansi;
+}
+
+FileLook LookInto(FileSystem& files, const std::filesystem::path& path) {
+  OpenedText opened = OpenTextSource(files, path, kRunThreshold);
+  const std::string extension = FileExtension(PathToText(path), true);
+  if (opened.File && extension == kDocxExtension && BeginsAsDocx(opened.Head))
+    return {.Kind = "Word document", .Refusal = {}, .Encoding = ReadAs::Utf8};
+  if (!IsReadableText(opened.Facts.Code))
+    return {.Kind = {}, .Refusal = SkipReason(opened.Facts.Code), .Encoding = {}};
+  return {.Kind = KindOfName(extension), .Refusal = {}, .Encoding = EncodingOf(opened)};
+}
+
+void Add(EncodingCounts& counts, std::optional<ReadAs> encoding) {
+  if (!encoding) return;
+  switch (*encoding) {
+    case ReadAs::Ascii:
+      ++counts.Ascii;
+      break;
+    case ReadAs::Ansi:
+      ++counts.Ansi;
+      break;
+    case ReadAs::Utf8:
+      ++counts.Utf8;
+      break;
+  }
+}
+
+void SurveyFile(const std::string& typed, FileSystem& files, SourceSurvey& survey) {
+  const std::filesystem::path path = PathFromText(TrimmedPath(typed));
+  survey.Found = files.FileExists(path);
+  // Opening a pipe would wait for whoever writes into it; it has no size.
+  const auto size = files.FileSize(path);
+  if (!survey.Found || !size) return;
+  survey.Files = 1;
+  survey.Bytes = *size;
+  const FileLook look = LookInto(files, path);
+  survey.LookedInto = true;
+  survey.FileKind = look.Kind;
+  survey.Refusal = look.Refusal;
+  Add(survey.Encodings, look.Encoding);
+}
+
+void SurveyFolder(const SurveyRequest& request, FileSystem& files, Yielder& yielder, SourceSurvey& survey) {
+  const std::filesystem::path folder = PathFromText(TrimmedFolderPath(request.Path));
+  if (!files.FolderExists(folder)) return;
+  survey.Found = true;
+  FolderWalk walk(files, yielder, request.Selection, request.IncludeSubfolders);
+  FolderEvents events;
+  survey.LookedInto = true;
+  events.Wanted = [&](const std::filesystem::path& path) {
+    if (const auto size = files.FileSize(path)) survey.Bytes += *size;
+    if (++survey.Files > kMostLookedInto) survey.LookedInto = false;
+    if (!survey.LookedInto) return;
+    const FileLook look = LookInto(files, path);
+    if (!look.Refusal.empty()) ++survey.Refused;
+    Add(survey.Encodings, look.Encoding);
+  };
+  survey.Folders = walk.ProcessFolder(folder, WalkMode::Reading, events).Folders;
+}
+
+/// "UTF-8 and ANSI". What is ASCII reads the same in both, and is named only where it is all there is.
+std::string EncodingsText(const EncodingCounts& counts) {
+  if (counts.Utf8 > 0) return counts.Ansi > 0 ? "UTF-8 and ANSI" : "UTF-8";
+  if (counts.Ansi > 0) return "ANSI";
+  return counts.Ascii > 0 ? "ASCII" : "";
+}
+
+std::string Counted(uint64_t number, const char* one, const char* many, const NumberFormat& numbers) {
+  return numbers.Grouped(static_cast<int64_t>(number)) + " " + (number == 1 ? one : many);
+}
+
+std::string FolderText(const SourceSurvey& survey, const NumberFormat& numbers) {
+  if (!survey.Found) return "There is no such folder.";
+  if (survey.Files == 0) return "No file in it is to be counted.";
+  std::string text = Counted(survey.Files, "file", "files", numbers);
+  if (survey.Folders > 1) text += " in " + Counted(survey.Folders, "folder", "folders", numbers);
+  text += ", " + FormatSize(survey.Bytes, numbers);
+  if (!survey.LookedInto) return text;
+  const uint64_t told = survey.Encodings.Ascii + survey.Encodings.Ansi + survey.Encodings.Utf8;
+  // Of files that are ASCII as far as they were read, nothing is known.
+  const bool asciiAlone = survey.Encodings.Ansi + survey.Encodings.Utf8 == 0;
+  const bool known = !asciiAlone || told + survey.Refused == survey.Files;
+  if (const std::string encodings = EncodingsText(survey.Encodings); known && !encodings.empty())
+    text += ", " + encodings;
+  if (survey.Refused > 0)
+    text += "; " + numbers.Grouped(static_cast<int64_t>(survey.Refused)) + " of them cannot be counted";
+  return text;
+}
+
+std::string FileText(const SourceSurvey& survey) {
+  if (!survey.Found) return "There is no such file.";
+  if (!survey.Refusal.empty()) return "This file " + std::string(survey.Refusal) + ".";
+  const std::string encoding = EncodingsText(survey.Encodings);
+  return std::string(survey.FileKind) + (encoding.empty() ? "" : ", " + encoding);
+}
+
+}  // namespace
+
+SourceSurvey SurveySource(const SurveyRequest& request, FileSystem& files, Yielder& yielder) {
+  SourceSurvey survey;
+  survey.Kind = request.Kind;
+  if (request.Kind == TextSource::SingleFile) SurveyFile(request.Path, files, survey);
+  if (request.Kind == TextSource::Folder) SurveyFolder(request, files, yielder, survey);
+  return survey;
+}
+
+std::string SurveyText(const SourceSurvey& survey, const NumberFormat& numbers) {
+  switch (survey.Kind) {
+    case TextSource::Clipboard:
+      return {};
+    case TextSource::SingleFile:
+      return FileText(survey);
+    case TextSource::Folder:
+      return FolderText(survey, numbers);
+  }
+  return {};
+}
+
+}  // namespace korv
