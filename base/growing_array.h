@@ -50,6 +50,11 @@ class GrowingArray {
     size_ += elements.size();
   }
 
+  /// Makes room for so many elements in all, and for no more. Throws as those above.
+  void reserve(size_t elements) {
+    if (elements > capacity_) Resize(elements);
+  }
+
   size_t size() const { return size_; }
   size_t capacity() const { return capacity_; }
   T& operator[](size_t i) { return elements_.get()[i]; }
@@ -69,8 +74,9 @@ class GrowingArray {
     void operator()(T* elements) const { std::free(elements); }
   };
 
-  void Grow(size_t more) {
-    const size_t capacity = std::max({size_t{64}, size_ + more, capacity_ * 2});
+  void Grow(size_t more) { Resize(std::max({size_t{64}, size_ + more, capacity_ * 2})); }
+
+  void Resize(size_t capacity) {
     if (capacity > SIZE_MAX / sizeof(T)) throw std::bad_alloc();
     auto* const grown = static_cast<T*>(std::realloc(elements_.get(), capacity * sizeof(T)));
     if (grown == nullptr) throw std::bad_alloc();

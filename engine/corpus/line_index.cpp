@@ -1,8 +1,25 @@
 #include "engine/corpus/line_index.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korv {
+
+namespace {
+
+bool BeginsText(const LineAnchor& anchor) {
+  return anchor.StartsLine() && anchor.Line() == 1;
+}
+
+/// Whether an anchor may come next behind another one.
+bool Follows(const LineAnchor& before, const LineAnchor& anchor) {
+  if (anchor.Token() < before.Token()) return false;
+  if (BeginsText(anchor)) return true;
+  return anchor.Offset() > before.Offset() &&
+         (anchor.StartsLine() ? anchor.Line() > before.Line() : anchor.Line() == before.Line());
+}
+
+}  // namespace
 
 void LineIndex::AtLine(const LineAnchor& line, bool resumable) {
   if (line.StartsLine()) {
@@ -45,6 +62,17 @@ uint32_t LineIndex::LineNumber(Place token) const {
   const LineBegin* const after = std::upper_bound(
       begins_.begin(), begins_.end(), token, [](Place t, const LineBegin& begin) { return t < begin.Token; });
   return after == begins_.begin() ? 0 : (after - 1)->Line;
+}
+
+bool LineIndex::Restore(std::vector<LineAnchor> anchors, GrowingArray<LineBegin> begins) {
+  if (!anchors.empty() && (!BeginsText(anchors.front()) || anchors.front().Token() == Place{0})) return false;
+  for (size_t i = 1; i < anchors.size(); ++i)
+    if (!Follows(anchors[i - 1], anchors[i])) return false;
+  for (size_t i = 0; i < begins.size(); ++i)
+    if (begins[i].Line == 0 || (i > 0 && begins[i].Token <= begins[i - 1].Token)) return false;
+  anchors_ = std::move(anchors);
+  begins_ = std::move(begins);
+  return true;
 }
 
 }  // namespace korv

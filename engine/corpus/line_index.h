@@ -46,6 +46,12 @@ class LineIndex {
  public:
   static constexpr uint32_t kAnchorEvery = 256;
 
+  /// A line with a token.
+  struct LineBegin {
+    Place Token;
+    uint32_t Line;
+  };
+
   /// Tells that the next line belongs to another text.
   void BeginSource() { first_ = true; }
   /// Call it for each line before its words are taken. `resumable`: its words do not depend on the lines
@@ -64,16 +70,17 @@ class LineIndex {
   /// Cost: the logarithm of the lines.
   uint32_t LineNumber(Place token) const;
 
- private:
-  struct LineBegin {
-    Place Token;
-    uint32_t Line;
-  };
+  /// The begins of lines with a token: ascend by token, which no two have in common.
+  const GrowingArray<LineBegin>& Begins() const { return begins_; }
+  /// Becomes the index that had these once. False, and nothing taken, where no index has: its first anchor
+  /// begins a text, and the rules above hold. Linear.
+  bool Restore(std::vector<LineAnchor> anchors, GrowingArray<LineBegin> begins);
 
+ private:
   void NoteBegin(LineBegin begin);
 
   std::vector<LineAnchor> anchors_;
-  GrowingArray<LineBegin> begins_;  ///< Ascend by token, which no two have in common.
+  GrowingArray<LineBegin> begins_;
   LineAnchor lineStart_;
   bool first_ = true;
 };

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <span>
+#include <string>
 #include <utility>
 
 #include "base/bytes_of.h"
 #include "base/pieces.h"
+#include "base/utf8.h"
 #include "engine/text/folding.h"
 #include "engine/text/unicode.h"
 
@@ -85,6 +87,37 @@ bool KeyedWords::Sort(const Yielder& yielder) try {
   return false;
 }
 
+/// Whether a text can be a word of a ranked vocabulary.
+bool IsWord(std::string_view text) {
+  if (text.empty() || std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) <= ' '; }))
+    return false;
+  for (size_t at = PastAscii(text, 0); at < text.size();) {
+    const Utf8Sequence sequence = Utf8SequenceAt(text, at);
+    if (sequence.Kind != Utf8Kind::WellFormed) return false;
+    at += sequence.Length;
+  }
+  return true;
+}
+
+/// The Keys of words one after the other, each compared with the one before.
+class KeysInOrder {
+ public:
+  /// How the Key of `text` compares with that of the text before; below 0 for the first one.
+  int Compare(std::string_view text) {
+    std::string folded;
+    if (!IsPlainAscii(text)) folded = FoldKey(FoldAccents(text));
+    const std::string_view key = folded.empty() ? text : folded;
+    const int order = first_ ? -1 : std::string_view(before_).compare(key);
+    before_.assign(key);
+    first_ = false;
+    return order;
+  }
+
+ private:
+  std::string before_;
+  bool first_ = true;
+};
+
 }  // namespace
 
 WordNumber Vocabulary::Number(std::string_view word) {
@@ -140,6 +173,41 @@ bool Vocabulary::Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder)
   renumbered = std::move(newNumbers);
   characters_ = std::move(characters);
   if (classes[n] != n) keyClasses_ = std::move(classes);
+  begins_ = std::move(begins);
+  bytes_ = std::move(bytes);
+  table_ = StringTable();
+  return true;
+}
+
+bool Vocabulary::Restore(const RawVector<uint64_t>& ends, GrowingArray<char> bytes, const Yielder& yielder) {
+  const size_t n = ends.size();
+  RawVector<uint8_t> characters(n + 1);
+  RawVector<uint32_t> classes(n + 1);
+  RawVector<uint64_t> begins(n + 2);
+  characters[0] = 0;
+  classes[0] = 0;
+  begins[0] = begins[1] = 0;
+  KeysInOrder keys;
+  std::string_view before;
+  bool wellFormed = n == 0 ? bytes.size() == 0 : ends[n - 1] == bytes.size();
+  const bool finished = InPieces(n, yielder, [&](size_t begin, size_t end) {
+    for (size_t w = begin + 1; w <= end && wellFormed; ++w) {
+      begins[w + 1] = ends[w - 1];
+      wellFormed = begins[w] <= begins[w + 1] && begins[w + 1] <= bytes.size();
+      if (!wellFormed) return;
+      const std::string_view text(bytes.data() + begins[w], begins[w + 1] - begins[w]);
+      wellFormed = IsWord(text);
+      if (!wellFormed) return;
+      const int order = keys.Compare(text);
+      wellFormed = order < 0 || (order == 0 && before < text);
+      before = text;
+      characters[w] = static_cast<uint8_t>(std::min<size_t>(CharacterCount(text), 255));
+      classes[w] = classes[w - 1] + (order < 0 ? 1 : 0);
+    }
+  });
+  if (!finished || !wellFormed) return false;
+  keyClasses_ = classes[n] == n ? RawVector<uint32_t>() : std::move(classes);
+  characters_ = std::move(characters);
   begins_ = std::move(begins);
   bytes_ = std::move(bytes);
   table_ = StringTable();

@@ -44,6 +44,11 @@ class Vocabulary {
   /// was.
   bool Rank(RawVector<WordNumber>& renumbered, const Yielder& yielder);
   bool Ranked() const { return !begins_.empty(); }
+  /// Becomes the ranked vocabulary whose words stand one behind the other in `bytes`, word w ending before
+  /// byte `ends[w - 1]`. False, with nothing taken, where there is no such vocabulary (a word is empty, holds
+  /// a blank or a control character, is no UTF-8 or not greater than the one before) and when stopped. Finds
+  /// the Keys of all words but plain ones.
+  bool Restore(const RawVector<uint64_t>& ends, GrowingArray<char> bytes, const Yielder& yielder);
   /// Words with equal Keys have the same class, and classes ascend with the words. Only after Rank().
   uint32_t KeyClass(WordNumber word) const {
     return keyClasses_.empty() ? ValueOf(word) : keyClasses_[ValueOf(word)];

@@ -4,6 +4,7 @@
 
 #include "base/workers.h"
 #include "engine/counting/count_phrases.h"
+#include "engine/counting/entry_order.h"
 #include "engine/counting/phrase_table_data.h"
 
 namespace korv {
@@ -65,21 +66,7 @@ class KeyOrder {
     return data_.Entries.begin() + static_cast<std::ptrdiff_t>(i);
   }
 
-  /// Compares Keys, then Texts, which differ for any two entries.
-  bool Before(const PhraseEntry& a, const PhraseEntry& b) const {
-    const WordNumber* x = data_.Corpus.From(a.First);
-    const WordNumber* y = data_.Corpus.From(b.First);
-    const int shorter = std::min(a.Words, b.Words);
-    int byText = 0;
-    for (int k = 0; k < shorter; ++k) {
-      if (x[k] == y[k]) continue;
-      const uint32_t keyX = data_.Corpus.Words.KeyClass(x[k]);
-      const uint32_t keyY = data_.Corpus.Words.KeyClass(y[k]);
-      if (keyX != keyY) return keyX < keyY;
-      if (byText == 0) byText = x[k] < y[k] ? -1 : 1;
-    }
-    return a.Words != b.Words ? a.Words < b.Words : byText < 0;
-  }
+  bool Before(const PhraseEntry& a, const PhraseEntry& b) const { return EntryBefore(data_.Corpus, a, b); }
 
   PhraseTableData& data_;
   const Yielder& yielder_;
