@@ -62,6 +62,11 @@ class Workspace {
 
   // ---- All of it
 
+  /// The files of a list, and what was loaded of the selected one.
+  struct ListPart {
+    WordFileList Files;
+    std::optional<WordList> Loaded;
+  };
   /// Everything that one works on, to be put back later.
   struct State;
   State Keep() const;
@@ -74,11 +79,6 @@ class Workspace {
   RunRequest RequestOfNow() const;
 
  private:
-  struct ListPart {
-    WordFileList Files;
-    std::optional<WordList> Loaded;
-  };
-
   ListPart& PartOf(ListKind kind) { return lists_[static_cast<size_t>(kind)]; }
   const ListPart& PartOf(ListKind kind) const { return lists_[static_cast<size_t>(kind)]; }
   void TakeFilesOfSettings();
@@ -92,8 +92,8 @@ class Workspace {
 
 struct Workspace::State {
   Settings Chosen;
-  std::array<ListPart, 2> Lists;
-  std::string CountOnly;  ///< The typed entries.
+  std::array<ListPart, 2> Lists;  ///< By ListKind.
+  std::string CountOnly;          ///< The typed entries.
 };
 
 }  // namespace korv

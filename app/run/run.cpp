@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/run/questions.h"
+#include "app/run/run_start.h"
 #include "app/run/source_reader.h"
 #include "engine/corpus/corpus_builder.h"
 #include "report/error_text.h"
@@ -45,10 +46,11 @@ bool IsWorthAdvice(const RunRequest& request, const FileSystem& files) {
 class Run {
  public:
   Run(const RunRequest& request, const RunServices& services, CountedRun& run)
-      : request_(request), services_(services), run_(run), rules_(request.Rules) {}
+      : request_(request), services_(services), run_(run), rules_(RulesInForce(request)) {}
 
   RunEnd Count() {
-    Begin();
+    services_.Progress = {};
+    BeginRun(request_, services_.Yielder, run_);
     if (services_.Yielder.Stopped()) return RunEnd::Stopped;
     const RunEnd read = ReadText();
     if (read != RunEnd::Counted) return read;
@@ -61,35 +63,6 @@ class Run {
   }
 
  private:
-  void Begin() {
-    services_.Progress = {};
-    run_ = CountedRun{};
-    SetAllowedExtraChars(rules_);
-    SetAllowedExtraChars2(rules_);
-    WordFilterSpec entries = request_.Lists;
-    entries.CaseSignificant = rules_.CaseSignificant;
-    *run_.Lists = WordFilters(entries, services_.Yielder);
-
-    run_.Chain = request_.Chain;
-    RunSummary& facts = run_.Facts;
-    facts.Options = request_.Options;
-    facts.Options.Stopped = false;
-    facts.WordsToIgnoreInUse = run_.Lists->HasWordsToIgnore();
-    facts.MinCharacters = rules_.IgnoreShortWords ? rules_.ShortWordSize : 0;
-    facts.IncludeSubfolders = request_.IncludeSubfolders;
-    switch (request_.Options.SourceKind) {
-      case TextSource::Clipboard:
-        break;
-      case TextSource::SingleFile:
-        facts.InputPath = TrimmedPath(request_.InputPath);
-        break;
-      case TextSource::Folder:
-        facts.InputPath = TrimmedFolderPath(request_.InputPath);
-        break;
-    }
-    run_.OutputPath = TrimmedPath(request_.OutputPath);
-  }
-
   RunEnd ReadText() {
     const StageTimer timer(services_.Clock, run_.Times, RunStage::Reading);
     CorpusBuilder stream(rules_, request_.Options, *run_.Lists);
@@ -167,7 +140,7 @@ class Run {
   const RunRequest& request_;
   const RunServices& services_;
   CountedRun& run_;
-  WordRules rules_;
+  const WordRules rules_;
 };
 
 }  // namespace

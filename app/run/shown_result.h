@@ -31,6 +31,7 @@ struct ShownResult {
   std::optional<OfferedPhrases> Offered;  ///< Of a result without a phrase.
   std::chrono::seconds Took{};            ///< From its start to its end, questions aside.
   std::chrono::system_clock::time_point Ended{};
+  std::string KeptIn{};  ///< The file that the run was opened from; empty where it was counted just now.
   ShownListing Listing;
   bool InSight = false;              ///< The text box holds that listing, or names its file.
   std::vector<PhraseIndex> LeftOut;  ///< Phrases that the user has left out of its table.

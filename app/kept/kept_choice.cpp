@@ -1,0 +1,182 @@
+#include "app/kept/kept_choice.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "app/settings/schema.h"
+#include "base/utf8.h"
+
+namespace korv {
+
+namespace {
+
+void AppendText(std::string_view text, std::string& bytes) {
+  AppendBytes(MendedUtf8(text), bytes);
+}
+
+void AppendTexts(const std::vector<std::string>& texts, std::string& bytes) {
+  AppendNumber(static_cast<uint32_t>(texts.size()), bytes);
+  for (const std::string& text : texts) AppendText(text, bytes);
+}
+
+/// The value of a setting as bytes.
+class ValueBytes {
+ public:
+  explicit ValueBytes(const Settings& settings) : settings_(settings) {}
+
+  std::string operator()(const CheckValue& value) const {
+    std::string bytes;
+    AppendBool(value.Get(settings_), bytes);
+    return bytes;
+  }
+  std::string operator()(const TextValue& value) const {
+    std::string bytes;
+    AppendText(value.Get(settings_), bytes);
+    return bytes;
+  }
+  std::string operator()(const FileListValue& value) const {
+    std::string bytes;
+    AppendTexts(settings_.*value.Paths, bytes);
+    AppendNumber(int32_t{settings_.*value.Selected}, bytes);
+    return bytes;
+  }
+  template <typename Value>
+  std::string operator()(const Value& value) const {
+    std::string bytes;
+    AppendNumber(int32_t{value.Get(settings_)}, bytes);
+    return bytes;
+  }
+
+ private:
+  const Settings& settings_;
+};
+
+/// Takes the value of a setting. False where it is out of its range.
+class ValueTaker {
+ public:
+  ValueTaker(KeptReader& reader, const SettingRow& row, Settings& settings)
+      : reader_(reader), row_(row), settings_(settings) {}
+
+  bool operator()(const CheckValue& value) {
+    value.Set(settings_, reader_.TakeBool());
+    return true;
+  }
+  bool operator()(const TextValue& value) {
+    value.Set(settings_, reader_.TakeText());
+    return true;
+  }
+  bool operator()(const NumberValue& value) {
+    const auto number = reader_.Take<int32_t>();
+    if (number < value.Least || number > value.Most || (number - value.Least) % value.Step != 0) return false;
+    value.Set(settings_, number);
+    return true;
+  }
+  bool operator()(const ChoiceValue& value) {
+    const auto choice = reader_.Take<int32_t>();
+    // There may be no option button selected in this group alone.
+    const bool none = choice == kNoChoice && std::string_view(row_.Name) == "IgnoreOption";
+    if (!none && (choice < 0 || choice >= static_cast<int>(value.Choices.size()))) return false;
+    value.Set(settings_, choice);
+    return true;
+  }
+  bool operator()(const FileListValue& value) {
+    std::vector<std::string> paths = reader_.TakeTexts();
+    const auto selected = reader_.Take<int32_t>();
+    if (paths.size() > kMostWordsFiles || selected < -1 || selected >= static_cast<int>(paths.size()))
+      return false;
+    settings_.*value.Paths = std::move(paths);
+    settings_.*value.Selected = selected;
+    return true;
+  }
+
+ private:
+  KeptReader& reader_;
+  const SettingRow& row_;
+  Settings& settings_;
+};
+
+Settings TakeSettings(KeptReader& reader) {
+  Settings settings;
+  for (auto rows = reader.Take<uint32_t>(); rows > 0 && !reader.Failed(); --rows) {
+    const std::string name = reader.TakeText();
+    const auto bytes = reader.Take<uint32_t>();
+    const auto row =
+        std::ranges::find_if(Schema(), [&](const SettingRow& known) { return name == known.Name; });
+    if (row == Schema().end()) {
+      reader.TakeBytes(bytes);
+      continue;
+    }
+    const uint64_t left = reader.Left();
+    if (!std::visit(ValueTaker(reader, *row, settings), row->Value) || left - reader.Left() != bytes)
+      reader.Fail(OpenFault::Damaged);
+  }
+  if (settings.MinWords > settings.MaxWords) reader.Fail(OpenFault::Damaged);
+  return settings;
+}
+
+void AppendLoaded(const std::optional<WordList>& loaded, std::string& bytes) {
+  AppendBool(loaded.has_value(), bytes);
+  if (!loaded) return;
+  AppendBytes(BytesOfPath(loaded->Path), bytes);
+  AppendBool(loaded->HasPatterns, bytes);
+  AppendTexts(loaded->Words, bytes);
+}
+
+std::optional<WordList> TakeLoaded(KeptReader& reader) {
+  if (!reader.TakeBool()) return std::nullopt;
+  WordList list;
+  list.Path = reader.TakePath();
+  list.HasPatterns = reader.TakeBool();
+  list.Words = reader.TakeTexts();
+  return list;
+}
+
+const Workspace::ListPart& PartOf(const Workspace::State& state, ListKind kind) {
+  return state.Lists[static_cast<size_t>(kind)];
+}
+
+}  // namespace
+
+RunRequest RequestOf(const KeptChoice& choice) {
+  Workspace work(choice.Chosen.Chosen);
+  work.PutBack(ChangedBy::Program, choice.Chosen);
+  RunRequest request = work.RequestOfNow();
+  if (choice.SingleWords) request = SingleWordsOf(std::move(request));
+  request.OffersWaysOut = true;
+  request.Options.KeepPlaces = true;
+  return request;
+}
+
+void AppendChoice(const Workspace::State& chosen, bool singleWords, std::string& bytes) {
+  AppendNumber(static_cast<uint32_t>(Schema().size()), bytes);
+  for (const SettingRow& row : Schema()) {
+    AppendText(row.Name, bytes);
+    AppendBytes(std::visit(ValueBytes(chosen.Chosen), row.Value), bytes);
+  }
+  AppendBool(singleWords, bytes);
+  AppendText(chosen.CountOnly, bytes);
+  const WordFileList& files = PartOf(chosen, ListKind::CountOnly).Files;
+  AppendTexts(files.Paths(), bytes);
+  AppendNumber(int32_t{files.Selected()}, bytes);
+  AppendLoaded(PartOf(chosen, ListKind::WordsToIgnore).Loaded, bytes);
+  AppendLoaded(PartOf(chosen, ListKind::CountOnly).Loaded, bytes);
+}
+
+KeptChoice TakeChoice(KeptReader& reader) {
+  Settings settings = TakeSettings(reader);
+  Workspace work(std::move(settings));
+  KeptChoice choice{.Chosen = work.Keep()};
+  choice.SingleWords = reader.TakeBool();
+  choice.Chosen.CountOnly = reader.TakeText();
+  std::vector<std::string> files = reader.TakeTexts();
+  const auto selected = reader.Take<int32_t>();
+  choice.Chosen.Lists[static_cast<size_t>(ListKind::CountOnly)].Files.Restore(std::move(files), selected);
+  for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly})
+    choice.Chosen.Lists[static_cast<size_t>(kind)].Loaded = TakeLoaded(reader);
+  return choice;
+}
+
+}  // namespace korv

@@ -1,0 +1,46 @@
+#include "app/run/run_start.h"
+
+#include "sources/detect/source_checks.h"
+
+namespace korv {
+
+namespace {
+
+std::string SourcePath(const RunRequest& request) {
+  switch (request.Options.SourceKind) {
+    case TextSource::Clipboard:
+      break;
+    case TextSource::SingleFile:
+      return TrimmedPath(request.InputPath);
+    case TextSource::Folder:
+      return TrimmedFolderPath(request.InputPath);
+  }
+  return {};
+}
+
+}  // namespace
+
+WordRules RulesInForce(const RunRequest& request) {
+  WordRules rules = request.Rules;
+  SetAllowedExtraChars(rules);
+  SetAllowedExtraChars2(rules);
+  return rules;
+}
+
+void BeginRun(const RunRequest& request, Yielder& yielder, CountedRun& run) {
+  run = CountedRun{};
+  WordFilterSpec entries = request.Lists;
+  entries.CaseSignificant = request.Rules.CaseSignificant;
+  *run.Lists = WordFilters(entries, yielder);
+  run.Chain = request.Chain;
+  RunSummary& facts = run.Facts;
+  facts.Options = request.Options;
+  facts.Options.Stopped = false;
+  facts.WordsToIgnoreInUse = run.Lists->HasWordsToIgnore();
+  facts.MinCharacters = request.Rules.IgnoreShortWords ? request.Rules.ShortWordSize : 0;
+  facts.IncludeSubfolders = request.IncludeSubfolders;
+  facts.InputPath = SourcePath(request);
+  run.OutputPath = TrimmedPath(request.OutputPath);
+}
+
+}  // namespace korv
