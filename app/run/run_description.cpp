@@ -47,7 +47,7 @@ std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers)
          FormatElapsedCompact(result.Took);
 }
 
-std::string RunTip(const ShownResult& result, const std::string& timeOfDay, const NumberFormat& numbers) {
+std::string RunTip(const ShownResult& result, const std::string& when, const NumberFormat& numbers) {
   const RunSummary& facts = result.Run.Facts;
   const RunRequest& request = result.Request;
   std::string text = facts.Options.SourceKind == TextSource::Clipboard ? "Clipboard" : facts.InputPath;
@@ -59,8 +59,9 @@ std::string RunTip(const ShownResult& result, const std::string& timeOfDay, cons
   if (!request.Lists.CountOnly.empty())
     text +=
         Counted(request.Lists.CountOnly.size(), "count-only entry", "count-only entries", numbers) + ".\n";
-  return text + "Counted at " + timeOfDay + " in " + FormatElapsedLong(result.Took) +
-         ".\nMemory: " + FormatSize(MemoryOf(result), numbers) + ".";
+  text += "Counted at " + when + " in " + FormatElapsedLong(result.Took) + ".\n";
+  if (!result.KeptIn.empty()) text += "Kept in " + result.KeptIn + ".\n";
+  return text + "Memory: " + FormatSize(MemoryOf(result), numbers) + ".";
 }
 
 uint64_t MemoryOf(const ShownResult& result) {

@@ -12,8 +12,9 @@ namespace korv {
 std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers);
 
 /// All there is to know of how a run came about, in lines: its source, its settings, when it ended, how long
-/// it took and what memory it takes. `timeOfDay` is that of its end, as the user writes it.
-std::string RunTip(const ShownResult& result, const std::string& timeOfDay, const NumberFormat& numbers);
+/// it took, the file that it was kept in and what memory it takes. `when` is when it ended, as the user
+/// writes it.
+std::string RunTip(const ShownResult& result, const std::string& when, const NumberFormat& numbers);
 
 /// The memory that a finished run takes, in bytes; small things left out.
 uint64_t MemoryOf(const ShownResult& result);

@@ -25,6 +25,8 @@ enum class RunActivity {
   Listing,       ///< Into the text box or into a file.
   ListingFiles,  ///< Those of a folder.
   ReadingWords,  ///< A word list.
+  KeepingRun,    ///< As a file.
+  OpeningRun,    ///< From such a file.
 };
 
 /// The thread beside a window that does whatever may take long: one thing at a time, on the window's behalf.

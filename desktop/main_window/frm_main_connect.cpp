@@ -63,7 +63,8 @@ void frmMain::MakeControllers() {
   result_->CountLeftOut = [this] { CountLeftOut(); };
   opening_ = std::make_unique<Opening>(
       desktop_, *panels_.Source, [this] { return run_->Idle(); },
-      [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); });
+      [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); },
+      [this](const std::filesystem::path& path) { result_->Kept().Open(path); });
 }
 
 void frmMain::MakeMenus() {
@@ -82,6 +83,9 @@ void frmMain::MakeMenus() {
           .Quit = [this] { cmdQuit_Click(); },
           .GoToSource = [this] { GoToSource(); },
           .SaveListAs = [this] { SaveListAs(); },
+          .KeepRun = [this] { result_->Kept().KeepRun(); },
+          .OpenKeptRun = [this] { result_->Kept().OpenKeptRun(); },
+          .HasRun = [this] { return result_->HasResult(); },
           .FoldColumn = [this] { FoldColumn(); },
           .TakeSettingsBack = [this] { TakeSettingsBack(panels_.Frame->Tabs->currentIndex()); },
           .CloseRun = [this] { result_->CloseRun(panels_.Frame->Tabs->currentIndex()); },

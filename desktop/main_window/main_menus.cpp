@@ -47,6 +47,7 @@ MainMenus::MainMenus(QMenuBar& bar, const Desktop& desktop, const MainPanels& pa
 
 void MainMenus::EnableDisableButtons(bool enabled) {
   for (QAction* action : idleActions_) action->setEnabled(enabled);
+  keep_->setEnabled(enabled && commands_.HasRun());
 }
 
 void MainMenus::EnableStop(bool enabled) {
@@ -76,6 +77,8 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   idleActions_.append(recent->menuAction());
   Add(menu, "Go to the sou&rce", Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
   Add(menu, "Save list &as...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, commands_.SaveListAs);
+  keep_ = Add(menu, "&Keep run...", Qt::CTRL | Qt::Key_K, commands_.KeepRun);
+  Add(menu, "Open kept ru&n...", Qt::CTRL | Qt::SHIFT | Qt::Key_K, commands_.OpenKeptRun);
   menu->addSeparator();
   Add(menu, "Count &phrases", Qt::CTRL | Qt::Key_Return, commands_.CountPhrases)
       ->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "app/kept/open_kept_run.h"
 #include "desktop/main_window/files_together.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/source_panel.h"
@@ -31,12 +32,13 @@ void Opening::OpenPaths(const QStringList& paths) {
     return;
   }
   if (NamesSettings(path)) return openSettings_(path);
+  if (NamesKeptRun(path)) return openRun_(path);
   source_.Take(paths.front());
 }
 
 bool Opening::AreTexts(const std::vector<std::filesystem::path>& files) const {
   return std::all_of(files.begin(), files.end(), [this](const std::filesystem::path& file) {
-    return desktop_.Files.FileExists(file) && !NamesSettings(file);
+    return desktop_.Files.FileExists(file) && !NamesSettings(file) && !NamesKeptRun(file);
   });
 }
 

@@ -13,17 +13,21 @@ namespace korv {
 class SourcePanel;
 
 /// Opens what is dropped, given to the program or chosen again: a text or a folder becomes the source, a
-/// settings file is loaded.
+/// settings file is loaded, a kept run gets a tab.
 class Opening {
  public:
   /// Loads a settings file.
   using OpenSettings = std::function<void(const std::filesystem::path&)>;
+  /// Opens a kept run.
+  using OpenRun = std::function<void(const std::filesystem::path&)>;
   /// Nothing is opened while `ready` says no. The others have to outlive this.
-  Opening(const Desktop& desktop, SourcePanel& source, std::function<bool()> ready, OpenSettings openSettings)
+  Opening(const Desktop& desktop, SourcePanel& source, std::function<bool()> ready, OpenSettings openSettings,
+          OpenRun openRun)
       : desktop_(desktop),
         source_(source),
         ready_(std::move(ready)),
-        openSettings_(std::move(openSettings)) {}
+        openSettings_(std::move(openSettings)),
+        openRun_(std::move(openRun)) {}
 
   /// Several files can be counted together when one folder holds them; else they are refused. Says what is
   /// wrong.
@@ -37,6 +41,7 @@ class Opening {
   SourcePanel& source_;
   std::function<bool()> ready_;
   OpenSettings openSettings_;
+  OpenRun openRun_;
 };
 
 }  // namespace korv

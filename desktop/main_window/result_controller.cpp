@@ -2,10 +2,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateTime>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QTimer>
 #include <utility>
 
@@ -41,7 +39,8 @@ ResultController::ResultController(const Desktop& desktop, const MainPanels& pan
       run_(run),
       showSettings_(std::move(showSettings)),
       overwrite_(desktop.Files, desktop.Messages),
-      runs_(*panels.Frame->Tabs, *panels.Result) {
+      runs_(*panels.Frame->Tabs, *panels.Result),
+      kept_(desktop, panels, run, *this) {
   panels_.Frame->ViewChanged = [this] {
     Guarded(desktop_.Messages, "tabViews_Click", [this] { ShowResult(); })();
   };
@@ -85,15 +84,14 @@ void ResultController::Take(FinishedRun finished) {
   RunChanged();
   DescribeRun();
   ShowMemory();
-  panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
+  if (result_->KeptIn.empty())
+    panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
   ListTheResult(finished.Filtered, finished.ToFile);
 }
 
 void ResultController::DescribeRun() {
-  const QTime ended =
-      QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(result_->Ended)).time();
-  const std::string timeOfDay = FromQt(QLocale().toString(ended, QLocale::ShortFormat));
-  runs_.Describe(ToQt(RunTip(*result_, timeOfDay, desktop_.Numbers)));
+  const std::string when = FromQt(WhenCounted(*result_));
+  runs_.Describe(ToQt(RunTip(*result_, when, desktop_.Numbers)));
 }
 
 void ResultController::ShowMemory() {

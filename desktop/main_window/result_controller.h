@@ -10,6 +10,7 @@
 #include "app/run/shown_result.h"
 #include "app/workspace.h"
 #include "desktop/desktop.h"
+#include "desktop/main_window/kept_runs.h"
 #include "desktop/main_window/main_panels.h"
 #include "desktop/results/open_runs.h"
 #include "report/output_file.h"
@@ -33,6 +34,8 @@ class ResultController final : public QObject {
   /// Words have been read and their phrases can be listed.
   bool HasResult() const { return result_ != nullptr; }
   const OpenRuns& Runs() const { return runs_; }
+  /// Those that are files.
+  KeptRuns& Kept() { return kept_; }
   /// Null before the first run.
   const std::shared_ptr<ShownResult>& InFront() const { return result_; }
 
@@ -99,6 +102,7 @@ class ResultController final : public QObject {
   ShowSettings showSettings_;
   OverwriteGuard overwrite_;
   OpenRuns runs_;
+  KeptRuns kept_;
   std::shared_ptr<ShownResult> result_;  ///< Of the run in front.
   /// Something was chosen while a listing went on; it will be looked at afterwards.
   bool changedMeanwhile_ = false;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "app/kept/kept_run_error.h"
 #include "app/run/run.h"
 #include "app/run/run_clock.h"
 #include "app/run/run_thread.h"
@@ -71,6 +72,11 @@ class RunController {
   /// Lists into the text box which files of a folder a count would read.
   void ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                        bool includeSubfolders);
+  /// Keeps a finished run as the file `path`, in place of what that holds. `kept` gets the bytes written.
+  void Keep(const std::shared_ptr<ShownResult>& result, const std::filesystem::path& path,
+            std::function<void(Expected<uint64_t, KeepError>)> kept);
+  /// Opens a kept run, which goes the way of a finished count. `failed` is called where there is none.
+  void OpenKept(const std::filesystem::path& path, std::function<void(const OpenError&)> failed);
   /// `done` is not called when the file cannot be read; the user has been told.
   void ReadWords(const WordListRequest& request, std::function<void(ReadWordList)> done);
 
@@ -91,6 +97,7 @@ class RunController {
   struct CountJob;
   struct ListJob;
   struct ReadJob;
+  struct KeptJob;
 
   /// Has the worker do `work`, and then the window `done` with what it threw, if anything.
   void Start(RunActivity what, std::function<void()> work, std::function<void(std::exception_ptr)> done);
@@ -111,6 +118,9 @@ class RunController {
   void ListIntoFile(ListJob& job);
   void ListFilesOnWorker(FolderWalk& walk, const std::filesystem::path& folder, std::string& found);
   void ReadOnWorker(ReadJob& job);
+  /// Begins to keep or to open a run.
+  void BeginKept(const QString& what);
+  void ShowKeptProgress();
 
   const Desktop& desktop_;
   RunClock& clock_;
@@ -126,6 +136,7 @@ class RunController {
   bool macNoticeShown_ = false;  ///< It is shown once while the program runs.
   RunProgress progress_;
   Gauge<uint64_t> phrasesFound_;
+  KeptProgress keptProgress_;
 
   RunThread thread_;  ///< Last: what goes on uses all of the above.
 };

@@ -1,5 +1,7 @@
 #include "desktop/results/open_runs.h"
 
+#include <QDateTime>
+#include <QLocale>
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +13,13 @@
 #include "desktop/toolkit/text.h"
 
 namespace korv {
+
+QString WhenCounted(const ShownResult& result) {
+  const QDateTime ended = QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(result.Ended));
+  const QLocale locale;
+  return result.KeptIn.empty() ? locale.toString(ended.time(), QLocale::ShortFormat)
+                               : locale.toString(ended, QLocale::ShortFormat);
+}
 
 std::shared_ptr<ShownResult> OpenRuns::InFront() const {
   const int front = tabs_.currentIndex();
@@ -33,6 +42,7 @@ QString OpenRuns::NameFor(const ShownResult& result) const {
   const RunSummary& facts = result.Run.Facts;
   QString source = ToQt(SourceName(facts.Options.SourceKind, facts.InputPath));
   if (IsOfSingleWords(result)) source += QStringLiteral(": words");
+  if (!result.KeptIn.empty()) source += QStringLiteral(", ") + WhenCounted(result);
   const auto taken = [this](const QString& name) {
     return std::any_of(runs_.begin(), runs_.end(), [&](const OpenRun& run) { return run.Name == name; });
   };

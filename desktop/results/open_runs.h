@@ -10,6 +10,9 @@ namespace korv {
 
 class RunTabs;
 
+/// When a run was counted, as the user writes it: the time of the day; of one that was kept the day too.
+QString WhenCounted(const ShownResult& result);
+
 /// The finished runs of a window, each with its tab until the user closes it. There is one text box: the run
 /// in front has it, and the others keep what it held of them.
 class OpenRuns {
