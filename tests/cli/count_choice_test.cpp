@@ -157,44 +157,38 @@ TEST_F(CountChoiceTest, OutputFilesAreChosenForToo) {
 }
 
 TEST_F(CountChoiceTest, WhatMakesNoSenseIsWrongUsage) {
-  struct Case {
-    std::vector<std::string> Arguments;
-    const char* Text;
-  };
-  const Case cases[] = {
-      {{"--sort", "left"}, "--sort: 'left' needs --context-of"},
-      {{"--sort", "fequency"}, "--sort: there is no column 'fequency'; did you mean frequency?"},
-      {{"--sort", "frequency:down"}, "--sort: 'down' is none of: asc|desc"},
-      {{"--sort", "frequency:"}, "--sort: '' is none of: asc|desc"},
-      {{"--sort", ""}, "--sort: there is no column ''"},
-      {{"--sort", "phrase", "--output-format", "text"}, "--sort: makes a table, which --output-format text"},
-      {{"--min-net", "2", "--output-format", "text"}, "--min-net: makes a table, which --output-format text"},
-      {{"--min-net", "-1"}, "--min-net: -1 is not between 0 and"},
-      {{"--min-files", "two"}, "--min-files: 'two' is no number"},
-      {{"--min-per-million", "nan"}, "--min-per-million: 'nan' is no number"},
-      {{"--min-per-million", "1,5"}, "--min-per-million: '1,5' is no number"},
-      {{"--min-per-million=-1"}, "--min-per-million: -1 is less than 0"},
-      {{"--top", "0"}, "--top: 0 is not between 1 and"},
-      {{"--top", "some"}, "--top: 'some' is no number"},
-      {{"--match", "a(", "--match-mode", "regex"},
-       "--match: 'a(' is no regular expression: missing closing parenthesis, at character 3"},
-      {{"--match-mode", "words"}, "--match-mode: needs --match"},
-      {{"--match", "a", "--match-mode", "fuzzy"},
-       "'fuzzy' is none of: contains|words|starts|ends|wildcard|regex"},
-      {{"--context-of", "red hen", "--sort", "phrase"}, "--sort: 'phrase' is none of: place|left|right|file"},
-      {{"--context-of", "red hen", "--match", "a"}, "--context-of: excludes --match"},
-      {{"--context-of", "red hen", "--top", "1"}, "--context-of: excludes --top"},
-      {{"--context-of", "red hen", "--min-files", "1"}, "--context-of: excludes --min-files"},
-      {{"--context-of", "red hen", "--min-per-million", "1"}, "--context-of: excludes --min-per-million"},
-      {{"--context-of", "red hen", "--min-net", "1"}, "--context-of: excludes --min-net"},
-  };
-  for (const Case& c : cases) {
-    std::vector<std::string> arguments{"/t"};
-    arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
-    EXPECT_EQ(Count(arguments), kExitUsage) << c.Text;
-    EXPECT_THAT(err.str(), HasSubstr(c.Text));
-    EXPECT_THAT(out.str(), IsEmpty());
-  }
+  ExpectWrongUsage(
+      "/t",
+      {
+          {{"--sort", "left"}, "--sort: 'left' needs --context-of"},
+          {{"--sort", "fequency"}, "--sort: there is no column 'fequency'; did you mean frequency?"},
+          {{"--sort", "frequency:down"}, "--sort: 'down' is none of: asc|desc"},
+          {{"--sort", "frequency:"}, "--sort: '' is none of: asc|desc"},
+          {{"--sort", ""}, "--sort: there is no column ''"},
+          {{"--sort", "phrase", "--output-format", "text"},
+           "--sort: makes a table, which --output-format text"},
+          {{"--min-net", "2", "--output-format", "text"},
+           "--min-net: makes a table, which --output-format text"},
+          {{"--min-net", "-1"}, "--min-net: -1 is not between 0 and"},
+          {{"--min-files", "two"}, "--min-files: 'two' is no number"},
+          {{"--min-per-million", "nan"}, "--min-per-million: 'nan' is no number"},
+          {{"--min-per-million", "1,5"}, "--min-per-million: '1,5' is no number"},
+          {{"--min-per-million=-1"}, "--min-per-million: -1 is less than 0"},
+          {{"--top", "0"}, "--top: 0 is not between 1 and"},
+          {{"--top", "some"}, "--top: 'some' is no number"},
+          {{"--match", "a(", "--match-mode", "regex"},
+           "--match: 'a(' is no regular expression: missing closing parenthesis, at character 3"},
+          {{"--match-mode", "words"}, "--match-mode: needs --match"},
+          {{"--match", "a", "--match-mode", "fuzzy"},
+           "'fuzzy' is none of: contains|words|starts|ends|wildcard|regex"},
+          {{"--context-of", "red hen", "--sort", "phrase"},
+           "--sort: 'phrase' is none of: place|left|right|file"},
+          {{"--context-of", "red hen", "--match", "a"}, "--context-of: excludes --match"},
+          {{"--context-of", "red hen", "--top", "1"}, "--context-of: excludes --top"},
+          {{"--context-of", "red hen", "--min-files", "1"}, "--context-of: excludes --min-files"},
+          {{"--context-of", "red hen", "--min-per-million", "1"}, "--context-of: excludes --min-per-million"},
+          {{"--context-of", "red hen", "--min-net", "1"}, "--context-of: excludes --min-net"},
+      });
 }
 
 }  // namespace

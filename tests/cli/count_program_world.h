@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -55,6 +56,21 @@ class CountProgramTest : public testing::Test {
     Settings settings;
     EXPECT_TRUE(ReadStateBytes(files.Content("/result.korv").value_or(""), settings).Complete());
     return settings;
+  }
+
+  /// Options that make no sense, and what is said of them.
+  struct WrongUsage {
+    std::vector<std::string> Arguments;
+    const char* Text;
+  };
+  void ExpectWrongUsage(const std::string& path, std::initializer_list<WrongUsage> cases) {
+    for (const WrongUsage& c : cases) {
+      std::vector<std::string> arguments{path};
+      arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
+      EXPECT_EQ(Count(arguments), kExitUsage) << c.Text;
+      EXPECT_THAT(err.str(), testing::HasSubstr(c.Text));
+      EXPECT_THAT(out.str(), testing::IsEmpty()) << c.Text;
+    }
   }
 
   FakeFiles files;

@@ -77,28 +77,19 @@ TEST_F(CountProgramTest, TablesWithColumnsGoWhereOutputGoes) {
 }
 
 TEST_F(CountProgramTest, ColumnsThatMakeNoSenseAreWrongUsage) {
-  struct Case {
-    std::vector<std::string> Arguments;
-    const char* Text;
-  };
-  const Case cases[] = {
-      {{"--columns", "phrase,freqency"}, "there is no column 'freqency'; did you mean frequency?"},
-      {{"--columns", "report_rank"}, "The columns are: rank phrase words characters frequency"},
-      {{"--columns", "phrase,,rank"}, "there is no column ''"},
-      {{"--columns", "rank,phrase,rank"}, "'rank' is given twice"},
-      {{"--columns", ""}, "a column is needed"},
-      {{"--columns", "rank", "--output-format", "text"}, "--columns: makes a table"},
-      {{"--columns", "rank", "--context-of", "big cat"}, "--context-of: excludes --columns"},
-      {{"--parts", "1"}, "--parts: 1 is not between 2 and 100"},
-      {{"--parts", "file"}, "--parts: 'file' is no number"},
-  };
-  for (const Case& c : cases) {
-    std::vector<std::string> arguments{"/a.txt"};
-    arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
-    EXPECT_EQ(Count(arguments), kExitUsage) << c.Text;
-    EXPECT_THAT(err.str(), HasSubstr(c.Text));
-    EXPECT_THAT(out.str(), IsEmpty());
-  }
+  ExpectWrongUsage(
+      "/a.txt",
+      {
+          {{"--columns", "phrase,freqency"}, "there is no column 'freqency'; did you mean frequency?"},
+          {{"--columns", "report_rank"}, "The columns are: rank phrase words characters frequency"},
+          {{"--columns", "phrase,,rank"}, "there is no column ''"},
+          {{"--columns", "rank,phrase,rank"}, "'rank' is given twice"},
+          {{"--columns", ""}, "a column is needed"},
+          {{"--columns", "rank", "--output-format", "text"}, "--columns: makes a table"},
+          {{"--columns", "rank", "--context-of", "big cat"}, "--context-of: excludes --columns"},
+          {{"--parts", "1"}, "--parts: 1 is not between 2 and 100"},
+          {{"--parts", "file"}, "--parts: 'file' is no number"},
+      });
 }
 
 }  // namespace
