@@ -159,9 +159,7 @@ void ResultFrame::StoreLayout() const {
 
 std::vector<QWidget*> ResultFrame::TabOrder(const std::vector<QWidget*>& options, QWidget* below) const {
   std::vector<QWidget*> order = {Tabs, Notes, Views->tabBar(), cmdReportOptions};
-  const std::vector<QWidget*> contexts = {Contexts->txbContextPhrase, Contexts->cboContextOrder,
-                                          Contexts->chkContextFiles,  Contexts->chkContextSample,
-                                          Contexts->spbContextWidth,  Contexts->tblContexts};
+  const std::vector<QWidget*> contexts = Contexts->TabOrder();
   const std::vector<QWidget*> pictures = {Pictures->cboPicture, Pictures->cmdSavePicture};
   for (const auto& view : {Table->TabOrder(), contexts, options, Report->TabOrder(below), pictures})
     order.insert(order.end(), view.begin(), view.end());

@@ -5,6 +5,7 @@
 // and the longest time between two rounds of the event loop. For the eye, not for tests: the figures depend
 // on the machine.
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -94,6 +95,8 @@ void MeasureAll(ContextsPane& pane, const std::shared_ptr<const CountedRun>& run
   session.Do("wider", [&] { width.setValue(400); });
   session.Do("select all", [&] { pane.tblContexts->selectAll(); });
   session.Do("scroll with all selected", [&] { pane.tblContexts->scrollToTop(); });
+  session.Do("copy what is selected",
+             [&] { pane.tblContexts->findChild<QAction*>(QStringLiteral("mnuContextCopy"))->trigger(); });
   session.Do("select one", [&] { pane.tblContexts->GoTo(5); });
   session.Do("the last one, by going back", [&] {
     pane.PreviousOccurrence();

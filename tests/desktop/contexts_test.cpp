@@ -14,6 +14,7 @@
 #include <QTextBlock>
 #include <QToolButton>
 
+#include "desktop/results/contexts/context_options.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
 #include "desktop/results/contexts/why_panel.h"
@@ -109,29 +110,30 @@ TEST_F(ContextsTest, SaysWhatIsWrongWithAPhrase) {
 TEST_F(ContextsTest, OrdersThemAndGroupsThemByFile) {
   pane->Show(CountFolder());
   Type("big cat");
-  pane->cboContextOrder->setCurrentIndex(2);
+  pane->Options->cboContextOrder->setCurrentIndex(2);
   UntilIdle(*pane);
   EXPECT_THAT(Rows(),
               ElementsAre("One big cat, two. The|Big Cat|!|b.txt:2", Native("a|big cat|sat|sub/a.txt:1"),
                           "One|big cat|, two. The Big Cat!|b.txt:1"));
-  QTest::mouseClick(pane->chkContextFiles, Qt::LeftButton, {}, {8, pane->chkContextFiles->height() / 2});
+  QTest::mouseClick(pane->Options->chkContextFiles, Qt::LeftButton, {},
+                    {8, pane->Options->chkContextFiles->height() / 2});
   UntilIdle(*pane);
   EXPECT_THAT(Rows(), ElementsAre("b.txt  (2)|||", "One big cat, two. The|Big Cat|!|b.txt:2",
                                   "One|big cat|, two. The Big Cat!|b.txt:1", Native("sub/a.txt  (1)|||"),
                                   Native("a|big cat|sat|sub/a.txt:1")));
   // They are remembered.
   Open();
-  EXPECT_EQ(pane->cboContextOrder->currentIndex(), 2);
-  EXPECT_TRUE(pane->chkContextFiles->isChecked());
+  EXPECT_EQ(pane->Options->cboContextOrder->currentIndex(), 2);
+  EXPECT_TRUE(pane->Options->chkContextFiles->isChecked());
 }
 
 TEST_F(ContextsTest, ShowsAsManyCharactersAsIsWished) {
   pane->Show(CountFolder());
   Type("cat sat");
-  pane->spbContextWidth->setValue(20);
+  pane->Options->spbContextWidth->setValue(20);
   UntilIdle(*pane);
-  EXPECT_EQ(pane->spbContextWidth->minimum(), 20);
-  EXPECT_EQ(pane->spbContextWidth->maximum(), 500);
+  EXPECT_EQ(pane->Options->spbContextWidth->minimum(), 20);
+  EXPECT_EQ(pane->Options->spbContextWidth->maximum(), 500);
   EXPECT_THAT(Rows(), ElementsAre(Native("a big|cat sat||sub/a.txt:1")));
   Type("two");
   EXPECT_THAT(Rows(), ElementsAre("One big cat,|two|. The Big Cat!|b.txt:1"));
@@ -139,7 +141,7 @@ TEST_F(ContextsTest, ShowsAsManyCharactersAsIsWished) {
 
 TEST_F(ContextsTest, GoesFromOneOccurrenceToTheNextAndAround) {
   pane->Show(CountFolder());
-  pane->chkContextFiles->setChecked(true);
+  pane->Options->chkContextFiles->setChecked(true);
   Type("big cat");
   EXPECT_EQ(CurrentRow(), 1);  // Below the heading.
   pane->NextOccurrence();
@@ -193,7 +195,7 @@ TEST_F(ContextsTest, ASampleOfManyIsSmallAndSaysItsSeed) {
   Type("big cat");
   EXPECT_EQ(CountText(), "2,500 occurrences");
   EXPECT_EQ(pane->tblContexts->model()->rowCount(), 2500);
-  pane->chkContextSample->click();
+  pane->Options->chkContextSample->click();
   UntilIdle(*pane);
   EXPECT_EQ(pane->tblContexts->model()->rowCount(), 1000);
   EXPECT_THAT(CountText(),
@@ -203,6 +205,24 @@ TEST_F(ContextsTest, ASampleOfManyIsSmallAndSaysItsSeed) {
   const int last = pane->tblContexts->model()->rowCount() - 1;
   EXPECT_THAT(FromQt(pane->tblContexts->model()->index(last, 3).data().toString()),
               testing::MatchesRegex("one.txt:[0-9]+"));
+}
+
+TEST_F(ContextsTest, ManyAreSelectedAllAtOnceButNotCopied) {
+  std::string text;
+  for (int i = 0; i < 100'001; ++i) text += "big cat\n";
+  world.UseFile("/one.txt", text);
+  pane->Show(Counted());
+  Type("big cat");
+  QGuiApplication::clipboard()->setText(QStringLiteral("as before"));
+  pane->tblContexts->selectAll();
+  EXPECT_TRUE(pane->tblContexts->IsAllSelected());
+  EXPECT_THAT(pane->tblContexts->SelectedRows(), ElementsAre(RowRange{0, 100'000}));
+  pane->findChild<QAction*>(QStringLiteral("mnuContextCopy"))->trigger();
+  UntilIdle(*pane);
+  EXPECT_EQ(FromQt(pane->lblContextNote->text()), "Select at most 20,000 contexts to copy them.");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "as before");
+  pane->NextOccurrence();
+  EXPECT_FALSE(pane->tblContexts->IsAllSelected());
 }
 
 TEST_F(ContextsTest, AnotherRunTakesThePlaceOfTheFirst) {

@@ -8,14 +8,14 @@
 namespace korv {
 
 void ContextsDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
-  QStyledItemDelegate::initStyleOption(option, index);
+  RowDelegate::initStyleOption(option, index);
   if (index.column() == static_cast<int>(ContextColumn::Left)) option->textElideMode = Qt::ElideLeft;
 }
 
 void ContextsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
   if (!index.data(ContextsModel::kIsHeading).toBool()) {
-    QStyledItemDelegate::paint(painter, option, index);
+    RowDelegate::paint(painter, option, index);
     return;
   }
   // Each cell paints its part of the heading.

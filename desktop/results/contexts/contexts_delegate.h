@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "desktop/widgets/row_table.h"
 
 namespace korv {
 
 /// Paints the cells of a list of contexts: the left context cut at its left, and headings over all columns.
-class ContextsDelegate final : public QStyledItemDelegate {
+class ContextsDelegate final : public RowDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  using RowDelegate::RowDelegate;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 

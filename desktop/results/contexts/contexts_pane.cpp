@@ -3,15 +3,13 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QSettings>
-#include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <random>
 #include <utility>
 
 #include "app/contexts/context_texts.h"
 #include "desktop/main_window/open_associated.h"
+#include "desktop/results/contexts/context_options.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
 #include "desktop/results/contexts/why_panel.h"
@@ -30,14 +28,6 @@ constexpr size_t kFirstPage = 300;
 constexpr size_t kMostCopied = 20'000;
 constexpr int kTypingPause = 250;  // milliseconds
 constexpr int kLongestTyped = 1000;
-
-constexpr const char* kOrderKey = "contexts/order";
-constexpr const char* kFilesKey = "contexts/file_by_file";
-constexpr const char* kWidthKey = "contexts/width";
-
-QString Key(const char* key) {
-  return QLatin1String(key);
-}
 
 }  // namespace
 
@@ -58,7 +48,7 @@ ContextsPane::ContextsPane(const Desktop& desktop, QWidget* parent)
   layout->addWidget(Why);
   tblContexts = new ContextsTable(model_, this);
   layout->addWidget(tblContexts, 1);
-  RestoreOptions();
+  rows_.SetAround(Options->Width());
   ConnectOptions();
   rows_.Came = [this] { TextsCame(); };
   tblContexts->SightChanged = [this] { WantRows(); };
@@ -89,28 +79,8 @@ void ContextsPane::BuildOptions(QBoxLayout& layout) {
   cmdWhy->setToolTip(QStringLiteral("Which rule keeps this phrase out of the list"));
   options->addWidget(cmdWhy);
   layout.addLayout(options);
-  options = Bare(new QHBoxLayout);
-  cboContextOrder = MakeCombo("cboContextOrder", "Order of the contexts", this);
-  cboContextOrder->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  // In the order of PlaceOrder.
-  cboContextOrder->addItems({QStringLiteral("As in the text"), QStringLiteral("By the words to the left"),
-                             QStringLiteral("By the words to the right"), QStringLiteral("By file name")});
-  options->addWidget(cboContextOrder);
-  chkContextFiles = MakeCheckBox("chkContextFiles", "File by file", this);
-  chkContextFiles->setToolTip(QStringLiteral("Contexts of each file below its name"));
-  options->addWidget(chkContextFiles);
-  chkContextSample = MakeCheckBox("chkContextSample", "Random 1,000", this);
-  chkContextSample->setToolTip(QStringLiteral("Show 1,000 of the occurrences, drawn at random"));
-  options->addWidget(chkContextSample);
-  spbContextWidth = Described(Named(new QSpinBox(this), "spbContextWidth"), "Characters on each side");
-  spbContextWidth->setRange(kLeastContext, kMostContext);
-  spbContextWidth->setSingleStep(20);
-  spbContextWidth->setSuffix(QStringLiteral(" characters"));
-  spbContextWidth->setToolTip(QStringLiteral("Characters on each side of the phrase, 20 to 500"));
-  spbContextWidth->setKeyboardTracking(false);
-  options->addWidget(spbContextWidth);
-  options->addStretch(1);
-  layout.addLayout(options);
+  Options = new ContextOptions(desktop_, this);
+  layout.addWidget(Options);
 }
 
 void ContextsPane::BuildActions() {
@@ -142,15 +112,6 @@ void ContextsPane::BuildActions() {
           Guarded(desktop_.Messages, "tblContexts_DoubleClick", [this] { ShowText(); }));
 }
 
-void ContextsPane::RestoreOptions() {
-  const QSettings& store = desktop_.Store;
-  cboContextOrder->setCurrentIndex(
-      std::clamp(store.value(Key(kOrderKey)).toInt(), 0, cboContextOrder->count() - 1));
-  chkContextFiles->setChecked(store.value(Key(kFilesKey)).toBool());
-  spbContextWidth->setValue(store.value(Key(kWidthKey), kUsualContext).toInt());
-  rows_.SetAround(static_cast<size_t>(spbContextWidth->value()));
-}
-
 void ContextsPane::ConnectOptions() {
   const Wiring wiring(*this, desktop_.Messages);
   typed_.setSingleShot(true);
@@ -165,25 +126,12 @@ void ContextsPane::ConnectOptions() {
     Why->Clear();
     EnableWhy();
   });
-  wiring.OnChoice(cboContextOrder, "cboContextOrder_Click", [this] {
-    desktop_.Store.setValue(Key(kOrderKey), cboContextOrder->currentIndex());
-    FindAnew();
-  });
-  wiring.OnToggle(chkContextFiles, "chkContextFiles_Click", [this] {
-    desktop_.Store.setValue(Key(kFilesKey), chkContextFiles->isChecked());
-    FindAnew();
-  });
-  wiring.OnToggle(chkContextSample, "chkContextSample_Click", [this] {
-    ChooseSample();
-    FindAnew();
-  });
-  connect(spbContextWidth, &QSpinBox::valueChanged, this,
-          Guarded(desktop_.Messages, "spbContextWidth_Change", [this] {
-            desktop_.Store.setValue(Key(kWidthKey), spbContextWidth->value());
-            rows_.SetAround(static_cast<size_t>(spbContextWidth->value()));
-            TextsCame();
-            WantRows();
-          }));
+  Options->QueryChanged = [this] { FindAnew(); };
+  Options->WidthChanged = [this] {
+    rows_.SetAround(Options->Width());
+    TextsCame();
+    WantRows();
+  };
 }
 
 void ContextsPane::Show(std::shared_ptr<const CountedRun> run) {
@@ -228,9 +176,8 @@ void ContextsPane::ShowWhy() {
 }
 
 void ContextsPane::Find(std::vector<WordNumber> words) {
+  query_ = Options->Query();
   query_.Words = std::move(words);
-  query_.Order = static_cast<PlaceOrder>(cboContextOrder->currentIndex());
-  query_.FileByFile = chkContextFiles->isChecked();
   finder_.Start([this, run = run_, query = query_](NewestJob::Turn& turn) {
     FindContexts(run, query, kFirstPage, turn.Yielder(), [&](std::shared_ptr<const ContextList> list) {
       turn.Tell([this, list = std::move(list)] { Take(list); });
@@ -240,11 +187,6 @@ void ContextsPane::Find(std::vector<WordNumber> words) {
 
 void ContextsPane::FindAnew() {
   if (model_.List() != nullptr || !finder_.Idle()) Find(std::move(query_.Words));
-}
-
-void ContextsPane::ChooseSample() {
-  query_.SampleSeed.reset();
-  if (chkContextSample->isChecked()) query_.SampleSeed = std::random_device()() % 10'000;
 }
 
 void ContextsPane::Take(const std::shared_ptr<const ContextList>& list) {
@@ -338,11 +280,9 @@ void ContextsPane::OpenSource() {
 void ContextsPane::Copy() {
   const ContextList* list = model_.List();
   if (list == nullptr) return;
-  QItemSelection selected = tblContexts->selectionModel()->selection();
-  std::ranges::sort(selected, {}, &QItemSelectionRange::top);
   std::vector<Place> places;
-  for (const QItemSelectionRange& range : selected)
-    for (int row = range.top(); row <= range.bottom() && places.size() <= kMostCopied; ++row)
+  for (const RowRange& range : tblContexts->SelectedRows())
+    for (int row = range.First; row <= range.Last && places.size() <= kMostCopied; ++row)
       if (const auto place = model_.PlaceAt(row)) places.push_back(*place);
   if (places.size() > kMostCopied) {
     lblContextNote->setText(QStringLiteral("Select at most 20,000 contexts to copy them."));
@@ -350,6 +290,13 @@ void ContextsPane::Copy() {
     return;
   }
   copier_.Copy(model_.SharedList(), std::move(places), rows_.Around());
+}
+
+std::vector<QWidget*> ContextsPane::TabOrder() const {
+  std::vector<QWidget*> order = Options->TabOrder();
+  order.insert(order.begin(), txbContextPhrase);
+  order.push_back(tblContexts);
+  return order;
 }
 
 bool ContextsPane::Idle() const {

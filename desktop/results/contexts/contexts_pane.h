@@ -16,15 +16,13 @@
 #include "desktop/results/contexts/contexts_model.h"
 
 class QBoxLayout;
-class QCheckBox;
-class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QSpinBox;
 
 namespace korv {
 
+class ContextOptions;
 class ContextsTable;
 class TextView;
 class WhyPanel;
@@ -37,10 +35,7 @@ class ContextsPane final : public QWidget {
   ~ContextsPane() override;
 
   QLineEdit* txbContextPhrase = nullptr;
-  QComboBox* cboContextOrder = nullptr;
-  QCheckBox* chkContextFiles = nullptr;   ///< File by file.
-  QCheckBox* chkContextSample = nullptr;  ///< A random sample.
-  QSpinBox* spbContextWidth = nullptr;    ///< Characters on each side.
+  ContextOptions* Options = nullptr;
   QLabel* lblContextCount = nullptr;
   QLabel* lblContextNote = nullptr;
   ContextsTable* tblContexts = nullptr;
@@ -61,6 +56,7 @@ class ContextsPane final : public QWidget {
   void ShowWhy();
   /// Opens the text at the selected occurrence.
   void ShowText();
+  std::vector<QWidget*> TabOrder() const;
   /// Whether nothing is being found or read.
   bool Idle() const;
 
@@ -71,7 +67,6 @@ class ContextsPane final : public QWidget {
   bool HasText() const;
   void EnableWhy();
   void ConnectOptions();
-  void RestoreOptions();
   void ShowTyped();
   void Find(std::vector<WordNumber> words);
   void FindAnew();
@@ -81,7 +76,6 @@ class ContextsPane final : public QWidget {
   void TextsCame();
   void GoBy(int rows);
   void Copy();
-  void ChooseSample();
   void ShowChanged();
   void OpenSource();
 

@@ -10,23 +10,11 @@
 
 namespace korv {
 
-ContextsTable::ContextsTable(ContextsModel& model, QWidget* parent) : QTableView(parent) {
+ContextsTable::ContextsTable(ContextsModel& model, QWidget* parent) : RowTable(parent) {
   Described(Named(this, "tblContexts"), "Contexts");
   setModel(&model);
-  setItemDelegate(new ContextsDelegate(this));
-  setSelectionBehavior(SelectRows);
-  setSelectionMode(ExtendedSelection);
-  setWordWrap(false);
-  setShowGrid(false);
-  setAlternatingRowColors(true);
-  setTabKeyNavigation(false);
-  setEditTriggers(NoEditTriggers);
-  setVerticalScrollMode(ScrollPerItem);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() + 6);
+  setItemDelegate(new ContextsDelegate(*this));
   QHeaderView& columns = *horizontalHeader();
-  columns.setHighlightSections(false);
   columns.setMinimumSectionSize(40);
   columns.setSectionResizeMode(QHeaderView::Interactive);
   for (const ContextColumn column : {ContextColumn::Left, ContextColumn::Right})
@@ -57,12 +45,12 @@ void ContextsTable::GoTo(int row) {
 }
 
 void ContextsTable::resizeEvent(QResizeEvent* event) {
-  QTableView::resizeEvent(event);
+  RowTable::resizeEvent(event);
   SightChanged();
 }
 
 void ContextsTable::showEvent(QShowEvent* event) {
-  QTableView::showEvent(event);
+  RowTable::showEvent(event);
   SightChanged();
 }
 

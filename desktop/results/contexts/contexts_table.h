@@ -1,16 +1,17 @@
 #pragma once
 
-#include <QTableView>
 #include <functional>
 #include <optional>
 #include <utility>
+
+#include "desktop/widgets/row_table.h"
 
 namespace korv {
 
 class ContextsModel;
 
 /// The table of a list of contexts.
-class ContextsTable final : public QTableView {
+class ContextsTable final : public RowTable {
  public:
   /// `model` outlives the table.
   ContextsTable(ContextsModel& model, QWidget* parent);

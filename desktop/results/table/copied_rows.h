@@ -7,7 +7,7 @@
 
 #include "base/number_format.h"
 #include "base/yielder.h"
-#include "desktop/results/table/row_range.h"
+#include "desktop/widgets/row_range.h"
 #include "desktop/results/table/table_source.h"
 #include "engine/analysis/phrase_list.h"
 

@@ -1,34 +1,27 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QTableView>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "desktop/results/table/phrase_table_model.h"
-#include "desktop/results/table/row_range.h"
+#include "desktop/widgets/row_table.h"
 
 namespace korv {
 
-/// The table itself: rows are selected whole, keys work as in a list, and typing jumps to a phrase.
-///
-/// Selecting all of many rows is kept as a flag, because the toolkit looks at every row of a selection.
-class PhraseGrid final : public QTableView {
+/// The table itself: keys work as in a list, and typing jumps to a phrase.
+class PhraseGrid final : public RowTable {
  public:
   PhraseGrid(PhraseTableModel& model, QWidget* parent);
 
   std::function<void(PhraseIndex)> Opened = [](PhraseIndex) {};  ///< Enter, F4 or a double click.
   std::function<void(bool)> CopyAsked = [](bool) {};             ///< With the heading or without.
-  std::function<void()> SelectionMoved = [] {};                  ///< Current or selected rows have changed.
   /// The row to go to when `typed` was typed in row `from`, which may itself be meant; -1 for none.
   std::function<int(int from, const QString& typed)> Find = [](int, const QString&) { return -1; };
 
   /// Shows these rows. The current phrase stays current where it is among them, at the same height.
   void Show(std::shared_ptr<const TableSource> source, PhraseList rows);
-  /// The selected rows from the top, adjoining ones in one range.
-  std::vector<RowRange> SelectedRows() const;
-  bool IsAllSelected() const { return allSelected_; }
   /// The phrase that the keys act on; kNoPhrase when no row is selected.
   PhraseIndex CurrentPhrase() const;
   /// Those of the selected rows, from the top, but no more than `most`.
@@ -36,15 +29,12 @@ class PhraseGrid final : public QTableView {
   /// Selects the row, and scrolls to it where it is not in sight.
   void GoTo(int row);
 
-  void selectAll() override;
   void keyboardSearch(const QString& search) override;
-  void reset() override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
-  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
   void OpenCurrent();
@@ -52,7 +42,6 @@ class PhraseGrid final : public QTableView {
   int CurrentColumn() const;
 
   PhraseTableModel& model_;
-  bool allSelected_ = false;
   PhraseIndex lost_ = kNoPhrase;  ///< The current phrase before a filter hid it.
   QString typed_;                 ///< By keys that followed each other at once.
   QElapsedTimer sinceLastKey_;
