@@ -2,9 +2,11 @@
 # its bin folder, without installation.
 file(GLOB KORV_COMMON_WORDS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/wordlists/cwds_*.txt)
 file(GLOB KORV_PROGRAM_TEXT CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/app/texts/korv.dat)
+# A text to try the programs with.
+set(KORV_SAMPLE ${PROJECT_SOURCE_DIR}/tests/data/sample.txt)
 
 set(copies)
-foreach(file ${KORV_COMMON_WORDS} ${KORV_PROGRAM_TEXT})
+foreach(file ${KORV_COMMON_WORDS} ${KORV_PROGRAM_TEXT} ${KORV_SAMPLE})
   get_filename_component(name ${file} NAME)
   add_custom_command(OUTPUT ${KORV_PROGRAM_DIR}/${name}
                      COMMAND ${CMAKE_COMMAND} -E copy ${file} ${KORV_PROGRAM_DIR}/${name}

@@ -6,6 +6,7 @@
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/icons.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "sources/detect/source_checks.h"
@@ -16,6 +17,7 @@ FilePage::FilePage(const Desktop& desktop, QWidget* parent) : QWidget(parent), d
   auto* layout = Bare(new QVBoxLayout(this));
   auto* row = new QHBoxLayout;
   cmdFile = MakeButton("cmdFile_0", "S&ingle file", this);
+  cmdFile->setIcon(NamedIcon("document-open"));
   cmdFile->setToolTip(QStringLiteral("Click on the 'Single file' button to specify an input file."));
   txbFile = MakeTextBox("txbFile_0", "Path of the input file", this);
   cmdClearFile = Described(MakeButton("cmdClearFile_0", "Cle&ar", this), "Clear the input file");

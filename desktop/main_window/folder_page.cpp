@@ -6,6 +6,7 @@
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/icons.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "sources/detect/source_checks.h"
@@ -29,6 +30,7 @@ FolderPage::~FolderPage() {
 
 void FolderPage::BuildFolderRow(QGridLayout& layout) {
   cmdFolder = MakeButton("cmdFolder", "F&older", this);
+  cmdFolder->setIcon(NamedIcon("folder-open"));
   cmdFolder->setToolTip(QStringLiteral("Click on the 'Folder' button to specify a folder with input files."));
   txbFolder = MakeTextBox("txbFolder", "Path of the folder", this);
   cmdClearFolder = Described(MakeButton("cmdClearFolder", "Cle&ar", this), "Clear the folder");

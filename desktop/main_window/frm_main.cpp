@@ -147,6 +147,7 @@ bool frmMain::Form_Load() {
   if (work_.Current().WordsFiles.empty()) OfferCommonWords();
   SetWordsToIgnoreNotice();
   panels_.Report->EnableDisableReportOptions(panels_.Source->Kind(), false);
+  panels_.Result->OfferSample(desktop_.Files.FileExists(SamplePath()));
   Timer1->start();
   SetCountPhrasesCaption();
   // Those of the state file come last of all, so that no default wipes them out.
@@ -269,6 +270,16 @@ void frmMain::CountLeftOut() {
     state.Chosen.Words = RulesThatTake(state.Chosen.Words, shown->Run.Facts.Words);
   });
   IsOfSingleWords(*shown) ? run_->CountSingleWords() : run_->cmdCountPhrases_Click();
+}
+
+std::filesystem::path frmMain::SamplePath() const {
+  return desktop_.ProgramFolder / "sample.txt";
+}
+
+void frmMain::TrySample() {
+  if (!run_->Idle()) return;
+  panels_.Source->Take(ToQt(PathToText(SamplePath())));
+  run_->cmdCountPhrases_Click();
 }
 
 void frmMain::ShowWords() {

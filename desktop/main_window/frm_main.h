@@ -115,6 +115,9 @@ class frmMain final : public QMainWindow, public SettingsHost {
   void SaveListAs();
   /// The settings under which a run was counted are chosen again; what says how it is listed stays.
   void TakeSettingsBack(int run);
+  /// Counts the text that comes with the program.
+  void TrySample();
+  std::filesystem::path SamplePath() const;
   /// Counts anew, as the run in front was counted, but without the rules that left words out of it.
   void CountLeftOut();
   /// Says in the left column which words to ignore are in force, and what a word is.

@@ -58,7 +58,10 @@ void frmMain::MakeControllers() {
                                 .WordsChanged = [this] { SetWordsToIgnoreNotice(); }});
   steps_ = std::make_unique<SettingsSteps>(work_, *settingsController_);
   tableActions_ = std::make_unique<TableActions>(panels_, work_, *steps_, *result_);
-  result_->RunChanged = [this] { tableActions_->FollowRun(); };
+  result_->RunChanged = [this] {
+    panels_.Result->OfferSample(false);
+    tableActions_->FollowRun();
+  };
   result_->Shown = [this] { tableActions_->ShowChips(); };
   result_->CountLeftOut = [this] { CountLeftOut(); };
   opening_ = std::make_unique<Opening>(
@@ -117,6 +120,7 @@ void frmMain::ConnectPanels() {
                            .Second = [this] { run_->Timer2_Timer(); },
                            .Progress = [this] { run_->tmrProgress_Timer(); }};
   ResultPanel& result = *panels_.Result;
+  result.SampleWanted = [this] { TrySample(); };
   result.Cleared = [this] { result_->ForgetListing(); };
   panels_.Frame->Notes->OnAction([this](NoteAction action) {
     Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();

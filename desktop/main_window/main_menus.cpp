@@ -8,6 +8,9 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QToolButton>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "desktop/main_window/clipboard_page.h"
@@ -21,9 +24,40 @@
 #include "desktop/results/result_panel.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/guarded.h"
+#include "desktop/widgets/icons.h"
 
 namespace korv {
 namespace {
+
+struct CommandIcon {
+  const char* Caption;
+  const char* Icon;
+};
+constexpr CommandIcon kIcons[] = {{"&Open file...", "document-open"},
+                                  {"Open fol&der...", "folder-open"},
+                                  {"Use the &clipboard", "edit-paste"},
+                                  {"Save list &as...", "document-save-as"},
+                                  {"Count &phrases", "media-playback-start"},
+                                  {"S&top", "process-stop"},
+                                  {"&Close run", "window-close"},
+                                  {"&Save settings", "document-save"},
+                                  {"&Quit", "application-exit"},
+                                  {"&Undo", "edit-undo"},
+                                  {"&Copy", "edit-copy"},
+                                  {"&Paste", "edit-paste"},
+                                  {"&Filter words", "edit-find"},
+                                  {"Clear te&xtbox", "edit-clear"},
+                                  {"Larger &text", "zoom-in"},
+                                  {"S&maller text", "zoom-out"},
+                                  {"&Settings", "preferences-system"},
+                                  {"&Help", "help-contents"},
+                                  {"&About Korv", "help-about"}};
+
+QIcon IconOf(std::string_view caption) {
+  const auto* const icon = std::find_if(std::begin(kIcons), std::end(kIcons),
+                                        [&](const CommandIcon& one) { return one.Caption == caption; });
+  return icon == std::end(kIcons) ? QIcon() : NamedIcon(icon->Icon);
+}
 
 /// Acts on the box that has the focus, if one has. The boxes have the keys of these commands themselves.
 template <typename Act>
@@ -58,6 +92,7 @@ QAction* MainMenus::Add(QMenu* menu, const char* caption, const QKeySequence& ke
                         std::function<void()> handler, During during) {
   QAction* action = menu->addAction(QString::fromUtf8(caption));
   action->setShortcut(key);
+  action->setIcon(IconOf(caption));
   connect(action, &QAction::triggered, this, Guarded(desktop_.Messages, caption, std::move(handler)));
   if (during == During::Idle) idleActions_.append(action);
   return action;
@@ -72,6 +107,7 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   Add(menu, "Use the &clipboard", Qt::CTRL | Qt::SHIFT | Qt::Key_V,
       [source] { source->Select(TextSource::Clipboard, ChangedBy::User); });
   QMenu* recent = menu->addMenu(QStringLiteral("&Recent"));
+  recent->setIcon(NamedIcon("document-open-recent"));
   recent->setObjectName(QStringLiteral("mnuRecent"));
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
   idleActions_.append(recent->menuAction());

@@ -8,6 +8,7 @@
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/flow_layout.h"
+#include "desktop/widgets/icons.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "sources/detect/source_checks.h"
@@ -18,6 +19,7 @@ OutputFilePanel::OutputFilePanel(const Desktop& desktop, QWidget* parent)
     : QWidget(parent), desktop_(desktop) {
   setObjectName(QStringLiteral("fraOutputFile"));
   cmdFile = MakeButton("cmdFile_1", "O&utput file", this);
+  cmdFile->setIcon(NamedIcon("document-save-as"));
   txbFile = MakeTextBox("txbFile_1", "Path of the output file", this);
   cmdClearFile = Described(MakeButton("cmdClearFile_1", "Clea&r", this), "Clear the output file");
   chkDisableOutputToFile = MakeCheckBox("chkDisableOutputToFile", "Disable output to file", this);

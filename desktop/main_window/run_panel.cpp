@@ -12,6 +12,7 @@
 #include "base/time_text.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/icons.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 
@@ -93,6 +94,7 @@ void RunPanel::Connect(Messages& messages) {
 }
 
 void RunPanel::SetCountPhrasesCaption(Caption caption) {
+  cmdCountPhrases->setIcon(NamedIcon(caption == Caption::Stop ? "process-stop" : "media-playback-start"));
   switch (caption) {
     case Caption::Count:
       return cmdCountPhrases->setText(QStringLiteral("&Count phrases"));

@@ -29,9 +29,9 @@ ResultPanel::ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* 
   BuildFoot(*stack_);
   Filter = new FilterPanel(desktop_, this);
   stack_->addWidget(Filter);
-  Wiring(*this, desktop_.Messages).OnClick(cmdClearOutput, "cmdClearOutput_Click", [this] {
-    cmdClearOutput_Click();
-  });
+  const Wiring wiring(*this, desktop_.Messages);
+  wiring.OnClick(cmdClearOutput, "cmdClearOutput_Click", [this] { cmdClearOutput_Click(); });
+  wiring.OnClick(cmdTrySample, "cmdTrySample_Click", [this] { SampleWanted(); });
 }
 
 ResultPanel::~ResultPanel() {
@@ -71,6 +71,27 @@ void ResultPanel::BuildBox(QBoxLayout& layout) {
                         "3.  Click on \"Count phrases\".\n\n"
                         "F1 shows the help."));
   layout.addWidget(txbOutput, 1);
+  cmdTrySample = MakeButton("cmdTrySample", "Ta&ke a sample to try", txbOutput->viewport());
+  cmdTrySample->setToolTip(QStringLiteral("Count the phrases of a short text that comes with the program"));
+  cmdTrySample->setCursor(Qt::ArrowCursor);
+  // A button, though it stands among words in the box's own font.
+  cmdTrySample->setFont(font());
+  connect(txbOutput, &QPlainTextEdit::textChanged, this, [this] { ShowSample(); });
+  ShowSample();
+}
+
+void ResultPanel::OfferSample(bool offered) {
+  offersSample_ = offered;
+  ShowSample();
+}
+
+void ResultPanel::ShowSample() {
+  // Below the seven lines that the empty box shows.
+  constexpr int kLinesAbove = 8;
+  cmdTrySample->adjustSize();
+  cmdTrySample->move(2 * txbOutput->frameWidth() + 4,
+                     kLinesAbove * txbOutput->fontMetrics().lineSpacing() + 8);
+  cmdTrySample->setVisible(offersSample_ && txbOutput->document()->isEmpty());
 }
 
 void ResultPanel::BuildFoot(QBoxLayout& layout) {
@@ -132,8 +153,8 @@ void ResultPanel::ScrollTo(const std::array<int, 2>& scrolled) {
 }
 
 void ResultPanel::ZoomText(int steps) {
-  if (steps == 0) return txbOutput->setFont(WordsFont());
-  txbOutput->zoomIn(steps);
+  steps == 0 ? txbOutput->setFont(WordsFont()) : txbOutput->zoomIn(steps);
+  ShowSample();
 }
 
 void ResultPanel::ShowLabels(const ResultLabels& labels) {
@@ -157,6 +178,7 @@ void ResultPanel::ShowFoundSoFar(uint64_t phrases) {
 void ResultPanel::EnableDisableButtons(bool enabled) {
   enabled_ = enabled;
   cmdClearOutput->setEnabled(enabled);
+  cmdTrySample->setEnabled(enabled);
   EnableClearButtons();
 }
 
@@ -170,7 +192,7 @@ void ResultPanel::SuggestWidth() {
 }
 
 std::vector<QWidget*> ResultPanel::TabOrder(QWidget* below) const {
-  std::vector<QWidget*> order = {txbOutput, below, cmdClearOutput};
+  std::vector<QWidget*> order = {txbOutput, cmdTrySample, below, cmdClearOutput};
   const std::vector<QWidget*> filterOrder = Filter->TabOrder();
   order.insert(order.end(), filterOrder.begin(), filterOrder.end());
   return order;

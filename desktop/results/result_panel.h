@@ -34,7 +34,9 @@ class ResultPanel final : public QWidget {
   QPlainTextEdit* txbOutput = nullptr;
   QPushButton* cmdClearOutput = nullptr;
   FilterPanel* Filter = nullptr;
+  QPushButton* cmdTrySample = nullptr;  ///< In the empty text box, below its words on how to begin.
 
+  std::function<void()> SampleWanted = [] {};
   std::function<void()> Cleared = [] {};  ///< The user has emptied the text box.
 
   void cmdClearOutput_Click();
@@ -65,6 +67,8 @@ class ResultPanel final : public QWidget {
   void ShowLabels(const ResultLabels& labels);
   void ClearLabels();
   void ShowFoundSoFar(uint64_t phrases);
+  /// Whether a sample is offered, as long as the text box is empty.
+  void OfferSample(bool offered);
   /// Puts the options of the list above all else. Called once.
   void AddOptions(QWidget* options);
   void ShowOptions(bool shown);
@@ -82,6 +86,7 @@ class ResultPanel final : public QWidget {
   void BuildLabels(QBoxLayout& layout);
   void BuildBox(QBoxLayout& layout);
   void BuildFoot(QBoxLayout& layout);
+  void ShowSample();
 
   const Desktop& desktop_;
   QBoxLayout* stack_ = nullptr;
@@ -90,6 +95,7 @@ class ResultPanel final : public QWidget {
   OutputTextBox box_;
   OutputBox output_;
   bool enabled_ = true;
+  bool offersSample_ = false;
 };
 
 }  // namespace korv

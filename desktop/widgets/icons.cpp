@@ -1,0 +1,63 @@
+#include "desktop/widgets/icons.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QSvgRenderer>
+#include <utility>
+
+// A library's resources are not there until somebody asks for them, which the toolkit wants done outside of
+// any namespace.
+static void MakeIconsKnown() {
+  Q_INIT_RESOURCE(icons);
+}
+
+namespace korv {
+namespace {
+
+/// Draws black outlines in the colour that text has at that moment.
+class OutlineEngine final : public QIconEngine {
+ public:
+  explicit OutlineEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+    QByteArray coloured = drawing_;
+    coloured.replace("#000", ColourOf(mode).name().toLatin1());
+    QSvgRenderer(coloured).render(painter, rect);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap picture(size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paint(&painter, {QPoint(0, 0), size}, mode, state);
+    return picture;
+  }
+  QIconEngine* clone() const override { return new OutlineEngine(drawing_); }
+
+ private:
+  static QColor ColourOf(QIcon::Mode mode) {
+    const QPalette palette = QGuiApplication::palette();
+    if (mode == QIcon::Disabled) return palette.color(QPalette::Disabled, QPalette::WindowText);
+    return palette.color(QPalette::Active,
+                         mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
+  }
+
+  QByteArray drawing_;
+};
+
+}  // namespace
+
+QIcon DrawnIcon(const char* name) {
+  MakeIconsKnown();
+  QFile file(QStringLiteral(":/korv/icons/%1.svg").arg(QLatin1String(name)));
+  return file.open(QIODevice::ReadOnly) ? QIcon(new OutlineEngine(file.readAll())) : QIcon();
+}
+
+QIcon NamedIcon(const char* name) {
+  const QString named = QLatin1String(name);
+  return QIcon::hasThemeIcon(named) ? QIcon::fromTheme(named) : DrawnIcon(name);
+}
+
+}  // namespace korv

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QIcon>
+
+namespace korv {
+
+/// The icon of that name (freedesktop.org's, "document-open") in the desktop's theme. Where the theme has
+/// none, our own drawing of it in the colour of the text, which is seen in dark palettes too. Null where
+/// there is neither.
+QIcon NamedIcon(const char* name);
+/// Our own drawing, whatever the theme has.
+QIcon DrawnIcon(const char* name);
+
+}  // namespace korv

@@ -1,0 +1,110 @@
+// What a newcomer sees, and the icons.
+
+#include <QFile>
+#include <QImage>
+#include <QMenu>
+#include <QPushButton>
+
+#include "desktop/toolkit/scheme_switch.h"
+#include "desktop/widgets/icons.h"
+#include "tests/desktop/window_test.h"
+
+namespace korv {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class FirstStart : public WindowTest {
+ protected:
+  void StartWithSample() {
+    WriteFile("program/sample.txt", "The white whale swam away. The white whale swam away.\n");
+    programFolder = PathFromText(PathOf("program"));
+    ASSERT_TRUE(Start());
+  }
+};
+
+TEST_F(FirstStart, ShowsThreeStepsAndASample) {
+  StartWithSample();
+  const std::string steps = Find<QPlainTextEdit>("txbOutput")->placeholderText().toStdString();
+  for (const char* step : {"1.  ", "2.  ", "3.  "}) EXPECT_THAT(steps, HasSubstr(step));
+  const auto* box = Find<QPlainTextEdit>("txbOutput");
+  const auto* button = Find<QPushButton>("cmdTrySample");
+  EXPECT_TRUE(button->isVisible());
+  EXPECT_GE(button->y(), (steps.empty() ? 0 : 8) * box->fontMetrics().lineSpacing());
+}
+
+TEST_F(FirstStart, CountsTheSampleWithOneClickAndNoQuestion) {
+  StartWithSample();
+  Click("cmdTrySample");
+  EXPECT_THAT(Output(), HasSubstr("the white whale swam"));
+  EXPECT_EQ(TextOf("txbFile_0"), PathOf("program/sample.txt"));
+  EXPECT_THAT(Shown(), IsEmpty());
+  // Who has counted once knows how.
+  EXPECT_FALSE(Shown("cmdTrySample"));
+  Click("cmdClearOutput");
+  EXPECT_FALSE(Shown("cmdTrySample"));
+}
+
+TEST_F(FirstStart, HidesTheSampleBehindAnythingElseInTheBox) {
+  StartWithSample();
+  Click("optFolder");
+  Type("txbFolder", PathOf("program"));
+  Click("cmdListFiles");
+  EXPECT_FALSE(Output().empty());
+  EXPECT_FALSE(Shown("cmdTrySample"));
+  Click("cmdClearOutput");
+  EXPECT_TRUE(Shown("cmdTrySample"));
+}
+
+TEST_F(FirstStart, OffersNoSampleWhereThereIsNone) {
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(Shown("cmdTrySample"));
+}
+
+// ---- Icons
+
+QColor MeanOf(const QIcon& icon) {
+  const QImage image = icon.pixmap(32, 32).toImage();
+  int seen = 0;
+  int lightness = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor colour = image.pixelColor(x, y);
+      if (colour.alpha() < 200) continue;
+      ++seen;
+      lightness += colour.lightness();
+    }
+  }
+  EXPECT_GT(seen, 20);
+  const int mean = seen == 0 ? 0 : lightness / seen;
+  return {mean, mean, mean};
+}
+
+TEST_F(FirstStart, HasIconsThatAreSeenInLightAndDarkPalettes) {
+  const QIcon icon = DrawnIcon("document-open");
+  SchemeSwitch scheme;
+  const int light = MeanOf(icon).lightness();
+  scheme.Turn(true);
+  const int dark = MeanOf(icon).lightness();
+  scheme.Turn(false);
+  EXPECT_LT(light, 80);
+  EXPECT_GT(dark, 150);
+}
+
+TEST_F(FirstStart, HasAnIconForEveryNameThatItUses) {
+  ASSERT_TRUE(Start());
+  int icons = 0;
+  for (const QMenu* menu : main->findChildren<QMenu*>()) {
+    for (const QAction* action : menu->actions()) {
+      if (!action->icon().isNull()) ++icons;
+    }
+  }
+  EXPECT_GE(icons, 19);
+  for (const char* button : {"cmdCountPhrases", "cmdFile_0", "cmdFolder", "cmdFile_1"})
+    EXPECT_FALSE(Find<QPushButton>(button)->icon().isNull()) << button;
+  EXPECT_TRUE(DrawnIcon("no-such-icon").isNull());
+}
+
+}  // namespace
+}  // namespace korv
