@@ -231,7 +231,7 @@ RC_GTEST_PROP(PhraseDetailsProperty, AreThoseOfTheModel, ()) {
     RC_ASSERT(context.Phrase == text);
   }
   RC_ASSERT(found == begins);
-  RC_TAG(longer.empty() ? "no longer ones" : "longer ones", shorter.empty() ? "no shorter" : "shorter");
+  RC_TAG(longer.empty() && shorter.empty() ? "alone" : "with others");
 }
 
 }  // namespace

@@ -218,5 +218,29 @@ TEST(RandomChecksProperty, RunsAsOftenAsTheEnvironmentSays) {
   EXPECT_EQ(propertyRuns, ReadSettings(params == nullptr ? "" : params).Cases);
 }
 
+int fixturesMade = 0;
+int fixturesInUse = 0;
+
+class FreshFixture : public testing::Test {
+ protected:
+  FreshFixture() { ++fixturesMade; }
+  void SetUp() override { ++fixturesInUse; }
+  void TearDown() override { --fixturesInUse; }
+
+  int cases = 0;
+};
+
+RC_GTEST_FIXTURE_PROP(FreshFixture, IsMadeForEveryCase, ()) {
+  RC_ASSERT(++cases == 1);
+  RC_ASSERT(fixturesInUse == 1);
+}
+
+TEST(RandomChecks, MakeAFixtureForEveryCase) {
+  fixturesMade = 0;
+  CheckOnFixture<FreshFixture_IsMadeForEveryCase_Property>();
+  EXPECT_GT(fixturesMade, 1);
+  EXPECT_EQ(fixturesInUse, 0);
+}
+
 }  // namespace
 }  // namespace korv::random_checks

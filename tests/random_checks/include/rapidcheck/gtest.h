@@ -20,6 +20,18 @@ inline void CheckInTest(void (*property)()) {
   }
 }
 
+/// Has a fixture made anew for every case, as it is for every test.
+template <typename Property>
+void CheckOnFixture() {
+  CheckInTest([] {
+    struct Fixture : Property {
+      Fixture() { this->SetUp(); }
+      ~Fixture() override { this->TearDown(); }
+    };
+    Fixture().Holds();
+  });
+}
+
 }  // namespace korv::random_checks
 
 /// A property as a test. It draws its values itself: `arguments` is ().
@@ -29,3 +41,15 @@ inline void CheckInTest(void (*property)()) {
     ::korv::random_checks::CheckInTest(&suite##_##name##_Property); \
   }                                                                 \
   void suite##_##name##_Property arguments
+
+/// The same on a fixture, whose members the property uses.
+#define RC_GTEST_FIXTURE_PROP(fixture, name, arguments)                   \
+  class fixture##_##name##_Property : public fixture {                    \
+   public:                                                                \
+    void TestBody() override {}                                           \
+    void Holds arguments;                                                 \
+  };                                                                      \
+  TEST(fixture##_Property, name) {                                        \
+    ::korv::random_checks::CheckOnFixture<fixture##_##name##_Property>(); \
+  }                                                                       \
+  void fixture##_##name##_Property::Holds arguments
