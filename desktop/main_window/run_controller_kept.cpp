@@ -65,9 +65,10 @@ void RunController::ShowKeptProgress() {
   const bool keeps = Doing() == RunActivity::KeepingRun;
   if ((!keeps && Doing() != RunActivity::OpeningRun) || !thread_.Working()) return;
   const uint64_t total = keptProgress_.Total;
+  const uint64_t done = keptProgress_.Done;
   if (total == 0) return;
-  const uint64_t done = keptProgress_.Done * RunPanel::kWholeProgress / total;
-  panels_.Run->ShowProgress(static_cast<int>(done));
+  // Behind the last byte comes work of which nobody can tell how far it is: checks, and what the disk does.
+  panels_.Run->ShowProgress(done < total ? static_cast<int>(done * RunPanel::kWholeProgress / total) : -1);
 }
 
 }  // namespace korv

@@ -2,9 +2,13 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QTest>
 
+#include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/open_runs.h"
 #include "desktop/results/run_tabs.h"
+#include "desktop/results/table/phrase_grid.h"
+#include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/toolkit/text.h"
 #include "tests/desktop/window_test.h"
 
@@ -144,6 +148,26 @@ TEST_F(KeptRunsOfAWindow, ComeBackAfterARestartWithoutTheirText) {
   EXPECT_EQ(TextOf("txbFile_0"), PathOf("whale.txt"));
   EXPECT_EQ(TabText(0), NameOfOpened("whale.txt"));
   EXPECT_EQ(Command("Keep run...").isEnabled(), true) << "it can be kept again";
+}
+
+TEST_F(KeptRunsOfAWindow, LeadToTheirFilesAgain) {
+  View = RunView::Table;
+  ASSERT_TRUE(Start());
+  CountText("whale.txt", kWhale);
+  Open(Keep("mine.korvrun"));
+  const ResultFrame& frame = *main->Panels().Frame;
+  const auto untilShown = [&] {
+    UntilIdle();
+    while (!frame.Table->Idle() || !frame.Contexts->Idle())
+      QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  };
+  untilShown();
+  ASSERT_EQ(frame.Table->tblPhrases->model()->rowCount(), 1);
+  frame.Table->tblPhrases->GoTo(0);
+  QTest::keyClick(frame.Table->tblPhrases, Qt::Key_Return);
+  untilShown();
+  EXPECT_EQ(TextOf("txbContextPhrase"), "the white whale swam");
+  EXPECT_THAT(TextOf("lblContextCount"), HasSubstr("2 occurrences"));
 }
 
 TEST_F(KeptRunsOfAWindow, KeepWhatWasLeftOut) {
