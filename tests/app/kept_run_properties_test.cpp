@@ -130,7 +130,8 @@ void KeepAndCompare(const WorldKind& kind, TextSource source) {
   RC_PRE(kept.Count(ChoiceOf(world, source)));
   RC_ASSERT(kept.Keep().HasValue());
   const auto error = kept.Open();
-  if (error) RC_FAIL(TextOf(*error));
+  RC_LOG() << (error ? TextOf(*error) : "");
+  RC_ASSERT(!error);
   CompareCorpora(kept.Opened.Run.Table.Corpus(), kept.Result.Run.Table.Corpus());
   CompareTables(kept.Opened.Run.Table.Data(), kept.Result.Run.Table.Data());
   FileSystem& files = kept.World.Files;
