@@ -11,6 +11,7 @@
 
 #include "app/settings/saved_state.h"
 #include "cli/count_program.h"
+#include "cli/options.h"
 #include "platform/console/console_yielder.h"
 #include "tests/app/run_world.h"
 #include "tests/fakes/fake_clock.h"
