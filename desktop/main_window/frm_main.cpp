@@ -384,7 +384,7 @@ void frmMain::RestoreGeometry() {
   // The first time: as high as the screen allows, up to where more height helps nobody.
   // In the middle, for some systems would let a part of it hang out of the screen.
   const QRect room = screen()->availableGeometry();
-  const QSize wanted(std::min(1280, room.width() * 9 / 10), std::min(900, room.height() * 9 / 10));
+  const QSize wanted(std::min(1280, room.width() * 9 / 10), std::min(900, room.height() * 94 / 100));
   const QSize size = wanted.expandedTo(minimumSizeHint());
   setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, room));
 }

@@ -42,12 +42,11 @@ void ReportPanel::Build() {
   chkSuppressWords->setToolTip(QStringLiteral("Check this box for faster processing."));
   chkSortByNumberOfFiles =
       MakeCheckBox("chkSortByNumberOfFiles", "Sort by number of files instead of frequency", this);
-  KeepPlaceWhenHidden(chkFileList);
   layout->AddGroup(WithCaption("Or&der:", cboWordOrder));
   layout->AddGroup(WithCaption("For&mat:", cboDisplayFormat));
   layout->addWidget(chkDisplayRelativeFrequency);
   layout->addWidget(chkSuppressWords);
-  // Last: what comes and goes with the source moves nothing.
+  // Last: what comes and goes with the source moves nothing beside it.
   layout->addWidget(chkFileList);
 }
 

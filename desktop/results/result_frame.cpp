@@ -61,7 +61,7 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
 
 QSize ResultFrame::minimumSizeHint() const {
   // Notes take a second and a third line in a narrow window, which the layout does not foresee.
-  constexpr int kFurtherLines = 4;
+  constexpr int kFurtherLines = 3;
   const QSize least = QWidget::minimumSizeHint();
   return {least.width(), least.height() + kFurtherLines * fontMetrics().lineSpacing()};
 }

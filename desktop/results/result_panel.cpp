@@ -74,8 +74,11 @@ void ResultPanel::BuildBox(QBoxLayout& layout) {
   cmdTrySample = MakeButton("cmdTrySample", "Ta&ke a sample to try", txbOutput->viewport());
   cmdTrySample->setToolTip(QStringLiteral("Count the phrases of a short text that comes with the program"));
   cmdTrySample->setCursor(Qt::ArrowCursor);
-  // A button, though it stands among words in the box's own font.
-  cmdTrySample->setFont(font());
+  // A button, though it stands among words in the box's own font. What is not set is the box's.
+  QFont ordinary = font();
+  ordinary.setFamily(ordinary.family());
+  ordinary.setPointSizeF(ordinary.pointSizeF());
+  cmdTrySample->setFont(ordinary);
   connect(txbOutput, &QPlainTextEdit::textChanged, this, [this] { ShowSample(); });
   ShowSample();
 }
@@ -104,11 +107,12 @@ void ResultPanel::BuildFoot(QBoxLayout& layout) {
 
 QSize ResultPanel::minimumSizeHint() const {
   // The labels have room for a second line.
-  constexpr int kLines = 17;
+  constexpr int kLines = 15;
+  const int width = QWidget::minimumSizeHint().width();
   int height = kLines * fontMetrics().lineSpacing();
   if (options_ != nullptr && options_->isVisibleTo(this))
-    height += options_->minimumSizeHint().height() + stack_->spacing();
-  return {QWidget::minimumSizeHint().width(), height};
+    height += options_->heightForWidth(width) + stack_->spacing();
+  return {width, height};
 }
 
 void ResultPanel::AddOptions(QWidget* options) {
