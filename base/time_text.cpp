@@ -19,6 +19,11 @@ std::string Counted(int64_t count, const char* unit) {
   return std::to_string(count) + " " + unit + (count == 1 ? "" : "s");
 }
 
+/// At least two digits.
+std::string TwoDigits(int64_t number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
 }  // namespace
 
 std::string FormatElapsedCompact(std::chrono::seconds elapsed) {
@@ -37,6 +42,16 @@ std::string FormatElapsedLong(std::chrono::seconds elapsed) {
   if (!text.empty() || parts.Hours > 0) text += Counted(parts.Hours, "hour") + ", ";
   if (!text.empty() || parts.Minutes > 0) text += Counted(parts.Minutes, "minute") + " and ";
   return text + Counted(parts.Seconds, "second");
+}
+
+std::string FormatUtc(std::chrono::system_clock::time_point time) {
+  using namespace std::chrono;
+  const auto day = floor<days>(time);
+  const year_month_day date(day);
+  const Parts parts = Split(floor<seconds>(time - day));
+  return std::to_string(static_cast<int>(date.year())) + "-" +
+         TwoDigits(static_cast<unsigned>(date.month())) + "-" + TwoDigits(static_cast<unsigned>(date.day())) +
+         "T" + TwoDigits(parts.Hours) + ":" + TwoDigits(parts.Minutes) + ":" + TwoDigits(parts.Seconds) + "Z";
 }
 
 }  // namespace korv

@@ -12,4 +12,7 @@ std::string FormatElapsedCompact(std::chrono::seconds elapsed);
 /// A time in words: "1 day, 2 hours, 0 minutes and 1 second", from the largest unit that is not zero down.
 std::string FormatElapsedLong(std::chrono::seconds elapsed);
 
+/// A time of day and its date in UTC as ISO 8601 has them: "2026-11-22T09:30:00Z".
+std::string FormatUtc(std::chrono::system_clock::time_point time);
+
 }  // namespace korv

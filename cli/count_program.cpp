@@ -16,9 +16,11 @@
 #include "cli/options.h"
 #include "cli/run_line.h"
 #include "cli/settings_files.h"
+#include "cli/table_output.h"
 #include "platform/console/console_messages.h"
 #include "report/columns/registry.h"
 #include "report/error_text.h"
+#include "report/formats.h"
 #include "report/list_words.h"
 #include "report/output_file.h"
 #include "report/report_rules.h"
@@ -211,8 +213,9 @@ class CountProgram {
 
   bool MakeRequest(RunRequest& request) {
     request = RunRequestOf(settings_);
-    request.Options.KeepPlaces =
-        options_.ContextOf || NeedPlaces(options_.Columns) || NeedPlaces(options_.Rows.Columns());
+    const TableOutput table = Table(OutputPath());
+    request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Rows.Columns()) ||
+                                 (table.Form != nullptr && NeedPlaces(ColumnsOf(table)));
     request.KeepText = options_.ContextOf.has_value();
     request.OutputPath = OutputPath();
     request.Stream = &env_.StandardInput;
@@ -304,12 +307,8 @@ class CountProgram {
     return CanOpenOutputFile(path, env_.Files, messages);
   }
 
-  /// Null for the report as text, which the output file of settings always is.
-  const TableForm* Table() const {
-    if (options_.Output.empty() && !run_.OutputPath.empty()) return nullptr;
-    if (options_.OutputFormat) return *options_.OutputFormat;
-    const TableForm* const form = TableFormOfFile(PathFromText(run_.OutputPath));
-    return form == nullptr && options_.AsksForTable() ? &TableForms().front() : form;
+  TableOutput Table(const std::string& outputPath) const {
+    return TableOutputOf(options_, settings_, outputPath, env_.Clock);
   }
 
   int WriteContexts() {
@@ -340,8 +339,7 @@ class CountProgram {
                                                     {.Files = env_.Files,
                                                      .Dialogs = messages,
                                                      .Encoding = env_.Encoding,
-                                                     .Table = Table(),
-                                                     .Columns = options_.Columns},
+                                                     .Table = Table(run_.OutputPath)},
                                                     env_.Yielder);
       TellPhraseShare(result.List);
       if (result.List.Outcome == ListOutcome::Stopped) {
@@ -352,13 +350,9 @@ class CountProgram {
     }
     StreamReportSink sink(env_.Out);
     const bool tabs = options_.LineLayout == Layout::Tabs;
-    const ListResult result = ListWords(report,
-                                        {.LineLayout = options_.LineLayout,
-                                         .File = tabs,
-                                         .LineEnd = "\n",
-                                         .Table = Table(),
-                                         .Columns = options_.Columns},
-                                        sink, env_.Yielder);
+    const ListResult result = ListWords(
+        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = Table({})}, sink,
+        env_.Yielder);
     TellPhraseShare(result);
     if (!sink.Finish()) return CannotWrite();
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;

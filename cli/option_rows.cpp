@@ -156,7 +156,7 @@ std::vector<OptionRow> OwnChoice() {
                 "Write a table of phrases that stand K times or more in no longer one"),
       Text("--top", "K|all", group, "List only the first K phrases (all)",
            [](const std::string& text, CountOptions& options) {
-             options.Rows.Most =
+             options.Top =
                  text == "all"
                      ? RowChoice::kAll
                      : static_cast<uint32_t>(ParseInRange(text, "--top", 1, std::numeric_limits<int>::max()));
@@ -171,6 +171,9 @@ std::vector<OptionRow> OwnOutput() {
           Choices<std::optional<const TableForm*>>(
               "--output-format", &CountOptions::OutputFormat, forms, group,
               "The report, or a table with a heading (by FILE's extension; text)"),
+          Choices<bool>("--csv-for", &CountOptions::ForSpreadsheets, {{"excel", true}}, group,
+                        "Write csv as spreadsheets want it: with a signature, formulas as text, the "
+                        "locale's decimal sign"),
           Text("--columns", "LIST", group, "Write a table with these columns, separated by commas",
                [](const std::string& text, CountOptions& options) {
                  options.Columns = ParseColumns(text, "--columns");

@@ -5,18 +5,18 @@
 #include <array>
 #include <iterator>
 
+#include "app/texts/program_version.h"
 #include "cli/argument_names.h"
 #include "cli/column_values.h"
 #include "cli/help_format.h"
 #include "cli/option_rows.h"
 #include "cli/option_values.h"
+#include "cli/shell_command.h"
 #include "engine/analysis/phrase_query.h"
 
 namespace korv {
 
 namespace {
-
-constexpr const char* kVersion = "korv-count " KORV_VERSION;
 
 /// Reads the options. CLI11 hands over texts; the rows decide what they mean.
 class Parser {
@@ -28,12 +28,15 @@ class Parser {
     app_.formatter(std::make_shared<HelpFormat>());
     app_.set_help_flag("-h,--help", "Show this and exit");
     app_.add_option("PATH", options_.Path, "A file, a folder, or - for standard input");
-    app_.set_version_flag("--version", kVersion, "Show the version and exit");
+    app_.set_version_flag("--version", "korv-count " + std::string(ProgramVersion()),
+                          "Show the version and exit");
     for (const OptionRow& row : rows_) Add(row);
     try {
       CheckNames(arguments);
       std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
       app_.parse(std::move(reversed));
+      options_.Command = ShellCommand("korv-count", arguments);
+      options_.Rows.Most = options_.Top.value_or(RowChoice::kAll);
       SettleOrder();
       SettleMatch();
       Check();
@@ -87,6 +90,7 @@ class Parser {
     if (!options_.ContextOf && options_.Contexts)
       throw CLI::ValidationError("--contexts", "needs --context-of");
     if (options_.ContextOf) CheckContexts();
+    if (options_.ForSpreadsheets) CheckForm();
     if (const char* option = options_.TableOption(); option != nullptr && AsksForText())
       throw CLI::ValidationError(option, "makes a table, which --output-format text cannot be");
   }
@@ -98,7 +102,15 @@ class Parser {
       throw CLI::ValidationError("--context-of", "is a table, which --output-format text cannot be");
     for (const char* option : {options_.TableOption(), options_.ChoosingOption()})
       if (option != nullptr) throw CLI::ValidationError("--context-of", std::string("excludes ") + option);
+    if (options_.ForSpreadsheets) throw CLI::ValidationError("--context-of", "excludes --csv-for");
     if (options_.ListFiles) throw CLI::ValidationError("--context-of", "excludes --list-files");
+  }
+
+  void CheckForm() const {
+    const TableForm* const form =
+        options_.OutputFormat ? *options_.OutputFormat : TableFormOfFile(PathFromText(options_.Output));
+    if ((options_.OutputFormat || form != nullptr) && form != &TableFormOf("csv"))
+      throw CLI::ValidationError("--csv-for", "is for the output format csv");
   }
 
   bool AsksForText() const { return options_.OutputFormat && *options_.OutputFormat == nullptr; }

@@ -30,7 +30,8 @@ inline constexpr int kMostContexts = 10000;
 
 /// What the command line asks for. Empty where it says nothing.
 struct CountOptions {
-  std::string Path;  ///< "-" is standard input.
+  std::string Command;  ///< All of it, as a shell takes it.
+  std::string Path;     ///< "-" is standard input.
   std::string SettingsFile;
   std::string SaveSettingsFile;
 
@@ -56,8 +57,10 @@ struct CountOptions {
   std::optional<std::string> SortText;  ///< An order of contexts; else a column and its direction.
   std::optional<std::string> Match;
   std::optional<MatchMode> HowToMatch;
+  std::optional<uint32_t> Top;  ///< RowChoice::kAll for all.
 
   std::optional<const TableForm*> OutputFormat;  ///< Null for the report as text.
+  bool ForSpreadsheets = false;                  ///< Comma-separated values as spreadsheets want them.
   std::vector<const Column*> Columns;  ///< Of a table instead of the report; empty for the usual ones.
   RowChoice Rows;                      ///< Which phrases are listed, and in which order.
   PartChoice Parts;                    ///< Over which tables tell how evenly phrases are spread.

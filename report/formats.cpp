@@ -29,8 +29,9 @@ constexpr Format kFormats[] = {
 };
 static_assert(std::size(kFormats) == kDisplayFormats);
 
-constexpr std::string_view kTableColumns[] = {"rank",  "phrase",     "frequency", "per_million",
-                                              "words", "characters", "files",     "first_file"};
+constexpr std::string_view kTableColumns[] = {"rank",          "phrase",     "frequency", "per_million",
+                                              "words",         "characters", "files",     "dispersion",
+                                              "net_frequency", "first_file", "first_line"};
 
 /// What takes the place of a column where relative frequencies are asked for.
 constexpr struct {
@@ -61,7 +62,8 @@ std::vector<const Column*> ColumnsOfFormat(const Format& format, const ReportOpt
   return columns;
 }
 
-std::vector<const Column*> ColumnsOfTables() {
+std::vector<const Column*> ColumnsOf(const TableOutput& table) {
+  if (!table.Columns.empty()) return table.Columns;
   std::vector<const Column*> columns;
   for (const std::string_view id : kTableColumns) columns.push_back(FindColumn(id));
   return columns;

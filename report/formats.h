@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "report/columns/column.h"
+#include "report/report_form.h"
 #include "report/report_options.h"
 
 namespace korv {
@@ -27,8 +28,8 @@ const Format& FormatOf(int displayFormat);
 /// frequency only where the list is sorted by number of files.
 std::vector<const Column*> ColumnsOfFormat(const Format& format, const ReportOptions& options);
 
-/// The columns of tables for other programs.
-std::vector<const Column*> ColumnsOfTables();
+/// The columns of a table for other programs: those that are asked for, or the usual ones.
+std::vector<const Column*> ColumnsOf(const TableOutput& table);
 
 /// Whether relative frequencies would change what the format shows.
 bool ShowsFrequencies(const Format& format);

@@ -154,9 +154,8 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
 }
 
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder) {
-  if (form.Table)
-    return WriteList(report, form.Columns.empty() ? ColumnsOfTables() : form.Columns, {},
-                     *form.Table->Make(sink), yielder);
+  if (const TableOutput& table = form.Table; table.Form != nullptr)
+    return WriteList(report, ColumnsOf(table), {}, *table.Form->Make(sink, table.About), yielder);
   if (!AnythingListed(report.Table))
     return {.Outcome =
                 sink.Write(EmptyReportText(report, form)) ? ListOutcome::Listed : ListOutcome::SinkFull};

@@ -63,12 +63,10 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
     ShowFileError(file.Error(), services);
     return result;
   }
-  FileReportSink sink(**file, services.Table ? nullptr : services.Encoding, services.Progress);
+  FileReportSink sink(**file, services.Table.Form ? nullptr : services.Encoding, services.Progress);
   try {
-    result.List = ListWords(
-        report,
-        {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table, .Columns = services.Columns},
-        sink, yielder);
+    result.List =
+        ListWords(report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table}, sink, yielder);
   } catch (const std::exception&) {
     ShowListingError(report.Options, services.Dialogs, services.Texts);
     return result;

@@ -46,10 +46,7 @@ struct FileListingServices {
   const ProgramText* Texts = nullptr;
   TextOutput* Box = nullptr;
   CodePage* Encoding = nullptr;
-  /// Null for the report as text. Tables are UTF-8 whatever `Encoding` is.
-  const TableForm* Table = nullptr;
-  /// Of the table; empty for the usual ones.
-  std::vector<const Column*> Columns = {};
+  TableOutput Table = {};  ///< Tables are UTF-8 whatever `Encoding` is.
   /// Told now and then how many phrases have been written so far; may be empty.
   std::function<void(uint32_t)> Progress = {};
 };

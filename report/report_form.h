@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "report/writers/table_description.h"
+
 namespace korv {
 
 struct Column;
@@ -14,6 +16,13 @@ enum class Layout {
   Tabs,     ///< One tab between columns, one after every phrase: for other programs.
 };
 
+/// A table for other programs instead of a report as text.
+struct TableOutput {
+  const TableForm* Form = nullptr;          ///< Null for the report as text; the rest has no effect then.
+  std::vector<const Column*> Columns = {};  ///< Empty for the usual ones.
+  TableDescription About = {};              ///< For forms that describe themselves.
+};
+
 /// The outer form of a report.
 struct ReportForm {
   Layout LineLayout = Layout::Columns;
@@ -22,10 +31,7 @@ struct ReportForm {
   /// The files and folders that could not be counted are named behind the files-scanned text.
   bool SkippedFiles = false;
   std::string LineEnd = "\r\n";
-  /// A table for other programs instead, without all of the above. Null for the report as text.
-  const TableForm* Table = nullptr;
-  /// Of the table; empty for the usual ones.
-  std::vector<const Column*> Columns = {};
+  TableOutput Table = {};  ///< Where it asks for one, without all of the above.
 };
 
 }  // namespace korv

@@ -42,4 +42,9 @@ struct RunSummary {
   std::vector<std::string> Notices;       ///< Folders and files that could not be read, or not wholly.
 };
 
+/// How many texts were read; the clipboard and a pipe are one.
+inline uint64_t FilesRead(const RunSummary& facts) {
+  return facts.Options.SourceKind == TextSource::Folder ? facts.FilesScanned : 1;
+}
+
 }  // namespace korv

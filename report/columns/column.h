@@ -77,6 +77,8 @@ struct Column {
   std::string_view Unit = {};  ///< What one of it is: "words", "%". Empty for texts and places.
   Alignment Align = Alignment::Right;
   std::string_view Definition;  ///< One sentence or two, with the formula.
+  /// The formula alone, with the letters of the definition. Empty where there is nothing to compute.
+  std::string_view Formula = {};
 
   /// The value of a phrase. Constant cost unless the column's file says otherwise. This or ValueInFile is
   /// set, but for texts that a window makes itself.

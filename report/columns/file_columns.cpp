@@ -23,6 +23,7 @@ constexpr Column kFileColumns[] = {
      .Unit = kPercentUnit,
      .Definition = "100 * the number of files in which the phrase occurs / the number of files with at least "
                    "one word that went into phrases.",
+     .Formula = "100 * files / files with words",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.FilesWithWords == 0) return {};
        return 100.0 * phrase.FileCount / static_cast<double>(source.FilesWithWords);

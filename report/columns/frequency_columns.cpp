@@ -23,6 +23,7 @@ constexpr Column kFrequencyColumns[] = {
      .Type = ColumnType::Integer,
      .Unit = "occurrences",
      .Definition = "f, the number of times that the phrase occurs.",
+     .Formula = "f",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return int64_t{source.Table.Count(phrase.Entry)};
      },
@@ -34,6 +35,7 @@ constexpr Column kFrequencyColumns[] = {
      .Definition =
          "1,000,000 * f / N, where N is the number of running words: all words of the text, dropped "
          "by a rule or not.",
+     .Formula = "1000000 * f / N",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return PartsOfWords(1e6, source, phrase);
      },
@@ -45,6 +47,7 @@ constexpr Column kFrequencyColumns[] = {
      .Unit = kPercentUnit,
      .Definition = "100 * f / N, where N is the number of running words: all words of the text, dropped by a "
                    "rule or not.",
+     .Formula = "100 * f / N",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return PartsOfWords(100, source, phrase);
      },
@@ -58,6 +61,7 @@ constexpr Column kFrequencyColumns[] = {
          "all "
          "those counted that reach the minimum frequency. Phrases of the greatest length never stand in "
          "longer ones; where many of them overlap, count longer phrases, up to 25 words.",
+     .Formula = "the occurrences (p, w) without another (q, v), q <= p and q + v >= p + w",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        const auto net = NetFrequency(source, phrase);
        return net ? Cell(int64_t{*net}) : Cell();
@@ -68,6 +72,7 @@ constexpr Column kFrequencyColumns[] = {
      .Type = ColumnType::Real,
      .Unit = kPercentUnit,
      .Definition = "100 * the occurrences of the phrase that stand in no longer phrase / f.",
+     .Formula = "100 * net_frequency / f",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        const auto net = NetFrequency(source, phrase);
        return net ? Cell(100.0 * *net / source.Table.Count(phrase.Entry)) : Cell();

@@ -29,6 +29,7 @@ constexpr Column kReportColumns[] = {
      .Unit = kPercentUnit,
      .Definition = "100 * f / T, where T is the number of occurrences of all phrases that were counted, "
                    "listed or not.",
+     .Formula = "100 * f / T",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return Percentage(source.Table.Count(phrase.Entry), source.Table.Occurrences());
      },

@@ -7,21 +7,32 @@
 
 #include "report/report_sink.h"
 #include "report/writers/list_writer.h"
+#include "report/writers/table_description.h"
 
 namespace korv {
 
-/// A form of tables for other programs: a heading of the columns' Ids, a row per phrase, nothing else.
+/// A form of tables for other programs: a row per phrase with the columns that are asked for.
 struct TableForm {
-  std::string_view Name;       ///< "csv"
-  std::string_view Extension;  ///< Of file names, without the dot.
-  std::unique_ptr<ListWriter> (*Make)(ReportSink& sink);
+  std::string_view Name;  ///< "csv"
+  /// Of file names, without the dot; a second one may be empty.
+  std::string_view Extension;
+  std::string_view OtherExtension = {};
+  std::string_view Title = {};  ///< For people: "Comma-separated values".
+  std::unique_ptr<ListWriter> (*Make)(ReportSink& sink, const TableDescription& about) = nullptr;
 };
 
 /// All of them. A new one is a file of this folder with a row in table_forms.cpp.
 std::span<const TableForm> TableForms();
 
+/// The form of this name, which exists.
+const TableForm& TableFormOf(std::string_view name);
+
 /// The form that belongs to the extension of a file, upper or lower case; null when there is none. Forms are
 /// constants.
 const TableForm* TableFormOfFile(const std::filesystem::path& path);
+
+/// Comma-separated values as spreadsheets want them: with a signature, with what begins like a formula made a
+/// text, and with a semicolon and a decimal comma where `about.Numbers` has one.
+const TableForm& SpreadsheetCsv();
 
 }  // namespace korv

@@ -1,12 +1,9 @@
 #include "report/writers/tsv_writer.h"
 
-#include <charconv>
-
 namespace korv {
 
 namespace {
 
-constexpr int kDigits = 9;
 constexpr std::string_view kSeparators = "\t\r\n";
 
 }  // namespace
@@ -33,16 +30,10 @@ bool TsvWriter::End(bool) {
 }
 
 void TsvWriter::Append(const Cell& cell) {
-  char text[40];
-  char* const end = text + sizeof text;
-  if (const auto* said = std::get_if<std::string_view>(&cell)) {
-    AppendText(*said);
-  } else if (const auto* whole = std::get_if<int64_t>(&cell)) {
-    pieces_.Append({text, static_cast<size_t>(std::to_chars(text, end, *whole).ptr - text)});
-  } else if (const auto* real = std::get_if<double>(&cell)) {
-    const auto written = std::to_chars(text, end, *real, std::chars_format::general, kDigits);
-    pieces_.Append({text, static_cast<size_t>(written.ptr - text)});
-  }
+  if (const auto* text = std::get_if<std::string_view>(&cell))
+    AppendText(*text);
+  else
+    pieces_.Append(number_.Of(cell));
 }
 
 void TsvWriter::AppendText(std::string_view text) {

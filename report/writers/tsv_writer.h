@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/writers/list_writer.h"
+#include "report/writers/number_text.h"
 #include "report/writers/pieces.h"
 
 namespace korv {
@@ -22,6 +23,7 @@ class TsvWriter final : public ListWriter {
   void AppendText(std::string_view text);
 
   Pieces pieces_;
+  NumberText number_;
 };
 
 }  // namespace korv

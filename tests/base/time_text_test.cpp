@@ -36,5 +36,12 @@ TEST(FormatElapsed, BeginsWithTheLargestUnitThatIsNotZero) {
   }
 }
 
+TEST(FormatUtc, HasDateAndTimeWithTwoDigitsEach) {
+  using namespace std::chrono;
+  EXPECT_EQ(FormatUtc(system_clock::time_point()), "1970-01-01T00:00:00Z");
+  EXPECT_EQ(FormatUtc(sys_days{2026y / 11 / 22} + 9h + 5min + 59s + 999ms), "2026-11-22T09:05:59Z");
+  EXPECT_EQ(FormatUtc(sys_days{1969y / 12 / 31} + 23h), "1969-12-31T23:00:00Z");
+}
+
 }  // namespace
 }  // namespace korv

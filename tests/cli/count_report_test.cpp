@@ -38,23 +38,24 @@ TEST_F(CountProgramTest, WritesAReportFileInsteadOfStandardOutput) {
 }
 
 constexpr const char* kTable =
-    "rank\tphrase\tfrequency\tper_million\twords\tcharacters\tfiles\tfirst_file\n"
-    "1\tthe big cat\t2\t285714.286\t3\t11\t1\t";
+    "rank\tphrase\tfrequency\tper_million\twords\tcharacters\tfiles\tdispersion\tnet_frequency\tfirst_file\t"
+    "first_line\n"
+    "1\tthe big cat\t2\t285714.286\t3\t11\t1\t\t2\t";
 
 TEST_F(CountProgramTest, WritesATableWhereTheFormatSaysSo) {
   files.Add("/t.txt", "The big cat sat. The big cat.\n");
   const std::vector<std::string> arguments = {"/t.txt", "--min-words", "2", "--output-format", "tsv"};
   EXPECT_EQ(Count(arguments), 0);
-  EXPECT_EQ(out.str(), std::string(kTable) + "/t.txt\n");
+  EXPECT_EQ(out.str(), std::string(kTable) + "/t.txt\t1\n");
   std::vector<std::string> filtered = arguments;
   for (const char* argument : {"--filter", "dog", "--format", "9", "--relative", "--layout", "tabs"})
     filtered.emplace_back(argument);
   EXPECT_EQ(Count(filtered), 0);
   EXPECT_EQ(out.str(), std::string(kTable).substr(0, out.str().size()));
-  EXPECT_TRUE(out.str().ends_with("first_file\n"));
+  EXPECT_TRUE(out.str().ends_with("first_line\n"));
   input = "The big cat sat. The big cat.\n";
   EXPECT_EQ(Count({"-", "--min-words", "2", "--output-format", "tsv"}), 0);
-  EXPECT_EQ(out.str(), std::string(kTable) + "-\n");
+  EXPECT_EQ(out.str(), std::string(kTable) + "-\t1\n");
 }
 
 TEST_F(CountProgramTest, TheExtensionOfTheReportFileSaysWhatItHolds) {
@@ -63,7 +64,7 @@ TEST_F(CountProgramTest, TheExtensionOfTheReportFileSaysWhatItHolds) {
   files.Add(PathFromText("/\u0395.txt"), "The big cat sat. The big cat.\n");
   EXPECT_EQ(Count({"/\u0395.txt", "--min-words", "2", "-o", "/r.TSV"}), 0);
   EXPECT_THAT(out.str(), IsEmpty());
-  EXPECT_EQ(files.Content("/r.TSV"), std::string(kTable) + "/\u0395.txt\n");
+  EXPECT_EQ(files.Content("/r.TSV"), std::string(kTable) + "/\u0395.txt\t1\n");
   EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "-o", "/r.tsv", "--output-format", "text"}), 0);
   EXPECT_THAT(files.Content("/r.tsv").value_or(""), StartsWith("File: /a.txt\r\n"));
   EXPECT_EQ(Count({"/\u0395.txt", "--min-words", "2", "-o", "/r.txt", "--output-format", "tsv"}), 0);

@@ -1,3 +1,5 @@
+#include <chrono>
+
 #include "cli/options.h"
 #include "tests/cli/count_program_world.h"
 #include "tests/fakes/native_paths.h"
@@ -76,6 +78,75 @@ TEST_F(CountProgramTest, TablesWithColumnsGoWhereOutputGoes) {
   EXPECT_EQ(files.Content("/r.txt"), std::nullopt);
 }
 
+TEST_F(CountProgramTest, TheFormOfATableIsThatOfTheFileOrTheOneAskedFor) {
+  struct Case {
+    std::vector<std::string> Arguments;
+    const char* File;  ///< Null for standard output.
+    const char* Begin;
+  };
+  const Case cases[] = {
+      {{"-o", "/o.csv"},
+       "/o.csv",
+       "rank,phrase,frequency,per_million,words,characters,files,dispersion,net_frequency,"
+       "first_file,first_line\r\n1,the big cat,2,"},
+      {{"-o", "/o.JSONL"}, "/o.JSONL", "{\"rank\":1,\"phrase\":\"the big cat\",\"frequency\":2,"},
+      {{"-o", "/o.json"}, "/o.json", "{\"korv\":{\"version\":\"1."},
+      {{"-o", "/o.md"}, "/o.md", "| Rank | Phrase |"},
+      {{"-o", "/o.html"}, "/o.html", "<!DOCTYPE html>"},
+      {{"-o", "/o.tsv", "--output-format", "csv"}, "/o.tsv", "rank,phrase,"},
+      {{"-o", "/o.csv", "--output-format", "text"}, "/o.csv", "File: /a.txt\r\n"},
+      {{"-o", "/o.txt", "--output-format", "csv", "--columns", "phrase"},
+       "/o.txt",
+       "phrase\r\nthe big cat\r\n"},
+      {{"--output-format", "ndjson", "--columns", "phrase"}, nullptr, "{\"phrase\":\"the big cat\"}\n"},
+      {{"--csv-for", "excel", "--columns", "phrase"}, nullptr, "\uFEFFphrase\r\nthe big cat\r\n"},
+      {{"-o", "/e.csv", "--csv-for", "excel", "--columns", "phrase"}, "/e.csv", "\uFEFFphrase\r\n"},
+      {{"-o", "/e.txt", "--output-format", "csv", "--csv-for", "excel", "--columns", "phrase"},
+       "/e.txt",
+       "\uFEFFphrase\r\n"},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> arguments{"/a.txt", "--min-words", "2", "--force"};
+    arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
+    EXPECT_EQ(Count(arguments), kExitReport) << err.str();
+    const std::string written = c.File == nullptr ? out.str() : files.Content(c.File).value_or("");
+    EXPECT_THAT(written, StartsWith(c.Begin)) << c.Arguments.back();
+  }
+}
+
+TEST_F(CountProgramTest, ATableTellsOfItsRun) {
+  clock.Wall = std::chrono::sys_days{std::chrono::year{2026} / 11 / 22} + std::chrono::hours(9);
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "2", "--output-format", "json", "--ignore-words", "o'clock"}),
+            kExitReport);
+  EXPECT_THAT(out.str(), HasSubstr("\"created\":\"2026-11-22T09:00:00Z\","
+                                   "\"command\":\"korv-count /a.txt --min-words 2 --output-format json "
+                                   "--ignore-words 'o'\\\\''clock'\"}"));
+  EXPECT_THAT(out.str(), HasSubstr("\"paths\":[\"/a.txt\"],\"files\":1,\"words\":"));
+  EXPECT_THAT(out.str(), HasSubstr("\"MinWords\":2,\"MaxWords\":6,"));
+  EXPECT_THAT(out.str(), HasSubstr("\"WordOrder\":\"frequency\""));
+  input = "The big cat. The big cat.";
+  EXPECT_EQ(Count({"-", "--output-format", "json"}), kExitReport);
+  EXPECT_THAT(out.str(), HasSubstr("\"paths\":[\"-\"],\"files\":1,"));
+}
+
+TEST_F(CountProgramTest, FormsForReadingHaveAllRowsThatAreAskedFor) {
+  std::string text;
+  for (char a = 'g'; a <= 'z'; ++a)
+    for (char b = 'a'; b <= 'f'; ++b) text += std::string("red ") + a + b + a + b + "x. ";
+  files.Add("/a.txt", text + text);
+  const std::vector<std::string> arguments = {"/a.txt", "--min-words", "2",     "--output-format",
+                                              "md",     "--columns",   "phrase"};
+  EXPECT_EQ(Count(arguments), kExitReport);
+  EXPECT_THAT(out.str(), HasSubstr("\n20 more phrases are left out.\n"));
+  for (const char* top : {"all", "120", "119"}) {
+    std::vector<std::string> all = arguments;
+    all.insert(all.end(), {"--top", top});
+    EXPECT_EQ(Count(all), kExitReport);
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("left out")));
+    EXPECT_EQ(std::ranges::count(out.str(), '\n'), top == std::string("119") ? 121 : 122);
+  }
+}
+
 TEST_F(CountProgramTest, ColumnsThatMakeNoSenseAreWrongUsage) {
   ExpectWrongUsage(
       "/a.txt",
@@ -87,6 +158,11 @@ TEST_F(CountProgramTest, ColumnsThatMakeNoSenseAreWrongUsage) {
           {{"--columns", ""}, "a column is needed"},
           {{"--columns", "rank", "--output-format", "text"}, "--columns: makes a table"},
           {{"--columns", "rank", "--context-of", "big cat"}, "--context-of: excludes --columns"},
+          {{"--csv-for", "excel", "--output-format", "tsv"}, "--csv-for: is for the output format csv"},
+          {{"--csv-for", "excel", "-o", "/x.json"}, "--csv-for: is for the output format csv"},
+          {{"--csv-for", "excel", "--output-format", "text"}, "--csv-for: is for the output format csv"},
+          {{"--csv-for", "excel", "--context-of", "big cat"}, "--context-of: excludes --csv-for"},
+          {{"--csv-for", "word"}, "--csv-for"},
           {{"--parts", "1"}, "--parts: 1 is not between 2 and 100"},
           {{"--parts", "file"}, "--parts: 'file' is no number"},
       });

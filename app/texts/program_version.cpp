@@ -1,0 +1,9 @@
+#include "app/texts/program_version.h"
+
+namespace korv {
+
+std::string_view ProgramVersion() {
+  return KORV_VERSION;
+}
+
+}  // namespace korv

@@ -1,0 +1,46 @@
+#include "cli/table_output.h"
+
+#include "app/settings/setting_values.h"
+#include "app/texts/program_version.h"
+#include "base/time_text.h"
+
+namespace korv {
+
+namespace {
+
+const TableForm* FormOf(const CountOptions& options, const std::string& outputPath) {
+  if (options.Output.empty() && !outputPath.empty()) return nullptr;
+  if (options.ForSpreadsheets) return &SpreadsheetCsv();
+  if (options.OutputFormat) return *options.OutputFormat;
+  const TableForm* const form = TableFormOfFile(PathFromText(outputPath));
+  return form == nullptr && options.AsksForTable() ? &TableFormOf("tsv") : form;
+}
+
+std::string SourcePath(const Settings& settings) {
+  switch (settings.SourceKind) {
+    case TextSource::SingleFile:
+      return settings.InputFile;
+    case TextSource::Folder:
+      return settings.Folder;
+    case TextSource::Clipboard:
+      break;
+  }
+  return "-";
+}
+
+}  // namespace
+
+TableOutput TableOutputOf(const CountOptions& options, const Settings& settings,
+                          const std::string& outputPath, const Clock& clock) {
+  return {.Form = FormOf(options, outputPath),
+          .Columns = options.Columns,
+          .About = {.Version = std::string(ProgramVersion()),
+                    .Created = FormatUtc(clock.WallTime()),
+                    .Command = options.Command,
+                    .Settings = SettingValues(settings),
+                    .Paths = {SourcePath(settings)},
+                    .Numbers = options.Numbers,
+                    .AllRows = options.Top.has_value()}};
+}
+
+}  // namespace korv

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "base/clock.h"
+#include "cli/options.h"
+#include "report/report_form.h"
+
+namespace korv {
+
+/// The table that the options ask for in a file `outputPath` or, where that is empty, on standard output. Its
+/// Form is null for the report as text, which the output file of settings always is.
+TableOutput TableOutputOf(const CountOptions& options, const Settings& settings,
+                          const std::string& outputPath, const Clock& clock);
+
+}  // namespace korv

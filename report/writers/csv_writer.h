@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "report/writers/list_writer.h"
+#include "report/writers/number_text.h"
+#include "report/writers/pieces.h"
+
+namespace korv {
+
+/// How a table of comma-separated values is written.
+struct CsvStyle {
+  char Separator = ',';
+  char DecimalPoint = '.';
+  /// For programs that take a file without a UTF-8 signature for ANSI, and a text for a formula if it begins
+  /// like one (CWE-1236): the signature stands in front, and such a text gets an apostrophe before it.
+  bool ForSpreadsheets = false;
+};
+
+/// Comma-separated values in UTF-8 as RFC 4180 has them: a heading of the columns' Ids, lines ended by CR LF,
+/// quotes around what holds a separator, a quote or a line end, and quotes in it doubled. Numbers and
+/// undefined values are those of the TsvWriter.
+class CsvWriter final : public ListWriter {
+ public:
+  explicit CsvWriter(ReportSink& sink, const CsvStyle& style = {}) : style_(style), pieces_(sink) {}
+
+  void Begin(std::span<const Column* const> columns, const ColumnSource& source) override;
+  bool Row(const RowCells& cells) override;
+  bool End(bool stopped) override;
+
+ private:
+  void Append(const Cell& cell);
+  void AppendNumber(std::string_view number);
+  void AppendText(std::string_view text);
+
+  CsvStyle style_;
+  Pieces pieces_;
+  NumberText number_;
+};
+
+}  // namespace korv

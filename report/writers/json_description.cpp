@@ -1,0 +1,70 @@
+#include "report/writers/json_description.h"
+
+namespace korv {
+
+namespace {
+
+const char* NameOf(ColumnType type) {
+  switch (type) {
+    case ColumnType::Integer:
+      return "integer";
+    case ColumnType::Real:
+      return "number";
+    case ColumnType::Text:
+      break;
+  }
+  return "string";
+}
+
+void AddSkipped(const RunSummary& facts, JsonBuilder& json) {
+  json.Key("skipped").BeginArray();
+  for (const SkippedFile& file : facts.SkippedFiles)
+    json.BeginObject().Key("path").Value(file.Path).Key("reason").Value(file.Reason).End();
+  json.End();
+}
+
+void AddTextOrNull(std::string_view name, std::string_view text, JsonBuilder& json) {
+  json.Key(name);
+  if (text.empty())
+    json.Null();
+  else
+    json.Value(text);
+}
+
+}  // namespace
+
+void AddOrigin(const ColumnSource& source, const TableDescription& about, JsonBuilder& json) {
+  const RunSummary& facts = source.Facts;
+  json.Key("korv").BeginObject().Key("version").Value(about.Version).Key("created").Value(about.Created);
+  AddTextOrNull("command", about.Command, json);
+  json.End();
+
+  json.Key("source").BeginObject().Key("paths").BeginArray();
+  for (const std::string& path : about.Paths) json.Value(path);
+  json.End();
+  json.Key("files").Value(FilesRead(facts));
+  json.Key("words").Value(facts.Words.Read()).Key("words_taken").Value(facts.Words.Taken);
+  AddSkipped(facts, json);
+  json.End();
+
+  json.Key("settings").BeginObject();
+  for (const auto& [name, value] : about.Settings) {
+    json.Key(name);
+    std::visit([&](const auto& one) { json.Value(one); }, value);
+  }
+  json.End();
+}
+
+void AddColumns(std::span<const Column* const> columns, JsonBuilder& json) {
+  json.Key("columns").BeginArray();
+  for (const Column* column : columns) {
+    json.BeginObject().Key("name").Value(column->Id).Key("type").Value(NameOf(column->Type));
+    AddTextOrNull("unit", column->Unit, json);
+    json.Key("title").Value(column->Heading).Key("description").Value(column->Definition);
+    AddTextOrNull("formula", column->Formula, json);
+    json.End();
+  }
+  json.End();
+}
+
+}  // namespace korv

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "report/columns/registry.h"
+#include "report/writers/table_forms.h"
+#include "tests/report/report_world.h"
+
+namespace korv {
+
+using Rows = std::vector<std::vector<Cell>>;
+
+/// What a writer makes of these cells.
+inline std::string WrittenTable(const TableForm& form, std::initializer_list<const char*> ids,
+                                const Rows& rows, const TableDescription& about = {},
+                                const RunSummary& facts = {}, bool stopped = false) {
+  std::vector<const Column*> columns;
+  for (const char* id : ids) columns.push_back(FindColumn(id));
+  const PhraseTable table;
+  StringSink sink;
+  sink.Piece = 1 << 20;
+  const auto writer = form.Make(sink, about);
+  const ColumnSource source{table, facts};
+  writer->Begin(columns, source);
+  for (const std::vector<Cell>& row : rows) EXPECT_TRUE(writer->Row({row, {}}));
+  EXPECT_TRUE(writer->End(stopped));
+  return sink.Text;
+}
+
+}  // namespace korv
