@@ -47,6 +47,7 @@ ContextTable::ContextTable(const CountedRun& run, const DocxContext& context, st
 bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around) {
   out_ << Line({"file", "line", "column", "left", "phrase", "right"});
   std::vector<Place> places = PlacesOf(corpus_, phrase);
+  places_ = places.size();
   // Files are read from their beginnings to their ends, whatever the order of the table.
   std::unordered_map<Place, std::string> rows;
   for (const Place place : places) {

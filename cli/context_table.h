@@ -26,6 +26,8 @@ class ContextTable {
   /// side. Reads the files again. In reading order each line is written when it was found, otherwise all are
   /// held first. False when stopped, with what was written by then.
   bool Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around);
+  /// How many places the phrase has.
+  size_t Places() const { return places_; }
 
  private:
   std::string Row(Place place, std::span<const WordNumber> phrase, size_t around);
@@ -38,6 +40,7 @@ class ContextTable {
   std::function<void(const std::string&)> tell_;
   PlaceLocator locator_;
   std::set<size_t> told_;  ///< Sources.
+  size_t places_ = 0;
 };
 
 }  // namespace korv

@@ -185,7 +185,8 @@ class CountProgram {
     if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
     Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
     if (options_.Stages && !options_.Quiet) TellStages();
-    return run_.Interrupted ? kExitInterrupted : status;
+    if (run_.Interrupted) return kExitInterrupted;
+    return status == kExitReport && empty_ && options_.FailIfEmpty ? kExitEmpty : status;
   }
 
   /// What the user should know that is no error.
@@ -214,6 +215,7 @@ class CountProgram {
   bool MakeRequest(RunRequest& request) {
     request = RunRequestOf(settings_);
     const TableOutput table = Table(OutputPath());
+    request.Options.KeepRedundant = options_.KeepRedundant;
     request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Rows.Columns()) ||
                                  (table.Form != nullptr && NeedPlaces(ColumnsOf(table)));
     request.KeepText = options_.ContextOf.has_value();
@@ -325,6 +327,7 @@ class CountProgram {
                        [this](const std::string& text) { Tell(text); });
     const bool finished = table.Write(phrase.Words, options_.Sort.value_or(PlaceOrder::Place),
                                       static_cast<size_t>(options_.Contexts.value_or(kContexts)));
+    empty_ = table.Places() == 0;
     env_.Out << std::flush;
     if (!env_.Out) return CannotWrite();
     return finished ? kExitReport : kExitInterrupted;
@@ -341,6 +344,7 @@ class CountProgram {
                                                      .Encoding = env_.Encoding,
                                                      .Table = Table(run_.OutputPath)},
                                                     env_.Yielder);
+      empty_ = result.List.Phrases == 0;
       TellPhraseShare(result.List);
       if (result.List.Outcome == ListOutcome::Stopped) {
         Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
@@ -353,6 +357,7 @@ class CountProgram {
     const ListResult result = ListWords(
         report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = Table({})}, sink,
         env_.Yielder);
+    empty_ = result.Phrases == 0;
     TellPhraseShare(result);
     if (!sink.Finish()) return CannotWrite();
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;
@@ -390,6 +395,7 @@ class CountProgram {
   EncodingChooser encodings_;
   CountedRun run_;
   RunProgress progress_;
+  bool empty_ = false;  ///< Nothing was listed.
   CountView view_;
 };
 

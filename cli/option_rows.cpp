@@ -71,6 +71,24 @@ std::vector<OptionRow> OwnSettings() {
                "Write the resulting settings to a file")};
 }
 
+/// Beside the options of both lengths.
+std::vector<OptionRow> OwnLengths() {
+  OptionRow both = Text("--words", "N|N-M", OptionGroup::Phrases,
+                        "Fewest and most words of a phrase in one; not together with these",
+                        [](const std::string& text, CountOptions& options) {
+                          const size_t dash = text.find('-');
+                          const std::string most = dash == text.npos ? text : text.substr(dash + 1);
+                          Settings& settings = options.Given.Values;
+                          settings.MinWords =
+                              ParseInRange(text.substr(0, dash), "--words", kLeastWords, kMostWords);
+                          settings.MaxWords = ParseInRange(most, "--words", settings.MinWords, kMostWords);
+                          options.Given.Which |= SetOf(RowOf("MinWords")) | SetOf(RowOf("MaxWords"));
+                        });
+  both.Excludes = {"--min-words", "--max-words"};
+  return {std::move(both), Flag("--keep-redundant", &CountOptions::KeepRedundant, OptionGroup::Phrases,
+                                "List phrases too that occur only within a longer one")};
+}
+
 std::vector<OptionRow> OwnWordFiles() {
   OptionRow common =
       Text("--common-words", "LANGUAGE", OptionGroup::WordLists,
@@ -80,7 +98,7 @@ std::vector<OptionRow> OwnWordFiles() {
              if (!options.CommonWordsOf)
                RefuseValue("--common-words", "'" + text + "' is none of: en de es pt it fr all");
            });
-  common.Excludes = "--ignore-file";
+  common.Excludes = {"--ignore-file"};
   return {
       File("--ignore-file", &CountOptions::IgnoreFile, OptionGroup::WordLists, "A file of words to ignore"),
       std::move(common)};
@@ -181,6 +199,8 @@ std::vector<OptionRow> OwnOutput() {
           Text("--parts", "files|N", group,
                "Parts over which dispersion is measured: files, or so many equal ones (files)",
                [](const std::string& text, CountOptions& options) { options.Parts = ParseParts(text); }),
+          Flag("--fail-if-empty", &CountOptions::FailIfEmpty, group,
+               "Exit status 3 where there is nothing to list"),
           Flag("--force", &CountOptions::Force, group,
                "Replace an existing output file, or what is no settings file"),
           Choices<Layout>("--layout", &CountOptions::LineLayout,
@@ -203,6 +223,7 @@ void InsertAfter(std::vector<OptionRow>& options, std::string_view after, std::v
 std::vector<OptionRow> OptionRows() {
   std::vector<OptionRow> options = SettingOptions();
   InsertAfter(options, "--ignore-mode", OwnWordFiles());
+  InsertAfter(options, "--max-words", OwnLengths());
   for (std::vector<OptionRow> own :
        {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnChoice(), OwnContexts(), OwnOutput()})
     options.insert(options.end(), std::move_iterator(own.begin()), std::move_iterator(own.end()));

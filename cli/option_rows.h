@@ -18,8 +18,8 @@ struct OptionRow {
   std::string Range = {};  ///< "2 to 25" where Help does not tell it.
   /// Puts its value, empty for a flag, into the options. Throws CLI::ValidationError where it makes no sense.
   std::function<void(const std::string& value, CountOptions& options)> Take = {};
-  std::string Excludes =
-      {};  ///< The name of an option that cannot be given together with it; empty for none.
+  /// The names of options before it that cannot be given together with it.
+  std::vector<std::string> Excludes = {};
 };
 
 /// The options that set settings, as Schema() has them, with those that are korv-count's own; in the order of

@@ -63,7 +63,7 @@ class Parser {
       option = app_.add_option_function<std::string>(row.Name, take, row.Help)->type_name(row.ValueName);
     }
     option->group(TitleOf(row.Group));
-    if (!row.Excludes.empty()) option->excludes(app_.get_option(row.Excludes));
+    for (const std::string& other : row.Excludes) option->excludes(app_.get_option(other));
   }
 
   /// Before the rest: what is no option would leave its value behind, to be taken for the path.

@@ -22,6 +22,8 @@ namespace korv {
 inline constexpr int kExitReport = 0;
 inline constexpr int kExitRefused = 1;
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitEmpty =
+    3;  ///< There is a report, without a phrase, and that was to count as a failure.
 inline constexpr int kExitInterrupted = 130;
 
 /// Characters on each side of a phrase in its contexts.
@@ -64,6 +66,8 @@ struct CountOptions {
   std::vector<const Column*> Columns;  ///< Of a table instead of the report; empty for the usual ones.
   RowChoice Rows;                      ///< Which phrases are listed, and in which order.
   PartChoice Parts;                    ///< Over which tables tell how evenly phrases are spread.
+  bool KeepRedundant = false;
+  bool FailIfEmpty = false;
   bool Force = false;
   Layout LineLayout = Layout::Columns;
   bool ListFiles = false;

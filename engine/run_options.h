@@ -25,8 +25,9 @@ struct RunOptions {
   int MinFrequency = 2;  ///< Phrases with fewer occurrences are not listed, 1..kMostMinFrequency.
   IgnoreRule IgnoreMode = IgnoreRule::ExcludeAll;
   TextSource SourceKind = TextSource::SingleFile;
-  bool KeepPlaces = false;  ///< Keep Corpus::Places after the run.
-  bool Stopped = false;     ///< The run was interrupted: its result is incomplete.
+  bool KeepRedundant = false;  ///< List phrases too that occur only within a longer listed one.
+  bool KeepPlaces = false;     ///< Keep Corpus::Places after the run.
+  bool Stopped = false;        ///< The run was interrupted: its result is incomplete.
 };
 
 }  // namespace korv

@@ -104,8 +104,9 @@ class Run {
                                                 [&] { return SortPhrases(run_.Table, services_.Yielder); }))
       return false;
     ListByFrequency(run_.Table, request_.Options.MinFrequency);
-    return Stage(RunStage::Exclusion, "Excluding redundant subphrases . . . ",
-                 [&] { return ExcludeRedundantSubphrases(run_.Table, services_.Yielder); }) &&
+    return (request_.Options.KeepRedundant ||
+            Stage(RunStage::Exclusion, "Excluding redundant subphrases . . . ",
+                  [&] { return ExcludeRedundantSubphrases(run_.Table, services_.Yielder); })) &&
            Stage(RunStage::Chain, "Now setting up frequency chain . . .",
                  [&] { return SetUpFrequencyChain(run_.Table, run_.Chain, services_.Yielder); });
   }

@@ -16,7 +16,8 @@ bool HoldsPhrase(PhraseTable& table, Yielder& yielder);
 
 /// Counts all phrases of the table's text, and makes entries of those that may be listed. These have at least
 /// MinFrequency occurrences, and no phrase with one word more, in front or behind, occurs exactly as often:
-/// the shorter one would be redundant. Entries ascend by the numbers of their words.
+/// the shorter one would be redundant; with KeepRedundant these are entries too. Entries ascend by the
+/// numbers of their words.
 ///
 /// Phrases of all lengths are counted together. The places where phrases start are sorted by the next
 /// MaxWords words, which makes a suffix array. The occurrences of every phrase then lie side by side, and one

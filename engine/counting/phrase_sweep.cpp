@@ -8,6 +8,7 @@ PhraseSweep::PhraseSweep(const SweepContext& context)
     : context_(context),
       minWords_(context.Data->Corpus.Options.MinWords),
       minFrequency_(static_cast<uint32_t>(context.Data->Corpus.Options.MinFrequency)),
+      keepRedundant_(context.Data->Corpus.Options.KeepRedundant),
       keepSlices_(KeepsPlaces(context.Data->Corpus.Options)) {}
 
 void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t slice) {
@@ -55,9 +56,16 @@ void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice
   const uint32_t count = interval.End - interval.Begin;
   repeats_ += static_cast<uint64_t>(to - accepted + 1) * (count - 1);
   if (count < minFrequency_) return;
-  if (interval.Left != kNoWord && MostWords(interval.First - 1) > to) return;
-  entries_.push_back(
-      {interval.First, count, keepSlices_ ? slice + interval.Begin : 0, static_cast<uint8_t>(to), true});
+  if (keepRedundant_) {
+    for (int words = to; words >= accepted; --words) Add(interval, words, slice);
+  } else if (interval.Left == kNoWord || MostWords(interval.First - 1) <= to) {
+    Add(interval, to, slice);
+  }
+}
+
+void PhraseSweep::Add(const Interval& interval, int words, uint32_t slice) {
+  entries_.push_back({interval.First, interval.End - interval.Begin, keepSlices_ ? slice + interval.Begin : 0,
+                      static_cast<uint8_t>(words), true});
 }
 
 void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice) {
@@ -69,9 +77,7 @@ void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint
     any = true;
     occurrences_ += count;
     repeats_ += count - 1;
-    if (count >= minFrequency_)
-      entries_.push_back({interval.First, count, keepSlices_ ? slice + interval.Begin : 0,
-                          static_cast<uint8_t>(words), true});
+    if (count >= minFrequency_) Add(interval, words, slice);
   }
   if (!any || context_.SourceHasPhrase == nullptr) return;
   for (uint32_t i = interval.Begin; i < interval.End; ++i)

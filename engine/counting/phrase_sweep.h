@@ -27,7 +27,8 @@ struct SweepContext {
 /// Neighbours with a common prefix form nested intervals (LCP intervals). The phrases that end between the
 /// depth of an interval and that of the one around it occur at exactly its places. Only the longest of them
 /// can be listed; the shorter ones are redundant. It is redundant too where the same word stands before all
-/// of the places, because of the phrase that begins with that word.
+/// of the places, because of the phrase that begins with that word. Redundant ones get no entry, unless the
+/// options keep them.
 ///
 /// The sweep goes from the last place to the first. It closes inner intervals before outer ones and later
 /// before earlier ones, so that the entries in reverse are in the order of the words.
@@ -58,10 +59,12 @@ class PhraseSweep {
   int MostWords(Place place) const { return context_.MostWords[ValueOf(place)]; }
   void Close(const Interval& interval, int outerDepth, uint32_t slice);
   void CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice);
+  void Add(const Interval& interval, int words, uint32_t slice);
 
   SweepContext context_;
   int minWords_;
   uint32_t minFrequency_;
+  bool keepRedundant_;
   bool keepSlices_;
   std::span<const Suffix> suffixes_;
   std::vector<Interval> open_;

@@ -1,3 +1,4 @@
+#include "cli/options.h"
 #include "tests/cli/count_program_world.h"
 #include "tests/fakes/native_paths.h"
 
@@ -163,6 +164,87 @@ TEST_F(CountProgramTest, TellsWhatBecameOfTheWords) {
   EXPECT_EQ(Count({"/t"}), 0);
   EXPECT_EQ(err.str(),
             "21 words read, none dropped; 1 file UTF-8, 1 file ANSI with bytes above 127, 2 files ASCII\n");
+}
+
+TEST_F(CountProgramTest, WordsSetsBothLengths) {
+  files.Add("/w.txt", "one two three four five. one two three four five.");
+  struct Case {
+    const char* Words;
+    std::vector<std::string> Phrases;
+  };
+  const Case cases[] = {{"2", {"four five", "one two", "three four", "two three"}},
+                        {"4-5", {"one two three four five"}},
+                        {"5", {"one two three four five"}},
+                        {"2-25", {"one two three four five"}}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(Count({"/w.txt", "--words", c.Words, "--columns", "phrase", "--quiet"}), kExitReport);
+    for (const std::string& phrase : c.Phrases)
+      EXPECT_THAT(out.str(), HasSubstr("\n" + phrase + "\n")) << c.Words;
+  }
+  struct Fault {
+    std::vector<std::string> Arguments;
+    const char* Text;
+  };
+  const Fault faults[] = {{{"--words", "1"}, "--words"},
+                          {{"--words", "26"}, "--words"},
+                          {{"--words", "4-3"}, "--words: 3 is not between 4 and 25"},
+                          {{"--words", "3-"}, "--words"},
+                          {{"--words", "-3"}, "--words"},
+                          {{"--words", "2-3-4"}, "--words"},
+                          {{"--words", "x"}, "--words: 'x' is no number"},
+                          {{"--words", "3", "--min-words", "2"}, "--min-words excludes --words"},
+                          {{"--words", "3", "--max-words", "4"}, "--max-words excludes --words"}};
+  for (const Fault& fault : faults) {
+    std::vector<std::string> arguments{"/w.txt"};
+    arguments.insert(arguments.end(), fault.Arguments.begin(), fault.Arguments.end());
+    EXPECT_EQ(Count(arguments), kExitUsage) << fault.Arguments.back();
+    EXPECT_THAT(err.str(), HasSubstr(fault.Text));
+  }
+}
+
+TEST_F(CountProgramTest, RedundantPhrasesAreListedWhereTheyAreWished) {
+  files.Add("/r.txt", "the big cat. the big cat. a big dog.");
+  const std::vector<std::string> arguments = {"/r.txt", "--words", "2-3", "--columns",
+                                              "phrase,frequency,net_frequency"};
+  EXPECT_EQ(Count(arguments), kExitReport);
+  EXPECT_EQ(out.str(), "phrase\tfrequency\tnet_frequency\nthe big cat\t2\t2\n");
+  std::vector<std::string> all = arguments;
+  all.emplace_back("--keep-redundant");
+  EXPECT_EQ(Count(all), kExitReport);
+  EXPECT_EQ(out.str(), "phrase\tfrequency\tnet_frequency\nbig cat\t2\t0\nthe big\t2\t0\nthe big cat\t2\t2\n");
+  EXPECT_EQ(Count({"/r.txt", "--words", "2-3", "--keep-redundant", "--quiet"}), kExitReport);
+  EXPECT_THAT(out.str(), HasSubstr("the big\n"));
+}
+
+TEST_F(CountProgramTest, AnEmptyListIsAFailureWhereThatIsWished) {
+  struct Case {
+    std::vector<std::string> Arguments;
+    int Status;
+  };
+  const Case cases[] = {{{}, kExitReport},
+                        {{"--filter", "dog"}, kExitEmpty},
+                        {{"--min-frequency", "20"}, kExitEmpty},
+                        {{"--match", "dog"}, kExitEmpty},
+                        {{"--match", "cat"}, kExitReport},
+                        {{"--columns", "phrase", "--match", "dog"}, kExitEmpty},
+                        {{"--context-of", "big cat"}, kExitReport},
+                        {{"--context-of", "big dog"}, kExitEmpty}};
+  int files_written = 0;
+  for (const Case& c : cases) {
+    std::vector<std::string> arguments{"/a.txt", "--min-words", "2"};
+    arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
+    EXPECT_EQ(Count(arguments), kExitReport) << c.Arguments.back();
+    const std::string listed = out.str();
+    arguments.emplace_back("--fail-if-empty");
+    EXPECT_EQ(Count(arguments), c.Status) << testing::PrintToString(arguments);
+    EXPECT_EQ(out.str(), listed) << "the list is the same";
+    if (!c.Arguments.empty() && c.Arguments.front() == "--context-of") continue;
+    const std::string path = "/o" + std::to_string(++files_written) + ".txt";
+    arguments.insert(arguments.end(), {"-o", path});
+    EXPECT_EQ(Count(arguments), c.Status);
+    EXPECT_TRUE(files.Content(path)) << "written all the same";
+  }
+  EXPECT_EQ(Count({"/none.txt", "--fail-if-empty"}), kExitRefused);
 }
 
 }  // namespace

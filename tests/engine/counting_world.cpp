@@ -141,6 +141,7 @@ CountingWorld DrawWorld(const WorldKind& kind) {
   options.MaxWords = std::min(kind.MostWords, options.MinWords + *Range(0, widest + 1));
   if (kind.SingleWords) options.MinWords = options.MaxWords = 1;
   options.MinFrequency = OneIn(8) ? *Range(1, kMostMinFrequency + 1) : *Range(1, 4);
+  options.KeepRedundant = OneIn(8);
   options.SourceKind = kind.Folder ? TextSource::Folder : TextSource::SingleFile;
   if (kind.Lists) DrawLists(world);
   if (kind.Folder && Coin()) world.Order = ChainOrder::ByFiles;
@@ -192,7 +193,7 @@ EngineRun CountedByEngine(const CountingWorld& world) {
   CountPhrases(run.Table, yielder);
   SortPhrases(run.Table, yielder);
   ListByFrequency(run.Table, world.Options.MinFrequency);
-  ExcludeRedundantSubphrases(run.Table, yielder);
+  if (!world.Options.KeepRedundant) ExcludeRedundantSubphrases(run.Table, yielder);
   SetUpFrequencyChain(run.Table, world.Order, yielder);
   return run;
 }
@@ -251,9 +252,10 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
       yielder, [&] { return SortPhrases(table, yielder); }, [] {});
   ListByFrequency(table, world.Options.MinFrequency);
   const std::vector<bool> before = Flags(table);
-  Finish(
-      yielder, [&] { return ExcludeRedundantSubphrases(table, yielder); },
-      [&] { RC_ASSERT(Flags(table) == before); });
+  if (!world.Options.KeepRedundant)
+    Finish(
+        yielder, [&] { return ExcludeRedundantSubphrases(table, yielder); },
+        [&] { RC_ASSERT(Flags(table) == before); });
   Finish(
       yielder, [&] { return SetUpFrequencyChain(table, world.Order, yielder); },
       [&] { ExpectEmptyChain(table); });

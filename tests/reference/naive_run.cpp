@@ -157,7 +157,7 @@ void CountingRun::Finish(ChainBy by) {
     table_[i].Listed = options_.MinFrequency == 1 || table_[i].Count >= options_.MinFrequency;
   }
   // A word inside another word is no redundant phrase.
-  if (options_.MaxWords > 1) ExcludeRedundantSubphrases(table_);
+  if (options_.MaxWords > 1 && !options_.KeepRedundant) ExcludeRedundantSubphrases(table_);
   SortPhrases(table_, 1, table_.PhraseCount, 1, Direction::Ascending);
   SetUpFrequencyChain(table_, by);
 }
