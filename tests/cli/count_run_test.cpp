@@ -181,25 +181,15 @@ TEST_F(CountProgramTest, WordsSetsBothLengths) {
     for (const std::string& phrase : c.Phrases)
       EXPECT_THAT(out.str(), HasSubstr("\n" + phrase + "\n")) << c.Words;
   }
-  struct Fault {
-    std::vector<std::string> Arguments;
-    const char* Text;
-  };
-  const Fault faults[] = {{{"--words", "1"}, "--words"},
-                          {{"--words", "26"}, "--words"},
-                          {{"--words", "4-3"}, "--words: 3 is not between 4 and 25"},
-                          {{"--words", "3-"}, "--words"},
-                          {{"--words", "-3"}, "--words"},
-                          {{"--words", "2-3-4"}, "--words"},
-                          {{"--words", "x"}, "--words: 'x' is no number"},
-                          {{"--words", "3", "--min-words", "2"}, "--min-words excludes --words"},
-                          {{"--words", "3", "--max-words", "4"}, "--max-words excludes --words"}};
-  for (const Fault& fault : faults) {
-    std::vector<std::string> arguments{"/w.txt"};
-    arguments.insert(arguments.end(), fault.Arguments.begin(), fault.Arguments.end());
-    EXPECT_EQ(Count(arguments), kExitUsage) << fault.Arguments.back();
-    EXPECT_THAT(err.str(), HasSubstr(fault.Text));
-  }
+  ExpectWrongUsage("/w.txt", {{{"--words", "1"}, "--words"},
+                              {{"--words", "26"}, "--words"},
+                              {{"--words", "4-3"}, "--words: 3 is not between 4 and 25"},
+                              {{"--words", "3-"}, "--words"},
+                              {{"--words", "-3"}, "--words"},
+                              {{"--words", "2-3-4"}, "--words"},
+                              {{"--words", "x"}, "--words: 'x' is no number"},
+                              {{"--words", "3", "--min-words", "2"}, "--min-words excludes --words"},
+                              {{"--words", "3", "--max-words", "4"}, "--max-words excludes --words"}});
 }
 
 TEST_F(CountProgramTest, RedundantPhrasesAreListedWhereTheyAreWished) {
