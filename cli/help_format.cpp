@@ -21,7 +21,16 @@ constexpr std::string_view kUsage =
 constexpr std::string_view kFooter =
     "\nThe value in parentheses holds where neither an option nor --settings says more.\n"
     "Exit status: 0 a report was made, 1 input or output was refused, 2 wrong usage,\n"
-    "130 stopped. The manual page tells more: man korv-count\n";
+    "3 nothing to list (with --fail-if-empty), 130 stopped.\n"
+    "\n"
+    "Examples:\n"
+    "  korv-count book.txt                       phrases of 4 to 6 words, the frequent\n"
+    "                                            ones first\n"
+    "  korv-count --words 2-8 -o phrases.csv texts/\n"
+    "                                            those of a folder, as a table\n"
+    "  korv-count --context-of \"in the end\" book.txt\n"
+    "                                            where a phrase stands, line by line\n"
+    "The manual page tells more: man korv-count\n";
 
 /// The words of `text` in lines that begin in the text's column; what stands in the first line before it has
 /// `used` characters.
