@@ -7,8 +7,8 @@
 
 #include "base/number_format.h"
 #include "base/yielder.h"
-#include "desktop/widgets/row_range.h"
 #include "desktop/results/table/table_source.h"
+#include "desktop/widgets/row_range.h"
 #include "engine/analysis/phrase_list.h"
 
 namespace korv {
