@@ -15,8 +15,8 @@ bool NamesKeptRun(const std::filesystem::path& path);
 /// was when it was kept, but for its listing; its text is not counted. After a fault it is of no use, and
 /// freed. The files that were counted are not looked at.
 ///
-/// Memory: no more than a few times the size of the file. Cost: the reading, and about as much for looking
-/// at every part.
+/// Memory: in proportion to the size of the file. Cost: the reading, and somewhat more for looking at every
+/// part, on all threads.
 std::optional<OpenError> OpenKeptRun(const std::filesystem::path& path, const KeptServices& services,
                                      ShownResult& result);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <limits>
+#include <tuple>
 #include <utility>
 
 #include "base/pieces.h"
@@ -12,6 +13,9 @@
 namespace korv {
 
 namespace {
+
+/// Tokens lie all over the memory where places are sorted; those of so many places later are prefetched.
+constexpr size_t kAhead = 16;
 
 /// Looks whether tokens and texts are those of a corpus.
 class TextCheck {
@@ -95,12 +99,15 @@ class TextCheck {
   Yielder& yielder_;
 };
 
+/// For each place the number of words that it has in common with the one before, MaxWords at most.
+using CommonWords = RawVector<uint8_t>;
+
 /// Looks whether the places of a corpus are a suffix array, and finds which belong to which word.
 class PlacesCheck {
  public:
   PlacesCheck(Corpus& corpus, Yielder& yielder) : corpus_(corpus), yielder_(yielder) {}
 
-  bool Holds() {
+  bool Holds(CommonWords& common) {
     const RawVector<Place>& places = corpus_.Places;
     std::atomic<bool> holds{true};
     const bool inText = RunParts(places.size(), yielder_, [&](size_t begin, size_t end) {
@@ -110,20 +117,26 @@ class PlacesCheck {
           holds = false;
     });
     if (!inText || !holds) return false;
+    common.resize(places.size());
     const bool sorted = RunParts(places.size(), yielder_, [&](size_t begin, size_t end) {
-      for (size_t i = std::max<size_t>(begin, 1); i < end && holds; ++i)
-        if (!Before(places[i - 1], places[i])) holds = false;
+      if (begin == 0 && end > 0) common[0] = 0;
+      for (size_t i = std::max<size_t>(begin, 1); i < end && holds; ++i) {
+        if (i + kAhead < end) __builtin_prefetch(corpus_.From(places[i + kAhead]));
+        if (!Before(places[i - 1], places[i], common[i])) holds = false;
+      }
     });
     return sorted && holds && FindPlacesOfWords();
   }
 
  private:
-  bool Before(Place a, Place b) const {
+  bool Before(Place a, Place b, uint8_t& common) const {
     const WordNumber* const x = corpus_.From(a);
     const WordNumber* const y = corpus_.From(b);
+    common = 0;
     for (int k = 0; k < corpus_.Options.MaxWords; ++k) {
       if (x[k] != y[k]) return x[k] < y[k];
       if (x[k] == kNoWord) break;
+      ++common;
     }
     return a < b;
   }
@@ -147,23 +160,32 @@ class PlacesCheck {
 /// Looks whether entries are those of a table, and finds their first places.
 class EntryCheck {
  public:
-  EntryCheck(PhraseTableData& data, Yielder& yielder) : data_(data), yielder_(yielder) {}
+  EntryCheck(PhraseTableData& data, const CommonWords& common, Yielder& yielder)
+      : data_(data), common_(common), yielder_(yielder) {}
 
   bool Holds() {
-    uint64_t occurrences = 0;
-    PhraseEntry* before = nullptr;
-    for (PhraseEntry& entry : data_.Entries) {
-      yielder_.Yield();
-      if (yielder_.Stopped() || !IsPhrase(entry) || !FindFirst(entry)) return false;
-      if (before != nullptr && !EntryBefore(data_.Corpus, *before, entry)) return false;
-      before = &entry;
-      occurrences += entry.Count;
-    }
-    return occurrences <= data_.Occurrences && data_.Entries.size() <= data_.PhraseCount &&
-           data_.PhraseCount <= data_.Occurrences;
+    std::vector<PhraseEntry>& entries = data_.Entries;
+    std::atomic<bool> holds{true};
+    std::atomic<uint64_t> occurrences{0};
+    const bool finished = RunParts(entries.size(), yielder_, [&](size_t begin, size_t end) {
+      uint64_t sum = 0;
+      for (size_t e = begin; e < end && holds && !yielder_.Stopped(); ++e) {
+        if (e + kAhead < end) Prefetch(entries[e + kAhead]);
+        if (!IsPhrase(entries[e]) || !FindFirst(entries[e])) holds = false;
+        sum += entries[e].Count;
+      }
+      occurrences += sum;
+    });
+    return finished && holds && InOrder() && occurrences <= data_.Occurrences &&
+           entries.size() <= data_.PhraseCount && data_.PhraseCount <= data_.Occurrences;
   }
 
  private:
+  void Prefetch(const PhraseEntry& entry) const {
+    const RawVector<Place>& places = data_.Corpus.Places;
+    if (entry.Slice < places.size()) __builtin_prefetch(data_.Corpus.From(places[entry.Slice]));
+  }
+
   /// The places of the entry are all those that begin with one phrase of its length.
   bool IsPhrase(const PhraseEntry& entry) const {
     const RawVector<Place>& places = data_.Corpus.Places;
@@ -178,12 +200,11 @@ class EntryCheck {
       if (words[k] == kNoWord) return false;
       characters += data_.Corpus.Words.Characters(words[k]);
     }
-    return characters <= kMostPhraseCharacters && Begins(places[end - 1], words, entry.Words) &&
-           (end == places.size() || !Begins(places[end], words, entry.Words)) &&
-           (entry.Slice == 0 || !Begins(places[entry.Slice - 1], words, entry.Words));
-  }
-  bool Begins(Place place, const WordNumber* words, int count) const {
-    return std::equal(words, words + count, data_.Corpus.From(place));
+    const auto isOfPhrase = [&](uint8_t common) { return common >= entry.Words; };
+    const auto first = common_.begin() + static_cast<std::ptrdiff_t>(entry.Slice);
+    const auto last = first + static_cast<std::ptrdiff_t>(entry.Count);
+    return characters <= kMostPhraseCharacters && !isOfPhrase(*first) &&
+           std::all_of(first + 1, last, isOfPhrase) && (last == common_.end() || !isOfPhrase(*last));
   }
 
   bool FindFirst(PhraseEntry& entry) const {
@@ -195,7 +216,24 @@ class EntryCheck {
            });
   }
 
+  bool InOrder() {
+    std::atomic<bool> holds{true};
+    const bool byNumbers = data_.Corpus.Words.KeysDiffer();
+    const bool finished = RunParts(data_.Entries.size(), yielder_, [&](size_t begin, size_t end) {
+      for (size_t e = std::max<size_t>(begin, 1); e < end && holds; ++e) {
+        const PhraseEntry& a = data_.Entries[e - 1];
+        const PhraseEntry& b = data_.Entries[e];
+        // Places ascend by the numbers of their words, a phrase before those that it begins.
+        if (byNumbers ? std::tie(a.Slice, a.Words) >= std::tie(b.Slice, b.Words)
+                      : !EntryBefore(data_.Corpus, a, b))
+          holds = false;
+      }
+    });
+    return finished && holds;
+  }
+
   PhraseTableData& data_;
+  const CommonWords& common_;
   Yielder& yielder_;
 };
 
@@ -225,14 +263,16 @@ bool RestoreTable(StoredTable&& stored, const WordCounts& words, PhraseTable& ta
   data.Corpus = std::move(stored.Corpus);
   if (!data.Corpus.Words.Ranked() || !TextCheck(data.Corpus, yielder).Holds(words)) return false;
   data.Corpus.IndexSources();
-  if (!NumberFiles(stored.SourceHasPhrase, data) || !PlacesCheck(data.Corpus, yielder).Holds()) return false;
+  CommonWords common;
+  if (!NumberFiles(stored.SourceHasPhrase, data) || !PlacesCheck(data.Corpus, yielder).Holds(common))
+    return false;
   data.Entries = std::move(stored.Entries);
   data.PhraseCount = stored.PhraseCount;
   data.Occurrences = stored.Occurrences;
   data.LongPhrases = stored.LongPhrases;
   data.OnlyMaximal = !data.Corpus.Lists->HasCountOnlyPhrases();
   data.OrderedByNumbers = true;
-  return EntryCheck(data, yielder).Holds();
+  return EntryCheck(data, common, yielder).Holds();
 }
 
 }  // namespace korv

@@ -33,8 +33,8 @@ std::vector<uint8_t> SourcesWithPhrase(const PhraseTableData& data);
 /// What the numbers of phrases say of themselves (Occurrences and the like) is only held against each other.
 /// False where there is no such table, and when stopped; `table` is of no use then.
 ///
-/// Cost: the order of the places is checked on all threads, about one comparison of words a place; each
-/// occurrence of an entry is looked at once.
+/// Cost: on all threads about one comparison of words a place, and a look at each occurrence of an entry; a
+/// byte a place meanwhile.
 bool RestoreTable(StoredTable&& stored, const WordCounts& words, PhraseTable& table, Yielder& yielder);
 
 }  // namespace korv
