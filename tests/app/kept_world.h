@@ -58,7 +58,7 @@ class ShownTexts {
 
   std::string Table() {
     const auto tsv = std::ranges::find(TableForms(), std::string_view("tsv"), &TableForm::Name);
-    return Report({}, {.Table = &*tsv, .Columns = TableColumns()});
+    return Report({}, {.Table = {.Form = &*tsv, .Columns = TableColumns()}});
   }
 
   std::string Places() {
