@@ -1,7 +1,6 @@
 #include "desktop/main_window/run_display.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -42,7 +41,7 @@ void RunDisplay::Sizes(const std::string& fileSize, const std::string& textSize)
 }
 
 void RunDisplay::FileKind(const std::string& text) {
-  panels_.Result->lblTotalNumOccurrences->setText(ToQt(text));
+  panels_.Result->ShowFileKind(text);
 }
 
 void RunDisplay::TextProgress(const std::string& bar) {

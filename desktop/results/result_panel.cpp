@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/results/filter_panel.h"
@@ -39,22 +40,32 @@ ResultPanel::~ResultPanel() {
 }
 
 void ResultPanel::BuildLabels(QBoxLayout& layout) {
-  lblNumberOfWords = MakeLabel("lblNumberOfWords", this);
-  lblNumOccurrences = MakeLabel("lblNumOccurrences", this);
-  lblTotalNumOccurrences = MakeLabel("lblTotalNumOccurrences", this);
-  lblNumWordsExcluded = MakeLabel("lblNumWordsExcluded", this);
+  summary_ = new QWidget(this);
+  lblNumberOfWords = MakeLabel("lblNumberOfWords", summary_);
+  lblNumOccurrences = MakeLabel("lblNumOccurrences", summary_);
+  lblTotalNumOccurrences = MakeLabel("lblTotalNumOccurrences", summary_);
+  lblNumWordsExcluded = MakeLabel("lblNumWordsExcluded", summary_);
   // In a narrow window they take a second line; they never widen it.
-  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
-    label->setWordWrap(true);
-  }
-  auto* summary = Bare(new QGridLayout);
+  for (QLabel* label : Labels()) label->setWordWrap(true);
+  auto* summary = Bare(new QGridLayout(summary_));
   summary->addWidget(lblNumberOfWords, 0, 0);
   summary->addWidget(lblTotalNumOccurrences, 0, 1);
   summary->addWidget(lblNumOccurrences, 1, 0);
   summary->addWidget(lblNumWordsExcluded, 1, 1);
   summary->setColumnStretch(0, 1);
   summary->setColumnStretch(1, 1);
-  layout.addLayout(summary);
+  layout.addWidget(summary_);
+  ShowSummary();
+}
+
+std::array<QLabel*, 4> ResultPanel::Labels() const {
+  return {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded};
+}
+
+void ResultPanel::ShowSummary() {
+  const std::array<QLabel*, 4> labels = Labels();
+  summary_->setVisible(std::any_of(labels.begin(), labels.end(),
+                                   [](const QLabel* label) { return !label->text().trimmed().isEmpty(); }));
 }
 
 void ResultPanel::BuildBox(QBoxLayout& layout) {
@@ -166,17 +177,23 @@ void ResultPanel::ShowLabels(const ResultLabels& labels) {
   lblNumOccurrences->setText(ToQt(labels.NumOccurrences));
   lblTotalNumOccurrences->setText(ToQt(labels.TotalNumOccurrences));
   lblNumWordsExcluded->setText(ToQt(labels.NumWordsExcluded));
+  ShowSummary();
 }
 
 void ResultPanel::ClearLabels() {
-  for (QLabel* label : {lblNumberOfWords, lblNumOccurrences, lblTotalNumOccurrences, lblNumWordsExcluded}) {
-    label->clear();
-  }
+  for (QLabel* label : Labels()) label->clear();
+  ShowSummary();
 }
 
 void ResultPanel::ShowFoundSoFar(uint64_t phrases) {
   lblNumberOfWords->setText(QStringLiteral("Number of different phrases found so far: ") +
                             ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(phrases))));
+  ShowSummary();
+}
+
+void ResultPanel::ShowFileKind(const std::string& text) {
+  lblTotalNumOccurrences->setText(ToQt(text));
+  ShowSummary();
 }
 
 void ResultPanel::EnableDisableButtons(bool enabled) {

@@ -67,6 +67,7 @@ class ResultPanel final : public QWidget {
   void ShowLabels(const ResultLabels& labels);
   void ClearLabels();
   void ShowFoundSoFar(uint64_t phrases);
+  void ShowFileKind(const std::string& text);
   /// Whether a sample is offered, as long as the text box is empty.
   void OfferSample(bool offered);
   /// Puts the options of the list above all else. Called once.
@@ -87,11 +88,15 @@ class ResultPanel final : public QWidget {
   void BuildBox(QBoxLayout& layout);
   void BuildFoot(QBoxLayout& layout);
   void ShowSample();
+  /// The labels take no room while they say nothing.
+  void ShowSummary();
+  std::array<QLabel*, 4> Labels() const;
 
   const Desktop& desktop_;
   QBoxLayout* stack_ = nullptr;
   QBoxLayout* foot_ = nullptr;
   QWidget* options_ = nullptr;
+  QWidget* summary_ = nullptr;  ///< Holds the labels.
   OutputTextBox box_;
   OutputBox output_;
   bool enabled_ = true;

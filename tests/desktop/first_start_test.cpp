@@ -57,6 +57,16 @@ TEST_F(FirstStart, HidesTheSampleBehindAnythingElseInTheBox) {
   EXPECT_TRUE(Shown("cmdTrySample"));
 }
 
+TEST_F(FirstStart, LeavesNoRoomForFiguresThatAreNotThereYet) {
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(Shown("lblNumberOfWords"));
+  UseFile("The white whale swam away. The white whale swam away.\n");
+  Count();
+  EXPECT_TRUE(Shown("lblNumberOfWords"));
+  Click("cmdClearOutput");
+  EXPECT_FALSE(Shown("lblNumberOfWords"));
+}
+
 TEST_F(FirstStart, OffersNoSampleWhereThereIsNone) {
   ASSERT_TRUE(Start());
   EXPECT_FALSE(Shown("cmdTrySample"));

@@ -18,6 +18,7 @@
 #include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/source_panel.h"
+#include "desktop/main_window/source_surveyor.h"
 #include "desktop/questions.h"
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/pictures/pictures_pane.h"
@@ -86,9 +87,10 @@ bool TakePictures(const std::string& text, const QString& folder, bool dark) {
   window.Run().cmdCountPhrases_Click();
   untilIdle();
   const ResultFrame& frame = *panels.Frame;
-  const auto untilViewsAreIdle = [&frame] {
-    const auto idle = [&frame] {
-      return frame.Table->Idle() && frame.Contexts->Idle() && frame.Pictures->Idle();
+  const auto untilViewsAreIdle = [&frame, &panels] {
+    const auto idle = [&frame, &panels] {
+      return frame.Table->Idle() && frame.Contexts->Idle() && frame.Pictures->Idle() &&
+             panels.Surveyor->Idle();
     };
     while (!idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   };
