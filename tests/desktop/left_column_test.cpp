@@ -113,8 +113,8 @@ TEST_F(LeftColumn, NamesTheCommonWordsOfALanguage) {
   MakeWindow();
   ASSERT_TRUE(main->Form_Load());
   UntilIdle();
-  EXPECT_THAT(TextOf("lblWordsInForce"),
-              testing::MatchesRegex("Words to ignore: [0-9]+ common words of English"));
+  EXPECT_THAT(TextOf("lblWordsInForce"), testing::AllOf(testing::StartsWith("Words to ignore: "),
+                                                        testing::EndsWith(" common words of English")));
   messages.Forget();
 }
 
