@@ -1,6 +1,5 @@
 #include "desktop/main_window/source_surveyor.h"
 
-#include <QTimer>
 #include <utility>
 
 #include "app/run/run_request.h"
@@ -57,10 +56,6 @@ void SourceSurveyor::Enable(bool enabled) {
   if (enabled_) return tmrSurvey->start();
   tmrSurvey->stop();
   job_.Stop();
-}
-
-bool SourceSurveyor::Idle() const {
-  return !tmrSurvey->isActive() && job_.Idle();
 }
 
 void SourceSurveyor::tmrSurvey_Timer() {

@@ -1,14 +1,12 @@
 #pragma once
 
 #include <QObject>
-#include <optional>
+#include <QTimer>
 
 #include "app/run/source_survey.h"
 #include "app/workspace.h"
 #include "base/newest_job.h"
 #include "desktop/desktop.h"
-
-class QTimer;
 
 namespace korv {
 
@@ -29,7 +27,7 @@ class SourceSurveyor final : public QObject {
   /// Whether it may look at the disk. What it was doing is done later.
   void Enable(bool enabled);
   /// Nothing is being looked at, or about to be.
-  bool Idle() const;
+  bool Idle() const { return !tmrSurvey->isActive() && job_.Idle(); }
 
  private:
   void tmrSurvey_Timer();
