@@ -48,13 +48,13 @@ double DispersionP(const PhraseSpread& spread) {
 double JuillandD(const PhraseSpread& spread) {
   const auto k = static_cast<double>(spread.AllParts);
   double sum = 0;
-  double squares = 0;
-  for (const Part& part : spread.Parts) {
-    sum += Rate(part);
-    squares += Rate(part) * Rate(part);
-  }
+  for (const Part& part : spread.Parts) sum += Rate(part);
   const double mean = sum / k;
-  const double deviation = std::sqrt(std::max(0.0, squares / k - mean * mean));
+  // The mean of the squares less the square of the mean would be shorter. Its root has only half of the
+  // digits where the spread is nearly even.
+  double squares = (k - static_cast<double>(spread.Parts.size())) * mean * mean;
+  for (const Part& part : spread.Parts) squares += (Rate(part) - mean) * (Rate(part) - mean);
+  const double deviation = std::sqrt(squares / k);
   return std::max(0.0, 1 - deviation / mean / std::sqrt(k - 1));
 }
 

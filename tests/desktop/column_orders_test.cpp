@@ -56,7 +56,8 @@ TEST_F(ColumnOrdersTest, ForgetsOnlyThoseThatGoByParts) {
 }
 
 TEST_F(ColumnOrdersTest, LimitsWithoutAnOrderWhereNoneIsToBeMade) {
-  const RowFilter filter{.Query = {}, .Limits = {{FindColumn("files"), 2, {}}}};
+  RowFilter filter;
+  filter.Limits.push_back({FindColumn("files"), 2, {}});
   for (const bool make : {false, true}) {
     const auto passes = orders.Compile(filter, source, make, none);
     ASSERT_TRUE(passes);
