@@ -146,9 +146,9 @@ int ColumnChoice::UsualWidth(int section) const {
   const Column& column = *model_.Columns()[static_cast<size_t>(section)];
   const QFontMetrics metrics(header_.font());
   // The arrow of the order has its place beside the heading.
-  const int heading = metrics.horizontalAdvance(ToQt(column.Heading)) + 4 * metrics.averageCharWidth() + 16;
-  const QString usual = column.Id == "phrase"             ? QString(32, u'n')
-                        : column.Type == ColumnType::Text ? QString(20, u'n')
+  const int heading = metrics.horizontalAdvance(ToQt(column.Heading)) + 2 * metrics.averageCharWidth() + 14;
+  const QString usual = column.Id == "phrase"             ? QString(24, u'n')
+                        : column.Type == ColumnType::Text ? QString(14, u'n')
                                                           : QStringLiteral("1,234,567");
   return std::max(heading, metrics.horizontalAdvance(usual) + 12);
 }
