@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "app/run/encoding_tally.h"
 #include "report/error_text.h"
 #include "sources/detect/comment_markers_ok.h"
 #include "sources/detect/foreign_kind.h"
@@ -268,17 +269,7 @@ bool SourceReader::Refuse(const fs::path& path, const DocumentRefusal& refusal, 
 
 void SourceReader::Tally(const TextSummary& summary) {
   EncodingCounts& counts = run_.Facts.Encodings;
-  switch (summary.ReadAs) {
-    case ReadAs::Ascii:
-      ++counts.Ascii;
-      break;
-    case ReadAs::Ansi:
-      ++counts.Ansi;
-      break;
-    case ReadAs::Utf8:
-      ++counts.Utf8;
-      break;
-  }
+  CountReading(summary.ReadAs, counts);
   counts.IllFormed += summary.IllFormed;
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/run/encoding_tally.h"
 #include "base/size_text.h"
 #include "sources/detect/comment_markers.h"
 #include "sources/detect/encoding_sample.h"
@@ -71,21 +72,6 @@ FileLook LookInto(FileSystem& files, const std::filesystem::path& path) {
   return {.Kind = KindOfName(extension), .Refusal = {}, .Encoding = EncodingOf(opened)};
 }
 
-void Add(EncodingCounts& counts, std::optional<ReadAs> encoding) {
-  if (!encoding) return;
-  switch (*encoding) {
-    case ReadAs::Ascii:
-      ++counts.Ascii;
-      break;
-    case ReadAs::Ansi:
-      ++counts.Ansi;
-      break;
-    case ReadAs::Utf8:
-      ++counts.Utf8;
-      break;
-  }
-}
-
 void SurveyFile(const std::string& typed, FileSystem& files, SourceSurvey& survey) {
   const std::filesystem::path path = PathFromText(TrimmedPath(typed));
   survey.Found = files.FileExists(path);
@@ -98,7 +84,7 @@ void SurveyFile(const std::string& typed, FileSystem& files, SourceSurvey& surve
   survey.LookedInto = true;
   survey.FileKind = look.Kind;
   survey.Refusal = look.Refusal;
-  Add(survey.Encodings, look.Encoding);
+  if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
 }
 
 void SurveyFolder(const SurveyRequest& request, FileSystem& files, Yielder& yielder, SourceSurvey& survey) {
@@ -114,7 +100,7 @@ void SurveyFolder(const SurveyRequest& request, FileSystem& files, Yielder& yiel
     if (!survey.LookedInto) return;
     const FileLook look = LookInto(files, path);
     if (!look.Refusal.empty()) ++survey.Refused;
-    Add(survey.Encodings, look.Encoding);
+    if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
   };
   survey.Folders = walk.ProcessFolder(folder, WalkMode::Reading, events).Folders;
 }
