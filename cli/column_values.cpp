@@ -55,8 +55,11 @@ Limit AtLeast(std::string_view column, double least) {
 }
 
 PartChoice ParseParts(const std::string& text) {
+  constexpr std::string_view kOfEachFile = "each:";
   if (text == "files") return {PartChoice::kFiles};
-  return {ParseInRange(text, "--parts", PartChoice::kLeastEqual, PartChoice::kMostEqual)};
+  const bool ofEachFile = text.starts_with(kOfEachFile);
+  const std::string number = ofEachFile ? text.substr(kOfEachFile.size()) : text;
+  return {ParseInRange(number, "--parts", PartChoice::kLeastEqual, PartChoice::kMostEqual), ofEachFile};
 }
 
 }  // namespace korv

@@ -27,7 +27,7 @@ SortColumn ParseSortColumn(const std::string& text, const std::string& option);
 /// A phrase passes that has `least` or more in this column.
 Limit AtLeast(std::string_view column, double least);
 
-/// "files", or a number of equal parts.
+/// "files", a number of equal parts of the whole, or "each:" and a number of equal parts of each file.
 PartChoice ParseParts(const std::string& text);
 
 }  // namespace korv

@@ -196,8 +196,8 @@ std::vector<OptionRow> OwnOutput() {
                [](const std::string& text, CountOptions& options) {
                  options.Columns = ParseColumns(text, "--columns");
                }),
-          Text("--parts", "files|N", group,
-               "Parts over which dispersion is measured: files, or so many equal ones (files)",
+          Text("--parts", "files|N|each:N", group,
+               "Parts over which dispersion is measured: files, N equal ones, N of each file (files)",
                [](const std::string& text, CountOptions& options) { options.Parts = ParseParts(text); }),
           Flag("--fail-if-empty", &CountOptions::FailIfEmpty, group,
                "Exit status 3 where there is nothing to list"),

@@ -14,28 +14,45 @@ uint64_t UsualParts(uint64_t words) {
   return std::clamp<uint64_t>(words / kFewestWordsOfUsualPart, PartChoice::kLeastEqual, kUsualParts);
 }
 
+// Which of `parts` equal ones of `words` words the word with `before` others before it lies in: the greatest
+// j with j * words / parts <= before, rounded down.
+uint64_t EqualPartOf(uint64_t before, uint64_t words, uint64_t parts) {
+  return ((before + 1) * parts - 1) / words;
+}
+
 }  // namespace
 
 void TextParts::Divide(const Corpus& corpus, const TakenWords& words, PartChoice choice) {
   corpus_ = &corpus;
   words_ = &words;
+  const auto asked = static_cast<uint64_t>(choice.Equal);
   if (choice.Equal == PartChoice::kFiles) {
-    DivideByFiles();
+    DivideSources(1);
     if (Count() < 2) DivideEqually(UsualParts(words.Total()));
+  } else if (choice.OfEachFile) {
+    DivideSources(asked);
   } else {
-    DivideEqually(static_cast<uint64_t>(choice.Equal));
+    DivideEqually(asked);
   }
   fewestWords_ = wordsOf_.empty() ? 0 : *std::ranges::min_element(wordsOf_);
 }
 
-void TextParts::DivideByFiles() {
+uint64_t TextParts::WordsOfSource(size_t source) const {
+  const std::vector<CorpusSource>& sources = corpus_->Sources;
+  const uint64_t end = source + 1 < sources.size() ? sources[source + 1].WordsBefore : words_->Total();
+  return end - sources[source].WordsBefore;
+}
+
+void TextParts::DivideSources(uint64_t parts) {
   wordsOf_.clear();
   partOfSource_.clear();
-  const std::vector<CorpusSource>& sources = corpus_->Sources;
-  for (size_t s = 0; s < sources.size(); ++s) {
-    const uint64_t end = s + 1 < sources.size() ? sources[s + 1].WordsBefore : words_->Total();
+  partsOfSource_ = parts;
+  if (parts > 1 && words_->Total() < kFewestWordsForEqualParts) return;
+  for (size_t s = 0; s < corpus_->Sources.size(); ++s) {
     partOfSource_.push_back(static_cast<uint32_t>(wordsOf_.size()));
-    if (end > sources[s].WordsBefore) wordsOf_.push_back(end - sources[s].WordsBefore);
+    const uint64_t n = WordsOfSource(s);
+    const uint64_t k = std::min(parts, n);
+    for (uint64_t j = 0; j < k; ++j) wordsOf_.push_back((j + 1) * n / k - j * n / k);
   }
 }
 
@@ -48,9 +65,15 @@ void TextParts::DivideEqually(uint64_t parts) {
 }
 
 uint32_t TextParts::PartOf(Place place) const {
-  if (!partOfSource_.empty()) return partOfSource_[corpus_->SourceAt(place)];
-  // The greatest j with j * n / k <= place, rounded down.
-  return static_cast<uint32_t>(((words_->Before(place) + 1) * Count() - 1) / words_->Total());
+  if (partOfSource_.empty())
+    return static_cast<uint32_t>(EqualPartOf(words_->Before(place), words_->Total(), Count()));
+  const size_t source = corpus_->SourceAt(place);
+  if (partsOfSource_ == 1) return partOfSource_[source];
+  const uint64_t before = words_->Before(place);
+  const uint64_t words = WordsOfSource(source);
+  return partOfSource_[source] +
+         static_cast<uint32_t>(EqualPartOf(before - corpus_->Sources[source].WordsBefore, words,
+                                           std::min(partsOfSource_, words)));
 }
 
 }  // namespace korv

@@ -16,8 +16,10 @@ struct PartChoice {
   static constexpr int kMostEqual = 100;
 
   /// kFiles: the files with words; where there are fewer than two, equal parts, as many as the text has words
-  /// for. Otherwise so many equal parts of the whole text.
+  /// for. Otherwise so many equal parts.
   int Equal = kFiles;
+  /// So many of each file with words, not of the whole text. Says nothing beside kFiles.
+  bool OfEachFile = false;
 
   bool operator==(const PartChoice&) const = default;
 };
@@ -26,7 +28,8 @@ struct PartChoice {
 ///
 /// Equal parts are cut by words taken: part j of k holds the words from j * n / k up to (j + 1) * n / k,
 /// rounded down, the last one excluded. Where nobody asked for a number, there are 10 of them, fewer in less
-/// than 1,000 words: n / 100, but at least 2. In less than 200 words there are none.
+/// than 1,000 words: n / 100, but at least 2. In less than 200 words there are none. Parts of each file are
+/// cut likewise by the words of the file; a file with fewer words than parts has a part for each word.
 class TextParts {
  public:
   /// Both must outlive the object. Linear in the files.
@@ -45,13 +48,15 @@ class TextParts {
   uint32_t PartOf(Place place) const;
 
  private:
-  void DivideByFiles();
+  uint64_t WordsOfSource(size_t source) const;
   void DivideEqually(uint64_t parts);
+  void DivideSources(uint64_t parts);
 
   const Corpus* corpus_ = nullptr;
   const TakenWords* words_ = nullptr;
   std::vector<uint64_t> wordsOf_;
-  std::vector<uint32_t> partOfSource_;  ///< Empty for equal parts.
+  std::vector<uint32_t> partOfSource_;  ///< The first of each file; empty for equal parts of the whole.
+  uint64_t partsOfSource_ = 1;          ///< Into how many a file with enough words is cut.
   uint64_t fewestWords_ = 0;
 };
 

@@ -56,7 +56,8 @@ TEST_F(CountProgramTest, PartsAreFilesOrAsManyAsAreAskedFor) {
   };
   const Case cases[] = {{"files", "dim sun\t4\nred hen\t2\nwet day\t2\n"},
                         {"2", "dim sun\t2\nred hen\t1\nwet day\t1\n"},
-                        {"100", "dim sun\t100\nred hen\t50\nwet day\t50\n"}};
+                        {"100", "dim sun\t100\nred hen\t50\nwet day\t50\n"},
+                        {"each:2", "dim sun\t2\nred hen\t1\nwet day\t1\n"}};
   for (const Case& c : cases) {
     std::vector<std::string> all = arguments;
     all.insert(all.end(), {"--parts", c.Parts});
@@ -165,6 +166,9 @@ TEST_F(CountProgramTest, ColumnsThatMakeNoSenseAreWrongUsage) {
           {{"--csv-for", "word"}, "--csv-for"},
           {{"--parts", "1"}, "--parts: 1 is not between 2 and 100"},
           {{"--parts", "file"}, "--parts: 'file' is no number"},
+          {{"--parts", "each:1"}, "--parts: 1 is not between 2 and 100"},
+          {{"--parts", "each:"}, "--parts: '' is no number"},
+          {{"--parts", "each:files"}, "--parts: 'files' is no number"},
       });
 }
 

@@ -91,8 +91,46 @@ TEST_F(TableColumnsTest, GoByThePartsThatAreChosen) {
   Open();
   Show(run);
   EXPECT_THAT(Column("Range"), ElementsAre("2", "2"));
+  ChooseFrom("cmdColumns", "mnuParts_5_of_each_file");
+  EXPECT_THAT(Column("Range"), ElementsAre("5", "5"));
+  EXPECT_THAT(Model().headerData(Section("Range"), Qt::Horizontal, Qt::ToolTipRole).toString().toStdString(),
+              HasSubstr("Parts of this run: 5 equal ones of each file."));
+  messages.WillType("3");
+  ChooseFrom("cmdColumns", "mnuParts_other_of_each_file");
+  EXPECT_THAT(Column("Range"), ElementsAre("3", "3"));
+  Open();
+  Show(run);
+  EXPECT_THAT(Column("Range"), ElementsAre("3", "3"));
   ChooseFrom("cmdColumns", "mnuParts_files");
   EXPECT_THAT(Column("Range"), ElementsAre("1", "1"));
+}
+
+TEST_F(TableColumnsTest, SayWhichPartsAreChosen) {
+  Show(Folder());
+  struct Case {
+    const char* Type;  ///< Null where the entry asks nothing.
+    const char* Entry;
+    const char* Caption;  ///< Once it is chosen.
+  };
+  const Case cases[] = {
+      {nullptr, "mnuParts_10", "10 equal parts of the whole"},
+      {"7", "mnuParts_other", "&Other number of equal parts (7)\u2026"},
+      {nullptr, "mnuParts_10_of_each_file", "10 equal parts of each file"},
+      {"7", "mnuParts_other_of_each_file", "Other number of equal parts of &each file (7)\u2026"},
+      {nullptr, "mnuParts_files", "&Files"},
+  };
+  QMenu* const menu = Find<QToolButton>("cmdColumns")->menu();
+  for (const Case& c : cases) {
+    if (c.Type != nullptr) messages.WillType(c.Type);
+    ChooseFrom("cmdColumns", c.Entry);
+    emit menu->aboutToShow();
+    for (const auto* entry : menu->findChildren<QAction*>(QRegularExpression("^mnuParts_")))
+      EXPECT_EQ(entry->isChecked(), entry->objectName() == c.Entry) << entry->objectName().toStdString();
+    EXPECT_EQ(menu->findChild<QAction*>(c.Entry)->text().toStdString(), c.Caption);
+  }
+  ASSERT_EQ(messages.InputBoxes.size(), 2);
+  EXPECT_EQ(messages.InputBoxes[1].Prompt, "Number of equal parts of each file (2 to 100):");
+  EXPECT_EQ(messages.InputBoxes[1].Initial, "10");
 }
 
 TEST_F(TableColumnsTest, AskForANumberOfParts) {

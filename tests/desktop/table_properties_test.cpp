@@ -119,10 +119,10 @@ class TableProperties : public TableTest {
     }
     UntilIdle();
   }
-  void ChooseParts(int parts) {
-    if (parts == 0) return ChooseFrom("cmdColumns", "mnuParts_files");
-    messages.WillType(std::to_string(parts));
-    ChooseFrom("cmdColumns", "mnuParts_other");
+  void ChooseParts(PartChoice parts) {
+    if (parts.Equal == PartChoice::kFiles) return ChooseFrom("cmdColumns", "mnuParts_files");
+    messages.WillType(std::to_string(parts.Equal));
+    ChooseFrom("cmdColumns", parts.OfEachFile ? "mnuParts_other_of_each_file" : "mnuParts_other");
   }
   int SectionOfId(std::string_view id) const {
     const std::vector<const korv::Column*> columns = WindowColumns();
@@ -187,9 +187,10 @@ RC_GTEST_FIXTURE_PROP(TableProperties, ShowsWhatTheColumnsSayOfOtherParts, ()) {
   Show(run);
   ShowAllColumns();
   for (int change = 0; change < 3; ++change) {
-    const int parts = *rc::gen::arbitrary<bool>() ? 0 : *rc::gen::inRange(2, 101);
+    const PartChoice parts{*rc::gen::arbitrary<bool>() ? PartChoice::kFiles : *rc::gen::inRange(2, 101),
+                           *rc::gen::arbitrary<bool>()};
     ChooseParts(parts);
-    RC_ASSERT(InTheTable() == Listed(*run, {parts}));
+    RC_ASSERT(InTheTable() == Listed(*run, parts));
   }
 }
 
@@ -216,7 +217,7 @@ RC_GTEST_FIXTURE_PROP(TableProperties, ShowsWhatIsWithinTheLimits, ()) {
       field->setText(QString::fromStdString(least));
     if (auto* field = panel->findChild<QLineEdit*>(QString::fromStdString("txbMost_" + limited)))
       field->setText(QString::fromStdString(most));
-    if (*rc::gen::arbitrary<bool>()) ChooseParts(*rc::gen::element(0, 2, 7));
+    if (*rc::gen::arbitrary<bool>()) ChooseParts({*rc::gen::element(0, 2, 7), *rc::gen::arbitrary<bool>()});
     panel->Bar->Chosen();
     UntilIdle();
     const std::vector<std::string> expected = WithinLimits(*run);

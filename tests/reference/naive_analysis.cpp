@@ -34,9 +34,29 @@ std::vector<Part> EqualParts(int64_t words, int64_t parts) {
   return cut;
 }
 
-std::vector<Part> PartsOfText(const CountingRun& run, int parts) {
+// Every word says which part of its file it is in; a part is a stretch of words that say the same.
+std::vector<Part> PartsOfEachFile(const CountingRun& run, int64_t parts) {
+  std::vector<Part> cut;
+  if (run.WordsTaken() < 200) return cut;
+  int64_t begin = 0;
+  for (const int64_t words : run.WordsOfSources()) {
+    const int64_t k = std::min(parts, words);
+    for (int64_t word = 0, last = -1; word < words; ++word) {
+      int64_t part = k - 1;
+      while (part * words / k > word) --part;
+      if (part != last) cut.push_back({begin + word, begin + word});
+      ++cut.back().End;
+      last = part;
+    }
+    begin += words;
+  }
+  return cut;
+}
+
+std::vector<Part> PartsOfText(const CountingRun& run, Parts parts) {
   const int64_t n = run.WordsTaken();
-  if (parts > 0) return EqualParts(n, parts);
+  if (parts.Equal > 0)
+    return parts.OfEachFile ? PartsOfEachFile(run, parts.Equal) : EqualParts(n, parts.Equal);
   std::vector<Part> files;
   int64_t begin = 0;
   for (const int64_t words : run.WordsOfSources()) {
@@ -49,7 +69,7 @@ std::vector<Part> PartsOfText(const CountingRun& run, int parts) {
 
 class Model {
  public:
-  Model(const CountingRun& run, int parts, int minFrequency) : run_(run), parts_(PartsOfText(run, parts)) {
+  Model(const CountingRun& run, Parts parts, int minFrequency) : run_(run), parts_(PartsOfText(run, parts)) {
     const Table& table = run.Phrases();
     for (int32_t i = 1; i <= table.PhraseCount; ++i) {
       if (table[i].Count < minFrequency) continue;
@@ -227,7 +247,7 @@ double Coverage(const CountingRun& run, int minFrequency) {
   return static_cast<double>(covered.size()) / static_cast<double>(run.WordsTaken());
 }
 
-std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, int parts, int minFrequency) {
+std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, Parts parts, int minFrequency) {
   const Model model(run, parts, minFrequency);
   std::map<std::string, Measures> measures;
   for (int32_t i = 1; i <= run.Phrases().PhraseCount; ++i)

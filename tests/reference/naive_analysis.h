@@ -11,9 +11,14 @@ namespace korv::reference {
 /// What measures say of a phrase, by the names of their columns. Nothing where they are not defined.
 using Measures = std::map<std::string, std::optional<double>>;
 
-/// Those of all listed phrases of a finished run, by their texts. `parts`: so many equal parts of the text; 0
-/// for its files. `minFrequency`: that of the run.
-std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, int parts, int minFrequency);
+/// So many equal parts of the text, or of each of its files; 0 for the files themselves.
+struct Parts {
+  int Equal = 0;
+  bool OfEachFile = false;
+};
+
+/// Those of all listed phrases of a finished run, by their texts. `minFrequency`: that of the run.
+std::map<std::string, Measures> MeasuresOfPhrases(const CountingRun& run, Parts parts, int minFrequency);
 
 /// The share of the words taken that stand in a phrase which reaches the minimum frequency.
 double Coverage(const CountingRun& run, int minFrequency);

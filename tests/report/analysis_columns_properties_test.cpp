@@ -54,9 +54,9 @@ bool Equal(const std::optional<double>& a, const std::optional<double>& b) {
 }
 
 /// Every phrase has the values of the model, whose columns are those that are looked at.
-void CompareWithModel(CountingWorld world, int parts) {
+void CompareWithModel(CountingWorld world, reference::Parts parts = {}) {
   world.Options.KeepPlaces = true;
-  RC_LOG() << world << "\nparts " << parts;
+  RC_LOG() << world << "\nparts " << parts.Equal << (parts.OfEachFile ? " of each file" : "");
   const reference::CountingRun model = ModelRun(world);
   const auto expected = reference::MeasuresOfPhrases(model, parts, world.Options.MinFrequency);
   const EngineRun run = CountedByEngine(world);
@@ -71,8 +71,8 @@ void CompareWithModel(CountingWorld world, int parts) {
   const NumberFormat numbers;
   NumberKeeper found;
   NoYielder yielder;
-  const ListResult result =
-      WriteList({run.Table, facts, options, numbers, {parts}}, columns, {}, found, yielder);
+  const ListResult result = WriteList({run.Table, facts, options, numbers, {parts.Equal, parts.OfEachFile}},
+                                      columns, {}, found, yielder);
   RC_ASSERT(Equal(result.Coverage, reference::Coverage(model, world.Options.MinFrequency)));
 
   RC_ASSERT(found.Rows.size() == expected.size());
@@ -92,25 +92,30 @@ CountingWorld LongWorld(const WorldKind& kind) {
 }
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfAFileAreThoseOfTheModel, ()) {
-  CompareWithModel(DrawWorld({.Lists = true, .Rules = true}), 0);
+  CompareWithModel(DrawWorld({.Lists = true, .Rules = true}));
 }
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfAFolderAreThoseOfTheModel, ()) {
-  CompareWithModel(DrawWorld({.Lists = true, .Rules = true, .Folder = true}), 0);
+  CompareWithModel(DrawWorld({.Lists = true, .Rules = true, .Folder = true}));
 }
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfPhrasesOfAllLengthsAreThoseOfTheModel, ()) {
-  CompareWithModel(DrawWorld({}), 0);
+  CompareWithModel(DrawWorld({}));
 }
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfSingleWordsAreThoseOfTheModel, ()) {
-  CompareWithModel(DrawWorld({.Lists = true, .Folder = true, .SingleWords = true}), 0);
+  CompareWithModel(DrawWorld({.Lists = true, .Folder = true, .SingleWords = true}));
 }
 
 RC_GTEST_PROP(AnalysisColumnsProperties, OfEqualPartsAreThoseOfTheModel, ()) {
   const bool folder = *rc::gen::arbitrary<bool>();
   const int parts = folder ? *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(2, 101)) : 0;
-  CompareWithModel(LongWorld({.Folder = folder, .MostWords = 3}), parts);
+  CompareWithModel(LongWorld({.Folder = folder, .MostWords = 3}), {parts});
+}
+
+RC_GTEST_PROP(AnalysisColumnsProperties, OfPartsOfEachFileAreThoseOfTheModel, ()) {
+  const int parts = *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(2, 101));
+  CompareWithModel(LongWorld({.Folder = true, .MostWords = 3}), {parts, true});
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "desktop/toolkit/text.h"
@@ -15,18 +16,44 @@ namespace korv {
 namespace {
 
 constexpr const char* kPartsKey = "table/parts";
-constexpr std::array kOffered = {5, 10, 20, 50, 100};
+constexpr const char* kOfEachFileKey = "table/partsOfEachFile";
+constexpr std::array kOfferedOfTheWhole = {5, 10, 20, 50, 100};
+constexpr std::array kOfferedOfEachFile = {5, 10};
 constexpr int kUsual = 10;
+
+/// What the menu says of equal parts of the whole, or of each file. "%1" is their number.
+struct EqualPartsTexts {
+  bool OfEachFile;
+  std::span<const int> Offered;
+  const char* Offer;
+  const char* Other;
+  const char* OtherChosen;
+  const char* Prompt;
+  const char* NameEnd;  ///< Of the entries' names, behind the number or "other".
+};
+
+constexpr EqualPartsTexts kOfTheWhole = {false,
+                                         kOfferedOfTheWhole,
+                                         "%1 equal parts of the whole",
+                                         "&Other number of equal parts\u2026",
+                                         "&Other number of equal parts (%1)\u2026",
+                                         "Number of equal parts of the whole text (2 to 100):",
+                                         ""};
+constexpr EqualPartsTexts kOfEachFile = {true,
+                                         kOfferedOfEachFile,
+                                         "%1 equal parts of each file",
+                                         "Other number of equal parts of &each file\u2026",
+                                         "Other number of equal parts of &each file (%1)\u2026",
+                                         "Number of equal parts of each file (2 to 100):",
+                                         "_of_each_file"};
 
 bool IsNumberOfParts(int number) {
   return number >= PartChoice::kLeastEqual && number <= PartChoice::kMostEqual;
 }
 
 /// The user's number; nothing where the user gives none.
-std::optional<int> AskNumber(PartChoice now, Messages& messages) {
-  const int initial = now.Equal == PartChoice::kFiles ? kUsual : now.Equal;
-  const auto typed = messages.AskText(
-      "Number of equal parts of the whole text (2 to 100):", "Parts of the text", std::to_string(initial));
+std::optional<int> AskNumber(const char* prompt, int initial, Messages& messages) {
+  const auto typed = messages.AskText(prompt, "Parts of the text", std::to_string(initial));
   if (!typed) return std::nullopt;
   bool isNumber = false;
   const int number = ToQt(*typed).trimmed().toInt(&isNumber);
@@ -35,41 +62,63 @@ std::optional<int> AskNumber(PartChoice now, Messages& messages) {
   return std::nullopt;
 }
 
+QAction* AddEntry(QMenu& menu, QActionGroup& group, const QString& caption, const QString& name,
+                  bool checked) {
+  QAction* const action = menu.addAction(caption);
+  action->setObjectName(QLatin1String("mnuParts_") + name);
+  action->setCheckable(true);
+  action->setChecked(checked);
+  group.addAction(action);
+  return action;
+}
+
+void AddEqualParts(const EqualPartsTexts& texts, QMenu& menu, QActionGroup& group, PartChoice now,
+                   Messages& messages, const std::function<void(PartChoice)>& choose) {
+  const bool such = now.Equal != PartChoice::kFiles && now.OfEachFile == texts.OfEachFile;
+  const QLatin1String nameEnd(texts.NameEnd);
+  bool isOffered = false;
+  for (const int parts : texts.Offered) {
+    const bool chosen = such && now.Equal == parts;
+    isOffered = isOffered || chosen;
+    QAction* const action = AddEntry(menu, group, QString::fromUtf8(texts.Offer).arg(parts),
+                                     QString::number(parts) + nameEnd, chosen);
+    QObject::connect(action, &QAction::triggered, &menu, [choose, parts, &texts] {
+      choose({parts, texts.OfEachFile});
+    });
+  }
+  const bool other = such && !isOffered;
+  QAction* const action =
+      AddEntry(menu, group,
+               other ? QString::fromUtf8(texts.OtherChosen).arg(now.Equal) : QString::fromUtf8(texts.Other),
+               QLatin1String("other") + nameEnd, other);
+  const int initial = such ? now.Equal : kUsual;
+  QObject::connect(action, &QAction::triggered, &menu, [choose, initial, &texts, &messages] {
+    if (const auto number = AskNumber(texts.Prompt, initial, messages)) choose({*number, texts.OfEachFile});
+  });
+}
+
 }  // namespace
 
 PartChoice KeptParts(const QSettings& store) {
   const int kept = store.value(QLatin1String(kPartsKey), PartChoice::kFiles).toInt();
-  return {IsNumberOfParts(kept) ? kept : PartChoice::kFiles};
+  if (!IsNumberOfParts(kept)) return {};
+  return {kept, store.value(QLatin1String(kOfEachFileKey), false).toBool()};
 }
 
 void KeepParts(QSettings& store, PartChoice parts) {
   store.setValue(QLatin1String(kPartsKey), parts.Equal);
+  store.setValue(QLatin1String(kOfEachFileKey), parts.OfEachFile);
 }
 
 void FillPartsMenu(QMenu& menu, PartChoice now, Messages& messages,
                    const std::function<void(PartChoice)>& choose) {
   auto* group = new QActionGroup(&menu);
-  const auto add = [&](const QString& caption, const QString& name, bool checked, auto act) {
-    QAction* const action = menu.addAction(caption, act);
-    action->setObjectName(QLatin1String("mnuParts_") + name);
-    action->setCheckable(true);
-    action->setChecked(checked);
-    group->addAction(action);
-    return action;
-  };
-  add(QStringLiteral("&Files"), QStringLiteral("files"), now.Equal == PartChoice::kFiles, [choose] {
-    choose({PartChoice::kFiles});
-  })->setToolTip(QStringLiteral("A single file is divided into equal parts."));
-  for (const int parts : kOffered)
-    add(QStringLiteral("%1 equal parts of the whole").arg(parts), QString::number(parts), now.Equal == parts,
-        [choose, parts] { choose({parts}); });
-  const bool other =
-      now.Equal != PartChoice::kFiles && std::ranges::find(kOffered, now.Equal) == kOffered.end();
-  add(other ? QStringLiteral("&Other number of equal parts (%1)…").arg(now.Equal)
-            : QStringLiteral("&Other number of equal parts…"),
-      QStringLiteral("other"), other, [choose, now, &messages] {
-        if (const auto number = AskNumber(now, messages)) choose({*number});
-      });
+  QAction* const files = AddEntry(menu, *group, QStringLiteral("&Files"), QStringLiteral("files"),
+                                  now.Equal == PartChoice::kFiles);
+  files->setToolTip(QStringLiteral("A single file is divided into equal parts."));
+  QObject::connect(files, &QAction::triggered, &menu, [choose] { choose({PartChoice::kFiles}); });
+  AddEqualParts(kOfTheWhole, menu, *group, now, messages, choose);
+  AddEqualParts(kOfEachFile, menu, *group, now, messages, choose);
   menu.setToolTipsVisible(true);
 }
 

@@ -14,8 +14,8 @@ namespace korv {
 PartChoice KeptParts(const QSettings& store);
 void KeepParts(QSettings& store, PartChoice parts);
 
-/// An entry for the files, some for equal parts of the whole text, and one that asks for their number. `now`
-/// is ticked; `choose` hears of another one. `messages` outlives the menu.
+/// An entry for the files, some for equal parts of the whole text and of each file, and for both one that
+/// asks for their number. `now` is ticked; `choose` hears of another one. `messages` outlives the menu.
 void FillPartsMenu(QMenu& menu, PartChoice now, Messages& messages,
                    const std::function<void(PartChoice)>& choose);
 

@@ -43,9 +43,13 @@ QString TipOfColumn(const Column& column, const RunSummary& facts, PartChoice pa
                .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken));
   }
   if (column.Needs.Parts) {
-    tip += parts.Equal == PartChoice::kFiles
-               ? QStringLiteral("<p>Parts of this run: files.</p>")
-               : QStringLiteral("<p>Parts of this run: %1 equal ones of the whole.</p>").arg(parts.Equal);
+    if (parts.Equal == PartChoice::kFiles) {
+      tip += QStringLiteral("<p>Parts of this run: files.</p>");
+    } else {
+      tip += QStringLiteral("<p>Parts of this run: %1 equal ones of %2.</p>")
+                 .arg(parts.Equal)
+                 .arg(parts.OfEachFile ? QStringLiteral("each file") : QStringLiteral("the whole"));
+    }
   }
   return tip;
 }
