@@ -1,5 +1,6 @@
 #include "desktop/main_window/run_panel.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -11,6 +12,7 @@
 
 #include "base/time_text.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/widgets/accent.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/icons.h"
 #include "desktop/widgets/layouts.h"
@@ -34,6 +36,7 @@ RunPanel::RunPanel(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   large.setBold(true);
   cmdCountPhrases->setFont(large);
   cmdCountPhrases->setMinimumHeight(40);
+  captionRole_ = Accentuate(*cmdCountPhrases);
   layout->addWidget(cmdCountPhrases);
   BuildProgress(*layout);
   BuildCommands(*layout);
@@ -93,8 +96,16 @@ void RunPanel::Connect(Messages& messages) {
           Guarded(messages, "tmrProgress_Timer", [this] { Commands.Progress(); }));
 }
 
+void RunPanel::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+    captionRole_ = Accentuate(*cmdCountPhrases);
+}
+
 void RunPanel::SetCountPhrasesCaption(Caption caption) {
-  cmdCountPhrases->setIcon(NamedIcon(caption == Caption::Stop ? "process-stop" : "media-playback-start"));
+  // A theme's icons are made for the window's colours.
+  cmdCountPhrases->setIcon(
+      DrawnIcon(caption == Caption::Stop ? "process-stop" : "media-playback-start", captionRole_));
   switch (caption) {
     case Caption::Count:
       return cmdCountPhrases->setText(QStringLiteral("&Count phrases"));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPalette>
 #include <QWidget>
 #include <chrono>
 #include <functional>
@@ -56,12 +57,16 @@ class RunPanel final : public QWidget {
 
   static constexpr int kWholeProgress = 1000;
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void BuildProgress(QBoxLayout& layout);
   void BuildCommands(QBoxLayout& layout);
   void Connect(Messages& messages);
 
   size_t twirlerFrame_ = 0;
+  QPalette::ColorRole captionRole_ = QPalette::ButtonText;  ///< Of the count button.
 };
 
 }  // namespace korv

@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QPalette>
 #include <QSvgRenderer>
 #include <utility>
 
@@ -17,10 +16,10 @@ static void MakeIconsKnown() {
 namespace korv {
 namespace {
 
-/// Draws black outlines in the colour that text has at that moment.
+/// Draws black outlines in the colour that the role has at that moment.
 class OutlineEngine final : public QIconEngine {
  public:
-  explicit OutlineEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
+  OutlineEngine(QByteArray drawing, QPalette::ColorRole role) : drawing_(std::move(drawing)), role_(role) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
     QByteArray coloured = drawing_;
@@ -34,25 +33,25 @@ class OutlineEngine final : public QIconEngine {
     paint(&painter, {QPoint(0, 0), size}, mode, state);
     return picture;
   }
-  QIconEngine* clone() const override { return new OutlineEngine(drawing_); }
+  QIconEngine* clone() const override { return new OutlineEngine(drawing_, role_); }
 
  private:
-  static QColor ColourOf(QIcon::Mode mode) {
+  QColor ColourOf(QIcon::Mode mode) const {
     const QPalette palette = QGuiApplication::palette();
     if (mode == QIcon::Disabled) return palette.color(QPalette::Disabled, QPalette::WindowText);
-    return palette.color(QPalette::Active,
-                         mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
+    return palette.color(QPalette::Active, mode == QIcon::Selected ? QPalette::HighlightedText : role_);
   }
 
   QByteArray drawing_;
+  QPalette::ColorRole role_;
 };
 
 }  // namespace
 
-QIcon DrawnIcon(const char* name) {
+QIcon DrawnIcon(const char* name, QPalette::ColorRole role) {
   MakeIconsKnown();
   QFile file(QStringLiteral(":/korv/icons/%1.svg").arg(QLatin1String(name)));
-  return file.open(QIODevice::ReadOnly) ? QIcon(new OutlineEngine(file.readAll())) : QIcon();
+  return file.open(QIODevice::ReadOnly) ? QIcon(new OutlineEngine(file.readAll(), role)) : QIcon();
 }
 
 QIcon NamedIcon(const char* name) {

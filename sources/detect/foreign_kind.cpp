@@ -31,6 +31,7 @@ constexpr std::array kKinds = {
          {"It is a document of an old office program, such as .doc.",
           "Save it as a Word document (.docx) or as text and count that."}},
     Kind{"{\\rtf"sv, {"", "Open it in a word processor and save it as a Word document (.docx) or as text."}},
+    Kind{"KORVRUN\x1A"sv, {"It is a kept run.", "Open it with \"Open kept run...\" in the window of Korv."}},
     Kind{"\xFF\xFE"sv, kWide},
     Kind{"\xFE\xFF"sv, kWide},
     Kind{"\0\0\xFE\xFF"sv, kWide},

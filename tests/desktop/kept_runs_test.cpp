@@ -5,7 +5,10 @@
 #include <QTest>
 
 #include "desktop/results/contexts/contexts_pane.h"
+#include "desktop/results/contexts/why_panel.h"
 #include "desktop/results/open_runs.h"
+#include "desktop/results/pictures/picture_canvas.h"
+#include "desktop/results/pictures/pictures_pane.h"
 #include "desktop/results/run_tabs.h"
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_table_panel.h"
@@ -168,6 +171,41 @@ TEST_F(KeptRunsOfAWindow, LeadToTheirFilesAgain) {
   untilShown();
   EXPECT_EQ(TextOf("txbContextPhrase"), "the white whale swam");
   EXPECT_THAT(TextOf("lblContextCount"), HasSubstr("2 occurrences"));
+}
+
+TEST_F(KeptRunsOfAWindow, ShowTheSamePictures) {
+  View = RunView::Pictures;
+  ASSERT_TRUE(Start());
+  CountText("whale.txt", kWhale);
+  const PicturesPane& pictures = *main->Panels().Frame->Pictures;
+  const auto described = [&] {
+    UntilIdle();
+    while (!pictures.Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return pictures.picCanvas->accessibleDescription().toStdString();
+  };
+  const std::string before = described();
+  EXPECT_THAT(before, HasSubstr("the white whale swam"));
+  const std::string path = Keep("mine.korvrun");
+  std::filesystem::remove(PathFromText(PathOf("whale.txt")));
+  CountText("man.txt", kMan);
+  EXPECT_THAT(described(), HasSubstr("the old man wept"));
+  Open(path);
+  EXPECT_EQ(described(), before);
+}
+
+TEST_F(KeptRunsOfAWindow, AnswerWhyAPhraseIsNotListed) {
+  CountText("whale.txt", kWhale);
+  Open(Keep("mine.korvrun"));
+  const ContextsPane& contexts = *main->Panels().Frame->Contexts;
+  const auto answer = [&](const char* phrase) {
+    Type("txbContextPhrase", phrase);
+    UntilIdle();
+    Click("cmdWhy");
+    while (!contexts.Why->Idle()) QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return TextOf("lblNote_Why");
+  };
+  EXPECT_THAT(answer("white whale"), HasSubstr("2 words"));
+  EXPECT_THAT(answer("white shark swam away"), HasSubstr("shark"));
 }
 
 TEST_F(KeptRunsOfAWindow, KeepWhatWasLeftOut) {

@@ -16,6 +16,7 @@
 #include "desktop/results/pictures/rank_picture.h"
 #include "desktop/results/pictures/ticks.h"
 #include "desktop/toolkit/color_scheme.h"
+#include "desktop/widgets/contrast.h"
 #include "tests/desktop/view_test.h"
 
 namespace korv {

@@ -211,6 +211,30 @@ TEST_F(TableColumnsTest, AreKeptWithTheirOrderAndWidths) {
   EXPECT_EQ(Grid().horizontalHeader()->sectionSize(Section("Phrase")), 333);
 }
 
+TEST_F(TableColumnsTest, LeaveTheirRoomToThePhraseUntilItHasAWidth) {
+  Show(Folder());
+  QHeaderView& header = *Grid().horizontalHeader();
+  const auto whole = [&] { return header.length() == header.width(); };
+  panel->resize(1600, 700);
+  UntilIdle();
+  EXPECT_TRUE(whole());
+  ChooseFrom("cmdColumns", "mnuColumn_characters");
+  EXPECT_TRUE(whole());
+  // Where there is none to leave, the phrase stays wide enough.
+  panel->resize(400, 700);
+  UntilIdle();
+  const int usual = header.sectionSize(Section("Phrase"));
+  EXPECT_GE(usual, header.fontMetrics().horizontalAdvance(QString(24, u'n')));
+  EXPECT_GT(header.length(), header.width());
+  EXPECT_TRUE(store.allKeys().filter("table/widths").isEmpty());
+  header.resizeSection(Section("Phrase"), usual - 10);
+  panel->resize(1600, 700);
+  UntilIdle();
+  EXPECT_EQ(header.sectionSize(Section("Phrase")), usual - 10);
+  ChooseFrom("cmdColumns", "mnuUsualColumns");
+  EXPECT_TRUE(whole());
+}
+
 TEST_F(TableColumnsTest, BecomeTheUsualOnesAgain) {
   Show(Folder());
   const std::vector<std::string> usual = Headings();
@@ -262,7 +286,9 @@ TEST_F(TableColumnsTest, OfHeavyPhrasesAreFoundBesideTheWindow) {
 TEST_F(TableColumnsTest, ExplainTheColumnAlone) {
   Show(Folder());
   EXPECT_TRUE(Find<QLabel>("lblAlone")->isVisible());
-  EXPECT_THAT(TextOf("lblAlone"), HasSubstr("do not stand within an occurrence of a longer phrase"));
+  EXPECT_EQ(TextOf("lblAlone"), "Alone: not within a longer phrase.");
+  EXPECT_EQ(Find<QLabel>("lblAlone")->toolTip().toStdString(),
+            "Alone: the occurrences of a phrase that do not stand within an occurrence of a longer phrase.");
   ChooseFrom("cmdColumns", "mnuColumn_net_frequency");
   EXPECT_FALSE(Find<QLabel>("lblAlone")->isVisible());
 }

@@ -4,6 +4,8 @@
 #include <QClipboard>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QProxyStyle>
+#include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -20,6 +22,7 @@
 #include "desktop/toolkit/qt_messages.h"
 #include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/standard_places.h"
+#include "desktop/widgets/accent.h"
 #include "sources/questions.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
@@ -472,6 +475,58 @@ TEST(TheDarkPalette, CanBeRead) {
   for (const auto& [text, ground] : pairs) {
     EXPECT_GE(Contrast(palette.color(text), palette.color(ground)), 4.5) << text;
   }
+}
+
+TEST(TheAccent, CanBeReadInEveryPalette) {
+  QPalette yellow(Qt::black);
+  yellow.setColor(QPalette::Highlight, QColor(90, 90, 0));
+  yellow.setColor(QPalette::HighlightedText, Qt::black);
+  QPalette pale(Qt::lightGray);
+  pale.setColor(QPalette::Highlight, QColor(0x30, 0x8c, 0xc6));
+  pale.setColor(QPalette::HighlightedText, Qt::white);
+  for (const QPalette& palette : {pale, DarkPalette(), yellow, QPalette(Qt::lightGray)}) {
+    const QPalette accent = AccentPalette(palette);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+      EXPECT_GE(Contrast(accent.color(group, QPalette::ButtonText), accent.color(group, QPalette::Button)),
+                4.5);
+    EXPECT_EQ(accent.color(QPalette::Disabled, QPalette::Button),
+              palette.color(QPalette::Disabled, QPalette::Button));
+    EXPECT_EQ(accent.color(QPalette::Active, QPalette::Window),
+              palette.color(QPalette::Active, QPalette::Window));
+  }
+}
+
+TEST(TheAccent, CanBeReadAsItIsDrawn) {
+  QPalette light(Qt::lightGray);
+  light.setColor(QPalette::Highlight, QColor(0x30, 0x8c, 0xc6));
+  light.setColor(QPalette::HighlightedText, Qt::white);
+  for (const QPalette& palette : {light, DarkPalette()}) {
+    QPushButton button;
+    QProxyStyle style(QStringLiteral("Fusion"));
+    button.setStyle(&style);
+    button.setPalette(AccentPalette(palette));
+    button.resize(200, 40);
+    const QImage drawn = button.grab().toImage();
+    const QColor text = button.palette().color(QPalette::ButtonText);
+    for (const int y : {4, 20, 35}) EXPECT_GE(Contrast(drawn.pixelColor(20, y), text), 4.5) << y;
+  }
+}
+
+TEST(TheAccent, IsLeftToStylesThatDrawButtonsThemselves) {
+  class OwnColours final : public QProxyStyle {
+   public:
+    OwnColours() : QProxyStyle(QStringLiteral("Fusion")) { setObjectName(QStringLiteral("windowsvista")); }
+  };
+  QPushButton button;
+  OwnColours own;
+  button.setStyle(&own);
+  EXPECT_EQ(Accentuate(button), QPalette::ButtonText);
+  EXPECT_EQ(button.palette(), QApplication::palette(&button));
+  QProxyStyle drawn(QStringLiteral("Fusion"));
+  button.setStyle(&drawn);
+  EXPECT_EQ(Accentuate(button), QPalette::HighlightedText);
+  EXPECT_EQ(button.palette().color(QPalette::ButtonText),
+            QApplication::palette().color(QPalette::HighlightedText));
 }
 
 TEST(TheClipboard, GivesItsText) {

@@ -23,6 +23,7 @@ TEST(ForeignKindAdvice, TellsWhatAFileIsByItsBeginning) {
       {"UTF-32, big end first", "\0\0\xFE\xFF"s, "It is text in UTF-16 or UTF-32."},
       {"UTF-16 without a signature, little end first", "T\0e\0x\0t\0"s, "It is text in UTF-16 or UTF-32."},
       {"UTF-16 without a signature, big end first", "\0T\0e\0x\0t"s, "It is text in UTF-16 or UTF-32."},
+      {"a kept run", "KORVRUN\x1A\x01", "It is a kept run."},
       {"gzip", "\x1F\x8B\x08", "It is a packed file."},
       {"bzip2", "BZh91AY", "It is a packed file."},
       {"xz",

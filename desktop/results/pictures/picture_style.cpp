@@ -1,7 +1,8 @@
 #include "desktop/results/pictures/picture_style.h"
 
 #include <algorithm>
-#include <cmath>
+
+#include "desktop/widgets/contrast.h"
 
 namespace korv {
 namespace {
@@ -11,14 +12,6 @@ constexpr std::array<QRgb, PictureStyle::kColours> kOnLight = {0xFF0072B2, 0xFFC
                                                                0xFF8A3C86, 0xFF5C4A00, 0xFF30353B};
 constexpr std::array<QRgb, PictureStyle::kColours> kOnDark = {0xFF56B4E9, 0xFFE69F00, 0xFF2CC79B,
                                                               0xFFE092C5, 0xFFF0E442, 0xFFD5D9DE};
-
-double Linear(double part) {
-  return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(const QColor& colour) {
-  return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) + 0.0722 * Linear(colour.blueF());
-}
 
 QColor Between(const QColor& a, const QColor& b, float share) {
   return QColor::fromRgbF(a.redF() + (b.redF() - a.redF()) * share,
@@ -38,11 +31,6 @@ PictureStyle StyleOf(const QPalette& palette, const QFont& font) {
                          [](QRgb rgb) { return QColor(rgb); });
   style.Font = font;
   return style;
-}
-
-double ContrastBetween(const QColor& a, const QColor& b) {
-  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
 }
 
 }  // namespace korv

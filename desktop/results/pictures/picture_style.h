@@ -26,7 +26,4 @@ struct PictureStyle {
 /// For a ground that is light or dark as that of `palette` is.
 PictureStyle StyleOf(const QPalette& palette, const QFont& font);
 
-/// How far apart two colours are in lightness: 1 for equal ones, 21 for black and white (WCAG 2.1).
-double ContrastBetween(const QColor& a, const QColor& b);
-
 }  // namespace korv

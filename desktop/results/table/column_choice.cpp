@@ -1,6 +1,7 @@
 #include "desktop/results/table/column_choice.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QMenu>
@@ -35,6 +36,12 @@ ColumnChoice::ColumnChoice(QHeaderView& header, const PhraseTableModel& model, Q
   });
   connect(&header_, &QHeaderView::sectionResized, this,
           [this](int section, int, int width) { KeepWidth(section, width); });
+  header_.installEventFilter(this);
+}
+
+bool ColumnChoice::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) FillWithPhrase();
+  return QObject::eventFilter(watched, event);
 }
 
 bool ColumnChoice::IsShown(int section) const {
@@ -135,11 +142,25 @@ void ColumnChoice::Apply(const QStringList& ids) {
 }
 
 void ColumnChoice::HideOrShow() {
+  const bool before = std::exchange(applying_, true);
   for (int section = 0; section < model_.columnCount(); ++section) {
     const bool hidden = !chosen_.contains(IdOf(model_, section)) ||
                         (oneFile_ && TellsFilesApart(model_.Columns()[static_cast<size_t>(section)]->Id));
     header_.setSectionHidden(section, hidden);
   }
+  applying_ = before;
+  FillWithPhrase();
+}
+
+void ColumnChoice::FillWithPhrase() {
+  const int phrase = model_.SectionOf("phrase");
+  if (store_.contains(QLatin1String(kWidthsGroup) + IdOf(model_, phrase))) return;
+  int others = 0;
+  for (const int section : Shown())
+    if (section != phrase) others += header_.sectionSize(section);
+  const bool before = std::exchange(applying_, true);
+  header_.resizeSection(phrase, std::max(UsualWidth(phrase), header_.width() - others));
+  applying_ = before;
 }
 
 int ColumnChoice::UsualWidth(int section) const {

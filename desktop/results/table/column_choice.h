@@ -12,7 +12,8 @@ class QSettings;
 
 namespace korv {
 
-/// Which columns the table shows, in which order and how wide. The user's choice is kept in the store, by the
+/// Which columns the table shows, in which order and how wide. The phrase takes the room that the others
+/// leave, until the user gives it a width. The user's choice is kept in the store, by the
 /// names of the columns, so that it outlives columns that come and go.
 class ColumnChoice final : public QObject {
  public:
@@ -37,12 +38,16 @@ class ColumnChoice final : public QObject {
   /// One checkable entry a column, and the way back to the columns of the beginning.
   void FillMenu(QMenu& menu);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   QStringList KeptIds() const;
   QStringList DefaultIds() const;
   void Apply(const QStringList& ids);
   void HideOrShow();
   int UsualWidth(int section) const;
+  void FillWithPhrase();
   void Keep();
   void KeepWidth(int section, int width);
 

@@ -16,6 +16,7 @@
 
 namespace korv {
 
+const char* const kAloneInShort = "Alone: not within a longer phrase.";
 const char* const kAloneSentence =
     "Alone: the occurrences of a phrase that do not stand within an occurrence of a longer phrase.";
 

@@ -12,8 +12,9 @@
 
 namespace korv {
 
-/// The sentence that explains the column "Alone".
+/// The sentence that explains the column "Alone", and what it comes to in a narrow place.
 extern const char* const kAloneSentence;
+extern const char* const kAloneInShort;
 
 /// Beside the table: all that there is to say of the phrase of the current row. Phrases in it lead to theirs,
 /// contexts and a double click to all contexts.

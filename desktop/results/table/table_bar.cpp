@@ -1,6 +1,7 @@
 #include "desktop/results/table/table_bar.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -27,10 +28,10 @@ TableBar::TableBar(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   cmdRowDetails->setCheckable(true);
   auto* layout = Bare(new QVBoxLayout(this));
   auto* second = Bare(new QHBoxLayout);
-  auto* lblAlone = Named(new ElidingLabel(this), "lblAlone");
-  lblAlone->setText(QLatin1String(kAloneSentence));
-  second->addWidget(lblPhraseCount, 3);
-  second->addWidget(lblAlone, 2);
+  auto* lblAlone = Named(new QLabel(QLatin1String(kAloneInShort), this), "lblAlone");
+  lblAlone->setToolTip(QLatin1String(kAloneSentence));
+  second->addWidget(lblPhraseCount, 1);
+  second->addWidget(lblAlone);
   for (QToolButton* tool : {cmdLimits, cmdPresets, cmdColumns, cmdRowDetails}) second->addWidget(tool);
   for (QToolButton* tool : {cmdPresets, cmdColumns}) {
     tool->setPopupMode(QToolButton::InstantPopup);
