@@ -90,7 +90,8 @@ class Parser {
     if (!options_.ContextOf && options_.Contexts)
       throw CLI::ValidationError("--contexts", "needs --context-of");
     if (options_.ContextOf) CheckContexts();
-    if (options_.ForSpreadsheets) CheckForm();
+    if (const TableForm* const form = Form()) CheckForm(*form);
+    if (options_.ForSpreadsheets) CheckSpreadsheets();
     if (const char* option = options_.TableOption(); option != nullptr && AsksForText())
       throw CLI::ValidationError(option, "makes a table, which --output-format text cannot be");
   }
@@ -106,9 +107,23 @@ class Parser {
     if (options_.ListFiles) throw CLI::ValidationError("--context-of", "excludes --list-files");
   }
 
-  void CheckForm() const {
-    const TableForm* const form =
-        options_.OutputFormat ? *options_.OutputFormat : TableFormOfFile(PathFromText(options_.Output));
+  /// The form of tables that is asked for, by its name or by that of the output file; null for none.
+  const TableForm* Form() const {
+    return options_.OutputFormat ? *options_.OutputFormat : TableFormOfFile(PathFromText(options_.Output));
+  }
+
+  void CheckForm(const TableForm& form) const {
+    const char* const option = options_.OutputFormat ? "--output-format" : "--output";
+    if (form.Make == nullptr)
+      throw CLI::ValidationError(option, std::string(form.Name) +
+                                             " is none of what this korv-count writes: it "
+                                             "was built without the library for it");
+    if (form.Binary && options_.Output.empty())
+      throw CLI::ValidationError(option, std::string(form.Name) + " is no text and needs --output FILE");
+  }
+
+  void CheckSpreadsheets() const {
+    const TableForm* const form = Form();
     if ((options_.OutputFormat || form != nullptr) && form != &TableFormOf("csv"))
       throw CLI::ValidationError("--csv-for", "is for the output format csv");
   }

@@ -96,5 +96,8 @@ std::unique_ptr<FileSystem> MakeSystemFiles();
 std::string PathToText(const std::filesystem::path& path);
 /// The path that a UTF-8 text names.
 std::filesystem::path PathFromText(std::string_view text);
+/// An existing path for a library that opens files by names of bytes. Where the system's code page lacks some
+/// of its letters, that is its short name, if it has one.
+std::string PathForLibraries(const std::filesystem::path& path);
 
 }  // namespace korv

@@ -69,9 +69,11 @@ class Listing {
   }
 
   ListResult Finish() {
+    result_.Fault = writer_.Fault();
     if (result_.Outcome == ListOutcome::SinkFull) return result_;
     const bool stopped = result_.Outcome == ListOutcome::Stopped;
     if (!writer_.End(stopped) && !stopped) result_.Outcome = ListOutcome::SinkFull;
+    result_.Fault = writer_.Fault();
     return result_;
   }
 
@@ -155,7 +157,7 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
 
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder) {
   if (const TableOutput& table = form.Table; table.Form != nullptr)
-    return WriteList(report, ColumnsOf(table), {}, *table.Form->Make(sink, table.About), yielder);
+    return WriteList(report, ColumnsOf(table), {}, *table.Form->Make(sink, table.About, form.Files), yielder);
   if (!AnythingListed(report.Table))
     return {.Outcome =
                 sink.Write(EmptyReportText(report, form)) ? ListOutcome::Listed : ListOutcome::SinkFull};

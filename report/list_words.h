@@ -31,6 +31,8 @@ struct ListResult {
   uint32_t Unfiltered = 0;   ///< Phrases that there are to list without a filter.
   /// PhraseAnalysis::Coverage(), where a column needed it.
   std::optional<double> Coverage = {};
+  /// Why the sink got no more, where that is no fault of its own: ListWriter::Fault().
+  std::optional<FileError> Fault = {};
 };
 
 /// Lists the phrases of a report in its order: opening, heading, a line per phrase that passes the filter; or

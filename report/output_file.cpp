@@ -65,13 +65,14 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   }
   FileReportSink sink(**file, services.Table.Form ? nullptr : services.Encoding, services.Progress);
   try {
-    result.List =
-        ListWords(report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table}, sink, yielder);
+    result.List = ListWords(
+        report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table, .Files = &services.Files},
+        sink, yielder);
   } catch (const std::exception&) {
     ShowListingError(report.Options, services.Dialogs, services.Texts);
     return result;
   }
-  std::optional<FileError> error = sink.Error();
+  std::optional<FileError> error = sink.Error() ? sink.Error() : result.List.Fault;
   const bool stopped = result.List.Outcome == ListOutcome::Stopped;
   // After a stop the file that was there stays, for a whole report is worth more than part of one. Where
   // there was no file, the part is kept.

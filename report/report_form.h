@@ -7,6 +7,7 @@
 
 namespace korv {
 
+class FileSystem;
 struct Column;
 struct TableForm;
 
@@ -31,7 +32,8 @@ struct ReportForm {
   /// The files and folders that could not be counted are named behind the files-scanned text.
   bool SkippedFiles = false;
   std::string LineEnd = "\r\n";
-  TableOutput Table = {};  ///< Where it asks for one, without all of the above.
+  TableOutput Table = {};       ///< Where it asks for one, without all of the above.
+  FileSystem* Files = nullptr;  ///< For what is temporary. Binary tables need it.
 };
 
 }  // namespace korv

@@ -136,6 +136,10 @@ std::unique_ptr<FileSystem> MakeSystemFiles() {
   return std::make_unique<SystemFiles>();
 }
 
+std::string PathForLibraries(const fs::path& path) {
+  return path.native();
+}
+
 FileError FileErrorOf(const std::error_code& code) {
   return {FaultOf(code), code.message()};
 }

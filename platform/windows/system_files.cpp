@@ -234,6 +234,20 @@ class SystemFiles final : public FileSystem {
   }
 };
 
+/// Nothing where it lacks one of the letters.
+std::optional<std::string> InCodePage(std::wstring_view text) {
+  // That code page has them all, and the converter refuses to be asked.
+  if (::GetACP() == CP_UTF8) return ToUtf8(text);
+  const int size = static_cast<int>(text.size());
+  const int length =
+      ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(), size, nullptr, 0, nullptr, nullptr);
+  std::string bytes(static_cast<size_t>(length), '\0');
+  BOOL lacks = FALSE;
+  ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(), size, bytes.data(), length, nullptr,
+                        &lacks);
+  return lacks ? std::nullopt : std::optional(bytes);
+}
+
 }  // namespace
 
 std::unique_ptr<FileSystem> MakeSystemFiles() {
@@ -246,6 +260,14 @@ std::string PathToText(const fs::path& path) {
 
 fs::path PathFromText(std::string_view text) {
   return ToWide(text);
+}
+
+std::string PathForLibraries(const fs::path& path) {
+  if (const auto name = InCodePage(path.native())) return *name;
+  wchar_t shortName[MAX_PATH];
+  const DWORD length = ::GetShortPathNameW(path.c_str(), shortName, static_cast<DWORD>(std::size(shortName)));
+  const bool found = length > 0 && length < std::size(shortName);
+  return (found ? InCodePage({shortName, length}) : std::nullopt).value_or(PathToText(path));
 }
 
 }  // namespace korv

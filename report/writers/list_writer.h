@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <span>
 
+#include "platform/files.h"
 #include "report/columns/column.h"
 
 namespace korv {
@@ -27,6 +29,8 @@ class ListWriter {
   virtual bool Row(const RowCells& cells) = 0;
   /// `stopped`: there would have been more rows. False when the destination took no more.
   virtual bool End(bool stopped) = 0;
+  /// Why Row() or End() refused, where that is no fault of the destination.
+  virtual std::optional<FileError> Fault() const { return std::nullopt; }
 };
 
 }  // namespace korv

@@ -8,23 +8,45 @@
 #include "report/writers/html_writer.h"
 #include "report/writers/json_writer.h"
 #include "report/writers/markdown_writer.h"
+#ifdef KORV_SQLITE
+#include "report/writers/sqlite_writer.h"
+#endif
 #include "report/writers/tsv_writer.h"
+#ifdef KORV_XLSX
+#include "report/writers/xlsx_writer.h"
+#endif
 
 namespace korv {
 
 namespace {
 
 template <typename Writer>
-std::unique_ptr<ListWriter> Make(ReportSink& sink, const TableDescription&) {
+std::unique_ptr<ListWriter> Make(ReportSink& sink, const TableDescription&, FileSystem*) {
   return std::make_unique<Writer>(sink);
 }
 
 template <typename Writer>
-std::unique_ptr<ListWriter> MakeDescribed(ReportSink& sink, const TableDescription& about) {
+std::unique_ptr<ListWriter> MakeDescribed(ReportSink& sink, const TableDescription& about, FileSystem*) {
   return std::make_unique<Writer>(sink, about);
 }
 
-std::unique_ptr<ListWriter> MakeSpreadsheetCsv(ReportSink& sink, const TableDescription& about) {
+template <typename Writer>
+std::unique_ptr<ListWriter> MakeInFile(ReportSink& sink, const TableDescription& about, FileSystem* files) {
+  return std::make_unique<Writer>(sink, about, *files);
+}
+
+#ifdef KORV_XLSX
+constexpr auto kMakeWorkbook = MakeInFile<XlsxWriter>;
+#else
+constexpr auto kMakeWorkbook = nullptr;
+#endif
+#ifdef KORV_SQLITE
+constexpr auto kMakeDatabase = MakeInFile<SqliteWriter>;
+#else
+constexpr auto kMakeDatabase = nullptr;
+#endif
+
+std::unique_ptr<ListWriter> MakeSpreadsheetCsv(ReportSink& sink, const TableDescription& about, FileSystem*) {
   const bool comma = about.Numbers.DecimalPoint == ",";
   return std::make_unique<CsvWriter>(
       sink,
@@ -36,8 +58,10 @@ constexpr TableForm kTableForms[] = {
     {"csv", "csv", {}, "Comma-separated values", Make<CsvWriter>},
     {"json", "json", {}, "JSON", MakeDescribed<JsonWriter>},
     {"ndjson", "ndjson", "jsonl", "JSON lines", Make<NdjsonWriter>},
+    {"xlsx", "xlsx", {}, "Excel workbook", kMakeWorkbook, true},
     {"html", "html", {}, "Web page", MakeDescribed<HtmlWriter>},
     {"md", "md", {}, "Markdown", MakeDescribed<MarkdownWriter>},
+    {"sqlite", "sqlite", {}, "SQLite database", kMakeDatabase, true},
 };
 
 constexpr TableForm kSpreadsheetCsv = {"csv", "csv", {}, "CSV for spreadsheets", MakeSpreadsheetCsv};

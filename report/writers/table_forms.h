@@ -18,10 +18,15 @@ struct TableForm {
   std::string_view Extension;
   std::string_view OtherExtension = {};
   std::string_view Title = {};  ///< For people: "Comma-separated values".
-  std::unique_ptr<ListWriter> (*Make)(ReportSink& sink, const TableDescription& about) = nullptr;
+  /// Null where this program was built without the library that the form takes. `files` is for what is
+  /// temporary; only binary forms need it.
+  std::unique_ptr<ListWriter> (*Make)(ReportSink& sink, const TableDescription& about,
+                                      FileSystem* files) = nullptr;
+  bool Binary = false;  ///< No text, and thus for files alone.
 };
 
-/// All of them. A new one is a file of this folder with a row in table_forms.cpp.
+/// All of them, also those that this program was built without. A new one is a file of this folder with a row
+/// in table_forms.cpp.
 std::span<const TableForm> TableForms();
 
 /// The form of this name, which exists.

@@ -148,6 +148,37 @@ TEST_F(CountProgramTest, FormsForReadingHaveAllRowsThatAreAskedFor) {
   }
 }
 
+TEST_F(CountProgramTest, BinaryTablesAreForFilesAndNeedTheirLibrary) {
+  for (const std::string name : {"xlsx", "sqlite"}) {
+    const bool there = TableFormOf(name).Make != nullptr;
+    const std::string toOutput =
+        "--output-format: " + name +
+        (there ? " is no text and needs --output FILE" : " is none of what this korv-count writes");
+    ExpectWrongUsage("/a.txt", {{{"--output-format", name}, toOutput.c_str()},
+                                {{"--output-format", name, "--columns", "phrase"}, toOutput.c_str()},
+                                {{"--output-format", name, "--context-of", "big cat"}, toOutput.c_str()}});
+    if (there) continue;
+    const std::string toFile = "--output: " + name + " is none of what this korv-count writes";
+    ExpectWrongUsage("/a.txt", {{{"-o", "/o." + name}, toFile.c_str()}});
+  }
+  // Whatever the name, the report as text can be had.
+  EXPECT_EQ(Count({"/a.txt", "-o", "/o.xlsx", "--output-format", "text"}), kExitReport);
+  EXPECT_THAT(files.Content("/o.xlsx").value_or(""), StartsWith("File: /a.txt\r\n"));
+}
+
+TEST_F(CountProgramTest, BinaryTablesThatCannotBeWrittenLeaveTheFileAsItWas) {
+  files.Add("/o.xlsx", "old");
+  files.Add("/o.sqlite", "old");
+  for (const std::string name : {"xlsx", "sqlite"}) {
+    if (TableFormOf(name).Make == nullptr) continue;
+    // The folder for what is temporary is one of the fake disk, where no library can write.
+    EXPECT_EQ(Count({"/a.txt", "-o", "/o." + name, "--force", "--min-words", "2"}), kExitRefused);
+    EXPECT_THAT(err.str(), HasSubstr("At ListWords error # "));
+    EXPECT_EQ(files.Content("/o." + name), "old");
+    EXPECT_TRUE(files.TemporaryIsClean());
+  }
+}
+
 TEST_F(CountProgramTest, ColumnsThatMakeNoSenseAreWrongUsage) {
   ExpectWrongUsage(
       "/a.txt",

@@ -52,6 +52,39 @@ if [ -e /dev/full ]; then
   grep -q 'Standard output cannot be written.' err || fault 'a full device was not told of'
 fi
 
+# Tables that libraries write are files first, of which nothing is left. A build without these libraries says so.
+mkdir temporary
+for form in xlsx sqlite; do
+  if grep -q "is none of what" <("$program" sample.txt -o table.$form 2>&1); then continue; fi
+  export TMPDIR=$work/temporary
+  case $form in
+    xlsx) magic=PK ;;
+    sqlite) magic='SQLite format 3' ;;
+  esac
+  rm -f table.$form
+  expect 0 '' sample.txt -o table.$form --quiet
+  [ "$(head -c ${#magic} table.$form)" = "$magic" ] || fault "table.$form is no $form"
+  cp table.$form "before $form"
+  expect 1 'exists.  --force replaces it.' sample.txt -o table.$form
+  expect 0 '' sample.txt -o table.$form --force --quiet
+  "$program" sample.txt -o /dev/stdout --output-format $form --quiet 2>err | head -c ${#magic} | grep -q "$magic" ||
+    fault "no $form came through a pipe"
+  if [ -e /dev/full ]; then
+    expect 1 'error # 61' sample.txt -o /dev/full --output-format $form --quiet
+  fi
+  cp table.$form "before $form"
+  (
+    ulimit -f 4
+    trap '' XFSZ
+    expect 1 'At ListWords error # ' sample.txt -o table.$form --force --quiet
+    exit $faults
+  ) || faults=$((faults + 1))
+  cmp -s table.$form "before $form" || fault "a full disk changed table.$form"
+  [ -z "$(ls temporary)" ] || fault "temporary files are left: $(ls temporary)"
+  unset TMPDIR
+done
+rm -r temporary table.* before*
+
 # A pipe as input has no size. Its other end must be there before the program looks, or it is empty; so this
 # script opens it first, here and below, and keeps it to itself. The pipe cannot hold all of these lines: when they
 # are written, the program is reading.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -127,6 +128,19 @@ TEST_F(FilesTest, AnOutputReplacesTheOldFile) {
   EXPECT_FALSE((*file)->Commit());
   EXPECT_FALSE((*file)->Commit()) << "a second time changes nothing";
   EXPECT_EQ(ReadTestFile(target), "new");
+}
+
+TEST_F(FilesTest, LibrariesOpenFilesOfAnyName) {
+  for (const char* name : {"a.txt", "caf\u00E9", "\u65E5\u672C.txt"}) {
+    const std::filesystem::path path = folder / PathFromText(name);
+    WriteTestFile(path, "text");
+    std::FILE* const file = std::fopen(PathForLibraries(path).c_str(), "rb");
+    ASSERT_NE(file, nullptr) << name;
+    char content[5] = {};
+    EXPECT_EQ(std::fread(content, 1, 4, file), 4u);
+    EXPECT_STREQ(content, "text");
+    std::fclose(file);
+  }
 }
 
 TEST_F(FilesTest, AnOutputMayBeEmpty) {
