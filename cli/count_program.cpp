@@ -19,6 +19,7 @@
 #include "cli/table_output.h"
 #include "platform/console/console_messages.h"
 #include "report/columns/registry.h"
+#include "report/describe_table.h"
 #include "report/error_text.h"
 #include "report/formats.h"
 #include "report/list_words.h"
@@ -159,7 +160,9 @@ class CountProgram {
     if (!MakeRequest(request)) return kExitRefused;
     if (env_.Yielder.Stopped()) return kExitInterrupted;
     ReportOptions report = settings_.Report;
-    if (!SourceIsThere(request.OutputPath) || !OutputMayBeWritten(request.OutputPath)) return kExitRefused;
+    if (!SourceIsThere(request.OutputPath) || !MayBeWritten(request.OutputPath, "output file"))
+      return kExitRefused;
+    if (const int status = PlaceDescription(request.OutputPath); status != kExitReport) return status;
     if (!AskBeforeCounting(request, report, env_.Files, messages_)) return kExitRefused;
     if (ShowsProgress()) env_.Yielder.OnTurn([this] { view_.ShowProgress(); });
     AboutFile messages = AboutTheSource();
@@ -280,27 +283,48 @@ class CountProgram {
     return false;
   }
 
-  bool OutputMayBeWritten(const std::string& output) {
+  /// Settles where a description goes that is asked for.
+  int PlaceDescription(const std::string& output) {
+    const char* const option = options_.DescribingOption();
+    if (option == nullptr) return kExitReport;
+    if (FormOf(options_, output) == nullptr) {
+      env_.Err << kName << ": " << option << ": the output file of settings is no table\n";
+      return kExitUsage;
+    }
+    description_ = options_.Describe ? DescriptionPath(PathFromText(output), env_.Files)
+                                     : PathFromText(options_.DescribeTo);
+    const std::string text = PathToText(description_);
+    if (!output.empty() && PathsMeetInOneFile(env_.Files, output, text)) {
+      messages_.Show({.Text = "The description cannot be the same as " + output + ".",
+                      .Title = "Error",
+                      .Icon = Icon::Exclamation});
+      return kExitRefused;
+    }
+    return SourceIsThere(text) && MayBeWritten(text, "description") ? kExitReport : kExitRefused;
+  }
+
+  /// `what` names the file in messages.
+  bool MayBeWritten(const std::string& output, const std::string& what) {
     if (output.empty()) return true;
     const std::filesystem::path path = PathFromText(output);
     std::vector<std::string> inputs = {options_.SettingsFile, options_.IgnoreFile, options_.CountOnlyFile};
     if (const std::string* list = settings_.WordsFile()) inputs.push_back(*list);
     for (const std::string& file : inputs) {
       if (file.empty() || !PathsMeetInOneFile(env_.Files, file, output)) continue;
-      messages_.Show({.Text = "The output file cannot be the same as " + file + ".",
+      messages_.Show({.Text = "The " + what + " cannot be the same as " + file + ".",
                       .Title = "Error",
                       .Icon = Icon::Exclamation});
       return false;
     }
     if (!path.has_filename() || env_.Files.FolderExists(path)) {
-      messages_.Show({.Text = "The output file " + output + " is a folder.",
+      messages_.Show({.Text = "The " + what + " " + output + " is a folder.",
                       .Title = "Error",
                       .Icon = Icon::Exclamation});
       return false;
     }
     // A device or a pipe has no size, and nothing in it that could be lost.
     if (!options_.Force && env_.Files.FileExists(path) && env_.Files.FileSize(path)) {
-      messages_.Show({.Text = "The output file " + output + " exists.  --force replaces it.",
+      messages_.Show({.Text = "The " + what + " " + output + " exists.  --force replaces it.",
                       .Title = "The output file exists.",
                       .Icon = Icon::Exclamation});
       return false;
@@ -342,7 +366,8 @@ class CountProgram {
                                                     {.Files = env_.Files,
                                                      .Dialogs = messages,
                                                      .Encoding = env_.Encoding,
-                                                     .Table = Table(run_.OutputPath)},
+                                                     .Table = Table(run_.OutputPath),
+                                                     .DescribeTo = description_},
                                                     env_.Yielder);
       empty_ = result.List.Phrases == 0;
       TellPhraseShare(result.List);
@@ -350,16 +375,26 @@ class CountProgram {
         Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
         return kExitInterrupted;
       }
-      return result.Written ? kExitReport : kExitRefused;
+      return result.Written && result.Described != description_.empty() ? kExitReport : kExitRefused;
     }
-    StreamReportSink sink(env_.Out);
+    return WriteToStandardOutput(report);
+  }
+
+  int WriteToStandardOutput(const Report& report) {
+    const TableOutput table = Table({});
+    StreamReportSink sink(env_.Out, table.Form != nullptr);
     const bool tabs = options_.LineLayout == Layout::Tabs;
-    const ListResult result = ListWords(
-        report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = Table({})}, sink,
-        env_.Yielder);
+    std::optional<DigestSink> digest;
+    if (!description_.empty()) digest.emplace(sink);
+    const ListResult result =
+        ListWords(report, {.LineLayout = options_.LineLayout, .File = tabs, .LineEnd = "\n", .Table = table},
+                  digest ? static_cast<ReportSink&>(*digest) : sink, env_.Yielder);
     empty_ = result.Phrases == 0;
     TellPhraseShare(result);
     if (!sink.Finish()) return CannotWrite();
+    if (digest &&
+        !WriteDescription({table, run_.Facts, result, *digest, {}}, description_, env_.Files, messages_))
+      return kExitRefused;
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;
     Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +
          (result.Phrases == 1 ? " phrase." : " phrases."));
@@ -395,7 +430,8 @@ class CountProgram {
   EncodingChooser encodings_;
   CountedRun run_;
   RunProgress progress_;
-  bool empty_ = false;  ///< Nothing was listed.
+  std::filesystem::path description_;  ///< The file for it; empty where none is asked for.
+  bool empty_ = false;                 ///< Nothing was listed.
   CountView view_;
 };
 

@@ -181,6 +181,16 @@ std::vector<OptionRow> OwnChoice() {
            })};
 }
 
+/// Of a table, for other programs.
+std::vector<OptionRow> OwnDescription() {
+  const OptionGroup group = OptionGroup::Output;
+  OptionRow describe = Flag("--describe", &CountOptions::Describe, group,
+                            "Describe the table in datapackage.json beside FILE: columns, settings, source");
+  describe.Excludes = {"--describe-to"};
+  return {File("--describe-to", &CountOptions::DescribeTo, group, "Describe the table in another file"),
+          std::move(describe)};
+}
+
 std::vector<OptionRow> OwnOutput() {
   const OptionGroup group = OptionGroup::Output;
   std::vector<std::pair<std::string, std::optional<const TableForm*>>> forms = {{"text", nullptr}};
@@ -224,8 +234,8 @@ std::vector<OptionRow> OptionRows() {
   std::vector<OptionRow> options = SettingOptions();
   InsertAfter(options, "--ignore-mode", OwnWordFiles());
   InsertAfter(options, "--max-words", OwnLengths());
-  for (std::vector<OptionRow> own :
-       {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnChoice(), OwnContexts(), OwnOutput()})
+  for (std::vector<OptionRow> own : {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnChoice(),
+                                     OwnContexts(), OwnOutput(), OwnDescription()})
     options.insert(options.end(), std::move_iterator(own.begin()), std::move_iterator(own.end()));
   std::ranges::stable_sort(options, {}, &OptionRow::Group);
   return options;

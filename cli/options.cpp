@@ -12,6 +12,7 @@
 #include "cli/option_rows.h"
 #include "cli/option_values.h"
 #include "cli/shell_command.h"
+#include "cli/table_output.h"
 #include "engine/analysis/phrase_query.h"
 
 namespace korv {
@@ -92,6 +93,7 @@ class Parser {
     if (options_.ContextOf) CheckContexts();
     if (const TableForm* const form = Form()) CheckForm(*form);
     if (options_.ForSpreadsheets) CheckSpreadsheets();
+    if (const char* option = options_.DescribingOption(); option != nullptr) CheckDescription(option);
     if (const char* option = options_.TableOption(); option != nullptr && AsksForText())
       throw CLI::ValidationError(option, "makes a table, which --output-format text cannot be");
   }
@@ -105,6 +107,16 @@ class Parser {
       if (option != nullptr) throw CLI::ValidationError("--context-of", std::string("excludes ") + option);
     if (options_.ForSpreadsheets) throw CLI::ValidationError("--context-of", "excludes --csv-for");
     if (options_.ListFiles) throw CLI::ValidationError("--context-of", "excludes --list-files");
+  }
+
+  void CheckDescription(const char* option) const {
+    if (options_.ContextOf) throw CLI::ValidationError("--context-of", std::string("excludes ") + option);
+    if (options_.ListFiles) throw CLI::ValidationError("--list-files", std::string("excludes ") + option);
+    if (options_.Describe && options_.Output.empty())
+      throw CLI::ValidationError(option, "needs --output; else --describe-to FILE");
+    if (options_.DescribeTo == "-") throw CLI::ValidationError(option, "- is no file");
+    if (FormOf(options_, options_.Output) == nullptr)
+      throw CLI::ValidationError(option, "describes a table, which the report as text is not");
   }
 
   /// The form of tables that is asked for, by its name or by that of the output file; null for none.
@@ -180,6 +192,11 @@ const char* CountOptions::ChoosingOption() const {
     if (limit.Of->Id == "per_million") return "--min-per-million";
   }
   return nullptr;
+}
+
+const char* CountOptions::DescribingOption() const {
+  if (Describe) return "--describe";
+  return DescribeTo.empty() ? nullptr : "--describe-to";
 }
 
 std::variant<CountOptions, int> ParseCountOptions(const std::vector<std::string>& arguments,

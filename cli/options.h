@@ -66,6 +66,8 @@ struct CountOptions {
   std::vector<const Column*> Columns;  ///< Of a table instead of the report; empty for the usual ones.
   RowChoice Rows;                      ///< Which phrases are listed, and in which order.
   PartChoice Parts;                    ///< Over which tables tell how evenly phrases are spread.
+  bool Describe = false;               ///< The table, in a file beside the output file.
+  std::string DescribeTo;              ///< In this file.
   bool KeepRedundant = false;
   bool FailIfEmpty = false;
   bool Force = false;
@@ -75,6 +77,8 @@ struct CountOptions {
   bool Progress = false;
   bool Stages = false;
 
+  /// The option that asks for a description; null for none.
+  const char* DescribingOption() const;
   bool FromStandardInput() const { return Path == "-"; }
   /// Whether an option asks for what only a table can show.
   bool AsksForTable() const { return TableOption() != nullptr; }

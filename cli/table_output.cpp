@@ -6,8 +6,6 @@
 
 namespace korv {
 
-namespace {
-
 const TableForm* FormOf(const CountOptions& options, const std::string& outputPath) {
   if (options.Output.empty() && !outputPath.empty()) return nullptr;
   if (options.ForSpreadsheets) return &SpreadsheetCsv();
@@ -15,6 +13,8 @@ const TableForm* FormOf(const CountOptions& options, const std::string& outputPa
   const TableForm* const form = TableFormOfFile(PathFromText(outputPath));
   return form == nullptr && options.AsksForTable() ? &TableFormOf("tsv") : form;
 }
+
+namespace {
 
 std::string SourcePath(const Settings& settings) {
   switch (settings.SourceKind) {

@@ -8,6 +8,10 @@
 
 namespace korv {
 
+/// The form of the table that the options ask for in a file `outputPath` or, where that is empty, on standard
+/// output; null for the report as text.
+const TableForm* FormOf(const CountOptions& options, const std::string& outputPath);
+
 /// The table that the options ask for in a file `outputPath` or, where that is empty, on standard output. Its
 /// Form is null for the report as text, which the output file of settings always is.
 TableOutput TableOutputOf(const CountOptions& options, const Settings& settings,

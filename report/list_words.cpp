@@ -157,7 +157,8 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
 
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder) {
   if (const TableOutput& table = form.Table; table.Form != nullptr)
-    return WriteList(report, ColumnsOf(table), {}, *table.Form->Make(sink, table.About, form.Files), yielder);
+    return WriteList(report, ColumnsOf(table), MeasureList(report.Table, yielder),
+                     *table.Form->Make(sink, table.About, form.Files), yielder);
   if (!AnythingListed(report.Table))
     return {.Outcome =
                 sink.Write(EmptyReportText(report, form)) ? ListOutcome::Listed : ListOutcome::SinkFull};

@@ -41,7 +41,7 @@ struct ListResult {
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder);
 
 /// Hands the cells of the phrases of a report to a writer: a row per phrase that passes the filter, in the
-/// report's order, with a cell per column. `extent` is the result of MeasureList(); tables need none.
+/// report's order, with a cell per column. `extent` is the result of MeasureList().
 ListResult WriteList(const Report& report, std::span<const Column* const> columns, const ListExtent& extent,
                      ListWriter& writer, Yielder& yielder);
 

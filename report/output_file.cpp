@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/line_ends.h"
+#include "report/describe_table.h"
 #include "report/error_text.h"
 #include "report/listing_errors.h"
 #include "report/summary.h"
@@ -30,6 +31,17 @@ void ShowFileError(const FileError& error, const FileListingServices& services) 
                ListingAdvice(services.Texts),
        .Title = "Error",
        .Icon = Icon::Critical});
+}
+
+/// What the text box, which has room for what was not counted, tells of a file.
+void TellInBox(const Report& report, const std::filesystem::path& path, const FileListResult& result,
+               TextOutput& box) {
+  const bool stopped = result.List.Outcome == ListOutcome::Stopped;
+  if (result.Written && !stopped)
+    box.OutputToTxb(WrittenText(result.List.Phrases, PathToText(path), report.Numbers) + "\r\n");
+  box.OutputToTxb(WithLineEnds(SkippedFilesText(report.Facts) + NoticesText(report.Facts), kCrLf));
+  if (stopped)
+    box.OutputToTxb("\r\nOutput to file was terminated.\r\n" + StoppedFileText(result, report.Numbers));
 }
 
 }  // namespace
@@ -64,10 +76,12 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
     return result;
   }
   FileReportSink sink(**file, services.Table.Form ? nullptr : services.Encoding, services.Progress);
+  std::optional<DigestSink> digest;
+  if (!services.DescribeTo.empty()) digest.emplace(sink);
   try {
     result.List = ListWords(
         report, {.LineLayout = Layout::Tabs, .File = true, .Table = services.Table, .Files = &services.Files},
-        sink, yielder);
+        digest ? static_cast<ReportSink&>(*digest) : sink, yielder);
   } catch (const std::exception&) {
     ShowListingError(report.Options, services.Dialogs, services.Texts);
     return result;
@@ -81,16 +95,10 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   result.Written = keep && !error;
   result.Bytes = sink.Bytes();
   if (error) ShowFileError(*error, services);
-  if (services.Box) {
-    if (result.Written && !stopped)
-      services.Box->OutputToTxb(WrittenText(result.List.Phrases, PathToText(path), report.Numbers) + "\r\n");
-    // The file has no room for what was not counted; the box has.
-    services.Box->OutputToTxb(
-        WithLineEnds(SkippedFilesText(report.Facts) + NoticesText(report.Facts), kCrLf));
-    if (stopped)
-      services.Box->OutputToTxb("\r\nOutput to file was terminated.\r\n" +
-                                StoppedFileText(result, report.Numbers));
-  }
+  if (digest && result.Written)
+    result.Described = WriteDescription({services.Table, report.Facts, result.List, *digest, path},
+                                        services.DescribeTo, services.Files, services.Dialogs);
+  if (services.Box) TellInBox(report, path, result, *services.Box);
   return result;
 }
 

@@ -47,14 +47,17 @@ struct FileListingServices {
   TextOutput* Box = nullptr;
   CodePage* Encoding = nullptr;
   TableOutput Table = {};  ///< Tables are UTF-8 whatever `Encoding` is.
+  /// The file that gets a description of the table (DescriptionPath()); empty for none.
+  std::filesystem::path DescribeTo = {};
   /// Told now and then how many phrases have been written so far; may be empty.
   std::function<void(uint32_t)> Progress = {};
 };
 
 struct FileListResult {
   ListResult List;
-  bool Written = false;  ///< The file holds the report; after a stop, its lines up to there.
-  uint64_t Bytes = 0;    ///< What was written; the length of the file where Written.
+  bool Written = false;    ///< The file holds the report; after a stop, its lines up to there.
+  bool Described = false;  ///< A description was asked for, and is there.
+  uint64_t Bytes = 0;      ///< What was written; the length of the file where Written.
 };
 
 /// "3,999 phrases were written to out.txt."

@@ -10,7 +10,7 @@ bool StreamReportSink::Write(std::string_view piece) {
 }
 
 bool StreamReportSink::Finish() {
-  if (!lineEnded_) Write("\n");
+  if (!lineEnded_ && !isTable_) Write("\n");
   stream_.flush();
   return stream_.good();
 }

@@ -4,18 +4,6 @@ namespace korv {
 
 namespace {
 
-const char* NameOf(ColumnType type) {
-  switch (type) {
-    case ColumnType::Integer:
-      return "integer";
-    case ColumnType::Real:
-      return "number";
-    case ColumnType::Text:
-      break;
-  }
-  return "string";
-}
-
 void AddSkipped(const RunSummary& facts, JsonBuilder& json) {
   json.Key("skipped").BeginArray();
   for (const SkippedFile& file : facts.SkippedFiles)
@@ -33,12 +21,24 @@ void AddTextOrNull(std::string_view name, std::string_view text, JsonBuilder& js
 
 }  // namespace
 
-void AddOrigin(const ColumnSource& source, const TableDescription& about, JsonBuilder& json) {
-  const RunSummary& facts = source.Facts;
-  json.Key("korv").BeginObject().Key("version").Value(about.Version).Key("created").Value(about.Created);
-  AddTextOrNull("command", about.Command, json);
-  json.End();
+std::string_view JsonTypeName(ColumnType type) {
+  switch (type) {
+    case ColumnType::Integer:
+      return "integer";
+    case ColumnType::Real:
+      return "number";
+    case ColumnType::Text:
+      break;
+  }
+  return "string";
+}
 
+void AddProgram(const TableDescription& about, JsonBuilder& json) {
+  json.Key("version").Value(about.Version).Key("created").Value(about.Created);
+  AddTextOrNull("command", about.Command, json);
+}
+
+void AddSource(const RunSummary& facts, const TableDescription& about, JsonBuilder& json) {
   json.Key("source").BeginObject().Key("paths").BeginArray();
   for (const std::string& path : about.Paths) json.Value(path);
   json.End();
@@ -46,7 +46,9 @@ void AddOrigin(const ColumnSource& source, const TableDescription& about, JsonBu
   json.Key("words").Value(facts.Words.Read()).Key("words_taken").Value(facts.Words.Taken);
   AddSkipped(facts, json);
   json.End();
+}
 
+void AddSettings(const TableDescription& about, JsonBuilder& json) {
   json.Key("settings").BeginObject();
   for (const auto& [name, value] : about.Settings) {
     json.Key(name);
@@ -58,7 +60,7 @@ void AddOrigin(const ColumnSource& source, const TableDescription& about, JsonBu
 void AddColumns(std::span<const Column* const> columns, JsonBuilder& json) {
   json.Key("columns").BeginArray();
   for (const Column* column : columns) {
-    json.BeginObject().Key("name").Value(column->Id).Key("type").Value(NameOf(column->Type));
+    json.BeginObject().Key("name").Value(column->Id).Key("type").Value(JsonTypeName(column->Type));
     AddTextOrNull("unit", column->Unit, json);
     json.Key("title").Value(column->Heading).Key("description").Value(column->Definition);
     AddTextOrNull("formula", column->Formula, json);

@@ -33,7 +33,11 @@ void JsonRows::AppendValue(const Cell& cell, Pieces& pieces) {
 void JsonWriter::Begin(std::span<const Column* const> columns, const ColumnSource& source) {
   JsonBuilder json;
   json.BeginObject();
-  AddOrigin(source, about_, json);
+  json.Key("korv").BeginObject();
+  AddProgram(about_, json);
+  json.End();
+  AddSource(source.Facts, about_, json);
+  AddSettings(about_, json);
   AddColumns(columns, json);
   json.Key("phrases").BeginArray();
   pieces_.Append(json.Text());

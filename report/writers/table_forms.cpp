@@ -46,25 +46,92 @@ constexpr auto kMakeDatabase = MakeInFile<SqliteWriter>;
 constexpr auto kMakeDatabase = nullptr;
 #endif
 
+TableDialect DialectOfTsv(const TableDescription&) {
+  return {.Delimiter = "\t", .LineEnd = "\n"};
+}
+
+TableDialect DialectOfCsv(const TableDescription&) {
+  return {.Delimiter = ",", .LineEnd = "\r\n", .Quotes = true};
+}
+
+bool HasDecimalComma(const TableDescription& about) {
+  return about.Numbers.DecimalPoint == ",";
+}
+
+TableDialect DialectOfSpreadsheetCsv(const TableDescription& about) {
+  TableDialect dialect = DialectOfCsv(about);
+  if (!HasDecimalComma(about)) return dialect;
+  dialect.Delimiter = ";";
+  dialect.DecimalPoint = ",";
+  return dialect;
+}
+
 std::unique_ptr<ListWriter> MakeSpreadsheetCsv(ReportSink& sink, const TableDescription& about, FileSystem*) {
-  const bool comma = about.Numbers.DecimalPoint == ",";
+  const bool comma = HasDecimalComma(about);
   return std::make_unique<CsvWriter>(
       sink,
       CsvStyle{.Separator = comma ? ';' : ',', .DecimalPoint = comma ? ',' : '.', .ForSpreadsheets = true});
 }
 
 constexpr TableForm kTableForms[] = {
-    {"tsv", "tsv", {}, "Tab-separated values", Make<TsvWriter>},
-    {"csv", "csv", {}, "Comma-separated values", Make<CsvWriter>},
-    {"json", "json", {}, "JSON", MakeDescribed<JsonWriter>},
-    {"ndjson", "ndjson", "jsonl", "JSON lines", Make<NdjsonWriter>},
-    {"xlsx", "xlsx", {}, "Excel workbook", kMakeWorkbook, true},
-    {"html", "html", {}, "Web page", MakeDescribed<HtmlWriter>},
-    {"md", "md", {}, "Markdown", MakeDescribed<MarkdownWriter>},
-    {"sqlite", "sqlite", {}, "SQLite database", kMakeDatabase, true},
+    {.Name = "tsv",
+     .Extension = "tsv",
+     .Title = "Tab-separated values",
+     .Make = Make<TsvWriter>,
+     .MediaType = "text/tab-separated-values",
+     .Tabular = true,
+     .Dialect = DialectOfTsv},
+    {.Name = "csv",
+     .Extension = "csv",
+     .Title = "Comma-separated values",
+     .Make = Make<CsvWriter>,
+     .MediaType = "text/csv",
+     .Tabular = true,
+     .Dialect = DialectOfCsv},
+    {.Name = "json",
+     .Extension = "json",
+     .Title = "JSON",
+     .Make = MakeDescribed<JsonWriter>,
+     .MediaType = "application/json"},
+    {.Name = "ndjson",
+     .Extension = "ndjson",
+     .OtherExtension = "jsonl",
+     .Title = "JSON lines",
+     .Make = Make<NdjsonWriter>,
+     .MediaType = "application/x-ndjson",
+     .Tabular = true},
+    {.Name = "xlsx",
+     .Extension = "xlsx",
+     .Title = "Excel workbook",
+     .Make = kMakeWorkbook,
+     .Binary = true,
+     .MediaType = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet",
+     .Tabular = true},
+    {.Name = "html",
+     .Extension = "html",
+     .Title = "Web page",
+     .Make = MakeDescribed<HtmlWriter>,
+     .MediaType = "text/html"},
+    {.Name = "md",
+     .Extension = "md",
+     .Title = "Markdown",
+     .Make = MakeDescribed<MarkdownWriter>,
+     .MediaType = "text/markdown"},
+    {.Name = "sqlite",
+     .Extension = "sqlite",
+     .Title = "SQLite database",
+     .Make = kMakeDatabase,
+     .Binary = true,
+     .MediaType = "application/vnd.sqlite3"},
 };
 
-constexpr TableForm kSpreadsheetCsv = {"csv", "csv", {}, "CSV for spreadsheets", MakeSpreadsheetCsv};
+constexpr TableForm kSpreadsheetCsv = {.Name = "csv",
+                                       .Extension = "csv",
+                                       .Title = "CSV for spreadsheets",
+                                       .Make = MakeSpreadsheetCsv,
+                                       .MediaType = "text/csv",
+                                       .Tabular = true,
+                                       .Dialect = DialectOfSpreadsheetCsv};
 
 }  // namespace
 

@@ -11,6 +11,14 @@
 
 namespace korv {
 
+/// What a reader must know of a form with a line for each row.
+struct TableDialect {
+  std::string_view Delimiter;
+  std::string_view LineEnd;
+  bool Quotes = false;  ///< Around cells that need them; quotes in these are doubled.
+  std::string_view DecimalPoint = ".";
+};
+
 /// A form of tables for other programs: a row per phrase with the columns that are asked for.
 struct TableForm {
   std::string_view Name;  ///< "csv"
@@ -23,6 +31,12 @@ struct TableForm {
   std::unique_ptr<ListWriter> (*Make)(ReportSink& sink, const TableDescription& about,
                                       FileSystem* files) = nullptr;
   bool Binary = false;  ///< No text, and thus for files alone.
+
+  // For descriptions of tables.
+  std::string_view MediaType = {};
+  /// Readers of tables find a heading and a row per phrase in it, and nothing that is in their way.
+  bool Tabular = false;
+  TableDialect (*Dialect)(const TableDescription& about) = nullptr;  ///< Null where it needs no telling.
 };
 
 /// All of them, also those that this program was built without. A new one is a file of this folder with a row

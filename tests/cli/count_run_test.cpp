@@ -216,6 +216,8 @@ TEST_F(CountProgramTest, AnEmptyListIsAFailureWhereThatIsWished) {
                         {{"--min-frequency", "20"}, kExitEmpty},
                         {{"--match", "dog"}, kExitEmpty},
                         {{"--match", "cat"}, kExitReport},
+                        {{"--columns", "phrase"}, kExitReport},
+                        {{"--columns", "phrase", "--min-frequency", "20"}, kExitEmpty},
                         {{"--columns", "phrase", "--match", "dog"}, kExitEmpty},
                         {{"--context-of", "big cat"}, kExitReport},
                         {{"--context-of", "big dog"}, kExitEmpty}};

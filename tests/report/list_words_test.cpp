@@ -314,6 +314,16 @@ TEST(StreamSink, AlwaysEndsWithALineEnd) {
   }
 }
 
+TEST(StreamSink, LeavesTheEndOfATableAsItIs) {
+  for (const char* text : {"", "a", "a\n"}) {
+    std::ostringstream stream;
+    StreamReportSink sink(stream, true);
+    EXPECT_TRUE(sink.Write(text));
+    EXPECT_TRUE(sink.Finish());
+    EXPECT_EQ(stream.str(), text);
+  }
+}
+
 TEST(StreamSink, TellsThatTheStreamFailed) {
   std::ostringstream stream;
   stream.setstate(std::ios::badbit);
