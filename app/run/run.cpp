@@ -8,6 +8,7 @@
 #include "app/run/questions.h"
 #include "app/run/run_start.h"
 #include "app/run/source_reader.h"
+#include "app/run/stage_yielder.h"
 #include "engine/corpus/corpus_builder.h"
 #include "report/error_text.h"
 #include "sources/detect/source_checks.h"
@@ -95,31 +96,30 @@ class Run {
   }
 
   bool Finish() {
-    if (!GoesOn()) return false;
-    if (!Stage(RunStage::Counting, "", [&] { return CountPhrases(run_.Table, services_.Yielder); }))
+    if (!Stage(RunStage::Counting, "", [&](Yielder& yielder) { return CountPhrases(run_.Table, yielder); }))
       return false;
     run_.Facts.LongPhrases = run_.Table.LongPhrases();
     const bool longSort = run_.Table.PhraseCount() > kNoticedSort;
-    if (run_.Table.PhraseCount() >= 2 && !Stage(RunStage::Sorting, longSort ? "Now sorting ..." : "",
-                                                [&] { return SortPhrases(run_.Table, services_.Yielder); }))
+    if (run_.Table.PhraseCount() >= 2 &&
+        !Stage(RunStage::Sorting, longSort ? "Now sorting ..." : "",
+               [&](Yielder& yielder) { return SortPhrases(run_.Table, yielder); }))
       return false;
     ListByFrequency(run_.Table, request_.Options.MinFrequency);
     return (request_.Options.KeepRedundant ||
             Stage(RunStage::Exclusion, "Excluding redundant subphrases . . . ",
-                  [&] { return ExcludeRedundantSubphrases(run_.Table, services_.Yielder); })) &&
+                  [&](Yielder& yielder) { return ExcludeRedundantSubphrases(run_.Table, yielder); })) &&
            Stage(RunStage::Chain, "Now setting up frequency chain . . .",
-                 [&] { return SetUpFrequencyChain(run_.Table, run_.Chain, services_.Yielder); });
+                 [&](Yielder& yielder) { return SetUpFrequencyChain(run_.Table, run_.Chain, yielder); });
   }
 
-  /// Runs a stage that returns false when it was stopped, again if need be. False: give up.
+  /// Runs a stage that returns false when it was stopped. False: what was found is not wanted.
   template <typename Work>
   bool Stage(RunStage stage, const char* status, Work work) {
     services_.Progress.Stage = stage;
     if (*status) services_.View.Status(status);
     const StageTimer timer(services_.Clock, run_.Times, stage);
-    while (!work())
-      if (!GoesOn()) return false;
-    return true;
+    StageYielder yielder(services_.Yielder, [this] { return GoesOn(); });
+    return GoesOn() && work(yielder) && !yielder.Stopped();
   }
 
   /// After a stop: whether what was found is wanted. The rest of the run is then done as if nothing had been.
