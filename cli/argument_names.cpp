@@ -30,31 +30,14 @@ bool IsName(std::string_view argument) {
   return argument.size() > 1 && argument[0] == '-' && !std::isdigit(static_cast<unsigned char>(argument[1]));
 }
 
-/// Patterns that the shell has already replaced look like this too.
-std::string TooManyPaths(std::span<const std::string> paths) {
-  constexpr size_t kShown = 3;
-  std::string text = "only one file or folder can be counted, not";
-  for (size_t k = 0; k < std::min(kShown, paths.size()); ++k) text += " " + paths[k];
-  return text + (paths.size() > kShown ? " ..." : "") +
-         "\nA folder is counted whole, or in part with --patterns \"*.txt\".";
-}
-
 }  // namespace
 
 std::string FaultInNames(std::span<const std::string> arguments, std::span<const OptionName> options) {
   std::set<std::string> given;
-  std::vector<std::string> paths;
-  bool onlyPaths = false;
   for (size_t i = 0; i < arguments.size(); ++i) {
     const std::string_view argument = arguments[i];
-    if (!onlyPaths && argument == "--") {
-      onlyPaths = true;
-      continue;
-    }
-    if (onlyPaths || !IsName(argument)) {
-      paths.emplace_back(argument);
-      continue;
-    }
+    if (argument == "--") break;
+    if (!IsName(argument)) continue;
     const bool isLong = argument.starts_with("--");
     const std::string_view shown = isLong ? argument.substr(0, argument.find('=')) : argument.substr(0, 2);
     const auto option = std::ranges::find_if(options, [&](const OptionName& known) {
@@ -70,7 +53,7 @@ std::string FaultInNames(std::span<const std::string> arguments, std::span<const
     if (holdsValue) continue;
     if (++i == arguments.size()) return "--" + option->Long + " needs a value: " + option->Value;
   }
-  return paths.size() > 1 ? TooManyPaths(paths) : std::string();
+  return {};
 }
 
 }  // namespace korv

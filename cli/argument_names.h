@@ -14,8 +14,8 @@ struct OptionName {
 };
 
 /// What is wrong with the names on a command line: one that is no option, with the one that was probably
-/// meant, an option with a value that is given twice or without it, a value where none belongs, or more than
-/// one path. Empty when nothing is.
+/// meant, an option with a value that is given twice or without it, or a value where none belongs. Empty when
+/// nothing is.
 std::string FaultInNames(std::span<const std::string> arguments, std::span<const OptionName> options);
 
 }  // namespace korv

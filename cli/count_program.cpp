@@ -1,5 +1,6 @@
 #include "cli/count_program.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 #include <optional>
@@ -13,6 +14,7 @@
 #include "cli/answers.h"
 #include "cli/context_table.h"
 #include "cli/count_view.h"
+#include "cli/named_sources.h"
 #include "cli/options.h"
 #include "cli/run_line.h"
 #include "cli/settings_files.h"
@@ -30,6 +32,7 @@
 #include "sources/detect/source_checks.h"
 #include "sources/folders/folder_walk.h"
 #include "sources/places/phrase_cut.h"
+#include "sources/read/read_plan.h"
 #include "wordlists/load_word_filters.h"
 
 namespace korv {
@@ -62,11 +65,7 @@ class CountProgram {
     SettingsFiles files(options_, env_, messages_);
     if (!files.Load(settings_)) return kExitRefused;
     ApplyOptions(options_, settings_);
-    PlacePath();
-    if (options_.ListFiles && settings_.SourceKind == TextSource::Clipboard) {
-      env_.Err << kName << ": standard input has no files to list\n";
-      return kExitUsage;
-    }
+    if (const int status = PlaceSource(); status != kExitReport) return status;
     if (!AddWordsFile()) return kExitRefused;
     const int format = settings_.Report.DisplayFormat;
     if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat(format);
@@ -76,8 +75,31 @@ class CountProgram {
 
   // ---- Settings
 
-  void PlacePath() {
-    const std::string path = TrimmedPath(options_.Path);
+  int PlaceSource() {
+    auto named = NamedSourcesOf(options_, env_, messages_);
+    if (!named) return named.Error();
+    if (named->Together) {
+      if (!options_.SaveSettingsFile.empty())
+        return WrongUsage("--save-settings holds one file or folder, not several");
+      settings_.SourceKind = TextSource::Folder;
+      settings_.Folder.clear();
+      together_ = std::move(named->Paths);
+    } else if (!named->Paths.empty()) {
+      PlacePath(named->Paths.front().Path);
+    }
+    return options_.ListFiles && ReadsStandardInput() ? WrongUsage("standard input has no files to list")
+                                                      : kExitReport;
+  }
+
+  bool ReadsStandardInput() const {
+    return settings_.SourceKind == TextSource::Clipboard ||
+           std::any_of(together_.begin(), together_.end(), [](const SourcePath& source) {
+             return source.What == SourcePath::Kind::StandardInput;
+           });
+  }
+
+  void PlacePath(const std::string& typed) {
+    const std::string path = TrimmedPath(typed);
     if (path.empty()) return;
     if (options_.FromStandardInput()) {
       settings_.SourceKind = TextSource::Clipboard;
@@ -88,6 +110,11 @@ class CountProgram {
       settings_.SourceKind = TextSource::SingleFile;
       settings_.InputFile = path;
     }
+  }
+
+  int WrongUsage(const char* text) {
+    env_.Err << kName << ": " << text << '\n';
+    return kExitUsage;
   }
 
   /// The file of words to ignore that the options name becomes the selected one of the list.
@@ -124,6 +151,7 @@ class CountProgram {
   // ---- Listing files
 
   int ListTheFiles() {
+    if (!together_.empty()) return ListFilesTogether();
     if (settings_.SourceKind == TextSource::SingleFile) {
       const std::string path = TrimmedPath(settings_.InputFile);
       AboutFile messages = AboutTheSource();
@@ -139,18 +167,46 @@ class CountProgram {
         !ValidateFolder(env_.Files, messages, folder, "", settings_.IncludeSubfolders, true))
       return kExitRefused;
     FolderWalk walk(env_.Files, env_.Yielder, SelectionOf(settings_), settings_.IncludeSubfolders);
+    const FolderTotals totals =
+        ListFiles(walk, PathFromText(folder), ListingEvents(),
+                  [&](const std::string& line) { env_.Out << WithPlainLineEnds(line); });
+    return EndListing(totals.Stopped);
+  }
+
+  FolderEvents ListingEvents() {
     FolderEvents events;
-    events.Unreadable = [&](const std::filesystem::path& path, const FileError& error) {
+    events.Unreadable = [this](const std::filesystem::path& path, const FileError& error) {
       view_.Notice(UnreadableFolderText(path, error));
     };
-    const FolderTotals totals = ListFiles(walk, PathFromText(folder), events, [&](const std::string& line) {
-      env_.Out << WithPlainLineEnds(line);
-    });
+    return events;
+  }
+
+  int EndListing(bool stopped) {
     env_.Out << std::flush;
     if (!env_.Out) return CannotWrite();
-    if (!totals.Stopped) return kExitReport;
+    if (!stopped) return kExitReport;
     Tell("Stopped: these are not all files.");
     return kExitInterrupted;
+  }
+
+  /// Their paths in full: they have no folder in common.
+  int ListFilesTogether() {
+    if (!ValidatePatterns(SelectionOf(settings_), messages_)) return kExitRefused;
+    FolderWalk walk(env_.Files, env_.Yielder, SelectionOf(settings_), settings_.IncludeSubfolders);
+    ReadPlan plan;
+    const bool whole = plan.AddTogether(together_, env_.Files, walk, ListingEvents());
+    size_t there = 0;
+    for (size_t i = 0; i < plan.Documents(); ++i) {
+      const std::filesystem::path path = plan.Document(i).Path;
+      if (!env_.Files.FileExists(path)) {
+        view_.Notice("File " + PathToText(path) + " does not exist.");
+        continue;
+      }
+      ++there;
+      env_.Out << PathToText(path) << '\n';
+    }
+    const int status = EndListing(!whole);
+    return status == kExitReport && there == 0 ? kExitRefused : status;
   }
 
   // ---- Counting
@@ -198,6 +254,7 @@ class CountProgram {
   }
 
   AboutFile AboutTheSource() {
+    if (!together_.empty()) return {messages_, ""};
     switch (settings_.SourceKind) {
       case TextSource::SingleFile:
         return {messages_, TrimmedPath(settings_.InputFile)};
@@ -217,6 +274,7 @@ class CountProgram {
 
   bool MakeRequest(RunRequest& request) {
     request = RunRequestOf(settings_);
+    request.Paths = together_;
     const TableOutput table = Table(OutputPath());
     request.Options.KeepRedundant = options_.KeepRedundant;
     request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Rows.Columns()) ||
@@ -235,7 +293,7 @@ class CountProgram {
   std::string OutputPath() const {
     if (options_.ContextOf) return {};
     if (!options_.Output.empty() || options_.AsksForTable()) return options_.Output;
-    return options_.Path.empty() && !settings_.DisableOutputToFile ? settings_.OutputFile : std::string();
+    return !options_.NamesSource() && !settings_.DisableOutputToFile ? settings_.OutputFile : std::string();
   }
 
   bool GatherTheLists(RunRequest& request) {
@@ -259,6 +317,14 @@ class CountProgram {
   /// What is wrong with the source, or makes it one with the output file, is told before anything of that
   /// file.
   bool SourceIsThere(const std::string& output) {
+    if (!together_.empty()) {
+      AboutFile messages(messages_, output);
+      if (!ValidateOutputBeside(env_.Files, messages, together_, output, settings_.IncludeSubfolders))
+        return false;
+      if (!ReadsStandardInput() || !OutputIsStandardInput(output)) return true;
+      ShowInputFileError(messages, InputFileCode::SameAsOutput, output);
+      return false;
+    }
     if (settings_.SourceKind == TextSource::SingleFile) {
       const std::string path = TrimmedPath(settings_.InputFile);
       AboutFile messages = AboutTheSource();
@@ -269,8 +335,7 @@ class CountProgram {
     const bool meets =
         settings_.SourceKind == TextSource::Folder
             ? OutputIsInFolder(env_.Files, settings_.Folder, output, settings_.IncludeSubfolders)
-            : !output.empty() && !env_.InputPath.empty() && env_.Files.FileSize(PathFromText(output)) &&
-                  env_.Files.SameFile(env_.InputPath, PathFromText(output));
+            : OutputIsStandardInput(output);
     if (!meets) return true;
     if (settings_.SourceKind == TextSource::Folder) {
       // The run itself reports a folder that cannot be counted.
@@ -281,6 +346,11 @@ class CountProgram {
       ShowInputFileError(messages_, InputFileCode::SameAsOutput, output);
     }
     return false;
+  }
+
+  bool OutputIsStandardInput(const std::string& output) const {
+    return !output.empty() && !env_.InputPath.empty() && env_.Files.FileSize(PathFromText(output)) &&
+           env_.Files.SameFile(env_.InputPath, PathFromText(output));
   }
 
   /// Settles where a description goes that is asked for.
@@ -308,6 +378,7 @@ class CountProgram {
     if (output.empty()) return true;
     const std::filesystem::path path = PathFromText(output);
     std::vector<std::string> inputs = {options_.SettingsFile, options_.IgnoreFile, options_.CountOnlyFile};
+    if (options_.FilesFrom) inputs.push_back(options_.FilesFrom->Path);
     if (const std::string* list = settings_.WordsFile()) inputs.push_back(*list);
     for (const std::string& file : inputs) {
       if (file.empty() || !PathsMeetInOneFile(env_.Files, file, output)) continue;
@@ -334,7 +405,7 @@ class CountProgram {
   }
 
   TableOutput Table(const std::string& outputPath) const {
-    return TableOutputOf(options_, settings_, outputPath, env_.Clock);
+    return TableOutputOf(options_, settings_, together_, outputPath, env_.Clock);
   }
 
   int WriteContexts() {
@@ -425,6 +496,7 @@ class CountProgram {
   CountOptions options_;
   const CountEnvironment& env_;
   Settings settings_;
+  std::vector<SourcePath> together_;  ///< Several sources in place of that of the settings.
   ProgressLine line_;
   ConsoleMessages messages_;
   EncodingChooser encodings_;

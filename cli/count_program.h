@@ -24,6 +24,7 @@ struct CountEnvironment {
   std::filesystem::path ProgramFolder;  ///< With the program texts and the common-words files.
   CodePage* Encoding = nullptr;         ///< Of output files; null for UTF-8.
   std::filesystem::path InputPath{};  ///< A name under which standard input can be compared; empty for none.
+  bool ExpandsPatterns = false;       ///< No shell has put names in place of "*" and "?" in the arguments.
 };
 
 /// The whole program after its system has been set up: the exit status.

@@ -13,8 +13,8 @@ constexpr size_t kTextColumn = 28;
 
 constexpr std::string_view kUsage =
     "Usage:\n"
-    "  korv-count [OPTIONS] PATH      a file, or a folder of files\n"
-    "  korv-count [OPTIONS] -         text from standard input\n"
+    "  korv-count [OPTIONS] PATH...   a file, a folder of files, or several together\n"
+    "  korv-count [OPTIONS] -         text from standard input, also among files\n"
     "  korv-count --settings FILE [OPTIONS]\n"
     "                                 the source that the settings name\n";
 

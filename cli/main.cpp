@@ -25,5 +25,6 @@ int main(int argc, char** argv) {
                     .ErrIsTerminal = StandardErrorIsTerminal(),
                     .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0])),
                     .Encoding = encoding.get(),
-                    .InputPath = StandardInputPath()});
+                    .InputPath = StandardInputPath(),
+                    .ExpandsPatterns = !ShellExpandsPatterns()});
 }

@@ -112,11 +112,29 @@ std::vector<OptionRow> OwnCountOnly() {
                "A file of them, one a line")};
 }
 
+OptionRow PathList(const char* name, char separator, const char* help) {
+  return {.Name = name,
+          .ValueName = "FILE",
+          .Group = OptionGroup::Sources,
+          .Help = help,
+          .Take = [name, separator](const std::string& text, CountOptions& options) {
+            if (text.empty()) RefuseValue(name, "a file is needed");
+            options.FilesFrom = PathListFile{text, separator};
+          }};
+}
+
 std::vector<OptionRow> OwnSources() {
-  return {Choices<EncodingChoice>(
-      "--encoding", &CountOptions::Encoding,
-      {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},
-      OptionGroup::Sources, "How text is encoded (auto)")};
+  OptionRow withNul = PathList("--files0-from", '\0', "The same of paths that end in NUL");
+  withNul.Excludes = {"--files-from"};
+  return {
+      Choices<EncodingChoice>(
+          "--encoding", &CountOptions::Encoding,
+          {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},
+          OptionGroup::Sources, "How text is encoded (auto)"),
+      PathList("--files-from", '\n',
+               "Count the files and folders together that a file names, one a line; - reads them from "
+               "standard input"),
+      std::move(withNul)};
 }
 
 std::vector<OptionRow> OwnReport() {

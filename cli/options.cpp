@@ -28,7 +28,7 @@ class Parser {
     app_.allow_windows_style_options(false);
     app_.formatter(std::make_shared<HelpFormat>());
     app_.set_help_flag("-h,--help", "Show this and exit");
-    app_.add_option("PATH", options_.Path, "A file, a folder, or - for standard input");
+    app_.add_option("PATH", options_.Paths, "Files, folders, or - for standard input");
     app_.set_version_flag("--version", "korv-count " + std::string(ProgramVersion()),
                           "Show the version and exit");
     for (const OptionRow& row : rows_) Add(row);
@@ -36,6 +36,8 @@ class Parser {
       CheckNames(arguments);
       std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
       app_.parse(std::move(reversed));
+      // An empty name is a variable that was not set in some script.
+      if (options_.Paths.size() == 1 && options_.Paths.front().empty()) options_.Paths.clear();
       options_.Command = ShellCommand("korv-count", arguments);
       options_.Rows.Most = options_.Top.value_or(RowChoice::kAll);
       SettleOrder();
@@ -81,12 +83,17 @@ class Parser {
   }
 
   void Check() const {
-    if (options_.Path.empty() && options_.SettingsFile.empty())
+    if (!options_.NamesSource() && options_.SettingsFile.empty())
       throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
+    if (std::ranges::find(options_.Paths, "") != options_.Paths.end())
+      throw CLI::ValidationError("PATH", "an empty one names no file");
+    const auto readers = std::ranges::count(options_.Paths, "-");
+    if (readers + (options_.FilesFrom && options_.FilesFrom->Path == "-" ? 1 : 0) > 1)
+      throw CLI::ValidationError("-", "standard input can be read only once");
     if (options_.Output == "-")
       throw CLI::ValidationError("--output",
                                  "- is no file; without --output the report goes to standard output");
-    if (options_.ListFiles && options_.FromStandardInput())
+    if (options_.ListFiles && std::ranges::find(options_.Paths, "-") != options_.Paths.end())
       throw CLI::ValidationError("--list-files", "standard input has no files to list");
     if (!options_.ContextOf && options_.Contexts)
       throw CLI::ValidationError("--contexts", "needs --context-of");

@@ -30,10 +30,18 @@ inline constexpr int kExitInterrupted = 130;
 inline constexpr int kContexts = 80;
 inline constexpr int kMostContexts = 10000;
 
+/// A file that holds paths, "-" for standard input, and what ends each of them.
+struct PathListFile {
+  std::string Path;
+  char Separator = '\n';
+};
+
 /// What the command line asks for. Empty where it says nothing.
 struct CountOptions {
   std::string Command;  ///< All of it, as a shell takes it.
-  std::string Path;     ///< "-" is standard input.
+  /// As typed; "-" is standard input.
+  std::vector<std::string> Paths;
+  std::optional<PathListFile> FilesFrom;  ///< More of them.
   std::string SettingsFile;
   std::string SaveSettingsFile;
 
@@ -79,7 +87,9 @@ struct CountOptions {
 
   /// The option that asks for a description; null for none.
   const char* DescribingOption() const;
-  bool FromStandardInput() const { return Path == "-"; }
+  bool FromStandardInput() const { return !FilesFrom && Paths.size() == 1 && Paths.front() == "-"; }
+  /// Whether the source stands on the command line, and in no settings file.
+  bool NamesSource() const { return FilesFrom || !Paths.empty(); }
   /// Whether an option asks for what only a table can show.
   bool AsksForTable() const { return TableOption() != nullptr; }
   /// The name of that option; null for none.

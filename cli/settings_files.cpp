@@ -65,7 +65,7 @@ bool SettingsFiles::Refuse(std::string text) const {
 
 // Settings may be loaded from another folder than the one that the command line had in mind.
 Settings SettingsFiles::WithPathsInFull(Settings settings) const {
-  if (!options_.Path.empty() && !options_.FromStandardInput()) {
+  if (options_.NamesSource() && !options_.FromStandardInput()) {
     if (settings.SourceKind == TextSource::Folder)
       settings.Folder = InFull(TrimmedFolderPath(settings.Folder));
     else

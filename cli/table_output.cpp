@@ -16,29 +16,33 @@ const TableForm* FormOf(const CountOptions& options, const std::string& outputPa
 
 namespace {
 
-std::string SourcePath(const Settings& settings) {
+std::vector<std::string> SourcesOf(const Settings& settings, std::span<const SourcePath> together) {
+  std::vector<std::string> paths;
+  for (const SourcePath& source : together) paths.push_back(source.Path);
+  if (!paths.empty()) return paths;
   switch (settings.SourceKind) {
     case TextSource::SingleFile:
-      return settings.InputFile;
+      return {settings.InputFile};
     case TextSource::Folder:
-      return settings.Folder;
+      return {settings.Folder};
     case TextSource::Clipboard:
       break;
   }
-  return "-";
+  return {"-"};
 }
 
 }  // namespace
 
 TableOutput TableOutputOf(const CountOptions& options, const Settings& settings,
-                          const std::string& outputPath, const Clock& clock) {
+                          std::span<const SourcePath> together, const std::string& outputPath,
+                          const Clock& clock) {
   return {.Form = FormOf(options, outputPath),
           .Columns = options.Columns,
           .About = {.Version = std::string(ProgramVersion()),
                     .Created = FormatUtc(clock.WallTime()),
                     .Command = options.Command,
                     .Settings = SettingValues(settings),
-                    .Paths = {SourcePath(settings)},
+                    .Paths = SourcesOf(settings, together),
                     .Numbers = options.Numbers,
                     .AllRows = options.Top.has_value()}};
 }

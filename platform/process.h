@@ -13,6 +13,9 @@ namespace korv {
 /// The arguments after the program's name, as texts that PathFromText() takes.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
+/// Whether shells put the names of files in place of "*" and "?" before a program sees its arguments.
+bool ShellExpandsPatterns();
+
 /// Where the running program is; `argv0` where the system cannot tell.
 std::filesystem::path ExecutablePath(const char* argv0);
 

@@ -32,7 +32,8 @@ std::vector<std::string> AbbreviatePaths(const std::vector<std::filesystem::path
                                          std::string_view folder) {
   std::vector<std::string> texts;
   texts.reserve(paths.size());
-  for (const auto& path : paths) texts.push_back(AbbreviatePath(PathToText(path), folder));
+  for (const auto& path : paths)
+    texts.push_back(path.empty() ? "-" : AbbreviatePath(PathToText(path), folder));
   return texts;
 }
 

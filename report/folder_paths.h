@@ -14,7 +14,7 @@ std::string ShownPath(std::string_view given);
 /// ("texts" is no beginning of "texts2/a.txt"). Both are texts as shown to the user.
 std::string AbbreviatePath(std::string_view path, std::string_view folder);
 
-/// The same for all paths of a listing.
+/// The same for all paths of a listing; "-" for standard input, which has none.
 std::vector<std::string> AbbreviatePaths(const std::vector<std::filesystem::path>& paths,
                                          std::string_view folder);
 

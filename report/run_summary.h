@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/run_options.h"
+#include "engine/source_path.h"
 #include "engine/text/word_counts.h"
 
 namespace korv {
@@ -31,12 +32,15 @@ struct RunSummary {
   RunOptions Options;               ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
   bool WordsToIgnoreInUse = false;  ///< A words-to-ignore list with at least one entry applied.
   int MinCharacters = 0;            ///< Shorter words were ignored; 0 when that rule is off.
-  std::string InputPath;  ///< As given, trimmed: the file or the folder; empty for clipboard and pipes.
+  /// As given, trimmed: the file or the folder; empty for clipboard and pipes, and where there are Paths.
+  std::string InputPath;
+  /// Several files and folders that were counted together, as a folder source; empty for one source.
+  std::vector<SourcePath> Paths;
   bool IncludeSubfolders = false;
   WordCounts Words;                       ///< What became of the words that were read.
   uint64_t LongPhrases = 0;               ///< Phrase occurrences left out for having over 100 characters.
   uint64_t FilesScanned = 0;              ///< Folder source: files whose text was read.
-  uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, the chosen one included.
+  uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, and those of named files.
   EncodingCounts Encodings;               ///< Of files and streams; the clipboard's text has none.
   std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.
   std::vector<std::string> Notices;       ///< Folders and files that could not be read, or not wholly.

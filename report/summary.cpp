@@ -104,14 +104,15 @@ std::string NoResultText(const RunSummary& facts) {
   return text + "satisfying the specified conditions were found.";
 }
 
-std::string SkippedFilesText(const RunSummary& facts) {
+std::string SkippedFilesText(const RunSummary& facts, size_t most) {
   const size_t count = facts.SkippedFiles.size();
   if (count == 0) return "";
   std::string text = count == 1 ? "1 file was skipped:" : std::to_string(count) + " files were skipped:";
   text += "\n";
   const std::string folder = ShownPath(facts.InputPath);
-  for (const SkippedFile& file : facts.SkippedFiles)
-    text += AbbreviatePath(file.Path, folder) + ": " + file.Reason + "\n";
+  for (size_t i = 0; i < std::min(count, most); ++i)
+    text += AbbreviatePath(facts.SkippedFiles[i].Path, folder) + ": " + facts.SkippedFiles[i].Reason + "\n";
+  if (count > most) text += "and " + std::to_string(count - most) + " more\n";
   return text;
 }
 

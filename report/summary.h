@@ -24,7 +24,8 @@ std::string ProgressCountText(uint64_t files, uint64_t folders);
 std::string NoResultText(const RunSummary& facts);
 
 /// The files that a folder run could not count, one a line, with the reason; empty when there are none.
-std::string SkippedFilesText(const RunSummary& facts);
+/// With more than `most` files the number of the others stands in a last line.
+std::string SkippedFilesText(const RunSummary& facts, size_t most = std::string::npos);
 /// What else the user should know of the run, a line each; empty when there is nothing.
 std::string NoticesText(const RunSummary& facts);
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/run/run_observer.h"
 #include "base/clock.h"
@@ -11,6 +12,7 @@
 #include "engine/counting/phrase_table.h"
 #include "engine/patterns/word_filters.h"
 #include "engine/run_options.h"
+#include "engine/source_path.h"
 #include "engine/text/word_rules.h"
 #include "platform/files.h"
 #include "platform/messages.h"
@@ -29,12 +31,15 @@ struct RunRequest {
   WordFilterSpec Lists;  ///< CaseSignificant is taken from Rules.
   ChainOrder Chain = ChainOrder::ByCount;
 
-  std::string InputPath;   ///< The file or the folder, as typed.
+  std::string InputPath;  ///< The file or the folder, as typed.
+  /// Several files and folders instead, counted together; the source is a folder then.
+  std::vector<SourcePath> Paths;
   std::string OutputPath;  ///< Empty when the report goes to no file.
 
   // Clipboard source: one of the two.
-  std::string ClipboardText;          ///< UTF-8.
-  korv::InputFile* Stream = nullptr;  ///< Bytes of any length, standard input for one. Not owned.
+  std::string ClipboardText;  ///< UTF-8.
+  /// Bytes of any length, standard input for one. Not owned. Also read where Paths name standard input.
+  korv::InputFile* Stream = nullptr;
   EncodingChoice StreamEncoding = EncodingChoice::Auto;
   bool KeepText = true;  ///< With the places; without it nothing leads back into the text.
 

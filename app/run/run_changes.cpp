@@ -9,7 +9,7 @@ namespace korv {
 namespace {
 
 bool SameSource(const RunRequest& a, const RunRequest& b) {
-  if (a.Options.SourceKind != b.Options.SourceKind) return false;
+  if (a.Options.SourceKind != b.Options.SourceKind || a.Paths != b.Paths) return false;
   switch (a.Options.SourceKind) {
     case TextSource::Clipboard:
       return true;
@@ -18,9 +18,9 @@ bool SameSource(const RunRequest& a, const RunRequest& b) {
     case TextSource::Folder:
       break;
   }
-  return TrimmedFolderPath(a.InputPath) == TrimmedFolderPath(b.InputPath) &&
-         a.IncludeSubfolders == b.IncludeSubfolders && a.Selection.Patterns == b.Selection.Patterns &&
-         a.Selection.Exclusions == b.Selection.Exclusions;
+  const bool samePath = !a.Paths.empty() || TrimmedFolderPath(a.InputPath) == TrimmedFolderPath(b.InputPath);
+  return samePath && a.IncludeSubfolders == b.IncludeSubfolders &&
+         a.Selection.Patterns == b.Selection.Patterns && a.Selection.Exclusions == b.Selection.Exclusions;
 }
 
 auto CharactersOf(const WordRules& r) {

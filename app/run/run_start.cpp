@@ -6,7 +6,7 @@ namespace korv {
 
 namespace {
 
-std::string SourcePath(const RunRequest& request) {
+std::string PathOfSource(const RunRequest& request) {
   switch (request.Options.SourceKind) {
     case TextSource::Clipboard:
       break;
@@ -39,7 +39,8 @@ void BeginRun(const RunRequest& request, Yielder& yielder, CountedRun& run) {
   facts.WordsToIgnoreInUse = run.Lists->HasWordsToIgnore();
   facts.MinCharacters = request.Rules.IgnoreShortWords ? request.Rules.ShortWordSize : 0;
   facts.IncludeSubfolders = request.IncludeSubfolders;
-  facts.InputPath = SourcePath(request);
+  facts.Paths = request.Paths;
+  facts.InputPath = request.Paths.empty() ? PathOfSource(request) : std::string();
   run.OutputPath = TrimmedPath(request.OutputPath);
 }
 

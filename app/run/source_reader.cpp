@@ -5,12 +5,13 @@
 
 #include "app/run/encoding_tally.h"
 #include "report/error_text.h"
+#include "report/summary.h"
 #include "sources/detect/comment_markers_ok.h"
 #include "sources/detect/foreign_kind.h"
 #include "sources/detect/source_checks.h"
+#include "sources/detect/text_file_check.h"
 #include "sources/read/document_readers.h"
 #include "sources/read/docx.h"
-#include "sources/read/stream_source.h"
 
 namespace korv {
 
@@ -20,6 +21,10 @@ namespace fs = std::filesystem;
 
 /// Shorter files are read before a progress display could be seen.
 constexpr uint64_t kProgressFromBytes = 10241;
+/// What standard input is called among files.
+constexpr const char* kStandardInputName = "-";
+/// A message with more lines is not read.
+constexpr size_t kSkippedInMessage = 10;
 
 void ShowFileError(Messages& messages, const FileError& error) {
   messages.Show({.Text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.Fault), error.Description),
@@ -64,14 +69,21 @@ RunEnd SourceReader::DoItFromClipboard() {
   return RunEnd::Counted;
 }
 
-RunEnd SourceReader::DoItFromStream() {
-  auto source = std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder,
-                                               KeepsText() ? &run_.KeptText : nullptr);
-  const auto unread = source->ReadHead([this](uint64_t bytes) {
+std::unique_ptr<StreamSource> SourceReader::MakeStream() {
+  return std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder,
+                                        KeepsText() ? &run_.KeptText : nullptr);
+}
+
+std::optional<FileError> SourceReader::ReadHeadOf(StreamSource& source) {
+  return source.ReadHead([this](uint64_t bytes) {
     services_.Progress.BytesRead = bytes;
     services_.Yielder.YieldNow();
   });
-  if (unread) {
+}
+
+RunEnd SourceReader::DoItFromStream() {
+  std::unique_ptr<StreamSource> source = MakeStream();
+  if (const auto unread = ReadHeadOf(*source)) {
     ShowFileError(services_.Messages, *unread);
     return RunEnd::Refused;
   }
@@ -82,16 +94,20 @@ RunEnd SourceReader::DoItFromStream() {
     return RunEnd::Refused;
   services_.View.Status("Now counting phrases on standard input");
   services_.Progress.BytesTotal = source->Size();
+  const TextSummary summary = ReadStream(std::move(source));
+  if (!summary.Error) return RunEnd::Counted;
+  ShowFileError(services_.Messages, *summary.Error);
+  return RunEnd::Refused;
+}
+
+TextSummary SourceReader::ReadStream(std::unique_ptr<StreamSource> source) {
   EncodingPlan encoding = source->Encoding();
   DocumentText document;
   document.Head = source->TakeHead();
   document.Rest = std::move(source);
-  const TextSummary summary =
-      reader_.Read({}, std::move(document), std::move(encoding), AfterStop::WhatIsThere);
+  TextSummary summary = reader_.Read({}, std::move(document), std::move(encoding), AfterStop::WhatIsThere);
   Tally(summary);
-  if (!summary.Error) return RunEnd::Counted;
-  ShowFileError(services_.Messages, *summary.Error);
-  return RunEnd::Refused;
+  return summary;
 }
 
 RunEnd SourceReader::DoItFromFile() {
@@ -137,21 +153,25 @@ bool SourceReader::ConfirmLargeInput() {
 }
 
 RunEnd SourceReader::DoItFromFolder() {
-  const std::string& folder = run_.Facts.InputPath;
-  if (!ValidatePatterns(request_.Selection, services_.Messages) ||
-      !ValidateFolder(services_.Files, services_.Messages, folder, run_.OutputPath,
-                      request_.IncludeSubfolders, request_.OffersWaysOut))
-    return RunEnd::Refused;
+  if (!FolderIsValid()) return RunEnd::Refused;
   ReadPlan plan;
-  FolderTotals found;
-  if (!PlanFolder(PathFromText(folder), found, plan)) return RunEnd::Stopped;
-  if (!FolderIsAccepted(found, plan)) return RunEnd::Refused;
+  if (!MakePlan(plan)) return RunEnd::Stopped;
+  if (!PlanIsAccepted(plan)) return RunEnd::Refused;
   ReadFolder(plan);
-  return RunEnd::Counted;
+  return SomethingWasRead() ? RunEnd::Counted : RunEnd::Refused;
+}
+
+bool SourceReader::FolderIsValid() {
+  if (!ValidatePatterns(request_.Selection, services_.Messages)) return false;
+  if (!request_.Paths.empty())
+    return ValidateOutputBeside(services_.Files, services_.Messages, request_.Paths, run_.OutputPath,
+                                request_.IncludeSubfolders);
+  return ValidateFolder(services_.Files, services_.Messages, run_.Facts.InputPath, run_.OutputPath,
+                        request_.IncludeSubfolders, request_.OffersWaysOut);
 }
 
 /// False where it was stopped.
-bool SourceReader::PlanFolder(const fs::path& folder, FolderTotals& found, ReadPlan& plan) {
+bool SourceReader::MakePlan(ReadPlan& plan) {
   RunProgress& progress = services_.Progress;
   FolderWalk walk(services_.Files, services_.Yielder, request_.Selection, request_.IncludeSubfolders);
   FolderEvents events;
@@ -161,28 +181,37 @@ bool SourceReader::PlanFolder(const fs::path& folder, FolderTotals& found, ReadP
   };
   events.Wanted = [&progress](const fs::path&) { ++progress.FilesTotal; };
   progress.CountingFiles = true;
-  found = plan.AddFolder(walk, folder, events);
+  const bool whole = request_.Paths.empty()
+                         ? !plan.AddFolder(walk, PathFromText(run_.Facts.InputPath), events).Stopped
+                         : plan.AddTogether(request_.Paths, services_.Files, walk, events);
   progress.CountingFiles = false;
-  return !found.Stopped;
+  return whole;
 }
 
 /// Whether what was found is to be read; if not, the user has been told why.
-bool SourceReader::FolderIsAccepted(const FolderTotals& found, const ReadPlan& plan) {
-  services_.View.Status(WillBeScannedText(found.Files, services_.Numbers));
-  if (found.Files == 0) {
-    const std::string pattern = JoinPatterns(request_.Selection.Patterns);
-    services_.Messages.Show({.Text = "No scanable files " +
-                                     (pattern.empty() ? "" : "as specified " + pattern + " ") +
-                                     "were found in this folder" +
-                                     (request_.IncludeSubfolders ? " or in its subfolders" : "") + ".",
-                             .Title = "No files found",
-                             .Icon = Icon::Information});
+bool SourceReader::PlanIsAccepted(const ReadPlan& plan) {
+  services_.View.Status(WillBeScannedText(plan.Documents(), services_.Numbers));
+  if (plan.Documents() == 0) {
+    services_.Messages.Show(NothingToScan());
     return false;
   }
-  if (found.Files > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput &&
+  if (plan.Documents() > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput &&
       !ShowMultipleFilesNeedOutput(services_.Messages, request_.OffersWaysOut))
     return false;
   return CommentMarkersAreSafe(plan);
+}
+
+Message SourceReader::NothingToScan() const {
+  const std::string pattern = JoinPatterns(request_.Selection.Patterns);
+  const bool several = request_.Paths.size() > 1;
+  return {.Text = "No scanable files " + (pattern.empty() ? "" : "as specified " + pattern + " ") +
+                  (several ? "were found in these folders" : "were found in this folder") +
+                  (!request_.IncludeSubfolders ? ""
+                   : several                   ? " or in their subfolders"
+                                               : " or in its subfolders") +
+                  ".",
+          .Title = "No files found",
+          .Icon = Icon::Information};
 }
 
 void SourceReader::ReadFolder(const ReadPlan& plan) {
@@ -190,15 +219,54 @@ void SourceReader::ReadFolder(const ReadPlan& plan) {
   RunProgress& progress = services_.Progress;
   for (size_t i = 0; i < plan.Documents(); ++i) {
     const PlannedDocument document = plan.Document(i);
-    progress.FoldersRead = document.Folder + 1;
+    progress.FoldersRead = document.Folders;
     services_.Yielder.Yield();
     if (services_.Yielder.Stopped()) break;
-    services_.View.InputFile(PathToText(document.Path));
-    if (ReadDocument(document.Path, Alone::No)) ++run_.Facts.FilesScanned;
+    if (ReadOneOfMany(document.Path)) ++run_.Facts.FilesScanned;
     ++progress.FilesRead;
   }
   if (progress.FilesRead == plan.Documents()) progress.FoldersRead = plan.Folders();
   run_.Facts.FoldersScanned = progress.FoldersRead;
+}
+
+/// Of what was named one by one, something is expected; if nothing was read, the user has been told.
+bool SourceReader::SomethingWasRead() {
+  if (request_.Paths.empty() || run_.Facts.FilesScanned > 0 || services_.Yielder.Stopped()) return true;
+  std::string skipped = SkippedFilesText(run_.Facts, kSkippedInMessage);
+  if (!skipped.empty()) skipped.pop_back();  // Its line end.
+  services_.Messages.Show({.Text = "None of the files could be counted.",
+                           .Title = "Invalid input",
+                           .Icon = Icon::Exclamation,
+                           .Addition = std::move(skipped)});
+  return false;
+}
+
+bool SourceReader::ReadOneOfMany(const fs::path& path) {
+  if (path.empty()) return ReadStreamAmongFiles();
+  services_.View.InputFile(PathToText(path));
+  // Of a folder it was there a moment ago.
+  if (!request_.Paths.empty() && !services_.Files.FileExists(path))
+    return Skip(PathToText(path), "does not exist");
+  return ReadDocument(path, Alone::No);
+}
+
+bool SourceReader::ReadStreamAmongFiles() {
+  std::unique_ptr<StreamSource> source = MakeStream();
+  services_.View.InputFile(kStandardInputName);
+  if (ReadHeadOf(*source)) return Skip(kStandardInputName, SkipReason(TextFileCode::CannotOpen));
+  const std::string beginning = source->Beginning();
+  if (beginning.empty() && services_.Yielder.Stopped()) return false;
+  if (beginning.empty()) return Skip(kStandardInputName, SkipReason(TextFileCode::ZeroLength));
+  if (!IsNaturalLanguage(beginning, kLookedAtCharacters))
+    return Skip(kStandardInputName, SkipReason(TextFileCode::NotText));
+  const TextSummary summary = ReadStream(std::move(source));
+  if (summary.Error) Note("Standard input was read only in part (" + summary.Error->Description + ").");
+  return true;
+}
+
+bool SourceReader::Skip(std::string path, std::string_view reason) {
+  run_.Facts.SkippedFiles.push_back({std::move(path), std::string(reason)});
+  return false;
 }
 
 bool SourceReader::ReadDocument(const fs::path& path, Alone alone) {
@@ -262,9 +330,7 @@ bool SourceReader::Refuse(const fs::path& path, const DocumentRefusal& refusal, 
     services_.Messages.Show(message);
     refusalTold_ = true;
   }
-  if (alone == Alone::No)
-    run_.Facts.SkippedFiles.push_back({PathToText(path), std::string(refusal.SkipReason)});
-  return false;
+  return alone == Alone::No && Skip(PathToText(path), refusal.SkipReason);
 }
 
 void SourceReader::Tally(const TextSummary& summary) {

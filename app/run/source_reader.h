@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,6 +10,7 @@
 #include "engine/corpus/corpus_builder.h"
 #include "sources/read/corpus_reader.h"
 #include "sources/read/read_plan.h"
+#include "sources/read/stream_source.h"
 
 namespace korv {
 
@@ -25,18 +28,30 @@ class SourceReader {
   RunEnd DoItFromClipboard();
   /// A single file, from its checks on. Counted, Refused or Abandoned.
   RunEnd DoItFromFile();
-  /// The wanted files of a folder. Counted, Refused, or Stopped while they were still being counted.
+  /// The wanted files of a folder, or those of several files and folders. Counted, Refused, or Stopped while
+  /// they were still being counted.
   RunEnd DoItFromFolder();
 
  private:
   enum class Alone { Yes, No };  ///< Whether a document is all that the run reads.
 
   RunEnd DoItFromStream();
+  std::unique_ptr<StreamSource> MakeStream();
+  std::optional<FileError> ReadHeadOf(StreamSource& source);
+  TextSummary ReadStream(std::unique_ptr<StreamSource> source);
   bool InputFileIsValid();
   bool ConfirmLargeInput();
-  bool PlanFolder(const std::filesystem::path& folder, FolderTotals& found, ReadPlan& plan);
-  bool FolderIsAccepted(const FolderTotals& found, const ReadPlan& plan);
+  bool FolderIsValid();
+  bool MakePlan(ReadPlan& plan);
+  bool PlanIsAccepted(const ReadPlan& plan);
+  Message NothingToScan() const;
   void ReadFolder(const ReadPlan& plan);
+  bool SomethingWasRead();
+  /// One of several documents. False when it was not read, after noting why.
+  bool ReadOneOfMany(const std::filesystem::path& path);
+  bool ReadStreamAmongFiles();
+  /// False.
+  bool Skip(std::string path, std::string_view reason);
   /// False when it was not read, after telling why.
   bool ReadDocument(const std::filesystem::path& path, Alone alone);
   bool ReadText(const std::filesystem::path& path, DocumentText text, Alone alone);

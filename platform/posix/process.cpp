@@ -36,6 +36,10 @@ std::vector<std::string> ProgramArguments(int argc, char** argv) {
   return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
 }
 
+bool ShellExpandsPatterns() {
+  return true;
+}
+
 std::filesystem::path ExecutablePath(const char* argv0) {
   std::error_code code;
   std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", code);

@@ -118,6 +118,10 @@ std::vector<std::string> ProgramArguments(int, char**) {
   return arguments;
 }
 
+bool ShellExpandsPatterns() {
+  return false;
+}
+
 std::filesystem::path ExecutablePath(const char* argv0) {
   constexpr size_t kLongestPath = 32768;
   std::wstring path(kLongestPath, L'\0');

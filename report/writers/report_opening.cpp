@@ -10,13 +10,27 @@ namespace korv {
 
 namespace {
 
+std::string FileLine(const std::string& path) {
+  return "File: " + ShownPath(path) + "\n";
+}
+
+std::string FolderLine(const std::string& path, bool subfolders) {
+  return "Folder: " + ShownPath(path) + (subfolders ? " plus any subfolders" : "") + "\n";
+}
+
 std::string HeaderText(const RunSummary& facts) {
+  if (!facts.Paths.empty()) {
+    std::string text;
+    for (const SourcePath& source : facts.Paths)
+      text += source.What == SourcePath::Kind::Folder ? FolderLine(source.Path, facts.IncludeSubfolders)
+                                                      : FileLine(source.Path);
+    return text;
+  }
   switch (facts.Options.SourceKind) {
     case TextSource::SingleFile:
-      return facts.InputPath.empty() ? "" : "File: " + ShownPath(facts.InputPath) + "\n";
+      return facts.InputPath.empty() ? "" : FileLine(facts.InputPath);
     case TextSource::Folder:
-      return "Folder: " + ShownPath(facts.InputPath) +
-             (facts.IncludeSubfolders ? " plus any subfolders" : "") + "\n";
+      return FolderLine(facts.InputPath, facts.IncludeSubfolders);
     case TextSource::Clipboard:
       break;
   }
@@ -42,7 +56,7 @@ std::string OpeningText(const Report& report, const ReportForm& form, const List
   text += SummaryText(report.Facts, extent.Phrases, extent.LongestWords);
   if (Filters(report.Options))
     text += FilterNoticeText(report.Options.FilterModeOfWords, report.Options.FilterText);
-  if (ShowsPaths(FormatOf(report.Options.DisplayFormat)))
+  if (report.Facts.Paths.empty() && ShowsPaths(FormatOf(report.Options.DisplayFormat)))
     text += "{Folder} = " + ShownPath(report.Facts.InputPath) + "\n";
   return WithLineEnds(text, form.LineEnd);
 }

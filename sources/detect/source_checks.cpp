@@ -56,7 +56,10 @@ std::string TrimmedPath(std::string_view path) {
 }
 
 std::string TrimmedFolderPath(std::string_view typed) {
-  std::string folder = TrimmedPath(typed);
+  return WithoutEndSeparators(TrimmedPath(typed));
+}
+
+std::string WithoutEndSeparators(std::string folder) {
   const auto atDrive = [&] { return folder.size() == 3 && folder[1] == ':'; };
   while (folder.size() > 1 && IsSeparator(folder.back()) && !atDrive()) folder.pop_back();
   return folder;
@@ -142,6 +145,24 @@ bool OutputIsInFolder(const FileSystem& files, std::string_view folderPath, std:
          LiesIn(files.CanonicalPath(folder), files.CanonicalPath(output), includeSubfolders);
 }
 
+bool ValidateOutputBeside(const FileSystem& files, Messages& messages, std::span<const SourcePath> paths,
+                          std::string_view outputPath, bool includeSubfolders) {
+  const std::string output = TrimmedPath(outputPath);
+  if (output.empty()) return true;
+  for (const SourcePath& source : paths) {
+    if (source.What == SourcePath::Kind::File && PathsMeetInOneFile(files, source.Path, output)) {
+      ShowInputFileError(messages, InputFileCode::SameAsOutput, source.Path);
+      return false;
+    }
+    if (source.What == SourcePath::Kind::Folder &&
+        OutputIsInFolder(files, source.Path, output, includeSubfolders)) {
+      ShowOutputInFolder(messages);
+      return false;
+    }
+  }
+  return true;
+}
+
 void ShowOutputInFolder(Messages& messages) {
   Complain(messages, "The output file cannot be in the folder or a subfolder.", "Invalid output file",
            Icon::Information);
@@ -181,12 +202,7 @@ bool CheckClipboardText(std::string_view text, Messages& messages, const NumberF
   return false;
 }
 
-bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters,
-                          std::string_view place, std::string addition) {
-  if (text.empty()) {
-    Complain(messages, "There is no text on " + std::string(place) + ".", "Invalid input");
-    return false;
-  }
+bool IsNaturalLanguage(std::string_view text, size_t characters) {
   size_t seen = 0;
   size_t controls = 0;
   bool letter = false;
@@ -196,7 +212,16 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t char
     if (ch < 32 && !layout) ++controls;
     letter = letter || KindOf(ch) == CharKind::Letter;
   }
-  if (letter && controls * 100 <= seen) return true;
+  return letter && controls * 100 <= seen;
+}
+
+bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters,
+                          std::string_view place, std::string addition) {
+  if (text.empty()) {
+    Complain(messages, "There is no text on " + std::string(place) + ".", "Invalid input");
+    return false;
+  }
+  if (IsNaturalLanguage(text, characters)) return true;
   messages.Show({.Text = "The text on " + std::string(place) +
                          " does not consist\n"
                          "solely of natural language words.",

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "base/number_format.h"
+#include "engine/source_path.h"
 #include "platform/files.h"
 #include "platform/messages.h"
 #include "sources/detect/text_file_code.h"
@@ -30,6 +32,8 @@ inline constexpr size_t kLookedAtCharacters = 16384;
 std::string TrimmedPath(std::string_view path);
 /// The path without the blanks around it and without separators at its end. "/" and "C:\" stay.
 std::string TrimmedFolderPath(std::string_view path);
+/// The path as it is but without separators at its end. "/" and "C:\" stay.
+std::string WithoutEndSeparators(std::string path);
 
 /// Checks the path of a single input file. Trims both paths. An empty `outputPath` means no output file.
 InputFileCode ValidateInputFile(const FileSystem& files, std::string_view inputPath,
@@ -46,6 +50,10 @@ bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view fold
 bool OutputIsInFolder(const FileSystem& files, std::string_view folderPath, std::string_view outputPath,
                       bool includeSubfolders);
 void ShowOutputInFolder(Messages& messages);
+/// Whether an output file would be none of the files of `paths` and lie in none of the folders, as these are
+/// read; if not, the user has been told. An empty `outputPath` means no output file.
+bool ValidateOutputBeside(const FileSystem& files, Messages& messages, std::span<const SourcePath> paths,
+                          std::string_view outputPath, bool includeSubfolders);
 /// Several files need an output file. True where the user has the result shown in the window instead, which
 /// is possible only if `offersWindow`.
 bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow = false);
@@ -57,8 +65,10 @@ bool PathsMeetInOneFile(const FileSystem& files, std::string_view a, std::string
 bool CheckClipboardText(std::string_view text, Messages& messages, const NumberFormat& format,
                         int64_t limit = kClipboardLimit);
 /// Whether the text consists of words: among its first `characters` there is at least one letter, and at most
-/// 1 % of them are control characters other than line ends, tabs, form feeds and backspaces. If not, shows a
-/// message that names `place`. `addition` is a line below the message for text that is no words.
+/// 1 % of them are control characters other than line ends, tabs, form feeds and backspaces.
+bool IsNaturalLanguage(std::string_view text, size_t characters);
+/// The same of a text that must not be empty. If not, shows a message that names `place`. `addition` is a
+/// line below the message for text that is no words.
 bool CheckNaturalLanguage(std::string_view text, Messages& messages,
                           size_t characters = std::string_view::npos,
                           std::string_view place = "the clipboard", std::string addition = {});

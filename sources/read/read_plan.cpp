@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "sources/folders/met_paths.h"
 #include "sources/read/document_readers.h"
 
 namespace korv {
 
 void ReadPlan::AddFile(const std::filesystem::path& path) {
+  ++foldersMet_;
   EnterFolder({});
   Add(path);
 }
@@ -15,6 +17,7 @@ FolderTotals ReadPlan::AddFolder(FolderWalk& walk, const std::filesystem::path& 
                                  const FolderEvents& events) {
   FolderEvents planned = events;
   planned.Entered = [this, &events](const std::filesystem::path& path) {
+    ++foldersMet_;
     EnterFolder(path);
     if (events.Entered) events.Entered(path);
   };
@@ -25,16 +28,53 @@ FolderTotals ReadPlan::AddFolder(FolderWalk& walk, const std::filesystem::path& 
   return walk.ProcessFolder(folder, WalkMode::Counting, planned);
 }
 
+bool ReadPlan::AddTogether(std::span<const SourcePath> paths, FileSystem& files, FolderWalk& walk,
+                           const FolderEvents& events) {
+  MetPaths met(files);
+  FolderEvents planned = events;
+  planned.Entered = [&](const std::filesystem::path& path) {
+    met.MeetFolder(path);
+    foldersMet_ = met.Folders();
+    EnterFolder(path);
+    if (events.Entered) events.Entered(path);
+  };
+  planned.Wanted = [&](const std::filesystem::path& path) {
+    if (!met.MeetFile(path)) return;
+    Add(path.filename());
+    if (events.Wanted) events.Wanted(path);
+  };
+  for (const SourcePath& source : paths) {
+    const std::filesystem::path path = PathFromText(source.Path);
+    if (source.What == SourcePath::Kind::Folder) {
+      if (walk.ProcessFolder(path, WalkMode::Counting, planned).Stopped) return false;
+      continue;
+    }
+    const bool isFile = source.What == SourcePath::Kind::File;
+    // What is not there is told when it is to be read, and has no folder.
+    if (isFile && files.FileExists(path) && !met.MeetFile(path)) continue;
+    foldersMet_ = met.Folders();
+    EnterFolder({});
+    Add(isFile ? path : std::filesystem::path());
+    if (events.Wanted) events.Wanted(path);
+  }
+  return true;
+}
+
 PlannedDocument ReadPlan::Document(size_t index) const {
   const auto next = std::ranges::upper_bound(folders_, index, {}, &Folder::FirstDocument);
-  const auto folder = static_cast<size_t>(next - folders_.begin()) - 1;
+  const Folder& folder = *(next - 1);
   const size_t begin = index == 0 ? 0 : ends_[index - 1];
-  const std::filesystem::path path = folders_[folder].Path / names_.substr(begin, ends_[index] - begin);
-  return {path, &ReaderOfName(path), folder};
+  const std::filesystem::path name = names_.substr(begin, ends_[index] - begin);
+  const std::filesystem::path path = folder.Path.empty() ? name : folder.Path / name;
+  return {path, &ReaderOfName(path), folder.FoldersMet};
 }
 
 void ReadPlan::EnterFolder(const std::filesystem::path& path) {
-  folders_.push_back({path, Documents()});
+  // Named files that lie in one folder, or in one that was met before, need no more than the first of them.
+  if (path.empty() && !folders_.empty() && folders_.back().Path.empty() &&
+      folders_.back().FoldersMet == foldersMet_)
+    return;
+  folders_.push_back({path, Documents(), foldersMet_});
 }
 
 void ReadPlan::Add(const std::filesystem::path& name) {

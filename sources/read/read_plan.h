@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <span>
 #include <vector>
 
+#include "engine/source_path.h"
 #include "sources/folders/folder_walk.h"
 #include "sources/read/document_reader.h"
 
@@ -11,9 +13,9 @@ namespace korv {
 
 /// A document that is going to be read.
 struct PlannedDocument {
-  std::filesystem::path Path;
+  std::filesystem::path Path;    ///< Empty for standard input.
   const DocumentReader* Reader;  ///< By its name; its beginning may tell otherwise (see ReaderOfFile).
-  size_t Folder;                 ///< Index of its folder in the plan.
+  size_t Folders;                ///< How many folders the plan has met by then, its own among them.
 };
 
 /// The documents that a run reads, in order: their paths, what their names tell of them, and what that means
@@ -27,10 +29,16 @@ class ReadPlan {
   void AddFile(const std::filesystem::path& path);
   /// Walks `folder` and adds its wanted files. Calls `events` as the walk goes on.
   FolderTotals AddFolder(FolderWalk& walk, const std::filesystem::path& folder, const FolderEvents& events);
+  /// Files as they are named and the wanted ones of folders, in the order of `paths`. A file that is met
+  /// twice is read once, and a folder counts once. Calls `events` for each document and for what the walks
+  /// tell. False when stopped. Asks the disk about each folder once more, and holds the names of all files
+  /// twice meanwhile.
+  bool AddTogether(std::span<const SourcePath> paths, FileSystem& files, FolderWalk& walk,
+                   const FolderEvents& events);
 
   size_t Documents() const { return ends_.size(); }
-  /// Folders entered, those without wanted files among them.
-  size_t Folders() const { return folders_.size(); }
+  /// Folders entered and those of named files, those without wanted files among them.
+  size_t Folders() const { return foldersMet_; }
   /// Logarithmic in the number of folders.
   PlannedDocument Document(size_t index) const;
   /// Whether some document may hold comments of programs, whose markers must then be no words.
@@ -38,15 +46,18 @@ class ReadPlan {
 
  private:
   using Name = std::filesystem::path::string_type;
+  /// Documents that follow each other below one path.
   struct Folder {
-    std::filesystem::path Path;
+    std::filesystem::path Path;  ///< Empty where the names are whole paths.
     size_t FirstDocument;
+    size_t FoldersMet;
   };
 
   void EnterFolder(const std::filesystem::path& path);
   void Add(const std::filesystem::path& name);
 
   std::vector<Folder> folders_;
+  size_t foldersMet_ = 0;
   Name names_;                ///< One behind the other.
   std::vector<size_t> ends_;  ///< Where each of them ends.
   bool hasProgramComments_ = false;

@@ -47,7 +47,8 @@ class CountProgramTest : public testing::Test {
                                  .ErrIsTerminal = terminal,
                                  .ProgramFolder = "/program",
                                  .Encoding = encoding,
-                                 .InputPath = inputPath});
+                                 .InputPath = inputPath,
+                                 .ExpandsPatterns = expandsPatterns});
   }
 
   /// The settings that the arguments lead to.
@@ -85,6 +86,7 @@ class CountProgramTest : public testing::Test {
   bool terminal = false;
   CodePage* encoding = nullptr;
   std::filesystem::path inputPath;
+  bool expandsPatterns = false;
 };
 
 }  // namespace korv

@@ -91,7 +91,13 @@ TEST_F(CountProgramTest, RefusesWrongUsageWithStatus2) {
                                              {"--nonsense"},
                                              {"/a.txt", "--force", "-x"},
                                              {"/a.txt", "--min-words", "2", "--min-words=3"},
-                                             {"/a.txt", "/b.txt"},
+                                             {"/a.txt", ""},
+                                             {"-", "/a.txt", "-"},
+                                             {"-", "--files-from", "-"},
+                                             {"/a.txt", "/b.txt", "--save-settings", "/s.korv"},
+                                             {"/a.txt", "-", "--list-files"},
+                                             {"/a.txt", "--files-from", ""},
+                                             {"--files-from", "/l.txt", "--files0-from", "/l.txt"},
                                              {"/a.txt", "--min-words", "1"},
                                              {"/a.txt", "--max-words", "26"},
                                              {"/a.txt", "--min-words", "two"},
@@ -155,15 +161,9 @@ TEST_F(CountProgramTest, NamesWhatIsWrongWithAnOption) {
            {{"/a.txt", "--quiet=false"}, "--quiet takes no value"},
            {{"/a.txt", "-o", "-"},
             "--output: - is no file; without --output the report goes to standard output"},
-           {{"/a.txt", "/b.txt"},
-            "only one file or folder can be counted, not /a.txt /b.txt\n"
-            "A folder is counted whole, or in part with --patterns \"*.txt\"."},
-           {{"/a.txt", "/b.txt", "/c.txt", "/d.txt"},
-            "only one file or folder can be counted, not /a.txt /b.txt /c.txt ...\n"
-            "A folder is counted whole, or in part with --patterns \"*.txt\"."},
-           {{"--", "-a.txt", "--quiet"},
-            "only one file or folder can be counted, not -a.txt --quiet\n"
-            "A folder is counted whole, or in part with --patterns \"*.txt\"."}}) {
+           {{"/a.txt", "--files-from"}, "--files-from needs a value: FILE"},
+           {{"/a.txt", ""}, "PATH: an empty one names no file"},
+           {{"--fail-if-empty"}, "PATH: a file, a folder or - is needed"}}) {
     EXPECT_EQ(Count(c.Arguments), 2);
     EXPECT_EQ(err.str(), "korv-count: " + c.Message + "\nTry: korv-count --help\n");
   }

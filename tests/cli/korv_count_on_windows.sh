@@ -40,6 +40,13 @@ for name in SAMPLE.TXT './sample.txt' '.\sample.txt' "$here\\sample.txt" "$PWD/s
 done
 cmp -s sample.txt "$data/sample.txt" || fault 'the input changed under another name'
 
+# Several files; nobody but the program replaces a pattern here, and other letters are the same file.
+mkdir texts
+cp sample.txt texts/a.txt
+cp sample.txt texts/b.txt
+expect 0 '3 files ' sample.txt 'texts\\*.txt' 'texts\\A.TXT' 'TEXTS/b.txt'
+expect 0 '2 files ' 'texts\\*.txt'
+
 # A report file has the line ends and the code page of the system; what that lacks is a question mark.
 printf 'Größe zählt hier. Größe zählt hier. Жизнь идёт мимо. Жизнь идёт мимо.' > umlauts.txt
 expect 0 '' umlauts.txt --min-words 2 -o report.txt

@@ -100,13 +100,14 @@ class FakeFiles final : public FileSystem {
   }
 
   std::filesystem::path AbsolutePath(const std::filesystem::path& path) const override {
-    return ("/" / path).lexically_normal();
+    return WithoutEndSeparator(("/" / path).lexically_normal());
   }
 
   std::filesystem::path CanonicalPath(const std::filesystem::path& path) const override {
     const std::filesystem::path absolute = AbsolutePath(path);
     for (const auto& [link, target] : links_)
-      if (IsIn(absolute, link)) return (target / absolute.lexically_relative(link)).lexically_normal();
+      if (IsIn(absolute, link))
+        return WithoutEndSeparator((target / absolute.lexically_relative(link)).lexically_normal());
     return absolute;
   }
 
@@ -222,6 +223,9 @@ class FakeFiles final : public FileSystem {
 
   static bool IsIn(const std::filesystem::path& path, const std::filesystem::path& folder) {
     return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
+  }
+  static std::filesystem::path WithoutEndSeparator(const std::filesystem::path& path) {
+    return path.has_filename() || path == path.root_path() ? path : path.parent_path();
   }
   static FileError Error(FileFault fault) {
     return {fault, fault == FileFault::PermissionDenied ? "Permission denied" : "Input/output error"};

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "report/stream_sink.h"
+#include "report/summary.h"
 #include "tests/fakes/native_paths.h"
 #include "tests/report/report_world.h"
 
@@ -120,6 +121,37 @@ TEST(ListWords, FolderReportTellsOfFilesAndAbbreviatesThem) {
                 "Phrase\t Files\tFreq\r\n"
                 "a dog\t1\t3\r\n"
                 "the cat\t2\t3\r\n");
+}
+
+TEST(ListWords, SeveralSourcesStandOneALineAndTheirFilesInFull) {
+  ReportWorld world = FolderWorld();
+  world.Facts.InputPath = "";
+  world.Facts.Paths = {{"texts/a.txt", SourcePath::Kind::File},
+                       {"texts", SourcePath::Kind::Folder},
+                       {"-", SourcePath::Kind::StandardInput}};
+  world.Facts.SkippedFiles = {{"texts/none.txt", "does not exist"}};
+  world.Options.DisplayFormat = 11;
+  const std::string summary = "There are 2 phrases with 2 to 3 words which occur at least once.\r\n\r\n";
+  const std::string a = Below("texts", "a.txt");
+  EXPECT_EQ(TextOf(world.View(), kFileForm),
+            "File: texts/a.txt\r\nFolder: texts\r\nFile: -\r\n3 files (in 2 folders) were scanned.\r\n" +
+                summary + "Phrase\tFiles\r\na dog\t" + a + "\r\nthe cat\t" + a + "\t" +
+                Below("texts", "b.txt") + "\r\n");
+  world.Facts.IncludeSubfolders = true;
+  EXPECT_NE(TextOf(world.View(), kFileForm).find("Folder: texts plus any subfolders\r\nFile: -\r\n"),
+            std::string::npos);
+  EXPECT_EQ(SkippedFilesText(world.Facts), "1 file was skipped:\ntexts/none.txt: does not exist\n");
+}
+
+TEST(ListWords, AmongFilesStandardInputHasADashForItsName) {
+  ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  world.Facts.Paths = {{"-", SourcePath::Kind::StandardInput}};
+  world.BeginFile({});
+  world.Say("the cat");
+  world.Finish();
+  world.Options.DisplayFormat = 11;
+  EXPECT_NE(TextOf(world.View(), kFileForm).find("the cat\t-\r\n"), std::string::npos);
 }
 
 TEST(ListWords, SortByNumberOfFilesRanksByFiles) {
