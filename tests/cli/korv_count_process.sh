@@ -46,7 +46,7 @@ mkdir -p texts/sub
 cp sample.txt texts/a.txt
 printf 'The big cat sat. The big cat ran.\n' >texts/sub/b.txt
 ln -s texts to-texts
-expect 0 '4 files ASCII' sample.txt texts/a.txt ./texts/../sample.txt "$PWD/sample.txt" texts/sub second.txt to-texts/a.txt
+expect 0 '3 files UTF-8, 1 file ASCII' sample.txt texts/a.txt ./texts/../sample.txt "$PWD/sample.txt" texts/sub second.txt to-texts/a.txt
 grep -q '^4 files (in 3 folders) were scanned.' out || fault "files were not counted once each: $(head -n 1 out)"
 find texts -type f -print0 | sort -z | "$program" --files0-from - --layout tabs 2>err | tail -n +3 >fromList
 "$program" texts --subfolders --layout tabs 2>err | tail -n +2 >fromFolder
@@ -54,6 +54,7 @@ cmp -s fromList fromFolder || fault "a list of the files of a folder is not that
 cat texts/sub/b.txt | "$program" sample.txt - --words 3 2>err | grep -q '2  the big cat' ||
   fault 'standard input among files was not counted'
 expect 1 'None of the files could be counted.' none.txt nowhere/none.txt
+rm -r texts to-texts fromList fromFolder
 
 # Reports go into pipes and devices, and a full one is a failure.
 "$program" sample.txt | head -n 1 | grep -q '^There are' || fault 'nothing came through a pipe'
