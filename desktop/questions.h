@@ -18,6 +18,9 @@ inline constexpr Question kKeepSettings{"KeepSettings"};
 /// Set everything to its defaults?
 inline constexpr Question kReinitialize{"Reinitialize"};
 
+/// Export into a file that exists?
+inline constexpr Question kReplaceExport{"ReplaceExport"};
+
 /// Copy a great many rows of the table?
 inline constexpr Question kCopyManyRows{"CopyManyRows"};
 

@@ -31,6 +31,7 @@ class Listing {
         rows_(rows),
         writer_(writer),
         yielder_(yielder),
+        progress_(report.Progress),
         most_(report.Rows.Most),
         counts_(Filters(report.Options) || !report.Rows.Empty()) {
     if (Filters(report.Options)) filter_.emplace(report.Options.FilterText, report.Options.FilterModeOfWords);
@@ -57,6 +58,7 @@ class Listing {
     // A full sink still lets a filter find out how many phrases there are.
     if (result_.Outcome == ListOutcome::SinkFull) return true;
     ++result_.Shown;
+    if (progress_ != nullptr) *progress_ = result_.Shown;
     if (writer_.Row(rows_.Cells(i, text_))) return true;
     result_.Outcome = ListOutcome::SinkFull;
     return counts_;
@@ -82,6 +84,7 @@ class Listing {
   RowBuilder& rows_;
   ListWriter& writer_;
   Yielder& yielder_;
+  Gauge<uint32_t>* progress_;
   uint32_t most_;
   bool counts_;  ///< Which phrases are listed shows on the way.
   std::optional<PhraseFilter> filter_;
@@ -107,6 +110,7 @@ void ListWordsByFrequency(const PhraseTable& table, Listing& listing) {
 /// Nothing when stopped.
 std::optional<PhraseList> ChosenRows(const Report& report, const ColumnSource& source, Yielder& yielder) {
   const RowChoice& rows = report.Rows;
+  if (rows.Given != nullptr) return *rows.Given;
   const bool alphabetical = report.Options.WordOrder == kAlphabetical;
   const SharedOrder order = rows.OrderBy != nullptr
                                 ? OrderByColumn(*rows.OrderBy, rows.Direction, source, yielder)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/gauge.h"
 #include "base/number_format.h"
 #include "engine/analysis/text_parts.h"
 #include "engine/counting/phrase_table.h"
@@ -18,6 +19,8 @@ struct Report {
   const NumberFormat& Numbers;
   PartChoice Parts = {};  ///< Over which columns tell how evenly phrases are spread.
   RowChoice Rows = {};
+  /// Gets how many phrases have been listed so far, for other threads to look at. May be null.
+  Gauge<uint32_t>* Progress = nullptr;
 };
 
 /// Whether the report is a list, not just a notice that there is nothing to list.

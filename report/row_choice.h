@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "engine/analysis/phrase_list.h"
 #include "engine/analysis/phrase_order.h"
 #include "report/columns/row_filter.h"
 
@@ -18,9 +19,11 @@ struct RowChoice {
   const Column* OrderBy = nullptr;  ///< HasKeys(); null for the order of the report's options.
   SortDirection Direction = SortDirection::Descending;  ///< Of OrderBy.
   uint32_t Most = kAll;                                 ///< At most so many rows, the first ones.
+  /// These rows, in their order; the filter and the order above have no effect then. Null where they have.
+  const PhraseList* Given = nullptr;
 
   /// Whether the report is the same without it.
-  bool Empty() const { return PassesAll(Filter) && OrderBy == nullptr && Most == kAll; }
+  bool Empty() const { return PassesAll(Filter) && OrderBy == nullptr && Most == kAll && Given == nullptr; }
   /// The columns whose values it goes by.
   std::vector<const Column*> Columns() const {
     std::vector<const Column*> columns;

@@ -8,6 +8,7 @@
 #include "app/kept/kept_choice.h"
 #include "app/kept/kept_facts.h"
 #include "app/kept/kept_writer.h"
+#include "app/run/is_source.h"
 #include "base/raw_vector.h"
 #include "engine/counting/phrase_table_data.h"
 #include "engine/counting/restore_table.h"
@@ -170,12 +171,6 @@ class RunSections {
   uint64_t wordBytes_ = 0;
 };
 
-bool IsSource(const Corpus& corpus, const std::filesystem::path& path, const FileSystem& files) {
-  return files.FileExists(path) && std::ranges::any_of(corpus.Sources, [&](const CorpusSource& source) {
-           return !source.Path.empty() && files.SameFile(source.Path, path);
-         });
-}
-
 }  // namespace
 
 RunToKeep ToKeep(const ShownResult& result) {
@@ -189,7 +184,7 @@ RunToKeep ToKeep(const ShownResult& result) {
 
 Expected<uint64_t, KeepError> KeepRun(const RunToKeep& run, const std::filesystem::path& path,
                                       const KeptServices& services) {
-  if (IsSource(run.Run.Table.Corpus(), path, services.Files)) return KeepError{KeepFault::IsSource};
+  if (IsSource(path, run.Run.Table.Corpus(), services.Files)) return KeepError{KeepFault::IsSource};
   auto file = services.Files.OpenForWriting(path);
   if (!file) return KeepError{KeepFault::Unwritable, file.Error().Description};
   const RunSections sections(run);

@@ -336,6 +336,13 @@ std::string SourceName(TextSource kind, const std::string& path) {
   return name.empty() ? trimmed : name;
 }
 
+std::string FileNameOfRun(const RunSummary& facts) {
+  std::string name = SourceName(facts.Options.SourceKind, facts.InputPath);
+  std::ranges::replace_if(
+      name, [](char c) { return std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos; }, '_');
+  return name;
+}
+
 std::string Shortened(const std::string& name, size_t characters) {
   std::vector<size_t> begins;
   for (size_t at = 0; at < name.size(); ++at)

@@ -98,6 +98,10 @@ ResultLabels LabelsOf(const ShownResult& result, const NumberFormat& numbers);
 /// The source of a run as a user calls it: the name of a file or folder, "Clipboard". Empty for none.
 std::string SourceName(TextSource kind, const std::string& path);
 
+/// The name, without an extension, of a file that is offered for a run: that of its source, without the signs
+/// that some systems do not allow.
+std::string FileNameOfRun(const RunSummary& facts);
+
 /// `name` with the middle left out where it has more than `characters`.
 std::string Shortened(const std::string& name, size_t characters);
 

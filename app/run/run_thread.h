@@ -25,6 +25,7 @@ enum class RunActivity {
   Listing,       ///< Into the text box or into a file.
   ListingFiles,  ///< Those of a folder.
   ReadingWords,  ///< A word list.
+  Exporting,     ///< A run as a table.
   KeepingRun,    ///< As a file.
   OpeningRun,    ///< From such a file.
 };

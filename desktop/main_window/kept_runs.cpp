@@ -1,7 +1,5 @@
 #include "desktop/main_window/kept_runs.h"
 
-#include <algorithm>
-
 #include "app/run/result_notes.h"
 #include "base/size_text.h"
 #include "desktop/main_window/result_controller.h"
@@ -15,14 +13,6 @@ namespace {
 constexpr const char* kFilter = "Kept runs (*.korvrun) | *.korvrun";
 constexpr const char* kExtension = "korvrun";
 
-/// The name of a file that is offered for a run.
-std::string OfferedName(const RunSummary& facts) {
-  std::string name = SourceName(facts.Options.SourceKind, facts.InputPath);
-  std::ranges::replace_if(
-      name, [](char c) { return std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos; }, '_');
-  return name + "." + kExtension;
-}
-
 }  // namespace
 
 void KeptRuns::KeepRun() {
@@ -31,7 +21,7 @@ void KeptRuns::KeepRun() {
   const auto chosen = desktop_.Dialogs.ChooseFileToSave(
       {.Title = "Keep run",
        .Filter = kFilter,
-       .InitialPath = PathToText(folder_ / PathFromText(OfferedName(result->Run.Facts))),
+       .InitialPath = PathToText(folder_ / PathFromText(FileNameOfRun(result->Run.Facts) + "." + kExtension)),
        .Extension = kExtension,
        .AsksBeforeReplacing = true});
   if (!chosen || !run_.Idle()) return;

@@ -81,7 +81,7 @@ MainMenus::MainMenus(QMenuBar& bar, const Desktop& desktop, const MainPanels& pa
 
 void MainMenus::EnableDisableButtons(bool enabled) {
   for (QAction* action : idleActions_) action->setEnabled(enabled);
-  keep_->setEnabled(enabled && commands_.HasRun());
+  for (QAction* action : {export_, keep_}) action->setEnabled(enabled && commands_.HasRun());
 }
 
 void MainMenus::EnableStop(bool enabled) {
@@ -113,6 +113,7 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   idleActions_.append(recent->menuAction());
   Add(menu, "Go to the sou&rce", Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
   Add(menu, "Save list &as...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, commands_.SaveListAs);
+  export_ = Add(menu, "&Export...", Qt::CTRL | Qt::Key_E, commands_.Export);
   keep_ = Add(menu, "&Keep run...", Qt::CTRL | Qt::Key_K, commands_.KeepRun);
   Add(menu, "Open kept ru&n...", Qt::CTRL | Qt::SHIFT | Qt::Key_K, commands_.OpenKeptRun);
   menu->addSeparator();

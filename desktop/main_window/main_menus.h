@@ -30,9 +30,10 @@ class MainMenus final : public QObject {
     std::function<void()> Quit;
     std::function<void()> GoToSource;
     std::function<void()> SaveListAs;
+    std::function<void()> Export;
     std::function<void()> KeepRun;
     std::function<void()> OpenKeptRun;
-    std::function<bool()> HasRun;  ///< There is a run to be kept.
+    std::function<bool()> HasRun;  ///< There is a run to be exported and kept.
     std::function<void()> FoldColumn;
     std::function<void()> TakeSettingsBack;  ///< Those of the run in front.
     std::function<void()> CloseRun;
@@ -70,6 +71,7 @@ class MainMenus final : public QObject {
   Commands commands_;
   QList<QAction*> idleActions_;  ///< Commands that rest during a run.
   QAction* stop_ = nullptr;
+  QAction* export_ = nullptr;
   QAction* keep_ = nullptr;
 };
 

@@ -95,7 +95,8 @@ void RunController::Start(RunActivity what, std::function<void()> work,
 // ---- Counting
 
 void RunController::cmdCountPhrases_Click() {
-  if (Doing() == RunActivity::KeepingRun || Doing() == RunActivity::OpeningRun) return thread_.RequestStop();
+  for (const RunActivity unasked : {RunActivity::Exporting, RunActivity::KeepingRun, RunActivity::OpeningRun})
+    if (Doing() == unasked) return thread_.RequestStop();
   if (Running()) {
     const auto hold = HoldStill();
     RunDisplay display(panels_, clock_, [] {});
@@ -388,6 +389,7 @@ void RunController::Timer2_Timer() {
 void RunController::tmrProgress_Timer() {
   panels_.Run->TurnTwirler();
   ShowKeptProgress();
+  ShowExportProgress();
   if (Doing() != RunActivity::Counting || !thread_.Working()) return;
   panels_.Run->ShowProgress(ProgressValue(progress_));
   // Until then the numbers of the last list stand beside it.

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/kept/kept_run_error.h"
+#include "app/run/export_run.h"
 #include "app/run/run.h"
 #include "app/run/run_clock.h"
 #include "app/run/run_thread.h"
@@ -72,6 +73,9 @@ class RunController {
   /// Lists into the text box which files of a folder a count would read.
   void ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                        bool includeSubfolders);
+  /// Exports `rows` phrases of a finished run into the file `path`; failures have been shown.
+  void Export(std::shared_ptr<ShownResult> result, ExportRequest request, const std::filesystem::path& path,
+              uint32_t rows, std::function<void(const FileListResult&)> exported);
   /// Keeps a finished run as the file `path`, in place of what that holds. `kept` gets the bytes written.
   void Keep(const std::shared_ptr<ShownResult>& result, const std::filesystem::path& path,
             std::function<void(Expected<uint64_t, KeepError>)> kept);
@@ -98,6 +102,7 @@ class RunController {
   struct ListJob;
   struct ReadJob;
   struct KeptJob;
+  struct ExportJob;
 
   /// Has the worker do `work`, and then the window `done` with what it threw, if anything.
   void Start(RunActivity what, std::function<void()> work, std::function<void(std::exception_ptr)> done);
@@ -121,6 +126,7 @@ class RunController {
   /// Begins to keep or to open a run.
   void BeginKept(const QString& what);
   void ShowKeptProgress();
+  void ShowExportProgress();
 
   const Desktop& desktop_;
   RunClock& clock_;
@@ -137,6 +143,8 @@ class RunController {
   RunProgress progress_;
   Gauge<uint64_t> phrasesFound_;
   KeptProgress keptProgress_;
+  Gauge<uint32_t> exported_;  ///< Phrases.
+  uint32_t toExport_ = 0;
 
   RunThread thread_;  ///< Last: what goes on uses all of the above.
 };

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <clocale>
 
 #include "tests/fakes/fake_files.h"
@@ -12,7 +13,6 @@
 namespace korv {
 namespace {
 
-using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -62,8 +62,9 @@ TEST_F(XlsxWriterTest, CellsAreTextsAndNumbersWithTheirFormats) {
   EXPECT_THAT(styles, HasSubstr("<numFmt numFmtId=\"164\" formatCode=\"0\"/>"
                                 "<numFmt numFmtId=\"165\" formatCode=\"0.00\"/>"));
   // The styles 2 and 3 of cells.
-  EXPECT_THAT(styles, ContainsRegex("<cellXfs count=\"4\"><xf numFmtId=\"0\"[^>]*><xf numFmtId=\"0\"[^>]*>"
-                                    "<xf numFmtId=\"164\"[^>]*><xf numFmtId=\"165\""));
+  const std::string cells = styles.substr(styles.find("<cellXfs count=\"4\">"));
+  EXPECT_LT(cells.find("numFmtId=\"164\""), cells.find("numFmtId=\"165\""));
+  EXPECT_EQ(std::ranges::count(cells.substr(0, cells.find("numFmtId=\"164\"")), '<'), 4) << "the third one";
 }
 
 TEST_F(XlsxWriterTest, TheHeadingStaysInSightAndFilters) {
@@ -193,7 +194,7 @@ TEST_F(XlsxWriterTest, NumbersHaveAPointWhateverTheLocale) {
   const std::string sheet = MemberOf(book, "xl/worksheets/sheet1.xml");
   EXPECT_THAT(sheet, HasSubstr("<v>0.25</v>"));
   EXPECT_THAT(sheet, HasSubstr("<v>0.5</v>"));
-  EXPECT_THAT(sheet, Not(ContainsRegex("=\"[0-9]+,[0-9]")));
+  EXPECT_EQ(sheet.find(','), sheet.npos);
 }
 
 TEST_F(XlsxWriterTest, WhatCannotBeWrittenIsAFault) {

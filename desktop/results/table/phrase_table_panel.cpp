@@ -11,6 +11,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "desktop/results/table/column_choice.h"
@@ -25,6 +26,7 @@
 #include "desktop/results/table/row_count_text.h"
 #include "desktop/results/table/row_details.h"
 #include "desktop/results/table/table_bar.h"
+#include "desktop/results/table/table_columns.h"
 #include "desktop/results/table/table_menus.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -170,6 +172,14 @@ void PhraseTablePanel::Show(std::shared_ptr<const CountedRun> run) {
 
 bool PhraseTablePanel::Idle() const {
   return job_.Idle() && !tmrMatch_->isActive() && model_->Idle() && copier_.Idle() && Details->Idle();
+}
+
+TableInSight PhraseTablePanel::InSight() const {
+  TableInSight shown{.Rows = model_->Rows(), .Columns = {}, .Parts = request_.Parts};
+  for (const int section : columns_->Shown())
+    std::ranges::copy(ColumnsForOthers(*model_->Columns()[static_cast<size_t>(section)]),
+                      std::back_inserter(shown.Columns));
+  return shown;
 }
 
 PhraseIndex PhraseTablePanel::CurrentPhrase() const {

@@ -28,6 +28,14 @@ class PresetNote;
 class RowDetails;
 class TableBar;
 
+/// What a table shows: rows in their order, and columns from the left, as tables for other programs have
+/// them.
+struct TableInSight {
+  PhraseList Rows;
+  std::vector<const Column*> Columns;
+  PartChoice Parts;
+};
+
 /// The phrases of a finished run as a table: all of them, ordered by any column, filtered while one types.
 class PhraseTablePanel final : public QWidget {
  public:
@@ -55,6 +63,8 @@ class PhraseTablePanel final : public QWidget {
   void Show(std::shared_ptr<const CountedRun> run);
   /// Whether the rows that were asked for are there, with all values in sight.
   bool Idle() const;
+  /// While it is not Idle(), the rows that are found so far.
+  TableInSight InSight() const;
   /// The phrase of the row that keys act on; kNoPhrase where there is none.
   PhraseIndex CurrentPhrase() const;
   /// Selects the row of a phrase, if it has one.

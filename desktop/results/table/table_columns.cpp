@@ -17,6 +17,11 @@ std::vector<const Column*> WindowColumns() {
   return columns;
 }
 
+std::vector<const Column*> ColumnsForOthers(const Column& column) {
+  if (&column != &FirstColumn()) return {&column};
+  return {FindColumn("first_file"), FindColumn("first_line")};
+}
+
 std::span<const std::string_view> ColumnsAtFirst() {
   static constexpr std::array<std::string_view, 9> kAtFirst = {
       "rank", "phrase", "frequency", "per_million", "words", "files", "dispersion", "net_frequency", "first"};

@@ -15,6 +15,10 @@ namespace korv {
 /// occurrence in one. Constants.
 std::vector<const Column*> WindowColumns();
 
+/// What a column of the window is in tables for other programs: the place of the first occurrence is its file
+/// and its line there.
+std::vector<const Column*> ColumnsForOthers(const Column& column);
+
 /// The names of the columns that the table shows to a user who has chosen none, from the left.
 std::span<const std::string_view> ColumnsAtFirst();
 
