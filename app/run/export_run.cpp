@@ -5,6 +5,7 @@
 #include "app/texts/program_version.h"
 #include "base/time_text.h"
 #include "report/columns/registry.h"
+#include "report/describe_table.h"
 
 namespace korv {
 
@@ -46,14 +47,16 @@ FileListResult ExportRun(ShownResult& result, const ExportRequest& request, cons
   report.Rows.Direction = SortDirection::Ascending;
   if (request.Rows) report.Rows.Given = &*request.Rows;
   report.Progress = &services.Exported;
-  return ListWordsToFile(report, path,
-                         {.Files = services.Files,
-                          .Dialogs = services.Dialogs,
-                          .Texts = services.Texts,
-                          .Table = {.Form = request.Form,
-                                    .Columns = request.Columns.empty() ? TableColumns() : request.Columns,
-                                    .About = AboutRun(result, services)}},
-                         services.Yielder);
+  return ListWordsToFile(
+      report, path,
+      {.Files = services.Files,
+       .Dialogs = services.Dialogs,
+       .Texts = services.Texts,
+       .Table = {.Form = request.Form,
+                 .Columns = request.Columns.empty() ? TableColumns() : request.Columns,
+                 .About = AboutRun(result, services)},
+       .DescribeTo = request.Described ? DescriptionPath(path, services.Files) : std::filesystem::path()},
+      services.Yielder);
 }
 
 }  // namespace korv

@@ -21,6 +21,7 @@ struct ExportRequest {
   const TableForm* Form = nullptr;
   std::vector<const Column*> Columns;  ///< With a Value. Empty for all that tables can have.
   std::optional<PhraseList> Rows;      ///< Nothing: all phrases that the run lists, by rank.
+  bool Described = false;              ///< A description of the table goes into a file beside it.
   PartChoice Parts;                    ///< Over which columns tell how evenly phrases are spread.
 };
 

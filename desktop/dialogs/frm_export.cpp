@@ -1,5 +1,6 @@
 #include "desktop/dialogs/frm_export.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -70,6 +71,11 @@ void frmExport::MakeControls() {
   optExportShown = MakeOption("optExportShown", "&Rows and columns as the table shows them", this);
   optExportAll = MakeOption("optExportAll", "&Everything: all phrases, all columns", this);
   optExportShown->setChecked(true);
+  chkExportDescribed = MakeCheckBox("chkExportDescribed", "With a &description beside it", this);
+  chkExportDescribed->setToolTip(
+      QStringLiteral("A file named datapackage.json says what the columns mean, how the table came about, "
+                     "and what it is of."));
+  chkExportDescribed->setChecked(true);
   lblExportRows = MakeLabel("lblExportRows", this);
   cmdExport = MakeButton("cmdExport", "E&xport", this);
   cmdExport->setDefault(true);
@@ -93,6 +99,8 @@ void frmExport::LayOut() {
   layout->addSpacing(8);
   layout->addWidget(optExportShown);
   layout->addWidget(optExportAll);
+  layout->addSpacing(8);
+  layout->addWidget(chkExportDescribed);
   layout->addSpacing(8);
   layout->addLayout(buttons);
 }
@@ -153,7 +161,8 @@ void frmExport::txbExportFile_Change() {
 void frmExport::cmdExport_Click() {
   const ExportChoice choice{.Form = &Form(),
                             .Path = FromQt(txbExportFile->text().trimmed()),
-                            .Everything = optExportAll->isChecked()};
+                            .Everything = optExportAll->isChecked(),
+                            .Described = chkExportDescribed->isChecked()};
   if (Chosen(choice)) accept();
 }
 

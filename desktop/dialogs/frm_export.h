@@ -8,6 +8,7 @@
 #include "desktop/desktop.h"
 #include "report/writers/table_forms.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -22,6 +23,7 @@ struct ExportChoice {
   const TableForm* Form = nullptr;
   std::string Path;
   bool Everything = false;  ///< Not what the table shows, but all there is.
+  bool Described = false;   ///< With a file that says what it is.
 };
 
 /// How much that would be.
@@ -44,6 +46,7 @@ class frmExport final : public QDialog {
   QComboBox* cboExportForm = nullptr;
   QRadioButton* optExportShown = nullptr;
   QRadioButton* optExportAll = nullptr;
+  QCheckBox* chkExportDescribed = nullptr;
   QLabel* lblExportRows = nullptr;
   QPushButton* cmdExport = nullptr;
   QPushButton* cmdExportCancel = nullptr;

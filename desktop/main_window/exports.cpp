@@ -42,7 +42,8 @@ bool Exports::Begin(const ExportChoice& choice) {
   const std::filesystem::path path = desktop_.Files.AbsolutePath(PathFromText(choice.Path));
   if (!MayWrite(path) || !run_.Idle()) return false;
   const TableInSight shown = panels_.Frame->Table->InSight();
-  ExportRequest request{.Form = choice.Form, .Columns = {}, .Rows = {}, .Parts = shown.Parts};
+  ExportRequest request{
+      .Form = choice.Form, .Columns = {}, .Rows = {}, .Described = choice.Described, .Parts = shown.Parts};
   if (!choice.Everything) {
     request.Columns = shown.Columns;
     request.Rows = shown.Rows;
@@ -78,7 +79,9 @@ void Exports::Tell(const FileListResult& written, const std::filesystem::path& p
     text = "Stopped. " + StoppedFileText(written, desktop_.Numbers);
   } else if (written.Written) {
     text = WrittenText(written.List.Phrases, PathToText(path), desktop_.Numbers);
-    text.insert(text.size() - 1, " (" + FormatSize(written.Bytes, desktop_.Numbers) + ")");
+    const std::string size = FormatSize(written.Bytes, desktop_.Numbers);
+    text.insert(text.size() - 1,
+                " (" + size + ")" + (written.Described ? ", with a description beside it" : ""));
   }
   panels_.Status->ShowText(ToQt(text));
 }

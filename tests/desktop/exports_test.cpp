@@ -131,6 +131,11 @@ TEST_F(Exports, AskWhatAndWhere) {
   EXPECT_EQ(Caption("optExportShown"), "Rows and columns as the table shows them");
   EXPECT_EQ(Caption("optExportAll"), "Everything: all phrases, all columns");
   EXPECT_TRUE(Find<QPushButton>("cmdExport")->isDefault());
+  EXPECT_TRUE(Checked("chkExportDescribed"));
+  EXPECT_EQ(Caption("chkExportDescribed"), "With a description beside it");
+  EXPECT_EQ(TipOf("chkExportDescribed"),
+            "A file named datapackage.json says what the columns mean, how the table came about, and what it "
+            "is of.");
   EXPECT_EQ(Caption("cmdExport"), "Export");
   EXPECT_EQ(Caption("cmdExportCancel"), "Cancel");
   EXPECT_EQ(Dialog().focusWidget(), Dialog().txbExportFile);
@@ -179,8 +184,8 @@ TEST_F(Exports, HaveRowsAndColumnsAsTheTableShowsThem) {
             kShownHeading + std::string("1,the old man wept aloud,3,") + "130434.783,5,,3," + first +
                 ",1\r\n" + "2,the white whale swam,2,86956.5217,4,,2," + first + ",1\r\n");
   const auto bytes = std::filesystem::file_size(PathFromText(PathOf("all.csv")));
-  EXPECT_EQ(Status(),
-            "2 phrases were written to " + PathOf("all.csv") + " (" + std::to_string(bytes) + " bytes).");
+  EXPECT_EQ(Status(), "2 phrases were written to " + PathOf("all.csv") + " (" + std::to_string(bytes) +
+                          " bytes), with a description beside it.");
   EXPECT_FALSE(Dialog().isVisible());
   // Another order, fewer rows, other columns in another order.
   QHeaderView& header = *Table().tblPhrases->horizontalHeader();
@@ -238,6 +243,24 @@ TEST_F(Exports, TellWhatTheyAreOf) {
   EXPECT_THAT(json, HasSubstr("\"command\":null}"));
   EXPECT_THAT(json, HasSubstr("\"files\":1,\"words\":23,"));
   EXPECT_THAT(json, HasSubstr("\"MinWords\":4,\"MaxWords\":6,"));
+}
+
+TEST_F(Exports, HaveADescriptionUnlessNoneIsWished) {
+  CountText();
+  ExportTo("a.csv");
+  const std::string description = ReadFile(PathOf("datapackage.json"));
+  EXPECT_THAT(description, HasSubstr("\"path\":\"a.csv\""));
+  EXPECT_THAT(description, HasSubstr("\"MinWords\":4,"));
+  ExportTo("b.csv");
+  EXPECT_THAT(ReadFile(PathOf("b.datapackage.json")), HasSubstr("\"path\":\"b.csv\""))
+      << "the other one describes the other table";
+  EXPECT_EQ(ReadFile(PathOf("datapackage.json")), description);
+  Ask();
+  Check("chkExportDescribed", false);
+  ExportTo("c.csv");
+  EXPECT_FALSE(files->FileExists(PathFromText(PathOf("c.datapackage.json"))));
+  EXPECT_THAT(Status(), EndsWith(" bytes)."));
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
 }
 
 TEST_F(Exports, AreWrittenInEveryForm) {
