@@ -103,7 +103,8 @@ class CountProgram {
     if (path.empty()) return;
     if (options_.FromStandardInput()) {
       settings_.SourceKind = TextSource::Clipboard;
-    } else if (env_.Files.FolderExists(PathFromText(TrimmedFolderPath(path)))) {
+    } else if (options_.FromCounts.empty() &&
+               env_.Files.FolderExists(PathFromText(TrimmedFolderPath(path)))) {
       settings_.SourceKind = TextSource::Folder;
       settings_.Folder = path;
     } else {
@@ -232,7 +233,8 @@ class CountProgram {
       case RunEnd::Counted:
         break;
       case RunEnd::Stopped:
-        Tell("Stopped before a phrase was read: there is no report.");
+        Tell(options_.FromCounts.empty() ? "Stopped before a phrase was read: there is no report."
+                                         : "Stopped before all counts were read: there is no report.");
         return kExitInterrupted;
       default:
         return kExitRefused;
@@ -280,6 +282,7 @@ class CountProgram {
     request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Rows.Columns()) ||
                                  (table.Form != nullptr && NeedPlaces(ColumnsOf(table)));
     request.KeepText = options_.ContextOf.has_value();
+    request.FromCounts = !options_.FromCounts.empty();
     request.OutputPath = OutputPath();
     request.Stream = &env_.StandardInput;
     request.StreamEncoding = options_.Encoding;

@@ -38,6 +38,7 @@ std::string CountView::ProgressText() const {
     text += grouped(progress_.FilesRead) + " of " + grouped(progress_.FilesTotal) + " files, ";
   else if (progress_.BytesTotal > 0)
     text += std::to_string(progress_.BytesRead * 100 / progress_.BytesTotal) + " %, ";
+  if (progress_.Counts > 0) return text + grouped(progress_.Counts) + " counts";
   return text + grouped(progress_.Words) + " words";
 }
 

@@ -127,6 +127,8 @@ std::vector<OptionRow> OwnSources() {
   OptionRow withNul = PathList("--files0-from", '\0', "The same of paths that end in NUL");
   withNul.Excludes = {"--files-from"};
   return {
+      File("--from-counts", &CountOptions::FromCounts, OptionGroup::Sources,
+           "Read phrases and frequencies, separated by a tab, in place of PATH; - for standard input"),
       Choices<EncodingChoice>(
           "--encoding", &CountOptions::Encoding,
           {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},

@@ -14,6 +14,7 @@
 #include "cli/shell_command.h"
 #include "cli/table_output.h"
 #include "engine/analysis/phrase_query.h"
+#include "report/formats.h"
 
 namespace korv {
 
@@ -43,6 +44,7 @@ class Parser {
       SettleOrder();
       SettleMatch();
       Check();
+      if (!options_.FromCounts.empty()) options_.Paths = {options_.FromCounts};
     } catch (const CLI::Success& success) {
       app_.exit(success, out, err);
       if (out.flush()) return kExitReport;
@@ -83,7 +85,9 @@ class Parser {
   }
 
   void Check() const {
-    if (!options_.NamesSource() && options_.SettingsFile.empty())
+    if (!options_.FromCounts.empty())
+      CheckCounts();
+    else if (!options_.NamesSource() && options_.SettingsFile.empty())
       throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
     if (std::ranges::find(options_.Paths, "") != options_.Paths.end())
       throw CLI::ValidationError("PATH", "an empty one names no file");
@@ -103,6 +107,26 @@ class Parser {
     if (const char* option = options_.DescribingOption(); option != nullptr) CheckDescription(option);
     if (const char* option = options_.TableOption(); option != nullptr && AsksForText())
       throw CLI::ValidationError(option, "makes a table, which --output-format text cannot be");
+  }
+
+  /// Of counts no text, no file and no place is known.
+  void CheckCounts() const {
+    const auto exclude = [](bool given, const char* what) {
+      if (given) throw CLI::ValidationError("--from-counts", std::string("excludes ") + what);
+    };
+    exclude(!options_.Paths.empty(), "PATH");
+    exclude(options_.FilesFrom.has_value(), "--files-from");
+    exclude(options_.ContextOf.has_value(), "--context-of");
+    exclude(options_.ListFiles, "--list-files");
+    exclude(!options_.SaveSettingsFile.empty(), "--save-settings");
+    exclude((options_.Given.Which & SetOf(RowOf("DisplayFormat"))).any() &&
+                FormatOf(options_.Given.Values.Report.DisplayFormat).NeedsFolder,
+            "--format 10, 11 and 12");
+    for (const Limit& limit : options_.Rows.Filter.Limits) {
+      exclude(limit.Of->Id == "files", "--min-files");
+      exclude(limit.Of->Id == "per_million", "--min-per-million");
+      exclude(limit.Of->Id == "net_frequency", "--min-net");
+    }
   }
 
   void CheckContexts() const {

@@ -39,9 +39,10 @@ struct PathListFile {
 /// What the command line asks for. Empty where it says nothing.
 struct CountOptions {
   std::string Command;  ///< All of it, as a shell takes it.
-  /// As typed; "-" is standard input.
+  /// As typed; "-" is standard input. That of FromCounts where there are counts.
   std::vector<std::string> Paths;
   std::optional<PathListFile> FilesFrom;  ///< More of them.
+  std::string FromCounts;  ///< A file of counts in place of a text; "-" is standard input. Empty for none.
   std::string SettingsFile;
   std::string SaveSettingsFile;
 

@@ -41,6 +41,12 @@ class LineWriter {
     return text + Number(words.Dropped()) + " dropped (" + Joined(parts, ", ") + ")";
   }
 
+  std::string Counts(const CountsRead& counts) const {
+    std::string text = Counted(counts.Counts, " count read", " counts read");
+    if (counts.OtherLengths > 0) text += ", " + Number(counts.OtherLengths) + " of other lengths left out";
+    return text;
+  }
+
   /// Of one text the encoding, of several how many have which.
   std::string Encodings(const EncodingCounts& texts, bool folder) const {
     const auto kind = [&](uint64_t count, const char* name) {
@@ -64,7 +70,8 @@ class LineWriter {
 
 std::string RunLine(const RunSummary& facts, const WordRules& rules, const NumberFormat& numbers) {
   const LineWriter writer(numbers);
-  std::vector<std::string> parts{writer.Words(facts.Words, rules)};
+  std::vector<std::string> parts{facts.Counts ? writer.Counts(*facts.Counts)
+                                              : writer.Words(facts.Words, rules)};
   if (facts.LongPhrases > 0)
     parts.push_back(writer.Counted(facts.LongPhrases, " phrase", " phrases") + " of more than " +
                     std::to_string(kMostPhraseCharacters) + " characters not counted");

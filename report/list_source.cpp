@@ -10,6 +10,7 @@
 namespace korv {
 
 uint64_t FilesWithWords(const PhraseTable& table, const RunSummary& facts) {
+  if (facts.Counts) return 0;
   if (facts.Options.SourceKind != TextSource::Folder) return 1;
   const std::vector<CorpusSource>& sources = table.Corpus().Sources;
   uint64_t files = 0;

@@ -9,7 +9,8 @@
 
 namespace korv {
 
-/// How many files of a counted run have a word that was taken. A single file and the clipboard are one.
+/// How many files of a counted run have a word that was taken. A single file and the clipboard are one;
+/// of counts no file is known.
 uint64_t FilesWithWords(const PhraseTable& table, const RunSummary& facts);
 
 /// Prepares what the columns of a list read of a report, and nothing that none of them reads. Outlives the

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,12 @@ struct EncodingCounts {
   bool operator==(const EncodingCounts&) const = default;
 };
 
+/// Counts that a run read in place of a text.
+struct CountsRead {
+  uint64_t Counts = 0;        ///< Phrases with a frequency; a phrase may have several.
+  uint64_t OtherLengths = 0;  ///< Of these, left out for their number of words.
+};
+
 /// What a finished counting run knows beside its phrases; everything that header, summary and notices say.
 struct RunSummary {
   RunOptions Options;               ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
@@ -37,11 +44,13 @@ struct RunSummary {
   /// Several files and folders that were counted together, as a folder source; empty for one source.
   std::vector<SourcePath> Paths;
   bool IncludeSubfolders = false;
-  WordCounts Words;                       ///< What became of the words that were read.
-  uint64_t LongPhrases = 0;               ///< Phrase occurrences left out for having over 100 characters.
-  uint64_t FilesScanned = 0;              ///< Folder source: files whose text was read.
-  uint64_t FoldersScanned = 0;            ///< Folder source: folders entered, and those of named files.
-  EncodingCounts Encodings;               ///< Of files and streams; the clipboard's text has none.
+  WordCounts Words;             ///< What became of the words that were read.
+  uint64_t LongPhrases = 0;     ///< Phrase occurrences left out for having over 100 characters.
+  uint64_t FilesScanned = 0;    ///< Folder source: files whose text was read.
+  uint64_t FoldersScanned = 0;  ///< Folder source: folders entered, and those of named files.
+  EncodingCounts Encodings;     ///< Of files and streams; the clipboard's text has none.
+  /// Where it is there, nothing is known of the text: no word, no file and no place.
+  std::optional<CountsRead> Counts;
   std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.
   std::vector<std::string> Notices;       ///< Folders and files that could not be read, or not wholly.
 };

@@ -3,8 +3,10 @@
 #include <cmath>
 #include <exception>
 #include <new>
+#include <optional>
 #include <utility>
 
+#include "app/run/counts_source.h"
 #include "app/run/questions.h"
 #include "app/run/run_start.h"
 #include "app/run/source_reader.h"
@@ -53,7 +55,7 @@ class Run {
     services_.Progress = {};
     BeginRun(request_, services_.Yielder, run_);
     if (services_.Yielder.Stopped()) return RunEnd::Stopped;
-    const RunEnd read = ReadText();
+    const RunEnd read = request_.FromCounts ? TakeCounts() : ReadText();
     if (read != RunEnd::Counted) return read;
     if (!Finish()) {
       services_.View.Status("Stopped");
@@ -87,6 +89,16 @@ class Run {
     return services_.Yielder.Stopped() && !StopFindsSomething() ? RunEnd::Stopped : RunEnd::Counted;
   }
 
+  RunEnd TakeCounts() {
+    const StageTimer timer(services_.Clock, run_.Times, RunStage::Reading);
+    sums_.emplace(request_.Options, *run_.Lists, run_.Table);
+    return ReadCountsOf(request_, services_, *sums_, run_.Facts);
+  }
+
+  bool CountThem(Yielder& yielder) {
+    return sums_ ? sums_->Finish(yielder) : CountPhrases(run_.Table, yielder);
+  }
+
   // Where no phrase was read there is nothing to ask about.
   bool StopFindsSomething() {
     services_.Yielder.ClearStop();
@@ -96,8 +108,7 @@ class Run {
   }
 
   bool Finish() {
-    if (!Stage(RunStage::Counting, "", [&](Yielder& yielder) { return CountPhrases(run_.Table, yielder); }))
-      return false;
+    if (!Stage(RunStage::Counting, "", [&](Yielder& yielder) { return CountThem(yielder); })) return false;
     run_.Facts.LongPhrases = run_.Table.LongPhrases();
     const bool longSort = run_.Table.PhraseCount() > kNoticedSort;
     if (run_.Table.PhraseCount() >= 2 &&
@@ -142,6 +153,7 @@ class Run {
   const RunServices& services_;
   CountedRun& run_;
   const WordRules rules_;
+  std::optional<PhraseSums> sums_;  ///< Of a run from counts.
 };
 
 }  // namespace

@@ -24,6 +24,7 @@ struct RunProgress {
   Gauge<uint64_t> FilesTotal;
   Gauge<uint64_t> FoldersRead;  ///< Folder runs: folders whose files are being read or have been.
   Gauge<uint64_t> Words;        ///< Words that went into phrases.
+  Gauge<uint64_t> Counts;       ///< Of phrases that were counted elsewhere.
 };
 
 /// Wall time of the stages of a run.

@@ -42,6 +42,10 @@ void PhraseAnalysis::Divide(PartChoice parts) {
 
 bool PhraseAnalysis::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
   const Corpus& corpus = table_.Corpus();
+  // C-values are made of the phrases alone.
+  if (!PrepareOnce(needs.CValues, cValues_,
+                   [&](auto& values) { return FindCValues(table_, yielder, values); }))
+    return false;
   if (corpus.Places.empty()) return true;
   const auto find = [&](const auto& function) {
     return [&](auto& found) { return function(table_, yielder, found); };
@@ -56,8 +60,7 @@ bool PhraseAnalysis::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
          PrepareOnce(needs.FreeOccurrences, free_, find(FindFreeOccurrences)) &&
          PrepareOnce(needs.Words, wordFrequencies_,
                      [&](auto& frequencies) { return CountWords(corpus, yielder, frequencies); }) &&
-         PrepareOnce(needs.Joints, joints_, find(CountJoints)) &&
-         PrepareOnce(needs.CValues, cValues_, find(FindCValues));
+         PrepareOnce(needs.Joints, joints_, find(CountJoints));
 }
 
 std::optional<double> PhraseAnalysis::Dispersion(PhraseIndex phrase,

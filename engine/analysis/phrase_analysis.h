@@ -25,7 +25,7 @@ struct AnalysisNeeds {
   bool Joints = false;           ///< How often the parts of each phrase occur.
   bool CValues = false;          ///< The C-value of each phrase.
 
-  /// Whether something is needed. All of it needs a run that keeps places.
+  /// Whether something is needed. All of it but CValues needs a run that keeps places.
   bool Any() const { return *this != AnalysisNeeds{}; }
   AnalysisNeeds& operator|=(const AnalysisNeeds& other);
   bool operator==(const AnalysisNeeds&) const = default;
@@ -40,7 +40,7 @@ struct AnalysisNeeds {
 /// Values are the same whatever the number of threads that prepared them. They may be asked by any number of
 /// threads, but not while one of them prepares something. A copy shares what was prepared and can prepare
 /// more while the values of the other are asked for. A value is missing where it is not defined, where what
-/// it needs was not prepared, and where the run kept no places.
+/// it needs was not prepared, and, but for C-values, where the run kept no places.
 class PhraseAnalysis {
  public:
   /// The table must be counted, and outlive the object.

@@ -87,18 +87,6 @@ bool KeyedWords::Sort(const Yielder& yielder) try {
   return false;
 }
 
-/// Whether a text can be a word of a ranked vocabulary.
-bool IsWord(std::string_view text) {
-  if (text.empty() || std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) <= ' '; }))
-    return false;
-  for (size_t at = PastAscii(text, 0); at < text.size();) {
-    const Utf8Sequence sequence = Utf8SequenceAt(text, at);
-    if (sequence.Kind != Utf8Kind::WellFormed) return false;
-    at += sequence.Length;
-  }
-  return true;
-}
-
 /// The Keys of words one after the other, each compared with the one before.
 class KeysInOrder {
  public:
@@ -119,6 +107,17 @@ class KeysInOrder {
 };
 
 }  // namespace
+
+bool IsWordText(std::string_view text) {
+  if (text.empty() || std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) <= ' '; }))
+    return false;
+  for (size_t at = PastAscii(text, 0); at < text.size();) {
+    const Utf8Sequence sequence = Utf8SequenceAt(text, at);
+    if (sequence.Kind != Utf8Kind::WellFormed) return false;
+    at += sequence.Length;
+  }
+  return true;
+}
 
 WordNumber Vocabulary::Number(std::string_view word) {
   const WordNumber number{table_.Number(word) + 1};
@@ -196,7 +195,7 @@ bool Vocabulary::Restore(const RawVector<uint64_t>& ends, GrowingArray<char> byt
       wellFormed = begins[w] <= begins[w + 1] && begins[w + 1] <= bytes.size();
       if (!wellFormed) return;
       const std::string_view text(bytes.data() + begins[w], begins[w + 1] - begins[w]);
-      wellFormed = IsWord(text);
+      wellFormed = IsWordText(text);
       if (!wellFormed) return;
       const int order = keys.Compare(text);
       wellFormed = order < 0 || (order == 0 && before < text);

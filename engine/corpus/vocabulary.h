@@ -11,6 +11,9 @@
 
 namespace korv {
 
+/// Whether a text can be a word: UTF-8 without blanks and control characters, and not empty.
+bool IsWordText(std::string_view text);
+
 /// The types of a run, that is its distinct words, by number.
 ///
 /// Words are numbered in the order of their first appearance until Rank() renumbers them. From then on

@@ -14,52 +14,12 @@
 #include "engine/counting/long_phrases.h"
 #include "engine/counting/phrase_sweep.h"
 #include "engine/counting/phrase_table_data.h"
+#include "engine/counting/rank_text.h"
 #include "engine/counting/start_places.h"
 
 namespace korv {
 
 namespace {
-
-/// Below this many tokens a thread costs more than it saves.
-constexpr size_t kTooFewForThreads = 20000;
-
-bool TooFew(const PhraseTableData& data) {
-  return data.Corpus.Tokens.size() < kTooFewForThreads;
-}
-
-/// Renumbers words by rank, so that the order of numbers is the order of Keys, then Texts.
-bool RankText(PhraseTableData& data, Yielder& yielder) {
-  constexpr size_t kBlock = size_t{1} << 18;
-  if (!data.Corpus.Words.Ranked() && !RunTasks(1, TooFew(data), yielder, [&](size_t, size_t) {
-        data.Corpus.Words.Rank(data.NewNumbers, yielder);
-      }))
-    return false;
-  const size_t blocks = (data.Corpus.Tokens.size() + kBlock - 1) / kBlock;
-  data.BlockRenumbered.resize(blocks, 0);
-  return RunTasks(blocks, TooFew(data), yielder, [&](size_t block, size_t) {
-    if (data.BlockRenumbered[block]) return;
-    const size_t end = std::min(data.Corpus.Tokens.size(), (block + 1) * kBlock);
-    for (size_t i = block * kBlock; i < end; ++i)
-      data.Corpus.Tokens[i] = data.NewNumbers[ValueOf(data.Corpus.Tokens[i])];
-    data.BlockRenumbered[block] = 1;
-  });
-}
-
-/// The first words of tasks that sort a run of buckets each, and the word behind the last: enough tasks for
-/// an even share, few enough to cost nothing.
-std::vector<WordNumber> FirstWordsOfTasks(const StartPlaces& starts, const Vocabulary& words) {
-  constexpr uint64_t kTasks = 256;
-  const uint64_t perTask = std::max<uint64_t>(1, starts.Places.size() / kTasks);
-  std::vector<WordNumber> firsts{WordNumber{1}};
-  uint64_t begin = 0;
-  for (const WordNumber w : words.All()) {
-    if (starts.BucketEnds[ValueOf(w)] - begin < perTask) continue;
-    begin = starts.BucketEnds[ValueOf(w)];
-    firsts.push_back(w + 1);
-  }
-  if (ValueOf(firsts.back()) <= words.Size()) firsts.push_back(WordNumber{words.Size() + 1});
-  return firsts;
-}
 
 /// Counts the phrases of a ranked text into an empty table.
 class PhraseCounter {
@@ -83,12 +43,12 @@ class PhraseCounter {
  private:
   /// Sorts each bucket of places by the words that follow and lists its phrases, on all threads.
   bool SortAndSweep() {
-    firsts_ = FirstWordsOfTasks(starts_, data_.Corpus.Words);
+    firsts_ = FirstWordsOfTasks(starts_.BucketEnds, starts_.Places.size(), data_.Corpus.Words);
     const size_t tasks = firsts_.size() - 1;
     entries_.resize(tasks);
     sorters_.resize(WorkerCount());
     if (rule_.ByPhrase()) sourceHasPhrase_ = std::vector<std::atomic<uint8_t>>(data_.Corpus.Sources.size());
-    const bool finished = RunTasks(tasks, TooFew(data_), yielder_,
+    const bool finished = RunTasks(tasks, TooFewForThreads(data_), yielder_,
                                    [this](size_t task, size_t worker) { RunTask(task, worker); });
     sorters_.clear();
     return finished;
@@ -140,7 +100,7 @@ class PhraseCounter {
     data_.LongPhrases = starts_.LongPhrases;
     if (!rule_.ByPhrase()) return true;
     const auto tooLong = CountLongPhrases(data_, rule_, {starts_.MostWords.Data(), starts_.MostWords.Size()},
-                                          TooFew(data_), yielder_);
+                                          TooFewForThreads(data_), yielder_);
     if (tooLong) data_.LongPhrases = *tooLong;
     return tooLong.has_value();
   }

@@ -13,7 +13,8 @@ constexpr Column kFileColumns[] = {
      .Type = ColumnType::Integer,
      .Unit = "files",
      .Definition = "The number of files in which the phrase occurs at least once.",
-     .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell {
+     .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
+       if (source.Facts.Counts) return {};
        return int64_t{phrase.FileCount};
      },
      .NeedsFileCount = true},

@@ -42,8 +42,12 @@ void AddSource(const RunSummary& facts, const TableDescription& about, JsonBuild
   json.Key("source").BeginObject().Key("paths").BeginArray();
   for (const std::string& path : about.Paths) json.Value(path);
   json.End();
-  json.Key("files").Value(FilesRead(facts));
-  json.Key("words").Value(facts.Words.Read()).Key("words_taken").Value(facts.Words.Taken);
+  if (facts.Counts) {
+    json.Key("counts").Value(facts.Counts->Counts);
+  } else {
+    json.Key("files").Value(FilesRead(facts));
+    json.Key("words").Value(facts.Words.Read()).Key("words_taken").Value(facts.Words.Taken);
+  }
   AddSkipped(facts, json);
   json.End();
 }

@@ -13,7 +13,7 @@ namespace korv {
 
 /// "version", "created" and "command" of the program that wrote it.
 void AddProgram(const TableDescription& about, JsonBuilder& json);
-/// "source": paths, files, words, words_taken, skipped.
+/// "source": paths, files, words, words_taken, skipped; of counts paths, counts, skipped.
 void AddSource(const RunSummary& facts, const TableDescription& about, JsonBuilder& json);
 /// "settings": those of the run by their names.
 void AddSettings(const TableDescription& about, JsonBuilder& json);

@@ -106,9 +106,13 @@ void SqliteWriter::WriteRun(const ColumnSource& source) {
   if (!about_.Command.empty()) rows.Put("command", std::string_view(about_.Command));
   for (const std::string& path : about_.Paths) rows.Put("path", std::string_view(path));
   const RunSummary& facts = source.Facts;
-  rows.Put("files", FilesRead(facts));
-  rows.Put("words", facts.Words.Read());
-  rows.Put("words_taken", facts.Words.Taken);
+  if (facts.Counts) {
+    rows.Put("counts", facts.Counts->Counts);
+  } else {
+    rows.Put("files", FilesRead(facts));
+    rows.Put("words", facts.Words.Read());
+    rows.Put("words_taken", facts.Words.Taken);
+  }
   for (const SkippedFile& file : facts.SkippedFiles)
     rows.Put("skipped", std::string_view(file.Path + " " + file.Reason));
   for (const auto& [name, value] : about_.Settings) rows.Put(name, value);

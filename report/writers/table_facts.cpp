@@ -17,9 +17,13 @@ std::vector<TableFact> FactsOf(const ColumnSource& source, const TableDescriptio
   const auto grouped = [&](uint64_t n) { return about.Numbers.Grouped(static_cast<int64_t>(n)); };
   std::vector<TableFact> list;
   for (const std::string& path : about.Paths) list.push_back({"Source", path});
-  list.push_back({"Files", grouped(FilesRead(facts))});
-  list.push_back({"Running words (N)", grouped(facts.Words.Read())});
-  list.push_back({"Words taken", grouped(facts.Words.Taken)});
+  if (facts.Counts) {
+    list.push_back({"Counts", grouped(facts.Counts->Counts)});
+  } else {
+    list.push_back({"Files", grouped(FilesRead(facts))});
+    list.push_back({"Running words (N)", grouped(facts.Words.Read())});
+    list.push_back({"Words taken", grouped(facts.Words.Taken)});
+  }
   list.push_back({"Program", "Korv " + about.Version});
   list.push_back({"Made", about.Created});
   if (!about.Command.empty()) list.push_back({"Command", about.Command});
