@@ -17,7 +17,6 @@
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/clipboard_page.h"
-#include "desktop/main_window/exports.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/main_layout.h"
 #include "desktop/main_window/main_menus.h"

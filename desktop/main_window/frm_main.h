@@ -18,7 +18,6 @@ class QTimer;
 
 namespace korv {
 
-class Exports;
 class frmHelp;
 class frmParams;
 class frmPopUp;
@@ -147,7 +146,6 @@ class frmMain final : public QMainWindow, public SettingsHost {
   std::unique_ptr<TableActions> tableActions_;
   std::unique_ptr<RunController> run_;
   std::unique_ptr<ResultController> result_;
-  std::unique_ptr<Exports> exports_;
   std::unique_ptr<Opening> opening_;
   std::unique_ptr<MainMenus> menus_;
 

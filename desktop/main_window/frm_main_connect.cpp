@@ -6,7 +6,6 @@
 #include <QRadioButton>
 #include <QTimer>
 
-#include "desktop/main_window/exports.h"
 #include "desktop/main_window/file_drops.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/frm_main.h"
@@ -65,7 +64,6 @@ void frmMain::MakeControllers() {
   };
   result_->Shown = [this] { tableActions_->ShowChips(); };
   result_->CountLeftOut = [this] { CountLeftOut(); };
-  exports_ = std::make_unique<Exports>(desktop_, panels_, *run_, *result_);
   opening_ = std::make_unique<Opening>(
       desktop_, *panels_.Source, [this] { return run_->Idle(); },
       [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); },
@@ -88,7 +86,7 @@ void frmMain::MakeMenus() {
           .Quit = [this] { cmdQuit_Click(); },
           .GoToSource = [this] { GoToSource(); },
           .SaveListAs = [this] { SaveListAs(); },
-          .Export = [this] { exports_->Export(); },
+          .Export = [this] { result_->Tables().Export(); },
           .KeepRun = [this] { result_->Kept().KeepRun(); },
           .OpenKeptRun = [this] { result_->Kept().OpenKeptRun(); },
           .HasRun = [this] { return result_->HasResult(); },

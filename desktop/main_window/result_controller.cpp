@@ -40,7 +40,8 @@ ResultController::ResultController(const Desktop& desktop, const MainPanels& pan
       showSettings_(std::move(showSettings)),
       overwrite_(desktop.Files, desktop.Messages),
       runs_(*panels.Frame->Tabs, *panels.Result),
-      kept_(desktop, panels, run, *this) {
+      kept_(desktop, panels, run, *this),
+      exports_(desktop, panels, run, *this) {
   panels_.Frame->ViewChanged = [this] {
     Guarded(desktop_.Messages, "tabViews_Click", [this] { ShowResult(); })();
   };

@@ -10,6 +10,7 @@
 #include "app/run/shown_result.h"
 #include "app/workspace.h"
 #include "desktop/desktop.h"
+#include "desktop/main_window/exports.h"
 #include "desktop/main_window/kept_runs.h"
 #include "desktop/main_window/main_panels.h"
 #include "desktop/results/open_runs.h"
@@ -36,6 +37,8 @@ class ResultController final : public QObject {
   const OpenRuns& Runs() const { return runs_; }
   /// Those that are files.
   KeptRuns& Kept() { return kept_; }
+  /// Those that become tables for other programs.
+  Exports& Tables() { return exports_; }
   /// Null before the first run.
   const std::shared_ptr<ShownResult>& InFront() const { return result_; }
 
@@ -103,6 +106,7 @@ class ResultController final : public QObject {
   OverwriteGuard overwrite_;
   OpenRuns runs_;
   KeptRuns kept_;
+  Exports exports_;
   std::shared_ptr<ShownResult> result_;  ///< Of the run in front.
   /// Something was chosen while a listing went on; it will be looked at afterwards.
   bool changedMeanwhile_ = false;
