@@ -6,13 +6,14 @@ namespace korv {
 namespace {
 
 constexpr const char* kUsage =
-    "Usage: korv [FILE | FOLDER]\n"
+    "Usage: korv [FILE | FOLDER]...\n"
     "\n"
     "Opens a window that counts the phrases of a text.\n"
     "\n"
     "  FILE        a text to be counted, settings to be loaded (*.korv), or a kept\n"
     "              run to be opened (*.korvrun)\n"
-    "  FOLDER      a folder of texts to be counted\n"
+    "  FOLDER      a folder of texts to be counted; several texts and folders are\n"
+    "              counted together\n"
     "  --help      print this and end\n"
     "  --version   print the version and end\n"
     "\n"

@@ -22,10 +22,22 @@ void Workspace::TakeFilesOfSettings() {
 void Workspace::Change(ChangedBy by, const Settings& settings) {
   const Settings before = std::exchange(settings_, settings);
   TakeFilesOfSettings();
+  if (settings_.Folder != before.Folder) together_.clear();
   const SettingSet changed = DifferencesOf(before, settings_);
-  if (changed.none()) return;
+  if (changed.any()) Tell(changed, by);
+}
+
+void Workspace::Tell(const SettingSet& changed, ChangedBy by) {
   // By index: a listener may bring another one.
   for (size_t k = 0; k < listeners_.size(); ++k) listeners_[k](changed, by);
+}
+
+void Workspace::CountTogether(ChangedBy by, std::vector<SourcePath> paths) {
+  if (paths == together_) return;
+  const Settings before = settings_;
+  together_ = std::move(paths);
+  if (!together_.empty()) settings_.SourceKind = TextSource::Folder;
+  Tell(DifferencesOf(before, settings_), by);
 }
 
 void Workspace::Change(ChangedBy by, const std::function<void(Settings&)>& edit) {
@@ -60,17 +72,22 @@ bool Workspace::HasWordsToIgnore() const {
 }
 
 Workspace::State Workspace::Keep() const {
-  return {settings_, lists_, countOnly_};
+  return {settings_, lists_, countOnly_, together_};
 }
 
 void Workspace::PutBack(ChangedBy by, State state) {
   lists_ = std::move(state.Lists);
   countOnly_ = std::move(state.CountOnly);
   Change(by, state.Chosen);
+  // Behind the settings, whose folder may be another one.
+  if (state.Together == together_) return;
+  together_ = std::move(state.Together);
+  Tell({}, by);
 }
 
 RunRequest Workspace::RequestOfNow() const {
   RunRequest request = RunRequestOf(settings_);
+  if (settings_.SourceKind == TextSource::Folder) request.Paths = together_;
   request.Lists =
       MakeWordFilterSpec(LoadedOf(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
                          settings_.PatternMatchingInWordsToIgnoreFile, LoadedOf(ListKind::CountOnly),

@@ -8,6 +8,7 @@
 
 #include "app/run/run_request.h"
 #include "app/settings/schema.h"
+#include "engine/source_path.h"
 #include "wordlists/list_kind.h"
 #include "wordlists/word_file_list.h"
 #include "wordlists/word_list.h"
@@ -23,7 +24,7 @@ enum class ChangedBy { User, Program };
 /// Belongs to one thread.
 class Workspace {
  public:
-  /// `changed` holds the settings whose values differ from what they were.
+  /// `changed` holds the settings whose values differ from what they were; none where something else does.
   using Listener = std::function<void(const SettingSet& changed, ChangedBy by)>;
 
   explicit Workspace(Settings settings = SettingsAtStart());
@@ -60,6 +61,15 @@ class Workspace {
   /// Whether a word to ignore is in force.
   bool HasWordsToIgnore() const;
 
+  // ---- Several sources
+
+  /// Files and folders that are counted together in place of the folder of the settings; empty for none. No
+  /// setting: nobody misses them after a restart.
+  const std::vector<SourcePath>& Together() const { return together_; }
+  /// Makes a folder source of them. Listeners are called if only they have changed, too, with no setting.
+  /// Another folder among the settings, which a change of them brings, makes an end of them.
+  void CountTogether(ChangedBy by, std::vector<SourcePath> paths);
+
   // ---- All of it
 
   /// The files of a list, and what was loaded of the selected one.
@@ -82,11 +92,13 @@ class Workspace {
   ListPart& PartOf(ListKind kind) { return lists_[static_cast<size_t>(kind)]; }
   const ListPart& PartOf(ListKind kind) const { return lists_[static_cast<size_t>(kind)]; }
   void TakeFilesOfSettings();
+  void Tell(const SettingSet& changed, ChangedBy by);
 
   Settings settings_;
   std::array<ListPart, 2> lists_{ListPart{WordFileList(ListKind::WordsToIgnore), {}},
                                  ListPart{WordFileList(ListKind::CountOnly), {}}};
   std::string countOnly_;
+  std::vector<SourcePath> together_;
   std::vector<Listener> listeners_;
 };
 
@@ -94,6 +106,7 @@ struct Workspace::State {
   Settings Chosen;
   std::array<ListPart, 2> Lists;  ///< By ListKind.
   std::string CountOnly;          ///< The typed entries.
+  std::vector<SourcePath> Together{};
 };
 
 }  // namespace korv

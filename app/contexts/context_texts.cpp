@@ -10,14 +10,30 @@ std::string Counted(uint64_t number, const char* one, const char* many, const Nu
   return numbers.Grouped(static_cast<int64_t>(number)) + (number == 1 ? one : many);
 }
 
+bool IsBelow(const std::filesystem::path& relative) {
+  return !relative.empty() && *relative.begin() != "..";
+}
+
+/// Below a folder among them the name of that folder and the names in it.
+std::string NameAmong(const std::vector<SourcePath>& paths, const std::filesystem::path& path) {
+  for (const SourcePath& source : paths) {
+    if (source.What != SourcePath::Kind::Folder) continue;
+    const std::filesystem::path folder = PathFromText(source.Path).lexically_normal();
+    const auto below = path.lexically_relative(folder);
+    if (IsBelow(below)) return PathToText(folder.filename() / below);
+  }
+  return PathToText(path.filename());
+}
+
 }  // namespace
 
 std::string NameOfText(const CountedRun& run, size_t source) {
   const std::filesystem::path& path = run.Table.Corpus().Sources[source].Path;
   if (path.empty()) return SourceName(TextSource::Clipboard, {});
   if (run.Facts.Options.SourceKind == TextSource::Folder) {
+    if (!run.Facts.Paths.empty()) return NameAmong(run.Facts.Paths, path);
     const auto below = path.lexically_relative(PathFromText(run.Facts.InputPath).lexically_normal());
-    if (!below.empty() && *below.begin() != "..") return PathToText(below);
+    if (IsBelow(below)) return PathToText(below);
   }
   return PathToText(path.filename());
 }

@@ -134,6 +134,25 @@ std::optional<WordList> TakeLoaded(KeptReader& reader) {
   return list;
 }
 
+void AppendPaths(const std::vector<SourcePath>& paths, std::string& bytes) {
+  AppendNumber(static_cast<uint32_t>(paths.size()), bytes);
+  for (const SourcePath& source : paths) {
+    AppendNumber(static_cast<uint8_t>(source.What), bytes);
+    AppendBytes(BytesOfPath(PathFromText(source.Path)), bytes);
+  }
+}
+
+std::vector<SourcePath> TakePaths(KeptReader& reader) {
+  std::vector<SourcePath> paths;
+  for (auto left = reader.Take<uint32_t>(); left > 0 && !reader.Failed(); --left) {
+    const auto kind = reader.Take<uint8_t>();
+    // What came from standard input is gone, and no window reads it.
+    if (kind > static_cast<uint8_t>(SourcePath::Kind::Folder)) reader.Fail(OpenFault::Damaged);
+    paths.push_back({BytesOfPath(reader.TakePath()), static_cast<SourcePath::Kind>(kind)});
+  }
+  return paths;
+}
+
 const Workspace::ListPart& PartOf(const Workspace::State& state, ListKind kind) {
   return state.Lists[static_cast<size_t>(kind)];
 }
@@ -163,6 +182,7 @@ void AppendChoice(const Workspace::State& chosen, bool singleWords, std::string&
   AppendNumber(int32_t{files.Selected()}, bytes);
   AppendLoaded(PartOf(chosen, ListKind::WordsToIgnore).Loaded, bytes);
   AppendLoaded(PartOf(chosen, ListKind::CountOnly).Loaded, bytes);
+  AppendPaths(chosen.Together, bytes);
 }
 
 KeptChoice TakeChoice(KeptReader& reader) {
@@ -176,6 +196,7 @@ KeptChoice TakeChoice(KeptReader& reader) {
   choice.Chosen.Lists[static_cast<size_t>(ListKind::CountOnly)].Files.Restore(std::move(files), selected);
   for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly})
     choice.Chosen.Lists[static_cast<size_t>(kind)].Loaded = TakeLoaded(reader);
+  if (reader.Version() >= 2) choice.Chosen.Together = TakePaths(reader);
   return choice;
 }
 

@@ -29,7 +29,9 @@ namespace korv {
 //         one. Then whether single words were counted (bool); the typed count-only entries (text); the list
 //         of count-only files (list of texts, selected i32); what was loaded of the file of words to ignore
 //         and of that of count-only entries: whether there is something (bool), and then path (path), whether
-//         an entry is a pattern (bool) and the entries (list of texts).
+//         an entry is a pattern (bool) and the entries (list of texts). Then the paths that were counted
+//         together, from version 2 on: their number (u32), then for each its kind (u8: a file 0, a folder 1)
+//         and the path (path).
 //   FACT  stopped, interrupted (bools); words taken, words dropped by each DropReason (u64); long phrases,
 //         files read, folders entered (u64); texts by encoding: ASCII, ANSI, UTF-8, ill-formed sequences
 //         (u64); skipped files (list of path as text and reason); notices (list of texts); what is said of
@@ -56,7 +58,8 @@ namespace korv {
 // was counted. Nothing of that needs the text.
 
 inline constexpr std::string_view kKeptMagic("KORVRUN\x1A", 8);
-inline constexpr uint32_t kKeptVersion = 1;
+/// Files of version 1 had no list of paths.
+inline constexpr uint32_t kKeptVersion = 2;
 
 enum class KeptSection : uint8_t {
   Settings,

@@ -30,11 +30,12 @@ bool KeptReader::Begin() {
     Fail(OpenFault::CutShort);
     return false;
   }
-  const auto version = Take<uint32_t>();
+  version_ = Take<uint32_t>();
   const auto length = Take<uint64_t>();
-  if (version > kKeptVersion) Fail(OpenFault::Newer);
+  if (version_ > kKeptVersion) Fail(OpenFault::Newer);
   if (length > size) Fail(OpenFault::CutShort);
-  if (version == 0 || length < size || size < kKeptHeaderBytes + kKeptChecksumBytes) Fail(OpenFault::Damaged);
+  if (version_ == 0 || length < size || size < kKeptHeaderBytes + kKeptChecksumBytes)
+    Fail(OpenFault::Damaged);
   if (!Failed()) beyond_ = size - kKeptHeaderBytes - kKeptChecksumBytes;
   return !Failed();
 }

@@ -24,6 +24,8 @@ class KeptReader {
 
   /// The beginning of the file; first of all.
   bool Begin();
+  /// Of the format that the file is in, 1 to kKeptVersion. After Begin().
+  uint32_t Version() const { return version_; }
   /// The section that has to come next.
   bool BeginSection(KeptSection section);
   /// False, a fault, where the section holds more than was taken.
@@ -80,6 +82,7 @@ class KeptReader {
   std::string buffer_;
   size_t at_ = 0;      ///< In the buffer: the first byte that was not taken.
   uint64_t read_ = 0;  ///< Of the file.
+  uint32_t version_ = 0;
   uint64_t left_ = 0;
   uint64_t beyond_ = 0;  ///< Bytes of the file behind the section, the checksum's left out.
   Checksum checksum_;

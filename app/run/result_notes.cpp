@@ -25,6 +25,15 @@ std::string Name(const std::string& path) {
   return Shortened(SourceName(TextSource::SingleFile, path), kLongestName);
 }
 
+/// One a line.
+std::string PathsText(const RunSummary& facts) {
+  constexpr size_t kMostNamed = 20;
+  std::string text;
+  for (size_t i = 0; i < std::min(kMostNamed, facts.Paths.size()); ++i)
+    text += (text.empty() ? "" : "\n") + facts.Paths[i].Path;
+  return text + (facts.Paths.size() > kMostNamed ? "\n..." : "");
+}
+
 bool Filtered(const ReportOptions& options) {
   return options.FilterActive && !options.FilterText.empty();
 }
@@ -65,7 +74,7 @@ class Notes {
 
   void Source() {
     const RunSummary& facts = result_.Run.Facts;
-    ResultNote note{NoteKind::Source, "", {}, facts.InputPath};
+    ResultNote note{NoteKind::Source, "", {}, facts.Paths.empty() ? facts.InputPath : PathsText(facts)};
     switch (facts.Options.SourceKind) {
       case TextSource::Clipboard:
         note.Text = "Phrases of the text on the clipboard";
@@ -74,9 +83,11 @@ class Notes {
         note.Text = "Phrases of " + Name(facts.InputPath);
         break;
       case TextSource::Folder:
-        note.Text = "Phrases of the folder " + Name(facts.InputPath) + ": " +
-                    Counted(facts.FilesScanned, "file", "files", numbers_) + " in " +
-                    Counted(facts.FoldersScanned, "folder", "folders", numbers_);
+        note.Text =
+            "Phrases of " +
+            (facts.Paths.empty() ? "the folder " + Name(facts.InputPath) : TogetherName(facts.Paths)) + ": " +
+            Counted(facts.FilesScanned, "file", "files", numbers_) + " in " +
+            Counted(facts.FoldersScanned, "folder", "folders", numbers_);
         break;
     }
     Add(std::move(note));
@@ -337,10 +348,30 @@ std::string SourceName(TextSource kind, const std::string& path) {
 }
 
 std::string FileNameOfRun(const RunSummary& facts) {
-  std::string name = SourceName(facts.Options.SourceKind, facts.InputPath);
+  std::string name = SourceNameOf(facts);
   std::ranges::replace_if(
       name, [](char c) { return std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos; }, '_');
   return name;
+}
+
+std::string TogetherName(std::span<const SourcePath> paths) {
+  const auto counted = [](size_t number, const char* what) {
+    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+  };
+  size_t folders = 0;
+  for (const SourcePath& source : paths)
+    if (source.What == SourcePath::Kind::Folder) ++folders;
+  const size_t files = paths.size() - folders;
+  std::string name;
+  if (files > 0) name = counted(files, "file");
+  if (files > 0 && folders > 0) name += " and ";
+  if (folders > 0) name += counted(folders, "folder");
+  return name;
+}
+
+std::string SourceNameOf(const RunSummary& facts) {
+  return facts.Paths.empty() ? SourceName(facts.Options.SourceKind, facts.InputPath)
+                             : TogetherName(facts.Paths);
 }
 
 std::string Shortened(const std::string& name, size_t characters) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
 #include "app/run/run_changes.h"
 #include "app/run/shown_result.h"
 #include "base/number_format.h"
+#include "engine/source_path.h"
 
 namespace korv {
 
@@ -97,6 +99,10 @@ ResultLabels LabelsOf(const ShownResult& result, const NumberFormat& numbers);
 
 /// The source of a run as a user calls it: the name of a file or folder, "Clipboard". Empty for none.
 std::string SourceName(TextSource kind, const std::string& path);
+/// What several sources are called: "3 files", "2 folders", "3 files and 1 folder".
+std::string TogetherName(std::span<const SourcePath> paths);
+/// What the source of a run is called, in one of these ways.
+std::string SourceNameOf(const RunSummary& facts);
 
 /// The name, without an extension, of a file that is offered for a run: that of its source, without the signs
 /// that some systems do not allow.

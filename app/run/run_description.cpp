@@ -39,7 +39,7 @@ const char* IgnoreText(IgnoreRule rule) {
 
 std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers) {
   const RunSummary& facts = result.Run.Facts;
-  std::string text = Shortened(SourceName(facts.Options.SourceKind, facts.InputPath), kLongestName) + ": ";
+  std::string text = Shortened(SourceNameOf(facts), kLongestName) + ": ";
   if (facts.Options.SourceKind == TextSource::Folder)
     text += Counted(facts.FilesScanned, "file", "files", numbers) + ", ";
   return text + Words(facts.Words, numbers) + ", " +
@@ -50,7 +50,8 @@ std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers)
 std::string RunTip(const ShownResult& result, const std::string& when, const NumberFormat& numbers) {
   const RunSummary& facts = result.Run.Facts;
   const RunRequest& request = result.Request;
-  std::string text = facts.Options.SourceKind == TextSource::Clipboard ? "Clipboard" : facts.InputPath;
+  std::string text = facts.InputPath;
+  if (facts.Options.SourceKind == TextSource::Clipboard || !facts.Paths.empty()) text = SourceNameOf(facts);
   text += "\n" + PhrasesText(facts.Options) + ".\n" + WordRulesText(request.Rules) + ".\n";
   if (const size_t words = request.Lists.FileWordsToIgnore.size() + request.Lists.TypedWordsToIgnore.size();
       words > 0)

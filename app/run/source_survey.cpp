@@ -14,6 +14,7 @@
 #include "sources/detect/text_file_check.h"
 #include "sources/folders/folder_walk.h"
 #include "sources/read/docx.h"
+#include "sources/read/read_plan.h"
 #include "sources/read/text_reader.h"
 
 namespace korv {
@@ -87,22 +88,34 @@ void SurveyFile(const std::string& typed, FileSystem& files, SourceSurvey& surve
   if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
 }
 
+void SurveyFileOfMany(FileSystem& files, const std::filesystem::path& path, SourceSurvey& survey) {
+  const auto size = files.FileSize(path);
+  if (size) survey.Bytes += *size;
+  if (++survey.Files > kMostLookedInto) survey.LookedInto = false;
+  if (!survey.LookedInto) return;
+  // Opening a pipe would wait for whoever writes into it.
+  if (!size && files.FileExists(path)) return;
+  const FileLook look = LookInto(files, path);
+  if (!look.Refusal.empty()) ++survey.Refused;
+  if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
+}
+
 void SurveyFolder(const SurveyRequest& request, FileSystem& files, Yielder& yielder, SourceSurvey& survey) {
-  const std::filesystem::path folder = PathFromText(TrimmedFolderPath(request.Path));
-  if (!files.FolderExists(folder)) return;
-  survey.Found = true;
   FolderWalk walk(files, yielder, request.Selection, request.IncludeSubfolders);
   FolderEvents events;
+  events.Wanted = [&](const std::filesystem::path& path) { SurveyFileOfMany(files, path, survey); };
   survey.LookedInto = true;
-  events.Wanted = [&](const std::filesystem::path& path) {
-    if (const auto size = files.FileSize(path)) survey.Bytes += *size;
-    if (++survey.Files > kMostLookedInto) survey.LookedInto = false;
-    if (!survey.LookedInto) return;
-    const FileLook look = LookInto(files, path);
-    if (!look.Refusal.empty()) ++survey.Refused;
-    if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
-  };
-  survey.Folders = walk.ProcessFolder(folder, WalkMode::Reading, events).Folders;
+  if (!request.Together.empty()) {
+    survey.Found = true;
+    ReadPlan plan;
+    plan.AddTogether(request.Together, files, walk, events);
+    survey.Folders = plan.Folders();
+    return;
+  }
+  const std::filesystem::path folder = PathFromText(TrimmedFolderPath(request.Path));
+  survey.Found = files.FolderExists(folder);
+  survey.LookedInto = survey.Found;
+  if (survey.Found) survey.Folders = walk.ProcessFolder(folder, WalkMode::Reading, events).Folders;
 }
 
 /// "UTF-8 and ANSI". What is ASCII reads the same in both, and is named only where it is all there is.

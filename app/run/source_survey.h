@@ -4,9 +4,11 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/number_format.h"
 #include "base/yielder.h"
+#include "engine/source_path.h"
 #include "platform/files.h"
 #include "report/run_summary.h"
 #include "sources/folders/file_selection.h"
@@ -16,7 +18,8 @@ namespace korv {
 /// A source to be looked at before it is counted. Paths as in RunRequest.
 struct SurveyRequest {
   TextSource Kind = TextSource::SingleFile;
-  std::string Path{};  ///< UTF-8, as typed.
+  std::string Path{};                  ///< UTF-8, as typed.
+  std::vector<SourcePath> Together{};  ///< Of a folder source: several paths in its place.
   FileSelection Selection{};
   bool IncludeSubfolders = false;
 

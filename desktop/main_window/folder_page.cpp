@@ -2,16 +2,31 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <algorithm>
 
+#include "app/run/result_notes.h"
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
+#include "desktop/widgets/eliding_label.h"
 #include "desktop/widgets/icons.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
 #include "sources/detect/source_checks.h"
 
 namespace korv {
+namespace {
+
+/// "3 files: a.txt, b.txt, c.txt".
+std::string TogetherText(const std::vector<SourcePath>& paths) {
+  constexpr size_t kMostNamed = 20;
+  std::string text = TogetherName(paths) + ": ";
+  for (size_t i = 0; i < std::min(kMostNamed, paths.size()); ++i)
+    text += (i == 0 ? "" : ", ") + PathToText(PathFromText(paths[i].Path).filename());
+  return text + (paths.size() > kMostNamed ? ", ..." : "");
+}
+
+}  // namespace
 
 FolderPage::FolderPage(const Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop) {
   auto* layout = Bare(new QGridLayout(this));
@@ -35,7 +50,10 @@ void FolderPage::BuildFolderRow(QGridLayout& layout) {
   txbFolder = MakeTextBox("txbFolder", "Path of the folder", this);
   cmdClearFolder = Described(MakeButton("cmdClearFolder", "Cle&ar", this), "Clear the folder");
   layout.addWidget(cmdFolder, 0, 0);
+  lblTogether = Named(new ElidingLabel(this), "lblTogether");
+  lblTogether->hide();
   layout.addWidget(txbFolder, 0, 1);
+  layout.addWidget(lblTogether, 0, 1);
   layout.addWidget(cmdClearFolder, 0, 2);
 }
 
@@ -90,6 +108,11 @@ void FolderPage::cmdFolder_Click() {
 }
 
 void FolderPage::cmdClearFolder_Click() {
+  if (!together_.empty()) {
+    TogetherEnded();
+    txbFolder->setFocus();
+    return;
+  }
   txbFolder->clear();
   txbFolder->setFocus();
   EnableClearButtons();
@@ -113,6 +136,10 @@ void FolderPage::txbFileFilepathSpecifications_LostFocus(int index) {
 
 void FolderPage::cmdListFiles_Click() {
   const FileSelection selection = Selection();
+  if (!together_.empty()) {
+    if (ValidatePatterns(selection, desktop_.Messages)) ListTogether(selection);
+    return;
+  }
   const std::string folder = TrimmedFolderPath(FromQt(txbFolder->text()));
   if (!ValidatePatterns(selection, desktop_.Messages) ||
       !ValidateFolder(desktop_.Files, desktop_.Messages, folder, {}, chkIncludeSubfolders->isChecked(),
@@ -127,15 +154,24 @@ FileSelection FolderPage::Selection() const {
           .Exclusions = SplitPatterns(FromQt(txbFileFilepathSpecifications[1]->text()))};
 }
 
-bool FolderPage::Contains(const std::string& path) const {
-  const std::string folder = FromQt(txbFolder->text());
-  return !folder.empty() && OutputIsInFolder(desktop_.Files, folder, path, chkIncludeSubfolders->isChecked());
+void FolderPage::ShowTogether(const std::vector<SourcePath>& paths) {
+  if (paths == together_) return;
+  together_ = paths;
+  const bool several = !together_.empty();
+  txbFolder->setVisible(!several);
+  lblTogether->setVisible(several);
+  lblTogether->setText(several ? ToQt(TogetherText(together_)) : QString());
+  EnableClearButtons();
 }
 
-void FolderPage::SelectFiles(const std::string& patterns) {
-  txbFileFilepathSpecifications[0]->setText(ToQt(patterns));
-  txbFileFilepathSpecifications[1]->clear();
-  chkIncludeSubfolders->setChecked(false);
+bool FolderPage::RefusesOutput(const std::string& path) const {
+  const bool subfolders = chkIncludeSubfolders->isChecked();
+  if (!together_.empty())
+    return !ValidateOutputBeside(desktop_.Files, desktop_.Messages, together_, path, subfolders);
+  const std::string folder = FromQt(txbFolder->text());
+  if (folder.empty() || !OutputIsInFolder(desktop_.Files, folder, path, subfolders)) return false;
+  ShowOutputInFolder(desktop_.Messages);
+  return true;
 }
 
 void FolderPage::ShowFileChoices(bool shown) {
@@ -153,7 +189,7 @@ void FolderPage::EnableDisableButtons(bool enabled) {
 }
 
 void FolderPage::EnableClearButtons() {
-  if (enabled_) cmdClearFolder->setEnabled(!txbFolder->text().isEmpty());
+  if (enabled_) cmdClearFolder->setEnabled(!txbFolder->text().isEmpty() || !together_.empty());
 }
 
 void FolderPage::SetPathToolTips() {

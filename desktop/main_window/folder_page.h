@@ -5,8 +5,10 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "desktop/desktop.h"
+#include "engine/source_path.h"
 #include "sources/folders/file_selection.h"
 
 class QCheckBox;
@@ -16,7 +18,9 @@ class QPushButton;
 
 namespace korv {
 
-/// The source page of a folder, with which of its files are read.
+class ElidingLabel;
+
+/// The source page of a folder, with which of its files are read; or of several files and folders.
 class FolderPage final : public QWidget {
  public:
   FolderPage(const Desktop& desktop, QWidget* parent);
@@ -24,6 +28,7 @@ class FolderPage final : public QWidget {
 
   QPushButton* cmdFolder = nullptr;
   QLineEdit* txbFolder = nullptr;
+  ElidingLabel* lblTogether = nullptr;  ///< Several sources, in the place of the folder's path.
   QPushButton* cmdClearFolder = nullptr;
   std::array<QLineEdit*, 2> txbFileFilepathSpecifications{};  ///< 0 patterns of names, 1 exclusions.
   QCheckBox* chkIncludeSubfolders = nullptr;
@@ -33,6 +38,10 @@ class FolderPage final : public QWidget {
   /// The files of the folder are to be listed.
   std::function<void(const std::filesystem::path& folder, const FileSelection& files)> ListFilesOf =
       [](const auto&, const auto&) {};
+  /// The files of the several sources are to be listed.
+  std::function<void(const FileSelection& files)> ListTogether = [](const auto&) {};
+  /// The folder is the source again.
+  std::function<void()> TogetherEnded = [] {};
 
   void cmdFolder_Click();
   void cmdClearFolder_Click();
@@ -42,10 +51,11 @@ class FolderPage final : public QWidget {
   void cmdListFiles_Click();
 
   FileSelection Selection() const;
-  /// Whether a file at `path` would lie where the folder is read.
-  bool Contains(const std::string& path) const;
-  /// These files alone are to be read, and those of subfolders are not.
-  void SelectFiles(const std::string& patterns);
+  /// Several sources stand in the place of the folder; none: the folder itself.
+  void ShowTogether(const std::vector<SourcePath>& paths);
+  const std::vector<SourcePath>& Together() const { return together_; }
+  /// Whether a report at `path` would lie where the folder is read, or be one of several files; says so.
+  bool RefusesOutput(const std::string& path) const;
   /// What concerns folders only is out of sight while the source is none.
   void ShowFileChoices(bool shown);
   void EnableDisableButtons(bool enabled);
@@ -60,6 +70,7 @@ class FolderPage final : public QWidget {
   std::array<QWidget*, 4> FileChoices() const;
 
   const Desktop& desktop_;
+  std::vector<SourcePath> together_;
   bool enabled_ = true;
 };
 

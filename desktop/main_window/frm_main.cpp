@@ -288,6 +288,7 @@ void frmMain::ShowWords() {
 }
 
 void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
+  panels_.Source->Folder->ShowTogether(work_.Together());
   SetTitle();
   EnableClearButtons();
   panels_.Result->Filter->EnableClearButton();

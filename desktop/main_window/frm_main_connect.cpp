@@ -67,7 +67,11 @@ void frmMain::MakeControllers() {
   opening_ = std::make_unique<Opening>(
       desktop_, *panels_.Source, [this] { return run_->Idle(); },
       [this](const std::filesystem::path& path) { params_->OpenSettingsFile(path); },
-      [this](const std::filesystem::path& path) { result_->Kept().Open(path); });
+      [this](const std::filesystem::path& path) { result_->Kept().Open(path); },
+      [this](std::vector<SourcePath> paths) {
+        work_.CountTogether(ChangedBy::User, std::move(paths));
+        panels_.Source->Select(TextSource::Folder, ChangedBy::User);
+      });
 }
 
 void frmMain::MakeMenus() {
@@ -109,6 +113,11 @@ void frmMain::ConnectPanels() {
   source.Folder->ListFilesOf = [this](const std::filesystem::path& folder, const FileSelection& files) {
     run_->ListFolderFiles(folder, files, panels_.Source->Folder->chkIncludeSubfolders->isChecked());
   };
+  source.Folder->ListTogether = [this](const FileSelection& files) {
+    run_->ListFilesTogether(work_.Together(), files,
+                            panels_.Source->Folder->chkIncludeSubfolders->isChecked());
+  };
+  source.Folder->TogetherEnded = [this] { work_.CountTogether(ChangedBy::User, {}); };
   panels_.WordsToIgnore->RuleChosen = [this] { SetWordsToIgnoreNotice(); };
   panels_.WordsToIgnore->SetParametersWanted = [this] { cmdSetParameters_Click(); };
   panels_.Report->Changed = [this] { result_->RelistAfterChange(); };

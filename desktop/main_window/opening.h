@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "desktop/desktop.h"
+#include "engine/source_path.h"
 
 namespace korv {
 
@@ -20,28 +21,32 @@ class Opening {
   using OpenSettings = std::function<void(const std::filesystem::path&)>;
   /// Opens a kept run.
   using OpenRun = std::function<void(const std::filesystem::path&)>;
+  /// Makes several files and folders the source.
+  using TakeTogether = std::function<void(std::vector<SourcePath>)>;
   /// Nothing is opened while `ready` says no. The others have to outlive this.
   Opening(const Desktop& desktop, SourcePanel& source, std::function<bool()> ready, OpenSettings openSettings,
-          OpenRun openRun)
+          OpenRun openRun, TakeTogether takeTogether)
       : desktop_(desktop),
         source_(source),
         ready_(std::move(ready)),
         openSettings_(std::move(openSettings)),
-        openRun_(std::move(openRun)) {}
+        openRun_(std::move(openRun)),
+        takeTogether_(std::move(takeTogether)) {}
 
-  /// Several files can be counted together when one folder holds them; else they are refused. Says what is
-  /// wrong.
+  /// Several texts and folders are counted together; settings and kept runs are opened one at a time. Says
+  /// what is wrong.
   void OpenPaths(const QStringList& paths);
 
  private:
   void OpenTogether(const QStringList& paths);
-  bool AreTexts(const std::vector<std::filesystem::path>& files) const;
+  void TellMissing(const QString& path);
 
   const Desktop& desktop_;
   SourcePanel& source_;
   std::function<bool()> ready_;
   OpenSettings openSettings_;
   OpenRun openRun_;
+  TakeTogether takeTogether_;
 };
 
 }  // namespace korv

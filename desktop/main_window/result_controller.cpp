@@ -150,6 +150,9 @@ bool ResultController::OutputIsSource(const std::string& path) {
       ShowInputFileError(desktop_.Messages, InputFileCode::SameAsOutput, facts.InputPath);
       return true;
     case TextSource::Folder:
+      if (!facts.Paths.empty())
+        return !ValidateOutputBeside(desktop_.Files, desktop_.Messages, facts.Paths, path,
+                                     facts.IncludeSubfolders);
       if (!OutputIsInFolder(desktop_.Files, facts.InputPath, path, facts.IncludeSubfolders)) return false;
       ShowOutputInFolder(desktop_.Messages);
       return true;

@@ -23,7 +23,7 @@
 #include "report/summary.h"
 #include "sources/detect/source_checks.h"
 #include "sources/detect/text_file_check.h"
-#include "sources/folders/folder_walk.h"
+#include "sources/read/read_plan.h"
 #include "wordlists/read_words.h"
 
 namespace korv {
@@ -276,9 +276,35 @@ void RunController::ListIntoFile(ListJob& job) {
 void RunController::ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                                     bool includeSubfolders) {
   const auto walk = std::make_shared<FolderWalk>(desktop_.Files, desktop_.Yielder, files, includeSubfolders);
+  ListFilesBy([this, walk, folder] {
+    TextOutput& output = thread_.Box();
+    const FolderTotals totals = ListFiles(*walk, folder, ListingEvents(),
+                                          [&output](const std::string& line) { output.OutputToTxb(line); });
+    return EndListing(totals.Files, totals.Stopped);
+  });
+}
+
+void RunController::ListFilesTogether(std::vector<SourcePath> paths, const FileSelection& files,
+                                      bool includeSubfolders) {
+  const auto walk = std::make_shared<FolderWalk>(desktop_.Files, desktop_.Yielder, files, includeSubfolders);
+  ListFilesBy([this, walk, paths = std::move(paths)] {
+    TextOutput& output = thread_.Box();
+    FolderEvents events = ListingEvents();
+    // Each folder would say anew that its files are counted.
+    events.Say = nullptr;
+    events.Wanted = [&output](const std::filesystem::path& path) {
+      output.OutputToTxb(PathToText(path) + "\r\n");
+    };
+    ReadPlan plan;
+    const bool whole = plan.AddTogether(paths, desktop_.Files, *walk, events);
+    return EndListing(plan.Documents(), !whole);
+  });
+}
+
+void RunController::ListFilesBy(std::function<std::string()> list) {
   const auto found = std::make_shared<std::string>();
   Start(
-      RunActivity::ListingFiles, [this, walk, folder, found] { ListFilesOnWorker(*walk, folder, *found); },
+      RunActivity::ListingFiles, [list = std::move(list), found] { *found = list(); },
       [this, found](const std::exception_ptr& thrown) {
         if (thrown) std::rethrow_exception(thrown);
         panels_.Status->ShowText(ToQt(*found));
@@ -288,20 +314,21 @@ void RunController::ListFolderFiles(const std::filesystem::path& folder, const F
   panels_.Result->Output().Clear();
 }
 
-void RunController::ListFilesOnWorker(FolderWalk& walk, const std::filesystem::path& folder,
-                                      std::string& found) {
+FolderEvents RunController::ListingEvents() {
   TextOutput& output = thread_.Box();
   FolderEvents events;
   events.Say = [&output](const std::string& text) { output.OutputToTxb(text); };
   events.Unreadable = [&output](const std::filesystem::path& path, const FileError& error) {
     output.OutputToTxb(UnreadableFolderText(path, error) + "\r\n");
   };
-  const FolderTotals totals =
-      ListFiles(walk, folder, events, [&output](const std::string& line) { output.OutputToTxb(line); });
+  return events;
+}
+
+std::string RunController::EndListing(uint64_t files, bool stopped) {
   // Of a walk that was stopped nobody knows how many files there are.
-  found =
-      totals.Stopped ? StoppedCountingText(totals.Files) : WillBeScannedText(totals.Files, desktop_.Numbers);
-  if (totals.Stopped) output.OutputToTxb(found + "\r\n");
+  std::string found = stopped ? StoppedCountingText(files) : WillBeScannedText(files, desktop_.Numbers);
+  if (stopped) thread_.Box().OutputToTxb(found + "\r\n");
+  return found;
 }
 
 // ---- Reading word lists

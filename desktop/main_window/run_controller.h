@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/kept/kept_run_error.h"
 #include "app/run/export_run.h"
@@ -18,10 +19,11 @@
 #include "desktop/main_window/main_panels.h"
 #include "desktop/main_window/run_display.h"
 #include "desktop/settings_window/settings_host.h"
+#include "engine/source_path.h"
 #include "platform/program_text.h"
 #include "report/report_options.h"
 #include "sources/detect/encoding_choice.h"
-#include "sources/folders/file_selection.h"
+#include "sources/folders/folder_walk.h"
 
 namespace korv {
 
@@ -73,6 +75,8 @@ class RunController {
   /// Lists into the text box which files of a folder a count would read.
   void ListFolderFiles(const std::filesystem::path& folder, const FileSelection& files,
                        bool includeSubfolders);
+  /// The same of several files and folders, paths in full.
+  void ListFilesTogether(std::vector<SourcePath> paths, const FileSelection& files, bool includeSubfolders);
   /// Exports `rows` phrases of a finished run into the file `path`; failures have been shown.
   void Export(std::shared_ptr<ShownResult> result, ExportRequest request, const std::filesystem::path& path,
               uint32_t rows, std::function<void(const FileListResult&)> exported);
@@ -121,8 +125,12 @@ class RunController {
   void ListOnWorker(ListJob& job);
   void ListIntoBox(ListJob& job);
   void ListIntoFile(ListJob& job);
-  void ListFilesOnWorker(FolderWalk& walk, const std::filesystem::path& folder, std::string& found);
+  FolderEvents ListingEvents();
+  /// What is said of it in the end.
+  std::string EndListing(uint64_t files, bool stopped);
   void ReadOnWorker(ReadJob& job);
+  /// `list` is for the worker, and says what it found.
+  void ListFilesBy(std::function<std::string()> list);
   /// Begins to keep or to open a run.
   void BeginKept(const QString& what);
   void ShowKeptProgress();

@@ -52,6 +52,7 @@ void SettingsController::Initialize() {
   ClearFields();
   Settings settings = work_.Current();
   CopyValues(SettingsResetBy(ResetBy::Reinitialize), Settings{}, settings);
+  work_.CountTogether(ChangedBy::Program, {});
   Change(settings);
   if (!settings.WordsFiles.empty() &&
       desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
@@ -94,6 +95,8 @@ RestoreOutcome SettingsController::RestoreSavedState(const std::filesystem::path
   Settings settings = work_.Current();
   const RestoreOutcome outcome =
       SavedState(desktop_.Files, desktop_.Messages, desktop_.StateFile).RestoreSavedState(path, settings);
+  // The source is that of the file.
+  work_.CountTogether(ChangedBy::Program, {});
   Apply(settings);
   if (outcome.Result != kRestored) return outcome;
   keeper_.Remember(settings);

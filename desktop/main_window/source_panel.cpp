@@ -146,12 +146,14 @@ void SourcePanel::Select(TextSource kind, ChangedBy by) {
 
 void SourcePanel::StartChoosing() {
   if (Kind() == TextSource::Clipboard) return optOnClipboard->setFocus(Qt::ShortcutFocusReason);
+  if (CountsTogether()) return Folder->cmdFolder->setFocus(Qt::ShortcutFocusReason);
   QLineEdit* const path = Kind() == TextSource::Folder ? Folder->txbFolder : File->txbFile;
   path->setFocus(Qt::ShortcutFocusReason);
   path->selectAll();
 }
 
 void SourcePanel::Take(const QString& path) {
+  Folder->TogetherEnded();
   const bool folder = desktop_.Files.FolderExists(PathFromText(FromQt(path)));
   SetPath(folder ? *Folder->txbFolder : *File->txbFile, path);
   (folder ? RecentFolders : RecentFiles).Add(path);
@@ -165,7 +167,12 @@ void SourcePanel::Remember(TextSource kind, const std::string& path) {
   (kind == TextSource::Folder ? RecentFolders : RecentFiles).Add(ToQt(path));
 }
 
+bool SourcePanel::CountsTogether() const {
+  return Kind() == TextSource::Folder && !Folder->Together().empty();
+}
+
 std::string SourcePanel::Name() const {
+  if (CountsTogether()) return TogetherName(Folder->Together());
   const QLineEdit* const box = Kind() == TextSource::Folder ? Folder->txbFolder : File->txbFile;
   return SourceName(Kind(), FromQt(box->text()));
 }
@@ -176,9 +183,7 @@ void SourcePanel::ShowFound(const std::string& text) {
 }
 
 bool SourcePanel::RefusesOutput(const std::string& path) const {
-  if (Kind() != TextSource::Folder || !Folder->Contains(path)) return false;
-  ShowOutputInFolder(desktop_.Messages);
-  return true;
+  return Kind() == TextSource::Folder && Folder->RefusesOutput(path);
 }
 
 void SourcePanel::EnableDisableButtons(bool enabled) {

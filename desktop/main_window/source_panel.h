@@ -59,11 +59,11 @@ class SourcePanel final : public QGroupBox {
   void Take(const QString& path);
   /// Counted sources are the most recent ones.
   void Remember(TextSource kind, const std::string& path);
-  /// What the source is called: the name of the file or folder, "Clipboard". Empty for none.
+  /// What the source is called: the name of the file or folder, "3 files", "Clipboard". Empty for none.
   std::string Name() const;
   /// Says what was found; hidden where that is nothing.
   void ShowFound(const std::string& text);
-  /// Whether a report at `path` would be read by a folder run; says so.
+  /// Whether a report at `path` would be read by a folder run, or replace what it reads; says so.
   bool RefusesOutput(const std::string& path) const;
 
   void EnableDisableButtons(bool enabled);
@@ -78,6 +78,7 @@ class SourcePanel final : public QGroupBox {
   void Connect();
   void ConnectRecent();
   void SourceHasChanged(ChangedBy by);
+  bool CountsTogether() const;
 
   const Desktop& desktop_;
 };

@@ -14,11 +14,13 @@ namespace {
 
 constexpr int kPause = 400;  // milliseconds without a further key
 
-SurveyRequest RequestOf(const Settings& settings) {
+SurveyRequest RequestOf(const Workspace& work) {
+  const Settings& settings = work.Current();
   SurveyRequest request{.Kind = settings.SourceKind};
   if (request.Kind == TextSource::SingleFile) request.Path = TrimmedPath(settings.InputFile);
   if (request.Kind != TextSource::Folder) return request;
-  request.Path = TrimmedFolderPath(settings.Folder);
+  request.Together = work.Together();
+  if (request.Together.empty()) request.Path = TrimmedFolderPath(settings.Folder);
   request.Selection = SelectionOf(settings);
   request.IncludeSubfolders = settings.IncludeSubfolders;
   return request;
@@ -40,12 +42,12 @@ SourceSurveyor::~SourceSurveyor() {
 }
 
 void SourceSurveyor::Follow() {
-  SurveyRequest request = RequestOf(work_.Current());
+  SurveyRequest request = RequestOf(work_);
   if (request == wanted_) return;
   wanted_ = std::move(request);
   job_.Stop();
   panel_.ShowFound({});
-  done_ = wanted_.Path.empty();
+  done_ = wanted_.Path.empty() && wanted_.Together.empty();
   done_ || !enabled_ ? tmrSurvey->stop() : tmrSurvey->start();
 }
 

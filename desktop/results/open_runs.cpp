@@ -40,7 +40,7 @@ OpenRuns::OpenRun* OpenRuns::RunOf(const ShownResult* result) {
 
 QString OpenRuns::NameFor(const ShownResult& result) const {
   const RunSummary& facts = result.Run.Facts;
-  QString source = ToQt(SourceName(facts.Options.SourceKind, facts.InputPath));
+  QString source = ToQt(SourceNameOf(facts));
   if (IsOfSingleWords(result)) source += QStringLiteral(": words");
   if (!result.KeptIn.empty()) source += QStringLiteral(", ") + WhenCounted(result);
   const auto taken = [this](const QString& name) {

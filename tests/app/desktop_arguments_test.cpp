@@ -54,7 +54,7 @@ TEST(DesktopArguments, TellHelpAndVersion) {
   for (const char* option : {"--help", "-h"}) {
     const DesktopArguments read = Read({"a.txt", option});
     EXPECT_EQ(read.What, Kind::Tell);
-    EXPECT_THAT(read.Text, StartsWith("Usage: korv [FILE | FOLDER]\n"));
+    EXPECT_THAT(read.Text, StartsWith("Usage: korv [FILE | FOLDER]...\n"));
     EXPECT_EQ(read.Text.back(), '\n');
     EXPECT_THAT(read.Paths, IsEmpty());
   }
@@ -67,7 +67,7 @@ TEST(DesktopArguments, RefuseOtherOptions) {
     const DesktopArguments read = Read({option});
     EXPECT_EQ(read.What, Kind::Wrong) << option;
     EXPECT_THAT(read.Text, StartsWith(std::string("korv: There is no option ") + option + ".\n"));
-    EXPECT_THAT(read.Text, HasSubstr("Usage: korv [FILE | FOLDER]\n"));
+    EXPECT_THAT(read.Text, HasSubstr("Usage: korv [FILE | FOLDER]...\n"));
   }
 }
 

@@ -170,6 +170,36 @@ TEST_F(KeptRun, KnowsUnderWhatItWasCounted) {
   EXPECT_FALSE(changes.Source || changes.Rules()) << ChangedRulesText(changes);
 }
 
+TEST_F(KeptRun, KnowsSeveralSourcesThatWereCountedTogether) {
+  world.World.Files.Add("/t/a.txt", kText);
+  world.World.Files.Add("/u/b.txt", kText);
+  KeptChoice choice = FolderChoiceOf("/elsewhere");
+  choice.Chosen.Together = {{"/u/b.txt", SourcePath::Kind::File}, {"/t", SourcePath::Kind::Folder}};
+  ASSERT_TRUE(world.Count(std::move(choice)));
+  KeepAndOpen();
+  EXPECT_EQ(world.Opened.Run.Facts.Paths, world.Result.Run.Facts.Paths);
+  EXPECT_EQ(world.Opened.Run.Facts.Paths.size(), 2U);
+  EXPECT_EQ(world.Opened.Chosen->Together, world.Result.Chosen->Together);
+  EXPECT_FALSE(ChangesBetween(world.Opened.Request, world.Result.Request).Source);
+}
+
+TEST_F(KeptRun, OfTheFirstVersionHasNoSeveralSources) {
+  CountFile();
+  KeepIt();
+  std::string bytes = world.Kept();
+  // The number of paths ends the first section, whose size stands in front of it.
+  const size_t size = kKeptHeaderBytes + 4;
+  const auto section = NumberIn<uint64_t>(bytes.data() + size);
+  bytes.erase(size + 8 + section - 4, 4);
+  std::string shorter;
+  AppendNumber(section - 4, shorter);
+  bytes.replace(size, shorter.size(), shorter);
+  bytes[kKeptMagic.size()] = 1;
+  ASSERT_FALSE(world.OpenBytes(WithChecksum(WithLength(bytes))));
+  EXPECT_TRUE(world.Opened.Run.Facts.Paths.empty());
+  EXPECT_EQ(world.Opened.Run.Facts.InputPath, "/t/a.txt");
+}
+
 TEST_F(KeptRun, LeadsToItsFilesAsLongAsTheyAreAsTheyWere) {
   CountFile();
   KeepIt();
@@ -279,7 +309,7 @@ TEST_F(KeptRun, OfALaterVersionIsRefusedAsSuch) {
   CountFile();
   KeepIt();
   std::string bytes = world.Kept();
-  bytes[8] = 2;
+  bytes[8] = static_cast<char>(kKeptVersion + 1);
   EXPECT_EQ(FaultOf(bytes), OpenFault::Newer);
   EXPECT_EQ(FaultOf(bytes.substr(0, 30)), OpenFault::Newer);
   bytes[8] = 0;

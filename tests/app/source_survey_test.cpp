@@ -134,5 +134,21 @@ TEST_F(SourceSurveys, LeaveTheClipboardAlone) {
   EXPECT_EQ(SurveyText(SurveySource({.Kind = TextSource::Clipboard}, files, yielder), {}), "");
 }
 
+TEST(SourceSurvey, LooksAtEachOfSeveralSourcesOnce) {
+  FakeFiles files;
+  FakeYielder yielder;
+  files.Add("/t/a.txt", "some words");
+  files.Add("/t/b.txt", "other words");
+  files.Add("/u/c.js", "more words");
+  const SourceSurvey survey = SurveySource({.Kind = TextSource::Folder,
+                                            .Together = {{"/u/c.js", SourcePath::Kind::File},
+                                                         {"/t", SourcePath::Kind::Folder},
+                                                         {"/t/a.txt", SourcePath::Kind::File},
+                                                         {"/none.txt", SourcePath::Kind::File}}},
+                                           files, yielder);
+  EXPECT_EQ(SurveyText(survey, NumberFormat{}),
+            "4 files in 2 folders, 31 bytes, ASCII; 1 of them cannot be counted");
+}
+
 }  // namespace
 }  // namespace korv

@@ -134,5 +134,40 @@ TEST_F(WorkspaceTest, AsksARunForWhatIsChosen) {
   EXPECT_TRUE(request.Lists.CaseSignificant);
 }
 
+TEST(Workspace, CountsSeveralSourcesInPlaceOfTheFolder) {
+  const std::vector<SourcePath> paths = {{"/a.txt", SourcePath::Kind::File},
+                                         {"/t", SourcePath::Kind::Folder}};
+  Workspace workspace;
+  int told = 0;
+  workspace.OnChange([&told](const SettingSet&, ChangedBy) { ++told; });
+  workspace.CountTogether(ChangedBy::User, paths);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(workspace.Current().SourceKind, TextSource::Folder);
+  EXPECT_EQ(workspace.RequestOfNow().Paths, paths);
+  workspace.CountTogether(ChangedBy::User, paths);
+  EXPECT_EQ(told, 1) << "nothing has changed";
+  workspace.Change(ChangedBy::User, [](Settings& settings) { settings.SourceKind = TextSource::SingleFile; });
+  EXPECT_TRUE(workspace.RequestOfNow().Paths.empty());
+  EXPECT_EQ(workspace.Together(), paths) << "for when folders are chosen again";
+  workspace.Change(ChangedBy::User, [](Settings& settings) { settings.MinWords = 2; });
+  EXPECT_EQ(workspace.Together(), paths);
+  workspace.CountTogether(ChangedBy::User, {});
+  EXPECT_EQ(told, 4);
+  EXPECT_TRUE(workspace.Together().empty());
+}
+
+TEST(Workspace, AnotherFolderMakesAnEndOfSeveralSources) {
+  Workspace workspace;
+  workspace.CountTogether(ChangedBy::User, {{"/a.txt", SourcePath::Kind::File}});
+  const Workspace::State kept = workspace.Keep();
+  workspace.Change(ChangedBy::Program, [](Settings& settings) { settings.Folder = "/u"; });
+  EXPECT_TRUE(workspace.Together().empty());
+  int told = 0;
+  workspace.OnChange([&told](const SettingSet&, ChangedBy) { ++told; });
+  workspace.PutBack(ChangedBy::Program, kept);
+  EXPECT_EQ(workspace.Together(), kept.Together);
+  EXPECT_GE(told, 1);
+}
+
 }  // namespace
 }  // namespace korv

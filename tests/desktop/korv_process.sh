@@ -29,7 +29,7 @@ check() {
   fi
 }
 
-usage='Usage: korv [FILE | FOLDER]'
+usage='Usage: korv [FILE | FOLDER]...'
 check 'help' 0 "$usage" '' --help
 check 'help, short' 0 "$usage" '' -h
 check 'help beside a file' 0 "$usage" '' a.txt --help

@@ -9,6 +9,7 @@
 
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/results/result_notes_panel.h"
+#include "desktop/toolkit/text.h"
 #include "tests/desktop/geometry.h"
 #include "tests/desktop/scaled_window_test.h"
 
@@ -155,6 +156,16 @@ TEST_P(MainGeometry, KeepsEveryGroupInItsPlaceWhenTheSourceChanges) {
   }
 }
 
+TEST_P(MainGeometry, IsWellWithSeveralSources) {
+  QStringList paths;
+  for (int k = 0; k < 30; ++k)
+    paths << ToQt(WriteFile(std::to_string(k) + std::string(60, 'n') + ".txt", kText));
+  main->OpenPaths(paths);
+  ASSERT_TRUE(Shown("lblTogether"));
+  for (int i = 0; i < 4; ++i) QApplication::processEvents();
+  ExpectAllIsWell("several sources");
+}
+
 TEST_P(MainGeometry, FitsIntoASmallScreenInEveryState) {
   if (GetParam() != 100) GTEST_SKIP() << "letters twice as large want a larger screen";
   const QSize small(1000, 700);
@@ -172,6 +183,8 @@ TEST_P(MainGeometry, FitsIntoASmallScreenInEveryState) {
     main->Panels().Source->ShowFound("206 files in 12 folders, 31.0 Mb, UTF-8");
     expectRoom(source);
   }
+  main->OpenPaths({ToQt(WriteFile("a.txt", kText)), ToQt(WriteFile("b.txt", kText))});
+  expectRoom("several sources");
   UseFile(kText);
   Count();
   for (const RunView view : {RunView::Table, RunView::Report, RunView::Pictures}) {

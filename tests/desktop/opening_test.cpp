@@ -4,7 +4,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include "desktop/main_window/files_together.h"
+#include "desktop/results/run_tabs.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -145,94 +145,126 @@ TEST_F(Opening, TellsOfAFileThatDoesNotExist) {
 
 // ---- Several files
 
-TEST_F(Opening, CountsSeveralFilesOfOneFolderTogether) {
-  const std::string a = WriteFile("texts/a.txt", kText);
-  const std::string c = WriteFile("texts/c.html", kText);
-  WriteFile("texts/b.txt", kText);
-  WriteFile("texts/sub/a.txt", kText);
-  Type("txbFileFilepathSpecifications_1", "html");
-  messages.Forget();
-  Click("optFolder");
-  Check("chkIncludeSubfolders");
-  Open({a, c});
-  EXPECT_EQ(messages.Only().Text, "Please open one file or one folder at a time.");
-  EXPECT_EQ(messages.Only().Title, "Several files");
-  EXPECT_EQ(messages.Only().Addition,
-            "These files lie in one folder and can be counted together:\n" + PathOf("texts"));
-  EXPECT_EQ(messages.Only().Buttons, Buttons::Ok);
-  EXPECT_EQ(messages.Only().ExtraButton, "Count them &together");
-  EXPECT_EQ(TextOf("txbFolder"), "") << "nothing is taken unless that is wanted";
-
-  messages.WillAnswer(Question(), Answer::Extra);
-  Open({a, c});
+TEST_F(Opening, TakesSeveralFilesAndFoldersTogether) {
+  const std::string a = WriteFile("one/first part.txt", kText);
+  const std::string b = WriteFile("two/b.html", kText);
+  Type("txbFolder", "/elsewhere");
+  Open({a, b, PathOf("two")});
+  EXPECT_THAT(WindowTest::Shown(), IsEmpty());
   EXPECT_TRUE(Checked("optFolder"));
-  EXPECT_EQ(TextOf("txbFolder"), PathOf("texts"));
-  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "a.txt, c.html");
-  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_1"), "");
-  EXPECT_FALSE(Checked("chkIncludeSubfolders"));
-  Click("cmdListFiles");
-  EXPECT_EQ(Output(),
-            "{Folder} = " + PathOf("texts") + "\n" + WithNativePaths("{Folder}/a.txt\n{Folder}/c.html\n"));
+  EXPECT_EQ(TextOf("lblTogether"), "2 files and 1 folder: first part.txt, b.html, two");
+  EXPECT_TRUE(WindowTest::Shown("lblTogether"));
+  EXPECT_FALSE(WindowTest::Shown("txbFolder"));
+  EXPECT_EQ(TextOf("txbFolder"), "/elsewhere") << "the state file's folder stays";
+  EXPECT_EQ(main->windowTitle(), "2 files and 1 folder - Korv");
+  EXPECT_TRUE(Enabled("cmdClearFolder"));
+  EXPECT_TRUE(Drop(main.get(), {a, b}));
+  EXPECT_EQ(TextOf("lblTogether"), "2 files: first part.txt, b.html");
 }
 
-TEST_F(Opening, OffersTheFolderOfFilesWhoseNamesAreNoPatterns) {
-  const std::string a = WriteFile("texts/first part.txt", kText);
-  const std::string b = WriteFile("texts/second part.txt", kText);
-  Type("txbFileFilepathSpecifications_0", "*.txt");
-  messages.Forget();
-  messages.WillAnswer(Question(), Answer::Extra);
-  Open({a, b});
-  EXPECT_EQ(
-      messages.Only().Addition,
-      "These files lie in one folder, which can be counted with all that it holds:\n" + PathOf("texts"));
-  EXPECT_EQ(messages.Only().ExtraButton, "Choose the &folder");
-  EXPECT_TRUE(Checked("optFolder"));
-  EXPECT_EQ(TextOf("txbFolder"), PathOf("texts"));
-  EXPECT_EQ(TextOf("txbFileFilepathSpecifications_0"), "*.txt");
-}
-
-TEST_F(Opening, RefusesOtherThingsThatComeTogether) {
+TEST_F(Opening, CountsSeveralFilesTogether) {
   const std::string a = WriteFile("one/a.txt", kText);
   const std::string b = WriteFile("two/b.txt", kText);
-  const std::string settings = WriteFile("one/c.korv", "");
-  const std::vector<std::string> cases[] = {{a, b},
-                                            {a, settings},
-                                            {a, PathOf("one")},
-                                            {PathOf("one"), PathOf("two")},
-                                            {a, PathOf("one/nowhere.txt")}};
-  messages.WillAnswer(Question(), Answer::Extra);
-  for (const auto& paths : cases) {
+  WriteFile("two/c.txt", kText);
+  Type("txbFileFilepathSpecifications_0", "*.html");
+  Type("txbFile_1", PathOf("report.txt"));
+  Open({a, b});
+  Count();
+  const std::string report = ReadFile(PathOf("report.txt"));
+  EXPECT_THAT(report, testing::StartsWith("File: " + a + "\r\nFile: " + b +
+                                          "\r\n2 files (in 2 folders) were scanned.\r\n"));
+  EXPECT_THAT(report, HasSubstr("\t2\tcall ishmael said the old man"));
+  EXPECT_EQ(Find<RunTabs>("tabRuns")->tabText(0), "2 files");
+}
+
+TEST_F(Opening, ListsTheFilesOfSeveralSourcesInFull) {
+  const std::string a = WriteFile("one/a.txt", kText);
+  const std::string b = WriteFile("two/b.txt", kText);
+  WriteFile("two/c.js", kText);
+  Open({a, PathOf("two")});
+  Click("cmdListFiles");
+  EXPECT_EQ(Output(), a + "\n" + b + "\n");
+}
+
+TEST_F(Opening, AnotherSourceMakesAnEndOfSeveral) {
+  const std::string a = WriteFile("one/a.txt", kText);
+  const std::string b = WriteFile("two/b.txt", kText);
+  const auto several = [this] { return WindowTest::Shown("lblTogether") && !WindowTest::Shown("txbFolder"); };
+  Open({a, b});
+  Click("cmdClearFolder");
+  EXPECT_FALSE(several());
+  EXPECT_TRUE(WindowTest::Shown("txbFolder"));
+  EXPECT_TRUE(Checked("optFolder"));
+  Open({a, b});
+  Open({PathOf("one")});
+  EXPECT_FALSE(several());
+  EXPECT_EQ(TextOf("txbFolder"), PathOf("one"));
+  Open({a, b});
+  Open({PathOf("one")});
+  EXPECT_FALSE(several()) << "the folder that stood there before, too";
+  Open({a, b});
+  Click("optInFile");
+  Click("optFolder");
+  EXPECT_TRUE(several()) << "a look at the other kinds is no other choice";
+  Open({a});
+  Click("optFolder");
+  EXPECT_FALSE(several());
+}
+
+TEST_F(Opening, TheOutputFileIsNoneOfSeveralSources) {
+  const std::string a = WriteFile("one/a.txt", kText);
+  const std::string b = WriteFile("two/b.txt", kText);
+  Open({a, b});
+  Type("txbFile_1", a);
+  messages.Forget();
+  Count();
+  EXPECT_EQ(messages.Shown.back().Text, "The output file cannot be the same as the input file.");
+  EXPECT_EQ(ReadFile(a), kText);
+}
+
+TEST_F(Opening, SeveralSourcesAreNotThereAfterARestart) {
+  const std::string a = WriteFile("one/a.txt", kText);
+  const std::string b = WriteFile("two/b.txt", kText);
+  Open({a, b});
+  Check("chkSaveStateOnQuit");
+  Click("cmdQuit");
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Checked("optFolder"));
+  EXPECT_FALSE(WindowTest::Shown("lblTogether"));
+  EXPECT_TRUE(WindowTest::Shown("txbFolder"));
+}
+
+TEST_F(Opening, LoadedSettingsMakeAnEndOfSeveralSources) {
+  const std::string settings = PathOf("kept.korv");
+  const std::string a = WriteFile("one/a.txt", kText);
+  const std::string b = WriteFile("two/b.txt", kText);
+  dialogs.WillChoose(settings);
+  Open({a, b});
+  ClickInParams("cmdSaveLoadState_1");
+  ASSERT_TRUE(files->FileExists(PathFromText(settings)));
+  Open({settings});
+  EXPECT_FALSE(WindowTest::Shown("lblTogether"));
+}
+
+TEST_F(Opening, OpensSettingsAndKeptRunsOneAtATime) {
+  const std::string a = WriteFile("one/a.txt", kText);
+  for (const char* name : {"c.korv", "c.korvrun"}) {
+    const std::string other = WriteFile(name, "");
     messages.Forget();
-    Open(paths);
-    EXPECT_EQ(messages.Only().Text, "Please open one file or one folder at a time.") << paths[1];
-    EXPECT_EQ(messages.Only().ExtraButton, "") << paths[1];
-    EXPECT_EQ(TextOf("txbFolder"), "");
-    EXPECT_EQ(TextOf("txbFile_0"), "");
+    Open({a, other});
+    EXPECT_EQ(messages.Only().Text, "Please open settings and kept runs one at a time.");
+    EXPECT_EQ(messages.Only().Title, "Several files");
+    EXPECT_EQ(messages.Only().Addition, other);
+    EXPECT_FALSE(Checked("optFolder"));
   }
 }
 
-TEST(FilesTogether, KeepTheirNamesApartFromPatterns) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"a.txt", "a.txt"}, {"b\xC3\xA4r.txt", "b\xC3\xA4r.txt"},
-      {"a b.txt", ""},    {"a,b.txt", ""},
-      {"a*.txt", ""},     {"a?.txt", ""},
-      {"a~.txt", ""},     {"a;.txt", ""}};
-  for (const auto& [name, patterns] : cases) {
-    const std::filesystem::path file = PathFromText("/texts") / PathFromText(name);
-    const auto together = TakeTogether(std::vector{file});
-    ASSERT_TRUE(together.has_value());
-    EXPECT_EQ(together->Folder, PathFromText("/texts"));
-    EXPECT_EQ(together->Patterns, patterns) << name;
-  }
-  EXPECT_FALSE(TakeTogether({}).has_value());
-}
-
-TEST(FilesTogether, AreNoPatternsWhereThereAreTooMany) {
-  std::vector<std::filesystem::path> files;
-  for (int i = 0; i < 100; ++i) files.push_back(PathFromText("/texts/" + std::to_string(i)));
-  EXPECT_THAT(TakeTogether(files)->Patterns, testing::EndsWith(", 99"));
-  files.push_back(PathFromText("/texts/100"));
-  EXPECT_EQ(TakeTogether(files)->Patterns, "");
+TEST_F(Opening, SaysWhichOfSeveralFilesIsNotThere) {
+  const std::string a = WriteFile("one/a.txt", kText);
+  Open({a, PathOf("nowhere.txt")});
+  EXPECT_EQ(messages.Only().Text, "Input file does not exist.");
+  EXPECT_EQ(messages.Only().Addition, PathOf("nowhere.txt"));
+  EXPECT_FALSE(Checked("optFolder"));
 }
 
 }  // namespace
