@@ -17,6 +17,7 @@
 #include "cli/named_sources.h"
 #include "cli/options.h"
 #include "cli/run_line.h"
+#include "cli/setting_lines.h"
 #include "cli/settings_files.h"
 #include "cli/table_output.h"
 #include "platform/console/console_messages.h"
@@ -70,6 +71,10 @@ class CountProgram {
     const int format = settings_.Report.DisplayFormat;
     if (!ApplyReportRules(settings_.Report, settings_.SourceKind)) TellUnavailableFormat(format);
     if (!files.Save(settings_)) return kExitRefused;
+    if (options_.PrintSettings) {
+      env_.Out << SettingLines(settings_) << std::flush;
+      return env_.Out ? kExitReport : CannotWrite();
+    }
     return options_.ListFiles ? ListTheFiles() : Count();
   }
 
@@ -513,7 +518,7 @@ class CountProgram {
 }  // namespace
 
 int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment& environment) {
-  auto parsed = ParseCountOptions(arguments, environment.Out, environment.Err);
+  auto parsed = ParseCountOptions(arguments, environment.Out, environment.Err, environment.OutColumns);
   if (const int* status = std::get_if<int>(&parsed)) return *status;
   try {
     return CountProgram(std::get<CountOptions>(std::move(parsed)), environment).Run();

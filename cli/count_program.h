@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <ostream>
 #include <string>
@@ -24,6 +25,7 @@ struct CountEnvironment {
   std::filesystem::path ProgramFolder;  ///< With the program texts and the common-words files.
   CodePage* Encoding = nullptr;         ///< Of output files; null for UTF-8.
   std::filesystem::path InputPath{};  ///< A name under which standard input can be compared; empty for none.
+  size_t OutColumns = 0;              ///< Of the terminal that Out is; 0 where it is none.
   bool ExpandsPatterns = false;       ///< No shell has put names in place of "*" and "?" in the arguments.
 };
 

@@ -1,80 +1,88 @@
 #include "cli/help_format.h"
 
 #include <algorithm>
-#include <string_view>
+#include <array>
 
 namespace korv {
 
 namespace {
 
-constexpr size_t kWidth = 80;
+constexpr size_t kLeastColumns = 40;
+constexpr size_t kMostColumns = 120;  // Longer lines are hard to read.
 constexpr size_t kIndent = 2;
-constexpr size_t kTextColumn = 28;
+constexpr size_t kOptionColumn = 28;
+constexpr size_t kUsageColumn = 33;
+constexpr size_t kExampleColumn = 44;
 
-constexpr std::string_view kUsage =
-    "Usage:\n"
-    "  korv-count [OPTIONS] PATH...   a file, a folder of files, or several together\n"
-    "  korv-count [OPTIONS] -         text from standard input, also among files\n"
-    "  korv-count --settings FILE [OPTIONS]\n"
-    "                                 the source that the settings name\n";
+struct Line {
+  const char* Command;
+  const char* Text;
+};
 
-constexpr std::string_view kFooter =
-    "\nThe value in parentheses holds where neither an option nor --settings says more.\n"
-    "Exit status: 0 a report was made, 1 input or output was refused, 2 wrong usage,\n"
-    "3 nothing to list (with --fail-if-empty), 130 stopped.\n"
-    "\n"
-    "Examples:\n"
-    "  korv-count book.txt                       frequent phrases of 4 to 6\n"
-    "                                            words\n"
-    "  korv-count --words 2-8 -o phrases.csv texts/\n"
-    "                                            those of a folder, as a table\n"
-    "  korv-count --context-of \"in the end\" book.txt\n"
-    "                                            where a phrase stands, line by line\n"
-    "The manual page tells more: man korv-count\n";
+constexpr std::array kUsage = {
+    Line{"korv-count [OPTIONS] PATH...", "a file, a folder of files, or several together"},
+    Line{"korv-count [OPTIONS] -", "text from standard input, also among files"},
+    Line{"korv-count --settings FILE [OPTIONS]", "the source that the settings name"},
+};
 
-/// The words of `text` in lines that begin in the text's column; what stands in the first line before it has
-/// `used` characters.
-std::string Wrapped(std::string_view text, size_t used) {
-  std::string lines;
-  size_t column = used;
-  const auto indent = [&] {
-    lines.append(kTextColumn - column, ' ');
-    column = kTextColumn;
-  };
-  if (used + 1 > kTextColumn) {
+constexpr std::array kExamples = {
+    Line{"korv-count book.txt", "frequent phrases of 4 to 6 words"},
+    Line{"korv-count --words 2-8 -o phrases.csv texts/", "those of a folder, as a table"},
+    Line{"korv-count --context-of \"in the end\" book.txt", "where a phrase stands, line by line"},
+};
+
+constexpr std::string_view kDefaults =
+    "The value in parentheses holds where neither an option nor --settings says more.";
+constexpr std::string_view kStatus =
+    "Exit status: 0 a report was made, 1 input or output was refused, 2 wrong usage, 3 nothing to list (with "
+    "--fail-if-empty), 130 stopped.";
+
+}  // namespace
+
+HelpFormat::HelpFormat(size_t columns)
+    : columns_(columns == 0 ? kUsualColumns : std::clamp(columns, kLeastColumns, kMostColumns)) {}
+
+std::string HelpFormat::Explained(std::string line, std::string_view text, size_t column) const {
+  // A narrow terminal has room for little beside the text.
+  column = std::min(column, columns_ * kExampleColumn / kUsualColumns);
+  std::string lines = line;
+  size_t used = line.size();
+  if (column > 0 && used + 1 > column) {
     lines += '\n';
-    column = 0;
+    used = 0;
   }
-  indent();
+  lines.append(column - used, ' ');
+  used = column;
   for (bool first = true; !text.empty(); first = false) {
     const size_t end = std::min(text.find(' '), text.size());
     const std::string_view word = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
-    if (!first && column + 1 + word.size() > kWidth) {
-      lines += '\n';
-      column = 0;
-      indent();
+    if (!first && used + 1 + word.size() > columns_) {
+      lines += '\n' + std::string(column, ' ');
+      used = column;
     } else if (!first) {
       lines += ' ';
-      ++column;
+      ++used;
     }
     lines += word;
-    column += word.size();
+    used += word.size();
   }
   return lines + '\n';
 }
 
-}  // namespace
-
 std::string HelpFormat::make_help(const CLI::App* app, std::string /*name*/,
                                   CLI::AppFormatMode /*mode*/) const {
-  std::string help = app->get_description() + "\n\n" + std::string(kUsage);
+  const std::string indent(kIndent, ' ');
+  std::string help = Paragraph(app->get_description()) + "\nUsage:\n";
+  for (const Line& line : kUsage) help += Explained(indent + line.Command, line.Text, kUsageColumn);
   for (const std::string& group : app->get_groups()) {
     const auto options = app->get_options(
         [&](const CLI::Option* option) { return option->get_group() == group && option->nonpositional(); });
     if (!options.empty()) help += make_group(group, false, options);
   }
-  return help + std::string(kFooter);
+  help += "\n" + Paragraph(kDefaults) + Paragraph(kStatus) + "\nExamples:\n";
+  for (const Line& line : kExamples) help += Explained(indent + line.Command, line.Text, kExampleColumn);
+  return help + Paragraph("The manual page tells more: man korv-count");
 }
 
 std::string HelpFormat::make_option(const CLI::Option* option, bool isPositional) const {
@@ -82,7 +90,7 @@ std::string HelpFormat::make_option(const CLI::Option* option, bool isPositional
   if (const size_t comma = name.find(','); comma != name.npos) name.insert(comma + 1, " ");
   std::string line = std::string(kIndent, ' ') + name;
   if (option->get_type_size() != 0) line += " " + option->get_type_name();
-  return line + Wrapped(option->get_description(), line.size());
+  return Explained(std::move(line), option->get_description(), kOptionColumn);
 }
 
 }  // namespace korv

@@ -26,5 +26,6 @@ int main(int argc, char** argv) {
                     .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0])),
                     .Encoding = encoding.get(),
                     .InputPath = StandardInputPath(),
+                    .OutColumns = OutputColumns(),
                     .ExpandsPatterns = !ShellExpandsPatterns()});
 }

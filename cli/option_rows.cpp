@@ -68,7 +68,9 @@ std::vector<OptionRow> OwnSettings() {
   return {File("--settings", &CountOptions::SettingsFile, OptionGroup::Settings,
                "A settings file, applied before the other options"),
           File("--save-settings", &CountOptions::SaveSettingsFile, OptionGroup::Settings,
-               "Write the resulting settings to a file")};
+               "Write the resulting settings to a file"),
+          Flag("--print-settings", &CountOptions::PrintSettings, OptionGroup::Settings,
+               "Print the resulting settings, NAME=VALUE a line, and exit")};
 }
 
 /// Beside the options of both lengths.

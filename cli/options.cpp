@@ -24,14 +24,16 @@ namespace {
 class Parser {
  public:
   std::variant<CountOptions, int> Parse(const std::vector<std::string>& arguments, std::ostream& out,
-                                        std::ostream& err) {
+                                        std::ostream& err, size_t columns) {
     // "/texts" is a path on every system.
     app_.allow_windows_style_options(false);
-    app_.formatter(std::make_shared<HelpFormat>());
+    app_.formatter(std::make_shared<HelpFormat>(columns));
     app_.set_help_flag("-h,--help", "Show this and exit");
     app_.add_option("PATH", options_.Paths, "Files, folders, or - for standard input");
-    app_.set_version_flag("--version", "korv-count " + std::string(ProgramVersion()),
-                          "Show the version and exit");
+    app_.set_version_flag(
+        "--version",
+        "korv-count " + std::string(ProgramVersion()) + "\nBuilt with " + std::string(LibraryVersions()),
+        "Show the versions of the program and its libraries and exit");
     for (const OptionRow& row : rows_) Add(row);
     try {
       CheckNames(arguments);
@@ -87,7 +89,7 @@ class Parser {
   void Check() const {
     if (!options_.FromCounts.empty())
       CheckCounts();
-    else if (!options_.NamesSource() && options_.SettingsFile.empty())
+    else if (!options_.NamesSource() && options_.SettingsFile.empty() && !options_.PrintSettings)
       throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
     if (std::ranges::find(options_.Paths, "") != options_.Paths.end())
       throw CLI::ValidationError("PATH", "an empty one names no file");
@@ -231,8 +233,8 @@ const char* CountOptions::DescribingOption() const {
 }
 
 std::variant<CountOptions, int> ParseCountOptions(const std::vector<std::string>& arguments,
-                                                  std::ostream& out, std::ostream& err) {
-  return Parser().Parse(arguments, out, err);
+                                                  std::ostream& out, std::ostream& err, size_t columns) {
+  return Parser().Parse(arguments, out, err, columns);
 }
 
 void ApplyOptions(const CountOptions& options, Settings& settings) {

@@ -45,6 +45,7 @@ struct CountOptions {
   std::string FromCounts;  ///< A file of counts in place of a text; "-" is standard input. Empty for none.
   std::string SettingsFile;
   std::string SaveSettingsFile;
+  bool PrintSettings = false;
 
   /// The settings that options name, with their values.
   struct {
@@ -100,9 +101,9 @@ struct CountOptions {
 };
 
 /// The options, or the status to exit with at once: 0 after help or version on `out`, kExitUsage after
-/// saying on `err` what is wrong.
+/// saying on `err` what is wrong. `columns`: of the terminal that `out` is; 0 where it is none.
 std::variant<CountOptions, int> ParseCountOptions(const std::vector<std::string>& arguments,
-                                                  std::ostream& out, std::ostream& err);
+                                                  std::ostream& out, std::ostream& err, size_t columns = 0);
 
 /// Puts what the options name into `settings`; the rest stays. PATH is the caller's to place.
 void ApplyOptions(const CountOptions& options, Settings& settings);

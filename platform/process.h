@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -30,6 +31,10 @@ class StandardStreams {
 };
 
 bool StandardErrorIsTerminal();
+
+/// How many columns the terminal has that standard output leads to: as the variable COLUMNS says, else as the
+/// terminal does. 0 where it leads to none, or where nobody knows.
+size_t OutputColumns();
 
 /// For a program with windows: standard output and error lead to the terminal that it was started from, where
 /// they lead nowhere else. Nothing happens where there is no terminal.

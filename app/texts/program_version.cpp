@@ -6,4 +6,8 @@ std::string_view ProgramVersion() {
   return KORV_VERSION;
 }
 
+std::string_view LibraryVersions() {
+  return KORV_LIBRARIES;
+}
+
 }  // namespace korv

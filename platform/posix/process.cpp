@@ -1,8 +1,12 @@
 #include "platform/process.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <string_view>
 
 #include "platform/posix/stop_signals.h"
 #include "platform/posix/system_calls.h"
@@ -52,6 +56,18 @@ StandardStreams::~StandardStreams() = default;
 
 bool StandardErrorIsTerminal() {
   return ::isatty(STDERR_FILENO) == 1;
+}
+
+size_t OutputColumns() {
+  if (::isatty(STDOUT_FILENO) != 1) return 0;
+  if (const char* const set = std::getenv("COLUMNS"); set != nullptr) {
+    size_t columns = 0;
+    const std::string_view text(set);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), columns);
+    if (error == std::errc{} && end == text.data() + text.size() && columns > 0) return columns;
+  }
+  winsize size{};
+  return ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 // Every program has the streams of its terminal here.

@@ -147,6 +147,14 @@ bool StandardErrorIsTerminal() {
   return IsConsole(::GetStdHandle(STD_ERROR_HANDLE));
 }
 
+size_t OutputColumns() {
+  CONSOLE_SCREEN_BUFFER_INFO info{};
+  if (::GetConsoleScreenBufferInfo(::GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0) return 0;
+  // A line that is full breaks by itself, and then there would be an empty one.
+  const int columns = info.srWindow.Right - info.srWindow.Left;
+  return columns > 0 ? static_cast<size_t>(columns) : 0;
+}
+
 void AnswerInTheTerminal() {
   const auto leadsNowhere = [](DWORD stream) {
     const HANDLE handle = ::GetStdHandle(stream);

@@ -48,6 +48,7 @@ class CountProgramTest : public testing::Test {
                                  .ProgramFolder = "/program",
                                  .Encoding = encoding,
                                  .InputPath = inputPath,
+                                 .OutColumns = columns,
                                  .ExpandsPatterns = expandsPatterns});
   }
 
@@ -86,6 +87,7 @@ class CountProgramTest : public testing::Test {
   bool terminal = false;
   CodePage* encoding = nullptr;
   std::filesystem::path inputPath;
+  size_t columns = 0;  ///< Of the terminal that standard output is.
   bool expandsPatterns = false;
 };
 

@@ -289,5 +289,30 @@ TEST_F(CountProgramTest, KeepsTheFileThatStandardInputReads) {
   EXPECT_EQ(Count({"-", "-o", "/r.txt"}), 0);
 }
 
+TEST_F(CountProgramTest, PrintsTheSettingsInForceAndCountsNothing) {
+  EXPECT_EQ(Count({"/a.txt", "--print-settings", "--max-words", "3", "--case-significant", "--ignore-words",
+                   "a\tb\\c", "--order", "alphabetical"}),
+            0);
+  EXPECT_EQ(err.str(), "");
+  for (const char* line :
+       {"\nInputFile=/a.txt\n", "MinWords=3\n", "\nMaxWords=3\n", "\nCaseSignificant=true\n",
+        "\nIncludeSubfolders=false\n", "\nExtraWordsToIgnore=a\\tb\\\\c\n", "\nWordOrder=alphabetical\n",
+        "\nIgnoreOption=exclude-all\n"})
+    EXPECT_THAT(out.str(), testing::HasSubstr(line));
+  std::vector<std::string> names;
+  std::istringstream lines(out.str());
+  for (std::string line; std::getline(lines, line);) names.push_back(line.substr(0, line.find('=')));
+  ASSERT_EQ(names.size(), Schema().size());
+  for (size_t i = 0; i < names.size(); ++i) EXPECT_EQ(names[i], Schema()[i].Name);
+}
+
+TEST_F(CountProgramTest, PrintsSettingsWithoutASourceToo) {
+  EXPECT_EQ(Count({"--print-settings"}), 0) << err.str();
+  EXPECT_THAT(out.str(), testing::HasSubstr("MinWords=4\n"));
+  EXPECT_EQ(Count({"/a.txt", "--min-words", "5", "--save-settings", "/s.korv", "--print-settings"}), 0);
+  EXPECT_EQ(Count({"--settings", "/s.korv", "--print-settings"}), 0) << err.str();
+  EXPECT_THAT(out.str(), testing::HasSubstr("MinWords=5\n"));
+}
+
 }  // namespace
 }  // namespace korv

@@ -187,6 +187,38 @@ TEST_F(CountProgramTest, ExplainsItselfInLinesThatATerminalHolds) {
                         "or off\n                            (3)\n"));
 }
 
+TEST_F(CountProgramTest, ExplainsItselfInTheWidthOfTheTerminal) {
+  const auto longest = [this] {
+    size_t most = 0;
+    std::istringstream lines(out.str());
+    for (std::string line; std::getline(lines, line);) most = std::max(most, line.size());
+    return most;
+  };
+  struct Case {
+    size_t Columns;
+    size_t Least;
+    size_t Most;
+  };
+  // In few columns what is typed as one word stays whole.
+  for (const Case& c : {Case{0, 75, 80}, {80, 75, 80}, {100, 95, 100}, {60, 55, 72}, {200, 110, 120}}) {
+    columns = c.Columns;
+    EXPECT_EQ(Count({"--help"}), 0);
+    EXPECT_GE(longest(), c.Least) << c.Columns;
+    EXPECT_LE(longest(), c.Most) << c.Columns;
+  }
+  columns = 40;
+  EXPECT_EQ(Count({"--help"}), 0);
+  EXPECT_THAT(out.str(), HasSubstr("\n  -o, --output FILE   Write the report\n"
+                                   "                      to a file\n"));
+}
+
+TEST_F(CountProgramTest, TellsItsVersionAndThoseOfItsLibraries) {
+  EXPECT_EQ(Count({"--version"}), 0);
+  EXPECT_THAT(out.str(),
+              testing::MatchesRegex("korv-count [0-9.]+\nBuilt with CLI11 [0-9.]+, fmt [0-9.]+, libzip "
+                                    "[0-9.]+, PCRE2 [0-9.]+, utf8proc [0-9.]+, zlib [0-9.]+.*\n"));
+}
+
 TEST_F(CountProgramTest, SaysWhenItsExplanationCannotBeWritten) {
   for (const char* option : {"--help", "--version"}) {
     out.setstate(std::ios::badbit);
