@@ -1,5 +1,8 @@
 #include "app/run/export_run.h"
 
+#include <utility>
+#include <vector>
+
 #include "app/run/is_source.h"
 #include "app/settings/setting_values.h"
 #include "app/texts/program_version.h"
@@ -12,14 +15,21 @@ namespace korv {
 namespace {
 
 TableDescription AboutRun(const ShownResult& result, const ExportServices& services) {
-  const std::string& path = result.Run.Facts.InputPath;
+  const RunSummary& facts = result.Run.Facts;
+  std::vector<std::string> paths;
+  for (const SourcePath& source : facts.Paths) paths.push_back(source.Path);
+  if (paths.empty()) paths.push_back(facts.InputPath.empty() ? "-" : facts.InputPath);
   TableDescription about{.Version = std::string(ProgramVersion()),
                          .Created = FormatUtc(services.Clock.WallTime()),
-                         .Paths = {path.empty() ? "-" : path},
+                         .Paths = std::move(paths),
                          .Numbers = services.Numbers,
                          // Who chooses rows wants them all.
                          .AllRows = true};
-  if (result.Chosen) about.Settings = SettingValues(result.Chosen->Chosen);
+  if (!result.Chosen) return about;
+  Settings settings = result.Chosen->Chosen;
+  // Of several sources none is the folder.
+  if (!facts.Paths.empty()) settings.Folder.clear();
+  about.Settings = SettingValues(settings);
   return about;
 }
 
