@@ -40,8 +40,8 @@ enum class CountVerdict {
 ///     sums.Finish(yielder);
 ///
 /// The table is then as CountPhrases() leaves it, but that nothing is known of the text: there are no places,
-/// no sources and no lines. Memory: 4 bytes a word and 36 to 52 for each phrase that is added for the first
-/// time, beside the distinct words.
+/// no sources and no lines. Memory: for each different phrase 4 bytes a word and about 60 more at its peak,
+/// beside the distinct words.
 class PhraseSums {
  public:
   /// `table` is emptied. All must outlive the object, and `lists` the table's counting.
