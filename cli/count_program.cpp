@@ -21,6 +21,7 @@
 #include "cli/settings_files.h"
 #include "cli/table_output.h"
 #include "platform/console/console_messages.h"
+#include "platform/console/visible_controls.h"
 #include "report/columns/registry.h"
 #include "report/describe_table.h"
 #include "report/error_text.h"
@@ -164,7 +165,7 @@ class CountProgram {
       const InputFileCode code = ValidateInputFile(env_.Files, path, "");
       ShowInputFileError(messages, code, path);
       if (code != InputFileCode::Valid) return kExitRefused;
-      env_.Out << path << '\n' << std::flush;
+      env_.Out << ForOutput(path) << '\n' << std::flush;
       return env_.Out ? kExitReport : CannotWrite();
     }
     const std::string folder = TrimmedFolderPath(settings_.Folder);
@@ -175,8 +176,13 @@ class CountProgram {
     FolderWalk walk(env_.Files, env_.Yielder, SelectionOf(settings_), settings_.IncludeSubfolders);
     const FolderTotals totals =
         ListFiles(walk, PathFromText(folder), ListingEvents(),
-                  [&](const std::string& line) { env_.Out << WithPlainLineEnds(line); });
+                  [&](const std::string& line) { env_.Out << ForOutput(WithPlainLineEnds(line)); });
     return EndListing(totals.Stopped);
+  }
+
+  /// For other programs a name is as it is.
+  std::string ForOutput(const std::string& text) const {
+    return env_.OutColumns > 0 ? WithVisibleControls(text) : text;
   }
 
   FolderEvents ListingEvents() {
@@ -209,7 +215,7 @@ class CountProgram {
         continue;
       }
       ++there;
-      env_.Out << PathToText(path) << '\n';
+      env_.Out << ForOutput(PathToText(path)) << '\n';
     }
     const int status = EndListing(!whole);
     return status == kExitReport && there == 0 ? kExitRefused : status;
@@ -247,7 +253,7 @@ class CountProgram {
     const int status = options_.ContextOf ? WriteContexts() : WriteReport(report);
     line_.Clear();
     if (status == kExitRefused || status == kExitUsage) return status;
-    if (!options_.Quiet) env_.Err << SkippedFilesText(run_.Facts) << std::flush;
+    if (!options_.Quiet) env_.Err << WithVisibleControls(SkippedFilesText(run_.Facts)) << std::flush;
     if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
     Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
     if (options_.Stages && !options_.Quiet) TellStages();
@@ -257,7 +263,7 @@ class CountProgram {
 
   /// What the user should know that is no error.
   void Tell(const std::string& text) {
-    if (!options_.Quiet) env_.Err << text << '\n' << std::flush;
+    if (!options_.Quiet) env_.Err << WithVisibleControls(text) << '\n' << std::flush;
   }
 
   AboutFile AboutTheSource() {
@@ -420,7 +426,7 @@ class CountProgram {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
     const CutPhrase phrase = CutTypedPhrase(*options_.ContextOf, run_.Table.Corpus());
     if (phrase.Length == 0 || phrase.Length > static_cast<size_t>(kMostWords)) {
-      env_.Err << kName << ": --context-of: '" << *options_.ContextOf
+      env_.Err << kName << ": --context-of: '" << WithVisibleControls(*options_.ContextOf)
                << (phrase.Length == 0 ? "': the rules in force leave no word of it"
                                       : "': that is more than 25 words")
                << '\n';

@@ -1,6 +1,7 @@
 #include "cli/count_view.h"
 
 #include "platform/console/console_messages.h"
+#include "platform/console/visible_controls.h"
 
 namespace korv {
 
@@ -13,7 +14,7 @@ void CountView::Notice(const std::string& text) {
   line_.Clear();
   std::string plain = WithPlainLineEnds(text);
   if (!plain.ends_with('\n')) plain += '\n';
-  err_ << plain << std::flush;
+  err_ << WithVisibleControls(plain) << std::flush;
 }
 
 std::string CountView::ProgressText() const {

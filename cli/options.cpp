@@ -14,6 +14,7 @@
 #include "cli/shell_command.h"
 #include "cli/table_output.h"
 #include "engine/analysis/phrase_query.h"
+#include "platform/console/visible_controls.h"
 #include "report/formats.h"
 
 namespace korv {
@@ -53,7 +54,7 @@ class Parser {
       err << "korv-count: Standard output cannot be written.\n";
       return kExitRefused;
     } catch (const CLI::Error& error) {
-      err << "korv-count: " << error.what() << "\nTry: korv-count --help\n";
+      err << "korv-count: " << WithVisibleControls(error.what()) << "\nTry: korv-count --help\n";
       return kExitUsage;
     }
     return std::move(options_);

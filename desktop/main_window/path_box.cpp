@@ -1,5 +1,7 @@
 #include "desktop/main_window/path_box.h"
 
+#include "desktop/toolkit/plain_tip.h"
+
 namespace korv {
 
 void TrimBox(QLineEdit& box) {
@@ -13,7 +15,7 @@ void SetPath(QLineEdit& box, const QString& path) {
 }
 
 void ShowPathAsToolTip(QLineEdit& box, const char* otherwise) {
-  box.setToolTip(box.text().isEmpty() ? QString::fromUtf8(otherwise) : box.text());
+  box.setToolTip(box.text().isEmpty() ? QString::fromUtf8(otherwise) : PlainTip(box.text()));
 }
 
 }  // namespace korv

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "desktop/toolkit/plain_tip.h"
+
 namespace korv {
 
 RecentList::RecentList(QWidget* parent) : QListWidget(parent) {
@@ -20,7 +22,7 @@ void RecentList::Show(const QStringList& files, const QStringList& folders) {
     for (const QString& path : paths) {
       auto* item = new QListWidgetItem(style()->standardIcon(icon), path, this);
       item->setData(Qt::UserRole, path);
-      item->setToolTip(path);
+      item->setToolTip(PlainTip(path));
     }
   };
   add(files, QStyle::SP_FileIcon);

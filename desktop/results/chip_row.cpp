@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/layouts.h"
 
@@ -53,7 +54,7 @@ void ChipRow::Rebuild() {
     QToolButton* const button =
         add(QStringLiteral("cmdChip_%1").arg(i + 1),
             QString(shown).replace(u'&', QLatin1String("&&")) + QStringLiteral("  \u2715"));
-    button->setToolTip(text + u'\n' + ToQt(chips_[i].Tip));
+    button->setToolTip(PlainTip(text + u'\n' + ToQt(chips_[i].Tip)));
     button->setAccessibleName(text);
     button->setAccessibleDescription(ToQt(chips_[i].Tip));
     connect(button, &QToolButton::clicked, this, [this, i] { Lift(i); });

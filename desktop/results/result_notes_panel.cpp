@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <map>
 
+#include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 
@@ -45,7 +46,7 @@ QWidget* ResultNotesPanel::MakeRow(const ResultNote& note, const QString& name) 
   QLabel* const label = MakeLabel("", row);
   label->setObjectName(QLatin1String("lblNote_") + name);
   label->setText(ToQt(note.Text));
-  label->setToolTip(ToQt(note.Tip));
+  label->setToolTip(PlainTip(ToQt(note.Tip)));
   label->setWordWrap(true);
   // A long name is broken or cut; it never widens the window. A row is as high as the lines that this makes.
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);

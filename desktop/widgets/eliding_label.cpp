@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "desktop/toolkit/plain_tip.h"
+
 namespace korv {
 
 ElidingLabel::ElidingLabel(QWidget* parent) : QLabel(parent) {
@@ -32,7 +34,7 @@ void ElidingLabel::resizeEvent(QResizeEvent* event) {
 }
 
 void ElidingLabel::SetToolTipWhereCut() {
-  setToolTip(sizeHint().width() > width() ? text() : QString());
+  setToolTip(sizeHint().width() > width() ? PlainTip(text()) : QString());
 }
 
 }  // namespace korv

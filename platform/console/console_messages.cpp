@@ -1,5 +1,7 @@
 #include "platform/console/console_messages.h"
 
+#include "platform/console/visible_controls.h"
+
 namespace korv {
 
 Answer ConsoleMessages::Show(const Message& message) {
@@ -28,7 +30,7 @@ void ConsoleMessages::TellHeld() {
 
 void ConsoleMessages::Write(const std::string& text) {
   if (beforeOutput_) beforeOutput_();
-  stream_ << text << std::flush;
+  stream_ << WithVisibleControls(text) << std::flush;
 }
 
 std::string WithPlainLineEnds(std::string text) {

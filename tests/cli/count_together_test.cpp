@@ -173,6 +173,21 @@ TEST_F(CountTogetherTest, PatternsNameFilesWhereNoShellReplacesThem) {
   EXPECT_EQ(CountTabs({"/t/*.txt"}), 1);
 }
 
+TEST_F(CountTogetherTest, NamesDoNothingToATerminal) {
+  files.Add("/\x1b[31m.txt", "");
+  EXPECT_EQ(CountTabs({"/a.txt", "/\x1b[31m.txt"}), 0);
+  EXPECT_THAT(err.str(), HasSubstr("\n/\\x1B[31m.txt: is zero-length\n"));
+  EXPECT_EQ(CountTabs({"/\x1b[2J.txt", "/\x1b[31m.txt"}), 1);
+  EXPECT_THAT(err.str(), Not(HasSubstr("\x1b")));
+  EXPECT_EQ(Count({"/a.txt", "--\x1b[2J"}), 2);
+  EXPECT_THAT(err.str(), Not(HasSubstr("\x1b")));
+  EXPECT_EQ(Count({"/a.txt", "/\x1b[31m.txt", "--list-files"}), 0);
+  EXPECT_EQ(out.str(), "/a.txt\n/\x1b[31m.txt\n") << "for other programs";
+  columns = 80;
+  EXPECT_EQ(Count({"/a.txt", "/\x1b[31m.txt", "--list-files"}), 0);
+  EXPECT_EQ(out.str(), "/a.txt\n/\\x1B[31m.txt\n") << "on a terminal";
+}
+
 TEST(PathList, IsNotReadWithoutEnd) {
   class Endless final : public InputFile {
    public:

@@ -2,6 +2,7 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QListWidget>
 #include <QMimeData>
 
 #include "desktop/results/run_tabs.h"
@@ -257,6 +258,21 @@ TEST_F(Opening, OpensSettingsAndKeptRunsOneAtATime) {
     EXPECT_EQ(messages.Only().Addition, other);
     EXPECT_FALSE(Checked("optFolder"));
   }
+}
+
+TEST_F(Opening, ShowsNamesThatLookLikeRichTextAsTheyAre) {
+  const std::string name = "<b>bold<br>.txt";
+  const std::string path = WriteFile(name, kText);
+  Open({path});
+  main->Panels().Source->SetPathToolTips();
+  EXPECT_THAT(TipOf("txbFile_0"),
+              AllOf(testing::StartsWith("<qt>"), HasSubstr("&lt;b&gt;bold&lt;br&gt;.txt")));
+  main->Panels().Source->Remember(TextSource::SingleFile, path);
+  EXPECT_THAT(Find<QListWidget>("lstRecent")->item(0)->toolTip().toStdString(), HasSubstr("&lt;b&gt;bold"));
+  const std::string plain = WriteFile("plain.txt", kText);
+  Open({plain});
+  main->Panels().Source->SetPathToolTips();
+  EXPECT_EQ(TipOf("txbFile_0"), plain);
 }
 
 TEST_F(Opening, SaysWhichOfSeveralFilesIsNotThere) {

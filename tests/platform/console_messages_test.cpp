@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <string>
+
+#include "platform/console/visible_controls.h"
 
 namespace korv {
 namespace {
@@ -18,6 +21,28 @@ TEST(ConsoleMessages, SayAnAdditionBelowTheText) {
   ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce, AnswerByDefault);
   messages.Show({.Text = "Two\nlines", .Title = "Title", .Addition = "and\none more"});
   EXPECT_EQ(stream.str(), "korv-count: Two\nlines\nand\none more\n");
+}
+
+TEST(ConsoleMessages, WriteControlCharactersOut) {
+  struct Case {
+    const char* Text;
+    const char* Visible;
+  };
+  for (const Case& c : {Case{"a.txt", "a.txt"},
+                        {"two\nlines\tand a tab", "two\nlines\tand a tab"},
+                        {"\x1b]0;title\x07.txt", "\\x1B]0;title\\x07.txt"},
+                        {"a\rb\x08\x7f", "a\\x0Db\\x08\\x7F"},
+                        {"\xC2\x9B"
+                         "31m",
+                         "\\x9B31m"},
+                        {"\xC2\xA0\xC3\xBC\xC2", "\xC2\xA0\xC3\xBC\xC2"},
+                        {"", ""}}) {
+    EXPECT_EQ(WithVisibleControls(c.Text), c.Visible);
+    std::ostringstream stream;
+    ConsoleMessages messages(stream, "korv-count", ConsoleMessages::When::AtOnce, AnswerByDefault);
+    messages.Show({.Text = "Text", .Title = "Title", .Addition = "File: " + std::string(c.Text)});
+    EXPECT_EQ(stream.str(), "korv-count: Text\nFile: " + std::string(c.Visible) + "\n");
+  }
 }
 
 TEST(ConsoleMessages, AnswerQuestionsWithoutShowingThem) {
