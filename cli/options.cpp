@@ -121,7 +121,9 @@ class Parser {
     exclude(options_.FilesFrom.has_value(), "--files-from");
     exclude(options_.ContextOf.has_value(), "--context-of");
     exclude(options_.ListFiles, "--list-files");
+    // Settings have no place for counts.
     exclude(!options_.SaveSettingsFile.empty(), "--save-settings");
+    exclude(options_.PrintSettings, "--print-settings");
     exclude((options_.Given.Which & SetOf(RowOf("DisplayFormat"))).any() &&
                 FormatOf(options_.Given.Values.Report.DisplayFormat).NeedsFolder,
             "--format 10, 11 and 12");

@@ -1,3 +1,5 @@
+#include <chrono>
+
 #include "tests/cli/count_program_world.h"
 
 namespace korv {
@@ -74,6 +76,17 @@ TEST_F(FromCountsTest, StandardInputHoldsCountsToo) {
   EXPECT_EQ(err.str(), "3 counts read, 1 of other lengths left out\n");
 }
 
+TEST_F(FromCountsTest, ProgressTellsTheCounts) {
+  terminal = true;
+  clock.Step = std::chrono::seconds(1);
+  for (int k = 0; k < 20000; ++k) input += "the big cat\t1\n";
+  onRead = [] {};
+  EXPECT_EQ(Count({"--from-counts", "-", "--words", "3"}), kExitReport);
+  EXPECT_THAT(err.str(), HasSubstr("\r\x1b[KReading: "));
+  EXPECT_THAT(err.str(), HasSubstr(" counts\r"));
+  EXPECT_TRUE(err.str().ends_with("\r\x1b[K20,000 counts read\n")) << err.str();
+}
+
 TEST_F(FromCountsTest, AnOutputFileNamesTheCounts) {
   EXPECT_EQ(Count({"--from-counts", "/c.tsv", "--words", "2-3", "-o", "/r.txt"}), kExitReport);
   EXPECT_THAT(files.Content("/r.txt").value_or(""), StartsWith("File: /c.tsv\r\nThere are 2 phrases "));
@@ -120,6 +133,7 @@ TEST_F(FromCountsTest, WhatNeedsATextIsWrongUsage) {
                         {{"--context-of", "big cat"}, "--context-of"},
                         {{"--list-files"}, "--list-files"},
                         {{"--save-settings", "/s.korv"}, "--save-settings"},
+                        {{"--print-settings"}, "--print-settings"},
                         {{"--format", "10"}, "--format 10, 11 and 12"},
                         {{"--format", "12"}, "--format 10, 11 and 12"},
                         {{"--min-files", "1"}, "--min-files"},
