@@ -90,7 +90,8 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
   const bool stopped = result.List.Outcome == ListOutcome::Stopped;
   // After a stop the file that was there stays, for a whole report is worth more than part of one. Where
   // there was no file, the part is kept.
-  const bool keep = !error && !(stopped && ((*file)->Replaces() || result.List.Shown == 0));
+  const bool part = result.List.Shown > 0 && sink.Bytes() > 0;
+  const bool keep = !error && !(stopped && ((*file)->Replaces() || !part));
   if (keep) error = (*file)->Commit();
   result.Written = keep && !error;
   result.Bytes = sink.Bytes();

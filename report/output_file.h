@@ -64,7 +64,8 @@ struct FileListResult {
 std::string WrittenText(uint32_t phrases, const std::string& path, const NumberFormat& numbers);
 
 /// Lists into the file `path`, in place of what it holds. Every failure is shown here and leaves the file
-/// as it was. So does a stop, which keeps the lines written so far only where there was no file before.
+/// as it was. So does a stop, which keeps the lines written so far only where there was no file before, and
+/// nothing of a table that a library makes only in the end.
 FileListResult ListWordsToFile(const Report& report, const std::filesystem::path& path,
                                const FileListingServices& services, Yielder& yielder);
 

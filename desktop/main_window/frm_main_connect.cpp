@@ -138,6 +138,7 @@ void frmMain::ConnectPanels() {
   panels_.Frame->Contexts->Why->WayOut = [this](NoteAction action) {
     Guarded(messages_, "TakeWayOut", [&] { result_->TakeWayOut(action); })();
   };
+  panels_.Frame->Table->ExportWanted = [this] { result_->Tables().Export(); };
   panels_.Frame->Table->CountWithShortWords = [this] {
     steps_->Do("Count short words",
                [](Workspace::State& state) { state.Chosen.Words.IgnoreShortWords = false; });

@@ -44,9 +44,10 @@ bool XlsxWriter::Row(const RowCells& cells) {
 }
 
 bool XlsxWriter::End(bool stopped) {
-  if (!book_) return false;
+  // Who stops does not want to wait for it.
+  if (!book_ || stopped) return false;
   EndSheet();
-  WriteAbout(stopped);
+  WriteAbout();
   book_->Close(files_);
   return !Fault() && file_.HandOver(sink_);
 }
@@ -86,13 +87,12 @@ void XlsxWriter::Tell(const std::string& name, std::string_view value) {
   } while (!value.empty());
 }
 
-void XlsxWriter::WriteAbout(bool stopped) {
+void XlsxWriter::WriteAbout() {
   constexpr double kWidths[] = {30, 30, 80, 50};
   book_->AddSheet("About");
   row_ = 0;
   for (int k = 0; k < static_cast<int>(std::size(kWidths)); ++k) book_->SetWidth(k, kWidths[k]);
   for (const TableFact& fact : facts_) Tell(fact.Name, fact.Value);
-  for (const std::string& note : RowNotes(0, 0, stopped, about_.Numbers)) Tell("Note", note);
   ++row_;
   constexpr const char* kHeadings[] = {"Column", "Name", "Meaning", "Formula"};
   for (int k = 0; k < static_cast<int>(std::size(kHeadings)); ++k)

@@ -25,8 +25,9 @@ struct SheetLimits {
 /// and what the columns mean. Texts are texts whatever they look like; a value that is not defined is an
 /// empty cell, and a text that is longer than a cell can be ends with "…".
 ///
-/// It is made in a temporary file, of some 300 MB for a million phrases, and goes to the sink in End(), which
-/// takes most of the time and cannot be stopped.
+/// It is made in temporary files, of some 450 MB for a million phrases with all usual columns, and goes to
+/// the sink in End(), which takes most of the time, some seconds for a million, and cannot be stopped. After
+/// a stop there is no workbook.
 class XlsxWriter final : public ListWriter {
  public:
   /// `about` is copied; the others outlive this.
@@ -43,7 +44,7 @@ class XlsxWriter final : public ListWriter {
   void Put(int column, const Cell& cell);
   /// The next row of the sheet "About"; a long value goes on in rows without a name.
   void Tell(const std::string& name, std::string_view value);
-  void WriteAbout(bool stopped);
+  void WriteAbout();
 
   ReportSink& sink_;
   TableDescription about_;

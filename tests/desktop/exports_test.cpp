@@ -470,6 +470,13 @@ TEST_F(Exports, TellHowFarTheyAre) {
   EXPECT_THAT(Status(), StartsWith("200 phrases were written to "));
 }
 
+TEST_F(Exports, AreOfferedWhereTooManyRowsAreToBeCopied) {
+  CountText();
+  ASSERT_TRUE(Table().ExportWanted);
+  Table().ExportWanted();
+  EXPECT_TRUE(Dialog().isVisible());
+}
+
 TEST_F(Exports, OfARunThatWasKeptAreTheSame) {
   CountText();
   const std::string before = ReadFile(ExportTo("before.csv"));

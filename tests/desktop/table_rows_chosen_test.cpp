@@ -169,7 +169,20 @@ TEST_F(ManyRows, AreCopiedAfterAQuestion) {
             "Do you wish to copy 210,000 rows?\nOther programs may not have room for so many.");
   EXPECT_EQ(messages.Shown[0].NoButton, "Copy the first 200,000");
   EXPECT_EQ(messages.Shown[0].DefaultAnswer, Answer::No);
+  EXPECT_EQ(messages.Shown[0].ExtraButton, "") << "nobody here can export";
   EXPECT_EQ(QGuiApplication::clipboard()->text().count(u'\n'), 200'000);
+}
+
+TEST_F(ManyRows, AreExportedInsteadIfTheUserLikes) {
+  QGuiApplication::clipboard()->clear();
+  int wanted = 0;
+  panel->ExportWanted = [&] { ++wanted; };
+  messages.WillAnswer(questions::kCopyManyRows, Answer::Extra);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  ASSERT_EQ(messages.Shown.size(), 1);
+  EXPECT_EQ(messages.Shown[0].ExtraButton, "Export...");
+  EXPECT_EQ(wanted, 1);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
 }
 
 TEST_F(ManyRows, AreNotCopiedWhenTheUserCancels) {

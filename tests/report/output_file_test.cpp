@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "report/writers/table_forms.h"
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_messages.h"
@@ -165,6 +166,30 @@ TEST_F(FileListing, AStopBeforeTheFirstLineLeavesNoFile) {
   StoppingYielder yielder(1);
   EXPECT_FALSE(ListWordsToFile(World.View(), "/out/report.txt", Services, yielder).Written);
   EXPECT_FALSE(Files.FileExists("/out/report.txt"));
+}
+
+/// A form that is handed over in the end, if it comes to that.
+class HeldBack final : public ListWriter {
+ public:
+  void Begin(std::span<const Column* const>, const ColumnSource&) override {}
+  bool Row(const RowCells&) override { return true; }
+  bool End(bool) override { return false; }
+};
+
+TEST_F(FileListing, AStopLeavesNoFileWhereNothingWasHandedOver) {
+  const TableForm form{
+      .Name = "held", .Extension = "held", .Make = [](ReportSink&, const TableDescription&, FileSystem*) {
+        return std::unique_ptr<ListWriter>(std::make_unique<HeldBack>());
+      }};
+  Files.AddFolder("/out");
+  Services.Table.Form = &form;
+  StoppingYielder yielder(2 + 2);
+  const FileListResult result = ListWordsToFile(World.View(), "/out/table", Services, yielder);
+  EXPECT_EQ(result.List.Outcome, ListOutcome::Stopped);
+  EXPECT_EQ(result.List.Shown, 1U);
+  EXPECT_FALSE(result.Written);
+  EXPECT_FALSE(Files.FileExists("/out/table"));
+  EXPECT_TRUE(Messages.Shown.empty());
 }
 
 TEST(StoppedFile, TellsHowMuchItHolds) {

@@ -29,9 +29,8 @@ std::string RowOf(int row, int rank, const std::string& text) {
 class XlsxWriterTest : public testing::Test {
  protected:
   std::string Written(std::initializer_list<const char*> ids, const Rows& rows,
-                      const TableDescription& about = {}, const RunSummary& facts = {},
-                      bool stopped = false) {
-    return WrittenTable(TableFormOf("xlsx"), ids, rows, about, facts, stopped, files.get());
+                      const TableDescription& about = {}, const RunSummary& facts = {}) {
+    return WrittenTable(TableFormOf("xlsx"), ids, rows, about, facts, false, files.get());
   }
   /// Of sheets with so many rows, and cells with so many characters.
   std::string Limited(const SheetLimits& limits, const Rows& rows, const TableDescription& about = {}) {
@@ -142,34 +141,32 @@ TEST_F(XlsxWriterTest, ASheetTellsHowTheListCameAbout) {
                                .Command = "korv-count /t",
                                .Settings = {{"MinWords", int64_t{2}}},
                                .Paths = {"/t"}};
-  const std::string book = Written({"frequency"}, {}, about, facts, true);
+  const std::string book = Written({"frequency"}, {}, about, facts);
   const std::string sheet = MemberOf(book, "xl/worksheets/sheet2.xml");
   const auto at = [](const std::string& cell, const std::string& style, const std::string& text) {
     return "<c r=\"" + cell + "\"" + style + " t=\"inlineStr\"><is><t>" + text + "</t></is></c>";
   };
   const std::string bold = " s=\"1\"";
-  const std::vector<std::pair<std::string, std::string>> told = {
-      {"Source", "/t"},
-      {"Files", "1,200"},
-      {"Running words (N)", "90"},
-      {"Words taken", "90"},
-      {"Program", "Korv 1.2"},
-      {"Made", "2026-11-22T09:30:00Z"},
-      {"Command", "korv-count /t"},
-      {"MinWords", "2"},
-      {"Note", "The list was stopped: there are more phrases."}};
+  const std::vector<std::pair<std::string, std::string>> told = {{"Source", "/t"},
+                                                                 {"Files", "1,200"},
+                                                                 {"Running words (N)", "90"},
+                                                                 {"Words taken", "90"},
+                                                                 {"Program", "Korv 1.2"},
+                                                                 {"Made", "2026-11-22T09:30:00Z"},
+                                                                 {"Command", "korv-count /t"},
+                                                                 {"MinWords", "2"}};
   int row = 0;
   for (const auto& [name, value] : told) {
     const std::string r = std::to_string(++row);
     EXPECT_THAT(sheet, HasSubstr(at("A" + r, bold, name) + at("B" + r, "", value)));
   }
-  EXPECT_THAT(sheet, HasSubstr(at("A11", bold, "Column") + at("B11", bold, "Name") +
-                               at("C11", bold, "Meaning") + at("D11", bold, "Formula")));
+  EXPECT_THAT(sheet, HasSubstr(at("A10", bold, "Column") + at("B10", bold, "Name") +
+                               at("C10", bold, "Meaning") + at("D10", bold, "Formula")));
   EXPECT_THAT(
-      sheet, HasSubstr(at("A12", "", "Freq") + at("B12", "", "frequency") +
-                       at("C12", "", "f, the number of times that the phrase occurs.") + at("D12", "", "f")));
+      sheet, HasSubstr(at("A11", "", "Freq") + at("B11", "", "frequency") +
+                       at("C11", "", "f, the number of times that the phrase occurs.") + at("D11", "", "f")));
   EXPECT_THAT(MemberOf(book, "docProps/core.xml"), HasSubstr(">2026-11-22T09:30:00Z</dcterms:created>"));
-  EXPECT_EQ(book, Written({"frequency"}, {}, about, facts, true)) << "the same list is the same file";
+  EXPECT_EQ(book, Written({"frequency"}, {}, about, facts)) << "the same list is the same file";
 }
 
 TEST_F(XlsxWriterTest, LongFactsGoOnInFurtherRows) {
@@ -195,6 +192,20 @@ TEST_F(XlsxWriterTest, NumbersHaveAPointWhateverTheLocale) {
   EXPECT_THAT(sheet, HasSubstr("<v>0.25</v>"));
   EXPECT_THAT(sheet, HasSubstr("<v>0.5</v>"));
   EXPECT_EQ(sheet.find(','), sheet.npos);
+}
+
+TEST_F(XlsxWriterTest, AfterAStopThereIsNone) {
+  StringSink sink;
+  const auto writer = TableFormOf("xlsx").Make(sink, {}, files.get());
+  const PhraseTable table;
+  const RunSummary facts;
+  const Column* columns[] = {FindColumn("rank")};
+  writer->Begin(columns, ColumnSource{table, facts});
+  const Cell cells[] = {int64_t{1}};
+  EXPECT_TRUE(writer->Row({cells, {}}));
+  EXPECT_FALSE(writer->End(true));
+  EXPECT_FALSE(writer->Fault());
+  EXPECT_EQ(sink.Text, "");
 }
 
 TEST_F(XlsxWriterTest, WhatCannotBeWrittenIsAFault) {

@@ -297,6 +297,7 @@ void PhraseTablePanel::Copy(bool heading) {
       .Rows = model_->Rows(), .Ranges = tblPhrases->SelectedRows(), .Columns = {}, .Heading = heading};
   for (const int section : columns_->Shown())
     request.Columns.push_back(model_->Columns()[static_cast<size_t>(section)]);
+  copier_.ExportWanted = ExportWanted;
   copier_.Copy(model_->Source(), std::move(request));
 }
 

@@ -56,6 +56,9 @@ class PhraseTablePanel final : public QWidget {
   /// set.
   std::function<void()> CountWithShortWords;
 
+  /// The user would rather export the table than copy a great many rows. Not offered where it is not set.
+  std::function<void()> ExportWanted;
+
   void cmdClearMatch_Click();
   void cmdRowDetails_Click();
 

@@ -24,7 +24,7 @@ void RowCopier::Copy(std::shared_ptr<const TableSource> source, CopyRequest requ
       });
 }
 
-bool RowCopier::Confirm(CopyRequest& request) const {
+bool RowCopier::Confirm(CopyRequest& request) {
   const uint64_t rows = CountRows(request.Ranges);
   if (rows <= kMostUnasked) return true;
   const auto grouped = [&](uint64_t number) {
@@ -38,8 +38,10 @@ bool RowCopier::Confirm(CopyRequest& request) const {
                               .Buttons = Buttons::YesNoCancel,
                               .DefaultAnswer = Answer::No,
                               .Question = questions::kCopyManyRows,
+                              .ExtraButton = ExportWanted ? "Export..." : "",
                               .YesButton = "Copy all",
                               .NoButton = "Copy the first " + grouped(kMostUnasked)});
+  if (answer == Answer::Extra && ExportWanted) ExportWanted();
   if (answer == Answer::No) request.Ranges = FirstRowsOf(request.Ranges, kMostUnasked);
   return answer == Answer::Yes || answer == Answer::No;
 }

@@ -17,12 +17,14 @@ class RowCopier {
   explicit RowCopier(const Desktop& desktop) : desktop_(desktop), job_(desktop.Loop) {}
 
   static constexpr uint64_t kMostUnasked = 200'000;
+  /// The user would rather export the table. Not offered where it is not set.
+  std::function<void()> ExportWanted;
   /// Asks before it copies more rows than those. No source or no row: nothing happens.
   void Copy(std::shared_ptr<const TableSource> source, CopyRequest request);
   bool Idle() const { return job_.Idle(); }
 
  private:
-  bool Confirm(CopyRequest& request) const;
+  bool Confirm(CopyRequest& request);
 
   const Desktop& desktop_;
   NewestJob job_;
