@@ -36,13 +36,13 @@ std::string Line(std::initializer_list<std::string_view> cells) {
 
 }  // namespace
 
-ContextTable::ContextTable(const CountedRun& run, const DocxContext& context, std::ostream& out,
-                           std::function<void(const std::string&)> tell)
+ContextTable::ContextTable(const CountedRun& run, const DocxContext& context, std::string_view readAs,
+                           std::ostream& out, std::function<void(const std::string&)> tell)
     : corpus_(run.Table.Corpus()),
       yielder_(context.Yielder),
       out_(out),
       tell_(std::move(tell)),
-      locator_(corpus_, context, run.KeptText) {}
+      locator_(corpus_, context, run.KeptText, readAs) {}
 
 bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around) {
   out_ << Line({"file", "line", "column", "left", "phrase", "right"});

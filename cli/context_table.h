@@ -6,6 +6,7 @@
 #include <set>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "app/run/run.h"
 #include "engine/corpus/place_order.h"
@@ -18,8 +19,8 @@ namespace korv {
 class ContextTable {
  public:
   /// The run must have kept its places. `tell` gets what the user should know: once for each file that is not
-  /// the one that was counted. All must outlive the object.
-  ContextTable(const CountedRun& run, const DocxContext& context, std::ostream& out,
+  /// the one that was counted. `readAs`: as in the request of the run. All must outlive the object.
+  ContextTable(const CountedRun& run, const DocxContext& context, std::string_view readAs, std::ostream& out,
                std::function<void(const std::string&)> tell);
 
   /// `phrase` in the numbers of the run, as CutTypedPhrase() makes them; `around`: most code points on each

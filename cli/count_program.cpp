@@ -297,6 +297,7 @@ class CountProgram {
     request.OutputPath = OutputPath();
     request.Stream = &env_.StandardInput;
     request.StreamEncoding = options_.Encoding;
+    request.ReadAs = options_.ReadAs;
     request.SeveralFilesNeedOutput = false;
     request.OffersWaysOut = true;
     return GatherTheLists(request);
@@ -432,7 +433,7 @@ class CountProgram {
                << '\n';
       return kExitUsage;
     }
-    ContextTable table(run_, {env_.Files, messages_, env_.Yielder}, env_.Out,
+    ContextTable table(run_, {env_.Files, messages_, env_.Yielder}, options_.ReadAs, env_.Out,
                        [this](const std::string& text) { Tell(text); });
     const bool finished = table.Write(phrase.Words, options_.Sort.value_or(PlaceOrder::Place),
                                       static_cast<size_t>(options_.Contexts.value_or(kContexts)));

@@ -135,6 +135,10 @@ std::vector<OptionRow> OwnSources() {
           "--encoding", &CountOptions::Encoding,
           {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},
           OptionGroup::Sources, "How text is encoded (auto)"),
+      Choices<std::string>(
+          "--type", &CountOptions::ReadAs,
+          {{"text", "txt"}, {"html", "html"}, {"xml", "xml"}, {"php", "php"}}, OptionGroup::Sources,
+          "Read texts as this, whatever their names say (standard input: text, files: by name)"),
       PathList("--files-from", '\n',
                "Count the files and folders together that a file names, one a line; - reads them from "
                "standard input"),

@@ -121,6 +121,7 @@ class Parser {
     exclude(options_.FilesFrom.has_value(), "--files-from");
     exclude(options_.ContextOf.has_value(), "--context-of");
     exclude(options_.ListFiles, "--list-files");
+    exclude(!options_.ReadAs.empty(), "--type");
     // Settings have no place for counts.
     exclude(!options_.SaveSettingsFile.empty(), "--save-settings");
     exclude(options_.PrintSettings, "--print-settings");

@@ -64,6 +64,7 @@ struct CountOptions {
   std::optional<PlaceOrder> Sort;
 
   EncodingChoice Encoding = EncodingChoice::Auto;
+  std::string ReadAs;  ///< The extension that texts are read by; empty for their own.
   std::string Output;
   // As typed. What they ask for is in Sort and in Rows.
   std::optional<std::string> SortText;  ///< An order of contexts; else a column and its direction.

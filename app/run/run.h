@@ -41,6 +41,8 @@ struct RunRequest {
   /// Bytes of any length, standard input for one. Not owned. Also read where Paths name standard input.
   korv::InputFile* Stream = nullptr;
   EncodingChoice StreamEncoding = EncodingChoice::Auto;
+  /// The extension that texts are read by, whatever their names say: "html". Empty for their own.
+  std::string ReadAs;
   /// The file or the stream holds counts of phrases instead of text. A file is a single file as source.
   bool FromCounts = false;
   bool KeepText = true;  ///< With the places; without it nothing leads back into the text.

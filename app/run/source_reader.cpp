@@ -92,6 +92,7 @@ RunEnd SourceReader::DoItFromStream() {
   if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, "standard input",
                             ForeignKindAdvice(source->Head())))
     return RunEnd::Refused;
+  if (!CommentMarkersAreSafe(MarkersOfFile({}, request_.ReadAs).Language)) return RunEnd::Refused;
   services_.View.Status("Now counting phrases on standard input");
   services_.Progress.BytesTotal = source->Size();
   const TextSummary summary = ReadStream(std::move(source));
@@ -105,6 +106,7 @@ TextSummary SourceReader::ReadStream(std::unique_ptr<StreamSource> source) {
   DocumentText document;
   document.Head = source->TakeHead();
   document.Rest = std::move(source);
+  document.Markers = MarkersOfFile({}, request_.ReadAs);
   TextSummary summary = reader_.Read({}, std::move(document), std::move(encoding), AfterStop::WhatIsThere);
   Tally(summary);
   return summary;
@@ -117,7 +119,7 @@ RunEnd SourceReader::DoItFromFile() {
     return RunEnd::Abandoned;
   }
   const std::string& input = run_.Facts.InputPath;
-  ReadPlan plan;
+  ReadPlan plan(request_.ReadAs);
   plan.AddFile(PathFromText(input));
   if (!CommentMarkersAreSafe(plan)) return RunEnd::Refused;
   services_.View.Status("Now counting phrases in\r\n\r\n" + input);
@@ -154,7 +156,7 @@ bool SourceReader::ConfirmLargeInput() {
 
 RunEnd SourceReader::DoItFromFolder() {
   if (!FolderIsValid()) return RunEnd::Refused;
-  ReadPlan plan;
+  ReadPlan plan(request_.ReadAs);
   if (!MakePlan(plan)) return RunEnd::Stopped;
   if (!PlanIsAccepted(plan)) return RunEnd::Refused;
   ReadFolder(plan);
@@ -273,11 +275,11 @@ bool SourceReader::ReadDocument(const fs::path& path, Alone alone) {
   OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
   const std::string size = opened.File ? FileSizeLabel(opened.File->Size(), services_.Numbers) : "";
   services_.View.Sizes(size, "");
-  const DocumentReader& reader = ReaderOfFile(path, opened.Head);
+  const DocumentReader& reader = ReaderOfFile(path, opened.Head, request_.ReadAs);
   Expected<DocumentText, DocumentRefusal> text =
       reader.Open(path, std::move(opened),
                   {services_.Files, services_.Messages, services_.Yielder, alone == Alone::No,
-                   [this](const std::string& bar) { services_.View.TextProgress(bar); }});
+                   [this](const std::string& bar) { services_.View.TextProgress(bar); }, request_.ReadAs});
   if (!text) return Refuse(path, text.Error(), alone);
   if (text->Origin.IsDocument) {
     services_.View.Sizes(size, TextSizeLabel(text->Head.size(), services_.Numbers));
@@ -353,6 +355,10 @@ void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text
 void SourceReader::Note(const std::string& text) {
   services_.View.Notice(text);
   run_.Facts.Notices.push_back(text);
+}
+
+bool SourceReader::CommentMarkersAreSafe(MarkupLanguage language) const {
+  return !HoldsProgramComments(language) || CommentMarkersOK(rules_, services_.Messages);
 }
 
 bool SourceReader::CommentMarkersAreSafe(const ReadPlan& plan) const {

@@ -65,6 +65,7 @@ class SourceReader {
   /// Shows a message about the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
   bool CommentMarkersAreSafe(const ReadPlan& plan) const;
+  bool CommentMarkersAreSafe(MarkupLanguage language) const;
   bool KeepsText() const { return request_.Options.KeepPlaces && request_.KeepText; }
 
   const RunRequest& request_;

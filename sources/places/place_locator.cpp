@@ -24,8 +24,9 @@ LongLines LinesOf(const CommentMarkers& markers) {
   return IsPlainText(markers) ? LongLines::AtBlanks : LongLines::Whole;
 }
 
-CommentMarkers MarkersOf(const CorpusSource& source) {
-  return source.Origin.IsDocument || source.Path.empty() ? CommentMarkers{} : MarkersOfFile(source.Path);
+CommentMarkers MarkersOf(const CorpusSource& source, std::string_view readAs) {
+  if (source.Origin.IsDocument) return {};
+  return source.Path.empty() && readAs.empty() ? CommentMarkers{} : MarkersOfFile(source.Path, readAs);
 }
 
 }  // namespace
@@ -90,7 +91,7 @@ PlaceLocator::Fault PlaceLocator::Open(size_t source, Place from) {
   if (!reader) return reader.Error();
   readerBegin_ = anchor.Offset();
   replay_ = std::make_unique<TextReplay>(corpus_, source, anchor, *columns,
-                                         MarkersOf(corpus_.Sources[source]), std::move(*reader));
+                                         MarkersOf(corpus_.Sources[source], readAs_), std::move(*reader));
   return std::nullopt;
 }
 
@@ -133,7 +134,7 @@ Expected<std::string, PlaceFault> PlaceLocator::Bytes(size_t source, uint64_t be
 Expected<std::unique_ptr<TextReader>, PlaceFault> PlaceLocator::ReaderAt(size_t source,
                                                                          const LineAnchor& anchor) {
   const CorpusSource& of = corpus_.Sources[source];
-  const LongLines longLines = LinesOf(MarkersOf(of));
+  const LongLines longLines = LinesOf(MarkersOf(of, readAs_));
   std::string head;
   InputFile* rest = nullptr;
   if (of.Path.empty()) {
@@ -228,7 +229,7 @@ RawSpan PlaceLocator::SpanOf(const Hit& hit) {
   ReplayedLine& line = *lines_[hit.Line];
   if (!line.Raw)
     line.Raw.emplace(line.Bytes, Encoding(), line.StartsLine,
-                     MarkersOf(corpus_.Sources[source_]).blnCharacterEntitiesPossible);
+                     MarkersOf(corpus_.Sources[source_], readAs_).blnCharacterEntitiesPossible);
   return line.Raw->Find(hit.Word->Begin, hit.Word->End);
 }
 

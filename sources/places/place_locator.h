@@ -45,9 +45,11 @@ enum class PlaceFault {
 class PlaceLocator {
  public:
   /// `text`: that of the source without a path, from its first byte behind a signature; empty where it was
-  /// not kept. All must outlive the object.
-  PlaceLocator(const Corpus& corpus, const DocxContext& context, std::string_view text)
-      : corpus_(corpus), context_(context), text_(text) {}
+  /// not kept. `readAs`: the extension that all texts were read by, empty for their own. All must outlive the
+  /// object.
+  PlaceLocator(const Corpus& corpus, const DocxContext& context, std::string_view text,
+               std::string_view readAs = {})
+      : corpus_(corpus), context_(context), text_(text), readAs_(readAs) {}
 
   /// The phrase of `words` words at `place`, with at most `around` code points of whole words on both sides,
   /// beyond phrase ends too but not beyond the file.
@@ -80,6 +82,7 @@ class PlaceLocator {
   const Corpus& corpus_;
   DocxContext context_;
   std::string_view text_;
+  std::string_view readAs_;
 
   size_t source_ = SIZE_MAX;  ///< The one that is being read.
   std::unique_ptr<InputFile> file_;

@@ -27,6 +27,7 @@ struct ReadContext {
   bool IsOneOfMany = false;  ///< Of a folder: a large document is read without a question.
   /// Gets a bar of characters while a large document is unpacked; may be empty.
   std::function<void(const std::string&)> ShowProgress;
+  std::string_view ReadAs{};  ///< The extension that a text is read by; empty for its own.
 };
 
 /// The text of a document, ready to be read line by line.

@@ -22,20 +22,30 @@ std::span<const DocumentReader* const> DocumentReaders() {
   return kReaders;
 }
 
-const DocumentReader& ReaderOfName(const std::filesystem::path& path) {
-  const std::string extension = FileExtension(PathToText(path), true);
+namespace {
+
+std::string ExtensionOf(const std::filesystem::path& path, std::string_view readAs) {
+  std::string own = FileExtension(PathToText(path), true);
+  return readAs.empty() || DocxReader().TakesExtension(own) ? own : std::string(readAs);
+}
+
+}  // namespace
+
+const DocumentReader& ReaderOfName(const std::filesystem::path& path, std::string_view readAs) {
+  const std::string extension = ExtensionOf(path, readAs);
   return **std::ranges::find_if(DocumentReaders(), [&extension](const DocumentReader* reader) {
     return reader->TakesExtension(extension);
   });
 }
 
-const DocumentReader& ReaderOfFile(const std::filesystem::path& path, std::string_view head) {
-  const DocumentReader& byName = ReaderOfName(path);
+const DocumentReader& ReaderOfFile(const std::filesystem::path& path, std::string_view head,
+                                   std::string_view readAs) {
+  const DocumentReader& byName = ReaderOfName(path, readAs);
   return byName.TakesBeginning(head) ? byName : PlainTextReader();
 }
 
-CommentMarkers MarkersOfFile(const std::filesystem::path& path) {
-  return ReaderOfName(path).Markers(FileExtension(PathToText(path), true));
+CommentMarkers MarkersOfFile(const std::filesystem::path& path, std::string_view readAs) {
+  return ReaderOfName(path, readAs).Markers(ExtensionOf(path, readAs));
 }
 
 }  // namespace korv

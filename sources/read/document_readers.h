@@ -12,12 +12,16 @@ namespace korv {
 /// file.
 std::span<const DocumentReader* const> DocumentReaders();
 
+// `readAs`, an extension, stands in the place of the name's own; empty for that. Documents that are no text
+// themselves are what they are.
+
 /// The reader of the files with that name.
-const DocumentReader& ReaderOfName(const std::filesystem::path& path);
+const DocumentReader& ReaderOfName(const std::filesystem::path& path, std::string_view readAs = {});
 /// The reader of a file that begins with `head`.
-const DocumentReader& ReaderOfFile(const std::filesystem::path& path, std::string_view head);
+const DocumentReader& ReaderOfFile(const std::filesystem::path& path, std::string_view head,
+                                   std::string_view readAs = {});
 
 /// The regions that are no text in a file of that name.
-CommentMarkers MarkersOfFile(const std::filesystem::path& path);
+CommentMarkers MarkersOfFile(const std::filesystem::path& path, std::string_view readAs = {});
 
 }  // namespace korv

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "sources/read/document_readers.h"
 #include "sources/read/text_document.h"
 
 namespace korv {
@@ -14,8 +15,8 @@ class Program final : public DocumentReader {
   }
   CommentMarkers Markers(std::string_view extension) const override { return MarkersOfExtension(extension); }
   Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
-                                               const ReadContext& /*context*/) const override {
-    return OpenTextDocument(path, std::move(opened), Markers(FileExtension(PathToText(path), true)));
+                                               const ReadContext& context) const override {
+    return OpenTextDocument(path, std::move(opened), MarkersOfFile(path, context.ReadAs));
   }
 };
 

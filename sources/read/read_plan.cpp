@@ -66,7 +66,7 @@ PlannedDocument ReadPlan::Document(size_t index) const {
   const size_t begin = index == 0 ? 0 : ends_[index - 1];
   const std::filesystem::path name = names_.substr(begin, ends_[index] - begin);
   const std::filesystem::path path = folder.Path.empty() ? name : folder.Path / name;
-  return {path, &ReaderOfName(path), folder.FoldersMet};
+  return {path, &ReaderOfName(path, readAs_), folder.FoldersMet};
 }
 
 void ReadPlan::EnterFolder(const std::filesystem::path& path) {
@@ -80,7 +80,7 @@ void ReadPlan::EnterFolder(const std::filesystem::path& path) {
 void ReadPlan::Add(const std::filesystem::path& name) {
   names_ += name.native();
   ends_.push_back(names_.size());
-  hasProgramComments_ = hasProgramComments_ || HoldsProgramComments(MarkersOfFile(name).Language);
+  hasProgramComments_ = hasProgramComments_ || HoldsProgramComments(MarkersOfFile(name, readAs_).Language);
 }
 
 }  // namespace korv

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <filesystem>
 #include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/source_path.h"
@@ -25,6 +27,9 @@ struct PlannedDocument {
 /// Holds the name of each document, about its length and 9 bytes more, and the path of each folder.
 class ReadPlan {
  public:
+  /// `readAs`: see ReaderOfName.
+  explicit ReadPlan(std::string readAs = {}) : readAs_(std::move(readAs)) {}
+
   /// A single file, by any path.
   void AddFile(const std::filesystem::path& path);
   /// Walks `folder` and adds its wanted files. Calls `events` as the walk goes on.
@@ -56,6 +61,7 @@ class ReadPlan {
   void EnterFolder(const std::filesystem::path& path);
   void Add(const std::filesystem::path& name);
 
+  std::string readAs_;
   std::vector<Folder> folders_;
   size_t foldersMet_ = 0;
   Name names_;                ///< One behind the other.

@@ -239,5 +239,54 @@ TEST_F(CountProgramTest, AnEmptyListIsAFailureWhereThatIsWished) {
   EXPECT_EQ(Count({"/none.txt", "--fail-if-empty"}), kExitRefused);
 }
 
+TEST_F(CountProgramTest, ReadsTextsAsTheTypeSays) {
+  const std::string page = "<p class='the big cat'>The big cat &amp; dog</p>\n<p>the big cat</p>\n";
+  files.Add("/page.tmpl", page);
+  files.Add("/page.html", page);
+  const std::vector<std::string> rest = {"--words", "3", "--layout", "tabs", "--format", "7"};
+  const auto report = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), rest.begin(), rest.end());
+    EXPECT_EQ(Count(arguments), 0) << err.str();
+    return out.str().substr(out.str().find("There"));
+  };
+  const std::string byName = report({"/page.html"});
+  EXPECT_THAT(byName, HasSubstr("the big cat\t2\n"));
+  EXPECT_EQ(report({"/page.tmpl", "--type", "html"}), byName);
+  EXPECT_EQ(report({"/page.html", "--type", "html"}), byName);
+  input = page;
+  EXPECT_EQ(report({"-", "--type", "html"}), byName);
+  const std::string asText = report({"/page.tmpl"});
+  EXPECT_THAT(asText, HasSubstr("the big cat\t3\n"));
+  EXPECT_EQ(report({"/page.html", "--type", "text"}), asText);
+  EXPECT_EQ(report({"-"}), asText);
+  EXPECT_EQ(report({"/page.tmpl", "/page.tmpl", "--type", "xml"}), report({"/page.tmpl", "--type", "xml"}));
+}
+
+TEST_F(CountProgramTest, ContextsAreReadAsTheTypeSaysToo) {
+  const std::string page = "<p title='big cat'>The <b>big</b> cat &amp; dog</p>\n";
+  files.Add("/page.html", page);
+  files.Add("/page.tmpl", page);
+  input = page;
+  ASSERT_EQ(Count({"/page.html", "--context-of", "big cat"}), 0);
+  const std::string rows = out.str().substr(out.str().find('\n'));
+  EXPECT_THAT(rows, HasSubstr("\t1\t"));
+  ASSERT_EQ(Count({"/page.tmpl", "--context-of", "big cat", "--type", "html"}), 0);
+  const std::string typed = out.str().substr(out.str().find('\n'));
+  EXPECT_EQ(typed.substr(typed.find('\t')), rows.substr(rows.find('\t')));
+  ASSERT_EQ(Count({"-", "--context-of", "big cat", "--type", "html"}), 0);
+  const std::string streamed = out.str().substr(out.str().find('\n'));
+  EXPECT_EQ(streamed.substr(streamed.find('\t')), rows.substr(rows.find('\t')));
+}
+
+TEST_F(CountProgramTest, ProgramsOnStandardInputWantTheirMarkersToBeNoWords) {
+  input = "<?php // the big cat ?> the big cat";
+  EXPECT_EQ(Count({"-", "--type", "php", "--words", "3", "--min-frequency", "1"}), 0) << err.str();
+  EXPECT_EQ(Count({"-", "--type", "php", "--allow", "forwardslashes"}), 1);
+  files.Add("/a.php", input);
+  const std::string said = err.str();
+  EXPECT_EQ(Count({"/a.php", "--allow", "forwardslashes"}), 1);
+  EXPECT_EQ(err.str().substr(0, said.find("Source:")), said.substr(0, said.find("Source:")));
+}
+
 }  // namespace
 }  // namespace korv

@@ -103,6 +103,19 @@ TEST(ReadPlan, KnowsWhetherCommentsOfProgramsCanOccur) {
   }
 }
 
+TEST(ReadPlan, ReadsTextsAsItIsTold) {
+  ReadPlan plan("php");
+  for (const char* name : {"a.txt", "b", "d.docx"}) plan.AddFile(PathFromText(name));
+  EXPECT_TRUE(plan.HasProgramComments());
+  EXPECT_EQ(plan.Document(0).Reader, &ReaderOfName("x.php"));
+  EXPECT_EQ(plan.Document(1).Reader, &ReaderOfName("x.php"));
+  EXPECT_EQ(plan.Document(2).Reader, &ReaderOfName("x.docx")) << "a document is what it is";
+  EXPECT_EQ(&ReaderOfName("page.html", "txt"), &ReaderOfName("x.txt"));
+  EXPECT_EQ(MarkersOfFile("notes.md", "html").Language, MarkupLanguage::Html);
+  EXPECT_EQ(MarkersOfFile({}, "xml").Language, MarkupLanguage::Xml);
+  EXPECT_EQ(MarkersOfFile("page.html", "txt").Language, MarkupLanguage::None);
+}
+
 TEST(ReadPlan, ChoosesTheReaderByTheName) {
   ReadPlan plan;
   for (const char* name : {"a.txt", "b.html", "c.docx", "d.c"}) plan.AddFile(PathFromText(name));
