@@ -164,9 +164,8 @@ class Parser {
   void CheckForm(const TableForm& form) const {
     const char* const option = options_.OutputFormat ? "--output-format" : "--output";
     if (form.Make == nullptr)
-      throw CLI::ValidationError(option, std::string(form.Name) +
-                                             " is none of what this korv-count writes: it "
-                                             "was built without the library for it");
+      throw CLI::ValidationError(option, "this korv-count does not write " + std::string(form.Name) +
+                                             ": it was built without the library for it");
     if (form.Binary && options_.Output.empty())
       throw CLI::ValidationError(option, std::string(form.Name) + " is no text and needs --output FILE");
   }

@@ -151,14 +151,13 @@ TEST_F(CountProgramTest, FormsForReadingHaveAllRowsThatAreAskedFor) {
 TEST_F(CountProgramTest, BinaryTablesAreForFilesAndNeedTheirLibrary) {
   for (const std::string name : {"xlsx", "sqlite"}) {
     const bool there = TableFormOf(name).Make != nullptr;
-    const std::string toOutput =
-        "--output-format: " + name +
-        (there ? " is no text and needs --output FILE" : " is none of what this korv-count writes");
+    const std::string toOutput = there ? "--output-format: " + name + " is no text and needs --output FILE"
+                                       : "--output-format: this korv-count does not write " + name;
     ExpectWrongUsage("/a.txt", {{{"--output-format", name}, toOutput.c_str()},
                                 {{"--output-format", name, "--columns", "phrase"}, toOutput.c_str()},
                                 {{"--output-format", name, "--context-of", "big cat"}, toOutput.c_str()}});
     if (there) continue;
-    const std::string toFile = "--output: " + name + " is none of what this korv-count writes";
+    const std::string toFile = "--output: this korv-count does not write " + name;
     ExpectWrongUsage("/a.txt", {{{"-o", "/o." + name}, toFile.c_str()}});
   }
   // Whatever the name, the report as text can be had.

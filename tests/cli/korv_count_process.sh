@@ -73,7 +73,7 @@ fi
 # Tables that libraries write are files first, of which nothing is left. A build without these libraries says so.
 mkdir temporary
 for form in xlsx sqlite; do
-  if grep -q "is none of what" <("$program" sample.txt -o table.$form 2>&1); then continue; fi
+  if grep -q "does not write" <("$program" sample.txt -o table.$form 2>&1); then continue; fi
   export TMPDIR=$work/temporary
   case $form in
     xlsx) magic=PK ;;
