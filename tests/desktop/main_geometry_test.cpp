@@ -7,6 +7,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "desktop/dialogs/frm_export.h"
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/toolkit/text.h"
@@ -218,6 +219,20 @@ TEST_P(MainGeometry, LeavesNoRoomUnused) {
       EXPECT_LT(Find<QWidget>("fraSource")->height() - recent->geometry().bottom(), 16) << source;
     }
   }
+}
+
+TEST_P(MainGeometry, IsWellInTheExport) {
+  Type("txbFile_0", WriteFile("whale.txt", kText));
+  Count();
+  frmExport& window = *main->findChild<frmExport*>();
+  main->Result().Tables().Export();
+  for (int form = 0; form < window.cboExportForm->count(); ++form) {
+    Choose("cboExportForm", form);
+    EXPECT_THAT(GeometryFaultsInEverySize(window), IsEmpty()) << form;
+  }
+  Check("optExportAll");
+  Type("txbExportFile", "/" + std::string(300, 'n') + ".csv");
+  EXPECT_THAT(GeometryFaultsInEverySize(window), IsEmpty()) << "a long name";
 }
 
 TEST_P(MainGeometry, IsWellInTheHelpAndTheViewer) {
