@@ -33,6 +33,15 @@ std::vector<const TableForm*> OfferedForms() {
   return forms;
 }
 
+/// Where the first export is offered to go.
+std::filesystem::path FirstFolder(const FileSystem& files) {
+  for (const auto place : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
+    const std::filesystem::path folder = PathFromText(FromQt(QStandardPaths::writableLocation(place)));
+    if (files.FolderExists(folder)) return folder;
+  }
+  return {};
+}
+
 /// The path with the extension of `form` in place of that of another form.
 std::string WithExtension(const std::string& path, const TableForm& form) {
   std::filesystem::path named = PathFromText(path);
@@ -122,10 +131,9 @@ void frmExport::Connect() {
 void frmExport::Offer(const std::string& name) {
   const std::filesystem::path last = PathFromText(FromQt(txbExportFile->text()));
   const std::filesystem::path folder =
-      last.has_parent_path()
-          ? last.parent_path()
-          : PathFromText(FromQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
-  const std::string path = PathToText(folder / PathFromText(name)) + "." + std::string(Form().Extension);
+      last.has_parent_path() ? last.parent_path() : FirstFolder(desktop_.Files);
+  const std::string path =
+      PathToText((folder / PathFromText(name)).make_preferred()) + "." + std::string(Form().Extension);
   txbExportFile->setText(ToQt(path));
   tmrExport_Timer();
   tmrExport_->start();

@@ -111,6 +111,7 @@ TEST_F(Exports, AskWhatAndWhere) {
   EXPECT_TRUE(Dialog().isModal());
   EXPECT_THAT(TextOf("txbExportFile"), EndsWith("whale.txt.csv"));
   EXPECT_TRUE(std::filesystem::path(TextOf("txbExportFile")).is_absolute()) << "nobody wonders where it went";
+  EXPECT_TRUE(files->FolderExists(PathFromText(TextOf("txbExportFile")).parent_path()));
   EXPECT_EQ(Caption("cmdExportFile"), "Browse...");
   std::vector<std::string> forms = {"Comma-separated values (*.csv)",
                                     "CSV for spreadsheets (*.csv)",
