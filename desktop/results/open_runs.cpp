@@ -10,6 +10,7 @@
 #include "app/run/run_description.h"
 #include "app/run/run_request.h"
 #include "desktop/results/run_tabs.h"
+#include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 
 namespace korv {
@@ -80,12 +81,10 @@ void OpenRuns::MarkChanged(const RunRequest& now) {
         ChangesBetween(result.Request, IsOfSingleWords(result) ? SingleWordsOf(now) : now);
     const std::string changed = ChangedRulesText(changes);
     tabs_.Rename(static_cast<int>(i), changed.empty() ? runs_[i].Name : runs_[i].Name + QStringLiteral(" *"));
-    tabs_.setTabToolTip(static_cast<int>(i), changed.empty()
-                                                 ? runs_[i].Tip
-                                                 : runs_[i].Tip +
-                                                       QStringLiteral("\n* Counted under other rules than "
-                                                                      "those chosen now: ") +
-                                                       ToQt(changed) + u'.');
+    QString tip = runs_[i].Tip;
+    if (!changed.empty())
+      tip += QStringLiteral("\n* Counted under other rules than those chosen now: ") + ToQt(changed) + u'.';
+    tabs_.setTabToolTip(static_cast<int>(i), PlainTip(tip));
   }
 }
 

@@ -25,6 +25,17 @@ expect 1 'There is no text on standard input.' -
 expect 1 'cannot be the same as the input file' sample.txt -o ./sample.txt --force
 cmp -s sample.txt "$data/sample.txt" || fault 'the input changed'
 
+# On a terminal the help is as wide as that is.
+if command -v script >script.log; then
+  for columns in 64 100; do
+    COLUMNS=$columns script -qc "$program --help" script.log | tr -d '\r' >help
+    widest=$(awk '{ if (length($0) > most) most = length($0) } END { print most }' help)
+    [ "$widest" -le "$columns" ] && [ "$widest" -ge $((columns - 8)) ] ||
+      fault "in $columns columns the help has $widest"
+  done
+fi
+rm -f script.log help
+
 # Beside the program lie the common words and the texts.
 expect 0 '' sample.txt --common-words fr --quiet
 expect 0 "'#11: Phrase, files that contain it' is available" sample.txt --format 11

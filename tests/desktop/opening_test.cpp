@@ -261,16 +261,15 @@ TEST_F(Opening, OpensSettingsAndKeptRunsOneAtATime) {
 }
 
 TEST_F(Opening, ShowsNamesThatLookLikeRichTextAsTheyAre) {
-  const std::string name = "<b>bold<br>.txt";
-  const std::string path = WriteFile(name, kText);
-  Open({path});
+  const std::string path = "/t/<b>bold<br>.txt";
+  Type("txbFile_0", path);
   main->Panels().Source->SetPathToolTips();
   EXPECT_THAT(TipOf("txbFile_0"),
               AllOf(testing::StartsWith("<qt>"), HasSubstr("&lt;b&gt;bold&lt;br&gt;.txt")));
   main->Panels().Source->Remember(TextSource::SingleFile, path);
   EXPECT_THAT(Find<QListWidget>("lstRecent")->item(0)->toolTip().toStdString(), HasSubstr("&lt;b&gt;bold"));
-  const std::string plain = WriteFile("plain.txt", kText);
-  Open({plain});
+  const std::string plain = "/t/plain.txt";
+  Type("txbFile_0", plain);
   main->Panels().Source->SetPathToolTips();
   EXPECT_EQ(TipOf("txbFile_0"), plain);
 }
