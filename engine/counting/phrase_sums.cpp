@@ -184,7 +184,7 @@ bool PhraseSums::IsAt(const PhraseEntry& entry, std::span<const WordNumber> phra
 /// moved may stay there.
 void PhraseSums::GrowIfFull() {
   constexpr size_t kStep = 8;
-  if (oldSlots_.Empty() && data_.Entries.size() >= slots_.Size() / 2) {
+  if (oldSlots_.Empty() && data_.Entries.size() >= slots_.Size() / 3 * 2) {
     oldSlots_ = std::move(slots_);
     slots_ = ZeroedArray<Slot>(oldSlots_.Size() * 2);
     moved_ = 0;
@@ -222,13 +222,13 @@ bool PhraseSums::TakeInOrder(const CountRule& rule, Yielder& yielder) {
         for (size_t i = begin; i < end; ++i) {
           const PhraseEntry& entry = data_.Entries[i];
           if (!rule.Accepts(data_.Corpus.From(entry.First), entry.Words, scratch)) continue;
-          accepted.push_back(entry);
+          if (!rule.AcceptsAll()) accepted.push_back(entry);
           occurrences += entry.Count;
         }
       }))
     return false;
   std::vector<PhraseEntry> sorted;
-  if (!EntrySort(data_, accepted, yielder).Sort(sorted)) return false;
+  if (!EntrySort(data_, rule.AcceptsAll() ? data_.Entries : accepted, yielder).Sort(sorted)) return false;
   data_.Entries = std::move(sorted);
   data_.Occurrences = occurrences;
   data_.PhraseCount = data_.Entries.size();

@@ -74,7 +74,7 @@ class PhraseSums {
   const bool looksForIgnored_;  ///< Words to ignore exclude the phrases with them, or should not be there.
   std::vector<uint8_t> ignored_ = {0};  ///< By word.
   std::array<WordNumber, kMostWords> words_{};
-  ZeroedArray<Slot> slots_;  ///< Their number is a power of two. About half of them are taken at most.
+  ZeroedArray<Slot> slots_;  ///< Their number is a power of two. About two thirds of them are taken at most.
   /// While the table grows, the slots before. Those from moved_ on may not be among slots_ yet.
   ZeroedArray<Slot> oldSlots_;
   size_t moved_ = 0;
