@@ -122,18 +122,21 @@ void CompareTables(const PhraseTableData& is, const PhraseTableData& was) {
   }
 }
 
-void KeepAndCompare(const WorldKind& kind, TextSource source) {
+void KeepAndCompare(const WorldKind& kind, TextSource source, std::vector<SourcePath> together = {}) {
   const CountingWorld world = DrawWorld(kind);
   RC_LOG() << world;
   KeptWorld kept;
   WriteTexts(world, kept);
-  RC_PRE(kept.Count(ChoiceOf(world, source)));
+  KeptChoice choice = ChoiceOf(world, source);
+  choice.Chosen.Together = std::move(together);
+  RC_PRE(kept.Count(std::move(choice)));
   RC_ASSERT(kept.Keep().HasValue());
   const auto error = kept.Open();
   RC_LOG() << (error ? TextOf(*error) : "");
   RC_ASSERT(!error);
   CompareCorpora(kept.Opened.Run.Table.Corpus(), kept.Result.Run.Table.Corpus());
   CompareTables(kept.Opened.Run.Table.Data(), kept.Result.Run.Table.Data());
+  RC_ASSERT(kept.Opened.Run.Facts.Paths == kept.Result.Run.Facts.Paths);
   FileSystem& files = kept.World.Files;
   RC_ASSERT(ShownTexts(kept.Opened, files).All() == ShownTexts(kept.Result, files).All());
   const std::string bytes = kept.Kept();
@@ -147,6 +150,15 @@ RC_GTEST_PROP(KeptRunProperties, AFileIsWhatItWas, ()) {
 }
 RC_GTEST_PROP(KeptRunProperties, AFolderIsWhatItWas, ()) {
   KeepAndCompare({.Lists = true, .Rules = true, .Folder = true}, TextSource::Folder);
+}
+RC_GTEST_PROP(KeptRunProperties, SeveralFilesAndFoldersAreWhatTheyWere, ()) {
+  using Kind = SourcePath::Kind;
+  const std::vector<SourcePath> sources = {
+      {"/t/0.txt", Kind::File}, {"/t/1.txt", Kind::File}, {"/none.txt", Kind::File}, {"/t", Kind::Folder}};
+  std::vector<SourcePath> together;
+  const auto count = *rc::gen::inRange(1, 5);
+  for (int k = 0; k < count; ++k) together.push_back(sources[*rc::gen::inRange<size_t>(0, sources.size())]);
+  KeepAndCompare({.Lists = true, .Rules = true, .Folder = true}, TextSource::Folder, std::move(together));
 }
 RC_GTEST_PROP(KeptRunProperties, AClipboardIsWhatItWas, ()) {
   KeepAndCompare({.Lists = true}, TextSource::Clipboard);
