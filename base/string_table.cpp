@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <random>
 #include <span>
 #include <stdexcept>
 #include <utility>
@@ -28,12 +29,20 @@ uint64_t Mix(uint64_t v) {
 
 }  // namespace
 
-uint64_t HashBytes(std::string_view text) {
+uint64_t HashBytes(std::string_view text, uint64_t seed) {
+  const auto lowKey = static_cast<uint32_t>(seed);
+  const auto highKey = static_cast<uint32_t>(seed >> 32);
+  // What is added to the product spreads words evenly under every seed.
+  const auto product = [&](uint64_t bytes) {
+    const uint32_t low = static_cast<uint32_t>(bytes) + lowKey;
+    const uint32_t high = static_cast<uint32_t>(bytes >> 32) + highKey;
+    return uint64_t{low} * high + bytes * kFactorA;
+  };
   const char* p = text.data();
   size_t n = text.size();
   uint64_t h = n * kFactorA;
   while (n > 8) {
-    h = Mix((h ^ Load(p, 8)) * kFactorA);
+    h = Mix(h + product(Load(p, 8)));
     p += 8;
     n -= 8;
   }
@@ -48,11 +57,17 @@ uint64_t HashBytes(std::string_view text) {
     last = Load(p, 2) | Load(p + n - 2, 2) << 16;
   else if (n == 1)
     last = static_cast<unsigned char>(*p);
-  return Mix((h ^ last) * kFactorA);
+  return Mix(h + product(last));
 }
 
-StringTable::StringTable() : slots_(1024) {
+StringTable::StringTable(uint64_t seed) : seed_(seed), slots_(1024) {
   begins_.push_back(0);
+}
+
+uint64_t StringTable::RandomSeed() {
+  std::random_device random;
+  const uint64_t high = random();
+  return high << 32 | random();
 }
 
 /// The slot that holds `text`, else the empty one where it belongs.
@@ -67,7 +82,7 @@ size_t StringTable::SlotOf(const Slots& slots, std::string_view text, uint32_t h
 
 uint32_t StringTable::Number(std::string_view text) {
   if (!oldSlots_.Empty()) MoveSlots();
-  const auto hash = static_cast<uint32_t>(HashBytes(text));
+  const auto hash = static_cast<uint32_t>(HashBytes(text, seed_));
   const size_t at = SlotOf(slots_, text, hash);
   if (slots_[at].NumberPlusOne != 0) return slots_[at].NumberPlusOne - 1;
   if (!oldSlots_.Empty())

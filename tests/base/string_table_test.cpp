@@ -49,5 +49,65 @@ TEST(StringTable, FindsEveryStringAfterEachThatIsAdded) {
   }
 }
 
+// How many pairs of the texts have the same last bits of their hash, which choose the slot.
+size_t Meetings(const std::vector<std::string>& texts, uint64_t seed, uint64_t mask) {
+  std::unordered_map<uint64_t, size_t> slots;
+  size_t meetings = 0;
+  for (const std::string& text : texts) meetings += slots[HashBytes(text, seed) & mask]++;
+  return meetings;
+}
+
+std::vector<std::string> Words(size_t size) {
+  std::vector<std::string> words;
+  for (uint32_t k = 0; words.size() < size; ++k) {
+    std::string word;
+    for (uint32_t rest = k; rest > 0 || word.size() < 3; rest /= 26)
+      word += static_cast<char>('a' + rest % 26);
+    words.push_back(word);
+  }
+  return words;
+}
+
+TEST(HashBytes, SpreadsWordsEvenlyUnderEverySeed) {
+  constexpr uint64_t kMask = 0xFFFF;
+  const std::vector<std::string> words = Words(20'000);
+  // 20,000 words in 65,536 slots: 3,051 pairs meet by chance, give or take 55.
+  for (const uint64_t seed :
+       {uint64_t{0}, uint64_t{1}, uint64_t{1} << 32, ~uint64_t{0}, uint64_t{0x5EED5EED5EED}})
+    EXPECT_NEAR(static_cast<double>(Meetings(words, seed, kMask)), 3051, 400) << seed;
+}
+
+TEST(HashBytes, KeepsWordsApartThatWereChosenToMeetUnderAnotherSeed) {
+  constexpr uint64_t kMask = 0x3FF;
+  std::vector<std::string> chosen;
+  for (std::string& word : Words(600'000))
+    if ((HashBytes(word, 1) & kMask) == 0) chosen.push_back(std::move(word));
+  ASSERT_GT(chosen.size(), 400U);
+  const double all = static_cast<double>(chosen.size() * (chosen.size() - 1)) / 2;
+  EXPECT_EQ(Meetings(chosen, 1, kMask), static_cast<size_t>(all));
+  for (const uint64_t seed : {2, 77, 4'000'000})
+    EXPECT_LT(static_cast<double>(Meetings(chosen, seed, kMask)), all / 200);
+}
+
+TEST(HashBytes, TellsLongTextsApartByAnyOfTheirBytes) {
+  const std::string text(40, 'w');
+  for (size_t at = 0; at < text.size(); ++at) {
+    std::string other = text;
+    other[at] = 'v';
+    EXPECT_NE(HashBytes(text, 1), HashBytes(other, 1)) << at;
+  }
+}
+
+TEST(StringTable, GivesTheSameNumbersUnderEverySeed) {
+  StringTable one(1);
+  StringTable other(2);
+  StringTable random;
+  for (const std::string& word : Words(5'000)) {
+    const uint32_t number = one.Number(word);
+    EXPECT_EQ(other.Number(word), number);
+    EXPECT_EQ(random.Number(word), number);
+  }
+}
+
 }  // namespace
 }  // namespace korv
