@@ -7,16 +7,22 @@
 #include <algorithm>
 #include <atomic>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace korv {
 
 namespace {
 
+struct Noted {
+  std::string Path;
+  FileDescriptor Lock;
+};
+
 struct Names {
   std::atomic_flag Busy;
   std::atomic<bool> Ending{false};
-  std::vector<std::string> Paths;
+  std::vector<Noted> All;
 };
 
 // A handler has no other way to reach them, and must find them ready.
@@ -39,7 +45,10 @@ class NamesInUse {
   NamesInUse(const NamesInUse&) = delete;
   NamesInUse& operator=(const NamesInUse&) = delete;
 
-  std::vector<std::string>& Paths() { return names.Paths; }
+  std::vector<Noted>& All() { return names.All; }
+  auto Find(const std::filesystem::path& path) {
+    return std::ranges::find(names.All, path.native(), &Noted::Path);
+  }
 
  private:
   sigset_t before_{};
@@ -47,27 +56,27 @@ class NamesInUse {
 
 }  // namespace
 
-void NoteTemporary(const std::filesystem::path& path) {
-  NamesInUse().Paths().push_back(path.native());
+void NoteTemporary(const std::filesystem::path& path, FileDescriptor lock) {
+  NamesInUse().All().push_back({path.native(), std::move(lock)});
 }
 
 void ForgetTemporary(const std::filesystem::path& path) {
   NamesInUse use;
-  const auto found = std::ranges::find(use.Paths(), path.native());
-  if (found != use.Paths().end()) use.Paths().erase(found);
+  const auto found = use.Find(path);
+  if (found != use.All().end()) use.All().erase(found);
 }
 
 bool IsTemporary(const std::filesystem::path& path) {
   NamesInUse use;
-  return std::ranges::find(use.Paths(), path.native()) != use.Paths().end();
+  return use.Find(path) != use.All().end();
 }
 
 void RemoveTemporaries() noexcept {
   // Another signal within this one's handler must not wait for it.
   if (names.Ending.exchange(true)) return;
   while (names.Busy.test_and_set(std::memory_order_acquire)) sched_yield();
-  for (auto path = names.Paths.rbegin(); path != names.Paths.rend(); ++path)
-    if (::unlink(path->c_str()) != 0) ::rmdir(path->c_str());
+  for (auto noted = names.All.rbegin(); noted != names.All.rend(); ++noted)
+    if (::unlink(noted->Path.c_str()) != 0) ::rmdir(noted->Path.c_str());
 }
 
 }  // namespace korv

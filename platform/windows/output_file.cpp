@@ -79,10 +79,8 @@ class ReplacingOutput final : public OutputFile {
   bool Replaces() const override { return replaces_; }
   std::optional<FileError> Commit() override {
     if (fault_ || inPlace_) return fault_;
-    // A file that takes another's place must be on the disk first, or a crash of the system could leave
-    // neither. A new file has nothing to lose, and waiting for the disk is slow.
-    const bool kept = !replaces_ || ::FlushFileBuffers(file_.Get());
-    if (!kept || !file_.Close() || !TakePlace())
+    // What takes a name must be on the disk first, or a crash of the system could leave an empty file.
+    if (!::FlushFileBuffers(file_.Get()) || !file_.Close() || !TakePlace())
       fault_ = LastError();
     else
       inPlace_ = true;
@@ -96,7 +94,8 @@ class ReplacingOutput final : public OutputFile {
     // Replacing keeps the rights and times of the old file, moving does not; but not every file system can.
     return (replaces_ && ::ReplaceFileW(target_.c_str(), temporary_.c_str(), nullptr,
                                         REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) ||
-           ::MoveFileExW(temporary_.c_str(), target_.c_str(), MOVEFILE_REPLACE_EXISTING);
+           ::MoveFileExW(temporary_.c_str(), target_.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
   }
 
   /// Asks once more, because a replacement that fails half-way may leave more behind than it found. Readies

@@ -1,10 +1,15 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <string>
+#include <vector>
 
 #include "platform/files.h"
 #include "tests/platform/temporary_folder.h"
@@ -14,6 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::UnorderedElementsAre;
+
+constexpr uid_t kNobody = 65534;
 
 class PosixFilesTest : public testing::Test {
  protected:
@@ -56,11 +63,170 @@ TEST_F(PosixFilesTest, ANewFileHasTheUsualPermissions) {
 }
 
 TEST_F(PosixFilesTest, AReadOnlyFileIsNotReplaced) {
-  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write to every file";
   WriteTestFile(folder / "out", "old");
-  ASSERT_EQ(::chmod((folder / "out").c_str(), 0400), 0);
-  EXPECT_EQ(files->OpenForWriting(folder / "out").Error().Fault, FileFault::PermissionDenied);
+  ASSERT_EQ(::chmod((folder / "out").c_str(), 0444), 0);
+  ASSERT_EQ(::chmod(folder.Path().c_str(), 0777), 0);
+  EXPECT_EXIT(
+      {
+        // The superuser may write to every file.
+        if (::geteuid() == 0 && ::setresuid(kNobody, kNobody, kNobody) != 0) ::_exit(1);
+        const auto file = files->OpenForWriting(folder / "out");
+        ::_exit(!file && file.Error().Fault == FileFault::PermissionDenied ? 0 : 2);
+      },
+      testing::ExitedWithCode(0), "");
   EXPECT_EQ(ReadTestFile(folder / "out"), "old");
+}
+
+TEST_F(PosixFilesTest, WhatIsBeingWrittenIsNotSeen) {
+  WriteTestFile(folder / "out", "old");
+  for (const char* name : {"out", "new"}) {
+    auto file = files->OpenForWriting(folder / name);
+    ASSERT_TRUE(file);
+    (*file)->Write("secret");
+    for (const auto& entry : fs::directory_iterator(folder.Path())) EXPECT_EQ(entry.path().filename(), "out");
+  }
+}
+
+TEST_F(PosixFilesTest, AReplacedFileKeepsItsExtendedAttributes) {
+  WriteTestFile(folder / "out", "old");
+  if (::setxattr((folder / "out").c_str(), "user.korv", "value", 5, 0) != 0)
+    GTEST_SKIP() << "the file system has no such attributes";
+  EXPECT_EQ(Write(folder / "out", "new"), "");
+  char value[8] = {};
+  EXPECT_EQ(::getxattr((folder / "out").c_str(), "user.korv", value, sizeof value), 5);
+  EXPECT_STREQ(value, "value");
+}
+
+TEST_F(PosixFilesTest, AllNamesOfAFileGetTheNewContent) {
+  WriteTestFile(folder / "out", "the old content");
+  fs::create_hard_link(folder / "out", folder / "other");
+  EXPECT_EQ(Write(folder / "out", "new"), "");
+  EXPECT_EQ(ReadTestFile(folder / "out"), "new");
+  EXPECT_EQ(ReadTestFile(folder / "other"), "new");
+  EXPECT_EQ(fs::hard_link_count(folder / "out"), 2U);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "the copy is gone";
+}
+
+TEST_F(PosixFilesTest, AFileOfSeveralNamesThatIsGivenUpStaysAsItWas) {
+  WriteTestFile(folder / "out", "old");
+  fs::create_hard_link(folder / "out", folder / "other");
+  {
+    auto file = files->OpenForWriting(folder / "out");
+    ASSERT_TRUE(file);
+    EXPECT_TRUE((*file)->Replaces());
+    (*file)->Write("new content");
+  }
+  EXPECT_EQ(ReadTestFile(folder / "out"), "old");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2);
+}
+
+// The size limit stands for a disk that fails while the old content is written over.
+TEST_F(PosixFilesTest, AFileThatCannotBeWrittenOverIsKeptAsACopyThatTheErrorNames) {
+  WriteTestFile(folder / "out", "old");
+  fs::create_hard_link(folder / "out", folder / "other");
+  EXPECT_EXIT(
+      {
+        auto file = files->OpenForWriting(folder / "out");
+        (*file)->Write(std::string(5000, 'n'));
+        ::signal(SIGXFSZ, SIG_IGN);
+        rlimit few{};
+        few.rlim_cur = few.rlim_max = 100;
+        ::setrlimit(RLIMIT_FSIZE, &few);
+        const auto fault = (*file)->Commit();
+        const std::string mark = "; the file as it was: ";
+        const size_t at = fault ? fault->Description.find(mark) : std::string::npos;
+        if (at == std::string::npos || fault->Fault != FileFault::NoSpace) ::_exit(1);
+        ::_exit(ReadTestFile(fault->Description.substr(at + mark.size())) == "old" ? 0 : 2);
+      },
+      testing::ExitedWithCode(0), "");
+}
+
+// A file that the user may write to, in folders where the user may make no file or take no name away.
+TEST_F(PosixFilesTest, AWritableFileIsWrittenInFoldersThatAreNot) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can try it as somebody else";
+  ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
+  for (const mode_t mode : {0755U, 01777U}) {
+    const fs::path inside = folder / std::to_string(mode);
+    WriteTestFile(inside / "out", "the old content");
+    ASSERT_EQ(::chmod((inside / "out").c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(inside.c_str(), mode), 0);
+    EXPECT_EXIT(
+        {
+          if (::setresuid(kNobody, kNobody, kNobody) != 0) ::_exit(1);
+          ::_exit(Write(inside / "out", "new").empty() ? 0 : 2);
+        },
+        testing::ExitedWithCode(0), "");
+    EXPECT_EQ(ReadTestFile(inside / "out"), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(inside), {}), 1);
+  }
+}
+
+// ---- What killed programs leave
+
+void MakeOld(const fs::path& path) {
+  const timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), old, 0), 0);
+}
+
+TEST_F(PosixFilesTest, AKilledProgramLeavesNothingThatTheNextOneDoesNotSweep) {
+  WriteTestFile(folder / "out", "old");
+  EXPECT_EXIT(
+      {
+        auto file = files->OpenForWriting(folder / "out");
+        (*file)->Write(std::string(100'000, 'n'));
+        ::raise(SIGKILL);
+      },
+      testing::KilledBySignal(SIGKILL), "");
+  for (const auto& entry : fs::directory_iterator(folder.Path())) MakeOld(entry.path());
+  EXPECT_EQ(Write(folder / "out", "new"), "");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST_F(PosixFilesTest, SweepsTemporaryFilesThatNobodyHasAndNoOthers) {
+  for (const char* name :
+       {".korv-abcdefgh.tmp", ".korv-locked22.tmp", ".korv-notes.txt", "korv-abcdefgh.tmp"}) {
+    WriteTestFile(folder / name, "x");
+    MakeOld(folder / name);
+  }
+  WriteTestFile(folder / ".korv-freshnew.tmp", "x");
+  const int locked = ::open((folder / ".korv-locked22.tmp").c_str(), O_RDONLY);
+  ASSERT_EQ(::flock(locked, LOCK_EX), 0);
+  EXPECT_EQ(Write(folder / "out", "new"), "");
+  ::close(locked);
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder.Path())) names.push_back(entry.path().filename());
+  EXPECT_THAT(names, UnorderedElementsAre(".korv-locked22.tmp", ".korv-notes.txt", "korv-abcdefgh.tmp",
+                                          ".korv-freshnew.tmp", "out"));
+}
+
+TEST_F(PosixFilesTest, SweepsTemporaryFoldersThatNobodyHasAndNoOthers) {
+  const auto make = [&](const char* name, mode_t mode) {
+    WriteTestFile(folder / name / "inner" / "text", "x");
+    ASSERT_EQ(::chmod((folder / name).c_str(), mode), 0);
+    MakeOld(folder / name);
+  };
+  make("korv-run-abcdef", 0700);
+  make("korv-run-locked", 0700);
+  make("korv-run-shared", 0755);
+  make("korv-run-longer-name", 0700);
+  make("korv-master", 0700);
+  WriteTestFile(folder / "korv-run-newone" / "text", "x");
+  const int locked = ::open((folder / "korv-run-locked").c_str(), O_RDONLY | O_DIRECTORY);
+  ASSERT_EQ(::flock(locked, LOCK_EX), 0);
+  ::setenv("TMPDIR", folder.Path().c_str(), 1);
+  const auto made = files->CreatePrivateTemporaryFolder();
+  ::unsetenv("TMPDIR");
+  ::close(locked);
+  ASSERT_TRUE(made);
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder.Path())) names.push_back(entry.path().filename());
+  EXPECT_THAT(names, UnorderedElementsAre("korv-run-locked", "korv-run-shared", "korv-run-longer-name",
+                                          "korv-master", "korv-run-newone", made->filename().native()));
+  // As long as this program has it, nobody else takes it for left.
+  const int mine = ::open(made->c_str(), O_RDONLY | O_DIRECTORY);
+  EXPECT_NE(::flock(mine, LOCK_EX | LOCK_NB), 0);
+  ::close(mine);
+  EXPECT_FALSE(files->Remove(*made));
 }
 
 TEST_F(PosixFilesTest, ALinkStaysALink) {
