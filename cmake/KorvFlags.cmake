@@ -19,6 +19,20 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # GCC 12 sees overlaps in std::string's own operator+ when it inlines it at -O3 (its bug 105651).
   target_compile_options(korv_flags INTERFACE -Wno-restrict)
 endif()
+if(KORV_HARDEN AND NOT WIN32)
+  # What Debian builds its packages with. Only where the compiler optimises: fortified calls need it.
+  include(CheckCXXCompilerFlag)
+  set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security)
+  foreach(flag -fstack-clash-protection -fcf-protection)
+    string(MAKE_C_IDENTIFIER "KORV_HAS${flag}" has)
+    check_cxx_compiler_flag(${flag} ${has})
+    if(${has})
+      list(APPEND hardening ${flag})
+    endif()
+  endforeach()
+  target_compile_options(korv_flags INTERFACE "$<$<CONFIG:Release,RelWithDebInfo>:${hardening}>")
+  target_link_options(korv_flags INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:LINKER:-z,relro,-z,now>)
+endif()
 if(KORV_SANITIZE)
   target_compile_options(korv_flags INTERFACE -fsanitize=${KORV_SANITIZE} -fno-omit-frame-pointer
                                               -fno-sanitize-recover=all)
