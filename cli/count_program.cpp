@@ -525,9 +525,9 @@ class CountProgram {
 }  // namespace
 
 int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment& environment) {
-  auto parsed = ParseCountOptions(arguments, environment.Out, environment.Err, environment.OutColumns);
-  if (const int* status = std::get_if<int>(&parsed)) return *status;
   try {
+    auto parsed = ParseCountOptions(arguments, environment.Out, environment.Err, environment.OutColumns);
+    if (const int* status = std::get_if<int>(&parsed)) return *status;
     return CountProgram(std::get<CountOptions>(std::move(parsed)), environment).Run();
   } catch (const std::bad_alloc&) {
     environment.Err << kName << ": Insufficient memory\n";

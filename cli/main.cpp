@@ -1,11 +1,19 @@
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <iostream>
+#include <new>
 
 #include "app/texts/program_folder.h"
 #include "cli/count_program.h"
+#include "cli/options.h"
 #include "platform/interrupts.h"
 #include "platform/process.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+int Count(int argc, char** argv) {
   using namespace korv;
   std::ios::sync_with_stdio(false);
   const StandardStreams streams;
@@ -28,4 +36,35 @@ int main(int argc, char** argv) {
                     .InputPath = StandardInputPath(),
                     .OutColumns = OutputColumns(),
                     .ExpandsPatterns = !ShellExpandsPatterns()});
+}
+
+[[noreturn]] void EndForLackOfMemory() noexcept {
+  // Streams may want memory themselves.
+  std::fputs("korv-count: Insufficient memory\n", stderr);
+  korv::EndProcess(korv::kExitRefused);
+}
+
+std::atomic<bool> memoryRanOut{false};
+
+[[noreturn]] void OnLackOfMemory() {
+  memoryRanOut = true;
+  throw std::bad_alloc();
+}
+
+// Destructors and some functions of libraries let no exception through.
+[[noreturn]] void OnTerminate() {
+  if (memoryRanOut) EndForLackOfMemory();
+  std::abort();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::set_new_handler(OnLackOfMemory);
+  std::set_terminate(OnTerminate);
+  try {
+    return Count(argc, argv);
+  } catch (const std::bad_alloc&) {
+    EndForLackOfMemory();
+  }
 }

@@ -36,6 +36,10 @@ bool StandardErrorIsTerminal();
 /// terminal does. 0 where it leads to none, or where nobody knows.
 size_t OutputColumns();
 
+/// Ends the program at once, without destructors; temporary files are removed where the system allows it.
+/// Asks for no memory.
+[[noreturn]] void EndProcess(int status) noexcept;
+
 /// For a program with windows: standard output and error lead to the terminal that it was started from, where
 /// they lead nowhere else. Nothing happens where there is no terminal.
 void AnswerInTheTerminal();

@@ -10,6 +10,7 @@
 
 #include "platform/posix/stop_signals.h"
 #include "platform/posix/system_calls.h"
+#include "platform/posix/temporary_names.h"
 
 namespace korv {
 
@@ -79,6 +80,11 @@ std::filesystem::path StandardInputPath() {
 
 std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
   return std::make_unique<StandardInput>(yielder);
+}
+
+void EndProcess(int status) noexcept {
+  RemoveTemporaries();
+  ::_exit(status);
 }
 
 }  // namespace korv

@@ -82,28 +82,29 @@ std::optional<TemporaryFile> TemporaryFile::CreateUnnamed(const fs::path& folder
 Expected<TemporaryFile, FileError> TemporaryFile::Create(const fs::path& folder, mode_t mode) {
   if (std::optional<TemporaryFile> unnamed = CreateUnnamed(folder, mode)) return std::move(*unnamed);
   for (;;) {
-    const fs::path name = NewName(folder);
-    NoteTemporary(name);
-    FileDescriptor file(
-        Uninterrupted([&] { return ::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode); }));
-    if (file.Open()) {
-      Lock(file);
-      return TemporaryFile(std::move(file), folder, name);
+    // Complete before there is a file: what throws afterwards leaves one behind.
+    TemporaryFile made(FileDescriptor(), folder, NewName(folder));
+    NoteTemporary(made.name_);
+    made.file_ = FileDescriptor(Uninterrupted(
+        [&] { return ::open(made.name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode); }));
+    if (made.file_.Open()) {
+      Lock(made.file_);
+      return made;
     }
     const FileError error = LastError();
     const bool taken = errno == EEXIST;
-    ForgetTemporary(name);
+    ForgetTemporary(std::exchange(made.name_, fs::path()));
     if (!taken) return error;
   }
 }
 
 std::optional<FileError> TemporaryFile::BecomeNamed() {
   for (;;) {
-    const fs::path name = NewName(folder_);
+    fs::path name = NewName(folder_);
     NoteTemporary(name);
     if (::linkat(AT_FDCWD, NameOfOpen(file_.Number()).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) ==
         0) {
-      name_ = name;
+      name_ = std::move(name);
       return std::nullopt;
     }
     const FileError error = LastError();

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 
 #include "platform/windows/console.h"
@@ -175,6 +176,10 @@ std::unique_ptr<InputFile> OpenStandardInput(const Yielder& yielder) {
   const HANDLE input = ::GetStdHandle(STD_INPUT_HANDLE);
   if (IsConsole(input)) return std::make_unique<ConsoleInput>(input, yielder);
   return std::make_unique<RedirectedInput>(input, yielder);
+}
+
+void EndProcess(int status) noexcept {
+  std::_Exit(status);
 }
 
 }  // namespace korv

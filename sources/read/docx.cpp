@@ -80,13 +80,14 @@ void ReportRemoval(Messages& messages, std::string text) {
 }
 
 void RemoveFile(FileSystem& files, Messages& messages, const fs::path& path) {
-  if (!files.FileExists(path)) return;
-  if (files.Remove(path)) ReportRemoval(messages, "Error when attempting to delete " + PathToText(path));
+  const auto fault = files.Remove(path);
+  if (fault && fault->Fault != FileFault::NotFound)
+    ReportRemoval(messages, "Error when attempting to delete " + PathToText(path));
 }
 
 void RemoveFolder(FileSystem& files, Messages& messages, const fs::path& path) {
-  if (!files.FolderExists(path)) return;
-  if (const auto fault = files.Remove(path))
+  const auto fault = files.Remove(path);
+  if (fault && fault->Fault != FileFault::NotFound)
     ReportRemoval(messages, fault->Description + " when attempting to delete folder " + PathToText(path));
 }
 
