@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -15,53 +16,99 @@ size_t WorkerCount() {
   return std::max(1u, std::thread::hardware_concurrency());
 }
 
+namespace {
+
+bool RunHere(std::atomic<size_t>& next, size_t tasks, Yielder& yielder,
+             const std::function<void(size_t, size_t)>& work) {
+  while (!yielder.Stopped()) {
+    const size_t task = next.fetch_add(1, std::memory_order_relaxed);
+    if (task >= tasks) break;
+    work(task, 0);
+    yielder.Yield();
+  }
+  return !yielder.Stopped();
+}
+
+/// Threads that do tasks until none is left.
+class Team {
+ public:
+  Team(std::atomic<size_t>& next, size_t tasks, const Yielder& yielder,
+       const std::function<void(size_t, size_t)>& work)
+      : next_(next), tasks_(tasks), yielder_(yielder), work_(work) {}
+
+  /// Begins with up to so many threads, and returns how many the system would make.
+  size_t Begin(size_t threads) {
+    threads_.reserve(threads);
+    for (size_t worker = 0; worker < threads; ++worker) {
+      Count(1);
+      try {
+        threads_.emplace_back([this, worker] { Work(worker); });
+      } catch (const std::system_error&) {
+        Count(-1);
+        break;
+      }
+    }
+    return threads_.size();
+  }
+
+  /// Waits for all, and rethrows what the first of them threw.
+  void Wait(Yielder& yielder) {
+    std::unique_lock lock(mutex_);
+    while (running_ > 0) {
+      ended_.wait_for(lock, std::chrono::milliseconds(2));
+      lock.unlock();
+      yielder.YieldNow();
+      lock.lock();
+    }
+    lock.unlock();
+    threads_.clear();
+    if (failure_) std::rethrow_exception(failure_);
+  }
+
+ private:
+  void Work(size_t worker) {
+    try {
+      while (!yielder_.Stopped() && !failed_.load(std::memory_order_relaxed)) {
+        const size_t task = next_.fetch_add(1, std::memory_order_relaxed);
+        if (task >= tasks_) break;
+        work_(task, worker);
+      }
+    } catch (...) {
+      const std::lock_guard lock(mutex_);
+      if (!failure_) failure_ = std::current_exception();
+      failed_.store(true, std::memory_order_relaxed);
+    }
+    Count(-1);
+  }
+
+  void Count(int by) {
+    const std::lock_guard lock(mutex_);
+    running_ += by;
+    ended_.notify_one();
+  }
+
+  std::atomic<size_t>& next_;
+  size_t tasks_;
+  const Yielder& yielder_;
+  const std::function<void(size_t, size_t)>& work_;
+  std::mutex mutex_;
+  std::condition_variable ended_;
+  int running_ = 0;
+  std::exception_ptr failure_;
+  std::atomic<bool> failed_{false};
+  std::vector<std::jthread> threads_;  ///< Last: they use all of the above.
+};
+
+}  // namespace
+
 bool RunTasks(size_t tasks, bool onCallingThread, Yielder& yielder,
               const std::function<void(size_t, size_t)>& work) {
-  if (onCallingThread) {
-    for (size_t task = 0; task < tasks && !yielder.Stopped(); ++task) {
-      work(task, 0);
-      yielder.Yield();
-    }
-    return !yielder.Stopped();
-  }
-
   std::atomic<size_t> next{0};
-  std::mutex mutex;
-  std::condition_variable ended;
-  size_t running = std::min(tasks, WorkerCount());
-  std::exception_ptr failure;
-  std::atomic<bool> failed{false};
-
-  std::vector<std::jthread> threads;
-  threads.reserve(running);
-  for (size_t worker = 0, count = running; worker < count; ++worker)
-    threads.emplace_back([&, worker] {
-      try {
-        while (!yielder.Stopped() && !failed.load(std::memory_order_relaxed)) {
-          const size_t task = next.fetch_add(1, std::memory_order_relaxed);
-          if (task >= tasks) break;
-          work(task, worker);
-        }
-      } catch (...) {
-        const std::lock_guard lock(mutex);
-        if (!failure) failure = std::current_exception();
-        failed.store(true, std::memory_order_relaxed);
-      }
-      const std::lock_guard lock(mutex);
-      --running;
-      ended.notify_one();
-    });
-
-  std::unique_lock lock(mutex);
-  while (running > 0) {
-    ended.wait_for(lock, std::chrono::milliseconds(2));
-    lock.unlock();
-    yielder.YieldNow();
-    lock.lock();
-  }
-  lock.unlock();
-  threads.clear();
-  if (failure) std::rethrow_exception(failure);
+  if (onCallingThread) return RunHere(next, tasks, yielder, work);
+  Team team(next, tasks, yielder, work);
+  // A system that makes no threads has the one that is here.
+  if (team.Begin(std::min(tasks, WorkerCount())) == 0) return RunHere(next, tasks, yielder, work);
+  team.Wait(yielder);
   return !yielder.Stopped();
 }
 

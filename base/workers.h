@@ -14,7 +14,8 @@ size_t WorkerCount();
 /// threads. The calling thread yields meanwhile. `worker` is the number of the thread, below WorkerCount(),
 /// for buffers of its own. No task begins after a stop. The first exception of a task is thrown here when all
 /// threads have ended. With `onCallingThread` all tasks run on the calling thread, which yields between them;
-/// that is for work too small to be worth a thread. Returns false when stopped.
+/// that is for work too small to be worth a thread, and is so where the system makes none. Returns false when
+/// stopped.
 bool RunTasks(size_t tasks, bool onCallingThread, Yielder& yielder,
               const std::function<void(size_t task, size_t worker)>& work);
 
