@@ -139,9 +139,13 @@ bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive, con
   if (!opened) return false;
   Expected<ZipMember, ZipError> member = OpenMainPart(*opened);
   if (!member) return failed(member.Error());
-  if (files.CreateFolder(folder / "word")) return false;
+  const auto whenStored = [&](bool stored) {
+    if (!stored) fault = kDocxNotStored;
+    return stored;
+  };
+  if (files.CreateFolder(folder / "word")) return whenStored(false);
   auto file = files.OpenForWriting(folder / "word" / "document.xml");
-  if (!file) return false;
+  if (!file) return whenStored(false);
 
   std::vector<char> block(kBlock);
   constexpr auto kMost = static_cast<size_t>(kMostDocxBytes) + 1;
@@ -151,10 +155,10 @@ bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive, con
     const Expected<size_t, ZipError> got = member->Read(std::span(block).first(wanted));
     if (!got) return failed(got.Error());
     if (*got == 0) break;
-    if ((*file)->Write({block.data(), *got})) return false;
+    if ((*file)->Write({block.data(), *got})) return whenStored(false);
     written += *got;
   }
-  return !(*file)->Commit();
+  return whenStored(!(*file)->Commit());
 }
 
 void RemoveDocxTempFiles(FileSystem& files, Messages& messages, const fs::path& folder) {
@@ -183,7 +187,7 @@ int32_t ExtractDocx(const DocxContext& context, const fs::path& path, std::uniqu
   if (!UnzipDocumentXml(context.Files, std::move(archive), temp.Path(), context.Yielder, fault))
     return refuse(fault);
   const Expected<uint64_t, FileError> size = context.Files.FileSize(temp.XmlPath());
-  if (!size) return refuse(kDocxNotUnpacked);
+  if (!size) return refuse(kDocxNotStored);
   if (*size > static_cast<uint64_t>(kMostDocxBytes)) return refuse(kDocxTooLarge);
   if (*size > static_cast<uint64_t>(kLargeDocxBytes) && askIfLarge &&
       !AskWhetherLargeIsWanted(context.Messages, PathToText(path))) {
@@ -204,7 +208,7 @@ Expected<int32_t, DocxFault> ReadDocx(const DocxContext& context, const fs::path
     const int32_t size = ExtractDocx(context, path, std::move(archive), productWord, askIfLarge, temp);
     if (size < 0) return static_cast<DocxFault>(size);
     auto whole = ReadWhole(context.Files, temp.XmlPath(), static_cast<size_t>(kMostDocxBytes));
-    if (!whole) return kDocxNotUnpacked;
+    if (!whole) return kDocxNotStored;
     xml = std::move(*whole);
   }
   text = DocxXmlToText(xml, context, progress);
@@ -245,6 +249,10 @@ Message DocxRefusal(DocxFault fault, const std::string& path) {
               .Icon = Icon::Information};
     case kDocxNotUnpacked:
       return {.Text = path + "\nis not a readable .docx file.", .Title = "Error", .Icon = Icon::Exclamation};
+    case kDocxNotStored:
+      return {.Text = path + "\ncould not be unpacked: no temporary file can be written.",
+              .Title = "Error",
+              .Icon = Icon::Exclamation};
     default:
       return {};
   }
@@ -265,6 +273,9 @@ Message DocxFolderRefusal(DocxFault fault, const std::string& path) {
     case kDocxNotUnpacked:
       what = "Not a readable .docx file";
       break;
+    case kDocxNotStored:
+      what = "No temporary file can be written";
+      break;
     default:
       return {};
   }
@@ -280,6 +291,9 @@ std::string_view DocxSkipReason(DocxFault fault) {
     case kDocxTooLarge:
     case kDocxDeclined:
       return "is too large";
+    case kDocxNoTemporaryFolder:
+    case kDocxNotStored:
+      return "could not be unpacked (no temporary file can be written)";
     default:
       return "is not a readable .docx file";
   }

@@ -27,8 +27,9 @@ enum DocxFault : int32_t {
   kDocxNoTemporaryFolder = -1,
   kDocxBadChecksum = -3,
   kDocxTooLarge = -4,
-  kDocxDeclined = -5,    ///< The user did not want a large file scanned.
-  kDocxNotUnpacked = -6  ///< No archive, no such member, damaged, encrypted, an unknown method.
+  kDocxDeclined = -5,     ///< The user did not want a large file scanned.
+  kDocxNotUnpacked = -6,  ///< No archive, no such member, damaged, encrypted, an unknown method.
+  kDocxNotStored = -7     ///< The document may be good, but its temporary file could not be written or read.
 };
 
 struct DocxContext {
@@ -67,7 +68,7 @@ bool BeginsAsDocx(std::string_view head);
 /// Writes the member "word/document.xml" of the archive, or where it has none the one that its relationships
 /// name as the document, as word/document.xml below `folder`, and nothing else. Writes at most
 /// kMostDocxBytes + 1 bytes, even if the archive claims to hold fewer. False on failure: `fault` is then
-/// kDocxBadChecksum or kDocxNotUnpacked, and a part of the file may have been written.
+/// kDocxBadChecksum, kDocxNotUnpacked or kDocxNotStored, and a part of the file may have been written.
 bool UnzipDocumentXml(FileSystem& files, std::unique_ptr<InputFile> archive,
                       const std::filesystem::path& folder, Yielder& yielder, DocxFault& fault);
 

@@ -322,6 +322,24 @@ TEST_F(DocxTest, AnyFailingCallLeavesNothingBehindButWhatCannotBeRemoved) {
   }
 }
 
+TEST_F(DocxTest, AFullTemporaryDiskIsNotTheDocumentsFault) {
+  files.Add("/in/x.docx", BuildDocx(Paragraphs({"some words"})));
+  int notStored = 0;
+  for (int call = 1;; ++call) {
+    FakeFiles disk;
+    FakeMessages shown;
+    disk.FailCall(call, FileFault::NoSpace);
+    const int32_t result =
+        Number(ReadDocx({disk, shown, yielder}, "/in/x.docx", std::move(*files.OpenForReading("/in/x.docx")),
+                        "Korv", true, text));
+    if (!disk.FailureHappened()) break;
+    EXPECT_TRUE(result >= 0 || result == kDocxNotStored || result == kDocxNoTemporaryFolder) << call;
+    notStored += result == kDocxNotStored;
+    ASSERT_LT(call, 100);
+  }
+  EXPECT_GE(notStored, 4) << "the folder, the file, its bytes, its name";
+}
+
 TEST_F(DocxTest, FailuresToCleanUpAreShown) {
   FakeFiles disk;
   disk.Add("/t/word/document.xml", "x");
@@ -396,7 +414,9 @@ TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
             "You might be able to save it as a text file\nand apply this program to that file.",
             Icon::Information},
         Row{kDocxDeclined, "", "", Icon::None},
-        Row{kDocxNotUnpacked, "Error", "/a.docx\nis not a readable .docx file.", Icon::Exclamation}}) {
+        Row{kDocxNotUnpacked, "Error", "/a.docx\nis not a readable .docx file.", Icon::Exclamation},
+        Row{kDocxNotStored, "Error", "/a.docx\ncould not be unpacked: no temporary file can be written.",
+            Icon::Exclamation}}) {
     const Message message = DocxRefusal(row.Fault, "/a.docx");
     EXPECT_EQ(message.Text, row.Text);
     EXPECT_EQ(message.Title, row.Title);
@@ -405,7 +425,8 @@ TEST_F(DocxTest, HasTheWordsOfASingleFileRun) {
 }
 
 TEST_F(DocxTest, HasTheWordsOfAFolderRun) {
-  for (const DocxFault fault : {kDocxNoTemporaryFolder, kDocxBadChecksum, kDocxTooLarge, kDocxNotUnpacked}) {
+  for (const DocxFault fault :
+       {kDocxNoTemporaryFolder, kDocxBadChecksum, kDocxTooLarge, kDocxNotUnpacked, kDocxNotStored}) {
     const Message message = DocxFolderRefusal(fault, "/in/a.docx");
     EXPECT_TRUE(message.Text.ends_with(" when processing a.docx")) << message.Text;
     EXPECT_EQ(message.Title, "Error");
@@ -415,7 +436,8 @@ TEST_F(DocxTest, HasTheWordsOfAFolderRun) {
   EXPECT_EQ(DocxSkipReason(kDocxTooLarge), "is too large");
   EXPECT_EQ(DocxSkipReason(kDocxDeclined), "is too large");
   EXPECT_EQ(DocxSkipReason(kDocxNotUnpacked), "is not a readable .docx file");
-  EXPECT_EQ(DocxSkipReason(kDocxNoTemporaryFolder), "is not a readable .docx file");
+  for (const DocxFault fault : {kDocxNoTemporaryFolder, kDocxNotStored})
+    EXPECT_EQ(DocxSkipReason(fault), "could not be unpacked (no temporary file can be written)");
 }
 
 }  // namespace
