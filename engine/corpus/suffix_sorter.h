@@ -24,8 +24,8 @@ struct Suffix {
 /// Word numbers take few bits, so that three or four of them make one 64-bit key. A bucket of places with the
 /// same first word is sorted by the key of the next words (radix sort, most significant digit first; short
 /// runs by insertion), and only runs of equal keys are looked at again, with the key of the words behind.
-/// Expected time is linear in the places; memory is 33 bytes a place of the largest bucket. Each thread uses
-/// an object of its own.
+/// Expected time is linear in the places; memory is 33 bytes a place of the largest bucket, or part of one
+/// (counting/bucket_splitter.h). Each thread uses an object of its own.
 class SuffixSorter {
  public:
   /// `tokens` ends with kTrailingEnds times kNoWord and outlives the object; `vocabularySize` bounds its

@@ -10,6 +10,7 @@
 #include "base/pieces.h"
 #include "base/workers.h"
 #include "engine/corpus/suffix_sorter.h"
+#include "engine/counting/bucket_splitter.h"
 #include "engine/counting/count_rule.h"
 #include "engine/counting/long_phrases.h"
 #include "engine/counting/phrase_sweep.h"
@@ -24,8 +25,12 @@ namespace {
 /// Counts the phrases of a ranked text into an empty table.
 class PhraseCounter {
  public:
-  PhraseCounter(PhraseTableData& data, const CountRule& rule, Yielder& yielder)
-      : data_(data), rule_(rule), yielder_(yielder), keepsPlaces_(KeepsPlaces(data.Corpus.Options)) {}
+  PhraseCounter(PhraseTableData& data, const CountRule& rule, size_t placesAtOnce, Yielder& yielder)
+      : data_(data),
+        rule_(rule),
+        placesAtOnce_(placesAtOnce),
+        yielder_(yielder),
+        keepsPlaces_(KeepsPlaces(data.Corpus.Options)) {}
 
   /// False when stopped.
   bool Count() {
@@ -79,13 +84,33 @@ class PhraseCounter {
     const uint64_t end = starts_.BucketEnds[ValueOf(word)];
     if (begin == end) return true;
     const std::span<Place> places(starts_.Places.data() + begin, static_cast<size_t>(end - begin));
-    sorter.Sort(places);
-    if (yielder_.Stopped()) return false;
-    sweep.Sweep(sorter.Suffixes(), sorter.Lcp(), static_cast<uint32_t>(begin));
-    if (yielder_.Stopped()) return false;
-    return !keepsPlaces_ || InPieces(places.size(), yielder_, [&](size_t first, size_t last) {
-      for (size_t i = first; i < last; ++i) places[i] = sorter.Suffixes()[i].At;
+    sweep.BeginBucket(places, static_cast<uint32_t>(begin));
+    if (places.size() <= placesAtOnce_)
+      return SortAndSweepPart(places, {0, places.size(), 0, 0}, sorter, sweep);
+    BucketSplitter splitter(data_.Corpus.Tokens, data_.Corpus.Words.Size(), data_.Corpus.Options.MaxWords,
+                            placesAtOnce_, yielder_);
+    const std::vector<BucketPart> parts = splitter.Split(places);
+    return !yielder_.Stopped() && std::all_of(parts.rbegin(), parts.rend(), [&](const BucketPart& part) {
+      return SortAndSweepPart(places, part, sorter, sweep);
     });
+  }
+
+  bool SortAndSweepPart(std::span<Place> bucket, const BucketPart& part, SuffixSorter& sorter,
+                        PhraseSweep& sweep) {
+    const std::span<Place> places = bucket.subspan(part.Begin, part.End - part.Begin);
+    const auto begin = static_cast<uint32_t>(part.Begin);
+    if (part.Equal > 0) {
+      sweep.SweepEqual(places, part.Equal, begin, part.Common);
+      return !yielder_.Stopped();
+    }
+    sorter.Sort(places);
+    const auto putInOrder = [&](size_t first, size_t last) {
+      for (size_t i = first; i < last; ++i) places[i] = sorter.Suffixes()[i].At;
+    };
+    if ((keepsPlaces_ || rule_.ByPhrase()) && !InPieces(places.size(), yielder_, putInOrder)) return false;
+    if (yielder_.Stopped()) return false;
+    sweep.SweepSorted(sorter.Suffixes(), sorter.Lcp(), begin, part.Common);
+    return !yielder_.Stopped();
   }
 
   /// The number that is shown must never fall, not even when a count is taken up again after a stop.
@@ -148,6 +173,7 @@ class PhraseCounter {
 
   PhraseTableData& data_;
   const CountRule& rule_;
+  size_t placesAtOnce_;
   Yielder& yielder_;
   bool keepsPlaces_;
   StartPlaces starts_;
@@ -195,14 +221,14 @@ bool HoldsPhrase(PhraseTable& table, Yielder& yielder) {
   return false;
 }
 
-bool CountPhrases(PhraseTable& table, Yielder& yielder) {
+bool CountPhrases(PhraseTable& table, Yielder& yielder, size_t placesAtOnce) {
   PhraseTableData& data = table.Data();
   Empty(data);
   if (!RankText(data, yielder)) return false;
   bool stopped = false;
   const CountRule rule(data, yielder, stopped);
   if (stopped) return false;
-  if (PhraseCounter(data, rule, yielder).Count()) return true;
+  if (PhraseCounter(data, rule, placesAtOnce, yielder).Count()) return true;
   Empty(data);
   return false;
 }

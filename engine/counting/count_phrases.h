@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "base/yielder.h"
 #include "engine/corpus/corpus_builder.h"
 #include "engine/counting/phrase_table.h"
@@ -14,6 +16,9 @@ void TakeText(CorpusBuilder&& stream, PhraseTable& table);
 /// known. Mostly known after a few words; linear in the text where nothing counts.
 bool HoldsPhrase(PhraseTable& table, Yielder& yielder);
 
+/// How many places are sorted at once: 138 MB per thread.
+inline constexpr size_t kPlacesAtOnce = size_t{1} << 22;
+
 /// Counts all phrases of the table's text, and makes entries of those that may be listed. These have at least
 /// MinFrequency occurrences, and no phrase with one word more, in front or behind, occurs exactly as often:
 /// the shorter one would be redundant; with KeepRedundant these are entries too. Entries ascend by the
@@ -24,10 +29,11 @@ bool HoldsPhrase(PhraseTable& table, Yielder& yielder);
 /// sweep over the common prefixes (LCP) of neighbours finds the phrases with their counts.
 ///
 /// Expected time is linear in the words, whatever the lengths. Memory beside the text: 5 bytes a word, 33
-/// bytes for each occurrence of the most frequent first words (one per thread), 16 bytes an entry.
+/// bytes for each occurrence of the most frequent first words (one per thread), 16 bytes an entry. Of more
+/// than `placesAtOnce` occurrences of a word so many are sorted at once, with 4 bytes for each beside.
 ///
 /// Returns false when stopped. The table then holds the text and no entries, and can be counted again.
-bool CountPhrases(PhraseTable& table, Yielder& yielder);
+bool CountPhrases(PhraseTable& table, Yielder& yielder, size_t placesAtOnce = kPlacesAtOnce);
 
 /// Puts the entries into ascending order of Key, those with equal Keys into that of Text. Returns false when
 /// stopped, with the entries in some order.

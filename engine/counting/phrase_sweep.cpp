@@ -1,6 +1,7 @@
 #include "engine/counting/phrase_sweep.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korv {
 
@@ -11,25 +12,58 @@ PhraseSweep::PhraseSweep(const SweepContext& context)
       keepRedundant_(context.Data->Corpus.Options.KeepRedundant),
       keepSlices_(KeepsPlaces(context.Data->Corpus.Options)) {}
 
-void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t slice) {
-  suffixes_ = suffixes;
-  const bool singlesToo = minFrequency_ == 1 || context_.Accepted->ByPhrase();
-  const auto n = static_cast<uint32_t>(suffixes.size());
+void PhraseSweep::BeginBucket(std::span<const Place> places, uint32_t slice) {
+  places_ = places;
+  slice_ = slice;
+  after_ = 0;
   open_.clear();
+}
+
+void PhraseSweep::SweepSorted(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t begin,
+                              int common) {
+  struct Sorted {
+    std::span<const Suffix> Suffixes;
+    std::span<const uint8_t> Lcps;
+
+    Place At(uint32_t i) const { return Suffixes[i].At; }
+    WordNumber Left(uint32_t i) const { return Suffixes[i].Left; }
+    int Lcp(uint32_t i) const { return Lcps[i]; }
+  };
+  Sweep(Sorted{suffixes, lcp}, static_cast<uint32_t>(suffixes.size()), begin, common);
+}
+
+void PhraseSweep::SweepEqual(std::span<const Place> places, int words, uint32_t begin, int common) {
+  struct Equal {
+    std::span<const Place> Places;
+    const WordNumber* Tokens;
+    int Words;
+
+    Place At(uint32_t i) const { return Places[i]; }
+    WordNumber Left(uint32_t i) const { return Tokens[ValueOf(Places[i]) - 1]; }
+    int Lcp(uint32_t /*i*/) const { return Words; }
+  };
+  Sweep(Equal{places, context_.Data->Corpus.Tokens.data(), words}, static_cast<uint32_t>(places.size()),
+        begin, common);
+}
+
+template <typename Part>
+void PhraseSweep::Sweep(const Part& part, uint32_t size, uint32_t begin, int common) {
+  const bool singlesToo = minFrequency_ == 1 || context_.Accepted->ByPhrase();
   constexpr uint32_t kStopEvery = 1u << 16;
-  for (uint32_t i = n; i-- > 0;) {
+  for (uint32_t i = size; i-- > 0;) {
     if (i % kStopEvery == 0 && context_.Stop->Stopped()) return;
-    const int after = i + 1 < n ? lcp[i + 1] : 0;
-    const int before = lcp[i];
-    Interval closed{MostWords(suffixes[i].At), i, i + 1, suffixes[i].At, suffixes[i].Left};
-    if (singlesToo && closed.Depth > std::max(before, after)) Close(closed, std::max(before, after), slice);
+    const int before = i > 0 ? part.Lcp(i) : common;
+    const int after = std::exchange(after_, before);
+    const Place at = part.At(i);
+    Interval closed{MostWords(at), begin + i, begin + i + 1, at, part.Left(i)};
+    if (singlesToo && closed.Depth > std::max(before, after)) Close(closed, std::max(before, after));
     while (!open_.empty() && open_.back().Depth > before) {
       Interval inner = open_.back();
       open_.pop_back();
-      inner.Begin = i;
+      inner.Begin = begin + i;
       inner.First = std::min(inner.First, closed.First);
       if (inner.Left != closed.Left) inner.Left = kNoWord;
-      Close(inner, std::max(before, open_.empty() ? 0 : open_.back().Depth), slice);
+      Close(inner, std::max(before, open_.empty() ? 0 : open_.back().Depth));
       closed = inner;
     }
     if (before == 0) continue;
@@ -43,12 +77,12 @@ void PhraseSweep::Sweep(std::span<const Suffix> suffixes, std::span<const uint8_
 }
 
 // The phrases of outerDepth + 1 to interval.Depth words occur at exactly the places of the interval.
-void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice) {
+void PhraseSweep::Close(const Interval& interval, int outerDepth) {
   const WordNumber* first = context_.Data->Corpus.From(interval.First);
   const int to = std::min<int>(interval.Depth, MostWords(interval.First));
   const int from = std::max(outerDepth + 1, minWords_);
   if (from > to) return;
-  if (context_.Accepted->ByPhrase()) return CloseByPhrase(interval, from, to, slice);
+  if (context_.Accepted->ByPhrase()) return CloseByPhrase(interval, from, to);
 
   const int accepted =
       context_.Accepted->AcceptsAll() ? from : std::max(from, context_.Accepted->FirstLength(first, to));
@@ -57,18 +91,18 @@ void PhraseSweep::Close(const Interval& interval, int outerDepth, uint32_t slice
   repeats_ += static_cast<uint64_t>(to - accepted + 1) * (count - 1);
   if (count < minFrequency_) return;
   if (keepRedundant_) {
-    for (int words = to; words >= accepted; --words) Add(interval, words, slice);
+    for (int words = to; words >= accepted; --words) Add(interval, words);
   } else if (interval.Left == kNoWord || MostWords(interval.First - 1) <= to) {
-    Add(interval, to, slice);
+    Add(interval, to);
   }
 }
 
-void PhraseSweep::Add(const Interval& interval, int words, uint32_t slice) {
-  entries_.push_back({interval.First, interval.End - interval.Begin, keepSlices_ ? slice + interval.Begin : 0,
-                      static_cast<uint8_t>(words), true});
+void PhraseSweep::Add(const Interval& interval, int words) {
+  entries_.push_back({interval.First, interval.End - interval.Begin,
+                      keepSlices_ ? slice_ + interval.Begin : 0, static_cast<uint8_t>(words), true});
 }
 
-void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice) {
+void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to) {
   const WordNumber* first = context_.Data->Corpus.From(interval.First);
   const uint32_t count = interval.End - interval.Begin;
   bool any = false;
@@ -77,12 +111,12 @@ void PhraseSweep::CloseByPhrase(const Interval& interval, int from, int to, uint
     any = true;
     occurrences_ += count;
     repeats_ += count - 1;
-    if (count >= minFrequency_) Add(interval, words, slice);
+    if (count >= minFrequency_) Add(interval, words);
   }
   if (!any || context_.SourceHasPhrase == nullptr) return;
   for (uint32_t i = interval.Begin; i < interval.End; ++i)
-    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(suffixes_[i].At)].store(
-        1, std::memory_order_relaxed);
+    (*context_.SourceHasPhrase)[context_.Data->Corpus.SourceAt(places_[i])].store(1,
+                                                                                  std::memory_order_relaxed);
 }
 
 }  // namespace korv

@@ -36,9 +36,17 @@ class PhraseSweep {
  public:
   explicit PhraseSweep(const SweepContext& context);
 
-  /// Adds the entries of a bucket, last phrase first. `slice` is the index of its first place in
-  /// Corpus::Places. After a stop the entries are of no use.
-  void Sweep(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t slice);
+  /// The next parts are those of another bucket. `places` are in order as far as they have been swept, and
+  /// are looked at where patterns for whole phrases are in force. `slice` is the index of the first one in
+  /// Corpus::Places.
+  void BeginBucket(std::span<const Place> places, uint32_t slice);
+  /// Adds the entries of a part of the bucket, last phrase first; the last part comes first. `begin` is the
+  /// index of its first place in the bucket, which has `common` words in common with the place before. After
+  /// a stop the entries are of no use.
+  void SweepSorted(std::span<const Suffix> suffixes, std::span<const uint8_t> lcp, uint32_t begin,
+                   int common);
+  /// The same of places that have `words` words in common, as far as they are compared.
+  void SweepEqual(std::span<const Place> places, int words, uint32_t begin, int common);
 
   std::vector<PhraseEntry>& Entries() { return entries_; }
   /// The occurrences that were not the first of their phrase, of all phrases.
@@ -56,17 +64,21 @@ class PhraseSweep {
     WordNumber Left;  ///< The word before all of them, kNoWord where they differ.
   };
 
+  template <typename Part>
+  void Sweep(const Part& part, uint32_t size, uint32_t begin, int common);
   int MostWords(Place place) const { return context_.MostWords[ValueOf(place)]; }
-  void Close(const Interval& interval, int outerDepth, uint32_t slice);
-  void CloseByPhrase(const Interval& interval, int from, int to, uint32_t slice);
-  void Add(const Interval& interval, int words, uint32_t slice);
+  void Close(const Interval& interval, int outerDepth);
+  void CloseByPhrase(const Interval& interval, int from, int to);
+  void Add(const Interval& interval, int words);
 
   SweepContext context_;
   int minWords_;
   uint32_t minFrequency_;
   bool keepRedundant_;
   bool keepSlices_;
-  std::span<const Suffix> suffixes_;
+  std::span<const Place> places_;  ///< Of the bucket.
+  uint32_t slice_ = 0;
+  int after_ = 0;  ///< Words that the place before the one that is next has in common with that behind it.
   std::vector<Interval> open_;
   std::vector<PhraseEntry> entries_;
   uint64_t repeats_ = 0;

@@ -142,6 +142,7 @@ CountingWorld DrawWorld(const WorldKind& kind) {
   if (kind.SingleWords) options.MinWords = options.MaxWords = 1;
   options.MinFrequency = OneIn(8) ? *Range(1, kMostMinFrequency + 1) : *Range(1, 4);
   options.KeepRedundant = OneIn(8);
+  if (OneIn(2)) world.PlacesAtOnce = static_cast<size_t>(std::min(*Range(1, 20), *Range(1, 20)));
   options.SourceKind = kind.Folder ? TextSource::Folder : TextSource::SingleFile;
   if (kind.Lists) DrawLists(world);
   if (kind.Folder && Coin()) world.Order = ChainOrder::ByFiles;
@@ -190,7 +191,7 @@ EngineRun CountedByEngine(const CountingWorld& world) {
   run.Words = stream.Counts();
   TakeText(std::move(stream), run.Table);
   NoYielder yielder;
-  CountPhrases(run.Table, yielder);
+  CountPhrases(run.Table, yielder, world.PlacesAtOnce);
   SortPhrases(run.Table, yielder);
   ListByFrequency(run.Table, world.Options.MinFrequency);
   if (!world.Options.KeepRedundant) ExcludeRedundantSubphrases(run.Table, yielder);
@@ -240,7 +241,7 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
   const bool holdsPhrase = HoldsPhrase(table, unstopped);
   uint64_t foundSoFar = 0;
   Finish(
-      yielder, [&] { return CountPhrases(table, yielder); },
+      yielder, [&] { return CountPhrases(table, yielder, world.PlacesAtOnce); },
       [&] {
         RC_ASSERT(table.EntryCount() == 0u);
         RC_ASSERT(table.PhraseCount() >= foundSoFar);
@@ -300,7 +301,8 @@ CountingOutcome EngineOutcome(const CountingWorld& world, Yielder& yielder) {
 
 std::ostream& operator<<(std::ostream& out, const CountingWorld& world) {
   out << "words " << world.Options.MinWords << ".." << world.Options.MaxWords << ", at least "
-      << world.Options.MinFrequency << " times, ignore mode " << static_cast<int>(world.Options.IgnoreMode);
+      << world.Options.MinFrequency << " times, " << world.PlacesAtOnce << " places at once, ignore mode "
+      << static_cast<int>(world.Options.IgnoreMode);
   if (IsFolder(world)) out << ", folder" << (world.Order == ChainOrder::ByFiles ? " by files" : "");
   const WordRules& rules = world.Rules;
   out << "\nrules:" << (rules.CaseSignificant ? " case" : "") << (rules.Only7bitASCII ? " 7-bit" : "");

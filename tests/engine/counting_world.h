@@ -23,6 +23,7 @@ struct CountingWorld {
   RunOptions Options;
   WordFilterSpec Entries;
   ChainOrder Order = ChainOrder::ByCount;
+  size_t PlacesAtOnce = kPlacesAtOnce;  ///< That are sorted. No result depends on it.
 
   struct Step {
     enum class Kind { Word, EndOfPhrase, NextFile } What;
