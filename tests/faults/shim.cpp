@@ -2,10 +2,10 @@
 //
 //     KORV_FAULT=call=write,at=3,error=28[,on]
 //
-// fails the third call of write() with errno 28, and with ",on" all that follow. Error 0 does not fail the call but
-// lets it do less: reads and writes of one byte. KORV_FAULT_COUNTS=FILE gets a line "call number" at the end,
-// how often each was called. Calls are counted from main() on, in all threads together. KORV_FAULT_LOG=FILE gets
-// the names of calls that change a disk, in their order.
+// fails the third call of write() with errno 28, and with ",on" all that follow. Error 0 does not fail the
+// call but lets it do less: reads and writes of one byte. KORV_FAULT_COUNTS=FILE gets a line "call number" at
+// the end, how often each was called. Calls are counted from main() on, in all threads together.
+// KORV_FAULT_LOG=FILE gets the names of calls that change a disk, in their order.
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -24,9 +24,9 @@
 
 namespace {
 
-constexpr const char* kCalls[] = {"open",   "read",  "write",   "close", "fsync", "stat",   "rename",
-                                  "unlink", "mkdir", "opendir", "mmap",  "malloc", "pthread_create",
-                                  "linkat", "ftruncate", "lseek"};
+constexpr const char* kCalls[] = {"open",           "read",   "write",     "close",   "fsync", "stat",
+                                  "rename",         "unlink", "mkdir",     "opendir", "mmap",  "malloc",
+                                  "pthread_create", "linkat", "ftruncate", "lseek"};
 constexpr size_t kCallCount = sizeof kCalls / sizeof *kCalls;
 
 std::atomic<bool> armed{false};
@@ -69,13 +69,14 @@ void Log(const char* call) {
   static_cast<void>(next(logFile, line, static_cast<size_t>(length)));
 }
 
-constexpr size_t kOpen = 0, kRead = 1, kWrite = 2, kClose = 3, kFsync = 4, kStat = 5, kRename = 6, kUnlink = 7,
-                 kMkdir = 8, kOpendir = 9, kMmap = 10, kMalloc = 11, kThread = 12, kLinkat = 13, kFtruncate = 14,
-                 kLseek = 15;
+constexpr size_t kOpen = 0, kRead = 1, kWrite = 2, kClose = 3, kFsync = 4, kStat = 5, kRename = 6,
+                 kUnlink = 7, kMkdir = 8, kOpendir = 9, kMmap = 10, kMalloc = 11, kThread = 12, kLinkat = 13,
+                 kFtruncate = 14, kLseek = 15;
 
 void ReadWish() {
   if (const char* log = std::getenv("KORV_FAULT_LOG"))
-    logFile = Next<int (*)(const char*, int, ...)>("open")(log, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    logFile =
+        Next<int (*)(const char*, int, ...)>("open")(log, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
   const char* wish = std::getenv("KORV_FAULT");
   if (wish == nullptr) return;
   const char* call = std::strstr(wish, "call=");
@@ -239,7 +240,8 @@ void* mmap(void* address, size_t length, int protection, int flags, int file, of
   return next(address, length, protection, flags, file, offset);
 }
 
-int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*begin)(void*), void* argument) {
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*begin)(void*),
+                   void* argument) {
   if (FateOf(kThread) == Fate::Fails) return failingError;
   static const auto next =
       Next<int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*)>("pthread_create");
