@@ -80,7 +80,8 @@ TEST_F(FromCountsTest, ProgressTellsTheCounts) {
   terminal = true;
   clock.Step = std::chrono::seconds(1);
   for (int k = 0; k < 20000; ++k) input += "the big cat\t1\n";
-  onRead = [] {};
+  // Progress is told every 15 ms.
+  onRead = [] { std::this_thread::sleep_for(std::chrono::milliseconds(20)); };
   EXPECT_EQ(Count({"--from-counts", "-", "--words", "3"}), kExitReport);
   EXPECT_THAT(err.str(), HasSubstr("\r\x1b[KReading: "));
   EXPECT_THAT(err.str(), HasSubstr(" counts\r"));
