@@ -1,4 +1,5 @@
 #include <chrono>
+#include <thread>
 
 #include "tests/cli/count_program_world.h"
 
