@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 
+#include <vector>
+
 #include "platform/posix/system_calls.h"
 
 namespace korv {
@@ -21,6 +23,17 @@ std::optional<FileError> WriteAll(int file, std::string_view bytes) {
     bytes.remove_prefix(static_cast<size_t>(written));
   }
   return std::nullopt;
+}
+
+std::optional<FileError> CopyBytes(int from, int to) {
+  if (::lseek(from, 0, SEEK_SET) < 0) return LastError();
+  std::vector<char> block(size_t{1} << 16);
+  for (;;) {
+    const ssize_t got = Uninterrupted([&] { return ::read(from, block.data(), block.size()); });
+    if (got < 0) return LastError();
+    if (got == 0) return std::nullopt;
+    if (auto fault = WriteAll(to, {block.data(), static_cast<size_t>(got)})) return fault;
+  }
 }
 
 bool SyncFile(int file) {

@@ -47,6 +47,9 @@ FileError LastError();
 /// Writes all of `bytes`.
 std::optional<FileError> WriteAll(int file, std::string_view bytes);
 
+/// Writes the bytes of `from`, from its beginning.
+std::optional<FileError> CopyBytes(int from, int to);
+
 /// Brings what was written to the disk, as far as the file system can. False with errno on failure.
 bool SyncFile(int file);
 /// The same for the names in a folder; failures are not told, for nothing can be taken back then.

@@ -4,7 +4,6 @@
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "platform/posix/file_attributes.h"
 #include "platform/posix/file_descriptor.h"
@@ -74,18 +73,6 @@ class RenamedOutput final : public OutputFile {
   bool committed_ = false;
   std::optional<FileError> fault_;
 };
-
-/// The bytes of `from`, from its beginning, to `to`.
-std::optional<FileError> CopyBytes(int from, int to) {
-  if (::lseek(from, 0, SEEK_SET) < 0) return LastError();
-  std::vector<char> block(size_t{1} << 16);
-  for (;;) {
-    const ssize_t got = Uninterrupted([&] { return ::read(from, block.data(), block.size()); });
-    if (got < 0) return LastError();
-    if (got == 0) return std::nullopt;
-    if (auto fault = WriteAll(to, {block.data(), static_cast<size_t>(got)})) return fault;
-  }
-}
 
 /// For a file that cannot be replaced by another one without a loss. The new content waits in a temporary
 /// file until it is complete; then the old one is copied, and the new one written over it. Should that fail,

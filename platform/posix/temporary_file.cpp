@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/posix/file_attributes.h"
 #include "platform/posix/temporary_names.h"
 #include "platform/random_name.h"
 
@@ -60,6 +61,13 @@ TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
       folder_(std::move(other.folder_)),
       name_(std::exchange(other.name_, fs::path())) {}
 
+TemporaryFile& TemporaryFile::operator=(TemporaryFile&& other) noexcept {
+  std::swap(file_, other.file_);
+  folder_.swap(other.folder_);
+  name_.swap(other.name_);
+  return *this;
+}
+
 TemporaryFile::~TemporaryFile() {
   if (name_.empty()) return;
   ::unlink(name_.c_str());
@@ -81,6 +89,10 @@ std::optional<TemporaryFile> TemporaryFile::CreateUnnamed(const fs::path& folder
 
 Expected<TemporaryFile, FileError> TemporaryFile::Create(const fs::path& folder, mode_t mode) {
   if (std::optional<TemporaryFile> unnamed = CreateUnnamed(folder, mode)) return std::move(*unnamed);
+  return CreateNamed(folder, mode);
+}
+
+Expected<TemporaryFile, FileError> TemporaryFile::CreateNamed(const fs::path& folder, mode_t mode) {
   for (;;) {
     // Complete before there is a file: what throws afterwards leaves one behind.
     TemporaryFile made(FileDescriptor(), folder, NewName(folder));
@@ -107,11 +119,23 @@ std::optional<FileError> TemporaryFile::BecomeNamed() {
       name_ = std::move(name);
       return std::nullopt;
     }
-    const FileError error = LastError();
     const bool taken = errno == EEXIST;
     ForgetTemporary(name);
-    if (!taken) return error;
+    // Some file systems, and some that guard them, let no file be linked.
+    if (!taken) return MoveToNamed();
   }
+}
+
+std::optional<FileError> TemporaryFile::MoveToNamed() {
+  struct stat facts {};
+  if (::fstat(file_.Number(), &facts) != 0) return LastError();
+  auto named = CreateNamed(folder_, 0600);
+  if (!named) return named.Error();
+  if (auto fault = CopyBytes(file_.Number(), named->Number())) return fault;
+  CopyAttributes(file_.Number(), facts, named->Number());
+  if (!SyncFile(named->Number())) return LastError();
+  *this = std::move(*named);
+  return std::nullopt;
 }
 
 std::optional<FileError> TemporaryFile::TakeName(const fs::path& target) {

@@ -23,7 +23,7 @@ class TemporaryFile {
   static Expected<TemporaryFile, FileError> Create(const std::filesystem::path& folder, mode_t mode);
 
   TemporaryFile(TemporaryFile&& other) noexcept;
-  TemporaryFile& operator=(TemporaryFile&&) = delete;
+  TemporaryFile& operator=(TemporaryFile&& other) noexcept;
   ~TemporaryFile();
 
   int Number() const { return file_.Number(); }
@@ -35,7 +35,9 @@ class TemporaryFile {
   TemporaryFile(FileDescriptor file, std::filesystem::path folder, std::filesystem::path name);
 
   static std::optional<TemporaryFile> CreateUnnamed(const std::filesystem::path& folder, mode_t mode);
+  static Expected<TemporaryFile, FileError> CreateNamed(const std::filesystem::path& folder, mode_t mode);
   std::optional<FileError> BecomeNamed();
+  std::optional<FileError> MoveToNamed();
 
   FileDescriptor file_;
   std::filesystem::path folder_;
