@@ -12,6 +12,7 @@
 
 #include "desktop/dialogs/frm_load_remove.h"
 #include "desktop/settings_window/settings_host.h"
+#include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
 #include "desktop/widgets/wiring.h"
@@ -199,7 +200,7 @@ void WordListsPanel::ShowWordFilesState() {
   caption.insert(caption.indexOf(QLatin1String("ords")) - 1, u'&');
   cmdSelectWordsFile->setText(caption);
   cboWordsFile->setToolTip(files.Selected() < 0 ? cboWordsFile->placeholderText()
-                                                : ToQt(files.SelectedPath()));
+                                                : PlainTip(ToQt(files.SelectedPath())));
 }
 
 void WordListsPanel::ShowWordsState() {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "app/contexts/context_texts.h"
+#include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "sources/places/context_text.h"
 
@@ -115,7 +116,7 @@ QString ContextsModel::Tip(int row) const {
   const std::filesystem::path& path = corpus.Sources[corpus.SourceAt(*PlaceAt(row))].Path;
   QString tip = path.empty() ? QStringLiteral("Clipboard") : ToQt(PathToText(path));
   if (text.FromFile) tip += QStringLiteral("\nLine %1, column %2").arg(text.Text.Line).arg(text.Text.Column);
-  return tip;
+  return PlainTip(tip);
 }
 
 }  // namespace korv

@@ -5,6 +5,7 @@
 
 #include "desktop/results/table/shown_cell.h"
 #include "desktop/results/table/table_columns.h"
+#include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 
 namespace korv {
@@ -75,7 +76,7 @@ QVariant PhraseTableModel::data(const QModelIndex& index, int role) const {
       return ShownText(index);
     case Qt::ToolTipRole:
       // A text may be cut.
-      return column.Type == ColumnType::Text ? ShownText(index) : QString();
+      return column.Type == ColumnType::Text ? PlainTip(ShownText(index)) : QString();
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));
