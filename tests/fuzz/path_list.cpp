@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -17,7 +16,7 @@ class Bytes final : public korv::InputFile {
   korv::Expected<size_t, korv::FileError> Read(std::span<char> buffer) override {
     // In small pieces, so that paths are cut.
     const size_t count = std::min({buffer.size(), bytes_.size(), size_t{7}});
-    std::memcpy(buffer.data(), bytes_.data(), count);
+    std::copy_n(bytes_.data(), count, buffer.data());
     bytes_.remove_prefix(count);
     return count;
   }
