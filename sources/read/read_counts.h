@@ -42,8 +42,7 @@ struct CountsTally {
 /// Reads phrases with their frequencies into `sums`, of tab-separated values in UTF-8 with lines ended by LF
 /// or CR LF. Where the first line names the columns "phrase" and "frequency", they are found by these names,
 /// and others are passed over; else there are two columns, phrase and frequency. Lines that are "#" or begin
-/// with
-/// "# " are comments.
+/// with "# " are comments.
 ///
 /// Everything is refused with the first line that is no count. Ends soon after a stop. Cost: linear in the
 /// bytes, of which it holds a block and a line. `progress` is told the bytes read now and then.
