@@ -1,5 +1,7 @@
 #include "report/writers/csv_writer.h"
 
+#include <algorithm>
+
 namespace korv {
 
 namespace {
@@ -10,6 +12,11 @@ constexpr std::string_view kSignature = "\xEF\xBB\xBF";
 constexpr std::string_view kFormulaBegins = "=+-@\t\r";
 
 }  // namespace
+
+CsvWriter::CsvWriter(ReportSink& sink, const CsvStyle& style) : style_(style), pieces_(sink) {
+  for (const char sign : {style_.Separator, '"', '\r', '\n'})
+    quoted_[static_cast<unsigned char>(sign)] = true;
+}
 
 void CsvWriter::Begin(std::span<const Column* const> columns, const ColumnSource&) {
   if (style_.ForSpreadsheets) pieces_.Append(kSignature);
@@ -36,6 +43,8 @@ bool CsvWriter::End(bool) {
 void CsvWriter::Append(const Cell& cell) {
   if (const auto* text = std::get_if<std::string_view>(&cell))
     AppendText(*text);
+  else if (const auto* whole = std::get_if<int64_t>(&cell))
+    pieces_.AppendWhole(*whole);
   else
     AppendNumber(number_.Of(cell));
 }
@@ -54,8 +63,9 @@ void CsvWriter::AppendNumber(std::string_view number) {
 void CsvWriter::AppendText(std::string_view text) {
   const bool guarded =
       style_.ForSpreadsheets && !text.empty() && kFormulaBegins.find(text.front()) != kFormulaBegins.npos;
-  const char special[] = {style_.Separator, '"', '\r', '\n'};
-  if (text.find_first_of(std::string_view(special, sizeof special)) == text.npos) {
+  const bool quoted = std::any_of(text.begin(), text.end(),
+                                  [this](char sign) { return quoted_[static_cast<unsigned char>(sign)]; });
+  if (!quoted) {
     if (guarded) pieces_.Append('\'');
     pieces_.Append(text);
     return;

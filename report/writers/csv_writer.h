@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string>
+#include <array>
+#include <string_view>
 
 #include "report/writers/list_writer.h"
 #include "report/writers/number_text.h"
@@ -22,7 +23,7 @@ struct CsvStyle {
 /// undefined values are those of the TsvWriter.
 class CsvWriter final : public ListWriter {
  public:
-  explicit CsvWriter(ReportSink& sink, const CsvStyle& style = {}) : style_(style), pieces_(sink) {}
+  explicit CsvWriter(ReportSink& sink, const CsvStyle& style = {});
 
   void Begin(std::span<const Column* const> columns, const ColumnSource& source) override;
   bool Row(const RowCells& cells) override;
@@ -34,6 +35,7 @@ class CsvWriter final : public ListWriter {
   void AppendText(std::string_view text);
 
   CsvStyle style_;
+  std::array<bool, 256> quoted_{};  ///< By byte: it puts the text that it stands in between quotes.
   Pieces pieces_;
   NumberText number_;
 };

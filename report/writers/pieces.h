@@ -1,7 +1,9 @@
 #pragma once
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string_view>
@@ -24,6 +26,13 @@ class Pieces {
   void Append(char c) {
     if (room_ == size_) Grow(1);
     text_[size_++] = c;
+  }
+  /// Plain, as programs read it.
+  void AppendWhole(int64_t number) {
+    constexpr size_t kMostDigits = 20;
+    if (room_ - size_ < kMostDigits) Grow(kMostDigits);
+    char* const at = text_.get() + size_;
+    size_ += static_cast<size_t>(std::to_chars(at, at + kMostDigits, number).ptr - at);
   }
   /// Nothing for a negative count.
   void AppendBlanks(int count) {

@@ -1,10 +1,14 @@
 #include "report/writers/tsv_writer.h"
 
+#include <algorithm>
+
 namespace korv {
 
 namespace {
 
-constexpr std::string_view kSeparators = "\t\r\n";
+bool Separates(char sign) {
+  return sign == '\t' || sign == '\r' || sign == '\n';
+}
 
 }  // namespace
 
@@ -32,17 +36,20 @@ bool TsvWriter::End(bool) {
 void TsvWriter::Append(const Cell& cell) {
   if (const auto* text = std::get_if<std::string_view>(&cell))
     AppendText(*text);
+  else if (const auto* whole = std::get_if<int64_t>(&cell))
+    pieces_.AppendWhole(*whole);
   else
     pieces_.Append(number_.Of(cell));
 }
 
 void TsvWriter::AppendText(std::string_view text) {
-  for (size_t at; (at = text.find_first_of(kSeparators)) != text.npos;) {
+  for (;;) {
+    const auto at = static_cast<size_t>(std::find_if(text.begin(), text.end(), Separates) - text.begin());
     pieces_.Append(text.substr(0, at));
+    if (at == text.size()) return;
     pieces_.Append(' ');
     text.remove_prefix(at + (text.substr(at).starts_with("\r\n") ? 2 : 1));
   }
-  pieces_.Append(text);
 }
 
 }  // namespace korv
