@@ -36,12 +36,16 @@ void PatternSet::Prepare(Yielder& yielder) {
   PatternNumbers alone;
   PatternNumbers members;
   std::string joined;
-  const auto close = [&] {
+  const auto join = [&] {
+    // Compiling maps memory that can be written and executed, which nobody gets who asks for no expression.
+    if (members.size() < 2) return false;
     Regex regex(joined, caseSignificant_);
-    if (members.size() > 1 && regex.Valid())
-      alternations_.push_back({std::move(regex), std::move(members)});
-    else
-      alone.insert(alone.end(), members.begin(), members.end());
+    if (!regex.Valid()) return false;
+    alternations_.push_back({std::move(regex), members});
+    return true;
+  };
+  const auto close = [&] {
+    if (!join()) alone.insert(alone.end(), members.begin(), members.end());
     members.clear();
     joined.clear();
   };

@@ -5,7 +5,8 @@
 // fails the third call of write() with errno 28, and with ",on" all that follow. Error 0 does not fail the
 // call but lets it do less: reads and writes of one byte. KORV_FAULT_COUNTS=FILE gets a line "call number" at
 // the end, how often each was called. Calls are counted from main() on, in all threads together.
-// KORV_FAULT_LOG=FILE gets the names of calls that change a disk, in their order.
+// KORV_FAULT_LOG=FILE gets the names of calls that change a disk, in their order, and
+// "writable-and-executable" where such memory is mapped.
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -236,6 +237,7 @@ DIR* fdopendir(int file) {
 
 void* mmap(void* address, size_t length, int protection, int flags, int file, off_t offset) {
   if (FateOf(kMmap) == Fate::Fails) return MAP_FAILED;
+  if ((protection & PROT_WRITE) != 0 && (protection & PROT_EXEC) != 0) Log("writable-and-executable");
   static const auto next = Next<void* (*)(void*, size_t, int, int, int, off_t)>("mmap");
   return next(address, length, protection, flags, file, offset);
 }
