@@ -119,6 +119,21 @@ TEST(RunCount, CountsWhatAStreamHadGivenWhenItWasStopped) {
   EXPECT_TRUE(world.Run.Interrupted);
 }
 
+TEST(RunCount, TakesAStreamThatEndsInsideACharacterForAnsi) {
+  for (const bool whole : {true, false}) {
+    FakeStream stream(std::string("old caf\xC3") + (whole ? "\xA9" : ""));
+    RunWorld world;
+    world.UseClipboard("");
+    world.UseLengths(2, 2);
+    world.Request.Options.MinFrequency = 1;
+    world.Request.Stream = &stream;
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    EXPECT_EQ(world.Run.Facts.Encodings.Utf8, whole ? 1u : 0u);
+    EXPECT_EQ(world.Run.Facts.Encodings.Ansi, whole ? 0u : 1u);
+    EXPECT_EQ(world.Listed(), whole ? "1 old caf\u00E9" : "1 old caf\u00E3");
+  }
+}
+
 TEST(RunCount, RefusesAStreamThatFailsLate) {
   FakeStream stream(std::string(200000, 'w') + "\nwords");
   RunWorld world;
