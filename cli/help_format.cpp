@@ -42,10 +42,10 @@ constexpr std::string_view kStatus =
 HelpFormat::HelpFormat(size_t columns)
     : columns_(columns == 0 ? kUsualColumns : std::clamp(columns, kLeastColumns, kMostColumns)) {}
 
-std::string HelpFormat::Explained(std::string line, std::string_view text, size_t column) const {
+std::string HelpFormat::Explained(std::string_view line, std::string_view text, size_t column) const {
   // A narrow terminal has room for little beside the text.
   column = std::min(column, columns_ * kExampleColumn / kUsualColumns);
-  std::string lines = line;
+  std::string lines(line);
   size_t used = line.size();
   if (column > 0 && used + 1 > column) {
     lines += '\n';
@@ -90,7 +90,7 @@ std::string HelpFormat::make_option(const CLI::Option* option, bool isPositional
   if (const size_t comma = name.find(','); comma != name.npos) name.insert(comma + 1, " ");
   std::string line = std::string(kIndent, ' ') + name;
   if (option->get_type_size() != 0) line += " " + option->get_type_name();
-  return Explained(std::move(line), option->get_description(), kOptionColumn);
+  return Explained(line, option->get_description(), kOptionColumn);
 }
 
 }  // namespace korv

@@ -21,7 +21,7 @@ class HelpFormat final : public CLI::Formatter {
 
  private:
   /// The text that explains something, beside it from a column on, or below it where it is too long.
-  std::string Explained(std::string line, std::string_view text, size_t column) const;
+  std::string Explained(std::string_view line, std::string_view text, size_t column) const;
   std::string Paragraph(std::string_view text) const { return Explained({}, text, 0); }
 
   size_t columns_;

@@ -28,6 +28,7 @@ std::vector<std::string> ExpandPattern(std::string_view path, FileSystem& files)
   if (found.empty()) return {std::string(path)};
   std::sort(found.begin(), found.end());
   std::vector<std::string> paths;
+  paths.reserve(found.size());
   for (auto& [lowered, text] : found) paths.push_back(std::move(text));
   return paths;
 }
