@@ -7,6 +7,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <QImage>
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QUrl>
 #include <algorithm>
@@ -89,6 +90,25 @@ TEST_F(RowDetailsTest, ShowNoMoreThanTheFirstContexts) {
   EXPECT_THAT(Text(), HasSubstr("Contexts (5 of 9)"));
   EXPECT_THAT(Text(), HasSubstr("Clipboard:5"));
   EXPECT_THAT(Text(), Not(HasSubstr("Clipboard:6")));
+}
+
+TEST_F(RowDetailsTest, FitThePictureOfPlacesIntoANarrowPane) {
+  std::string text;
+  for (int line = 0; line < 50; ++line) text += "red hen.\n";
+  world.UseClipboard(text);
+  Show(Prepared(Counted()), "red hen");
+  const int wide = Bar().width();
+  for (const int width : {250, 180, 160}) {
+    details.resize(width, 150);
+    QApplication::processEvents();
+    EXPECT_EQ(details.horizontalScrollBar()->maximum(), 0) << width;
+    EXPECT_TRUE(details.verticalScrollBar()->maximum() > 0) << width;
+    EXPECT_GE(Bar().width(), 100) << width;
+    EXPECT_LT(Bar().width(), width) << width;
+  }
+  details.resize(400, 500);
+  QApplication::processEvents();
+  EXPECT_EQ(Bar().width(), wide);
 }
 
 TEST_F(RowDetailsTest, ShowWhereInTheTextThePhraseStands) {

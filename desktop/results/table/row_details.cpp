@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 #include <QUrl>
 #include <algorithm>
 #include <string_view>
@@ -151,7 +152,16 @@ void RowDetails::Take(PhraseDetails details) {
 }
 
 void RowDetails::Present() {
+  barWidth_ = BarWidth();
   setHtml(RichText(*shown_, desktop_.Numbers));
+}
+
+int RowDetails::BarWidth() const {
+  constexpr int kCells = static_cast<int>(kPlaceCells);
+  // The scroll bar may come and go; the picture stays as it is.
+  const int room = width() - 2 * frameWidth() - 2 * static_cast<int>(document()->documentMargin()) -
+                   style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  return std::clamp(room, kCells, kCells * std::max(2, fontMetrics().height() / 6));
 }
 
 void RowDetails::Follow(const QUrl& link) {
@@ -161,8 +171,7 @@ void RowDetails::Follow(const QUrl& link) {
 
 QVariant RowDetails::loadResource(int type, const QUrl& name) {
   if (name != QUrl(QLatin1String(kPlacesPicture)) || !shown_) return QTextBrowser::loadResource(type, name);
-  const int line = fontMetrics().height();
-  const QSize size(static_cast<int>(kPlaceCells) * std::max(2, line / 6), 2 * line);
+  const QSize size(barWidth_, 2 * fontMetrics().height());
   QImage image(size * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
   image.setDevicePixelRatio(devicePixelRatioF());
   image.fill(Qt::transparent);
@@ -177,6 +186,14 @@ QVariant RowDetails::loadResource(int type, const QUrl& name) {
 void RowDetails::mouseDoubleClickEvent(QMouseEvent* event) {
   if (!shown_) return QTextBrowser::mouseDoubleClickEvent(event);
   Guarded(desktop_.Messages, "txbRowDetails_DoubleClick", [&] { ContextsAsked(shown_->Phrase); })();
+}
+
+void RowDetails::resizeEvent(QResizeEvent* event) {
+  QTextBrowser::resizeEvent(event);
+  if (!shown_ || BarWidth() == barWidth_) return;
+  const int at = verticalScrollBar()->value();
+  Present();
+  verticalScrollBar()->setValue(at);
 }
 
 void RowDetails::changeEvent(QEvent* event) {

@@ -34,15 +34,19 @@ class RowDetails final : public QTextBrowser {
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void Follow(const QUrl& link);
   void Take(PhraseDetails details);
   void Present();
+  /// Of the picture of places: as wide as there is room, but neither a cell too thin to be seen nor a stripe.
+  int BarWidth() const;
 
   const Desktop& desktop_;
   std::optional<PhraseDetails> shown_;
+  int barWidth_ = 0;
   std::shared_ptr<FileReading> reading_;  ///< Used by the job.
   NewestJob job_;                         ///< Last: its jobs use the above.
 };
