@@ -37,6 +37,7 @@ RunPanel::RunPanel(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   cmdCountPhrases->setFont(large);
   cmdCountPhrases->setMinimumHeight(40);
   captionRole_ = Accentuate(*cmdCountPhrases);
+  SetCountPhrasesCaption(Caption::Count);
   layout->addWidget(cmdCountPhrases);
   BuildProgress(*layout);
   BuildCommands(*layout);

@@ -24,6 +24,7 @@
 #include "desktop/toolkit/standard_places.h"
 #include "desktop/widgets/accent.h"
 #include "sources/questions.h"
+#include "tests/desktop/fake_surroundings.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
@@ -527,6 +528,15 @@ TEST(TheAccent, IsLeftToStylesThatDrawButtonsThemselves) {
   EXPECT_EQ(Accentuate(button), QPalette::HighlightedText);
   EXPECT_EQ(button.palette().color(QPalette::ButtonText),
             QApplication::palette().color(QPalette::HighlightedText));
+}
+
+TEST(TheCountButton, HasItsSignFromTheBeginning) {
+  FakeSurroundings around;
+  FakeFiles files;
+  const Desktop surroundings = around.On(files);
+  const RunPanel panel(surroundings, nullptr);
+  EXPECT_FALSE(panel.cmdCountPhrases->icon().isNull());
+  EXPECT_EQ(panel.cmdCountPhrases->text(), QStringLiteral("&Count phrases"));
 }
 
 TEST(TheClipboard, GivesItsText) {
