@@ -172,8 +172,12 @@ Output OpenDirectly(const fs::path& path) {
   return std::unique_ptr<OutputFile>(std::make_unique<DirectOutput>(std::move(file)));
 }
 
-Output OpenNew(const fs::path& target) {
-  SweepTemporaryFiles(target.parent_path());
+void SweepOnce(const fs::path& folder, SweptFolders& swept) {
+  if (swept.Add(folder)) SweepTemporaryFiles(folder);
+}
+
+Output OpenNew(const fs::path& target, SweptFolders& swept) {
+  SweepOnce(target.parent_path(), swept);
   auto file = TemporaryFile::Create(target.parent_path(), 0666);
   if (!file) return file.Error();
   return std::unique_ptr<OutputFile>(std::make_unique<RenamedOutput>(std::move(*file), target, false));
@@ -191,14 +195,14 @@ bool MayTakeNameFrom(const struct stat& file, const fs::path& folder) {
   return user == 0 || user == file.st_uid || user == facts.st_uid;
 }
 
-Output OpenExisting(const fs::path& target, const struct stat& facts) {
+Output OpenExisting(const fs::path& target, const struct stat& facts, SweptFolders& swept) {
   // Renaming over a file needs no right to write to it; a user who has none does not expect it to change.
   FileDescriptor existing(Uninterrupted([&] { return ::open(target.c_str(), O_WRONLY | O_CLOEXEC); }));
   if (!existing.Open()) return LastError();
   const fs::path folder = target.parent_path();
   const bool writable = MayMakeFilesIn(folder);
   if (facts.st_nlink == 1 && writable && MayTakeNameFrom(facts, folder)) {
-    SweepTemporaryFiles(folder);
+    SweepOnce(folder, swept);
     // Nobody else may look into the new file before it has the permissions of the old one.
     auto file = TemporaryFile::Create(folder, 0600);
     if (!file) return file.Error();
@@ -219,18 +223,18 @@ Output OpenExisting(const fs::path& target, const struct stat& facts) {
 
 }  // namespace
 
-Output SystemOpenForWriting(const fs::path& path) {
+Output SystemOpenForWriting(const fs::path& path, SweptFolders& swept) {
   const Expected<Target, FileError> target = FollowLinks(path);
   if (!target) return target.Error();
   if (target->Direct) return OpenDirectly(target->Path);
   struct stat facts {};
   if (::stat(target->Path.c_str(), &facts) != 0) {
     if (errno != ENOENT) return LastError();
-    return OpenNew(target->Path);
+    return OpenNew(target->Path, swept);
   }
   if (S_ISDIR(facts.st_mode)) return FileErrorOf(std::make_error_code(std::errc::is_a_directory));
   if (!S_ISREG(facts.st_mode)) return OpenDirectly(target->Path);
-  return OpenExisting(target->Path, facts);
+  return OpenExisting(target->Path, facts, swept);
 }
 
 }  // namespace korv

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "platform/files.h"
+#include "platform/posix/swept_folders.h"
 
 namespace korv {
 
@@ -13,8 +14,9 @@ namespace korv {
 
 Expected<std::unique_ptr<InputFile>, FileError> SystemOpenForReading(const std::filesystem::path& path);
 /// `path` is absolute.
-Expected<std::unique_ptr<OutputFile>, FileError> SystemOpenForWriting(const std::filesystem::path& path);
-Expected<std::filesystem::path, FileError> SystemPrivateTemporaryFolder();
+Expected<std::unique_ptr<OutputFile>, FileError> SystemOpenForWriting(const std::filesystem::path& path,
+                                                                      SweptFolders& swept);
+Expected<std::filesystem::path, FileError> SystemPrivateTemporaryFolder(SweptFolders& swept);
 
 FileError FileErrorOf(const std::error_code& code);
 

@@ -53,7 +53,7 @@ class SystemFiles final : public FileSystem {
 
   Expected<std::unique_ptr<OutputFile>, FileError> OpenForWriting(const fs::path& path) override {
     if (path.empty()) return FileErrorOf(std::make_error_code(std::errc::no_such_file_or_directory));
-    return SystemOpenForWriting(AbsolutePath(path));
+    return SystemOpenForWriting(AbsolutePath(path), swept_);
   }
 
   Expected<FolderListing, FileError> ListFolder(const fs::path& path) override {
@@ -86,7 +86,7 @@ class SystemFiles final : public FileSystem {
   }
 
   Expected<fs::path, FileError> CreatePrivateTemporaryFolder() override {
-    return SystemPrivateTemporaryFolder();
+    return SystemPrivateTemporaryFolder(swept_);
   }
 
  private:
@@ -108,6 +108,8 @@ class SystemFiles final : public FileSystem {
       listing.Files.push_back(entry.path().filename());
     }
   }
+
+  SweptFolders swept_;
 };
 
 FileFault FaultOf(const std::error_code& code) {

@@ -54,11 +54,11 @@ void Sweep(const fs::path& parent) {
 
 }  // namespace
 
-Expected<fs::path, FileError> SystemPrivateTemporaryFolder() {
+Expected<fs::path, FileError> SystemPrivateTemporaryFolder(SweptFolders& swept) {
   std::error_code code;
   const fs::path parent = fs::temp_directory_path(code);
   if (code) return FileErrorOf(code);
-  Sweep(parent);
+  if (swept.Add(parent)) Sweep(parent);
   std::string name = (parent / (std::string(kPrefix) + kRandomPart)).native();
   if (::mkdtemp(name.data()) == nullptr) return LastError();
   NoteTemporary(name, OpenAndLock(name));

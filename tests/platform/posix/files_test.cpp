@@ -199,6 +199,18 @@ TEST_F(PosixFilesTest, SweepsTemporaryFilesThatNobodyHasAndNoOthers) {
                                           ".korv-freshnew.tmp", "out"));
 }
 
+TEST_F(PosixFilesTest, LooksForSuchFilesOnceInEachFolder) {
+  const fs::path left = folder / ".korv-abcdefgh.tmp";
+  EXPECT_EQ(Write(folder / "out", "new"), "");
+  WriteTestFile(left, "x");
+  MakeOld(left);
+  EXPECT_EQ(Write(folder / "out", "newer"), "");
+  EXPECT_TRUE(fs::exists(left));
+  files = MakeSystemFiles();
+  EXPECT_EQ(Write(folder / "out", "newest"), "");
+  EXPECT_FALSE(fs::exists(left));
+}
+
 TEST_F(PosixFilesTest, SweepsTemporaryFoldersThatNobodyHasAndNoOthers) {
   const auto make = [&](const char* name, mode_t mode) {
     WriteTestFile(folder / name / "inner" / "text", "x");
