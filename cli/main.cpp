@@ -6,6 +6,7 @@
 #include <new>
 
 #include "app/texts/program_folder.h"
+#include "base/translation.h"
 #include "cli/count_program.h"
 #include "cli/options.h"
 #include "platform/interrupts.h"
@@ -22,20 +23,21 @@ int Count(int argc, char** argv) {
   const InterruptGuard interrupts(yielder);
   const SystemClock clock;
   const std::unique_ptr<CodePage> encoding = SystemCodePage();
+  const std::filesystem::path folder = ProgramFolder(*files, ExecutablePath(argv[0]));
+  UseTranslations(folder / kTranslationsName);
   const std::unique_ptr<InputFile> input = OpenStandardInput(yielder);
-  return KorvCount(ProgramArguments(argc, argv),
-                   {.Files = *files,
-                    .Yielder = yielder,
-                    .Clock = clock,
-                    .StandardInput = *input,
-                    .Out = std::cout,
-                    .Err = std::cerr,
-                    .ErrIsTerminal = StandardErrorIsTerminal(),
-                    .ProgramFolder = ProgramFolder(*files, ExecutablePath(argv[0])),
-                    .Encoding = encoding.get(),
-                    .InputPath = StandardInputPath(),
-                    .OutColumns = OutputColumns(),
-                    .ExpandsPatterns = !ShellExpandsPatterns()});
+  return KorvCount(ProgramArguments(argc, argv), {.Files = *files,
+                                                  .Yielder = yielder,
+                                                  .Clock = clock,
+                                                  .StandardInput = *input,
+                                                  .Out = std::cout,
+                                                  .Err = std::cerr,
+                                                  .ErrIsTerminal = StandardErrorIsTerminal(),
+                                                  .ProgramFolder = folder,
+                                                  .Encoding = encoding.get(),
+                                                  .InputPath = StandardInputPath(),
+                                                  .OutColumns = OutputColumns(),
+                                                  .ExpandsPatterns = !ShellExpandsPatterns()});
 }
 
 [[noreturn]] void EndForLackOfMemory() noexcept {

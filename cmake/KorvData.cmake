@@ -13,6 +13,21 @@ foreach(file ${KORV_COMMON_WORDS} ${KORV_PROGRAM_TEXT} ${KORV_SAMPLE})
                      DEPENDS ${file} VERBATIM)
   list(APPEND copies ${KORV_PROGRAM_DIR}/${name})
 endforeach()
+
+# Translations: locale/<language>/LC_MESSAGES/korv.mo of each app/texts/<language>.po.
+find_program(KORV_MSGFMT msgfmt)
+if(Intl_FOUND AND KORV_MSGFMT)
+  file(GLOB translations CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/app/texts/*.po)
+  foreach(translation ${translations})
+    get_filename_component(language ${translation} NAME_WE)
+    set(folder ${KORV_PROGRAM_DIR}/locale/${language}/LC_MESSAGES)
+    add_custom_command(OUTPUT ${folder}/korv.mo
+                       COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+                       COMMAND ${KORV_MSGFMT} --check-format --output-file=${folder}/korv.mo ${translation}
+                       DEPENDS ${translation} VERBATIM)
+    list(APPEND copies ${folder}/korv.mo)
+  endforeach()
+endif()
 add_custom_target(korv_data ALL DEPENDS ${copies})
 
 # Puts a program of ours beside its data: korv_program(<target>).

@@ -3,6 +3,8 @@ find_package(PkgConfig REQUIRED)
 find_package(fmt REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(ZLIB REQUIRED)
+# Translations. Without it everything is English.
+find_package(Intl)
 if(NOT WIN32)
   find_package(OpenSSL REQUIRED COMPONENTS Crypto)
 endif()

@@ -8,6 +8,9 @@ foreach(program korv korv-count)
   endif()
 endforeach()
 install(FILES ${KORV_COMMON_WORDS} ${KORV_PROGRAM_TEXT} ${KORV_SAMPLE} DESTINATION ${CMAKE_INSTALL_DATADIR}/korv)
+if(translations)
+  install(DIRECTORY ${KORV_PROGRAM_DIR}/locale DESTINATION ${CMAKE_INSTALL_DATADIR}/korv)
+endif()
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 

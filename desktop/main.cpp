@@ -1,12 +1,15 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QSessionManager>
 #include <QSettings>
+#include <QTranslator>
 #include <cstdio>
 
 #include "app/desktop_arguments.h"
 #include "app/texts/program_folder.h"
+#include "base/translation.h"
 #include "desktop/desktop.h"
 #include "desktop/main_window/frm_main.h"
 #include "desktop/silence_rules.h"
@@ -98,12 +101,21 @@ int Run(const std::vector<std::string>& paths) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const auto folder = korv::ProgramFolder(*korv::MakeSystemFiles(), korv::ExecutablePath(argv[0]));
+  korv::UseTranslations(folder / korv::kTranslationsName);
   const auto arguments = korv::ReadDesktopArguments(korv::ProgramArguments(argc, argv), KORV_VERSION);
   if (arguments.What != korv::DesktopArguments::Kind::Open) return Answer(arguments);
   // The toolkit has options of its own, which are none of the program's.
   int toolkitArguments = 1;
   QApplication application(toolkitArguments, argv);
   Name(application);
+  // The toolkit's own texts, when Korv's are in that language too.
+  QTranslator toolkitTexts;
+  const QString language = korv::ToQt(korv::TranslationLanguage());
+  if (!language.isEmpty() &&
+      toolkitTexts.load("qtbase_" + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&toolkitTexts);
+  }
   korv::FollowColorScheme();
   return Run(arguments.Paths);
 }

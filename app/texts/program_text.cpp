@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "base/translation.h"
 #include "base/utf8.h"
 
 namespace korv {
@@ -132,7 +133,7 @@ Expected<ProgramTextFile, ProgramTextError> ProgramTextFile::Parse(std::string_v
 
 std::string ProgramTextFile::Get(int number) const {
   const auto text = texts_.find(number);
-  return text == texts_.end() || text->second == kNoText ? std::string() : text->second;
+  return text == texts_.end() || text->second == kNoText ? std::string() : Tr(text->second.c_str());
 }
 
 }  // namespace korv
