@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
@@ -89,7 +91,7 @@ uint32_t StringTable::Number(std::string_view text) {
     if (const Slot old = oldSlots_[SlotOf(oldSlots_, text, hash)]; old.NumberPlusOne != 0)
       return old.NumberPlusOne - 1;
   const uint32_t number = Size();
-  if (number == kNone - 1) throw std::length_error("too many different words");
+  if (number == kNone - 1) throw std::length_error(Tr("too many different words"));
   bytes_.append(std::span(text));
   begins_.push_back(bytes_.size());
   slots_[at] = {hash, number + 1};

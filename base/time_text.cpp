@@ -2,25 +2,27 @@
 
 #include <algorithm>
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
 
 struct Parts {
-  int64_t Days, Hours, Minutes, Seconds;
+  uint64_t Days, Hours, Minutes, Seconds;
 };
 
 Parts Split(std::chrono::seconds elapsed) {
-  const int64_t all = std::max<int64_t>(elapsed.count(), 0);
+  const auto all = static_cast<uint64_t>(std::max<int64_t>(elapsed.count(), 0));
   return {all / 86400, all / 3600 % 24, all / 60 % 60, all % 60};
 }
 
-std::string Counted(int64_t count, const char* unit) {
-  return std::to_string(count) + " " + unit + (count == 1 ? "" : "s");
+std::string Counted(const char* pattern, uint64_t number) {
+  return Fill(pattern, {std::to_string(number)});
 }
 
 /// At least two digits.
-std::string TwoDigits(int64_t number) {
+std::string TwoDigits(uint64_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
@@ -28,20 +30,26 @@ std::string TwoDigits(int64_t number) {
 
 std::string FormatElapsedCompact(std::chrono::seconds elapsed) {
   const Parts parts = Split(elapsed);
-  std::string text;
-  if (parts.Days > 0) text += std::to_string(parts.Days) + "d ";
-  if (!text.empty() || parts.Hours > 0) text += std::to_string(parts.Hours) + "h ";
-  if (!text.empty() || parts.Minutes > 0) text += std::to_string(parts.Minutes) + "m ";
-  return text + std::to_string(parts.Seconds) + "s";
+  const std::string days = std::to_string(parts.Days);
+  const std::string hours = std::to_string(parts.Hours);
+  const std::string minutes = std::to_string(parts.Minutes);
+  const std::string seconds = std::to_string(parts.Seconds);
+  // Translators: days, hours, minutes and seconds.
+  if (parts.Days > 0) return Fill(Tr("%1d %2h %3m %4s"), {days, hours, minutes, seconds});
+  if (parts.Hours > 0) return Fill(Tr("%1h %2m %3s"), {hours, minutes, seconds});
+  if (parts.Minutes > 0) return Fill(Tr("%1m %2s"), {minutes, seconds});
+  return Fill(Tr("%1s"), {seconds});
 }
 
 std::string FormatElapsedLong(std::chrono::seconds elapsed) {
   const Parts parts = Split(elapsed);
-  std::string text;
-  if (parts.Days > 0) text += Counted(parts.Days, "day") + ", ";
-  if (!text.empty() || parts.Hours > 0) text += Counted(parts.Hours, "hour") + ", ";
-  if (!text.empty() || parts.Minutes > 0) text += Counted(parts.Minutes, "minute") + " and ";
-  return text + Counted(parts.Seconds, "second");
+  const std::string days = Counted(TrCount("%1 day", "%1 days", parts.Days), parts.Days);
+  const std::string hours = Counted(TrCount("%1 hour", "%1 hours", parts.Hours), parts.Hours);
+  const std::string minutes = Counted(TrCount("%1 minute", "%1 minutes", parts.Minutes), parts.Minutes);
+  const std::string seconds = Counted(TrCount("%1 second", "%1 seconds", parts.Seconds), parts.Seconds);
+  if (parts.Days > 0) return Fill(Tr("%1, %2, %3 and %4"), {days, hours, minutes, seconds});
+  if (parts.Hours > 0) return Fill(Tr("%1, %2 and %3"), {hours, minutes, seconds});
+  return parts.Minutes > 0 ? Fill(Tr("%1 and %2"), {minutes, seconds}) : seconds;
 }
 
 std::string FormatUtc(std::chrono::system_clock::time_point time) {

@@ -89,7 +89,7 @@ RunEnd SourceReader::DoItFromStream() {
   }
   const std::string beginning = source->Beginning();
   if (beginning.empty() && services_.Yielder.Stopped()) return RunEnd::Stopped;
-  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, "standard input",
+  if (!CheckNaturalLanguage(beginning, services_.Messages, kLookedAtCharacters, TextPlace::StandardInput,
                             ForeignKindAdvice(source->Head())))
     return RunEnd::Refused;
   if (!CommentMarkersAreSafe(MarkersOfFile({}, request_.ReadAs).Language)) return RunEnd::Refused;

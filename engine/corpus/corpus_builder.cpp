@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_form.h"
 
@@ -66,7 +67,7 @@ void CorpusBuilder::Feed(WordNumber wordClass) {
 
 Corpus CorpusBuilder::TakeCorpus() && {
   if (corpus_.Tokens.size() > std::numeric_limits<uint32_t>::max() - kTrailingEnds)
-    throw std::length_error("The text has more than four thousand million words.");
+    throw std::length_error(Tr("The text has more than four thousand million words."));
   for (size_t k = 0; k < kTrailingEnds; ++k) corpus_.Tokens.push_back(kNoWord);
   corpus_.IndexSources();
   return std::move(corpus_);

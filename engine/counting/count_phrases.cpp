@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/pieces.h"
+#include "base/translation.h"
 #include "base/workers.h"
 #include "engine/corpus/suffix_sorter.h"
 #include "engine/counting/bucket_splitter.h"
@@ -147,7 +148,7 @@ class PhraseCounter {
     size_t entries = 0;
     for (const auto& part : entries_) entries += part.size();
     if (entries >= std::numeric_limits<uint32_t>::max())
-      throw std::length_error("There are too many phrases.");
+      throw std::length_error(Tr("There are too many phrases."));
     data_.Entries.reserve(entries);
     for (auto& part : entries_) {
       yielder_.Yield();

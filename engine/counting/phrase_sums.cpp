@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/pieces.h"
+#include "base/translation.h"
 #include "base/workers.h"
 #include "engine/corpus/suffix_sorter.h"
 #include "engine/counting/count_rule.h"
@@ -154,7 +155,7 @@ PhraseEntry& PhraseSums::EntryOf(int words) {
   }
   GrowIfFull();
   if (data_.Corpus.Tokens.size() > std::numeric_limits<uint32_t>::max() - kMostWords - kTrailingEnds)
-    throw std::length_error("There are too many phrases.");
+    throw std::length_error(Tr("There are too many phrases."));
   const Place first{static_cast<uint32_t>(data_.Corpus.Tokens.size())};
   data_.Corpus.Tokens.append(phrase);
   data_.Corpus.Tokens.push_back(kNoWord);

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <new>
 
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 
 namespace korv {
@@ -51,8 +52,8 @@ H OrThrow(H handle) {
 std::string FaultText(int error, std::string_view before) {
   PCRE2_UCHAR message[256];
   pcre2_get_error_message(error, message, sizeof message);
-  return std::string(reinterpret_cast<const char*>(message)) + ", at character " +
-         std::to_string(CharacterCount(before) + 1);
+  return Fill(Tr("%1, at character %2"),
+              {reinterpret_cast<const char*>(message), std::to_string(CharacterCount(before) + 1)});
 }
 
 }  // namespace
@@ -70,7 +71,8 @@ struct Regex::Compiled {
 
 Regex::Regex(std::string_view expression, bool caseSignificant) {
   if (expression.size() > kMostExpressionBytes) {
-    fault_ = "it is longer than " + std::to_string(kMostExpressionBytes) + " bytes";
+    fault_ = Fill(TrCount("it is longer than %1 byte", "it is longer than %1 bytes", kMostExpressionBytes),
+                  {std::to_string(kMostExpressionBytes)});
     return;
   }
   const CompileContext context = OrThrow(CompileContext(pcre2_compile_context_create(nullptr)));

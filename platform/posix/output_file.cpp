@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "base/translation.h"
 #include "platform/posix/file_attributes.h"
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/system_calls.h"
@@ -97,7 +98,7 @@ class OverwritingOutput final : public OutputFile {
     if (fault_) return fault_;
     fault_ = Overwrite();
     if (fault_) {
-      fault_->Description += "; the file as it was: " + PathToText(copy_);
+      fault_->Description = Fill(Tr("%1; the file as it was: %2"), {fault_->Description, PathToText(copy_)});
       return fault_;
     }
     committed_ = true;

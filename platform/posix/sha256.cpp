@@ -5,6 +5,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "base/translation.h"
 #include "platform/hex_text.h"
 
 namespace korv {
@@ -12,7 +13,7 @@ namespace korv {
 namespace {
 
 void Check(int succeeded) {
-  if (succeeded != 1) throw std::runtime_error("SHA-256 is not to be had.");
+  if (succeeded != 1) throw std::runtime_error(Tr("SHA-256 is not to be had."));
 }
 
 }  // namespace

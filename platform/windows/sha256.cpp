@@ -8,6 +8,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "base/translation.h"
 #include "platform/hex_text.h"
 
 namespace korv {
@@ -15,7 +16,7 @@ namespace korv {
 namespace {
 
 void Check(NTSTATUS status) {
-  if (status < 0) throw std::runtime_error("SHA-256 is not to be had.");
+  if (status < 0) throw std::runtime_error(Tr("SHA-256 is not to be had."));
 }
 
 }  // namespace

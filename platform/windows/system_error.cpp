@@ -3,6 +3,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/translation.h"
 #include "platform/windows/extended_path.h"
 #include "platform/windows/wide_text.h"
 
@@ -58,7 +59,7 @@ std::string WordsOf(DWORD error) {
       error, 0, buffer, static_cast<DWORD>(std::size(buffer)), nullptr);
   std::wstring_view words(buffer, length);
   while (!words.empty() && EndsSentence(words.back())) words.remove_suffix(1);
-  return words.empty() ? "Error " + std::to_string(error) : ToUtf8(words);
+  return words.empty() ? Fill(Tr("Error %1"), {std::to_string(error)}) : ToUtf8(words);
 }
 
 bool LeadsThroughFile(const fs::path& full) {

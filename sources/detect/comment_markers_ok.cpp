@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/translation.h"
 #include "engine/text/word_chars.h"
 
 namespace korv {
@@ -17,12 +18,13 @@ bool CommentMarkersOK(const WordRules& rules, Messages& messages) {
       return IsWordChar(std::string_view(&c, 1), false, current.AllowedExtraChars);
     });
     if (!couldBeWord) continue;
-    messages.Show({.Text = "With the current settings the start-comment marker " + std::string(marker) +
-                           " could be part of a word.\n"
-                           "Check the the 'Settings' window and perhaps disallow comment "
-                           "markers or restrict allowable characters in 'words'.",
-                   .Title = "Error",
-                   .Icon = Icon::Critical});
+    messages.Show(
+        {.Text = Fill(Tr("With the current settings the start-comment marker %1 could be part of a word.\n"
+                         "Check the the 'Settings' window and perhaps disallow comment "
+                         "markers or restrict allowable characters in 'words'."),
+                      {marker}),
+         .Title = Tr("Error"),
+         .Icon = Icon::Critical});
     return false;
   }
   return true;

@@ -1,5 +1,6 @@
 #include "sources/detect/encoding_choice.h"
 
+#include "base/translation.h"
 #include "sources/questions.h"
 
 namespace korv {
@@ -7,9 +8,9 @@ namespace korv {
 namespace {
 
 bool AskToReadAsUtf8(Messages& messages) {
-  return messages.Show({.Text = "This file appears to be UTF-8 text without a signature.\n"
-                                "Do you wish to read it as UTF-8?",
-                        .Title = "Text encoding",
+  return messages.Show({.Text = Tr("This file appears to be UTF-8 text without a signature.\n"
+                                   "Do you wish to read it as UTF-8?"),
+                        .Title = Tr("Text encoding"),
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,
                         .DefaultAnswer = Answer::Yes,

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
@@ -10,8 +12,8 @@ namespace {
 using namespace std::string_view_literals;
 
 struct Advice {
-  std::string_view What;
-  std::string_view ToDo;  ///< With a text that is to be counted.
+  const char* What;
+  const char* ToDo;  ///< With a text that is to be counted.
 };
 
 struct Kind {
@@ -19,19 +21,24 @@ struct Kind {
   Advice Says;
 };
 
-constexpr Advice kPicture{"It is a picture.",
-                          "The words in it must first be recognised by a program for scanned pages."};
-constexpr Advice kWide{"It is text in UTF-16 or UTF-32.",
-                       "Open it in an editor and save it with the encoding UTF-8."};
-constexpr Advice kPacked{"It is a packed file.", "Unpack it first and count what comes out."};
+constexpr Advice kPicture{
+    TrLater("It is a picture."),
+    TrLater("The words in it must first be recognised by a program for scanned pages.")};
+constexpr Advice kWide{TrLater("It is text in UTF-16 or UTF-32."),
+                       TrLater("Open it in an editor and save it with the encoding UTF-8.")};
+constexpr Advice kPacked{TrLater("It is a packed file."),
+                         TrLater("Unpack it first and count what comes out.")};
 
 constexpr std::array kKinds = {
-    Kind{"%PDF-"sv, {"It is a PDF document.", "Save its text as a text file (.txt) and count that."}},
+    Kind{"%PDF-"sv,
+         {TrLater("It is a PDF document."), TrLater("Save its text as a text file (.txt) and count that.")}},
     Kind{"\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv,
-         {"It is a document of an old office program, such as .doc.",
-          "Save it as a Word document (.docx) or as text and count that."}},
-    Kind{"{\\rtf"sv, {"", "Open it in a word processor and save it as a Word document (.docx) or as text."}},
-    Kind{"KORVRUN\x1A"sv, {"It is a kept run.", "Open it with \"Open kept run...\" in the window of Korv."}},
+         {TrLater("It is a document of an old office program, such as .doc."),
+          TrLater("Save it as a Word document (.docx) or as text and count that.")}},
+    Kind{"{\\rtf"sv,
+         {"", TrLater("Open it in a word processor and save it as a Word document (.docx) or as text.")}},
+    Kind{"KORVRUN\x1A"sv,
+         {TrLater("It is a kept run."), TrLater("Open it with \"Open kept run...\" in the window of Korv.")}},
     Kind{"\xFF\xFE"sv, kWide},
     Kind{"\xFE\xFF"sv, kWide},
     Kind{"\0\0\xFE\xFF"sv, kWide},
@@ -53,17 +60,25 @@ constexpr std::array kKinds = {
 /// Zip archives: the names of what they hold stand in their beginning.
 constexpr std::string_view kZip = "PK\x03\x04";
 constexpr std::array kZipKinds = {
-    Kind{"word/"sv, {"It is a Word document.", "Give it a name that ends in .docx and count it again."}},
-    Kind{"application/epub+zip"sv, {"It is an e-book.", "Convert it to text (.txt) or HTML and count that."}},
+    Kind{"word/"sv,
+         {TrLater("It is a Word document."),
+          TrLater("Give it a name that ends in .docx and count it again.")}},
+    Kind{"application/epub+zip"sv,
+         {TrLater("It is an e-book."), TrLater("Convert it to text (.txt) or HTML and count that.")}},
     Kind{"application/vnd.oasis.opendocument.text"sv,
-         {"It is an OpenDocument text.", "Save it as a Word document (.docx) or as text and count that."}},
+         {TrLater("It is an OpenDocument text."),
+          TrLater("Save it as a Word document (.docx) or as text and count that.")}},
     Kind{"application/vnd.oasis.opendocument"sv,
-         {"It is an OpenDocument file without running text.", "Save what is to be counted as text."}},
-    Kind{"xl/"sv, {"It is a spreadsheet.", "Save the sheet as text (.csv or .txt) and count that."}},
-    Kind{"ppt/"sv, {"It is a presentation.", "Save its text as a text file (.txt) and count that."}},
+         {TrLater("It is an OpenDocument file without running text."),
+          TrLater("Save what is to be counted as text.")}},
+    Kind{"xl/"sv,
+         {TrLater("It is a spreadsheet."), TrLater("Save the sheet as text (.csv or .txt) and count that.")}},
+    Kind{"ppt/"sv,
+         {TrLater("It is a presentation."), TrLater("Save its text as a text file (.txt) and count that.")}},
 };
 
-constexpr Advice kOtherZip{"It is a zip archive.", "Unpack it into a folder and count the folder."};
+constexpr Advice kOtherZip{TrLater("It is a zip archive."),
+                           TrLater("Unpack it into a folder and count the folder.")};
 
 const Advice* AdviceOfZip(std::string_view head) {
   const auto inner =
@@ -90,8 +105,9 @@ const Advice* AdviceOn(std::string_view head) {
   return LooksWide(head) ? &kWide : nullptr;
 }
 
-std::string Sentences(std::string_view first, std::string_view second) {
-  return std::string(first) + (first.empty() ? "" : "  ") + std::string(second);
+std::string Sentences(const char* first, const char* second) {
+  const std::string told = Tr(first);
+  return told + (told.empty() ? "" : "  ") + Tr(second);
 }
 
 }  // namespace
@@ -104,9 +120,10 @@ std::string ForeignKindAdvice(std::string_view head) {
 std::string ForeignListAdvice(std::string_view head) {
   const Advice* advice = AdviceOn(head);
   if (advice == nullptr) return {};
-  return Sentences(advice->What, advice->What == kWide.What
-                                     ? kWide.ToDo
-                                     : "Save the words as a text file (.txt) with one entry a line.");
+  return Sentences(advice->What,
+                   std::string_view(advice->What) == kWide.What
+                       ? kWide.ToDo
+                       : TrLater("Save the words as a text file (.txt) with one entry a line."));
 }
 
 }  // namespace korv

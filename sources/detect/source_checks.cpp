@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/size_text.h"
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
 #include "sources/questions.h"
@@ -41,10 +42,13 @@ std::string SubfoldersText(const std::vector<path>& subfolders) {
   names.reserve(subfolders.size());
   for (const path& name : subfolders) names.push_back(PathToText(name));
   std::ranges::sort(names);
-  std::string text = names.size() == 1 ? "It holds 1 subfolder: "
-                                       : "It holds " + std::to_string(names.size()) + " subfolders: ";
-  for (size_t i = 0; i < std::min(kNamed, names.size()); ++i) text += (i == 0 ? "" : ", ") + names[i];
-  return text + (names.size() > kNamed ? ", ..." : ".");
+  std::string named;
+  for (size_t i = 0; i < std::min(kNamed, names.size()); ++i) named += (i == 0 ? "" : ", ") + names[i];
+  const uint64_t count = names.size();
+  return Fill(count > kNamed
+                  ? TrCount("It holds %1 subfolder: %2, ...", "It holds %1 subfolders: %2, ...", count)
+                  : TrCount("It holds %1 subfolder: %2.", "It holds %1 subfolders: %2.", count),
+              {std::to_string(count), named});
 }
 
 }  // namespace
@@ -85,18 +89,19 @@ void ShowInputFileError(Messages& messages, InputFileCode code, std::string_view
     case InputFileCode::Valid:
       break;
     case InputFileCode::InvalidSpecification:
-      Complain(messages, "Invalid input file specification.", "Invalid input");
+      Complain(messages, Tr("Invalid input file specification."), Tr("Invalid input"));
       break;
     case InputFileCode::NotFound:
-      Complain(messages, "Input file does not exist.", "File not found");
+      Complain(messages, Tr("Input file does not exist."), Tr("File not found"));
       break;
     case InputFileCode::NotSpecifiedOrEmpty:
-      Complain(messages,
-               TrimmedPath(inputPath).empty() ? "Input file not specified." : "Input file is zero-length.",
-               "Error");
+      Complain(
+          messages,
+          TrimmedPath(inputPath).empty() ? Tr("Input file not specified.") : Tr("Input file is zero-length."),
+          Tr("Error"));
       break;
     case InputFileCode::SameAsOutput:
-      Complain(messages, "The output file cannot be the same as the input file.", "Error");
+      Complain(messages, Tr("The output file cannot be the same as the input file."), Tr("Error"));
       break;
   }
 }
@@ -105,25 +110,27 @@ bool ValidateFolder(FileSystem& files, Messages& messages, std::string_view fold
                     std::string_view outputPath, bool includeSubfolders, bool offersSubfolders) {
   const std::string folder = TrimmedFolderPath(folderPath);
   if (folder.empty()) {
-    Complain(messages, "Folder not specified.", "Error");
+    Complain(messages, Tr("Folder not specified."), Tr("Error"));
     return false;
   }
   if (!files.FolderExists(PathFromText(folder))) {
-    Complain(messages, "Folder does not exist", "Invalid input");
+    Complain(messages, Tr("Folder does not exist"), Tr("Invalid input"));
     return false;
   }
   const Expected<FolderListing, FileError> listing = files.ListFolder(PathFromText(folder));
   if (!listing) {
-    Complain(messages, "Folder cannot be read (" + listing.Error().Description + ").", "Invalid input");
+    Complain(messages, Fill(Tr("Folder cannot be read (%1)."), {listing.Error().Description}),
+             Tr("Invalid input"));
     return false;
   }
   if (listing->Files.empty()) {
-    Message refusal{.Text = "Folder contains no files.", .Title = "Nothing to do", .Icon = Icon::Information};
+    Message refusal{
+        .Text = Tr("Folder contains no files."), .Title = Tr("Nothing to do"), .Icon = Icon::Information};
     if (offersSubfolders && !listing->Subfolders.empty()) {
       refusal.Addition = SubfoldersText(listing->Subfolders);
       if (includeSubfolders) {
         refusal.Question = questions::kOnlySubfolders;
-        refusal.ExtraButton = "Count the subfolders";
+        refusal.ExtraButton = Tr("Count the subfolders");
       }
     }
     if (messages.Show(refusal) != Answer::Extra) return false;
@@ -164,20 +171,19 @@ bool ValidateOutputBeside(const FileSystem& files, Messages& messages, std::span
 }
 
 void ShowOutputInFolder(Messages& messages) {
-  Complain(messages, "The output file cannot be in the folder or a subfolder.", "Invalid output file",
+  Complain(messages, Tr("The output file cannot be in the folder or a subfolder."), Tr("Invalid output file"),
            Icon::Information);
 }
 
 bool ShowMultipleFilesNeedOutput(Messages& messages, bool offersWindow) {
-  Message refusal{.Text =
-                      "When scanning multiple files or folders\n"
-                      "you must specify an output file in case\n"
-                      "the text window will not hold the result.",
-                  .Title = "Multiple files/folders",
+  Message refusal{.Text = Tr("When scanning multiple files or folders\n"
+                             "you must specify an output file in case\n"
+                             "the text window will not hold the result."),
+                  .Title = Tr("Multiple files/folders"),
                   .Icon = Icon::Exclamation};
   if (offersWindow) {
     refusal.Question = questions::kSeveralFiles;
-    refusal.ExtraButton = "Show in the window only";
+    refusal.ExtraButton = Tr("Show in the window only");
   }
   return messages.Show(refusal) == Answer::Extra;
 }
@@ -194,11 +200,14 @@ bool CheckClipboardText(std::string_view text, Messages& messages, const NumberF
   const auto length = static_cast<int64_t>(CharacterCount(text));
   if (length <= limit) return true;
   Complain(messages,
-           "There are " + format.Grouped(length) +
-               " characters in the text on the clipboard.\nThe maximum permitted is " +
-               format.Grouped(limit) +
-               ".  If possible,\ncount word frequencies for this text using an input file.",
-           "Too much clipboard text", Icon::None);
+           Fill(TrCount("There is %1 character in the text on the clipboard.",
+                        "There are %1 characters in the text on the clipboard.", CharacterCount(text)),
+                {format.Grouped(length)}) +
+               "\n" +
+               Fill(Tr("The maximum permitted is %1.  If possible,\n"
+                       "count word frequencies for this text using an input file."),
+                    {format.Grouped(limit)}),
+           Tr("Too much clipboard text"), Icon::None);
   return false;
 }
 
@@ -215,50 +224,55 @@ bool IsNaturalLanguage(std::string_view text, size_t characters) {
   return letter && controls * 100 <= seen;
 }
 
-bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters,
-                          std::string_view place, std::string addition) {
+bool CheckNaturalLanguage(std::string_view text, Messages& messages, size_t characters, TextPlace place,
+                          std::string addition) {
+  const bool copied = place == TextPlace::Clipboard;
   if (text.empty()) {
-    Complain(messages, "There is no text on " + std::string(place) + ".", "Invalid input");
+    Complain(messages,
+             copied ? Tr("There is no text on the clipboard.") : Tr("There is no text on standard input."),
+             Tr("Invalid input"));
     return false;
   }
   if (IsNaturalLanguage(text, characters)) return true;
-  messages.Show({.Text = "The text on " + std::string(place) +
-                         " does not consist\n"
-                         "solely of natural language words.",
-                 .Title = "Invalid input",
+  messages.Show({.Text = copied ? Tr("The text on the clipboard does not consist\n"
+                                     "solely of natural language words.")
+                                : Tr("The text on standard input does not consist\n"
+                                     "solely of natural language words."),
+                 .Title = Tr("Invalid input"),
                  .Icon = Icon::Exclamation,
                  .Addition = std::move(addition)});
   return false;
 }
 
 Answer AskLargeInput(Messages& messages) {
-  return messages.Show({.Text = "The input file is quite large.  It is advisable to specify an output file "
-                                "before continuing, in case the text window will not hold the result. "
-                                "Do you wish to specify an output file?",
-                        .Title = "Large input file",
-                        .Icon = Icon::Question,
-                        .Buttons = Buttons::YesNoCancel,
-                        .DefaultAnswer = Answer::Yes,
-                        .Question = questions::kLargeInput});
+  return messages.Show(
+      {.Text = Tr("The input file is quite large.  It is advisable to specify an output file "
+                  "before continuing, in case the text window will not hold the result. "
+                  "Do you wish to specify an output file?"),
+       .Title = Tr("Large input file"),
+       .Icon = Icon::Question,
+       .Buttons = Buttons::YesNoCancel,
+       .DefaultAnswer = Answer::Yes,
+       .Question = questions::kLargeInput});
 }
 
 std::string FileKindWhileReading(bool isUtf8) {
-  return isUtf8 ? "This is a UTF8 file." : "";
+  return isUtf8 ? Tr("This is a UTF8 file.") : "";
 }
 
 std::string FileKindAfterRun(bool isUtf8, TextFileCode code) {
-  if (isUtf8) return "This is a UTF-8 text file.";
-  if (code == TextFileCode::UnixText) return "This is a Unix-type file.";
-  if (code == TextFileCode::MacText) return "This is a Macintosh-type file.";
+  if (isUtf8) return Tr("This is a UTF-8 text file.");
+  if (code == TextFileCode::UnixText) return Tr("This is a Unix-type file.");
+  if (code == TextFileCode::MacText) return Tr("This is a Macintosh-type file.");
   return {};
 }
 
 std::string FileSizeLabel(uint64_t bytes, const NumberFormat& format) {
-  return "Filesize: " + FormatByteCount(bytes, format);
+  return Fill(Tr("Filesize: %1"), {FormatByteCount(bytes, format)});
 }
 
 std::string TextSizeLabel(uint64_t bytes, const NumberFormat& format) {
-  return "Text: " + FormatByteCount(bytes, format);
+  return Fill(Tr("Text: %1"), {FormatByteCount(bytes, format)});
 }
 
 }  // namespace korv

@@ -67,11 +67,13 @@ bool CheckClipboardText(std::string_view text, Messages& messages, const NumberF
 /// Whether the text consists of words: among its first `characters` there is at least one letter, and at most
 /// 1 % of them are control characters other than line ends, tabs, form feeds and backspaces.
 bool IsNaturalLanguage(std::string_view text, size_t characters);
+/// Where a text comes from that is no file.
+enum class TextPlace { Clipboard, StandardInput };
 /// The same of a text that must not be empty. If not, shows a message that names `place`. `addition` is a
 /// line below the message for text that is no words.
 bool CheckNaturalLanguage(std::string_view text, Messages& messages,
-                          size_t characters = std::string_view::npos,
-                          std::string_view place = "the clipboard", std::string addition = {});
+                          size_t characters = std::string_view::npos, TextPlace place = TextPlace::Clipboard,
+                          std::string addition = {});
 
 /// Asks whether to name an output file for a large input: Yes, No (go on without) or Cancel.
 Answer AskLargeInput(Messages& messages);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/size_text.h"
+#include "base/translation.h"
 #include "sources/detect/foreign_kind.h"
 #include "sources/questions.h"
 
@@ -10,19 +11,12 @@ namespace korv {
 
 namespace {
 
-constexpr std::string_view kBreak = "\n";
 // Up to this size reading a text through another program is worth proposing.
 constexpr uint64_t kSmallEnoughToCopy = 102400;
 constexpr double kMostlyText = 9.0;
 // Files with LF line ends of more than the first size are slow, of more than the second refused.
 constexpr uint64_t kSlowUnixBytes = 256000;
 constexpr uint64_t kMostUnixBytes = 512000;
-
-std::string Text(std::initializer_list<std::string_view> parts) {
-  std::string text;
-  for (const std::string_view part : parts) text += part;
-  return text;
-}
 
 void Inform(Messages& messages, std::string text, std::string title, std::string addition = {}) {
   messages.Show({.Text = std::move(text),
@@ -35,19 +29,19 @@ void Inform(Messages& messages, std::string text, std::string title, std::string
 std::string FatalText(TextFileCode code, std::string_view path) {
   switch (code) {
     case TextFileCode::NotFound:
-      return Text({"File ", path, " not found."});
+      return Fill(Tr("File %1 not found."), {path});
     case TextFileCode::ZeroLength:
-      return Text({"File ", path, " is zero-length."});
+      return Fill(Tr("File %1 is zero-length."), {path});
     case TextFileCode::PermissionDenied:
-      return Text({"File ", path, kBreak, " cannot be opened (permission denied)."});
+      return Fill(Tr("File %1\n cannot be opened (permission denied)."), {path});
     case TextFileCode::TooShort:
-      return Text({"File ", path, kBreak, "contains only from 1 to 4 bytes."});
+      return Fill(Tr("File %1\ncontains only from 1 to 4 bytes."), {path});
     case TextFileCode::CannotOpen:
-      return Text({"File ", path, kBreak, "cannot be opened."});
+      return Fill(Tr("File %1\ncannot be opened."), {path});
     case TextFileCode::Rtf:
-      return Text({"File ", path, kBreak, "is an RTF file."});
+      return Fill(Tr("File %1\nis an RTF file."), {path});
     case TextFileCode::UnicodeNotUtf8:
-      return Text({"File ", path, kBreak, "is a Unicode file but not UTF-8 encoded."});
+      return Fill(Tr("File %1\nis a Unicode file but not UTF-8 encoded."), {path});
     default:
       return {};
   }
@@ -55,13 +49,14 @@ std::string FatalText(TextFileCode code, std::string_view path) {
 
 std::string CopyAdvice(double anomalyPercent, uint64_t size) {
   if (anomalyPercent >= kMostlyText || size == 0 || size >= kSmallEnoughToCopy) return {};
-  return "You could try reading it using its associated application, then copying the text and pasting it "
-         "into the textbox (then copy it to the clipboard and select 'Clipboard' as the source).";
+  return Tr(
+      "You could try reading it using its associated application, then copying the text and pasting it "
+      "into the textbox (then copy it to the clipboard and select 'Clipboard' as the source).");
 }
 
 std::string NotTextText(std::string_view path, const TextFacts& facts, double threshold, uint64_t size) {
-  std::string text = Text({path, kBreak, "is not an ANSI or UTF-8 encoded text file."});
-  if (facts.AnomalyPercent > threshold) text += "\nIt appears to be a binary file.";
+  std::string text = Fill(Tr("%1\nis not an ANSI or UTF-8 encoded text file."), {path});
+  if (facts.AnomalyPercent > threshold) text.append("\n").append(Tr("It appears to be a binary file."));
   const std::string advice = CopyAdvice(facts.AnomalyPercent, size);
   if (!advice.empty()) text += "\n\n" + advice;
   return text;
@@ -69,17 +64,32 @@ std::string NotTextText(std::string_view path, const TextFacts& facts, double th
 
 void ShowMacNotice(Messages& messages, std::string_view path) {
   Inform(messages,
-         Text({"File ", path, kBreak, "has Macintosh-type line endings (CR).", kBreak, kBreak,
-               "You might wish to use a program such as Notepad++", kBreak,
-               "to convert the line endings to Windows-type (CR+LF)."}),
-         "This is a Mac-style text file");
+         Fill(Tr("File %1\n"
+                 "has Macintosh-type line endings (CR).\n\n"
+                 "You might wish to use a program such as Notepad++\n"
+                 "to convert the line endings to Windows-type (CR+LF)."),
+              {path}),
+         Tr("This is a Mac-style text file"));
 }
 
-std::string UnixText(std::string_view path, std::string_view size, std::string_view consequence,
-                     std::string_view advice) {
-  return Text({"File ", path, kBreak, "has Unix-type line endings (LF).", kBreak, kBreak,
-               "The size of this file is ", size, kBreak, consequence, kBreak, kBreak, advice, kBreak,
-               "to convert the line endings to Windows-type (CR+LF)."});
+std::string SlowUnixText(std::string_view path, std::string_view size) {
+  return Fill(Tr("File %1\n"
+                 "has Unix-type line endings (LF).\n\n"
+                 "The size of this file is %2\n"
+                 "so processing of this file might be rather slow.\n\n"
+                 "It is advisable to use a program such as Notepad++\n"
+                 "to convert the line endings to Windows-type (CR+LF)."),
+              {path, size});
+}
+
+std::string LongUnixText(std::string_view path, std::string_view size) {
+  return Fill(Tr("File %1\n"
+                 "has Unix-type line endings (LF).\n\n"
+                 "The size of this file is %2\n"
+                 "so processing of this file would take a long time.\n\n"
+                 "You can process this file by first using a program such as Notepad++\n"
+                 "to convert the line endings to Windows-type (CR+LF)."),
+              {path, size});
 }
 
 // Whether a file with LF line ends is short enough, or wanted all the same.
@@ -87,28 +97,24 @@ bool PassesUnixSize(TextFileCheck& check, const std::string& path, uint64_t size
   if (size <= kSlowUnixBytes) return true;
   const std::string sizeText = FormatByteCount(size, check.Format);
   if (size > kMostUnixBytes) {
-    Inform(check.Messages,
-           UnixText(path, sizeText, "so processing of this file would take a long time.",
-                    "You can process this file by first using a program such as Notepad++"),
-           "Cannot process this file");
+    Inform(check.Messages, LongUnixText(path, sizeText), Tr("Cannot process this file"));
     return false;
   }
-  const std::string text = UnixText(path, sizeText, "so processing of this file might be rather slow.",
-                                    "It is advisable to use a program such as Notepad++");
+  const std::string text = SlowUnixText(path, sizeText);
   if (!askToContinue) {
-    Inform(check.Messages, text, "This is a Unix-style file");
+    Inform(check.Messages, text, Tr("This is a Unix-style file"));
     return true;
   }
-  const std::string title = "This is a Unix-style text file";
+  const std::string title = Tr("This is a Unix-style text file");
   const Answer answer =
-      check.Messages.Show({.Text = text + "\n\nDo you wish to continue processing this file?",
+      check.Messages.Show({.Text = text + "\n\n" + Tr("Do you wish to continue processing this file?"),
                            .Title = title,
                            .Icon = Icon::Question,
                            .Buttons = Buttons::YesNo,
                            .DefaultAnswer = Answer::No,
                            .Question = questions::kLargeWordList});
   if (answer == Answer::Yes) return true;
-  check.Messages.Show({.Text = "Operation canceled.", .Title = title});
+  check.Messages.Show({.Text = Tr("Operation canceled."), .Title = title});
   return false;
 }
 
@@ -130,9 +136,9 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
   if (!IsReadableText(code)) {
     const std::string fatal = FatalText(code, name);
     if (!fatal.empty())
-      Inform(check.Messages, fatal, "Fatal error", ForeignListAdvice(opened.Head));
+      Inform(check.Messages, fatal, Tr("Fatal error"), ForeignListAdvice(opened.Head));
     else if (code == TextFileCode::NotText)
-      Inform(check.Messages, NotTextText(name, opened.Facts, kWordListThreshold, size), "Not a text file",
+      Inform(check.Messages, NotTextText(name, opened.Facts, kWordListThreshold, size), Tr("Not a text file"),
              ForeignListAdvice(opened.Head));
     return false;
   }
@@ -151,11 +157,11 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
 Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::string_view head,
                           uint64_t size, const NumberFormat& format) {
   Message message;
-  message.Title = "Invalid input file";
+  message.Title = Tr("Invalid input file");
   message.Icon = Icon::Information;
   switch (facts.Code) {
     case TextFileCode::ZeroLength:
-      message.Text = "This is a zero-length file.";
+      message.Text = Tr("This is a zero-length file.");
       break;
     case TextFileCode::TooShort:
       message.Text = FatalText(facts.Code, path);
@@ -163,25 +169,26 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::
     case TextFileCode::Rtf:
     case TextFileCode::UnicodeNotUtf8:
       message.Text = FatalText(facts.Code, path);
-      message.Title = "Not a text file";
+      message.Title = Tr("Not a text file");
       message.Addition = ForeignKindAdvice(head);
       break;
     case TextFileCode::NotText:
-      message.Text = path + " is not a text file.\n\n";
+      message.Text = Fill(Tr("%1 is not a text file."), {path}) + "\n\n";
       if (facts.AnomalyPercent > kRunThreshold) {
         message.Text +=
-            Text({"This file contains a byte", NumberWithBlank(facts.FirstAnomalousByte), " at position",
-                  NumberWithBlank(facts.AnomalyPosition), ", ",
-                  "indicating that it does not consist solely of text.  ",
-                  "The percentage of such anomalous bytes in the first", NumberWithBlank(kScannedBytes),
-                  " bytes is ", PercentText(facts.AnomalyPercent, format), "%.", kBreak, kBreak});
+            Fill(Tr("This file contains a byte %1 at position %2, indicating that it does not consist solely "
+                    "of "
+                    "text.  The percentage of such anomalous bytes in the first %3 bytes is %4%."),
+                 {std::to_string(facts.FirstAnomalousByte), std::to_string(facts.AnomalyPosition),
+                  std::to_string(kScannedBytes), PercentText(facts.AnomalyPercent, format)}) +
+            "\n\n";
       }
       message.Text += CopyAdvice(facts.AnomalyPercent, size);
-      message.Title = "Not a text file";
+      message.Title = Tr("Not a text file");
       message.Addition = ForeignKindAdvice(head);
       break;
     default:
-      message.Text = "This file cannot be opened.";
+      message.Text = Tr("This file cannot be opened.");
       break;
   }
   return message;
@@ -190,19 +197,19 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::
 std::string_view SkipReason(TextFileCode code) {
   switch (code) {
     case TextFileCode::ZeroLength:
-      return "is zero-length";
+      return TrLater("is zero-length");
     case TextFileCode::TooShort:
-      return "contains only from 1 to 4 bytes";
+      return TrLater("contains only from 1 to 4 bytes");
     case TextFileCode::PermissionDenied:
-      return "cannot be opened (permission denied)";
+      return TrLater("cannot be opened (permission denied)");
     case TextFileCode::NotText:
-      return "is not a text file";
+      return TrLater("is not a text file");
     case TextFileCode::Rtf:
-      return "is an RTF file";
+      return TrLater("is an RTF file");
     case TextFileCode::UnicodeNotUtf8:
-      return "is a Unicode file but not UTF-8 encoded";
+      return TrLater("is a Unicode file but not UTF-8 encoded");
     default:
-      return "cannot be opened";
+      return TrLater("cannot be opened");
   }
 }
 

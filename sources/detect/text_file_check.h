@@ -33,7 +33,8 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
 Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::string_view head,
                           uint64_t size, const NumberFormat& format);
 
-/// Why a folder run skips such a file: "is zero-length", "is not a text file" and so on.
+/// Why a folder run skips such a file: "is zero-length", "is not a text file" and so on. In English, as
+/// tables name it too; given to Tr() where it is shown.
 std::string_view SkipReason(TextFileCode code);
 
 }  // namespace korv

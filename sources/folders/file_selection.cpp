@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 #include "sources/detect/classification.h"
 
@@ -17,12 +18,8 @@ size_t AfterCharacter(std::string_view text, size_t at) {
   return at;
 }
 
-void ComplainOf(std::string_view kind, std::string_view pattern, Messages& messages) {
-  std::string text(kind);
-  text += " pattern '";
-  text += pattern;
-  text += "' contains an invalid character.";
-  messages.Show({.Text = text, .Title = "Invalid input", .Icon = Icon::Exclamation});
+void Complain(std::string text, Messages& messages) {
+  messages.Show({.Text = std::move(text), .Title = Tr("Invalid input"), .Icon = Icon::Exclamation});
 }
 
 }  // namespace
@@ -51,13 +48,13 @@ std::string JoinPatterns(std::span<const std::string> patterns) {
 bool ValidatePatterns(const FileSelection& selection, Messages& messages) {
   for (const std::string& pattern : selection.Patterns) {
     if (pattern.find_first_of("~,;/\\<>`") != std::string::npos) {
-      ComplainOf("File", pattern, messages);
+      Complain(Fill(Tr("File pattern '%1' contains an invalid character."), {pattern}), messages);
       return false;
     }
   }
   for (const std::string& text : selection.Exclusions) {
     if (text.find_first_of("*?") != std::string::npos) {
-      ComplainOf("Folder", text, messages);
+      Complain(Fill(Tr("Folder pattern '%1' contains an invalid character."), {text}), messages);
       return false;
     }
   }
@@ -66,9 +63,9 @@ bool ValidatePatterns(const FileSelection& selection, Messages& messages) {
 
 void WarnAboutDocPattern(std::string_view typed, Messages& messages) {
   if (!typed.ends_with(".doc") && typed.find(".doc,") == std::string_view::npos) return;
-  messages.Show({.Text = "This software does not process .doc files.  To process\n"
-                         "Word .doc files they should first be converted to .docx files.",
-                 .Title = "Match file patterns",
+  messages.Show({.Text = Tr("This software does not process .doc files.  To process\n"
+                            "Word .doc files they should first be converted to .docx files."),
+                 .Title = Tr("Match file patterns"),
                  .Icon = Icon::Information});
 }
 

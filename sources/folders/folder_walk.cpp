@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 
 namespace korv {
@@ -40,7 +41,7 @@ FolderWalk::FolderWalk(FileSystem& files, Yielder& yielder, FileSelection select
 
 FolderTotals FolderWalk::ProcessFolder(const fs::path& folder, WalkMode mode, const FolderEvents& events) {
   const bool counting = mode == WalkMode::Counting;
-  if (counting && events.Say) events.Say("Counting files . . .");
+  if (counting && events.Say) events.Say(Tr("Counting files . . ."));
   FolderTotals totals;
   Walk(folder, events, totals);
   if (counting && totals.Stopped && events.Say) events.Say(StoppedCountingText(totals.Files));
@@ -98,17 +99,17 @@ std::string FolderAbbreviated(const fs::path& path, const fs::path& folder) {
 }
 
 std::string WillBeScannedText(uint64_t count, const NumberFormat& format) {
-  if (count == 0) return "No files will be scanned.";
-  return format.Grouped(static_cast<int64_t>(count)) + (count == 1 ? " file" : " files") +
-         " will be scanned.";
+  if (count == 0) return Tr("No files will be scanned.");
+  return Fill(TrCount("%1 file will be scanned.", "%1 files will be scanned.", count),
+              {format.Grouped(static_cast<int64_t>(count))});
 }
 
 std::string StoppedCountingText(uint64_t count) {
-  return "Stopped while counting files (so far: " + std::to_string(count) + ").";
+  return Fill(Tr("Stopped while counting files (so far: %1)."), {std::to_string(count)});
 }
 
 std::string UnreadableFolderText(const fs::path& path, const FileError& error) {
-  return "Folder " + PathToText(path) + " cannot be read (" + error.Description + ").";
+  return Fill(Tr("Folder %1 cannot be read (%2)."), {PathToText(path), error.Description});
 }
 
 }  // namespace korv

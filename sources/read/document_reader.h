@@ -46,7 +46,7 @@ struct DocumentRefusal {
   std::function<Message(const NumberFormat&)> MessageAlone;
   /// Shown in a folder run, for the first such document only. Without text nothing is shown.
   Message MessageOnce;
-  /// "is zero-length": why a folder run skips the file.
+  /// "is zero-length": why a folder run skips the file, in English as SkipReason() says.
   std::string_view SkipReason;
 };
 

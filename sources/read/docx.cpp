@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/translation.h"
 #include "platform/zip.h"
 #include "sources/detect/classification.h"
 #include "sources/questions.h"
@@ -60,9 +61,10 @@ Expected<ZipMember, ZipError> OpenMainPart(ZipArchive& archive) {
 }
 
 bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
-  return messages.Show({.Text = path + "\nis rather large.  It may take awhile to scan.\n"
-                                       "Do you wish to continue?",
-                        .Title = "Big file",
+  return messages.Show({.Text = Fill(Tr("%1\nis rather large.  It may take awhile to scan.\n"
+                                        "Do you wish to continue?"),
+                                     {path}),
+                        .Title = Tr("Big file"),
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,
                         .DefaultAnswer = Answer::No,
@@ -70,25 +72,26 @@ bool AskWhetherLargeIsWanted(Messages& messages, const std::string& path) {
 }
 
 void AdviseToSaveAsText(Messages& messages) {
-  messages.Show({.Text = "You could try saving it as a text file\n"
-                         "and applying this program to that text file.",
-                 .Title = "Big file"});
+  messages.Show({.Text = Tr("You could try saving it as a text file\n"
+                            "and applying this program to that text file."),
+                 .Title = Tr("Big file")});
 }
 
 void ReportRemoval(Messages& messages, std::string text) {
-  messages.Show({.Text = std::move(text), .Title = "Error", .Icon = Icon::Exclamation});
+  messages.Show({.Text = std::move(text), .Title = Tr("Error"), .Icon = Icon::Exclamation});
 }
 
 void RemoveFile(FileSystem& files, Messages& messages, const fs::path& path) {
   const auto fault = files.Remove(path);
   if (fault && fault->Fault != FileFault::NotFound)
-    ReportRemoval(messages, "Error when attempting to delete " + PathToText(path));
+    ReportRemoval(messages, Fill(Tr("Error when attempting to delete %1"), {PathToText(path)}));
 }
 
 void RemoveFolder(FileSystem& files, Messages& messages, const fs::path& path) {
   const auto fault = files.Remove(path);
   if (fault && fault->Fault != FileFault::NotFound)
-    ReportRemoval(messages, fault->Description + " when attempting to delete folder " + PathToText(path));
+    ReportRemoval(messages,
+                  Fill(Tr("%1 when attempting to delete folder %2"), {fault->Description, PathToText(path)}));
 }
 
 }  // namespace
@@ -171,7 +174,7 @@ int32_t ExtractDocx(const DocxContext& context, const fs::path& path, std::uniqu
   if (!temp.Create(productWord)) {
     if (askIfLarge)
       context.Messages.Show(
-          {.Text = "Cannot create temporary folder.", .Title = "Error", .Icon = Icon::Critical});
+          {.Text = Tr("Cannot create temporary folder."), .Title = Tr("Error"), .Icon = Icon::Critical});
     return kDocxNoTemporaryFolder;
   }
   const auto refuse = [&](int32_t fault) {
@@ -235,23 +238,26 @@ std::optional<FileError> WriteExtractedText(FileSystem& files, const fs::path& d
 Message DocxRefusal(DocxFault fault, const std::string& path) {
   switch (fault) {
     case kDocxNoTemporaryFolder:
-      return {.Text = "Unable to create temporary folder.", .Title = "Error", .Icon = Icon::Exclamation};
+      return {
+          .Text = Tr("Unable to create temporary folder."), .Title = Tr("Error"), .Icon = Icon::Exclamation};
     case kDocxBadChecksum:
-      return {.Text = path + "\nInvalid checksum found when processing",
-              .Title = "Error",
+      return {.Text = Fill(Tr("%1\nInvalid checksum found when processing"), {path}),
+              .Title = Tr("Error"),
               .Icon = Icon::Exclamation};
     case kDocxTooLarge:
-      return {.Text = path +
-                      "\nis too large (more than 20 Mb) to be scanned directly.\n\n"
-                      "You might be able to save it as a text file\n"
-                      "and apply this program to that file.",
-              .Title = "File too big",
+      return {.Text = Fill(Tr("%1\nis too large (more than 20 Mb) to be scanned directly.\n\n"
+                              "You might be able to save it as a text file\n"
+                              "and apply this program to that file."),
+                           {path}),
+              .Title = Tr("File too big"),
               .Icon = Icon::Information};
     case kDocxNotUnpacked:
-      return {.Text = path + "\nis not a readable .docx file.", .Title = "Error", .Icon = Icon::Exclamation};
+      return {.Text = Fill(Tr("%1\nis not a readable .docx file."), {path}),
+              .Title = Tr("Error"),
+              .Icon = Icon::Exclamation};
     case kDocxNotStored:
-      return {.Text = path + "\ncould not be unpacked: no temporary file can be written.",
-              .Title = "Error",
+      return {.Text = Fill(Tr("%1\ncould not be unpacked: no temporary file can be written."), {path}),
+              .Title = Tr("Error"),
               .Icon = Icon::Exclamation};
     default:
       return {};
@@ -259,43 +265,41 @@ Message DocxRefusal(DocxFault fault, const std::string& path) {
 }
 
 Message DocxFolderRefusal(DocxFault fault, const std::string& path) {
-  std::string what;
+  const char* pattern = nullptr;
   switch (fault) {
     case kDocxNoTemporaryFolder:
-      what = "Unable to create temporary folder";
+      pattern = Tr("Unable to create temporary folder when processing %1");
       break;
     case kDocxBadChecksum:
-      what = "Invalid checksum found";
+      pattern = Tr("Invalid checksum found when processing %1");
       break;
     case kDocxTooLarge:
-      what = "File too big";
+      pattern = Tr("File too big when processing %1");
       break;
     case kDocxNotUnpacked:
-      what = "Not a readable .docx file";
+      pattern = Tr("Not a readable .docx file when processing %1");
       break;
     case kDocxNotStored:
-      what = "No temporary file can be written";
+      pattern = Tr("No temporary file can be written when processing %1");
       break;
     default:
       return {};
   }
-  return {.Text = what + " when processing " + std::string(FileNamePart(path)),
-          .Title = "Error",
-          .Icon = Icon::Exclamation};
+  return {.Text = Fill(pattern, {FileNamePart(path)}), .Title = Tr("Error"), .Icon = Icon::Exclamation};
 }
 
 std::string_view DocxSkipReason(DocxFault fault) {
   switch (fault) {
     case kDocxBadChecksum:
-      return "has an invalid checksum";
+      return TrLater("has an invalid checksum");
     case kDocxTooLarge:
     case kDocxDeclined:
-      return "is too large";
+      return TrLater("is too large");
     case kDocxNoTemporaryFolder:
     case kDocxNotStored:
-      return "could not be unpacked (no temporary file can be written)";
+      return TrLater("could not be unpacked (no temporary file can be written)");
     default:
-      return "is not a readable .docx file";
+      return TrLater("is not a readable .docx file");
   }
 }
 

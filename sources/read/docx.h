@@ -109,6 +109,7 @@ Message DocxRefusal(DocxFault fault, const std::string& path);
 /// The box of a folder run: "... when processing " and the file's name. Empty as above.
 Message DocxFolderRefusal(DocxFault fault, const std::string& path);
 /// Why a folder run skips it: "has an invalid checksum", "is too large", "is not a readable .docx file".
+/// In English, as SkipReason().
 std::string_view DocxSkipReason(DocxFault fault);
 
 }  // namespace korv

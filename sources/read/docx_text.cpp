@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/translation.h"
 #include "sources/questions.h"
 #include "sources/read/docx.h"
 #include "sources/read/xml_text.h"
@@ -140,9 +141,9 @@ class RunReader {
 };
 
 bool StopConfirmed(const DocxContext& context) {
-  const Answer answer = context.Messages.Show({.Text = "Many different words have been found.\n"
-                                                       "Do you really wish to stop?",
-                                               .Title = "Stop",
+  const Answer answer = context.Messages.Show({.Text = Tr("Many different words have been found.\n"
+                                                          "Do you really wish to stop?"),
+                                               .Title = Tr("Stop"),
                                                .Icon = Icon::Question,
                                                .Buttons = Buttons::YesNo,
                                                .DefaultAnswer = Answer::No,
