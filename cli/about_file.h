@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "base/translation.h"
 #include "platform/messages.h"
 
 namespace korv {
@@ -11,7 +12,7 @@ namespace korv {
 class AboutFile final : public Messages {
  public:
   /// `path` as the user gave it; `label` says what it is.
-  AboutFile(Messages& messages, std::string path, std::string label = "File")
+  AboutFile(Messages& messages, std::string path, std::string label = Tr("File"))
       : messages_(messages), path_(std::move(path)), label_(std::move(label)) {}
 
   Answer Show(const Message& message) override;

@@ -5,6 +5,7 @@
 #include <set>
 #include <string_view>
 
+#include "base/translation.h"
 #include "cli/nearest_name.h"
 
 namespace korv {
@@ -22,8 +23,8 @@ std::string NoSuchOption(std::string_view shown, std::span<const OptionName> opt
   std::string_view letters = shown;
   letters.remove_prefix(std::min(letters.find_first_not_of('-'), letters.size()));
   const std::string nearest(Nearest(letters, options));
-  return "there is no option " + std::string(shown) +
-         (nearest.empty() ? "" : "; did you mean --" + nearest + "?");
+  if (nearest.empty()) return Fill(Tr("there is no option %1"), {shown});
+  return Fill(Tr("there is no option %1; did you mean %2?"), {shown, "--" + nearest});
 }
 
 bool IsName(std::string_view argument) {
@@ -45,13 +46,20 @@ std::string FaultInNames(std::span<const std::string> arguments, std::span<const
     });
     if (option == options.end()) return NoSuchOption(isLong ? shown : argument, options);
     const bool holdsValue = shown.size() < argument.size();
+    const std::string name = "--" + option->Long;
     if (option->Value.empty()) {
-      if (isLong && holdsValue) return "--" + option->Long + " takes no value";
+      if (isLong && holdsValue) return Fill(Tr("%1 takes no value"), {name});
       continue;
     }
-    if (!given.insert(option->Long).second) return "--" + option->Long + " is given twice";
-    if (holdsValue) continue;
-    if (++i == arguments.size()) return "--" + option->Long + " needs a value: " + option->Value;
+    if (!given.insert(option->Long).second) return Fill(Tr("%1 is given twice"), {name});
+    const bool isLast = i + 1 == arguments.size();
+    if (holdsValue) {
+      if (isLong && isLast && argument.ends_with('='))
+        return Fill(Tr("%1: 1 required %2 missing"), {name, option->Value});
+      continue;
+    }
+    if (isLast) return Fill(Tr("%1 needs a value: %2"), {name, option->Value});
+    ++i;
   }
   return {};
 }

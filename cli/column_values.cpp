@@ -4,6 +4,7 @@
 #include <sstream>
 #include <string_view>
 
+#include "base/translation.h"
 #include "cli/nearest_name.h"
 #include "cli/option_values.h"
 #include "report/columns/column_keys.h"
@@ -20,9 +21,12 @@ const Column* ParseColumn(const std::string& name, const std::string& option) {
     known.push_back(column->Id);
   }
   const std::string nearest(NearestName(name, known));
-  RefuseValue(option, "there is no column '" + name + "'" +
-                          (nearest.empty() ? "" : "; did you mean " + nearest + "?") + "\nThe columns are: " +
-                          Joined(std::vector<std::string>(known.begin(), known.end()), " "));
+  const std::string fault = nearest.empty()
+                                ? Fill(Tr("there is no column '%1'"), {name})
+                                : Fill(Tr("there is no column '%1'; did you mean %2?"), {name, nearest});
+  RefuseValue(option, fault + "\n" +
+                          Fill(Tr("The columns are: %1"),
+                               {Joined(std::vector<std::string>(known.begin(), known.end()), " ")}));
 }
 
 }  // namespace
@@ -33,17 +37,18 @@ std::vector<const Column*> ParseColumns(const std::string& text, const std::stri
   for (std::string name; std::getline(names, name, ',');) {
     const Column* const column = ParseColumn(WithoutBlanksAround(name), option);
     if (std::ranges::find(columns, column) != columns.end())
-      RefuseValue(option, "'" + std::string(column->Id) + "' is given twice");
+      RefuseValue(option, Fill(Tr("'%1' is given twice"), {column->Id}));
     columns.push_back(column);
   }
-  if (columns.empty()) RefuseValue(option, "a column is needed");
+  if (columns.empty()) RefuseValue(option, Tr("a column is needed"));
   return columns;
 }
 
 SortColumn ParseSortColumn(const std::string& text, const std::string& option) {
   const size_t colon = std::min(text.find(':'), text.size());
   const Column* const column = ParseColumn(text.substr(0, colon), option);
-  if (!HasKeys(*column)) RefuseValue(option, "a table cannot be ordered by '" + text.substr(0, colon) + "'");
+  if (!HasKeys(*column))
+    RefuseValue(option, Fill(Tr("a table cannot be ordered by '%1'"), {text.substr(0, colon)}));
   if (colon == text.size()) return {column, UsualDirection(*column)};
   const std::string directions[] = {"asc", "desc"};
   return {column, ParseChoice(text.substr(colon + 1), option, directions) == 0 ? SortDirection::Ascending

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/translation.h"
 #include "engine/corpus/phrase_places.h"
 #include "sources/places/words_around.h"
 
@@ -84,9 +85,12 @@ std::string ContextTable::FileOf(Place place) const {
 
 void ContextTable::TellOnce(Place place, PlaceFault fault) {
   if (!told_.insert(corpus_.SourceAt(place)).second) return;
-  tell_(FileOf(place) +
-        (fault == PlaceFault::Changed ? " has changed since it was counted" : " cannot be read any more") +
-        ": its contexts are the words that were counted, without line and column.");
+  tell_(Fill(fault == PlaceFault::Changed
+                 ? Tr("%1 has changed since it was counted: its contexts are the words that were counted, "
+                      "without line and column.")
+                 : Tr("%1 cannot be read any more: its contexts are the words that were counted, without "
+                      "line and column."),
+             {FileOf(place)}));
 }
 
 }  // namespace korv

@@ -10,6 +10,7 @@
 #include "app/run/run_request.h"
 #include "app/texts/program_folder.h"
 #include "app/texts/program_text.h"
+#include "base/translation.h"
 #include "cli/about_file.h"
 #include "cli/answers.h"
 #include "cli/context_table.h"
@@ -42,6 +43,20 @@ namespace korv {
 namespace {
 
 constexpr const char* kName = "korv-count";
+
+/// What is said of a file that cannot be written.
+struct WrittenFile {
+  const char* Same;
+  const char* IsFolder;
+  const char* Exists;
+};
+
+constexpr WrittenFile kReportFile{TrLater("The output file cannot be the same as %1."),
+                                  TrLater("The output file %1 is a folder."),
+                                  TrLater("The output file %1 exists.  --force replaces it.")};
+constexpr WrittenFile kDescriptionFile{TrLater("The description cannot be the same as %1."),
+                                       TrLater("The description %1 is a folder."),
+                                       TrLater("The description %1 exists.  --force replaces it.")};
 
 class CountProgram {
  public:
@@ -86,14 +101,14 @@ class CountProgram {
     if (!named) return named.Error();
     if (named->Together) {
       if (!options_.SaveSettingsFile.empty())
-        return WrongUsage("--save-settings holds one file or folder, not several");
+        return WrongUsage(Tr("--save-settings holds one file or folder, not several"));
       settings_.SourceKind = TextSource::Folder;
       settings_.Folder.clear();
       together_ = std::move(named->Paths);
     } else if (!named->Paths.empty()) {
       PlacePath(named->Paths.front().Path);
     }
-    return options_.ListFiles && ReadsStandardInput() ? WrongUsage("standard input has no files to list")
+    return options_.ListFiles && ReadsStandardInput() ? WrongUsage(Tr("standard input has no files to list"))
                                                       : kExitReport;
   }
 
@@ -149,7 +164,7 @@ class CountProgram {
   void TellUnavailableFormat(int format) {
     const auto texts = ProgramTextFile::Load(env_.Files, env_.ProgramFolder / kProgramTextName);
     if (!texts) {
-      messages_.Show({.Text = texts.Error().Text(), .Title = "Error", .Icon = Icon::Critical});
+      messages_.Show({.Text = texts.Error().Text(), .Title = Tr("Error"), .Icon = Icon::Critical});
       return;
     }
     messages_.Show(UnavailableFormatMessage(texts->Get(DisplayFormatTextNumber(format))));
@@ -197,7 +212,7 @@ class CountProgram {
     env_.Out << std::flush;
     if (!env_.Out) return CannotWrite();
     if (!stopped) return kExitReport;
-    Tell("Stopped: these are not all files.");
+    Tell(Tr("Stopped: these are not all files."));
     return kExitInterrupted;
   }
 
@@ -211,7 +226,7 @@ class CountProgram {
     for (size_t i = 0; i < plan.Documents(); ++i) {
       const std::filesystem::path path = plan.Document(i).Path;
       if (!env_.Files.FileExists(path)) {
-        view_.Notice("File " + PathToText(path) + " does not exist.");
+        view_.Notice(Fill(Tr("File %1 does not exist."), {PathToText(path)}));
         continue;
       }
       ++there;
@@ -228,7 +243,7 @@ class CountProgram {
     if (!MakeRequest(request)) return kExitRefused;
     if (env_.Yielder.Stopped()) return kExitInterrupted;
     ReportOptions report = settings_.Report;
-    if (!SourceIsThere(request.OutputPath) || !MayBeWritten(request.OutputPath, "output file"))
+    if (!SourceIsThere(request.OutputPath) || !MayBeWritten(request.OutputPath, kReportFile))
       return kExitRefused;
     if (const int status = PlaceDescription(request.OutputPath); status != kExitReport) return status;
     if (!AskBeforeCounting(request, report, env_.Files, messages_)) return kExitRefused;
@@ -244,8 +259,8 @@ class CountProgram {
       case RunEnd::Counted:
         break;
       case RunEnd::Stopped:
-        Tell(options_.FromCounts.empty() ? "Stopped before a phrase was read: there is no report."
-                                         : "Stopped before all counts were read: there is no report.");
+        Tell(options_.FromCounts.empty() ? Tr("Stopped before a phrase was read: there is no report.")
+                                         : Tr("Stopped before all counts were read: there is no report."));
         return kExitInterrupted;
       default:
         return kExitRefused;
@@ -272,11 +287,11 @@ class CountProgram {
       case TextSource::SingleFile:
         return {messages_, TrimmedPath(settings_.InputFile)};
       case TextSource::Folder:
-        return {messages_, TrimmedFolderPath(settings_.Folder), "Folder"};
+        return {messages_, TrimmedFolderPath(settings_.Folder), Tr("Folder")};
       case TextSource::Clipboard:
         break;
     }
-    return {messages_, "standard input", "Source"};
+    return {messages_, Tr("standard input"), Tr("Source")};
   }
 
   RunServices Services(Messages& messages) {
@@ -373,23 +388,22 @@ class CountProgram {
     const char* const option = options_.DescribingOption();
     if (option == nullptr) return kExitReport;
     if (FormOf(options_, output) == nullptr) {
-      env_.Err << kName << ": " << option << ": the output file of settings is no table\n";
+      env_.Err << kName << ": " << option << ": " << Tr("the output file of settings is no table") << '\n';
       return kExitUsage;
     }
     description_ = options_.Describe ? DescriptionPath(PathFromText(output), env_.Files)
                                      : PathFromText(options_.DescribeTo);
     const std::string text = PathToText(description_);
     if (!output.empty() && PathsMeetInOneFile(env_.Files, output, text)) {
-      messages_.Show({.Text = "The description cannot be the same as " + output + ".",
-                      .Title = "Error",
+      messages_.Show({.Text = Fill(Tr("The description cannot be the same as %1."), {output}),
+                      .Title = Tr("Error"),
                       .Icon = Icon::Exclamation});
       return kExitRefused;
     }
-    return SourceIsThere(text) && MayBeWritten(text, "description") ? kExitReport : kExitRefused;
+    return SourceIsThere(text) && MayBeWritten(text, kDescriptionFile) ? kExitReport : kExitRefused;
   }
 
-  /// `what` names the file in messages.
-  bool MayBeWritten(const std::string& output, const std::string& what) {
+  bool MayBeWritten(const std::string& output, const WrittenFile& what) {
     if (output.empty()) return true;
     const std::filesystem::path path = PathFromText(output);
     std::vector<std::string> inputs = {options_.SettingsFile, options_.IgnoreFile, options_.CountOnlyFile};
@@ -397,21 +411,18 @@ class CountProgram {
     if (const std::string* list = settings_.WordsFile()) inputs.push_back(*list);
     for (const std::string& file : inputs) {
       if (file.empty() || !PathsMeetInOneFile(env_.Files, file, output)) continue;
-      messages_.Show({.Text = "The " + what + " cannot be the same as " + file + ".",
-                      .Title = "Error",
-                      .Icon = Icon::Exclamation});
+      messages_.Show({.Text = Fill(Tr(what.Same), {file}), .Title = Tr("Error"), .Icon = Icon::Exclamation});
       return false;
     }
     if (!path.has_filename() || env_.Files.FolderExists(path)) {
-      messages_.Show({.Text = "The " + what + " " + output + " is a folder.",
-                      .Title = "Error",
-                      .Icon = Icon::Exclamation});
+      messages_.Show(
+          {.Text = Fill(Tr(what.IsFolder), {output}), .Title = Tr("Error"), .Icon = Icon::Exclamation});
       return false;
     }
     // A device or a pipe has no size, and nothing in it that could be lost.
     if (!options_.Force && env_.Files.FileExists(path) && env_.Files.FileSize(path)) {
-      messages_.Show({.Text = "The " + what + " " + output + " exists.  --force replaces it.",
-                      .Title = "The output file exists.",
+      messages_.Show({.Text = Fill(Tr(what.Exists), {output}),
+                      .Title = Tr("The output file exists."),
                       .Icon = Icon::Exclamation});
       return false;
     }
@@ -427,9 +438,9 @@ class CountProgram {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
     const CutPhrase phrase = CutTypedPhrase(*options_.ContextOf, run_.Table.Corpus());
     if (phrase.Length == 0 || phrase.Length > static_cast<size_t>(kMostWords)) {
-      env_.Err << kName << ": --context-of: '" << WithVisibleControls(*options_.ContextOf)
-               << (phrase.Length == 0 ? "': the rules in force leave no word of it"
-                                      : "': that is more than 25 words")
+      env_.Err << kName << ": --context-of: '" << WithVisibleControls(*options_.ContextOf) << "': "
+               << (phrase.Length == 0 ? Tr("the rules in force leave no word of it")
+                                      : Tr("that is more than 25 words"))
                << '\n';
       return kExitUsage;
     }
@@ -458,7 +469,7 @@ class CountProgram {
       empty_ = result.List.Phrases == 0;
       TellPhraseShare(result.List);
       if (result.List.Outcome == ListOutcome::Stopped) {
-        Tell("Stopped: " + WithPlainLineEnds(StoppedFileText(result, options_.Numbers)));
+        Tell(Fill(Tr("Stopped: %1"), {WithPlainLineEnds(StoppedFileText(result, options_.Numbers))}));
         return kExitInterrupted;
       }
       return result.Written && result.Described != description_.empty() ? kExitReport : kExitRefused;
@@ -482,8 +493,9 @@ class CountProgram {
         !WriteDescription({table, run_.Facts, result, *digest, {}}, description_, env_.Files, messages_))
       return kExitRefused;
     if (result.Outcome != ListOutcome::Stopped) return kExitReport;
-    Tell("Stopped: the report ends after " + options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases)) +
-         (result.Phrases == 1 ? " phrase." : " phrases."));
+    Tell(Fill(TrCount("Stopped: the report ends after %1 phrase.",
+                      "Stopped: the report ends after %1 phrases.", result.Phrases),
+              {options_.Numbers.Grouped(static_cast<int64_t>(result.Phrases))}));
     return kExitInterrupted;
   }
 
@@ -492,11 +504,13 @@ class CountProgram {
   }
 
   int CannotWrite() {
-    messages_.Show({.Text = "Standard output cannot be written.", .Title = "Error", .Icon = Icon::Critical});
+    messages_.Show(
+        {.Text = Tr("Standard output cannot be written."), .Title = Tr("Error"), .Icon = Icon::Critical});
     return kExitRefused;
   }
 
   void TellStages() {
+    // Programs read them: they are the same in all languages.
     static constexpr const char* kStageNames[kRunStages] = {"reading and cutting", "counting", "sorting",
                                                             "exclusion",           "chain",    "writing"};
     for (int k = 0; k < kRunStages; ++k) {
@@ -530,7 +544,7 @@ int KorvCount(const std::vector<std::string>& arguments, const CountEnvironment&
     if (const int* status = std::get_if<int>(&parsed)) return *status;
     return CountProgram(std::get<CountOptions>(std::move(parsed)), environment).Run();
   } catch (const std::bad_alloc&) {
-    environment.Err << kName << ": Insufficient memory\n";
+    environment.Err << kName << ": " << Tr("Insufficient memory") << '\n';
   } catch (const std::exception& error) {
     environment.Err << kName << ": " << UnexpectedErrorText("KorvCount", kErrorUnexpected, error.what())
                     << '\n';

@@ -1,5 +1,6 @@
 #include "cli/count_view.h"
 
+#include "base/translation.h"
 #include "platform/console/console_messages.h"
 #include "platform/console/visible_controls.h"
 
@@ -23,24 +24,30 @@ std::string CountView::ProgressText() const {
     case RunStage::Reading:
       break;
     case RunStage::Counting:
-      return "Counting: " + grouped(table_.PhraseCount()) + " different phrases";
+      return Fill(
+          TrCount("Counting: %1 different phrases", "Counting: %1 different phrases", table_.PhraseCount()),
+          {grouped(table_.PhraseCount())});
     case RunStage::Sorting:
-      return "Sorting";
+      return Tr("Sorting");
     case RunStage::Exclusion:
-      return "Excluding redundant subphrases";
+      return Tr("Excluding redundant subphrases");
     case RunStage::Chain:
-      return "Setting up frequency chain";
+      return Tr("Setting up frequency chain");
     case RunStage::Writing:
-      return "Writing";
+      return Tr("Writing");
   }
-  if (progress_.CountingFiles) return "Counting files: " + grouped(progress_.FilesTotal);
-  std::string text = "Reading: ";
+  if (progress_.CountingFiles) return Fill(Tr("Counting files: %1"), {grouped(progress_.FilesTotal)});
+  const std::string amount =
+      progress_.Counts > 0
+          ? Fill(TrCount("%1 counts", "%1 counts", progress_.Counts), {grouped(progress_.Counts)})
+          : Fill(TrCount("%1 words", "%1 words", progress_.Words), {grouped(progress_.Words)});
   if (progress_.FilesTotal > 0)
-    text += grouped(progress_.FilesRead) + " of " + grouped(progress_.FilesTotal) + " files, ";
-  else if (progress_.BytesTotal > 0)
-    text += std::to_string(progress_.BytesRead * 100 / progress_.BytesTotal) + " %, ";
-  if (progress_.Counts > 0) return text + grouped(progress_.Counts) + " counts";
-  return text + grouped(progress_.Words) + " words";
+    return Fill(Tr("Reading: %1 of %2 files, %3"),
+                {grouped(progress_.FilesRead), grouped(progress_.FilesTotal), amount});
+  if (progress_.BytesTotal > 0)
+    return Fill(Tr("Reading: %1 %, %2"),
+                {std::to_string(progress_.BytesRead * 100 / progress_.BytesTotal), amount});
+  return Fill(Tr("Reading: %1"), {amount});
 }
 
 }  // namespace korv

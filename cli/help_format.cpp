@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "base/translation.h"
+#include "engine/text/unicode.h"
+
 namespace korv {
 
 namespace {
@@ -20,22 +23,22 @@ struct Line {
 };
 
 constexpr std::array kUsage = {
-    Line{"korv-count [OPTIONS] PATH...", "a file, a folder of files, or several together"},
-    Line{"korv-count [OPTIONS] -", "text from standard input, also among files"},
-    Line{"korv-count --settings FILE [OPTIONS]", "the source that the settings name"},
+    Line{"korv-count [OPTIONS] PATH...", TrLater("a file, a folder of files, or several together")},
+    Line{"korv-count [OPTIONS] -", TrLater("text from standard input, also among files")},
+    Line{"korv-count --settings FILE [OPTIONS]", TrLater("the source that the settings name")},
 };
 
 constexpr std::array kExamples = {
-    Line{"korv-count book.txt", "frequent phrases of 4 to 6 words"},
-    Line{"korv-count --words 2-8 -o phrases.csv texts/", "those of a folder, as a table"},
-    Line{"korv-count --context-of \"in the end\" book.txt", "where a phrase stands, line by line"},
+    Line{"korv-count book.txt", TrLater("frequent phrases of 4 to 6 words")},
+    Line{"korv-count --words 2-8 -o phrases.csv texts/", TrLater("those of a folder, as a table")},
+    Line{"korv-count --context-of \"in the end\" book.txt", TrLater("where a phrase stands, line by line")},
 };
 
-constexpr std::string_view kDefaults =
-    "The value in parentheses holds where neither an option nor --settings says more.";
-constexpr std::string_view kStatus =
+constexpr const char* kDefaults =
+    TrLater("The value in parentheses holds where neither an option nor --settings says more.");
+constexpr const char* kStatus = TrLater(
     "Exit status: 0 a report was made, 1 input or output was refused, 2 wrong usage, 3 nothing to list (with "
-    "--fail-if-empty), 130 stopped.";
+    "--fail-if-empty), 130 stopped.");
 
 }  // namespace
 
@@ -46,7 +49,7 @@ std::string HelpFormat::Explained(std::string_view line, std::string_view text, 
   // A narrow terminal has room for little beside the text.
   column = std::min(column, columns_ * kExampleColumn / kUsualColumns);
   std::string lines(line);
-  size_t used = line.size();
+  size_t used = CharacterCount(line);
   if (column > 0 && used + 1 > column) {
     lines += '\n';
     used = 0;
@@ -56,8 +59,9 @@ std::string HelpFormat::Explained(std::string_view line, std::string_view text, 
   for (bool first = true; !text.empty(); first = false) {
     const size_t end = std::min(text.find(' '), text.size());
     const std::string_view word = text.substr(0, end);
+    const size_t characters = CharacterCount(word);
     text.remove_prefix(std::min(end + 1, text.size()));
-    if (!first && used + 1 + word.size() > columns_) {
+    if (!first && used + 1 + characters > columns_) {
       lines += '\n' + std::string(column, ' ');
       used = column;
     } else if (!first) {
@@ -65,7 +69,7 @@ std::string HelpFormat::Explained(std::string_view line, std::string_view text, 
       ++used;
     }
     lines += word;
-    used += word.size();
+    used += characters;
   }
   return lines + '\n';
 }
@@ -73,16 +77,16 @@ std::string HelpFormat::Explained(std::string_view line, std::string_view text, 
 std::string HelpFormat::make_help(const CLI::App* app, std::string /*name*/,
                                   CLI::AppFormatMode /*mode*/) const {
   const std::string indent(kIndent, ' ');
-  std::string help = Paragraph(app->get_description()) + "\nUsage:\n";
-  for (const Line& line : kUsage) help += Explained(indent + line.Command, line.Text, kUsageColumn);
+  std::string help = Paragraph(app->get_description()) + "\n" + Tr("Usage:") + "\n";
+  for (const Line& line : kUsage) help += Explained(indent + line.Command, Tr(line.Text), kUsageColumn);
   for (const std::string& group : app->get_groups()) {
     const auto options = app->get_options(
         [&](const CLI::Option* option) { return option->get_group() == group && option->nonpositional(); });
-    if (!options.empty()) help += make_group(group, false, options);
+    if (!options.empty()) help += make_group(Tr(group.c_str()), false, options);
   }
-  help += "\n" + Paragraph(kDefaults) + Paragraph(kStatus) + "\nExamples:\n";
-  for (const Line& line : kExamples) help += Explained(indent + line.Command, line.Text, kExampleColumn);
-  return help + Paragraph("The manual page tells more: man korv-count");
+  help += "\n" + Paragraph(Tr(kDefaults)) + Paragraph(Tr(kStatus)) + "\n" + Tr("Examples:") + "\n";
+  for (const Line& line : kExamples) help += Explained(indent + line.Command, Tr(line.Text), kExampleColumn);
+  return help + Paragraph(Tr("The manual page tells more: man korv-count"));
 }
 
 std::string HelpFormat::make_option(const CLI::Option* option, bool isPositional) const {

@@ -42,7 +42,9 @@ int Count(int argc, char** argv) {
 
 [[noreturn]] void EndForLackOfMemory() noexcept {
   // Streams may want memory themselves.
-  std::fputs("korv-count: Insufficient memory\n", stderr);
+  std::fputs("korv-count: ", stderr);
+  std::fputs(korv::Tr("Insufficient memory"), stderr);
+  std::fputs("\n", stderr);
   korv::EndProcess(korv::kExitRefused);
 }
 

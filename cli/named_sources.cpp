@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/translation.h"
 #include "cli/path_list.h"
 #include "sources/detect/source_checks.h"
 #include "sources/folders/expand_pattern.h"
@@ -16,8 +17,13 @@ namespace {
 constexpr const char* kStandardInput = "-";
 
 bool Refuse(std::string text, Messages& messages) {
-  messages.Show({.Text = std::move(text), .Title = "Error", .Icon = Icon::Exclamation});
+  messages.Show({.Text = std::move(text), .Title = Tr("Error"), .Icon = Icon::Exclamation});
   return false;
+}
+
+bool RefuseList(const PathListFile& list, std::string_view why, Messages& messages) {
+  if (list.Path == kStandardInput) return Refuse(Fill(Tr("The list on standard input %1."), {why}), messages);
+  return Refuse(Fill(Tr("The list %1 %2."), {list.Path, why}), messages);
 }
 
 std::vector<std::string> PathsOfArguments(const CountOptions& options, const CountEnvironment& environment) {
@@ -36,26 +42,24 @@ bool AddPathsOf(const PathListFile& list, const CountEnvironment& environment, M
                 std::vector<std::string>& paths) {
   std::unique_ptr<InputFile> opened;
   InputFile* file = &environment.StandardInput;
-  std::string name = "The list on standard input ";
   if (list.Path != kStandardInput) {
-    name = "The list " + list.Path + " ";
     auto found = environment.Files.OpenForReading(PathFromText(list.Path));
-    if (!found) return Refuse(name + "cannot be read (" + found.Error().Description + ").", messages);
+    if (!found) return RefuseList(list, UnreadableListText(found.Error()), messages);
     opened = std::move(*found);
     file = opened.get();
   }
   auto read = ReadPathList(*file, list.Separator);
-  if (!read) return Refuse(name + read.Error() + ".", messages);
-  if (read->empty()) return Refuse(name + "names no file.", messages);
+  if (!read) return RefuseList(list, read.Error(), messages);
+  if (read->empty()) return RefuseList(list, Tr("names no file"), messages);
   paths.insert(paths.end(), std::make_move_iterator(read->begin()), std::make_move_iterator(read->end()));
   return true;
 }
 
-SourcePath SourceOf(std::string path, const FileSystem& files) {
-  if (path == kStandardInput) return {std::move(path), SourcePath::Kind::StandardInput};
+SourcePath SourceOf(const std::string& path, const FileSystem& files) {
+  if (path == kStandardInput) return {path, SourcePath::Kind::StandardInput};
   std::string folder = WithoutEndSeparators(path);
   if (files.FolderExists(PathFromText(folder))) return {std::move(folder), SourcePath::Kind::Folder};
-  return {std::move(path), SourcePath::Kind::File};
+  return {path, SourcePath::Kind::File};
 }
 
 }  // namespace
@@ -69,10 +73,10 @@ Expected<NamedSources, int> NamedSourcesOf(const CountOptions& options, const Co
   // Of the arguments alone it is known already.
   const auto readers = std::count(paths.begin(), paths.end(), kStandardInput);
   if (readers + (list && list->Path == kStandardInput ? 1 : 0) > 1) {
-    environment.Err << "korv-count: standard input can be read only once\n";
+    environment.Err << "korv-count: " << Tr("standard input can be read only once") << '\n';
     return kExitUsage;
   }
-  for (std::string& path : paths) named.Paths.push_back(SourceOf(std::move(path), environment.Files));
+  for (const std::string& path : paths) named.Paths.push_back(SourceOf(path, environment.Files));
   named.Together = list.has_value() || named.Paths.size() > 1;
   return named;
 }

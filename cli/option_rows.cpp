@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/translation.h"
 #include "cli/column_values.h"
 #include "cli/option_values.h"
 #include "cli/setting_options.h"
@@ -24,7 +25,7 @@ OptionRow File(const char* name, std::string CountOptions::*field, OptionGroup g
           .Group = group,
           .Help = help,
           .Take = [name, field](const std::string& text, CountOptions& options) {
-            if (text.empty()) RefuseValue(name, "a file is needed");
+            if (text.empty()) RefuseValue(name, Tr("a file is needed"));
             options.*field = text;
           }};
 }
@@ -66,17 +67,17 @@ OptionRow Text(const char* name, const char* valueName, OptionGroup group, std::
 
 std::vector<OptionRow> OwnSettings() {
   return {File("--settings", &CountOptions::SettingsFile, OptionGroup::Settings,
-               "A settings file, applied before the other options"),
+               Tr("A settings file, applied before the other options")),
           File("--save-settings", &CountOptions::SaveSettingsFile, OptionGroup::Settings,
-               "Write the resulting settings to a file"),
+               Tr("Write the resulting settings to a file")),
           Flag("--print-settings", &CountOptions::PrintSettings, OptionGroup::Settings,
-               "Print the resulting settings, NAME=VALUE a line, and exit")};
+               Tr("Print the resulting settings, NAME=VALUE a line, and exit"))};
 }
 
 /// Beside the options of both lengths.
 std::vector<OptionRow> OwnLengths() {
   OptionRow both = Text("--words", "N|N-M", OptionGroup::Phrases,
-                        "Fewest and most words of a phrase in one; not together with these",
+                        Tr("Fewest and most words of a phrase in one; not together with these"),
                         [](const std::string& text, CountOptions& options) {
                           const size_t dash = text.find('-');
                           const std::string most = dash == text.npos ? text : text.substr(dash + 1);
@@ -88,30 +89,30 @@ std::vector<OptionRow> OwnLengths() {
                         });
   both.Excludes = {"--min-words", "--max-words"};
   return {std::move(both), Flag("--keep-redundant", &CountOptions::KeepRedundant, OptionGroup::Phrases,
-                                "List phrases too that occur only within a longer one")};
+                                Tr("List phrases too that occur only within a longer one"))};
 }
 
 std::vector<OptionRow> OwnWordFiles() {
-  OptionRow common =
-      Text("--common-words", "LANGUAGE", OptionGroup::WordLists,
-           "Ignore the common words of a language, en de es pt it fr or all; not together with --ignore-file",
-           [](const std::string& text, CountOptions& options) {
-             options.CommonWordsOf = FindCommonWordsLanguage(text);
-             if (!options.CommonWordsOf)
-               RefuseValue("--common-words", "'" + text + "' is none of: en de es pt it fr all");
-           });
+  OptionRow common = Text(
+      "--common-words", "LANGUAGE", OptionGroup::WordLists,
+      Tr("Ignore the common words of a language, en de es pt it fr or all; not together with --ignore-file"),
+      [](const std::string& text, CountOptions& options) {
+        options.CommonWordsOf = FindCommonWordsLanguage(text);
+        if (!options.CommonWordsOf)
+          RefuseValue("--common-words", Fill(Tr("'%1' is none of: %2"), {text, "en de es pt it fr all"}));
+      });
   common.Excludes = {"--ignore-file"};
-  return {
-      File("--ignore-file", &CountOptions::IgnoreFile, OptionGroup::WordLists, "A file of words to ignore"),
-      std::move(common)};
+  return {File("--ignore-file", &CountOptions::IgnoreFile, OptionGroup::WordLists,
+               Tr("A file of words to ignore")),
+          std::move(common)};
 }
 
 std::vector<OptionRow> OwnCountOnly() {
   return {Text("--count-only", "TEXT", OptionGroup::WordLists,
-               "Words and phrases to count, separated by comma and blank",
+               Tr("Words and phrases to count, separated by comma and blank"),
                [](const std::string& text, CountOptions& options) { options.CountOnly = text; }),
           File("--count-only-file", &CountOptions::CountOnlyFile, OptionGroup::WordLists,
-               "A file of them, one a line")};
+               Tr("A file of them, one a line"))};
 }
 
 OptionRow PathList(const char* name, char separator, const char* help) {
@@ -120,53 +121,54 @@ OptionRow PathList(const char* name, char separator, const char* help) {
           .Group = OptionGroup::Sources,
           .Help = help,
           .Take = [name, separator](const std::string& text, CountOptions& options) {
-            if (text.empty()) RefuseValue(name, "a file is needed");
+            if (text.empty()) RefuseValue(name, Tr("a file is needed"));
             options.FilesFrom = PathListFile{text, separator};
           }};
 }
 
 std::vector<OptionRow> OwnSources() {
-  OptionRow withNul = PathList("--files0-from", '\0', "The same of paths that end in NUL");
+  OptionRow withNul = PathList("--files0-from", '\0', Tr("The same of paths that end in NUL"));
   withNul.Excludes = {"--files-from"};
   return {
       File("--from-counts", &CountOptions::FromCounts, OptionGroup::Sources,
-           "Read phrases and frequencies, separated by a tab, in place of PATH; - for standard input"),
+           Tr("Read phrases and frequencies, separated by a tab, in place of PATH; - for standard input")),
       Choices<EncodingChoice>(
           "--encoding", &CountOptions::Encoding,
           {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},
-          OptionGroup::Sources, "How text is encoded (auto)"),
+          OptionGroup::Sources, Tr("How text is encoded (auto)")),
       Choices<std::string>(
           "--type", &CountOptions::ReadAs,
           {{"text", "txt"}, {"html", "html"}, {"xml", "xml"}, {"php", "php"}}, OptionGroup::Sources,
-          "Read texts as this, whatever their names say (standard input: text, files: by name)"),
+          Tr("Read texts as this, whatever their names say (standard input: text, files: by name)")),
       PathList("--files-from", '\n',
-               "Count the files and folders together that a file names, one a line; - reads them from "
-               "standard input"),
+               Tr("Count the files and folders together that a file names, one a line; - reads them from "
+                  "standard input")),
       std::move(withNul)};
 }
 
 std::vector<OptionRow> OwnReport() {
-  return {Text("--locale", "NAME", OptionGroup::Report, "How numbers are written, as in de_DE.UTF-8",
+  return {Text("--locale", "NAME", OptionGroup::Report, Tr("How numbers are written, as in de_DE.UTF-8"),
                [](const std::string& text, CountOptions& options) {
                  bool known = false;
                  options.Numbers = NumberFormatOfLocale(text, known);
-                 if (!known) RefuseValue("--locale", "there is no locale '" + text + "'");
+                 if (!known) RefuseValue("--locale", Fill(Tr("there is no locale '%1'"), {text}));
                })};
 }
 
 std::vector<OptionRow> OwnContexts() {
   return {
       Text("--context-of", "PHRASE", OptionGroup::Contexts,
-           "List where a phrase stands, with the text around, instead of a report",
+           Tr("List where a phrase stands, with the text around, instead of a report"),
            [](const std::string& text, CountOptions& options) { options.ContextOf = text; }),
       Text("--contexts", "N", OptionGroup::Contexts,
-           "Characters on each side (" + std::to_string(kContexts) + ")",
+           Fill(Tr("Characters on each side (%1)"), {std::to_string(kContexts)}),
            [](const std::string& text, CountOptions& options) {
              options.Contexts = ParseInRange(text, "--contexts", 0, kMostContexts);
            }),
-      Text("--sort", "ORDER", OptionGroup::Contexts,
-           "Order of the contexts, place, left, right or file (place); else a table's, COLUMN[:asc|:desc]",
-           [](const std::string& text, CountOptions& options) { options.SortText = text; })};
+      Text(
+          "--sort", "ORDER", OptionGroup::Contexts,
+          Tr("Order of the contexts, place, left, right or file (place); else a table's, COLUMN[:asc|:desc]"),
+          [](const std::string& text, CountOptions& options) { options.SortText = text; })};
 }
 
 OptionRow AtLeastOf(const char* name, const char* column, const char* help) {
@@ -179,41 +181,41 @@ OptionRow AtLeastOf(const char* name, const char* column, const char* help) {
 /// Which phrases are listed.
 std::vector<OptionRow> OwnChoice() {
   const OptionGroup group = OptionGroup::Report;
-  return {
-      Text("--match", "TEXT", group, "List only phrases that match a text; -TEXT those that do not",
-           [](const std::string& text, CountOptions& options) { options.Match = text; }),
-      Choices<std::optional<MatchMode>>("--match-mode", &CountOptions::HowToMatch,
-                                        {{"contains", MatchMode::Contains},
-                                         {"words", MatchMode::WholeWords},
-                                         {"starts", MatchMode::StartsWith},
-                                         {"ends", MatchMode::EndsWith},
-                                         {"wildcard", MatchMode::Wildcards},
-                                         {"regex", MatchMode::Expression}},
-                                        group, "How they match it (contains)"),
-      AtLeastOf("--min-files", "files", "List only phrases that stand in K files or more"),
-      Text("--min-per-million", "X", group, "List only phrases with X or more occurrences a million words",
-           [](const std::string& text, CountOptions& options) {
-             options.Rows.Filter.Limits.push_back(
-                 AtLeast("per_million", ParseReal(text, "--min-per-million")));
-           }),
-      AtLeastOf("--min-net", "net_frequency",
-                "Write a table of phrases that stand K times or more in no longer one"),
-      Text("--top", "K|all", group, "List only the first K phrases (all)",
-           [](const std::string& text, CountOptions& options) {
-             options.Top =
-                 text == "all"
-                     ? RowChoice::kAll
-                     : static_cast<uint32_t>(ParseInRange(text, "--top", 1, std::numeric_limits<int>::max()));
-           })};
+  return {Text("--match", "TEXT", group, Tr("List only phrases that match a text; -TEXT those that do not"),
+               [](const std::string& text, CountOptions& options) { options.Match = text; }),
+          Choices<std::optional<MatchMode>>("--match-mode", &CountOptions::HowToMatch,
+                                            {{"contains", MatchMode::Contains},
+                                             {"words", MatchMode::WholeWords},
+                                             {"starts", MatchMode::StartsWith},
+                                             {"ends", MatchMode::EndsWith},
+                                             {"wildcard", MatchMode::Wildcards},
+                                             {"regex", MatchMode::Expression}},
+                                            group, Tr("How they match it (contains)")),
+          AtLeastOf("--min-files", "files", Tr("List only phrases that stand in K files or more")),
+          Text("--min-per-million", "X", group,
+               Tr("List only phrases with X or more occurrences a million words"),
+               [](const std::string& text, CountOptions& options) {
+                 options.Rows.Filter.Limits.push_back(
+                     AtLeast("per_million", ParseReal(text, "--min-per-million")));
+               }),
+          AtLeastOf("--min-net", "net_frequency",
+                    Tr("Write a table of phrases that stand K times or more in no longer one")),
+          Text("--top", "K|all", group, Tr("List only the first K phrases (all)"),
+               [](const std::string& text, CountOptions& options) {
+                 options.Top = text == "all" ? RowChoice::kAll
+                                             : static_cast<uint32_t>(ParseInRange(
+                                                   text, "--top", 1, std::numeric_limits<int>::max()));
+               })};
 }
 
 /// Of a table, for other programs.
 std::vector<OptionRow> OwnDescription() {
   const OptionGroup group = OptionGroup::Output;
-  OptionRow describe = Flag("--describe", &CountOptions::Describe, group,
-                            "Describe the table in datapackage.json beside FILE: columns, settings, source");
+  OptionRow describe =
+      Flag("--describe", &CountOptions::Describe, group,
+           Tr("Describe the table in datapackage.json beside FILE: columns, settings, source"));
   describe.Excludes = {"--describe-to"};
-  return {File("--describe-to", &CountOptions::DescribeTo, group, "Describe the table in another file"),
+  return {File("--describe-to", &CountOptions::DescribeTo, group, Tr("Describe the table in another file")),
           std::move(describe)};
 }
 
@@ -221,31 +223,31 @@ std::vector<OptionRow> OwnOutput() {
   const OptionGroup group = OptionGroup::Output;
   std::vector<std::pair<std::string, std::optional<const TableForm*>>> forms = {{"text", nullptr}};
   for (const TableForm& form : TableForms()) forms.emplace_back(form.Name, &form);
-  return {File("--output,-o", &CountOptions::Output, group, "Write the report to a file"),
+  return {File("--output,-o", &CountOptions::Output, group, Tr("Write the report to a file")),
           Choices<std::optional<const TableForm*>>(
               "--output-format", &CountOptions::OutputFormat, forms, group,
-              "The report, or a table with a heading (by FILE's extension; text)"),
+              Tr("The report, or a table with a heading (by FILE's extension; text)")),
           Choices<bool>("--csv-for", &CountOptions::ForSpreadsheets, {{"excel", true}}, group,
-                        "Write csv as spreadsheets want it: with a signature, formulas as text, the "
-                        "locale's decimal sign"),
-          Text("--columns", "LIST", group, "Write a table with these columns, separated by commas",
+                        Tr("Write csv as spreadsheets want it: with a signature, formulas as text, the "
+                           "locale's decimal sign")),
+          Text("--columns", "LIST", group, Tr("Write a table with these columns, separated by commas"),
                [](const std::string& text, CountOptions& options) {
                  options.Columns = ParseColumns(text, "--columns");
                }),
           Text("--parts", "files|N|each:N", group,
-               "Parts over which dispersion is measured: files, N equal ones, N of each file (files)",
+               Tr("Parts over which dispersion is measured: files, N equal ones, N of each file (files)"),
                [](const std::string& text, CountOptions& options) { options.Parts = ParseParts(text); }),
           Flag("--fail-if-empty", &CountOptions::FailIfEmpty, group,
-               "Exit status 3 where there is nothing to list"),
+               Tr("Exit status 3 where there is nothing to list")),
           Flag("--force", &CountOptions::Force, group,
-               "Replace an existing output file, or what is no settings file"),
+               Tr("Replace an existing output file, or what is no settings file")),
           Choices<Layout>("--layout", &CountOptions::LineLayout,
                           {{"columns", Layout::Columns}, {"tabs", Layout::Tabs}}, group,
-                          "What standard output gets (columns)"),
-          Flag("--list-files", &CountOptions::ListFiles, group, "List the files instead of counting"),
-          Flag("--quiet", &CountOptions::Quiet, group, "Nothing but errors on standard error"),
-          Flag("--progress", &CountOptions::Progress, group, "Show progress on standard error"),
-          Flag("--stages", &CountOptions::Stages, group, "Tell how long each stage took")};
+                          Tr("What standard output gets (columns)")),
+          Flag("--list-files", &CountOptions::ListFiles, group, Tr("List the files instead of counting")),
+          Flag("--quiet", &CountOptions::Quiet, group, Tr("Nothing but errors on standard error")),
+          Flag("--progress", &CountOptions::Progress, group, Tr("Show progress on standard error")),
+          Flag("--stages", &CountOptions::Stages, group, Tr("Tell how long each stage took"))};
 }
 
 /// Puts `own` behind the option named `after`.

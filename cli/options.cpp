@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "app/texts/program_version.h"
+#include "base/translation.h"
 #include "cli/argument_names.h"
 #include "cli/column_values.h"
 #include "cli/help_format.h"
@@ -29,17 +30,19 @@ class Parser {
     // "/texts" is a path on every system.
     app_.allow_windows_style_options(false);
     app_.formatter(std::make_shared<HelpFormat>(columns));
-    app_.set_help_flag("-h,--help", "Show this and exit");
-    app_.add_option("PATH", options_.Paths, "Files, folders, or - for standard input");
+    app_.option_defaults()->group(TrLater("Options"));
+    app_.set_help_flag("-h,--help", Tr("Show this and exit"));
+    app_.add_option("PATH", options_.Paths);
     app_.set_version_flag(
         "--version",
-        "korv-count " + std::string(ProgramVersion()) + "\nBuilt with " + std::string(LibraryVersions()),
-        "Show the versions of the program and its libraries and exit");
+        "korv-count " + std::string(ProgramVersion()) + "\n" + Fill(Tr("Built with %1"), {LibraryVersions()}),
+        Tr("Show the versions of the program and its libraries and exit"));
     for (const OptionRow& row : rows_) Add(row);
     try {
       CheckNames(arguments);
       std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
       app_.parse(std::move(reversed));
+      CheckExclusions();
       // An empty name is a variable that was not set in some script.
       if (options_.Paths.size() == 1 && options_.Paths.front().empty()) options_.Paths.clear();
       options_.Command = ShellCommand("korv-count", arguments);
@@ -51,10 +54,11 @@ class Parser {
     } catch (const CLI::Success& success) {
       app_.exit(success, out, err);
       if (out.flush()) return kExitReport;
-      err << "korv-count: Standard output cannot be written.\n";
+      err << "korv-count: " << Tr("Standard output cannot be written.") << '\n';
       return kExitRefused;
     } catch (const CLI::Error& error) {
-      err << "korv-count: " << WithVisibleControls(error.what()) << "\nTry: korv-count --help\n";
+      err << "korv-count: " << WithVisibleControls(error.what()) << '\n'
+          << Tr("Try: korv-count --help") << '\n';
       return kExitUsage;
     }
     return std::move(options_);
@@ -71,7 +75,6 @@ class Parser {
       option = app_.add_option_function<std::string>(row.Name, take, row.Help)->type_name(row.ValueName);
     }
     option->group(TitleOf(row.Group));
-    for (const std::string& other : row.Excludes) option->excludes(app_.get_option(other));
   }
 
   /// Before the rest: what is no option would leave its value behind, to be taken for the path.
@@ -87,35 +90,42 @@ class Parser {
     if (!fault.empty()) throw CLI::ParseError(fault, kExitUsage);
   }
 
+  void CheckExclusions() const {
+    for (const OptionRow& row : rows_)
+      for (const std::string& other : row.Excludes)
+        if (app_.count(row.Name) > 0 && app_.count(other) > 0)
+          throw CLI::ParseError(Fill(Tr("%1 excludes %2"), {other, row.Name}), kExitUsage);
+  }
+
   void Check() const {
     if (!options_.FromCounts.empty())
       CheckCounts();
     else if (!options_.NamesSource() && options_.SettingsFile.empty() && !options_.PrintSettings)
-      throw CLI::ValidationError("PATH", "a file, a folder or - is needed");
+      throw CLI::ValidationError("PATH", Tr("a file, a folder or - is needed"));
     if (std::ranges::find(options_.Paths, "") != options_.Paths.end())
-      throw CLI::ValidationError("PATH", "an empty one names no file");
+      throw CLI::ValidationError("PATH", Tr("an empty one names no file"));
     const auto readers = std::ranges::count(options_.Paths, "-");
     if (readers + (options_.FilesFrom && options_.FilesFrom->Path == "-" ? 1 : 0) > 1)
-      throw CLI::ValidationError("-", "standard input can be read only once");
+      throw CLI::ValidationError("-", Tr("standard input can be read only once"));
     if (options_.Output == "-")
       throw CLI::ValidationError("--output",
-                                 "- is no file; without --output the report goes to standard output");
+                                 Tr("- is no file; without --output the report goes to standard output"));
     if (options_.ListFiles && std::ranges::find(options_.Paths, "-") != options_.Paths.end())
-      throw CLI::ValidationError("--list-files", "standard input has no files to list");
+      throw CLI::ValidationError("--list-files", Tr("standard input has no files to list"));
     if (!options_.ContextOf && options_.Contexts)
-      throw CLI::ValidationError("--contexts", "needs --context-of");
+      throw CLI::ValidationError("--contexts", Tr("needs --context-of"));
     if (options_.ContextOf) CheckContexts();
     if (const TableForm* const form = Form()) CheckForm(*form);
     if (options_.ForSpreadsheets) CheckSpreadsheets();
     if (const char* option = options_.DescribingOption(); option != nullptr) CheckDescription(option);
     if (const char* option = options_.TableOption(); option != nullptr && AsksForText())
-      throw CLI::ValidationError(option, "makes a table, which --output-format text cannot be");
+      throw CLI::ValidationError(option, Tr("makes a table, which --output-format text cannot be"));
   }
 
   /// Of counts no text, no file and no place is known.
   void CheckCounts() const {
     const auto exclude = [](bool given, const char* what) {
-      if (given) throw CLI::ValidationError("--from-counts", std::string("excludes ") + what);
+      if (given) throw CLI::ValidationError("--from-counts", Fill(Tr("excludes %1"), {what}));
     };
     exclude(!options_.Paths.empty(), "PATH");
     exclude(options_.FilesFrom.has_value(), "--files-from");
@@ -127,7 +137,7 @@ class Parser {
     exclude(options_.PrintSettings, "--print-settings");
     exclude((options_.Given.Which & SetOf(RowOf("DisplayFormat"))).any() &&
                 FormatOf(options_.Given.Values.Report.DisplayFormat).NeedsFolder,
-            "--format 10, 11 and 12");
+            Tr("--format 10, 11 and 12"));
     for (const Limit& limit : options_.Rows.Filter.Limits) {
       exclude(limit.Of->Id == "files", "--min-files");
       exclude(limit.Of->Id == "per_million", "--min-per-million");
@@ -137,23 +147,25 @@ class Parser {
 
   void CheckContexts() const {
     if (!options_.Output.empty())
-      throw CLI::ValidationError("--context-of", "writes to standard output, not to --output");
+      throw CLI::ValidationError("--context-of", Tr("writes to standard output, not to --output"));
     if (AsksForText())
-      throw CLI::ValidationError("--context-of", "is a table, which --output-format text cannot be");
+      throw CLI::ValidationError("--context-of", Tr("is a table, which --output-format text cannot be"));
     for (const char* option : {options_.TableOption(), options_.ChoosingOption()})
-      if (option != nullptr) throw CLI::ValidationError("--context-of", std::string("excludes ") + option);
-    if (options_.ForSpreadsheets) throw CLI::ValidationError("--context-of", "excludes --csv-for");
-    if (options_.ListFiles) throw CLI::ValidationError("--context-of", "excludes --list-files");
+      if (option != nullptr) throw CLI::ValidationError("--context-of", Fill(Tr("excludes %1"), {option}));
+    if (options_.ForSpreadsheets)
+      throw CLI::ValidationError("--context-of", Fill(Tr("excludes %1"), {"--csv-for"}));
+    if (options_.ListFiles)
+      throw CLI::ValidationError("--context-of", Fill(Tr("excludes %1"), {"--list-files"}));
   }
 
   void CheckDescription(const char* option) const {
-    if (options_.ContextOf) throw CLI::ValidationError("--context-of", std::string("excludes ") + option);
-    if (options_.ListFiles) throw CLI::ValidationError("--list-files", std::string("excludes ") + option);
+    if (options_.ContextOf) throw CLI::ValidationError("--context-of", Fill(Tr("excludes %1"), {option}));
+    if (options_.ListFiles) throw CLI::ValidationError("--list-files", Fill(Tr("excludes %1"), {option}));
     if (options_.Describe && options_.Output.empty())
-      throw CLI::ValidationError(option, "needs --output; else --describe-to FILE");
-    if (options_.DescribeTo == "-") throw CLI::ValidationError(option, "- is no file");
+      throw CLI::ValidationError(option, Tr("needs --output; else --describe-to FILE"));
+    if (options_.DescribeTo == "-") throw CLI::ValidationError(option, Tr("- is no file"));
     if (FormOf(options_, options_.Output) == nullptr)
-      throw CLI::ValidationError(option, "describes a table, which the report as text is not");
+      throw CLI::ValidationError(option, Tr("describes a table, which the report as text is not"));
   }
 
   /// The form of tables that is asked for, by its name or by that of the output file; null for none.
@@ -164,16 +176,17 @@ class Parser {
   void CheckForm(const TableForm& form) const {
     const char* const option = options_.OutputFormat ? "--output-format" : "--output";
     if (form.Make == nullptr)
-      throw CLI::ValidationError(option, "this korv-count does not write " + std::string(form.Name) +
-                                             ": it was built without the library for it");
+      throw CLI::ValidationError(
+          option, Fill(Tr("this korv-count does not write %1: it was built without the library for it"),
+                       {form.Name}));
     if (form.Binary && options_.Output.empty())
-      throw CLI::ValidationError(option, std::string(form.Name) + " is no text and needs --output FILE");
+      throw CLI::ValidationError(option, Fill(Tr("%1 is no text and needs --output FILE"), {form.Name}));
   }
 
   void CheckSpreadsheets() const {
     const TableForm* const form = Form();
     if ((options_.OutputFormat || form != nullptr) && form != &TableFormOf("csv"))
-      throw CLI::ValidationError("--csv-for", "is for the output format csv");
+      throw CLI::ValidationError("--csv-for", Tr("is for the output format csv"));
   }
 
   bool AsksForText() const { return options_.OutputFormat && *options_.OutputFormat == nullptr; }
@@ -189,23 +202,25 @@ class Parser {
       return;
     }
     if (std::ranges::find(orders, *options_.SortText) != std::end(orders))
-      throw CLI::ValidationError("--sort", "'" + *options_.SortText + "' needs --context-of");
+      throw CLI::ValidationError("--sort", Fill(Tr("'%1' needs --context-of"), {*options_.SortText}));
     const SortColumn sort = ParseSortColumn(*options_.SortText, "--sort");
     options_.Rows.OrderBy = sort.Of;
     options_.Rows.Direction = sort.Direction;
   }
 
   void SettleMatch() {
-    if (!options_.Match && options_.HowToMatch) throw CLI::ValidationError("--match-mode", "needs --match");
+    if (!options_.Match && options_.HowToMatch)
+      throw CLI::ValidationError("--match-mode", Tr("needs --match"));
     PhraseQuery& query = options_.Rows.Filter.Query;
     query.Text = options_.Match.value_or("");
     query.Mode = options_.HowToMatch.value_or(MatchMode::Contains);
     const std::string fault = FaultOf(query);
     if (!fault.empty())
-      throw CLI::ValidationError("--match", "'" + query.Text + "' is no regular expression: " + fault);
+      throw CLI::ValidationError("--match",
+                                 Fill(Tr("'%1' is no regular expression: %2"), {query.Text, fault}));
   }
 
-  CLI::App app_{"Counts the phrases of natural-language text.", "korv-count"};
+  CLI::App app_{Tr("Counts the phrases of natural-language text."), "korv-count"};
   const std::vector<OptionRow> rows_ = OptionRows();
   CountOptions options_;
 };

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
@@ -26,15 +28,19 @@ std::vector<std::string> PathsOf(std::string_view bytes, char separator) {
 
 }  // namespace
 
+std::string UnreadableListText(const FileError& error) {
+  return Fill(Tr("cannot be read (%1)"), {error.Description});
+}
+
 Expected<std::vector<std::string>, std::string> ReadPathList(InputFile& file, char separator) {
   std::string bytes;
   std::array<char, 1U << 16> block{};
   for (;;) {
     const auto read = file.Read(block);
-    if (!read) return "cannot be read (" + read.Error().Description + ")";
+    if (!read) return UnreadableListText(read.Error());
     if (*read == 0) return PathsOf(bytes, separator);
     bytes.append(block.data(), *read);
-    if (bytes.size() > kMostPathListBytes) return std::string("is too long");
+    if (bytes.size() > kMostPathListBytes) return std::string(Tr("is too long"));
   }
 }
 

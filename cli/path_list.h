@@ -18,4 +18,7 @@ inline constexpr size_t kMostPathListBytes = size_t{256} << 20;
 /// too long.
 Expected<std::vector<std::string>, std::string> ReadPathList(InputFile& file, char separator);
 
+/// What is wrong with a list that cannot be opened or read, in the same words.
+std::string UnreadableListText(const FileError& error);
+
 }  // namespace korv

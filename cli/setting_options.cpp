@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "app/settings/schema.h"
+#include "base/translation.h"
 #include "cli/option_values.h"
 
 namespace korv {
@@ -36,7 +37,7 @@ OptionRow OptionOf(const SettingRow& row, const CheckValue& value) {
 }
 
 OptionRow OptionOf(const SettingRow& row, const NumberValue& value) {
-  OptionRow option{.ValueName = "N", .Help = row.Option.Help};
+  OptionRow option{.ValueName = "N", .Help = Tr(row.Option.Help)};
   const std::string least = std::to_string(value.Least);
   const std::string most = std::to_string(value.Most);
   if (!Replace(option.Help, "{least}", least)) option.Range = least + " to " + most;
@@ -58,7 +59,7 @@ OptionRow OptionOf(const SettingRow& row, const NumberValue& value) {
 OptionRow OptionOf(const SettingRow& row, const ChoiceValue& value) {
   std::vector<std::string> words;
   for (const Choice& choice : value.Choices) words.emplace_back(choice.Word);
-  OptionRow option{.ValueName = Joined(words, "|"), .Help = row.Option.Help};
+  OptionRow option{.ValueName = Joined(words, "|"), .Help = Tr(row.Option.Help)};
   Replace(option.Help, "{default}", words[static_cast<size_t>(value.Get(Settings{}))]);
   option.Take = [&row, value, words](const std::string& text, CountOptions& options) {
     value.Set(options.Given.Values, ParseChoice(text, row.Option.Name, words));
@@ -84,7 +85,7 @@ OptionRow OptionOf(const SettingRow& row) {
   OptionRow option = std::visit([&](const auto& value) { return OptionOf(row, value); }, row.Value);
   option.Name = row.Option.Name;
   option.Group = row.Option.Group;
-  if (option.Help.empty()) option.Help = row.Option.Help;
+  if (option.Help.empty()) option.Help = Tr(row.Option.Help);
   return option;
 }
 
@@ -112,7 +113,7 @@ std::vector<std::string> ParseWords(const std::string& text, const char* option,
     const size_t end = std::min(text.find(',', at), text.size());
     const std::string word = WithoutBlanksAround(text.substr(at, end - at));
     if (std::ranges::find(words, word) == words.end())
-      RefuseValue(option, "'" + word + "' is none of: " + Joined(words, " "));
+      RefuseValue(option, Fill(Tr("'%1' is none of: %2"), {word, Joined(words, " ")}));
     named.push_back(word);
     at = end + 1;
   }
@@ -127,7 +128,7 @@ OptionRow OptionOf(const ListOption& list) {
     words.push_back(word);
     if (std::get<CheckValue>(row->Value).Get(Settings{})) ticked.push_back(word);
   }
-  OptionRow option{.Name = list.Name, .ValueName = "LIST", .Group = list.Group, .Help = list.Help};
+  OptionRow option{.Name = list.Name, .ValueName = "LIST", .Group = list.Group, .Help = Tr(list.Help)};
   Replace(option.Help, "{default}", Joined(ticked, ","));
   Replace(option.Help, "{words}", Joined(words, " "));
   option.Take = [name = list.Name, boxes, words](const std::string& text, CountOptions& options) {

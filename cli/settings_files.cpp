@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/settings/saved_state.h"
+#include "base/translation.h"
 #include "cli/about_file.h"
 #include "sources/detect/classification.h"
 #include "sources/detect/source_checks.h"
@@ -20,9 +21,9 @@ bool SettingsFiles::Load(Settings& settings) const {
   const RestoreOutcome outcome = state.RestoreSavedState(PathFromText(options_.SettingsFile), settings);
   if (outcome.Complete()) return true;
   const std::string failure = outcome.EndedEarly
-                                  ? "Error when attempting to load settings: Input past end of file."
+                                  ? Tr("Error when attempting to load settings: Input past end of file.")
                                   : LoadFailureText(outcome);
-  messages.Show({.Text = failure, .Title = "Load settings", .Icon = Icon::Exclamation});
+  messages.Show({.Text = failure, .Title = Tr("Load settings"), .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -34,7 +35,7 @@ bool SettingsFiles::Save(const Settings& settings) const {
   const std::string error =
       state.SaveState(PathFromText(options_.SaveSettingsFile), WithPathsInFull(settings));
   if (error.empty()) return true;
-  messages.Show({.Text = error, .Title = "Save settngs", .Icon = Icon::Exclamation});
+  messages.Show({.Text = error, .Title = Tr("Save settngs"), .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -43,23 +44,23 @@ bool SettingsFiles::MayBeReplaced(const Settings& settings) const {
   for (const std::string* other : {&settings.InputFile, &options_.Output, &settings.OutputFile,
                                    &options_.IgnoreFile, &options_.CountOnlyFile, settings.WordsFile()})
     if (other && !other->empty() && PathsMeetInOneFile(env_.Files, *other, file))
-      return Refuse("The settings file cannot be the same as " + *other + ".");
+      return Refuse(Fill(Tr("The settings file cannot be the same as %1."), {*other}));
   const std::filesystem::path path = PathFromText(file);
   if (!env_.Files.FileExists(path)) return true;
   if (settings.SourceKind == TextSource::Clipboard && !env_.InputPath.empty() &&
       env_.Files.SameFile(env_.InputPath, path))
-    return Refuse("The settings file cannot be the same as the input file.");
+    return Refuse(Tr("The settings file cannot be the same as the input file."));
   if (settings.SourceKind == TextSource::Folder && FileExtension(file, true) != kExtension &&
       OutputIsInFolder(env_.Files, settings.Folder, file, settings.IncludeSubfolders))
-    return Refuse("The settings file cannot replace a file of the folder.");
+    return Refuse(Tr("The settings file cannot replace a file of the folder."));
   // A device or a pipe has no size, and nothing in it that could be lost.
   if (!options_.Force && env_.Files.FileSize(path) && !IsSettingsFile(env_.Files, path))
-    return Refuse("The file " + file + " exists and is no settings file.  --force replaces it.");
+    return Refuse(Fill(Tr("The file %1 exists and is no settings file.  --force replaces it."), {file}));
   return true;
 }
 
 bool SettingsFiles::Refuse(std::string text) const {
-  messages_.Show({.Text = std::move(text), .Title = "Error", .Icon = Icon::Exclamation});
+  messages_.Show({.Text = std::move(text), .Title = Tr("Error"), .Icon = Icon::Exclamation});
   return false;
 }
 
