@@ -5,6 +5,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "platform/clipboard.h"
@@ -14,12 +15,12 @@ namespace korv {
 frmClipboard::frmClipboard(const Clipboard& clipboard, QWidget* parent)
     : QWidget(parent, Qt::Window), clipboard_(clipboard) {
   setObjectName(QStringLiteral("frmClipboard"));
-  setWindowTitle(QStringLiteral("Clipboard"));
-  txbClipboard = Described(Named(new QPlainTextEdit(this), "txbClipboard"), "Text on the clipboard");
+  setWindowTitle(Tr("Clipboard"));
+  txbClipboard = Described(Named(new QPlainTextEdit(this), "txbClipboard"), Tr("Text on the clipboard"));
   txbClipboard->setReadOnly(true);
   txbClipboard->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  txbClipboard->setPlaceholderText(QStringLiteral("There is no text on the clipboard."));
-  cmdClose = MakeButton("cmdClose", "&Close", this);
+  txbClipboard->setPlaceholderText(Tr("There is no text on the clipboard."));
+  cmdClose = MakeButton("cmdClose", Tr("&Close"), this);
   connect(cmdClose, &QPushButton::clicked, this, &QWidget::hide);
   connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::hide);
   auto* layout = new QVBoxLayout(this);

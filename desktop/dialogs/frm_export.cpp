@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/wiring.h"
@@ -50,8 +51,16 @@ std::string WithExtension(const std::string& path, const TableForm& form) {
   return PathToText(named) + "." + std::string(form.Extension);
 }
 
-QString Counted(const NumberFormat& numbers, uint64_t number, const char* one, const char* many) {
-  return ToQt(numbers.Grouped(static_cast<int64_t>(number))) + u' ' + QLatin1String(number == 1 ? one : many);
+/// `columns` in words, after what there is of rows.
+QString ExtentText(const ExportExtent& extent, bool all, const NumberFormat& numbers) {
+  const auto grouped = [&](uint64_t number) { return numbers.Grouped(static_cast<int64_t>(number)); };
+  const uint64_t columns = all ? TableColumns().size() : extent.Columns;
+  const std::string rows =
+      all || extent.Rows == extent.Phrases
+          ? Fill(TrCount("%1 phrase", "%1 phrases", extent.Phrases), {grouped(extent.Phrases)})
+          : Fill(TrCount("%1 of %2 phrase", "%1 of %2 phrases", extent.Phrases),
+                 {grouped(extent.Rows), grouped(extent.Phrases)});
+  return ToQt(rows + ", " + Fill(TrCount("%1 column", "%1 columns", columns), {grouped(columns)}));
 }
 
 }  // namespace
@@ -59,7 +68,7 @@ QString Counted(const NumberFormat& numbers, uint64_t number, const char* one, c
 frmExport::frmExport(const Desktop& desktop, QWidget* parent)
     : QDialog(parent), desktop_(desktop), forms_(OfferedForms()), tmrExport_(new QTimer(this)) {
   setObjectName(QStringLiteral("frmExport"));
-  setWindowTitle(QStringLiteral("Export"));
+  setWindowTitle(Tr("Export"));
   tmrExport_->setInterval(kTick);
   MakeControls();
   LayOut();
@@ -71,33 +80,33 @@ frmExport::~frmExport() {
 }
 
 void frmExport::MakeControls() {
-  txbExportFile = MakeTextBox("txbExportFile", "File to export to", this);
+  txbExportFile = MakeTextBox("txbExportFile", Tr("File to export to"), this);
   txbExportFile->setMinimumWidth(kPathWidth);
-  cmdExportFile = MakeButton("cmdExportFile", "&Browse...", this);
-  cboExportForm = MakeCombo("cboExportForm", "Form of the export", this);
+  cmdExportFile = MakeButton("cmdExportFile", Tr("&Browse..."), this);
+  cboExportForm = MakeCombo("cboExportForm", Tr("Form of the export"), this);
   for (const TableForm* form : forms_)
     cboExportForm->addItem(ToQt(form->Title) + QStringLiteral(" (*.") + ToQt(form->Extension) + u')');
-  optExportShown = MakeOption("optExportShown", "&Rows and columns as the table shows them", this);
-  optExportAll = MakeOption("optExportAll", "&Everything: all phrases, all columns", this);
+  optExportShown = MakeOption("optExportShown", Tr("&Rows and columns as the table shows them"), this);
+  optExportAll = MakeOption("optExportAll", Tr("&Everything: all phrases, all columns"), this);
   optExportShown->setChecked(true);
-  chkExportDescribed = MakeCheckBox("chkExportDescribed", "With a &description beside it", this);
+  chkExportDescribed = MakeCheckBox("chkExportDescribed", Tr("With a &description beside it"), this);
   chkExportDescribed->setToolTip(
-      QStringLiteral("A file named datapackage.json says what the columns mean, how the table came about, "
-                     "and what it is of."));
+      Tr("A file named datapackage.json says what the columns mean, how the table came about, "
+         "and what it is of."));
   chkExportDescribed->setChecked(true);
   lblExportRows = MakeLabel("lblExportRows", this);
-  cmdExport = MakeButton("cmdExport", "E&xport", this);
+  cmdExport = MakeButton("cmdExport", Tr("E&xport"), this);
   cmdExport->setDefault(true);
-  cmdExportCancel = MakeButton("cmdExportCancel", "&Cancel", this);
+  cmdExportCancel = MakeButton("cmdExportCancel", Tr("&Cancel"), this);
   for (QPushButton* button : {cmdExportFile, cmdExportCancel}) button->setAutoDefault(false);
 }
 
 void frmExport::LayOut() {
   auto* grid = new QGridLayout;
-  grid->addWidget(MakeCaption("&File", txbExportFile, this), 0, 0);
+  grid->addWidget(MakeCaption(Tr("&File"), txbExportFile, this), 0, 0);
   grid->addWidget(txbExportFile, 0, 1);
   grid->addWidget(cmdExportFile, 0, 2);
-  grid->addWidget(MakeCaption("F&orm", cboExportForm, this), 1, 0);
+  grid->addWidget(MakeCaption(Tr("F&orm"), cboExportForm, this), 1, 0);
   grid->addWidget(cboExportForm, 1, 1);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(lblExportRows, 1);
@@ -145,7 +154,7 @@ void frmExport::cmdExportFile_Click() {
   const TableForm& form = Form();
   const std::string pattern = "*." + std::string(form.Extension);
   const auto path = desktop_.Dialogs.ChooseFileToSave(
-      {.Title = "Export",
+      {.Title = Tr("Export"),
        .Filter = std::string(form.Title) + " (" + pattern + ") | " + pattern,
        .InitialPath = FromQt(txbExportFile->text()),
        .Extension = std::string(form.Extension)});
@@ -178,15 +187,8 @@ void frmExport::tmrExport_Timer() {
   const ExportExtent extent = Extent();
   const bool all = optExportAll->isChecked();
   const bool there = all || extent.Whole;
-  const NumberFormat& numbers = desktop_.Numbers;
-  const QString phrases = Counted(numbers, extent.Phrases, "phrase", "phrases");
-  const QString columns = Counted(numbers, all ? TableColumns().size() : extent.Columns, "column", "columns");
-  const QString rows =
-      all || extent.Rows == extent.Phrases
-          ? phrases
-          : ToQt(numbers.Grouped(static_cast<int64_t>(extent.Rows))) + QStringLiteral(" of ") + phrases;
-  lblExportRows->setText(there ? rows + QStringLiteral(", ") + columns
-                               : QStringLiteral("The table is being filtered . . ."));
+  lblExportRows->setText(there ? ExtentText(extent, all, desktop_.Numbers)
+                               : Tr("The table is being filtered . . ."));
   cmdExport->setEnabled(there && !txbExportFile->text().trimmed().isEmpty());
 }
 

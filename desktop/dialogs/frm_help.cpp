@@ -9,6 +9,7 @@
 #include <QTextBlock>
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -56,19 +57,19 @@ frmHelp::frmHelp(const ProgramText& text, QWidget* parent) : QWidget(parent, Qt:
 }
 
 void frmHelp::BuildControls() {
-  lstContents = Described(Named(new QListWidget(this), "lstContents"), "Contents");
-  txbSearch = MakeTextBox("txbSearch", "Search the help", this);
-  txbSearch->setPlaceholderText(QStringLiteral("Search"));
+  lstContents = Described(Named(new QListWidget(this), "lstContents"), Tr("Contents"));
+  txbSearch = MakeTextBox("txbSearch", Tr("Search the help"), this);
+  txbSearch->setPlaceholderText(Tr("Search"));
   txbSearch->setClearButtonEnabled(true);
-  cmdPrevious = Described(MakeButton("cmdPrevious", "&Previous", this), "Previous place found");
-  cmdNext = Described(MakeButton("cmdNext", "&Next", this), "Next place found");
+  cmdPrevious = Described(MakeButton("cmdPrevious", Tr("&Previous"), this), Tr("Previous place found"));
+  cmdNext = Described(MakeButton("cmdNext", Tr("&Next"), this), Tr("Next place found"));
   lblFound = MakeLabel("lblFound", this);
-  txbHelpScreen = Described(Named(new QPlainTextEdit(this), "txbHelpScreen"), "Help text");
+  txbHelpScreen = Described(Named(new QPlainTextEdit(this), "txbHelpScreen"), Tr("Help text"));
   txbHelpScreen->setReadOnly(true);
   txbHelpScreen->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   txbHelpScreen->setTabChangesFocus(true);
   txbHelpScreen->document()->setDocumentMargin(12);
-  cmdClose = MakeButton("cmdClose", "&Close", this);
+  cmdClose = MakeButton("cmdClose", Tr("&Close"), this);
 
   auto* layout = new QVBoxLayout(this);
   auto* search = new QHBoxLayout;
@@ -178,10 +179,10 @@ void frmHelp::ShowFound() {
   cmdPrevious->setEnabled(found_.size() > 1);
   const bool searching = !txbSearch->text().trimmed().isEmpty();
   if (found_.empty()) {
-    lblFound->setText(searching ? QStringLiteral("Not found") : QString());
+    lblFound->setText(searching ? Tr("Not found") : QString());
     return;
   }
-  lblFound->setText(QStringLiteral("%1 of %2").arg(current_ + 1).arg(found_.size()));
+  lblFound->setText(QString(Tr("%1 of %2")).arg(current_ + 1).arg(found_.size()));
   QTextCursor cursor(txbHelpScreen->document());
   const int at = found_[static_cast<size_t>(current_)];
   cursor.setPosition(at);

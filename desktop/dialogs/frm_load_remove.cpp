@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "base/translation.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/eliding_label.h"
 
@@ -16,17 +17,17 @@ constexpr int kMostPathWidth = 700;
 
 frmLoadRemove::frmLoadRemove(const QString& path, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmLoadRemove"));
-  setWindowTitle(QStringLiteral("Load or remove this file"));
+  setWindowTitle(Tr("Load or remove this file"));
 
   lblFile = Named(new ElidingLabel(this), "lblFile");
   lblFile->setText(path);
   // Most paths are seen in full; the longest do not make the window wider than a screen.
   lblFile->setMinimumWidth(std::clamp(lblFile->sizeHint().width(), kLeastPathWidth, kMostPathWidth));
-  optLoad = MakeOption("optLoad", "&Load this file", this);
-  optRemove = MakeOption("optRemove", "&Remove this file from the list", this);
-  optCancel = MakeOption("optCancel", "C&ancel", this);
+  optLoad = MakeOption("optLoad", Tr("&Load this file"), this);
+  optRemove = MakeOption("optRemove", Tr("&Remove this file from the list"), this);
+  optCancel = MakeOption("optCancel", Tr("C&ancel"), this);
   optLoad->setChecked(true);
-  cmdClose = MakeButton("cmdClose", "&Close", this);
+  cmdClose = MakeButton("cmdClose", Tr("&Close"), this);
   cmdClose->setDefault(true);
   connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 

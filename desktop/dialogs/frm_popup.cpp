@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/widgets/control_factory.h"
 
 namespace korv {
@@ -40,8 +41,8 @@ frmPopUp::frmPopUp(QWidget* owner)
   font.setFamilies({QStringLiteral("Tahoma"), font.family()});
   lblMessage->setFont(font);
   lblMessage->installEventFilter(this);
-  cmdYes = MakeButton("cmdYes", "&Yes", this);
-  cmdNo = MakeButton("cmdNo", "&No", this);
+  cmdYes = MakeButton("cmdYes", Tr("&Yes"), this);
+  cmdNo = MakeButton("cmdNo", Tr("&No"), this);
   Timer1 = Named(new QTimer(this), "Timer1");
   Timer1->setSingleShot(true);
   Timer1->setInterval(kShortNotice);

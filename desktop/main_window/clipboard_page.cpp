@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/dialogs/frm_clipboard.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -13,8 +14,9 @@ namespace korv {
 ClipboardPage::ClipboardPage(const Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop) {
   auto* layout = Bare(new QVBoxLayout(this));
   layout->addWidget(MakeHint(
-      "Copy a text in any program, then count it here. The clipboard is read when the count begins.", this));
-  cmdClipboardViewer = MakeButton("cmdClipboardViewer", "View clip&board", this);
+      Tr("Copy a text in any program, then count it here. The clipboard is read when the count begins."),
+      this));
+  cmdClipboardViewer = MakeButton("cmdClipboardViewer", Tr("View clip&board"), this);
   layout->addWidget(cmdClipboardViewer, 0, Qt::AlignLeft);
   Wiring(*this, desktop_.Messages).OnClick(cmdClipboardViewer, "cmdClipboardViewer_Click", [this] {
     cmdClipboardViewer_Click();

@@ -3,6 +3,7 @@
 #include "app/run/export_run.h"
 #include "app/run/result_notes.h"
 #include "base/size_text.h"
+#include "base/translation.h"
 #include "desktop/main_window/result_controller.h"
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/status_line.h"
@@ -12,6 +13,22 @@
 #include "desktop/toolkit/text.h"
 
 namespace korv {
+namespace {
+
+/// Of how many phrases (%1), where (%2) and how large it is (%3).
+const char* PatternOfExported(const FileListResult& written) {
+  const uint32_t phrases = written.List.Phrases;
+  if (phrases == 0)
+    return written.Described
+               ? Tr("A report without a phrase was written to %2 (%3), with a description beside it.")
+               : Tr("A report without a phrase was written to %2 (%3).");
+  return written.Described
+             ? TrCount("%1 phrase was written to %2 (%3), with a description beside it.",
+                       "%1 phrases were written to %2 (%3), with a description beside it.", phrases)
+             : TrCount("%1 phrase was written to %2 (%3).", "%1 phrases were written to %2 (%3).", phrases);
+}
+
+}  // namespace
 
 Exports::Exports(const Desktop& desktop, const MainPanels& panels, RunController& run,
                  ResultController& result)
@@ -57,31 +74,29 @@ bool Exports::Begin(const ExportChoice& choice) {
 bool Exports::MayWrite(const std::filesystem::path& path) const {
   const auto refuse = [&](const char* why) {
     desktop_.Messages.Show(
-        {.Text = why, .Title = "Export", .Icon = Icon::Exclamation, .Addition = PathToText(path)});
+        {.Text = why, .Title = Tr("Export"), .Icon = Icon::Exclamation, .Addition = PathToText(path)});
     return false;
   };
-  if (!desktop_.Files.FolderExists(path.parent_path())) return refuse("Folder does not exist.");
-  if (desktop_.Files.FolderExists(path)) return refuse("This is a folder. Please name a file.");
+  if (!desktop_.Files.FolderExists(path.parent_path())) return refuse(Tr("Folder does not exist."));
+  if (desktop_.Files.FolderExists(path)) return refuse(Tr("This is a folder. Please name a file."));
   if (!desktop_.Files.FileExists(path)) return true;
-  return desktop_.Messages.Show({.Text = "The file exists. Do you wish to replace it?",
-                                 .Title = "Export",
+  return desktop_.Messages.Show({.Text = Tr("The file exists. Do you wish to replace it?"),
+                                 .Title = Tr("Export"),
                                  .Icon = Icon::Question,
                                  .Buttons = Buttons::YesNo,
                                  .DefaultAnswer = Answer::No,
                                  .Question = questions::kReplaceExport,
                                  .Addition = PathToText(path),
-                                 .YesButton = "Replace"}) == Answer::Yes;
+                                 .YesButton = Tr("Replace")}) == Answer::Yes;
 }
 
 void Exports::Tell(const FileListResult& written, const std::filesystem::path& path) const {
   std::string text;
   if (written.List.Outcome == ListOutcome::Stopped) {
-    text = "Stopped. " + StoppedFileText(written, desktop_.Numbers);
+    text = Fill(Tr("Stopped. %1"), {StoppedFileText(written, desktop_.Numbers)});
   } else if (written.Written) {
-    text = WrittenText(written.List.Phrases, PathToText(path), desktop_.Numbers);
-    const std::string size = FormatSize(written.Bytes, desktop_.Numbers);
-    text.insert(text.size() - 1,
-                " (" + size + ")" + (written.Described ? ", with a description beside it" : ""));
+    text = Fill(PatternOfExported(written), {desktop_.Numbers.Grouped(written.List.Phrases), PathToText(path),
+                                             FormatSize(written.Bytes, desktop_.Numbers)});
   }
   panels_.Status->ShowText(ToQt(text));
 }

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -16,18 +17,18 @@ namespace korv {
 FilePage::FilePage(const Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop) {
   auto* layout = Bare(new QVBoxLayout(this));
   auto* row = new QHBoxLayout;
-  cmdFile = MakeButton("cmdFile_0", "S&ingle file", this);
+  cmdFile = MakeButton("cmdFile_0", Tr("S&ingle file"), this);
   cmdFile->setIcon(NamedIcon("document-open"));
-  cmdFile->setToolTip(QStringLiteral("Click on the 'Single file' button to specify an input file."));
-  txbFile = MakeTextBox("txbFile_0", "Path of the input file", this);
-  cmdClearFile = Described(MakeButton("cmdClearFile_0", "Cle&ar", this), "Clear the input file");
+  cmdFile->setToolTip(Tr("Click on the 'Single file' button to specify an input file."));
+  txbFile = MakeTextBox("txbFile_0", Tr("Path of the input file"), this);
+  cmdClearFile = Described(MakeButton("cmdClearFile_0", Tr("Cle&ar"), this), Tr("Clear the input file"));
   row->addWidget(cmdFile);
   row->addWidget(txbFile, 1);
   row->addWidget(cmdClearFile);
   layout->addLayout(row);
   layout->addWidget(
-      MakeHint("Plain text, HTML, XML, PHP or Word .docx. A file or a folder can also be dropped "
-               "anywhere on this window.",
+      MakeHint(Tr("Plain text, HTML, XML, PHP or Word .docx. A file or a folder can also be dropped "
+                  "anywhere on this window."),
                this));
   lblFilesize = MakeLabel("lblFilesize", this);
   lblXMLsize = MakeLabel("lblXMLsize", this);
@@ -50,8 +51,9 @@ FilePage::~FilePage() {
 }
 
 void FilePage::cmdFile_Click() {
-  const auto path = desktop_.Dialogs.ChooseFileToOpen(
-      {.Title = "Specify an input file", .Filter = kAnyTextFile, .InitialPath = FromQt(txbFile->text())});
+  const auto path = desktop_.Dialogs.ChooseFileToOpen({.Title = Tr("Specify an input file"),
+                                                       .Filter = AnyTextFile(),
+                                                       .InitialPath = FromQt(txbFile->text())});
   if (path) Chosen(ToQt(*path));
 }
 
@@ -97,7 +99,7 @@ void FilePage::EnableClearButtons() {
 }
 
 void FilePage::SetPathToolTips() {
-  ShowPathAsToolTip(*txbFile, "To specify an input file click on the button labelled 'Single file'.");
+  ShowPathAsToolTip(*txbFile, Tr("To specify an input file click on the button labelled 'Single file'."));
 }
 
 }  // namespace korv

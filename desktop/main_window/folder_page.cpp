@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "app/run/result_notes.h"
+#include "base/translation.h"
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -44,11 +45,11 @@ FolderPage::~FolderPage() {
 }
 
 void FolderPage::BuildFolderRow(QGridLayout& layout) {
-  cmdFolder = MakeButton("cmdFolder", "F&older", this);
+  cmdFolder = MakeButton("cmdFolder", Tr("F&older"), this);
   cmdFolder->setIcon(NamedIcon("folder-open"));
-  cmdFolder->setToolTip(QStringLiteral("Click on the 'Folder' button to specify a folder with input files."));
-  txbFolder = MakeTextBox("txbFolder", "Path of the folder", this);
-  cmdClearFolder = Described(MakeButton("cmdClearFolder", "Cle&ar", this), "Clear the folder");
+  cmdFolder->setToolTip(Tr("Click on the 'Folder' button to specify a folder with input files."));
+  txbFolder = MakeTextBox("txbFolder", Tr("Path of the folder"), this);
+  cmdClearFolder = Described(MakeButton("cmdClearFolder", Tr("Cle&ar"), this), Tr("Clear the folder"));
   layout.addWidget(cmdFolder, 0, 0);
   lblTogether = Named(new ElidingLabel(this), "lblTogether");
   lblTogether->hide();
@@ -64,23 +65,24 @@ void FolderPage::BuildPatterns(QGridLayout& layout) {
     const char* Examples;
   };
   constexpr std::array<Row, 2> kRows = {
-      {{"txbFileFilepathSpecifications_0",
-        "Scan files matching patterns:", "E.g., *.txt, *.docx, a*.htm*, b*.xml"},
-       {"txbFileFilepathSpecifications_1", "Exclude filepaths containing text:", "E.g., copy, bak"}}};
+      {{"txbFileFilepathSpecifications_0", TrLater("Scan files matching patterns:"),
+        TrLater("E.g., *.txt, *.docx, a*.htm*, b*.xml")},
+       {"txbFileFilepathSpecifications_1", TrLater("Exclude filepaths containing text:"),
+        TrLater("E.g., copy, bak")}}};
   for (size_t i = 0; i < kRows.size(); ++i) {
-    auto* box = MakeTextBox(kRows[i].Name, kRows[i].Caption, this);
-    box->setPlaceholderText(QString::fromUtf8(kRows[i].Examples));
+    auto* box = MakeTextBox(kRows[i].Name, Tr(kRows[i].Caption), this);
+    box->setPlaceholderText(Tr(kRows[i].Examples));
     box->setToolTip(box->placeholderText());
     txbFileFilepathSpecifications[i] = box;
     const int row = 1 + 2 * static_cast<int>(i);
-    layout.addWidget(MakeCaption(kRows[i].Caption, box, this), row, 0, 1, 3);
+    layout.addWidget(MakeCaption(Tr(kRows[i].Caption), box, this), row, 0, 1, 3);
     layout.addWidget(box, row + 1, 0, 1, 3);
   }
 }
 
 void FolderPage::BuildFoot(QGridLayout& layout) {
-  chkIncludeSubfolders = MakeCheckBox("chkIncludeSubfolders", "Include subfolders", this);
-  cmdListFiles = MakeButton("cmdListFiles", "List files to be sca&nned", this);
+  chkIncludeSubfolders = MakeCheckBox("chkIncludeSubfolders", Tr("Include subfolders"), this);
+  cmdListFiles = MakeButton("cmdListFiles", Tr("List files to be sca&nned"), this);
   auto* foot = new QHBoxLayout;
   foot->addWidget(chkIncludeSubfolders);
   foot->addStretch(1);
@@ -103,7 +105,7 @@ void FolderPage::Connect() {
 }
 
 void FolderPage::cmdFolder_Click() {
-  const auto path = desktop_.Dialogs.ChooseFolder("Specify a folder", FromQt(txbFolder->text()));
+  const auto path = desktop_.Dialogs.ChooseFolder(Tr("Specify a folder"), FromQt(txbFolder->text()));
   if (path) Chosen(ToQt(*path));
 }
 
@@ -193,7 +195,7 @@ void FolderPage::EnableClearButtons() {
 }
 
 void FolderPage::SetPathToolTips() {
-  ShowPathAsToolTip(*txbFolder, "To specify a folder click on the button labelled 'Folder'.");
+  ShowPathAsToolTip(*txbFolder, Tr("To specify a folder click on the button labelled 'Folder'."));
 }
 
 std::array<QWidget*, 4> FolderPage::FileChoices() const {

@@ -14,6 +14,7 @@
 #include "app/run/left_out_words.h"
 #include "app/run/rules_text.h"
 #include "app/run/words_in_force.h"
+#include "base/translation.h"
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/clipboard_page.h"
@@ -258,13 +259,13 @@ void frmMain::SourceHasChanged(ChangedBy by) {
 void frmMain::TakeSettingsBack(int run) {
   const OpenRuns& runs = result_->Runs();
   if (!run_->Idle() || !runs.At(run).Chosen) return;
-  steps_->Do("Settings of " + FromQt(runs.NameOf(run)),
+  steps_->Do(Fill(Tr("Settings of %1"), {FromQt(runs.NameOf(run))}),
              [&](Workspace::State& state) { TakeBack(state, *runs.At(run).Chosen); });
 }
 
 void frmMain::CountLeftOut() {
   const std::shared_ptr<ShownResult> shown = result_->InFront();
-  steps_->Do("Count words left out", [&](Workspace::State& state) {
+  steps_->Do(Tr("Count words left out"), [&](Workspace::State& state) {
     // Another source may be chosen by now, or other rules.
     if (shown->Chosen) TakeBack(state, *shown->Chosen);
     state.Chosen.Words = RulesThatTake(state.Chosen.Words, shown->Run.Facts.Words);

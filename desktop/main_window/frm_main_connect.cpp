@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QTimer>
 
+#include "base/translation.h"
 #include "desktop/main_window/file_drops.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/frm_main.h"
@@ -140,7 +141,7 @@ void frmMain::ConnectPanels() {
   };
   panels_.Frame->Table->ExportWanted = [this] { result_->Tables().Export(); };
   panels_.Frame->Table->CountWithShortWords = [this] {
-    steps_->Do("Count short words",
+    steps_->Do(Tr("Count short words"),
                [](Workspace::State& state) { state.Chosen.Words.IgnoreShortWords = false; });
     run_->cmdCountPhrases_Click();
   };

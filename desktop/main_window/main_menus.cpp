@@ -13,6 +13,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/main_window/clipboard_page.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/folder_page.h"
@@ -90,7 +91,7 @@ void MainMenus::EnableStop(bool enabled) {
 
 QAction* MainMenus::Add(QMenu* menu, const char* caption, const QKeySequence& key,
                         std::function<void()> handler, During during) {
-  QAction* action = menu->addAction(QString::fromUtf8(caption));
+  QAction* action = menu->addAction(Tr(caption));
   action->setShortcut(key);
   action->setIcon(IconOf(caption));
   connect(action, &QAction::triggered, this, Guarded(desktop_.Messages, caption, std::move(handler)));
@@ -99,79 +100,83 @@ QAction* MainMenus::Add(QMenu* menu, const char* caption, const QKeySequence& ke
 }
 
 void MainMenus::BuildFile(QMenuBar& bar) {
-  QMenu* menu = bar.addMenu(QStringLiteral("&File"));
+  QMenu* menu = bar.addMenu(Tr("&File"));
   SourcePanel* const source = panels_.Source;
-  Add(menu, "&Open file...", QKeySequence::Open, [source] { source->File->cmdFile_Click(); });
-  Add(menu, "Open fol&der...", Qt::CTRL | Qt::SHIFT | Qt::Key_O,
+  Add(menu, TrLater("&Open file..."), QKeySequence::Open, [source] { source->File->cmdFile_Click(); });
+  Add(menu, TrLater("Open fol&der..."), Qt::CTRL | Qt::SHIFT | Qt::Key_O,
       [source] { source->Folder->cmdFolder_Click(); });
-  Add(menu, "Use the &clipboard", Qt::CTRL | Qt::SHIFT | Qt::Key_V,
+  Add(menu, TrLater("Use the &clipboard"), Qt::CTRL | Qt::SHIFT | Qt::Key_V,
       [source] { source->Select(TextSource::Clipboard, ChangedBy::User); });
-  QMenu* recent = menu->addMenu(QStringLiteral("&Recent"));
+  QMenu* recent = menu->addMenu(Tr("&Recent"));
   recent->setIcon(NamedIcon("document-open-recent"));
   recent->setObjectName(QStringLiteral("mnuRecent"));
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
   idleActions_.append(recent->menuAction());
-  Add(menu, "Go to the sou&rce", Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
-  Add(menu, "Save list &as...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, commands_.SaveListAs);
-  export_ = Add(menu, "&Export...", Qt::CTRL | Qt::Key_E, commands_.Export);
-  keep_ = Add(menu, "&Keep run...", Qt::CTRL | Qt::Key_K, commands_.KeepRun);
-  Add(menu, "Open kept ru&n...", Qt::CTRL | Qt::SHIFT | Qt::Key_K, commands_.OpenKeptRun);
+  Add(menu, TrLater("Go to the sou&rce"), Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
+  Add(menu, TrLater("Save list &as..."), Qt::CTRL | Qt::SHIFT | Qt::Key_S, commands_.SaveListAs);
+  export_ = Add(menu, TrLater("&Export..."), Qt::CTRL | Qt::Key_E, commands_.Export);
+  keep_ = Add(menu, TrLater("&Keep run..."), Qt::CTRL | Qt::Key_K, commands_.KeepRun);
+  Add(menu, TrLater("Open kept ru&n..."), Qt::CTRL | Qt::SHIFT | Qt::Key_K, commands_.OpenKeptRun);
   menu->addSeparator();
-  Add(menu, "Count &phrases", Qt::CTRL | Qt::Key_Return, commands_.CountPhrases)
+  Add(menu, TrLater("Count &phrases"), Qt::CTRL | Qt::Key_Return, commands_.CountPhrases)
       ->setShortcuts({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::Key_F5});
-  Add(menu, "Count single &words", {}, commands_.CountSingleWords);
-  stop_ = Add(menu, "S&top", Qt::Key_Escape, commands_.Stop, During::Always);
+  Add(menu, TrLater("Count single &words"), {}, commands_.CountSingleWords);
+  stop_ = Add(menu, TrLater("S&top"), Qt::Key_Escape, commands_.Stop, During::Always);
   stop_->setEnabled(false);
-  Add(menu, "Take settings of the run &back", {}, commands_.TakeSettingsBack);
-  Add(menu, "&Close run", QKeySequence::Close, commands_.CloseRun, During::Always);
+  Add(menu, TrLater("Take settings of the run &back"), {}, commands_.TakeSettingsBack);
+  Add(menu, TrLater("&Close run"), QKeySequence::Close, commands_.CloseRun, During::Always);
   menu->addSeparator();
-  Add(menu, "&Save settings", QKeySequence::Save, commands_.SaveState);
-  Add(menu, "&Load settings from file...", {}, commands_.LoadSettings);
-  Add(menu, "Save settings to f&ile...", {}, commands_.SaveSettings);
+  Add(menu, TrLater("&Save settings"), QKeySequence::Save, commands_.SaveState);
+  Add(menu, TrLater("&Load settings from file..."), {}, commands_.LoadSettings);
+  Add(menu, TrLater("Save settings to f&ile..."), {}, commands_.SaveSettings);
   menu->addSeparator();
-  Add(menu, "&Quit", QKeySequence::Quit, commands_.Quit, During::Always);
+  Add(menu, TrLater("&Quit"), QKeySequence::Quit, commands_.Quit, During::Always);
 }
 
 void MainMenus::BuildEdit(QMenuBar& bar) {
-  QMenu* menu = bar.addMenu(QStringLiteral("&Edit"));
-  QAction* const undo = Add(menu, "&Undo", {}, commands_.Undo);
+  QMenu* menu = bar.addMenu(Tr("&Edit"));
+  QAction* const undo = Add(menu, TrLater("&Undo"), {}, commands_.Undo);
   connect(menu, &QMenu::aboutToShow, this, [this, undo] {
     const std::string name = commands_.Undoable();
-    undo->setText(name.empty() ? QStringLiteral("&Undo")
-                               : QStringLiteral("&Undo: ") + ToQt(name).replace(u'&', QLatin1String("&&")));
+    undo->setText(name.empty() ? Tr("&Undo")
+                               : QString(Tr("&Undo: %1")).arg(ToQt(name).replace(u'&', QLatin1String("&&"))));
     undo->setEnabled(!name.empty() && stop_ != nullptr && !stop_->isEnabled());
   });
   menu->addSeparator();
-  Add(menu, "&Copy", {}, OnFocus([](auto* box) { box->copy(); }), During::Always);
-  Add(menu, "&Paste", {}, OnFocus([](auto* box) { box->paste(); }), During::Always);
-  Add(menu, "Select &all", {}, OnFocus([](auto* box) { box->selectAll(); }), During::Always);
+  Add(menu, TrLater("&Copy"), {}, OnFocus([](auto* box) { box->copy(); }), During::Always);
+  Add(menu, TrLater("&Paste"), {}, OnFocus([](auto* box) { box->paste(); }), During::Always);
+  Add(menu, TrLater("Select &all"), {}, OnFocus([](auto* box) { box->selectAll(); }), During::Always);
   menu->addSeparator();
   ResultPanel* const result = panels_.Result;
   ResultFrame* const frame = panels_.Frame;
   Add(
-      menu, "&Filter words", QKeySequence::Find, [frame] { frame->StartFiltering(); }, During::Always);
-  Add(menu, "Filter &results", Qt::CTRL | Qt::SHIFT | Qt::Key_F,
+      menu, TrLater("&Filter words"), QKeySequence::Find, [frame] { frame->StartFiltering(); },
+      During::Always);
+  Add(menu, TrLater("Filter &results"), Qt::CTRL | Qt::SHIFT | Qt::Key_F,
       [result] { result->Filter->cmdFilterResults_Click(); });
-  Add(menu, "Clear te&xtbox", Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
+  Add(menu, TrLater("Clear te&xtbox"), Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
       [result] { result->cmdClearOutput_Click(); });
 }
 
 void MainMenus::BuildView(QMenuBar& bar) {
-  QMenu* menu = bar.addMenu(QStringLiteral("&View"));
+  QMenu* menu = bar.addMenu(Tr("&View"));
   AddViews(menu);
-  MirrorList(menu->addMenu(QStringLiteral("&Format")), panels_.Report->cboDisplayFormat);
-  MirrorList(menu->addMenu(QStringLiteral("&Order")), panels_.Report->cboWordOrder);
+  MirrorList(menu->addMenu(Tr("&Format")), panels_.Report->cboDisplayFormat);
+  MirrorList(menu->addMenu(Tr("&Order")), panels_.Report->cboWordOrder);
   menu->addSeparator();
   ResultPanel* const result = panels_.Result;
   Add(
-      menu, "Larger &text", QKeySequence::ZoomIn, [result] { result->ZoomText(1); }, During::Always);
+      menu, TrLater("Larger &text"), QKeySequence::ZoomIn, [result] { result->ZoomText(1); }, During::Always);
   Add(
-      menu, "S&maller text", QKeySequence::ZoomOut, [result] { result->ZoomText(-1); }, During::Always);
+      menu, TrLater("S&maller text"), QKeySequence::ZoomOut, [result] { result->ZoomText(-1); },
+      During::Always);
   Add(
-      menu, "&Normal text size", Qt::CTRL | Qt::Key_0, [result] { result->ZoomText(0); }, During::Always);
+      menu, TrLater("&Normal text size"), Qt::CTRL | Qt::Key_0, [result] { result->ZoomText(0); },
+      During::Always);
   menu->addSeparator();
-  Add(menu, "View clip&board", {}, [this] { panels_.Source->Clipboard->cmdClipboardViewer_Click(); });
-  Add(menu, "&Settings", Qt::CTRL | Qt::Key_Comma, commands_.Settings);
+  Add(menu, TrLater("View clip&board"), {},
+      [this] { panels_.Source->Clipboard->cmdClipboardViewer_Click(); });
+  Add(menu, TrLater("&Settings"), Qt::CTRL | Qt::Key_Comma, commands_.Settings);
 }
 
 void MainMenus::AddViews(QMenu* menu) {
@@ -180,9 +185,9 @@ void MainMenus::AddViews(QMenu* menu) {
     Add(
         menu, caption, key, [frame, wanted] { frame->ShowView(wanted); }, During::Always);
   };
-  view("&Table", Qt::ALT | Qt::Key_1, RunView::Table);
-  view("&Report", Qt::ALT | Qt::Key_2, RunView::Report);
-  view("&Pictures", Qt::ALT | Qt::Key_3, RunView::Pictures);
+  view(TrLater("&Table"), Qt::ALT | Qt::Key_1, RunView::Table);
+  view(TrLater("&Report"), Qt::ALT | Qt::Key_2, RunView::Report);
+  view(TrLater("&Pictures"), Qt::ALT | Qt::Key_3, RunView::Pictures);
   for (const char* name : {"mnuContextNext", "mnuContextPrevious"}) {
     // The pane's own commands: their keys hold in the whole window.
     auto* const action = frame->Contexts->findChild<QAction*>(QLatin1String(name));
@@ -190,15 +195,15 @@ void MainMenus::AddViews(QMenu* menu) {
     menu->addAction(action);
   }
   Add(
-      menu, "Report o&ptions", {}, [frame] { frame->cmdReportOptions->toggle(); }, During::Always);
-  Add(menu, "&Left column", Qt::CTRL | Qt::Key_B, commands_.FoldColumn, During::Always);
+      menu, TrLater("Report o&ptions"), {}, [frame] { frame->cmdReportOptions->toggle(); }, During::Always);
+  Add(menu, TrLater("&Left column"), Qt::CTRL | Qt::Key_B, commands_.FoldColumn, During::Always);
   menu->addSeparator();
 }
 
 void MainMenus::BuildHelp(QMenuBar& bar) {
-  QMenu* menu = bar.addMenu(QStringLiteral("&Help"));
-  Add(menu, "&Help", QKeySequence::HelpContents, commands_.Help);
-  Add(menu, "&About Korv", {}, [this] { ShowAbout(); });
+  QMenu* menu = bar.addMenu(Tr("&Help"));
+  Add(menu, TrLater("&Help"), QKeySequence::HelpContents, commands_.Help);
+  Add(menu, TrLater("&About Korv"), {}, [this] { ShowAbout(); });
 }
 
 void MainMenus::MirrorList(QMenu* menu, QComboBox* list) {
@@ -229,7 +234,7 @@ void MainMenus::FillRecent(QMenu* menu) {
     }
     if (!paths.isEmpty()) menu->addSeparator();
   }
-  QAction* forget = menu->addAction(QStringLiteral("&Forget these"));
+  QAction* forget = menu->addAction(Tr("&Forget these"));
   forget->setEnabled(!files.isEmpty() || !folders.isEmpty());
   connect(forget, &QAction::triggered, this, [source] {
     source->RecentFiles.Clear();
@@ -238,9 +243,9 @@ void MainMenus::FillRecent(QMenu* menu) {
 }
 
 void MainMenus::ShowAbout() {
-  desktop_.Messages.Show({.Text = "Korv " + FromQt(QApplication::applicationVersion()) +
-                                  "\n\nCounts the phrases of natural-language text.",
-                          .Title = "About Korv",
+  desktop_.Messages.Show({.Text = "Korv " + FromQt(QApplication::applicationVersion()) + "\n\n" +
+                                  Tr("Counts the phrases of natural-language text."),
+                          .Title = Tr("About Korv"),
                           .Icon = Icon::Information});
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/main_window/open_associated.h"
 
+#include "base/translation.h"
 #include "sources/detect/classification.h"
 
 namespace korv {
@@ -12,10 +13,10 @@ bool IsAddress(const std::string& target) {
 std::string Explanation(LaunchFault fault, const std::string& target) {
   switch (fault) {
     case LaunchFault::OutOfMemory:
-      return "\nOut of memory.\nPlease try once more.";
+      return std::string("\n") + Tr("Out of memory.\nPlease try once more.");
     case LaunchFault::NoAssociation:
-      return "\nFile extension '" + FileExtension(target, false) +
-             "' is not associated with any application program.";
+      return "\n" + Fill(Tr("File extension '%1' is not associated with any application program."),
+                         {FileExtension(target, false)});
     case LaunchFault::None:
     case LaunchFault::Other:
       break;
@@ -29,16 +30,18 @@ bool OpenWithAssociatedProgram(Launcher& launcher, Messages& messages, const std
   const LaunchResult result = launcher.Open(target);
   if (result.Fault == LaunchFault::None) return true;
   if (IsAddress(target)) {
-    messages.Show({.Text = "Error launching web browser, error code = " + std::to_string(result.Code) + "." +
-                           Explanation(result.Fault, target),
-                   .Title = "Cannot launch web browser",
-                   .Icon = Icon::Exclamation});
+    messages.Show(
+        {.Text = Fill(Tr("Error launching web browser, error code = %1."), {std::to_string(result.Code)}) +
+                 Explanation(result.Fault, target),
+         .Title = Tr("Cannot launch web browser"),
+         .Icon = Icon::Exclamation});
   } else {
-    messages.Show({.Text = "Error when opening file " + target +
-                           ".\nPerhaps the file extension has no association." +
-                           Explanation(result.Fault, target),
-                   .Title = "Error",
-                   .Icon = Icon::Exclamation});
+    messages.Show(
+        {.Text = Fill(Tr("Error when opening file %1.\nPerhaps the file extension has no association."),
+                      {target}) +
+                 Explanation(result.Fault, target),
+         .Title = Tr("Error"),
+         .Icon = Icon::Exclamation});
   }
   return false;
 }

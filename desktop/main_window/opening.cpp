@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/kept/open_kept_run.h"
+#include "base/translation.h"
 #include "desktop/main_window/source_panel.h"
 #include "desktop/toolkit/text.h"
 
@@ -32,8 +33,8 @@ void Opening::OpenTogether(const QStringList& paths) {
   for (const QString& name : paths) {
     const std::filesystem::path path = PathFromText(FromQt(name));
     if (NamesSettings(path) || NamesKeptRun(path)) {
-      desktop_.Messages.Show({.Text = "Please open settings and kept runs one at a time.",
-                              .Title = "Several files",
+      desktop_.Messages.Show({.Text = Tr("Please open settings and kept runs one at a time."),
+                              .Title = Tr("Several files"),
                               .Icon = Icon::Information,
                               .Addition = FromQt(name)});
       return;
@@ -46,8 +47,8 @@ void Opening::OpenTogether(const QStringList& paths) {
 }
 
 void Opening::TellMissing(const QString& path) {
-  desktop_.Messages.Show({.Text = "Input file does not exist.",
-                          .Title = "File not found",
+  desktop_.Messages.Show({.Text = Tr("Input file does not exist."),
+                          .Title = Tr("File not found"),
                           .Icon = Icon::Exclamation,
                           .Addition = FromQt(path)});
 }

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "base/translation.h"
 #include "desktop/main_window/path_box.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -18,11 +19,11 @@ namespace korv {
 OutputFilePanel::OutputFilePanel(const Desktop& desktop, QWidget* parent)
     : QWidget(parent), desktop_(desktop) {
   setObjectName(QStringLiteral("fraOutputFile"));
-  cmdFile = MakeButton("cmdFile_1", "O&utput file", this);
+  cmdFile = MakeButton("cmdFile_1", Tr("O&utput file"), this);
   cmdFile->setIcon(NamedIcon("document-save-as"));
-  txbFile = MakeTextBox("txbFile_1", "Path of the output file", this);
-  cmdClearFile = Described(MakeButton("cmdClearFile_1", "Clea&r", this), "Clear the output file");
-  chkDisableOutputToFile = MakeCheckBox("chkDisableOutputToFile", "Disable output to file", this);
+  txbFile = MakeTextBox("txbFile_1", Tr("Path of the output file"), this);
+  cmdClearFile = Described(MakeButton("cmdClearFile_1", Tr("Clea&r"), this), Tr("Clear the output file"));
+  chkDisableOutputToFile = MakeCheckBox("chkDisableOutputToFile", Tr("Disable output to file"), this);
   auto* path = Bare(new QHBoxLayout);
   path->addWidget(cmdFile);
   path->addWidget(txbFile, 1);
@@ -49,8 +50,9 @@ void OutputFilePanel::cmdFile_Click() {
 }
 
 bool OutputFilePanel::ChooseOutputFile() {
-  const auto path = desktop_.Dialogs.ChooseFileToSave(
-      {.Title = "Specify an output file", .Filter = kAnyTextFile, .InitialPath = FromQt(txbFile->text())});
+  const auto path = desktop_.Dialogs.ChooseFileToSave({.Title = Tr("Specify an output file"),
+                                                       .Filter = AnyTextFile(),
+                                                       .InitialPath = FromQt(txbFile->text())});
   if (!path || Refuses(*path)) return false;
   SetPath(*txbFile, ToQt(*path));
   EnableClearButtons();
@@ -87,7 +89,7 @@ void OutputFilePanel::EnableClearButtons() {
 }
 
 void OutputFilePanel::SetPathToolTips() {
-  ShowPathAsToolTip(*txbFile, "To specify an output file click on the button labelled 'Output file'.");
+  ShowPathAsToolTip(*txbFile, Tr("To specify an output file click on the button labelled 'Output file'."));
 }
 
 std::vector<QWidget*> OutputFilePanel::TabOrder() const {

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QLineEdit>
+#include <string>
 
 namespace korv {
 
 /// The filter of the dialogs that choose a text file.
-inline constexpr const char* kAnyTextFile = "Any text file (*.*) | *.*";
+std::string AnyTextFile();
 
 /// Takes the blanks off the ends of a text.
 void TrimBox(QLineEdit& box);

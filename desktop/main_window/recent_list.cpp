@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "base/translation.h"
 #include "desktop/toolkit/plain_tip.h"
 
 namespace korv {
@@ -40,7 +41,7 @@ void RecentList::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setPen(palette().color(QPalette::PlaceholderText));
   painter.drawText(viewport()->rect().adjusted(6, 2, -6, -2), Qt::AlignCenter | Qt::TextWordWrap,
-                   QStringLiteral("Drop a file or a folder here."));
+                   Tr("Drop a file or a folder here."));
 }
 
 }  // namespace korv

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/flow_layout.h"
@@ -31,19 +32,19 @@ ReportPanel::~ReportPanel() {
 
 void ReportPanel::Build() {
   auto* layout = new FlowLayout(this);
-  cboWordOrder = MakeCombo("cboWordOrder", "Order of the phrases", this);
-  cboDisplayFormat = MakeCombo("cboDisplayFormat", "Display format", this);
+  cboWordOrder = MakeCombo("cboWordOrder", Tr("Order of the phrases"), this);
+  cboDisplayFormat = MakeCombo("cboDisplayFormat", Tr("Display format"), this);
   chkDisplayRelativeFrequency = MakeCheckBox(
-      "chkDisplayRelativeFrequency", "Display relative frequency instead of absolute frequency", this);
+      "chkDisplayRelativeFrequency", Tr("Display relative frequency instead of absolute frequency"), this);
   chkDisplayRelativeFrequency->setToolTip(
-      QStringLiteral("'Relative frequency' is explained in 'Report Formats' in the online user manual."));
-  chkFileList = MakeCheckBox("chkFileList", "Set display format to #10", this);
-  chkSuppressWords = MakeCheckBox("chkSuppressWords", "Don't display words as found", this);
-  chkSuppressWords->setToolTip(QStringLiteral("Check this box for faster processing."));
+      Tr("'Relative frequency' is explained in 'Report Formats' in the online user manual."));
+  chkFileList = MakeCheckBox("chkFileList", Tr("Set display format to #10"), this);
+  chkSuppressWords = MakeCheckBox("chkSuppressWords", Tr("Don't display words as found"), this);
+  chkSuppressWords->setToolTip(Tr("Check this box for faster processing."));
   chkSortByNumberOfFiles =
-      MakeCheckBox("chkSortByNumberOfFiles", "Sort by number of files instead of frequency", this);
-  layout->AddGroup(WithCaption("Or&der:", cboWordOrder));
-  layout->AddGroup(WithCaption("For&mat:", cboDisplayFormat));
+      MakeCheckBox("chkSortByNumberOfFiles", Tr("Sort by number of files instead of frequency"), this);
+  layout->AddGroup(WithCaption(Tr("Or&der:"), cboWordOrder));
+  layout->AddGroup(WithCaption(Tr("For&mat:"), cboDisplayFormat));
   layout->addWidget(chkDisplayRelativeFrequency);
   layout->addWidget(chkSuppressWords);
   // Last: what comes and goes with the source moves nothing beside it.

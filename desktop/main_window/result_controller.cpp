@@ -10,6 +10,7 @@
 #include "app/run/run_changes.h"
 #include "app/run/run_description.h"
 #include "base/line_ends.h"
+#include "base/translation.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/phrases_panel.h"
@@ -196,8 +197,8 @@ void ResultController::FollowControls() {
 
 void ResultController::OfferToWrite() {
   if (!run_.Idle() || !HasResult()) return;
-  if (desktop_.Messages.Show({.Text = "Relist words (so as to write to file)?",
-                              .Title = "Relist?",
+  if (desktop_.Messages.Show({.Text = Tr("Relist words (so as to write to file)?"),
+                              .Title = Tr("Relist?"),
                               .Icon = Icon::Question,
                               .Buttons = Buttons::YesNo,
                               .DefaultAnswer = Answer::Yes,

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/progress_value.h"
@@ -230,7 +231,7 @@ void RunController::List(std::shared_ptr<ShownResult> result, const ReportOption
       });
   if (begins) BeginRun(false);
   if (!path) return;
-  panels_.Status->ShowText(QStringLiteral("Now writing to output file . . ."));
+  panels_.Status->ShowText(Tr("Now writing to output file . . ."));
   panels_.Run->ShowProgress(-1);
 }
 
@@ -262,8 +263,10 @@ void RunController::ListIntoFile(ListJob& job) {
                        .Encoding = desktop_.Encoding,
                        .Progress =
                            [this](uint32_t phrases) {
-                             thread_.Observer().TextProgress("Now writing to output file . . . " +
-                                                             desktop_.Numbers.Grouped(phrases) + " phrases");
+                             thread_.Observer().TextProgress(
+                                 Fill(TrCount("Now writing to output file . . . %1 phrases",
+                                              "Now writing to output file . . . %1 phrases", phrases),
+                                      {desktop_.Numbers.Grouped(phrases)}));
                            }},
                       thread_.Yielder());
   job.Listing.List = written.List;

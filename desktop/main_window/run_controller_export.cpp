@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/status_line.h"
@@ -40,16 +41,16 @@ void RunController::Export(std::shared_ptr<ShownResult> result, ExportRequest re
         if (!Abandoned()) exported(job->Written);
       });
   BeginRun(false);
-  panels_.Status->ShowText(QStringLiteral("Exporting . . ."));
+  panels_.Status->ShowText(Tr("Exporting . . ."));
 }
 
 void RunController::ShowExportProgress() {
   if (Doing() != RunActivity::Exporting || !thread_.Working()) return;
   const uint64_t done = exported_;
   if (done > 0)
-    panels_.Status->ShowText(
-        QStringLiteral("Exporting . . . ") + ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(done))) +
-        QStringLiteral(" of ") + ToQt(desktop_.Numbers.Grouped(toExport_)) + QStringLiteral(" phrases"));
+    panels_.Status->ShowText(QString(Tr("Exporting . . . %1 of %2 phrases"))
+                                 .arg(ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(done))),
+                                      ToQt(desktop_.Numbers.Grouped(toExport_))));
   // Before the first row columns are computed, and behind the last one libraries finish their files: nobody
   // can tell how far that is.
   const bool told = done > 0 && done < toExport_;

@@ -4,6 +4,7 @@
 
 #include "app/kept/keep_run.h"
 #include "app/kept/open_kept_run.h"
+#include "base/translation.h"
 #include "desktop/main_window/run_controller.h"
 #include "desktop/main_window/run_panel.h"
 #include "desktop/main_window/status_line.h"
@@ -38,7 +39,7 @@ void RunController::Keep(const std::shared_ptr<ShownResult>& result, const std::
         if (thrown) std::rethrow_exception(thrown);
         kept(*std::move(job->Kept));
       });
-  BeginKept(QStringLiteral("Writing the kept run . . ."));
+  BeginKept(Tr("Writing the kept run . . ."));
 }
 
 void RunController::OpenKept(const std::filesystem::path& path,
@@ -58,7 +59,7 @@ void RunController::OpenKept(const std::filesystem::path& path,
         if (job->Error) return failed(*job->Error);
         hooks_.Counted({.Result = std::move(job->Result), .Filtered = false, .ToFile = false});
       });
-  BeginKept(QStringLiteral("Opening the kept run . . ."));
+  BeginKept(Tr("Opening the kept run . . ."));
 }
 
 void RunController::ShowKeptProgress() {

@@ -11,6 +11,7 @@
 #include <array>
 
 #include "base/time_text.h"
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/accent.h"
 #include "desktop/widgets/control_factory.h"
@@ -26,11 +27,15 @@ constexpr int kProgressTick = 100;  // milliseconds
 constexpr std::array<const char*, 4> kTwirler = {"\xE2\x97\x90", "\xE2\x97\x93", "\xE2\x97\x91",
                                                  "\xE2\x97\x92"};
 
+QString TimeText(const std::string& elapsed) {
+  return ToQt(Fill(Tr("Time elapsed: %1"), {elapsed}));
+}
+
 }  // namespace
 
 RunPanel::RunPanel(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   auto* layout = Bare(new QVBoxLayout(this));
-  cmdCountPhrases = MakeButton("cmdCountPhrases", "&Count phrases", this);
+  cmdCountPhrases = MakeButton("cmdCountPhrases", Tr("&Count phrases"), this);
   QFont large = cmdCountPhrases->font();
   large.setPointSizeF(large.pointSizeF() * 1.25);
   large.setBold(true);
@@ -53,7 +58,7 @@ RunPanel::~RunPanel() {
 }
 
 void RunPanel::BuildProgress(QBoxLayout& layout) {
-  prgProgress = Described(Named(new QProgressBar(this), "prgProgress"), "Progress of the count");
+  prgProgress = Described(Named(new QProgressBar(this), "prgProgress"), Tr("Progress of the count"));
   prgProgress->setRange(0, kWholeProgress);
   prgProgress->setValue(0);
   prgProgress->setFormat(QStringLiteral("%p %"));
@@ -61,8 +66,7 @@ void RunPanel::BuildProgress(QBoxLayout& layout) {
   lblTwirler = Named(new QLabel(this), "lblTwirler");
   lblTwirler->setFixedWidth(lblTwirler->fontMetrics().height());
   lblTimeElapsed = MakeLabel("lblTimeElapsed", this);
-  lblTimeElapsed->setMinimumWidth(
-      lblTimeElapsed->fontMetrics().horizontalAdvance(QStringLiteral("Time elapsed: 00h 00m 00s")));
+  lblTimeElapsed->setMinimumWidth(lblTimeElapsed->fontMetrics().horizontalAdvance(TimeText("00h 00m 00s")));
   auto* progress = new QHBoxLayout;
   progress->addWidget(prgProgress, 1);
   progress->addWidget(lblTwirler);
@@ -75,9 +79,9 @@ void RunPanel::BuildProgress(QBoxLayout& layout) {
 }
 
 void RunPanel::BuildCommands(QBoxLayout& layout) {
-  cmdSaveState = MakeButton("cmdSaveState", "Save settin&gs", this);
-  cmdHelp = MakeButton("cmdHelp", "Hel&p", this);
-  cmdQuit = MakeButton("cmdQuit", "&Quit", this);
+  cmdSaveState = MakeButton("cmdSaveState", Tr("Save settin&gs"), this);
+  cmdHelp = MakeButton("cmdHelp", Tr("Hel&p"), this);
+  cmdQuit = MakeButton("cmdQuit", Tr("&Quit"), this);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(cmdSaveState);
   buttons->addStretch(1);
@@ -109,11 +113,11 @@ void RunPanel::SetCountPhrasesCaption(Caption caption) {
       DrawnIcon(caption == Caption::Stop ? "process-stop" : "media-playback-start", captionRole_));
   switch (caption) {
     case Caption::Count:
-      return cmdCountPhrases->setText(QStringLiteral("&Count phrases"));
+      return cmdCountPhrases->setText(Tr("&Count phrases"));
     case Caption::Stop:
-      return cmdCountPhrases->setText(QStringLiteral("sto&p"));
+      return cmdCountPhrases->setText(Tr("sto&p"));
     case Caption::Processing:
-      return cmdCountPhrases->setText(QStringLiteral("Processing . . . "));
+      return cmdCountPhrases->setText(Tr("Processing . . . "));
   }
 }
 
@@ -136,7 +140,7 @@ void RunPanel::End() {
 }
 
 void RunPanel::ShowTimeElapsed(std::chrono::seconds elapsed) {
-  lblTimeElapsed->setText(QStringLiteral("Time elapsed: ") + ToQt(FormatElapsedCompact(elapsed)));
+  lblTimeElapsed->setText(TimeText(FormatElapsedCompact(elapsed)));
   lblTimeElapsed->setToolTip(ToQt(FormatElapsedLong(elapsed)));
   lblTimeElapsed->show();
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/folder_page.h"
@@ -55,8 +56,8 @@ void SettingsController::Initialize() {
   work_.CountTogether(ChangedBy::Program, {});
   Change(settings);
   if (!settings.WordsFiles.empty() &&
-      desktop_.Messages.Show({.Text = "Do you wish to clear all words-to-ignore files?",
-                              .Title = "Words-to-ignore files",
+      desktop_.Messages.Show({.Text = Tr("Do you wish to clear all words-to-ignore files?"),
+                              .Title = Tr("Words-to-ignore files"),
                               .Icon = Icon::Question,
                               .Buttons = Buttons::YesNo,
                               .DefaultAnswer = Answer::No,
@@ -83,12 +84,12 @@ std::string SettingsController::SaveStateTo(const std::filesystem::path& path) {
 bool SettingsController::SaveState() {
   const std::string fault = SaveStateTo({});
   if (fault.empty()) return true;
-  desktop_.Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
+  desktop_.Messages.Show({.Text = fault, .Title = Tr("Save state"), .Icon = Icon::Exclamation});
   return false;
 }
 
 void SettingsController::SaveStateFile(QWidget* window) {
-  if (SaveState()) popUp_.PopUpInForm(QStringLiteral("Settings saved"), window, QStringLiteral("Save state"));
+  if (SaveState()) popUp_.PopUpInForm(Tr("Settings saved"), window, Tr("Save state"));
 }
 
 RestoreOutcome SettingsController::RestoreSavedState(const std::filesystem::path& path) {
@@ -131,7 +132,7 @@ void SettingsController::RestoreStateFile() {
   const RestoreOutcome outcome = RestoreSavedState({});
   if (outcome.Result == kRestored) return;
   desktop_.Messages.Show(
-      {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
+      {.Text = LoadFailureText(outcome), .Title = Tr("Load settings"), .Icon = Icon::Exclamation});
 }
 
 void SettingsController::RememberStart() {

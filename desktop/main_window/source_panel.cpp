@@ -10,6 +10,7 @@
 #include <array>
 
 #include "app/run/result_notes.h"
+#include "base/translation.h"
 #include "desktop/main_window/clipboard_page.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/folder_page.h"
@@ -25,15 +26,15 @@
 namespace korv {
 
 SourcePanel::SourcePanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Select source of text to be scanned:"), parent),
+    : QGroupBox(Tr("Select source of text to be scanned:"), parent),
       RecentFiles(desktop.Store, "recent/files"),
       RecentFolders(desktop.Store, "recent/folders"),
       desktop_(desktop) {
   setObjectName(QStringLiteral("fraSource"));
   auto* layout = Tight(new QVBoxLayout(this));
-  optOnClipboard = MakeOption("optOnClipboard", "Clipboard", this);
-  optInFile = MakeOption("optInFile", "Single file", this);
-  optFolder = MakeOption("optFolder", "Folder", this);
+  optOnClipboard = MakeOption("optOnClipboard", Tr("Clipboard"), this);
+  optInFile = MakeOption("optInFile", Tr("Single file"), this);
+  optFolder = MakeOption("optFolder", Tr("Folder"), this);
   auto* kinds = new QHBoxLayout;
   for (QRadioButton* option : {optOnClipboard, optInFile, optFolder}) kinds->addWidget(option);
   kinds->addStretch(1);
@@ -42,7 +43,7 @@ SourcePanel::SourcePanel(const Desktop& desktop, QWidget* parent)
   layout->addWidget(stkSource);
   lblFound = Named(new ElidingLabel(this), "lblFound");
   layout->addWidget(lblFound);
-  lstRecent = Described(Named(new RecentList(this), "lstRecent"), "Recent files and folders");
+  lstRecent = Described(Named(new RecentList(this), "lstRecent"), Tr("Recent files and folders"));
   layout->addWidget(lstRecent, 1);
   FitToPages();
   lblFound->hide();

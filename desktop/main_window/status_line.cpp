@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "base/size_text.h"
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 
@@ -18,8 +19,7 @@ StatusLine::StatusLine(const NumberFormat& numbers, QWidget* parent) : QStatusBa
   lblStatusWords = MakeLabel("lblStatusWords", this);
   lblStatusPhrases = MakeLabel("lblStatusPhrases", this);
   lblStatusMemory = MakeLabel("lblStatusMemory", this);
-  lblStatusMemory->setToolTip(
-      QStringLiteral("Memory that the finished runs take. Closing a run frees what it takes."));
+  lblStatusMemory->setToolTip(Tr("Memory that the finished runs take. Closing a run frees what it takes."));
   addWidget(lblStatusText, 1);
   for (QLabel* label :
        {lblStatusEncoding, lblStatusFiles, lblStatusWords, lblStatusPhrases, lblStatusMemory}) {
@@ -34,15 +34,14 @@ void StatusLine::ShowText(const QString& text) {
 }
 
 void StatusLine::ShowCounts(uint64_t files, uint64_t words, uint64_t phrases) {
-  const auto count = [this](uint64_t number, const char* one, const char* many) {
-    return ToQt(numbers_.Grouped(static_cast<int64_t>(number))) + u' ' +
-           QString::fromUtf8(number == 1 ? one : many);
+  const auto count = [this](uint64_t number, const char* pattern) {
+    return ToQt(Fill(pattern, {numbers_.Grouped(static_cast<int64_t>(number))}));
   };
-  lblStatusFiles->setText(files == 0 ? QString() : count(files, "file", "files"));
+  lblStatusFiles->setText(files == 0 ? QString() : count(files, TrCount("%1 file", "%1 files", files)));
   // Some styles draw lines between the fields, around empty ones too.
   lblStatusFiles->setVisible(files != 0);
-  lblStatusWords->setText(count(words, "word", "words"));
-  lblStatusPhrases->setText(count(phrases, "different phrase", "different phrases"));
+  lblStatusWords->setText(count(words, TrCount("%1 word", "%1 words", words)));
+  lblStatusPhrases->setText(count(phrases, TrCount("%1 different phrase", "%1 different phrases", phrases)));
   lblStatusWords->show();
   lblStatusPhrases->show();
 }
@@ -58,7 +57,8 @@ void StatusLine::ShowEncoding(const std::string& text) {
 }
 
 void StatusLine::ShowMemory(size_t runs, uint64_t bytes) {
-  lblStatusMemory->setText(QStringLiteral("%1 runs: ").arg(runs) + ToQt(FormatSize(bytes, numbers_)));
+  lblStatusMemory->setText(ToQt(
+      Fill(TrCount("%1 run: %2", "%1 runs: %2", runs), {std::to_string(runs), FormatSize(bytes, numbers_)})));
   lblStatusMemory->setVisible(runs > 1);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/main_window/result_controller.h"
 #include "desktop/main_window/settings_steps.h"
 #include "desktop/results/head_line.h"
@@ -29,6 +30,17 @@ std::string& TypedOf(ListKind kind, Workspace::State& state) {
 
 const char* SeparatorOf(ListKind kind) {
   return kind == ListKind::WordsToIgnore ? " " : ", ";
+}
+
+const char* TipOfIgnored(bool counted) {
+  return counted ? Tr("A word to ignore. Click to take it away.")
+                 : Tr("A word to ignore, from the next count on. Click to take it away.");
+}
+
+const char* TipOfCounted(bool counted) {
+  return counted ? Tr("Only phrases with it, or with another such entry, count. Click to take it away.")
+                 : Tr("Only phrases with it, or with another such entry, count, from the next count on. "
+                      "Click to take it away.");
 }
 
 }  // namespace
@@ -58,19 +70,19 @@ void TableActions::Type(ListKind kind, const std::string& entry, const std::stri
 void TableActions::Untype(ListKind kind, const std::string& entry) {
   std::vector<std::string> entries = SplitTypedEntries(kind, work_.TypedOf(kind));
   std::erase(entries, entry);
-  steps_.Do("\"" + entry + "\" taken away",
+  steps_.Do(Fill(Tr("\"%1\" taken away"), {entry}),
             [&](Workspace::State& state) { TypedOf(kind, state) = Joined(entries, SeparatorOf(kind)); });
 }
 
 void TableActions::IgnoreWord(const std::string& word) {
   if (!Has(ignored_, word)) ignored_.push_back(word);
-  Type(ListKind::WordsToIgnore, word, "Ignore \"" + word + "\"");
+  Type(ListKind::WordsToIgnore, word, Fill(Tr("Ignore \"%1\""), {word}));
   ShowChips();
 }
 
 void TableActions::CountOnlyWith(PhraseIndex phrase) {
   const std::string text = result_.InFront()->Run.Table.Text(phrase);
-  Type(ListKind::CountOnly, text, "Count only phrases with \"" + text + "\"");
+  Type(ListKind::CountOnly, text, Fill(Tr("Count only phrases with \"%1\""), {text}));
   ShowChips();
 }
 
@@ -89,10 +101,8 @@ void TableActions::FollowRun() {
 
 Chip TableActions::ChipOf(ListKind kind, const std::string& entry, bool counted) {
   const bool ignored = kind == ListKind::WordsToIgnore;
-  return {.Text = (ignored ? "Ignored: " : "Only with: ") + entry,
-          .Tip = std::string(ignored ? "A word to ignore"
-                                     : "Only phrases with it, or with another such entry, count") +
-                 (counted ? ". Click to take it away." : ", from the next count on. Click to take it away."),
+  return {.Text = Fill(ignored ? Tr("Ignored: %1") : Tr("Only with: %1"), {entry}),
+          .Tip = ignored ? TipOfIgnored(counted) : TipOfCounted(counted),
           .Remove = [this, kind, entry] { Untype(kind, entry); }};
 }
 
@@ -111,18 +121,19 @@ void TableActions::AddListing(std::vector<Chip>& chips) {
   const ShownResult& shown = *result_.InFront();
   if (!shown.LeftOut.empty()) {
     const size_t n = shown.LeftOut.size();
-    chips.push_back({.Text = n == 1 ? "1 phrase left out" : std::to_string(n) + " phrases left out",
-                     .Tip = "Left out of the table. Click to show what was left out.",
-                     .Remove = [this] {
-                       result_.InFront()->LeftOut.clear();
-                       FollowRun();
-                       ShowChips();
-                     }});
+    chips.push_back(
+        {.Text = Fill(TrCount("%1 phrase left out", "%1 phrases left out", n), {std::to_string(n)}),
+         .Tip = Tr("Left out of the table. Click to show what was left out."),
+         .Remove = [this] {
+           result_.InFront()->LeftOut.clear();
+           FollowRun();
+           ShowChips();
+         }});
   }
   const ReportOptions& listed = shown.Listing.Options;
   if (shown.InSight && listed.FilterActive && !listed.FilterText.empty())
-    chips.push_back({.Text = "Report filtered: " + listed.FilterText,
-                     .Tip = "The report has only phrases that match. Click to list all.",
+    chips.push_back({.Text = Fill(Tr("Report filtered: %1"), {listed.FilterText}),
+                     .Tip = Tr("The report has only phrases that match. Click to list all."),
                      .Remove = [this] { result_.TakeWayOut(NoteAction::ShowAll); }});
 }
 

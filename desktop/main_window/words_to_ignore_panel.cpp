@@ -7,6 +7,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -16,26 +17,28 @@
 namespace korv {
 
 WordsToIgnorePanel::WordsToIgnorePanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Words"), parent) {
+    : QGroupBox(Tr("Words"), parent) {
   setObjectName(QStringLiteral("fraWordsToIgnore"));
   auto* layout = Tight(new QVBoxLayout(this));
   layout->setSpacing(2);
-  optAllowPhrasesAllWordsToIgnore = MakeOption("optAllowPhrasesAllWordsToIgnore",
-                                               "Allow phrases consisting entirely of words to ignore", this);
-  optExcludePhrasesAllWordsToIgnore = MakeOption(
-      "optExcludePhrasesAllWordsToIgnore", "Exclude phrases consisting entirely of words to ignore", this);
-  optExcludePhrasesWithWordToIgnore =
-      MakeOption("optExcludePhrasesWithWordToIgnore", "Exclude phrases containing a word to ignore", this);
-  optRemoveWordsToIgnore = MakeOption("optRemoveWordsToIgnore", "Remove &words to ignore from phrases", this);
+  optAllowPhrasesAllWordsToIgnore = MakeOption(
+      "optAllowPhrasesAllWordsToIgnore", Tr("Allow phrases consisting entirely of words to ignore"), this);
+  optExcludePhrasesAllWordsToIgnore =
+      MakeOption("optExcludePhrasesAllWordsToIgnore",
+                 Tr("Exclude phrases consisting entirely of words to ignore"), this);
+  optExcludePhrasesWithWordToIgnore = MakeOption("optExcludePhrasesWithWordToIgnore",
+                                                 Tr("Exclude phrases containing a word to ignore"), this);
+  optRemoveWordsToIgnore =
+      MakeOption("optRemoveWordsToIgnore", Tr("Remove &words to ignore from phrases"), this);
   for (QRadioButton* option : Options()) layout->addWidget(option);
   auto* foot = new QHBoxLayout;
   lblWordsToIgnoreNotice = MakeLabel("lblWordsToIgnoreNotice", this);
   lblWordsToIgnoreNotice->setWordWrap(true);
   // Two lines are kept free for the longest notice, whether it stands there or not.
   lblWordsToIgnoreNotice->setMinimumHeight(2 * lblWordsToIgnoreNotice->fontMetrics().lineSpacing());
-  cmdSetParameters = MakeButton("cmdSetParameters", "&Settings", this);
+  cmdSetParameters = MakeButton("cmdSetParameters", Tr("&Settings"), this);
   cmdSetParameters->setToolTip(
-      QStringLiteral("Define what counts as a word, specify words to ignore and words/phrases to count"));
+      Tr("Define what counts as a word, specify words to ignore and words/phrases to count"));
   foot->addWidget(lblWordsToIgnoreNotice, 1);
   foot->addWidget(cmdSetParameters, 0, Qt::AlignBottom);
   layout->addLayout(foot);
@@ -57,9 +60,10 @@ void WordsToIgnorePanel::BuildRules(QBoxLayout& layout) {
   lblWordRules->setWordWrap(true);
   MakeQuiet(lblWordsInForce);
   MakeQuiet(lblWordRules);
-  cmdChangeWordRules = Described(Named(new QToolButton(this), "cmdChangeWordRules"), "Change the word rules");
-  cmdChangeWordRules->setText(QStringLiteral("Change..."));
-  cmdChangeWordRules->setToolTip(QStringLiteral("Change what counts as a word and where phrases end"));
+  cmdChangeWordRules =
+      Described(Named(new QToolButton(this), "cmdChangeWordRules"), Tr("Change the word rules"));
+  cmdChangeWordRules->setText(Tr("Change..."));
+  cmdChangeWordRules->setToolTip(Tr("Change what counts as a word and where phrases end"));
   cmdChangeWordRules->setFocusPolicy(Qt::StrongFocus);
   auto* rules = new QHBoxLayout;
   rules->addWidget(lblWordRules, 1);

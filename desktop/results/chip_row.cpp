@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/layouts.h"
@@ -15,6 +16,10 @@ namespace {
 
 constexpr size_t kMostButtons = 3;
 constexpr int kWidestChip = 220;  // pixels
+
+QString MoreText(size_t chips) {
+  return QString(TrCount("%1 more", "%1 more", chips)).arg(chips);
+}
 
 }  // namespace
 
@@ -60,8 +65,7 @@ void ChipRow::Rebuild() {
     connect(button, &QToolButton::clicked, this, [this, i] { Lift(i); });
   }
   if (chips_.size() > kMostButtons) {
-    QToolButton* const more =
-        add(QStringLiteral("cmdMoreChips"), QStringLiteral("%1 more").arg(chips_.size() - kMostButtons));
+    QToolButton* const more = add(QStringLiteral("cmdMoreChips"), MoreText(chips_.size() - kMostButtons));
     auto* menu = new QMenu(more);
     for (size_t i = kMostButtons; i < chips_.size(); ++i) {
       menu->addAction(ToQt(chips_[i].Text).replace(u'&', QLatin1String("&&")) + QStringLiteral("  \u2715"),
@@ -69,7 +73,7 @@ void ChipRow::Rebuild() {
     }
     more->setMenu(menu);
     more->setPopupMode(QToolButton::InstantPopup);
-    more->setToolTip(QStringLiteral("Further restrictions in force"));
+    more->setToolTip(Tr("Further restrictions in force"));
   }
   setVisible(!chips_.empty());
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -16,7 +17,7 @@
 namespace korv {
 
 FilterPanel::FilterPanel(const Desktop& desktop, QWidget* parent)
-    : QGroupBox(QStringLiteral("Filter"), parent), desktop_(desktop) {
+    : QGroupBox(Tr("Filter"), parent), desktop_(desktop) {
   setObjectName(QStringLiteral("fraFilterResults"));
   Build();
   TabToTheSelected(Modes());
@@ -29,17 +30,17 @@ FilterPanel::~FilterPanel() {
 
 void FilterPanel::Build() {
   auto* layout = Tight(new QGridLayout(this));
-  optIncludeAllWords = MakeOption("optIncludeAllWords", "All words below included", this);
-  optIncludeAllWordsInSameOrder = MakeOption("optIncludeAllWordsInSameOrder", "in same order", this);
-  optIncludeAllWordsAsSubphrase = MakeOption("optIncludeAllWordsAsSubphrase", "as subphrase", this);
-  txbFilterWords = MakeTextBox("txbFilterWords", "Filter words", this);
+  optIncludeAllWords = MakeOption("optIncludeAllWords", Tr("All words below included"), this);
+  optIncludeAllWordsInSameOrder = MakeOption("optIncludeAllWordsInSameOrder", Tr("in same order"), this);
+  optIncludeAllWordsAsSubphrase = MakeOption("optIncludeAllWordsAsSubphrase", Tr("as subphrase"), this);
+  txbFilterWords = MakeTextBox("txbFilterWords", Tr("Filter words"), this);
   txbFilterWords->setFont(WordsFont());
-  cmdFilterResults = MakeButton("cmdFilterResults", "Fil&ter results", this);
-  cmdClear = Described(MakeButton("cmdClear", "C&lear", this), "Clear the filter words");
+  cmdFilterResults = MakeButton("cmdFilterResults", Tr("Fil&ter results"), this);
+  cmdClear = Described(MakeButton("cmdClear", Tr("C&lear"), this), Tr("Clear the filter words"));
   auto* modes = new QHBoxLayout;
   for (QRadioButton* mode : Modes()) modes->addWidget(mode);
   modes->addStretch(1);
-  auto* note = MakeHint("Case is not significant.", this);
+  auto* note = MakeHint(Tr("Case is not significant."), this);
   note->setWordWrap(false);
   layout->addLayout(modes, 0, 0, 1, 4);
   layout->addWidget(txbFilterWords, 1, 0);

@@ -9,6 +9,7 @@
 #include "app/run/run_changes.h"
 #include "app/run/run_description.h"
 #include "app/run/run_request.h"
+#include "base/translation.h"
 #include "desktop/results/run_tabs.h"
 #include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
@@ -42,7 +43,7 @@ OpenRuns::OpenRun* OpenRuns::RunOf(const ShownResult* result) {
 QString OpenRuns::NameFor(const ShownResult& result) const {
   const RunSummary& facts = result.Run.Facts;
   QString source = ToQt(SourceNameOf(facts));
-  if (IsOfSingleWords(result)) source += QStringLiteral(": words");
+  if (IsOfSingleWords(result)) source = QString(Tr("%1: words")).arg(source);
   if (!result.KeptIn.empty()) source += QStringLiteral(", ") + WhenCounted(result);
   const auto taken = [this](const QString& name) {
     return std::any_of(runs_.begin(), runs_.end(), [&](const OpenRun& run) { return run.Name == name; });
@@ -83,7 +84,7 @@ void OpenRuns::MarkChanged(const RunRequest& now) {
     tabs_.Rename(static_cast<int>(i), changed.empty() ? runs_[i].Name : runs_[i].Name + QStringLiteral(" *"));
     QString tip = runs_[i].Tip;
     if (!changed.empty())
-      tip += QStringLiteral("\n* Counted under other rules than those chosen now: ") + ToQt(changed) + u'.';
+      tip += u'\n' + QString(Tr("* Counted under other rules than those chosen now: %1.")).arg(ToQt(changed));
     tabs_.setTabToolTip(static_cast<int>(i), PlainTip(tip));
   }
 }

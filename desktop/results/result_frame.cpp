@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/filter_panel.h"
@@ -38,13 +39,13 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   Tabs = new RunTabs(this);
   Head = new HeadLine(this);
   Notes = Named(new ResultNotesPanel(this), "notes");
-  Views = Described(Named(new QTabWidget(this), "tabViews"), "Views of the run");
+  Views = Described(Named(new QTabWidget(this), "tabViews"), Tr("Views of the run"));
   Views->setDocumentMode(true);
   Report = new ResultPanel(desktop, hooks, Views);
-  Views->addTab(MakeTable(), QStringLiteral("Table"));
-  Views->addTab(Report, QStringLiteral("Report"));
+  Views->addTab(MakeTable(), Tr("Table"));
+  Views->addTab(Report, Tr("Report"));
   Pictures = new PicturesPane(desktop, Views);
-  Views->addTab(Pictures, QStringLiteral("Pictures"));
+  Views->addTab(Pictures, Tr("Pictures"));
   MakeOptionsButton();
   layout->addWidget(Tabs);
   layout->addWidget(Head);
@@ -68,9 +69,8 @@ QSize ResultFrame::minimumSizeHint() const {
 
 void ResultFrame::MakeOptionsButton() {
   cmdReportOptions = Named(new QToolButton(Views), "cmdReportOptions");
-  cmdReportOptions->setText(QStringLiteral("Report options"));
-  cmdReportOptions->setToolTip(
-      QStringLiteral("Show or fold away order, format and output file of the report"));
+  cmdReportOptions->setText(Tr("Report options"));
+  cmdReportOptions->setToolTip(Tr("Show or fold away order, format and output file of the report"));
   cmdReportOptions->setCheckable(true);
   cmdReportOptions->setFocusPolicy(Qt::StrongFocus);
   cmdReportOptions->setAutoRaise(true);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/filter_panel.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -20,7 +21,7 @@ namespace korv {
 
 ResultPanel::ResultPanel(const Desktop& desktop, OutputBoxHooks hooks, QWidget* parent)
     : QWidget(parent),
-      txbOutput(Described(Named(new QPlainTextEdit(this), "txbOutput"), "Result")),
+      txbOutput(Described(Named(new QPlainTextEdit(this), "txbOutput"), Tr("Result"))),
       desktop_(desktop),
       box_(*txbOutput),
       output_(box_, std::move(hooks)) {
@@ -76,14 +77,14 @@ void ResultPanel::BuildBox(QBoxLayout& layout) {
   txbOutput->setUndoRedoEnabled(false);
   txbOutput->setTabChangesFocus(true);
   txbOutput->setPlaceholderText(
-      QString::fromUtf8("The phrases will be listed here.\n\n"
-                        "1.  Choose the source of the text at the top left.\n"
-                        "2.  Set how many words a phrase has and how often it must occur.\n"
-                        "3.  Click on \"Count phrases\".\n\n"
-                        "F1 shows the help."));
+      Tr("The phrases will be listed here.\n\n"
+         "1.  Choose the source of the text at the top left.\n"
+         "2.  Set how many words a phrase has and how often it must occur.\n"
+         "3.  Click on \"Count phrases\".\n\n"
+         "F1 shows the help."));
   layout.addWidget(txbOutput, 1);
-  cmdTrySample = MakeButton("cmdTrySample", "Ta&ke a sample to try", txbOutput->viewport());
-  cmdTrySample->setToolTip(QStringLiteral("Count the phrases of a short text that comes with the program"));
+  cmdTrySample = MakeButton("cmdTrySample", Tr("Ta&ke a sample to try"), txbOutput->viewport());
+  cmdTrySample->setToolTip(Tr("Count the phrases of a short text that comes with the program"));
   cmdTrySample->setCursor(Qt::ArrowCursor);
   // A button, though it stands among words in the box's own font. What is not set is the box's.
   QFont ordinary = font();
@@ -109,7 +110,7 @@ void ResultPanel::ShowSample() {
 }
 
 void ResultPanel::BuildFoot(QBoxLayout& layout) {
-  cmdClearOutput = MakeButton("cmdClearOutput", "Clear te&xtbox", this);
+  cmdClearOutput = MakeButton("cmdClearOutput", Tr("Clear te&xtbox"), this);
   foot_ = new QHBoxLayout;
   foot_->addStretch(1);
   foot_->addWidget(cmdClearOutput);
@@ -186,8 +187,8 @@ void ResultPanel::ClearLabels() {
 }
 
 void ResultPanel::ShowFoundSoFar(uint64_t phrases) {
-  lblNumberOfWords->setText(QStringLiteral("Number of different phrases found so far: ") +
-                            ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(phrases))));
+  lblNumberOfWords->setText(QString(Tr("Number of different phrases found so far: %1"))
+                                .arg(ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(phrases)))));
   ShowSummary();
 }
 
@@ -209,7 +210,7 @@ void ResultPanel::EnableClearButtons() {
 
 void ResultPanel::SuggestWidth() {
   const bool tooWide = txbOutput->horizontalScrollBar()->maximum() > 0;
-  txbOutput->setToolTip(tooWide ? QStringLiteral("You may need to increase the width.") : QString());
+  txbOutput->setToolTip(tooWide ? Tr("You may need to increase the width.") : QString());
 }
 
 std::vector<QWidget*> ResultPanel::TabOrder(QWidget* below) const {

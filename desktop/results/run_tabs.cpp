@@ -5,12 +5,13 @@
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
+#include "base/translation.h"
 #include "desktop/widgets/control_factory.h"
 
 namespace korv {
 
 RunTabs::RunTabs(QWidget* parent) : QTabBar(parent) {
-  Described(Named(this, "tabRuns"), "Finished runs");
+  Described(Named(this, "tabRuns"), Tr("Finished runs"));
   setDocumentMode(true);
   setExpanding(false);
   setUsesScrollButtons(true);
@@ -55,8 +56,8 @@ void RunTabs::contextMenuEvent(QContextMenuEvent* event) {
   if (index < 0) return;
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addAction(QStringLiteral("&Take its settings back"), this, [this, index] { SettingsWanted(index); });
-  QAction* const close = menu->addAction(QStringLiteral("&Close"), this, [this, index] { Closed(index); });
+  menu->addAction(Tr("&Take its settings back"), this, [this, index] { SettingsWanted(index); });
+  QAction* const close = menu->addAction(Tr("&Close"), this, [this, index] { Closed(index); });
   close->setEnabled(tabsClosable());
   menu->popup(byKey ? mapToGlobal(tabRect(index).bottomLeft()) : event->globalPos());
 }

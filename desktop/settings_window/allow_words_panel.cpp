@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "base/translation.h"
 #include "desktop/questions.h"
 #include "desktop/settings_window/check_value.h"
 #include "desktop/settings_window/rule_box.h"
@@ -22,67 +23,58 @@ struct Row {
   QCheckBox* P::*Box;
   const char* Name;
   const char* Caption;
-  RuleExample Example;
+  bool R::*Rule;
+  const char* What;
+  const char* Example;
 };
 
 constexpr Row kCharacters[] = {
-    {&P::chkAllowWordsWithAmpersands,
-     "chkAllowWordsWithAmpersands",
-     "ampersand &&",
-     {&R::AllowAmpersands, "An ampersand may stand in a word.", "R&D"}},
-    {&P::chkAllowWordsWithParentheses,
-     "chkAllowWordsWithParentheses",
-     "parentheses ( )",
-     {&R::AllowParentheses, "Parentheses may stand in a word.", "word(s)"}},
-    {&P::chkAllowWordsWithCommas,
-     "chkAllowWordsWithCommas",
-     "comma ,",
-     {&R::AllowCommas, "A comma may stand within a word.", "red,green"}},
-    {&P::chkAllowWordsWithAtSigns,
-     "chkAllowWordsWithAtSigns",
-     "at-sign @",
-     {&R::AllowAtSigns, "An at-sign may stand in a word.", "me@home"}},
-    {&P::chkAllowWordsWithHyphens,
-     "chkAllowWordsWithHyphens",
-     "hyphen -",
-     {&R::AllowHyphens, "A hyphen may stand within a word.", "stop-loss"}},
-    {&P::chkAllowWordsWithPeriods,
-     "chkAllowWordsWithPeriods",
-     "period .",
-     {&R::AllowPeriods, "A period may stand within a word.", "example.org"}},
-    {&P::chkAllowWordsWithForwardslashes,
-     "chkAllowWordsWithForwardslashes",
-     "forward slash /",
-     {&R::AllowForwardslashes, "A forward slash may stand in a word.", "and/or"}},
-    {&P::chkAllowWordsWithBackslashes,
-     "chkAllowWordsWithBackslashes",
-     "backslash \\",
-     {&R::AllowBackslashes, "A backslash may stand in a word.", "in\\out"}},
-    {&P::chkAllowWordsWithColons,
-     "chkAllowWordsWithColons",
-     "colon :",
-     {&R::AllowColons, "A colon may stand in a word.", "std:sort"}},
-    {&P::chkAllowWordsWithUnderscores,
-     "chkAllowWordsWithUnderscores",
-     "underscore _",
-     {&R::AllowUnderscores, "An underscore may stand in a word.", "my_file"}},
-    {&P::chkAllowWordsWithNumerals,
-     "chkAllowWordsWithNumerals",
-     "numerals 123",
-     {&R::AllowNumerals, "Numerals may stand in a word.", "MP3 player"}},
-    {&P::chkAllowWordsWithApostrophes,
-     "chkAllowWordsWithApostrophes",
-     "apostrophe '",
-     {&R::AllowApostrophes,
-      "An apostrophe may stand within a word. The endings of Tom's and isn't belong to their word in any "
-      "case.",
-      "rock'n'roll"}},
+    {&P::chkAllowWordsWithAmpersands, "chkAllowWordsWithAmpersands", TrLater("ampersand &&"),
+     &R::AllowAmpersands, TrLater("An ampersand may stand in a word."), "R&D"},
+    {&P::chkAllowWordsWithParentheses, "chkAllowWordsWithParentheses", TrLater("parentheses ( )"),
+     &R::AllowParentheses, TrLater("Parentheses may stand in a word."), "word(s)"},
+    {&P::chkAllowWordsWithCommas, "chkAllowWordsWithCommas", TrLater("comma ,"), &R::AllowCommas,
+     TrLater("A comma may stand within a word."), "red,green"},
+    {&P::chkAllowWordsWithAtSigns, "chkAllowWordsWithAtSigns", TrLater("at-sign @"), &R::AllowAtSigns,
+     TrLater("An at-sign may stand in a word."), "me@home"},
+    {&P::chkAllowWordsWithHyphens, "chkAllowWordsWithHyphens", TrLater("hyphen -"), &R::AllowHyphens,
+     TrLater("A hyphen may stand within a word."), "stop-loss"},
+    {&P::chkAllowWordsWithPeriods, "chkAllowWordsWithPeriods", TrLater("period ."), &R::AllowPeriods,
+     TrLater("A period may stand within a word."), "example.org"},
+    {&P::chkAllowWordsWithForwardslashes, "chkAllowWordsWithForwardslashes", TrLater("forward slash /"),
+     &R::AllowForwardslashes, TrLater("A forward slash may stand in a word."), "and/or"},
+    {&P::chkAllowWordsWithBackslashes, "chkAllowWordsWithBackslashes", TrLater("backslash \\"),
+     &R::AllowBackslashes, TrLater("A backslash may stand in a word."), "in\\out"},
+    {&P::chkAllowWordsWithColons, "chkAllowWordsWithColons", TrLater("colon :"), &R::AllowColons,
+     TrLater("A colon may stand in a word."), "std:sort"},
+    {&P::chkAllowWordsWithUnderscores, "chkAllowWordsWithUnderscores", TrLater("underscore _"),
+     &R::AllowUnderscores, TrLater("An underscore may stand in a word."), "my_file"},
+    {&P::chkAllowWordsWithNumerals, "chkAllowWordsWithNumerals", TrLater("numerals 123"), &R::AllowNumerals,
+     TrLater("Numerals may stand in a word."), "MP3 player"},
+    {&P::chkAllowWordsWithApostrophes, "chkAllowWordsWithApostrophes", TrLater("apostrophe '"),
+     &R::AllowApostrophes,
+     TrLater(
+         "An apostrophe may stand within a word. The endings of Tom's and isn't belong to their word in any "
+         "case."),
+     "rock'n'roll"},
 };
+
+const char* RereadingText(TextSource source) {
+  switch (source) {
+    case TextSource::SingleFile:
+      return Tr("Changing this entails reading the file anew.  Is this OK?");
+    case TextSource::Folder:
+      return Tr("Changing this entails reading the files anew.  Is this OK?");
+    case TextSource::Clipboard:
+      break;
+  }
+  return Tr("Changing this entails reading the clipboard anew.  Is this OK?");
+}
 
 }  // namespace
 
 AllowWordsPanel::AllowWordsPanel(SettingsHost& host, QWidget* parent)
-    : QGroupBox(QStringLiteral("Allow 'words' with:"), parent), host_(host) {
+    : QGroupBox(Tr("Allow 'words' with:"), parent), host_(host) {
   setObjectName(QStringLiteral("fraAllowWords"));
   Build();
   Connect();
@@ -96,7 +88,7 @@ void AllowWordsPanel::Build() {
   auto* layout = Tight(new QGridLayout(this), kSettingsMargins);
   int place = 0;
   for (const Row& row : kCharacters) {
-    this->*row.Box = MakeRuleBox(row.Name, row.Caption, row.Example, this);
+    this->*row.Box = MakeRuleBox(row.Name, Tr(row.Caption), {row.Rule, Tr(row.What), row.Example}, this);
     layout->addWidget(this->*row.Box, place % 6, place / 6);
     ++place;
   }
@@ -106,15 +98,15 @@ void AllowWordsPanel::Build() {
 
 void AllowWordsPanel::BuildFurtherRules(QGridLayout& layout) {
   chkCaseSignificant = MakeRuleBox(
-      "chkCaseSignificant", "Upper/lower case significant",
-      {&R::CaseSignificant, "Words that differ in upper and lower case are different words.", "May may"},
+      "chkCaseSignificant", Tr("Upper/lower case significant"),
+      {&R::CaseSignificant, Tr("Words that differ in upper and lower case are different words."), "May may"},
       this);
   chkOnly7bitASCII = MakeRuleBox(
-      "chkOnly7bitASCII", "Allow only 7-bit ASCII characters",
-      {&R::Only7bitASCII, "Words with any other letter than a to z are not counted.", "cafe caf\xC3\xA9"},
+      "chkOnly7bitASCII", Tr("Allow only 7-bit ASCII characters"),
+      {&R::Only7bitASCII, Tr("Words with any other letter than a to z are not counted."), "cafe caf\xC3\xA9"},
       this);
   layout.setRowMinimumHeight(6, 4);
-  layout.addWidget(new QLabel(QStringLiteral("Also:"), this), 7, 0, 1, 2);
+  layout.addWidget(new QLabel(Tr("Also:"), this), 7, 0, 1, 2);
   layout.addWidget(chkCaseSignificant, 8, 0, 1, 2);
   layout.addWidget(chkOnly7bitASCII, 9, 0, 1, 2);
 }
@@ -142,16 +134,12 @@ bool AllowWordsPanel::ConfirmsRereading(const QCheckBox& box) {
   value.Set(before, !box.isChecked());
   // One that was counted under other rules is marked already, and would be counted anew anyway.
   if (!host_.ResultKeepsTo(before.Words)) return true;
-  std::string what = "clipboard";
-  if (before.SourceKind == TextSource::SingleFile) what = "file";
-  if (before.SourceKind == TextSource::Folder) what = "files";
-  if (host_.Outside().Messages.Show(
-          {.Text = "Changing this entails reading the " + what + " anew.  Is this OK?",
-           .Title = "Word rules",
-           .Icon = Icon::Question,
-           .Buttons = Buttons::YesNo,
-           .DefaultAnswer = Answer::Yes,
-           .Question = questions::kRereadSource}) == Answer::Yes)
+  if (host_.Outside().Messages.Show({.Text = RereadingText(before.SourceKind),
+                                     .Title = Tr("Word rules"),
+                                     .Icon = Icon::Question,
+                                     .Buttons = Buttons::YesNo,
+                                     .DefaultAnswer = Answer::Yes,
+                                     .Question = questions::kRereadSource}) == Answer::Yes)
     return true;
   const bool checked = value.Get(before);
   work.Change(ChangedBy::Program, [&](Settings& settings) { value.Set(settings, checked); });

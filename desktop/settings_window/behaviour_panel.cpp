@@ -5,30 +5,31 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include "base/translation.h"
 #include "desktop/settings_window/rule_box.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
 
 namespace korv {
 
-BehaviourPanel::BehaviourPanel(QWidget* parent) : QGroupBox(QStringLiteral("Options"), parent) {
+BehaviourPanel::BehaviourPanel(QWidget* parent) : QGroupBox(Tr("Options"), parent) {
   setObjectName(QStringLiteral("fraOptions"));
   auto* layout = Tight(new QGridLayout(this), kSettingsMargins);
   chkPatternMatchingInWordsToIgnoreFile =
-      MakeCheckBox("chkPatternMatchingInWordsToIgnoreFile", "Enable pattern matching", this);
+      MakeCheckBox("chkPatternMatchingInWordsToIgnoreFile", Tr("Enable pattern matching"), this);
   chkPatternMatchingInWordsToIgnoreFile->setToolTip(
-      QStringLiteral("In the entries of a words-to-ignore file ~ stands for any characters and ? for one.\n"
-                     "Example: ~ing\nchecked: every word that ends with ing is ignored\n"
-                     "unchecked: only what is typed below the file list is a pattern"));
-  chkExtractTextFromDocx = MakeCheckBox("chkExtractTextFromDocx", "Extract text from docx files", this);
+      Tr("In the entries of a words-to-ignore file ~ stands for any characters and ? for one.\n"
+         "Example: ~ing\nchecked: every word that ends with ing is ignored\n"
+         "unchecked: only what is typed below the file list is a pattern"));
+  chkExtractTextFromDocx = MakeCheckBox("chkExtractTextFromDocx", Tr("Extract text from docx files"), this);
   chkExtractTextFromDocx->setToolTip(
-      QStringLiteral("If checked then text extracted from .docx files will be written to files in an "
-                     "'extracted_text' subfolder."));
-  chkSaveStateOnQuit = MakeCheckBox("chkSaveStateOnQuit", "Save settings when quitting", this);
-  chkWarnOnOverwrite = MakeCheckBox("chkWarnOnOverwrite", "Warn on overwrite of output file", this);
+      Tr("If checked then text extracted from .docx files will be written to files in an "
+         "'extracted_text' subfolder."));
+  chkSaveStateOnQuit = MakeCheckBox("chkSaveStateOnQuit", Tr("Save settings when quitting"), this);
+  chkWarnOnOverwrite = MakeCheckBox("chkWarnOnOverwrite", Tr("Warn on overwrite of output file"), this);
   auto* patterns = new QHBoxLayout;
   patterns->addWidget(chkPatternMatchingInWordsToIgnoreFile);
-  patterns->addWidget(new QLabel(QStringLiteral("for words-to-ignore file"), this));
+  patterns->addWidget(new QLabel(Tr("for words-to-ignore file"), this));
   patterns->addStretch(1);
   layout->addLayout(patterns, 0, 0);
   layout->addWidget(chkExtractTextFromDocx, 1, 0);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/settings/schema.h"
+#include "base/translation.h"
 #include "desktop/settings_window/allow_words_panel.h"
 #include "desktop/settings_window/behaviour_panel.h"
 #include "desktop/settings_window/ignore_words_panel.h"
@@ -21,6 +22,7 @@
 #include "desktop/settings_window/settings_undo.h"
 #include "desktop/settings_window/state_file_panel.h"
 #include "desktop/settings_window/word_lists_panel.h"
+#include "desktop/toolkit/file_filter.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/scroll_column.h"
@@ -29,14 +31,13 @@
 namespace korv {
 namespace {
 
-constexpr const char* kSettingsFilter = "Korv settings files (*.korv) | *.korv";
 constexpr const char* kSettingsExtension = "korv";
 
 }  // namespace
 
 frmParams::frmParams(SettingsHost& host) : QWidget(nullptr, Qt::Window), host_(host), work_(host.Work()) {
   setObjectName(QStringLiteral("frmParams"));
-  setWindowTitle(QStringLiteral("Korv settings"));
+  setWindowTitle(Tr("Korv settings"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(10, 10, 10, 10);
   layout->setSpacing(10);
@@ -164,8 +165,8 @@ void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   const bool load = index == 0;
   const Desktop& outside = host_.Outside();
   const FileChoice choice{
-      .Title = load ? "Specify file to load settings from." : "Specify file to save settings to",
-      .Filter = kSettingsFilter,
+      .Title = load ? Tr("Specify file to load settings from.") : Tr("Specify file to save settings to"),
+      .Filter = FileFilter(Tr("Korv settings files"), "*.korv"),
       .InitialPath = FromQt(StateFile->txbStateFile->text()),
       .Extension = kSettingsExtension,
       .AsksBeforeReplacing = !load};
@@ -175,27 +176,28 @@ void frmParams::cmdSaveLoadState_Click(int index, QWidget* otherWindow) {
   const std::filesystem::path path = PathFromText(*chosen);
   const QString shown = ToQt(PathToText(path));
   // A failure has had its message box.
-  const auto tell = [this, otherWindow, shown](const QString& what) {
-    if (otherWindow != nullptr) host_.PopUpInForm(what + shown, otherWindow);
+  const auto tell = [this, otherWindow, shown](const char* what) {
+    if (otherWindow != nullptr) host_.PopUpInForm(QString(what).arg(shown), otherWindow);
   };
-  if (load) return LoadSettings(path, [tell] { tell(QStringLiteral("Settings loaded from\n")); });
+  if (load) return LoadSettings(path, [tell] { tell(Tr("Settings loaded from\n%1")); });
   const bool saved = SaveSettings(path);
   StateFile->txbStateFile->setText(shown);
-  if (saved) tell(QStringLiteral("Settings saved to\n"));
+  if (saved) tell(Tr("Settings saved to\n%1"));
 }
 
 void frmParams::OpenSettingsFile(const std::filesystem::path& path) {
   LoadSettings(path, [this, path] {
-    host_.PopUpInForm(QStringLiteral("Settings loaded from\n") + ToQt(PathToText(path)), nullptr);
+    host_.PopUpInForm(QString(Tr("Settings loaded from\n%1")).arg(ToQt(PathToText(path))), nullptr);
   });
 }
 
 bool frmParams::SaveSettings(const std::filesystem::path& path) {
   const std::string fault = host_.SaveStateTo(path);
   const bool saved = fault.empty();
-  Commands->Tell(ToQt((saved ? "Settings saved to " : "Error saving to ") + PathToText(path)));
+  Commands->Tell(
+      ToQt(Fill(saved ? Tr("Settings saved to %1") : Tr("Error saving to %1"), {PathToText(path)})));
   if (!saved) {
-    host_.Outside().Messages.Show({.Text = fault, .Title = "Save settngs", .Icon = Icon::Exclamation});
+    host_.Outside().Messages.Show({.Text = fault, .Title = Tr("Save settngs"), .Icon = Icon::Exclamation});
   }
   return saved;
 }
@@ -207,16 +209,16 @@ void frmParams::LoadSettings(const std::filesystem::path& path, std::function<vo
   if (outcome.Result == kRestored) {
     // Their word list is being read, which has a notice of its own.
     host_.WhenIdle([this, shown, loaded = std::move(loaded)] {
-      Commands->Tell(ToQt("Settings loaded from " + shown));
+      Commands->Tell(ToQt(Fill(Tr("Settings loaded from %1"), {shown})));
       Lists->CheckAllowedExtraChars();
       StateFile->txbStateFile->setText(ToQt(shown));
       loaded();
     });
     return;
   }
-  Commands->Tell(ToQt("Error loading from " + shown));
+  Commands->Tell(ToQt(Fill(Tr("Error loading from %1"), {shown})));
   host_.Outside().Messages.Show(
-      {.Text = LoadFailureText(outcome), .Title = "Load settings", .Icon = Icon::Exclamation});
+      {.Text = LoadFailureText(outcome), .Title = Tr("Load settings"), .Icon = Icon::Exclamation});
   host_.Initialize();
   host_.SetWordsToIgnoreNotice();
   StateFile->txbStateFile->setText(ToQt(shown));

@@ -6,6 +6,7 @@
 #include <QLabel>
 
 #include "app/settings/schema.h"
+#include "base/translation.h"
 #include "desktop/settings_window/rule_box.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
@@ -13,21 +14,21 @@
 
 namespace korv {
 
-IgnoreWordsPanel::IgnoreWordsPanel(QWidget* parent) : QGroupBox(QStringLiteral("Ignore words:"), parent) {
+IgnoreWordsPanel::IgnoreWordsPanel(QWidget* parent) : QGroupBox(Tr("Ignore words:"), parent) {
   setObjectName(QStringLiteral("fraIgnoreWords"));
   auto* layout = Tight(new QGridLayout(this), kSettingsMargins);
   MakeRules();
   MakeSizes();
   layout->addWidget(chkIgnoreShortWords, 0, 0);
   layout->addWidget(cboShortWordSize, 0, 1);
-  layout->addWidget(new QLabel(QStringLiteral("characters"), this), 0, 2);
-  auto* longWords = MakeCaption("with &more than", cboLongWordSize, this);
+  layout->addWidget(new QLabel(Tr("characters"), this), 0, 2);
+  auto* longWords = MakeCaption(Tr("with &more than"), cboLongWordSize, this);
   // Under the text of the boxes around it, not under their marks.
   longWords->setIndent(chkIgnoreShortWords->sizeHint().width() -
                        chkIgnoreShortWords->fontMetrics().horizontalAdvance(chkIgnoreShortWords->text()) - 2);
   layout->addWidget(longWords, 1, 0);
   layout->addWidget(cboLongWordSize, 1, 1);
-  layout->addWidget(new QLabel(QStringLiteral("characters"), this), 1, 2);
+  layout->addWidget(new QLabel(Tr("characters"), this), 1, 2);
   layout->addWidget(chkIgnoreRepetitions, 2, 0, 1, 4);
   layout->addWidget(chkIgnoreNoLetter, 3, 0, 1, 4);
   layout->setColumnStretch(3, 1);
@@ -37,35 +38,35 @@ IgnoreWordsPanel::IgnoreWordsPanel(QWidget* parent) : QGroupBox(QStringLiteral("
 void IgnoreWordsPanel::MakeRules() {
   using R = WordRules;
   chkIgnoreShortWords = MakeRuleBox(
-      "chkIgnoreShortWords", "with fewer than",
+      "chkIgnoreShortWords", Tr("with fewer than"),
       {&R::IgnoreShortWords,
-       "Words with fewer characters than the list beside says (here 3) are not counted.", "an old man"},
+       Tr("Words with fewer characters than the list beside says (here 3) are not counted."), "an old man"},
       this);
-  chkIgnoreRepetitions =
-      MakeRuleBox("chkIgnoreRepetitions", "containing 4 repetitions of a letter",
-                  {&R::IgnoreRepetitions,
-                   "Words in which a letter stands four times in a row are not counted.", "Grrrr said he"},
-                  this);
+  chkIgnoreRepetitions = MakeRuleBox(
+      "chkIgnoreRepetitions", Tr("containing 4 repetitions of a letter"),
+      {&R::IgnoreRepetitions, Tr("Words in which a letter stands four times in a row are not counted."),
+       "Grrrr said he"},
+      this);
   chkIgnoreNoLetter = MakeRuleBox(
-      "chkIgnoreNoLetter", "which lack a letter",
-      {&R::IgnoreNoLetter, "Words without any letter are not counted. It matters where numerals are allowed.",
-       "3D in 2024"},
+      "chkIgnoreNoLetter", Tr("which lack a letter"),
+      {&R::IgnoreNoLetter,
+       Tr("Words without any letter are not counted. It matters where numerals are allowed."), "3D in 2024"},
       this);
 }
 
 void IgnoreWordsPanel::MakeSizes() {
-  cboShortWordSize = MakeCombo("cboShortWordSize", "Ignore words with fewer characters than", this);
-  cboLongWordSize = MakeCombo("cboLongWordSize", "Ignore words with more characters than", this);
+  cboShortWordSize = MakeCombo("cboShortWordSize", Tr("Ignore words with fewer characters than"), this);
+  cboLongWordSize = MakeCombo("cboLongWordSize", Tr("Ignore words with more characters than"), this);
   // They are measured before their items, of two figures at most, are there.
   for (QComboBox* sizes : {cboShortWordSize, cboLongWordSize}) {
     sizes->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     sizes->setMinimumContentsLength(2);
   }
   cboShortWordSize->setToolTip(chkIgnoreShortWords->toolTip());
-  cboLongWordSize->setToolTip(QStringLiteral(
-      "Words with more characters than this are not counted.\n"
-      "Example: internationalization has 20 letters; antidisestablishmentarianism has 28 and is "
-      "counted from 30 on."));
+  cboLongWordSize->setToolTip(
+      Tr("Words with more characters than this are not counted.\n"
+         "Example: internationalization has 20 letters; antidisestablishmentarianism has 28 and is "
+         "counted from 30 on."));
 }
 
 void IgnoreWordsPanel::FillLists() {

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "app/settings/schema.h"
+#include "base/translation.h"
 #include "desktop/questions.h"
 #include "desktop/settings_window/check_value.h"
 #include "desktop/settings_window/settings_host.h"
@@ -37,13 +38,13 @@ SettingsCommands::~SettingsCommands() {
 }
 
 void SettingsCommands::BuildButtons(QBoxLayout& layout) {
-  cmdSetOrClearCheckboxes[0] = MakeButton("cmdSetOrClearCheckboxes_0", "Check &all checkboxes", this);
-  cmdSetOrClearCheckboxes[1] = MakeButton("cmdSetOrClearCheckboxes_1", "Cl&ear all checkboxes", this);
-  cmdRestoreDefaults = MakeButton("cmdRestoreDefaults", "Restore &defaults", this);
-  cmdInitialize = MakeButton("cmdInitialize", "Re&initialize", this);
-  cmdSaveState = MakeButton("cmdSaveState", "&Save settings", this);
-  cmdClose = MakeButton("cmdClose", "&Hide settings", this);
-  cmdQuit = MakeButton("cmdQuit", "&Quit", this);
+  cmdSetOrClearCheckboxes[0] = MakeButton("cmdSetOrClearCheckboxes_0", Tr("Check &all checkboxes"), this);
+  cmdSetOrClearCheckboxes[1] = MakeButton("cmdSetOrClearCheckboxes_1", Tr("Cl&ear all checkboxes"), this);
+  cmdRestoreDefaults = MakeButton("cmdRestoreDefaults", Tr("Restore &defaults"), this);
+  cmdInitialize = MakeButton("cmdInitialize", Tr("Re&initialize"), this);
+  cmdSaveState = MakeButton("cmdSaveState", Tr("&Save settings"), this);
+  cmdClose = MakeButton("cmdClose", Tr("&Hide settings"), this);
+  cmdQuit = MakeButton("cmdQuit", Tr("&Quit"), this);
   auto* buttons = new QHBoxLayout;
   for (QPushButton* button :
        {cmdSetOrClearCheckboxes[0], cmdSetOrClearCheckboxes[1], cmdRestoreDefaults, cmdInitialize}) {
@@ -75,7 +76,7 @@ void SettingsCommands::cmdRestoreDefaults_Click() {
         SetDefaultValues(settings);
         host_.ApplySettings(settings);
       },
-      "Defaults restored.", cmdRestoreDefaults);
+      Tr("Defaults restored."), cmdRestoreDefaults);
 }
 
 void SettingsCommands::cmdSetOrClearCheckboxes_Click(int index) {
@@ -87,7 +88,7 @@ void SettingsCommands::cmdSetOrClearCheckboxes_Click(int index) {
           }
         });
       },
-      index == 0 ? "All checkboxes checked." : "All checkboxes cleared.",
+      index == 0 ? Tr("All checkboxes checked.") : Tr("All checkboxes cleared."),
       cmdSetOrClearCheckboxes[static_cast<size_t>(index)]);
 }
 
@@ -95,7 +96,7 @@ void SettingsCommands::ChangeAtOnce(const std::function<void()>& change, const c
   const Workspace& work = host_.Work();
   const Settings before = work.Current();
   change();
-  Tell(QString::fromUtf8(told));
+  Tell(told);
   cmdUndo->Offer(before, work.Current(), by);
   ChangedAtOnce();
 }
@@ -107,16 +108,16 @@ void SettingsCommands::cmdUndo_Click() {
   Settings settings = host_.Work().Current();
   CopyValues(SettingsResetBy(ResetBy::RestoreDefaults), *before, settings);
   host_.ApplySettings(settings);
-  Tell(QStringLiteral("Everything is as it was before."));
+  Tell(Tr("Everything is as it was before."));
   ChangedAtOnce();
 }
 
 void SettingsCommands::cmdInitialize_Click() {
   if (host_.Outside().Messages.Show(
-          {.Text =
+          {.Text = Tr(
                "This sets every option to its default, clears the extra words to ignore, the file patterns "
-               "and\nthe filter words, and saves all that.  Do you wish to go on?",
-           .Title = "Reinitialize",
+               "and\nthe filter words, and saves all that.  Do you wish to go on?"),
+           .Title = Tr("Reinitialize"),
            .Icon = Icon::Question,
            .Buttons = Buttons::YesNo,
            .DefaultAnswer = Answer::Yes,
@@ -128,9 +129,9 @@ void SettingsCommands::cmdInitialize_Click() {
   host_.SetWordsToIgnoreNotice();
   const std::string fault = host_.SaveStateTo({});
   if (!fault.empty()) {
-    host_.Outside().Messages.Show({.Text = fault, .Title = "Save state", .Icon = Icon::Exclamation});
+    host_.Outside().Messages.Show({.Text = fault, .Title = Tr("Save state"), .Icon = Icon::Exclamation});
   }
-  host_.PopUpInForm(QStringLiteral("Program reinitialized"), window());
+  host_.PopUpInForm(Tr("Program reinitialized"), window());
 }
 
 void SettingsCommands::cmdSaveState_Click() {
@@ -142,8 +143,8 @@ void SettingsCommands::cmdClose_Click() {
 }
 
 bool SettingsCommands::ReallyQuit() {
-  return host_.Outside().Messages.Show({.Text = "Really quit?",
-                                        .Title = "Quit",
+  return host_.Outside().Messages.Show({.Text = Tr("Really quit?"),
+                                        .Title = Tr("Quit"),
                                         .Icon = Icon::Question,
                                         .Buttons = Buttons::YesNo,
                                         .DefaultAnswer = Answer::No,

@@ -3,14 +3,15 @@
 #include <utility>
 
 #include "app/settings/schema.h"
+#include "base/translation.h"
 #include "desktop/widgets/control_factory.h"
 
 namespace korv {
 
-SettingsUndo::SettingsUndo(QWidget* parent) : QPushButton(QStringLiteral("&Undo"), parent) {
+SettingsUndo::SettingsUndo(QWidget* parent) : QPushButton(Tr("&Undo"), parent) {
   setObjectName(QStringLiteral("cmdUndo"));
   setAutoDefault(false);
-  setToolTip(QStringLiteral("Sets every control back to what it was before."));
+  setToolTip(Tr("Sets every control back to what it was before."));
   QSizePolicy policy = sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   setSizePolicy(policy);

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "base/translation.h"
 #include "desktop/settings_window/rule_box.h"
 #include "desktop/settings_window/settings_host.h"
 #include "desktop/toolkit/silenced_questions.h"
@@ -14,15 +15,14 @@
 namespace korv {
 
 StateFilePanel::StateFilePanel(SettingsHost& host, QWidget* parent)
-    : QGroupBox(QStringLiteral("Settings file and questions"), parent), host_(host) {
+    : QGroupBox(Tr("Settings file and questions"), parent), host_(host) {
   setObjectName(QStringLiteral("fraStateFile"));
   auto* layout = Tight(new QGridLayout(this), kSettingsMargins);
-  cmdSaveLoadState[0] = MakeButton("cmdSaveLoadState_0", "&Load settings from file", this);
-  cmdSaveLoadState[1] = MakeButton("cmdSaveLoadState_1", "Save settings &to file", this);
-  cmdAskEverythingAgain = MakeButton("cmdAskEverythingAgain", "As&k everything again", this);
-  cmdAskEverythingAgain->setToolTip(
-      QStringLiteral("Asks again every question for which 'Do not ask again' was ticked."));
-  txbStateFile = MakeTextBox("txbStateFile", "Settings file", this);
+  cmdSaveLoadState[0] = MakeButton("cmdSaveLoadState_0", Tr("&Load settings from file"), this);
+  cmdSaveLoadState[1] = MakeButton("cmdSaveLoadState_1", Tr("Save settings &to file"), this);
+  cmdAskEverythingAgain = MakeButton("cmdAskEverythingAgain", Tr("As&k everything again"), this);
+  cmdAskEverythingAgain->setToolTip(Tr("Asks again every question for which 'Do not ask again' was ticked."));
+  txbStateFile = MakeTextBox("txbStateFile", Tr("Settings file"), this);
   txbStateFile->hide();
   layout->addWidget(cmdSaveLoadState[0], 0, 0);
   layout->addWidget(cmdSaveLoadState[1], 0, 1);
@@ -43,7 +43,7 @@ StateFilePanel::~StateFilePanel() {
 void StateFilePanel::cmdAskEverythingAgain_Click() {
   AskEverythingAgain(host_.Outside().Store);
   cmdAskEverythingAgain->setEnabled(false);
-  Told(QStringLiteral("Every question will be asked again."));
+  Told(Tr("Every question will be asked again."));
 }
 
 void StateFilePanel::EnableAsking() {

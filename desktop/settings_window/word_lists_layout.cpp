@@ -11,6 +11,7 @@
 #include <QStackedLayout>
 #include <algorithm>
 
+#include "base/translation.h"
 #include "desktop/settings_window/rule_box.h"
 #include "desktop/settings_window/word_lists_panel.h"
 #include "desktop/toolkit/text.h"
@@ -46,18 +47,18 @@ void WordListsPanel::Build() {
 }
 
 void WordListsPanel::BuildChoiceOfList(QGridLayout& layout) {
-  optWordsToIgnore = MakeOption("optWordsToIgnore", "Words to ignore", this);
+  optWordsToIgnore = MakeOption("optWordsToIgnore", Tr("Words to ignore"), this);
   optCountOnlyWordsAndPhrases =
-      MakeOption("optCountOnlyWordsAndPhrases", "Count-only words and phrases", this);
+      MakeOption("optCountOnlyWordsAndPhrases", Tr("Count-only words and phrases"), this);
   optWordsToIgnore->setChecked(true);
-  cboCommonWordsLanguages = MakeCombo("cboCommonWordsLanguages", "Ignore common words in:", this);
+  cboCommonWordsLanguages = MakeCombo("cboCommonWordsLanguages", Tr("Ignore common words in:"), this);
   cboCommonWordsLanguages->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   auto* top = new QHBoxLayout;
   top->addWidget(optWordsToIgnore);
   top->addSpacing(12);
   top->addWidget(optCountOnlyWordsAndPhrases);
   top->addStretch(1);
-  lblCommonWordsLanguages = MakeCaption("Ignore common words in:", cboCommonWordsLanguages, this);
+  lblCommonWordsLanguages = MakeCaption(Tr("Ignore common words in:"), cboCommonWordsLanguages, this);
   top->addWidget(lblCommonWordsLanguages);
   top->addWidget(cboCommonWordsLanguages);
   // The languages go while the other list is shown; what stands beside them stays where it is.
@@ -76,9 +77,9 @@ void WordListsPanel::BuildFiles(QGridLayout& layout) {
     cmdSelectWordsFile->setMinimumWidth(
         std::max(cmdSelectWordsFile->minimumWidth(), cmdSelectWordsFile->sizeHint().width()));
   }
-  cboWordsFile = MakeCombo("cboWordsFile", "Word-list files", this);
+  cboWordsFile = MakeCombo("cboWordsFile", Tr("Word-list files"), this);
   cmdClearWordsFile =
-      Described(MakeButton("cmdClearWordsFile", "&Clear", this), "Clear the list of word-list files");
+      Described(MakeButton("cmdClearWordsFile", Tr("&Clear"), this), Tr("Clear the list of word-list files"));
   layout.addWidget(cmdSelectWordsFile, 1, 0);
   layout.addWidget(cboWordsFile, 1, 1);
   layout.addWidget(cmdClearWordsFile, 1, 2);
@@ -90,7 +91,7 @@ void WordListsPanel::BuildTypedWords(QGridLayout& layout) {
   // Two lines of the longer caption, so that nothing below moves.
   lblWordsToIgnoreOrCount->setMinimumHeight(2 * lblWordsToIgnoreOrCount->fontMetrics().lineSpacing());
   cmdClearWordsToIgnoreOrCount =
-      Described(MakeButton("cmdClearWordsToIgnoreOrCount", "Clea&r", this), "Clear the extra words");
+      Described(MakeButton("cmdClearWordsToIgnoreOrCount", Tr("Clea&r"), this), Tr("Clear the extra words"));
   layout.addWidget(lblWordsToIgnoreOrCount, 2, 0);
   layout.addLayout(BuildWordsBoxes(), 2, 1);
   layout.addWidget(cmdClearWordsToIgnoreOrCount, 2, 2, Qt::AlignTop);
@@ -98,14 +99,14 @@ void WordListsPanel::BuildTypedWords(QGridLayout& layout) {
 
 QLayout* WordListsPanel::BuildWordsBoxes() {
   txbWordsToIgnoreOrCount[0] =
-      MakeWordsBox("txbWordsToIgnoreOrCount_0", "Extra words to ignore", "ibid, vide, viz, sans, Ising",
-                   "Extra words to ignore (not phrases) may be added here.  Spaces (not commas) should be "
-                   "used to separate them.  Case is not significant.",
+      MakeWordsBox("txbWordsToIgnoreOrCount_0", Tr("Extra words to ignore"), "ibid, vide, viz, sans, Ising",
+                   Tr("Extra words to ignore (not phrases) may be added here.  Spaces (not commas) should be "
+                      "used to separate them.  Case is not significant."),
                    this);
   txbWordsToIgnoreOrCount[1] = MakeWordsBox(
-      "txbWordsToIgnoreOrCount_1", "Count-only words and phrases", "white whale, harpoon~, <s[aeiou]+l>",
-      "Only phrases that hold one of these words, or are one of these phrases, are counted.  Comma "
-      "and space should be used to separate them.  A regular expression stands between < and >.",
+      "txbWordsToIgnoreOrCount_1", Tr("Count-only words and phrases"), "white whale, harpoon~, <s[aeiou]+l>",
+      Tr("Only phrases that hold one of these words, or are one of these phrases, are counted.  Comma "
+         "and space should be used to separate them.  A regular expression stands between < and >."),
       this);
   wordsBoxes_ = new QStackedLayout;
   for (QPlainTextEdit* box : txbWordsToIgnoreOrCount) wordsBoxes_->addWidget(box);

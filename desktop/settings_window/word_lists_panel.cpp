@@ -8,8 +8,10 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QStackedLayout>
+#include <algorithm>
 #include <initializer_list>
 
+#include "base/translation.h"
 #include "desktop/dialogs/frm_load_remove.h"
 #include "desktop/settings_window/settings_host.h"
 #include "desktop/toolkit/plain_tip.h"
@@ -22,7 +24,7 @@
 namespace korv {
 
 WordListsPanel::WordListsPanel(SettingsHost& host, QWidget* parent)
-    : QGroupBox(QStringLiteral("Words to ignore and to count"), parent), host_(host), work_(host.Work()) {
+    : QGroupBox(Tr("Words to ignore and to count"), parent), host_(host), work_(host.Work()) {
   setObjectName(QStringLiteral("fraIgnoreTheseWords"));
   Build();
 }
@@ -82,16 +84,17 @@ void WordListsPanel::optListKind_Click() {
   const bool countOnly = ShownKind() == ListKind::CountOnly;
   wordsBoxes_->setCurrentIndex(countOnly ? 1 : 0);
   lblWordsToIgnoreOrCount->setBuddy(txbWordsToIgnoreOrCount[countOnly ? 1 : 0]);
-  lblWordsToIgnoreOrCount->setText(countOnly ? QStringLiteral("E&xtra count-only words\nand phrases:")
-                                             : QStringLiteral("E&xtra words to ignore:"));
+  lblWordsToIgnoreOrCount->setText(countOnly ? Tr("E&xtra count-only words\nand phrases:")
+                                             : Tr("E&xtra words to ignore:"));
   cboWordsFile->setPlaceholderText(ToQt(FilesListHint(ShownKind())));
-  const QString files = ToQt(NameOfMany(ShownKind())) + QStringLiteral(" files");
-  cboWordsFile->setAccessibleName(files);
-  cmdSelectWordsFile->setToolTip(QStringLiteral("Add a file to the list of %1 and load it").arg(files));
-  cmdClearWordsFile->setToolTip(QStringLiteral("Clear the list of %1").arg(files));
-  cmdClearWordsToIgnoreOrCount->setToolTip(
-      countOnly ? QStringLiteral("Clear the extra count-only words and phrases")
-                : QStringLiteral("Clear the extra words to ignore"));
+  cboWordsFile->setAccessibleName(countOnly ? Tr("count-only words files") : Tr("words-to-ignore files"));
+  cmdSelectWordsFile->setToolTip(countOnly
+                                     ? Tr("Add a file to the list of count-only words files and load it")
+                                     : Tr("Add a file to the list of words-to-ignore files and load it"));
+  cmdClearWordsFile->setToolTip(countOnly ? Tr("Clear the list of count-only words files")
+                                          : Tr("Clear the list of words-to-ignore files"));
+  cmdClearWordsToIgnoreOrCount->setToolTip(countOnly ? Tr("Clear the extra count-only words and phrases")
+                                                     : Tr("Clear the extra words to ignore"));
   // Common words are words to ignore.
   for (QWidget* control : std::initializer_list<QWidget*>{lblCommonWordsLanguages, cboCommonWordsLanguages}) {
     control->setVisible(!countOnly);
@@ -197,7 +200,8 @@ void WordListsPanel::ShowWordFiles() {
 void WordListsPanel::ShowWordFilesState() {
   const WordFileList& files = work_.FilesOf(ShownKind());
   QString caption = ToQt(FilesButtonCaption(ShownKind(), files.Paths().size()));
-  caption.insert(caption.indexOf(QLatin1String("ords")) - 1, u'&');
+  // The letter of "words"; in another language the first one.
+  caption.insert(std::max<qsizetype>(0, caption.indexOf(QLatin1String("ords")) - 1), u'&');
   cmdSelectWordsFile->setText(caption);
   cboWordsFile->setToolTip(files.Selected() < 0 ? cboWordsFile->placeholderText()
                                                 : PlainTip(ToQt(files.SelectedPath())));

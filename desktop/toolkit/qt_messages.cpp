@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSettings>
 
+#include "base/translation.h"
 #include "desktop/toolkit/silenced_questions.h"
 #include "desktop/toolkit/text.h"
 
@@ -128,7 +129,7 @@ Answer QtMessages::Show(const Message& message) {
   }
   QCheckBox* silence = nullptr;
   if (rule != nullptr) {
-    silence = new QCheckBox(QStringLiteral("Do not ask again"), &box);
+    silence = new QCheckBox(Tr("Do not ask again"), &box);
     silence->setObjectName(QStringLiteral("chkDoNotAskAgain"));
     box.setCheckBox(silence);
   }

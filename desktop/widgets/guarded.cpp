@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/translation.h"
 #include "report/error_text.h"
 
 namespace korv {
@@ -24,12 +25,12 @@ HandlerScope::~HandlerScope() {
 }
 
 void ShowInsufficientMemory(Messages& messages) {
-  messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Critical});
+  messages.Show({.Text = Tr("Insufficient memory"), .Title = Tr("Error"), .Icon = Icon::Critical});
 }
 
 void ShowUnexpectedError(Messages& messages, const char* place, const char* description) {
   messages.Show({.Text = UnexpectedErrorText(place, kErrorUnexpected, description),
-                 .Title = "Unexpected error",
+                 .Title = Tr("Unexpected error"),
                  .Icon = Icon::Critical});
 }
 

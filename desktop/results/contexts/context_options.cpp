@@ -9,6 +9,7 @@
 #include <random>
 
 #include "app/contexts/context_rows.h"
+#include "base/translation.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/layouts.h"
 #include "desktop/widgets/wiring.h"
@@ -29,20 +30,20 @@ QString Key(const char* key) {
 
 ContextOptions::ContextOptions(const Desktop& desktop, QWidget* parent) : QWidget(parent), desktop_(desktop) {
   auto* layout = Bare(new QHBoxLayout(this));
-  cboContextOrder = MakeCombo("cboContextOrder", "Order of the contexts", this);
+  cboContextOrder = MakeCombo("cboContextOrder", Tr("Order of the contexts"), this);
   cboContextOrder->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   // In the order of PlaceOrder.
-  cboContextOrder->addItems({QStringLiteral("As in the text"), QStringLiteral("By the words to the left"),
-                             QStringLiteral("By the words to the right"), QStringLiteral("By file name")});
-  chkContextFiles = MakeCheckBox("chkContextFiles", "File by file", this);
-  chkContextFiles->setToolTip(QStringLiteral("Contexts of each file below its name"));
-  chkContextSample = MakeCheckBox("chkContextSample", "Random 1,000", this);
-  chkContextSample->setToolTip(QStringLiteral("Show 1,000 of the occurrences, drawn at random"));
-  spbContextWidth = Described(Named(new QSpinBox(this), "spbContextWidth"), "Characters on each side");
+  cboContextOrder->addItems({Tr("As in the text"), Tr("By the words to the left"),
+                             Tr("By the words to the right"), Tr("By file name")});
+  chkContextFiles = MakeCheckBox("chkContextFiles", Tr("File by file"), this);
+  chkContextFiles->setToolTip(Tr("Contexts of each file below its name"));
+  chkContextSample = MakeCheckBox("chkContextSample", Tr("Random 1,000"), this);
+  chkContextSample->setToolTip(Tr("Show 1,000 of the occurrences, drawn at random"));
+  spbContextWidth = Described(Named(new QSpinBox(this), "spbContextWidth"), Tr("Characters on each side"));
   spbContextWidth->setRange(kLeastContext, kMostContext);
   spbContextWidth->setSingleStep(20);
-  spbContextWidth->setSuffix(QStringLiteral(" characters"));
-  spbContextWidth->setToolTip(QStringLiteral("Characters on each side of the phrase, 20 to 500"));
+  spbContextWidth->setSuffix(QStringLiteral(" ") + Tr("characters"));
+  spbContextWidth->setToolTip(Tr("Characters on each side of the phrase, 20 to 500"));
   spbContextWidth->setKeyboardTracking(false);
   for (QWidget* control : TabOrder()) layout->addWidget(control);
   layout->addStretch(1);

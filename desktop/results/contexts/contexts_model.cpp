@@ -4,6 +4,7 @@
 #include <array>
 
 #include "app/contexts/context_texts.h"
+#include "base/translation.h"
 #include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "sources/places/context_text.h"
@@ -18,10 +19,11 @@ struct Heading {
 };
 
 constexpr std::array<Heading, kContextColumns> kHeadings = {
-    {{"Left", "The words before the phrase, as the file has them"},
-     {"Phrase", "The phrase, as the file has it"},
-     {"Right", "The words behind the phrase, as the file has them"},
-     {"Place", "File and line of the phrase's first character. Enter shows the text there."}}};
+    {{TrLater("Left"), TrLater("The words before the phrase, as the file has them")},
+     {TrLater("Phrase"), TrLater("The phrase, as the file has it")},
+     {TrLater("Right"), TrLater("The words behind the phrase, as the file has them")},
+     {TrLater("Place"),
+      TrLater("File and line of the phrase's first character. Enter shows the text there.")}}};
 
 }  // namespace
 
@@ -80,8 +82,8 @@ QVariant ContextsModel::data(const QModelIndex& index, int role) const {
 QVariant ContextsModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal) return {};
   const Heading& heading = kHeadings[static_cast<size_t>(section)];
-  if (role == Qt::DisplayRole) return QLatin1String(heading.Text);
-  if (role == Qt::ToolTipRole) return QLatin1String(heading.Tip);
+  if (role == Qt::DisplayRole) return QString(Tr(heading.Text));
+  if (role == Qt::ToolTipRole) return QString(Tr(heading.Tip));
   if (role == Qt::TextAlignmentRole)
     return QVariant::fromValue(Qt::AlignVCenter | (section == 0 ? Qt::AlignRight : Qt::AlignLeft));
   return {};
@@ -114,8 +116,9 @@ QString ContextsModel::Tip(int row) const {
   const ContextText text = TextAt(row);
   const Corpus& corpus = list_->Run().Table.Corpus();
   const std::filesystem::path& path = corpus.Sources[corpus.SourceAt(*PlaceAt(row))].Path;
-  QString tip = path.empty() ? QStringLiteral("Clipboard") : ToQt(PathToText(path));
-  if (text.FromFile) tip += QStringLiteral("\nLine %1, column %2").arg(text.Text.Line).arg(text.Text.Column);
+  QString tip = path.empty() ? Tr("Clipboard") : ToQt(PathToText(path));
+  if (text.FromFile)
+    tip += u'\n' + QString(Tr("Line %1, column %2")).arg(text.Text.Line).arg(text.Text.Column);
   return PlainTip(tip);
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/contexts/context_texts.h"
+#include "base/translation.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/results/contexts/context_options.h"
 #include "desktop/results/contexts/contexts_table.h"
@@ -67,16 +68,16 @@ ContextsPane::~ContextsPane() {
 
 void ContextsPane::BuildOptions(QBoxLayout& layout) {
   auto* options = Bare(new QHBoxLayout);
-  txbContextPhrase = MakeTextBox("txbContextPhrase", "Phrase whose contexts are shown", this);
-  txbContextPhrase->setPlaceholderText(QStringLiteral("Type any phrase, listed or not"));
+  txbContextPhrase = MakeTextBox("txbContextPhrase", Tr("Phrase whose contexts are shown"), this);
+  txbContextPhrase->setPlaceholderText(Tr("Type any phrase, listed or not"));
   txbContextPhrase->setClearButtonEnabled(true);
   txbContextPhrase->setMaxLength(kLongestTyped);
-  options->addWidget(MakeCaption("Conte&xts of", txbContextPhrase, this));
+  options->addWidget(MakeCaption(Tr("Conte&xts of"), txbContextPhrase, this));
   options->addWidget(txbContextPhrase, 2);
   lblContextCount = MakeLabel("lblContextCount", this);
   options->addWidget(lblContextCount, 1);
-  cmdWhy = MakeButton("cmdWhy", "Why is it not &listed?", this);
-  cmdWhy->setToolTip(QStringLiteral("Which rule keeps this phrase out of the list"));
+  cmdWhy = MakeButton("cmdWhy", Tr("Why is it not &listed?"), this);
+  cmdWhy->setToolTip(Tr("Which rule keeps this phrase out of the list"));
   options->addWidget(cmdWhy);
   layout.addLayout(options);
   Options = new ContextOptions(desktop_, this);
@@ -91,16 +92,19 @@ void ContextsPane::BuildActions() {
     void (ContextsPane::*Act)();
   };
   const Command commands[] = {
-      {"mnuContextText", "Show in the &text", {Qt::Key_Return, Qt::Key_Enter}, &ContextsPane::ShowText},
-      {"mnuContextNext", "&Next occurrence", {Qt::Key_F3}, &ContextsPane::NextOccurrence},
+      {"mnuContextText",
+       TrLater("Show in the &text"),
+       {Qt::Key_Return, Qt::Key_Enter},
+       &ContextsPane::ShowText},
+      {"mnuContextNext", TrLater("&Next occurrence"), {Qt::Key_F3}, &ContextsPane::NextOccurrence},
       {"mnuContextPrevious",
-       "&Previous occurrence",
+       TrLater("&Previous occurrence"),
        {Qt::SHIFT | Qt::Key_F3},
        &ContextsPane::PreviousOccurrence},
-      {"mnuContextOpen", "&Open in its own program", {}, &ContextsPane::OpenSource},
-      {"mnuContextCopy", "&Copy", {QKeySequence::Copy}, &ContextsPane::Copy}};
+      {"mnuContextOpen", TrLater("&Open in its own program"), {}, &ContextsPane::OpenSource},
+      {"mnuContextCopy", TrLater("&Copy"), {QKeySequence::Copy}, &ContextsPane::Copy}};
   for (const Command& command : commands) {
-    auto* action = Named(new QAction(QLatin1String(command.Caption), tblContexts), command.Name);
+    auto* action = Named(new QAction(Tr(command.Caption), tblContexts), command.Name);
     action->setShortcuts(command.Keys);
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, this,
@@ -156,10 +160,10 @@ void ContextsPane::ShowTyped() {
   typed_.stop();
   const std::string text = FromQt(txbContextPhrase->text());
   if (run_ == nullptr || text.empty()) return Clear({});
-  if (!HasText()) return Clear("The text of this run is not there. Count it again to see contexts.");
+  if (!HasText()) return Clear(Tr("The text of this run is not there. Count it again to see contexts."));
   CutPhrase cut = CutTypedPhrase(text, run_->Table.Corpus());
-  if (cut.Length == 0) return Clear("The rules in force leave no word of it.");
-  if (cut.Length > static_cast<size_t>(kMostWords)) return Clear("That is more than 25 words.");
+  if (cut.Length == 0) return Clear(Tr("The rules in force leave no word of it."));
+  if (cut.Length > static_cast<size_t>(kMostWords)) return Clear(Tr("That is more than 25 words."));
   Find(std::move(cut.Words));
 }
 
@@ -285,7 +289,7 @@ void ContextsPane::Copy() {
     for (int row = range.First; row <= range.Last && places.size() <= kMostCopied; ++row)
       if (const auto place = model_.PlaceAt(row)) places.push_back(*place);
   if (places.size() > kMostCopied) {
-    lblContextNote->setText(QStringLiteral("Select at most 20,000 contexts to copy them."));
+    lblContextNote->setText(Tr("Select at most 20,000 contexts to copy them."));
     lblContextNote->show();
     return;
   }

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "base/translation.h"
 #include "desktop/results/contexts/contexts_delegate.h"
 #include "desktop/results/contexts/contexts_model.h"
 #include "desktop/widgets/control_factory.h"
@@ -11,7 +12,7 @@
 namespace korv {
 
 ContextsTable::ContextsTable(ContextsModel& model, QWidget* parent) : RowTable(parent) {
-  Described(Named(this, "tblContexts"), "Contexts");
+  Described(Named(this, "tblContexts"), Tr("Contexts"));
   setModel(&model);
   setItemDelegate(new ContextsDelegate(*this));
   QHeaderView& columns = *horizontalHeader();

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "app/contexts/context_texts.h"
+#include "base/translation.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -48,7 +49,7 @@ TextView::TextView(const Desktop& desktop, QWidget* parent)
       reading_(std::make_shared<FileReading>(desktop.Files)),
       reader_(desktop.Loop) {
   Named(this, "frmText");
-  setWindowTitle(QStringLiteral("Text"));
+  setWindowTitle(Tr("Text"));
   Build();
   Connect();
   resize(90 * fontMetrics().averageCharWidth(), 36 * fontMetrics().lineSpacing());
@@ -67,23 +68,23 @@ void TextView::Build() {
   lblTextNote->setWordWrap(true);
   lblTextNote->hide();
   layout->addWidget(lblTextNote);
-  cmdTextBefore = MakeButton("cmdTextBefore", "&Earlier text", this);
+  cmdTextBefore = MakeButton("cmdTextBefore", Tr("&Earlier text"), this);
   layout->addWidget(cmdTextBefore, 0, Qt::AlignLeft);
-  txbText = Described(Named(new QPlainTextEdit(this), "txbText"), "Text");
+  txbText = Described(Named(new QPlainTextEdit(this), "txbText"), Tr("Text"));
   txbText->setReadOnly(true);
   txbText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   txbText->setUndoRedoEnabled(false);
   txbText->setTabChangesFocus(true);
   layout->addWidget(txbText, 1);
-  cmdTextBehind = MakeButton("cmdTextBehind", "&Later text", this);
+  cmdTextBehind = MakeButton("cmdTextBehind", Tr("&Later text"), this);
   layout->addWidget(cmdTextBehind, 0, Qt::AlignLeft);
   auto* foot = Bare(new QHBoxLayout);
-  cmdPreviousOccurrence = MakeButton("cmdPreviousOccurrence", "&Previous occurrence", this);
+  cmdPreviousOccurrence = MakeButton("cmdPreviousOccurrence", Tr("&Previous occurrence"), this);
   cmdPreviousOccurrence->setToolTip(QStringLiteral("Shift+F3"));
-  cmdNextOccurrence = MakeButton("cmdNextOccurrence", "&Next occurrence", this);
+  cmdNextOccurrence = MakeButton("cmdNextOccurrence", Tr("&Next occurrence"), this);
   cmdNextOccurrence->setToolTip(QStringLiteral("F3"));
-  cmdOpenSource = MakeButton("cmdOpenSource", "&Open in its own program", this);
-  cmdCloseText = MakeButton("cmdCloseText", "Close", this);
+  cmdOpenSource = MakeButton("cmdOpenSource", Tr("&Open in its own program"), this);
+  cmdCloseText = MakeButton("cmdCloseText", Tr("Close"), this);
   foot->addWidget(cmdPreviousOccurrence);
   foot->addWidget(cmdNextOccurrence);
   foot->addStretch(1);
@@ -214,12 +215,15 @@ void TextView::MarkPhrase(const QString& before, const QString& phrase) {
 void TextView::SayPlace() {
   const NumberFormat& numbers = desktop_.Numbers;
   const auto number = [&](uint64_t value) { return numbers.Grouped(static_cast<int64_t>(value)); };
-  std::string text = NameOfText(shown_->Run(), shown_->Source());
-  if (shown_->At.Line > 0)
-    text += ", line " + number(shown_->At.Line) + ", column " + number(shown_->At.Column);
-  text += " \u2013 occurrence " + number(shown_->Index + 1) + " of " + number(shown_->List->Places().size());
-  lblTextPlace->setText(ToQt(text));
-  setWindowTitle(ToQt(NameOfText(shown_->Run(), shown_->Source())));
+  const std::string name = NameOfText(shown_->Run(), shown_->Source());
+  const std::string occurrence = number(shown_->Index + 1);
+  const std::string all = number(shown_->List->Places().size());
+  const PlaceInText& at = shown_->At;
+  lblTextPlace->setText(ToQt(at.Line > 0
+                                 ? Fill(Tr("%1, line %2, column %3 \u2013 occurrence %4 of %5"),
+                                        {name, number(at.Line), number(at.Column), occurrence, all})
+                                 : Fill(Tr("%1 \u2013 occurrence %2 of %3"), {name, occurrence, all})));
+  setWindowTitle(ToQt(name));
   cmdOpenSource->setEnabled(!shown_->Run().Table.Corpus().Sources[shown_->Source()].Path.empty());
 }
 

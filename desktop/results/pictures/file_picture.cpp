@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/pictures/legend.h"
 #include "desktop/toolkit/text.h"
 
@@ -27,22 +28,21 @@ FilePicture::FilePicture(std::vector<QString> phrases, std::vector<Row> rows, ui
     : phrases_(std::move(phrases)), rows_(std::move(rows)), further_(further), numbers_(std::move(numbers)) {}
 
 QString FilePicture::Title() const {
-  return QStringLiteral("Phrases by file");
+  return Tr("Phrases by file");
 }
 
 QString FilePicture::Description() const {
-  QString text = QStringLiteral("Bars, by file:");
+  QStringList bars;
   for (const Row& row : rows_)
-    text += QStringLiteral(" %1 %2;").arg(row.File, ToQt(numbers_.Grouped(static_cast<int64_t>(SumOf(row)))));
-  text.back() = u'.';
+    bars.append(row.File + u' ' + ToQt(numbers_.Grouped(static_cast<int64_t>(SumOf(row)))));
+  const QString text = QString(Tr("Bars, by file: %1.")).arg(bars.join(QLatin1String("; ")));
   return further_ == 0 ? text : text + u' ' + FurtherText() + u'.';
 }
 
 QString FilePicture::FurtherText() const {
   if (further_ == 0) return {};
-  return further_ == 1 ? QStringLiteral("and 1 further file")
-                       : QStringLiteral("and %1 further files")
-                             .arg(ToQt(numbers_.Grouped(static_cast<int64_t>(further_))));
+  return QString(TrCount("and %1 further file", "and %1 further files", further_))
+      .arg(ToQt(numbers_.Grouped(static_cast<int64_t>(further_))));
 }
 
 double FilePicture::HeightFor(double width, const PictureStyle& style) const {

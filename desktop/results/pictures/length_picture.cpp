@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/pictures/axes.h"
 #include "desktop/results/pictures/legend.h"
 #include "desktop/results/pictures/ticks.h"
@@ -41,18 +42,18 @@ LengthPicture::LengthPicture(const ListProfile& profile, NumberFormat numbers)
 }
 
 QString LengthPicture::Title() const {
-  return QStringLiteral("Lengths of phrases");
+  return Tr("Lengths of phrases");
 }
 
 QString LengthPicture::Description() const {
-  if (bars_.empty()) return QStringLiteral("No phrase is listed.");
-  QString text = QStringLiteral("Bars, in percent of phrases and of occurrences:");
+  if (bars_.empty()) return Tr("No phrase is listed.");
+  QStringList texts;
   for (const Bars& bars : bars_)
-    text += QStringLiteral(" %1 words %2 and %3;")
-                .arg(QString::number(bars.Words), ToQt(numbers_.Decimals(bars.PercentOfPhrases, 1)),
-                     ToQt(numbers_.Decimals(bars.PercentOfOccurrences, 1)));
-  text.back() = u'.';
-  return text;
+    texts.append(QString(Tr("%1 words %2 and %3"))
+                     .arg(QString::number(bars.Words), ToQt(numbers_.Decimals(bars.PercentOfPhrases, 1)),
+                          ToQt(numbers_.Decimals(bars.PercentOfOccurrences, 1))));
+  return QString(Tr("Bars, in percent of phrases and of occurrences: %1."))
+      .arg(texts.join(QLatin1String("; ")));
 }
 
 double LengthPicture::HeightFor(double width, const PictureStyle&) const {
@@ -61,11 +62,9 @@ double LengthPicture::HeightFor(double width, const PictureStyle&) const {
 
 void LengthPicture::Paint(QPainter& painter, const QRectF& area, const PictureStyle& style) const {
   if (bars_.empty()) return;
-  const QRectF below =
-      PaintLegend(painter, area, style, {QStringLiteral("phrases"), QStringLiteral("occurrences")});
+  const QRectF below = PaintLegend(painter, area, style, {Tr("phrases"), Tr("occurrences")});
   double most = 0;
-  Axes axes{
-      .Across = {}, .Up = {}, .AcrossTitle = QStringLiteral("Words"), .UpTitle = QStringLiteral("Percent")};
+  Axes axes{.Across = {}, .Up = {}, .AcrossTitle = Tr("Words"), .UpTitle = Tr("Percent")};
   const auto count = static_cast<double>(bars_.size());
   for (size_t k = 0; k < bars_.size(); ++k) {
     most = std::max({most, bars_[k].PercentOfPhrases, bars_[k].PercentOfOccurrences});

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "base/translation.h"
+
 namespace korv {
 namespace {
 
@@ -20,7 +22,7 @@ PictureCanvas::PictureCanvas(QWidget* parent) : QWidget(parent) {
 void PictureCanvas::Show(std::shared_ptr<const Picture> shown, const QString& instead) {
   picture_ = std::move(shown);
   instead_ = instead;
-  setAccessibleName(picture_ ? picture_->Title() : QStringLiteral("Picture"));
+  setAccessibleName(picture_ ? picture_->Title() : Tr("Picture"));
   setAccessibleDescription(picture_ ? picture_->Description() : instead_);
   updateGeometry();
   update();

@@ -9,8 +9,10 @@
 #include <array>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/pictures/picture_canvas.h"
 #include "desktop/results/pictures/picture_file.h"
+#include "desktop/toolkit/file_filter.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/guarded.h"
@@ -23,10 +25,10 @@ struct OfferedKind {
   PictureKind Kind;
   const char* Caption;
 };
-constexpr std::array<OfferedKind, 4> kKinds = {{{PictureKind::Places, "Where phrases stand"},
-                                                {PictureKind::Files, "Phrases by file"},
-                                                {PictureKind::Ranks, "Frequency by rank"},
-                                                {PictureKind::Lengths, "Lengths of phrases"}}};
+constexpr std::array<OfferedKind, 4> kKinds = {{{PictureKind::Places, TrLater("Where phrases stand")},
+                                                {PictureKind::Files, TrLater("Phrases by file")},
+                                                {PictureKind::Ranks, TrLater("Frequency by rank")},
+                                                {PictureKind::Lengths, TrLater("Lengths of phrases")}}};
 
 }  // namespace
 
@@ -34,17 +36,17 @@ PicturesPane::PicturesPane(const Desktop& desktop, QWidget* parent)
     : QWidget(parent), desktop_(desktop), jobs_(desktop.Loop) {
   auto* stack = Tight(new QVBoxLayout(this));
   auto* row = Bare(new QHBoxLayout);
-  cboPicture = MakeCombo("cboPicture", "Picture", this);
+  cboPicture = MakeCombo("cboPicture", Tr("Picture"), this);
   cboPicture->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   row->addWidget(cboPicture);
-  cmdSavePicture = MakeButton("cmdSavePicture", "Sa&ve picture...", this);
+  cmdSavePicture = MakeButton("cmdSavePicture", Tr("Sa&ve picture..."), this);
   row->addWidget(cmdSavePicture);
   row->addStretch(1);
   stack->addLayout(row);
   lblPictureNotice = MakeLabel("lblPictureNotice", this);
   lblPictureNotice->setWordWrap(true);
   stack->addWidget(lblPictureNotice);
-  auto* scroll = Described(Named(new QScrollArea(this), "scrPicture"), "Picture");
+  auto* scroll = Described(Named(new QScrollArea(this), "scrPicture"), Tr("Picture"));
   picCanvas = Named(new PictureCanvas(scroll), "picCanvas");
   scroll->setWidget(picCanvas);
   scroll->setWidgetResizable(true);
@@ -81,7 +83,7 @@ void PicturesPane::OfferKinds() {
     // One file has nothing to compare itself with.
     const bool oneText = !run_ || run_->Table.Corpus().Sources.size() < 2;
     if (offered.Kind == PictureKind::Files && oneText) continue;
-    cboPicture->addItem(QString::fromUtf8(offered.Caption), static_cast<int>(offered.Kind));
+    cboPicture->addItem(Tr(offered.Caption), static_cast<int>(offered.Kind));
   }
   cboPicture->setCurrentIndex(std::max(0, cboPicture->findData(static_cast<int>(chosen))));
 }
@@ -116,12 +118,11 @@ void PicturesPane::Renew() {
 }
 
 void PicturesPane::ShowMade(const std::shared_ptr<const Picture>& made) {
-  picCanvas->Show(
-      made, run_ ? QStringLiteral("No phrase is listed.") : QStringLiteral("Nothing has been counted yet."));
+  picCanvas->Show(made, run_ ? Tr("No phrase is listed.") : Tr("Nothing has been counted yet."));
   cmdSavePicture->setEnabled(made != nullptr);
   const bool tooMany = WantsPhrases() && selected_ > phrases_.size();
   lblPictureNotice->setText(tooMany
-                                ? QStringLiteral("The first %1 of %2 selected phrases are shown.")
+                                ? QString(Tr("The first %1 of %2 selected phrases are shown."))
                                       .arg(QString::number(phrases_.size()),
                                            ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(selected_))))
                                 : QString());
@@ -131,8 +132,8 @@ void PicturesPane::ShowMade(const std::shared_ptr<const Picture>& made) {
 void PicturesPane::cmdSavePicture_Click() {
   const Picture* shown = picCanvas->Shown();
   if (shown == nullptr) return;
-  const auto chosen = desktop_.Dialogs.ChooseFileToSave({.Title = "Save picture",
-                                                         .Filter = "Pictures (*.svg *.png) | *.svg *.png",
+  const auto chosen = desktop_.Dialogs.ChooseFileToSave({.Title = Tr("Save picture"),
+                                                         .Filter = FileFilter(Tr("Pictures"), "*.svg *.png"),
                                                          .InitialPath = FromQt(shown->Title()) + ".svg",
                                                          .Extension = "svg",
                                                          .AsksBeforeReplacing = true});
@@ -143,8 +144,8 @@ void PicturesPane::cmdSavePicture_Click() {
   const auto error = WritePicture(desktop_.Files, path, bytes);
   if (error) {
     desktop_.Messages.Show(
-        {.Text = "The picture cannot be saved as " + *chosen + ".\n\n" + error->Description,
-         .Title = "Save picture",
+        {.Text = Fill(Tr("The picture cannot be saved as %1."), {*chosen}) + "\n\n" + error->Description,
+         .Title = Tr("Save picture"),
          .Icon = Icon::Exclamation});
   }
 }

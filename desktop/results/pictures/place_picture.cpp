@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/pictures/place_bar.h"
 #include "desktop/toolkit/text.h"
 
@@ -22,16 +23,16 @@ PlacePicture::PlacePicture(std::vector<Row> rows, std::vector<double> borders, u
     : rows_(std::move(rows)), borders_(std::move(borders)), words_(words), numbers_(std::move(numbers)) {}
 
 QString PlacePicture::Title() const {
-  return QStringLiteral("Where phrases stand");
+  return Tr("Where phrases stand");
 }
 
 QString PlacePicture::Description() const {
-  QString text = QStringLiteral("Bars from the first word to the last.");
+  QString text = Tr("Bars from the first word to the last.");
   for (const Row& row : rows_) {
     const auto holding = std::ranges::count_if(row.Cells, [](uint32_t n) { return n > 0; });
-    text += QStringLiteral(" \u201c%1\u201d, %2 times, stands in %3 of %4 parts.")
-                .arg(row.Phrase, ToQt(numbers_.Grouped(row.Frequency)), QString::number(holding),
-                     QString::number(row.Cells.size()));
+    text += u' ' + QString(Tr("\u201c%1\u201d, %2 times, stands in %3 of %4 parts."))
+                       .arg(row.Phrase, ToQt(numbers_.Grouped(row.Frequency)), QString::number(holding),
+                            QString::number(row.Cells.size()));
   }
   return text;
 }
@@ -70,9 +71,9 @@ void PlacePicture::Paint(QPainter& painter, const QRectF& area, const PictureSty
   PaintBorders(painter, {left, top - kGap, width, kBorderTick}, borders_, style);
   painter.setPen(style.Text);
   const QRectF foot(left, top - kGap + kBorderTick, width, line);
-  painter.drawText(foot, Qt::AlignLeft | Qt::TextSingleLine, QStringLiteral("first word"));
+  painter.drawText(foot, Qt::AlignLeft | Qt::TextSingleLine, Tr("first word"));
   painter.drawText(foot, Qt::AlignRight | Qt::TextSingleLine,
-                   QStringLiteral("word %1").arg(ToQt(numbers_.Grouped(static_cast<int64_t>(words_)))));
+                   QString(Tr("word %1")).arg(ToQt(numbers_.Grouped(static_cast<int64_t>(words_)))));
 }
 
 }  // namespace korv

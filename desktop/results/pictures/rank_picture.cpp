@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/pictures/axes.h"
 #include "desktop/results/pictures/ticks.h"
 #include "desktop/toolkit/text.h"
@@ -32,14 +33,14 @@ RankPicture::RankPicture(std::vector<FrequencyStep> frequencies, NumberFormat nu
 }
 
 QString RankPicture::Title() const {
-  return QStringLiteral("Frequency by rank");
+  return Tr("Frequency by rank");
 }
 
 QString RankPicture::Description() const {
-  if (frequencies_.empty()) return QStringLiteral("No phrase is listed.");
+  if (frequencies_.empty()) return Tr("No phrase is listed.");
   const auto number = [this](uint64_t n) { return ToQt(numbers_.Grouped(static_cast<int64_t>(n))); };
-  return QStringLiteral(
-             "A falling line: the most frequent of %1 phrases occurs %2 times, the least frequent %3 times.")
+  return QString(Tr("A falling line: the most frequent of %1 phrases occurs %2 times, the least frequent %3 "
+                    "times."))
       .arg(number(phrases_), number(frequencies_.front().Frequency), number(frequencies_.back().Frequency));
 }
 
@@ -54,8 +55,8 @@ void RankPicture::Paint(QPainter& painter, const QRectF& area, const PictureStyl
   const QRectF inner = PaintAxes(painter, area, style,
                                  {.Across = MarksOf(ranks, numbers_),
                                   .Up = MarksOf(counts, numbers_),
-                                  .AcrossTitle = QStringLiteral("Rank"),
-                                  .UpTitle = QStringLiteral("Occurrences")});
+                                  .AcrossTitle = Tr("Rank"),
+                                  .UpTitle = Tr("Occurrences")});
   const auto at = [&](double rank, double count) {
     return QPointF(inner.left() + std::log10(rank) / std::log10(ranks.back()) * inner.width(),
                    inner.bottom() - std::log10(count) / std::log10(counts.back()) * inner.height());

@@ -8,6 +8,7 @@
 #include <QSettings>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/table/table_columns.h"
 #include "desktop/toolkit/text.h"
 
@@ -113,7 +114,7 @@ void ColumnChoice::FillMenu(QMenu& menu) {
     action->setEnabled(!always && !(oneFile_ && TellsFilesApart(column.Id)));
   }
   menu.addSeparator();
-  menu.addAction(QStringLiteral("&Usual columns"), this, [this] { RestoreDefaults(); })
+  menu.addAction(Tr("&Usual columns"), this, [this] { RestoreDefaults(); })
       ->setObjectName(QStringLiteral("mnuUsualColumns"));
   menu.setToolTipsVisible(true);
 }

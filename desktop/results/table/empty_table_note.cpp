@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/widgets/control_factory.h"
 
 namespace korv {
@@ -10,7 +11,7 @@ EmptyTableNote::EmptyTableNote(QWidget* parent) : QWidget(parent) {
   lblEmptyTable = MakeLabel("lblEmptyTable", this);
   lblEmptyTable->setAlignment(Qt::AlignCenter);
   lblEmptyTable->setWordWrap(true);
-  cmdClearMatch = MakeButton("cmdClearMatch", "&Show all phrases", this);
+  cmdClearMatch = MakeButton("cmdClearMatch", Tr("&Show all phrases"), this);
   auto* layout = new QVBoxLayout(this);
   layout->addStretch(1);
   layout->addWidget(lblEmptyTable);
@@ -19,10 +20,10 @@ EmptyTableNote::EmptyTableNote(QWidget* parent) : QWidget(parent) {
 }
 
 void EmptyTableNote::Say(Reason reason) {
-  static constexpr const char* kReasons[] = {"Nothing has been counted yet.",
-                                             "The run found no phrase that it could list.",
-                                             "No phrase passes the filter."};
-  lblEmptyTable->setText(QLatin1String(kReasons[static_cast<size_t>(reason)]));
+  static constexpr const char* kReasons[] = {TrLater("Nothing has been counted yet."),
+                                             TrLater("The run found no phrase that it could list."),
+                                             TrLater("No phrase passes the filter.")};
+  lblEmptyTable->setText(Tr(kReasons[static_cast<size_t>(reason)]));
   cmdClearMatch->setVisible(reason == Reason::NothingPasses);
 }
 

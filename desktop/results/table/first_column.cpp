@@ -1,6 +1,7 @@
 #include "desktop/results/table/first_column.h"
 
 #include "app/contexts/context_texts.h"
+#include "base/translation.h"
 #include "engine/corpus/corpus.h"
 
 namespace korv {
@@ -8,12 +9,12 @@ namespace korv {
 const Column& FirstColumn() {
   static constexpr Column kFirst{
       .Id = "first",
-      .Heading = "First",
+      .Heading = TrLater("First"),
       .Type = ColumnType::Text,
       .Align = Alignment::Left,
       .Definition =
-          "The file and the line of the earliest occurrence, files in the order in which they were "
-          "read; in a document, the line of the text that was extracted from it.",
+          TrLater("The file and the line of the earliest occurrence, files in the order in which they were "
+                  "read; in a document, the line of the text that was extracted from it."),
       .OrderKey = [](const ColumnSource& source, PhraseIndex entry) -> double {
         return ValueOf(source.Table.First(entry));
       },

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/translation.h"
 #include "desktop/results/table/table_columns.h"
 #include "desktop/results/table/wrong_mark.h"
 #include "desktop/toolkit/text.h"
@@ -50,20 +51,21 @@ LimitsBar::Row LimitsBar::MakeRow(const Column& column) {
     const QString id = ToQt(column.Id);
     auto* line = MakeTextBox("", "", box);
     line->setObjectName(QLatin1String(name) + id);
-    line->setAccessibleName(QLatin1String(which) + u' ' + heading);
-    line->setPlaceholderText(QLatin1String(hint));
+    line->setAccessibleName(QString(which).arg(heading));
+    line->setPlaceholderText(hint);
     line->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("1,000,000")) + 16);
     line->setAlignment(Qt::AlignRight);
     wiring.OnText(line, "txbLimit_Change", [this] { Typed(); });
     return line;
   };
-  const Row row{&column, box, field("txbLeast_", "Least", "least"), field("txbMost_", "Most", "most")};
+  const Row row{&column, box, field("txbLeast_", Tr("Least %1"), Tr("least")),
+                field("txbMost_", Tr("Most %1"), Tr("most"))};
   auto* caption = MakeCaption("", row.Least, box);
   caption->setText(heading);
   layout->addWidget(caption);
   layout->setContentsMargins(0, 0, 16, 0);
   layout->addWidget(row.Least);
-  layout->addWidget(new QLabel(QStringLiteral("to"), box));
+  layout->addWidget(new QLabel(Tr("to"), box));
   layout->addWidget(row.Most);
   return row;
 }
@@ -92,7 +94,7 @@ bool LimitsBar::Check() {
   for (const Row& row : rows_) {
     for (QLineEdit* field : {row.Least, row.Most}) {
       const bool wrong = !field->text().trimmed().isEmpty() && !NumberIn(*field);
-      MarkWrong(*field, wrong ? QStringLiteral("This is no number.") : QString());
+      MarkWrong(*field, wrong ? Tr("This is no number.") : QString());
       good = good && !wrong;
     }
   }

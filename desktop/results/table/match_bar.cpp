@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 
+#include "base/translation.h"
 #include "desktop/results/table/wrong_mark.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -21,38 +22,41 @@ struct ModeItem {
 };
 
 constexpr ModeItem kModes[] = {
-    {MatchMode::Contains, "Contains", "The text stands anywhere in the phrase, within words too."},
-    {MatchMode::WholeWords, "Whole words", "The text stands in the phrase as whole words, in a row."},
-    {MatchMode::StartsWith, "Starts with", "The phrase begins with the text."},
-    {MatchMode::EndsWith, "Ends with", "The phrase ends with the text."},
-    {MatchMode::Wildcards, "Wildcards",
-     "The text is the whole phrase; * stands for any characters and ? for one."},
-    {MatchMode::Expression, "Regular expression", "The expression matches somewhere in the phrase."},
-    {MatchMode::WordsInAnyOrder, "Words in any order", "Each word of the text is a word of the phrase."},
+    {MatchMode::Contains, TrLater("Contains"),
+     TrLater("The text stands anywhere in the phrase, within words too.")},
+    {MatchMode::WholeWords, TrLater("Whole words"),
+     TrLater("The text stands in the phrase as whole words, in a row.")},
+    {MatchMode::StartsWith, TrLater("Starts with"), TrLater("The phrase begins with the text.")},
+    {MatchMode::EndsWith, TrLater("Ends with"), TrLater("The phrase ends with the text.")},
+    {MatchMode::Wildcards, TrLater("Wildcards"),
+     TrLater("The text is the whole phrase; * stands for any characters and ? for one.")},
+    {MatchMode::Expression, TrLater("Regular expression"),
+     TrLater("The expression matches somewhere in the phrase.")},
+    {MatchMode::WordsInAnyOrder, TrLater("Words in any order"),
+     TrLater("Each word of the text is a word of the phrase.")},
 };
 
 }  // namespace
 
 MatchBar::MatchBar(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
-  cboMatchMode = MakeCombo("cboMatchMode", "How the text is looked for", this);
+  cboMatchMode = MakeCombo("cboMatchMode", Tr("How the text is looked for"), this);
   cboMatchMode->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   for (const ModeItem& item : kModes) {
-    cboMatchMode->addItem(QLatin1String(item.Caption));
-    cboMatchMode->setItemData(cboMatchMode->count() - 1, QLatin1String(item.Tip), Qt::ToolTipRole);
+    cboMatchMode->addItem(Tr(item.Caption));
+    cboMatchMode->setItemData(cboMatchMode->count() - 1, QString(Tr(item.Tip)), Qt::ToolTipRole);
   }
-  txbMatch = MakeTextBox("txbMatch", "Text that the listed phrases match", this);
-  txbMatch->setPlaceholderText(QStringLiteral("Filter the phrases"));
+  txbMatch = MakeTextBox("txbMatch", Tr("Text that the listed phrases match"), this);
+  txbMatch->setPlaceholderText(Tr("Filter the phrases"));
   txbMatch->setClearButtonEnabled(true);
   // The hint is read in full, beside the sign that clears the field.
   txbMatch->setMinimumWidth(fontMetrics().horizontalAdvance(txbMatch->placeholderText()) +
                             3 * fontMetrics().height());
   txbMatch->installEventFilter(this);
-  chkMatchNot = MakeCheckBox("chkMatchNot", "n&ot", this);
-  chkMatchNot->setToolTip(
-      QStringLiteral("List the phrases that do not match. A \"-\" before the text does the same."));
-  Described(chkMatchNot, "List the phrases that do not match");
-  chkMatchAccents = MakeCheckBox("chkMatchAccents", "any accents", this);
-  chkMatchAccents->setToolTip(QStringLiteral("Letters match with and without their accents."));
+  chkMatchNot = MakeCheckBox("chkMatchNot", Tr("n&ot"), this);
+  chkMatchNot->setToolTip(Tr("List the phrases that do not match. A \"-\" before the text does the same."));
+  Described(chkMatchNot, Tr("List the phrases that do not match"));
+  chkMatchAccents = MakeCheckBox("chkMatchAccents", Tr("any accents"), this);
+  chkMatchAccents->setToolTip(Tr("Letters match with and without their accents."));
   auto* layout = Bare(new QHBoxLayout(this));
   layout->addWidget(cboMatchMode);
   layout->addWidget(chkMatchNot);
@@ -69,12 +73,12 @@ void MatchBar::Connect(Messages& messages) {
   const Wiring wiring(*this, messages);
   wiring.OnText(txbMatch, "txbMatch_Change", [this] { Typed(); });
   wiring.OnChoice(cboMatchMode, "cboMatchMode_Click", [this] {
-    cboMatchMode->setToolTip(QLatin1String(kModes[cboMatchMode->currentIndex()].Tip));
+    cboMatchMode->setToolTip(Tr(kModes[cboMatchMode->currentIndex()].Tip));
     Chosen();
   });
   wiring.OnToggle(chkMatchNot, "chkMatchNot_Click", [this] { Chosen(); });
   wiring.OnToggle(chkMatchAccents, "chkMatchAccents_Click", [this] { Chosen(); });
-  cboMatchMode->setToolTip(QLatin1String(kModes[0].Tip));
+  cboMatchMode->setToolTip(Tr(kModes[0].Tip));
 }
 
 PhraseQuery MatchBar::Query() const {

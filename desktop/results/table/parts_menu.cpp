@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 
 namespace korv {
@@ -34,17 +35,17 @@ struct EqualPartsTexts {
 
 constexpr EqualPartsTexts kOfTheWhole = {false,
                                          kOfferedOfTheWhole,
-                                         "%1 equal parts of the whole",
-                                         "&Other number of equal parts\u2026",
-                                         "&Other number of equal parts (%1)\u2026",
-                                         "Number of equal parts of the whole text (2 to 100):",
+                                         TrLater("%1 equal parts of the whole"),
+                                         TrLater("&Other number of equal parts\u2026"),
+                                         TrLater("&Other number of equal parts (%1)\u2026"),
+                                         TrLater("Number of equal parts of the whole text (2 to 100):"),
                                          ""};
 constexpr EqualPartsTexts kOfEachFile = {true,
                                          kOfferedOfEachFile,
-                                         "%1 equal parts of each file",
-                                         "Other number of equal parts of &each file\u2026",
-                                         "Other number of equal parts of &each file (%1)\u2026",
-                                         "Number of equal parts of each file (2 to 100):",
+                                         TrLater("%1 equal parts of each file"),
+                                         TrLater("Other number of equal parts of &each file\u2026"),
+                                         TrLater("Other number of equal parts of &each file (%1)\u2026"),
+                                         TrLater("Number of equal parts of each file (2 to 100):"),
                                          "_of_each_file"};
 
 bool IsNumberOfParts(int number) {
@@ -53,12 +54,12 @@ bool IsNumberOfParts(int number) {
 
 /// The user's number; nothing where the user gives none.
 std::optional<int> AskNumber(const char* prompt, int initial, Messages& messages) {
-  const auto typed = messages.AskText(prompt, "Parts of the text", std::to_string(initial));
+  const auto typed = messages.AskText(prompt, Tr("Parts of the text"), std::to_string(initial));
   if (!typed) return std::nullopt;
   bool isNumber = false;
   const int number = ToQt(*typed).trimmed().toInt(&isNumber);
   if (isNumber && IsNumberOfParts(number)) return number;
-  messages.Show({.Text = "The number of parts is one from 2 to 100.", .Title = "Parts of the text"});
+  messages.Show({.Text = Tr("The number of parts is one from 2 to 100."), .Title = Tr("Parts of the text")});
   return std::nullopt;
 }
 
@@ -80,20 +81,20 @@ void AddEqualParts(const EqualPartsTexts& texts, QMenu& menu, QActionGroup& grou
   for (const int parts : texts.Offered) {
     const bool chosen = such && now.Equal == parts;
     isOffered = isOffered || chosen;
-    QAction* const action = AddEntry(menu, group, QString::fromUtf8(texts.Offer).arg(parts),
-                                     QString::number(parts) + nameEnd, chosen);
+    QAction* const action =
+        AddEntry(menu, group, QString(Tr(texts.Offer)).arg(parts), QString::number(parts) + nameEnd, chosen);
     QObject::connect(action, &QAction::triggered, &menu, [choose, parts, &texts] {
       choose({parts, texts.OfEachFile});
     });
   }
   const bool other = such && !isOffered;
   QAction* const action =
-      AddEntry(menu, group,
-               other ? QString::fromUtf8(texts.OtherChosen).arg(now.Equal) : QString::fromUtf8(texts.Other),
+      AddEntry(menu, group, other ? QString(Tr(texts.OtherChosen)).arg(now.Equal) : Tr(texts.Other),
                QLatin1String("other") + nameEnd, other);
   const int initial = such ? now.Equal : kUsual;
   QObject::connect(action, &QAction::triggered, &menu, [choose, initial, &texts, &messages] {
-    if (const auto number = AskNumber(texts.Prompt, initial, messages)) choose({*number, texts.OfEachFile});
+    if (const auto number = AskNumber(Tr(texts.Prompt), initial, messages))
+      choose({*number, texts.OfEachFile});
   });
 }
 
@@ -113,9 +114,9 @@ void KeepParts(QSettings& store, PartChoice parts) {
 void FillPartsMenu(QMenu& menu, PartChoice now, Messages& messages,
                    const std::function<void(PartChoice)>& choose) {
   auto* group = new QActionGroup(&menu);
-  QAction* const files = AddEntry(menu, *group, QStringLiteral("&Files"), QStringLiteral("files"),
-                                  now.Equal == PartChoice::kFiles);
-  files->setToolTip(QStringLiteral("A single file is divided into equal parts."));
+  QAction* const files =
+      AddEntry(menu, *group, Tr("&Files"), QStringLiteral("files"), now.Equal == PartChoice::kFiles);
+  files->setToolTip(Tr("A single file is divided into equal parts."));
   QObject::connect(files, &QAction::triggered, &menu, [choose] { choose({PartChoice::kFiles}); });
   AddEqualParts(kOfTheWhole, menu, *group, now, messages, choose);
   AddEqualParts(kOfEachFile, menu, *group, now, messages, choose);

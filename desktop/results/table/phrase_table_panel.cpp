@@ -14,6 +14,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/table/column_choice.h"
 #include "desktop/results/table/empty_table_note.h"
 #include "desktop/results/table/limits_bar.h"
@@ -93,7 +94,7 @@ QBoxLayout* PhraseTablePanel::MakeNotes() {
 
 QWidget* PhraseTablePanel::MakeRows() {
   auto* splitter = Named(new QSplitter(this), "splRowDetails");
-  tblPhrases = Described(Named(new PhraseGrid(*model_, splitter), "tblPhrases"), "Phrases");
+  tblPhrases = Described(Named(new PhraseGrid(*model_, splitter), "tblPhrases"), Tr("Phrases"));
   Details = new RowDetails(desktop_, splitter);
   Details->hide();
   splitter->setChildrenCollapsible(false);
@@ -322,13 +323,12 @@ void PhraseTablePanel::ShowRowMenu(const QPoint& at) {
   }
   auto* menu = Named(new QMenu(this), "mnuRow");
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addAction(QStringLiteral("Show &contexts"), Qt::Key_F4, this,
-                  [this, phrase] { ShowContexts(phrase); })
+  menu->addAction(Tr("Show &contexts"), Qt::Key_F4, this, [this, phrase] { ShowContexts(phrase); })
       ->setObjectName(QStringLiteral("mnuShowContexts"));
   FillRowMenu(*menu, Actions, phrase, words, tblPhrases->SelectedPhrases(kMostLeftOut));
   menu->addSeparator();
-  menu->addAction(QStringLiteral("C&opy"), QKeySequence::Copy, this, [this] { Copy(true); });
-  menu->addAction(QStringLiteral("Copy wit&hout heading"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, this,
+  menu->addAction(Tr("C&opy"), QKeySequence::Copy, this, [this] { Copy(true); });
+  menu->addAction(Tr("Copy wit&hout heading"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, this,
                   [this] { Copy(false); });
   menu->popup(tblPhrases->viewport()->mapToGlobal(at));
 }

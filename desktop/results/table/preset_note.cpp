@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/eliding_label.h"
@@ -11,7 +12,7 @@ namespace korv {
 
 PresetNote::PresetNote(QWidget* parent) : QWidget(parent) {
   lblPresetNote = Named(new ElidingLabel(this), "lblPresetNote");
-  cmdCountShortWords = MakeButton("cmdCountShortWords", "Count anew &with them", this);
+  cmdCountShortWords = MakeButton("cmdCountShortWords", Tr("Count anew &with them"), this);
   auto* layout = Bare(new QHBoxLayout(this));
   layout->addWidget(lblPresetNote, 1);
   layout->addWidget(cmdCountShortWords, 0, Qt::AlignTop);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "base/translation.h"
 #include "report/columns/registry.h"
 
 namespace korv {
@@ -23,48 +24,48 @@ bool HasItsColumns(const Preset& preset) {
 std::vector<Preset> Presets() {
   std::vector<Preset> presets = {
       {.Name = "bundles1999",
-       .Caption = "Lexical bundles, 1999: &4 words",
-       .Tip = "4 words, at least 10 occurrences per million words, in at least 5 files (Biber et al. 1999).",
+       .Caption = Tr("Lexical bundles, 1999: &4 words"),
+       .Tip =
+           Tr("4 words, at least 10 occurrences per million words, in at least 5 files (Biber et al. 1999)."),
        .PerMillion = 10,
        .LeastWords = 4,
        .MostWords = 4,
        .LeastFiles = 5},
       {.Name = "bundles1999Long",
-       .Caption = "Lexical bundles, 1999: &5 to 6 words",
-       .Tip =
-           "5 to 6 words, at least 5 occurrences per million words, in at least 5 files (Biber et al. 1999).",
+       .Caption = Tr("Lexical bundles, 1999: &5 to 6 words"),
+       .Tip = Tr("5 to 6 words, at least 5 occurrences per million words, in at least 5 files (Biber et al. "
+                 "1999)."),
        .PerMillion = 5,
        .LeastWords = 5,
        .MostWords = 6,
        .LeastFiles = 5},
       {.Name = "bundles2004",
-       .Caption = "Lexical bundles, &2004",
-       .Tip = "4 words, at least 40 occurrences per million words, in at least 5 files (Biber, Conrad and "
-              "Cortes "
-              "2004).",
+       .Caption = Tr("Lexical bundles, &2004"),
+       .Tip = Tr("4 words, at least 40 occurrences per million words, in at least 5 files (Biber, Conrad and "
+                 "Cortes 2004)."),
        .PerMillion = 40,
        .LeastWords = 4,
        .MostWords = 4,
        .LeastFiles = 5},
       {.Name = "bundlesHyland",
-       .Caption = "Lexical bundles, &Hyland",
-       .Tip = "At least 20 occurrences per million words, in at least 10 % of the files (Hyland 2008).",
+       .Caption = Tr("Lexical bundles, &Hyland"),
+       .Tip = Tr("At least 20 occurrences per million words, in at least 10 % of the files (Hyland 2008)."),
        .PerMillion = 20,
        .LeastFilesPercent = 10},
       {.Name = "petPhrases",
-       .Caption = "&Pet phrases",
-       .Tip = "Phrases that stand on their own at least 3 times, most often first.",
+       .Caption = Tr("&Pet phrases"),
+       .Tip = Tr("Phrases that stand on their own at least 3 times, most often first."),
        .LeastAlone = 3,
        .SortBy = "net_frequency",
        .Columns = {"net_frequency"}},
       {.Name = "terms",
-       .Caption = "&Terms",
-       .Tip = "Ordered by C-value, with measures of how firmly the words belong together.",
+       .Caption = Tr("&Terms"),
+       .Tip = Tr("Ordered by C-value, with measures of how firmly the words belong together."),
        .SortBy = "c_value",
        .Columns = {"c_value", "mi_min", "log_dice"}},
       {.Name = "allPhrases",
-       .Caption = "&All phrases",
-       .Tip = "No filter, the usual order and the columns that you have chosen."},
+       .Caption = Tr("&All phrases"),
+       .Tip = Tr("No filter, the usual order and the columns that you have chosen.")},
   };
   std::erase_if(presets, [](const Preset& preset) { return !HasItsColumns(preset); });
   return presets;
@@ -98,12 +99,13 @@ std::string NoteOf(const Preset& preset, const TableSource& source) {
     note += sentence;
   };
   if (source.Run().Facts.Words.Read() < kFewWords)
-    say("The text has fewer than 200,000 words: 10 occurrences per million are less than 2 there, and such "
-        "thresholds say little.");
-  if (source.IsOneFile()) say("The text is one file, so no number of files is asked for.");
+    say(Tr(
+        "The text has fewer than 200,000 words: 10 occurrences per million are less than 2 there, and such "
+        "thresholds say little."));
+  if (source.IsOneFile()) say(Tr("The text is one file, so no number of files is asked for."));
   if (DropsShortWords(preset, source))
-    say("Words of fewer than " + std::to_string(source.Run().Facts.MinCharacters) +
-        " letters were left out of the phrases of this run.");
+    say(Fill(Tr("Words of fewer than %1 letters were left out of the phrases of this run."),
+             {std::to_string(source.Run().Facts.MinCharacters)}));
   return note;
 }
 

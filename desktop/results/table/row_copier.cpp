@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/questions.h"
 
 namespace korv {
@@ -30,17 +31,17 @@ bool RowCopier::Confirm(CopyRequest& request) {
   const auto grouped = [&](uint64_t number) {
     return desktop_.Numbers.Grouped(static_cast<int64_t>(number));
   };
-  const Answer answer =
-      desktop_.Messages.Show({.Text = "Do you wish to copy " + grouped(rows) +
-                                      " rows?\nOther programs may not have room for so many.",
-                              .Title = "Copy rows",
-                              .Icon = Icon::Question,
-                              .Buttons = Buttons::YesNoCancel,
-                              .DefaultAnswer = Answer::No,
-                              .Question = questions::kCopyManyRows,
-                              .ExtraButton = ExportWanted ? "Export..." : "",
-                              .YesButton = "Copy all",
-                              .NoButton = "Copy the first " + grouped(kMostUnasked)});
+  const Answer answer = desktop_.Messages.Show(
+      {.Text = Fill(Tr("Do you wish to copy %1 rows?\nOther programs may not have room for so many."),
+                    {grouped(rows)}),
+       .Title = Tr("Copy rows"),
+       .Icon = Icon::Question,
+       .Buttons = Buttons::YesNoCancel,
+       .DefaultAnswer = Answer::No,
+       .Question = questions::kCopyManyRows,
+       .ExtraButton = ExportWanted ? Tr("Export...") : "",
+       .YesButton = Tr("Copy all"),
+       .NoButton = Fill(Tr("Copy the first %1"), {grouped(kMostUnasked)})});
   if (answer == Answer::Extra && ExportWanted) ExportWanted();
   if (answer == Answer::No) request.Ranges = FirstRowsOf(request.Ranges, kMostUnasked);
   return answer == Answer::Yes || answer == Answer::No;

@@ -1,20 +1,17 @@
 #include "desktop/results/table/row_count_text.h"
 
+#include "base/translation.h"
+
 namespace korv {
 
-namespace {
-
-std::string Counted(uint64_t number, const char* one, const char* many, const NumberFormat& numbers) {
-  return numbers.Grouped(static_cast<int64_t>(number)) + (number == 1 ? one : many);
-}
-
-}  // namespace
-
 std::string CountOfRows(const PhraseList& rows, bool whole, const NumberFormat& numbers) {
-  std::string text;
-  if (rows.Filtered()) text = numbers.Grouped(rows.Rows()) + (whole ? " of " : " so far of ");
-  text += Counted(rows.Phrases(), " phrase, ", " phrases, ", numbers);
-  return text + Counted(rows.Occurrences(), " occurrence", " occurrences", numbers);
+  const uint32_t phrases = rows.Phrases();
+  const char* const pattern = !rows.Filtered() ? TrCount("%2 phrase", "%2 phrases", phrases)
+                              : whole          ? TrCount("%1 of %2 phrase", "%1 of %2 phrases", phrases)
+                                      : TrCount("%1 so far of %2 phrase", "%1 so far of %2 phrases", phrases);
+  const char* const occurrences = TrCount("%1 occurrence", "%1 occurrences", rows.Occurrences());
+  return Fill(pattern, {numbers.Grouped(rows.Rows()), numbers.Grouped(phrases)}) + ", " +
+         Fill(occurrences, {numbers.Grouped(static_cast<int64_t>(rows.Occurrences()))});
 }
 
 }  // namespace korv

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/translation.h"
 #include "desktop/results/pictures/place_bar.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -17,9 +18,9 @@
 
 namespace korv {
 
-const char* const kAloneInShort = "Alone: not within a longer phrase.";
+const char* const kAloneInShort = TrLater("Alone: not within a longer phrase.");
 const char* const kAloneSentence =
-    "Alone: the occurrences of a phrase that do not stand within an occurrence of a longer phrase.";
+    TrLater("Alone: the occurrences of a phrase that do not stand within an occurrence of a longer phrase.");
 
 namespace {
 
@@ -34,8 +35,8 @@ QString Grouped(uint64_t number, const NumberFormat& numbers) {
 QString Heading(const char* title, size_t shown, size_t all, const NumberFormat& numbers) {
   const QString count = shown == all
                             ? Grouped(all, numbers)
-                            : QStringLiteral("%1 of %2").arg(Grouped(shown, numbers), Grouped(all, numbers));
-  return QStringLiteral("<h4>%1 (%2)</h4>").arg(QLatin1String(title), count);
+                            : QString(Tr("%1 of %2")).arg(Grouped(shown, numbers), Grouped(all, numbers));
+  return QStringLiteral("<h4>%1 (%2)</h4>").arg(QString(title), count);
 }
 
 QString Row(const QString& text, uint32_t count, const NumberFormat& numbers) {
@@ -58,7 +59,8 @@ QString Phrases(const char* title, const std::vector<PhraseDetails::Other>& othe
 
 QString Files(const PhraseDetails& details, const NumberFormat& numbers) {
   if (details.Files.empty()) return {};
-  QString text = Heading("Files", details.Files.size(), details.AllFiles, numbers) + QLatin1String("<table>");
+  QString text =
+      Heading(Tr("Files"), details.Files.size(), details.AllFiles, numbers) + QLatin1String("<table>");
   for (const PhraseDetails::InFile& file : details.Files)
     text += Row(ToQt(file.Path).toHtmlEscaped(), file.Count, numbers);
   return text + QLatin1String("</table>");
@@ -67,11 +69,11 @@ QString Files(const PhraseDetails& details, const NumberFormat& numbers) {
 QString Places(const PhraseDetails& details, const NumberFormat& numbers) {
   if (details.Cells.empty()) return {};
   const auto holding = std::ranges::count_if(details.Cells, [](uint32_t n) { return n > 0; });
-  return QStringLiteral(
-             "<p><img src=\"%1\"><br><small>From the first word to the last: in %2 of %3 equal "
-             "parts of the text.</small></p>")
-      .arg(QLatin1String(kPlacesPicture), Grouped(static_cast<uint64_t>(holding), numbers),
-           Grouped(details.Cells.size(), numbers));
+  const QString where =
+      QString(Tr("From the first word to the last: in %1 of %2 equal parts of the text."))
+          .arg(Grouped(static_cast<uint64_t>(holding), numbers), Grouped(details.Cells.size(), numbers));
+  return QStringLiteral("<p><img src=\"%1\"><br><small>%2</small></p>")
+      .arg(QLatin1String(kPlacesPicture), where);
 }
 
 /// Whether a text begins with a sign that stands right behind a word.
@@ -81,7 +83,7 @@ bool AdjoinsWord(std::string_view text) {
 
 QString Contexts(const PhraseDetails& details, const NumberFormat& numbers) {
   if (details.First.empty()) return {};
-  QString text = Heading("Contexts", details.First.size(), details.Count, numbers);
+  QString text = Heading(Tr("Contexts"), details.First.size(), details.Count, numbers);
   for (const PhraseDetails::Context& context : details.First)
     text +=
         QStringLiteral("<p><a href=\"contexts:\">%1</a><br>%2 <b>%3</b>%4%5</p>")
@@ -95,19 +97,17 @@ QString Contexts(const PhraseDetails& details, const NumberFormat& numbers) {
 
 QString RichText(const PhraseDetails& details, const NumberFormat& numbers) {
   QString text = QStringLiteral("<p><b>%1</b></p>").arg(ToQt(details.Text).toHtmlEscaped());
-  if (details.Alone) {
-    text +=
-        QStringLiteral("<p>On its own: %1 of %2.</p>")
-            .arg(Grouped(static_cast<uint64_t>(*details.Alone), numbers), Grouped(details.Count, numbers));
-  } else {
-    text += QStringLiteral("<p>Occurrences: %1.</p>").arg(Grouped(details.Count, numbers));
-  }
-  text += QStringLiteral("<p><small>%1</small></p>").arg(QLatin1String(kAloneSentence));
+  const QString all = Grouped(details.Count, numbers);
+  text += QStringLiteral("<p>%1</p>")
+              .arg(details.Alone ? QString(Tr("On its own: %1 of %2."))
+                                       .arg(Grouped(static_cast<uint64_t>(*details.Alone), numbers), all)
+                                 : QString(Tr("Occurrences: %1.")).arg(all));
+  text += QStringLiteral("<p><small>%1</small></p>").arg(Tr(kAloneSentence));
   text += Places(details, numbers);
   text += Contexts(details, numbers);
   text += Files(details, numbers);
-  text += Phrases("Within longer phrases", details.Longer, details.AllLonger, numbers);
-  text += Phrases("Shorter phrases in it", details.Shorter, details.AllShorter, numbers);
+  text += Phrases(Tr("Within longer phrases"), details.Longer, details.AllLonger, numbers);
+  text += Phrases(Tr("Shorter phrases in it"), details.Shorter, details.AllShorter, numbers);
   return text;
 }
 
@@ -116,7 +116,7 @@ RowDetails::RowDetails(const Desktop& desktop, QWidget* parent)
       desktop_(desktop),
       reading_(std::make_shared<FileReading>(desktop.Files)),
       job_(desktop.Loop) {
-  Described(Named(this, "txbRowDetails"), "Details of the phrase");
+  Described(Named(this, "txbRowDetails"), Tr("Details of the phrase"));
   setOpenLinks(false);
   setTabChangesFocus(true);
   connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
@@ -131,7 +131,7 @@ void RowDetails::Show(std::shared_ptr<const TableSource> source, const PhraseLis
     // The files of a run that is gone are let go on the thread that reads them.
     job_.Start([reading = reading_](NewestJob::Turn&) { reading->Forget(); });
     shown_.reset();
-    return setPlainText(QStringLiteral("Select a phrase in the table."));
+    return setPlainText(Tr("Select a phrase in the table."));
   }
   job_.Start([this, source = std::move(source), rows, phrase, reading = reading_](NewestJob::Turn& turn) {
     std::optional<PhraseDetails> details = DetailsOf(*source, rows, phrase, turn.Yielder());

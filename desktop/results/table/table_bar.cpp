@@ -6,6 +6,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "base/translation.h"
 #include "desktop/results/table/limits_bar.h"
 #include "desktop/results/table/match_bar.h"
 #include "desktop/results/table/row_details.h"
@@ -20,16 +21,18 @@ TableBar::TableBar(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   Match = new MatchBar(desktop, this);
   lblPhraseCount = Named(new ElidingLabel(this), "lblPhraseCount");
   Limits = Named(new LimitsBar(desktop, this), "fraLimits");
-  cmdLimits = MakeTool("cmdLimits", "Limits", "Set the least and the greatest value of some columns.");
-  cmdPresets = MakeTool("cmdPresets", "Presets", "Filters and columns for some purposes.");
-  cmdColumns = MakeTool("cmdColumns", "Columns", "Choose the columns of the table and its order.");
-  cmdRowDetails = MakeTool("cmdRowDetails", "Details", "Show more about the phrase of the current row. (F2)");
+  cmdLimits =
+      MakeTool("cmdLimits", Tr("Limits"), Tr("Set the least and the greatest value of some columns."));
+  cmdPresets = MakeTool("cmdPresets", Tr("Presets"), Tr("Filters and columns for some purposes."));
+  cmdColumns = MakeTool("cmdColumns", Tr("Columns"), Tr("Choose the columns of the table and its order."));
+  cmdRowDetails =
+      MakeTool("cmdRowDetails", Tr("Details"), Tr("Show more about the phrase of the current row. (F2)"));
   cmdLimits->setCheckable(true);
   cmdRowDetails->setCheckable(true);
   auto* layout = Bare(new QVBoxLayout(this));
   auto* second = Bare(new QHBoxLayout);
-  auto* lblAlone = Named(new QLabel(QLatin1String(kAloneInShort), this), "lblAlone");
-  lblAlone->setToolTip(QLatin1String(kAloneSentence));
+  auto* lblAlone = Named(new QLabel(Tr(kAloneInShort), this), "lblAlone");
+  lblAlone->setToolTip(Tr(kAloneSentence));
   second->addWidget(lblPhraseCount, 1);
   second->addWidget(lblAlone);
   for (QToolButton* tool : {cmdLimits, cmdPresets, cmdColumns, cmdRowDetails}) second->addWidget(tool);
@@ -57,8 +60,8 @@ TableBar::~TableBar() {
 
 QToolButton* TableBar::MakeTool(const char* name, const char* caption, const char* tip) {
   auto* tool = Named(new QToolButton(this), name);
-  tool->setText(QLatin1String(caption));
-  tool->setToolTip(QLatin1String(tip));
+  tool->setText(caption);
+  tool->setToolTip(tip);
   tool->setFocusPolicy(Qt::StrongFocus);
   return tool;
 }
@@ -95,7 +98,7 @@ void TableBar::cmdLimits_Click() {
 void TableBar::SayHowManyLimits() {
   // They hold when they are folded away, too.
   const size_t limits = Limits->Limits().size();
-  cmdLimits->setText(limits == 0 ? QStringLiteral("Limits") : QStringLiteral("Limits (%1)").arg(limits));
+  cmdLimits->setText(limits == 0 ? Tr("Limits") : QString(Tr("Limits (%1)")).arg(limits));
 }
 
 std::vector<QWidget*> TableBar::TabOrder() const {

@@ -3,11 +3,19 @@
 #include <algorithm>
 #include <array>
 
+#include "base/translation.h"
 #include "desktop/results/table/first_column.h"
 #include "desktop/toolkit/text.h"
 #include "report/columns/registry.h"
 
 namespace korv {
+namespace {
+
+QString Paragraph(const QString& text) {
+  return QStringLiteral("<p>%1</p>").arg(text);
+}
+
+}  // namespace
 
 std::vector<const Column*> WindowColumns() {
   std::vector<const Column*> columns = TableColumns();
@@ -44,17 +52,14 @@ QString TipOfColumn(const Column& column, const RunSummary& facts, PartChoice pa
   QString tip =
       QStringLiteral("<p><b>%1</b></p><p>%2</p>").arg(title, ToQt(column.Definition).toHtmlEscaped());
   if (column.Type != ColumnType::Text) {
-    tip += QStringLiteral("<p>In this run N = %1 running words, n = %2 words taken.</p>")
-               .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken));
+    tip += Paragraph(QString(Tr("In this run N = %1 running words, n = %2 words taken."))
+                         .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken)));
   }
   if (column.Needs.Parts) {
-    if (parts.Equal == PartChoice::kFiles) {
-      tip += QStringLiteral("<p>Parts of this run: files.</p>");
-    } else {
-      tip += QStringLiteral("<p>Parts of this run: %1 equal ones of %2.</p>")
-                 .arg(parts.Equal)
-                 .arg(parts.OfEachFile ? QStringLiteral("each file") : QStringLiteral("the whole"));
-    }
+    const char* const equal = parts.OfEachFile ? Tr("Parts of this run: %1 equal ones of each file.")
+                                               : Tr("Parts of this run: %1 equal ones of the whole.");
+    tip += Paragraph(parts.Equal == PartChoice::kFiles ? QString(Tr("Parts of this run: files."))
+                                                       : QString(equal).arg(parts.Equal));
   }
   return tip;
 }

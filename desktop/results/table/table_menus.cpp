@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QMenu>
 
+#include "base/translation.h"
 #include "desktop/results/table/column_choice.h"
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/presets.h"
@@ -28,7 +29,7 @@ void FillOrderMenu(QMenu& menu, QHeaderView& header, const PhraseTableModel& mod
     group->addAction(action);
   }
   menu.addSeparator();
-  QAction* const reverse = menu.addAction(QStringLiteral("&Reverse the order"), [&header] {
+  QAction* const reverse = menu.addAction(Tr("&Reverse the order"), [&header] {
     const bool ascends = header.sortIndicatorOrder() == Qt::AscendingOrder;
     header.setSortIndicator(header.sortIndicatorSection(),
                             ascends ? Qt::DescendingOrder : Qt::AscendingOrder);
@@ -43,10 +44,10 @@ void FillColumnsMenu(QMenu& menu, PhraseGrid& grid, const PhraseTableModel& mode
   menu.clear();
   // That leaves the menus within it.
   qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-  QMenu* const order = menu.addMenu(QStringLiteral("&Order by"));
+  QMenu* const order = menu.addMenu(Tr("&Order by"));
   order->setObjectName(QStringLiteral("mnuOrderBy"));
   FillOrderMenu(*order, *grid.horizontalHeader(), model, columns);
-  QMenu* const parts = menu.addMenu(QStringLiteral("&Parts for dispersion"));
+  QMenu* const parts = menu.addMenu(Tr("&Parts for dispersion"));
   parts->setObjectName(QStringLiteral("mnuParts"));
   fillParts(*parts);
   menu.addSeparator();

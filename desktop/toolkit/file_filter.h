@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace korv {
+
+/// The filter of a dialog (FileChoice::Filter) for files that are `what` ("Kept runs"), of `patterns`
+/// ("*.korvrun", or several with blanks between them).
+inline std::string FileFilter(const std::string& what, const std::string& patterns) {
+  return what + " (" + patterns + ") | " + patterns;
+}
+
+}  // namespace korv
