@@ -1,11 +1,12 @@
 #include "app/desktop_arguments.h"
 
+#include "base/translation.h"
 #include "platform/files.h"
 
 namespace korv {
 namespace {
 
-constexpr const char* kUsage =
+constexpr const char* kUsage = TrLater(
     "Usage: korv [FILE | FOLDER]...\n"
     "\n"
     "Opens a window that counts the phrases of a text.\n"
@@ -17,7 +18,7 @@ constexpr const char* kUsage =
     "  --help      print this and end\n"
     "  --version   print the version and end\n"
     "\n"
-    "Everything else is chosen in the window.  korv-count does the same without windows.\n";
+    "Everything else is chosen in the window.  korv-count does the same without windows.\n");
 
 std::string AbsolutePath(const std::string& argument) {
   std::error_code code;
@@ -41,13 +42,13 @@ DesktopArguments ReadDesktopArguments(std::span<const std::string> arguments, co
     } else if (argument == "--") {
       options = false;
     } else if (argument == "--help" || argument == "-h") {
-      return {.What = DesktopArguments::Kind::Tell, .Paths = {}, .Text = kUsage};
+      return {.What = DesktopArguments::Kind::Tell, .Paths = {}, .Text = Tr(kUsage)};
     } else if (argument == "--version") {
       return {.What = DesktopArguments::Kind::Tell, .Paths = {}, .Text = "korv " + version + "\n"};
     } else {
       return {.What = DesktopArguments::Kind::Wrong,
               .Paths = {},
-              .Text = "korv: There is no option " + argument + ".\n\n" + kUsage};
+              .Text = Fill(Tr("korv: There is no option %1."), {argument}) + "\n\n" + Tr(kUsage)};
     }
   }
   return read;

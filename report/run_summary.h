@@ -14,7 +14,7 @@ namespace korv {
 /// A file of a folder run that could not be counted.
 struct SkippedFile {
   std::string Path;    ///< As text, UTF-8.
-  std::string Reason;  ///< "is zero-length", ...
+  std::string Reason;  ///< "is zero-length", ...; English, given to Tr() where it is shown.
 };
 
 /// How the texts of a run were read; each of them counts once.
@@ -52,7 +52,8 @@ struct RunSummary {
   /// Where it is there, nothing is known of the text: no word, no file and no place.
   std::optional<CountsRead> Counts;
   std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.
-  std::vector<std::string> Notices;       ///< Folders and files that could not be read, or not wholly.
+  std::vector<std::string>
+      Notices;  ///< Folders and files that could not be read, or not wholly. In the language of the run.
 };
 
 /// How many texts were read; the clipboard and a pipe are one.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/translation.h"
 #include "report/folder_paths.h"
 
 namespace korv {
@@ -111,7 +112,8 @@ std::string SkippedFilesText(const RunSummary& facts, size_t most) {
   text += "\n";
   const std::string folder = ShownPath(facts.InputPath);
   for (size_t i = 0; i < std::min(count, most); ++i)
-    text += AbbreviatePath(facts.SkippedFiles[i].Path, folder) + ": " + facts.SkippedFiles[i].Reason + "\n";
+    text += AbbreviatePath(facts.SkippedFiles[i].Path, folder) + ": " +
+            Tr(facts.SkippedFiles[i].Reason.c_str()) + "\n";
   if (count > most) text += "and " + std::to_string(count - most) + " more\n";
   return text;
 }

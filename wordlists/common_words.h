@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "base/translation.h"
 #include "platform/files.h"
 #include "platform/messages.h"
 #include "wordlists/word_file_list.h"
@@ -14,20 +15,25 @@ namespace korv {
 /// One of the languages to choose from.
 struct CommonWordsLanguage {
   std::string_view Code;  ///< As on the command line.
-  std::string_view Item;
+  std::string_view Item;  ///< In English; see ItemText().
   std::string_view File;  ///< In the program's folder; empty for no language.
 };
 
 inline constexpr std::array<CommonWordsLanguage, 8> kCommonWordsLanguages = {{
-    {"en", "English", "cwds_en.txt"},
-    {"de", "German", "cwds_de.txt"},
-    {"es", "Spanish", "cwds_es.txt"},
-    {"pt", "Portuguese", "cwds_pt.txt"},
-    {"it", "Italian", "cwds_it.txt"},
-    {"fr", "French", "cwds_fr.txt"},
-    {"all", "All six languages", "cwds_en_de_es_pt_it_fr.txt"},
-    {"", "[No language selected]", ""},
+    {"en", TrLater("English"), "cwds_en.txt"},
+    {"de", TrLater("German"), "cwds_de.txt"},
+    {"es", TrLater("Spanish"), "cwds_es.txt"},
+    {"pt", TrLater("Portuguese"), "cwds_pt.txt"},
+    {"it", TrLater("Italian"), "cwds_it.txt"},
+    {"fr", TrLater("French"), "cwds_fr.txt"},
+    {"all", TrLater("All six languages"), "cwds_en_de_es_pt_it_fr.txt"},
+    {"", TrLater("[No language selected]"), ""},
 }};
+
+/// What a list calls the language, in that of the user.
+inline const char* ItemText(const CommonWordsLanguage& language) {
+  return Tr(language.Item.data());
+}
 
 /// The language of a code such as "en" or "all"; null for any other text.
 const CommonWordsLanguage* FindCommonWordsLanguage(std::string_view code);

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "app/contexts/context_texts.h"
+#include "base/translation.h"
 #include "sources/places/context_text.h"
 #include "sources/places/words_around.h"
 
@@ -65,7 +66,7 @@ ContextCopy CopyContexts(const ContextList& list, const std::vector<Place>& plac
     texts.emplace(place, found ? std::move(*found) : WordsAround(corpus, place, list.Words(), around));
   }
   ContextCopy copy{.Text = {}, .Html = "<table>"};
-  AddRow({"file", "line", "left", "phrase", "right"}, "th", copy);
+  AddRow({Tr("file"), Tr("line"), Tr("left"), Tr("phrase"), Tr("right")}, "th", copy);
   for (const Place place : places)
     if (const auto text = texts.find(place); text != texts.end())
       AddRow(CellsOf(list, place, text->second), "td", copy);

@@ -1,13 +1,14 @@
 #include "app/contexts/context_texts.h"
 
 #include "app/run/result_notes.h"
+#include "base/translation.h"
 
 namespace korv {
 
 namespace {
 
-std::string Counted(uint64_t number, const char* one, const char* many, const NumberFormat& numbers) {
-  return numbers.Grouped(static_cast<int64_t>(number)) + (number == 1 ? one : many);
+std::string Grouped(uint64_t number, const NumberFormat& numbers) {
+  return numbers.Grouped(static_cast<int64_t>(number));
 }
 
 bool IsBelow(const std::filesystem::path& relative) {
@@ -43,33 +44,41 @@ std::string PlaceName(const CountedRun& run, size_t source, uint64_t line) {
 }
 
 std::string OccurrencesText(const ContextList& list, const NumberFormat& numbers) {
-  if (list.Occurrences() == 0) return "No occurrence";
-  std::string text = Counted(list.Occurrences(), " occurrence", " occurrences", numbers);
-  if (list.Files() && list.Run().Facts.Options.SourceKind == TextSource::Folder)
-    text += " in " + Counted(*list.Files(), " file", " files", numbers);
-  if (!list.Query().SampleSeed || list.Occurrences() <= kContextSample) return text;
-  return numbers.Grouped(static_cast<int64_t>(kContextSample)) + " of " + text + ", drawn at random (seed " +
-         std::to_string(*list.Query().SampleSeed) + ")";
+  const uint64_t occurrences = list.Occurrences();
+  if (occurrences == 0) return Tr("No occurrence");
+  std::string text =
+      Fill(TrCount("%1 occurrence", "%1 occurrences", occurrences), {Grouped(occurrences, numbers)});
+  if (list.Files() && list.Run().Facts.Options.SourceKind == TextSource::Folder) {
+    const uint64_t files = *list.Files();
+    text = Fill(TrCount("%1 in %2 file", "%1 in %2 files", files), {text, Grouped(files, numbers)});
+  }
+  if (!list.Query().SampleSeed || occurrences <= kContextSample) return text;
+  return Fill(Tr("%1 of %2, drawn at random (seed %3)"),
+              {Grouped(kContextSample, numbers), text, std::to_string(*list.Query().SampleSeed)});
 }
 
 std::string ChangedTextsText(const CountedRun& run, const ChangedTexts& changed,
                              const NumberFormat& numbers) {
   if (changed.empty()) return {};
-  constexpr const char* kInstead = ": the words that were counted stand for its lines.";
   if (changed.size() > 1)
-    return Counted(changed.size(), "",
-                   " files have changed since they were counted or cannot be read any more", numbers) +
-           ": the words that were counted stand for their lines.";
+    return Fill(TrCount("%1 file has changed since it was counted or cannot be read any more: the words that "
+                        "were counted stand for its lines.",
+                        "%1 files have changed since they were counted or cannot be read any more: the words "
+                        "that were counted stand for their lines.",
+                        changed.size()),
+                {Grouped(changed.size(), numbers)});
   const auto& [source, fault] = *changed.begin();
   switch (fault) {
     case PlaceFault::Changed:
-      return NameOfText(run, source) + " has changed since it was counted" + kInstead;
+      return Fill(Tr("%1 has changed since it was counted: the words that were counted stand for its lines."),
+                  {NameOfText(run, source)});
     case PlaceFault::Unreadable:
-      return NameOfText(run, source) + " cannot be read any more" + kInstead;
+      return Fill(Tr("%1 cannot be read any more: the words that were counted stand for its lines."),
+                  {NameOfText(run, source)});
     case PlaceFault::NotKept:
       break;
   }
-  return "The text was not kept: the words that were counted stand for its lines.";
+  return Tr("The text was not kept: the words that were counted stand for its lines.");
 }
 
 }  // namespace korv

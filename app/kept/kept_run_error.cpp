@@ -1,13 +1,15 @@
 #include "app/kept/kept_run_error.h"
 
+#include "base/translation.h"
+
 namespace korv {
 
 std::string TextOf(const KeepError& error) {
   switch (error.Fault) {
     case KeepFault::IsSource:
-      return "This file is one of those that were counted. Please choose another one.";
+      return Tr("This file is one of those that were counted. Please choose another one.");
     case KeepFault::Unwritable:
-      return "The run cannot be kept there: " + error.Description + ".";
+      return Fill(Tr("The run cannot be kept there: %1."), {error.Description});
     case KeepFault::Stopped:
       break;
   }
@@ -17,17 +19,17 @@ std::string TextOf(const KeepError& error) {
 std::string TextOf(const OpenError& error) {
   switch (error.Fault) {
     case OpenFault::NoKeptRun:
-      return "This is no kept run.";
+      return Tr("This is no kept run.");
     case OpenFault::Newer:
-      return "This run was kept by a later version of Korv, which is needed to open it.";
+      return Tr("This run was kept by a later version of Korv, which is needed to open it.");
     case OpenFault::CutShort:
-      return "The end of this kept run is missing: it was not copied or written wholly.";
+      return Tr("The end of this kept run is missing: it was not copied or written wholly.");
     case OpenFault::Damaged:
-      return "This kept run is damaged: what it holds is not what was written.";
+      return Tr("This kept run is damaged: what it holds is not what was written.");
     case OpenFault::Unreadable:
-      return "This kept run cannot be read: " + error.Description + ".";
+      return Fill(Tr("This kept run cannot be read: %1."), {error.Description});
     case OpenFault::NoMemory:
-      return "There is not enough memory for this kept run.";
+      return Tr("There is not enough memory for this kept run.");
     case OpenFault::Stopped:
       break;
   }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "base/translation.h"
 #include "sources/read/read_counts.h"
 
 namespace korv {
@@ -10,31 +11,36 @@ namespace korv {
 namespace {
 
 std::string TextOf(const CountsError& error, const NumberFormat& numbers) {
-  const std::string line = "Line " + std::to_string(error.Line);
-  const std::string noCount = line + " is no count: ";
+  const std::string line = std::to_string(error.Line);
   const std::string most = numbers.Grouped(kMostFrequency);
   switch (error.Fault) {
     case CountsFault::Unreadable:
       break;
     case CountsFault::LineTooLong:
-      return noCount + "it has more than " + numbers.Grouped(kMostCountLine) + " bytes.";
+      return Fill(Tr("Line %1 is no count: it has more than %2 bytes."),
+                  {line, numbers.Grouped(kMostCountLine)});
     case CountsFault::MissingCells:
-      return noCount + "there must be a phrase, a tab and a frequency, or the columns of the heading.";
+      return Fill(Tr("Line %1 is no count: there must be a phrase, a tab and a frequency, or the columns of "
+                     "the heading."),
+                  {line});
     case CountsFault::NoFrequency:
-      return noCount + "a frequency is a whole number from 1 to " + most + ".";
+      return Fill(Tr("Line %1 is no count: a frequency is a whole number from 1 to %2."), {line, most});
     case CountsFault::NoPhrase:
-      return noCount + "a phrase is words in UTF-8 with single blanks between them.";
+      return Fill(Tr("Line %1 is no count: a phrase is words in UTF-8 with single blanks between them."),
+                  {line});
     case CountsFault::HoldsWordToRemove:
-      return line + " holds a word to ignore, which cannot be taken out of a phrase that has been counted.";
+      return Fill(Tr("Line %1 holds a word to ignore, which cannot be taken out of a phrase that has been "
+                     "counted."),
+                  {line});
     case CountsFault::SumTooLarge:
-      return line + ": the frequencies of this phrase add up to more than " + most + ".";
+      return Fill(Tr("Line %1: the frequencies of this phrase add up to more than %2."), {line, most});
   }
-  return "The counts cannot be read: " + error.Description;
+  return Fill(Tr("The counts cannot be read: %1"), {error.Description});
 }
 
 RunEnd Refuse(const CountsError& error, const RunServices& services) {
   services.Messages.Show(
-      {.Text = TextOf(error, services.Numbers), .Title = "Error", .Icon = Icon::Exclamation});
+      {.Text = TextOf(error, services.Numbers), .Title = Tr("Error"), .Icon = Icon::Exclamation});
   return RunEnd::Refused;
 }
 

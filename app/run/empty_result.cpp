@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
@@ -18,9 +20,9 @@ class Causes {
     if (result_.Run.Table.Occurrences() > 0)
       TooRare();
     else if (words.Read() == 0)
-      Add("There is no word in this text.");
+      Add(Tr("There is no word in this text."));
     else if (words.Taken == 0)
-      Add("All words were left out.", {NoteAction::WordRules});
+      Add(Tr("All words were left out."), {NoteAction::WordRules});
     else if (result_.Offered)
       Offered(*result_.Offered);
     return std::move(causes_);
@@ -36,38 +38,62 @@ class Causes {
   void TooRare() {
     const uint64_t phrases = result_.Run.Table.PhraseCount();
     const std::string times = std::to_string(result_.Run.Facts.Options.MinFrequency);
-    Add((phrases == 1 ? "The only phrase occurs less often than "
-                      : "All " + Number(phrases) + " different phrases occur less often than ") +
-            times + " times.",
+    Add(phrases == 1 ? Fill(Tr("The only phrase occurs less often than %1 times."), {times})
+                     : Fill(TrCount("%1 phrase occurs less often than %2 times.",
+                                    "All %1 different phrases occur less often than %2 times.", phrases),
+                            {Number(phrases), times}),
         {NoteAction::MinFrequency});
   }
 
   void Offered(const OfferedPhrases& offered) {
     const RunOptions& options = result_.Run.Facts.Options;
     if (offered.Offered == 0)
-      Add("Nowhere do " + std::to_string(options.MinWords) + " words stand in a row: the longest row has " +
-              std::to_string(offered.LongestRow) + ".",
+      Add(Fill(Tr("Nowhere do %1 words stand in a row: the longest row has %2."),
+               {std::to_string(options.MinWords), std::to_string(offered.LongestRow)}),
           {NoteAction::Lengths});
     const uint64_t taken = result_.Run.Facts.Words.Taken;
     const uint64_t ends = taken - std::min(taken, offered.WordsInRows);
     if (options.IgnoreMode == IgnoreRule::ExcludeWith && ends > 0)
-      Add(Number(ends) + " of " + Number(taken) + (taken == 1 ? " word is" : " words are") +
-              " to be ignored, and no phrase with such a word is counted.",
+      Add(Fill(TrCount("%1 of %2 word is to be ignored, and no phrase with such a word is counted.",
+                       "%1 of %2 words are to be ignored, and no phrase with such a word is counted.", taken),
+               {Number(ends), Number(taken)}),
           {NoteAction::WordsToIgnore});
-    Share(offered, offered.AllIgnored, "consists of words to ignore alone",
-          "consist of words to ignore alone", {NoteAction::WordsToIgnore});
-    Share(offered, offered.NotCountOnly, "matches no count-only entry", "match no count-only entry",
+    Share(offered, offered.AllIgnored,
+          {Tr("The only phrase consists of words to ignore alone."),
+           TrCount("%1 phrase consists of words to ignore alone.",
+                   "%1 phrases consist of words to ignore alone.", offered.AllIgnored),
+           TrCount("All %1 phrases consist of words to ignore alone.",
+                   "All %1 phrases consist of words to ignore alone.", offered.AllIgnored)},
+          {NoteAction::WordsToIgnore});
+    Share(offered, offered.NotCountOnly,
+          {Tr("The only phrase matches no count-only entry."),
+           TrCount("%1 phrase matches no count-only entry.", "%1 phrases match no count-only entry.",
+                   offered.NotCountOnly),
+           TrCount("All %1 phrases match no count-only entry.", "All %1 phrases match no count-only entry.",
+                   offered.NotCountOnly)},
           {NoteAction::CountOnly});
-    Share(offered, offered.TooLong, "has more than 100 characters", "have more than 100 characters", {});
+    Share(offered, offered.TooLong,
+          {Tr("The only phrase has more than 100 characters."),
+           TrCount("%1 phrase has more than 100 characters.", "%1 phrases have more than 100 characters.",
+                   offered.TooLong),
+           TrCount("All %1 phrases have more than 100 characters.",
+                   "All %1 phrases have more than 100 characters.", offered.TooLong)},
+          {});
   }
 
-  void Share(const OfferedPhrases& offered, uint64_t phrases, const char* one, const char* many,
+  /// What is told of the only phrase, of some phrases, and of all of several.
+  struct ShareTexts {
+    const char* Only;
+    const char* Some;
+    const char* All;
+  };
+
+  void Share(const OfferedPhrases& offered, uint64_t phrases, const ShareTexts& texts,
              std::vector<NoteAction> waysOut) {
     if (phrases == 0) return;
     const bool all = phrases == offered.Offered;
-    const std::string which = phrases == 1 ? (all ? "The only phrase " : "1 phrase ")
-                                           : (all ? "All " : "") + Number(phrases) + " phrases ";
-    Add(which + (phrases == 1 ? one : many) + ".", std::move(waysOut));
+    const char* const text = !all ? texts.Some : phrases == 1 ? texts.Only : texts.All;
+    Add(Fill(text, {Number(phrases)}), std::move(waysOut));
   }
 
   const ShownResult& result_;

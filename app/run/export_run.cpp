@@ -7,6 +7,7 @@
 #include "app/settings/setting_values.h"
 #include "app/texts/program_version.h"
 #include "base/time_text.h"
+#include "base/translation.h"
 #include "report/columns/registry.h"
 #include "report/describe_table.h"
 
@@ -41,10 +42,11 @@ FileListResult ExportRun(ShownResult& result, const ExportRequest& request, cons
   FileListResult written;
   written.List.Outcome = ListOutcome::Stopped;
   if (IsSource(path, run.Table.Corpus(), services.Files)) {
-    services.Dialogs.Show({.Text = "This file is one of those that were counted. Please choose another one.",
-                           .Title = "Export",
-                           .Icon = Icon::Exclamation,
-                           .Addition = PathToText(path)});
+    services.Dialogs.Show(
+        {.Text = Tr("This file is one of those that were counted. Please choose another one."),
+         .Title = Tr("Export"),
+         .Icon = Icon::Exclamation,
+         .Addition = PathToText(path)});
     written.List.Outcome = ListOutcome::SinkFull;
     return written;
   }

@@ -1,5 +1,7 @@
 #include "app/run/output_box.h"
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
@@ -40,9 +42,9 @@ void OutputBox::MarkFull() {
   hooks_.ClearBusy();
   const size_t length = box_.Length();
   if (length > kCutFrom) box_.Truncate(length - kCut);
-  std::string notice = "\r\n\r\nTextbox is full.";
+  std::string notice = std::string("\r\n\r\n") + Tr("Textbox is full.");
   if (const std::string soFar = hooks_.CountSoFar(); !soFar.empty())
-    notice += "\r\n\r\nTo this point: " + soFar;
+    notice += "\r\n\r\n" + Fill(Tr("To this point: %1"), {soFar});
   kept_ = box_.Length();
   box_.Append(notice);
   box_.ShowEnd();

@@ -4,9 +4,11 @@
 #include <array>
 #include <utility>
 
+#include "app/run/counted.h"
 #include "app/run/empty_result.h"
 #include "app/run/left_out_words.h"
 #include "base/size_text.h"
+#include "base/translation.h"
 #include "base/utf8.h"
 #include "report/summary.h"
 #include "sources/detect/source_checks.h"
@@ -16,10 +18,6 @@ namespace korv {
 namespace {
 
 constexpr size_t kLongestName = 60;  // characters
-
-std::string Counted(uint64_t number, const char* one, const char* many, const NumberFormat& numbers) {
-  return numbers.Grouped(static_cast<int64_t>(number)) + " " + (number == 1 ? one : many);
-}
 
 std::string Name(const std::string& path) {
   return Shortened(SourceName(TextSource::SingleFile, path), kLongestName);
@@ -47,7 +45,7 @@ class Notes {
   std::vector<ResultNote> All() {
     Source();
     if (!result_.InSight) {
-      Add({NoteKind::NotInSight, "The last list is not shown.", {NoteAction::ShowLastList}});
+      Add({NoteKind::NotInSight, Tr("The last list is not shown."), {NoteAction::ShowLastList}});
       Skipped();
       return std::move(notes_);
     }
@@ -77,17 +75,18 @@ class Notes {
     ResultNote note{NoteKind::Source, "", {}, facts.Paths.empty() ? facts.InputPath : PathsText(facts)};
     switch (facts.Options.SourceKind) {
       case TextSource::Clipboard:
-        note.Text = "Phrases of the text on the clipboard";
+        note.Text = Tr("Phrases of the text on the clipboard");
         break;
       case TextSource::SingleFile:
-        note.Text = "Phrases of " + Name(facts.InputPath);
+        note.Text = Fill(Tr("Phrases of %1"), {Name(facts.InputPath)});
         break;
       case TextSource::Folder:
-        note.Text =
-            "Phrases of " +
-            (facts.Paths.empty() ? "the folder " + Name(facts.InputPath) : TogetherName(facts.Paths)) + ": " +
-            Counted(facts.FilesScanned, "file", "files", numbers_) + " in " +
-            Counted(facts.FoldersScanned, "folder", "folders", numbers_);
+        note.Text = Fill(
+            facts.Paths.empty() ? Tr("Phrases of the folder %1: %2 in %3") : Tr("Phrases of %1: %2 in %3"),
+            {facts.Paths.empty() ? Name(facts.InputPath) : TogetherName(facts.Paths),
+             Counted(TrCount("%1 file", "%1 files", facts.FilesScanned), facts.FilesScanned, numbers_),
+             Counted(TrCount("%1 folder", "%1 folders", facts.FoldersScanned), facts.FoldersScanned,
+                     numbers_)});
         break;
     }
     Add(std::move(note));
@@ -95,21 +94,21 @@ class Notes {
 
   void Changes() {
     if (now_.Changes.Source)
-      Add({NoteKind::OtherSource, "Another source is chosen now.", {NoteAction::CountAgain}});
+      Add({NoteKind::OtherSource, Tr("Another source is chosen now."), {NoteAction::CountAgain}});
     if (now_.Changes.Rules())
       Add({NoteKind::OtherRules,
-           "Counted under other rules than those chosen now: " + ChangedRulesText(now_.Changes) + ".",
+           Fill(Tr("Counted under other rules than those chosen now: %1."), {ChangedRulesText(now_.Changes)}),
            {NoteAction::CountAgain}});
   }
 
   void Chosen() {
     if (!now_.FormatAvailable)
       Add({NoteKind::OtherReport,
-           "The chosen format needs a count of a folder; this list has another one.",
+           Tr("The chosen format needs a count of a folder; this list has another one."),
            {NoteAction::CountAgain}});
     else if (!SameForm(listing_.Options, now_.Report))
       Add({NoteKind::OtherReport,
-           "This list has another order or format than the one chosen now.",
+           Tr("This list has another order or format than the one chosen now."),
            {NoteAction::ListAnew}});
   }
 
@@ -117,17 +116,17 @@ class Notes {
     const std::string& written = listing_.File;
     if (!written.empty())
       Add({NoteKind::Written,
-           Counted(Within(), "phrase", "phrases", numbers_) + " written to " + Name(written) + " (" +
-               FormatByteCount(listing_.Bytes, numbers_) + ").",
+           Fill(TrCount("%1 phrase written to %2 (%3).", "%1 phrases written to %2 (%3).", Within()),
+                {numbers_.Grouped(Within()), Name(written), FormatByteCount(listing_.Bytes, numbers_)}),
            {NoteAction::OpenFile, NoteAction::OpenFolder},
            written});
     if (!now_.OutputPath.empty() && now_.OutputPath != written)
       Add({NoteKind::NotWritten,
-           "This list has not been written to the output file " + Name(now_.OutputPath) + ".",
+           Fill(Tr("This list has not been written to the output file %1."), {Name(now_.OutputPath)}),
            {NoteAction::ListAnew},
            now_.OutputPath});
     if (now_.OutputPath.empty() && !written.empty())
-      Add({NoteKind::OnlyInFile, "This list stands in the file only.", {NoteAction::ListAnew}});
+      Add({NoteKind::OnlyInFile, Tr("This list stands in the file only."), {NoteAction::ListAnew}});
   }
 
   /// Phrases that found their way.
@@ -135,67 +134,87 @@ class Notes {
 
   void Extent() {
     const ListResult& list = listing_.List;
-    const std::string phrases = Filtered(listing_.Options) ? " matching phrases" : " phrases";
-    const std::string share =
-        numbers_.Grouped(list.Shown) + " of " + numbers_.Grouped(list.Phrases) + phrases;
-    const char* const where = listing_.File.empty() ? " shown" : " written";
+    const bool filtered = Filtered(listing_.Options);
+    const std::string shown = numbers_.Grouped(list.Shown);
+    const std::string phrases = numbers_.Grouped(list.Phrases);
     if (listing_.Failed)
-      Add({NoteKind::ListingStopped, "The listing ended with an error.", {NoteAction::ListAnew}});
+      Add({NoteKind::ListingStopped, Tr("The listing ended with an error."), {NoteAction::ListAnew}});
     else if (list.Outcome == ListOutcome::Stopped)
-      // How many would have matched is not known.
       Add({NoteKind::ListingStopped,
-           "The listing was stopped: " +
-               (Filtered(listing_.Options) ? numbers_.Grouped(list.Shown) + phrases : share) + where + ".",
+           Fill(StoppedPattern(filtered), {shown, phrases}),
            {NoteAction::ListAnew}});
     else if (list.Shown < list.Phrases && listing_.File.empty())
-      Add({NoteKind::Full, share + " shown: the text box is full.", {NoteAction::WriteToFile}});
+      Add({NoteKind::Full,
+           Fill(filtered ? Tr("%1 of %2 matching phrases shown: the text box is full.")
+                         : Tr("%1 of %2 phrases shown: the text box is full."),
+                {shown, phrases}),
+           {NoteAction::WriteToFile}});
+  }
+
+  /// How many would have matched is not known.
+  const char* StoppedPattern(bool filtered) const {
+    if (listing_.File.empty())
+      return filtered ? Tr("The listing was stopped: %1 matching phrases shown.")
+                      : Tr("The listing was stopped: %1 of %2 phrases shown.");
+    return filtered ? Tr("The listing was stopped: %1 matching phrases written.")
+                    : Tr("The listing was stopped: %1 of %2 phrases written.");
   }
 
   void Filter() {
     const ReportOptions& listed = listing_.Options;
     if (Filtered(listed)) {
-      const std::string matches = numbers_.Grouped(listing_.List.Phrases) + " of " +
-                                  Counted(listing_.List.Unfiltered, "phrase", "phrases", numbers_) +
-                                  (listing_.List.Phrases == 1 ? " matches." : " match.");
-      const std::string applied = Shortened(listed.FilterText, kLongestName);
       Add({NoteKind::Filter,
-           (now_.Report.FilterText.empty() ? "Still filtered by \"" : "Filtered by \"") + applied + "\" (" +
-               FilterModeText(listed.FilterModeOfWords) + "): " + matches,
+           Fill(now_.Report.FilterText.empty() ? Tr("Still filtered by \"%1\" (%2): %3")
+                                               : Tr("Filtered by \"%1\" (%2): %3"),
+                {Shortened(listed.FilterText, kLongestName), FilterModeText(listed.FilterModeOfWords),
+                 MatchesText()}),
            {NoteAction::ShowAll},
            listed.FilterText});
     }
     if (!now_.Report.FilterText.empty() && !SameFilter(listed, now_.Report))
       Add({NoteKind::OtherFilter,
-           "The filter words below are not applied to this list.",
+           Tr("The filter words below are not applied to this list."),
            {NoteAction::FilterResults}});
+  }
+
+  std::string MatchesText() const {
+    const ListResult& list = listing_.List;
+    return Fill(list.Phrases == 1
+                    ? TrCount("%1 of %2 phrase matches.", "%1 of %2 phrases matches.", list.Unfiltered)
+                    : TrCount("%1 of %2 phrase match.", "%1 of %2 phrases match.", list.Unfiltered),
+                {numbers_.Grouped(list.Phrases), numbers_.Grouped(list.Unfiltered)});
   }
 
   void Run() {
     const RunSummary& facts = result_.Run.Facts;
     if (facts.Options.Stopped)
       Add({NoteKind::Incomplete,
-           "Counting was stopped: what came after that is not in this list.",
+           Tr("Counting was stopped: what came after that is not in this list."),
            {NoteAction::CountAgain}});
     const size_t entries = result_.Request.Lists.CountOnly.size();
     if (entries > 0)
       Add({NoteKind::CountOnly,
-           "Only phrases that match " +
-               (entries == 1 ? "the one count-only entry"
-                             : "one of the " + numbers_.Grouped(static_cast<int64_t>(entries)) +
-                                   " count-only entries") +
-               " were counted.",
+           entries == 1 ? Tr("Only phrases that match the one count-only entry were counted.")
+                        : Counted(TrCount("Only phrases that match %1 count-only entry were counted.",
+                                          "Only phrases that match one of the %1 count-only entries were "
+                                          "counted.",
+                                          entries),
+                                  entries, numbers_),
            {NoteAction::CountOnly}});
     if (const std::string text = WordsLeftOutText(result_.Run, result_.Request.Rules, numbers_);
         !text.empty())
       Add({NoteKind::WordsLeftOut, text + ".", WaysToWordsLeftOut()});
     Skipped();
     if (facts.LongPhrases > 0)
-      Add({NoteKind::LongPhrases, Counted(facts.LongPhrases, "phrase", "phrases", numbers_) +
-                                      " of more than 100 characters left out."});
+      Add({NoteKind::LongPhrases,
+           Counted(TrCount("%1 phrase of more than 100 characters left out.",
+                           "%1 phrases of more than 100 characters left out.", facts.LongPhrases),
+                   facts.LongPhrases, numbers_)});
     if (const uint64_t replaced = facts.Encodings.IllFormed; replaced > 0)
-      Add({NoteKind::Replaced, Counted(replaced, "byte sequence that is no UTF-8 was",
-                                       "byte sequences that are no UTF-8 were", numbers_) +
-                                   " passed over."});
+      Add({NoteKind::Replaced,
+           Counted(TrCount("%1 byte sequence that is no UTF-8 was passed over.",
+                           "%1 byte sequences that are no UTF-8 were passed over.", replaced),
+                   replaced, numbers_)});
   }
 
   std::vector<NoteAction> WaysToWordsLeftOut() const {
@@ -207,7 +226,7 @@ class Notes {
   void Skipped() {
     if (const size_t skipped = result_.Run.Facts.SkippedFiles.size(); skipped > 0)
       Add({NoteKind::Skipped,
-           Counted(skipped, "file was skipped.", "files were skipped.", numbers_),
+           Counted(TrCount("%1 file was skipped.", "%1 files were skipped.", skipped), skipped, numbers_),
            {NoteAction::ShowSkipped}});
   }
 
@@ -221,17 +240,17 @@ class Notes {
 std::string ReasonText(DropReason reason, const WordRules& rules) {
   switch (reason) {
     case DropReason::Short:
-      return "shorter than " + std::to_string(rules.ShortWordSize) + " letters";
+      return Fill(Tr("shorter than %1 letters"), {std::to_string(rules.ShortWordSize)});
     case DropReason::Long:
-      return "longer than " + std::to_string(rules.LongWordSize) + " letters";
+      return Fill(Tr("longer than %1 letters"), {std::to_string(rules.LongWordSize)});
     case DropReason::Letterless:
-      return "without a letter";
+      return Tr("without a letter");
     case DropReason::Repetition:
-      return "with a letter four times in a row";
+      return Tr("with a letter four times in a row");
     case DropReason::Ignored:
-      return "words to ignore";
+      return Tr("words to ignore");
     case DropReason::Not7bit:
-      return "with other than 7-bit characters";
+      return Tr("with other than 7-bit characters");
   }
   return {};
 }
@@ -241,35 +260,35 @@ std::string ReasonText(DropReason reason, const WordRules& rules) {
 const char* CaptionOf(NoteAction action) {
   switch (action) {
     case NoteAction::ListAnew:
-      return "List anew";
+      return Tr("List anew");
     case NoteAction::CountAgain:
-      return "Count again";
+      return Tr("Count again");
     case NoteAction::ShowLastList:
-      return "Show the last list";
+      return Tr("Show the last list");
     case NoteAction::ShowAll:
-      return "Show all";
+      return Tr("Show all");
     case NoteAction::FilterResults:
-      return "Filter";
+      return Tr("Filter");
     case NoteAction::WriteToFile:
-      return "Write all to a file...";
+      return Tr("Write all to a file...");
     case NoteAction::OpenFile:
-      return "Open file";
+      return Tr("Open file");
     case NoteAction::OpenFolder:
-      return "Open folder";
+      return Tr("Open folder");
     case NoteAction::CountLeftOut:
-      return "Count them";
+      return Tr("Count them");
     case NoteAction::ShowSkipped:
-      return "Show";
+      return Tr("Show");
     case NoteAction::WordRules:
-      return "Word rules...";
+      return Tr("Word rules...");
     case NoteAction::WordsToIgnore:
-      return "Words to ignore...";
+      return Tr("Words to ignore...");
     case NoteAction::CountOnly:
-      return "Count-only list...";
+      return Tr("Count-only list...");
     case NoteAction::MinFrequency:
-      return "Minimum frequency";
+      return Tr("Minimum frequency");
     case NoteAction::Lengths:
-      return "Phrase length";
+      return Tr("Phrase length");
   }
   return "";
 }
@@ -287,11 +306,11 @@ std::vector<ResultNote> NotesOfRun(const ShownResult& result, const ChosenNow& n
 std::string FilterModeText(FilterMode mode) {
   switch (mode) {
     case FilterMode::AllWords:
-      return "all words";
+      return Tr("all words");
     case FilterMode::AllWordsInSameOrder:
-      return "all words in same order";
+      return Tr("all words in same order");
     case FilterMode::Subphrase:
-      return "as subphrase";
+      return Tr("as subphrase");
   }
   return {};
 }
@@ -308,8 +327,9 @@ std::string WordsLeftOutText(const CountedRun& run, const WordRules& rules, cons
     if (dropped != words.Dropped()) reasons += numbers.Grouped(static_cast<int64_t>(dropped)) + " ";
     reasons += ReasonText(static_cast<DropReason>(i), rules);
   }
-  return numbers.Grouped(static_cast<int64_t>(words.Dropped())) + " of " +
-         Counted(words.Read(), "word", "words", numbers) + " left out: " + reasons;
+  return Fill(TrCount("%1 of %2 word left out: %3", "%1 of %2 words left out: %3", words.Read()),
+              {numbers.Grouped(static_cast<int64_t>(words.Dropped())),
+               numbers.Grouped(static_cast<int64_t>(words.Read())), reasons});
 }
 
 std::string EncodingText(const RunSummary& facts, const NumberFormat& numbers) {
@@ -331,17 +351,17 @@ ResultLabels LabelsOf(const ShownResult& result, const NumberFormat& numbers) {
   const StatusLabels listed =
       StatusLabelTexts(list.Phrases, list.Occurrences, Filtered(result.Listing.Options), numbers);
   const RunSummary& facts = result.Run.Facts;
-  ResultLabels labels{listed.NumberOfWords, listed.NumOccurrences, result.Run.FileKind, ""};
+  ResultLabels labels{listed.NumberOfWords, listed.NumOccurrences, Tr(result.Run.FileKind.c_str()), ""};
   if (facts.Options.SourceKind != TextSource::SingleFile)
-    labels.TotalNumOccurrences = "Total number of phrase occurrences: " +
-                                 numbers.Grouped(static_cast<int64_t>(result.Run.Table.Occurrences()));
+    labels.TotalNumOccurrences =
+        Counted(Tr("Total number of phrase occurrences: %1"), result.Run.Table.Occurrences(), numbers);
   if (const uint64_t dropped = facts.Words.Dropped(); dropped > 0)
-    labels.NumWordsExcluded = "Number of words excluded: " + numbers.Grouped(static_cast<int64_t>(dropped));
+    labels.NumWordsExcluded = Counted(Tr("Number of words excluded: %1"), dropped, numbers);
   return labels;
 }
 
 std::string SourceName(TextSource kind, const std::string& path) {
-  if (kind == TextSource::Clipboard) return "Clipboard";
+  if (kind == TextSource::Clipboard) return Tr("Clipboard");
   const std::string trimmed = kind == TextSource::Folder ? TrimmedFolderPath(path) : TrimmedPath(path);
   const std::string name = PathToText(PathFromText(trimmed).filename());
   return name.empty() ? trimmed : name;
@@ -355,18 +375,15 @@ std::string FileNameOfRun(const RunSummary& facts) {
 }
 
 std::string TogetherName(std::span<const SourcePath> paths) {
-  const auto counted = [](size_t number, const char* what) {
-    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
-  };
   size_t folders = 0;
   for (const SourcePath& source : paths)
     if (source.What == SourcePath::Kind::Folder) ++folders;
   const size_t files = paths.size() - folders;
-  std::string name;
-  if (files > 0) name = counted(files, "file");
-  if (files > 0 && folders > 0) name += " and ";
-  if (folders > 0) name += counted(folders, "folder");
-  return name;
+  const std::string filesText = Fill(TrCount("%1 file", "%1 files", files), {std::to_string(files)});
+  const std::string foldersText =
+      Fill(TrCount("%1 folder", "%1 folders", folders), {std::to_string(folders)});
+  if (files > 0 && folders > 0) return Fill(Tr("%1 and %2"), {filesText, foldersText});
+  return files > 0 ? filesText : folders > 0 ? foldersText : std::string();
 }
 
 std::string SourceNameOf(const RunSummary& facts) {

@@ -53,7 +53,7 @@ enum class NoteAction {
   MinFrequency,
   Lengths,
 };
-/// The caption of its button, with the mark of no mnemonic.
+/// The caption of its button, UTF-8, with the mark of no mnemonic.
 const char* CaptionOf(NoteAction action);
 
 struct ResultNote {

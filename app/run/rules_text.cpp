@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "base/translation.h"
+
 namespace korv {
 
 namespace {
@@ -10,8 +12,10 @@ namespace {
 std::string Enumerated(const std::vector<std::string>& things) {
   std::string text;
   for (size_t i = 0; i < things.size(); ++i) {
-    if (i > 0) text += i + 1 == things.size() ? " and " : ", ";
-    text += things[i];
+    if (i == 0)
+      text = things[i];
+    else
+      text = i + 1 == things.size() ? Fill(Tr("%1 and %2"), {text, things[i]}) : text + ", " + things[i];
   }
   return text;
 }
@@ -24,57 +28,59 @@ struct Flag {
 std::vector<std::string> NamesOf(const std::vector<Flag>& flags, const WordRules& rules) {
   std::vector<std::string> names;
   for (const Flag& flag : flags)
-    if (rules.*flag.Set) names.emplace_back(flag.Name);
+    if (rules.*flag.Set) names.emplace_back(Tr(flag.Name));
   return names;
 }
 
 std::string Sizes(const WordRules& rules) {
-  if (!rules.IgnoreShortWords) return "Words of up to " + std::to_string(rules.LongWordSize) + " letters";
-  return "Words of " + std::to_string(rules.ShortWordSize) + " to " + std::to_string(rules.LongWordSize) +
-         " letters";
+  const std::string most = std::to_string(rules.LongWordSize);
+  if (!rules.IgnoreShortWords) return Fill(Tr("Words of up to %1 letters"), {most});
+  return Fill(Tr("Words of %1 to %2 letters"), {std::to_string(rules.ShortWordSize), most});
 }
 
 }  // namespace
 
 std::string WordRulesText(const WordRules& rules) {
-  const std::vector<std::string> extra = NamesOf({{&WordRules::AllowHyphens, "hyphens"},
-                                                  {&WordRules::AllowApostrophes, "apostrophes"},
-                                                  {&WordRules::AllowUnderscores, "underscores"},
-                                                  {&WordRules::AllowColons, "colons"},
-                                                  {&WordRules::AllowBackslashes, "backslashes"},
-                                                  {&WordRules::AllowForwardslashes, "slashes"},
-                                                  {&WordRules::AllowPeriods, "periods"},
-                                                  {&WordRules::AllowAtSigns, "at signs"},
-                                                  {&WordRules::AllowNumerals, "numerals"},
-                                                  {&WordRules::AllowParentheses, "parentheses"},
-                                                  {&WordRules::AllowAmpersands, "ampersands"},
-                                                  {&WordRules::AllowCommas, "commas"}},
+  const std::vector<std::string> extra = NamesOf({{&WordRules::AllowHyphens, TrLater("hyphens")},
+                                                  {&WordRules::AllowApostrophes, TrLater("apostrophes")},
+                                                  {&WordRules::AllowUnderscores, TrLater("underscores")},
+                                                  {&WordRules::AllowColons, TrLater("colons")},
+                                                  {&WordRules::AllowBackslashes, TrLater("backslashes")},
+                                                  {&WordRules::AllowForwardslashes, TrLater("slashes")},
+                                                  {&WordRules::AllowPeriods, TrLater("periods")},
+                                                  {&WordRules::AllowAtSigns, TrLater("at signs")},
+                                                  {&WordRules::AllowNumerals, TrLater("numerals")},
+                                                  {&WordRules::AllowParentheses, TrLater("parentheses")},
+                                                  {&WordRules::AllowAmpersands, TrLater("ampersands")},
+                                                  {&WordRules::AllowCommas, TrLater("commas")}},
                                                  rules);
-  const std::vector<std::string> ends = NamesOf({{&WordRules::TerminateAtEndOfLine, "line ends"},
-                                                 {&WordRules::TerminateAtPeriod, "periods"},
-                                                 {&WordRules::TerminateAtComma, "commas"},
-                                                 {&WordRules::TerminateAtDoubleQuote, "double quotes"},
-                                                 {&WordRules::TerminateAtTab, "tabs"}},
-                                                rules);
+  const std::vector<std::string> ends =
+      NamesOf({{&WordRules::TerminateAtEndOfLine, TrLater("line ends")},
+               {&WordRules::TerminateAtPeriod, TrLater("periods")},
+               {&WordRules::TerminateAtComma, TrLater("commas")},
+               {&WordRules::TerminateAtDoubleQuote, TrLater("double quotes")},
+               {&WordRules::TerminateAtTab, TrLater("tabs")}},
+              rules);
   std::string text = Sizes(rules);
-  if (!extra.empty()) text += ", with " + Enumerated(extra);
-  text += rules.CaseSignificant ? "; capitals count" : "; case ignored";
-  if (rules.Only7bitASCII) text += "; without accents";
-  if (!rules.IgnoreNoLetter) text += "; also without a letter";
-  if (!rules.IgnoreRepetitions) text += "; also with a letter four times in a row";
-  return text + "; phrases end at " + (ends.empty() ? "no sign" : Enumerated(ends));
+  if (!extra.empty()) text = Fill(Tr("%1, with %2"), {text, Enumerated(extra)});
+  text += std::string("; ") + (rules.CaseSignificant ? Tr("capitals count") : Tr("case ignored"));
+  if (rules.Only7bitASCII) text += std::string("; ") + Tr("without accents");
+  if (!rules.IgnoreNoLetter) text += std::string("; ") + Tr("also without a letter");
+  if (!rules.IgnoreRepetitions) text += std::string("; ") + Tr("also with a letter four times in a row");
+  return text + "; " +
+         (ends.empty() ? Tr("phrases end at no sign") : Fill(Tr("phrases end at %1"), {Enumerated(ends)}));
 }
 
 std::string PhrasesText(const RunOptions& options) {
   const std::string least = std::to_string(options.MinWords);
-  const std::string lengths =
-      options.MinWords == options.MaxWords ? least : least + " to " + std::to_string(options.MaxWords);
-  const std::string often = options.MinFrequency == 1 ? "any number of times"
-                            : options.MinFrequency == 2
-                                ? "at least twice"
-                                : "at least " + std::to_string(options.MinFrequency) + " times";
-  return (options.MaxWords == 1 ? "Single words" : "Phrases of " + lengths + " words") + " that occur " +
-         often;
+  std::string phrases = Tr("Single words");
+  if (options.MaxWords != 1)
+    phrases = options.MinWords == options.MaxWords
+                  ? Fill(Tr("Phrases of %1 words"), {least})
+                  : Fill(Tr("Phrases of %1 to %2 words"), {least, std::to_string(options.MaxWords)});
+  if (options.MinFrequency == 1) return Fill(Tr("%1 that occur any number of times"), {phrases});
+  if (options.MinFrequency == 2) return Fill(Tr("%1 that occur at least twice"), {phrases});
+  return Fill(Tr("%1 that occur at least %2 times"), {phrases, std::to_string(options.MinFrequency)});
 }
 
 }  // namespace korv

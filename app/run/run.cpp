@@ -11,6 +11,7 @@
 #include "app/run/run_start.h"
 #include "app/run/source_reader.h"
 #include "app/run/stage_yielder.h"
+#include "base/translation.h"
 #include "engine/corpus/corpus_builder.h"
 #include "report/error_text.h"
 #include "sources/detect/source_checks.h"
@@ -25,9 +26,9 @@ constexpr double kAdviceFromKilobytes = 51;
 
 bool LengthsAreValid(const RunOptions& options, Messages& messages) {
   if (options.MaxWords >= options.MinWords) return true;
-  messages.Show({.Text = "The maximum number of words in each phrase\n"
-                         "must not be less than the minimum number.",
-                 .Title = "Invalid input",
+  messages.Show({.Text = Tr("The maximum number of words in each phrase\n"
+                            "must not be less than the minimum number."),
+                 .Title = Tr("Invalid input"),
                  .Icon = Icon::Exclamation});
   return false;
 }
@@ -58,7 +59,7 @@ class Run {
     const RunEnd read = request_.FromCounts ? TakeCounts() : ReadText();
     if (read != RunEnd::Counted) return read;
     if (!Finish()) {
-      services_.View.Status("Stopped");
+      services_.View.Status(Tr("Stopped"));
       return RunEnd::Stopped;
     }
     services_.View.ClearOutput();
@@ -112,14 +113,14 @@ class Run {
     run_.Facts.LongPhrases = run_.Table.LongPhrases();
     const bool longSort = run_.Table.PhraseCount() > kNoticedSort;
     if (run_.Table.PhraseCount() >= 2 &&
-        !Stage(RunStage::Sorting, longSort ? "Now sorting ..." : "",
+        !Stage(RunStage::Sorting, longSort ? Tr("Now sorting ...") : "",
                [&](Yielder& yielder) { return SortPhrases(run_.Table, yielder); }))
       return false;
     ListByFrequency(run_.Table, request_.Options.MinFrequency);
     return (request_.Options.KeepRedundant ||
-            Stage(RunStage::Exclusion, "Excluding redundant subphrases . . . ",
+            Stage(RunStage::Exclusion, Tr("Excluding redundant subphrases . . . "),
                   [&](Yielder& yielder) { return ExcludeRedundantSubphrases(run_.Table, yielder); })) &&
-           Stage(RunStage::Chain, "Now setting up frequency chain . . .",
+           Stage(RunStage::Chain, Tr("Now setting up frequency chain . . ."),
                  [&](Yielder& yielder) { return SetUpFrequencyChain(run_.Table, run_.Chain, yielder); });
   }
 
@@ -138,9 +139,9 @@ class Run {
     if (!services_.Yielder.Stopped()) return true;
     run_.Interrupted = true;
     const Answer answer =
-        services_.Messages.Show({.Text = "The operation was stopped before all phrases were counted.\n"
-                                         "Do you wish to list those which were were found?",
-                                 .Title = "Counting interrupted",
+        services_.Messages.Show({.Text = Tr("The operation was stopped before all phrases were counted.\n"
+                                            "Do you wish to list those which were were found?"),
+                                 .Title = Tr("Counting interrupted"),
                                  .Icon = Icon::Question,
                                  .Buttons = Buttons::YesNo,
                                  .DefaultAnswer = Answer::Yes,
@@ -161,19 +162,20 @@ class Run {
 bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& files, Messages& messages) {
   if (!LengthsAreValid(request.Options, messages)) return false;
   if (request.Options.MinFrequency == 1 && report.WordOrder == 0 && IsWorthAdvice(request, files) &&
-      messages.Show({.Text = "If you are just interested in the most frequently occurring phrases then the "
-                             "minimum number of occurrences should be set to at least 2, otherwise "
-                             "processing will take longer.\nDo you wish to reset it?",
-                     .Title = "Minimum frequency",
-                     .Icon = Icon::Question,
-                     .Buttons = Buttons::YesNo,
-                     .DefaultAnswer = Answer::Yes,
-                     .Question = questions::kMinimumFrequency}) == Answer::Yes)
+      messages.Show(
+          {.Text = Tr("If you are just interested in the most frequently occurring phrases then the "
+                      "minimum number of occurrences should be set to at least 2, otherwise "
+                      "processing will take longer.\nDo you wish to reset it?"),
+           .Title = Tr("Minimum frequency"),
+           .Icon = Icon::Question,
+           .Buttons = Buttons::YesNo,
+           .DefaultAnswer = Answer::Yes,
+           .Question = questions::kMinimumFrequency}) == Answer::Yes)
     request.Options.MinFrequency = 2;
   report.FilterActive = false;
   if (report.FilterText.empty()) return true;
-  if (messages.Show({.Text = "Do you wish to keep the filter settings?",
-                     .Title = "Filter results?",
+  if (messages.Show({.Text = Tr("Do you wish to keep the filter settings?"),
+                     .Title = Tr("Filter results?"),
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::Yes,
@@ -185,15 +187,15 @@ bool AskBeforeCounting(RunRequest& request, ReportOptions& report, FileSystem& f
 }
 
 void AskToStop(Messages& messages, Yielder& yielder, RunObserver& view) {
-  if (messages.Show({.Text = "Really stop?",
-                     .Title = "Stop",
+  if (messages.Show({.Text = Tr("Really stop?"),
+                     .Title = Tr("Stop"),
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::No,
                      .Question = questions::kReallyStop}) != Answer::Yes)
     return;
   yielder.RequestStop();
-  view.Status("Counting of all phrases was stopped.");
+  view.Status(Tr("Counting of all phrases was stopped."));
 }
 
 RunEnd RunCount(const RunRequest& request, const RunServices& services, CountedRun& run) {
@@ -201,10 +203,11 @@ RunEnd RunCount(const RunRequest& request, const RunServices& services, CountedR
     return Run(request, services, run).Count();
   } catch (const std::bad_alloc&) {
     run = CountedRun{};
-    services.Messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Exclamation});
+    services.Messages.Show(
+        {.Text = Tr("Insufficient memory"), .Title = Tr("Error"), .Icon = Icon::Exclamation});
   } catch (const std::exception& error) {
     services.Messages.Show({.Text = UnexpectedErrorText("RunCount", kErrorUnexpected, error.what()),
-                            .Title = "Error",
+                            .Title = Tr("Error"),
                             .Icon = Icon::Critical});
   }
   return RunEnd::Failed;

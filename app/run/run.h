@@ -85,7 +85,7 @@ struct CountedRun {
   RunSummary Facts;
   std::string OutputPath;    ///< As in the request, or as chosen during the run.
   std::string KeptText;      ///< Of the clipboard or the stream, in its own encoding, where it is kept.
-  std::string FileKind;      ///< Single file: what lblTotalNumOccurrences says after the run.
+  std::string FileKind;      ///< Single file: FileKindAfterRun(), which lblTotalNumOccurrences shows.
   bool Interrupted = false;  ///< Stopped at some point; the user wanted what was found.
   StageTimes Times;
 };

@@ -2,6 +2,7 @@
 
 #include <tuple>
 
+#include "base/translation.h"
 #include "sources/detect/source_checks.h"
 
 namespace korv {
@@ -70,14 +71,14 @@ RunChanges ChangesBetween(const RunRequest& counted, const RunRequest& now) {
 
 std::string ChangedRulesText(const RunChanges& changes) {
   std::string text;
-  for (const auto& [changed, name] : {std::pair(changes.Lengths, "phrase lengths"),
-                                      {changes.MinFrequency, "minimum frequency"},
-                                      {changes.WordsToIgnore, "words to ignore"},
-                                      {changes.CountOnly, "count-only entries"},
-                                      {changes.WordRules, "word rules"}}) {
+  for (const auto& [changed, name] : {std::pair(changes.Lengths, TrLater("phrase lengths")),
+                                      {changes.MinFrequency, TrLater("minimum frequency")},
+                                      {changes.WordsToIgnore, TrLater("words to ignore")},
+                                      {changes.CountOnly, TrLater("count-only entries")},
+                                      {changes.WordRules, TrLater("word rules")}}) {
     if (!changed) continue;
     if (!text.empty()) text += ", ";
-    text += name;
+    text += Tr(name);
   }
   return text;
 }

@@ -1,9 +1,11 @@
 #include "app/run/run_description.h"
 
+#include "app/run/counted.h"
 #include "app/run/result_notes.h"
 #include "app/run/rules_text.h"
 #include "base/size_text.h"
 #include "base/time_text.h"
+#include "base/translation.h"
 
 namespace korv {
 
@@ -11,26 +13,22 @@ namespace {
 
 constexpr size_t kLongestName = 60;  // characters
 
-std::string Counted(uint64_t number, const char* one, const char* many, const NumberFormat& numbers) {
-  return numbers.Grouped(static_cast<int64_t>(number)) + " " + (number == 1 ? one : many);
-}
-
 std::string Words(const WordCounts& words, const NumberFormat& numbers) {
-  const std::string read = Counted(words.Read(), "word", "words", numbers);
+  const std::string read = Counted(TrCount("%1 word", "%1 words", words.Read()), words.Read(), numbers);
   if (words.Dropped() == 0) return read;
-  return read + " (" + numbers.Grouped(static_cast<int64_t>(words.Taken)) + " taken)";
+  return Fill(Tr("%1 (%2 taken)"), {read, numbers.Grouped(static_cast<int64_t>(words.Taken))});
 }
 
 const char* IgnoreText(IgnoreRule rule) {
   switch (rule) {
     case IgnoreRule::Allow:
-      return "allowed in phrases";
+      return Tr("allowed in phrases");
     case IgnoreRule::ExcludeAll:
-      return "phrases of nothing else are left out";
+      return Tr("phrases of nothing else are left out");
     case IgnoreRule::Remove:
-      return "taken out of the text";
+      return Tr("taken out of the text");
     case IgnoreRule::ExcludeWith:
-      return "phrases with one of them are left out";
+      return Tr("phrases with one of them are left out");
   }
   return "";
 }
@@ -41,9 +39,10 @@ std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers)
   const RunSummary& facts = result.Run.Facts;
   std::string text = Shortened(SourceNameOf(facts), kLongestName) + ": ";
   if (facts.Options.SourceKind == TextSource::Folder)
-    text += Counted(facts.FilesScanned, "file", "files", numbers) + ", ";
+    text += Counted(TrCount("%1 file", "%1 files", facts.FilesScanned), facts.FilesScanned, numbers) + ", ";
+  const uint64_t phrases = result.Run.Table.PhraseCount();
   return text + Words(facts.Words, numbers) + ", " +
-         Counted(result.Run.Table.PhraseCount(), "different phrase", "different phrases", numbers) + ", " +
+         Counted(TrCount("%1 different phrase", "%1 different phrases", phrases), phrases, numbers) + ", " +
          FormatElapsedCompact(result.Took);
 }
 
@@ -55,14 +54,14 @@ std::string RunTip(const ShownResult& result, const std::string& when, const Num
   text += "\n" + PhrasesText(facts.Options) + ".\n" + WordRulesText(request.Rules) + ".\n";
   if (const size_t words = request.Lists.FileWordsToIgnore.size() + request.Lists.TypedWordsToIgnore.size();
       words > 0)
-    text += Counted(words, "word to ignore", "words to ignore", numbers) + ": " +
+    text += Counted(TrCount("%1 word to ignore", "%1 words to ignore", words), words, numbers) + ": " +
             IgnoreText(facts.Options.IgnoreMode) + ".\n";
-  if (!request.Lists.CountOnly.empty())
+  if (const size_t entries = request.Lists.CountOnly.size(); entries > 0)
     text +=
-        Counted(request.Lists.CountOnly.size(), "count-only entry", "count-only entries", numbers) + ".\n";
-  text += "Counted at " + when + " in " + FormatElapsedLong(result.Took) + ".\n";
-  if (!result.KeptIn.empty()) text += "Kept in " + result.KeptIn + ".\n";
-  return text + "Memory: " + FormatSize(MemoryOf(result), numbers) + ".";
+        Counted(TrCount("%1 count-only entry", "%1 count-only entries", entries), entries, numbers) + ".\n";
+  text += Fill(Tr("Counted at %1 in %2."), {when, FormatElapsedLong(result.Took)}) + "\n";
+  if (!result.KeptIn.empty()) text += Fill(Tr("Kept in %1."), {result.KeptIn}) + "\n";
+  return text + Fill(Tr("Memory: %1."), {FormatSize(MemoryOf(result), numbers)});
 }
 
 uint64_t MemoryOf(const ShownResult& result) {

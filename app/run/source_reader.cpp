@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/run/encoding_tally.h"
+#include "base/translation.h"
 #include "report/error_text.h"
 #include "report/summary.h"
 #include "sources/detect/comment_markers_ok.h"
@@ -28,7 +29,7 @@ constexpr size_t kSkippedInMessage = 10;
 
 void ShowFileError(Messages& messages, const FileError& error) {
   messages.Show({.Text = UnexpectedErrorText("DoItFromFile", ErrorNumber(error.Fault), error.Description),
-                 .Title = "Error",
+                 .Title = Tr("Error"),
                  .Icon = Icon::Critical});
 }
 
@@ -60,7 +61,7 @@ RunEnd SourceReader::DoItFromClipboard() {
   if (!CheckClipboardText(text, services_.Messages, services_.Numbers) ||
       !CheckNaturalLanguage(text, services_.Messages))
     return RunEnd::Refused;
-  services_.View.Status("Now counting phrases on the clipboard");
+  services_.View.Status(Tr("Now counting phrases on the clipboard"));
   services_.Progress.BytesTotal = text.size();
   if (KeepsText()) run_.KeptText = text;
   DocumentText document;
@@ -93,7 +94,7 @@ RunEnd SourceReader::DoItFromStream() {
                             ForeignKindAdvice(source->Head())))
     return RunEnd::Refused;
   if (!CommentMarkersAreSafe(MarkersOfFile({}, request_.ReadAs).Language)) return RunEnd::Refused;
-  services_.View.Status("Now counting phrases on standard input");
+  services_.View.Status(Tr("Now counting phrases on standard input"));
   services_.Progress.BytesTotal = source->Size();
   const TextSummary summary = ReadStream(std::move(source));
   if (!summary.Error) return RunEnd::Counted;
@@ -122,7 +123,7 @@ RunEnd SourceReader::DoItFromFile() {
   ReadPlan plan(request_.ReadAs);
   plan.AddFile(PathFromText(input));
   if (!CommentMarkersAreSafe(plan)) return RunEnd::Refused;
-  services_.View.Status("Now counting phrases in\r\n\r\n" + input);
+  services_.View.Status(Tr("Now counting phrases in") + ("\r\n\r\n" + input));
   if (ReadDocument(plan.Document(0).Path, Alone::Yes)) return RunEnd::Counted;
   services_.View.Sizes("", "");
   services_.View.ClearOutput();
@@ -206,13 +207,14 @@ bool SourceReader::PlanIsAccepted(const ReadPlan& plan) {
 Message SourceReader::NothingToScan() const {
   const std::string pattern = JoinPatterns(request_.Selection.Patterns);
   const bool several = request_.Paths.size() > 1;
-  return {.Text = "No scanable files " + (pattern.empty() ? "" : "as specified " + pattern + " ") +
-                  (several ? "were found in these folders" : "were found in this folder") +
-                  (!request_.IncludeSubfolders ? ""
-                   : several                   ? " or in their subfolders"
-                                               : " or in its subfolders") +
-                  ".",
-          .Title = "No files found",
+  const char* const where = request_.IncludeSubfolders
+                                ? (several ? Tr("in these folders or in their subfolders")
+                                           : Tr("in this folder or in its subfolders"))
+                                : (several ? Tr("in these folders") : Tr("in this folder"));
+  return {.Text = pattern.empty()
+                      ? Fill(Tr("No scanable files were found %1."), {where})
+                      : Fill(Tr("No scanable files as specified %1 were found %2."), {pattern, where}),
+          .Title = Tr("No files found"),
           .Icon = Icon::Information};
 }
 
@@ -236,8 +238,8 @@ bool SourceReader::SomethingWasRead() {
   if (request_.Paths.empty() || run_.Facts.FilesScanned > 0 || services_.Yielder.Stopped()) return true;
   std::string skipped = SkippedFilesText(run_.Facts, kSkippedInMessage);
   if (!skipped.empty()) skipped.pop_back();  // Its line end.
-  services_.Messages.Show({.Text = "None of the files could be counted.",
-                           .Title = "Invalid input",
+  services_.Messages.Show({.Text = Tr("None of the files could be counted."),
+                           .Title = Tr("Invalid input"),
                            .Icon = Icon::Exclamation,
                            .Addition = std::move(skipped)});
   return false;
@@ -248,7 +250,7 @@ bool SourceReader::ReadOneOfMany(const fs::path& path) {
   services_.View.InputFile(PathToText(path));
   // Of a folder it was there a moment ago.
   if (!request_.Paths.empty() && !services_.Files.FileExists(path))
-    return Skip(PathToText(path), "does not exist");
+    return Skip(PathToText(path), TrLater("does not exist"));
   return ReadDocument(path, Alone::No);
 }
 
@@ -262,7 +264,8 @@ bool SourceReader::ReadStreamAmongFiles() {
   if (!IsNaturalLanguage(beginning, kLookedAtCharacters))
     return Skip(kStandardInputName, SkipReason(TextFileCode::NotText));
   const TextSummary summary = ReadStream(std::move(source));
-  if (summary.Error) Note("Standard input was read only in part (" + summary.Error->Description + ").");
+  if (summary.Error)
+    Note(Fill(Tr("Standard input was read only in part (%1)."), {summary.Error->Description}));
   return true;
 }
 
@@ -308,7 +311,7 @@ bool SourceReader::ReadText(const fs::path& path, DocumentText text, Alone alone
     ShowFileError(services_.Messages, *summary.Error);
     return false;
   }
-  Note("File " + PathToText(path) + " was read only in part (" + summary.Error->Description + ").");
+  Note(Fill(Tr("File %1 was read only in part (%2)."), {PathToText(path), summary.Error->Description}));
   return true;
 }
 
@@ -345,7 +348,7 @@ void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text
   const auto error = WriteExtractedText(services_.Files, path, text);
   if (!error) return;
   if (extractionFaultTold_) {
-    Note("The text of " + PathToText(path) + " was not written (" + error->Description + ").");
+    Note(Fill(Tr("The text of %1 was not written (%2)."), {PathToText(path), error->Description}));
   } else {
     ShowFileError(services_.Messages, *error);
     extractionFaultTold_ = true;

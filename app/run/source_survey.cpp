@@ -6,8 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "app/run/counted.h"
 #include "app/run/encoding_tally.h"
 #include "base/size_text.h"
+#include "base/translation.h"
 #include "sources/detect/comment_markers.h"
 #include "sources/detect/encoding_sample.h"
 #include "sources/detect/source_checks.h"
@@ -36,11 +38,11 @@ std::string_view KindOfName(std::string_view extension) {
     case MarkupLanguage::Php:
       return "PHP";
     case MarkupLanguage::C:
-      return "Program text";
+      return TrLater("Program text");
     case MarkupLanguage::None:
       break;
   }
-  return "Plain text";
+  return TrLater("Plain text");
 }
 
 /// The same bytes decide as in a run: those from the first one above 127.
@@ -67,7 +69,7 @@ FileLook LookInto(FileSystem& files, const std::filesystem::path& path) {
   OpenedText opened = OpenTextSource(files, path, kRunThreshold);
   const std::string extension = FileExtension(PathToText(path), true);
   if (opened.File && extension == kDocxExtension && BeginsAsDocx(opened.Head))
-    return {.Kind = "Word document", .Refusal = {}, .Encoding = ReadAs::Utf8};
+    return {.Kind = TrLater("Word document"), .Refusal = {}, .Encoding = ReadAs::Utf8};
   if (!IsReadableText(opened.Facts.Code))
     return {.Kind = {}, .Refusal = SkipReason(opened.Facts.Code), .Encoding = {}};
   return {.Kind = KindOfName(extension), .Refusal = {}, .Encoding = EncodingOf(opened)};
@@ -120,20 +122,18 @@ void SurveyFolder(const SurveyRequest& request, FileSystem& files, Yielder& yiel
 
 /// "UTF-8 and ANSI". What is ASCII reads the same in both, and is named only where it is all there is.
 std::string EncodingsText(const EncodingCounts& counts) {
-  if (counts.Utf8 > 0) return counts.Ansi > 0 ? "UTF-8 and ANSI" : "UTF-8";
+  if (counts.Utf8 > 0) return counts.Ansi > 0 ? Tr("UTF-8 and ANSI") : "UTF-8";
   if (counts.Ansi > 0) return "ANSI";
   return counts.Ascii > 0 ? "ASCII" : "";
 }
 
-std::string Counted(uint64_t number, const char* one, const char* many, const NumberFormat& numbers) {
-  return numbers.Grouped(static_cast<int64_t>(number)) + " " + (number == 1 ? one : many);
-}
-
 std::string FolderText(const SourceSurvey& survey, const NumberFormat& numbers) {
-  if (!survey.Found) return "There is no such folder.";
-  if (survey.Files == 0) return "No file in it is to be counted.";
-  std::string text = Counted(survey.Files, "file", "files", numbers);
-  if (survey.Folders > 1) text += " in " + Counted(survey.Folders, "folder", "folders", numbers);
+  if (!survey.Found) return Tr("There is no such folder.");
+  if (survey.Files == 0) return Tr("No file in it is to be counted.");
+  std::string text = Counted(TrCount("%1 file", "%1 files", survey.Files), survey.Files, numbers);
+  if (survey.Folders > 1)
+    text = Fill(Tr("%1 in %2"),
+                {text, Counted(TrCount("%1 folder", "%1 folders", survey.Folders), survey.Folders, numbers)});
   text += ", " + FormatSize(survey.Bytes, numbers);
   if (!survey.LookedInto) return text;
   const uint64_t told = survey.Encodings.Ascii + survey.Encodings.Ansi + survey.Encodings.Utf8;
@@ -142,16 +142,15 @@ std::string FolderText(const SourceSurvey& survey, const NumberFormat& numbers) 
   const bool known = !asciiAlone || told + survey.Refused == survey.Files;
   if (const std::string encodings = EncodingsText(survey.Encodings); known && !encodings.empty())
     text += ", " + encodings;
-  if (survey.Refused > 0)
-    text += "; " + numbers.Grouped(static_cast<int64_t>(survey.Refused)) + " of them cannot be counted";
+  if (survey.Refused > 0) text += "; " + Counted(Tr("%1 of them cannot be counted"), survey.Refused, numbers);
   return text;
 }
 
 std::string FileText(const SourceSurvey& survey) {
-  if (!survey.Found) return "There is no such file.";
-  if (!survey.Refusal.empty()) return "This file " + std::string(survey.Refusal) + ".";
+  if (!survey.Found) return Tr("There is no such file.");
+  if (!survey.Refusal.empty()) return Fill(Tr("This file %1."), {Tr(std::string(survey.Refusal).c_str())});
   const std::string encoding = EncodingsText(survey.Encodings);
-  return std::string(survey.FileKind) + (encoding.empty() ? "" : ", " + encoding);
+  return Tr(std::string(survey.FileKind).c_str()) + (encoding.empty() ? "" : ", " + encoding);
 }
 
 }  // namespace

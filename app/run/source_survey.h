@@ -33,8 +33,8 @@ struct SourceSurvey {
   uint64_t Files = 0;         ///< Of a folder: those that are wanted.
   uint64_t Folders = 0;       ///< Of a folder: those entered, the chosen one included.
   uint64_t Bytes = 0;         ///< Of all files together.
-  std::string_view FileKind;  ///< Of a single file: "Plain text", "HTML".
-  std::string_view Refusal;   ///< Why a single file cannot be counted: "is an RTF file"; empty where it can.
+  std::string_view FileKind;  ///< Of a single file, in English: "Plain text", "HTML".
+  std::string_view Refusal;   ///< Why a single file cannot be counted, as SkipReason(); empty where it can.
   bool LookedInto = false;    ///< The beginnings of all files were read; what follows holds then.
   uint64_t Refused = 0;       ///< Of a folder: files that a run would skip.
   EncodingCounts Encodings;   ///< Of those whose beginning tells.

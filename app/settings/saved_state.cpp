@@ -9,6 +9,7 @@
 
 #include "app/settings/questions.h"
 #include "base/line_ends.h"
+#include "base/translation.h"
 #include "base/utf8.h"
 
 namespace korv {
@@ -75,8 +76,8 @@ class RecordWriter {
 
   void Text(const std::string& text) {
     if (text.find_first_of(std::string_view("\"\r\n\0", 4)) != text.npos)
-      Fail("A text holds a double quote or a line break.");
-    if (!IsWellFormed(text)) Fail("A text holds a character that cannot be saved.");
+      Fail(Tr("A text holds a double quote or a line break."));
+    if (!IsWellFormed(text)) Fail(Tr("A text holds a character that cannot be saved."));
     bytes_ += '"';
     bytes_ += text;
     bytes_ += '"';
@@ -180,7 +181,7 @@ class RecordReader {
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
     if (error == std::errc{} && stop == end && number >= least && number <= most) return number;
-    Fail(kInvalidIndex, "Invalid data");
+    Fail(kInvalidIndex, Tr("Invalid data"));
     return std::nullopt;
   }
 
@@ -198,7 +199,7 @@ class RecordReader {
     else if (!rest_.empty() && (rest_.front() == '\n' || rest_.front() == '\r' || rest_.front() == ','))
       rest_.remove_prefix(1);
     else if (!rest_.empty())
-      Fail(kCannotRestore, "Type mismatch.");
+      Fail(kCannotRestore, Tr("Type mismatch."));
   }
   void SkipBlanks() {
     while (!rest_.empty() && (rest_.front() == ' ' || rest_.front() == '\t')) rest_.remove_prefix(1);
@@ -213,7 +214,7 @@ class RecordReader {
   std::optional<std::string> NextText() {
     if (!BeginRecord()) return std::nullopt;
     if (rest_.front() != '"') {
-      Fail(kCannotRestore, "Type mismatch.");
+      Fail(kCannotRestore, Tr("Type mismatch."));
       return std::nullopt;
     }
     const size_t end = rest_.find('"', 1);
@@ -224,7 +225,7 @@ class RecordReader {
     const std::string text(rest_.substr(1, end - 1));
     rest_.remove_prefix(end + 1);
     if (text.find_first_of(std::string_view("\r\n\0", 3)) != text.npos || !IsWellFormed(text))
-      Fail(kCannotRestore, "A text holds a character that no setting has.");
+      Fail(kCannotRestore, Tr("A text holds a character that no setting has."));
     else
       PassDelimiter();
     if (Failed()) return std::nullopt;
@@ -236,13 +237,13 @@ class RecordReader {
     int value = 0;
     const auto [end, error] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
     if (error == std::errc::invalid_argument) {
-      Fail(kCannotRestore, "Type mismatch.");
+      Fail(kCannotRestore, Tr("Type mismatch."));
       return std::nullopt;
     }
     rest_.remove_prefix(static_cast<size_t>(end - rest_.data()));
     PassDelimiter();
     if (!Failed() && (error != std::errc{} || value < least || value > most))
-      Fail(kInvalidIndex, "Invalid data");
+      Fail(kInvalidIndex, Tr("Invalid data"));
     if (Failed()) return std::nullopt;
     return value;
   }
@@ -269,7 +270,7 @@ Expected<std::string, StateError> ReadWhole(FileSystem& files, const std::filesy
     bytes.resize(before + *read);
     if (*read == 0) return bytes;
   }
-  return StateError{"The file is too long for a settings file."};
+  return StateError{Tr("The file is too long for a settings file.")};
 }
 
 std::optional<FileError> MakeFolder(FileSystem& files, const std::filesystem::path& folder) {
@@ -326,7 +327,7 @@ std::string SavedState::SaveState(const std::filesystem::path& path, const Setti
       if (const auto refused = MakeFolder(files_, stateFile_.parent_path())) error = refused->Description;
     if (error.empty()) error = WriteWhole(files_, target, *bytes);
   }
-  return error.empty() ? error : "Error when attempting to save state: " + error;
+  return error.empty() ? error : Fill(Tr("Error when attempting to save state: %1"), {error});
 }
 
 RestoreOutcome SavedState::RestoreSavedState(const std::filesystem::path& path, Settings& settings) {
@@ -337,37 +338,37 @@ RestoreOutcome SavedState::RestoreSavedState(const std::filesystem::path& path, 
     if (outcome.EndedEarly) HandleEarlyEnd(settings);
     return outcome;
   } catch (const std::bad_alloc&) {
-    return CannotRestore("Insufficient memory");
+    return CannotRestore(Tr("Insufficient memory"));
   }
 }
 
 void SavedState::HandleEarlyEnd(Settings& settings) {
-  const Answer answer = messages_.Show({.Text = "Input past end of file.  Set default values?",
-                                        .Title = "Error restoring saved state",
+  const Answer answer = messages_.Show({.Text = Tr("Input past end of file.  Set default values?"),
+                                        .Title = Tr("Error restoring saved state"),
                                         .Icon = Icon::Question,
                                         .Buttons = Buttons::YesNo,
                                         .DefaultAnswer = Answer::No,
                                         .Question = questions::kSetDefaults});
   if (answer == Answer::Yes) SetDefaultValues(settings);
-  messages_.Show({.Text = "Saving the settings should fix the 'Input past end of file' error.",
-                  .Title = "Input past end of file",
+  messages_.Show({.Text = Tr("Saving the settings should fix the 'Input past end of file' error."),
+                  .Title = Tr("Input past end of file"),
                   .Icon = Icon::Information});
 }
 
 std::string LoadFailureText(const RestoreOutcome& outcome) {
   switch (outcome.Result) {
     case kInvalidIndex:
-      return "Invalid combo box index.";
+      return Tr("Invalid combo box index.");
     case kCannotRestore:
-      return "Error when attempting to load settings: " + outcome.ErrorText;
+      return Fill(Tr("Error when attempting to load settings: %1"), {outcome.ErrorText});
     default:
       return {};
   }
 }
 
 bool AskToLoadWordFile(const std::string& path, Messages& messages) {
-  return messages.Show({.Text = "Do you wish to load the words-to-ignore file\n" + path + " ?",
-                        .Title = "Load file?",
+  return messages.Show({.Text = Fill(Tr("Do you wish to load the words-to-ignore file\n%1 ?"), {path}),
+                        .Title = Tr("Load file?"),
                         .Icon = Icon::Question,
                         .Buttons = Buttons::YesNo,
                         .DefaultAnswer = Answer::Yes,

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/translation.h"
 #include "report/filter.h"
 #include "sources/folders/file_selection.h"
 
@@ -58,8 +59,8 @@ constexpr SettingOption EndsAt(const char* word) {
 
 constexpr ListOption kListOptions[] = {
     {"--allow", OptionGroup::Words,
-     "Characters of words besides letters, comma-separated ({default}): {words}, or none"},
-    {"--terminate", OptionGroup::Words, "Where phrases end ({default}): {words}, or none"},
+     TrLater("Characters of words besides letters, comma-separated ({default}): {words}, or none")},
+    {"--terminate", OptionGroup::Words, TrLater("Where phrases end ({default}): {words}, or none")},
 };
 
 /// Options of a group stand in --help in the order of these rows.
@@ -71,21 +72,22 @@ constexpr SettingRow kRows[] = {
      .Control = "cboPhraseLength_0",
      .Option = {.Name = "--min-words",
                 .Group = OptionGroup::Phrases,
-                .Help = "Fewest words of a phrase ({default})"}},
+                .Help = TrLater("Fewest words of a phrase ({default})")}},
     {.Name = "MaxWords",
      .Value = Number<&Settings::MaxWords>(kLeastWords, kMostWords),
      .Places = {41},
      .Control = "cboPhraseLength_1",
      .Option = {.Name = "--max-words",
                 .Group = OptionGroup::Phrases,
-                .Help = "Most words of a phrase ({default}); alone it takes a larger minimum down with it"}},
+                .Help = TrLater(
+                    "Most words of a phrase ({default}); alone it takes a larger minimum down with it")}},
     {.Name = "MinFrequency",
      .Value = Number<&Settings::MinFrequency>(1, kMostMinFrequency),
      .Places = {42},
      .Control = "cboMinimumFrequency",
      .Option = {.Name = "--min-frequency",
                 .Group = OptionGroup::Phrases,
-                .Help = "Fewest occurrences ({default})"}},
+                .Help = TrLater("Fewest occurrences ({default})")}},
 
     // Words to ignore
     {.Name = "IgnoreOption",
@@ -93,7 +95,7 @@ constexpr SettingRow kRows[] = {
      .Places = {50, 51, 52, 53},
      .Option = {.Name = "--ignore-mode",
                 .Group = OptionGroup::WordLists,
-                .Help = "What words to ignore do to phrases ({default})"}},
+                .Help = TrLater("What words to ignore do to phrases ({default})")}},
     {.Name = "WordsFiles",
      .Value = FileListValue{&Settings::WordsFiles, &Settings::SelectedWordsFile},
      .Places = {33}},
@@ -109,7 +111,7 @@ constexpr SettingRow kRows[] = {
      .Option = {.Name = "--ignore-words",
                 .ValueName = "TEXT",
                 .Group = OptionGroup::WordLists,
-                .Help = "More words to ignore, separated by blanks"}},
+                .Help = TrLater("More words to ignore, separated by blanks")}},
     {.Name = "PatternMatchingInWordsToIgnoreFile",
      .Value = Check<&Settings::PatternMatchingInWordsToIgnoreFile>(),
      .Reset = ResetBy::RestoreDefaults,
@@ -117,7 +119,7 @@ constexpr SettingRow kRows[] = {
      .Control = "chkPatternMatchingInWordsToIgnoreFile",
      .Option = {.Name = "--pattern-matching",
                 .Group = OptionGroup::WordLists,
-                .Help = "Patterns in the file of words to ignore"}},
+                .Help = TrLater("Patterns in the file of words to ignore")}},
 
     // What a word may hold besides letters
     {.Name = "AllowHyphens",
@@ -234,13 +236,15 @@ constexpr SettingRow kRows[] = {
      .Control = "chkCaseSignificant",
      .Option = {.Name = "--case-significant",
                 .Group = OptionGroup::Words,
-                .Help = "Tell upper from lower case"}},
+                .Help = TrLater("Tell upper from lower case")}},
     {.Name = "Only7bitASCII",
      .Value = WordCheck<&WordRules::Only7bitASCII>(),
      .Reset = ResetBy::RestoreDefaults,
      .Places = {32},
      .Control = "chkOnly7bitASCII",
-     .Option = {.Name = "--seven-bit", .Group = OptionGroup::Words, .Help = "Drop words that are not ASCII"}},
+     .Option = {.Name = "--seven-bit",
+                .Group = OptionGroup::Words,
+                .Help = TrLater("Drop words that are not ASCII")}},
     {.Name = "IgnoreShortWords",
      .Value = WordCheck<&WordRules::IgnoreShortWords>(),
      .Reset = ResetBy::RestoreDefaults,
@@ -253,7 +257,7 @@ constexpr SettingRow kRows[] = {
      .Control = "cboShortWordSize",
      .Option = {.Name = "--short-words",
                 .Group = OptionGroup::Words,
-                .Help = "Ignore words with fewer characters, {least} to {most} or off ({default})",
+                .Help = TrLater("Ignore words with fewer characters, {least} to {most} or off ({default})"),
                 .Switch = "IgnoreShortWords"}},
     {.Name = "LongWordSize",
      .Value = Number<&Settings::Words, &WordRules::LongWordSize>(kLeastLongWordSize, kMostLongWordSize,
@@ -263,7 +267,7 @@ constexpr SettingRow kRows[] = {
      .Control = "cboLongWordSize",
      .Option = {.Name = "--long-words",
                 .Group = OptionGroup::Words,
-                .Help = "Ignore words with more characters, {least} to {most} in tens ({default})"},
+                .Help = TrLater("Ignore words with more characters, {least} to {most} in tens ({default})")},
      .AtStart = 40},
     {.Name = "IgnoreRepetitions",
      .Value = WordCheck<&WordRules::IgnoreRepetitions>(),
@@ -272,7 +276,7 @@ constexpr SettingRow kRows[] = {
      .Control = "chkIgnoreRepetitions",
      .Option = {.Name = "--keep-repetitions",
                 .Group = OptionGroup::Words,
-                .Help = "Keep words with a letter four times in a row"}},
+                .Help = TrLater("Keep words with a letter four times in a row")}},
     {.Name = "IgnoreNoLetter",
      .Value = WordCheck<&WordRules::IgnoreNoLetter>(),
      .Reset = ResetBy::RestoreDefaults,
@@ -280,7 +284,7 @@ constexpr SettingRow kRows[] = {
      .Control = "chkIgnoreNoLetter",
      .Option = {.Name = "--keep-letterless",
                 .Group = OptionGroup::Words,
-                .Help = "Keep words without a letter"}},
+                .Help = TrLater("Keep words without a letter")}},
 
     // Sources
     {.Name = "SourceKind",
@@ -306,7 +310,7 @@ constexpr SettingRow kRows[] = {
      .Option = {.Name = "--patterns",
                 .ValueName = "LIST",
                 .Group = OptionGroup::Sources,
-                .Help = "Files of a folder to count, as in \"*.txt, a*.htm*\""}},
+                .Help = TrLater("Files of a folder to count, as in \"*.txt, a*.htm*\"")}},
     {.Name = "ExcludedTexts",
      .Value = TrimmedText<&Settings::ExcludedTexts>(TidyPatterns),
      .Reset = ResetBy::Reinitialize,
@@ -315,12 +319,14 @@ constexpr SettingRow kRows[] = {
      .Option = {.Name = "--exclude",
                 .ValueName = "LIST",
                 .Group = OptionGroup::Sources,
-                .Help = "Leave out files whose names hold one of these texts"}},
+                .Help = TrLater("Leave out files whose names hold one of these texts")}},
     {.Name = "IncludeSubfolders",
      .Value = Check<&Settings::IncludeSubfolders>(),
      .Places = {29},
      .Control = "chkIncludeSubfolders",
-     .Option = {.Name = "--subfolders", .Group = OptionGroup::Sources, .Help = "Count in subfolders too"}},
+     .Option = {.Name = "--subfolders",
+                .Group = OptionGroup::Sources,
+                .Help = TrLater("Count in subfolders too")}},
     {.Name = "ExtractTextFromDocx",
      .Value = Check<&Settings::ExtractTextFromDocx>(),
      .Reset = ResetBy::RestoreDefaults,
@@ -335,20 +341,20 @@ constexpr SettingRow kRows[] = {
      .Control = "cboDisplayFormat",
      .Option = {.Name = "--format",
                 .Group = OptionGroup::Report,
-                .Help = "Display format, {least} to {most} ({default})"}},
+                .Help = TrLater("Display format, {least} to {most} ({default})")}},
     {.Name = "WordOrder",
      .Value = ChoiceOf<&Settings::Report, &ReportOptions::WordOrder>(kOrders),
      .Reset = ResetBy::Reinitialize,
      .Places = {30},
      .Control = "cboWordOrder",
-     .Option = {.Name = "--order", .Group = OptionGroup::Report, .Help = "Word order ({default})"}},
+     .Option = {.Name = "--order", .Group = OptionGroup::Report, .Help = TrLater("Word order ({default})")}},
     {.Name = "RelativeFrequency",
      .Value = Check<&Settings::Report, &ReportOptions::RelativeFrequency>(),
      .Places = {45},
      .Control = "chkDisplayRelativeFrequency",
      .Option = {.Name = "--relative",
                 .Group = OptionGroup::Report,
-                .Help = "Percentages instead of frequencies"}},
+                .Help = TrLater("Percentages instead of frequencies")}},
     {.Name = "SortByNumberOfFiles",
      .Value = Check<&Settings::Report, &ReportOptions::SortByNumberOfFiles>(),
      .Reset = ResetBy::Reinitialize,
@@ -356,7 +362,7 @@ constexpr SettingRow kRows[] = {
      .Control = "chkSortByNumberOfFiles",
      .Option = {.Name = "--sort-by-files",
                 .Group = OptionGroup::Report,
-                .Help = "Sort by number of files (format 12)"}},
+                .Help = TrLater("Sort by number of files (format 12)")}},
     {.Name = "FilterText",
      .Value = Text<&Settings::Report, &ReportOptions::FilterText>(NormaliseFilterText),
      .Reset = ResetBy::Reinitialize,
@@ -365,14 +371,14 @@ constexpr SettingRow kRows[] = {
      .Option = {.Name = "--filter",
                 .ValueName = "TEXT",
                 .Group = OptionGroup::Report,
-                .Help = "List only phrases with these words"},
+                .Help = TrLater("List only phrases with these words")},
      .OfTheMoment = true},
     {.Name = "FilterModeOfWords",
      .Value = ChoiceOf<&Settings::Report, &ReportOptions::FilterModeOfWords>(kFilterModes),
      .Places = {49},
      .Option = {.Name = "--filter-mode",
                 .Group = OptionGroup::Report,
-                .Help = "How they are looked for ({default})"}},
+                .Help = TrLater("How they are looked for ({default})")}},
 
     // Output
     {.Name = "OutputFile",
@@ -436,21 +442,21 @@ SettingSet Where(Predicate predicate) {
 const char* TitleOf(OptionGroup group) {
   switch (group) {
     case OptionGroup::Settings:
-      return "Settings";
+      return Tr("Settings");
     case OptionGroup::Phrases:
-      return "Phrases";
+      return Tr("Phrases");
     case OptionGroup::WordLists:
-      return "Words to ignore and to count";
+      return Tr("Words to ignore and to count");
     case OptionGroup::Words:
-      return "What is a word, and where phrases end";
+      return Tr("What is a word, and where phrases end");
     case OptionGroup::Sources:
-      return "Sources";
+      return Tr("Sources");
     case OptionGroup::Report:
-      return "Report";
+      return Tr("Report");
     case OptionGroup::Contexts:
-      return "Contexts";
+      return Tr("Contexts");
     case OptionGroup::Output:
-      return "Output";
+      return Tr("Output");
   }
   return "";
 }

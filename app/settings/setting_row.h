@@ -70,6 +70,7 @@ using SettingValue = std::variant<CheckValue, NumberValue, ChoiceValue, TextValu
 
 /// Groups of options, in the order of --help.
 enum class OptionGroup { Settings, Phrases, WordLists, Words, Sources, Report, Contexts, Output };
+/// The heading of its options there.
 const char* TitleOf(OptionGroup group);
 
 /// What an option does follows from the value of its setting: a checkbox becomes a flag, which turns its
@@ -78,7 +79,7 @@ struct SettingOption {
   const char* Name = nullptr;       ///< "--min-words"; null for none.
   const char* ValueName = nullptr;  ///< What --help calls a text.
   OptionGroup Group = OptionGroup::Settings;
-  /// One line. "{default}", "{least}" and "{most}" stand for the setting's own.
+  /// One line, marked with TrLater(). "{default}", "{least}" and "{most}" stand for the setting's own.
   const char* Help = nullptr;
   /// A checkbox only: the option takes a list of words, and this one ticks the box. The option's other
   /// texts are in its ListOption.
@@ -91,7 +92,8 @@ struct SettingOption {
 struct ListOption {
   const char* Name;
   OptionGroup Group;
-  const char* Help;  ///< "{default}" stands for the words of the default, "{words}" for all of them.
+  /// Marked with TrLater(). "{default}" stands for the words of the default, "{words}" for all of them.
+  const char* Help;
 };
 
 // ---- A setting.

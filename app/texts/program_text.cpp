@@ -68,30 +68,30 @@ Expected<std::string, ProgramTextFault> ReadWhole(FileSystem& files, const std::
 }  // namespace
 
 std::string ProgramTextError::Text() const {
-  const std::string line = " " + std::to_string(Line) + ".";
+  const std::string line = std::to_string(Line);
   switch (Fault) {
     case ProgramTextFault::NothingRead:
-      return "No program text was read.";
+      return Tr("No program text was read.");
     case ProgramTextFault::CannotOpen:
-      return "Cannot open file containing program text.";
+      return Tr("Cannot open file containing program text.");
     case ProgramTextFault::NoMemoryForTexts:
-      return "Particular memory allocation error.";
+      return Tr("Particular memory allocation error.");
     case ProgramTextFault::TooMuch:
-      return "Too much program text.";
+      return Tr("Too much program text.");
     case ProgramTextFault::NotRecovered:
-      return "Text not recovered.";
+      return Tr("Text not recovered.");
     case ProgramTextFault::EmptyFile:
-      return "File is empty.";
+      return Tr("File is empty.");
     case ProgramTextFault::CannotRead:
-      return "Error reading file.";
+      return Tr("Error reading file.");
     case ProgramTextFault::NoMemory:
-      return "General memory allocation error.";
+      return Tr("General memory allocation error.");
     case ProgramTextFault::Duplicate:
-      return "Duplicate in program text at line" + line;
+      return Fill(Tr("Duplicate in program text at line %1."), {line});
     case ProgramTextFault::TooLong:
-      return "String too long at line" + line;
+      return Fill(Tr("String too long at line %1."), {line});
     case ProgramTextFault::Missing:
-      return "Missing string at line" + line;
+      return Fill(Tr("Missing string at line %1."), {line});
   }
   return {};
 }

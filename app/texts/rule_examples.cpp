@@ -1,6 +1,7 @@
 #include "app/texts/rule_examples.h"
 
 #include "app/texts/rules_sample.h"
+#include "base/translation.h"
 
 namespace korv {
 
@@ -31,8 +32,8 @@ std::string WordsWith(const RuleExample& example, bool on) {
 }  // namespace
 
 std::string RuleTip(const RuleExample& example) {
-  return std::string(example.What) + "\nExample: " + std::string(example.Text) +
-         "\nchecked: " + WordsWith(example, true) + "\nunchecked: " + WordsWith(example, false);
+  return Fill(Tr("%1\nExample: %2\nchecked: %3\nunchecked: %4"),
+              {Tr(example.What), example.Text, WordsWith(example, true), WordsWith(example, false)});
 }
 
 }  // namespace korv

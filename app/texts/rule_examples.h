@@ -10,7 +10,7 @@ namespace korv {
 /// A word rule that is on or off, with a text in which it makes a difference.
 struct RuleExample {
   bool WordRules::*Rule;
-  std::string_view What;  ///< What the rule does, in a sentence.
+  const char* What;       ///< What the rule does, in a sentence; marked with TrLater().
   std::string_view Text;  ///< May hold the marks of rules_sample.h.
 };
 

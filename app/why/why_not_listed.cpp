@@ -6,6 +6,7 @@
 
 #include "app/contexts/context_texts.h"
 #include "app/why/typed_words.h"
+#include "base/translation.h"
 #include "engine/analysis/phrase_fate.h"
 
 namespace korv {
@@ -20,18 +21,20 @@ class Explanation {
 
   std::vector<ResultNote> Of(std::string_view typed) {
     const std::vector<TypedWord> words = TypedWordsOf(typed, corpus_);
-    if (words.empty()) Say("There is no word in it.");
+    if (words.empty()) Say(Tr("There is no word in it."));
     bool known = true;
     std::vector<WordNumber> phrase;
     for (const TypedWord& word : words) known = LookAt(word, phrase) && known;
     const bool parted = IsParted(words);
-    if (parted) Say("A phrase ends between the words that were typed: no phrase holds them both.");
+    if (parted) Say(Tr("A phrase ends between the words that were typed: no phrase holds them both."));
     if (!known || parted || phrase.empty()) return notes_;
     if (phrase.size() > static_cast<size_t>(kMostWords)) {
-      Say("It has " + Number(phrase.size()) + " words; no phrase has more than 25.");
+      Say(Fill(TrCount("It has %1 word; no phrase has more than 25.",
+                       "It has %1 words; no phrase has more than 25.", phrase.size()),
+               {Number(phrase.size())}));
       return notes_;
     }
-    if (phrase.size() < words.size()) Say("What is left of it is " + Quoted(TextOf(phrase)) + ".");
+    if (phrase.size() < words.size()) Say(Fill(Tr("What is left of it is \"%1\"."), {TextOf(phrase)}));
     PhraseFate fate;
     if (!FindPhraseFate(run_.Table, phrase, yielder_, fate)) return {};
     for (const FateCause cause : fate.Causes) SayCause(cause, fate, phrase.size());
@@ -45,10 +48,11 @@ class Explanation {
     notes_.push_back({NoteKind::Why, std::move(text)});
     if (wayOut) notes_.back().WaysOut = {*wayOut};
   }
-  static std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
   std::string Number(uint64_t number) const { return numbers_.Grouped(static_cast<int64_t>(number)); }
   std::string Times(uint64_t number) const {
-    return number == 1 ? "once" : number == 2 ? "twice" : Number(number) + " times";
+    if (number == 1) return Tr("once");
+    if (number == 2) return Tr("twice");
+    return Fill(TrCount("%1 time", "%1 times", number), {Number(number)});
   }
 
   std::string TextOf(const std::vector<WordNumber>& phrase) const {
@@ -80,12 +84,12 @@ class Explanation {
       return true;
     }
     if (word.Excludes) {
-      Say(Quoted(word.Text) + " is a word to ignore, and no phrase with such a word is counted.",
+      Say(Fill(Tr("\"%1\" is a word to ignore, and no phrase with such a word is counted."), {word.Text}),
           NoteAction::WordsToIgnore);
       return false;
     }
     if (word.Number == kNoWord) {
-      Say(Quoted(word.Text) + " is not in the text.");
+      Say(Fill(Tr("\"%1\" is not in the text."), {word.Text}));
       return false;
     }
     phrase.push_back(word.Number);
@@ -94,69 +98,91 @@ class Explanation {
 
   void SayDropped(const TypedWord& word) {
     const WordRules& rules = corpus_.Rules;
-    const std::string out = Quoted(word.Text) + " is left out of the text: ";
     switch (*word.Dropped) {
       case DropReason::Short:
-        return Say(out + "it is shorter than " + std::to_string(rules.ShortWordSize) + " letters.",
+        return Say(Fill(Tr("\"%1\" is left out of the text: it is shorter than %2 letters."),
+                        {word.Text, std::to_string(rules.ShortWordSize)}),
                    NoteAction::WordRules);
       case DropReason::Long:
-        return Say(out + "it is longer than " + std::to_string(rules.LongWordSize) + " letters.",
+        return Say(Fill(Tr("\"%1\" is left out of the text: it is longer than %2 letters."),
+                        {word.Text, std::to_string(rules.LongWordSize)}),
                    NoteAction::WordRules);
       case DropReason::Letterless:
-        return Say(out + "it holds no letter.", NoteAction::WordRules);
+        return Say(Fill(Tr("\"%1\" is left out of the text: it holds no letter."), {word.Text}),
+                   NoteAction::WordRules);
       case DropReason::Repetition:
-        return Say(out + "it holds one letter four times in a row.", NoteAction::WordRules);
+        return Say(
+            Fill(Tr("\"%1\" is left out of the text: it holds one letter four times in a row."), {word.Text}),
+            NoteAction::WordRules);
       case DropReason::Ignored:
-        return Say(out + "it is a word to ignore, and these are removed.", NoteAction::WordsToIgnore);
+        return Say(Fill(Tr("\"%1\" is left out of the text: it is a word to ignore, and these are removed."),
+                        {word.Text}),
+                   NoteAction::WordsToIgnore);
       case DropReason::Not7bit:
-        return Say(out + "it holds a character beyond 7-bit ASCII.", NoteAction::WordRules);
+        return Say(
+            Fill(Tr("\"%1\" is left out of the text: it holds a character beyond 7-bit ASCII."), {word.Text}),
+            NoteAction::WordRules);
     }
   }
 
   void SayCause(FateCause cause, const PhraseFate& fate, size_t words) {
     const RunOptions& options = corpus_.Options;
-    const std::string occurs = "It occurs " + Times(fate.Occurrences);
-    const std::string itHas = "It has " + Number(words) + (words == 1 ? " word" : " words");
+    const std::string times = Times(fate.Occurrences);
     switch (cause) {
       case FateCause::ApartByEnds:
         return SayApart(fate);
       case FateCause::NeverInARow:
-        return Say(words == 1 ? "It is not in the text."
-                              : "Its words are in the text, but nowhere one after the other.");
+        return Say(words == 1 ? Tr("It is not in the text.")
+                              : Tr("Its words are in the text, but nowhere one after the other."));
       case FateCause::TooFewWords:
-        return Say(itHas + "; phrases of " + Number(static_cast<uint64_t>(options.MinWords)) +
-                       " words and more were counted.",
+        return Say(Fill(TrCount("It has %1 word; phrases of %2 words and more were counted.",
+                                "It has %1 words; phrases of %2 words and more were counted.", words),
+                        {Number(words), Number(static_cast<uint64_t>(options.MinWords))}),
                    NoteAction::Lengths);
       case FateCause::TooManyWords:
-        return Say(itHas + "; phrases of up to " + Number(static_cast<uint64_t>(options.MaxWords)) +
-                       (options.MaxWords == 1 ? " word" : " words") + " were counted.",
-                   NoteAction::Lengths);
+        return SayTooManyWords(words, static_cast<uint64_t>(options.MaxWords));
       case FateCause::TooLong:
-        return Say("It has more than 100 characters, and no such phrase is counted.");
+        return Say(Tr("It has more than 100 characters, and no such phrase is counted."));
       case FateCause::AllIgnored:
-        return Say("It consists of words to ignore alone.", NoteAction::WordsToIgnore);
+        return Say(Tr("It consists of words to ignore alone."), NoteAction::WordsToIgnore);
       case FateCause::NotCountOnly:
-        return Say("It matches no count-only entry.", NoteAction::CountOnly);
+        return Say(Tr("It matches no count-only entry."), NoteAction::CountOnly);
       case FateCause::TooRare:
-        return Say(occurs + "; the minimum frequency is " +
-                       Number(static_cast<uint64_t>(options.MinFrequency)) + ".",
+        return Say(Fill(Tr("It occurs %1; the minimum frequency is %2."),
+                        {times, Number(static_cast<uint64_t>(options.MinFrequency))}),
                    NoteAction::MinFrequency);
       case FateCause::Redundant:
-        return Say(occurs + ", as often as " +
-                   (fate.Within == kNoPhrase ? "a longer phrase" : Quoted(run_.Table.Text(fate.Within))) +
-                   ", which contains it: it never stands alone, so only the longer one is listed.");
+        if (fate.Within == kNoPhrase)
+          return Say(Fill(Tr("It occurs %1, as often as a longer phrase, which contains it: it never stands "
+                             "alone, so only the longer one is listed."),
+                          {times}));
+        return Say(Fill(Tr("It occurs %1, as often as \"%2\", which contains it: it never stands alone, so "
+                           "only the longer one is listed."),
+                        {times, run_.Table.Text(fate.Within)}));
       case FateCause::Listed:
-        return Say("It is listed: rank " + Number(fate.Rank) + ", " + Number(fate.Occurrences) +
-                   (fate.Occurrences == 1 ? " occurrence." : " occurrences."));
+        return Say(Fill(TrCount("It is listed: rank %1, %2 occurrence.",
+                                "It is listed: rank %1, %2 occurrences.", fate.Occurrences),
+                        {Number(fate.Rank), Number(fate.Occurrences)}));
     }
   }
 
+  void SayTooManyWords(size_t words, uint64_t most) {
+    const char* const pattern =
+        most == 1 ? TrCount("It has %1 word; phrases of up to %2 word were counted.",
+                            "It has %1 words; phrases of up to %2 word were counted.", words)
+                  : TrCount("It has %1 word; phrases of up to %2 words were counted.",
+                            "It has %1 words; phrases of up to %2 words were counted.", words);
+    Say(Fill(pattern, {Number(words), Number(most)}), NoteAction::Lengths);
+  }
+
   void SayApart(const PhraseFate& fate) {
-    const std::string between = corpus_.Options.IgnoreMode == IgnoreRule::ExcludeWith
-                                    ? "a phrase end or a word to ignore stands between them"
-                                    : "a phrase end stands between them";
-    Say("Its words follow each other " + Times(fate.Apart) + ", but " + between + " each time, first in " +
-            NameOfText(run_, corpus_.SourceAt(fate.FirstApart)) + ".",
+    const char* const pattern = corpus_.Options.IgnoreMode == IgnoreRule::ExcludeWith
+                                    ? Tr("Its words follow each other %1, but a phrase end or a word to "
+                                         "ignore stands between them each "
+                                         "time, first in %2.")
+                                    : Tr("Its words follow each other %1, but a phrase end stands between "
+                                         "them each time, first in %2.");
+    Say(Fill(pattern, {Times(fate.Apart), NameOfText(run_, corpus_.SourceAt(fate.FirstApart))}),
         NoteAction::WordRules);
   }
 

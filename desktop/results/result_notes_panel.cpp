@@ -61,7 +61,7 @@ QWidget* ResultNotesPanel::MakeRow(const ResultNote& note, const QString& name) 
   for (const NoteAction action : note.WaysOut) {
     auto* button = new QToolButton(row);
     button->setObjectName(QLatin1String("cmdNote_") + name + u'_' + QLatin1String(NameOf(action)));
-    button->setText(QLatin1String(CaptionOf(action)));
+    button->setText(QString::fromUtf8(CaptionOf(action)));
     button->setAccessibleDescription(ToQt(note.Text));
     button->setFocusPolicy(Qt::StrongFocus);
     button->setEnabled(enabled_);

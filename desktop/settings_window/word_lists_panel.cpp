@@ -35,7 +35,7 @@ WordListsPanel::~WordListsPanel() {
 
 void WordListsPanel::Start() {
   for (const CommonWordsLanguage& language : kCommonWordsLanguages) {
-    cboCommonWordsLanguages->addItem(ToQt(language.Item));
+    cboCommonWordsLanguages->addItem(QString::fromUtf8(ItemText(language)));
   }
   optListKind_Click();
   Connect();

@@ -261,9 +261,9 @@ std::string FileKindWhileReading(bool isUtf8) {
 }
 
 std::string FileKindAfterRun(bool isUtf8, TextFileCode code) {
-  if (isUtf8) return Tr("This is a UTF-8 text file.");
-  if (code == TextFileCode::UnixText) return Tr("This is a Unix-type file.");
-  if (code == TextFileCode::MacText) return Tr("This is a Macintosh-type file.");
+  if (isUtf8) return TrLater("This is a UTF-8 text file.");
+  if (code == TextFileCode::UnixText) return TrLater("This is a Unix-type file.");
+  if (code == TextFileCode::MacText) return TrLater("This is a Macintosh-type file.");
   return {};
 }
 

@@ -78,8 +78,9 @@ bool CheckNaturalLanguage(std::string_view text, Messages& messages,
 /// Asks whether to name an output file for a large input: Yes, No (go on without) or Cancel.
 Answer AskLargeInput(Messages& messages);
 
-/// What the label of the file's kind says while it is read, and after the run.
+/// What the label of the file's kind says while it is read.
 std::string FileKindWhileReading(bool isUtf8);
+/// And after the run. In English: runs are kept with it, and whoever shows it gives it to Tr().
 std::string FileKindAfterRun(bool isUtf8, TextFileCode code);
 /// The labels of a file's size, and of the size of the text in it.
 std::string FileSizeLabel(uint64_t bytes, const NumberFormat& format);
