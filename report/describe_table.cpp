@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "base/translation.h"
 #include "report/formats.h"
 #include "report/writers/data_package.h"
 
@@ -74,9 +75,9 @@ bool WriteDescription(const DescribedTable& described, const std::filesystem::pa
   else if (!(error = (*file)->Write(text)))
     error = (*file)->Commit();
   if (!error) return true;
-  messages.Show({.Text = "The description of the table cannot be written to " + PathToText(path) + ".\n" +
-                         error->Description,
-                 .Title = "Error",
+  messages.Show({.Text = Fill(Tr("The description of the table cannot be written to %1.\n%2"),
+                              {PathToText(path), error->Description}),
+                 .Title = Tr("Error"),
                  .Icon = Icon::Exclamation});
   return false;
 }

@@ -1,6 +1,6 @@
 #include "report/error_text.h"
 
-#include "base/number_format.h"
+#include "base/translation.h"
 
 namespace korv {
 
@@ -27,9 +27,7 @@ int ErrorNumber(FileFault fault) {
 }
 
 std::string UnexpectedErrorText(std::string_view place, int number, std::string_view description) {
-  std::string text = "At ";
-  text.append(place).append(" error #").append(NumberWithBlank(number));
-  return text.append(".\nDescription: ").append(description);
+  return Fill(Tr("At %1 error # %2.\nDescription: %3"), {place, std::to_string(number), description});
 }
 
 std::string ListingAdvice(const ProgramText* texts) {

@@ -1,5 +1,6 @@
 #include "report/filter.h"
 
+#include "base/translation.h"
 #include "engine/text/clean_text.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
@@ -87,34 +88,38 @@ bool PhraseFilter::InSameOrder(std::string_view lowered) const {
   return true;
 }
 
-std::string FilterNoticeText(FilterMode mode, std::string_view filterText) {
-  std::string text = "Phrase filtering (";
+namespace {
+
+const char* FilterText(FilterMode mode) {
   switch (mode) {
     case FilterMode::AllWords:
-      text += "all filter words";
       break;
     case FilterMode::AllWordsInSameOrder:
-      text += "all filter words in same order";
-      break;
+      return Tr("Phrase filtering (all filter words in same order) has been applied.");
     case FilterMode::Subphrase:
-      text += "all filter words as a subphrase";
-      break;
+      return Tr("Phrase filtering (all filter words as a subphrase) has been applied.");
   }
-  return text.append(") has been applied.\nFilter words: ").append(filterText).append("\n\n");
+  return Tr("Phrase filtering (all filter words) has been applied.");
+}
+
+}  // namespace
+
+std::string FilterNoticeText(FilterMode mode, std::string_view filterText) {
+  return FilterText(mode) + ("\n" + Fill(Tr("Filter words: %1"), {filterText})) + "\n\n";
 }
 
 std::string NoMatchText(FilterMode mode, bool alphabetical, NoticePlace place) {
-  if (!alphabetical) return "No phrase containing filter word(s) found.";
+  if (!alphabetical) return Tr("No phrase containing filter word(s) found.");
   switch (mode) {
     case FilterMode::AllWords:
       break;
     case FilterMode::AllWordsInSameOrder:
-      return "No phrase containing all filter words in same order found.";
+      return Tr("No phrase containing all filter words in same order found.");
     case FilterMode::Subphrase:
-      return place == NoticePlace::File ? "No phrase containing all filter words as subphrase found."
-                                        : "No phrase containing all filter words as a subphrase found.";
+      return place == NoticePlace::File ? Tr("No phrase containing all filter words as subphrase found.")
+                                        : Tr("No phrase containing all filter words as a subphrase found.");
   }
-  return "No phrase containing all filter words found.";
+  return Tr("No phrase containing all filter words found.");
 }
 
 }  // namespace korv

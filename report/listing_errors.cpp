@@ -3,6 +3,7 @@
 #include <exception>
 #include <new>
 
+#include "base/translation.h"
 #include "report/error_text.h"
 
 namespace korv {
@@ -11,11 +12,11 @@ void ShowListingError(const ReportOptions& options, Messages& messages, const Pr
   try {
     throw;
   } catch (const std::bad_alloc&) {
-    messages.Show({.Text = "Insufficient memory", .Title = "Error", .Icon = Icon::Exclamation});
+    messages.Show({.Text = Tr("Insufficient memory"), .Title = Tr("Error"), .Icon = Icon::Exclamation});
   } catch (const std::exception& error) {
     messages.Show({.Text = UnexpectedErrorText(NameOfListing(options), kErrorUnexpected, error.what()) +
                            ListingAdvice(texts),
-                   .Title = "Error",
+                   .Title = Tr("Error"),
                    .Icon = Icon::Critical});
   }
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/line_ends.h"
+#include "base/translation.h"
 #include "report/describe_table.h"
 #include "report/error_text.h"
 #include "report/listing_errors.h"
@@ -21,15 +22,15 @@ std::string Trimmed(const std::string& path) {
 
 void ShowFileError(const FileError& error, const FileListingServices& services) {
   if (error.Fault == FileFault::PermissionDenied) {
-    services.Dialogs.Show({.Text = "Perhaps the output file\nis in use by another application.",
-                           .Title = "Permission denied",
+    services.Dialogs.Show({.Text = Tr("Perhaps the output file\nis in use by another application."),
+                           .Title = Tr("Permission denied"),
                            .Icon = Icon::Information});
     return;
   }
   services.Dialogs.Show(
       {.Text = UnexpectedErrorText("ListWords", ErrorNumber(error.Fault), error.Description) +
                ListingAdvice(services.Texts),
-       .Title = "Error",
+       .Title = Tr("Error"),
        .Icon = Icon::Critical});
 }
 
@@ -41,15 +42,16 @@ void TellInBox(const Report& report, const std::filesystem::path& path, const Fi
     box.OutputToTxb(WrittenText(result.List.Phrases, PathToText(path), report.Numbers) + "\r\n");
   box.OutputToTxb(WithLineEnds(SkippedFilesText(report.Facts) + NoticesText(report.Facts), kCrLf));
   if (stopped)
-    box.OutputToTxb("\r\nOutput to file was terminated.\r\n" + StoppedFileText(result, report.Numbers));
+    box.OutputToTxb(std::string("\r\n") + Tr("Output to file was terminated.") + "\r\n" +
+                    StoppedFileText(result, report.Numbers));
 }
 
 }  // namespace
 
 std::string WrittenText(uint32_t phrases, const std::string& path, const NumberFormat& numbers) {
-  if (phrases == 0) return "A report without a phrase was written to " + path + ".";
-  return numbers.Grouped(phrases) + (phrases == 1 ? " phrase was" : " phrases were") + " written to " + path +
-         ".";
+  if (phrases == 0) return Fill(Tr("A report without a phrase was written to %1."), {path});
+  return Fill(TrCount("%1 phrase was written to %2.", "%1 phrases were written to %2.", phrases),
+              {numbers.Grouped(phrases), path});
 }
 
 bool FileReportSink::Write(std::string_view piece) {
@@ -69,7 +71,7 @@ bool FileReportSink::Write(std::string_view piece) {
 FileListResult ListWordsToFile(const Report& report, const std::filesystem::path& path,
                                const FileListingServices& services, Yielder& yielder) {
   FileListResult result;
-  if (services.Box) services.Box->OutputToTxb("Now writing to output file . . .\r\n");
+  if (services.Box) services.Box->OutputToTxb(std::string(Tr("Now writing to output file . . .")) + "\r\n");
   auto file = services.Files.OpenForWriting(path);
   if (!file) {
     ShowFileError(file.Error(), services);
@@ -104,11 +106,12 @@ FileListResult ListWordsToFile(const Report& report, const std::filesystem::path
 }
 
 std::string StoppedFileText(const FileListResult& result, const NumberFormat& numbers) {
-  if (!result.Written) return "The output file is as it was.";
-  return "The output file holds only the first " +
-         (result.List.Shown == 1 ? std::string("phrase")
-                                 : numbers.Grouped(static_cast<int64_t>(result.List.Shown)) + " phrases") +
-         " of the list.";
+  if (!result.Written) return Tr("The output file is as it was.");
+  const uint32_t shown = result.List.Shown;
+  if (shown == 1) return Tr("The output file holds only the first phrase of the list.");
+  return Fill(TrCount("The output file holds only the first %1 phrase of the list.",
+                      "The output file holds only the first %1 phrases of the list.", shown),
+              {numbers.Grouped(static_cast<int64_t>(shown))});
 }
 
 std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always) {
@@ -116,17 +119,17 @@ std::optional<std::string> OverwriteGuard::Confirm(std::string path, bool always
   for (;;) {
     const std::filesystem::path target = PathFromText(path);
     if (!files_.FileExists(target) || (!always && WrittenBefore(target))) return path;
-    const std::optional<std::string> answer = messages_.AskText(
-        "To overwrite the current output file click on 'OK'.\n"
-        "To write to a different file edit the filepath below.\n"
-        "To disable file output click on 'Cancel'.",
-        "The output file exists.", path);
+    const std::optional<std::string> answer =
+        messages_.AskText(Tr("To overwrite the current output file click on 'OK'.\n"
+                             "To write to a different file edit the filepath below.\n"
+                             "To disable file output click on 'Cancel'."),
+                          Tr("The output file exists."), path);
     if (!answer) return std::nullopt;
     const std::string edited = Trimmed(*answer);
     if (edited.empty()) return std::nullopt;
     if (edited == path) return path;
     if (!files_.FolderExists(files_.AbsolutePath(PathFromText(edited)).parent_path())) {
-      messages_.Show({.Text = "Folder does not exist.", .Title = "Error", .Icon = Icon::Exclamation});
+      messages_.Show({.Text = Tr("Folder does not exist."), .Title = Tr("Error"), .Icon = Icon::Exclamation});
       return std::nullopt;
     }
     path = edited;
@@ -145,10 +148,11 @@ bool OverwriteGuard::WrittenBefore(const std::filesystem::path& path) const {
 bool CanOpenOutputFile(const std::filesystem::path& path, FileSystem& files, Messages& messages) {
   const auto file = files.OpenForWriting(path);
   if (file) return true;
-  messages.Show({.Text = "Error: " + file.Error().Description +
-                         "\nIf the output file is open in Excel then it must first be closed"
-                         "\nor a different file should be specified as the output file.",
-                 .Title = "Error",
+  messages.Show({.Text = Fill(Tr("Error: %1\n"
+                                 "If the output file is open in Excel then it must first be closed\n"
+                                 "or a different file should be specified as the output file."),
+                              {file.Error().Description}),
+                 .Title = Tr("Error"),
                  .Icon = Icon::Exclamation});
   return false;
 }

@@ -1,5 +1,6 @@
 #include "report/report_rules.h"
 
+#include "base/translation.h"
 #include "report/formats.h"
 
 namespace korv {
@@ -26,9 +27,10 @@ bool ApplyReportRules(ReportOptions& options, TextSource source) {
 }
 
 Message UnavailableFormatMessage(const std::string& formatName) {
-  return {.Text = "The display format '" + formatName +
-                  "' is available\nonly when the source of the text is a folder.",
-          .Title = "Unavailable display format",
+  return {.Text = Fill(Tr("The display format '%1' is available\n"
+                          "only when the source of the text is a folder."),
+                       {formatName}),
+          .Title = Tr("Unavailable display format"),
           .Icon = Icon::Information};
 }
 

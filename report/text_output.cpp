@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 
 namespace korv {
@@ -44,7 +45,8 @@ ListResult ListWordsToTextBox(const Report& report, TextOutput& box, Yielder& yi
   box.Clear();
   TextBoxReportSink sink(box);
   ListResult result = ListWords(report, {.SkippedFiles = true}, sink, yielder);
-  if (result.Outcome == ListOutcome::Stopped) box.OutputToTxb("\r\nListing stopped.\r\n");
+  if (result.Outcome == ListOutcome::Stopped)
+    box.OutputToTxb(std::string("\r\n") + Tr("Listing stopped.") + "\r\n");
   // The notice that the box is full takes the place of the last lines.
   if (box.Full()) result.Shown = sink.PhrasesWithin(box.Kept());
   return result;

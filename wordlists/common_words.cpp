@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/translation.h"
 #include "wordlists/questions.h"
 
 namespace korv {
@@ -18,7 +19,8 @@ std::optional<std::filesystem::path> CommonWordsFile(const CommonWordsLanguage& 
                                                      const FileSystem& files, Messages& messages) {
   std::filesystem::path path = programFolder / language.File;
   if (files.FileExists(path)) return path;
-  messages.Show({.Text = PathToText(path) + " not found.", .Title = "Error", .Icon = Icon::Critical});
+  messages.Show(
+      {.Text = Fill(Tr("%1 not found."), {PathToText(path)}), .Title = Tr("Error"), .Icon = Icon::Critical});
   return std::nullopt;
 }
 
@@ -26,8 +28,8 @@ bool AddCommonWords(const CommonWordsLanguage& language, const std::filesystem::
                     const FileSystem& files, WordFileList& list, Messages& messages) {
   if (language.File.empty()) return false;
   const Answer answer =
-      messages.Show({.Text = "Load common words file for " + std::string(language.Item) + "?",
-                     .Title = "Load common words file",
+      messages.Show({.Text = Fill(Tr("Load common words file for %1?"), {ItemText(language)}),
+                     .Title = Tr("Load common words file"),
                      .Icon = Icon::Question,
                      .Buttons = Buttons::YesNo,
                      .DefaultAnswer = Answer::Yes,

@@ -1,60 +1,69 @@
 #include "wordlists/list_kind.h"
 
+#include "base/translation.h"
+
 namespace korv {
 
-std::string_view NameOfMany(ListKind kind) {
-  return kind == ListKind::WordsToIgnore ? "words-to-ignore" : "count-only words";
+namespace {
+
+std::string ExtraText(bool ignoring, size_t typed) {
+  if (typed == 1) return ignoring ? Tr("one extra word") : Tr("one extra entry");
+  return Fill(ignoring ? TrCount("%1 extra word", "%1 extra words", typed)
+                       : TrCount("%1 extra entry", "%1 extra entries", typed),
+              {std::to_string(typed)});
 }
 
-std::string_view NameOfOne(ListKind kind) {
-  return kind == ListKind::WordsToIgnore ? "word-to-ignore" : "count-only word";
-}
+}  // namespace
 
 std::string LoadedLabel(ListKind kind, size_t count) {
-  std::string label = count == 1 ? "One " : std::to_string(count) + " ";
-  label += count == 1 ? NameOfOne(kind) : NameOfMany(kind);
-  return label + " loaded";
+  const bool ignoring = kind == ListKind::WordsToIgnore;
+  if (count == 1) return ignoring ? Tr("One word-to-ignore loaded") : Tr("One count-only word loaded");
+  return Fill(ignoring ? TrCount("%1 word-to-ignore loaded", "%1 words-to-ignore loaded", count)
+                       : TrCount("%1 count-only word loaded", "%1 count-only words loaded", count),
+              {std::to_string(count)});
 }
 
 std::string FilesButtonCaption(ListKind kind, size_t files) {
-  std::string caption = kind == ListKind::WordsToIgnore ? "Words-to-ignore" : "Count-only words";
-  return caption + " files (" + std::to_string(files) + ")";
+  return Fill(
+      kind == ListKind::WordsToIgnore ? Tr("Words-to-ignore files (%1)") : Tr("Count-only words files (%1)"),
+      {std::to_string(files)});
 }
 
 std::string FilesListHint(ListKind kind) {
-  const bool ignoring = kind == ListKind::WordsToIgnore;
-  return "To specify (or add) a file containing " +
-         std::string(ignoring ? "words to ignore" : "count-only words") + ", click on the button labelled '" +
-         (ignoring ? "Words-to-ignore" : "Count-only words") + " files'.";
+  return kind == ListKind::WordsToIgnore
+             ? Tr("To specify (or add) a file containing words to ignore, click on the button labelled "
+                  "'Words-to-ignore files'.")
+             : Tr("To specify (or add) a file containing count-only words, click on the button labelled "
+                  "'Count-only words files'.");
 }
 
 std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed) {
   const bool ignoring = kind == ListKind::WordsToIgnore;
-  if (file.empty() && typed == 0) {
-    return ignoring ? "The list is empty: no word is ignored."
-                    : "The list is empty: every phrase is counted.";
+  if (file.empty() && typed == 0)
+    return ignoring ? Tr("The list is empty: no word is ignored.")
+                    : Tr("The list is empty: every phrase is counted.");
+  std::string held(file);
+  if (typed > 0) {
+    const std::string extra = ExtraText(ignoring, typed);
+    held = file.empty() ? extra : Fill(Tr("%1 and %2"), {file, extra});
   }
-  std::string label = "In the list: " + std::string(file);
-  if (typed == 0) return label;
-  if (!file.empty()) label += " and ";
-  label += typed == 1 ? "one extra " : std::to_string(typed) + " extra ";
-  return label + (ignoring ? typed == 1 ? "word" : "words" : typed == 1 ? "entry" : "entries");
+  return Fill(Tr("In the list: %1"), {held});
 }
 
 std::string_view SelectFileTitle(ListKind kind) {
-  return kind == ListKind::WordsToIgnore ? "Specify a file containing words to ignore"
-                                         : "Specify a file containing count-only words/phrases";
+  return kind == ListKind::WordsToIgnore ? Tr("Specify a file containing words to ignore")
+                                         : Tr("Specify a file containing count-only words/phrases");
 }
 
 std::string_view ReadingNotice(ListKind kind) {
-  return kind == ListKind::WordsToIgnore ? "Now reading words to ignore . . . "
-                                         : "Now reading count-only words . . . ";
+  return kind == ListKind::WordsToIgnore ? Tr("Now reading words to ignore . . . ")
+                                         : Tr("Now reading count-only words . . . ");
 }
 
 std::string_view SetWordsToIgnoreNotice(IgnoreRule mode, bool inForce) {
   if (mode == IgnoreRule::Allow) return {};
-  return inForce ? "This operation uses the words-to-ignore specifications in the 'Settings' window."
-                 : "No words-to-ignore are specified in the 'Settings' window.";
+  return inForce ? Tr("This operation uses the words-to-ignore specifications in the 'Settings' window.")
+                 : Tr("No words-to-ignore are specified in the 'Settings' window.");
 }
 
 }  // namespace korv

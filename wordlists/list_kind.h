@@ -4,17 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "base/translation.h"
 #include "engine/run_options.h"
 
 namespace korv {
 
 /// The two uses of word lists, and how captions and messages tell them apart.
 enum class ListKind { WordsToIgnore, CountOnly };
-
-/// "words-to-ignore", "count-only words"
-std::string_view NameOfMany(ListKind kind);
-/// "word-to-ignore", "count-only word"
-std::string_view NameOfOne(ListKind kind);
 
 /// What the state label says once a list is loaded: "One word-to-ignore loaded", "12 words-to-ignore loaded".
 std::string LoadedLabel(ListKind kind, size_t count);
@@ -25,9 +21,9 @@ std::string FilesListHint(ListKind kind);
 /// The label that says what a list consists of: the words of the file named `file` (empty for no file) and
 /// `typed` extra entries.
 std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed);
-/// Title and filter of the dialog that asks for a list file.
+/// Title and filter of the dialog that asks for a list file; the filter in English, given to Tr() there.
 std::string_view SelectFileTitle(ListKind kind);
-inline constexpr std::string_view kListFileFilter = "Any text file (*.*) | *.*";
+inline constexpr std::string_view kListFileFilter = TrLater("Any text file (*.*) | *.*");
 
 /// What stands in the text box while a list is read.
 std::string_view ReadingNotice(ListKind kind);

@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "base/translation.h"
 #include "engine/patterns/list_entry.h"
 #include "engine/text/unicode.h"
 #include "sources/detect/comment_markers.h"
@@ -30,8 +31,8 @@ class DistinctWords {
     if (word.empty() || !known_.insert(word).second) return;
     words_.push_back(std::move(word));
     if (reading_.ShowWordsRead && words_.size() % kWordsPerReport == 0)
-      reading_.ShowWordsRead("Number of words read so far: " +
-                             reading_.Check.Format.Grouped(static_cast<int64_t>(words_.size())));
+      reading_.ShowWordsRead(Fill(Tr("Number of words read so far: %1"),
+                                  {reading_.Check.Format.Grouped(static_cast<int64_t>(words_.size()))}));
   }
   std::vector<std::string> Take() { return std::move(words_); }
 
@@ -94,24 +95,28 @@ void ReadCountOnly(TextReader& reader, Yielder& yielder, DistinctWords& entries)
 /// An entry that holds what no word can hold will never be found: the user should know.
 void WarnOfCharacters(const WordList& list, const std::filesystem::path& path, ListKind kind,
                       const WordRules& rules, Messages& messages) {
+  const char* const pattern = kind == ListKind::WordsToIgnore
+                                  ? Tr("The character '%1' occurs in the word-to-ignore\n%2\n"
+                                       "but is not currently set as a character allowed in a word.")
+                                  : Tr("The character '%1' occurs in the count-only word\n%2\n"
+                                       "but is not currently set as a character allowed in a word.");
   for (const std::string& entry : list.Words) {
     const std::string character = CheckForNonAlphaNumeric(entry, rules);
     if (character.empty()) continue;
-    messages.Show({.Text = "The character '" + character + "' occurs in the " + std::string(NameOfOne(kind)) +
-                           "\n" + entry + "\nbut is not currently set as a character allowed in a word.",
-                   .Title = "Character not allowed",
+    messages.Show({.Text = Fill(pattern, {character, entry}),
+                   .Title = Tr("Character not allowed"),
                    .Icon = Icon::Exclamation,
-                   .Addition = "File: " + PathToText(path)});
+                   .Addition = Fill(Tr("File: %1"), {PathToText(path)})});
     return;
   }
 }
 
 void ReportReadError(Messages& messages, const std::filesystem::path& path, const std::string& description) {
-  messages.Show(
-      {.Text = "At ReadWords error #" + NumberWithBlank(kErrorDevice) + ".\nDescription: " + description,
-       .Title = "Error",
-       .Icon = Icon::Critical,
-       .Addition = "File: " + PathToText(path)});
+  messages.Show({.Text = Fill(Tr("At %1 error # %2.\nDescription: %3"),
+                              {"ReadWords", std::to_string(kErrorDevice), description}),
+                 .Title = Tr("Error"),
+                 .Icon = Icon::Critical,
+                 .Addition = Fill(Tr("File: %1"), {PathToText(path)})});
 }
 
 }  // namespace
@@ -147,10 +152,12 @@ bool ReadWords(ListReading& reading, const std::filesystem::path& path, ListKind
 bool AttemptToReadWords(ListReading& reading, const std::filesystem::path& path, ListKind kind,
                         const WordRules& rules, WordList& list, std::string& stateLabel) {
   if (!reading.Check.Files.FileExists(path)) {
-    reading.Check.Messages.Show({.Text = "File for " + std::string(NameOfMany(kind)) + " not found.",
-                                 .Title = "File not found",
+    reading.Check.Messages.Show({.Text = kind == ListKind::WordsToIgnore
+                                             ? Tr("File for words-to-ignore not found.")
+                                             : Tr("File for count-only words not found."),
+                                 .Title = Tr("File not found"),
                                  .Icon = Icon::Exclamation,
-                                 .Addition = "File: " + PathToText(path)});
+                                 .Addition = Fill(Tr("File: %1"), {PathToText(path)})});
     return false;
   }
   if (!ReadWords(reading, path, kind, rules, list)) return false;

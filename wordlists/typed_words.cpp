@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "base/translation.h"
 #include "engine/patterns/list_entry.h"
 #include "engine/text/clean_text.h"
 #include "engine/text/word_chars.h"
@@ -131,9 +132,13 @@ bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRul
   const std::string disallowed = FirstDisallowed(text, " ~?,^", rules);
   if (!disallowed.empty()) {
     Refuse(messages,
-           "The character '" + disallowed + "' occurs in some extra " + std::string(NameOfOne(kind)) +
-               "\nbut is not currently set as a character allowed in a word.",
-           "Character not allowed");
+           Fill(kind == ListKind::WordsToIgnore
+                    ? Tr("The character '%1' occurs in some extra word-to-ignore\n"
+                         "but is not currently set as a character allowed in a word.")
+                    : Tr("The character '%1' occurs in some extra count-only word\n"
+                         "but is not currently set as a character allowed in a word."),
+                {disallowed}),
+           Tr("Character not allowed"));
     return false;
   }
   const bool ignoring = kind == ListKind::WordsToIgnore;
@@ -142,16 +147,18 @@ bool CheckAllowedExtraChars(ListKind kind, std::string_view typed, const WordRul
   });
   if (comma != std::string_view::npos) {
     Refuse(messages,
-           ignoring ? "Words-to-ignore must be separated by a space, not by a comma."
-                    : "Count-only words and phrases must be separated by comma+space, not just by comma.",
+           ignoring ? Tr("Words-to-ignore must be separated by a space, not by a comma.")
+                    : Tr("Count-only words and phrases must be separated by comma+space, not just by comma."),
            "Korv");
     return false;
   }
   if (FindOutsideBrackets(text, [&](size_t at) { return text[at] == '^'; }) != std::string_view::npos) {
-    messages.Show({.Text = std::string("Perhaps some ") + (ignoring ? "Word-to-ignore" : "count-only word") +
-                           " is a regular expression\nwithout angle brackets.",
-                   .Title = "Korv",
-                   .Icon = Icon::Information});
+    messages.Show(
+        {.Text = ignoring ? Tr("Perhaps some Word-to-ignore is a regular expression\nwithout angle brackets.")
+                          : Tr("Perhaps some count-only word is a regular expression\n"
+                               "without angle brackets."),
+         .Title = "Korv",
+         .Icon = Icon::Information});
     return false;
   }
   return true;

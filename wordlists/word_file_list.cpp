@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
 #include "engine/text/unicode.h"
 #include "wordlists/questions.h"
 
@@ -17,9 +18,10 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 void SayAlreadyPresent(Messages& messages, std::string_view path) {
-  messages.Show({.Text = std::string(path) + "\nis already in this list. If the file has changed\n"
-                                             "select it from the drop-down list and reload it.",
-                 .Title = "Already present",
+  messages.Show({.Text = Fill(Tr("%1\nis already in this list. If the file has changed\n"
+                                 "select it from the drop-down list and reload it."),
+                              {path}),
+                 .Title = Tr("Already present"),
                  .Icon = Icon::Information});
 }
 
@@ -43,7 +45,7 @@ int WordFileList::Find(std::string_view path) const {
 bool WordFileList::MayGrow(Messages& messages) const {
   if (paths_.size() < kMostFiles) return true;
   messages.Show(
-      {.Text = "No more files may be added to this list.", .Title = "Korv", .Icon = Icon::Exclamation});
+      {.Text = Tr("No more files may be added to this list."), .Title = "Korv", .Icon = Icon::Exclamation});
   return false;
 }
 
@@ -84,12 +86,14 @@ void WordFileList::Clear() {
 }
 
 bool WordFileList::AskToClear(Messages& messages) {
-  const Answer answer = messages.Show({.Text = "Do you wish to remove ALL files from this list?",
-                                       .Title = "Clear " + std::string(NameOfMany(kind_)) + " files",
-                                       .Icon = Icon::Question,
-                                       .Buttons = Buttons::YesNo,
-                                       .DefaultAnswer = Answer::No,
-                                       .Question = questions::kClearWordFiles});
+  const Answer answer =
+      messages.Show({.Text = Tr("Do you wish to remove ALL files from this list?"),
+                     .Title = kind_ == ListKind::WordsToIgnore ? Tr("Clear words-to-ignore files")
+                                                               : Tr("Clear count-only words files"),
+                     .Icon = Icon::Question,
+                     .Buttons = Buttons::YesNo,
+                     .DefaultAnswer = Answer::No,
+                     .Question = questions::kClearWordFiles});
   if (answer != Answer::Yes) return false;
   Clear();
   return true;

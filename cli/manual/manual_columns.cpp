@@ -16,7 +16,7 @@ std::string WithColumns(std::string_view page, std::span<const Column* const> co
     told += ".TP\n.B ";
     told += column->Id;
     told += '\n';
-    told += column->Definition;
+    told += DefinitionText(*column);
     told += '\n';
   }
   return std::string(page.substr(0, mark)) + told + std::string(page.substr(mark + kColumnsMark.size()));

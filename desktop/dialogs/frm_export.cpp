@@ -85,7 +85,7 @@ void frmExport::MakeControls() {
   cmdExportFile = MakeButton("cmdExportFile", Tr("&Browse..."), this);
   cboExportForm = MakeCombo("cboExportForm", Tr("Form of the export"), this);
   for (const TableForm* form : forms_)
-    cboExportForm->addItem(ToQt(form->Title) + QStringLiteral(" (*.") + ToQt(form->Extension) + u')');
+    cboExportForm->addItem(ToQt(TitleText(*form)) + QStringLiteral(" (*.") + ToQt(form->Extension) + u')');
   optExportShown = MakeOption("optExportShown", Tr("&Rows and columns as the table shows them"), this);
   optExportAll = MakeOption("optExportAll", Tr("&Everything: all phrases, all columns"), this);
   optExportShown->setChecked(true);
@@ -155,7 +155,7 @@ void frmExport::cmdExportFile_Click() {
   const std::string pattern = "*." + std::string(form.Extension);
   const auto path = desktop_.Dialogs.ChooseFileToSave(
       {.Title = Tr("Export"),
-       .Filter = std::string(form.Title) + " (" + pattern + ") | " + pattern,
+       .Filter = std::string(TitleText(form)) + " (" + pattern + ") | " + pattern,
        .InitialPath = FromQt(txbExportFile->text()),
        .Extension = std::string(form.Extension)});
   if (path) txbExportFile->setText(ToQt(*path));

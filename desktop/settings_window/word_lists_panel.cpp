@@ -115,7 +115,7 @@ void WordListsPanel::cmdSelectWordsFile_Click() {
   Messages& messages = host_.Outside().Messages;
   if (!files.MayGrow(messages)) return;
   const auto path = host_.Outside().Dialogs.ChooseFileToOpen({.Title = std::string(SelectFileTitle(kind)),
-                                                              .Filter = std::string(kListFileFilter),
+                                                              .Filter = Tr(kListFileFilter.data()),
                                                               .InitialPath = files.SelectedPath()});
   if (!path) return;
   bool added = false;

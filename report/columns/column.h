@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/translation.h"
 #include "engine/analysis/phrase_analysis.h"
 #include "engine/corpus/document_counts.h"
 #include "engine/counting/phrase_table.h"
@@ -72,11 +73,11 @@ inline constexpr std::string_view kPercentUnit = "%";
 /// and exports show the same columns; a new one is a row in one of the files of this folder.
 struct Column {
   std::string_view Id;       ///< For machines: lower case letters, digits and "_". Never changes.
-  std::string_view Heading;  ///< For people.
+  std::string_view Heading;  ///< For people, in English; see HeadingText().
   ColumnType Type = ColumnType::Integer;
   std::string_view Unit = {};  ///< What one of it is: "words", "%". Empty for texts and places.
   Alignment Align = Alignment::Right;
-  std::string_view Definition;  ///< One sentence or two, with the formula.
+  std::string_view Definition;  ///< One sentence or two, with the formula, in English.
   /// The formula alone, with the letters of the definition. Empty where there is nothing to compute.
   std::string_view Formula = {};
 
@@ -107,5 +108,13 @@ struct Column {
   int Width = 0;             ///< In characters, heading apart; 0: as wide as the widest cell or the heading.
   bool SharesCell = false;   ///< Stands in the cell of the column before it, and Width is that of both.
 };
+
+// In the user's language, where people read them. The texts of a column are literals, marked with TrLater().
+inline const char* HeadingText(const Column& column) {
+  return Tr(column.Heading.data());
+}
+inline const char* DefinitionText(const Column& column) {
+  return Tr(column.Definition.data());
+}
 
 }  // namespace korv

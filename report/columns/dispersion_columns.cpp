@@ -1,5 +1,7 @@
 #include "report/columns/registry.h"
 
+#include "base/translation.h"
+
 // How evenly the occurrences of a phrase are spread over the text. Their values cost a look at each
 // occurrence.
 
@@ -16,75 +18,77 @@ Cell Dispersion(const ColumnSource& source, const ListedPhrase& phrase) {
 
 constexpr Column kDispersionColumns[] = {
     {.Id = "dispersion",
-     .Heading = "Dispersion",
+     .Heading = TrLater("Dispersion"),
      .Type = ColumnType::Real,
-     .Definition =
+     .Definition = TrLater(
          "D_P = 1 - DP / (1 - the least w_i of the parts with the phrase), DP = 0.5 * sum |t_i - w_i|, where "
          "w_i is the share of part i of all words and t_i its share of the phrase's occurrences: 1 for an "
          "even spread, 0 where all stand in one part (Egbert, Burch and Biber 2020). Parts are the files, or "
-         "equal parts of a single text. Few occurrences cannot reach 1.",
+         "equal parts of a single text. Few occurrences cannot reach 1."),
      .Formula = "1 - DP / (1 - min(w_i : t_i > 0)), DP = 0.5 * sum |t_i - w_i|",
      .Value = Dispersion<DispersionP>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "dp",
-     .Heading = "DP",
+     .Heading = TrLater("DP"),
      .Type = ColumnType::Real,
-     .Definition = "DP = 0.5 * sum |t_i - w_i|, where w_i is the share of part i of all words and t_i its "
-                   "share of the phrase's occurrences: 0 for an even spread (Gries 2008).",
+     .Definition =
+         TrLater("DP = 0.5 * sum |t_i - w_i|, where w_i is the share of part i of all words and t_i its "
+                 "share of the phrase's occurrences: 0 for an even spread (Gries 2008)."),
      .Formula = "0.5 * sum |t_i - w_i|",
      .Value = Dispersion<DeviationOfProportions>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "dp_norm",
-     .Heading = "DPnorm",
+     .Heading = TrLater("DPnorm"),
      .Type = ColumnType::Real,
-     .Definition = "DP / (1 - the least w_i), where w_i is the share of part i of all words: 0 for an even "
-                   "spread, 1 where all stand in the smallest part (Lijffijt and Gries 2012).",
+     .Definition =
+         TrLater("DP / (1 - the least w_i), where w_i is the share of part i of all words: 0 for an even "
+                 "spread, 1 where all stand in the smallest part (Lijffijt and Gries 2012)."),
      .Formula = "DP / (1 - min w_i)",
      .Value = Dispersion<NormalisedDeviation>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "juilland_d",
-     .Heading = "Juilland's D",
+     .Heading = TrLater("Juilland's D"),
      .Type = ColumnType::Real,
      .Definition =
-         "D = 1 - V / sqrt(k - 1), where V is the standard deviation of the phrase's rates per word "
-         "in the k parts divided by their mean; not below 0. 1 for an even spread, 0 where all "
-         "stand in one part (Juilland and Chang-Rodriguez 1964).",
+         TrLater("D = 1 - V / sqrt(k - 1), where V is the standard deviation of the phrase's rates per word "
+                 "in the k parts divided by their mean; not below 0. 1 for an even spread, 0 where all "
+                 "stand in one part (Juilland and Chang-Rodriguez 1964)."),
      .Formula = "max(0, 1 - (sd(R) / mean(R)) / sqrt(k - 1))",
      .Value = Dispersion<JuillandD>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "d_a",
-     .Heading = "D_A",
+     .Heading = TrLater("D_A"),
      .Type = ColumnType::Real,
      .Definition =
-         "D_A = 2 * (sum of i * r_i - 1) / (k - 1), where r_i are the phrase's rates per word in the "
-         "k parts, each divided by the sum of all, in descending order: 1 for an even spread, 0 "
-         "where all stand in one part (Burch, Egbert and Biber 2017).",
+         TrLater("D_A = 2 * (sum of i * r_i - 1) / (k - 1), where r_i are the phrase's rates per word in the "
+                 "k parts, each divided by the sum of all, in descending order: 1 for an even spread, 0 "
+                 "where all stand in one part (Burch, Egbert and Biber 2017)."),
      .Formula = "2 * (sum i * r_(i) - 1) / (k - 1)",
      .Value = Dispersion<DispersionA>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "d_kl",
-     .Heading = "D_KL",
+     .Heading = TrLater("D_KL"),
      .Type = ColumnType::Real,
      .Definition =
-         "D_KL = K / (1 + K), K = sum of t_i * log2(t_i / w_i), where w_i is the share of part i of "
-         "all words and t_i its share of the phrase's occurrences: 0 for an even spread (Gries "
-         "2024).",
+         TrLater("D_KL = K / (1 + K), K = sum of t_i * log2(t_i / w_i), where w_i is the share of part i of "
+                 "all words and t_i its share of the phrase's occurrences: 0 for an even spread (Gries "
+                 "2024)."),
      .Formula = "K / (1 + K), K = sum t_i * log2(t_i / w_i)",
      .Value = Dispersion<KullbackLeiblerD>,
      .Needs = {.Parts = true},
      .Decimals = 2},
     {.Id = "range",
-     .Heading = "Range",
+     .Heading = TrLater("Range"),
      .Type = ColumnType::Integer,
      .Unit = "parts",
      .Definition =
-         "The number of parts of the text in which the phrase occurs. Parts are the files, or equal "
-         "parts of a single text.",
+         TrLater("The number of parts of the text in which the phrase occurs. Parts are the files, or equal "
+                 "parts of a single text."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.Analysis == nullptr) return {};
        const auto range = source.Analysis->Range(phrase.Entry);
@@ -92,13 +96,13 @@ constexpr Column kDispersionColumns[] = {
      },
      .Needs = {.Parts = true}},
     {.Id = "arf",
-     .Heading = "ARF",
+     .Heading = TrLater("ARF"),
      .Type = ColumnType::Real,
      .Unit = "occurrences",
-     .Definition =
+     .Definition = TrLater(
          "Average reduced frequency: (1 / v) * the sum of min(d, v) over the distances d in words from each "
          "occurrence to the next, the last one to the first round the end of the text; v = n / f, n the "
-         "number of words taken. f for an even spread, near 1 for a heap (Savicky and Hlavacova 2002).",
+         "number of words taken. f for an even spread, near 1 for a heap (Savicky and Hlavacova 2002)."),
      .Formula = "(1 / v) * sum min(d_j, v), v = n / f",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.Analysis == nullptr) return {};

@@ -1,3 +1,4 @@
+#include "base/translation.h"
 #include "engine/corpus/corpus.h"
 #include "report/columns/registry.h"
 
@@ -9,22 +10,23 @@ namespace {
 
 constexpr Column kFileColumns[] = {
     {.Id = "files",
-     .Heading = "Files",
+     .Heading = TrLater("Files"),
      .Type = ColumnType::Integer,
      .Unit = "files",
-     .Definition = "The number of files in which the phrase occurs at least once.",
+     .Definition = TrLater("The number of files in which the phrase occurs at least once."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.Facts.Counts) return {};
        return int64_t{phrase.FileCount};
      },
      .NeedsFileCount = true},
     {.Id = "files_percent",
-     .Heading = "Files %",
+     .Heading = TrLater("Files %"),
      .Type = ColumnType::Real,
      .Unit = kPercentUnit,
-     .Definition = "100 * the number of files in which the phrase occurs / the number of files with at least "
-                   "one word that went into phrases.",
-     .Formula = "100 * files / files with words",
+     .Definition =
+         TrLater("100 * the number of files in which the phrase occurs / the number of files with at least "
+                 "one word that went into phrases."),
+     .Formula = TrLater("100 * files / files with words"),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.FilesWithWords == 0) return {};
        return 100.0 * phrase.FileCount / static_cast<double>(source.FilesWithWords);
@@ -32,11 +34,12 @@ constexpr Column kFileColumns[] = {
      .NeedsFileCount = true,
      .Decimals = 2},
     {.Id = "first_file",
-     .Heading = "First file",
+     .Heading = TrLater("First file"),
      .Type = ColumnType::Text,
      .Align = Alignment::Left,
-     .Definition = "The path of the file with the earliest occurrence, files in the order in which they were "
-                   "read; \"-\" for a text that came from no file.",
+     .Definition =
+         TrLater("The path of the file with the earliest occurrence, files in the order in which they were "
+                 "read; \"-\" for a text that came from no file."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.SourcePaths.empty()) return {};
        const std::string& path =
@@ -49,11 +52,11 @@ constexpr Column kFileColumns[] = {
      },
      .NeedsSourcePaths = true},
     {.Id = "first_line",
-     .Heading = "First line",
+     .Heading = TrLater("First line"),
      .Type = ColumnType::Integer,
      .Definition =
-         "The number of the line of the earliest occurrence in its file, the first line being 1; in "
-         "a document, in the text that was extracted from it.",
+         TrLater("The number of the line of the earliest occurrence in its file, the first line being 1; in "
+                 "a document, in the text that was extracted from it."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        const uint32_t line = source.Table.Corpus().Lines.LineNumber(source.Table.First(phrase.Entry));
        return line == 0 ? Cell() : Cell(int64_t{line});

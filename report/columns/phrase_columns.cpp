@@ -1,5 +1,7 @@
 #include "report/columns/registry.h"
 
+#include "base/translation.h"
+
 // What a phrase is: its place in the list, its text and its size.
 
 namespace korv {
@@ -8,37 +10,38 @@ namespace {
 
 constexpr Column kPhraseColumns[] = {
     {.Id = "rank",
-     .Heading = "Rank",
+     .Heading = TrLater("Rank"),
      .Type = ColumnType::Integer,
-     .Definition = "The place of the phrase when all listed phrases are ordered by frequency, whatever the "
-                   "order of the list and its filter: 1 for the most frequent one; phrases of the same "
-                   "frequency stand in alphabetical order.",
+     .Definition =
+         TrLater("The place of the phrase when all listed phrases are ordered by frequency, whatever the "
+                 "order of the list and its filter: 1 for the most frequent one; phrases of the same "
+                 "frequency stand in alphabetical order."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return int64_t{ValueOf(source.FrequencyRanks.empty() ? source.Table.ChainPosition(phrase.Entry)
                                                             : source.FrequencyRanks[ValueOf(phrase.Entry)])};
      },
      .NeedsFrequencyRanks = true},
     {.Id = "phrase",
-     .Heading = "Phrase",
+     .Heading = TrLater("Phrase"),
      .Type = ColumnType::Text,
      .Align = Alignment::Left,
-     .Definition = "The words of the phrase as they were counted, with single blanks between them.",
+     .Definition = TrLater("The words of the phrase as they were counted, with single blanks between them."),
      .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell { return phrase.Text(); },
      // Entries are in alphabetical order.
      .OrderKey = [](const ColumnSource&, PhraseIndex entry) -> double { return ValueOf(entry); }},
     {.Id = "words",
-     .Heading = "Words",
+     .Heading = TrLater("Words"),
      .Type = ColumnType::Integer,
      .Unit = "words",
-     .Definition = "The number of words of the phrase.",
+     .Definition = TrLater("The number of words of the phrase."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return int64_t{source.Table.Words(phrase.Entry)};
      }},
     {.Id = "characters",
-     .Heading = "Characters",
+     .Heading = TrLater("Characters"),
      .Type = ColumnType::Integer,
      .Unit = "characters",
-     .Definition = "The number of characters of the phrase, with the blanks between its words.",
+     .Definition = TrLater("The number of characters of the phrase, with the blanks between its words."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return int64_t{source.Table.Characters(phrase.Entry)};
      }},

@@ -1,5 +1,7 @@
 #include "report/columns/registry.h"
 
+#include "base/translation.h"
+
 // Columns that only the thirteen formats of the report have. Their numbers of files stop at
 // DocumentCounts::kMostFiles. Their percentages have other denominators than those of the columns for tables.
 
@@ -14,21 +16,22 @@ double Percentage(uint64_t count, uint64_t whole) {
 
 constexpr Column kReportColumns[] = {
     {.Id = "report_rank",
-     .Heading = "Rank",
+     .Heading = TrLater("Rank"),
      .Type = ColumnType::Integer,
      .Definition =
-         "The place of the phrase in the order that the ranks of the report go by: by frequency, or "
-         "by number of files where the report is sorted so.",
+         TrLater("The place of the phrase in the order that the ranks of the report go by: by frequency, or "
+                 "by number of files where the report is sorted so."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return int64_t{ValueOf(source.Table.ChainPosition(phrase.Entry))};
      },
      .Greatest = [](const ColumnSource& source) -> Cell { return int64_t{source.Extent.Phrases}; }},
     {.Id = "relative_frequency",
-     .Heading = "Rel freq",
+     .Heading = TrLater("Rel freq"),
      .Type = ColumnType::Real,
      .Unit = kPercentUnit,
-     .Definition = "100 * f / T, where T is the number of occurrences of all phrases that were counted, "
-                   "listed or not.",
+     .Definition =
+         TrLater("100 * f / T, where T is the number of occurrences of all phrases that were counted, "
+                 "listed or not."),
      .Formula = "100 * f / T",
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        return Percentage(source.Table.Count(phrase.Entry), source.Table.Occurrences());
@@ -38,20 +41,21 @@ constexpr Column kReportColumns[] = {
      },
      .Decimals = 2},
     {.Id = "report_files",
-     .Heading = " Files",
+     .Heading = TrLater(" Files"),
      .Type = ColumnType::Integer,
      .Unit = "files",
-     .Definition = "The number of files in which the phrase occurs, at most 10,000.",
+     .Definition = TrLater("The number of files in which the phrase occurs, at most 10,000."),
      .Value = [](const ColumnSource&, const ListedPhrase& phrase) -> Cell {
        return static_cast<int64_t>(phrase.Files.size());
      },
      .NeedsFiles = true,
      .Width = 5},
     {.Id = "file_frequency",
-     .Heading = "File freq",
+     .Heading = TrLater("File freq"),
      .Type = ColumnType::Real,
-     .Definition = "The number of files in which the phrase occurs (at most 10,000) / the number of files "
-                   "scanned.",
+     .Definition =
+         TrLater("The number of files in which the phrase occurs (at most 10,000) / the number of files "
+                 "scanned."),
      .Value = [](const ColumnSource& source, const ListedPhrase& phrase) -> Cell {
        if (source.Facts.FilesScanned == 0) return 0.0;
        // Single precision is part of the number's definition: it decides the third decimal of a tie.
@@ -63,10 +67,10 @@ constexpr Column kReportColumns[] = {
      .Width = 14,
      .SharesCell = true},
     {.Id = "file_share",
-     .Heading = "Share",
+     .Heading = TrLater("Share"),
      .Type = ColumnType::Real,
      .Unit = kPercentUnit,
-     .Definition = "100 * the occurrences of the phrase in the file / f.",
+     .Definition = TrLater("100 * the occurrences of the phrase in the file / f."),
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase& phrase,
                        const DocumentCounts::Item& file) -> Cell {
        return Percentage(file.Count, source.Table.Count(phrase.Entry));
@@ -75,22 +79,22 @@ constexpr Column kReportColumns[] = {
      .Decimals = 2,
      .Width = 7},
     {.Id = "file_relative_frequency",
-     .Heading = "Rel freq",
+     .Heading = TrLater("Rel freq"),
      .Type = ColumnType::Real,
      .Unit = kPercentUnit,
      .Definition =
-         "100 * the occurrences of the phrase in the file / T, where T is the number of occurrences "
-         "of all phrases that were counted, listed or not.",
+         TrLater("100 * the occurrences of the phrase in the file / T, where T is the number of occurrences "
+                 "of all phrases that were counted, listed or not."),
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase&, const DocumentCounts::Item& file)
          -> Cell { return Percentage(file.Count, source.Table.Occurrences()); },
      .NeedsFiles = true,
      .Decimals = 2,
      .Width = 7},
     {.Id = "file_path",
-     .Heading = "Files",
+     .Heading = TrLater("Files"),
      .Type = ColumnType::Text,
      .Align = Alignment::Left,
-     .Definition = "The path of each file in which the phrase occurs, of the first 10,000.",
+     .Definition = TrLater("The path of each file in which the phrase occurs, of the first 10,000."),
      .ValueInFile = [](const ColumnSource& source, const ListedPhrase&,
                        const DocumentCounts::Item& file) -> Cell {
        const size_t index = size_t{ValueOf(file.Document)} - 1;

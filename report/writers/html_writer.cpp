@@ -1,5 +1,8 @@
 #include "report/writers/html_writer.h"
 
+#include <algorithm>
+
+#include "base/translation.h"
 #include "report/writers/html_text.h"
 #include "report/writers/table_facts.h"
 
@@ -8,11 +11,11 @@ namespace korv {
 namespace {
 
 constexpr std::string_view kHead = R"(<!DOCTYPE html>
-<html lang="en" dir="ltr">
+<html lang="%1" dir="ltr">
 <head>
 <meta charset="utf-8">
 <meta name="viewport" content="width=device-width">
-<title>Phrases</title>
+<title>%2</title>
 <style>
 :root { color-scheme: light dark; }
 body { font: 1rem/1.4 system-ui, sans-serif; margin: 2rem auto; max-width: 70rem; padding: 0 1rem; }
@@ -25,8 +28,21 @@ dt { font-weight: 600; }
 </style>
 </head>
 <body>
-<h1>Phrases</h1>
+<h1>%2</h1>
 )";
+
+std::string Html(std::string_view text) {
+  std::string html;
+  AppendHtml(text, html);
+  return html;
+}
+
+/// The language of the texts as HTML names it: "pt-BR".
+std::string LanguageTag() {
+  std::string tag = TranslationLanguage();
+  std::ranges::replace(tag, '_', '-');
+  return tag.empty() ? "en" : tag;
+}
 
 bool IsNumber(const Column& column) {
   return column.Type != ColumnType::Text;
@@ -36,8 +52,8 @@ bool IsNumber(const Column& column) {
 
 void HtmlWriter::Begin(std::span<const Column* const> columns, const ColumnSource& source) {
   columns_.assign(columns.begin(), columns.end());
-  html_ = kHead;
-  html_ += "<details>\n<summary>How this list came about</summary>\n<dl>\n";
+  html_ = Fill(kHead, {Html(LanguageTag()), Html(Tr("Phrases"))});
+  html_ += "<details>\n<summary>" + Html(Tr("How this list came about")) + "</summary>\n<dl>\n";
   for (const TableFact& fact : FactsOf(source, about_)) {
     html_ += "<dt>";
     AppendHtml(fact.Name, html_);
@@ -48,9 +64,9 @@ void HtmlWriter::Begin(std::span<const Column* const> columns, const ColumnSourc
   html_ += "</dl>\n</details>\n<table>\n<thead>\n<tr>";
   for (const Column* column : columns_) {
     html_ += IsNumber(*column) ? "<th scope=\"col\" class=\"n\" title=\"" : "<th scope=\"col\" title=\"";
-    AppendHtml(column->Definition, html_);
+    AppendHtml(DefinitionText(*column), html_);
     html_ += "\">";
-    AppendHtml(column->Heading, html_);
+    AppendHtml(HeadingText(*column), html_);
     html_ += "</th>";
   }
   html_ += "</tr>\n</thead>\n<tbody>\n";
@@ -84,12 +100,12 @@ bool HtmlWriter::End(bool stopped) {
     AppendHtml(note, html_);
     html_ += "</p>\n";
   }
-  html_ += "<h2>Columns</h2>\n<dl>\n";
+  html_ += "<h2>" + Html(Tr("Columns")) + "</h2>\n<dl>\n";
   for (const Column* column : columns_) {
     html_ += "<dt>";
-    AppendHtml(column->Heading, html_);
+    AppendHtml(HeadingText(*column), html_);
     html_ += "</dt><dd>";
-    AppendHtml(column->Definition, html_);
+    AppendHtml(DefinitionText(*column), html_);
     html_ += "</dd>\n";
   }
   html_ += "</dl>\n</body>\n</html>\n";

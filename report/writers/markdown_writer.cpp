@@ -22,7 +22,7 @@ void MarkdownWriter::Begin(std::span<const Column* const> columns, const ColumnS
   line_ = "|";
   for (const Column* column : columns) {
     line_ += ' ';
-    AppendEscaped(column->Heading, line_);
+    AppendEscaped(HeadingText(*column), line_);
     line_ += " |";
     rule += column->Type == ColumnType::Text ? " --- |" : " ---: |";
   }

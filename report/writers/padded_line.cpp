@@ -13,11 +13,12 @@ constexpr std::string_view kSharedGap = "    ";
 constexpr std::string_view kSharedHeadingGap = "   ";
 
 void AppendHeading(const TextColumn& column, bool first, bool last, std::string& line) {
-  const std::string_view heading = column.Of.Heading;
+  const std::string_view heading = HeadingText(column.Of);
   if (!first) line += column.Of.SharesCell ? kSharedHeadingGap : kGap;
   // A width that two columns share says nothing about a heading.
   const int width = column.Of.SharesCell ? 0 : column.Width;
-  const std::string blanks(static_cast<size_t>(std::max(width - static_cast<int>(heading.size()), 0)), ' ');
+  const int missing = width - static_cast<int>(CharacterCount(heading));
+  const std::string blanks(static_cast<size_t>(std::max(missing, 0)), ' ');
   if (column.Of.Align == Alignment::Right) line += blanks;
   line += heading;
   if (column.Of.Align == Alignment::Left && !last) line += blanks;

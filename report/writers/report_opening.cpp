@@ -1,6 +1,7 @@
 #include "report/writers/report_opening.h"
 
 #include "base/line_ends.h"
+#include "base/translation.h"
 #include "report/filter.h"
 #include "report/folder_paths.h"
 #include "report/formats.h"
@@ -11,11 +12,11 @@ namespace korv {
 namespace {
 
 std::string FileLine(const std::string& path) {
-  return "File: " + ShownPath(path) + "\n";
+  return Fill(Tr("File: %1"), {ShownPath(path)}) + "\n";
 }
 
 std::string FolderLine(const std::string& path, bool subfolders) {
-  return "Folder: " + ShownPath(path) + (subfolders ? " plus any subfolders" : "") + "\n";
+  return Fill(subfolders ? Tr("Folder: %1 plus any subfolders") : Tr("Folder: %1"), {ShownPath(path)}) + "\n";
 }
 
 std::string HeaderText(const RunSummary& facts) {

@@ -22,7 +22,7 @@ class Tabs {
 void AppendHeadings(const std::vector<TextColumn>& columns, Tabs& tabs, std::string& line) {
   for (const TextColumn& column : columns) {
     if (tabs.Before()) line += '\t';
-    line += column.Of.Heading;
+    line += HeadingText(column.Of);
     if (tabs.Behind(column.Of)) line += '\t';
   }
 }

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "base/translation.h"
 #include "report/report_sink.h"
 #include "report/writers/list_writer.h"
 #include "report/writers/table_description.h"
@@ -25,7 +26,7 @@ struct TableForm {
   /// Of file names, without the dot; a second one may be empty.
   std::string_view Extension;
   std::string_view OtherExtension = {};
-  std::string_view Title = {};  ///< For people: "Comma-separated values".
+  std::string_view Title = {};  ///< For people, in English: "Comma-separated values".
   /// Null where this program was built without the library that the form takes. `files` is for what is
   /// temporary; only binary forms need it.
   std::unique_ptr<ListWriter> (*Make)(ReportSink& sink, const TableDescription& about,
@@ -38,6 +39,11 @@ struct TableForm {
   bool Tabular = false;
   TableDialect (*Dialect)(const TableDescription& about) = nullptr;  ///< Null where it needs no telling.
 };
+
+/// Its title in the user's language.
+inline const char* TitleText(const TableForm& form) {
+  return Tr(form.Title.data());
+}
 
 /// All of them, also those that this program was built without. A new one is a file of this folder with a row
 /// in table_forms.cpp.

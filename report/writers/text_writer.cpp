@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/translation.h"
+#include "engine/text/unicode.h"
 #include "report/filter.h"
 #include "report/writers/report_opening.h"
 
@@ -21,7 +23,7 @@ int WidthOf(const Column& column, const ColumnSource& source, CellText& text) {
     text.Of(column.Greatest(source));
     widest = text.Width();
   }
-  return std::max(widest, static_cast<int>(column.Heading.size()));
+  return std::max(widest, static_cast<int>(CharacterCount(HeadingText(column))));
 }
 
 }  // namespace
@@ -50,7 +52,7 @@ void TextWriter::AppendHeading(const ListExtent& extent) {
   std::string heading = line_->Headings(columns_);
   if (format_.TellsLongest) {
     heading.resize(heading.find_last_not_of(" \t") + 1);
-    heading += " [longest has" + NumberWithBlank(extent.LongestCharacters) + " characters]";
+    heading += " " + Fill(Tr("[longest has %1 characters]"), {std::to_string(extent.LongestCharacters)});
   }
   pieces_.Append(heading);
   pieces_.Append(form_.LineEnd);

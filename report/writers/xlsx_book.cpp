@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/translation.h"
 #include "platform/zip.h"
 
 namespace korv {
@@ -43,7 +44,8 @@ class PlainNumbers {
 constexpr std::string_view kSheetEnd = "</worksheet>";
 
 FileError Incomplete() {
-  return {FileFault::NoSpace, "The workbook could not be written whole. Is there room for temporary files?"};
+  return {FileFault::NoSpace,
+          Tr("The workbook could not be written whole. Is there room for temporary files?")};
 }
 
 /// What the library says; the system's word where it has one.

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/translation.h"
+#include "engine/text/unicode.h"
+
 namespace korv {
 
 namespace {
@@ -14,7 +17,7 @@ double WidthOf(const Column& column) {
   constexpr double kNumber = 10;
   constexpr double kArrow = 4;
   if (column.Type == ColumnType::Text) return column.Id == "phrase" ? kPhrase : kText;
-  return std::max(kNumber, static_cast<double>(column.Heading.size()) + kArrow);
+  return std::max(kNumber, static_cast<double>(CharacterCount(HeadingText(column))) + kArrow);
 }
 
 }  // namespace
@@ -28,7 +31,7 @@ void XlsxWriter::Begin(std::span<const Column* const> columns, const ColumnSourc
   columns_.assign(columns.begin(), columns.end());
   facts_ = FactsOf(source, about_);
   if (!book_) return;
-  book_->Describe("Phrases", about_.Created);
+  book_->Describe(Tr("Phrases"), about_.Created);
   BeginSheet();
 }
 
@@ -58,11 +61,12 @@ std::optional<FileError> XlsxWriter::Fault() const {
 
 void XlsxWriter::BeginSheet() {
   ++sheets_;
+  // Formulas and programs name sheets.
   book_->AddSheet(sheets_ == 1 ? "Phrases" : "Phrases " + std::to_string(sheets_));
   for (size_t k = 0; k < columns_.size(); ++k) {
     const int column = static_cast<int>(k);
     book_->SetWidth(column, WidthOf(*columns_[k]));
-    book_->PutText(0, column, std::string(columns_[k]->Heading), XlsxBook::Weight::Bold);
+    book_->PutText(0, column, HeadingText(*columns_[k]), XlsxBook::Weight::Bold);
   }
   row_ = 1;
 }
@@ -94,12 +98,14 @@ void XlsxWriter::WriteAbout() {
   for (int k = 0; k < static_cast<int>(std::size(kWidths)); ++k) book_->SetWidth(k, kWidths[k]);
   for (const TableFact& fact : facts_) Tell(fact.Name, fact.Value);
   ++row_;
-  constexpr const char* kHeadings[] = {"Column", "Name", "Meaning", "Formula"};
+  constexpr const char* kHeadings[] = {TrLater("Column"), TrLater("Name"), TrLater("Meaning"),
+                                       TrLater("Formula")};
   for (int k = 0; k < static_cast<int>(std::size(kHeadings)); ++k)
-    book_->PutText(row_, k, kHeadings[k], XlsxBook::Weight::Bold);
+    book_->PutText(row_, k, Tr(kHeadings[k]), XlsxBook::Weight::Bold);
   for (const Column* column : columns_) {
     ++row_;
-    const std::string_view texts[] = {column->Heading, column->Id, column->Definition, column->Formula};
+    const std::string_view texts[] = {HeadingText(*column), column->Id, DefinitionText(*column),
+                                      column->Formula.empty() ? "" : Tr(column->Formula.data())};
     for (int k = 0; k < static_cast<int>(std::size(texts)); ++k)
       book_->PutText(row_, k, SheetText(texts[k], limits_.Characters));
   }

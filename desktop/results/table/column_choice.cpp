@@ -103,8 +103,8 @@ void ColumnChoice::FillMenu(QMenu& menu) {
   for (int section = 0; section < model_.columnCount(); ++section) {
     const Column& column = *model_.Columns()[static_cast<size_t>(section)];
     const QString id = IdOf(model_, section);
-    QAction* const action =
-        menu.addAction(ToQt(column.Heading), this, [this, section](bool shown) { Choose(section, shown); });
+    QAction* const action = menu.addAction(ToQt(HeadingText(column)), this,
+                                           [this, section](bool shown) { Choose(section, shown); });
     action->setObjectName(QStringLiteral("mnuColumn_") + id);
     action->setCheckable(true);
     action->setChecked(chosen_.contains(id));
@@ -168,7 +168,8 @@ int ColumnChoice::UsualWidth(int section) const {
   const Column& column = *model_.Columns()[static_cast<size_t>(section)];
   const QFontMetrics metrics(header_.font());
   // The arrow of the order has its place beside the heading.
-  const int heading = metrics.horizontalAdvance(ToQt(column.Heading)) + 2 * metrics.averageCharWidth() + 14;
+  const int heading =
+      metrics.horizontalAdvance(ToQt(HeadingText(column))) + 2 * metrics.averageCharWidth() + 14;
   const QString usual = column.Id == "phrase"             ? QString(24, u'n')
                         : column.Type == ColumnType::Text ? QString(14, u'n')
                                                           : QStringLiteral("1,234,567");

@@ -65,7 +65,7 @@ CopiedRows CopyRows(const TableSource& source, const CopyRequest& request, const
   RowsWriter writer(copied);
   if (request.Heading) {
     writer.BeginRow();
-    for (const Column* column : request.Columns) writer.Add(ToQt(column->Heading), "th", false);
+    for (const Column* column : request.Columns) writer.Add(ToQt(HeadingText(*column)), "th", false);
     writer.EndRow();
   }
   std::string text;

@@ -46,7 +46,7 @@ LimitsBar::Row LimitsBar::MakeRow(const Column& column) {
   const Wiring wiring(*this, desktop_.Messages);
   auto* box = new QWidget(this);
   auto* layout = Bare(new QHBoxLayout(box));
-  const QString heading = ToQt(column.Heading);
+  const QString heading = ToQt(HeadingText(column));
   const auto field = [&](const char* name, const char* which, const char* hint) {
     const QString id = ToQt(column.Id);
     auto* line = MakeTextBox("", "", box);

@@ -90,12 +90,12 @@ QVariant PhraseTableModel::headerData(int section, Qt::Orientation orientation, 
   const Column& column = *columns_[static_cast<size_t>(section)];
   switch (role) {
     case Qt::DisplayRole:
-      return ToQt(column.Heading);
+      return ToQt(HeadingText(column));
     case Qt::AccessibleDescriptionRole:
-      return ToQt(column.Definition);
+      return ToQt(DefinitionText(column));
     case Qt::ToolTipRole:
       return source_ ? TipOfColumn(column, source_->Run().Facts, source_->Parts(), desktop_.Numbers)
-                     : ToQt(column.Definition);
+                     : ToQt(DefinitionText(column));
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));

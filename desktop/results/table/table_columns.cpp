@@ -48,9 +48,9 @@ bool IsComputed(const Column& column) {
 QString TipOfColumn(const Column& column, const RunSummary& facts, PartChoice parts,
                     const NumberFormat& numbers) {
   const auto grouped = [&](uint64_t number) { return ToQt(numbers.Grouped(static_cast<int64_t>(number))); };
-  const QString title = ToQt(column.Heading).toHtmlEscaped();
+  const QString title = ToQt(HeadingText(column)).toHtmlEscaped();
   QString tip =
-      QStringLiteral("<p><b>%1</b></p><p>%2</p>").arg(title, ToQt(column.Definition).toHtmlEscaped());
+      QStringLiteral("<p><b>%1</b></p><p>%2</p>").arg(title, ToQt(DefinitionText(column)).toHtmlEscaped());
   if (column.Type != ColumnType::Text) {
     tip += Paragraph(QString(Tr("In this run N = %1 running words, n = %2 words taken."))
                          .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken)));

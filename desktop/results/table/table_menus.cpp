@@ -19,7 +19,7 @@ void FillOrderMenu(QMenu& menu, QHeaderView& header, const PhraseTableModel& mod
   auto* group = new QActionGroup(&menu);
   for (const int section : columns.Shown()) {
     const Column& column = *model.Columns()[static_cast<size_t>(section)];
-    QAction* const action = menu.addAction(ToQt(column.Heading), [&header, &model, section] {
+    QAction* const action = menu.addAction(ToQt(HeadingText(column)), [&header, &model, section] {
       const QVariant usual = model.headerData(section, Qt::Horizontal, Qt::InitialSortOrderRole);
       header.setSortIndicator(section, static_cast<Qt::SortOrder>(usual.toInt()));
     });
