@@ -16,7 +16,7 @@ namespace {
 
 const Column* ParseColumn(const std::string& name, const std::string& option) {
   std::vector<std::string_view> known;
-  for (const Column* column : TableColumns()) {
+  for (const Column* column : TableColumns(TableOf::TwoSides)) {
     if (column->Id == name) return column;
     known.push_back(column->Id);
   }

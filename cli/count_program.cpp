@@ -13,6 +13,7 @@
 #include "base/translation.h"
 #include "cli/about_file.h"
 #include "cli/answers.h"
+#include "cli/comparison.h"
 #include "cli/context_table.h"
 #include "cli/count_view.h"
 #include "cli/named_sources.h"
@@ -27,6 +28,7 @@
 #include "report/describe_table.h"
 #include "report/error_text.h"
 #include "report/formats.h"
+#include "report/key_phrases.h"
 #include "report/list_words.h"
 #include "report/output_file.h"
 #include "report/report_rules.h"
@@ -82,6 +84,7 @@ class CountProgram {
     SettingsFiles files(options_, env_, messages_);
     if (!files.Load(settings_)) return kExitRefused;
     ApplyOptions(options_, settings_);
+    SetKeyFrequency();
     if (const int status = PlaceSource(); status != kExitReport) return status;
     if (!AddWordsFile()) return kExitRefused;
     const int format = settings_.Report.DisplayFormat;
@@ -99,6 +102,7 @@ class CountProgram {
   int PlaceSource() {
     auto named = NamedSourcesOf(options_, env_, messages_);
     if (!named) return named.Error();
+    compared_ = std::move(named->Compared);
     if (named->Together) {
       if (!options_.SaveSettingsFile.empty())
         return WrongUsage(Tr("--save-settings holds one file or folder, not several"));
@@ -108,15 +112,41 @@ class CountProgram {
     } else if (!named->Paths.empty()) {
       PlacePath(named->Paths.front().Path);
     }
+    if (!compared_.empty()) PlaceSideA();
     return options_.ListFiles && ReadsStandardInput() ? WrongUsage(Tr("standard input has no files to list"))
                                                       : kExitReport;
   }
 
   bool ReadsStandardInput() const {
-    return settings_.SourceKind == TextSource::Clipboard ||
-           std::any_of(together_.begin(), together_.end(), [](const SourcePath& source) {
-             return source.What == SourcePath::Kind::StandardInput;
-           });
+    const auto isRead = [](const SourcePath& source) {
+      return source.What == SourcePath::Kind::StandardInput;
+    };
+    return settings_.SourceKind == TextSource::Clipboard || std::ranges::any_of(together_, isRead) ||
+           std::ranges::any_of(compared_, isRead);
+  }
+
+  /// Phrases that are compared occur somewhat oftener, unless the user says how often.
+  void SetKeyFrequency() {
+    const bool given = (options_.Given.Which & SetOf(RowOf("MinFrequency"))).any();
+    if (!options_.Comparison.Paths.empty() && !options_.Comparison.Drafts && !given)
+      settings_.MinFrequency = kKeyFrequency;
+  }
+
+  /// A single source becomes a list of one, which is what a comparison reads.
+  void PlaceSideA() {
+    switch (settings_.SourceKind) {
+      case TextSource::Clipboard:
+        together_ = {{"-", SourcePath::Kind::StandardInput}};
+        break;
+      case TextSource::SingleFile:
+        together_ = {{TrimmedPath(settings_.InputFile), SourcePath::Kind::File}};
+        break;
+      case TextSource::Folder:
+        if (together_.empty()) together_ = {{TrimmedFolderPath(settings_.Folder), SourcePath::Kind::Folder}};
+        break;
+    }
+    settings_.SourceKind = TextSource::Folder;
+    settings_.Folder.clear();
   }
 
   void PlacePath(const std::string& typed) {
@@ -271,6 +301,7 @@ class CountProgram {
     if (!options_.Quiet) env_.Err << WithVisibleControls(SkippedFilesText(run_.Facts)) << std::flush;
     if (run_.Interrupted) Tell(CoverageLine(run_.Facts, progress_, options_.Numbers));
     Tell(RunLine(run_.Facts, request.Rules, options_.Numbers));
+    if (run_.Facts.SecondSide) Tell(SidesLine(run_.Facts, options_.Numbers));
     if (options_.Stages && !options_.Quiet) TellStages();
     if (run_.Interrupted) return kExitInterrupted;
     return status == kExitReport && empty_ && options_.FailIfEmpty ? kExitEmpty : status;
@@ -303,6 +334,7 @@ class CountProgram {
   bool MakeRequest(RunRequest& request) {
     request = RunRequestOf(settings_);
     request.Paths = together_;
+    request.Compared = compared_;
     const TableOutput table = Table(OutputPath());
     request.Options.KeepRedundant = options_.KeepRedundant;
     request.Options.KeepPlaces = options_.ContextOf || NeedPlaces(options_.Rows.Columns()) ||
@@ -349,7 +381,8 @@ class CountProgram {
   bool SourceIsThere(const std::string& output) {
     if (!together_.empty()) {
       AboutFile messages(messages_, output);
-      if (!ValidateOutputBeside(env_.Files, messages, together_, output, settings_.IncludeSubfolders))
+      if (!ValidateOutputBeside(env_.Files, messages, together_, output, settings_.IncludeSubfolders) ||
+          !ValidateOutputBeside(env_.Files, messages, compared_, output, settings_.IncludeSubfolders))
         return false;
       if (!ReadsStandardInput() || !OutputIsStandardInput(output)) return true;
       ShowInputFileError(messages, InputFileCode::SameAsOutput, output);
@@ -456,7 +489,14 @@ class CountProgram {
 
   int WriteReport(const ReportOptions& options) {
     const StageTimer timer(env_.Clock, run_.Times, RunStage::Writing);
-    const Report report{run_.Table, run_.Facts, options, options_.Numbers, options_.Parts, options_.Rows};
+    const Report report{.Table = run_.Table,
+                        .Facts = run_.Facts,
+                        .Options = options,
+                        .Numbers = options_.Numbers,
+                        .Parts = options_.Parts,
+                        .ComparedBy = options_.Comparison.By.value_or(ComparisonBasis::Words),
+                        .SimpleMathsK = options_.Comparison.SimpleMathsK.value_or(1),
+                        .Rows = options_.Rows};
     if (!run_.OutputPath.empty()) {
       AboutFile messages(messages_, run_.OutputPath);
       const FileListResult result = ListWordsToFile(report, PathFromText(run_.OutputPath),
@@ -526,6 +566,7 @@ class CountProgram {
   const CountEnvironment& env_;
   Settings settings_;
   std::vector<SourcePath> together_;  ///< Several sources in place of that of the settings.
+  std::vector<SourcePath> compared_;  ///< What they are compared with.
   ProgressLine line_;
   ConsoleMessages messages_;
   EncodingChooser encodings_;

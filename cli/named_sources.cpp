@@ -26,9 +26,10 @@ bool RefuseList(const PathListFile& list, std::string_view why, Messages& messag
   return Refuse(Fill(Tr("The list %1 %2."), {list.Path, why}), messages);
 }
 
-std::vector<std::string> PathsOfArguments(const CountOptions& options, const CountEnvironment& environment) {
+std::vector<std::string> Expanded(const std::vector<std::string>& arguments,
+                                  const CountEnvironment& environment) {
   std::vector<std::string> paths;
-  for (const std::string& path : options.Paths) {
+  for (const std::string& path : arguments) {
     if (!environment.ExpandsPatterns) {
       paths.push_back(path);
       continue;
@@ -67,16 +68,19 @@ SourcePath SourceOf(const std::string& path, const FileSystem& files) {
 Expected<NamedSources, int> NamedSourcesOf(const CountOptions& options, const CountEnvironment& environment,
                                            Messages& messages) {
   NamedSources named;
-  std::vector<std::string> paths = PathsOfArguments(options, environment);
+  std::vector<std::string> paths = Expanded(options.Paths, environment);
   const std::optional<PathListFile>& list = options.FilesFrom;
   if (list && !AddPathsOf(*list, environment, messages, paths)) return kExitRefused;
   // Of the arguments alone it is known already.
-  const auto readers = std::count(paths.begin(), paths.end(), kStandardInput);
+  std::vector<std::string> compared = Expanded(options.Comparison.Paths, environment);
+  const auto readers = std::count(paths.begin(), paths.end(), kStandardInput) +
+                       std::count(compared.begin(), compared.end(), kStandardInput);
   if (readers + (list && list->Path == kStandardInput ? 1 : 0) > 1) {
     environment.Err << "korv-count: " << Tr("standard input can be read only once") << '\n';
     return kExitUsage;
   }
   for (const std::string& path : paths) named.Paths.push_back(SourceOf(path, environment.Files));
+  for (const std::string& path : compared) named.Compared.push_back(SourceOf(path, environment.Files));
   named.Together = list.has_value() || named.Paths.size() > 1;
   return named;
 }

@@ -12,8 +12,9 @@ namespace korv {
 
 /// The files and folders that a command line names.
 struct NamedSources {
-  std::vector<SourcePath> Paths;  ///< In the order given; empty where it names none.
-  bool Together = false;          ///< They are counted together, like the files of one folder.
+  std::vector<SourcePath> Paths;     ///< In the order given; empty where it names none.
+  std::vector<SourcePath> Compared;  ///< What they are compared with; empty for nothing.
+  bool Together = false;             ///< They are counted together, like the files of one folder.
 };
 
 /// Reads the lists of the options, replaces patterns where no shell has done it, and looks which paths are

@@ -8,6 +8,7 @@
 
 #include "base/translation.h"
 #include "cli/column_values.h"
+#include "cli/comparison.h"
 #include "cli/option_values.h"
 #include "cli/setting_options.h"
 #include "platform/locale_numbers.h"
@@ -263,7 +264,7 @@ std::vector<OptionRow> OptionRows() {
   InsertAfter(options, "--ignore-mode", OwnWordFiles());
   InsertAfter(options, "--max-words", OwnLengths());
   for (std::vector<OptionRow> own : {OwnSettings(), OwnCountOnly(), OwnSources(), OwnReport(), OwnChoice(),
-                                     OwnContexts(), OwnOutput(), OwnDescription()})
+                                     OwnContexts(), ComparisonRows(), OwnOutput(), OwnDescription()})
     options.insert(options.end(), std::move_iterator(own.begin()), std::move_iterator(own.end()));
   std::ranges::stable_sort(options, {}, &OptionRow::Group);
   return options;

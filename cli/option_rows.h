@@ -18,6 +18,7 @@ struct OptionRow {
   std::string Range = {};  ///< "2 to 25" where Help does not tell it.
   /// Puts its value, empty for a flag, into the options. Throws CLI::ValidationError where it makes no sense.
   std::function<void(const std::string& value, CountOptions& options)> Take = {};
+  bool Repeats = false;  ///< Take() is called for each value that it is given.
   /// The names of options before it that cannot be given together with it.
   std::vector<std::string> Excludes = {};
 };

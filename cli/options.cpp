@@ -9,6 +9,7 @@
 #include "base/translation.h"
 #include "cli/argument_names.h"
 #include "cli/column_values.h"
+#include "cli/comparison.h"
 #include "cli/help_format.h"
 #include "cli/option_rows.h"
 #include "cli/option_values.h"
@@ -50,6 +51,7 @@ class Parser {
       SettleOrder();
       SettleMatch();
       Check();
+      SettleComparison(options_);
       if (!options_.FromCounts.empty()) options_.Paths = {options_.FromCounts};
     } catch (const CLI::Success& success) {
       app_.exit(success, out, err);
@@ -74,6 +76,7 @@ class Parser {
       const auto take = [this, &row](const std::string& value) { row.Take(value, options_); };
       option = app_.add_option_function<std::string>(row.Name, take, row.Help)->type_name(row.ValueName);
     }
+    if (row.Repeats) option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->allow_extra_args(false);
     option->group(TitleOf(row.Group));
   }
 
@@ -104,7 +107,8 @@ class Parser {
       throw CLI::ValidationError("PATH", Tr("a file, a folder or - is needed"));
     if (std::ranges::find(options_.Paths, "") != options_.Paths.end())
       throw CLI::ValidationError("PATH", Tr("an empty one names no file"));
-    const auto readers = std::ranges::count(options_.Paths, "-");
+    const auto readers =
+        std::ranges::count(options_.Paths, "-") + std::ranges::count(options_.Comparison.Paths, "-");
     if (readers + (options_.FilesFrom && options_.FilesFrom->Path == "-" ? 1 : 0) > 1)
       throw CLI::ValidationError("-", Tr("standard input can be read only once"));
     if (options_.Output == "-")
@@ -114,6 +118,7 @@ class Parser {
       throw CLI::ValidationError("--list-files", Tr("standard input has no files to list"));
     if (!options_.ContextOf && options_.Contexts)
       throw CLI::ValidationError("--contexts", Tr("needs --context-of"));
+    CheckComparison(options_);
     if (options_.ContextOf) CheckContexts();
     if (const TableForm* const form = Form()) CheckForm(*form);
     if (options_.ForSpreadsheets) CheckSpreadsheets();
@@ -228,6 +233,7 @@ class Parser {
 }  // namespace
 
 const char* CountOptions::TableOption() const {
+  if (!Comparison.Paths.empty()) return "--compare";
   if (!Columns.empty()) return "--columns";
   if (Rows.OrderBy != nullptr) return "--sort";
   const bool net = std::ranges::any_of(Rows.Filter.Limits,

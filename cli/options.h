@@ -8,6 +8,7 @@
 
 #include "app/settings/schema.h"
 #include "base/number_format.h"
+#include "engine/analysis/keyness.h"
 #include "engine/analysis/text_parts.h"
 #include "engine/corpus/place_order.h"
 #include "report/columns/column.h"
@@ -36,6 +37,15 @@ struct PathListFile {
   char Separator = '\n';
 };
 
+/// Of a comparison. Without Paths nothing is compared.
+struct ComparisonOptions {
+  std::vector<std::string> Paths;  ///< Side B, as typed.
+  std::optional<ComparisonBasis> By;
+  std::optional<double> SimpleMathsK;
+  bool NoTest = false;
+  bool Drafts = false;
+};
+
 /// What the command line asks for. Empty where it says nothing.
 struct CountOptions {
   std::string Command;  ///< All of it, as a shell takes it.
@@ -59,6 +69,7 @@ struct CountOptions {
   std::string CountOnlyFile;
   NumberFormat Numbers;
 
+  ComparisonOptions Comparison;
   std::optional<std::string> ContextOf;  ///< A phrase whose contexts are listed instead of a report.
   std::optional<int> Contexts;
   std::optional<PlaceOrder> Sort;

@@ -43,6 +43,7 @@ TableOutput TableOutputOf(const CountOptions& options, const Settings& settings,
                     .Command = options.Command,
                     .Settings = SettingValues(settings),
                     .Paths = SourcesOf(settings, together),
+                    .ComparedBy = options.Comparison.By.value_or(ComparisonBasis::Words),
                     .Numbers = options.Numbers,
                     .AllRows = options.Top.has_value()}};
 }

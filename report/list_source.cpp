@@ -12,17 +12,15 @@ namespace korv {
 uint64_t FilesWithWords(const PhraseTable& table, const RunSummary& facts) {
   if (facts.Counts) return 0;
   if (facts.Options.SourceKind != TextSource::Folder) return 1;
-  const std::vector<CorpusSource>& sources = table.Corpus().Sources;
+  const Corpus& corpus = table.Corpus();
   uint64_t files = 0;
-  for (size_t s = 0; s < sources.size(); ++s) {
-    const uint64_t end = s + 1 < sources.size() ? sources[s + 1].WordsBefore : facts.Words.Taken;
-    if (end > sources[s].WordsBefore) ++files;
-  }
+  for (size_t s = 0; s < corpus.Sources.size(); ++s)
+    if (corpus.WordsOfSource(s, facts.Words.Taken) > 0) ++files;
   return files;
 }
 
 ListSource::ListSource(const Report& report, std::span<const Column* const> columns, const ListExtent& extent)
-    : analysis_(report.Table, report.Parts), view_{report.Table, report.Facts, extent} {
+    : analysis_(report.Table, report.Parts, report.ComparedBy), view_{report.Table, report.Facts, extent} {
   for (const Column* column : columns) needs_ |= column->Needs;
   if (std::ranges::any_of(columns, [](const Column* column) { return column->ValueInFile != nullptr; }))
     filePaths_ = AbbreviatePaths(report.Table.FilePaths(), ShownPath(report.Facts.InputPath));
@@ -36,6 +34,7 @@ ListSource::ListSource(const Report& report, std::span<const Column* const> colu
   view_.SourcePaths = sourcePaths_;
   view_.FilesWithWords = FilesWithWords(report.Table, report.Facts);
   view_.Analysis = &analysis_;
+  view_.SimpleMathsK = report.SimpleMathsK;
 }
 
 bool ListSource::Prepare(Yielder& yielder) {

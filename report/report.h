@@ -2,6 +2,7 @@
 
 #include "base/gauge.h"
 #include "base/number_format.h"
+#include "engine/analysis/keyness.h"
 #include "engine/analysis/text_parts.h"
 #include "engine/counting/phrase_table.h"
 #include "report/report_options.h"
@@ -18,6 +19,9 @@ struct Report {
   const ReportOptions& Options;
   const NumberFormat& Numbers;
   PartChoice Parts = {};  ///< Over which columns tell how evenly phrases are spread.
+  /// Of a run that compares: what its phrases are compared by, and the constant k of simple maths.
+  ComparisonBasis ComparedBy = ComparisonBasis::Words;
+  double SimpleMathsK = 1;
   RowChoice Rows = {};
   /// Gets how many phrases have been listed so far, for other threads to look at. May be null.
   Gauge<uint32_t>* Progress = nullptr;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/corpus/side.h"
 #include "engine/run_options.h"
 #include "engine/source_path.h"
 #include "engine/text/word_counts.h"
@@ -34,6 +35,13 @@ struct CountsRead {
   uint64_t OtherLengths = 0;  ///< Of these, left out for their number of words.
 };
 
+/// Side B of a run that compares. What the summary says of texts and words holds for both sides.
+struct SecondSide {
+  std::vector<SourcePath> Paths = {};  ///< As given.
+  WordCounts Words = {};               ///< What became of its words.
+  uint64_t FilesScanned = 0;
+};
+
 /// What a finished counting run knows beside its phrases; everything that header, summary and notices say.
 struct RunSummary {
   RunOptions Options;               ///< Lengths, minimum frequency, ignore mode, source kind, stopped.
@@ -43,6 +51,8 @@ struct RunSummary {
   std::string InputPath;
   /// Several files and folders that were counted together, as a folder source; empty for one source.
   std::vector<SourcePath> Paths;
+  /// Where the run compares: what side A, which Paths name, is compared with.
+  std::optional<korv::SecondSide> SecondSide;
   bool IncludeSubfolders = false;
   WordCounts Words;             ///< What became of the words that were read.
   uint64_t LongPhrases = 0;     ///< Phrase occurrences left out for having over 100 characters.
@@ -59,6 +69,18 @@ struct RunSummary {
 /// How many texts were read; the clipboard and a pipe are one.
 inline uint64_t FilesRead(const RunSummary& facts) {
   return facts.Options.SourceKind == TextSource::Folder ? facts.FilesScanned : 1;
+}
+
+/// What was read for one side of a run that compares.
+struct SideSize {
+  uint64_t Files;
+  WordCounts Words;
+};
+
+inline SideSize SizeOf(const RunSummary& facts, Side side) {
+  const SecondSide& b = *facts.SecondSide;
+  if (side == Side::B) return {b.FilesScanned, b.Words};
+  return {facts.FilesScanned - b.FilesScanned, facts.Words - b.Words};
 }
 
 }  // namespace korv

@@ -119,9 +119,15 @@ class Run {
     ListByFrequency(run_.Table, request_.Options.MinFrequency);
     return (request_.Options.KeepRedundant ||
             Stage(RunStage::Exclusion, Tr("Excluding redundant subphrases . . . "),
-                  [&](Yielder& yielder) { return ExcludeRedundantSubphrases(run_.Table, yielder); })) &&
+                  [&](Yielder& yielder) { return ExcludeRedundant(yielder); })) &&
            Stage(RunStage::Chain, Tr("Now setting up frequency chain . . ."),
                  [&](Yielder& yielder) { return SetUpFrequencyChain(run_.Table, run_.Chain, yielder); });
+  }
+
+  /// What stands within the words of another phrase is still counted on its own where two sides are compared.
+  bool ExcludeRedundant(Yielder& yielder) {
+    return request_.Compared.empty() ? ExcludeRedundantSubphrases(run_.Table, yielder)
+                                     : ExcludeContainedPhrases(run_.Table, yielder);
   }
 
   /// Runs a stage that returns false when it was stopped. False: what was found is not wanted.

@@ -34,6 +34,9 @@ struct RunRequest {
   std::string InputPath;  ///< The file or the folder, as typed.
   /// Several files and folders instead, counted together; the source is a folder then.
   std::vector<SourcePath> Paths;
+  /// What Paths, side A, are compared with: read behind them in the same run. Empty where nothing is
+  /// compared.
+  std::vector<SourcePath> Compared;
   std::string OutputPath;  ///< Empty when the report goes to no file.
 
   // Clipboard source: one of the two.

@@ -40,6 +40,7 @@ void BeginRun(const RunRequest& request, Yielder& yielder, CountedRun& run) {
   facts.MinCharacters = request.Rules.IgnoreShortWords ? request.Rules.ShortWordSize : 0;
   facts.IncludeSubfolders = request.IncludeSubfolders;
   facts.Paths = request.Paths;
+  if (!request.Compared.empty()) facts.SecondSide = SecondSide{.Paths = request.Compared};
   facts.InputPath = request.Paths.empty() ? PathOfSource(request) : std::string();
   run.OutputPath = TrimmedPath(request.OutputPath);
 }

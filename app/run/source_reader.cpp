@@ -11,6 +11,7 @@
 #include "sources/detect/foreign_kind.h"
 #include "sources/detect/source_checks.h"
 #include "sources/detect/text_file_check.h"
+#include "sources/folders/met_paths.h"
 #include "sources/read/document_readers.h"
 #include "sources/read/docx.h"
 
@@ -53,6 +54,7 @@ SourceReader::SourceReader(const RunRequest& request, const WordRules& rules, co
       rules_(rules),
       services_(services),
       run_(run),
+      corpus_(corpus),
       reader_(rules, corpus, services.Yielder, {services.Progress.BytesRead, services.Progress.Words}) {}
 
 RunEnd SourceReader::DoItFromClipboard() {
@@ -160,15 +162,18 @@ RunEnd SourceReader::DoItFromFolder() {
   ReadPlan plan(request_.ReadAs);
   if (!MakePlan(plan)) return RunEnd::Stopped;
   if (!PlanIsAccepted(plan)) return RunEnd::Refused;
+  if (Compares()) TellSharedFiles(plan);
   ReadFolder(plan);
-  return SomethingWasRead() ? RunEnd::Counted : RunEnd::Refused;
+  return SomethingWasRead() && BothSidesHaveWords() ? RunEnd::Counted : RunEnd::Refused;
 }
 
 bool SourceReader::FolderIsValid() {
   if (!ValidatePatterns(request_.Selection, services_.Messages)) return false;
-  if (!request_.Paths.empty())
-    return ValidateOutputBeside(services_.Files, services_.Messages, request_.Paths, run_.OutputPath,
+  const auto isBeside = [this](std::span<const SourcePath> paths) {
+    return ValidateOutputBeside(services_.Files, services_.Messages, paths, run_.OutputPath,
                                 request_.IncludeSubfolders);
+  };
+  if (!request_.Paths.empty()) return isBeside(request_.Paths) && isBeside(request_.Compared);
   return ValidateFolder(services_.Files, services_.Messages, run_.Facts.InputPath, run_.OutputPath,
                         request_.IncludeSubfolders, request_.OffersWaysOut);
 }
@@ -184,21 +189,44 @@ bool SourceReader::MakePlan(ReadPlan& plan) {
   };
   events.Wanted = [&progress](const fs::path&) { ++progress.FilesTotal; };
   progress.CountingFiles = true;
-  const bool whole = request_.Paths.empty()
-                         ? !plan.AddFolder(walk, PathFromText(run_.Facts.InputPath), events).Stopped
-                         : plan.AddTogether(request_.Paths, services_.Files, walk, events);
+  bool whole = request_.Paths.empty()
+                   ? !plan.AddFolder(walk, PathFromText(run_.Facts.InputPath), events).Stopped
+                   : plan.AddTogether(request_.Paths, services_.Files, walk, events);
+  secondSide_ = plan.Documents();
+  if (whole && Compares()) whole = plan.AddTogether(request_.Compared, services_.Files, walk, events);
   progress.CountingFiles = false;
   return whole;
+}
+
+/// Whether there is something to read, of both sides where there are two.
+bool SourceReader::HasDocuments(const ReadPlan& plan) const {
+  return plan.Documents() > 0 && (!Compares() || (secondSide_ > 0 && secondSide_ < plan.Documents()));
+}
+
+/// A file on both sides counts for both, which is mostly a mistake.
+void SourceReader::TellSharedFiles(const ReadPlan& plan) {
+  MetPaths met(services_.Files);
+  uint64_t shared = 0;
+  for (size_t i = 0; i < plan.Documents(); ++i) {
+    services_.Yielder.Yield();
+    const fs::path path = plan.Document(i).Path;
+    if (!path.empty() && !met.MeetFile(path)) ++shared;
+  }
+  if (shared == 0) return;
+  const std::string number = services_.Numbers.Grouped(static_cast<int64_t>(shared));
+  Note(Fill(TrCount("%1 file is on both sides of the comparison.",
+                    "%1 files are on both sides of the comparison.", shared),
+            {number}));
 }
 
 /// Whether what was found is to be read; if not, the user has been told why.
 bool SourceReader::PlanIsAccepted(const ReadPlan& plan) {
   services_.View.Status(WillBeScannedText(plan.Documents(), services_.Numbers));
-  if (plan.Documents() == 0) {
+  if (!HasDocuments(plan)) {
     services_.Messages.Show(NothingToScan());
     return false;
   }
-  if (plan.Documents() > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput &&
+  if (plan.Documents() > 1 && run_.OutputPath.empty() && request_.SeveralFilesNeedOutput && !Compares() &&
       !ShowMultipleFilesNeedOutput(services_.Messages, request_.OffersWaysOut))
     return false;
   return CommentMarkersAreSafe(plan);
@@ -222,6 +250,7 @@ void SourceReader::ReadFolder(const ReadPlan& plan) {
   const OneAnswerForAll encodings(services_.Encodings);
   RunProgress& progress = services_.Progress;
   for (size_t i = 0; i < plan.Documents(); ++i) {
+    if (Compares() && i == secondSide_) BeginSecondSide();
     const PlannedDocument document = plan.Document(i);
     progress.FoldersRead = document.Folders;
     services_.Yielder.Yield();
@@ -231,6 +260,32 @@ void SourceReader::ReadFolder(const ReadPlan& plan) {
   }
   if (progress.FilesRead == plan.Documents()) progress.FoldersRead = plan.Folders();
   run_.Facts.FoldersScanned = progress.FoldersRead;
+  if (!Compares()) return;
+  // Stopped while side A was read.
+  if (progress.FilesRead < secondSide_) BeginSecondSide();
+  SecondSide& b = *run_.Facts.SecondSide;
+  b.Words = corpus_.Counts() - wordsOfA_;
+  b.FilesScanned = run_.Facts.FilesScanned - b.FilesScanned;
+}
+
+void SourceReader::BeginSecondSide() {
+  corpus_.BeginSecondSide();
+  wordsOfA_ = corpus_.Counts();
+  // Those of side A, until all are known.
+  run_.Facts.SecondSide->FilesScanned = run_.Facts.FilesScanned;
+}
+
+/// Without words on one side there is no ratio; the user has been told.
+bool SourceReader::BothSidesHaveWords() {
+  if (!Compares()) return true;
+  const bool ofA = wordsOfA_.Read() > 0;
+  if (ofA && run_.Facts.SecondSide->Words.Read() > 0) return true;
+  services_.Messages.Show({.Text = ofA ? Tr("No words were read of what is to be compared with.")
+                                       : Tr("No words were read of what is to be compared."),
+                           .Title = Tr("Nothing to compare"),
+                           .Icon = Icon::Exclamation,
+                           .Addition = SkippedFilesText(run_.Facts, kSkippedInMessage)});
+  return false;
 }
 
 /// Of what was named one by one, something is expected; if nothing was read, the user has been told.

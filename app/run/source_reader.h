@@ -43,10 +43,15 @@ class SourceReader {
   bool ConfirmLargeInput();
   bool FolderIsValid();
   bool MakePlan(ReadPlan& plan);
+  bool HasDocuments(const ReadPlan& plan) const;
+  void TellSharedFiles(const ReadPlan& plan);
   bool PlanIsAccepted(const ReadPlan& plan);
   Message NothingToScan() const;
   void ReadFolder(const ReadPlan& plan);
+  void BeginSecondSide();
   bool SomethingWasRead();
+  bool BothSidesHaveWords();
+  bool Compares() const { return !request_.Compared.empty(); }
   /// One of several documents. False when it was not read, after noting why.
   bool ReadOneOfMany(const std::filesystem::path& path);
   bool ReadStreamAmongFiles();
@@ -72,7 +77,10 @@ class SourceReader {
   const WordRules& rules_;
   const RunServices& services_;
   CountedRun& run_;
+  CorpusBuilder& corpus_;
   CorpusReader reader_;
+  size_t secondSide_ = 0;  ///< The first document of side B in the plan, where there is one.
+  WordCounts wordsOfA_;
   bool refusalTold_ = false;
   bool extractionFaultTold_ = false;
 };

@@ -455,6 +455,8 @@ const char* TitleOf(OptionGroup group) {
       return Tr("Report");
     case OptionGroup::Contexts:
       return Tr("Contexts");
+    case OptionGroup::Comparison:
+      return Tr("Comparison");
     case OptionGroup::Output:
       return Tr("Output");
   }

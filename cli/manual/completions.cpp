@@ -46,7 +46,7 @@ std::string Quoted(std::string_view text) {
 
 std::vector<std::string> ColumnNames() {
   std::vector<std::string> names;
-  for (const Column* column : TableColumns()) names.emplace_back(column->Id);
+  for (const Column* column : TableColumns(TableOf::TwoSides)) names.emplace_back(column->Id);
   return names;
 }
 

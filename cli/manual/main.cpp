@@ -30,7 +30,7 @@ int main(int count, char** arguments) {
     return 1;
   }
   std::ofstream out(arguments[3], std::ios::binary);
-  out << korv::WithColumns(*page, korv::TableColumns()) << std::flush;
+  out << korv::WithColumns(*page, korv::TableColumns(korv::TableOf::TwoSides)) << std::flush;
   if (!out) std::cerr << arguments[3] << " cannot be written.\n";
   return out ? 0 : 1;
 }

@@ -23,6 +23,7 @@ class FreeOccurrenceFinder {
     atToken_ = ZeroedArray<uint8_t>(tokens);
     freeAt_ = ZeroedArray<uint8_t>(tokens);
     found_.OfEntry.assign(data_.Entries.size() + 1, 0);
+    if (data_.Corpus.SecondSide) found_.OnA.assign(data_.Entries.size() + 1, 0);
     return RunParts(data_.Entries.size(), yielder_, [this](size_t b, size_t e) { MarkLongest(b, e); }) &&
            RunParts(places, yielder_, [this](size_t b, size_t e) { MoveToText(b, e); }) &&
            RunParts(tokens, yielder_, [this](size_t b, size_t e) { MarkFree(b, e); }) &&
@@ -77,6 +78,16 @@ class FreeOccurrenceFinder {
       const uint8_t* const first = ofPlace_.Data() + entry.Slice;
       found_.OfEntry[e + 1] = static_cast<uint32_t>(std::count(first, first + entry.Count, entry.Words));
     }
+    if (!found_.OnA.empty())
+      for (size_t e = begin; e < end; ++e) found_.OnA[e + 1] = CountFreeOnA(data_.Entries[e]);
+  }
+
+  uint32_t CountFreeOnA(const PhraseEntry& entry) const {
+    const Place end = data_.Corpus.EndOfSideA();
+    uint32_t count = 0;
+    for (size_t i = entry.Slice; i < size_t{entry.Slice} + entry.Count; ++i)
+      if (ofPlace_[i] == entry.Words && data_.Corpus.Places[i] < end) ++count;
+    return count;
   }
 
   bool TakeCovered() {

@@ -21,7 +21,9 @@ namespace korv {
 /// Eeg-Olofsson 1990, adjusted frequency of O'Donnell 2011.)
 struct FreeOccurrences {
   std::vector<uint32_t> OfEntry;  ///< By PhraseIndex: 0..Count(i). Element 0 stands for no phrase.
-  uint64_t WordsCovered = 0;      ///< Words that stand inside a free occurrence, or any: it is the same.
+  /// By PhraseIndex: those on side A. Empty where the run does not compare.
+  std::vector<uint32_t> OnA;
+  uint64_t WordsCovered = 0;  ///< Words that stand inside a free occurrence, or any: it is the same.
 };
 
 /// Finds them for the table of a run that keeps places. Linear in the tokens and the occurrences, on all

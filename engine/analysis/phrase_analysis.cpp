@@ -12,6 +12,31 @@ namespace korv {
 
 namespace {
 
+/// The parts with places, in the order of the text.
+std::vector<PhraseSpread::Part> PartsWith(std::span<const Place> places, const TextParts& parts) {
+  std::vector<uint32_t> partOf;
+  partOf.reserve(places.size());
+  for (const Place place : places) partOf.push_back(parts.PartOf(place));
+  std::ranges::sort(partOf);
+  std::vector<PhraseSpread::Part> with;
+  for (size_t i = 0; i < partOf.size(); ++i) {
+    if (i == 0 || partOf[i] != partOf[i - 1]) with.push_back({0, parts.WordsOf(partOf[i])});
+    ++with.back().Occurrences;
+  }
+  return with;
+}
+
+std::optional<double> DispersionOf(std::span<const Place> places, const TextParts* parts,
+                                   double (*measure)(const PhraseSpread&)) {
+  if (parts == nullptr || parts->Count() == 0 || places.size() < 2) return std::nullopt;
+  const std::vector<PhraseSpread::Part> with = PartsWith(places, *parts);
+  return measure({.Parts = with,
+                  .Occurrences = places.size(),
+                  .AllParts = parts->Count(),
+                  .AllWords = parts->Words(),
+                  .FewestWords = parts->FewestWords()});
+}
+
 /// Makes what is needed and not there yet. False when stopped.
 template <typename Part>
 bool PrepareOnce(bool needed, std::shared_ptr<const Part>& part, const auto& make) {
@@ -31,6 +56,9 @@ AnalysisNeeds& AnalysisNeeds::operator|=(const AnalysisNeeds& other) {
   Words |= other.Words;
   Joints |= other.Joints;
   CValues |= other.CValues;
+  Sides |= other.Sides;
+  SideFiles |= other.SideFiles;
+  SideParts |= other.SideParts;
   return *this;
 }
 
@@ -38,6 +66,7 @@ void PhraseAnalysis::Divide(PartChoice parts) {
   if (parts == choice_) return;
   choice_ = parts;
   parts_ = nullptr;
+  sideParts_ = {};
 }
 
 bool PhraseAnalysis::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
@@ -60,37 +89,39 @@ bool PhraseAnalysis::Prepare(const AnalysisNeeds& needs, Yielder& yielder) {
          PrepareOnce(needs.FreeOccurrences, free_, find(FindFreeOccurrences)) &&
          PrepareOnce(needs.Words, wordFrequencies_,
                      [&](auto& frequencies) { return CountWords(corpus, yielder, frequencies); }) &&
-         PrepareOnce(needs.Joints, joints_, find(CountJoints));
+         PrepareOnce(needs.Joints, joints_, find(CountJoints)) &&
+         (!corpus.SecondSide || PrepareSides(needs, yielder));
+}
+
+bool PhraseAnalysis::PrepareSides(const AnalysisNeeds& needs, Yielder& yielder) {
+  const Corpus& corpus = table_.Corpus();
+  const bool files = needs.SideFiles || (needs.Sides && basis_ == ComparisonBasis::Files);
+  const bool words = files || needs.SideParts;
+  if (!PrepareOnce(words, words_, [&](TakenWords& taken) { return taken.Build(corpus, yielder); }) ||
+      !PrepareOnce(needs.Sides, sideCounts_,
+                   [&](SideCounts& counts) { return CountOnSides(table_, yielder, counts); }) ||
+      !PrepareOnce(
+          files, sideFiles_,
+          [&](korv::SideFiles& found) { return CountFilesOfSides(table_, *words_, yielder, found); }) ||
+      !PrepareOnce(needs.Sides && basis_ == ComparisonBasis::Net, free_,
+                   [&](FreeOccurrences& found) { return FindFreeOccurrences(table_, yielder, found); }))
+    return false;
+  for (const Side side : {Side::A, Side::B})
+    PrepareOnce(needs.SideParts, sideParts_[static_cast<size_t>(side)], [&](TextParts& parts) {
+      parts.Divide(corpus, *words_, choice_, side);
+      return true;
+    });
+  return true;
 }
 
 std::optional<double> PhraseAnalysis::Dispersion(PhraseIndex phrase,
                                                  double (*measure)(const PhraseSpread&)) const {
-  if (!parts_ || parts_->Count() == 0 || table_.Count(phrase) < 2) return std::nullopt;
-  const std::vector<PhraseSpread::Part> parts = PartsWith(phrase);
-  return measure({.Parts = parts,
-                  .Occurrences = table_.Count(phrase),
-                  .AllParts = parts_->Count(),
-                  .AllWords = parts_->Words(),
-                  .FewestWords = parts_->FewestWords()});
+  return DispersionOf(table_.Places(phrase), parts_.get(), measure);
 }
 
 std::optional<uint32_t> PhraseAnalysis::Range(PhraseIndex phrase) const {
   if (!parts_ || parts_->Count() == 0) return std::nullopt;
-  return static_cast<uint32_t>(PartsWith(phrase).size());
-}
-
-/// In the order of the text.
-std::vector<PhraseSpread::Part> PhraseAnalysis::PartsWith(PhraseIndex phrase) const {
-  std::vector<uint32_t> partOf;
-  partOf.reserve(table_.Count(phrase));
-  for (const Place place : table_.Places(phrase)) partOf.push_back(parts_->PartOf(place));
-  std::ranges::sort(partOf);
-  std::vector<PhraseSpread::Part> parts;
-  for (size_t i = 0; i < partOf.size(); ++i) {
-    if (i == 0 || partOf[i] != partOf[i - 1]) parts.push_back({0, parts_->WordsOf(partOf[i])});
-    ++parts.back().Occurrences;
-  }
-  return parts;
+  return static_cast<uint32_t>(PartsWith(table_.Places(phrase), *parts_).size());
 }
 
 std::optional<double> PhraseAnalysis::ReducedFrequency(PhraseIndex phrase) const {
@@ -147,6 +178,47 @@ std::optional<double> PhraseAnalysis::BackwardProbability(PhraseIndex phrase) co
 std::optional<double> PhraseAnalysis::CValue(PhraseIndex phrase) const {
   if (!cValues_) return std::nullopt;
   return (*cValues_)[ValueOf(phrase)];
+}
+
+std::optional<uint32_t> PhraseAnalysis::Compared(PhraseIndex phrase, Side side) const {
+  switch (basis_) {
+    case ComparisonBasis::Words:
+      break;
+    case ComparisonBasis::Files:
+      return FilesOn(phrase, side);
+    case ComparisonBasis::Net:
+      if (!free_ || free_->OnA.empty()) return std::nullopt;
+      const uint32_t onA = free_->OnA[ValueOf(phrase)];
+      return side == Side::A ? onA : free_->OfEntry[ValueOf(phrase)] - onA;
+  }
+  return FrequencyOn(phrase, side);
+}
+
+std::optional<uint32_t> PhraseAnalysis::FrequencyOn(PhraseIndex phrase, Side side) const {
+  if (!sideCounts_) return std::nullopt;
+  const uint32_t onA = sideCounts_->OnA[ValueOf(phrase)];
+  return side == Side::A ? onA : table_.Count(phrase) - onA;
+}
+
+std::optional<uint32_t> PhraseAnalysis::FilesOn(PhraseIndex phrase, Side side) const {
+  if (!sideFiles_) return std::nullopt;
+  return sideFiles_->OfEntry[ValueOf(phrase)][static_cast<size_t>(side)];
+}
+
+std::optional<uint32_t> PhraseAnalysis::FilesWithWords(Side side) const {
+  if (!sideFiles_) return std::nullopt;
+  return sideFiles_->WithWords[static_cast<size_t>(side)];
+}
+
+std::optional<double> PhraseAnalysis::DispersionOn(PhraseIndex phrase, Side side,
+                                                   double (*measure)(const PhraseSpread&)) const {
+  const TextParts* const parts = sideParts_[static_cast<size_t>(side)].get();
+  if (parts == nullptr) return std::nullopt;
+  const Place end = table_.Corpus().EndOfSideA();
+  std::vector<Place> places;
+  for (const Place place : table_.Places(phrase))
+    if ((place < end) == (side == Side::A)) places.push_back(place);
+  return DispersionOf(places, parts, measure);
 }
 
 }  // namespace korv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -10,6 +11,8 @@
 #include "engine/analysis/dispersion.h"
 #include "engine/analysis/free_occurrences.h"
 #include "engine/analysis/joints.h"
+#include "engine/analysis/keyness.h"
+#include "engine/analysis/side_counts.h"
 #include "engine/analysis/taken_words.h"
 #include "engine/analysis/text_parts.h"
 #include "engine/counting/phrase_table.h"
@@ -24,6 +27,10 @@ struct AnalysisNeeds {
   bool Words = false;            ///< How often each word occurs.
   bool Joints = false;           ///< How often the parts of each phrase occur.
   bool CValues = false;          ///< The C-value of each phrase.
+  // Of a run that compares; nothing is prepared for others.
+  bool Sides = false;      ///< What each phrase is compared by.
+  bool SideFiles = false;  ///< In how many files of each side each phrase occurs.
+  bool SideParts = false;  ///< The parts of each side.
 
   /// Whether something is needed. All of it but CValues needs a run that keeps places.
   bool Any() const { return *this != AnalysisNeeds{}; }
@@ -44,7 +51,8 @@ struct AnalysisNeeds {
 class PhraseAnalysis {
  public:
   /// The table must be counted, and outlive the object.
-  PhraseAnalysis(const PhraseTable& table, PartChoice parts) : table_(table), choice_(parts) {}
+  PhraseAnalysis(const PhraseTable& table, PartChoice parts, ComparisonBasis basis = ComparisonBasis::Words)
+      : table_(table), choice_(parts), basis_(basis) {}
 
   /// Other parts from here on. Those that were prepared are forgotten, unless they are the same.
   void Divide(PartChoice parts);
@@ -86,12 +94,30 @@ class PhraseAnalysis {
   /// See FindCValues(). Needs CValues. Constant time.
   std::optional<double> CValue(PhraseIndex phrase) const;
 
+  // Of a run that compares.
+
+  /// Compares by something else from here on; it must be prepared.
+  void CompareBy(ComparisonBasis basis) { basis_ = basis; }
+  ComparisonBasis ComparedBy() const { return basis_; }
+  /// What the phrase is compared by on side A or B: its occurrences, those on its own, or its files. Needs
+  /// Sides. Constant time.
+  std::optional<uint32_t> Compared(PhraseIndex phrase, Side side) const;
+  /// Its occurrences there. Needs Sides. Constant time.
+  std::optional<uint32_t> FrequencyOn(PhraseIndex phrase, Side side) const;
+  /// The files of the side with it, and those with words. Needs SideFiles. Constant time.
+  std::optional<uint32_t> FilesOn(PhraseIndex phrase, Side side) const;
+  std::optional<uint32_t> FilesWithWords(Side side) const;
+  /// Dispersion() of its occurrences there over the parts of the side. Needs SideParts.
+  std::optional<double> DispersionOn(PhraseIndex phrase, Side side,
+                                     double (*measure)(const PhraseSpread&)) const;
+
  private:
-  std::vector<PhraseSpread::Part> PartsWith(PhraseIndex phrase) const;
+  bool PrepareSides(const AnalysisNeeds& needs, Yielder& yielder);
   bool HasJoints(PhraseIndex phrase) const;
 
   const PhraseTable& table_;
   PartChoice choice_;
+  ComparisonBasis basis_;
   // Null where not prepared.
   std::shared_ptr<const TakenWords> words_;
   std::shared_ptr<const TextParts> parts_;
@@ -99,6 +125,9 @@ class PhraseAnalysis {
   std::shared_ptr<const std::vector<uint32_t>> wordFrequencies_;
   std::shared_ptr<const JointCounts> joints_;
   std::shared_ptr<const std::vector<double>> cValues_;
+  std::shared_ptr<const SideCounts> sideCounts_;
+  std::shared_ptr<const SideFiles> sideFiles_;
+  std::array<std::shared_ptr<const TextParts>, 2> sideParts_;  ///< By Side.
 };
 
 }  // namespace korv

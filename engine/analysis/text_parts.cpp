@@ -22,13 +22,22 @@ uint64_t EqualPartOf(uint64_t before, uint64_t words, uint64_t parts) {
 
 }  // namespace
 
-void TextParts::Divide(const Corpus& corpus, const TakenWords& words, PartChoice choice) {
+void TextParts::Divide(const Corpus& corpus, const TakenWords& words, PartChoice choice,
+                       std::optional<Side> side) {
   corpus_ = &corpus;
   words_ = &words;
+  const std::vector<CorpusSource>& sources = corpus.Sources;
+  firstSource_ = side == Side::B ? *corpus.SecondSide : 0;
+  endSource_ = side == Side::A ? *corpus.SecondSide : sources.size();
+  const auto before = [&](size_t source) {
+    return source < sources.size() ? sources[source].WordsBefore : words.Total();
+  };
+  wordsBefore_ = side ? before(firstSource_) : 0;
+  allWords_ = (side ? before(endSource_) : words.Total()) - wordsBefore_;
   const auto asked = static_cast<uint64_t>(choice.Equal);
   if (choice.Equal == PartChoice::kFiles) {
     DivideSources(1);
-    if (Count() < 2) DivideEqually(UsualParts(words.Total()));
+    if (Count() < 2) DivideEqually(UsualParts(allWords_));
   } else if (choice.OfEachFile) {
     DivideSources(asked);
   } else {
@@ -37,20 +46,14 @@ void TextParts::Divide(const Corpus& corpus, const TakenWords& words, PartChoice
   fewestWords_ = wordsOf_.empty() ? 0 : *std::ranges::min_element(wordsOf_);
 }
 
-uint64_t TextParts::WordsOfSource(size_t source) const {
-  const std::vector<CorpusSource>& sources = corpus_->Sources;
-  const uint64_t end = source + 1 < sources.size() ? sources[source + 1].WordsBefore : words_->Total();
-  return end - sources[source].WordsBefore;
-}
-
 void TextParts::DivideSources(uint64_t parts) {
   wordsOf_.clear();
   partOfSource_.clear();
   partsOfSource_ = parts;
-  if (parts > 1 && words_->Total() < kFewestWordsForEqualParts) return;
-  for (size_t s = 0; s < corpus_->Sources.size(); ++s) {
+  if (parts > 1 && allWords_ < kFewestWordsForEqualParts) return;
+  for (size_t s = firstSource_; s < endSource_; ++s) {
     partOfSource_.push_back(static_cast<uint32_t>(wordsOf_.size()));
-    const uint64_t n = WordsOfSource(s);
+    const uint64_t n = corpus_->WordsOfSource(s, words_->Total());
     const uint64_t k = std::min(parts, n);
     for (uint64_t j = 0; j < k; ++j) wordsOf_.push_back((j + 1) * n / k - j * n / k);
   }
@@ -59,21 +62,21 @@ void TextParts::DivideSources(uint64_t parts) {
 void TextParts::DivideEqually(uint64_t parts) {
   wordsOf_.clear();
   partOfSource_.clear();
-  const uint64_t n = words_->Total();
+  const uint64_t n = allWords_;
   if (n < kFewestWordsForEqualParts) return;
   for (uint64_t j = 0; j < parts; ++j) wordsOf_.push_back((j + 1) * n / parts - j * n / parts);
 }
 
 uint32_t TextParts::PartOf(Place place) const {
   if (partOfSource_.empty())
-    return static_cast<uint32_t>(EqualPartOf(words_->Before(place), words_->Total(), Count()));
+    return static_cast<uint32_t>(EqualPartOf(words_->Before(place) - wordsBefore_, allWords_, Count()));
   const size_t source = corpus_->SourceAt(place);
-  if (partsOfSource_ == 1) return partOfSource_[source];
+  const uint32_t first = partOfSource_[source - firstSource_];
+  if (partsOfSource_ == 1) return first;
   const uint64_t before = words_->Before(place);
-  const uint64_t words = WordsOfSource(source);
-  return partOfSource_[source] +
-         static_cast<uint32_t>(EqualPartOf(before - corpus_->Sources[source].WordsBefore, words,
-                                           std::min(partsOfSource_, words)));
+  const uint64_t words = corpus_->WordsOfSource(source, words_->Total());
+  return first + static_cast<uint32_t>(EqualPartOf(before - corpus_->Sources[source].WordsBefore, words,
+                                                   std::min(partsOfSource_, words)));
 }
 
 }  // namespace korv

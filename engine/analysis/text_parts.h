@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "engine/analysis/taken_words.h"
 #include "engine/corpus/corpus.h"
+#include "engine/corpus/side.h"
 
 namespace korv {
 
@@ -32,8 +34,10 @@ struct PartChoice {
 /// cut likewise by the words of the file; a file with fewer words than parts has a part for each word.
 class TextParts {
  public:
-  /// Both must outlive the object. Linear in the files.
-  void Divide(const Corpus& corpus, const TakenWords& words, PartChoice choice);
+  /// Both must outlive the object. With a side, of a corpus that has two, the parts are those of its texts,
+  /// and nothing below is asked about others. Linear in the files.
+  void Divide(const Corpus& corpus, const TakenWords& words, PartChoice choice,
+              std::optional<Side> side = {});
 
   /// Number of parts with words; 0 where the text cannot be divided, else at least 2.
   size_t Count() const { return wordsOf_.size(); }
@@ -42,18 +46,21 @@ class TextParts {
   /// Those of the part with the fewest.
   uint64_t FewestWords() const { return fewestWords_; }
   /// Those of all parts: n.
-  uint64_t Words() const { return words_->Total(); }
+  uint64_t Words() const { return allWords_; }
   /// The part that `place`, which must be that of a word, belongs to. Constant time, but for many files in
   /// one block of tokens.
   uint32_t PartOf(Place place) const;
 
  private:
-  uint64_t WordsOfSource(size_t source) const;
   void DivideEqually(uint64_t parts);
   void DivideSources(uint64_t parts);
 
   const Corpus* corpus_ = nullptr;
   const TakenWords* words_ = nullptr;
+  size_t firstSource_ = 0;
+  size_t endSource_ = 0;
+  uint64_t wordsBefore_ = 0;  ///< Those of other texts.
+  uint64_t allWords_ = 0;
   std::vector<uint64_t> wordsOf_;
   std::vector<uint32_t> partOfSource_;  ///< The first of each file; empty for equal parts of the whole.
   uint64_t partsOfSource_ = 1;          ///< Into how many a file with enough words is cut.

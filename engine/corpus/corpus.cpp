@@ -23,4 +23,14 @@ size_t Corpus::SourceAt(Place place) const {
   return static_cast<size_t>(after - Sources.begin()) - 1;
 }
 
+uint64_t Corpus::WordsOfSource(size_t source, uint64_t taken) const {
+  const uint64_t end = source + 1 < Sources.size() ? Sources[source + 1].WordsBefore : taken;
+  return end - Sources[source].WordsBefore;
+}
+
+Place Corpus::EndOfSideA() const {
+  const size_t end = *SecondSide < Sources.size() ? Sources[*SecondSide].Begin : Tokens.size();
+  return Place{static_cast<uint32_t>(end)};
+}
+
 }  // namespace korv

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "base/growing_array.h"
@@ -58,6 +59,8 @@ struct Corpus {
   /// kNoWord that stands for it, ascending, once for each such word. Only where the run keeps places.
   GrowingArray<Place> WordsAtEnds;
   static constexpr uint32_t kSourceBlock = 4096;
+  /// Where a run compares: the index in Sources at which side B begins, perhaps behind the last one.
+  std::optional<size_t> SecondSide;
 
   /// The suffix array: the places at which a phrase that counts starts, ordered by the next MaxWords tokens.
   /// kNoWord comes before every word, and nothing behind it is compared. Equal places ascend. Empty where the
@@ -76,6 +79,10 @@ struct Corpus {
   /// The index in Sources of the text that `place` belongs to. Constant time, but for many texts in one
   /// block.
   size_t SourceAt(Place place) const;
+  /// The words taken from a text, of the `taken` of all texts.
+  uint64_t WordsOfSource(size_t source, uint64_t taken) const;
+  /// Where a run compares: no occurrence on side A, and every one on side B, has its place here or behind.
+  Place EndOfSideA() const;
 };
 
 inline constexpr size_t kTrailingEnds = kMostWords + 1;

@@ -35,6 +35,10 @@ class CorpusBuilder {
   /// Begins a file, or another text with an empty path. Ends phrases. What follows belongs to that text.
   void BeginSource(const std::filesystem::path& path);
 
+  /// What follows belongs to the second side of a comparison. No source may be open: call it before the first
+  /// BeginSource() of that side.
+  void BeginSecondSide() { corpus_.SecondSide = corpus_.Sources.size(); }
+
   /// Tells that a line, or a piece of one, is cut next: its offset in bytes and its number from 1.
   /// `resumable`: see LineIndex::AtLine(). Has no effect unless places are kept.
   void BeginLine(uint64_t offset, uint32_t line, bool startsLine, bool resumable) {

@@ -47,6 +47,13 @@ void ListByFrequency(PhraseTable& table, int minFrequency);
 /// linear in the characters of the entries. Returns false when stopped, with the flags as they were.
 bool ExcludeRedundantSubphrases(PhraseTable& table, Yielder& yielder);
 
+/// Clears Listed of every listed entry of at least 2 words that stands by whole words in a listed entry with
+/// more words and the same count. It occurs nowhere else then, so that what holds for parts of the text is
+/// the same for both, which is not so for an entry that stands within words. Nothing to do for a table that
+/// CountPhrases made without looking at each phrase; else words^2 / 2 binary searches an entry. Returns false
+/// when stopped, with the flags as they were.
+bool ExcludeContainedPhrases(PhraseTable& table, Yielder& yielder);
+
 enum class ChainOrder {
   ByCount,  ///< Count descending, then table index.
   ByFiles,  ///< FileCount descending, then Count descending, then table index.

@@ -31,4 +31,11 @@ struct WordCounts {
   bool operator==(const WordCounts&) const = default;
 };
 
+/// What came behind `before`, the counts of an earlier moment.
+inline WordCounts operator-(WordCounts now, const WordCounts& before) {
+  now.Taken -= before.Taken;
+  for (size_t r = 0; r < kDropReasons; ++r) now.DroppedBy[r] -= before.DroppedBy[r];
+  return now;
+}
+
 }  // namespace korv

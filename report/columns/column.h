@@ -32,6 +32,7 @@ struct ColumnSource {
   std::span<const PhraseRank> FrequencyRanks = {};
   /// Prepared for the columns with Needs. Those that ask for more than it has are not defined.
   const PhraseAnalysis* Analysis = nullptr;
+  double SimpleMathsK = 1;  ///< Of the column "simple_maths".
 };
 
 /// The phrase at hand.

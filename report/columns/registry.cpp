@@ -4,16 +4,18 @@
 
 namespace korv {
 
-std::vector<const Column*> TableColumns() {
+std::vector<const Column*> TableColumns(TableOf run) {
   std::vector<const Column*> columns;
   for (const auto family :
        {PhraseColumns, FrequencyColumns, FileColumns, DispersionColumns, AssociationColumns})
     for (const Column& column : family()) columns.push_back(&column);
+  if (run == TableOf::TwoSides)
+    for (const Column& column : ComparisonColumns()) columns.push_back(&column);
   return columns;
 }
 
 std::vector<const Column*> AllColumns() {
-  std::vector<const Column*> all = TableColumns();
+  std::vector<const Column*> all = TableColumns(TableOf::TwoSides);
   for (const Column& column : ReportColumns()) all.push_back(&column);
   return all;
 }

@@ -14,8 +14,11 @@ const Column* FindColumn(std::string_view id);
 /// All of them, family by family.
 std::vector<const Column*> AllColumns();
 
+/// Whether a run compares: its table has columns for both sides then.
+enum class TableOf { OneSide, TwoSides };
+
 /// Those that tables can have: all but the ones that belong to the formats of the report.
-std::vector<const Column*> TableColumns();
+std::vector<const Column*> TableColumns(TableOf run = TableOf::OneSide);
 
 /// Whether a run must keep its places for one of the columns.
 bool NeedPlaces(std::span<const Column* const> columns);
@@ -26,6 +29,7 @@ std::span<const Column> FrequencyColumns();
 std::span<const Column> FileColumns();
 std::span<const Column> DispersionColumns();
 std::span<const Column> AssociationColumns();
+std::span<const Column> ComparisonColumns();
 std::span<const Column> ReportColumns();
 
 }  // namespace korv

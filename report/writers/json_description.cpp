@@ -19,6 +19,11 @@ void AddTextOrNull(std::string_view name, std::string_view text, JsonBuilder& js
     json.Value(text);
 }
 
+void AddSize(const SideSize& size, JsonBuilder& json) {
+  json.Key("files").Value(size.Files);
+  json.Key("words").Value(size.Words.Read()).Key("words_taken").Value(size.Words.Taken);
+}
+
 }  // namespace
 
 std::string_view JsonTypeName(ColumnType type) {
@@ -42,7 +47,14 @@ void AddSource(const RunSummary& facts, const TableDescription& about, JsonBuild
   json.Key("source").BeginObject().Key("paths").BeginArray();
   for (const std::string& path : about.Paths) json.Value(path);
   json.End();
-  if (facts.Counts) {
+  if (facts.SecondSide) {
+    AddSize(SizeOf(facts, Side::A), json);
+    json.Key("compared_with").BeginObject().Key("paths").BeginArray();
+    for (const SourcePath& path : facts.SecondSide->Paths) json.Value(path.Path);
+    json.End();
+    AddSize(SizeOf(facts, Side::B), json);
+    json.End().Key("compared_by").Value(NameOfBasis(about.ComparedBy));
+  } else if (facts.Counts) {
     json.Key("counts").Value(facts.Counts->Counts);
   } else {
     json.Key("files").Value(FilesRead(facts));

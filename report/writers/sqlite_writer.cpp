@@ -106,7 +106,17 @@ void SqliteWriter::WriteRun(const ColumnSource& source) {
   if (!about_.Command.empty()) rows.Put("command", std::string_view(about_.Command));
   for (const std::string& path : about_.Paths) rows.Put("path", std::string_view(path));
   const RunSummary& facts = source.Facts;
-  if (facts.Counts) {
+  if (facts.SecondSide) {
+    for (const SourcePath& path : facts.SecondSide->Paths)
+      rows.Put("compared_with", std::string_view(path.Path));
+    rows.Put("compared_by", NameOfBasis(about_.ComparedBy));
+    for (const auto& [side, letter] : {std::pair{Side::A, "_a"}, std::pair{Side::B, "_b"}}) {
+      const SideSize size = SizeOf(facts, side);
+      rows.Put(std::string("files") + letter, size.Files);
+      rows.Put(std::string("words") + letter, size.Words.Read());
+      rows.Put(std::string("words_taken") + letter, size.Words.Taken);
+    }
+  } else if (facts.Counts) {
     rows.Put("counts", facts.Counts->Counts);
   } else {
     rows.Put("files", FilesRead(facts));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/number_format.h"
+#include "engine/analysis/keyness.h"
 
 namespace korv {
 
@@ -21,6 +22,8 @@ struct TableDescription {
   std::vector<std::pair<std::string, Value>> Settings = {};
   /// The paths that were counted, as given; "-" for a text that came from no file.
   std::vector<std::string> Paths = {};
+  /// Of a run that compares.
+  ComparisonBasis ComparedBy = ComparisonBasis::Words;
   NumberFormat Numbers = {};  ///< For the forms that follow the locale.
   /// The forms that are for reading end after a number of rows unless all are wished.
   bool AllRows = false;

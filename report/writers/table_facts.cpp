@@ -12,6 +12,20 @@ std::string TextOf(const TableDescription::Value& value) {
   return std::to_string(std::get<int64_t>(value));
 }
 
+void AddSides(const RunSummary& facts, const TableDescription& about, const auto& grouped,
+              std::vector<TableFact>& list) {
+  for (const SourcePath& path : facts.SecondSide->Paths) list.push_back({Tr("Compared with"), path.Path});
+  const SideSize a = SizeOf(facts, Side::A);
+  const SideSize b = SizeOf(facts, Side::B);
+  list.push_back({Tr("Files of A"), grouped(a.Files)});
+  list.push_back({Tr("Files of B"), grouped(b.Files)});
+  list.push_back({Tr("Running words of A (c)"), grouped(a.Words.Read())});
+  list.push_back({Tr("Running words of B (d)"), grouped(b.Words.Read())});
+  list.push_back({Tr("Words taken of A"), grouped(a.Words.Taken)});
+  list.push_back({Tr("Words taken of B"), grouped(b.Words.Taken)});
+  list.push_back({Tr("Compared by"), std::string(NameOfBasis(about.ComparedBy))});
+}
+
 }  // namespace
 
 std::vector<TableFact> FactsOf(const ColumnSource& source, const TableDescription& about) {
@@ -19,7 +33,9 @@ std::vector<TableFact> FactsOf(const ColumnSource& source, const TableDescriptio
   const auto grouped = [&](uint64_t n) { return about.Numbers.Grouped(static_cast<int64_t>(n)); };
   std::vector<TableFact> list;
   for (const std::string& path : about.Paths) list.push_back({Tr("Source"), path});
-  if (facts.Counts) {
+  if (facts.SecondSide) {
+    AddSides(facts, about, grouped, list);
+  } else if (facts.Counts) {
     list.push_back({Tr("Counts"), grouped(facts.Counts->Counts)});
   } else {
     list.push_back({Tr("Files"), grouped(FilesRead(facts))});

@@ -31,10 +31,11 @@ FolderTotals ReadPlan::AddFolder(FolderWalk& walk, const std::filesystem::path& 
 bool ReadPlan::AddTogether(std::span<const SourcePath> paths, FileSystem& files, FolderWalk& walk,
                            const FolderEvents& events) {
   MetPaths met(files);
+  const size_t foldersBefore = foldersMet_;
   FolderEvents planned = events;
   planned.Entered = [&](const std::filesystem::path& path) {
     met.MeetFolder(path);
-    foldersMet_ = met.Folders();
+    foldersMet_ = foldersBefore + met.Folders();
     EnterFolder(path);
     if (events.Entered) events.Entered(path);
   };
@@ -52,7 +53,7 @@ bool ReadPlan::AddTogether(std::span<const SourcePath> paths, FileSystem& files,
     const bool isFile = source.What == SourcePath::Kind::File;
     // What is not there is told when it is to be read, and has no folder.
     if (isFile && files.FileExists(path) && !met.MeetFile(path)) continue;
-    foldersMet_ = met.Folders();
+    foldersMet_ = foldersBefore + met.Folders();
     EnterFolder({});
     Add(isFile ? path : std::filesystem::path());
     if (events.Wanted) events.Wanted(path);

@@ -35,9 +35,9 @@ class ReadPlan {
   /// Walks `folder` and adds its wanted files. Calls `events` as the walk goes on.
   FolderTotals AddFolder(FolderWalk& walk, const std::filesystem::path& folder, const FolderEvents& events);
   /// Files as they are named and the wanted ones of folders, in the order of `paths`. A file that is met
-  /// twice is read once, and a folder counts once. Calls `events` for each document and for what the walks
-  /// tell. False when stopped. Asks the disk about each folder once more, and holds the names of all files
-  /// twice meanwhile.
+  /// twice is read once, and a folder counts once; what was added before does not matter. Calls `events` for
+  /// each document and for what the walks tell. False when stopped. Asks the disk about each folder once
+  /// more, and holds the names of all files twice meanwhile.
   bool AddTogether(std::span<const SourcePath> paths, FileSystem& files, FolderWalk& walk,
                    const FolderEvents& events);
 

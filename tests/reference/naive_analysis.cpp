@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <set>
 #include <utility>
 #include <vector>
@@ -15,17 +16,6 @@ struct Part {
   int64_t Begin;
   int64_t End;
 };
-
-std::vector<std::string> WordsOf(const std::string& phrase) {
-  std::vector<std::string> words{""};
-  for (const char c : phrase) {
-    if (c == ' ')
-      words.emplace_back();
-    else
-      words.back() += c;
-  }
-  return words;
-}
 
 std::vector<Part> EqualParts(int64_t words, int64_t parts) {
   std::vector<Part> cut;
@@ -73,14 +63,14 @@ class Model {
     const Table& table = run.Phrases();
     for (int32_t i = 1; i <= table.PhraseCount; ++i) {
       if (table[i].Count < minFrequency) continue;
-      const std::vector<std::string> words = WordsOf(table[i].Text);
+      const std::vector<std::string> words = SplitWords(table[i].Text);
       for (const size_t at : PlacesOf(run.Words(), words)) counted_.insert({at, words.size()});
     }
   }
 
   Measures Of(const Phrase& phrase) const {
     Measures measures;
-    const std::vector<std::string> words = WordsOf(phrase.Text);
+    const std::vector<std::string> words = SplitWords(phrase.Text);
     const std::vector<size_t> places = PlacesOf(run_.Words(), words);
     AddNet(places, words.size(), measures);
     AddReducedFrequency(places, measures);
@@ -88,6 +78,12 @@ class Model {
     AddAssociation(words, places.size(), measures);
     measures["c_value"] = CValue(phrase);
     return measures;
+  }
+
+  std::optional<double> DispersionOf(const std::string& phrase) const {
+    Measures measures;
+    AddDispersion(PlacesOf(run_.Words(), SplitWords(phrase)), measures);
+    return measures["dispersion"];
   }
 
  private:
@@ -209,7 +205,7 @@ class Model {
   double CValue(const Phrase& phrase) const {
     const auto [sum, containers] = Nested(phrase);
     const double nested = containers > 0 ? sum / containers : 0;
-    return std::log2(static_cast<double>(WordsOf(phrase.Text).size())) * (phrase.Count - nested);
+    return std::log2(static_cast<double>(SplitWords(phrase.Text).size())) * (phrase.Count - nested);
   }
 
   /// Over the longer candidates that contain the phrase: the sum of their f - t, and their number.
@@ -236,11 +232,27 @@ class Model {
 
 }  // namespace
 
+std::vector<std::string> SplitWords(const std::string& phrase) {
+  std::vector<std::string> words{""};
+  for (const char c : phrase) {
+    if (c == ' ')
+      words.emplace_back();
+    else
+      words.back() += c;
+  }
+  return words;
+}
+
+std::optional<double> DispersionOf(const CountingRun& run, Parts parts, const std::string& phrase) {
+  constexpr int kNone = std::numeric_limits<int>::max();
+  return Model(run, parts, kNone).DispersionOf(phrase);
+}
+
 double Coverage(const CountingRun& run, int minFrequency) {
   std::set<size_t> covered;
   for (int32_t i = 1; i <= run.Phrases().PhraseCount; ++i) {
     if (run.Phrases()[i].Count < minFrequency) continue;
-    const std::vector<std::string> words = WordsOf(run.Phrases()[i].Text);
+    const std::vector<std::string> words = SplitWords(run.Phrases()[i].Text);
     for (const size_t at : PlacesOf(run.Words(), words))
       for (size_t k = 0; k < words.size(); ++k) covered.insert(at + k);
   }
