@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/translation.h"
 #include "engine/run_options.h"
 
 namespace korv {
@@ -21,9 +20,8 @@ std::string FilesListHint(ListKind kind);
 /// The label that says what a list consists of: the words of the file named `file` (empty for no file) and
 /// `typed` extra entries.
 std::string ListStateLabel(ListKind kind, std::string_view file, size_t typed);
-/// Title and filter of the dialog that asks for a list file; the filter in English, given to Tr() there.
+/// Title of the dialog that asks for a list file.
 std::string_view SelectFileTitle(ListKind kind);
-inline constexpr std::string_view kListFileFilter = TrLater("Any text file (*.*) | *.*");
 
 /// What stands in the text box while a list is read.
 std::string_view ReadingNotice(ListKind kind);

@@ -5,6 +5,7 @@
 
 #include "base/translation.h"
 #include "desktop/main_window/path_box.h"
+#include "desktop/toolkit/file_filter.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/icons.h"

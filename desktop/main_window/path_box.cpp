@@ -1,14 +1,8 @@
 #include "desktop/main_window/path_box.h"
 
-#include "base/translation.h"
-#include "desktop/toolkit/file_filter.h"
 #include "desktop/toolkit/plain_tip.h"
 
 namespace korv {
-
-std::string AnyTextFile() {
-  return FileFilter(Tr("Any text file"), "*.*");
-}
 
 void TrimBox(QLineEdit& box) {
   const QString trimmed = box.text().trimmed();

@@ -1,12 +1,8 @@
 #pragma once
 
 #include <QLineEdit>
-#include <string>
 
 namespace korv {
-
-/// The filter of the dialogs that choose a text file.
-std::string AnyTextFile();
 
 /// Takes the blanks off the ends of a text.
 void TrimBox(QLineEdit& box);

@@ -25,6 +25,7 @@ PhrasesPanel::PhrasesPanel(QWidget* parent) : QGroupBox(Tr("Phrases"), parent) {
   }
   layout->addWidget(MakeCaption(Tr("Phrase length"), cboPhraseLength[0], this), 0, 0);
   layout->addWidget(cboPhraseLength[0], 0, 1);
+  // Translators: stands between the least and the greatest number of words.
   layout->addWidget(MakeCaption(Tr("to"), cboPhraseLength[1], this), 0, 2);
   layout->addWidget(cboPhraseLength[1], 0, 3);
   layout->addWidget(MakeCaption(Tr("Minimum frequenc&y"), cboMinimumFrequency, this), 1, 0);

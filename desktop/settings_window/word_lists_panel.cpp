@@ -14,6 +14,7 @@
 #include "base/translation.h"
 #include "desktop/dialogs/frm_load_remove.h"
 #include "desktop/settings_window/settings_host.h"
+#include "desktop/toolkit/file_filter.h"
 #include "desktop/toolkit/plain_tip.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/eliding_label.h"
@@ -115,7 +116,7 @@ void WordListsPanel::cmdSelectWordsFile_Click() {
   Messages& messages = host_.Outside().Messages;
   if (!files.MayGrow(messages)) return;
   const auto path = host_.Outside().Dialogs.ChooseFileToOpen({.Title = std::string(SelectFileTitle(kind)),
-                                                              .Filter = Tr(kListFileFilter.data()),
+                                                              .Filter = AnyTextFile(),
                                                               .InitialPath = files.SelectedPath()});
   if (!path) return;
   bool added = false;

@@ -192,7 +192,6 @@ TEST(SetWordsToIgnoreNotice, TellsWhetherWordsToIgnoreAreInForce) {
 TEST(ListTexts, TellTheTwoUsesApart) {
   EXPECT_EQ(SelectFileTitle(ListKind::WordsToIgnore), "Specify a file containing words to ignore");
   EXPECT_EQ(SelectFileTitle(ListKind::CountOnly), "Specify a file containing count-only words/phrases");
-  EXPECT_EQ(kListFileFilter, "Any text file (*.*) | *.*");
   EXPECT_EQ(ReadingNotice(ListKind::WordsToIgnore), "Now reading words to ignore . . . ");
   EXPECT_EQ(FilesButtonCaption(ListKind::CountOnly, 2), "Count-only words files (2)");
 }

@@ -42,6 +42,7 @@ ContextOptions::ContextOptions(const Desktop& desktop, QWidget* parent) : QWidge
   spbContextWidth = Described(Named(new QSpinBox(this), "spbContextWidth"), Tr("Characters on each side"));
   spbContextWidth->setRange(kLeastContext, kMostContext);
   spbContextWidth->setSingleStep(20);
+  // Translators: stands behind a number.
   spbContextWidth->setSuffix(QStringLiteral(" ") + Tr("characters"));
   spbContextWidth->setToolTip(Tr("Characters on each side of the phrase, 20 to 500"));
   spbContextWidth->setKeyboardTracking(false);

@@ -49,6 +49,7 @@ QString LengthPicture::Description() const {
   if (bars_.empty()) return Tr("No phrase is listed.");
   QStringList texts;
   for (const Bars& bars : bars_)
+    // Translators: phrases of %1 words make up %2 percent of the phrases and %3 percent of the occurrences.
     texts.append(QString(Tr("%1 words %2 and %3"))
                      .arg(QString::number(bars.Words), ToQt(numbers_.Decimals(bars.PercentOfPhrases, 1)),
                           ToQt(numbers_.Decimals(bars.PercentOfOccurrences, 1))));

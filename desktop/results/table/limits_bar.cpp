@@ -65,6 +65,7 @@ LimitsBar::Row LimitsBar::MakeRow(const Column& column) {
   layout->addWidget(caption);
   layout->setContentsMargins(0, 0, 16, 0);
   layout->addWidget(row.Least);
+  // Translators: stands between the least and the greatest value.
   layout->addWidget(new QLabel(Tr("to"), box));
   layout->addWidget(row.Most);
   return row;

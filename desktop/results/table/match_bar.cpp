@@ -52,6 +52,7 @@ MatchBar::MatchBar(const Desktop& desktop, QWidget* parent) : QWidget(parent) {
   txbMatch->setMinimumWidth(fontMetrics().horizontalAdvance(txbMatch->placeholderText()) +
                             3 * fontMetrics().height());
   txbMatch->installEventFilter(this);
+  // Translators: stands between "Contains" (or another such choice) and the text that is looked for.
   chkMatchNot = MakeCheckBox("chkMatchNot", Tr("n&ot"), this);
   chkMatchNot->setToolTip(Tr("List the phrases that do not match. A \"-\" before the text does the same."));
   Described(chkMatchNot, Tr("List the phrases that do not match"));
