@@ -51,7 +51,7 @@ std::string FaultInNames(std::span<const std::string> arguments, std::span<const
       if (isLong && holdsValue) return Fill(Tr("%1 takes no value"), {name});
       continue;
     }
-    if (!given.insert(option->Long).second) return Fill(Tr("%1 is given twice"), {name});
+    if (!given.insert(option->Long).second && !option->Repeats) return Fill(Tr("%1 is given twice"), {name});
     const bool isLast = i + 1 == arguments.size();
     if (holdsValue) {
       if (isLong && isLast && argument.ends_with('='))

@@ -72,11 +72,18 @@ class Parser {
     if (row.ValueName.empty()) {
       option = app_.add_flag_callback(
           row.Name, [this, &row] { row.Take({}, options_); }, row.Help);
+    } else if (row.Repeats) {
+      const auto take = [this, &row](const std::vector<std::string>& values) {
+        for (const std::string& value : values) row.Take(value, options_);
+      };
+      option = app_.add_option_function<std::vector<std::string>>(row.Name, take, row.Help)
+                   ->type_name(row.ValueName)
+                   ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+                   ->allow_extra_args(false);
     } else {
       const auto take = [this, &row](const std::string& value) { row.Take(value, options_); };
       option = app_.add_option_function<std::string>(row.Name, take, row.Help)->type_name(row.ValueName);
     }
-    if (row.Repeats) option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->allow_extra_args(false);
     option->group(TitleOf(row.Group));
   }
 
@@ -87,7 +94,8 @@ class Parser {
       if (option->get_lnames().empty()) continue;
       const auto& letters = option->get_snames();
       known.push_back({option->get_lnames().front(), letters.empty() ? "" : letters.front(),
-                       option->get_items_expected_max() > 0 ? option->get_type_name() : ""});
+                       option->get_items_expected_max() > 0 ? option->get_type_name() : "",
+                       option->get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll});
     }
     const std::string fault = FaultInNames(arguments, known);
     if (!fault.empty()) throw CLI::ParseError(fault, kExitUsage);

@@ -34,6 +34,12 @@ void ShowFileError(Messages& messages, const FileError& error) {
                  .Icon = Icon::Critical});
 }
 
+std::string SkippedFilesInMessage(const RunSummary& facts) {
+  std::string text = SkippedFilesText(facts, kSkippedInMessage);
+  if (!text.empty()) text.pop_back();  // Its line end.
+  return text;
+}
+
 /// For as long as this lives, one answer about the encoding holds for every file.
 class OneAnswerForAll {
  public:
@@ -284,19 +290,17 @@ bool SourceReader::BothSidesHaveWords() {
                                        : Tr("No words were read of what is to be compared."),
                            .Title = Tr("Nothing to compare"),
                            .Icon = Icon::Exclamation,
-                           .Addition = SkippedFilesText(run_.Facts, kSkippedInMessage)});
+                           .Addition = SkippedFilesInMessage(run_.Facts)});
   return false;
 }
 
 /// Of what was named one by one, something is expected; if nothing was read, the user has been told.
 bool SourceReader::SomethingWasRead() {
   if (request_.Paths.empty() || run_.Facts.FilesScanned > 0 || services_.Yielder.Stopped()) return true;
-  std::string skipped = SkippedFilesText(run_.Facts, kSkippedInMessage);
-  if (!skipped.empty()) skipped.pop_back();  // Its line end.
   services_.Messages.Show({.Text = Tr("None of the files could be counted."),
                            .Title = Tr("Invalid input"),
                            .Icon = Icon::Exclamation,
-                           .Addition = std::move(skipped)});
+                           .Addition = SkippedFilesInMessage(run_.Facts)});
   return false;
 }
 
