@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "app/run/comparison_request.h"
+#include "sources/detect/source_checks.h"
 #include "wordlists/load_word_filters.h"
 #include "wordlists/typed_words.h"
 
@@ -71,8 +73,14 @@ bool Workspace::HasWordsToIgnore() const {
          !SplitTypedEntries(ListKind::WordsToIgnore, TypedOf(ListKind::WordsToIgnore)).empty();
 }
 
+void Workspace::CompareWith(ChangedBy by, std::optional<ComparedWith> compared) {
+  if (compared == compared_) return;
+  compared_ = std::move(compared);
+  Tell({}, by);
+}
+
 Workspace::State Workspace::Keep() const {
-  return {settings_, lists_, countOnly_, together_};
+  return {settings_, lists_, countOnly_, together_, compared_};
 }
 
 void Workspace::PutBack(ChangedBy by, State state) {
@@ -80,8 +88,9 @@ void Workspace::PutBack(ChangedBy by, State state) {
   countOnly_ = std::move(state.CountOnly);
   Change(by, state.Chosen);
   // Behind the settings, whose folder may be another one.
-  if (state.Together == together_) return;
+  if (state.Together == together_ && state.Compared == compared_) return;
   together_ = std::move(state.Together);
+  compared_ = std::move(state.Compared);
   Tell({}, by);
 }
 
@@ -92,7 +101,9 @@ RunRequest Workspace::RequestOfNow() const {
       MakeWordFilterSpec(LoadedOf(ListKind::WordsToIgnore), TypedOf(ListKind::WordsToIgnore),
                          settings_.PatternMatchingInWordsToIgnoreFile, LoadedOf(ListKind::CountOnly),
                          TypedOf(ListKind::CountOnly), settings_.Words);
-  return request;
+  if (!compared_) return request;
+  const std::string path = TrimmedPath(compared_->Path);
+  return path.empty() ? request : ComparisonOf(std::move(request), {{path}}, compared_->How);
 }
 
 }  // namespace korv

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/run/comparison_choice.h"
 #include "app/run/run_request.h"
 #include "app/settings/schema.h"
 #include "engine/source_path.h"
@@ -17,6 +18,14 @@ namespace korv {
 
 /// Who has changed a setting: the user at a control, or the program, for one by loading a settings file.
 enum class ChangedBy { User, Program };
+
+/// What the source of a window is compared with.
+struct ComparedWith {
+  std::string Path{};  ///< A file or a folder, as typed; empty until one is named.
+  ComparisonChoice How{};
+
+  bool operator==(const ComparedWith&) const = default;
+};
 
 /// What a window works on: the settings, and the two lists of words with their files and what was loaded of
 /// them. All changes are made here, and listeners are called after each.
@@ -70,6 +79,13 @@ class Workspace {
   /// Another folder among the settings, which a change of them brings, makes an end of them.
   void CountTogether(ChangedBy by, std::vector<SourcePath> paths);
 
+  // ---- Comparing
+
+  /// Without a value nothing is compared. No setting, like several sources.
+  const std::optional<ComparedWith>& Compared() const { return compared_; }
+  /// Listeners are called with no setting.
+  void CompareWith(ChangedBy by, std::optional<ComparedWith> compared);
+
   // ---- All of it
 
   /// The files of a list, and what was loaded of the selected one.
@@ -85,7 +101,8 @@ class Workspace {
 
   // ---- Runs
 
-  /// What a count that began now would be asked for, but for the text of a clipboard.
+  /// What a count that began now would be asked for, but for the text of a clipboard. That of a comparison
+  /// as soon as there is a path to compare with, which may be that of a folder: nobody has looked.
   RunRequest RequestOfNow() const;
 
  private:
@@ -99,6 +116,7 @@ class Workspace {
                                  ListPart{WordFileList(ListKind::CountOnly), {}}};
   std::string countOnly_;
   std::vector<SourcePath> together_;
+  std::optional<ComparedWith> compared_;
   std::vector<Listener> listeners_;
 };
 
@@ -107,6 +125,7 @@ struct Workspace::State {
   std::array<ListPart, 2> Lists;  ///< By ListKind.
   std::string CountOnly;          ///< The typed entries.
   std::vector<SourcePath> Together{};
+  std::optional<ComparedWith> Compared{};
 };
 
 }  // namespace korv

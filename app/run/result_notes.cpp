@@ -386,7 +386,29 @@ std::string TogetherName(std::span<const SourcePath> paths) {
   return files > 0 ? filesText : folders > 0 ? foldersText : std::string();
 }
 
+namespace {
+
+std::string NameOfSide(std::span<const SourcePath> paths) {
+  if (paths.size() != 1) return TogetherName(paths);
+  switch (paths.front().What) {
+    case SourcePath::Kind::StandardInput:
+      return SourceName(TextSource::Clipboard, "");
+    case SourcePath::Kind::File:
+      return SourceName(TextSource::SingleFile, paths.front().Path);
+    case SourcePath::Kind::Folder:
+      break;
+  }
+  return SourceName(TextSource::Folder, paths.front().Path);
+}
+
+}  // namespace
+
+std::string SideNameOf(const RunSummary& facts, Side side) {
+  return NameOfSide(side == Side::A ? facts.Paths : facts.SecondSide->Paths);
+}
+
 std::string SourceNameOf(const RunSummary& facts) {
+  if (facts.SecondSide) return SideNameOf(facts, Side::A) + " - " + SideNameOf(facts, Side::B);
   return facts.Paths.empty() ? SourceName(facts.Options.SourceKind, facts.InputPath)
                              : TogetherName(facts.Paths);
 }

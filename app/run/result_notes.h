@@ -101,7 +101,10 @@ ResultLabels LabelsOf(const ShownResult& result, const NumberFormat& numbers);
 std::string SourceName(TextSource kind, const std::string& path);
 /// What several sources are called: "3 files", "2 folders", "3 files and 1 folder".
 std::string TogetherName(std::span<const SourcePath> paths);
-/// What the source of a run is called, in one of these ways.
+/// What a side of a run that compares is called, in one of these ways. One that was on standard input was the
+/// clipboard.
+std::string SideNameOf(const RunSummary& facts, Side side);
+/// What the source of a run is called, in one of these ways; of one that compares "A - B".
 std::string SourceNameOf(const RunSummary& facts);
 
 /// The name, without an extension, of a file that is offered for a run: that of its source, without the signs

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/run/comparison_choice.h"
 #include "app/run/run_observer.h"
 #include "base/clock.h"
 #include "base/number_format.h"
@@ -37,11 +38,12 @@ struct RunRequest {
   /// What Paths, side A, are compared with: read behind them in the same run. Empty where nothing is
   /// compared.
   std::vector<SourcePath> Compared;
-  std::string OutputPath;  ///< Empty when the report goes to no file.
+  ComparisonChoice Comparison;  ///< How they are compared.
+  std::string OutputPath;       ///< Empty when the report goes to no file.
 
-  // Clipboard source: one of the two.
+  // Clipboard source, or standard input among Paths or Compared: one of the two.
   std::string ClipboardText;  ///< UTF-8.
-  /// Bytes of any length, standard input for one. Not owned. Also read where Paths name standard input.
+  /// Bytes of any length, standard input for one. Not owned.
   korv::InputFile* Stream = nullptr;
   EncodingChoice StreamEncoding = EncodingChoice::Auto;
   /// The extension that texts are read by, whatever their names say: "html". Empty for their own.
@@ -86,10 +88,11 @@ struct CountedRun {
   PhraseTable Table;
   ChainOrder Chain = ChainOrder::ByCount;  ///< What the chain goes by.
   RunSummary Facts;
-  std::string OutputPath;    ///< As in the request, or as chosen during the run.
-  std::string KeptText;      ///< Of the clipboard or the stream, in its own encoding, where it is kept.
-  std::string FileKind;      ///< Single file: FileKindAfterRun(), which lblTotalNumOccurrences shows.
-  bool Interrupted = false;  ///< Stopped at some point; the user wanted what was found.
+  ComparisonChoice Comparison{};  ///< As in the request. Of use where Facts has a second side.
+  std::string OutputPath;         ///< As in the request, or as chosen during the run.
+  std::string KeptText;           ///< Of the clipboard or the stream, in its own encoding, where it is kept.
+  std::string FileKind;           ///< Single file: FileKindAfterRun(), which lblTotalNumOccurrences shows.
+  bool Interrupted = false;       ///< Stopped at some point; the user wanted what was found.
   StageTimes Times;
 };
 

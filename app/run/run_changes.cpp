@@ -1,5 +1,6 @@
 #include "app/run/run_changes.h"
 
+#include <algorithm>
 #include <tuple>
 
 #include "base/translation.h"
@@ -9,8 +10,17 @@ namespace korv {
 
 namespace {
 
+/// Whether a path is a folder is known only once somebody has looked.
+bool SamePaths(const std::vector<SourcePath>& a, const std::vector<SourcePath>& b) {
+  return std::ranges::equal(a, b, [](const SourcePath& x, const SourcePath& y) {
+    return TrimmedFolderPath(x.Path) == TrimmedFolderPath(y.Path);
+  });
+}
+
 bool SameSource(const RunRequest& a, const RunRequest& b) {
-  if (a.Options.SourceKind != b.Options.SourceKind || a.Paths != b.Paths) return false;
+  if (a.Options.SourceKind != b.Options.SourceKind || a.Paths != b.Paths ||
+      !SamePaths(a.Compared, b.Compared))
+    return false;
   switch (a.Options.SourceKind) {
     case TextSource::Clipboard:
       return true;
@@ -63,7 +73,8 @@ RunChanges ChangesBetween(const RunRequest& counted, const RunRequest& now) {
   return {.Source = !SameSource(counted, now),
           .Lengths = counted.Options.MinWords != now.Options.MinWords ||
                      counted.Options.MaxWords != now.Options.MaxWords,
-          .MinFrequency = counted.Options.MinFrequency != now.Options.MinFrequency,
+          .MinFrequency = counted.Compared.empty() == now.Compared.empty() &&
+                          counted.Options.MinFrequency != now.Options.MinFrequency,
           .WordsToIgnore = !SameWordsToIgnore(counted, now),
           .CountOnly = counted.Lists.CountOnly != now.Lists.CountOnly,
           .WordRules = !SameWordRules(counted.Rules, now.Rules)};

@@ -10,7 +10,7 @@ namespace korv {
 struct RunChanges {
   bool Source = false;  ///< Another kind of source, another file or folder, other files of it.
   bool Lengths = false;
-  bool MinFrequency = false;
+  bool MinFrequency = false;   ///< A comparison has one of its own: between it and others nothing.
   bool WordsToIgnore = false;  ///< The list or how it acts; nothing where neither run has words to ignore.
   bool CountOnly = false;
   bool WordRules = false;

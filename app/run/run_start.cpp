@@ -41,6 +41,7 @@ void BeginRun(const RunRequest& request, Yielder& yielder, CountedRun& run) {
   facts.IncludeSubfolders = request.IncludeSubfolders;
   facts.Paths = request.Paths;
   if (!request.Compared.empty()) facts.SecondSide = SecondSide{.Paths = request.Compared};
+  run.Comparison = request.Comparison;
   facts.InputPath = request.Paths.empty() ? PathOfSource(request) : std::string();
   run.OutputPath = TrimmedPath(request.OutputPath);
 }

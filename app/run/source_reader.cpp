@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "app/run/comparison_request.h"
 #include "app/run/encoding_tally.h"
 #include "base/translation.h"
 #include "report/error_text.h"
@@ -65,17 +66,24 @@ SourceReader::SourceReader(const RunRequest& request, const WordRules& rules, co
 
 RunEnd SourceReader::DoItFromClipboard() {
   if (request_.Stream) return DoItFromStream();
-  const std::string& text = request_.ClipboardText;
-  if (!CheckClipboardText(text, services_.Messages, services_.Numbers) ||
-      !CheckNaturalLanguage(text, services_.Messages))
-    return RunEnd::Refused;
+  if (!ClipboardIsValid()) return RunEnd::Refused;
   services_.View.Status(Tr("Now counting phrases on the clipboard"));
-  services_.Progress.BytesTotal = text.size();
-  if (KeepsText()) run_.KeptText = text;
-  DocumentText document;
-  document.Head = text;
-  reader_.Read({}, std::move(document), TextEncoding::Utf8);
+  services_.Progress.BytesTotal = request_.ClipboardText.size();
+  ReadClipboardText();
   return RunEnd::Counted;
+}
+
+bool SourceReader::ClipboardIsValid() const {
+  const std::string& text = request_.ClipboardText;
+  return CheckClipboardText(text, services_.Messages, services_.Numbers) &&
+         CheckNaturalLanguage(text, services_.Messages);
+}
+
+void SourceReader::ReadClipboardText() {
+  if (KeepsText()) run_.KeptText = request_.ClipboardText;
+  DocumentText document;
+  document.Head = request_.ClipboardText;
+  reader_.Read({}, std::move(document), TextEncoding::Utf8);
 }
 
 std::unique_ptr<StreamSource> SourceReader::MakeStream() {
@@ -175,6 +183,7 @@ RunEnd SourceReader::DoItFromFolder() {
 
 bool SourceReader::FolderIsValid() {
   if (!ValidatePatterns(request_.Selection, services_.Messages)) return false;
+  if (!request_.Stream && ReadsClipboard(request_) && !ClipboardIsValid()) return false;
   const auto isBeside = [this](std::span<const SourcePath> paths) {
     return ValidateOutputBeside(services_.Files, services_.Messages, paths, run_.OutputPath,
                                 request_.IncludeSubfolders);
@@ -314,8 +323,12 @@ bool SourceReader::ReadOneOfMany(const fs::path& path) {
 }
 
 bool SourceReader::ReadStreamAmongFiles() {
-  std::unique_ptr<StreamSource> source = MakeStream();
+  if (!request_.Stream) {
+    ReadClipboardText();
+    return true;
+  }
   services_.View.InputFile(kStandardInputName);
+  std::unique_ptr<StreamSource> source = MakeStream();
   if (ReadHeadOf(*source)) return Skip(kStandardInputName, SkipReason(TextFileCode::CannotOpen));
   const std::string beginning = source->Beginning();
   if (beginning.empty() && services_.Yielder.Stopped()) return false;

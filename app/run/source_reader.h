@@ -55,6 +55,8 @@ class SourceReader {
   /// One of several documents. False when it was not read, after noting why.
   bool ReadOneOfMany(const std::filesystem::path& path);
   bool ReadStreamAmongFiles();
+  bool ClipboardIsValid() const;
+  void ReadClipboardText();
   /// False.
   bool Skip(std::string path, std::string_view reason);
   /// False when it was not read, after telling why.

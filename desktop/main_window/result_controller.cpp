@@ -73,7 +73,7 @@ ChosenNow ResultController::GatherChosen() const {
   now.Report.FilterText = NormaliseFilterText(now.Report.FilterText);
   now.Report.FilterActive = !now.Report.FilterText.empty();
   now.FormatAvailable = ApplyReportRules(now.Report, result_->Run.Facts.Options.SourceKind);
-  now.OutputPath = panels_.OutputFile->Path();
+  if (!Compares()) now.OutputPath = panels_.OutputFile->Path();
   return now;
 }
 
@@ -107,7 +107,7 @@ void ResultController::ListTheResult(bool filtered, bool toFile) {
   // A format that is there for folders only may have been chosen for the next count.
   ApplyReportRules(options, result_->Run.Facts.Options.SourceKind);
   std::optional<std::string> path;
-  if (toFile) path = ConfirmedOutputPath();
+  if (toFile && !Compares()) path = ConfirmedOutputPath();
   changedMeanwhile_ = false;
   run_.List(result_, options, path,
             [this, result = result_, intoFile = path.has_value(),
@@ -196,7 +196,7 @@ void ResultController::FollowControls() {
 }
 
 void ResultController::OfferToWrite() {
-  if (!run_.Idle() || !HasResult()) return;
+  if (!run_.Idle() || !HasResult() || Compares()) return;
   if (desktop_.Messages.Show({.Text = Tr("Relist words (so as to write to file)?"),
                               .Title = Tr("Relist?"),
                               .Icon = Icon::Question,
@@ -315,6 +315,8 @@ void ResultController::TakeWayOut(NoteAction action) {
     case NoteAction::FilterResults:
       return panels_.Result->Filter->cmdFilterResults_Click();
     case NoteAction::WriteToFile:
+      // A comparison has a table of its own to be written.
+      if (Compares()) return exports_.Export();
       if (!panels_.OutputFile->ChooseOutputFile()) return;
       work_.Change(ChangedBy::Program, [](Settings& settings) { settings.DisableOutputToFile = false; });
       return ListTheResult(WantsFilter());

@@ -81,6 +81,8 @@ class ResultController final : public QObject {
   /// What is chosen now, for comparing it with what is shown.
   ChosenNow GatherChosen() const;
   bool WantsFilter() const;
+  /// The run in front compares. Its report goes into no output file.
+  bool Compares() const { return result_ && result_->Run.Facts.SecondSide.has_value(); }
   void ShowCounts();
   void ShowNotes();
   void TakeListing(ShownResult& result, ShownListing listing);

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <utility>
 
+#include "app/run/comparison_request.h"
 #include "base/translation.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/phrases_panel.h"
@@ -115,25 +116,40 @@ void RunController::BeginCount(bool singleWords) {
   // A key may have come here without the filter words having lost the focus.
   filter.txbFilterWords_LostFocus();
   RunRequest request = work_.RequestOfNow();
+  if (!CanCompare(request)) return;
+  const bool compares = !request.Compared.empty();
   if (singleWords) request = SingleWordsOf(std::move(request));
   request.OffersWaysOut = true;
   request.Options.KeepPlaces = true;
-  if (request.Options.SourceKind == TextSource::Clipboard) request.ClipboardText = desktop_.Clipboard.Text();
+  if (ReadsClipboard(request)) request.ClipboardText = desktop_.Clipboard.Text();
   ReportOptions report = work_.Current().Report;
+  const int minFrequency = request.Options.MinFrequency;
   if (!AskBeforeCounting(request, report, desktop_.Files, desktop_.Messages)) return;
   FinishedRun finished;
   finished.Filtered = report.FilterActive;
-  finished.ToFile = !singleWords;
+  finished.ToFile = !singleWords && !compares;
   if (!request.OutputPath.empty() &&
       !CanOpenOutputFile(PathFromText(TrimmedPath(request.OutputPath)), desktop_.Files, desktop_.Messages)) {
     request.OutputPath.clear();
     finished.ToFile = false;
   }
   work_.Change(ChangedBy::Program, [&](Settings& settings) {
-    settings.MinFrequency = request.Options.MinFrequency;
+    // That of a comparison is not the one that was chosen.
+    if (request.Options.MinFrequency != minFrequency) settings.MinFrequency = request.Options.MinFrequency;
     settings.Report.FilterText = report.FilterText;
   });
   Count(std::move(request), std::move(finished));
+}
+
+bool RunController::CanCompare(RunRequest& request) {
+  if (!work_.Compared()) return true;
+  if (request.Compared.empty()) {
+    desktop_.Messages.Show({.Text = Tr("Please name the file or folder that is to be compared with."),
+                            .Title = Tr("Nothing to compare with"),
+                            .Icon = Icon::Exclamation});
+    return false;
+  }
+  return SidesAreThere(request, desktop_.Files, desktop_.Messages);
 }
 
 void RunController::Count(RunRequest request, FinishedRun finished) {

@@ -118,6 +118,8 @@ class RunController {
 
   /// Asks what is to be asked, and counts.
   void BeginCount(bool singleWords);
+  /// Where the window compares: whether there is something on both sides; the user has been told if not.
+  bool CanCompare(RunRequest& request);
   void Count(RunRequest request, FinishedRun finished);
   void EndCount(CountJob& job);
   // On the worker.

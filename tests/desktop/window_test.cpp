@@ -232,6 +232,12 @@ std::vector<std::string> WindowTest::Shown() {
   return shown;
 }
 
+void WindowTest::CountCompared(const std::string& a, const std::string& b, const ComparisonChoice& how) {
+  Type("txbFile_0", WriteFile("a.txt", a));
+  main->Work().CompareWith(ChangedBy::User, ComparedWith{WriteFile("b.txt", b), how});
+  Count();
+}
+
 }  // namespace korv
 
 int main(int argc, char** argv) {

@@ -134,6 +134,8 @@ class WindowTest : public testing::Test {
   /// A text on which the program counts for long enough to be looked at.
   void UseLongText();
   void Count() const { Click("cmdCountPhrases"); }
+  /// Counts `a` as side A, and `b` compared with it: files of these bytes.
+  void CountCompared(const std::string& a, const std::string& b, const ComparisonChoice& how = {});
 
   /// Messages shown since the last call, as "title | text".
   std::vector<std::string> Shown();
