@@ -12,25 +12,50 @@ namespace korv {
 
 namespace {
 
-/// The parts with places, in the order of the text.
-std::vector<PhraseSpread::Part> PartsWith(std::span<const Place> places, const TextParts& parts) {
-  std::vector<uint32_t> partOf;
-  partOf.reserve(places.size());
-  for (const Place place : places) partOf.push_back(parts.PartOf(place));
-  std::ranges::sort(partOf);
-  std::vector<PhraseSpread::Part> with;
-  for (size_t i = 0; i < partOf.size(); ++i) {
-    if (i == 0 || partOf[i] != partOf[i - 1]) with.push_back({0, parts.WordsOf(partOf[i])});
-    ++with.back().Occurrences;
+/// The parts with places, in the order of the text. One object serves many phrases: it keeps its room.
+class PartsWithPlaces {
+ public:
+  std::span<const PhraseSpread::Part> Of(std::span<const Place> places, const TextParts& parts) {
+    with_.clear();
+    if (parts.Few())
+      CountInFew(places, parts);
+    else
+      CountInMany(places, parts);
+    return with_;
   }
-  return with;
+
+ private:
+  void CountInFew(std::span<const Place> places, const TextParts& parts) {
+    std::array<uint32_t, TextParts::kFew> occurrences{};
+    for (const Place place : places) ++occurrences[parts.PartOf(place)];
+    for (size_t part = 0; part < parts.Count(); ++part)
+      if (occurrences[part] > 0) with_.push_back({occurrences[part], parts.WordsOf(part)});
+  }
+
+  void CountInMany(std::span<const Place> places, const TextParts& parts) {
+    partOf_.clear();
+    for (const Place place : places) partOf_.push_back(parts.PartOf(place));
+    std::ranges::sort(partOf_);
+    for (size_t i = 0; i < partOf_.size(); ++i) {
+      if (i == 0 || partOf_[i] != partOf_[i - 1]) with_.push_back({0, parts.WordsOf(partOf_[i])});
+      ++with_.back().Occurrences;
+    }
+  }
+
+  std::vector<uint32_t> partOf_;
+  std::vector<PhraseSpread::Part> with_;
+};
+
+std::span<const PhraseSpread::Part> PartsWith(std::span<const Place> places, const TextParts& parts) {
+  // Millions of phrases ask, most of them with two or three places.
+  thread_local PartsWithPlaces room;
+  return room.Of(places, parts);
 }
 
 std::optional<double> DispersionOf(std::span<const Place> places, const TextParts* parts,
                                    double (*measure)(const PhraseSpread&)) {
   if (parts == nullptr || parts->Count() == 0 || places.size() < 2) return std::nullopt;
-  const std::vector<PhraseSpread::Part> with = PartsWith(places, *parts);
-  return measure({.Parts = with,
+  return measure({.Parts = PartsWith(places, *parts),
                   .Occurrences = places.size(),
                   .AllParts = parts->Count(),
                   .AllWords = parts->Words(),

@@ -1,6 +1,8 @@
 #include "engine/analysis/text_parts.h"
 
 #include <algorithm>
+#include <limits>
+#include <ranges>
 
 namespace korv {
 
@@ -44,6 +46,22 @@ void TextParts::Divide(const Corpus& corpus, const TakenWords& words, PartChoice
     DivideEqually(asked);
   }
   fewestWords_ = wordsOf_.empty() ? 0 : *std::ranges::min_element(wordsOf_);
+  FindBegins();
+}
+
+/// Parts follow each other without a gap, so that the words before a part are those of the parts before it.
+void TextParts::FindBegins() {
+  if (!Few()) return;
+  begins_.fill(Place{std::numeric_limits<uint32_t>::max()});
+  uint64_t before = wordsBefore_;
+  for (size_t part = 1; part < Count(); ++part) {
+    before += wordsOf_[part - 1];
+    const auto places = std::views::iota(uint32_t{0}, static_cast<uint32_t>(corpus_->Tokens.size()));
+    const auto first = std::lower_bound(
+        places.begin(), places.end(), before,
+        [this](uint32_t place, uint64_t least) { return words_->Before(Place{place}) < least; });
+    begins_[part - 1] = Place{*first};
+  }
 }
 
 void TextParts::DivideSources(uint64_t parts) {
@@ -68,6 +86,11 @@ void TextParts::DivideEqually(uint64_t parts) {
 }
 
 uint32_t TextParts::PartOf(Place place) const {
+  if (Few()) {
+    uint32_t part = 0;
+    for (const Place begin : begins_) part += begin <= place ? 1 : 0;
+    return part;
+  }
   if (partOfSource_.empty())
     return static_cast<uint32_t>(EqualPartOf(words_->Before(place) - wordsBefore_, allWords_, Count()));
   const size_t source = corpus_->SourceAt(place);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -43,16 +44,20 @@ class TextParts {
   size_t Count() const { return wordsOf_.size(); }
   /// Words taken in the part, counted from 0; never 0.
   uint64_t WordsOf(size_t part) const { return wordsOf_[part]; }
+  /// At most this many parts are few: PartOf() is quickest then.
+  static constexpr size_t kFew = 16;
+  bool Few() const { return Count() <= kFew; }
   /// Those of the part with the fewest.
   uint64_t FewestWords() const { return fewestWords_; }
   /// Those of all parts: n.
   uint64_t Words() const { return allWords_; }
   /// The part that `place`, which must be that of a word, belongs to. Constant time, but for many files in
-  /// one block of tokens.
+  /// one block of tokens where there are more than 64 parts.
   uint32_t PartOf(Place place) const;
 
  private:
   void DivideEqually(uint64_t parts);
+  void FindBegins();
   void DivideSources(uint64_t parts);
 
   const Corpus* corpus_ = nullptr;
@@ -65,6 +70,9 @@ class TextParts {
   std::vector<uint32_t> partOfSource_;  ///< The first of each file; empty for equal parts of the whole.
   uint64_t partsOfSource_ = 1;          ///< Into how many a file with enough words is cut.
   uint64_t fewestWords_ = 0;
+  /// Where there are few parts, the first place of each but the first one, and behind them places that no
+  /// text has. To go through all of them costs less than a far look.
+  std::array<Place, kFew> begins_{};
 };
 
 }  // namespace korv
