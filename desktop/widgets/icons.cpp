@@ -4,8 +4,9 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QSvgRenderer>
 #include <utility>
+
+#include "desktop/widgets/outline.h"
 
 // A library's resources are not there until somebody asks for them, which the toolkit wants done outside of
 // any namespace.
@@ -22,9 +23,7 @@ class OutlineEngine final : public QIconEngine {
   OutlineEngine(QByteArray drawing, QPalette::ColorRole role) : drawing_(std::move(drawing)), role_(role) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
-    QByteArray coloured = drawing_;
-    coloured.replace("#000", ColourOf(mode).name().toLatin1());
-    QSvgRenderer(coloured).render(painter, rect);
+    PaintOutline(drawing_, ColourOf(mode), *painter, rect);
   }
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     QPixmap picture(size);
@@ -50,7 +49,7 @@ class OutlineEngine final : public QIconEngine {
 
 QIcon DrawnIcon(const char* name, QPalette::ColorRole role) {
   MakeIconsKnown();
-  QFile file(QStringLiteral(":/korv/icons/%1.svg").arg(QLatin1String(name)));
+  QFile file(QStringLiteral(":/korv/icons/%1").arg(QLatin1String(name)));
   return file.open(QIODevice::ReadOnly) ? QIcon(new OutlineEngine(file.readAll(), role)) : QIcon();
 }
 

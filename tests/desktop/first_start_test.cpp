@@ -102,6 +102,26 @@ TEST_F(FirstStart, HasIconsThatAreSeenInLightAndDarkPalettes) {
   EXPECT_GT(dark, 150);
 }
 
+/// How much of the icon is covered, from 0 to 1.
+double InkOf(const QIcon& icon, int size) {
+  const QImage image = icon.pixmap(size, size).toImage();
+  EXPECT_EQ(image.size(), QSize(size, size));
+  double ink = 0;
+  for (int y = 0; y < size; ++y)
+    for (int x = 0; x < size; ++x) ink += image.pixelColor(x, y).alphaF();
+  return ink / (size * size);
+}
+
+TEST_F(FirstStart, HasIconsThatAreAsStrongInEverySize) {
+  for (const char* name : {"document-open", "media-playback-start", "preferences-system", "window-close"}) {
+    const QIcon icon = DrawnIcon(name);
+    const double strength = InkOf(icon, 64);
+    EXPECT_GT(strength, 0.05) << name;
+    for (const int size : {16, 20, 24, 32, 48})
+      EXPECT_NEAR(InkOf(icon, size), strength, 0.01) << name << " of " << size;
+  }
+}
+
 TEST_F(FirstStart, HasAnIconForEveryNameThatItUses) {
   ASSERT_TRUE(Start());
   int icons = 0;

@@ -317,6 +317,10 @@ TEST_F(PicturesTest, DrawBarsOfLengthsByTheirShares) {
 
 // ---- Saving
 
+#ifdef KORV_SVG
+constexpr const char* kUsualForm = ".svg";
+constexpr const char* kPatterns = "*.svg *.png";
+
 TEST_F(PicturesTest, AreSavedAsSvgWithTitleAndDescription) {
   ShowRun(CountedFile());
   around.Dialogs.WillChoose("/p.svg");
@@ -328,6 +332,21 @@ TEST_F(PicturesTest, AreSavedAsSvgWithTitleAndDescription) {
   EXPECT_THAT(svg, HasSubstr("big cat"));
   EXPECT_THAT(world.Messages.Shown, testing::IsEmpty());
 }
+
+#else
+constexpr const char* kUsualForm = ".png";
+constexpr const char* kPatterns = "*.png";
+
+TEST_F(PicturesTest, AreNotSavedAsSvgByABuildWithoutIt) {
+  ShowRun(CountedFile());
+  around.Dialogs.WillChoose("/p.SVG");
+  pane.cmdSavePicture_Click();
+  EXPECT_EQ(world.Files.Content("/p.SVG"), std::nullopt);
+  EXPECT_EQ(world.Messages.Only().Title, "Save picture");
+  EXPECT_THAT(world.Messages.Only().Text, StartsWith("The picture cannot be saved as "));
+  EXPECT_THAT(world.Messages.Only().Text, HasSubstr("This copy of Korv saves pictures as PNG only."));
+}
+#endif
 
 TEST_F(PicturesTest, AreSavedAsPngWithTwiceTheDots) {
   ShowRun(CountedFile());
@@ -345,14 +364,14 @@ TEST_F(PicturesTest, AreOfferedUnderTheirTitle) {
   pane.cmdSavePicture_Click();
   ASSERT_EQ(around.Dialogs.Saved.size(), 1u);
   EXPECT_EQ(around.Dialogs.Saved[0].Title, "Save picture");
-  EXPECT_EQ(around.Dialogs.Saved[0].InitialPath, "Where phrases stand.svg");
-  EXPECT_EQ(around.Dialogs.Saved[0].Filter, "Pictures (*.svg *.png) | *.svg *.png");
+  EXPECT_EQ(around.Dialogs.Saved[0].InitialPath, std::string("Where phrases stand") + kUsualForm);
+  EXPECT_EQ(around.Dialogs.Saved[0].Filter, std::string("Pictures (") + kPatterns + ") | " + kPatterns);
   EXPECT_TRUE(around.Dialogs.Saved[0].AsksBeforeReplacing);
 }
 
 TEST_F(PicturesTest, TellWhenTheyCannotBeSaved) {
   ShowRun(CountedFile());
-  around.Dialogs.WillChoose("/no such folder/p.svg");
+  around.Dialogs.WillChoose("/no such folder/p.png");
   pane.cmdSavePicture_Click();
   EXPECT_EQ(world.Messages.Only().Title, "Save picture");
   EXPECT_THAT(world.Messages.Only().Text, StartsWith("The picture cannot be saved as "));

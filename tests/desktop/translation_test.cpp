@@ -326,6 +326,7 @@ TEST_F(TranslatedWindows, PaintTheirTexts) {
   for (int picture = 0; picture < Find<QComboBox>("cboPicture")->count(); ++picture) {
     Choose("cboPicture", picture);
     LookAround("picture " + std::to_string(picture));
+#ifdef KORV_SVG
     const std::string path = PathOf("picture" + std::to_string(picture) + ".svg");
     dialogs.WillChoose(path);
     Click("cmdSavePicture");
@@ -335,6 +336,7 @@ TEST_F(TranslatedWindows, PaintTheirTexts) {
     for (QRegularExpressionMatchIterator found = kTexts.globalMatch(svg); found.hasNext(); ++texts)
       ExpectTranslated(FromQt(found.next().captured(2)), "text of a picture");
     EXPECT_GT(texts, 2) << path;
+#endif
   }
 }
 

@@ -3,34 +3,17 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
-#include <QSvgGenerator>
+#include <array>
 
+#include "desktop/results/pictures/picture_svg.h"
 #include "engine/text/unicode.h"
 
 namespace korv {
 namespace {
 
 constexpr double kDotsPerUnit = 2;
-constexpr int kResolution = 96;  // dots per inch: a unit of the screen is one of an SVG
 
-QByteArray SvgOf(const Picture& picture, const PictureStyle& style, const QSizeF& size) {
-  QBuffer buffer;
-  buffer.open(QIODevice::WriteOnly);
-  QSvgGenerator svg;
-  svg.setOutputDevice(&buffer);
-  svg.setResolution(kResolution);
-  svg.setSize(size.toSize());
-  svg.setViewBox(QRectF(QPointF(), size));
-  svg.setTitle(picture.Title());
-  svg.setDescription(picture.Description());
-  QPainter painter(&svg);
-  painter.setFont(style.Font);
-  PaintWhole(picture, painter, QRectF(QPointF(), size), style);
-  painter.end();
-  return buffer.data();
-}
-
-QByteArray PngOf(const Picture& picture, const PictureStyle& style, const QSizeF& size) {
+std::string PngOf(const Picture& picture, const PictureStyle& style, const QSizeF& size) {
   QImage image((size * kDotsPerUnit).toSize(), QImage::Format_RGB32);
   image.setDevicePixelRatio(kDotsPerUnit);
   image.setText(QStringLiteral("Title"), picture.Title());
@@ -42,18 +25,26 @@ QByteArray PngOf(const Picture& picture, const PictureStyle& style, const QSizeF
   QByteArray bytes;
   QBuffer buffer(&bytes);
   image.save(&buffer, "PNG");
-  return bytes;
+  return bytes.toStdString();
 }
+
+constexpr std::array kForms = {
+#ifdef KORV_SVG
+    PictureForm{"svg", SvgOf},
+#endif
+    PictureForm{"png", PngOf}};
 
 }  // namespace
 
-PictureForm PictureFormOfFile(const std::filesystem::path& path) {
-  return LowerText(PathToText(path.extension())) == ".svg" ? PictureForm::Svg : PictureForm::Png;
+std::span<const PictureForm> PictureForms() {
+  return kForms;
 }
 
-std::string PictureBytes(const Picture& picture, const PictureStyle& style, const QSizeF& size,
-                         PictureForm form) {
-  return (form == PictureForm::Svg ? SvgOf(picture, style, size) : PngOf(picture, style, size)).toStdString();
+const PictureForm* PictureFormOfFile(const std::filesystem::path& path) {
+  const std::string extension = LowerText(PathToText(path.extension()));
+  for (const PictureForm& form : kForms)
+    if (extension == std::string(".") + form.Extension) return &form;
+  return extension == ".svg" ? nullptr : &kForms.back();
 }
 
 std::optional<FileError> WritePicture(FileSystem& files, const std::filesystem::path& path,

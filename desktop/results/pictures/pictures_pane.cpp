@@ -132,22 +132,28 @@ void PicturesPane::ShowMade(const std::shared_ptr<const Picture>& made) {
 void PicturesPane::cmdSavePicture_Click() {
   const Picture* shown = picCanvas->Shown();
   if (shown == nullptr) return;
+  std::string patterns;
+  for (const PictureForm& form : PictureForms())
+    patterns += std::string(patterns.empty() ? "*." : " *.") + form.Extension;
+  const std::string usual = PictureForms().front().Extension;
   const auto chosen = desktop_.Dialogs.ChooseFileToSave({.Title = Tr("Save picture"),
-                                                         .Filter = FileFilter(Tr("Pictures"), "*.svg *.png"),
-                                                         .InitialPath = FromQt(shown->Title()) + ".svg",
-                                                         .Extension = "svg",
+                                                         .Filter = FileFilter(Tr("Pictures"), patterns),
+                                                         .InitialPath = FromQt(shown->Title()) + "." + usual,
+                                                         .Extension = usual,
                                                          .AsksBeforeReplacing = true});
   if (!chosen) return;
   const std::filesystem::path path = PathFromText(*chosen);
-  const std::string bytes =
-      PictureBytes(*shown, picCanvas->Style(), picCanvas->size(), PictureFormOfFile(path));
-  const auto error = WritePicture(desktop_.Files, path, bytes);
-  if (error) {
-    desktop_.Messages.Show(
-        {.Text = Fill(Tr("The picture cannot be saved as %1."), {*chosen}) + "\n\n" + error->Description,
-         .Title = Tr("Save picture"),
-         .Icon = Icon::Exclamation});
-  }
+  const PictureForm* form = PictureFormOfFile(path);
+  if (form == nullptr) return TellNotSaved(*chosen, Tr("This copy of Korv saves pictures as PNG only."));
+  const auto error =
+      WritePicture(desktop_.Files, path, form->Bytes(*shown, picCanvas->Style(), picCanvas->size()));
+  if (error) TellNotSaved(*chosen, error->Description);
+}
+
+void PicturesPane::TellNotSaved(const std::string& path, const std::string& why) {
+  desktop_.Messages.Show({.Text = Fill(Tr("The picture cannot be saved as %1."), {path}) + "\n\n" + why,
+                          .Title = Tr("Save picture"),
+                          .Icon = Icon::Exclamation});
 }
 
 }  // namespace korv

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "base/newest_job.h"
@@ -49,6 +50,7 @@ class PicturesPane final : public QWidget {
   /// Makes the picture anew, when the pane is shown.
   void Renew();
   void ShowMade(const std::shared_ptr<const Picture>& made);
+  void TellNotSaved(const std::string& path, const std::string& why);
 
   const Desktop& desktop_;
   std::shared_ptr<const CountedRun> run_;
