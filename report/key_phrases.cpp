@@ -1,8 +1,10 @@
 #include "report/key_phrases.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 
+#include "engine/analysis/keyness.h"
 #include "report/columns/registry.h"
 
 namespace korv {
@@ -12,6 +14,7 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kSharedLogRatio = 0.5;
 constexpr double kSharedBic = -2;
+constexpr double kSidakLevel = 0.0001;
 
 double JustAbove(double limit) {
   return std::nextafter(limit, kInfinity);
@@ -66,6 +69,21 @@ KeyRows RowsOf(KeyPhrases which, std::optional<double> leastBic) {
       return Changed(kLess, SortDirection::Ascending);
   }
   return Typical({}, leastBic, SortDirection::Descending);
+}
+
+std::optional<double> LeastBicOf(KeyTest test, uint64_t units, uint64_t tests) {
+  if (test == KeyTest::None) return std::nullopt;
+  if (test == KeyTest::Bic) return kKeyBic;
+  // BIC is |G2| - ln(c + d).
+  return SignificantG2(kSidakLevel, tests) - std::log(static_cast<double>(units));
+}
+
+std::span<const KeyPhrases> KeyTablesOf(bool drafts) {
+  static constexpr std::array kOfSides = {KeyPhrases::TypicalA, KeyPhrases::TypicalB, KeyPhrases::Shared};
+  static constexpr std::array kOfDrafts = {KeyPhrases::New, KeyPhrases::Gone, KeyPhrases::More,
+                                           KeyPhrases::Less};
+  if (drafts) return kOfDrafts;
+  return kOfSides;
 }
 
 std::vector<const Column*> UsualColumnsOf(KeyPhrases which) {

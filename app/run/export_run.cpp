@@ -15,7 +15,8 @@ namespace korv {
 
 namespace {
 
-TableDescription AboutRun(const ShownResult& result, const ExportServices& services) {
+TableDescription AboutRun(const ShownResult& result, const ExportRequest& request,
+                          const ExportServices& services) {
   const RunSummary& facts = result.Run.Facts;
   std::vector<std::string> paths;
   for (const SourcePath& source : facts.Paths) paths.push_back(source.Path);
@@ -23,6 +24,7 @@ TableDescription AboutRun(const ShownResult& result, const ExportServices& servi
   TableDescription about{.Version = std::string(ProgramVersion()),
                          .Created = FormatUtc(services.Clock.WallTime()),
                          .Paths = std::move(paths),
+                         .ComparedBy = request.ComparedBy,
                          .Numbers = services.Numbers,
                          // Who chooses rows wants them all.
                          .AllRows = true};
@@ -35,6 +37,10 @@ TableDescription AboutRun(const ShownResult& result, const ExportServices& servi
 }
 
 }  // namespace
+
+std::vector<const Column*> ColumnsOfExport(const RunSummary& facts) {
+  return TableColumns(facts.SecondSide ? TableOf::TwoSides : TableOf::OneSide);
+}
 
 FileListResult ExportRun(ShownResult& result, const ExportRequest& request, const std::filesystem::path& path,
                          const ExportServices& services) {
@@ -54,7 +60,13 @@ FileListResult ExportRun(ShownResult& result, const ExportRequest& request, cons
   ReportOptions options = result.Listing.Options;
   options.FilterActive = false;
   if (!SetUpChainFor(run, options, services.Yielder)) return written;
-  Report report{run.Table, run.Facts, options, services.Numbers, request.Parts};
+  Report report{run.Table,
+                run.Facts,
+                options,
+                services.Numbers,
+                request.Parts,
+                request.ComparedBy,
+                run.Comparison.SimpleMathsK};
   report.Rows.OrderBy = FindColumn("rank");
   report.Rows.Direction = SortDirection::Ascending;
   if (request.Rows) report.Rows.Given = &*request.Rows;
@@ -65,8 +77,8 @@ FileListResult ExportRun(ShownResult& result, const ExportRequest& request, cons
        .Dialogs = services.Dialogs,
        .Texts = services.Texts,
        .Table = {.Form = request.Form,
-                 .Columns = request.Columns.empty() ? TableColumns() : request.Columns,
-                 .About = AboutRun(result, services)},
+                 .Columns = request.Columns.empty() ? ColumnsOfExport(run.Facts) : request.Columns,
+                 .About = AboutRun(result, request, services)},
        .DescribeTo = request.Described ? DescriptionPath(path, services.Files) : std::filesystem::path()},
       services.Yielder);
 }

@@ -23,6 +23,8 @@ struct ExportRequest {
   std::optional<PhraseList> Rows;      ///< Nothing: all phrases that the run lists, by rank.
   bool Described = false;              ///< A description of the table goes into a file beside it.
   PartChoice Parts;                    ///< Over which columns tell how evenly phrases are spread.
+  /// Of a run that compares: what its phrases are compared by.
+  ComparisonBasis ComparedBy = ComparisonBasis::Words;
 };
 
 struct ExportServices {
@@ -34,6 +36,9 @@ struct ExportServices {
   const NumberFormat& Numbers;
   Gauge<uint32_t>& Exported;  ///< Phrases so far.
 };
+
+/// All columns that a table of the run can have.
+std::vector<const Column*> ColumnsOfExport(const RunSummary& facts);
 
 /// Writes a finished run as a table into the file `path`, as ListWordsToFile() does: failures are shown, and
 /// they and a stop leave a file as it was. A file that was counted is not replaced; that is shown, too. Uses

@@ -33,8 +33,9 @@ struct ShownResult {
   std::chrono::system_clock::time_point Ended{};
   std::string KeptIn{};  ///< The file that the run was opened from; empty where it was counted just now.
   ShownListing Listing;
-  bool InSight = false;              ///< The text box holds that listing, or names its file.
-  std::vector<PhraseIndex> LeftOut;  ///< Phrases that the user has left out of its table.
+  bool InSight = false;                         ///< The text box holds that listing, or names its file.
+  std::optional<ComparisonBasis> ComparedBy{};  ///< In its table; nothing: as it was counted for.
+  std::vector<PhraseIndex> LeftOut;             ///< Phrases that the user has left out of its table.
 };
 
 /// Whether single words were counted, not phrases.

@@ -18,7 +18,6 @@
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/wiring.h"
-#include "report/columns/registry.h"
 
 namespace korv {
 namespace {
@@ -54,7 +53,7 @@ std::string WithExtension(const std::string& path, const TableForm& form) {
 /// `columns` in words, after what there is of rows.
 QString ExtentText(const ExportExtent& extent, bool all, const NumberFormat& numbers) {
   const auto grouped = [&](uint64_t number) { return numbers.Grouped(static_cast<int64_t>(number)); };
-  const uint64_t columns = all ? TableColumns().size() : extent.Columns;
+  const uint64_t columns = all ? extent.AllColumns : extent.Columns;
   const std::string rows =
       all || extent.Rows == extent.Phrases
           ? Fill(TrCount("%1 phrase", "%1 phrases", extent.Phrases), {grouped(extent.Phrases)})

@@ -28,10 +28,11 @@ struct ExportChoice {
 
 /// How much that would be.
 struct ExportExtent {
-  uint64_t Rows = 0;     ///< That the table shows.
-  uint64_t Phrases = 0;  ///< All of them.
-  size_t Columns = 0;    ///< That the table shows.
-  bool Whole = true;     ///< False while the table is still being made.
+  uint64_t Rows = 0;      ///< That the table shows.
+  uint64_t Phrases = 0;   ///< All of them.
+  size_t Columns = 0;     ///< That the table shows.
+  size_t AllColumns = 0;  ///< That it can show.
+  bool Whole = true;      ///< False while the table is still being made.
 };
 
 /// Asks what of a run to write as a table, in which form and where. The name of the file and the form follow

@@ -52,6 +52,7 @@ ExportExtent Exports::Extent() const {
   return {.Rows = shown.Rows.Rows(),
           .Phrases = shown.Rows.Phrases(),
           .Columns = shown.Columns.size(),
+          .AllColumns = ColumnsOfExport(result_.InFront()->Run.Facts).size(),
           .Whole = table.Idle()};
 }
 
@@ -59,8 +60,12 @@ bool Exports::Begin(const ExportChoice& choice) {
   const std::filesystem::path path = desktop_.Files.AbsolutePath(PathFromText(choice.Path));
   if (!MayWrite(path) || !run_.Idle()) return false;
   const TableInSight shown = panels_.Frame->Table->InSight();
-  ExportRequest request{
-      .Form = choice.Form, .Columns = {}, .Rows = {}, .Described = choice.Described, .Parts = shown.Parts};
+  ExportRequest request{.Form = choice.Form,
+                        .Columns = {},
+                        .Rows = {},
+                        .Described = choice.Described,
+                        .Parts = shown.Values.Parts,
+                        .ComparedBy = shown.Values.ComparedBy};
   if (!choice.Everything) {
     request.Columns = shown.Columns;
     request.Rows = shown.Rows;

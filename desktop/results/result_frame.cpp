@@ -20,6 +20,7 @@
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/results/run_tabs.h"
+#include "desktop/results/table/comparison_bar.h"
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/widgets/control_factory.h"
@@ -121,7 +122,10 @@ void ResultFrame::ShowRun(const std::shared_ptr<ShownResult>& result) {
   ShowReportOptions();
   const std::shared_ptr<const CountedRun> run =
       result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
-  Table->Show(run);
+  Table->Sides->KeepBasis = [kept = std::weak_ptr(result)](ComparisonBasis basis) {
+    if (const auto shown = kept.lock()) shown->ComparedBy = basis;
+  };
+  Table->Show(run, result ? result->ComparedBy : std::nullopt);
   Contexts->Show(run);
   Pictures->Show(run);
 }

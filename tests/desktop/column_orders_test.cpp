@@ -50,7 +50,7 @@ TEST_F(ColumnOrdersTest, KeepsThoseThatWereAskedForLast) {
 TEST_F(ColumnOrdersTest, ForgetsOnlyThoseThatGoByParts) {
   const SharedOrder files = Of("files");
   const SharedOrder range = Of("range");
-  orders.ForgetParts();
+  orders.Forget([](const Column& column) { return column.Needs.Parts; });
   EXPECT_EQ(Of("files"), files);
   EXPECT_NE(Of("range"), range);
 }

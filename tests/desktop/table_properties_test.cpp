@@ -147,7 +147,7 @@ class TableProperties : public TableTest {
     const std::vector<const korv::Column*> columns = WindowColumns();
     const std::vector<std::string> phrases = Phrases();
     for (int row = 0; row < Model().rowCount(); ++row)
-      for (int section = 0; section < Model().columnCount(); ++section)
+      for (int section = 0; section < static_cast<int>(columns.size()); ++section)
         cells[phrases[static_cast<size_t>(row)]][std::string(columns[static_cast<size_t>(section)]->Id)] =
             Model().index(row, section).data().toString().toStdString();
     return cells;

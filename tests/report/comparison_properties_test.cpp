@@ -11,8 +11,8 @@
 #include "report/columns/column_keys.h"
 #include "report/columns/registry.h"
 #include "report/list_source.h"
-#include "tests/engine/counting_world.h"
 #include "tests/reference/naive_comparison.h"
+#include "tests/report/two_sides.h"
 
 // The columns of a comparison against the naive model, over whole runs of two sides.
 
@@ -21,57 +21,6 @@ namespace {
 
 using reference::Measures;
 using Step = CountingWorld::Step;
-
-/// A world whose second half, from a file on, is side B.
-struct TwoSides {
-  CountingWorld Both;
-  CountingWorld A;
-  CountingWorld B;
-};
-
-TwoSides DrawSides(const WorldKind& kind) {
-  TwoSides sides;
-  sides.Both = DrawWorld(kind);
-  sides.Both.Options.KeepPlaces = true;
-  std::vector<Step>& steps = sides.Both.Steps;
-  // Without a word on each side there is nothing to compare.
-  const std::vector<Step> border = {
-      {Step::Kind::Word, "he"}, {Step::Kind::NextFile, "b"}, {Step::Kind::Word, "x1"}};
-  const int most = static_cast<int>(steps.size());
-  const auto before = *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, most + 1));
-  steps.insert(steps.begin() + before, border.begin(), border.end());
-  const auto at = before + 1;
-  sides.A = sides.Both;
-  sides.A.Steps.assign(steps.begin(), steps.begin() + at);
-  sides.B = sides.Both;
-  sides.B.Steps.assign(steps.begin() + at + 1, steps.end());
-  return sides;
-}
-
-/// Both sides, as a run that compares counts them.
-struct ComparedByEngine {
-  explicit ComparedByEngine(const TwoSides& sides) : Lists(sides.Both.Entries) {
-    CorpusBuilder builder(sides.Both.Rules, sides.Both.Options, Lists);
-    Feed(sides.A, builder);
-    const WordCounts ofA = builder.Counts();
-    builder.BeginSecondSide();
-    Feed(sides.B, builder);
-    Facts.Options = sides.Both.Options;
-    Facts.Words = builder.Counts();
-    Facts.SecondSide = SecondSide{.Words = Facts.Words - ofA};
-    NoYielder yielder;
-    TakeText(std::move(builder), Table);
-    CountPhrases(Table, yielder, sides.Both.PlacesAtOnce);
-    SortPhrases(Table, yielder);
-    ListByFrequency(Table, Facts.Options.MinFrequency);
-    if (!Facts.Options.KeepRedundant) ExcludeContainedPhrases(Table, yielder);
-    SetUpFrequencyChain(Table, sides.Both.Order, yielder);
-  }
-
-  WordFilters Lists;
-  RunSummary Facts;
-  PhraseTable Table;
-};
 
 /// Sums in another order differ in their last digits.
 bool Equal(const std::optional<double>& a, const std::optional<double>& b) {

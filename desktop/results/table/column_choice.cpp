@@ -11,6 +11,7 @@
 #include "base/translation.h"
 #include "desktop/results/table/table_columns.h"
 #include "desktop/toolkit/text.h"
+#include "report/key_phrases.h"
 
 namespace korv {
 
@@ -43,6 +44,21 @@ ColumnChoice::ColumnChoice(QHeaderView& header, const PhraseTableModel& model, Q
 bool ColumnChoice::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize) FillWithPhrase();
   return QObject::eventFilter(watched, event);
+}
+
+void ColumnChoice::Use(TableKind kind) {
+  if (kind_ == kind) return;
+  kind_ = kind;
+  ShowKept();
+}
+
+QString ColumnChoice::Key() const {
+  static constexpr const char* kEndings[] = {"", "_of_comparisons", "_of_drafts"};
+  return QLatin1String(kColumnsKey) + QLatin1String(kEndings[static_cast<size_t>(kind_)]);
+}
+
+bool ColumnChoice::Offers(int section) const {
+  return kind_ != TableKind::OneSide || !ComparesSides(*model_.Columns()[static_cast<size_t>(section)]);
 }
 
 bool ColumnChoice::IsShown(int section) const {
@@ -86,12 +102,12 @@ void ColumnChoice::ShowKept() {
 }
 
 QStringList ColumnChoice::KeptIds() const {
-  const QStringList kept = store_.value(QLatin1String(kColumnsKey)).toStringList();
+  const QStringList kept = store_.value(Key()).toStringList();
   return kept.isEmpty() ? DefaultIds() : kept;
 }
 
 void ColumnChoice::RestoreDefaults() {
-  store_.remove(QLatin1String(kColumnsKey));
+  store_.remove(Key());
   for (int section = 0; section < model_.columnCount(); ++section) {
     if (IsShown(section)) header_.resizeSection(section, UsualWidth(section));
     store_.remove(QLatin1String(kWidthsGroup) + IdOf(model_, section));
@@ -101,6 +117,7 @@ void ColumnChoice::RestoreDefaults() {
 
 void ColumnChoice::FillMenu(QMenu& menu) {
   for (int section = 0; section < model_.columnCount(); ++section) {
+    if (!Offers(section)) continue;
     const Column& column = *model_.Columns()[static_cast<size_t>(section)];
     const QString id = IdOf(model_, section);
     QAction* const action = menu.addAction(ToQt(HeadingText(column)), this,
@@ -121,6 +138,12 @@ void ColumnChoice::FillMenu(QMenu& menu) {
 
 QStringList ColumnChoice::DefaultIds() const {
   QStringList ids;
+  if (kind_ != TableKind::OneSide) {
+    const bool drafts = kind_ == TableKind::Drafts;
+    for (const Column* column : UsualColumnsOf(drafts ? KeyPhrases::Changes : KeyPhrases::Typical))
+      ids.append(ToQt(column->Id));
+    return ids;
+  }
   for (const std::string_view id : ColumnsAtFirst())
     if (model_.SectionOf(id) >= 0) ids.append(ToQt(id));
   return ids;
@@ -145,7 +168,7 @@ void ColumnChoice::Apply(const QStringList& ids) {
 void ColumnChoice::HideOrShow() {
   const bool before = std::exchange(applying_, true);
   for (int section = 0; section < model_.columnCount(); ++section) {
-    const bool hidden = !chosen_.contains(IdOf(model_, section)) ||
+    const bool hidden = !Offers(section) || !chosen_.contains(IdOf(model_, section)) ||
                         (oneFile_ && TellsFilesApart(model_.Columns()[static_cast<size_t>(section)]->Id));
     header_.setSectionHidden(section, hidden);
   }
@@ -182,7 +205,7 @@ void ColumnChoice::Keep() {
     const QString id = IdOf(model_, header_.logicalIndex(visual));
     if (chosen_.contains(id)) ids.append(id);
   }
-  store_.setValue(QLatin1String(kColumnsKey), ids);
+  store_.setValue(Key(), ids);
 }
 
 void ColumnChoice::KeepWidth(int section, int width) {

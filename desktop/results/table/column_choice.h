@@ -12,6 +12,13 @@ class QSettings;
 
 namespace korv {
 
+/// What a table shows: each kind has columns of its own that the user chooses.
+enum class TableKind {
+  OneSide,
+  Comparison,
+  Drafts,  ///< A comparison of a new version with an old one.
+};
+
 /// Which columns the table shows, in which order and how wide. The phrase takes the room that the others
 /// leave, until the user gives it a width. The user's choice is kept in the store, by the
 /// names of the columns, so that it outlives columns that come and go.
@@ -22,6 +29,9 @@ class ColumnChoice final : public QObject {
 
   std::function<void()> Changed = [] {};  ///< Other columns are shown.
 
+  /// Shows the columns of another kind of table.
+  void Use(TableKind kind);
+  TableKind Kind() const { return kind_; }
   bool IsShown(int section) const;
   /// Their sections, from the left.
   std::vector<int> Shown() const;
@@ -42,6 +52,8 @@ class ColumnChoice final : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  QString Key() const;
+  bool Offers(int section) const;
   QStringList KeptIds() const;
   QStringList DefaultIds() const;
   void Apply(const QStringList& ids);
@@ -55,6 +67,7 @@ class ColumnChoice final : public QObject {
   const PhraseTableModel& model_;
   QSettings& store_;
   QStringList chosen_;  ///< Ids, in no order.
+  TableKind kind_ = TableKind::OneSide;
   bool oneFile_ = false;
   bool applying_ = false;  ///< What the header tells is our own doing.
 };

@@ -81,8 +81,8 @@ Expected<RowTest, std::string> ColumnOrders::Compile(const RowFilter& filter, co
   return AllOf(*std::move(passes), std::move(sets));
 }
 
-void ColumnOrders::ForgetParts() {
-  std::erase_if(kept_, [](const Kept& kept) { return kept.Of->Needs.Parts; });
+void ColumnOrders::Forget(const std::function<bool(const Column&)>& changed) {
+  std::erase_if(kept_, [&](const Kept& kept) { return changed(*kept.Of); });
 }
 
 }  // namespace korv

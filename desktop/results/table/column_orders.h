@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,8 @@ class ColumnOrders {
   /// `makeOrders`, which pays off where many phrases are tested, new ones too.
   Expected<RowTest, std::string> Compile(const RowFilter& filter, const ColumnSource& source, bool makeOrders,
                                          Yielder& yielder);
-  /// Forgets those that go by parts of the text.
-  void ForgetParts();
+  /// Forgets those by columns of which `changed` says so.
+  void Forget(const std::function<bool(const Column&)>& changed);
 
  private:
   struct Kept {

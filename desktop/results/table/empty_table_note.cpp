@@ -20,9 +20,9 @@ EmptyTableNote::EmptyTableNote(QWidget* parent) : QWidget(parent) {
 }
 
 void EmptyTableNote::Say(Reason reason) {
-  static constexpr const char* kReasons[] = {TrLater("Nothing has been counted yet."),
-                                             TrLater("The run found no phrase that it could list."),
-                                             TrLater("No phrase passes the filter.")};
+  static constexpr const char* kReasons[] = {
+      TrLater("Nothing has been counted yet."), TrLater("The run found no phrase that it could list."),
+      TrLater("No phrase passes the filter."), TrLater("The comparison found no such phrase.")};
   lblEmptyTable->setText(Tr(kReasons[static_cast<size_t>(reason)]));
   cmdClearMatch->setVisible(reason == Reason::NothingPasses);
 }

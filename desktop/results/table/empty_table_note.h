@@ -15,7 +15,7 @@ class EmptyTableNote final : public QWidget {
   QLabel* lblEmptyTable = nullptr;
   QPushButton* cmdClearMatch = nullptr;
 
-  enum class Reason { NoRun, NothingListed, NothingPasses };
+  enum class Reason { NoRun, NothingListed, NothingPasses, NothingInTab };
   void Say(Reason reason);
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "desktop/results/table/only_side.h"
 #include "desktop/results/table/shown_cell.h"
 #include "desktop/results/table/table_columns.h"
 #include "desktop/toolkit/plain_tip.h"
@@ -20,7 +21,7 @@ PhraseTableModel::PhraseTableModel(const Desktop& desktop, QObject* parent)
     : QAbstractTableModel(parent),
       desktop_(desktop),
       heavy_(desktop.Loop, [this] { TellOfNewValues(); }),
-      columns_(WindowColumns()) {}
+      columns_(WindowColumns(TableOf::TwoSides)) {}
 
 int PhraseTableModel::SectionOf(std::string_view id) const {
   const auto found = std::ranges::find(columns_, id, [](const Column* column) { return column->Id; });
@@ -68,15 +69,30 @@ QString PhraseTableModel::ShownText(const QModelIndex& index) const {
   return found ? ShownCell(column, *found, desktop_.Numbers) : kStillComputed;
 }
 
+OnlySide PhraseTableModel::OnlySideAt(const QModelIndex& index) const {
+  const Column& column = ColumnOf(index);
+  return source_->Has(column.Needs) ? OnlySideOf(*source_, column, EntryAt(index.row())) : OnlySide();
+}
+
+QString PhraseTableModel::TextWithMark(const QModelIndex& index) const {
+  const QString text = ShownText(index);
+  const OnlySide only = OnlySideAt(index);
+  return only.Mark.isEmpty() ? text : QStringLiteral("%1 %2").arg(text, only.Mark);
+}
+
 QVariant PhraseTableModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   const Column& column = ColumnOf(index);
   switch (role) {
     case Qt::DisplayRole:
-      return ShownText(index);
+      return TextWithMark(index);
+    case Qt::AccessibleTextRole: {
+      const OnlySide only = OnlySideAt(index);
+      return only.Mark.isEmpty() ? QVariant() : QStringLiteral("%1, %2").arg(ShownText(index), only.Sentence);
+    }
     case Qt::ToolTipRole:
       // A text may be cut.
-      return column.Type == ColumnType::Text ? PlainTip(ShownText(index)) : QString();
+      return column.Type == ColumnType::Text ? PlainTip(ShownText(index)) : OnlySideAt(index).Sentence;
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (column.Align == Alignment::Left ? Qt::AlignLeft : Qt::AlignRight));
@@ -94,7 +110,7 @@ QVariant PhraseTableModel::headerData(int section, Qt::Orientation orientation, 
     case Qt::AccessibleDescriptionRole:
       return ToQt(DefinitionText(column));
     case Qt::ToolTipRole:
-      return source_ ? TipOfColumn(column, source_->Run().Facts, source_->Parts(), desktop_.Numbers)
+      return source_ ? TipOfColumn(column, source_->Run().Facts, source_->Choice().Parts, desktop_.Numbers)
                      : ToQt(DefinitionText(column));
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |

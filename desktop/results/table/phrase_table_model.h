@@ -6,6 +6,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/results/table/heavy_cells.h"
+#include "desktop/results/table/only_side.h"
 #include "desktop/results/table/table_source.h"
 #include "engine/analysis/phrase_list.h"
 #include "report/columns/column.h"
@@ -45,6 +46,8 @@ class PhraseTableModel final : public QAbstractTableModel {
     return *columns_[static_cast<size_t>(index.column())];
   }
   QString ShownText(const QModelIndex& index) const;
+  OnlySide OnlySideAt(const QModelIndex& index) const;
+  QString TextWithMark(const QModelIndex& index) const;
   void TellOfNewValues();
 
   const Desktop& desktop_;

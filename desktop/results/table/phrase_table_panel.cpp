@@ -16,6 +16,7 @@
 
 #include "base/translation.h"
 #include "desktop/results/table/column_choice.h"
+#include "desktop/results/table/comparison_bar.h"
 #include "desktop/results/table/empty_table_note.h"
 #include "desktop/results/table/limits_bar.h"
 #include "desktop/results/table/match_bar.h"
@@ -62,7 +63,10 @@ PhraseTablePanel::PhraseTablePanel(const Desktop& desktop, QWidget* parent)
   tmrMatch_->setSingleShot(true);
   tmrMatch_->setInterval(kPauseOfTyping);
   auto* layout = Bare(new QVBoxLayout(this));
+  Sides = Named(new ComparisonBar(desktop_, this), "fraSides");
+  Sides->hide();
   Bar = new TableBar(desktop_, this);
+  layout->addWidget(Sides);
   layout->addWidget(Bar);
   layout->addLayout(MakeNotes());
   layout->addWidget(MakeRows(), 1);
@@ -70,7 +74,7 @@ PhraseTablePanel::PhraseTablePanel(const Desktop& desktop, QWidget* parent)
   columns_->setParent(this);
   tblPhrases->horizontalHeader()->setSortIndicator(model_->SectionOf("rank"), Qt::AscendingOrder);
   request_.SortBy = FindColumn("rank");
-  request_.Parts = KeptParts(desktop_.Store);
+  request_.Values.Parts = KeptParts(desktop_.Store);
   Connect();
   ColumnsChanged();
   const std::vector<QWidget*> order = TabOrder();
@@ -121,6 +125,16 @@ void PhraseTablePanel::Connect() {
                  [this] { CountWithShortWords(); });
   auto* details = new QShortcut(Qt::Key_F2, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
   connect(details, &QShortcut::activated, Bar->cmdRowDetails, &QToolButton::click);
+  Sides->TabChosen = [this] { ShowTab(); };
+  Sides->TestChosen = [this] {
+    request_.Tab = Sides->Tab();
+    Ask();
+  };
+  Sides->BasisChosen = [this] {
+    request_.Values.ComparedBy = Sides->Basis();
+    Sides->KeepBasis(Sides->Basis());
+    Ask();
+  };
   Details->PhraseChosen = [this](PhraseIndex phrase) { GoTo(phrase); };
   Details->ContextsAsked = [this](PhraseIndex phrase) { ShowContexts(phrase); };
   columns_->Changed = [this] { ColumnsChanged(); };
@@ -145,7 +159,7 @@ void PhraseTablePanel::ConnectMenus() {
   QMenu* const columns = Bar->cmdColumns->menu();
   connect(columns, &QMenu::aboutToShow, this, [this, columns] {
     FillColumnsMenu(*columns, *tblPhrases, *model_, *columns_, [this](QMenu& parts) {
-      FillPartsMenu(parts, request_.Parts, desktop_.Messages,
+      FillPartsMenu(parts, request_.Values.Parts, desktop_.Messages,
                     [this](PartChoice choice) { ChooseParts(choice); });
     });
   });
@@ -156,11 +170,13 @@ void PhraseTablePanel::ConnectMenus() {
   FillPresetsMenu(*Bar->cmdPresets->menu(), [this](const Preset& preset) { Follow(preset); });
 }
 
-void PhraseTablePanel::Show(std::shared_ptr<const CountedRun> run) {
+void PhraseTablePanel::Show(std::shared_ptr<const CountedRun> run,
+                            std::optional<ComparisonBasis> comparedBy) {
   // What the last run left is freed on the thread of the job.
   job_.Start([gone = std::exchange(work_, nullptr)](NewestJob::Turn&) {});
   request_.LeftOut.clear();
   presetNote_->Say({}, false);
+  UseSides(run.get(), comparedBy);
   if (run == nullptr) {
     job_.Stop();
     tblPhrases->Show(nullptr, {});
@@ -171,12 +187,44 @@ void PhraseTablePanel::Show(std::shared_ptr<const CountedRun> run) {
   Ask();
 }
 
+void PhraseTablePanel::UseSides(const CountedRun* run, std::optional<ComparisonBasis> comparedBy) {
+  ComparisonChoice compared;
+  if (run != nullptr) compared = run->Comparison;
+  compared.Basis = comparedBy.value_or(compared.Basis);
+  const bool compares = run != nullptr && run->Facts.SecondSide.has_value();
+  QHeaderView& header = *tblPhrases->horizontalHeader();
+  Sides->setVisible(compares);
+  if (compares && !request_.Tab)
+    Sides->OrderOfOthers = {header.sortIndicatorSection(), header.sortIndicatorOrder()};
+  const bool otherKind = compares != request_.Tab.has_value();
+  Sides->Use(compared.Drafts, compared.Basis);
+  Sides->ShowCounts(nullptr);
+  request_.Values.ComparedBy = compared.Basis;
+  request_.Values.SimpleMathsK = compared.SimpleMathsK;
+  columns_->Use(!compares ? TableKind::OneSide : compared.Drafts ? TableKind::Drafts : TableKind::Comparison);
+  if (!compares) {
+    request_.Tab.reset();
+    if (otherKind) header.setSortIndicator(Sides->OrderOfOthers.first, Sides->OrderOfOthers.second);
+    return;
+  }
+  if (otherKind || request_.Tab != Sides->Tab()) ShowTab();
+}
+
+void PhraseTablePanel::ShowTab() {
+  request_.Tab = Sides->Tab();
+  const KeyRows rows = RowsOf(request_.Tab->Which);
+  tblPhrases->horizontalHeader()->setSortIndicator(
+      model_->SectionOf(rows.OrderBy->Id),
+      rows.Direction == SortDirection::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+  Ask();
+}
+
 bool PhraseTablePanel::Idle() const {
   return job_.Idle() && !tmrMatch_->isActive() && model_->Idle() && copier_.Idle() && Details->Idle();
 }
 
 TableInSight PhraseTablePanel::InSight() const {
-  TableInSight shown{.Rows = model_->Rows(), .Columns = {}, .Parts = request_.Parts};
+  TableInSight shown{.Rows = model_->Rows(), .Columns = {}, .Values = request_.Values};
   for (const int section : columns_->Shown())
     std::ranges::copy(ColumnsForOthers(*model_->Columns()[static_cast<size_t>(section)]),
                       std::back_inserter(shown.Columns));
@@ -203,7 +251,8 @@ void PhraseTablePanel::StartFiltering() {
 }
 
 std::vector<QWidget*> PhraseTablePanel::TabOrder() const {
-  std::vector<QWidget*> order = Bar->TabOrder();
+  std::vector<QWidget*> order = Sides->TabOrder();
+  std::ranges::copy(Bar->TabOrder(), std::back_inserter(order));
   order.insert(order.end(), {presetNote_->cmdCountShortWords, tblPhrases, empty_->cmdClearMatch, Details});
   return order;
 }
@@ -248,7 +297,7 @@ void PhraseTablePanel::Ask() {
 
 void PhraseTablePanel::ChooseParts(PartChoice parts) {
   KeepParts(desktop_.Store, parts);
-  request_.Parts = parts;
+  request_.Values.Parts = parts;
   Ask();
 }
 
@@ -260,6 +309,7 @@ void PhraseTablePanel::Take(const TableAnswer& answer) {
   Bar->Match->ShowFault(answer.Fault);
   lblMatchFault->setText(ToQt(answer.Fault));
   lblMatchFault->setVisible(!answer.Fault.empty());
+  Sides->ShowCounts(answer.Tabs.get());
   columns_->SetOneFile(answer.Source->IsOneFile());
   Bar->Limits->SetOneFile(answer.Source->IsOneFile());
   tblPhrases->Show(answer.Source, *answer.Rows);
@@ -272,7 +322,9 @@ void PhraseTablePanel::ShowCount(bool whole) {
   empty_->setVisible(model_->rowCount() == 0 && whole);
   empty_->Say(model_->Source() == nullptr ? Reason::NoRun
               : rows.Phrases() == 0       ? Reason::NothingListed
-                                          : Reason::NothingPasses);
+              : request_.Tab && PassesAll(request_.Filter) && request_.LeftOut.empty()
+                  ? Reason::NothingInTab
+                  : Reason::NothingPasses);
   Bar->lblPhraseCount->setText(model_->Source() ? ToQt(CountOfRows(rows, whole, desktop_.Numbers))
                                                 : QString());
 }

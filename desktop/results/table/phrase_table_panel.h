@@ -20,6 +20,7 @@ class QTimer;
 namespace korv {
 
 class ColumnChoice;
+class ComparisonBar;
 class ElidingLabel;
 class EmptyTableNote;
 class PhraseGrid;
@@ -33,7 +34,7 @@ class TableBar;
 struct TableInSight {
   PhraseList Rows;
   std::vector<const Column*> Columns;
-  PartChoice Parts;
+  ValueChoice Values;
 };
 
 /// The phrases of a finished run as a table: all of them, ordered by any column, filtered while one types.
@@ -42,6 +43,7 @@ class PhraseTablePanel final : public QWidget {
   PhraseTablePanel(const Desktop& desktop, QWidget* parent);
   ~PhraseTablePanel() override;
 
+  ComparisonBar* Sides = nullptr;  ///< Seen where a run compares.
   TableBar* Bar = nullptr;
   ElidingLabel* lblMatchFault = nullptr;
   PhraseGrid* tblPhrases = nullptr;
@@ -63,7 +65,9 @@ class PhraseTablePanel final : public QWidget {
   void cmdRowDetails_Click();
 
   /// Shows a run, with the order and the filter that hold; null for nothing. No phrase is left out.
-  void Show(std::shared_ptr<const CountedRun> run);
+  /// What a run with two sides is compared by is what it was counted for, unless `comparedBy` says otherwise;
+  /// orders of such runs and of others are kept apart.
+  void Show(std::shared_ptr<const CountedRun> run, std::optional<ComparisonBasis> comparedBy = {});
   /// Whether the rows that were asked for are there, with all values in sight.
   bool Idle() const;
   /// While it is not Idle(), the rows that are found so far.
@@ -85,6 +89,8 @@ class PhraseTablePanel final : public QWidget {
   void ConnectGrid();
   void ConnectMenus();
 
+  void UseSides(const CountedRun* run, std::optional<ComparisonBasis> comparedBy);
+  void ShowTab();
   void SortBy(int section, Qt::SortOrder order);
   void FilterNow();
   void Ask();

@@ -6,7 +6,6 @@
 #include "base/translation.h"
 #include "desktop/results/table/first_column.h"
 #include "desktop/toolkit/text.h"
-#include "report/columns/registry.h"
 
 namespace korv {
 namespace {
@@ -17,12 +16,16 @@ QString Paragraph(const QString& text) {
 
 }  // namespace
 
-std::vector<const Column*> WindowColumns() {
-  std::vector<const Column*> columns = TableColumns();
+std::vector<const Column*> WindowColumns(TableOf run) {
+  std::vector<const Column*> columns = TableColumns(run);
   for (const Column*& column : columns)
     if (column->Id == "first_file") column = &FirstColumn();
   std::erase_if(columns, [](const Column* column) { return column->Id == "first_line"; });
   return columns;
+}
+
+bool ComparesSides(const Column& column) {
+  return std::ranges::any_of(ComparisonColumns(), [&](const Column& one) { return &one == &column; });
 }
 
 std::vector<const Column*> ColumnsForOthers(const Column& column) {
@@ -55,7 +58,12 @@ QString TipOfColumn(const Column& column, const RunSummary& facts, PartChoice pa
     tip += Paragraph(QString(Tr("In this run N = %1 running words, n = %2 words taken."))
                          .arg(grouped(facts.Words.Read()), grouped(facts.Words.Taken)));
   }
-  if (column.Needs.Parts) {
+  if (facts.SecondSide && ComparesSides(column)) {
+    tip += Paragraph(
+        QString(Tr("A has %1 running words, B %2."))
+            .arg(grouped(SizeOf(facts, Side::A).Words.Read()), grouped(SizeOf(facts, Side::B).Words.Read())));
+  }
+  if (column.Needs.Parts || column.Needs.SideParts) {
     const char* const equal = parts.OfEachFile ? Tr("Parts of this run: %1 equal ones of each file.")
                                                : Tr("Parts of this run: %1 equal ones of the whole.");
     tip += Paragraph(parts.Equal == PartChoice::kFiles ? QString(Tr("Parts of this run: files."))

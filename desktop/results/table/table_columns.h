@@ -7,13 +7,17 @@
 
 #include "base/number_format.h"
 #include "report/columns/column.h"
+#include "report/columns/registry.h"
 #include "report/run_summary.h"
 
 namespace korv {
 
 /// All columns that the table can show: those of tables for other programs, but the place of the first
 /// occurrence in one. Constants.
-std::vector<const Column*> WindowColumns();
+std::vector<const Column*> WindowColumns(TableOf run = TableOf::OneSide);
+
+/// Whether the column tells the sides of a comparison apart: other runs have no value for it.
+bool ComparesSides(const Column& column);
 
 /// What a column of the window is in tables for other programs: the place of the first occurrence is its file
 /// and its line there.

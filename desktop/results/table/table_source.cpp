@@ -20,19 +20,20 @@ std::shared_ptr<const TableSource> TableSource::Of(std::shared_ptr<const Counted
   return std::shared_ptr<const TableSource>(new TableSource(std::move(base)));
 }
 
-std::shared_ptr<const TableSource> TableSource::With(const AnalysisNeeds& needs, PartChoice parts,
+std::shared_ptr<const TableSource> TableSource::With(const AnalysisNeeds& needs, const ValueChoice& choice,
                                                      Yielder& yielder) const {
   // The window may be reading the analysis that is there. The copy shares what was prepared.
   auto analysis = analysis_ ? std::make_shared<PhraseAnalysis>(*analysis_)
-                            : std::make_shared<PhraseAnalysis>(Table(), parts);
-  analysis->Divide(parts);
+                            : std::make_shared<PhraseAnalysis>(Table(), choice.Parts);
+  analysis->Divide(choice.Parts);
+  analysis->CompareBy(choice.ComparedBy);
   AnalysisNeeds all = prepared_;
   all |= needs;
   if (!analysis->Prepare(all, yielder)) return nullptr;
   const std::shared_ptr<TableSource> source(new TableSource(base_));
   source->analysis_ = std::move(analysis);
   source->prepared_ = all;
-  source->parts_ = parts;
+  source->choice_ = choice;
   return source;
 }
 
@@ -47,6 +48,7 @@ ColumnSource TableSource::View() const {
   view.FilesWithWords = base_->FilesWithWords;
   view.FrequencyRanks = base_->Ranks;
   view.Analysis = analysis_.get();
+  view.SimpleMathsK = choice_.SimpleMathsK;
   return view;
 }
 

@@ -11,13 +11,23 @@
 
 namespace korv {
 
+/// What the values of a table depend on, beside the run.
+struct ValueChoice {
+  PartChoice Parts;  ///< Over which phrases are spread.
+  // Of a run that compares.
+  ComparisonBasis ComparedBy = ComparisonBasis::Words;
+  double SimpleMathsK = 1;
+
+  bool operator==(const ValueChoice&) const = default;
+};
+
 /// A finished run prepared for the columns of a table. Data: any thread may read it.
 class TableSource {
  public:
   /// Prepares ranks, which costs a moment for any run. Null when stopped. `run` is not null.
   static std::shared_ptr<const TableSource> Of(std::shared_ptr<const CountedRun> run, Yielder& yielder);
-  /// The same run with what `needs` asks for, too, the text divided as `parts` says. Null when stopped.
-  std::shared_ptr<const TableSource> With(const AnalysisNeeds& needs, PartChoice parts,
+  /// The same run with what `needs` asks for, too, for values by `choice`. Null when stopped.
+  std::shared_ptr<const TableSource> With(const AnalysisNeeds& needs, const ValueChoice& choice,
                                           Yielder& yielder) const;
 
   const CountedRun& Run() const { return *base_->Run; }
@@ -28,8 +38,7 @@ class TableSource {
   uint64_t FilesWithWords() const { return base_->FilesWithWords; }
   /// Whether what the needs ask for has been prepared.
   bool Has(const AnalysisNeeds& needs) const;
-  /// Over which its values tell how evenly phrases are spread.
-  PartChoice Parts() const { return parts_; }
+  const ValueChoice& Choice() const { return choice_; }
   ColumnSource View() const;
   /// The value that `column` has for an entry; a text of it lives as long as `text`, which is used for it.
   Cell ValueOf(const Column& column, PhraseIndex entry, std::string& text) const;
@@ -46,7 +55,7 @@ class TableSource {
   std::shared_ptr<const Base> base_;
   std::shared_ptr<const PhraseAnalysis> analysis_;  ///< Null where nothing was needed.
   AnalysisNeeds prepared_;
-  PartChoice parts_;
+  ValueChoice choice_;
 };
 
 }  // namespace korv

@@ -9,6 +9,7 @@
 
 #include "base/yielder.h"
 #include "desktop/results/table/column_orders.h"
+#include "desktop/results/table/key_tabs.h"
 #include "desktop/results/table/table_source.h"
 #include "engine/analysis/phrase_list.h"
 #include "report/columns/row_filter.h"
@@ -22,7 +23,8 @@ struct TableRequest {
   RowFilter Filter;
   std::vector<PhraseIndex> LeftOut;  ///< Never shown. Ascending.
   AnalysisNeeds Shown;               ///< Of the columns in sight.
-  PartChoice Parts;                  ///< Over which phrases are spread.
+  ValueChoice Values;
+  std::optional<KeyTab> Tab{};  ///< Of a run that compares: only the phrases of this one.
 };
 
 /// What there is to see.
@@ -32,6 +34,7 @@ struct TableAnswer {
   std::optional<PhraseList> Rows{};
   bool Whole = true;    ///< False: further rows may pass the filter; the answer with them follows.
   std::string Fault{};  ///< Why the query makes no sense; the rows pass the one before.
+  std::shared_ptr<const KeyTabs> Tabs{};  ///< Null where no tab was asked for.
 };
 
 /// Orders and filters the phrases of one run, as a job on a thread of its own. Remembers the last order,
@@ -48,18 +51,21 @@ class TableWork {
   void Answer(const TableRequest& request, Yielder& yielder, const Tell& tell);
 
  private:
-  bool Prepare(const AnalysisNeeds& needs, PartChoice parts, Yielder& yielder);
-  void ForgetOtherParts(PartChoice parts);
+  bool Prepare(const AnalysisNeeds& needs, const ValueChoice& choice, Yielder& yielder);
+  void ForgetOtherValues(const ValueChoice& choice);
   bool Order(const TableRequest& request, Yielder& yielder);
   SharedOrder NewOrder(const TableRequest& request, Yielder& yielder);
+  bool SortOut(const TableRequest& request, Yielder& yielder);
   bool Filter(const TableRequest& request, Yielder& yielder, const Tell& tell);
+  void FilterAnew();
 
   std::shared_ptr<const CountedRun> run_;
   std::shared_ptr<const TableSource> source_;  ///< Null until it is prepared.
   ColumnOrders orders_;
-  TableRequest last_;  ///< What all_ and rows_ were made for.
-  PhraseList all_;     ///< In the order of last_.
-  PhraseList rows_;    ///< Those that pass its filter.
+  TableRequest last_;                    ///< What all_ and rows_ were made for.
+  PhraseList all_;                       ///< In the order of last_.
+  PhraseList rows_;                      ///< Those that pass its filter.
+  std::shared_ptr<const KeyTabs> tabs_;  ///< Null where they are not known.
 };
 
 }  // namespace korv
