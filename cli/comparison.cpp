@@ -12,9 +12,6 @@ namespace korv {
 
 namespace {
 
-constexpr double kLeastK = 0.1;
-constexpr double kMostK = 1000;
-
 OptionRow Row(const char* name, const char* valueName, std::string help,
               std::function<void(const std::string&, ComparisonOptions&)> take) {
   return {.Name = name,
@@ -70,7 +67,7 @@ std::vector<OptionRow> ComparisonRows() {
       Row("--simple-maths", "K", Tr("The constant of simple maths, 0.1 to 1000 (1)"),
           [](const std::string& text, ComparisonOptions& comparison) {
             const double k = ParseReal(text, "--simple-maths");
-            if (k < kLeastK || k > kMostK)
+            if (k < kLeastSimpleMathsK || k > kMostSimpleMathsK)
               RefuseValue("--simple-maths", Fill(Tr("'%1' is not from 0.1 to 1000"), {text}));
             comparison.SimpleMathsK = k;
           })};

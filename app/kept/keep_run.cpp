@@ -38,7 +38,7 @@ std::string SourcesBytes(const PhraseTableData& data) {
 class RunSections {
  public:
   explicit RunSections(const RunToKeep& run) : run_(run), data_(run.Run.Table.Data()), corpus_(data_.Corpus) {
-    AppendChoice(run.Chosen, run.SingleWords, choice_);
+    AppendChoice(run.Chosen, run.Run, choice_);
     AppendFacts({.Run = run.Run, .Took = run.Took, .Ended = run.Ended}, facts_);
     sources_ = SourcesBytes(data_);
     for (const WordNumber word : corpus_.Words.All()) wordBytes_ += corpus_.Words.Text(word).size();
@@ -175,7 +175,6 @@ class RunSections {
 
 RunToKeep ToKeep(const ShownResult& result) {
   return {.Chosen = *result.Chosen,
-          .SingleWords = IsOfSingleWords(result),
           .Run = result.Run,
           .Took = result.Took,
           .Ended = result.Ended,

@@ -15,7 +15,6 @@ namespace korv {
 /// this.
 struct RunToKeep {
   const Workspace::State& Chosen;
-  bool SingleWords;
   const CountedRun& Run;
   std::chrono::seconds Took;
   std::chrono::system_clock::time_point Ended;

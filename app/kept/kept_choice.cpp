@@ -1,11 +1,13 @@
 #include "app/kept/kept_choice.h"
 
 #include <algorithm>
+#include <bit>
 #include <string_view>
 #include <utility>
 #include <variant>
 #include <vector>
 
+#include "app/run/comparison_request.h"
 #include "app/settings/schema.h"
 #include "base/utf8.h"
 
@@ -142,15 +144,30 @@ void AppendPaths(const std::vector<SourcePath>& paths, std::string& bytes) {
   }
 }
 
-std::vector<SourcePath> TakePaths(KeptReader& reader) {
+std::vector<SourcePath> TakePaths(KeptReader& reader, SourcePath::Kind last) {
   std::vector<SourcePath> paths;
   for (auto left = reader.Take<uint32_t>(); left > 0 && !reader.Failed(); --left) {
     const auto kind = reader.Take<uint8_t>();
-    // What came from standard input is gone, and no window reads it.
-    if (kind > static_cast<uint8_t>(SourcePath::Kind::Folder)) reader.Fail(OpenFault::Damaged);
+    if (kind > static_cast<uint8_t>(last)) reader.Fail(OpenFault::Damaged);
     paths.push_back({BytesOfPath(reader.TakePath()), static_cast<SourcePath::Kind>(kind)});
   }
   return paths;
+}
+
+ComparisonBasis TakeBasis(KeptReader& reader) {
+  const auto basis = reader.Take<uint8_t>();
+  if (basis > static_cast<uint8_t>(ComparisonBasis::Net)) reader.Fail(OpenFault::Damaged);
+  return static_cast<ComparisonBasis>(basis);
+}
+
+ComparisonChoice TakeHow(KeptReader& reader) {
+  ComparisonChoice how;
+  how.Basis = TakeBasis(reader);
+  how.SimpleMathsK = std::bit_cast<double>(reader.Take<uint64_t>());
+  how.Drafts = reader.TakeBool();
+  if (!(how.SimpleMathsK >= kLeastSimpleMathsK && how.SimpleMathsK <= kMostSimpleMathsK))
+    reader.Fail(OpenFault::Damaged);
+  return how;
 }
 
 const Workspace::ListPart& PartOf(const Workspace::State& state, ListKind kind) {
@@ -163,19 +180,20 @@ RunRequest RequestOf(const KeptChoice& choice) {
   Workspace work(choice.Chosen.Chosen);
   work.PutBack(ChangedBy::Program, choice.Chosen);
   RunRequest request = work.RequestOfNow();
+  if (!choice.Compared.empty()) request = ComparisonOf(std::move(request), choice.Compared, choice.How);
   if (choice.SingleWords) request = SingleWordsOf(std::move(request));
   request.OffersWaysOut = true;
   request.Options.KeepPlaces = true;
   return request;
 }
 
-void AppendChoice(const Workspace::State& chosen, bool singleWords, std::string& bytes) {
+void AppendChoice(const Workspace::State& chosen, const CountedRun& run, std::string& bytes) {
   AppendNumber(static_cast<uint32_t>(Schema().size()), bytes);
   for (const SettingRow& row : Schema()) {
     AppendText(row.Name, bytes);
     AppendBytes(std::visit(ValueBytes(chosen.Chosen), row.Value), bytes);
   }
-  AppendBool(singleWords, bytes);
+  AppendBool(run.Facts.Options.MaxWords == 1, bytes);
   AppendText(chosen.CountOnly, bytes);
   const WordFileList& files = PartOf(chosen, ListKind::CountOnly).Files;
   AppendTexts(files.Paths(), bytes);
@@ -183,6 +201,10 @@ void AppendChoice(const Workspace::State& chosen, bool singleWords, std::string&
   AppendLoaded(PartOf(chosen, ListKind::WordsToIgnore).Loaded, bytes);
   AppendLoaded(PartOf(chosen, ListKind::CountOnly).Loaded, bytes);
   AppendPaths(chosen.Together, bytes);
+  AppendPaths(run.Facts.SecondSide ? run.Facts.SecondSide->Paths : std::vector<SourcePath>(), bytes);
+  AppendNumber(static_cast<uint8_t>(run.Comparison.Basis), bytes);
+  AppendNumber(std::bit_cast<uint64_t>(run.Comparison.SimpleMathsK), bytes);
+  AppendBool(run.Comparison.Drafts, bytes);
 }
 
 KeptChoice TakeChoice(KeptReader& reader) {
@@ -196,7 +218,14 @@ KeptChoice TakeChoice(KeptReader& reader) {
   choice.Chosen.Lists[static_cast<size_t>(ListKind::CountOnly)].Files.Restore(std::move(files), selected);
   for (const ListKind kind : {ListKind::WordsToIgnore, ListKind::CountOnly})
     choice.Chosen.Lists[static_cast<size_t>(kind)].Loaded = TakeLoaded(reader);
-  if (reader.Version() >= 2) choice.Chosen.Together = TakePaths(reader);
+  // What came from standard input is gone, and no window reads it. Of two sides it is the clipboard.
+  if (reader.Version() >= 2) choice.Chosen.Together = TakePaths(reader, SourcePath::Kind::Folder);
+  if (reader.Version() >= 3) {
+    choice.Compared = TakePaths(reader, SourcePath::Kind::StandardInput);
+    choice.How = TakeHow(reader);
+    if (choice.Compared.size() == 1 && choice.Compared.front().What != SourcePath::Kind::StandardInput)
+      choice.Chosen.Compared = ComparedWith{choice.Compared.front().Path, choice.How};
+  }
   return choice;
 }
 

@@ -1,5 +1,7 @@
 #include "app/kept/kept_facts.h"
 
+#include <limits>
+
 #include "base/utf8.h"
 
 namespace korv {
@@ -16,11 +18,16 @@ void AppendText(std::string_view text, std::string& bytes) {
   AppendBytes(MendedUtf8(text), bytes);
 }
 
+template <typename Counts, typename Use>
+void ForEachWordCount(Counts& counts, const Use& use) {
+  use(counts.Taken);
+  for (auto& dropped : counts.DroppedBy) use(dropped);
+}
+
 /// The numbers of a summary, in the order of the file.
 template <typename Facts, typename Use>
 void ForEachNumber(Facts& facts, const Use& use) {
-  use(facts.Words.Taken);
-  for (auto& dropped : facts.Words.DroppedBy) use(dropped);
+  ForEachWordCount(facts.Words, use);
   use(facts.LongPhrases);
   use(facts.FilesScanned);
   use(facts.FoldersScanned);
@@ -49,6 +56,11 @@ void AppendFacts(const FactsToKeep& kept, std::string& bytes) {
   AppendNumber(int64_t{std::chrono::duration_cast<seconds>(kept.Ended.time_since_epoch()).count()}, bytes);
   AppendNumber(kept.Run.Table.PhraseCount(), bytes);
   AppendNumber(kept.Run.Table.Occurrences(), bytes);
+  AppendBool(facts.SecondSide.has_value(), bytes);
+  if (!facts.SecondSide) return;
+  AppendNumber(uint64_t{*kept.Run.Table.Corpus().SecondSide}, bytes);
+  ForEachWordCount(facts.SecondSide->Words, [&](uint64_t number) { AppendNumber(number, bytes); });
+  AppendNumber(facts.SecondSide->FilesScanned, bytes);
 }
 
 KeptFacts TakeFacts(KeptReader& reader, CountedRun& run) {
@@ -67,6 +79,11 @@ KeptFacts TakeFacts(KeptReader& reader, CountedRun& run) {
   kept.Ended = system_clock::time_point(seconds(static_cast<int64_t>(reader.TakeUpTo(kMostSeconds))));
   kept.PhraseCount = reader.TakeUpTo(kMostKept);
   kept.Occurrences = reader.TakeUpTo(kMostKept);
+  if (reader.Version() < 3 || !reader.TakeBool()) return kept;
+  kept.SecondSideAt = static_cast<size_t>(reader.TakeUpTo(std::numeric_limits<uint32_t>::max()));
+  SecondSide& b = facts.SecondSide.emplace();
+  ForEachWordCount(b.Words, [&](uint64_t& number) { number = reader.TakeUpTo(kMostKept); });
+  b.FilesScanned = reader.TakeUpTo(kMostKept);
   return kept;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 #include "app/kept/kept_reader.h"
@@ -20,6 +21,7 @@ struct KeptFacts {
   std::chrono::system_clock::time_point Ended;
   uint64_t PhraseCount = 0;
   uint64_t Occurrences = 0;
+  std::optional<size_t> SecondSideAt = {};  ///< Corpus::SecondSide.
 };
 
 /// For the contents of a section. What is no UTF-8 becomes U+FFFD.

@@ -31,12 +31,17 @@ namespace korv {
 //         and of that of count-only entries: whether there is something (bool), and then path (path), whether
 //         an entry is a pattern (bool) and the entries (list of texts). Then the paths that were counted
 //         together, from version 2 on: their number (u32), then for each its kind (u8: a file 0, a folder 1)
-//         and the path (path).
+//         and the path (path). From version 3 on the paths that these were compared with, likewise, where
+//         kind 2 is the clipboard and an empty list says that nothing was compared; by what (u8:
+//         ComparisonBasis), the constant of simple maths (u64, the bits of a double), whether as drafts
+//         (bool).
 //   FACT  stopped, interrupted (bools); words taken, words dropped by each DropReason (u64); long phrases,
 //         files read, folders entered (u64); texts by encoding: ASCII, ANSI, UTF-8, ill-formed sequences
 //         (u64); skipped files (list of path as text and reason); notices (list of texts); what is said of
 //         the kind of file (text); how long the count took, when it ended (i64: seconds, seconds since 1970
-//         UTC); different phrases, occurrences of phrases (u64).
+//         UTC); different phrases, occurrences of phrases (u64). From version 3 on whether two sides were
+//         compared (bool), and then, of side B, its first text in SRCS, words taken, words dropped by each
+//         DropReason, files read (u64).
 //   TEXT  the text of a clipboard or stream, byte by byte.
 //   WLEN  u32 ...: the lengths of the words, in bytes, in the order of their numbers.
 //   WORD  the words one behind the other.
@@ -58,8 +63,8 @@ namespace korv {
 // was counted. Nothing of that needs the text.
 
 inline constexpr std::string_view kKeptMagic("KORVRUN\x1A", 8);
-/// Files of version 1 had no list of paths.
-inline constexpr uint32_t kKeptVersion = 2;
+/// Files of version 1 had no list of paths, and those of version 2 no second side.
+inline constexpr uint32_t kKeptVersion = 3;
 
 enum class KeptSection : uint8_t {
   Settings,

@@ -138,6 +138,7 @@ class KeptRunOpening {
     BeginRun(result_.Request, yielder_, result_.Run);
     if (yielder_.Stopped()) return false;
     TakeSaid();
+    if (!TakeSecondSide()) return false;
     Corpus& corpus = stored_.Corpus;
     corpus.Rules = RulesInForce(result_.Request);
     corpus.Options = result_.Request.Options;
@@ -177,6 +178,26 @@ class KeptRunOpening {
     stored_.PhraseCount = facts_.PhraseCount;
     stored_.Occurrences = facts_.Occurrences;
     stored_.LongPhrases = facts.LongPhrases;
+  }
+
+  /// False where what the run says of its sides does not go together.
+  bool TakeSecondSide() {
+    RunSummary& facts = result_.Run.Facts;
+    const std::optional<SecondSide>& said = said_.Facts.SecondSide;
+    if (!facts.SecondSide || !said) return facts.SecondSide.has_value() == said.has_value();
+    facts.SecondSide->Words = said->Words;
+    facts.SecondSide->FilesScanned = said->FilesScanned;
+    Corpus& corpus = stored_.Corpus;
+    corpus.SecondSide = facts_.SecondSideAt;
+    const size_t at = *corpus.SecondSide;
+    if (at > corpus.Sources.size() || said->FilesScanned > facts.FilesScanned ||
+        said->Words.Taken > facts.Words.Taken)
+      return false;
+    for (size_t r = 0; r < kDropReasons; ++r)
+      if (said->Words.DroppedBy[r] > facts.Words.DroppedBy[r]) return false;
+    const uint64_t onA = at < corpus.Sources.size() ? corpus.Sources[at].WordsBefore : facts.Words.Taken;
+    return onA == facts.Words.Taken - said->Words.Taken && SizeOf(facts, Side::A).Words.Read() > 0 &&
+           said->Words.Read() > 0;
   }
 
   bool LeftOutIsThere() const {

@@ -43,7 +43,10 @@ std::optional<double> DifferenceBic(const FrequencyPair& pair);
 /// 100 * (a / c - b / d) / (b / d) (Gabrielatos and Marchi 2011). Not defined for b = 0.
 std::optional<double> PercentDifference(const FrequencyPair& pair);
 
-/// (1,000,000 a / c + k) / (1,000,000 b / d + k) (Kilgarriff 2009). The greater `k`, above 0, the more
+/// What `k` of simple maths may be.
+inline constexpr double kLeastSimpleMathsK = 0.1;
+inline constexpr double kMostSimpleMathsK = 1000;
+/// (1,000,000 a / c + k) / (1,000,000 b / d + k) (Kilgarriff 2009). The greater `k` is, the more
 /// frequent are the phrases with high values.
 std::optional<double> SimpleMaths(const FrequencyPair& pair, double k);
 

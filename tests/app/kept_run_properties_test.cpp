@@ -122,13 +122,15 @@ void CompareTables(const PhraseTableData& is, const PhraseTableData& was) {
   }
 }
 
-void KeepAndCompare(const WorldKind& kind, TextSource source, std::vector<SourcePath> together = {}) {
+void KeepAndCompare(const WorldKind& kind, TextSource source, std::vector<SourcePath> together = {},
+                    std::vector<SourcePath> compared = {}) {
   const CountingWorld world = DrawWorld(kind);
   RC_LOG() << world;
   KeptWorld kept;
   WriteTexts(world, kept);
   KeptChoice choice = ChoiceOf(world, source);
   choice.Chosen.Together = std::move(together);
+  choice.Compared = std::move(compared);
   RC_PRE(kept.Count(std::move(choice)));
   RC_ASSERT(kept.Keep().HasValue());
   const auto error = kept.Open();
@@ -137,6 +139,7 @@ void KeepAndCompare(const WorldKind& kind, TextSource source, std::vector<Source
   CompareCorpora(kept.Opened.Run.Table.Corpus(), kept.Result.Run.Table.Corpus());
   CompareTables(kept.Opened.Run.Table.Data(), kept.Result.Run.Table.Data());
   RC_ASSERT(kept.Opened.Run.Facts.Paths == kept.Result.Run.Facts.Paths);
+  RC_ASSERT(kept.Opened.Run.Table.Corpus().SecondSide == kept.Result.Run.Table.Corpus().SecondSide);
   FileSystem& files = kept.World.Files;
   RC_ASSERT(ShownTexts(kept.Opened, files).All() == ShownTexts(kept.Result, files).All());
   const std::string bytes = kept.Kept();
@@ -160,6 +163,12 @@ RC_GTEST_PROP(KeptRunProperties, SeveralFilesAndFoldersAreWhatTheyWere, ()) {
   for (int k = 0; k < count; ++k) together.push_back(sources[*rc::gen::inRange<size_t>(0, sources.size())]);
   KeepAndCompare({.Lists = true, .Rules = true, .Folder = true}, TextSource::Folder, std::move(together));
 }
+RC_GTEST_PROP(KeptRunProperties, AComparisonIsWhatItWas, ()) {
+  using Kind = SourcePath::Kind;
+  const bool clipboard = *rc::gen::arbitrary<bool>();
+  KeepAndCompare({.Lists = true, .Rules = true, .Folder = true},
+                 clipboard ? TextSource::Clipboard : TextSource::SingleFile, {}, {{"/t", Kind::Folder}});
+}
 RC_GTEST_PROP(KeptRunProperties, AClipboardIsWhatItWas, ()) {
   KeepAndCompare({.Lists = true}, TextSource::Clipboard);
 }
@@ -172,7 +181,9 @@ RC_GTEST_PROP(KeptRunProperties, ADamagedOneWhoseChecksumIsMendedIsRefusedOrARun
   const CountingWorld world = DrawWorld({.Lists = true, .Rules = true, .Folder = folder});
   KeptWorld kept;
   WriteTexts(world, kept);
-  RC_PRE(kept.Count(ChoiceOf(world, folder ? TextSource::Folder : TextSource::SingleFile)));
+  KeptChoice choice = ChoiceOf(world, folder ? TextSource::Folder : TextSource::SingleFile);
+  if (*rc::gen::arbitrary<bool>()) choice.Compared = {{"/t", SourcePath::Kind::Folder}};
+  RC_PRE(kept.Count(std::move(choice)));
   RC_ASSERT(kept.Keep().HasValue());
   const std::string whole = kept.Kept();
   // The settings at the beginning are most of so small a file.

@@ -183,21 +183,57 @@ TEST_F(KeptRun, KnowsSeveralSourcesThatWereCountedTogether) {
   EXPECT_FALSE(ChangesBetween(world.Opened.Request, world.Result.Request).Source);
 }
 
-TEST_F(KeptRun, OfTheFirstVersionHasNoSeveralSources) {
+// What versions added stands at the ends of the first two sections, whose sizes stand in front of them.
+std::string WithoutEnds(std::string bytes, uint64_t ofSettings, uint64_t ofFacts) {
+  size_t size = kKeptHeaderBytes + 4;
+  for (const uint64_t less : {ofSettings, ofFacts}) {
+    const auto section = NumberIn<uint64_t>(bytes.data() + size);
+    bytes.erase(size + 8 + section - less, less);
+    std::string shorter;
+    AppendNumber(section - less, shorter);
+    bytes.replace(size, shorter.size(), shorter);
+    size += 8 + (section - less) + 4;
+  }
+  return bytes;
+}
+
+TEST_F(KeptRun, KnowsBothSidesOfAComparison) {
+  world.World.Files.Add("/t/a.txt", kText);
+  world.World.Files.Add("/u/b.txt", std::string(kText) + "new words here");
+  KeptChoice choice = FolderChoiceOf("/t");
+  choice.Compared = {{"/u", SourcePath::Kind::Folder}};
+  choice.How = {.Basis = ComparisonBasis::Files, .SimpleMathsK = 100, .Drafts = true};
+  ASSERT_TRUE(world.Count(std::move(choice)));
+  KeepAndOpen();
+  const RunSummary& is = world.Opened.Run.Facts;
+  const RunSummary& was = world.Result.Run.Facts;
+  ASSERT_TRUE(is.SecondSide);
+  EXPECT_EQ(is.SecondSide->Paths, was.SecondSide->Paths);
+  EXPECT_EQ(is.SecondSide->Words, was.SecondSide->Words);
+  EXPECT_EQ(is.SecondSide->FilesScanned, 1U);
+  EXPECT_EQ(world.Opened.Run.Comparison, world.Result.Run.Comparison);
+  EXPECT_EQ(world.Opened.Run.Table.Corpus().SecondSide, 1U);
+  EXPECT_FALSE(ChangesBetween(world.Opened.Request, world.Result.Request).Source);
+}
+
+TEST_F(KeptRun, OfAnEarlierVersionIsOpenedToo) {
+  struct Version {
+    char Number;
+    uint64_t NotInSettings;
+    uint64_t NotInFacts;
+  };
   CountFile();
   KeepIt();
-  std::string bytes = world.Kept();
-  // The number of paths ends the first section, whose size stands in front of it.
-  const size_t size = kKeptHeaderBytes + 4;
-  const auto section = NumberIn<uint64_t>(bytes.data() + size);
-  bytes.erase(size + 8 + section - 4, 4);
-  std::string shorter;
-  AppendNumber(section - 4, shorter);
-  bytes.replace(size, shorter.size(), shorter);
-  bytes[kKeptMagic.size()] = 1;
-  ASSERT_FALSE(world.OpenBytes(WithChecksum(WithLength(bytes))));
-  EXPECT_TRUE(world.Opened.Run.Facts.Paths.empty());
-  EXPECT_EQ(world.Opened.Run.Facts.InputPath, "/t/a.txt");
+  const std::string kept = world.Kept();
+  constexpr uint64_t kComparison = 4 + 1 + 8 + 1;
+  for (const Version& version : {Version{2, kComparison, 1}, Version{1, kComparison + 4, 1}}) {
+    std::string bytes = WithoutEnds(kept, version.NotInSettings, version.NotInFacts);
+    bytes[kKeptMagic.size()] = version.Number;
+    ASSERT_FALSE(world.OpenBytes(WithChecksum(WithLength(bytes))));
+    EXPECT_TRUE(world.Opened.Run.Facts.Paths.empty());
+    EXPECT_FALSE(world.Opened.Run.Facts.SecondSide);
+    EXPECT_EQ(world.Opened.Run.Facts.InputPath, "/t/a.txt");
+  }
 }
 
 TEST_F(KeptRun, LeadsToItsFilesAsLongAsTheyAreAsTheyWere) {

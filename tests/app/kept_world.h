@@ -58,7 +58,8 @@ class ShownTexts {
 
   std::string Table() {
     const auto tsv = std::ranges::find(TableForms(), std::string_view("tsv"), &TableForm::Name);
-    return Report({}, {.Table = {.Form = &*tsv, .Columns = TableColumns()}});
+    const TableOf run = result_.Run.Facts.SecondSide ? TableOf::TwoSides : TableOf::OneSide;
+    return Report({}, {.Table = {.Form = &*tsv, .Columns = TableColumns(run)}});
   }
 
   std::string Places() {
