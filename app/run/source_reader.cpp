@@ -378,7 +378,11 @@ bool SourceReader::ReadText(const fs::path& path, DocumentText text, Alone alone
   if (isMarkup)
     services_.View.Sizes(FileSizeLabel(size, services_.Numbers),
                          TextSizeLabel(summary.TextBytes, services_.Numbers));
-  if (!summary.Error) return true;
+  if (!summary.Error) {
+    // What it has lost was there when it was opened, and a stop leaves the rest unread.
+    if (isFileItself && summary.BytesRead < size && !services_.Yielder.Stopped()) NoteShortened(path);
+    return true;
+  }
   if (alone == Alone::Yes) {
     ShowFileError(services_.Messages, *summary.Error);
     return false;
@@ -414,6 +418,11 @@ void SourceReader::Tally(const TextSummary& summary) {
   EncodingCounts& counts = run_.Facts.Encodings;
   CountReading(summary.ReadAs, counts);
   counts.IllFormed += summary.IllFormed;
+}
+
+void SourceReader::NoteShortened(const fs::path& path) {
+  Note(Fill(Tr("File %1 became shorter while it was read: it was counted as far as it went."),
+            {PathToText(path)}));
 }
 
 void SourceReader::KeepExtractedText(const fs::path& path, std::string_view text) {

@@ -69,6 +69,7 @@ class SourceReader {
   void Note(const std::string& text);
   /// Counts how texts were read, for the report.
   void Tally(const TextSummary& summary);
+  void NoteShortened(const std::filesystem::path& path);
   /// Shows a message about the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
   bool CommentMarkersAreSafe(const ReadPlan& plan) const;

@@ -26,7 +26,7 @@ TextSummary CorpusReader::Read(const std::filesystem::path& path, DocumentText t
   }
   text.Origin.IsUtf8 = reader.ReadAs() == ReadAs::Utf8;
   corpus_.DescribeSource(text.Origin);
-  return {reader.ReadAs(), reader.IllFormed(), scanner.TextBytes(), reader.Error()};
+  return {reader.ReadAs(), reader.IllFormed(), reader.BytesRead(), scanner.TextBytes(), reader.Error()};
 }
 
 }  // namespace korv

@@ -29,6 +29,7 @@ enum class AfterStop {
 struct TextSummary {
   korv::ReadAs ReadAs = ReadAs::Ascii;
   uint64_t IllFormed = 0;          ///< Sequences of UTF-8 that became U+FFFD.
+  uint64_t BytesRead = 0;          ///< Of the source, its signature among them.
   uint64_t TextBytes = 0;          ///< Bytes of its lines, as cleaned, that were no mark-up.
   std::optional<FileError> Error;  ///< It could be read only up to here.
 };

@@ -432,6 +432,26 @@ TEST(StageTimes, MeasureEveryStage) {
   EXPECT_EQ(world.Run.Times.Of(RunStage::Writing), std::chrono::milliseconds(0));
 }
 
+TEST(RunCount, TellsOfAFileThatBecomesShorterWhileItIsRead) {
+  RunWorld world;
+  std::string text = "\xEF\xBB\xBF";
+  for (int i = 0; i < 20000; ++i) text += "big cat sat. ";
+  world.UseFile("/a.txt", text);
+  world.UseLengths(2, 2);
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  EXPECT_TRUE(world.Run.Facts.Notices.empty());
+  EXPECT_EQ(world.Listed(), "20000 big cat, 20000 cat sat");
+  world.Files.AfterOpening = [&](const std::filesystem::path& path) {
+    world.Files.Shorten(path, 3 + 13 * 1500);
+  };
+  EXPECT_EQ(world.Count(), RunEnd::Counted);
+  const std::vector<std::string> told = {
+      "File /a.txt became shorter while it was read: it was counted as far as it went."};
+  EXPECT_EQ(world.Run.Facts.Notices, told);
+  EXPECT_EQ(world.View.Notices, told);
+  EXPECT_EQ(world.Listed(), "1500 big cat, 1500 cat sat");
+}
+
 TEST(RunCount, CountsTheSingleWordsOfAFile) {
   RunWorld world;
   world.UseFile("/a.txt", "The cat, the hat. The hatter has the cat.");

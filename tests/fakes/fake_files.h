@@ -33,6 +33,8 @@ class FakeFiles final : public FileSystem {
   void ChangeUnnoticed(const std::filesystem::path& path, std::string content) {
     files_[path] = std::make_shared<std::string>(std::move(content));
   }
+  /// Cuts a file off, for those too who have it open.
+  void Shorten(const std::filesystem::path& path, size_t size) { files_.at(path)->resize(size); }
   void AddFolder(const std::filesystem::path& path) {
     for (std::filesystem::path p = path; folders_.insert(p).second; p = p.parent_path()) {
     }
@@ -66,6 +68,7 @@ class FakeFiles final : public FileSystem {
   void ReadInPiecesOf(size_t bytes) { piece_ = bytes; }
   /// Called before a file is opened for reading, so that a test can change it between two readings.
   std::function<void(const std::filesystem::path&)> BeforeOpening;
+  std::function<void(const std::filesystem::path&)> AfterOpening;  ///< And after that.
   /// Called before every listing of a folder, so that a test can change the disk during a walk.
   std::function<void(const std::filesystem::path&)> BeforeListing;
 
@@ -118,7 +121,9 @@ class FakeFiles final : public FileSystem {
     if (folders_.contains(path)) return Error(FileFault::IsFolder);
     const auto file = files_.find(path);
     if (file == files_.end()) return Error(FileFault::NotFound);
-    return std::unique_ptr<InputFile>(std::make_unique<Input>(*this, file->second, modified_[path]));
+    auto opened = std::make_unique<Input>(*this, file->second, modified_[path]);
+    if (AfterOpening) AfterOpening(path);
+    return std::unique_ptr<InputFile>(std::move(opened));
   }
 
   Expected<std::unique_ptr<OutputFile>, FileError> OpenForWriting(
@@ -174,7 +179,7 @@ class FakeFiles final : public FileSystem {
   class Input final : public InputFile {
    public:
     Input(FakeFiles& files, std::shared_ptr<std::string> content, int64_t modified)
-        : files_(files), content_(std::move(content)), modified_(modified) {}
+        : files_(files), content_(std::move(content)), size_(content_->size()), modified_(modified) {}
     Expected<size_t, FileError> Read(std::span<char> buffer) override {
       if (auto fault = files_.Fault({})) return *fault;
       const size_t left = content_->size() - std::min(at_, content_->size());
@@ -183,7 +188,7 @@ class FakeFiles final : public FileSystem {
       at_ += count;
       return count;
     }
-    uint64_t Size() const override { return content_->size(); }
+    uint64_t Size() const override { return size_; }
     int64_t Modified() const override { return modified_; }
     std::optional<FileError> SeekTo(uint64_t position) override {
       if (auto fault = files_.Fault({})) return fault;
@@ -194,6 +199,7 @@ class FakeFiles final : public FileSystem {
    private:
     FakeFiles& files_;
     std::shared_ptr<std::string> content_;
+    uint64_t size_;  ///< When it was opened.
     int64_t modified_;
     size_t at_ = 0;
   };
