@@ -1,7 +1,3 @@
-#include <atomic>
-#include <cstdio>
-#include <cstdlib>
-#include <exception>
 #include <iostream>
 #include <new>
 
@@ -10,6 +6,7 @@
 #include "cli/count_program.h"
 #include "cli/options.h"
 #include "platform/interrupts.h"
+#include "platform/lack_of_memory.h"
 #include "platform/process.h"
 
 namespace {
@@ -40,35 +37,13 @@ int Count(int argc, char** argv) {
                                                   .ExpandsPatterns = !ShellExpandsPatterns()});
 }
 
-[[noreturn]] void EndForLackOfMemory() noexcept {
-  // Streams may want memory themselves.
-  std::fputs("korv-count: ", stderr);
-  std::fputs(korv::Tr("Insufficient memory"), stderr);
-  std::fputs("\n", stderr);
-  korv::EndProcess(korv::kExitRefused);
-}
-
-std::atomic<bool> memoryRanOut{false};
-
-[[noreturn]] void OnLackOfMemory() {
-  memoryRanOut = true;
-  throw std::bad_alloc();
-}
-
-// Destructors and some functions of libraries let no exception through.
-[[noreturn]] void OnTerminate() {
-  if (memoryRanOut) EndForLackOfMemory();
-  std::abort();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::set_new_handler(OnLackOfMemory);
-  std::set_terminate(OnTerminate);
+  korv::EndOnLackOfMemory("korv-count", korv::kExitRefused);
   try {
     return Count(argc, argv);
   } catch (const std::bad_alloc&) {
-    EndForLackOfMemory();
+    korv::EndForLackOfMemory();
   }
 }
