@@ -87,6 +87,10 @@ bool FindContexts(const std::shared_ptr<const CountedRun>& run, const ContextQue
                   Yielder& yielder, const std::function<void(std::shared_ptr<const ContextList>)>& tell) {
   const Corpus& corpus = run->Table.Corpus();
   std::vector<Place> places = AllPlaces(corpus, query.Words);
+  if (query.Of) {
+    const Place border = corpus.EndOfSideA();
+    std::erase_if(places, [&](Place place) { return (place < border) != (query.Of == Side::A); });
+  }
   const uint64_t occurrences = places.size();
   std::optional<size_t> files;
   const auto countFiles = [&] { files = CountFiles(corpus, places, yielder); };

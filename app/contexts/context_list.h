@@ -10,12 +10,14 @@
 #include "app/run/run.h"
 #include "base/yielder.h"
 #include "engine/corpus/place_order.h"
+#include "engine/corpus/side.h"
 
 namespace korv {
 
 /// Which occurrences are to be listed, and how.
 struct ContextQuery {
   std::vector<WordNumber> Words = {};  ///< The phrase in the numbers of the run; kNoWord makes it be nowhere.
+  std::optional<Side> Of = std::nullopt;  ///< Only those of this side, in a run that compares.
   PlaceOrder Order = PlaceOrder::Place;
   bool FileByFile = false;  ///< Those of each file below a heading, files by path.
   std::optional<uint64_t> SampleSeed =
@@ -44,7 +46,7 @@ class ContextList {
   const ContextQuery& Query() const { return query_; }
   int Words() const { return static_cast<int>(query_.Words.size()); }
   const std::vector<Place>& Places() const { return places_; }
-  /// In the text, of which a sample lists some only.
+  /// In the text, or on the side, of which a sample lists some only.
   uint64_t Occurrences() const { return occurrences_; }
   bool Whole() const { return whole_; }
   /// The texts that hold an occurrence, listed or not; known where Whole().

@@ -32,7 +32,10 @@ std::string NameOfText(const CountedRun& run, size_t source) {
   const std::filesystem::path& path = run.Table.Corpus().Sources[source].Path;
   if (path.empty()) return SourceName(TextSource::Clipboard, {});
   if (run.Facts.Options.SourceKind == TextSource::Folder) {
-    if (!run.Facts.Paths.empty()) return NameAmong(run.Facts.Paths, path);
+    const RunSummary& facts = run.Facts;
+    const auto second = run.Table.Corpus().SecondSide;
+    if (facts.SecondSide && second && source >= *second) return NameAmong(facts.SecondSide->Paths, path);
+    if (!facts.Paths.empty()) return NameAmong(facts.Paths, path);
     const auto below = path.lexically_relative(PathFromText(run.Facts.InputPath).lexically_normal());
     if (IsBelow(below)) return PathToText(below);
   }

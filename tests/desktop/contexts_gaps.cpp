@@ -19,6 +19,7 @@
 #include <string>
 
 #include "bench/made_text.h"
+#include "desktop/results/contexts/contexts_of_side.h"
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
@@ -102,8 +103,8 @@ void MeasureAll(ContextsPane& pane, const std::shared_ptr<const CountedRun>& run
     pane.PreviousOccurrence();
     for (int k = 0; k < 6; ++k) pane.PreviousOccurrence();
   });
-  session.Do("the text", [&] { pane.ShowText(); });
-  session.Do("the next occurrence in it", [&] { pane.NextOccurrence(); });
+  session.Do("the text", [&] { pane.OfA->ShowText(); });
+  session.Do("the next occurrence in it", [&] { pane.OfA->GoBy(1); });
   session.Do("no run", [&] { pane.Show(nullptr); });
 }
 

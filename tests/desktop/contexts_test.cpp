@@ -1,3 +1,4 @@
+#include "desktop/results/contexts/contexts_of_side.h"
 #include "desktop/results/contexts/contexts_pane.h"
 
 #include <QAction>
@@ -145,13 +146,13 @@ TEST_F(ContextsTest, GoesFromOneOccurrenceToTheNextAndAround) {
   pane->Options->chkContextFiles->setChecked(true);
   Type("big cat");
   EXPECT_EQ(CurrentRow(), 1);  // Below the heading.
-  pane->NextOccurrence();
+  pane->OfA->GoBy(1);
   EXPECT_EQ(CurrentRow(), 2);
-  pane->NextOccurrence();
+  pane->OfA->GoBy(1);
   EXPECT_EQ(CurrentRow(), 4);
-  pane->NextOccurrence();
+  pane->OfA->GoBy(1);
   EXPECT_EQ(CurrentRow(), 1);
-  pane->PreviousOccurrence();
+  pane->OfA->GoBy(-1);
   EXPECT_EQ(CurrentRow(), 4);
 }
 
@@ -221,7 +222,7 @@ TEST_F(ContextsTest, ManyAreSelectedAllAtOnceButNotCopied) {
   UntilIdle(*pane);
   EXPECT_EQ(FromQt(pane->lblContextNote->text()), "Select at most 20,000 contexts to copy them.");
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "as before");
-  pane->NextOccurrence();
+  pane->OfA->GoBy(1);
   EXPECT_FALSE(pane->tblContexts->IsAllSelected());
 }
 
@@ -254,8 +255,8 @@ TEST_F(ContextsTest, EnterShowsTheTextAndF3GoesOnAcrossFiles) {
   pane->tblContexts->setFocus();
   QTest::keyClick(pane->tblContexts, Qt::Key_Return);
   UntilIdle(*pane);
-  ASSERT_NE(pane->frmText, nullptr);
-  TextView& view = *pane->frmText;
+  ASSERT_NE(pane->OfA->frmText, nullptr);
+  TextView& view = *pane->OfA->frmText;
   EXPECT_TRUE(view.isVisible());
   EXPECT_EQ(TextWithMark(view), "One [big cat], two.\nThe Big Cat!\n");
   EXPECT_EQ(FromQt(view.lblTextPlace->text()), "b.txt, line 1, column 5 \u2013 occurrence 1 of 3");
@@ -276,7 +277,7 @@ TEST_F(ContextsTest, EnterShowsTheTextAndF3GoesOnAcrossFiles) {
   view.cmdCloseText->click();
   UntilIdle(*pane);
   EXPECT_FALSE(view.isVisible());
-  pane->NextOccurrence();
+  pane->OfA->GoBy(1);
   EXPECT_FALSE(view.isVisible());
   EXPECT_EQ(CurrentRow(), 2);
 }
@@ -291,8 +292,8 @@ TEST_F(ContextsTest, TheTextOfADocumentIsWhatWasExtractedFromIt) {
   pane->tblContexts->setFocus();
   QTest::keyClick(pane->tblContexts, Qt::Key_Return);
   UntilIdle(*pane);
-  ASSERT_NE(pane->frmText, nullptr);
-  TextView& view = *pane->frmText;
+  ASSERT_NE(pane->OfA->frmText, nullptr);
+  TextView& view = *pane->OfA->frmText;
   EXPECT_TRUE(view.isVisible());
   EXPECT_EQ(TextWithMark(view), "Dear cat,\nthe [big cat] & you\nand a big cat\n");
   EXPECT_EQ(FromQt(view.lblTextPlace->text()), "letter.docx, line 2, column 5 \u2013 occurrence 1 of 2");
@@ -308,12 +309,12 @@ TEST_F(ContextsTest, TheTextOfAFileThatIsGoneIsTheWordsOfTheRun) {
   pane->Show(CountFolder());
   Type("big cat");
   world.Files.Erase("/t/b.txt");
-  pane->ShowText();
+  pane->OfA->ShowText();
   UntilIdle(*pane);
-  EXPECT_EQ(TextWithMark(*pane->frmText), "one [big cat] two | the big cat |");
-  EXPECT_EQ(FromQt(pane->frmText->lblTextNote->text()),
+  EXPECT_EQ(TextWithMark(*pane->OfA->frmText), "one [big cat] two | the big cat |");
+  EXPECT_EQ(FromQt(pane->OfA->frmText->lblTextNote->text()),
             "b.txt cannot be read any more: the words that were counted stand for its lines.");
-  EXPECT_EQ(FromQt(pane->frmText->lblTextPlace->text()), "b.txt \u2013 occurrence 1 of 3");
+  EXPECT_EQ(FromQt(pane->OfA->frmText->lblTextPlace->text()), "b.txt \u2013 occurrence 1 of 3");
 }
 
 TEST_F(ContextsTest, OfALongTextAPartIsShownAndTheRestIsAClickAway) {
@@ -322,9 +323,9 @@ TEST_F(ContextsTest, OfALongTextAPartIsShownAndTheRestIsAClickAway) {
   world.UseFile("/one.txt", text);
   pane->Show(Counted());
   Type("big cat");
-  pane->ShowText();
+  pane->OfA->ShowText();
   UntilIdle(*pane);
-  TextView& view = *pane->frmText;
+  TextView& view = *pane->OfA->frmText;
   EXPECT_EQ(FromQt(view.lblTextPlace->text()), "one.txt, line 30,000, column 5 \u2013 occurrence 1 of 1");
   EXPECT_NEAR(view.txbText->blockCount(), 20'000, 10);
   EXPECT_EQ(FromQt(view.txbText->textCursor().block().text()), "The big cat.");
@@ -347,17 +348,17 @@ TEST_F(ContextsTest, OpensTheFileInItsOwnProgram) {
   Type("cat sat");
   pane->findChild<QAction*>(QStringLiteral("mnuContextOpen"))->trigger();
   EXPECT_THAT(launcher.Opened, ElementsAre(Below("/t", "sub/a.txt")));
-  pane->ShowText();
+  pane->OfA->ShowText();
   UntilIdle(*pane);
-  pane->frmText->cmdOpenSource->click();
+  pane->OfA->frmText->cmdOpenSource->click();
   EXPECT_EQ(launcher.Opened.size(), 2U);
   world.UseClipboard("My big cat");
   pane->Show(Counted());
   Type("big cat");
-  pane->ShowText();
+  pane->OfA->ShowText();
   UntilIdle(*pane);
-  EXPECT_FALSE(pane->frmText->cmdOpenSource->isEnabled());
-  EXPECT_EQ(TextWithMark(*pane->frmText), "My [big cat]");
+  EXPECT_FALSE(pane->OfA->frmText->cmdOpenSource->isEnabled());
+  EXPECT_EQ(TextWithMark(*pane->OfA->frmText), "My [big cat]");
 }
 
 // ---- Why a phrase is not listed

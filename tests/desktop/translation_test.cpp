@@ -19,6 +19,7 @@
 #include "desktop/dialogs/frm_load_remove.h"
 #include "desktop/main_window/source_surveyor.h"
 #include "desktop/questions.h"
+#include "desktop/results/contexts/contexts_of_side.h"
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
@@ -305,12 +306,12 @@ TEST_F(TranslatedWindows, TellWhereAPhraseStands) {
   LookAround("a sample, file by file");
   Click("chkContextFiles");
   UntilShown();
-  Frame().Contexts->ShowText();
+  Frame().Contexts->OfA->ShowText();
   UntilShown();
-  ASSERT_NE(Frame().Contexts->frmText, nullptr);
+  ASSERT_NE(Frame().Contexts->OfA->frmText, nullptr);
   LookAround("the text");
   launcher.Result.Fault = LaunchFault::NoAssociation;
-  Frame().Contexts->frmText->cmdOpenSource->click();
+  Frame().Contexts->OfA->frmText->cmdOpenSource->click();
   for (const char* typed : {"alba gatto", "12", "ed", "alba burek"}) {
     Find<QLineEdit>("txbContextPhrase")->setText(QLatin1String(typed));
     QTest::keyClick(Frame().Contexts->txbContextPhrase, Qt::Key_Return);

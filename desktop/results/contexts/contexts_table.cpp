@@ -55,4 +55,9 @@ void ContextsTable::showEvent(QShowEvent* event) {
   SightChanged();
 }
 
+void ContextsTable::focusInEvent(QFocusEvent* event) {
+  RowTable::focusInEvent(event);
+  Focused();
+}
+
 }  // namespace korv

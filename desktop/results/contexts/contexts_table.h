@@ -17,6 +17,7 @@ class ContextsTable final : public RowTable {
   ContextsTable(ContextsModel& model, QWidget* parent);
 
   std::function<void()> SightChanged = [] {};  ///< Other rows may be in sight.
+  std::function<void()> Focused = [] {};       ///< It has got the focus.
 
   /// The first and the last row in sight; nothing where there is none.
   std::optional<std::pair<int, int>> RowsInSight() const;
@@ -28,6 +29,7 @@ class ContextsTable final : public RowTable {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 };
 
 }  // namespace korv
