@@ -100,8 +100,8 @@ void MeasureAll(ContextsPane& pane, const std::shared_ptr<const CountedRun>& run
              [&] { pane.tblContexts->findChild<QAction*>(QStringLiteral("mnuContextCopy"))->trigger(); });
   session.Do("select one", [&] { pane.tblContexts->GoTo(5); });
   session.Do("the last one, by going back", [&] {
-    pane.PreviousOccurrence();
-    for (int k = 0; k < 6; ++k) pane.PreviousOccurrence();
+    pane.OfA->GoBy(-1);
+    for (int k = 0; k < 6; ++k) pane.OfA->GoBy(-1);
   });
   session.Do("the text", [&] { pane.OfA->ShowText(); });
   session.Do("the next occurrence in it", [&] { pane.OfA->GoBy(1); });

@@ -14,6 +14,7 @@
 #include "desktop/results/table/table_bar.h"
 #include "desktop/toolkit/text.h"
 #include "report/columns/registry.h"
+#include "report/key_phrases.h"
 #include "tests/desktop/geometry.h"
 #include "tests/desktop/window_test.h"
 
@@ -160,6 +161,35 @@ TEST_F(Exports, SayHowMuchTheyAre) {
       << "what was chosen stays chosen";
   Check("optExportShown");
   EXPECT_EQ(TextOf("lblExportRows"), "1 of 2 phrases, 9 columns");
+}
+
+TEST_F(Exports, CarryBothSidesOfAComparison) {
+  std::string whales;
+  std::string men;
+  for (int k = 0; k < 12; ++k) {
+    whales += "The white whale swam.\n";
+    men += "The old man wept aloud.\n";
+  }
+  CountCompared(whales, men);
+  UntilShown();
+  Find<QComboBox>("cboBasis")->setCurrentIndex(static_cast<int>(ComparisonBasis::Files));
+  Find<QComboBox>("cboTest")->setCurrentIndex(static_cast<int>(KeyTest::None));
+  UntilShown();
+  Ask();
+  EXPECT_EQ(TextOf("lblExportRows"), "1 of 2 phrases, 11 columns");
+  EXPECT_THAT(
+      ReadFile(ExportTo("shown.csv")),
+      StartsWith("phrase,frequency_a,frequency_b,per_million_a,per_million_b,log_ratio,g2,bic,files_a,"
+                 "files_b,dispersion_a\r\nthe white whale swam,12,0,250000,0,1,"));
+  const std::string described = ReadFile(PathOf("datapackage.json"));
+  EXPECT_THAT(described, testing::ContainsRegex("\"compared_by\": *\"files\""));
+  EXPECT_THAT(described, HasSubstr("a.txt"));
+  EXPECT_THAT(described, HasSubstr("b.txt"));
+  Ask();
+  Check("optExportAll");
+  EXPECT_EQ(TextOf("lblExportRows"),
+            "2 phrases, " + std::to_string(TableColumns(TableOf::TwoSides).size()) + " columns");
+  EXPECT_THAT(ReadFile(ExportTo("all.csv")), HasSubstr(",frequency_a,frequency_b,"));
 }
 
 TEST_F(Exports, WaitForATableThatIsBeingFiltered) {
