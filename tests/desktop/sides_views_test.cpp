@@ -8,9 +8,13 @@
 #include "desktop/results/contexts/contexts_pane.h"
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/contexts/text_view.h"
+#include "desktop/results/result_frame.h"
+#include "desktop/results/run_tabs.h"
+#include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/toolkit/text.h"
 #include "tests/desktop/compared_run.h"
 #include "tests/desktop/view_test.h"
+#include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
 
 namespace korv {
@@ -101,6 +105,31 @@ TEST_F(SidesViews, NameBothLists) {
   EXPECT_EQ(pane->OfA->tblContexts->accessibleName(), "Contexts in A");
   EXPECT_EQ(pane->OfB->tblContexts->accessibleName(), "Contexts in B");
   EXPECT_THAT(pane->TabOrder(), testing::Contains(pane->OfB->tblContexts));
+}
+
+class SidesInTheWindow : public WindowTest {
+ protected:
+  void UntilShown() const {
+    UntilIdle();
+    while (!main->Panels().Frame->Table->Idle())
+      QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  }
+};
+
+TEST_F(SidesInTheWindow, AreComparedAsTheUserChoseForTheirRun) {
+  View = RunView::Table;
+  ASSERT_TRUE(Start());
+  CountCompared("The white whale swam. The white whale swam.", "The white whale swam. The old man wept.");
+  UntilShown();
+  EXPECT_TRUE(Find<QWidget>("fraSides")->isVisible());
+  Find<QComboBox>("cboBasis")->setCurrentIndex(static_cast<int>(ComparisonBasis::Net));
+  UntilShown();
+  CountCompared("The white whale swam. The white whale swam.", "The white whale swam. The white whale swam.");
+  UntilShown();
+  EXPECT_EQ(ItemOf("cboBasis"), static_cast<int>(ComparisonBasis::Words));
+  Find<RunTabs>("tabRuns")->setCurrentIndex(0);
+  UntilShown();
+  EXPECT_EQ(ItemOf("cboBasis"), static_cast<int>(ComparisonBasis::Net));
 }
 
 }  // namespace
