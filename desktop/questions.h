@@ -24,4 +24,7 @@ inline constexpr Question kReplaceExport{"ReplaceExport"};
 /// Copy a great many rows of the table?
 inline constexpr Question kCopyManyRows{"CopyManyRows"};
 
+/// Compare runs whose files have changed since?
+inline constexpr Question kCompareChanged{"CompareChanged"};
+
 }  // namespace korv::questions

@@ -40,6 +40,7 @@ struct SecondSide {
   std::vector<SourcePath> Paths = {};  ///< As given.
   WordCounts Words = {};               ///< What became of its words.
   uint64_t FilesScanned = 0;
+  uint64_t SharedFiles = 0;  ///< Files that are on both sides, and count for both.
 };
 
 /// What a finished counting run knows beside its phrases; everything that header, summary and notices say.

@@ -12,19 +12,6 @@ namespace korv {
 
 namespace {
 
-std::vector<SourcePath> SideOf(const RunRequest& request) {
-  if (!request.Paths.empty()) return request.Paths;
-  switch (request.Options.SourceKind) {
-    case TextSource::Clipboard:
-      return {{"-", SourcePath::Kind::StandardInput}};
-    case TextSource::SingleFile:
-      return {{TrimmedPath(request.InputPath), SourcePath::Kind::File}};
-    case TextSource::Folder:
-      break;
-  }
-  return {{TrimmedFolderPath(request.InputPath), SourcePath::Kind::Folder}};
-}
-
 bool FolderIsThere(const std::string& folder, const FileSystem& files, Messages& messages) {
   const bool exists = files.FolderExists(PathFromText(folder));
   if (!exists)
@@ -51,16 +38,33 @@ bool IsThere(const SourcePath& source, const FileSystem& files, Messages& messag
 
 }  // namespace
 
+std::vector<SourcePath> SourcesOf(const RunRequest& request) {
+  if (!request.Paths.empty()) return request.Paths;
+  switch (request.Options.SourceKind) {
+    case TextSource::Clipboard:
+      return {{"-", SourcePath::Kind::StandardInput}};
+    case TextSource::SingleFile:
+      return {{TrimmedPath(request.InputPath), SourcePath::Kind::File}};
+    case TextSource::Folder:
+      break;
+  }
+  return {{TrimmedFolderPath(request.InputPath), SourcePath::Kind::Folder}};
+}
+
 RunRequest ComparisonOf(RunRequest request, std::vector<SourcePath> compared, const ComparisonChoice& how) {
-  request.Paths = SideOf(request);
+  request.Paths = SourcesOf(request);
   request.Compared = std::move(compared);
   request.Comparison = how;
   request.Options.SourceKind = TextSource::Folder;
-  if (!how.Drafts && request.Options.MinFrequency == Settings().MinFrequency)
-    request.Options.MinFrequency = kKeyFrequency;
+  SetKeyFrequency(request);
   request.InputPath.clear();
   request.OutputPath.clear();
   return request;
+}
+
+void SetKeyFrequency(RunRequest& request) {
+  int& least = request.Options.MinFrequency;
+  if (!request.Comparison.Drafts && least == Settings().MinFrequency) least = kKeyFrequency;
 }
 
 bool ReadsClipboard(const RunRequest& request) {

@@ -24,12 +24,12 @@ std::string Name(const std::string& path) {
 }
 
 /// One a line.
-std::string PathsText(const RunSummary& facts) {
+std::string PathsText(std::span<const SourcePath> paths) {
   constexpr size_t kMostNamed = 20;
   std::string text;
-  for (size_t i = 0; i < std::min(kMostNamed, facts.Paths.size()); ++i)
-    text += (text.empty() ? "" : "\n") + facts.Paths[i].Path;
-  return text + (facts.Paths.size() > kMostNamed ? "\n..." : "");
+  for (size_t i = 0; i < std::min(kMostNamed, paths.size()); ++i)
+    text += (text.empty() ? "" : "\n") + paths[i].Path;
+  return text + (paths.size() > kMostNamed ? "\n..." : "");
 }
 
 bool Filtered(const ReportOptions& options) {
@@ -72,7 +72,8 @@ class Notes {
 
   void Source() {
     const RunSummary& facts = result_.Run.Facts;
-    ResultNote note{NoteKind::Source, "", {}, facts.Paths.empty() ? facts.InputPath : PathsText(facts)};
+    if (facts.SecondSide) return BothSides(facts);
+    ResultNote note{NoteKind::Source, "", {}, facts.Paths.empty() ? facts.InputPath : PathsText(facts.Paths)};
     switch (facts.Options.SourceKind) {
       case TextSource::Clipboard:
         note.Text = Tr("Phrases of the text on the clipboard");
@@ -90,6 +91,24 @@ class Notes {
         break;
     }
     Add(std::move(note));
+  }
+
+  void BothSides(const RunSummary& facts) {
+    const auto nameOf = [&](Side side) { return Shortened(SideNameOf(facts, side), kLongestName); };
+    Add({NoteKind::Source,
+         Fill(Tr("Phrases of %1, compared with %2"), {nameOf(Side::A), nameOf(Side::B)}),
+         {},
+         PathsText(facts.Paths) + "\n" + PathsText(facts.SecondSide->Paths)});
+    Add({NoteKind::BothSides, Tr("Frequencies in this list are those of both sides together.")});
+  }
+
+  void SharedFiles() {
+    const std::optional<SecondSide>& b = result_.Run.Facts.SecondSide;
+    if (b && b->SharedFiles > 0)
+      Add({NoteKind::SharedFiles,
+           Counted(TrCount("%1 file is on both sides of the comparison.",
+                           "%1 files are on both sides of the comparison.", b->SharedFiles),
+                   b->SharedFiles, numbers_)});
   }
 
   void Changes() {
@@ -187,6 +206,7 @@ class Notes {
 
   void Run() {
     const RunSummary& facts = result_.Run.Facts;
+    SharedFiles();
     if (facts.Options.Stopped)
       Add({NoteKind::Incomplete,
            Tr("Counting was stopped: what came after that is not in this list."),

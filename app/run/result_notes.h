@@ -14,6 +14,8 @@ namespace korv {
 /// What stands above a result, in the order in which it stands there; and the answer to a question about it.
 enum class NoteKind {
   Source,       ///< Which source the list is of. Always there.
+  BothSides,    ///< The run compares, and the list counts both sides together.
+  SharedFiles,  ///< Files that are on both sides.
   NotInSight,   ///< The text box holds something else.
   OtherSource,  ///< Another source is chosen now.
   OtherRules,   ///< It was counted under other rules.

@@ -1,5 +1,7 @@
 #include "app/run/run_description.h"
 
+#include <span>
+
 #include "app/run/counted.h"
 #include "app/run/result_notes.h"
 #include "app/run/rules_text.h"
@@ -17,6 +19,31 @@ std::string Words(const WordCounts& words, const NumberFormat& numbers) {
   const std::string read = Counted(TrCount("%1 word", "%1 words", words.Read()), words.Read(), numbers);
   if (words.Dropped() == 0) return read;
   return Fill(Tr("%1 (%2 taken)"), {read, numbers.Grouped(static_cast<int64_t>(words.Taken))});
+}
+
+std::string SideText(const RunSummary& facts, Side side, const NumberFormat& numbers) {
+  const SideSize size = SizeOf(facts, side);
+  return Fill(
+      side == Side::A ? Tr("A: %1, %2, %3") : Tr("B: %1, %2, %3"),
+      {Shortened(SideNameOf(facts, side), kLongestName),
+       Counted(TrCount("%1 file", "%1 files", size.Files), size.Files, numbers), Words(size.Words, numbers)});
+}
+
+/// Where the texts came from: one path a line.
+std::string PathsOf(std::span<const SourcePath> paths, const char* side) {
+  std::string text;
+  for (const SourcePath& path : paths)
+    text +=
+        (text.empty() ? "" : "\n") +
+        (path.What == SourcePath::Kind::StandardInput ? SourceName(TextSource::Clipboard, "") : path.Path);
+  return Fill(side, {text});
+}
+
+std::string SourceText(const RunSummary& facts) {
+  if (facts.SecondSide)
+    return PathsOf(facts.Paths, Tr("A: %1")) + "\n" + PathsOf(facts.SecondSide->Paths, Tr("B: %1"));
+  const bool hasPath = facts.Options.SourceKind != TextSource::Clipboard && facts.Paths.empty();
+  return hasPath ? facts.InputPath : SourceNameOf(facts);
 }
 
 const char* IgnoreText(IgnoreRule rule) {
@@ -37,21 +64,37 @@ const char* IgnoreText(IgnoreRule rule) {
 
 std::string HeadLineText(const ShownResult& result, const NumberFormat& numbers) {
   const RunSummary& facts = result.Run.Facts;
+  const uint64_t phrases = result.Run.Table.PhraseCount();
+  const std::string found =
+      Counted(TrCount("%1 different phrase", "%1 different phrases", phrases), phrases, numbers) + ", " +
+      FormatElapsedCompact(result.Took);
+  if (facts.SecondSide)
+    return SideText(facts, Side::A, numbers) + "; " + SideText(facts, Side::B, numbers) + "; " + found;
   std::string text = Shortened(SourceNameOf(facts), kLongestName) + ": ";
   if (facts.Options.SourceKind == TextSource::Folder)
     text += Counted(TrCount("%1 file", "%1 files", facts.FilesScanned), facts.FilesScanned, numbers) + ", ";
-  const uint64_t phrases = result.Run.Table.PhraseCount();
-  return text + Words(facts.Words, numbers) + ", " +
-         Counted(TrCount("%1 different phrase", "%1 different phrases", phrases), phrases, numbers) + ", " +
-         FormatElapsedCompact(result.Took);
+  return text + Words(facts.Words, numbers) + ", " + found;
+}
+
+std::string SharedRulesText(const ShownResult& result) {
+  const RunSummary& facts = result.Run.Facts;
+  if (!facts.SecondSide) return {};
+  return Fill(Tr("Both sides: %1; %2."), {PhrasesText(facts.Options), WordRulesText(result.Request.Rules)});
+}
+
+std::string ComparisonNote(const ShownResult& result) {
+  if (!result.Run.Facts.SecondSide) return {};
+  if (result.Run.Comparison.Drafts)
+    return Tr("A is a new version of B: what is new in it, gone, more and less, without a test.");
+  return Tr(
+      "Phrases stand in each other and depend on each other: the test sorts them out, it proves nothing.");
 }
 
 std::string RunTip(const ShownResult& result, const std::string& when, const NumberFormat& numbers) {
   const RunSummary& facts = result.Run.Facts;
   const RunRequest& request = result.Request;
-  std::string text = facts.InputPath;
-  if (facts.Options.SourceKind == TextSource::Clipboard || !facts.Paths.empty()) text = SourceNameOf(facts);
-  text += "\n" + PhrasesText(facts.Options) + ".\n" + WordRulesText(request.Rules) + ".\n";
+  std::string text =
+      SourceText(facts) + "\n" + PhrasesText(facts.Options) + ".\n" + WordRulesText(request.Rules) + ".\n";
   if (const size_t words = request.Lists.FileWordsToIgnore.size() + request.Lists.TypedWordsToIgnore.size();
       words > 0)
     text += Counted(TrCount("%1 word to ignore", "%1 words to ignore", words), words, numbers) + ": " +

@@ -227,6 +227,7 @@ void SourceReader::TellSharedFiles(const ReadPlan& plan) {
     const fs::path path = plan.Document(i).Path;
     if (!path.empty() && !met.MeetFile(path)) ++shared;
   }
+  run_.Facts.SecondSide->SharedFiles = shared;
   if (shared == 0) return;
   const std::string number = services_.Numbers.Grouped(static_cast<int64_t>(shared));
   Note(Fill(TrCount("%1 file is on both sides of the comparison.",

@@ -18,6 +18,7 @@
 #include "desktop/dialogs/frm_help.h"
 #include "desktop/dialogs/frm_popup.h"
 #include "desktop/main_window/clipboard_page.h"
+#include "desktop/main_window/compare_panel.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/main_layout.h"
 #include "desktop/main_window/main_menus.h"
@@ -201,6 +202,7 @@ void frmMain::OpenPaths(const QStringList& paths) {
 
 void frmMain::EnableDisableButtons(bool enabled) {
   panels_.Source->EnableDisableButtons(enabled);
+  panels_.Compare->EnableDisableButtons(enabled);
   panels_.Phrases->EnableDisableButtons(enabled);
   panels_.WordsToIgnore->EnableDisableButtons(enabled);
   panels_.OutputFile->EnableDisableButtons(enabled);
@@ -290,6 +292,7 @@ void frmMain::ShowWords() {
 
 void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
   panels_.Source->Folder->ShowTogether(work_.Together());
+  panels_.Compare->Follow();
   SetTitle();
   EnableClearButtons();
   panels_.Result->Filter->EnableClearButton();

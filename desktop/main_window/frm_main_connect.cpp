@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "base/translation.h"
+#include "desktop/main_window/compare_panel.h"
 #include "desktop/main_window/file_drops.h"
 #include "desktop/main_window/folder_page.h"
 #include "desktop/main_window/frm_main.h"
@@ -90,6 +91,17 @@ void frmMain::MakeMenus() {
           .SaveSettings = [this] { params_->cmdSaveLoadState_Click(1, this); },
           .Quit = [this] { cmdQuit_Click(); },
           .GoToSource = [this] { GoToSource(); },
+          .CompareWith =
+              [this] {
+                panels_.Column->show();
+                panels_.Compare->Open();
+              },
+          .ComparableRuns = [this] { return result_->ComparableWith(panels_.Frame->Tabs->currentIndex()); },
+          .CompareRun =
+              [this](int run) {
+                Guarded(messages_, "mnuCompareRun_Click",
+                        [&] { result_->CompareRuns(panels_.Frame->Tabs->currentIndex(), run); })();
+              },
           .SaveListAs = [this] { SaveListAs(); },
           .Export = [this] { result_->Tables().Export(); },
           .KeepRun = [this] { result_->Kept().KeepRun(); },
@@ -163,6 +175,13 @@ void frmMain::WatchDrops() {
       [this](const QStringList& paths) { Guarded(messages_, "OpenPaths", [&] { OpenPaths(paths); })(); });
   drops->Watch(*this);
   drops->Watch(*params_);
+  // What is dropped there is what to compare with; this filter comes before that of the window.
+  auto* compared = new FileDrops(
+      this, [this] { return startUpCompleted_ && run_->Idle(); },
+      [this](const QStringList& paths) {
+        Guarded(messages_, "txbCompared_Drop", [&] { panels_.Compare->TakeDropped(paths); })();
+      });
+  compared->Watch(*panels_.Compare);
 }
 
 }  // namespace korv

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "desktop/main_window/compare_panel.h"
 #include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/report_panel.h"
@@ -27,15 +28,17 @@ namespace {
 
 constexpr int kColumnWidth = 360;
 
-QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
+QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
   auto* groups = new QWidget(parent);
   panels.Source = new SourcePanel(desktop, groups);
+  panels.Compare = new ComparePanel(desktop, work, *panels.Source, groups);
   panels.Phrases = new PhrasesPanel(groups);
   panels.WordsToIgnore = new WordsToIgnorePanel(desktop, groups);
   auto* stack = Bare(new QVBoxLayout(groups));
   // Groups have air of their own.
   stack->setSpacing(3);
   stack->addWidget(panels.Source, 1);
+  stack->addWidget(panels.Compare);
   stack->addWidget(panels.Phrases);
   stack->addWidget(panels.WordsToIgnore);
   return groups;
@@ -52,16 +55,17 @@ QWidget* MakeReportOptions(MainPanels& panels, const Desktop& desktop, Workspace
   return options;
 }
 
-QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, QWidget* parent) {
+QWidget* MakeColumn(MainPanels& panels, const Desktop& desktop, Workspace& work, QWidget* parent) {
   auto* column = new QWidget(parent);
   auto* layout = Bare(new QVBoxLayout(column));
   // On a low screen the groups scroll; the count button below them does not.
   auto* scroll = Named(new ScrollColumn(column), "scrOptions");
-  QWidget* groups = MakeGroups(panels, desktop, scroll);
+  QWidget* groups = MakeGroups(panels, desktop, work, scroll);
   scroll->setWidget(groups);
   // The width that the groups need, and room for the scroll bar beside them.
   const int bar = scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, scroll);
   column->setFixedWidth(std::max(kColumnWidth, groups->minimumSizeHint().width()) + bar);
+  panels.Compare->hide();
   layout->addWidget(scroll, 1);
   panels.Run = new RunPanel(desktop, column);
   layout->addWidget(panels.Run);
@@ -73,9 +77,9 @@ void SetTabOrder(const MainPanels& panels) {
   std::vector<QWidget*> options = panels.Report->TabOrder();
   const std::vector<QWidget*> file = panels.OutputFile->TabOrder();
   options.insert(options.end(), file.begin(), file.end());
-  for (const auto& part :
-       {panels.Source->TabOrder(), panels.Phrases->TabOrder(), panels.WordsToIgnore->TabOrder(),
-        panels.Run->TabOrder(), panels.Frame->TabOrder(options, panels.Report->chkSortByNumberOfFiles)}) {
+  for (const auto& part : {panels.Source->TabOrder(), panels.Compare->TabOrder(), panels.Phrases->TabOrder(),
+                           panels.WordsToIgnore->TabOrder(), panels.Run->TabOrder(),
+                           panels.Frame->TabOrder(options, panels.Report->chkSortByNumberOfFiles)}) {
     order.insert(order.end(), part.begin(), part.end());
   }
   for (size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
@@ -90,7 +94,7 @@ MainPanels LayOutPanels(QMainWindow& window, const Desktop& desktop, Workspace& 
   auto* row = new QHBoxLayout(centre);
   row->setContentsMargins(8, 4, 8, 2);
   row->setSpacing(10);
-  panels.Column = Named(MakeColumn(panels, desktop, centre), "fraColumn");
+  panels.Column = Named(MakeColumn(panels, desktop, work, centre), "fraColumn");
   row->addWidget(panels.Column);
   panels.Frame = new ResultFrame(desktop, hooks, centre);
   panels.Result = panels.Frame->Report;

@@ -24,6 +24,7 @@
 #include "desktop/results/result_frame.h"
 #include "desktop/results/result_panel.h"
 #include "desktop/toolkit/text.h"
+#include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/guarded.h"
 #include "desktop/widgets/icons.h"
 
@@ -113,6 +114,12 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
   idleActions_.append(recent->menuAction());
   Add(menu, TrLater("Go to the sou&rce"), Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
+  Add(menu, TrLater("Compare &with..."), {}, commands_.CompareWith);
+  QMenu* const compare = Named(menu->addMenu(Tr("Compare this r&un with")), "mnuCompareRun");
+  connect(menu, &QMenu::aboutToShow, this, [this, compare] {
+    FillWithRuns(*compare, commands_.ComparableRuns(), commands_.CompareRun);
+    if (stop_->isEnabled()) compare->setEnabled(false);
+  });
   Add(menu, TrLater("Save list &as..."), Qt::CTRL | Qt::SHIFT | Qt::Key_S, commands_.SaveListAs);
   export_ = Add(menu, TrLater("&Export..."), Qt::CTRL | Qt::Key_E, commands_.Export);
   keep_ = Add(menu, TrLater("&Keep run..."), Qt::CTRL | Qt::Key_K, commands_.KeepRun);

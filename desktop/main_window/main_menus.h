@@ -5,9 +5,11 @@
 #include <QObject>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "desktop/desktop.h"
 #include "desktop/main_window/main_panels.h"
+#include "desktop/results/run_tabs.h"
 
 class QAction;
 class QComboBox;
@@ -29,6 +31,10 @@ class MainMenus final : public QObject {
     std::function<void()> SaveSettings;
     std::function<void()> Quit;
     std::function<void()> GoToSource;
+    std::function<void()> CompareWith;
+    /// The runs that the one in front can be compared with.
+    std::function<std::vector<NamedRun>()> ComparableRuns;
+    std::function<void(int run)> CompareRun;
     std::function<void()> SaveListAs;
     std::function<void()> Export;
     std::function<void()> KeepRun;

@@ -4,6 +4,7 @@ class QWidget;
 
 namespace korv {
 
+class ComparePanel;
 class OutputFilePanel;
 class PhrasesPanel;
 class ReportPanel;
@@ -19,6 +20,7 @@ class WordsToIgnorePanel;
 struct MainPanels {
   QWidget* Column = nullptr;  ///< At the left: what to count, and the count button.
   SourcePanel* Source = nullptr;
+  ComparePanel* Compare = nullptr;
   SourceSurveyor* Surveyor = nullptr;  ///< In the panel of the source.
   PhrasesPanel* Phrases = nullptr;
   WordsToIgnorePanel* WordsToIgnore = nullptr;

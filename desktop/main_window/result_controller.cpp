@@ -11,6 +11,7 @@
 #include "app/run/run_description.h"
 #include "base/line_ends.h"
 #include "base/translation.h"
+#include "desktop/main_window/compare_panel.h"
 #include "desktop/main_window/open_associated.h"
 #include "desktop/main_window/output_file_panel.h"
 #include "desktop/main_window/phrases_panel.h"
@@ -48,6 +49,10 @@ ResultController::ResultController(const Desktop& desktop, const MainPanels& pan
   };
   RunTabs& tabs = *panels_.Frame->Tabs;
   tabs.Chosen = [this](int) { Guarded(desktop_.Messages, "tabRuns_Click", [this] { FrontHasChanged(); })(); };
+  tabs.Comparable = [this](int index) { return ComparableWith(index); };
+  tabs.CompareWanted = [this](int a, int b) {
+    Guarded(desktop_.Messages, "tabRuns_Compare", [&] { CompareRuns(a, b); })();
+  };
   tabs.Closed = [this](int index) {
     Guarded(desktop_.Messages, "tabRuns_Close", [this, index] { CloseRun(index); })();
   };
@@ -86,6 +91,7 @@ void ResultController::Take(FinishedRun finished) {
   RunChanged();
   DescribeRun();
   ShowMemory();
+  if (Compares()) panels_.Compare->Remember(result_->Request);
   if (result_->KeptIn.empty())
     panels_.Source->Remember(result_->Request.Options.SourceKind, result_->Run.Facts.InputPath);
   ListTheResult(finished.Filtered, finished.ToFile);
@@ -214,6 +220,22 @@ void ResultController::FrontHasChanged() {
   if (!run_.Idle()) return;
   if (runs_.BringBox()) FollowControls();
   ShowResult();
+}
+
+std::vector<NamedRun> ResultController::ComparableWith(int index) const {
+  const auto isOfText = [this](int run) {
+    const RunSummary& facts = runs_.At(run).Run.Facts;
+    return !facts.SecondSide && !facts.Counts;
+  };
+  std::vector<NamedRun> runs;
+  if (index < 0 || !isOfText(index)) return runs;
+  for (int other = 0; other < static_cast<int>(runs_.Count()); ++other)
+    if (other != index && isOfText(other)) runs.push_back({other, runs_.NameOf(other)});
+  return runs;
+}
+
+void ResultController::CompareRuns(int a, int b) {
+  run_.CompareRuns(runs_.Share(a), runs_.Share(b));
 }
 
 void ResultController::CloseRun(int index) {

@@ -14,6 +14,7 @@
 #include "desktop/main_window/kept_runs.h"
 #include "desktop/main_window/main_panels.h"
 #include "desktop/results/open_runs.h"
+#include "desktop/results/run_tabs.h"
 #include "report/output_file.h"
 #include "wordlists/list_kind.h"
 
@@ -48,6 +49,10 @@ class ResultController final : public QObject {
   /// They were read under these word rules.
   bool ResultKeepsTo(const WordRules& rules) const;
 
+  /// The runs that the one at `index` can be compared with: all others that are of a text, but comparisons.
+  std::vector<NamedRun> ComparableWith(int index) const;
+  /// Counts the sources of both together, under the rules of `a`.
+  void CompareRuns(int a, int b);
   /// Closes a run; the last one stays.
   void CloseRun(int index);
   /// Takes a result, which comes in front, and lists it.

@@ -9,6 +9,7 @@
 
 #include "app/run/comparison_request.h"
 #include "base/translation.h"
+#include "desktop/main_window/compare_panel.h"
 #include "desktop/main_window/file_page.h"
 #include "desktop/main_window/phrases_panel.h"
 #include "desktop/main_window/progress_value.h"
@@ -36,6 +37,7 @@ constexpr size_t kSignOfLifeBelow = 3000;  // characters
 }  // namespace
 
 struct RunController::CountJob {
+  CountedBefore Before;
   FinishedRun Finished;  ///< Without a result where there is none.
   RunEnd End = RunEnd::Failed;
   // What the window showed before.
@@ -138,28 +140,19 @@ void RunController::BeginCount(bool singleWords) {
     if (request.Options.MinFrequency != minFrequency) settings.MinFrequency = request.Options.MinFrequency;
     settings.Report.FilterText = report.FilterText;
   });
+  if (compares) SetKeyFrequency(request);
   Count(std::move(request), std::move(finished));
 }
 
-bool RunController::CanCompare(RunRequest& request) {
-  if (!work_.Compared()) return true;
-  if (request.Compared.empty()) {
-    desktop_.Messages.Show({.Text = Tr("Please name the file or folder that is to be compared with."),
-                            .Title = Tr("Nothing to compare with"),
-                            .Icon = Icon::Exclamation});
-    return false;
-  }
-  return SidesAreThere(request, desktop_.Files, desktop_.Messages);
-}
-
-void RunController::Count(RunRequest request, FinishedRun finished) {
-  const auto job = std::make_shared<CountJob>(CountJob{.Finished = std::move(finished),
+void RunController::Count(RunRequest request, FinishedRun finished, CountedBefore before) {
+  const auto job = std::make_shared<CountJob>(CountJob{.Before = std::move(before),
+                                                       .Finished = std::move(finished),
                                                        .Box = panels_.Result->GetContents(),
                                                        .Time = panels_.Run->lblTimeElapsed->text(),
                                                        .InputFile = panels_.Source->File->txbFile->text()});
   job->Finished.Result = thread_.Share(std::make_unique<ShownResult>());
   job->Finished.Result->Request = std::move(request);
-  job->Finished.Result->Chosen = work_.Keep();
+  job->Finished.Result->Chosen = job->Before.Runs.empty() ? work_.Keep() : job->Before.Chosen;
   counted_ = job->Finished.Result->Request.Options.SourceKind;
   progress_ = {};
   phrasesFound_ = 0;
@@ -174,6 +167,10 @@ void RunController::Count(RunRequest request, FinishedRun finished) {
 }
 
 void RunController::CountOnWorker(CountJob& job) {
+  if (!RunsAreAsCounted(job.Before)) {
+    job.End = RunEnd::Abandoned;
+    return job.Finished.Result.reset();
+  }
   ShownResult& result = *job.Finished.Result;
   thread_.OnTurn([this, &result] { phrasesFound_ = result.Run.Table.PhraseCount(); });
   job.End = RunCount(result.Request,

@@ -68,6 +68,9 @@ class RunController {
   void cmdCountPhrases_Click();
   /// Counts single words in place of phrases.
   void CountSingleWords();
+  /// Counts the sources of two finished runs together, under the rules of `a`, so as to compare them. Asks
+  /// where files have changed since, and refuses where some are gone.
+  void CompareRuns(const std::shared_ptr<ShownResult>& a, const std::shared_ptr<ShownResult>& b);
   /// Lists a result into the file `path`, or into the text box where there is none.
   /// `listed` is not called when the order of the phrases was not found because of a stop.
   void List(std::shared_ptr<ShownResult> result, const ReportOptions& options,
@@ -120,9 +123,16 @@ class RunController {
   void BeginCount(bool singleWords);
   /// Where the window compares: whether there is something on both sides; the user has been told if not.
   bool CanCompare(RunRequest& request);
-  void Count(RunRequest request, FinishedRun finished);
+  /// The finished runs that a count takes together; none where it is of sources alone.
+  struct CountedBefore {
+    std::vector<std::shared_ptr<ShownResult>> Runs;
+    std::optional<Workspace::State> Chosen;  ///< Of the new run.
+  };
+  void Count(RunRequest request, FinishedRun finished, CountedBefore before = {});
   void EndCount(CountJob& job);
   // On the worker.
+  /// Or the user wants them as they are now.
+  bool RunsAreAsCounted(const CountedBefore& before);
   void CountOnWorker(CountJob& job);
   void ListOnWorker(ListJob& job);
   void ListIntoBox(ListJob& job);

@@ -23,6 +23,7 @@ class OpenRuns {
   /// Null before the first run.
   std::shared_ptr<ShownResult> InFront() const;
   size_t Count() const { return runs_.size(); }
+  std::shared_ptr<ShownResult> Share(int index) const { return runs_[static_cast<size_t>(index)].Result; }
   const ShownResult& At(int index) const { return *runs_[static_cast<size_t>(index)].Result; }
   const QString& NameOf(int index) const { return runs_[static_cast<size_t>(index)].Name; }
   /// Of all runs, in bytes.

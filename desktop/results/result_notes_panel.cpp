@@ -93,6 +93,10 @@ const char* NameOf(NoteKind kind) {
   switch (kind) {
     case NoteKind::Source:
       return "Source";
+    case NoteKind::BothSides:
+      return "BothSides";
+    case NoteKind::SharedFiles:
+      return "SharedFiles";
     case NoteKind::NotInSight:
       return "NotInSight";
     case NoteKind::OtherSource:

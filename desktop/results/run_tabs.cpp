@@ -9,6 +9,21 @@
 #include "desktop/widgets/control_factory.h"
 
 namespace korv {
+namespace {
+
+/// What looks like the mark of a mnemonic is a part of the name.
+QString AsCaption(QString name) {
+  return name.replace(u'&', QLatin1String("&&"));
+}
+
+}  // namespace
+
+void FillWithRuns(QMenu& menu, const std::vector<NamedRun>& runs, const std::function<void(int index)>& act) {
+  menu.clear();
+  for (const NamedRun& run : runs)
+    menu.addAction(AsCaption(run.Name), &menu, [act, index = run.Index] { act(index); });
+  menu.setEnabled(!runs.empty());
+}
 
 RunTabs::RunTabs(QWidget* parent) : QTabBar(parent) {
   Described(Named(this, "tabRuns"), Tr("Finished runs"));
@@ -32,8 +47,7 @@ void RunTabs::Add(const QString& name) {
 }
 
 void RunTabs::Rename(int index, const QString& name) {
-  // What looks like the mark of a mnemonic is a part of the name.
-  setTabText(index, QString(name).replace(u'&', QLatin1String("&&")));
+  setTabText(index, AsCaption(name));
 }
 
 void RunTabs::Remove(int index) {
@@ -57,6 +71,8 @@ void RunTabs::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->addAction(Tr("&Take its settings back"), this, [this, index] { SettingsWanted(index); });
+  QMenu* const compare = Named(menu->addMenu(Tr("Compare &with")), "mnuCompareTab");
+  FillWithRuns(*compare, Comparable(index), [this, index](int other) { CompareWanted(index, other); });
   QAction* const close = menu->addAction(Tr("&Close"), this, [this, index] { Closed(index); });
   close->setEnabled(tabsClosable());
   menu->popup(byKey ? mapToGlobal(tabRect(index).bottomLeft()) : event->globalPos());

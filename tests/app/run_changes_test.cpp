@@ -95,5 +95,27 @@ TEST(ChangedRulesText, NamesAll) {
             "phrase lengths, minimum frequency, words to ignore, count-only entries, word rules");
 }
 
+TEST(ChangesBetween, ComparisonsAreThoseOfTheirSides) {
+  RunRequest counted;
+  counted.Options.SourceKind = TextSource::Folder;
+  counted.Options.MinFrequency = 3;
+  counted.Paths = {{"a.txt", SourcePath::Kind::File}};
+  counted.Compared = {{"b", SourcePath::Kind::Folder}};
+  const Change changes[] = {
+      {"nothing", [](RunRequest&) {}, ""},
+      {"a folder that nobody has looked at", [](RunRequest& r) { r.Compared = {{"b/"}}; }, ""},
+      {"another side B", [](RunRequest& r) { r.Compared = {{"c"}}; }, "source"},
+      {"no side B, and the minimum of other counts",
+       [](RunRequest& r) {
+         r.Compared.clear();
+         r.Options.MinFrequency = 2;
+       },
+       "source"},
+      {"another basis", [](RunRequest& r) { r.Comparison.Basis = ComparisonBasis::Files; }, ""},
+      {"another minimum", [](RunRequest& r) { r.Options.MinFrequency = 4; }, "minimum frequency"},
+  };
+  for (const Change& change : changes) Expect(counted, change);
+}
+
 }  // namespace
 }  // namespace korv

@@ -156,6 +156,32 @@ TEST(Workspace, CountsSeveralSourcesInPlaceOfTheFolder) {
   EXPECT_TRUE(workspace.Together().empty());
 }
 
+TEST(Workspace, ComparesOnceThereIsAPathToCompareWith) {
+  Workspace workspace;
+  workspace.Change(ChangedBy::User, [](Settings& settings) { settings.InputFile = "/a.txt"; });
+  int told = 0;
+  workspace.OnChange([&told](const SettingSet& changed, ChangedBy by) {
+    EXPECT_TRUE(changed.none());
+    EXPECT_EQ(by, ChangedBy::User);
+    ++told;
+  });
+  workspace.CompareWith(ChangedBy::User, ComparedWith{});
+  EXPECT_TRUE(workspace.RequestOfNow().Compared.empty());
+  const ComparedWith compared{" /b.txt ", {.Basis = ComparisonBasis::Files}};
+  workspace.CompareWith(ChangedBy::User, compared);
+  workspace.CompareWith(ChangedBy::User, compared);
+  EXPECT_EQ(told, 2) << "the second time nothing changes";
+  const RunRequest request = workspace.RequestOfNow();
+  EXPECT_EQ(request.Paths, (std::vector<SourcePath>{{"/a.txt", SourcePath::Kind::File}}));
+  EXPECT_EQ(request.Compared, (std::vector<SourcePath>{{"/b.txt", SourcePath::Kind::File}}));
+  EXPECT_EQ(request.Comparison, compared.How);
+  const Workspace::State kept = workspace.Keep();
+  workspace.CompareWith(ChangedBy::User, std::nullopt);
+  EXPECT_TRUE(workspace.RequestOfNow().Compared.empty());
+  workspace.PutBack(ChangedBy::User, kept);
+  EXPECT_EQ(workspace.Compared(), compared);
+}
+
 TEST(Workspace, AnotherFolderMakesAnEndOfSeveralSources) {
   Workspace workspace;
   workspace.CountTogether(ChangedBy::User, {{"/a.txt", SourcePath::Kind::File}});

@@ -167,6 +167,30 @@ TEST_P(MainGeometry, IsWellWithSeveralSources) {
   ExpectAllIsWell("several sources");
 }
 
+TEST_P(MainGeometry, IsWellWhileItCompares) {
+  const std::string b = WriteFile(std::string(100, 'n') + ".txt", kText);
+  UseFile(kText);
+  main->Work().CompareWith(ChangedBy::User, ComparedWith{b});
+  for (const char* source : kSources) {
+    Click(source);
+    for (int i = 0; i < 4; ++i) QApplication::processEvents();
+    ExpectAllIsWell(std::string(source) + ", compares");
+  }
+  Click("optInFile");
+  Choose("cboCompareBy", 2);
+  Count();
+  ASSERT_TRUE(main->Result().HasResult());
+  for (const RunView view : {RunView::Report, RunView::Pictures}) {
+    main->Panels().Frame->ShowView(view);
+    for (int i = 0; i < 4; ++i) QApplication::processEvents();
+    ExpectAllIsWell("compared");
+  }
+  if (GetParam() != 100) return;
+  const QSize least = main->minimumSizeHint();
+  EXPECT_LE(least.width(), 1000);
+  EXPECT_LE(least.height(), 700);
+}
+
 TEST_P(MainGeometry, FitsIntoASmallScreenInEveryState) {
   if (GetParam() != 100) GTEST_SKIP() << "letters twice as large want a larger screen";
   const QSize small(1000, 700);

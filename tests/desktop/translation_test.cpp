@@ -191,6 +191,43 @@ TEST_F(TranslatedWindows, TellOfARunOfAFile) {
   LookAround("without the options");
 }
 
+TEST_F(TranslatedWindows, TellOfAComparison) {
+  Do("Compare &with...");
+  LookAround("what to compare with");
+  Count();
+  for (const char* button : {"cmdComparedFile", "cmdComparedFolder"}) Click(button);
+  Type("txbFile_0", WriteFile("terza.txt", kText));
+  Type("txbCompared", PathOf("dora.txt"));
+  Count();
+  Type("txbCompared", PathOf("terza.txt"));
+  Count();
+  UntilShown();
+  ASSERT_TRUE(main->Result().HasResult());
+  LookAround("a file on both sides");
+  Frame().ShowView(RunView::Report);
+  LookAround("the report");
+  emit Find<QToolButton>("cmdRecentPairs")->menu()->aboutToShow();
+}
+
+TEST_F(TranslatedWindows, TellOfTwoRunsThatAreCompared) {
+  CountFile();
+  Type("txbFile_0", WriteFile("prima.txt", kText));
+  Count();
+  WriteFile("terza.txt", std::string(kText) + kText);
+  messages.WillAnswer(questions::kCompareChanged, Answer::No);
+  main->Result().CompareRuns(1, 0);
+  UntilShown();
+  ASSERT_FALSE(files->Remove(PathFromText(PathOf("terza.txt"))));
+  main->Result().CompareRuns(1, 0);
+  UntilShown();
+  Click("optOnClipboard");
+  clipboard.Content = kText;
+  Count();
+  Count();
+  main->Result().CompareRuns(2, 3);
+  LookAround("runs that cannot be compared");
+}
+
 TEST_F(TranslatedWindows, TellOfARunOfAFolder) {
   ASSERT_NO_FATAL_FAILURE(CountFolder());
   LookAround("the table");
