@@ -13,6 +13,7 @@
 #include "desktop/results/table/phrase_table_panel.h"
 #include "desktop/toolkit/text.h"
 #include "tests/desktop/compared_run.h"
+#include "tests/desktop/geometry.h"
 #include "tests/desktop/view_test.h"
 #include "tests/desktop/window_test.h"
 #include "tests/fakes/native_paths.h"
@@ -99,6 +100,11 @@ TEST_F(SidesViews, HaveOneListForARunThatComparesNothing) {
   EXPECT_FALSE(pane->OfA->lblSideCount->isVisible());
   EXPECT_EQ(FromQt(pane->lblContextCount->text()), "3 occurrences in 2 files");
   EXPECT_THAT(Places(*pane->OfB), IsEmpty());
+}
+
+TEST_F(SidesViews, StandWellInEverySize) {
+  ShowPhrase("old cheese");
+  EXPECT_THAT(GeometryFaultsInEverySize(*pane), IsEmpty());
 }
 
 TEST_F(SidesViews, NameBothLists) {
