@@ -5,9 +5,11 @@
 // the event loop. For the eye, not for tests: the figures depend on the machine.
 
 #include <QApplication>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabBar>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +19,7 @@
 #include <string>
 
 #include "bench/made_text.h"
+#include "desktop/results/table/comparison_bar.h"
 #include "desktop/results/table/match_bar.h"
 #include "desktop/results/table/phrase_grid.h"
 #include "desktop/results/table/phrase_table_panel.h"
@@ -32,7 +35,8 @@ namespace {
 
 using namespace korv;
 
-std::shared_ptr<const CountedRun> LargeRun(size_t words) {
+/// `compares`: the second half of the files is side B.
+std::shared_ptr<const CountedRun> LargeRun(size_t words, bool compares) {
   constexpr size_t kFiles = 200;
   const bench::MadeText text(words);
   auto run = std::make_shared<CountedRun>();
@@ -44,6 +48,10 @@ std::shared_ptr<const CountedRun> LargeRun(size_t words) {
   CorpusBuilder builder(rules, run->Facts.Options, *run->Lists);
   auto end = text.SentenceEnds().begin();
   for (size_t i = 0; i < words; ++i) {
+    if (compares && i == words / kFiles * (kFiles / 2)) {
+      run->Facts.SecondSide = SecondSide{.Words = builder.Counts()};
+      builder.BeginSecondSide();
+    }
     if (i % (words / kFiles) == 0) builder.BeginSource(std::to_string(i));
     builder.TakeWord(text.Words()[i]);
     if (end == text.SentenceEnds().end() || *end != i + 1) continue;
@@ -51,6 +59,7 @@ std::shared_ptr<const CountedRun> LargeRun(size_t words) {
     ++end;
   }
   run->Facts.Words = builder.Counts();
+  if (compares) run->Facts.SecondSide->Words = run->Facts.Words - run->Facts.SecondSide->Words;
   TakeText(std::move(builder), run->Table);
   NoYielder yielder;
   CountPhrases(run->Table, yielder);
@@ -111,12 +120,23 @@ void MeasureAll(PhraseTablePanel& panel, const std::shared_ptr<const CountedRun>
   gaps.Measure("again", [&] { panel.Show(run); });
 }
 
+void MeasureSides(PhraseTablePanel& panel, const std::shared_ptr<const CountedRun>& run) {
+  Gaps gaps(panel);
+  gaps.Measure("show two sides", [&] { panel.Show(run); });
+  gaps.Measure("typical of B", [&] { panel.Sides->tabSides->setCurrentIndex(1); });
+  gaps.Measure("shared", [&] { panel.Sides->tabSides->setCurrentIndex(2); });
+  gaps.Measure("no test", [&] { panel.Sides->cboTest->setCurrentIndex(2); });
+  gaps.Measure("by files", [&] { panel.Sides->cboBasis->setCurrentIndex(1); });
+  gaps.Measure("on their own", [&] { panel.Sides->cboBasis->setCurrentIndex(2); });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  const auto run = LargeRun(argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 26'000'000);
+  const size_t words = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 26'000'000;
+  const auto run = LargeRun(words, false);
   FakeSurroundings around;
   FakeFiles files;
   const Desktop desktop = around.On(files);
@@ -124,5 +144,6 @@ int main(int argc, char** argv) {
   panel.resize(1200, 700);
   panel.show();
   MeasureAll(panel, run);
+  MeasureSides(panel, LargeRun(words, true));
   return 0;
 }
