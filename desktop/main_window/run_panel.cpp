@@ -63,6 +63,8 @@ void RunPanel::BuildProgress(QBoxLayout& layout) {
   prgProgress->setValue(0);
   prgProgress->setFormat(QStringLiteral("%p %"));
   prgProgress->setTextVisible(false);
+  // Some styles want room for chunks that they do not draw: more than the column has.
+  prgProgress->setMinimumWidth(prgProgress->fontMetrics().horizontalAdvance(QStringLiteral("100 % 100 %")));
   lblTwirler = Named(new QLabel(this), "lblTwirler");
   lblTwirler->setFixedWidth(lblTwirler->fontMetrics().height());
   lblTimeElapsed = MakeLabel("lblTimeElapsed", this);

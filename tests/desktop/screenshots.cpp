@@ -1,5 +1,7 @@
-// Pictures of the windows for the documentation: screenshots TEXT FOLDER.
-// Run by scripts/screenshots. TEXT is the file to be counted, shown as it is named.
+// Pictures of the windows for the documentation: screenshots TEXT FOLDER [NAME...].
+// Run by scripts/screenshots. TEXT is the file to be counted, shown as it is named. Without names
+// ("main-light") all pictures are taken. On a screen of twice as many dots they are named
+// "main-light-200.png".
 
 #include <QApplication>
 #include <QComboBox>
@@ -56,8 +58,12 @@ QImage FewColours(QImage image) {
 }
 
 bool Save(QWidget& window, const QString& folder, const QString& name) {
+  const QStringList wanted = QApplication::arguments().mid(3);
+  if (!wanted.isEmpty() && !wanted.contains(name)) return true;
   QApplication::processEvents();
-  const QString path = folder + u'/' + QLatin1String(KORV_PICTURE_PREFIX) + name;
+  const int percent = qRound(100 * window.devicePixelRatioF());
+  const QString scale = percent == 100 ? QString() : QStringLiteral("-%1").arg(percent);
+  const QString path = folder + u'/' + QLatin1String(KORV_PICTURE_PREFIX) + name + scale + ".png";
   constexpr int kSmallest = 0;
   if (FewColours(window.grab().toImage()).save(path, "PNG", kSmallest)) return true;
   std::fprintf(stderr, "%s cannot be written\n", qPrintable(path));
@@ -102,7 +108,7 @@ bool TakePictures(const std::string& text, const QString& folder, bool dark) {
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window)) return false;
 
-  const QString scheme = dark ? QStringLiteral("-dark.png") : QStringLiteral("-light.png");
+  const QString scheme = dark ? QStringLiteral("-dark") : QStringLiteral("-light");
   if (!Save(window, folder, QStringLiteral("main") + scheme)) return false;
   panels.Frame->ShowView(RunView::Report);
   if (!Save(window, folder, QStringLiteral("report") + scheme)) return false;
@@ -129,8 +135,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   korv::NameApplication();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral(KORV_PICTURE_STYLE)));
-  if (argc != 3) {
-    std::fprintf(stderr, "screenshots TEXT FOLDER\n");
+  if (argc < 3) {
+    std::fprintf(stderr, "screenshots TEXT FOLDER [NAME...]\n");
     return 2;
   }
   if (!korv::TakePictures(argv[1], QString::fromLocal8Bit(argv[2]), false)) return 1;
