@@ -53,7 +53,7 @@ TEST_F(Help, ShowsItsTextsOnePerLineAndHidesAgain) {
 
 TEST_F(Help, OpensOverTheMainWindow) {
   const auto expectOver = [this] {
-    const QPoint apart = help->geometry().center() - main->frameGeometry().center();
+    const QPoint apart = help->frameGeometry().center() - main->frameGeometry().center();
     EXPECT_LE(apart.manhattanLength(), 4);
   };
   main->setGeometry(60, 40, 700, 500);

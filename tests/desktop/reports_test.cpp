@@ -286,10 +286,11 @@ TEST_F(Reports, ToAFileLeaveWhatWasNotCountedInTheTextBox) {
   Type("txbFile_1", "/out/report.txt");
   Count();
   ASSERT_TRUE(disk.Content("/out/report.txt"));
-  EXPECT_EQ(Output(), "Now writing to output file . . .\n2 phrases were written to " +
-                          Below("/out", "report.txt") + ".\n1 file was skipped:\n" +
-                          WithNativePaths("{Folder}/empty.txt: is zero-length\n") + "Folder " +
-                          Below("/texts", "locked") + " cannot be read (Permission denied).\n");
+  EXPECT_EQ(Output(),
+            "Now writing to output file . . .\n2 phrases were written to /out/report.txt.\n"
+            "1 file was skipped:\n" +
+                WithNativePaths("{Folder}/empty.txt: is zero-length\n") + "Folder " +
+                Below("/texts", "locked") + " cannot be read (Permission denied).\n");
 }
 
 TEST_F(Reports, ReplaceAFileWhenThePromptSaysSo) {

@@ -515,7 +515,7 @@ TEST_F(StartUp, ShowsTheClipboardWhereTheSystemHasNoViewer) {
   ASSERT_NE(viewer, nullptr);
   EXPECT_EQ(viewer->findChild<QPlainTextEdit*>()->toPlainText().toStdString(), "what was copied\nbefore");
   EXPECT_TRUE(viewer->findChild<QPlainTextEdit*>()->isReadOnly());
-  EXPECT_LE((viewer->geometry().center() - main->frameGeometry().center()).manhattanLength(), 4);
+  EXPECT_LE((viewer->frameGeometry().center() - main->frameGeometry().center()).manhattanLength(), 4);
 
   launcher.HasViewer = true;
   viewer->hide();
