@@ -109,12 +109,12 @@ TEST_F(TableColumnsTest, NameFilesInTipsAsTheyAre) {
   ReportWorld world;
   world.Facts.Options.SourceKind = TextSource::Folder;
   world.Facts.Options.KeepPlaces = true;
-  world.BeginFile("<b>a</b>.txt");
+  world.BeginFile("<b>a&b.txt");
   world.Say("old ship", 5);
   world.Facts.Words.Taken = 10;
   Show(RunOf(std::move(world)));
   const QString tip = Model().index(0, Section("First")).data(Qt::ToolTipRole).toString();
-  EXPECT_THAT(tip.toStdString(), HasSubstr("&lt;b&gt;a&lt;/b&gt;.txt"));
+  EXPECT_THAT(tip.toStdString(), HasSubstr("&lt;b&gt;a&amp;b.txt"));
   EXPECT_TRUE(Qt::mightBeRichText(tip));
 }
 

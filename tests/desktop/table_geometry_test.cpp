@@ -1,5 +1,8 @@
 // Where the controls of the table stand, and what they tell those who cannot see them.
 
+#include <QStyle>
+#include <QToolButton>
+
 #include "desktop/results/table/limits_bar.h"
 #include "tests/desktop/geometry.h"
 #include "tests/desktop/table_test.h"
@@ -46,6 +49,17 @@ TEST_P(TableGeometry, IsWellInEveryState) {
   ExpectAllIsWell("preset");
   Type("txbMatch", "harpoon");
   ExpectAllIsWell("nothing passes");
+}
+
+TEST_P(TableGeometry, HasRoomForTheMarksOfMenus) {
+  const auto besidesTheCaption = [this](const char* name) {
+    const auto* button = Find<QToolButton>(name);
+    return button->width() - button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+  };
+  const int mark = panel->style()->pixelMetric(QStyle::PM_MenuButtonIndicator);
+  ASSERT_GT(mark, 0);
+  for (const char* name : {"cmdPresets", "cmdColumns"})
+    EXPECT_EQ(besidesTheCaption(name), besidesTheCaption("cmdLimits") + mark) << name;
 }
 
 class TableAccess : public TableTest {};

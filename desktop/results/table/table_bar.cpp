@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "base/translation.h"
@@ -13,6 +12,7 @@
 #include "desktop/widgets/control_factory.h"
 #include "desktop/widgets/eliding_label.h"
 #include "desktop/widgets/layouts.h"
+#include "desktop/widgets/menu_button.h"
 #include "desktop/widgets/wiring.h"
 
 namespace korv {
@@ -59,7 +59,7 @@ TableBar::~TableBar() {
 }
 
 QToolButton* TableBar::MakeTool(const char* name, const char* caption, const char* tip) {
-  auto* tool = Named(new QToolButton(this), name);
+  auto* tool = Named(new MenuButton(this), name);
   tool->setText(caption);
   tool->setToolTip(tip);
   tool->setFocusPolicy(Qt::StrongFocus);
