@@ -9,6 +9,8 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSet>
 #include <QStyleFactory>
 #include <QTest>
@@ -124,6 +126,13 @@ bool TakePictures(const std::string& text, const QString& folder, bool dark) {
   params.Lists->txbWordsToIgnoreOrCount[0]->setPlainText(QStringLiteral("ibid vide viz sans ~ly"));
   params.resize(900, 740);
   params.show();
+  QApplication::processEvents();
+  // Some styles need more room.
+  const auto* scroll = params.findChild<QScrollArea*>(QStringLiteral("scrSettings"));
+  while (scroll->verticalScrollBar()->isVisible() && params.height() < 1000) {
+    params.resize(params.width(), params.height() + 10);
+    QApplication::processEvents();
+  }
   return Save(params, folder, QStringLiteral("settings") + scheme);
 }
 
