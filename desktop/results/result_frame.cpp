@@ -16,6 +16,7 @@
 #include "desktop/results/contexts/contexts_table.h"
 #include "desktop/results/filter_panel.h"
 #include "desktop/results/head_line.h"
+#include "desktop/results/pictures/picture_canvas.h"
 #include "desktop/results/pictures/pictures_pane.h"
 #include "desktop/results/result_notes_panel.h"
 #include "desktop/results/result_panel.h"
@@ -47,6 +48,7 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   Views->addTab(Report, Tr("Report"));
   Pictures = new PicturesPane(desktop, Views);
   Views->addTab(Pictures, Tr("Pictures"));
+  Pictures->PhrasePicked = [this](PhraseIndex phrase) { Table->GoTo(phrase); };
   MakeOptionsButton();
   layout->addWidget(Tabs);
   layout->addWidget(Head);
@@ -122,12 +124,13 @@ void ResultFrame::ShowRun(const std::shared_ptr<ShownResult>& result) {
   ShowReportOptions();
   const std::shared_ptr<const CountedRun> run =
       result ? std::shared_ptr<const CountedRun>(result, &result->Run) : nullptr;
-  Table->Sides->KeepBasis = [kept = std::weak_ptr(result)](ComparisonBasis basis) {
+  Table->Sides->KeepBasis = [this, kept = std::weak_ptr(result)](ComparisonBasis basis) {
     if (const auto shown = kept.lock()) shown->ComparedBy = basis;
+    Pictures->CompareBy(basis);
   };
   Table->Show(run, result ? result->ComparedBy : std::nullopt);
   Contexts->Show(run);
-  Pictures->Show(run);
+  Pictures->Show(run, result ? result->ComparedBy : std::nullopt);
 }
 
 void ResultFrame::PictureSelected() {
@@ -164,7 +167,8 @@ void ResultFrame::StoreLayout() const {
 std::vector<QWidget*> ResultFrame::TabOrder(const std::vector<QWidget*>& options, QWidget* below) const {
   std::vector<QWidget*> order = {Tabs, Notes, Views->tabBar(), cmdReportOptions};
   const std::vector<QWidget*> contexts = Contexts->TabOrder();
-  const std::vector<QWidget*> pictures = {Pictures->cboPicture, Pictures->cmdSavePicture};
+  const std::vector<QWidget*> pictures = {Pictures->cboPicture, Pictures->cmdSavePicture,
+                                          Pictures->picCanvas};
   for (const auto& view : {Table->TabOrder(), contexts, options, Report->TabOrder(below), pictures})
     order.insert(order.end(), view.begin(), view.end());
   return order;

@@ -16,13 +16,20 @@ double WidestOf(const std::vector<AxisMark>& marks, const QFontMetricsF& metrics
 
 }  // namespace
 
-QRectF PaintAxes(QPainter& painter, const QRectF& area, const PictureStyle& style, const Axes& axes) {
+QRectF AxesInside(const QRectF& area, const PictureStyle& style, const Axes& axes) {
   const QFontMetricsF metrics(style.Font);
   const double line = metrics.height();
   const double left = WidestOf(axes.Up, metrics) + kGap;
   // The last mark across is centred at the end of its axis.
   const double right = axes.Across.empty() ? 0 : metrics.horizontalAdvance(axes.Across.back().Text) / 2;
-  const QRectF inner = area.adjusted(left, line + kGap, -right, -2 * line - 2 * kGap);
+  return area.adjusted(left, line + kGap, -right, -2 * line - 2 * kGap);
+}
+
+QRectF PaintAxes(QPainter& painter, const QRectF& area, const PictureStyle& style, const Axes& axes) {
+  const QFontMetricsF metrics(style.Font);
+  const double line = metrics.height();
+  const QRectF inner = AxesInside(area, style, axes);
+  const double left = inner.left() - area.left();
 
   painter.setPen(style.Text);
   painter.drawText(QRectF(area.left(), area.top(), area.width(), line), Qt::AlignLeft | Qt::TextSingleLine,

@@ -28,5 +28,7 @@ struct Axes {
 /// Draws the axes into `area`, with a fine line for each mark of the one that goes up, and returns what is
 /// left between them.
 QRectF PaintAxes(QPainter& painter, const QRectF& area, const PictureStyle& style, const Axes& axes);
+/// The same rectangle without drawing.
+QRectF AxesInside(const QRectF& area, const PictureStyle& style, const Axes& axes);
 
 }  // namespace korv

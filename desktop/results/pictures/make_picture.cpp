@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "desktop/results/pictures/file_picture.h"
+#include "desktop/results/pictures/key_points.h"
 #include "desktop/results/pictures/length_picture.h"
 #include "desktop/results/pictures/place_bar.h"
 #include "desktop/results/pictures/place_picture.h"
 #include "desktop/results/pictures/rank_picture.h"
+#include "desktop/results/pictures/sides_picture.h"
 #include "desktop/toolkit/text.h"
 #include "engine/analysis/list_profile.h"
 #include "engine/analysis/phrase_spread.h"
@@ -67,16 +70,22 @@ std::shared_ptr<const Picture> MakeFiles(const PhraseTable& table, const Phrases
 
 }  // namespace
 
-std::shared_ptr<const Picture> MakePicture(PictureKind kind, const CountedRun& run, const Phrases& phrases,
+std::shared_ptr<const Picture> MakePicture(const PictureChoice& choice, const CountedRun& run,
                                            const NumberFormat& numbers, Yielder& yielder) {
   const PhraseTable& table = run.Table;
+  const PictureKind kind = choice.Kind;
+  if (kind == PictureKind::Sides) {
+    auto points = FindKeyPoints(run, choice.ComparedBy, yielder);
+    if (!points || points->Points.empty()) return nullptr;
+    return std::make_shared<SidesPicture>(std::move(*points), numbers);
+  }
   if (kind == PictureKind::Ranks || kind == PictureKind::Lengths) {
     ListProfile profile;
     if (!FindListProfile(table, yielder, profile) || profile.Frequencies.empty()) return nullptr;
     if (kind == PictureKind::Lengths) return std::make_shared<LengthPicture>(profile, numbers);
     return std::make_shared<RankPicture>(std::move(profile.Frequencies), numbers);
   }
-  const Phrases pictured = PicturedPhrases(table, phrases, yielder);
+  const Phrases pictured = PicturedPhrases(table, choice.Phrases, yielder);
   if (pictured.empty()) return nullptr;
   return kind == PictureKind::Places ? MakePlaces(table, pictured, numbers, yielder)
                                      : MakeFiles(table, pictured, numbers);

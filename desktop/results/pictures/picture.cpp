@@ -19,6 +19,10 @@ double TitleHeight(const PictureStyle& style) {
 
 }  // namespace
 
+QRectF AreaBelowTitle(const QRectF& area, const PictureStyle& style) {
+  return area.adjusted(kMargin, kMargin + TitleHeight(style), -kMargin, -kMargin);
+}
+
 void PaintWhole(const Picture& picture, QPainter& painter, const QRectF& area, const PictureStyle& style) {
   painter.fillRect(area, style.Ground);
   const QRectF inner = area.adjusted(kMargin, kMargin, -kMargin, -kMargin);
@@ -26,7 +30,7 @@ void PaintWhole(const Picture& picture, QPainter& painter, const QRectF& area, c
   painter.setFont(TitleFont(style));
   painter.drawText(inner, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, picture.Title());
   painter.setFont(style.Font);
-  picture.Paint(painter, inner.adjusted(0, TitleHeight(style), 0, 0), style);
+  picture.Paint(painter, AreaBelowTitle(area, style), style);
 }
 
 double WholeHeight(const Picture& picture, double width, const PictureStyle& style) {

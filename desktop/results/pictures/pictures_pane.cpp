@@ -12,6 +12,7 @@
 #include "base/translation.h"
 #include "desktop/results/pictures/picture_canvas.h"
 #include "desktop/results/pictures/picture_file.h"
+#include "desktop/results/pictures/point_picture.h"
 #include "desktop/toolkit/file_filter.h"
 #include "desktop/toolkit/text.h"
 #include "desktop/widgets/control_factory.h"
@@ -25,10 +26,11 @@ struct OfferedKind {
   PictureKind Kind;
   const char* Caption;
 };
-constexpr std::array<OfferedKind, 4> kKinds = {{{PictureKind::Places, TrLater("Where phrases stand")},
+constexpr std::array<OfferedKind, 5> kKinds = {{{PictureKind::Places, TrLater("Where phrases stand")},
                                                 {PictureKind::Files, TrLater("Phrases by file")},
                                                 {PictureKind::Ranks, TrLater("Frequency by rank")},
-                                                {PictureKind::Lengths, TrLater("Lengths of phrases")}}};
+                                                {PictureKind::Lengths, TrLater("Lengths of phrases")},
+                                                {PictureKind::Sides, TrLater("Log ratio and G2")}}};
 
 }  // namespace
 
@@ -53,6 +55,7 @@ PicturesPane::PicturesPane(const Desktop& desktop, QWidget* parent)
   stack->addWidget(scroll, 1);
   OfferKinds();
   ShowMade(nullptr);
+  picCanvas->PickChanged = Guarded(desktop_.Messages, "picCanvas_Click", [this] { ShowPicked(); });
   connect(cboPicture, &QComboBox::activated, this,
           Guarded(desktop_.Messages, "cboPicture_Click", [this] { cboPicture_Click(); }));
   connect(cmdSavePicture, &QPushButton::clicked, this,
@@ -61,8 +64,9 @@ PicturesPane::PicturesPane(const Desktop& desktop, QWidget* parent)
 
 PicturesPane::~PicturesPane() = default;
 
-void PicturesPane::Show(std::shared_ptr<const CountedRun> run) {
+void PicturesPane::Show(std::shared_ptr<const CountedRun> run, std::optional<ComparisonBasis> comparedBy) {
   run_ = std::move(run);
+  comparedBy_ = comparedBy.value_or(run_ ? run_->Comparison.Basis : ComparisonBasis::Words);
   phrases_.clear();
   selected_ = 0;
   OfferKinds();
@@ -76,6 +80,12 @@ void PicturesPane::ShowPhrases(std::vector<PhraseIndex> phrases, size_t selected
   if (WantsPhrases()) Renew();
 }
 
+void PicturesPane::CompareBy(ComparisonBasis basis) {
+  if (basis == comparedBy_) return;
+  comparedBy_ = basis;
+  if (Kind() == PictureKind::Sides) Renew();
+}
+
 void PicturesPane::OfferKinds() {
   const PictureKind chosen = cboPicture->count() == 0 ? PictureKind::Places : Kind();
   cboPicture->clear();
@@ -83,6 +93,7 @@ void PicturesPane::OfferKinds() {
     // One file has nothing to compare itself with.
     const bool oneText = !run_ || run_->Table.Corpus().Sources.size() < 2;
     if (offered.Kind == PictureKind::Files && oneText) continue;
+    if (offered.Kind == PictureKind::Sides && !(run_ && run_->Facts.SecondSide)) continue;
     cboPicture->addItem(Tr(offered.Caption), static_cast<int>(offered.Kind));
   }
   cboPicture->setCurrentIndex(std::max(0, cboPicture->findData(static_cast<int>(chosen))));
@@ -110,9 +121,10 @@ void PicturesPane::Renew() {
   if (outdated_) return;
   jobs_.Stop();
   if (!run_) return ShowMade(nullptr);
-  jobs_.Start([this, run = run_, phrases = phrases_, kind = Kind(),
+  jobs_.Start([this, run = run_,
+               choice = PictureChoice{.Kind = Kind(), .Phrases = phrases_, .ComparedBy = comparedBy_},
                numbers = desktop_.Numbers](NewestJob::Turn& turn) {
-    const auto made = MakePicture(kind, *run, phrases, numbers, turn.Yielder());
+    const auto made = MakePicture(choice, *run, numbers, turn.Yielder());
     turn.Tell([this, made] { ShowMade(made); });
   });
 }
@@ -120,13 +132,25 @@ void PicturesPane::Renew() {
 void PicturesPane::ShowMade(const std::shared_ptr<const Picture>& made) {
   picCanvas->Show(made, run_ ? Tr("No phrase is listed.") : Tr("Nothing has been counted yet."));
   cmdSavePicture->setEnabled(made != nullptr);
-  const bool tooMany = WantsPhrases() && selected_ > phrases_.size();
-  lblPictureNotice->setText(tooMany
-                                ? QString(Tr("The first %1 of %2 selected phrases are shown."))
-                                      .arg(QString::number(phrases_.size()),
-                                           ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(selected_))))
-                                : QString());
-  lblPictureNotice->setVisible(tooMany);
+  if (WantsPhrases() && selected_ > phrases_.size())
+    return ShowNotice(QString(Tr("The first %1 of %2 selected phrases are shown."))
+                          .arg(QString::number(phrases_.size()),
+                               ToQt(desktop_.Numbers.Grouped(static_cast<int64_t>(selected_)))));
+  const bool points = made && made->WithPoints();
+  ShowNotice(points ? Tr("Click a point, or press Left or Right in the picture, to see its phrase.")
+                    : QString());
+}
+
+void PicturesPane::ShowNotice(const QString& text) {
+  lblPictureNotice->setText(text);
+  lblPictureNotice->setVisible(!text.isEmpty());
+}
+
+void PicturesPane::ShowPicked() {
+  const PointPicture& points = *picCanvas->Shown()->WithPoints();
+  const size_t point = *picCanvas->Picked();
+  ShowNotice(points.TextOf(point));
+  PhrasePicked(points.PhraseOf(point));
 }
 
 void PicturesPane::cmdSavePicture_Click() {

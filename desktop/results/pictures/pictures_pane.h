@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,8 +19,8 @@ namespace korv {
 
 class PictureCanvas;
 
-/// Pictures of a run: where phrases stand, in which files, how often and how long they are. They are made on
-/// a worker, and only while the pane is in sight.
+/// Pictures of a run: where phrases stand, in which files, how often and how long they are, and how two sides
+/// differ. They are made on a worker, and only while the pane is in sight.
 class PicturesPane final : public QWidget {
  public:
   PicturesPane(const Desktop& desktop, QWidget* parent);
@@ -29,8 +31,13 @@ class PicturesPane final : public QWidget {
   QLabel* lblPictureNotice = nullptr;
   PictureCanvas* picCanvas = nullptr;
 
-  /// Null for nothing.
-  void Show(std::shared_ptr<const CountedRun> run);
+  std::function<void(PhraseIndex)> PhrasePicked = [](PhraseIndex) {};  ///< In the picture, by the user.
+
+  /// Null for nothing. What a run with two sides is compared by is what it was counted for, unless
+  /// `comparedBy` says otherwise.
+  void Show(std::shared_ptr<const CountedRun> run, std::optional<ComparisonBasis> comparedBy = {});
+  /// The user compares by something else.
+  void CompareBy(ComparisonBasis basis);
   /// The phrases of the first two pictures: the first of the `selected` ones, kMostPicturedPhrases at most.
   /// The most frequent ones where none is selected.
   void ShowPhrases(std::vector<PhraseIndex> phrases, size_t selected);
@@ -49,12 +56,15 @@ class PicturesPane final : public QWidget {
   void OfferKinds();
   /// Makes the picture anew, when the pane is shown.
   void Renew();
+  void ShowPicked();
+  void ShowNotice(const QString& text);
   void ShowMade(const std::shared_ptr<const Picture>& made);
   void TellNotSaved(const std::string& path, const std::string& why);
 
   const Desktop& desktop_;
   std::shared_ptr<const CountedRun> run_;
   std::vector<PhraseIndex> phrases_;
+  ComparisonBasis comparedBy_ = ComparisonBasis::Words;
   size_t selected_ = 0;  ///< phrases_ and those that have no room in the picture.
   bool outdated_ = false;
   NewestJob jobs_;  ///< Last: its work uses the above.
