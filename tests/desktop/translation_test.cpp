@@ -114,6 +114,24 @@ class TranslatedWindows : public WindowTest {
     QApplication::processEvents();
   }
   ResultFrame& Frame() const { return *main->Panels().Frame; }
+  void LookAtPictures() {
+    Frame().ShowView(RunView::Pictures);
+    for (int picture = 0; picture < Find<QComboBox>("cboPicture")->count(); ++picture) {
+      Choose("cboPicture", picture);
+      LookAround("picture " + std::to_string(picture));
+#ifdef KORV_SVG
+      const std::string path = PathOf("picture" + std::to_string(picture) + ".svg");
+      dialogs.WillChoose(path);
+      Click("cmdSavePicture");
+      const QString svg = QString::fromStdString(ReadFile(path));
+      static const QRegularExpression kTexts(QStringLiteral("<(text|title|desc)[^>]*>\\s*([^<]*)</"));
+      int texts = 0;
+      for (QRegularExpressionMatchIterator found = kTexts.globalMatch(svg); found.hasNext(); ++texts)
+        ExpectTranslated(FromQt(found.next().captured(2)), "text of a picture");
+      EXPECT_GT(texts, 2) << path;
+#endif
+    }
+  }
   void CountFile() {
     Type("txbFile_0", WriteFile("terza.txt", kText));
     Count();
@@ -360,22 +378,20 @@ TEST_F(TranslatedWindows, TellWhereAPhraseStands) {
 
 TEST_F(TranslatedWindows, PaintTheirTexts) {
   ASSERT_NO_FATAL_FAILURE(CountFolder());
-  Frame().ShowView(RunView::Pictures);
-  for (int picture = 0; picture < Find<QComboBox>("cboPicture")->count(); ++picture) {
-    Choose("cboPicture", picture);
-    LookAround("picture " + std::to_string(picture));
-#ifdef KORV_SVG
-    const std::string path = PathOf("picture" + std::to_string(picture) + ".svg");
-    dialogs.WillChoose(path);
-    Click("cmdSavePicture");
-    const QString svg = QString::fromStdString(ReadFile(path));
-    static const QRegularExpression kTexts(QStringLiteral("<(text|title|desc)[^>]*>\\s*([^<]*)</"));
-    int texts = 0;
-    for (QRegularExpressionMatchIterator found = kTexts.globalMatch(svg); found.hasNext(); ++texts)
-      ExpectTranslated(FromQt(found.next().captured(2)), "text of a picture");
-    EXPECT_GT(texts, 2) << path;
-#endif
-  }
+  LookAtPictures();
+}
+
+TEST_F(TranslatedWindows, PaintTextsOfAComparison) {
+  Do("Compare &with...");
+  Type("txbFile_0", WriteFile("terza.txt", std::string(kText) + kText + kText));
+  Type("txbCompared", WriteFile("prima.txt", kText));
+  Count();
+  UntilShown();
+  LookAtPictures();
+  ASSERT_NE(Frame().Pictures->picCanvas->Shown(), nullptr);
+  ASSERT_NE(Frame().Pictures->picCanvas->Shown()->WithPoints(), nullptr);
+  QTest::keyClick(Frame().Pictures->picCanvas, Qt::Key_Home);
+  LookAround("a picked point");
 }
 
 TEST_F(TranslatedWindows, TellOfSettings) {
