@@ -48,7 +48,7 @@ ResultFrame::ResultFrame(const Desktop& desktop, const OutputBoxHooks& hooks, QW
   Views->addTab(Report, Tr("Report"));
   Pictures = new PicturesPane(desktop, Views);
   Views->addTab(Pictures, Tr("Pictures"));
-  Pictures->PhrasePicked = [this](PhraseIndex phrase) { Table->GoTo(phrase); };
+  Pictures->PhrasePicked = [this](PhraseIndex phrase) { return Table->GoTo(phrase); };
   MakeOptionsButton();
   layout->addWidget(Tabs);
   layout->addWidget(Head);

@@ -127,16 +127,18 @@ TEST_F(PicturesOfSides, AreOfThePhrasesWithTheLargestG2) {
 
 TEST_F(PicturesOfSides, SayHowManyPhrasesTheyShow) {
   ShowRun(run);
-  EXPECT_EQ(
-      pane.picCanvas->accessibleDescription().toStdString(),
-      "Points, the log ratio across and |G2| up: 3 of 3 phrases, those with the largest |G2|. 1 are more "
-      "frequent in A, 2 in B.");
+  EXPECT_EQ(pane.picCanvas->accessibleDescription().toStdString(),
+            "Points, the log ratio across and |G2| up: 3 of 3 phrases, those with the largest |G2|. More "
+            "frequent in A: 1, in B: 2.");
 }
 
 TEST_F(PicturesOfSides, GoThroughTheirPointsByLogRatio) {
   ShowRun(run);
   std::vector<std::string> picked;
-  pane.PhrasePicked = [&](PhraseIndex phrase) { picked.push_back(run->Table.Text(phrase)); };
+  pane.PhrasePicked = [&](PhraseIndex phrase) {
+    picked.push_back(run->Table.Text(phrase));
+    return true;
+  };
   for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left,
                             Qt::Key_Home, Qt::Key_Left, Qt::Key_End})
     Press(key);
@@ -285,6 +287,11 @@ TEST_F(PicturesOfSidesInTheWindow, SelectThePickedPhraseInTheTable) {
   ASSERT_NE(picture, nullptr);
   QTest::keyClick(frame.Pictures->picCanvas, Qt::Key_End);
   EXPECT_EQ(frame.Table->CurrentPhrase(), picture->PhraseOf(picture->PointCount() - 1));
+  EXPECT_EQ(frame.Pictures->lblPictureNotice->text(), picture->TextOf(picture->PointCount() - 1));
+  // The table shows what is typical of A.
+  QTest::keyClick(frame.Pictures->picCanvas, Qt::Key_Home);
+  EXPECT_EQ(frame.Pictures->lblPictureNotice->text().toStdString(),
+            picture->TextOf(0).toStdString() + " \u2013 not in the table as it is");
 }
 
 }  // namespace

@@ -149,8 +149,10 @@ void PicturesPane::ShowNotice(const QString& text) {
 void PicturesPane::ShowPicked() {
   const PointPicture& points = *picCanvas->Shown()->WithPoints();
   const size_t point = *picCanvas->Picked();
-  ShowNotice(points.TextOf(point));
-  PhrasePicked(points.PhraseOf(point));
+  const QString text = points.TextOf(point);
+  ShowNotice(PhrasePicked(points.PhraseOf(point))
+                 ? text
+                 : QString(Tr("%1 \u2013 not in the table as it is")).arg(text));
 }
 
 void PicturesPane::cmdSavePicture_Click() {

@@ -31,7 +31,8 @@ class PicturesPane final : public QWidget {
   QLabel* lblPictureNotice = nullptr;
   PictureCanvas* picCanvas = nullptr;
 
-  std::function<void(PhraseIndex)> PhrasePicked = [](PhraseIndex) {};  ///< In the picture, by the user.
+  /// In the picture, by the user. Selects its row in the table; false where it has none.
+  std::function<bool(PhraseIndex)> PhrasePicked = [](PhraseIndex) { return true; };
 
   /// Null for nothing. What a run with two sides is compared by is what it was counted for, unless
   /// `comparedBy` says otherwise.

@@ -78,8 +78,9 @@ QString SidesPicture::Description() const {
     return ToQt(numbers_.Grouped(std::ranges::count_if(
         points_.Points, [side](const KeyPoint& point) { return SideOf(point.LogRatio) == side; })));
   };
-  return QString(Tr("Points, the log ratio across and |G2| up: %1, those with the largest |G2|. %2 are more "
-                    "frequent in A, %3 in B."))
+  return QString(Tr("Points, the log ratio across and |G2| up: %1, those with the largest |G2|. More "
+                    "frequent in A: %2, "
+                    "in B: %3."))
       .arg(CountText(), count(1), count(-1));
 }
 

@@ -235,9 +235,10 @@ PhraseIndex PhraseTablePanel::CurrentPhrase() const {
   return tblPhrases->CurrentPhrase();
 }
 
-void PhraseTablePanel::GoTo(PhraseIndex phrase) {
+bool PhraseTablePanel::GoTo(PhraseIndex phrase) {
   const std::optional<uint32_t> row = model_->Rows().RowOf(phrase);
   if (row) tblPhrases->GoTo(static_cast<int>(*row));
+  return row.has_value();
 }
 
 void PhraseTablePanel::LeaveOut(std::vector<PhraseIndex> phrases) {

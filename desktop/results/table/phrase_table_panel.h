@@ -74,8 +74,8 @@ class PhraseTablePanel final : public QWidget {
   TableInSight InSight() const;
   /// The phrase of the row that keys act on; kNoPhrase where there is none.
   PhraseIndex CurrentPhrase() const;
-  /// Selects the row of a phrase, if it has one.
-  void GoTo(PhraseIndex phrase);
+  /// Selects the row of a phrase; false where it has none.
+  bool GoTo(PhraseIndex phrase);
   /// Shows none of these phrases, whatever the filter.
   void LeaveOut(std::vector<PhraseIndex> phrases);
   /// The focus goes to the filter, all of it selected.
