@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
 namespace korv {
 
@@ -49,6 +48,18 @@ void TextParts::Divide(const Corpus& corpus, const TakenWords& words, PartChoice
   FindBegins();
 }
 
+/// The first place with so many words before it; there is one.
+Place TextParts::PlaceBehind(uint64_t words) const {
+  uint32_t first = 0;
+  for (auto length = static_cast<uint32_t>(corpus_->Tokens.size()); length > 0;) {
+    const uint32_t half = length / 2;
+    const bool below = words_->Before(Place{first + half}) < words;
+    first += below ? half + 1 : 0;
+    length = below ? length - half - 1 : half;
+  }
+  return Place{first};
+}
+
 /// Parts follow each other without a gap, so that the words before a part are those of the parts before it.
 void TextParts::FindBegins() {
   if (!Few()) return;
@@ -56,11 +67,7 @@ void TextParts::FindBegins() {
   uint64_t before = wordsBefore_;
   for (size_t part = 1; part < Count(); ++part) {
     before += wordsOf_[part - 1];
-    const auto places = std::views::iota(uint32_t{0}, static_cast<uint32_t>(corpus_->Tokens.size()));
-    const auto first = std::lower_bound(
-        places.begin(), places.end(), before,
-        [this](uint32_t place, uint64_t least) { return words_->Before(Place{place}) < least; });
-    begins_[part - 1] = Place{*first};
+    begins_[part - 1] = PlaceBehind(before);
   }
 }
 

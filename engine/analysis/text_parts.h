@@ -58,6 +58,7 @@ class TextParts {
  private:
   void DivideEqually(uint64_t parts);
   void FindBegins();
+  Place PlaceBehind(uint64_t words) const;
   void DivideSources(uint64_t parts);
 
   const Corpus* corpus_ = nullptr;
