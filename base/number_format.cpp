@@ -85,10 +85,4 @@ void NumberFormat::AppendDecimals(double value, int decimals, std::string& out) 
   AppendLocalised(PlainDecimals(value, decimals, buffer), *this, false, out);
 }
 
-std::string NumberWithBlank(int64_t value) {
-  std::string text = std::to_string(value);
-  if (value >= 0) text.insert(0, 1, ' ');
-  return text;
-}
-
 }  // namespace korv

@@ -25,7 +25,4 @@ struct NumberFormat {
   void AppendDecimals(double value, int decimals, std::string& out) const;
 };
 
-/// A number as text with a leading blank before a non-negative one: 12 as " 12", -3 as "-3".
-std::string NumberWithBlank(int64_t value);
-
 }  // namespace korv

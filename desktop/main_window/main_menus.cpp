@@ -114,7 +114,7 @@ void MainMenus::BuildFile(QMenuBar& bar) {
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
   idleActions_.append(recent->menuAction());
   Add(menu, TrLater("Go to the sou&rce"), Qt::CTRL | Qt::Key_L, commands_.GoToSource, During::Always);
-  Add(menu, TrLater("Compare &with..."), {}, commands_.CompareWith);
+  Add(menu, TrLater("Co&mpare with..."), {}, commands_.CompareWith);
   QMenu* const compare = Named(menu->addMenu(Tr("Compare this r&un with")), "mnuCompareRun");
   connect(menu, &QMenu::aboutToShow, this, [this, compare] {
     FillWithRuns(*compare, commands_.ComparableRuns(), commands_.CompareRun);

@@ -117,11 +117,5 @@ TEST(NumberFormatOfLocale, GermanHasACommaWhereItIsInstalled) {
   EXPECT_EQ(format.Grouped(1234567), "1.234.567");
 }
 
-TEST(NumberWithBlank, PutsABlankBeforeANonNegativeNumber) {
-  EXPECT_EQ(NumberWithBlank(12), " 12");
-  EXPECT_EQ(NumberWithBlank(0), " 0");
-  EXPECT_EQ(NumberWithBlank(-3), "-3");
-}
-
 }  // namespace
 }  // namespace korv

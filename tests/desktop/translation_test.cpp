@@ -210,7 +210,7 @@ TEST_F(TranslatedWindows, TellOfARunOfAFile) {
 }
 
 TEST_F(TranslatedWindows, TellOfAComparison) {
-  Do("Compare &with...");
+  Do("Co&mpare with...");
   LookAround("what to compare with");
   Count();
   for (const char* button : {"cmdComparedFile", "cmdComparedFolder"}) Click(button);
@@ -382,7 +382,7 @@ TEST_F(TranslatedWindows, PaintTheirTexts) {
 }
 
 TEST_F(TranslatedWindows, PaintTextsOfAComparison) {
-  Do("Compare &with...");
+  Do("Co&mpare with...");
   Type("txbFile_0", WriteFile("terza.txt", std::string(kText) + kText + kText));
   Type("txbCompared", WriteFile("prima.txt", kText));
   Count();

@@ -221,6 +221,7 @@ void ContextsPane::ShowSides() {
   const bool compares = run_ != nullptr && run_->Facts.SecondSide.has_value();
   OfB->setVisible(compares);
   OfA->lblSideCount->setVisible(compares);
+  OfB->lblSideCount->setVisible(compares);
   Described(OfA->tblContexts, compares ? Tr("Contexts in A") : Tr("Contexts"));
   if (compares) lblContextCount->clear();
 }
