@@ -39,7 +39,8 @@ inline constexpr uint64_t kMostProgramTextBytes = uint64_t{1024} * 1024;
 inline constexpr size_t kMostProgramTextCharacters = 1024;
 
 /// Texts by number from a file with one on each line: number, tab, text. "\n" in a text is a line break,
-/// "~" alone no text; blank lines and lines that begin with "#" are skipped. Given out in the user's language.
+/// "~" alone no text; blank lines and lines that begin with "#" are skipped. Given out in the user's
+/// language.
 class ProgramTextFile final : public ProgramText {
  public:
   static Expected<ProgramTextFile, ProgramTextError> Load(FileSystem& files,
