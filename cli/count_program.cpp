@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/run/comparison_request.h"
 #include "app/run/run_request.h"
 #include "app/texts/program_folder.h"
 #include "app/texts/program_text.h"
@@ -134,17 +135,7 @@ class CountProgram {
 
   /// A single source becomes a list of one, which is what a comparison reads.
   void PlaceSideA() {
-    switch (settings_.SourceKind) {
-      case TextSource::Clipboard:
-        together_ = {{"-", SourcePath::Kind::StandardInput}};
-        break;
-      case TextSource::SingleFile:
-        together_ = {{TrimmedPath(settings_.InputFile), SourcePath::Kind::File}};
-        break;
-      case TextSource::Folder:
-        if (together_.empty()) together_ = {{TrimmedFolderPath(settings_.Folder), SourcePath::Kind::Folder}};
-        break;
-    }
+    if (together_.empty()) together_ = SourcesOf(RunRequestOf(settings_));
     settings_.SourceKind = TextSource::Folder;
     settings_.Folder.clear();
   }

@@ -44,6 +44,7 @@ TableOutput TableOutputOf(const CountOptions& options, const Settings& settings,
                     .Settings = SettingValues(settings),
                     .Paths = SourcesOf(settings, together),
                     .ComparedBy = options.Comparison.By.value_or(ComparisonBasis::Words),
+                    .SimpleMathsK = options.Comparison.SimpleMathsK.value_or(1),
                     .Numbers = options.Numbers,
                     .AllRows = options.Top.has_value()}};
 }

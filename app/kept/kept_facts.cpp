@@ -61,6 +61,7 @@ void AppendFacts(const FactsToKeep& kept, std::string& bytes) {
   AppendNumber(uint64_t{*kept.Run.Table.Corpus().SecondSide}, bytes);
   ForEachWordCount(facts.SecondSide->Words, [&](uint64_t number) { AppendNumber(number, bytes); });
   AppendNumber(facts.SecondSide->FilesScanned, bytes);
+  AppendNumber(facts.SecondSide->SharedFiles, bytes);
 }
 
 KeptFacts TakeFacts(KeptReader& reader, CountedRun& run) {
@@ -84,6 +85,7 @@ KeptFacts TakeFacts(KeptReader& reader, CountedRun& run) {
   SecondSide& b = facts.SecondSide.emplace();
   ForEachWordCount(b.Words, [&](uint64_t& number) { number = reader.TakeUpTo(kMostKept); });
   b.FilesScanned = reader.TakeUpTo(kMostKept);
+  b.SharedFiles = reader.TakeUpTo(b.FilesScanned);
   return kept;
 }
 

@@ -41,7 +41,7 @@ namespace korv {
 //         the kind of file (text); how long the count took, when it ended (i64: seconds, seconds since 1970
 //         UTC); different phrases, occurrences of phrases (u64). From version 3 on whether two sides were
 //         compared (bool), and then, of side B, its first text in SRCS, words taken, words dropped by each
-//         DropReason, files read (u64).
+//         DropReason, files read, those that are on both sides (u64).
 //   TEXT  the text of a clipboard or stream, byte by byte.
 //   WLEN  u32 ...: the lengths of the words, in bytes, in the order of their numbers.
 //   WORD  the words one behind the other.

@@ -187,6 +187,7 @@ class KeptRunOpening {
     if (!facts.SecondSide || !said) return facts.SecondSide.has_value() == said.has_value();
     facts.SecondSide->Words = said->Words;
     facts.SecondSide->FilesScanned = said->FilesScanned;
+    facts.SecondSide->SharedFiles = said->SharedFiles;
     Corpus& corpus = stored_.Corpus;
     corpus.SecondSide = facts_.SecondSideAt;
     const size_t at = *corpus.SecondSide;

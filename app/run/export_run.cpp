@@ -25,6 +25,7 @@ TableDescription AboutRun(const ShownResult& result, const ExportRequest& reques
                          .Created = FormatUtc(services.Clock.WallTime()),
                          .Paths = std::move(paths),
                          .ComparedBy = request.ComparedBy,
+                         .SimpleMathsK = result.Run.Comparison.SimpleMathsK,
                          .Numbers = services.Numbers,
                          // Who chooses rows wants them all.
                          .AllRows = true};
@@ -32,6 +33,10 @@ TableDescription AboutRun(const ShownResult& result, const ExportRequest& reques
   Settings settings = result.Chosen->Chosen;
   // Of several sources none is the folder.
   if (!facts.Paths.empty()) settings.Folder.clear();
+  // Those of single words and of comparisons are their own.
+  settings.MinWords = facts.Options.MinWords;
+  settings.MaxWords = facts.Options.MaxWords;
+  settings.MinFrequency = facts.Options.MinFrequency;
   about.Settings = SettingValues(settings);
   return about;
 }

@@ -138,7 +138,9 @@ constexpr Column kComparisonColumns[] = {
          "How much more frequent the phrase is in A than in B: log2((a / c) / (b / d)), where a or b counts "
          "as "
          "0.5 if it is 0. Each 1 more is twice as often: 3 is eight times as frequent in A, -1 half as "
-         "frequent, 0 no difference (Hardie 2014)."),
+         "frequent, 0 no difference (Hardie 2014). "
+         "Where files are compared, a and b are the files with the phrase, c and d those with words; "
+         "where occurrences in no longer phrase are, a and b are these."),
      .Formula = "log2((a / c) / (b / d))",
      .Value = Keyness<LogRatio>,
      .Needs = {.Sides = true},

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "report/writers/json_text.h"
+#include "report/writers/number_text.h"
 
 namespace korv {
 
@@ -28,6 +29,7 @@ class JsonBuilder {
     else
       return Put(std::to_string(number));
   }
+  JsonBuilder& Value(double number) { return Put(number_.Of(Cell(number))); }
   JsonBuilder& Null() { return Put("null"); }
 
   const std::string& Text() const { return built_; }
@@ -40,6 +42,7 @@ class JsonBuilder {
   std::string ends_;  ///< What ends what is open, the innermost last.
   bool first_ = true;
   JsonText text_;
+  NumberText number_;
 };
 
 }  // namespace korv

@@ -54,6 +54,7 @@ void AddSource(const RunSummary& facts, const TableDescription& about, JsonBuild
     json.End();
     AddSize(SizeOf(facts, Side::B), json);
     json.End().Key("compared_by").Value(NameOfBasis(about.ComparedBy));
+    json.Key("simple_maths_k").Value(about.SimpleMathsK);
   } else if (facts.Counts) {
     json.Key("counts").Value(facts.Counts->Counts);
   } else {

@@ -110,6 +110,7 @@ void SqliteWriter::WriteRun(const ColumnSource& source) {
     for (const SourcePath& path : facts.SecondSide->Paths)
       rows.Put("compared_with", std::string_view(path.Path));
     rows.Put("compared_by", NameOfBasis(about_.ComparedBy));
+    rows.Put("simple_maths_k", Cell(about_.SimpleMathsK));
     for (const auto& [side, letter] : {std::pair{Side::A, "_a"}, std::pair{Side::B, "_b"}}) {
       const SideSize size = SizeOf(facts, side);
       rows.Put(std::string("files") + letter, size.Files);

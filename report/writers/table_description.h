@@ -24,6 +24,7 @@ struct TableDescription {
   std::vector<std::string> Paths = {};
   /// Of a run that compares.
   ComparisonBasis ComparedBy = ComparisonBasis::Words;
+  double SimpleMathsK = 1;
   NumberFormat Numbers = {};  ///< For the forms that follow the locale.
   /// The forms that are for reading end after a number of rows unless all are wished.
   bool AllRows = false;

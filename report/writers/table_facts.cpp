@@ -1,6 +1,7 @@
 #include "report/writers/table_facts.h"
 
 #include "base/translation.h"
+#include "report/writers/number_text.h"
 
 namespace korv {
 
@@ -24,6 +25,8 @@ void AddSides(const RunSummary& facts, const TableDescription& about, const auto
   list.push_back({Tr("Words taken of A"), grouped(a.Words.Taken)});
   list.push_back({Tr("Words taken of B"), grouped(b.Words.Taken)});
   list.push_back({Tr("Compared by"), std::string(NameOfBasis(about.ComparedBy))});
+  list.push_back(
+      {Tr("Constant of simple maths (k)"), std::string(NumberText().Of(Cell(about.SimpleMathsK)))});
 }
 
 }  // namespace

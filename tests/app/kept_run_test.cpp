@@ -201,7 +201,7 @@ TEST_F(KeptRun, KnowsBothSidesOfAComparison) {
   world.World.Files.Add("/t/a.txt", kText);
   world.World.Files.Add("/u/b.txt", std::string(kText) + "new words here");
   KeptChoice choice = FolderChoiceOf("/t");
-  choice.Compared = {{"/u", SourcePath::Kind::Folder}};
+  choice.Compared = {{"/u/b.txt", SourcePath::Kind::File}, {"/t/a.txt", SourcePath::Kind::File}};
   choice.How = {.Basis = ComparisonBasis::Files, .SimpleMathsK = 100, .Drafts = true};
   ASSERT_TRUE(world.Count(std::move(choice)));
   KeepAndOpen();
@@ -210,7 +210,8 @@ TEST_F(KeptRun, KnowsBothSidesOfAComparison) {
   ASSERT_TRUE(is.SecondSide);
   EXPECT_EQ(is.SecondSide->Paths, was.SecondSide->Paths);
   EXPECT_EQ(is.SecondSide->Words, was.SecondSide->Words);
-  EXPECT_EQ(is.SecondSide->FilesScanned, 1U);
+  EXPECT_EQ(is.SecondSide->FilesScanned, 2U);
+  EXPECT_EQ(is.SecondSide->SharedFiles, 1U);
   EXPECT_EQ(world.Opened.Run.Comparison, world.Result.Run.Comparison);
   EXPECT_EQ(world.Opened.Run.Table.Corpus().SecondSide, 1U);
   EXPECT_FALSE(ChangesBetween(world.Opened.Request, world.Result.Request).Source);

@@ -161,10 +161,10 @@ TEST_F(CountCompareTest, TheOutputFileLiesOnNeitherSide) {
 }
 
 TEST_F(CountCompareTest, DescribesBothSides) {
-  EXPECT_EQ(Compare({"--output-format", "json", "--compare-by", "files"}), 0);
+  EXPECT_EQ(Compare({"--output-format", "json", "--compare-by", "files", "--simple-maths", "0.5"}), 0);
   EXPECT_THAT(out.str(), HasSubstr(R"("source":{"paths":["/a"],"files":2,"words":22,"words_taken":22,)"
                                    R"("compared_with":{"paths":["/b.txt"],"files":1,"words":13,)"
-                                   R"("words_taken":13},"compared_by":"files",)"));
+                                   R"("words_taken":13},"compared_by":"files","simple_maths_k":0.5,)"));
   EXPECT_EQ(Compare({"--output-format", "html"}), 0);
   for (const char* fact : {"Compared with", "/b.txt", "Running words of A (c)", "Files of B"})
     EXPECT_THAT(out.str(), HasSubstr(fact));

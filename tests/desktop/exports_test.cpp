@@ -183,6 +183,7 @@ TEST_F(Exports, CarryBothSidesOfAComparison) {
                  "files_b,dispersion_a\r\nthe white whale swam,12,0,250000,0,1,"));
   const std::string described = ReadFile(PathOf("datapackage.json"));
   EXPECT_THAT(described, testing::ContainsRegex("\"compared_by\": *\"files\""));
+  EXPECT_THAT(described, testing::HasSubstr("\"MinFrequency\":3")) << "as it was counted";
   EXPECT_THAT(described, HasSubstr("a.txt"));
   EXPECT_THAT(described, HasSubstr("b.txt"));
   Ask();
