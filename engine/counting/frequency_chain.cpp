@@ -17,16 +17,17 @@ bool GoesOn(Yielder& yielder) {
   return !yielder.Stopped();
 }
 
-/// Sorts by `value` of each element, the greatest first. Stable. Values below kFew are sorted by counting;
-/// the few above by comparing. False when stopped, with the chain as it was.
+/// Sorts by `value` of each element, the greatest first. Stable. Values up to the number of elements, or to
+/// 65,535, are sorted by counting; the few above by comparing. False when stopped, with the chain as it was.
 template <typename Value>
 bool SortDescending(Chain& chain, Yielder& yielder, const Value& value) {
-  constexpr uint32_t kFew = 1u << 16;
+  constexpr size_t kMostCounted = 1u << 16;
+  const auto counted = static_cast<uint32_t>(std::min(kMostCounted, chain.size() + 1));
   Chain large;
-  std::vector<size_t> next(kFew, 0);
+  std::vector<size_t> next(counted, 0);
   for (const PhraseIndex i : chain) {
     if (!GoesOn(yielder)) return false;
-    if (value(i) < kFew)
+    if (value(i) < counted)
       ++next[value(i)];
     else
       large.push_back(i);
@@ -35,7 +36,7 @@ bool SortDescending(Chain& chain, Yielder& yielder, const Value& value) {
                    [&](PhraseIndex a, PhraseIndex b) { return value(a) > value(b); });
 
   size_t place = large.size();
-  for (uint32_t v = kFew; v-- > 0;) {
+  for (uint32_t v = counted; v-- > 0;) {
     const size_t size = next[v];
     next[v] = place;
     place += size;
@@ -44,7 +45,7 @@ bool SortDescending(Chain& chain, Yielder& yielder, const Value& value) {
   std::copy(large.begin(), large.end(), sorted.begin());
   for (const PhraseIndex i : chain) {
     if (!GoesOn(yielder)) return false;
-    if (value(i) < kFew) sorted[next[value(i)]++] = i;
+    if (value(i) < counted) sorted[next[value(i)]++] = i;
   }
   chain = std::move(sorted);
   return true;
