@@ -36,6 +36,9 @@ TEST(ConsoleMessages, WriteControlCharactersOut) {
                          "31m",
                          "\\x9B31m"},
                         {"\xC2\xA0\xC3\xBC\xC2", "\xC2\xA0\xC3\xBC\xC2"},
+                        {"a\u202Etxt.exe\u202A\u2066\u2069", "a\\u202Etxt.exe\\u202A\\u2066\\u2069"},
+                        {"\u2029\u202F\u2065\u206A\u200F", "\u2029\u202F\u2065\u206A\u200F"},
+                        {"\xE2\x80", "\xE2\x80"},
                         {"", ""}}) {
     EXPECT_EQ(WithVisibleControls(c.Text), c.Visible);
     std::ostringstream stream;
