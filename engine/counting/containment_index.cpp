@@ -2,18 +2,20 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 
 #include "base/pieces.h"
 #include "base/workers.h"
+#include "base/zeroed_array.h"
 
 namespace korv {
 
-bool ContainmentIndex::Build(Yielder& yielder) {
+bool ContainmentIndex::Collect(Yielder& yielder) {
   const bool small = data_.Entries.size() < 1000;
   const bool collected = RunTasks(1, small, yielder, [&](size_t, size_t) {
     if (CollectPhrases(yielder)) SortByPlace(yielder);
   });
-  return collected && FindAffixes(yielder) && HashFamilies(yielder) && AddPhrases(yielder);
+  return collected && FindAffixes(yielder);
 }
 
 bool ContainmentIndex::CollectPhrases(const Yielder& yielder) {
@@ -21,7 +23,7 @@ bool ContainmentIndex::CollectPhrases(const Yielder& yielder) {
   return InPieces(data_.Entries.size(), yielder, [this](size_t begin, size_t end) {
     for (size_t e = begin; e < end; ++e) {
       const PhraseEntry& entry = data_.Entries[e];
-      if (!entry.Listed || entry.Words < kLeastWords) continue;
+      if (!entry.Listed || entry.Words < kFewestWords) continue;
       phrases_.push_back({entry.First, entry.Count, static_cast<uint32_t>(e), entry.Words});
       fewestWords_ = std::min<int>(fewestWords_, entry.Words);
     }
@@ -53,14 +55,27 @@ bool ContainmentIndex::SortByPlace(const Yielder& yielder) {
   return true;
 }
 
+int ContainmentIndex::WordsCoveredBefore(size_t k) const {
+  const Phrase& phrase = phrases_[k];
+  while (k > 0 && phrases_[k - 1].First == phrase.First) --k;
+  for (; k > 0 && phrases_[k - 1].First + 1 == phrase.First; --k)
+    if (phrases_[k - 1].Count == phrase.Count) return phrases_[k - 1].Words - 1;
+  return 0;
+}
+
 bool ContainmentIndex::FindAffixes(Yielder& yielder) {
   const Vocabulary& words = data_.Corpus.Words;
-  std::vector<bool> isFirst(words.Size() + 1, false);
-  std::vector<bool> isLast(words.Size() + 1, false);
-  const bool marked = InPieces(phrases_.size(), yielder, [&](size_t begin, size_t end) {
-    for (size_t k = begin; k < end; ++k) {
-      isFirst[ValueOf(WordsOf(phrases_[k])[0])] = true;
-      isLast[ValueOf(WordsOf(phrases_[k])[phrases_[k].Words - 1])] = true;
+  ZeroedArray<uint8_t> isFirst(size_t{words.Size()} + 1);
+  ZeroedArray<uint8_t> isLast(size_t{words.Size()} + 1);
+  const auto mark = [](uint8_t& flag) { std::atomic_ref(flag).store(1, std::memory_order_relaxed); };
+  const bool marked = RunParts(data_.Entries.size(), yielder, [&](size_t begin, size_t end) {
+    for (size_t e = begin; e < end; ++e) {
+      PrefetchWords(data_, e + kEntriesAhead);
+      const PhraseEntry& entry = data_.Entries[e];
+      if (!entry.Listed || entry.Words < kLeastWords) continue;
+      const WordNumber* phrase = data_.Corpus.From(entry.First);
+      mark(isFirst[ValueOf(phrase[0])]);
+      mark(isLast[ValueOf(phrase[entry.Words - 1])]);
     }
   });
   if (!marked) return false;
@@ -68,20 +83,7 @@ bool ContainmentIndex::FindAffixes(Yielder& yielder) {
   return !yielder.Stopped();
 }
 
-bool ContainmentIndex::HashFamilies(const Yielder& yielder) {
-  const size_t words = size_t{data_.Corpus.Words.Size()} + 1;
-  suffixFamilies_.resize(words);
-  prefixFamilies_.resize(words);
-  return InPieces(words, yielder, [this](size_t begin, size_t end) {
-    for (size_t w = begin; w < end; ++w) {
-      const WordNumber word{static_cast<uint32_t>(w)};
-      suffixFamilies_[w] = HashOfWord(affixes_->SuffixFamily(word));
-      prefixFamilies_[w] = HashOfWord(affixes_->PrefixFamily(word));
-    }
-  });
-}
-
-bool ContainmentIndex::AddPhrases(Yielder& yielder) {
+bool ContainmentIndex::Hash(Yielder& yielder) {
   const size_t n = phrases_.size();
   families_ = std::make_unique<BloomFilter>(n);
   sharedFamilies_ = std::make_unique<BloomFilter>(n / 2);
@@ -107,8 +109,10 @@ void ContainmentIndex::Add(size_t begin, size_t end) {
       const WordNumber* words = WordsOf(phrase);
       const int n = phrase.Words;
       const uint64_t between = HashOfWords(words + 1, n - 2);
-      hashes[k] = {FamilyHash(words[0], between, words[n - 1], phrase.Count, n),
-                   HalfHash(words[0], between, words[n - 1], phrase.Count, n),
+      const uint64_t firstFamily = HashOfWord(affixes_->Of(words[0]).SuffixFamily);
+      const uint64_t lastFamily = HashOfWord(affixes_->Of(words[n - 1]).PrefixFamily);
+      hashes[k] = {FamilyHash(firstFamily, between, lastFamily, phrase.Count, n),
+                   HalfHash(words[0], between, lastFamily, phrase.Count, n),
                    PhraseHash(words[0], between, words[n - 1], phrase.Count, n)};
       families_->Prefetch(hashes[k].Family);
       halves_->Prefetch(hashes[k].Half);

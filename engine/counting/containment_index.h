@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 #include "base/raw_vector.h"
 #include "base/yielder.h"
@@ -15,7 +14,8 @@
 
 namespace korv {
 
-/// The listed phrases of a table, arranged for finding those that another phrase contains.
+/// The listed phrases of a table that have three words or more, arranged for finding those that another
+/// phrase contains. Phrases of two words are looked for in other ways (ContainedPairs).
 ///
 /// A phrase of n words stands within a longer one as a run of n consecutive words. The words between the
 /// outer two are equal; the first word of the run ends with the phrase's first word, and the last one begins
@@ -25,7 +25,9 @@ namespace korv {
 /// table of phrases.
 class ContainmentIndex {
  public:
-  /// A listed phrase of two words or more.
+  static constexpr int kFewestWords = 3;
+
+  /// A listed phrase of kFewestWords or more.
   struct Phrase {
     Place First;  ///< Of its earliest occurrence.
     uint32_t Count;
@@ -35,25 +37,34 @@ class ContainmentIndex {
 
   explicit ContainmentIndex(const PhraseTableData& data) : data_(data) {}
 
-  /// Call once, before anything else. On all threads; linear in the phrases and the characters of the words.
-  /// Costs about 60 bytes a phrase and 32 a word. False when stopped: the index is of no use then.
-  bool Build(Yielder& yielder);
+  // Both are called once, in this order, and return false when stopped: the index is of no use then.
+
+  /// Collects the phrases, and finds the affixes that the outer words of phrases are; those of two words
+  /// too. On all threads; linear in the phrases and the characters of the words. 32 bytes a phrase, 16
+  /// a word.
+  bool Collect(Yielder& yielder);
+  /// Makes the filters and the table of entries. On all threads; linear in the phrases. About 30 bytes a
+  /// phrase.
+  bool Hash(Yielder& yielder);
 
   /// Ascend by First.
   const RawVector<Phrase>& Phrases() const { return phrases_; }
   const WordNumber* WordsOf(const Phrase& phrase) const { return data_.Corpus.From(phrase.First); }
+  /// Words of phrase `k` that the phrase of the same count which starts one word before it covers.
+  int WordsCoveredBefore(size_t k) const;
   /// Words of the shortest phrase.
   int FewestWords() const { return fewestWords_; }
   const WordAffixes& Affixes() const { return *affixes_; }
 
-  // The hashes of runs and phrases of `words` words; `between` is HashOfWords of all but the outer two.
-  uint64_t FamilyHash(WordNumber first, uint64_t between, WordNumber last, uint32_t count, int words) const {
-    return WithCount(Joined(suffixFamilies_[ValueOf(first)], between, prefixFamilies_[ValueOf(last)], words),
-                     count, words);
+  // The hashes of runs and phrases of `words` words. `between` is HashOfWords of all but the outer two, and
+  // those of families are HashOfWord of the families of these.
+  static uint64_t FamilyHash(uint64_t firstFamily, uint64_t between, uint64_t lastFamily, uint32_t count,
+                             int words) {
+    return WithCount(Joined(firstFamily, between, lastFamily, words), count, words);
   }
-  uint64_t HalfHash(WordNumber first, uint64_t between, WordNumber last, uint32_t count, int words) const {
-    return WithCount(Joined(HashOfWord(first), between, prefixFamilies_[ValueOf(last)] + 1, words), count,
-                     words);
+  static uint64_t HalfHash(WordNumber first, uint64_t between, uint64_t lastFamily, uint32_t count,
+                           int words) {
+    return WithCount(Joined(HashOfWord(first), between, lastFamily + 1, words), count, words);
   }
   static uint64_t PhraseHash(WordNumber first, uint64_t between, WordNumber last, uint32_t count, int words) {
     return WithCount(Joined(HashOfWord(first), between, HashOfWord(last), words), count, words);
@@ -79,16 +90,12 @@ class ContainmentIndex {
   bool CollectPhrases(const Yielder& yielder);
   bool SortByPlace(const Yielder& yielder);
   bool FindAffixes(Yielder& yielder);
-  bool HashFamilies(const Yielder& yielder);
-  bool AddPhrases(Yielder& yielder);
   void Add(size_t begin, size_t end);
 
   const PhraseTableData& data_;
   RawVector<Phrase> phrases_;
   int fewestWords_ = kMostWords;
   std::unique_ptr<WordAffixes> affixes_;
-  std::vector<uint64_t> suffixFamilies_;  ///< Per word: the hash of its family.
-  std::vector<uint64_t> prefixFamilies_;
   std::unique_ptr<BloomFilter> families_;
   std::unique_ptr<BloomFilter> sharedFamilies_;
   std::unique_ptr<BloomFilter> halves_;

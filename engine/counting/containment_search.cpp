@@ -18,15 +18,20 @@ void ContainmentSearch::AddPhrase(size_t k) {
   const int n = phrase.Words;
   const int fewest = index_.FewestWords();
   std::array<uint64_t, kMostWords + 1> hashUpTo;
+  std::array<uint64_t, kMostWords> firstFamily;
+  std::array<uint64_t, kMostWords> lastFamily;
   std::array<bool, kMostWords> hasSuffix;
   std::array<bool, kMostWords> hasPrefix;
   hashUpTo[0] = 0;
   for (size_t i = 0; i < static_cast<size_t>(n); ++i) {
+    const WordAffixes::Affixes& affixes = index_.Affixes().Of(words[i]);
     hashUpTo[i + 1] = hashUpTo[i] * kHashBase + HashOfWord(words[i]);
-    hasSuffix[i] = index_.Affixes().Suffix(words[i]) != kNoWord;
-    hasPrefix[i] = index_.Affixes().Prefix(words[i]) != kNoWord;
+    firstFamily[i] = HashOfWord(affixes.SuffixFamily);
+    lastFamily[i] = HashOfWord(affixes.PrefixFamily);
+    hasSuffix[i] = affixes.Suffix != kNoWord;
+    hasPrefix[i] = affixes.Prefix != kNoWord;
   }
-  for (int end = std::max(fewest, WordsCoveredBefore(k) + 1); end <= n; ++end)
+  for (int end = std::max(fewest, index_.WordsCoveredBefore(k) + 1); end <= n; ++end)
     for (int begin = 0; begin + fewest <= end; ++begin) {
       const auto b = static_cast<size_t>(begin);
       const auto e = static_cast<size_t>(end);
@@ -35,15 +40,16 @@ void ContainmentSearch::AddPhrase(size_t k) {
       if (!hasSuffix[b] && !hasPrefix[e - 1] && skipRun) continue;
       const uint64_t between = hashUpTo[e - 1] - hashUpTo[b + 1] * kHashPowers[e - b - 2];
       const int run = end - begin;
-      families_.push_back({.Run = words + begin,
-                           .Between = between,
-                           .Hash = index_.FamilyHash(words[b], between, words[e - 1], phrase.Count, run),
-                           .First = words[b],
-                           .Last = words[e - 1],
-                           .Count = phrase.Count,
-                           .Words = static_cast<uint8_t>(run),
-                           .SkipRun = skipRun,
-                           .IsPhrase = isPhrase});
+      families_.push_back(
+          {.Run = words + begin,
+           .Between = between,
+           .Hash = index_.FamilyHash(firstFamily[b], between, lastFamily[e - 1], phrase.Count, run),
+           .First = words[b],
+           .Last = words[e - 1],
+           .Count = phrase.Count,
+           .Words = static_cast<uint8_t>(run),
+           .SkipRun = skipRun,
+           .IsPhrase = isPhrase});
       FamiliesFor(families_.back()).Prefetch(families_.back().Hash);
     }
   if (families_.size() >= kTogether) LookUpFamilies();
@@ -53,16 +59,6 @@ void ContainmentSearch::Finish() {
   LookUpFamilies();
   LookUpHalves();
   LookUpPhrases();
-}
-
-/// Words of phrase `k` that the phrase of the same count which starts one word before it covers.
-int ContainmentSearch::WordsCoveredBefore(size_t k) const {
-  const auto& phrases = index_.Phrases();
-  const ContainmentIndex::Phrase& phrase = phrases[k];
-  while (k > 0 && phrases[k - 1].First == phrase.First) --k;
-  for (; k > 0 && phrases[k - 1].First + 1 == phrase.First; --k)
-    if (phrases[k - 1].Count == phrase.Count) return phrases[k - 1].Words - 1;
-  return 0;
 }
 
 const BloomFilter& ContainmentSearch::FamiliesFor(const Candidate& candidate) const {
@@ -76,8 +72,9 @@ const BloomFilter& ContainmentSearch::HalvesFor(const Candidate& candidate) cons
 void ContainmentSearch::LookUpFamilies() {
   for (Candidate& c : families_) {
     if (!FamiliesFor(c).MayHold(c.Hash)) continue;
+    const uint64_t lastFamily = HashOfWord(index_.Affixes().Of(c.Last).PrefixFamily);
     for (; c.First != kNoWord; c.First = index_.Affixes().Suffix(c.First)) {
-      c.Hash = index_.HalfHash(c.First, c.Between, c.Last, c.Count, c.Words);
+      c.Hash = index_.HalfHash(c.First, c.Between, lastFamily, c.Count, c.Words);
       HalvesFor(c).Prefetch(c.Hash);
       halves_.push_back(c);
     }
@@ -104,7 +101,7 @@ void ContainmentSearch::LookUpPhrases() {
   for (const Candidate& c : phrases_)
     index_.Entries().Visit(c.Hash, [&](uint32_t entry) {
       const bool found = IsPhraseOf(c, data_.Entries[entry]);
-      if (found) redundant_[entry].store(1, std::memory_order_relaxed);
+      if (found) redundant_.Set(entry);
       return found;
     });
   phrases_.clear();

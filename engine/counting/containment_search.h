@@ -1,11 +1,11 @@
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "engine/counting/containment_index.h"
+#include "engine/counting/redundant_flags.h"
 
 namespace korv {
 
@@ -17,10 +17,8 @@ namespace korv {
 /// on its way for many of them at once. Each thread uses an object of its own.
 class ContainmentSearch {
  public:
-  using Flags = std::vector<std::atomic<uint8_t>>;
-
   /// Sets `redundant` of each entry that is found. All must outlive the search.
-  ContainmentSearch(const PhraseTableData& data, const ContainmentIndex& index, Flags& redundant)
+  ContainmentSearch(const PhraseTableData& data, const ContainmentIndex& index, RedundantFlags& redundant)
       : data_(data), index_(index), redundant_(redundant) {}
 
   /// Adds the runs of the index's phrase `k` as candidates.
@@ -46,7 +44,6 @@ class ContainmentSearch {
     bool IsPhrase;  ///< The run is a listed phrase itself.
   };
 
-  int WordsCoveredBefore(size_t k) const;
   const BloomFilter& FamiliesFor(const Candidate& candidate) const;
   const BloomFilter& HalvesFor(const Candidate& candidate) const;
   void LookUpFamilies();
@@ -56,7 +53,7 @@ class ContainmentSearch {
 
   const PhraseTableData& data_;
   const ContainmentIndex& index_;
-  Flags& redundant_;
+  RedundantFlags& redundant_;
   // The candidates for each look-up.
   std::vector<Candidate> families_;
   std::vector<Candidate> halves_;

@@ -1,12 +1,10 @@
-#include <atomic>
-#include <vector>
-
-#include "base/pieces.h"
 #include "base/workers.h"
+#include "engine/counting/contained_pairs.h"
 #include "engine/counting/containment_index.h"
 #include "engine/counting/containment_search.h"
 #include "engine/counting/count_phrases.h"
 #include "engine/counting/phrase_table_data.h"
+#include "engine/counting/redundant_flags.h"
 
 namespace korv {
 
@@ -14,9 +12,10 @@ bool ExcludeRedundantSubphrases(PhraseTable& table, Yielder& yielder) {
   PhraseTableData& data = table.Data();
   if (data.Entries.empty()) return true;
   ContainmentIndex index(data);
-  if (!index.Build(yielder)) return false;
-
-  ContainmentSearch::Flags redundant(data.Entries.size());
+  RedundantFlags redundant(data.Entries.size());
+  if (!index.Collect(yielder) || !ContainedPairs(data, index).Mark(redundant, yielder) ||
+      !index.Hash(yielder))
+    return false;
   const bool searched = RunParts(index.Phrases().size(), yielder, [&](size_t begin, size_t end) {
     ContainmentSearch search(data, index, redundant);
     for (size_t k = begin; k < end; ++k) search.AddPhrase(k);
@@ -24,8 +23,8 @@ bool ExcludeRedundantSubphrases(PhraseTable& table, Yielder& yielder) {
   });
   if (!searched) return false;
   // No stop from here on: either all flags change or none.
-  for (size_t e = 0; e < redundant.size(); ++e)
-    if (redundant[e].load(std::memory_order_relaxed)) data.Entries[e].Listed = false;
+  for (size_t e = 0; e < data.Entries.size(); ++e)
+    if (redundant.IsSet(e)) data.Entries[e].Listed = false;
   return true;
 }
 

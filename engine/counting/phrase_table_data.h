@@ -63,4 +63,13 @@ struct PhraseTableData {
   mutable int MaxSearchDepth = 0;
 };
 
+/// Entries of a table lie all over its text. A loop over them prefetches the words of the one that is so far
+/// ahead.
+inline constexpr size_t kEntriesAhead = 16;
+
+/// Prefetches the words of an entry; does nothing behind the last.
+inline void PrefetchWords(const PhraseTableData& data, size_t entry) {
+  if (entry < data.Entries.size()) __builtin_prefetch(data.Corpus.From(data.Entries[entry].First));
+}
+
 }  // namespace korv

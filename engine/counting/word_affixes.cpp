@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <optional>
 #include <string_view>
 
 #include "base/workers.h"
@@ -36,11 +37,11 @@ template <bool Backward>
 class WordTable {
  public:
   /// Holds the words that are `wanted`, by number. After a stop the table is of no use.
-  WordTable(const Vocabulary& words, const std::vector<bool>& wanted, const Yielder& yielder)
+  WordTable(const Vocabulary& words, const ZeroedArray<uint8_t>& wanted, const Yielder& yielder)
       : words_(words), slots_(std::bit_ceil(size_t{words.Size()} * 2 + 2)) {
     for (const WordNumber w : words.All()) {
       if (yielder.Stopped()) break;
-      if (wanted[ValueOf(w)]) Insert(w);
+      if (wanted[ValueOf(w)] != 0) Insert(w);
     }
   }
 
@@ -76,46 +77,40 @@ class WordTable {
   ZeroedArray<WordNumber> slots_;
 };
 
-/// For each word the longest shorter one among those that are `wanted`.
-template <bool Backward>
-std::vector<WordNumber> LongestBeginnings(const Vocabulary& words, const std::vector<bool>& wanted,
-                                          const Yielder& yielder) {
-  const WordTable<Backward> table(words, wanted, yielder);
-  std::vector<WordNumber> longest(words.Size() + 1, kNoWord);
-  for (const WordNumber w : words.All()) {
-    if (yielder.Stopped()) break;
-    longest[ValueOf(w)] = table.LongestBeginning(w);
-  }
-  return longest;
-}
-
-/// For each word the end of its chain of shorter ones.
-std::vector<WordNumber> Families(const Vocabulary& words, const std::vector<WordNumber>& shorter,
-                                 const Yielder& yielder) {
-  std::vector<WordNumber> family(shorter.size(), kNoWord);
-  for (const WordNumber w : words.All()) {
-    if (yielder.Stopped()) break;
-    WordNumber last = w;
-    while (shorter[ValueOf(last)] != kNoWord) last = shorter[ValueOf(last)];
-    family[ValueOf(w)] = last;
-  }
-  return family;
-}
-
 }  // namespace
 
-WordAffixes::WordAffixes(const Vocabulary& words, const std::vector<bool>& isSuffix,
-                         const std::vector<bool>& isPrefix, Yielder& yielder) {
+WordAffixes::WordAffixes(const Vocabulary& words, const ZeroedArray<uint8_t>& isSuffix,
+                         const ZeroedArray<uint8_t>& isPrefix, Yielder& yielder)
+    : affixes_(size_t{words.Size()} + 1) {
   constexpr uint32_t kTooFewForThreads = 2000;
-  RunTasks(2, words.Size() < kTooFewForThreads, yielder, [&](size_t task, size_t) {
-    if (task == 0) {
-      suffix_ = LongestBeginnings<true>(words, isSuffix, yielder);
-      suffixFamily_ = Families(words, suffix_, yielder);
-    } else {
-      prefix_ = LongestBeginnings<false>(words, isPrefix, yielder);
-      prefixFamily_ = Families(words, prefix_, yielder);
+  std::optional<WordTable<true>> suffixes;
+  std::optional<WordTable<false>> prefixes;
+  const bool inTables = RunTasks(2, words.Size() < kTooFewForThreads, yielder, [&](size_t task, size_t) {
+    if (task == 0)
+      suffixes.emplace(words, isSuffix, yielder);
+    else
+      prefixes.emplace(words, isPrefix, yielder);
+  });
+  if (!inTables || !RunParts(affixes_.Size(), yielder, [&](size_t begin, size_t end) {
+        for (size_t w = std::max<size_t>(begin, 1); w < end; ++w) {
+          const WordNumber word{static_cast<uint32_t>(w)};
+          affixes_[w].Suffix = suffixes->LongestBeginning(word);
+          affixes_[w].Prefix = prefixes->LongestBeginning(word);
+        }
+      }))
+    return;
+  RunParts(affixes_.Size(), yielder, [this](size_t begin, size_t end) {
+    for (size_t w = std::max<size_t>(begin, 1); w < end; ++w) {
+      const WordNumber word{static_cast<uint32_t>(w)};
+      affixes_[w].SuffixFamily = EndOfChain(word, &Affixes::Suffix);
+      affixes_[w].PrefixFamily = EndOfChain(word, &Affixes::Prefix);
     }
   });
+}
+
+WordNumber WordAffixes::EndOfChain(WordNumber word, WordNumber Affixes::*shorter) const {
+  while (Of(word).*shorter != kNoWord) word = Of(word).*shorter;
+  return word;
 }
 
 }  // namespace korv

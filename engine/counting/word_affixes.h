@@ -1,8 +1,9 @@
 #pragma once
 
-#include <vector>
+#include <cstdint>
 
 #include "base/yielder.h"
+#include "base/zeroed_array.h"
 #include "engine/corpus/vocabulary.h"
 
 namespace korv {
@@ -16,25 +17,30 @@ namespace korv {
 ///   SuffixFamily(w) == w where Suffix(w) == kNoWord, else SuffixFamily(Suffix(w)).
 ///
 /// The same holds of prefixes. Expected time is linear in the characters of the words; memory is 16 bytes a
-/// word.
+/// word, side by side, for those of a word are wanted together.
 class WordAffixes {
  public:
-  /// `isSuffix[w]` and `isPrefix[w]`: whether word number w is to be found as the one and as the other. Uses
-  /// two threads. After a stop the object is of no use.
-  WordAffixes(const Vocabulary& words, const std::vector<bool>& isSuffix, const std::vector<bool>& isPrefix,
-              Yielder& yielder);
+  /// `isSuffix[w]` and `isPrefix[w]`: whether word number w is to be found as the one and as the other. On
+  /// all threads. After a stop the object is of no use.
+  WordAffixes(const Vocabulary& words, const ZeroedArray<uint8_t>& isSuffix,
+              const ZeroedArray<uint8_t>& isPrefix, Yielder& yielder);
+
+  struct Affixes {
+    WordNumber Suffix;
+    WordNumber Prefix;
+    WordNumber SuffixFamily;
+    WordNumber PrefixFamily;
+  };
+  const Affixes& Of(WordNumber word) const { return affixes_[ValueOf(word)]; }
 
   /// The longest word to be found that is a proper suffix of `word`, or kNoWord.
-  WordNumber Suffix(WordNumber word) const { return suffix_[ValueOf(word)]; }
-  WordNumber Prefix(WordNumber word) const { return prefix_[ValueOf(word)]; }
-  WordNumber SuffixFamily(WordNumber word) const { return suffixFamily_[ValueOf(word)]; }
-  WordNumber PrefixFamily(WordNumber word) const { return prefixFamily_[ValueOf(word)]; }
+  WordNumber Suffix(WordNumber word) const { return Of(word).Suffix; }
+  WordNumber Prefix(WordNumber word) const { return Of(word).Prefix; }
 
  private:
-  std::vector<WordNumber> suffix_;
-  std::vector<WordNumber> prefix_;
-  std::vector<WordNumber> suffixFamily_;
-  std::vector<WordNumber> prefixFamily_;
+  WordNumber EndOfChain(WordNumber word, WordNumber Affixes::*shorter) const;
+
+  ZeroedArray<Affixes> affixes_;
 };
 
 }  // namespace korv

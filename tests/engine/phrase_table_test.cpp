@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <memory>
 #include <random>
 #include <string>
@@ -288,6 +290,16 @@ TEST(ExcludeRedundantSubphrases, DropsWhatALongerPhraseOfTheSameCountContains) {
       {{{"ab cd", 2}, {"cd ab", 2}}, {"ab cd", "cd ab"}},
       {{{"é t", 1}, {"té te", 1}}, {"té te"}},
       {{{"e t", 1}, {"té te", 1}}, {"e t", "té te"}},
+      // Two words, at either end or both, by every affix.
+      {{{"s a", 2}, {"cats a", 2}}, {"cats a"}},
+      {{{"cats a", 2}, {"cats an", 2}}, {"cats an"}},
+      {{{"s a", 2}, {"ts an", 2}, {"ats and", 2}, {"cats andy", 2}}, {"cats andy"}},
+      {{{"s a", 2}, {"my cats andy ate", 2}}, {"my cats andy ate"}},
+      {{{"s a", 2}, {"my cats andy ate", 3}}, {"s a", "my cats andy ate"}},
+      {{{"s a", 2}, {"a s", 2}, {"s s", 2}}, {"s a", "a s", "s s"}},
+      {{{"a a", 2}, {"a a a", 2}, {"aa aa", 2}}, {"a a a", "aa aa"}},
+      // Three, whose middle one stays.
+      {{{"s a n", 2}, {"cats a nut", 2}, {"cats an nut", 2}}, {"cats a nut", "cats an nut"}},
   };
   for (const Case& c : cases) {
     PhraseTable table = CountedTable(c.Phrases);
@@ -303,6 +315,44 @@ TEST(ExcludeRedundantSubphrases, DoesNotLookAtUnlistedPhrases) {
   NoYielder yielder;
   ASSERT_TRUE(ExcludeRedundantSubphrases(table, yielder));
   EXPECT_THAT(Listed(table), ElementsAre("of the"));
+}
+
+/// Phrases of words that hold one another, so many that threads share the work.
+std::vector<Counted> PhrasesOfNestedWords() {
+  const char* const words[] = {"a",  "an",  "and", "andy", "s",  "es",  "ces",  "e",    "he",
+                               "th", "the", "t",   "at",   "ca", "cat", "cats", "sand", "b"};
+  std::mt19937 random(5);
+  std::map<std::string, int> counts;
+  while (counts.size() < 5000) {
+    std::string phrase;
+    for (size_t left = 2 + random() % 3; left > 0; --left) {
+      phrase += words[random() % std::size(words)];
+      if (left > 1) phrase += ' ';
+    }
+    counts.emplace(phrase, 1 + static_cast<int>(random() % 30));
+  }
+  std::vector<Counted> phrases;
+  for (const auto& [phrase, count] : counts) phrases.push_back({phrase, count});
+  return phrases;
+}
+
+TEST(ExcludeRedundantSubphrases, FindsOnThreadsWhatALookAtEveryOtherPhraseFinds) {
+  const std::vector<Counted> phrases = PhrasesOfNestedWords();
+  std::vector<std::string> expected;
+  for (const Counted& phrase : phrases)
+    if (std::none_of(phrases.begin(), phrases.end(), [&](const Counted& other) {
+          return other.second == phrase.second && other.first.size() > phrase.first.size() &&
+                 other.first.find(phrase.first) != std::string::npos;
+        }))
+      expected.push_back(phrase.first);
+  ASSERT_LT(expected.size(), phrases.size() * 9 / 10);
+  PhraseTable table = CountedTable(phrases);
+  NoYielder yielder;
+  ASSERT_TRUE(ExcludeRedundantSubphrases(table, yielder));
+  std::vector<std::string> listed = Listed(table);
+  std::ranges::sort(listed);
+  std::ranges::sort(expected);
+  EXPECT_EQ(listed, expected);
 }
 
 TEST(ExcludeRedundantSubphrases, CopesWithAnEmptyTable) {
