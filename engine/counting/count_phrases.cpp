@@ -64,7 +64,7 @@ class PhraseCounter {
     if (!sorters_[worker])
       sorters_[worker] = std::make_unique<SuffixSorter>(data_.Corpus.Tokens, data_.Corpus.Words.Size(),
                                                         data_.Corpus.Options.MaxWords, yielder_);
-    PhraseSweep sweep({&data_, &rule_, &yielder_, starts_.MostWords.Data(),
+    PhraseSweep sweep({&data_, &rule_, &yielder_, &starts_.Lengths,
                        sourceHasPhrase_.empty() ? nullptr : &sourceHasPhrase_});
     uint64_t occurrences = 0;
     // Last word first, as the sweep goes within a bucket.
@@ -125,8 +125,8 @@ class PhraseCounter {
   bool CountTooLong() {
     data_.LongPhrases = starts_.LongPhrases;
     if (!rule_.ByPhrase()) return true;
-    const auto tooLong = CountLongPhrases(data_, rule_, {starts_.MostWords.Data(), starts_.MostWords.Size()},
-                                          TooFewForThreads(data_), yielder_);
+    const auto tooLong =
+        CountLongPhrases(data_, rule_, starts_.Lengths.All(), TooFewForThreads(data_), yielder_);
     if (tooLong) data_.LongPhrases = *tooLong;
     return tooLong.has_value();
   }

@@ -8,6 +8,7 @@ namespace korv {
 PhraseSweep::PhraseSweep(const SweepContext& context)
     : context_(context),
       minWords_(context.Data->Corpus.Options.MinWords),
+      maxWords_(context.Data->Corpus.Options.MaxWords),
       minFrequency_(static_cast<uint32_t>(context.Data->Corpus.Options.MinFrequency)),
       keepRedundant_(context.Data->Corpus.Options.KeepRedundant),
       keepSlices_(KeepsPlaces(context.Data->Corpus.Options)) {}
@@ -55,8 +56,11 @@ void PhraseSweep::Sweep(const Part& part, uint32_t size, uint32_t begin, int com
     const int before = i > 0 ? part.Lcp(i) : common;
     const int after = std::exchange(after_, before);
     const Place at = part.At(i);
-    Interval closed{MostWords(at), begin + i, begin + i + 1, at, part.Left(i)};
-    if (singlesToo && closed.Depth > std::max(before, after)) Close(closed, std::max(before, after));
+    Interval closed{0, begin + i, begin + i + 1, at, part.Left(i)};
+    if (singlesToo) {
+      closed.Depth = context_.Lengths->Most(at);
+      if (closed.Depth > std::max(before, after)) Close(closed, std::max(before, after));
+    }
     while (!open_.empty() && open_.back().Depth > before) {
       Interval inner = open_.back();
       open_.pop_back();
@@ -79,7 +83,7 @@ void PhraseSweep::Sweep(const Part& part, uint32_t size, uint32_t begin, int com
 // The phrases of outerDepth + 1 to interval.Depth words occur at exactly the places of the interval.
 void PhraseSweep::Close(const Interval& interval, int outerDepth) {
   const WordNumber* first = context_.Data->Corpus.From(interval.First);
-  const int to = std::min<int>(interval.Depth, MostWords(interval.First));
+  const int to = context_.Lengths->Most(interval.First, interval.Depth);
   const int from = std::max(outerDepth + 1, minWords_);
   if (from > to) return;
   if (context_.Accepted->ByPhrase()) return CloseByPhrase(interval, from, to);
@@ -92,9 +96,16 @@ void PhraseSweep::Close(const Interval& interval, int outerDepth) {
   if (count < minFrequency_) return;
   if (keepRedundant_) {
     for (int words = to; words >= accepted; --words) Add(interval, words);
-  } else if (interval.Left == kNoWord || MostWords(interval.First - 1) <= to) {
+  } else if (!GoesOnBefore(interval, to)) {
     Add(interval, to);
   }
+}
+
+/// Whether the same word stands before all places of an interval, and makes a longer phrase with the `words`
+/// words behind it.
+bool PhraseSweep::GoesOnBefore(const Interval& interval, int words) const {
+  return interval.Left != kNoWord && words < maxWords_ &&
+         context_.Lengths->Most(interval.First - 1, words + 1) > words;
 }
 
 void PhraseSweep::Add(const Interval& interval, int words) {

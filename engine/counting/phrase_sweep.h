@@ -8,6 +8,7 @@
 #include "engine/corpus/suffix_sorter.h"
 #include "engine/counting/count_rule.h"
 #include "engine/counting/phrase_table_data.h"
+#include "engine/counting/start_places.h"
 
 namespace korv {
 
@@ -16,8 +17,7 @@ struct SweepContext {
   const PhraseTableData* Data;
   const CountRule* Accepted;
   const Yielder* Stop;
-  /// Per token: most words of a phrase that starts there.
-  const uint8_t* MostWords;
+  const PhraseLengths* Lengths;
   /// Per source: set where a phrase was counted. Null unless patterns for whole phrases are in force.
   std::vector<std::atomic<uint8_t>>* SourceHasPhrase;
 };
@@ -66,13 +66,14 @@ class PhraseSweep {
 
   template <typename Part>
   void Sweep(const Part& part, uint32_t size, uint32_t begin, int common);
-  int MostWords(Place place) const { return context_.MostWords[ValueOf(place)]; }
+  bool GoesOnBefore(const Interval& interval, int words) const;
   void Close(const Interval& interval, int outerDepth);
   void CloseByPhrase(const Interval& interval, int from, int to);
   void Add(const Interval& interval, int words);
 
   SweepContext context_;
   int minWords_;
+  int maxWords_;
   uint32_t minFrequency_;
   bool keepRedundant_;
   bool keepSlices_;

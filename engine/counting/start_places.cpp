@@ -49,6 +49,8 @@ class PhraseWindow {
 
   /// Most words of a phrase that starts here.
   int MostWords() const { return static_cast<int>(end_ - place_); }
+  /// Whether it is the characters that allow no more.
+  bool Cut() const { return end_ < std::min(phraseEnd_, place_ + maxWords_); }
 
   /// Fewest words of a phrase that counts for its words; may be more than MostWords(). With entries for whole
   /// phrases only these can tell.
@@ -91,10 +93,10 @@ class StartFinder {
   bool Find() { return MeasurePlaces() && SetUpBuckets() && FillBuckets(); }
 
  private:
-  /// Sets MostWords, and counts for each word the places and the occurrences that start with it.
+  /// Sets Lengths, and counts for each word the places and the occurrences that start with it.
   bool MeasurePlaces() {
     const size_t n = corpus_.Tokens.size();
-    starts_.MostWords = ZeroedArray<uint8_t>(n);
+    starts_.Lengths = PhraseLengths(n);
     starts_.Occurrences = ZeroedArray<uint64_t>(size_t{corpus_.Words.Size()} + 1);
     starts_.BucketEnds = ZeroedArray<uint64_t>(size_t{corpus_.Words.Size()} + 2);
     starts_.SourceHasPhrase.assign(corpus_.Sources.size(), 0);
@@ -111,7 +113,7 @@ class StartFinder {
       window.MoveToWord(place, word);
       const int most = window.MostWords();
       const int fewest = window.FewestWords();
-      starts_.MostWords[place] = static_cast<uint8_t>(most);
+      starts_.Lengths.Set(place, most, window.Cut());
       starts_.LongPhrases += window.TooLong();
       if (most < fewest) continue;
       ++starts_.BucketEnds[ValueOf(word) + 1];
@@ -140,8 +142,9 @@ class StartFinder {
     const WordNumber* tokens = corpus_.Tokens.data();
     for (size_t place = 0; place < corpus_.Tokens.size(); ++place) {
       if (place % kYieldEvery == 0 && !GoesOn(yielder_)) return false;
-      if (PhraseCounts(tokens + place, starts_.MostWords[place]))
-        starts_.Places[starts_.BucketEnds[ValueOf(tokens[place])]++] = Place{static_cast<uint32_t>(place)};
+      const Place start{static_cast<uint32_t>(place)};
+      if (PhraseCounts(tokens + place, starts_.Lengths.Most(start)))
+        starts_.Places[starts_.BucketEnds[ValueOf(tokens[place])]++] = start;
     }
     return true;
   }

@@ -80,6 +80,33 @@ TEST(CountingLargeTexts, AgreesWithTheModel) {
   }
 }
 
+/// The limit of characters shortens the phrase that begins with the long word; those that begin before it
+/// have their limit from there, wherever the places lie.
+TEST(CountingLargeTexts, TheLimitOfCharactersHoldsForPlacesBeforeTheOneThatItShortens) {
+  const std::string longWord(60, 'x');
+  const std::string longWordBehind(60, 'y');
+  for (size_t before = 0; before < 64; ++before) {
+    SCOPED_TRACE(before);
+    CountingWorld world;
+    world.Rules.CaseSignificant = true;
+    world.Rules.IgnoreShortWords = false;
+    world.Rules.IgnoreRepetitions = false;
+    world.Rules.LongWordSize = 80;
+    world.Options.MinWords = 2;
+    world.Options.MaxWords = 25;
+    for (size_t i = 0; i < before; ++i) world.Steps.push_back({Kind::Word, "w" + std::to_string(i)});
+    for (int times = 0; times < 2; ++times)
+      for (const std::string& word : {std::string("a"), std::string("b"), std::string("c"), std::string("d"),
+                                      longWord, longWordBehind, std::string("e"), std::to_string(times)})
+        world.Steps.push_back({Kind::Word, word});
+    const CountingOutcome model = ModelOutcome(world);
+    ASSERT_EQ(model.Listed.size(), 2u) << model;
+    NoYielder yielder;
+    const CountingOutcome engine = EngineOutcome(world, yielder);
+    ASSERT_TRUE(engine == model) << "model: " << model << "engine: " << engine;
+  }
+}
+
 /// Asks for a stop at every so many turns, a few times.
 class NowAndThen final : public Yielder {
  public:
