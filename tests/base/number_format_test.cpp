@@ -84,6 +84,8 @@ TEST(NumberFormat, LeadingZeroIsWrittenWhereTheLocaleHasIt) {
   const NumberFormat without{.LeadingZero = false};
   EXPECT_EQ(without.Decimals(0.25, 2), ".25");
   EXPECT_EQ(without.Decimals(-0.25, 2), "-.25");
+  EXPECT_EQ(without.Decimals(-12.5, 1), "-12.5");
+  EXPECT_EQ(NumberFormat().Decimals(-0.25, 2), "-0.25");
   EXPECT_EQ(without.Decimals(10.25, 2), "10.25");
   EXPECT_EQ(without.Decimals(0, 0), "0");
   EXPECT_EQ(NumberFormat().Decimals(0.25, 2), "0.25");

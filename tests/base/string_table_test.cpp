@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -106,6 +107,23 @@ TEST(StringTable, GivesTheSameNumbersUnderEverySeed) {
     const uint32_t number = one.Number(word);
     EXPECT_EQ(other.Number(word), number);
     EXPECT_EQ(random.Number(word), number);
+  }
+}
+
+TEST(HashBytes, DependsOnEveryByteAndOnTheLengthAndOnTheSeed) {
+  constexpr uint64_t kSeed = 0x0000'0003'0000'0005;
+  constexpr uint64_t kOther = 0x0000'0007'0000'000B;
+  for (size_t length = 0; length <= 40; ++length) {
+    const std::string text(length, 'a');
+    std::set<uint64_t> hashes{HashBytes(text, kSeed), HashBytes(text, kOther), HashBytes(text + "a", kSeed)};
+    for (size_t at = 0; at < length; ++at) {
+      std::string other = text;
+      other[at] = 'b';
+      hashes.insert(HashBytes(other, kSeed));
+      other[at] = '\0';
+      hashes.insert(HashBytes(other, kSeed));
+    }
+    EXPECT_EQ(hashes.size(), 3 + 2 * length) << length;
   }
 }
 
