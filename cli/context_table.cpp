@@ -43,7 +43,7 @@ ContextTable::ContextTable(const CountedRun& run, const DocxContext& context, st
       yielder_(context.Yielder),
       out_(out),
       tell_(std::move(tell)),
-      locator_(corpus_, context, run.KeptText, readAs) {}
+      locator_(corpus_, context, run.KeptText, readAs, run.Documents) {}
 
 bool ContextTable::Write(std::span<const WordNumber> phrase, PlaceOrder order, size_t around) {
   out_ << Line({"file", "line", "column", "left", "phrase", "right"});
@@ -74,7 +74,7 @@ std::string ContextTable::Row(Place place, std::span<const WordNumber> phrase, s
     const PlaceInText words = WordsAround(corpus_, place, static_cast<int>(phrase.size()), around);
     return Line({FileOf(place), "", "", words.Left, words.Phrase, words.Right});
   }
-  return Line({FileOf(place), std::to_string(found->Line), std::to_string(found->Column), found->Left,
+  return Line({FileOf(place), std::to_string(found->Number), std::to_string(found->Column), found->Left,
                found->Phrase, found->Right});
 }
 

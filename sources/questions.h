@@ -19,5 +19,7 @@ inline constexpr Question kLargeWordList{"LargeWordList"};
 inline constexpr Question kLargeDocx{"LargeDocx"};
 /// Stop taking the text out of a .docx?
 inline constexpr Question kStopDocx{"StopDocx"};
+/// Go on with a file that unpacks to suspiciously much?
+inline constexpr Question kPackedDensely{"PackedDensely"};
 
 }  // namespace korv::questions

@@ -47,7 +47,7 @@ void AddRow(const Cells& cells, const char* tag, ContextCopy& copy) {
 
 Cells CellsOf(const ContextList& list, Place place, const PlaceInText& text) {
   const size_t source = list.Run().Table.Corpus().SourceAt(place);
-  return {NameOfText(list.Run(), source), text.Line == 0 ? "" : std::to_string(text.Line), text.Left,
+  return {NameOfText(list.Run(), source), text.Number == 0 ? "" : std::to_string(text.Number), text.Left,
           WithSingleBlanks(text.Phrase), text.Right};
 }
 

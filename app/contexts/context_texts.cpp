@@ -46,6 +46,43 @@ std::string PlaceName(const CountedRun& run, size_t source, uint64_t line) {
   return NameOfText(run, source) + ":" + std::to_string(line);
 }
 
+std::string LineText(const PlaceInText& place) {
+  const std::string number = std::to_string(place.Number);
+  switch (place.Unit) {
+    case PlaceUnit::Page:
+      return Fill(Tr("Page %1"), {number});
+    case PlaceUnit::Chapter:
+      return Fill(Tr("Chapter %1"), {number});
+    case PlaceUnit::Cue:
+      return Fill(Tr("Cue %1"), {number});
+    case PlaceUnit::Segment:
+      return Fill(Tr("Segment %1"), {number});
+    case PlaceUnit::Line:
+      break;
+  }
+  return Fill(Tr("Line %1, column %2"), {number, std::to_string(place.Column)});
+}
+
+std::string OccurrencePlaceText(const PlaceInText& place, const std::string& name,
+                                const std::string& occurrence, const std::string& all,
+                                const NumberFormat& numbers) {
+  const std::string number = Grouped(place.Number, numbers);
+  switch (place.Unit) {
+    case PlaceUnit::Page:
+      return Fill(Tr("%1, page %2 \u2013 occurrence %3 of %4"), {name, number, occurrence, all});
+    case PlaceUnit::Chapter:
+      return Fill(Tr("%1, chapter %2 \u2013 occurrence %3 of %4"), {name, number, occurrence, all});
+    case PlaceUnit::Cue:
+      return Fill(Tr("%1, cue %2 \u2013 occurrence %3 of %4"), {name, number, occurrence, all});
+    case PlaceUnit::Segment:
+      return Fill(Tr("%1, segment %2 \u2013 occurrence %3 of %4"), {name, number, occurrence, all});
+    case PlaceUnit::Line:
+      break;
+  }
+  return Fill(Tr("%1, line %2, column %3 \u2013 occurrence %4 of %5"),
+              {name, number, Grouped(place.Column, numbers), occurrence, all});
+}
+
 std::string OccurrencesText(const ContextList& list, const NumberFormat& numbers) {
   const uint64_t occurrences = list.Occurrences();
   if (occurrences == 0) return Tr("No occurrence");

@@ -15,6 +15,12 @@ namespace korv {
 std::string NameOfText(const CountedRun& run, size_t source);
 /// "whale.txt:12".
 std::string PlaceName(const CountedRun& run, size_t source, uint64_t line);
+/// "Line 12, column 3"; "Page 12" where pages stand for lines.
+std::string LineText(const PlaceInText& place);
+/// "whale.txt, line 12, column 3 – occurrence 5 of 7".
+std::string OccurrencePlaceText(const PlaceInText& place, const std::string& name,
+                                const std::string& occurrence, const std::string& all,
+                                const NumberFormat& numbers);
 
 /// "1,234 occurrences in 56 files"; of a sample "1,000 of 1,234 occurrences in 56 files, drawn at random
 /// (seed 7)".

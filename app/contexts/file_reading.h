@@ -45,7 +45,9 @@ class FileReading {
 
   struct Open {
     Open(std::shared_ptr<const CountedRun> run, FileSystem& files)
-        : Run(std::move(run)), Locator(Run->Table.Corpus(), {files, Messages, Yielder}, Run->KeptText) {}
+        : Run(std::move(run)),
+          Locator(Run->Table.Corpus(), {files, Messages, Yielder}, Run->KeptText, /*readAs=*/{},
+                  Run->Documents) {}
 
     std::shared_ptr<const CountedRun> Run;
     QuietMessages Messages;

@@ -22,6 +22,7 @@
 #include "sources/detect/encoding_choice.h"
 #include "sources/detect/text_file_code.h"
 #include "sources/folders/file_selection.h"
+#include "sources/read/document_choice.h"
 
 namespace korv {
 
@@ -60,6 +61,7 @@ struct RunRequest {
   bool OffersWaysOut = false;
 
   bool ExtractTextFromDocx = false;
+  DocumentChoice Documents;
 };
 
 struct RunServices {
@@ -90,6 +92,7 @@ struct CountedRun {
   RunSummary Facts;
   ComparisonChoice Comparison{};  ///< As in the request. Of use where Facts has a second side.
   std::string OutputPath;         ///< As in the request, or as chosen during the run.
+  DocumentChoice Documents;       ///< As in the request.
   std::string KeptText;           ///< Of the clipboard or the stream, in its own encoding, where it is kept.
   std::string FileKind;           ///< Single file: FileKindAfterRun(), which lblTotalNumOccurrences shows.
   bool Interrupted = false;       ///< Stopped at some point; the user wanted what was found.

@@ -4,7 +4,8 @@ namespace korv {
 
 FileSelection SelectionOf(const Settings& settings) {
   return {.Patterns = SplitPatterns(settings.FilePatterns),
-          .Exclusions = SplitPatterns(settings.ExcludedTexts)};
+          .Exclusions = SplitPatterns(settings.ExcludedTexts),
+          .OtherDocuments = settings.Documents.Others};
 }
 
 RunRequest RunRequestOf(const Settings& settings) {
@@ -21,6 +22,7 @@ RunRequest RunRequestOf(const Settings& settings) {
   request.Selection = SelectionOf(settings);
   request.IncludeSubfolders = settings.IncludeSubfolders;
   request.ExtractTextFromDocx = settings.ExtractTextFromDocx;
+  request.Documents = settings.Documents;
   return request;
 }
 

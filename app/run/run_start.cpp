@@ -42,6 +42,7 @@ void BeginRun(const RunRequest& request, Yielder& yielder, CountedRun& run) {
   facts.Paths = request.Paths;
   if (!request.Compared.empty()) facts.SecondSide = SecondSide{.Paths = request.Compared};
   run.Comparison = request.Comparison;
+  run.Documents = request.Documents;
   facts.InputPath = request.Paths.empty() ? PathOfSource(request) : std::string();
   run.OutputPath = TrimmedPath(request.OutputPath);
 }

@@ -41,6 +41,10 @@ std::string SkippedFilesInMessage(const RunSummary& facts) {
   return text;
 }
 
+bool IsDocx(const fs::path& path) {
+  return FileExtension(PathToText(path), true) == kDocxExtension;
+}
+
 /// For as long as this lives, one answer about the encoding holds for every file.
 class OneAnswerForAll {
  public:
@@ -351,15 +355,16 @@ bool SourceReader::ReadDocument(const fs::path& path, Alone alone) {
   OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
   const std::string size = opened.File ? FileSizeLabel(opened.File->Size(), services_.Numbers) : "";
   services_.View.Sizes(size, "");
-  const DocumentReader& reader = ReaderOfFile(path, opened.Head, request_.ReadAs);
+  const DocumentReader& reader = ReaderOfFile(path, opened.Head, request_.ReadAs, request_.Documents.Others);
   Expected<DocumentText, DocumentRefusal> text =
       reader.Open(path, std::move(opened),
                   {services_.Files, services_.Messages, services_.Yielder, alone == Alone::No,
-                   [this](const std::string& bar) { services_.View.TextProgress(bar); }, request_.ReadAs});
+                   [this](const std::string& bar) { services_.View.TextProgress(bar); }, request_.ReadAs,
+                   request_.Documents});
   if (!text) return Refuse(path, text.Error(), alone);
   if (text->Origin.IsDocument) {
     services_.View.Sizes(size, TextSizeLabel(text->Head.size(), services_.Numbers));
-    if (request_.ExtractTextFromDocx) KeepExtractedText(path, text->Head);
+    if (request_.ExtractTextFromDocx && IsDocx(path)) KeepExtractedText(path, text->Head);
   }
   return ReadText(path, std::move(*text), alone);
 }

@@ -14,6 +14,7 @@
 #include "sources/detect/encoding_sample.h"
 #include "sources/detect/source_checks.h"
 #include "sources/detect/text_file_check.h"
+#include "sources/documents/other_readers.h"
 #include "sources/folders/folder_walk.h"
 #include "sources/read/docx.h"
 #include "sources/read/read_plan.h"
@@ -65,39 +66,42 @@ std::optional<ReadAs> EncodingOf(OpenedText& opened) {
   return LooksLikeUtf8({sample.data(), length}) ? ReadAs::Utf8 : ReadAs::Ansi;
 }
 
-FileLook LookInto(FileSystem& files, const std::filesystem::path& path) {
+FileLook LookInto(FileSystem& files, const std::filesystem::path& path, bool others) {
   OpenedText opened = OpenTextSource(files, path, kRunThreshold);
   const std::string extension = FileExtension(PathToText(path), true);
   if (opened.File && extension == kDocxExtension && BeginsAsDocx(opened.Head))
     return {.Kind = TrLater("Word document"), .Refusal = {}, .Encoding = ReadAs::Utf8};
+  if (others && OtherReaderOf(extension, opened.Head, /*isTyped=*/false) != nullptr)
+    return {.Kind = KindOfOther(extension), .Refusal = {}, .Encoding = ReadAs::Utf8};
   if (!IsReadableText(opened.Facts.Code))
     return {.Kind = {}, .Refusal = SkipReason(opened.Facts.Code), .Encoding = {}};
   return {.Kind = KindOfName(extension), .Refusal = {}, .Encoding = EncodingOf(opened)};
 }
 
-void SurveyFile(const std::string& typed, FileSystem& files, SourceSurvey& survey) {
-  const std::filesystem::path path = PathFromText(TrimmedPath(typed));
+void SurveyFile(const SurveyRequest& request, FileSystem& files, SourceSurvey& survey) {
+  const std::filesystem::path path = PathFromText(TrimmedPath(request.Path));
   survey.Found = files.FileExists(path);
   // Opening a pipe would wait for whoever writes into it; it has no size.
   const auto size = files.FileSize(path);
   if (!survey.Found || !size) return;
   survey.Files = 1;
   survey.Bytes = *size;
-  const FileLook look = LookInto(files, path);
+  const FileLook look = LookInto(files, path, request.Selection.OtherDocuments);
   survey.LookedInto = true;
   survey.FileKind = look.Kind;
   survey.Refusal = look.Refusal;
   if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
 }
 
-void SurveyFileOfMany(FileSystem& files, const std::filesystem::path& path, SourceSurvey& survey) {
+void SurveyFileOfMany(FileSystem& files, const std::filesystem::path& path, bool others,
+                      SourceSurvey& survey) {
   const auto size = files.FileSize(path);
   if (size) survey.Bytes += *size;
   if (++survey.Files > kMostLookedInto) survey.LookedInto = false;
   if (!survey.LookedInto) return;
   // Opening a pipe would wait for whoever writes into it.
   if (!size && files.FileExists(path)) return;
-  const FileLook look = LookInto(files, path);
+  const FileLook look = LookInto(files, path, others);
   if (!look.Refusal.empty()) ++survey.Refused;
   if (look.Encoding) CountReading(*look.Encoding, survey.Encodings);
 }
@@ -105,7 +109,9 @@ void SurveyFileOfMany(FileSystem& files, const std::filesystem::path& path, Sour
 void SurveyFolder(const SurveyRequest& request, FileSystem& files, Yielder& yielder, SourceSurvey& survey) {
   FolderWalk walk(files, yielder, request.Selection, request.IncludeSubfolders);
   FolderEvents events;
-  events.Wanted = [&](const std::filesystem::path& path) { SurveyFileOfMany(files, path, survey); };
+  events.Wanted = [&](const std::filesystem::path& path) {
+    SurveyFileOfMany(files, path, request.Selection.OtherDocuments, survey);
+  };
   survey.LookedInto = true;
   if (!request.Together.empty()) {
     survey.Found = true;
@@ -158,7 +164,7 @@ std::string FileText(const SourceSurvey& survey) {
 SourceSurvey SurveySource(const SurveyRequest& request, FileSystem& files, Yielder& yielder) {
   SourceSurvey survey;
   survey.Kind = request.Kind;
-  if (request.Kind == TextSource::SingleFile) SurveyFile(request.Path, files, survey);
+  if (request.Kind == TextSource::SingleFile) SurveyFile(request, files, survey);
   if (request.Kind == TextSource::Folder) SurveyFolder(request, files, yielder, survey);
   return survey;
 }

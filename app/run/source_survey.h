@@ -20,7 +20,7 @@ struct SurveyRequest {
   TextSource Kind = TextSource::SingleFile;
   std::string Path{};                  ///< UTF-8, as typed.
   std::vector<SourcePath> Together{};  ///< Of a folder source: several paths in its place.
-  FileSelection Selection{};
+  FileSelection Selection{};           ///< Of a single file only whether further documents are read.
   bool IncludeSubfolders = false;
 
   bool operator==(const SurveyRequest&) const = default;

@@ -332,6 +332,13 @@ constexpr SettingRow kRows[] = {
      .Reset = ResetBy::RestoreDefaults,
      .Places = {11},
      .Control = "chkExtractTextFromDocx"},
+    {.Name = "ReadOtherDocuments",
+     .Value = Check<&Settings::Documents, &DocumentChoice::Others>(),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkReadOtherDocuments",
+     .Option = {.Name = "--documents",
+                .Group = OptionGroup::Sources,
+                .Help = TrLater("Read other documents too: OpenDocument, EPUB")}},
 
     // Report
     {.Name = "DisplayFormat",

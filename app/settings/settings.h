@@ -7,6 +7,7 @@
 #include "engine/run_options.h"
 #include "engine/text/word_rules.h"
 #include "report/report_options.h"
+#include "sources/read/document_choice.h"
 
 namespace korv {
 
@@ -57,6 +58,8 @@ struct Settings {
   ReportOptions Report;
 
   bool ExtractTextFromDocx = false;
+  DocumentChoice
+      Documents;  ///< chkReadOtherDocuments, txbDocumentSegments, txbOnlyElements, txbSkippedElements
   bool SaveStateOnQuit = false;
   bool WarnOnOverwrite = false;
 };

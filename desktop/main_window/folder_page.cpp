@@ -153,7 +153,8 @@ void FolderPage::cmdListFiles_Click() {
 
 FileSelection FolderPage::Selection() const {
   return {.Patterns = SplitPatterns(FromQt(txbFileFilepathSpecifications[0]->text())),
-          .Exclusions = SplitPatterns(FromQt(txbFileFilepathSpecifications[1]->text()))};
+          .Exclusions = SplitPatterns(FromQt(txbFileFilepathSpecifications[1]->text())),
+          .OtherDocuments = ReadsOtherDocuments()};
 }
 
 void FolderPage::ShowTogether(const std::vector<SourcePath>& paths) {

@@ -40,6 +40,8 @@ class FolderPage final : public QWidget {
       [](const auto&, const auto&) {};
   /// The files of the several sources are to be listed.
   std::function<void(const FileSelection& files)> ListTogether = [](const auto&) {};
+  /// Whether the user wants other documents read too, which are then files of the folder.
+  std::function<bool()> ReadsOtherDocuments = [] { return false; };
   /// The folder is the source again.
   std::function<void()> TogetherEnded = [] {};
 

@@ -130,6 +130,7 @@ void frmMain::ConnectPanels() {
     run_->ListFilesTogether(work_.Together(), files,
                             panels_.Source->Folder->chkIncludeSubfolders->isChecked());
   };
+  source.Folder->ReadsOtherDocuments = [this] { return work_.Current().Documents.Others; };
   source.Folder->TogetherEnded = [this] { work_.CountTogether(ChangedBy::User, {}); };
   panels_.WordsToIgnore->RuleChosen = [this] { SetWordsToIgnoreNotice(); };
   panels_.WordsToIgnore->SetParametersWanted = [this] { cmdSetParameters_Click(); };

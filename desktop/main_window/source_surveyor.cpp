@@ -17,6 +17,7 @@ constexpr int kPause = 400;  // milliseconds without a further key
 SurveyRequest RequestOf(const Workspace& work) {
   const Settings& settings = work.Current();
   SurveyRequest request{.Kind = settings.SourceKind};
+  request.Selection.OtherDocuments = settings.Documents.Others;
   if (request.Kind == TextSource::SingleFile) request.Path = TrimmedPath(settings.InputFile);
   if (request.Kind != TextSource::Folder) return request;
   request.Together = work.Together();

@@ -25,6 +25,9 @@ BehaviourPanel::BehaviourPanel(QWidget* parent) : QGroupBox(Tr("Options"), paren
   chkExtractTextFromDocx->setToolTip(
       Tr("If checked then text extracted from .docx files will be written to files in an "
          "'extracted_text' subfolder."));
+  chkReadOtherDocuments = MakeCheckBox("chkReadOtherDocuments", Tr("Read other documents too"), this);
+  chkReadOtherDocuments->setToolTip(
+      Tr("OpenDocument texts (.odt, .fodt) and e-books (.epub). If not checked they are refused."));
   chkSaveStateOnQuit = MakeCheckBox("chkSaveStateOnQuit", Tr("Save settings when quitting"), this);
   chkWarnOnOverwrite = MakeCheckBox("chkWarnOnOverwrite", Tr("Warn on overwrite of output file"), this);
   auto* patterns = new QHBoxLayout;
@@ -37,12 +40,13 @@ BehaviourPanel::BehaviourPanel(QWidget* parent) : QGroupBox(Tr("Options"), paren
   layout->addWidget(chkWarnOnOverwrite, 1, 1);
   layout->setColumnStretch(0, 1);
   layout->setHorizontalSpacing(16);
-  layout->setRowStretch(2, 1);
+  layout->addWidget(chkReadOtherDocuments, 2, 0);
+  layout->setRowStretch(3, 1);
 }
 
 std::vector<QWidget*> BehaviourPanel::TabOrder() const {
-  return {chkPatternMatchingInWordsToIgnoreFile, chkExtractTextFromDocx, chkSaveStateOnQuit,
-          chkWarnOnOverwrite};
+  return {chkPatternMatchingInWordsToIgnoreFile, chkExtractTextFromDocx, chkReadOtherDocuments,
+          chkSaveStateOnQuit, chkWarnOnOverwrite};
 }
 
 }  // namespace korv

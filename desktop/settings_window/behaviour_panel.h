@@ -14,6 +14,7 @@ class BehaviourPanel final : public QGroupBox {
 
   QCheckBox* chkPatternMatchingInWordsToIgnoreFile = nullptr;
   QCheckBox* chkExtractTextFromDocx = nullptr;
+  QCheckBox* chkReadOtherDocuments = nullptr;
   QCheckBox* chkSaveStateOnQuit = nullptr;
   QCheckBox* chkWarnOnOverwrite = nullptr;
 

@@ -5,6 +5,7 @@
 #include "base/size_text.h"
 #include "base/translation.h"
 #include "sources/detect/foreign_kind.h"
+#include "sources/documents/other_readers.h"
 #include "sources/questions.h"
 
 namespace korv {
@@ -154,6 +155,19 @@ bool IsTextFile(TextFileCheck& check, const std::filesystem::path& path, bool si
   return true;
 }
 
+namespace {
+
+/// The advice on a file of another kind, and how Korv reads it where it can.
+std::string AdviceOn(const std::string& path, std::string_view head) {
+  std::string advice = ForeignKindAdvice(head);
+  if (OtherReaderOf(FileExtension(path, true), head, /*isTyped=*/false) == nullptr) return advice;
+  if (!advice.empty()) advice += '\n';
+  return advice +
+         Tr("Korv reads it with the setting \"Read other documents too\" (korv-count: --documents).");
+}
+
+}  // namespace
+
 Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::string_view head,
                           uint64_t size, const NumberFormat& format) {
   Message message;
@@ -170,7 +184,7 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::
     case TextFileCode::UnicodeNotUtf8:
       message.Text = FatalText(facts.Code, path);
       message.Title = Tr("Not a text file");
-      message.Addition = ForeignKindAdvice(head);
+      message.Addition = AdviceOn(path, head);
       break;
     case TextFileCode::NotText:
       message.Text = Fill(Tr("%1 is not a text file."), {path}) + "\n\n";
@@ -185,7 +199,7 @@ Message SingleFileRefusal(const std::string& path, const TextFacts& facts, std::
       }
       message.Text += CopyAdvice(facts.AnomalyPercent, size);
       message.Title = Tr("Not a text file");
-      message.Addition = ForeignKindAdvice(head);
+      message.Addition = AdviceOn(path, head);
       break;
     default:
       message.Text = Tr("This file cannot be opened.");

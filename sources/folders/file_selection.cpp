@@ -6,6 +6,7 @@
 #include "base/translation.h"
 #include "engine/text/unicode.h"
 #include "sources/detect/classification.h"
+#include "sources/documents/other_readers.h"
 
 namespace korv {
 
@@ -78,7 +79,9 @@ bool IsRefusedExtension(std::string_view extension) {
 
 bool FileIsWanted(const FileSelection& selection, std::string_view filePath) {
   const std::string name = LowerText(FileNamePart(filePath));
-  if (IsRefusedExtension(FileExtension(name, false))) return false;
+  const std::string extension = FileExtension(name, false);
+  if (IsRefusedExtension(extension) && !(selection.OtherDocuments && IsOtherExtension(extension)))
+    return false;
   for (const std::string& text : selection.Exclusions)
     if (name.find(LowerText(text)) != std::string::npos) return false;
   if (selection.Patterns.empty()) return true;

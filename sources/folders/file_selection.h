@@ -13,6 +13,7 @@ namespace korv {
 struct FileSelection {
   std::vector<std::string> Patterns;    ///< "*" and "?" are wildcards; none at all wants every file.
   std::vector<std::string> Exclusions;  ///< Names that hold one of these are not wanted.
+  bool OtherDocuments = false;          ///< Further kinds of documents are read: none of them is refused.
 
   bool operator==(const FileSelection&) const = default;
 };

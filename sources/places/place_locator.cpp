@@ -54,13 +54,30 @@ Expected<PlaceInText, PlaceFault> PlaceLocator::Locate(Place place, int words, s
   const ReplayedLine& line = *lines_[firstWord.Line];
   const RawSpan begin = SpanOf(firstWord);
   const size_t end = SpanOf(lastWord).End;
-  return PlaceInText{.Line = line.Line,
-                     .Column = line.ColumnsBefore + begin.Characters + 1,
-                     .Phrase = PhraseBetween(firstWord, begin.Begin, lastWord, end),
-                     .Left = LeftOf(firstWord, begin.Begin, around),
-                     .Right = RightOf(lastWord, end, around),
-                     .Begin = line.Offset + begin.Begin,
-                     .End = lines_[lastWord.Line]->Offset + end};
+  PlaceInText found{.Line = line.Line,
+                    .Column = line.ColumnsBefore + begin.Characters + 1,
+                    .Phrase = PhraseBetween(firstWord, begin.Begin, lastWord, end),
+                    .Left = LeftOf(firstWord, begin.Begin, around),
+                    .Right = RightOf(lastWord, end, around),
+                    .Begin = line.Offset + begin.Begin,
+                    .End = lines_[lastWord.Line]->Offset + end,
+                    .Unit = PlaceUnit::Line,
+                    .Number = line.Line};
+  SetNumber(found);
+  return found;
+}
+
+/// Only a document has marks.
+std::span<const TextMark> PlaceLocator::Marks(size_t source) const {
+  return documentOf_ == source ? std::span<const TextMark>(marks_) : std::span<const TextMark>();
+}
+
+void PlaceLocator::SetNumber(PlaceInText& place) const {
+  const std::span<const TextMark> marks = Marks(source_);
+  const auto behind = MarkBehind(marks, place.Begin);
+  if (behind == marks.begin()) return;
+  place.Unit = unit_;
+  place.Number = (behind - 1)->Number;
 }
 
 /// Whether reading on is as good as beginning at an anchor.
@@ -91,7 +108,8 @@ PlaceLocator::Fault PlaceLocator::Open(size_t source, Place from) {
   if (!reader) return reader.Error();
   readerBegin_ = anchor.Offset();
   replay_ = std::make_unique<TextReplay>(corpus_, source, anchor, *columns,
-                                         MarkersOf(corpus_.Sources[source], readAs_), std::move(*reader));
+                                         MarkersOf(corpus_.Sources[source], readAs_), std::move(*reader),
+                                         Marks(source));
   return std::nullopt;
 }
 
@@ -179,11 +197,14 @@ PlaceLocator::Fault PlaceLocator::ReadDocument(size_t source) {
   if (!opened.File) return PlaceFault::Unreadable;
   if (opened.File->Size() != of.Origin.Size || opened.File->Modified() != of.Origin.Modified)
     return PlaceFault::Changed;
-  auto text = ReaderOfName(of.Path).Open(
-      of.Path, std::move(opened),
-      {context_.Files, context_.Messages, context_.Yielder, /*IsOneOfMany=*/true, /*ShowProgress=*/{}});
+  const DocumentReader& reader = ReaderOfFile(of.Path, opened.Head, readAs_, documents_.Others);
+  auto text = reader.Open(of.Path, std::move(opened),
+                          {context_.Files, context_.Messages, context_.Yielder, /*IsOneOfMany=*/true,
+                           /*ShowProgress=*/{}, readAs_, documents_});
   if (!text) return PlaceFault::Unreadable;
   document_ = std::move(text->Head);
+  marks_ = std::move(text->Marks);
+  unit_ = text->Unit;
   documentOf_ = source;
   return std::nullopt;
 }

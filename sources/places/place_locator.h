@@ -4,14 +4,19 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "base/expected.h"
 #include "engine/corpus/corpus.h"
 #include "sources/places/context_text.h"
 #include "sources/places/text_replay.h"
+#include "sources/read/document_choice.h"
 #include "sources/read/docx.h"
+#include "sources/read/text_marks.h"
 
 namespace korv {
 
@@ -26,6 +31,9 @@ struct PlaceInText {
   /// Offsets of the phrase in the bytes of the file, or of the text extracted from it.
   uint64_t Begin;
   uint64_t End;
+  /// What stands for the line: that itself, or the page, chapter, cue or segment of a document.
+  PlaceUnit Unit = PlaceUnit::Line;
+  uint64_t Number = 0;  ///< Of that, from 1; 0 where nothing is known of it.
 };
 
 enum class PlaceFault {
@@ -45,11 +53,11 @@ enum class PlaceFault {
 class PlaceLocator {
  public:
   /// `text`: that of the source without a path, from its first byte behind a signature; empty where it was
-  /// not kept. `readAs`: the extension that all texts were read by, empty for their own. All must outlive the
-  /// object.
+  /// not kept. `readAs`: the extension that all texts were read by, empty for their own. `documents`: as in
+  /// the run. All others must outlive the object.
   PlaceLocator(const Corpus& corpus, const DocxContext& context, std::string_view text,
-               std::string_view readAs = {})
-      : corpus_(corpus), context_(context), text_(text), readAs_(readAs) {}
+               std::string_view readAs = {}, DocumentChoice documents = {})
+      : corpus_(corpus), context_(context), text_(text), readAs_(readAs), documents_(std::move(documents)) {}
 
   /// The phrase of `words` words at `place`, with at most `around` code points of whole words on both sides,
   /// beyond phrase ends too but not beyond the file.
@@ -69,6 +77,8 @@ class PlaceLocator {
   Expected<std::unique_ptr<TextReader>, PlaceFault> ReaderAt(size_t source, const LineAnchor& anchor);
   Expected<uint64_t, PlaceFault> ColumnsBefore(size_t source, const LineAnchor& anchor);
   Fault ReadDocument(size_t source);
+  std::span<const TextMark> Marks(size_t source) const;
+  void SetNumber(PlaceInText& place) const;
   bool ReadLine();
   Fault ReadUntil(Place token, Place from);
   bool Find(Place token, Hit& hit) const;
@@ -83,11 +93,14 @@ class PlaceLocator {
   DocxContext context_;
   std::string_view text_;
   std::string_view readAs_;
+  DocumentChoice documents_;
 
   size_t source_ = SIZE_MAX;  ///< The one that is being read.
   std::unique_ptr<InputFile> file_;
   size_t documentOf_ = SIZE_MAX;  ///< The source that document_ is the text of.
   std::string document_;
+  std::vector<TextMark> marks_;  ///< Of that text.
+  PlaceUnit unit_ = PlaceUnit::Line;
   uint64_t readerBegin_ = 0;  ///< Offset of the first byte that the reader was given.
   std::unique_ptr<TextReplay> replay_;
   std::deque<std::unique_ptr<ReplayedLine>> lines_;  ///< Those around the place.

@@ -21,8 +21,11 @@ TextEncoding EncodingOf(const Corpus& corpus, size_t source) {
 }  // namespace
 
 TextReplay::TextReplay(const Corpus& corpus, size_t source, const LineAnchor& anchor, uint64_t columnsBefore,
-                       const CommentMarkers& markers, std::unique_ptr<TextReader> reader)
+                       const CommentMarkers& markers, std::unique_ptr<TextReader> reader,
+                       std::span<const TextMark> marks)
     : corpus_(corpus),
+      marks_(marks),
+      readFrom_(anchor.Offset()),
       end_(EndOfSource(corpus, source)),
       stream_(corpus.Rules, corpus.Options, *corpus.Lists),
       scanner_(corpus.Rules, markers, *this),
@@ -52,6 +55,7 @@ std::unique_ptr<ReplayedLine> TextReplay::NextLine() {
   line->FirstToken = NextToken();
   line->Bytes = reader_->LineBytes();
   current_ = line.get();
+  if (line->StartsLine && EndsPhraseAt(marks_, readFrom_ + reader_->LineOffset())) ResetPhrases();
   scanner_.ScanLine(reader_->Line(), line->StartsLine, reader_->EndsLine());
   // What follows may go on the line.
   columns_ += CharactersIn(line->Bytes, encoding_);

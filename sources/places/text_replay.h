@@ -3,12 +3,14 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "engine/corpus/corpus.h"
 #include "engine/corpus/corpus_builder.h"
 #include "sources/places/raw_line.h"
+#include "sources/read/text_marks.h"
 #include "sources/read/text_reader.h"
 #include "sources/scan/line_scanner.h"
 
@@ -39,9 +41,11 @@ struct ReplayedLine {
 class TextReplay final : private WordSink {
  public:
   /// `source` is an index in corpus.Sources; `reader` stands at the line of `anchor`, of which
-  /// `columnsBefore` code points came before it. The corpus must outlive the object.
+  /// `columnsBefore` code points came before it. `marks`: those of the text, by their offsets in it. The
+  /// corpus and they must outlive the object.
   TextReplay(const Corpus& corpus, size_t source, const LineAnchor& anchor, uint64_t columnsBefore,
-             const CommentMarkers& markers, std::unique_ptr<TextReader> reader);
+             const CommentMarkers& markers, std::unique_ptr<TextReader> reader,
+             std::span<const TextMark> marks = {});
 
   /// Null at the end of the text.
   std::unique_ptr<ReplayedLine> NextLine();
@@ -60,7 +64,9 @@ class TextReplay final : private WordSink {
   void Compare(size_t before);
 
   const Corpus& corpus_;
-  Place end_;  ///< First token behind the text.
+  std::span<const TextMark> marks_;
+  uint64_t readFrom_;  ///< Offset in the text at which the reader began.
+  Place end_;          ///< First token behind the text.
   CorpusBuilder stream_;
   LineScanner<WordSink> scanner_;
   std::unique_ptr<TextReader> reader_;

@@ -19,6 +19,8 @@ TextSummary CorpusReader::Read(const std::filesystem::path& path, DocumentText t
     // Pieces of mark-up depend on what came before them.
     const bool resumable = reader.StartsLine() ? !scanner.InRegion() : isPlain && !scanner.HoldsBack();
     corpus_.BeginLine(reader.LineOffset(), line, reader.StartsLine(), resumable);
+    if (!text.Marks.empty() && reader.StartsLine() && EndsPhraseAt(text.Marks, reader.LineOffset()))
+      corpus_.ResetPhrases();
     scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
     progress_.BytesRead = reader.BytesRead();
     progress_.Words = corpus_.Counts().Taken;

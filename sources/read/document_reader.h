@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/expected.h"
 #include "base/number_format.h"
@@ -15,7 +16,9 @@
 #include "platform/messages.h"
 #include "sources/detect/classification.h"
 #include "sources/detect/comment_markers.h"
+#include "sources/read/document_choice.h"
 #include "sources/read/text_decoder.h"
+#include "sources/read/text_marks.h"
 
 namespace korv {
 
@@ -28,6 +31,7 @@ struct ReadContext {
   /// Gets a bar of characters while a large document is unpacked; may be empty.
   std::function<void(const std::string&)> ShowProgress;
   std::string_view ReadAs{};  ///< The extension that a text is read by; empty for its own.
+  DocumentChoice Documents{};
 };
 
 /// The text of a document, ready to be read line by line.
@@ -38,6 +42,8 @@ struct DocumentText {
   std::optional<TextEncoding> Encoding;  ///< Empty: as the user chooses for files with such Facts.
   CommentMarkers Markers;                ///< Of the regions that are no text.
   SourceOrigin Origin;                   ///< IsUtf8 is set when the text has been read.
+  std::vector<TextMark> Marks;           ///< By their offsets in Head, which is then all of the text.
+  PlaceUnit Unit = PlaceUnit::Line;      ///< What Marks count; without Marks lines of the text count.
 };
 
 /// Why a document cannot be read, in the words of a run of this file alone and of a folder run.

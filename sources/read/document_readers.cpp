@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+#include "sources/documents/other_readers.h"
+
 namespace korv {
 
 // One for each kind of document, in the file of its name.
@@ -39,7 +41,11 @@ const DocumentReader& ReaderOfName(const std::filesystem::path& path, std::strin
 }
 
 const DocumentReader& ReaderOfFile(const std::filesystem::path& path, std::string_view head,
-                                   std::string_view readAs) {
+                                   std::string_view readAs, bool others) {
+  if (others) {
+    const std::string extension = FileExtension(PathToText(path), true);
+    if (const DocumentReader* const other = OtherReaderOf(extension, head, !readAs.empty())) return *other;
+  }
   const DocumentReader& byName = ReaderOfName(path, readAs);
   return byName.TakesBeginning(head) ? byName : PlainTextReader();
 }

@@ -17,9 +17,10 @@ std::span<const DocumentReader* const> DocumentReaders();
 
 /// The reader of the files with that name.
 const DocumentReader& ReaderOfName(const std::filesystem::path& path, std::string_view readAs = {});
-/// The reader of a file that begins with `head`.
+/// The reader of a file that begins with `head`. `others`: the further kinds of documents are read too (see
+/// other_readers.h).
 const DocumentReader& ReaderOfFile(const std::filesystem::path& path, std::string_view head,
-                                   std::string_view readAs = {});
+                                   std::string_view readAs = {}, bool others = false);
 
 /// The regions that are no text in a file of that name.
 CommentMarkers MarkersOfFile(const std::filesystem::path& path, std::string_view readAs = {});

@@ -44,6 +44,7 @@ inline Settings AllChanged() {
   s.Report.FilterText = "the cat";
   s.Report.FilterModeOfWords = FilterMode::Subphrase;
   s.ExtractTextFromDocx = true;
+  s.Documents = {.Others = true, .Segments = {}, .OnlyElements = {}, .SkippedElements = {}};
   s.SaveStateOnQuit = true;
   s.WarnOnOverwrite = true;
   return s;

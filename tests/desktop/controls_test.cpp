@@ -97,6 +97,7 @@ TEST_F(Controls, OfTheSettingsWindowHaveTheirCaptions) {
       {"cmdClearWordsToIgnoreOrCount", "Clear"},
       {"chkPatternMatchingInWordsToIgnoreFile", "Enable pattern matching"},
       {"chkExtractTextFromDocx", "Extract text from docx files"},
+      {"chkReadOtherDocuments", "Read other documents too"},
       {"chkSaveStateOnQuit", "Save settings when quitting"},
       {"chkWarnOnOverwrite", "Warn on overwrite of output file"},
       {"cmdRestoreDefaults", "Restore defaults"},

@@ -37,6 +37,7 @@ const std::vector<const char*> kBoxes = {"chkAllowWordsWithHyphens",
                                          "chkCaseSignificant",
                                          "chkIgnoreRepetitions",
                                          "chkExtractTextFromDocx",
+                                         "chkReadOtherDocuments",
                                          "chkIgnoreNoLetter",
                                          "chkIgnoreShortWords",
                                          "chkWarnOnOverwrite",
@@ -306,8 +307,8 @@ TEST_F(SettingsWindow, ShowsLiveWhatTheRulesMakeOfASample) {
 }
 
 TEST_F(SettingsWindow, ExplainsEveryWordRuleByAnExample) {
-  const std::set<std::string> behaviour = {"chkExtractTextFromDocx", "chkSaveStateOnQuit",
-                                           "chkWarnOnOverwrite"};
+  const std::set<std::string> behaviour = {"chkExtractTextFromDocx", "chkReadOtherDocuments",
+                                           "chkSaveStateOnQuit", "chkWarnOnOverwrite"};
   for (const char* box : kBoxes) {
     if (behaviour.contains(box)) continue;
     EXPECT_THAT(TipOf(box), HasSubstr("\nExample: ")) << box;

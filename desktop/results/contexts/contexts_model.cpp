@@ -109,7 +109,8 @@ QString ContextsModel::CellText(int row, ContextColumn column) const {
       break;
   }
   const size_t source = list_->Run().Table.Corpus().SourceAt(*PlaceAt(row));
-  return ToQt(text.Line == 0 ? NameOfText(list_->Run(), source) : PlaceName(list_->Run(), source, text.Line));
+  return ToQt(text.Number == 0 ? NameOfText(list_->Run(), source)
+                               : PlaceName(list_->Run(), source, text.Number));
 }
 
 QString ContextsModel::Tip(int row) const {
@@ -117,8 +118,7 @@ QString ContextsModel::Tip(int row) const {
   const Corpus& corpus = list_->Run().Table.Corpus();
   const std::filesystem::path& path = corpus.Sources[corpus.SourceAt(*PlaceAt(row))].Path;
   QString tip = path.empty() ? Tr("Clipboard") : ToQt(PathToText(path));
-  if (text.FromFile)
-    tip += u'\n' + QString(Tr("Line %1, column %2")).arg(text.Text.Line).arg(text.Text.Column);
+  if (text.FromFile) tip += u'\n' + ToQt(LineText(text.Text));
   return PlainTip(tip);
 }
 

@@ -220,8 +220,7 @@ void TextView::SayPlace() {
   const std::string all = number(shown_->List->Places().size());
   const PlaceInText& at = shown_->At;
   lblTextPlace->setText(ToQt(at.Line > 0
-                                 ? Fill(Tr("%1, line %2, column %3 \u2013 occurrence %4 of %5"),
-                                        {name, number(at.Line), number(at.Column), occurrence, all})
+                                 ? OccurrencePlaceText(at, name, occurrence, all, numbers)
                                  : Fill(Tr("%1 \u2013 occurrence %2 of %3"), {name, occurrence, all})));
   setWindowTitle(ToQt(name));
   cmdOpenSource->setEnabled(!shown_->Run().Table.Corpus().Sources[shown_->Source()].Path.empty());

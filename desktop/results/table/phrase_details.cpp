@@ -113,7 +113,7 @@ void ReadContexts(const CountedRun& run, PlaceLocator& locator, PhraseDetails& d
     if (corpus.Lines.LineNumber(context.At) == 0) continue;
     auto text = locator.Locate(context.At, run.Table.Words(details.Phrase), PhraseDetails::kAround);
     if (!text) continue;
-    context.Where = PlaceName(run, corpus.SourceAt(context.At), text->Line);
+    context.Where = PlaceName(run, corpus.SourceAt(context.At), text->Number);
     context.Left = std::move(text->Left);
     context.Phrase = WithSingleBlanks(text->Phrase);
     context.Right = std::move(text->Right);
