@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/expected.h"
+#include "base/yielder.h"
 
 namespace korv {
 
@@ -87,6 +88,13 @@ class FileSystem {
   virtual std::optional<FileError> Remove(const std::filesystem::path& path) = 0;
   /// A fresh folder in the user's temporary folder that only its owner can enter.
   virtual Expected<std::filesystem::path, FileError> CreatePrivateTemporaryFolder() = 0;
+
+  /// Starts a program, found where the system looks for programs by their names, and reads what it prints.
+  /// It has nothing to read, and its messages go nowhere. It ends with the object, and where `yielder`, which
+  /// must outlive the object, is stopped: that is the end of the file. A status other than 0 makes the last
+  /// Read() fail. NotFound where there is no such program, and on systems on which none is started.
+  virtual Expected<std::unique_ptr<InputFile>, FileError> OpenOutputOf(
+      const std::string& program, const std::vector<std::filesystem::path>& arguments, Yielder& yielder);
 };
 
 /// The disks of this system. What it opens may be used from any thread, one thread at a time.

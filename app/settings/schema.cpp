@@ -338,7 +338,7 @@ constexpr SettingRow kRows[] = {
      .Control = "chkReadOtherDocuments",
      .Option = {.Name = "--documents",
                 .Group = OptionGroup::Sources,
-                .Help = TrLater("Read other documents too: OpenDocument, EPUB")}},
+                .Help = TrLater("Read other documents too: OpenDocument, EPUB, PDF, RTF")}},
 
     // Report
     {.Name = "DisplayFormat",

@@ -27,7 +27,7 @@ BehaviourPanel::BehaviourPanel(QWidget* parent) : QGroupBox(Tr("Options"), paren
          "'extracted_text' subfolder."));
   chkReadOtherDocuments = MakeCheckBox("chkReadOtherDocuments", Tr("Read other documents too"), this);
   chkReadOtherDocuments->setToolTip(
-      Tr("OpenDocument texts (.odt, .fodt) and e-books (.epub). If not checked they are refused."));
+      Tr("OpenDocument texts, e-books (.epub), PDF and RTF. If not checked they are refused."));
   chkSaveStateOnQuit = MakeCheckBox("chkSaveStateOnQuit", Tr("Save settings when quitting"), this);
   chkWarnOnOverwrite = MakeCheckBox("chkWarnOnOverwrite", Tr("Warn on overwrite of output file"), this);
   auto* patterns = new QHBoxLayout;

@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/posix/swept_folders.h"
@@ -17,6 +19,10 @@ Expected<std::unique_ptr<InputFile>, FileError> SystemOpenForReading(const std::
 Expected<std::unique_ptr<OutputFile>, FileError> SystemOpenForWriting(const std::filesystem::path& path,
                                                                       SweptFolders& swept);
 Expected<std::filesystem::path, FileError> SystemPrivateTemporaryFolder(SweptFolders& swept);
+
+/// See FileSystem::OpenOutputOf().
+Expected<std::unique_ptr<InputFile>, FileError> SystemOpenOutputOf(
+    const std::string& program, const std::vector<std::filesystem::path>& arguments, Yielder& yielder);
 
 FileError FileErrorOf(const std::error_code& code);
 

@@ -89,6 +89,12 @@ class SystemFiles final : public FileSystem {
     return SystemPrivateTemporaryFolder(swept_);
   }
 
+  Expected<std::unique_ptr<InputFile>, FileError> OpenOutputOf(const std::string& program,
+                                                               const std::vector<fs::path>& arguments,
+                                                               Yielder& yielder) override {
+    return SystemOpenOutputOf(program, arguments, yielder);
+  }
+
  private:
   // "a/b/" and "a/b" are one path; the root keeps its separator.
   static fs::path WithoutEndSeparator(const fs::path& path) {

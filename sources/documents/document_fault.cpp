@@ -26,6 +26,8 @@ std::string_view ReasonOf(DocumentFault fault) {
       return TrLater("is too large");
     case DocumentFault::TooPacked:
       return TrLater("unpacks to more than 200 times its size");
+    case DocumentFault::OnlyPictures:
+      return TrLater("has no text, perhaps only pictures of its pages");
     case DocumentFault::NoText:
       return TrLater("has no text of the kind that was asked for");
     case DocumentFault::NoProgram:

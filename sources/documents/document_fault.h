@@ -18,9 +18,10 @@ enum class DocumentFault : uint8_t {
   Unsupported,  ///< Packed in a way that is not known.
   BadChecksum,
   TooLarge,
-  TooPacked,  ///< Unpacks to so much more than it holds that it may be made to do harm.
-  NoText,     ///< A good document, but without text of the kind that was asked for.
-  NoProgram,  ///< The program that reads such documents is not installed.
+  TooPacked,     ///< Unpacks to so much more than it holds that it may be made to do harm.
+  OnlyPictures,  ///< Pages without any text, as a scanner makes them.
+  NoText,        ///< A good document, but without text of the kind that was asked for.
+  NoProgram,     ///< The program that reads such documents is not installed.
   ProgramFailed,
   Unreadable,  ///< The file.
 };

@@ -11,6 +11,8 @@ namespace korv {
 const DocumentReader& OdtReader();
 const DocumentReader& FlatOdtReader();
 const DocumentReader& EpubReader();
+const DocumentReader& PdfReader();
+const DocumentReader& RtfReader();
 
 namespace {
 
@@ -24,6 +26,8 @@ constexpr std::array kOthers = {
     Other{&OdtReader, TrLater("OpenDocument text"), false},
     Other{&FlatOdtReader, TrLater("OpenDocument text"), true},
     Other{&EpubReader, TrLater("E-book"), false},
+    Other{&PdfReader, TrLater("PDF document"), false},
+    Other{&RtfReader, TrLater("RTF document"), false},
 };
 
 const Other* Find(std::string_view extension) {

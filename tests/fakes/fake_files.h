@@ -9,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -63,6 +64,17 @@ class FakeFiles final : public FileSystem {
   }
   int Calls() const { return calls_; }
   bool FailureHappened() const { return failAt_ > 0 && calls_ >= failAt_; }
+
+  /// What a program prints, by its name and arguments; without it there are no programs.
+  std::function<Expected<std::unique_ptr<InputFile>, FileError>(const std::string&,
+                                                                const std::vector<std::filesystem::path>&)>
+      RunProgram;
+  Expected<std::unique_ptr<InputFile>, FileError> OpenOutputOf(
+      const std::string& program, const std::vector<std::filesystem::path>& arguments,
+      Yielder& yielder) override {
+    return RunProgram ? RunProgram(program, arguments)
+                      : FileSystem::OpenOutputOf(program, arguments, yielder);
+  }
 
   /// No call of Read() gives more than this.
   void ReadInPiecesOf(size_t bytes) { piece_ = bytes; }
