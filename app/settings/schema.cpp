@@ -338,7 +338,32 @@ constexpr SettingRow kRows[] = {
      .Control = "chkReadOtherDocuments",
      .Option = {.Name = "--documents",
                 .Group = OptionGroup::Sources,
-                .Help = TrLater("Read other documents too: OpenDocument, EPUB, PDF, RTF")}},
+                .Help =
+                    TrLater("Read other documents too: OpenDocument, EPUB, PDF, RTF, subtitles, TMX, XLIFF, "
+                            "PO, TEI and other XML")}},
+    {.Name = "DocumentSegments",
+     .Value = TrimmedText<&Settings::Documents, &DocumentChoice::Segments>(),
+     .Reset = ResetBy::RestoreDefaults,
+     .Option = {.Name = "--segments",
+                .ValueName = "WHICH",
+                .Group = OptionGroup::Sources,
+                .Help = TrLater(
+                    "Segments of TMX, XLIFF and PO: source, target or a language, as in pt-BR (source)")}},
+    {.Name = "OnlyElements",
+     .Value = TrimmedText<&Settings::Documents, &DocumentChoice::OnlyElements>(TidyPatterns),
+     .Reset = ResetBy::RestoreDefaults,
+     .Option = {.Name = "--only-elements",
+                .ValueName = "LIST",
+                .Group = OptionGroup::Sources,
+                .Help = TrLater("Of XML count only what stands inside of these elements")}},
+    {.Name = "SkippedElements",
+     .Value = TrimmedText<&Settings::Documents, &DocumentChoice::SkippedElements>(TidyPatterns),
+     .Reset = ResetBy::RestoreDefaults,
+     .Option = {.Name = "--skip-elements",
+                .ValueName = "LIST",
+                .Group = OptionGroup::Sources,
+                .Help = TrLater(
+                    "Of XML never count what stands inside of these (teiHeader, script, style), or none")}},
 
     // Report
     {.Name = "DisplayFormat",

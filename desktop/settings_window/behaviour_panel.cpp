@@ -27,7 +27,10 @@ BehaviourPanel::BehaviourPanel(QWidget* parent) : QGroupBox(Tr("Options"), paren
          "'extracted_text' subfolder."));
   chkReadOtherDocuments = MakeCheckBox("chkReadOtherDocuments", Tr("Read other documents too"), this);
   chkReadOtherDocuments->setToolTip(
-      Tr("OpenDocument texts, e-books (.epub), PDF and RTF. If not checked they are refused."));
+      Tr("OpenDocument texts, e-books (.epub), PDF and RTF, and the text of subtitles (.srt, .vtt, .lrc), "
+         "translations (.tmx, .xlf, .po) and TEI or other XML.\nIf not checked they are refused, or read as "
+         "plain "
+         "text or mark-up."));
   chkSaveStateOnQuit = MakeCheckBox("chkSaveStateOnQuit", Tr("Save settings when quitting"), this);
   chkWarnOnOverwrite = MakeCheckBox("chkWarnOnOverwrite", Tr("Warn on overwrite of output file"), this);
   auto* patterns = new QHBoxLayout;

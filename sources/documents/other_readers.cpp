@@ -13,6 +13,13 @@ const DocumentReader& FlatOdtReader();
 const DocumentReader& EpubReader();
 const DocumentReader& PdfReader();
 const DocumentReader& RtfReader();
+const DocumentReader& SrtReader();
+const DocumentReader& VttReader();
+const DocumentReader& LrcReader();
+const DocumentReader& TmxReader();
+const DocumentReader& XliffReader();
+const DocumentReader& PoReader();
+const DocumentReader& XmlReader();
 
 namespace {
 
@@ -28,6 +35,13 @@ constexpr std::array kOthers = {
     Other{&EpubReader, TrLater("E-book"), false},
     Other{&PdfReader, TrLater("PDF document"), false},
     Other{&RtfReader, TrLater("RTF document"), false},
+    Other{&SrtReader, TrLater("Subtitles"), true},
+    Other{&VttReader, TrLater("Subtitles"), true},
+    Other{&LrcReader, TrLater("Words of a song"), true},
+    Other{&TmxReader, TrLater("Translation memory"), true},
+    Other{&XliffReader, TrLater("XLIFF"), true},
+    Other{&PoReader, TrLater("Catalogue of translations"), true},
+    Other{&XmlReader, "XML", true},
 };
 
 const Other* Find(std::string_view extension) {

@@ -44,7 +44,7 @@ inline Settings AllChanged() {
   s.Report.FilterText = "the cat";
   s.Report.FilterModeOfWords = FilterMode::Subphrase;
   s.ExtractTextFromDocx = true;
-  s.Documents = {.Others = true, .Segments = {}, .OnlyElements = {}, .SkippedElements = {}};
+  s.Documents = {.Others = true, .Segments = "de", .OnlyElements = "p, l", .SkippedElements = "note"};
   s.SaveStateOnQuit = true;
   s.WarnOnOverwrite = true;
   return s;
