@@ -260,7 +260,9 @@ TEST_F(CountProgramTest, SaysWhatARefusedFileIs) {
   const std::string advice = "\nIt is a PDF document.  Save its text as a text file (.txt) and count that.\n";
   files.Add("/a.pdf", "%PDF-1.7\n" + std::string(100, '\x01'));
   EXPECT_EQ(Count({"/a.pdf"}), 1);
-  EXPECT_TRUE(err.str().ends_with(advice)) << err.str();
+  EXPECT_TRUE(err.str().ends_with(
+      advice + "Korv reads it with the setting \"Read other documents too\" (korv-count: --documents).\n"))
+      << err.str();
   EXPECT_EQ(Count({"/a.txt", "--ignore-file", "/a.pdf"}), 1);
   EXPECT_TRUE(err.str().ends_with(
       "\nIt is a PDF document.  Save the words as a text file (.txt) with one entry a line.\n"))
