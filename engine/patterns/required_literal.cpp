@@ -156,8 +156,9 @@ class ExpressionReader {
   bool SkipQuantifier() {
     if (at_ == text_.size() || !IsQuantifier(text_[at_])) return true;
     if (text_[at_] == '{') {
-      const size_t close = text_.find('}', at_);
-      if (close == std::string_view::npos) return false;
+      // Only with numbers is it one; else it stands for itself, and an alternative may begin before its end.
+      const size_t close = text_.find_first_not_of("0123456789,", at_ + 1);
+      if (close == std::string_view::npos || text_[close] != '}' || close == at_ + 1) return false;
       at_ = close;
     }
     ++at_;

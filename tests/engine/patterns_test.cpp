@@ -224,7 +224,8 @@ TEST(RequiredLiteral, EachAlternativeHasItsOwn) {
   EXPECT_EQ(literals[2].Text, "yz");
   EXPECT_EQ(literals[2].Where, RequiredLiteral::Position::Anywhere);
   // One alternative that needs nothing, and nothing is needed.
-  for (const char* expression : {"abc|", "|abc", "abc|.", "abc|d*", "abc|(?i)d", "a$b|c"})
+  for (const char* expression :
+       {"abc|", "|abc", "abc|.", "abc|d*", "abc|(?i)d", "a$b|c", "abc{|}def", "abc{1|2}d", "abc{}d"})
     EXPECT_TRUE(RequiredLiteralsOfExpression(expression, true).empty()) << expression;
 }
 
@@ -253,6 +254,8 @@ TEST(PatternSet, AgreesWithEachPatternAlone) {
       "verylongbeginning~",
       "<S>",
       "<^un|re$|[xy]{2}q>",
+      "a{|n|}b",
+      "<q{z|n}>",
       "<^co|ee>",
       "s~ſ",
       "<abc(?=def)def>",
