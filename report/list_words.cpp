@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
+#include "base/workers.h"
 #include "engine/analysis/phrase_list.h"
 #include "report/columns/column_keys.h"
 #include "report/columns/registry.h"
@@ -12,8 +15,9 @@
 #include "report/filter.h"
 #include "report/formats.h"
 #include "report/list_source.h"
-#include "report/look_ahead.h"
+#include "report/listed_rows.h"
 #include "report/row_builder.h"
+#include "report/row_maker.h"
 #include "report/writers/report_opening.h"
 #include "report/writers/table_forms.h"
 #include "report/writers/text_writer.h"
@@ -22,7 +26,10 @@ namespace korv {
 
 namespace {
 
-/// The state that all listing loops share: one call of List() per phrase.
+/// From so many rows on threads make them.
+constexpr size_t kEnoughForThreads = size_t{1} << 14;
+
+/// The state that all listing loops share: one call of List() per phrase, or for rows that have been made.
 class Listing {
  public:
   Listing(const Report& report, const ListExtent& extent, RowBuilder& rows, ListWriter& writer,
@@ -47,21 +54,25 @@ class Listing {
   bool List(PhraseIndex i) {
     yielder_.Yield();
     if (yielder_.Stopped()) return Stop();
-    if (result_.Phrases == most_ && counts_) return false;
+    if (Complete()) return false;
     text_.clear();
     table_.AppendText(i, text_);
     if (filter_ && !filter_->Passes(text_)) return true;
-    if (counts_) {
-      ++result_.Phrases;
-      result_.Occurrences += table_.Count(i);
+    return Take(table_.Count(i), [&] { return writer_.Row(rows_.Cells(i, text_)); });
+  }
+
+  /// Lists rows that pass the filter; false when the listing is over.
+  bool List(const MadeRows& made) {
+    yielder_.Yield();
+    if (yielder_.Stopped()) return Stop();
+    size_t begin = 0;
+    for (const auto& [end, count] : made.Rows) {
+      if (Complete()) return false;
+      const std::string_view row = made.Text.Text().substr(begin, end - begin);
+      if (!Take(count, [&] { return writer_.MadeRow(row); })) return false;
+      begin = end;
     }
-    // A full sink still lets a filter find out how many phrases there are.
-    if (result_.Outcome == ListOutcome::SinkFull) return true;
-    ++result_.Shown;
-    if (progress_ != nullptr) *progress_ = result_.Shown;
-    if (writer_.Row(rows_.Cells(i, text_))) return true;
-    result_.Outcome = ListOutcome::SinkFull;
-    return counts_;
+    return true;
   }
 
   /// Notes that the user stopped the listing; false.
@@ -80,6 +91,24 @@ class Listing {
   }
 
  private:
+  bool Complete() const { return result_.Phrases == most_ && counts_; }
+
+  /// Takes a phrase into account, and has `write` write it; false when the listing is over.
+  template <typename Write>
+  bool Take(uint32_t count, const Write& write) {
+    if (counts_) {
+      ++result_.Phrases;
+      result_.Occurrences += count;
+    }
+    // A full sink still lets a filter find out how many phrases there are.
+    if (result_.Outcome == ListOutcome::SinkFull) return true;
+    ++result_.Shown;
+    if (progress_ != nullptr) *progress_ = result_.Shown;
+    if (write()) return true;
+    result_.Outcome = ListOutcome::SinkFull;
+    return counts_;
+  }
+
   const PhraseTable& table_;
   RowBuilder& rows_;
   ListWriter& writer_;
@@ -91,21 +120,6 @@ class Listing {
   std::string text_;
   ListResult result_;
 };
-
-void ListWordsAlphabetically(const PhraseTable& table, Listing& listing) {
-  for (const PhraseIndex i : table.All()) {
-    table.Prefetch(i + kLookAhead, i + 2 * kLookAhead);
-    if (table.Listed(i) && !listing.List(i)) return;
-  }
-}
-
-void ListWordsByFrequency(const PhraseTable& table, Listing& listing) {
-  PhraseRank rank{1};
-  for (PhraseIndex i = table.ChainHead(); i != kNoPhrase; i = table.AtChainPosition(++rank)) {
-    table.Prefetch(table.AtChainPosition(rank + kLookAhead), table.AtChainPosition(rank + 2 * kLookAhead));
-    if (!listing.List(i)) return;
-  }
-}
 
 /// Nothing when stopped.
 std::optional<PhraseList> ChosenRows(const Report& report, const ColumnSource& source, Yielder& yielder) {
@@ -123,14 +137,58 @@ std::optional<PhraseList> ChosenRows(const Report& report, const ColumnSource& s
   return FilterRows(report.Table, order, *test, yielder);
 }
 
-void ListChosenRows(const Report& report, const ColumnSource& source, Yielder& yielder, Listing& listing) {
-  const std::optional<PhraseList> rows = ChosenRows(report, source, yielder);
-  if (!rows) {
-    listing.Stop();
-    return;
+/// Nothing when stopped.
+std::optional<ListedRows> RowsOf(const Report& report, const ColumnSource& source, const ListExtent& extent,
+                                 Yielder& yielder) {
+  if (!report.Rows.Empty()) {
+    std::optional<PhraseList> rows = ChosenRows(report, source, yielder);
+    if (!rows) return std::nullopt;
+    return ListedRows::Chosen(report.Table, std::move(*rows));
   }
-  for (uint32_t row = 0; row < rows->Rows(); ++row)
-    if (!listing.List(rows->EntryAt(row))) return;
+  if (report.Options.WordOrder == kAlphabetical) return ListedRows::Alphabetical(report.Table);
+  return ListedRows::ByFrequency(report.Table, extent);
+}
+
+void ListOneByOne(const ListedRows& rows, Listing& listing) {
+  for (size_t row = 0; row < rows.Size(); ++row) {
+    rows.PrefetchBehind(row);
+    const PhraseIndex entry = rows.At(row);
+    if (entry != kNoPhrase && !listing.List(entry)) return;
+  }
+}
+
+/// Has all threads make rows, a batch at a time, and lists them in their order. The sink stays on this
+/// thread.
+void ListOnThreads(const ListedRows& rows, std::vector<RowMaker>& makers, Listing& listing,
+                   Yielder& yielder) {
+  constexpr size_t kRowsOfTask = 2048;
+  const size_t tasks = makers.size() * 8;
+  std::vector<MadeRows> made(tasks);
+  for (size_t begin = 0; begin < rows.Size(); begin += tasks * kRowsOfTask) {
+    const bool finished = RunTasks(tasks, false, yielder, [&](size_t task, size_t worker) {
+      const size_t first = std::min(rows.Size(), begin + task * kRowsOfTask);
+      makers[worker].Make(rows, first, std::min(rows.Size(), first + kRowsOfTask), yielder, made[task]);
+    });
+    if (!finished) {
+      listing.Stop();
+      return;
+    }
+    for (const MadeRows& some : made)
+      if (!listing.List(some)) return;
+  }
+}
+
+/// One for each thread; none where the rows of the writer are no texts of their own.
+std::vector<RowMaker> MakersOf(const Report& report, std::span<const Column* const> columns,
+                               const ColumnSource& source, const ListWriter& writer) {
+  std::vector<RowMaker> makers;
+  makers.reserve(WorkerCount());
+  for (size_t worker = 0; worker < WorkerCount(); ++worker) {
+    std::unique_ptr<RowText> text = writer.Rows();
+    if (!text) break;
+    makers.emplace_back(report, columns, source, std::move(text));
+  }
+  return makers;
 }
 
 }  // namespace
@@ -145,15 +203,18 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
   std::ranges::copy(report.Rows.Columns(), std::back_inserter(needed));
   ListSource source(report, needed, extent);
   if (!source.Prepare(yielder)) return {.Outcome = ListOutcome::Stopped, .Unfiltered = extent.Phrases};
-  RowBuilder rows(columns, source.View());
+  RowBuilder cells(columns, source.View());
   writer.Begin(columns, source.View());
-  Listing listing(report, extent, rows, writer, yielder);
-  if (!report.Rows.Empty())
-    ListChosenRows(report, source.View(), yielder, listing);
-  else if (report.Options.WordOrder == kAlphabetical)
-    ListWordsAlphabetically(report.Table, listing);
+  Listing listing(report, extent, cells, writer, yielder);
+  const std::optional<ListedRows> rows = RowsOf(report, source.View(), extent, yielder);
+  std::vector<RowMaker> makers;
+  if (rows && rows->Size() >= kEnoughForThreads) makers = MakersOf(report, columns, source.View(), writer);
+  if (!rows)
+    listing.Stop();
+  else if (makers.empty())
+    ListOneByOne(*rows, listing);
   else
-    ListWordsByFrequency(report.Table, listing);
+    ListOnThreads(*rows, makers, listing, yielder);
   ListResult result = listing.Finish();
   result.Coverage = source.View().Analysis->Coverage();
   return result;

@@ -37,7 +37,8 @@ struct ListResult {
 
 /// Lists the phrases of a report in its order: opening, heading, a line per phrase that passes the filter; or
 /// the table that the form asks for.
-/// Calls Yield() once per phrase and ends soon after a stop. Cost: linear in the text listed.
+/// Yields and ends soon after a stop. The lines of long lists are made on all threads, but the sink is only
+/// called on this one. Cost: linear in the text listed.
 ListResult ListWords(const Report& report, const ReportForm& form, ReportSink& sink, Yielder& yielder);
 
 /// Hands the cells of the phrases of a report to a writer: a row per phrase that passes the filter, in the

@@ -18,6 +18,22 @@ struct CsvStyle {
   bool ForSpreadsheets = false;
 };
 
+/// The rows of a CsvWriter.
+class CsvRows final : public RowText {
+ public:
+  explicit CsvRows(const CsvStyle& style);
+
+  void Append(const RowCells& cells, TextBuffer& out) override;
+
+ private:
+  void AppendNumber(std::string_view number, TextBuffer& out) const;
+  void AppendText(std::string_view text, TextBuffer& out) const;
+
+  CsvStyle style_;
+  std::array<bool, 256> quoted_{};  ///< By byte: it puts the text that it stands in between quotes.
+  NumberText number_;
+};
+
 /// Comma-separated values in UTF-8 as RFC 4180 has them: a heading of the columns' Ids, lines ended by CR LF,
 /// quotes around what holds a separator, a quote or a line end, and quotes in it doubled. Numbers and
 /// undefined values are those of the TsvWriter.
@@ -27,17 +43,16 @@ class CsvWriter final : public ListWriter {
 
   void Begin(std::span<const Column* const> columns, const ColumnSource& source) override;
   bool Row(const RowCells& cells) override;
+  std::unique_ptr<RowText> Rows() const override {
+    return pieces_.Large() ? std::make_unique<CsvRows>(style_) : nullptr;
+  }
+  bool MadeRow(std::string_view row) override;
   bool End(bool stopped) override;
 
  private:
-  void Append(const Cell& cell);
-  void AppendNumber(std::string_view number);
-  void AppendText(std::string_view text);
-
   CsvStyle style_;
-  std::array<bool, 256> quoted_{};  ///< By byte: it puts the text that it stands in between quotes.
   Pieces pieces_;
-  NumberText number_;
+  CsvRows rows_;
 };
 
 }  // namespace korv

@@ -24,12 +24,12 @@ void AppendHeading(const TextColumn& column, bool first, bool last, std::string&
   if (column.Of.Align == Alignment::Left && !last) line += blanks;
 }
 
-void AppendText(std::string_view text, int width, bool last, Pieces& out) {
+void AppendText(std::string_view text, int width, bool last, TextBuffer& out) {
   out.Append(text);
   if (!last) out.AppendBlanks(width - static_cast<int>(CharacterCount(text)));
 }
 
-void AppendNumber(TextColumn& column, const Cell& cell, Pieces& out) {
+void AppendNumber(TextColumn& column, const Cell& cell, TextBuffer& out) {
   const std::string_view number = column.Text.Of(cell);
   out.AppendBlanks(column.Width - column.Text.Width());
   out.Append(number);
@@ -37,7 +37,7 @@ void AppendNumber(TextColumn& column, const Cell& cell, Pieces& out) {
 
 /// Two numbers, aligned as if they were one.
 void AppendShared(TextColumn& left, const Cell& leftCell, TextColumn& right, const Cell& rightCell,
-                  Pieces& out) {
+                  TextBuffer& out) {
   const std::string_view leftText = left.Text.Of(leftCell), rightText = right.Text.Of(rightCell);
   out.AppendBlanks(right.Width - left.Text.Width() - static_cast<int>(kSharedGap.size()) -
                    right.Text.Width());
@@ -58,7 +58,7 @@ std::string PaddedLine::Headings(const TextColumns& columns) {
   return line;
 }
 
-void PaddedLine::AppendCells(TextColumns& columns, const RowCells& cells, Pieces& out) {
+void PaddedLine::AppendCells(TextColumns& columns, const RowCells& cells, TextBuffer& out) const {
   if (!flushLeft_) out.Append(' ');
   const bool filesFollow = columns.FilesBeside && !cells.OfFiles.empty();
   const size_t count = columns.OfPhrase.size();

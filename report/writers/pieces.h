@@ -12,12 +12,10 @@
 
 namespace korv {
 
-/// Collects text and hands it to a sink in large pieces. Lists of millions of lines are appended a few bytes
-/// at a time, so appending is inline. Nothing is allocated once the largest piece has been made.
-class Pieces {
+/// Text that grows at its end. Lists of millions of lines are appended a few bytes at a time, so appending is
+/// inline. Nothing is allocated once it has been as long as ever.
+class TextBuffer {
  public:
-  explicit Pieces(ReportSink& sink) : sink_(sink), pieceSize_(sink.PieceSize()) {}
-
   void Append(std::string_view text) {
     if (room_ - size_ < text.size()) Grow(text.size());
     if (!text.empty()) std::memcpy(text_.get() + size_, text.data(), text.size());
@@ -47,23 +45,12 @@ class Pieces {
     size_ += blanks;
   }
 
-  /// The text of a phrase ends here.
-  void PhraseEnds() { sink_.PhraseEnds(size_); }
-
-  /// These two are false when the sink takes no more.
-  bool HandOverWhenLarge() { return size_ <= pieceSize_ || HandOver(); }
-  bool HandOverRest() { return size_ == 0 || HandOver(); }
+  std::string_view Text() const { return {text_.get(), size_}; }
+  size_t Size() const { return size_; }
+  void Clear() { size_ = 0; }
 
  private:
   static constexpr size_t kFewBlanks = 16;
-
-  bool HandOver() {
-    const bool taken = sink_.Write({text_.get(), size_});
-    size_ = 0;
-    // The room of a text box shrinks as it fills.
-    pieceSize_ = sink_.PieceSize();
-    return taken;
-  }
 
   void Grow(size_t bytes) {
     room_ = std::max(2 * room_, size_ + bytes);
@@ -72,11 +59,39 @@ class Pieces {
     text_ = std::move(grown);
   }
 
-  ReportSink& sink_;
-  size_t pieceSize_;
   std::unique_ptr<char[]> text_;
   size_t size_ = 0;
   size_t room_ = 0;
+};
+
+/// Collects text and hands it to a sink in large pieces.
+class Pieces : public TextBuffer {
+ public:
+  explicit Pieces(ReportSink& sink) : sink_(sink), pieceSize_(sink.PieceSize()) {}
+
+  /// The text of a phrase ends here.
+  void PhraseEnds() { sink_.PhraseEnds(Size()); }
+
+  /// Whether the sink takes so large pieces that nobody waits for one.
+  bool Large() const { return pieceSize_ >= kLarge; }
+
+  /// These two are false when the sink takes no more.
+  bool HandOverWhenLarge() { return Size() <= pieceSize_ || HandOver(); }
+  bool HandOverRest() { return Size() == 0 || HandOver(); }
+
+ private:
+  static constexpr size_t kLarge = size_t{1} << 14;
+
+  bool HandOver() {
+    const bool taken = sink_.Write(Text());
+    Clear();
+    // The room of a text box shrinks as it fills.
+    pieceSize_ = sink_.PieceSize();
+    return taken;
+  }
+
+  ReportSink& sink_;
+  size_t pieceSize_;
 };
 
 }  // namespace korv

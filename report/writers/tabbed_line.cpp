@@ -27,7 +27,7 @@ void AppendHeadings(const std::vector<TextColumn>& columns, Tabs& tabs, std::str
   }
 }
 
-void AppendCell(TextColumn& column, const Cell& cell, Tabs& tabs, Pieces& out) {
+void AppendCell(TextColumn& column, const Cell& cell, Tabs& tabs, TextBuffer& out) {
   if (tabs.Before()) out.Append('\t');
   out.Append(column.Text.Of(cell));
   if (tabs.Behind(column.Of)) out.Append('\t');
@@ -43,7 +43,7 @@ std::string TabbedLine::Headings(const TextColumns& columns) {
   return line;
 }
 
-void TabbedLine::AppendCells(TextColumns& columns, const RowCells& cells, Pieces& out) {
+void TabbedLine::AppendCells(TextColumns& columns, const RowCells& cells, TextBuffer& out) const {
   Tabs tabs;
   for (size_t k = 0; k < columns.OfPhrase.size(); ++k)
     AppendCell(columns.OfPhrase[k], cells.OfPhrase[k], tabs, out);

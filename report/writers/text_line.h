@@ -30,7 +30,7 @@ class TextLine {
   /// The headings of the columns on this line.
   virtual std::string Headings(const TextColumns& columns) = 0;
   /// The cells of a phrase, and those of its files where they stand beside them.
-  virtual void AppendCells(TextColumns& columns, const RowCells& cells, Pieces& out) = 0;
+  virtual void AppendCells(TextColumns& columns, const RowCells& cells, TextBuffer& out) const = 0;
 };
 
 /// Padded columns with two blanks between them, for reading. Phrases begin with a blank unless `flushLeft`.
@@ -38,7 +38,7 @@ class PaddedLine final : public TextLine {
  public:
   explicit PaddedLine(bool flushLeft) : flushLeft_(flushLeft) {}
   std::string Headings(const TextColumns& columns) override;
-  void AppendCells(TextColumns& columns, const RowCells& cells, Pieces& out) override;
+  void AppendCells(TextColumns& columns, const RowCells& cells, TextBuffer& out) const override;
 
  private:
   bool flushLeft_;
@@ -49,7 +49,7 @@ class PaddedLine final : public TextLine {
 class TabbedLine final : public TextLine {
  public:
   std::string Headings(const TextColumns& columns) override;
-  void AppendCells(TextColumns& columns, const RowCells& cells, Pieces& out) override;
+  void AppendCells(TextColumns& columns, const RowCells& cells, TextBuffer& out) const override;
 };
 
 }  // namespace korv

@@ -45,6 +45,11 @@ void TextWriter::Begin(std::span<const Column* const> columns, const ColumnSourc
   }
   pieces_.Append(OpeningText(report_, form_, source.Extent));
   AppendHeading(source.Extent);
+  rows_.emplace(MakeRows());
+}
+
+TextRows TextWriter::MakeRows() const {
+  return {*line_, form_.LineEnd, format_.LinePerFile, columns_};
 }
 
 void TextWriter::AppendHeading(const ListExtent& extent) {
@@ -63,27 +68,43 @@ bool TextWriter::Row(const RowCells& cells) {
     if (anyRow_) pieces_.Append(", ");
     pieces_.Append(columns_.OfPhrase.front().Text.Of(cells.OfPhrase.front()));
   } else {
-    line_->AppendCells(columns_, cells, pieces_);
-    pieces_.Append(form_.LineEnd);
-    if (format_.LinePerFile) AppendFileLines(cells);
+    rows_->Append(cells, pieces_);
   }
   anyRow_ = true;
   pieces_.PhraseEnds();
   return pieces_.HandOverWhenLarge();
 }
 
+std::unique_ptr<RowText> TextWriter::Rows() const {
+  if (format_.OneLine || !pieces_.Large()) return nullptr;
+  return std::make_unique<TextRows>(MakeRows());
+}
+
+bool TextWriter::MadeRow(std::string_view row) {
+  pieces_.Append(row);
+  anyRow_ = true;
+  pieces_.PhraseEnds();
+  return pieces_.HandOverWhenLarge();
+}
+
+void TextRows::Append(const RowCells& cells, TextBuffer& out) {
+  line_.AppendCells(columns_, cells, out);
+  out.Append(lineEnd_);
+  if (linePerFile_) AppendFileLines(cells, out);
+}
+
 // The same in both layouts.
-void TextWriter::AppendFileLines(const RowCells& cells) {
+void TextRows::AppendFileLines(const RowCells& cells, TextBuffer& out) {
   for (auto rest = cells.OfFiles; !rest.empty(); rest = rest.subspan(columns_.InFile.size())) {
-    pieces_.Append(kIndentOfFiles);
+    out.Append(kIndentOfFiles);
     for (size_t k = 0; k < columns_.InFile.size(); ++k) {
-      if (k > 0) pieces_.Append(' ');
+      if (k > 0) out.Append(' ');
       TextColumn& column = columns_.InFile[k];
       const std::string_view text = column.Text.Of(rest[k]);
-      if (column.Of.Align == Alignment::Right) pieces_.AppendBlanks(column.Width - column.Text.Width());
-      pieces_.Append(text);
+      if (column.Of.Align == Alignment::Right) out.AppendBlanks(column.Width - column.Text.Width());
+      out.Append(text);
     }
-    pieces_.Append(form_.LineEnd);
+    out.Append(lineEnd_);
   }
 }
 

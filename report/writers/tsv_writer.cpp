@@ -10,6 +10,16 @@ bool Separates(char sign) {
   return sign == '\t' || sign == '\r' || sign == '\n';
 }
 
+void AppendText(std::string_view text, TextBuffer& out) {
+  for (;;) {
+    const auto at = static_cast<size_t>(std::find_if(text.begin(), text.end(), Separates) - text.begin());
+    out.Append(text.substr(0, at));
+    if (at == text.size()) return;
+    out.Append(' ');
+    text.remove_prefix(at + (text.substr(at).starts_with("\r\n") ? 2 : 1));
+  }
+}
+
 }  // namespace
 
 void TsvWriter::Begin(std::span<const Column* const> columns, const ColumnSource&) {
@@ -20,36 +30,32 @@ void TsvWriter::Begin(std::span<const Column* const> columns, const ColumnSource
   pieces_.Append('\n');
 }
 
-bool TsvWriter::Row(const RowCells& cells) {
+void TsvRows::Append(const RowCells& cells, TextBuffer& out) {
   for (size_t k = 0; k < cells.OfPhrase.size(); ++k) {
-    if (k > 0) pieces_.Append('\t');
-    Append(cells.OfPhrase[k]);
+    const Cell& cell = cells.OfPhrase[k];
+    if (k > 0) out.Append('\t');
+    if (const auto* text = std::get_if<std::string_view>(&cell))
+      AppendText(*text, out);
+    else if (const auto* whole = std::get_if<int64_t>(&cell))
+      out.AppendWhole(*whole);
+    else
+      out.Append(number_.Of(cell));
   }
-  pieces_.Append('\n');
+  out.Append('\n');
+}
+
+bool TsvWriter::Row(const RowCells& cells) {
+  rows_.Append(cells, pieces_);
+  return pieces_.HandOverWhenLarge();
+}
+
+bool TsvWriter::MadeRow(std::string_view row) {
+  pieces_.Append(row);
   return pieces_.HandOverWhenLarge();
 }
 
 bool TsvWriter::End(bool) {
   return pieces_.HandOverRest();
-}
-
-void TsvWriter::Append(const Cell& cell) {
-  if (const auto* text = std::get_if<std::string_view>(&cell))
-    AppendText(*text);
-  else if (const auto* whole = std::get_if<int64_t>(&cell))
-    pieces_.AppendWhole(*whole);
-  else
-    pieces_.Append(number_.Of(cell));
-}
-
-void TsvWriter::AppendText(std::string_view text) {
-  for (;;) {
-    const auto at = static_cast<size_t>(std::find_if(text.begin(), text.end(), Separates) - text.begin());
-    pieces_.Append(text.substr(0, at));
-    if (at == text.size()) return;
-    pieces_.Append(' ');
-    text.remove_prefix(at + (text.substr(at).starts_with("\r\n") ? 2 : 1));
-  }
 }
 
 }  // namespace korv

@@ -1,0 +1,32 @@
+#include "report/row_maker.h"
+
+#include <utility>
+
+#include "base/yielder.h"
+#include "report/writers/report_opening.h"
+
+namespace korv {
+
+RowMaker::RowMaker(const Report& report, std::span<const Column* const> columns, const ColumnSource& source,
+                   std::unique_ptr<RowText> text)
+    : table_(report.Table), cells_(columns, source), rowText_(std::move(text)) {
+  if (Filters(report.Options)) filter_.emplace(report.Options.FilterText, report.Options.FilterModeOfWords);
+}
+
+void RowMaker::Make(const ListedRows& rows, size_t begin, size_t end, const Yielder& yielder,
+                    MadeRows& made) {
+  made.Text.Clear();
+  made.Rows.clear();
+  for (size_t row = begin; row < end && !yielder.Stopped(); ++row) {
+    rows.PrefetchBehind(row);
+    const PhraseIndex entry = rows.At(row);
+    if (entry == kNoPhrase) continue;
+    phrase_.clear();
+    table_.AppendText(entry, phrase_);
+    if (filter_ && !filter_->Passes(phrase_)) continue;
+    rowText_->Append(cells_.Cells(entry, phrase_), made.Text);
+    made.Rows.push_back({made.Text.Size(), table_.Count(entry)});
+  }
+}
+
+}  // namespace korv
