@@ -124,5 +124,23 @@ TEST(DecodeText, HandsOutTheBytesThemselvesWhereNothingChanges) {
   }
 }
 
+TEST(BeginsPart, IsWhereNothingBeforeCanChange) {
+  struct Case {
+    std::string_view Text;
+    bool Begins;
+  };
+  for (const Case& c : {Case{"a", true},
+                        {"\x7F", true},
+                        {"\u00E9", true},
+                        {"\u4E2D", true},
+                        {"\u0301", false},  // A mark joins what stands before it.
+                        {"\u00AD", false},  // What is dropped begins nothing.
+                        {"\xE2\x82", false},
+                        {"\xC3", false}})
+    EXPECT_EQ(BeginsPart(c.Text, TextEncoding::Utf8), c.Begins) << testing::PrintToString(c.Text);
+  for (const char* text : {"a", "\xCC\x81", "\xFF"})
+    EXPECT_TRUE(BeginsPart(text, TextEncoding::Ansi)) << text;
+}
+
 }  // namespace
 }  // namespace korv
