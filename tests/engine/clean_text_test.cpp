@@ -23,6 +23,11 @@ TEST(CleanText, ReplacesDropsMendsAndComposes) {
       {"a\u2010b\u2011c", "a-b-c"},
       {"co\u00ADop \uFEFFx\u2060y", "coop xy"},
       {"a\xE2\x80", "a\uFFFD"},
+      {"\x80", "\uFFFD"},
+      {"a\x80\xBFz", "a\uFFFD\uFFFDz"},
+      {"\xC2", "\uFFFD"},
+      {"\xC2z\xDFz", "\uFFFDz\uFFFDz"},
+      {"\xC3\xFF\xE0z", "\uFFFD\uFFFD\uFFFDz"},
       {"cafe\u00AD\u0301", "caf\u00E9"},
       {"\u0646\u200C\u0645", "\u0646\u200C\u0645"},
   };
