@@ -5,6 +5,8 @@
 
 #include "sources/documents/extracted_document.h"
 #include "sources/documents/pdf_text.h"
+#include "sources/documents/pdf_words.h"
+#include "sources/documents/xml_walker.h"
 
 namespace korv {
 
@@ -28,23 +30,46 @@ bool NamesEncryption(OpenedText& file, Yielder& yielder) {
   }
 }
 
-/// All that the program prints.
-Expected<std::string, DocumentFault> TextOf(const std::filesystem::path& path, const ReadContext& context) {
-  // The path begins with "/", so that no file is taken for an option.
-  auto output = context.Files.OpenOutputOf(
-      "pdftotext", {"-enc", "UTF-8", "-eol", "unix", context.Files.AbsolutePath(path), "-"}, context.Yielder);
-  if (!output)
-    return output.Error().Fault == FileFault::NotFound ? DocumentFault::NoProgram
-                                                       : DocumentFault::ProgramFailed;
-  std::string text;
-  std::vector<char> block(kBlock);
-  for (;;) {
-    const Expected<size_t, FileError> got = (*output)->Read(block);
+/// What the program prints.
+class PrintedBytes final : public ByteSource {
+ public:
+  explicit PrintedBytes(std::unique_ptr<InputFile> output) : output_(std::move(output)) {}
+  Expected<size_t, DocumentFault> Read(std::span<char> buffer) override {
+    const Expected<size_t, FileError> got = output_->Read(buffer);
     if (!got) return DocumentFault::ProgramFailed;
-    if (*got == 0) return text;
-    if (text.size() + *got > kMostTextBytes) return DocumentFault::TooLarge;
-    text.append(block.data(), *got);
+    return *got;
   }
+
+ private:
+  std::unique_ptr<InputFile> output_;
+};
+
+Expected<PrintedBytes, DocumentFault> Start(const std::filesystem::path& path, const ReadContext& context,
+                                            bool withPlaces) {
+  std::vector<std::filesystem::path> arguments = {"-enc", "UTF-8", "-eol", "unix"};
+  if (withPlaces) arguments.emplace_back("-bbox-layout");
+  // The path begins with "/", so that no file is taken for an option.
+  arguments.push_back(context.Files.AbsolutePath(path));
+  arguments.emplace_back("-");
+  auto output = context.Files.OpenOutputOf("pdftotext", arguments, context.Yielder);
+  if (output) return PrintedBytes(std::move(*output));
+  return output.Error().Fault == FileFault::NotFound ? DocumentFault::NoProgram
+                                                     : DocumentFault::ProgramFailed;
+}
+
+/// The pages as AddPages() takes them. Of its forms of text the program's plain one has all hyphens removed
+/// at the ends of lines, those of compounds too; the one with the places of words has every line as it is.
+Expected<std::string, DocumentFault> PagesOf(const std::filesystem::path& path, const ReadContext& context) {
+  auto words = Start(path, context, /*withPlaces=*/true);
+  if (!words) return words.Error();
+  PdfWords pages;
+  const auto fault = WalkXml(*words, pages, context.Yielder);
+  if (!fault) return std::move(pages).Pages();
+  if (fault != DocumentFault::NotWellFormed) return *fault;
+  // It writes down control characters that some documents hold, with which this is no XML.
+  auto plain = Start(path, context, /*withPlaces=*/false);
+  if (!plain) return plain.Error();
+  return ReadAll(*plain, kMostTextBytes);
 }
 
 /// PDF, out of which a program of the user's system takes the text.
@@ -60,7 +85,7 @@ class Pdf final : public DocumentReader {
                                                const ReadContext& context) const override {
     return OpenExtracted(path, std::move(opened), PlaceUnit::Page,
                          [&](OpenedText file, ExtractedText& text) -> std::optional<DocumentFault> {
-                           const Expected<std::string, DocumentFault> pages = TextOf(path, context);
+                           const Expected<std::string, DocumentFault> pages = PagesOf(path, context);
                            if (!pages && pages.Error() == DocumentFault::ProgramFailed &&
                                NamesEncryption(file, context.Yielder))
                              return DocumentFault::Encrypted;

@@ -216,14 +216,11 @@ void AddPages(std::string_view pages, ExtractedText& text) {
   for (const PageLine& next : lines) {
     size_t taken = 0;
     if (const auto word = PartedBetween(line, next.Text)) {
-      taken = word->Behind.size();
+      taken = std::min(next.Text.find_first_of(" \t"), next.Text.size());
       if (forms.Occurs(word->Joined()) || !forms.Occurs(word->Hyphenated())) line.pop_back();
-      line += std::string(word->Behind);
-      // The word goes on in a third line.
-      if (next.Text.substr(taken) == "-") {
-        line += '-';
-        continue;
-      }
+      line += std::string(next.Text.substr(0, taken));
+      // The word may go on in a third line.
+      if (taken == next.Text.size()) continue;
     }
     handOver(ofPage);
     line = next.Text.substr(taken);

@@ -12,8 +12,8 @@ namespace korv {
 /// Each page is a place of the text, by its number, and phrases end with it. Running heads are left out:
 /// lines among the first two or the last two of a page that stand there, but for their digits, on more than
 /// half of the pages, of three or more. A word parted by a hyphen at the end of a line goes on the line in
-/// one piece: without the hyphen where that form occurs elsewhere in the text or the one with the hyphen does
-/// not, else with it.
+/// one piece, with all that follows up to a blank: without the hyphen where that form occurs elsewhere in the
+/// text or the one with the hyphen does not, else with it.
 ///
 /// Linear in the text, of which it holds the lines once more.
 void AddPages(std::string_view pages, ExtractedText& text);

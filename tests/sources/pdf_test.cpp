@@ -52,6 +52,11 @@ TEST(PdfText, JoinsWordsThatAHyphenPartsAtTheEndOfALine) {
            Row{"twice in a row", "con-\nsti-\ntution it\n", "constitution\n it\n"},
            Row{"letters beyond ASCII", "\u00FCber-\n\u00E4ndert es\n", "\u00FCber\u00E4ndert\n es\n"},
            Row{"over the end of a page", "an exam-\fple of it\n", "an example\n of it\n"},
+           Row{"a compound, with the sign that follows",
+               "l'arri\u00E8re-\ngrand-m\u00E8re. Elle\narri\u00E8re-grand\n",
+               "l'arri\u00E8re-grand-m\u00E8re.\n Elle\narri\u00E8re-grand\n"},
+           Row{"with an apostrophe", "au-\njourd'hui il\n", "aujourd'hui\n il\n"},
+           Row{"all of the next line", "exam-\nple.\nMore\n", "example.\nMore\n"},
            Row{"at the end of the text", "an exam-", "an exam-\n"},
        })
     EXPECT_EQ(Pages(row.Pages), row.Text) << row.Name;
@@ -90,11 +95,33 @@ class PdfTest : public OtherDocumentsTest {
   std::string called;
 };
 
+/// What the program prints of pages of lines of words.
+std::string Layout(const std::vector<std::vector<std::string>>& pages) {
+  std::string xml = "<html><head><title>no text</title></head><body><doc>\n";
+  for (const auto& page : pages) {
+    xml += "<page width=\"1\">\n<flow><block>";
+    for (const std::string& line : page) {
+      xml += "<line xMin=\"1\">\n<word>";
+      for (const char c : line) xml += c == ' ' ? std::string("</word>\n<word>") : std::string(1, c);
+      xml += "</word>\n</line>\n";
+    }
+    xml += "</block></flow></page>";
+  }
+  return xml + "</doc></body></html>";
+}
+
 TEST_F(PdfTest, IsWhatTheProgramTakesOutOfIt) {
-  WillPrint("one page\n\fanother\n\f");
+  WillPrint(Layout({{"one page", "of well-", "known words"}, {"another well-known one"}}));
+  const OpenedDocument document = Open("a.pdf", "%PDF-1.7 and so on");
+  EXPECT_EQ(called, "pdftotext -enc UTF-8 -eol unix -bbox-layout /in/a.pdf -");
+  EXPECT_EQ(document.Text, "one page\nof well-known\n words\nanother well-known one\n");
+}
+
+TEST_F(PdfTest, IsThePlainTextWhereTheProgramWritesNoWellFormedXml) {
+  WillPrint("one page\n\fan\x01other\n\f");
   const OpenedDocument document = Open("a.pdf", "%PDF-1.7 and so on");
   EXPECT_EQ(called, "pdftotext -enc UTF-8 -eol unix /in/a.pdf -");
-  EXPECT_EQ(document.Text, "one page\nanother\n");
+  EXPECT_EQ(document.Text, "one page\nan\x01other\n");
   EXPECT_EQ(document.Unit, PlaceUnit::Page);
 }
 
