@@ -5,6 +5,7 @@
 #include "base/translation.h"
 #include "cli/count_program.h"
 #include "cli/options.h"
+#include "platform/freed_memory.h"
 #include "platform/interrupts.h"
 #include "platform/lack_of_memory.h"
 #include "platform/process.h"
@@ -41,6 +42,7 @@ int Count(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   korv::EndOnLackOfMemory("korv-count", korv::kExitRefused);
+  korv::GiveFreedArraysBack();
   try {
     return Count(argc, argv);
   } catch (const std::bad_alloc&) {

@@ -22,6 +22,7 @@
 #include "desktop/toolkit/qt_messages.h"
 #include "desktop/toolkit/standard_places.h"
 #include "desktop/toolkit/text.h"
+#include "platform/freed_memory.h"
 #include "platform/lack_of_memory.h"
 #include "platform/locale_numbers.h"
 #include "platform/process.h"
@@ -103,6 +104,7 @@ int Run(const std::vector<std::string>& paths) {
 
 int main(int argc, char** argv) {
   korv::EndOnLackOfMemory("korv", 1);
+  korv::GiveFreedArraysBack();
   const auto folder = korv::ProgramFolder(*korv::MakeSystemFiles(), korv::ExecutablePath(argv[0]));
   korv::UseTranslations(folder / korv::kTranslationsName);
   const auto arguments = korv::ReadDesktopArguments(korv::ProgramArguments(argc, argv), KORV_VERSION);
