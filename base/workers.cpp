@@ -16,6 +16,11 @@ size_t WorkerCount() {
   return std::max(1u, std::thread::hardware_concurrency());
 }
 
+size_t WorkerCount(const Yielder& yielder) {
+  const auto* const choice = dynamic_cast<const ThreadChoice*>(&yielder);
+  return choice != nullptr ? choice->Threads() : WorkerCount();
+}
+
 namespace {
 
 bool RunHere(std::atomic<size_t>& next, size_t tasks, Yielder& yielder,
@@ -107,7 +112,7 @@ bool RunTasks(size_t tasks, bool onCallingThread, Yielder& yielder,
   if (onCallingThread) return RunHere(next, tasks, yielder, work);
   Team team(next, tasks, yielder, work);
   // A system that makes no threads has the one that is here.
-  if (team.Begin(std::min(tasks, WorkerCount())) == 0) return RunHere(next, tasks, yielder, work);
+  if (team.Begin(std::min(tasks, WorkerCount(yielder))) == 0) return RunHere(next, tasks, yielder, work);
   team.Wait(yielder);
   return !yielder.Stopped();
 }

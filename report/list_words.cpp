@@ -180,10 +180,10 @@ void ListOnThreads(const ListedRows& rows, std::vector<RowMaker>& makers, Listin
 
 /// One for each thread; none where the rows of the writer are no texts of their own.
 std::vector<RowMaker> MakersOf(const Report& report, std::span<const Column* const> columns,
-                               const ColumnSource& source, const ListWriter& writer) {
+                               const ColumnSource& source, const ListWriter& writer, const Yielder& yielder) {
   std::vector<RowMaker> makers;
-  makers.reserve(WorkerCount());
-  for (size_t worker = 0; worker < WorkerCount(); ++worker) {
+  makers.reserve(WorkerCount(yielder));
+  for (size_t worker = 0; worker < WorkerCount(yielder); ++worker) {
     std::unique_ptr<RowText> text = writer.Rows();
     if (!text) break;
     makers.emplace_back(report, columns, source, std::move(text));
@@ -208,7 +208,8 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
   Listing listing(report, extent, cells, writer, yielder);
   const std::optional<ListedRows> rows = RowsOf(report, source.View(), extent, yielder);
   std::vector<RowMaker> makers;
-  if (rows && rows->Size() >= kEnoughForThreads) makers = MakersOf(report, columns, source.View(), writer);
+  if (rows && rows->Size() >= kEnoughForThreads)
+    makers = MakersOf(report, columns, source.View(), writer, yielder);
   if (!rows)
     listing.Stop();
   else if (makers.empty())

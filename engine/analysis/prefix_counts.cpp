@@ -24,7 +24,7 @@ bool PrefixCounter::Count(std::span<const Run> runs, const Take& take) {
   if (!GroupPlaces() || !GroupRuns(runs)) return false;
   rankOf_.resize(tokens_.size());
   const int mostWords = runs.empty() ? 0 : std::ranges::max_element(runs, {}, &Run::Words)->Words;
-  std::vector<std::unique_ptr<SuffixSorter>> sorters(WorkerCount());
+  std::vector<std::unique_ptr<SuffixSorter>> sorters(WorkerCount(yielder_));
   constexpr size_t kWordsOfTask = 64;
   return RunTasks(vocabularySize_ / kWordsOfTask + 1, tokens_.size() < kTooFewForThreads, yielder_,
                   [&](size_t task, size_t worker) {

@@ -11,7 +11,7 @@ bool CountWords(const Corpus& corpus, Yielder& yielder, std::vector<uint32_t>& f
   constexpr size_t kTask = size_t{1} << 16;
   const size_t tokens = corpus.Tokens.size();
   const size_t tasks = (tokens + kTask - 1) / kTask;
-  std::vector<std::vector<uint32_t>> ofWorkers(WorkerCount());
+  std::vector<std::vector<uint32_t>> ofWorkers(WorkerCount(yielder));
   const bool counted = RunTasks(tasks, tasks <= 1, yielder, [&](size_t task, size_t worker) {
     std::vector<uint32_t>& counts = ofWorkers[worker];
     counts.resize(size_t{corpus.Words.Size()} + 1);

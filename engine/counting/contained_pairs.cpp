@@ -66,13 +66,13 @@ bool ContainedPairs::CollectPairs(Yielder& yielder) {
 }
 
 bool ContainedPairs::CollectNeighbours(Yielder& yielder) {
-  std::vector<Collector> collectors(WorkerCount());
+  std::vector<Collector> collectors(WorkerCount(yielder));
   if (!RunTasks(neighbours_.Tasks(), IsSmall(data_), yielder,
                 [&](size_t task, size_t worker) { CollectNeighbours(task, collectors[worker]); }))
     return false;
   collectors = {};
   seconds_.resize(neighbours_.Buckets());
-  std::vector<SecondSet> met(WorkerCount());
+  std::vector<SecondSet> met(WorkerCount(yielder));
   const auto find = [&](size_t bucket, size_t worker) {
     neighbours_.Gather(bucket);
     FindSeconds(bucket, met[worker], yielder);

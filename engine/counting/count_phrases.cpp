@@ -52,7 +52,7 @@ class PhraseCounter {
     firsts_ = FirstWordsOfTasks(starts_.BucketEnds, starts_.Places.size(), data_.Corpus.Words);
     const size_t tasks = firsts_.size() - 1;
     entries_.resize(tasks);
-    sorters_.resize(WorkerCount());
+    sorters_.resize(WorkerCount(yielder_));
     if (rule_.ByPhrase()) sourceHasPhrase_ = std::vector<std::atomic<uint8_t>>(data_.Corpus.Sources.size());
     const bool finished = RunTasks(tasks, TooFewForThreads(data_), yielder_,
                                    [this](size_t task, size_t worker) { RunTask(task, worker); });

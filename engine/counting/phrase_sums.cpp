@@ -64,7 +64,7 @@ class EntrySort {
   bool SortBuckets() {
     const std::vector<WordNumber> firsts =
         FirstWordsOfTasks(bucketEnds_, entries_.size(), data_.Corpus.Words);
-    std::vector<std::unique_ptr<SuffixSorter>> sorters(WorkerCount());
+    std::vector<std::unique_ptr<SuffixSorter>> sorters(WorkerCount(yielder_));
     return RunTasks(firsts.size() - 1, TooFewForThreads(data_), yielder_, [&](size_t task, size_t worker) {
       if (!sorters[worker])
         sorters[worker] = std::make_unique<SuffixSorter>(data_.Corpus.Tokens, data_.Corpus.Words.Size(),

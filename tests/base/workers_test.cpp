@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "tests/fakes/chosen_threads.h"
+
 namespace korv {
 namespace {
 
@@ -27,6 +29,22 @@ TEST(RunTasks, DoesEveryTaskOnceWithNumbersOfWorkersThatThereAre) {
       for (const auto& times : done) EXPECT_EQ(times, 1);
       EXPECT_LT(highest, here ? 1 : WorkerCount());
     }
+}
+
+TEST(RunTasks, UsesAsManyThreadsAsTheYielderChooses) {
+  for (const size_t threads : {1U, 3U, 16U}) {
+    WithThreads<> yielder(threads);
+    EXPECT_EQ(WorkerCount(yielder), threads);
+    std::vector<std::atomic<int>> ofWorker(threads);
+    // Each waits for the others, so that every thread gets one.
+    std::atomic<size_t> begun{0};
+    EXPECT_TRUE(RunTasks(threads, false, yielder, [&](size_t, size_t worker) {
+      ++ofWorker[worker];
+      for (++begun; begun < threads;) std::this_thread::yield();
+    }));
+    for (const auto& tasks : ofWorker) EXPECT_EQ(tasks, 1);
+  }
+  EXPECT_EQ(WorkerCount(NoYielder()), WorkerCount());
 }
 
 TEST(RunTasks, WorksOnTheCallingThreadOnlyWhereThatIsWished) {

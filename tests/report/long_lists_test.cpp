@@ -8,6 +8,7 @@
 #include "report/columns/registry.h"
 #include "report/list_words.h"
 #include "report/writers/table_forms.h"
+#include "tests/fakes/chosen_threads.h"
 #include "tests/report/report_world.h"
 
 // Lists so long that threads make their rows, against the same rows made one by one. Sinks that take small
@@ -65,6 +66,19 @@ TEST(LongLists, InEveryFormatAndOrderAreTheSameAsMadeRowByRow) {
         EXPECT_GT(expected.Result.Shown, 25000u);
         EXPECT_TRUE(ListIn(kLargePieces, world.View(), form) == expected);
       }
+}
+
+TEST(LongLists, AreTheSameOnAnyNumberOfThreads) {
+  ReportWorld world = LongWorld();
+  const Listed expected = ListIn(kSmallPieces, world.View(), kFileForm);
+  for (const size_t threads : {1U, 2U, 3U, 16U}) {
+    SCOPED_TRACE(threads);
+    StringSink sink;
+    sink.Piece = kLargePieces;
+    WithThreads<> yielder(threads);
+    const ListResult result = ListWords(world.View(), kFileForm, sink, yielder);
+    EXPECT_TRUE((Listed{sink.Text, result}) == expected);
+  }
 }
 
 TEST(LongLists, InEveryFormOfTextAreTheSameAsMadeRowByRow) {
