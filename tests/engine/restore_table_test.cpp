@@ -133,6 +133,12 @@ TEST(RestoredTable, IsNotMadeOfWhatNoRunHas) {
          p.Table.Corpus.Sources.clear();
          p.Table.SourceHasPhrase.clear();
        }},
+      {"no texts, and no lines of any",
+       [](Parts& p) {
+         p.Table.Corpus.Sources.clear();
+         p.Table.SourceHasPhrase.clear();
+         p.Table.Corpus.Lines = {};
+       }},
       {"more words before a text", [](Parts& p) { ++p.Table.Corpus.Sources[2].WordsBefore; }},
       {"fewer words before a text", [](Parts& p) { --p.Table.Corpus.Sources[2].WordsBefore; }},
       {"an end of phrases that is a word", [](Parts& p) { p.Table.Corpus.WordsAtEnds[0] = Place{1}; }},
