@@ -106,8 +106,12 @@ TEST(WordFileList, RestoresNoMoreThanItHolds) {
   list.Restore(std::vector<std::string>(150, "/x"), 120);
   EXPECT_EQ(list.Paths().size(), 99u);
   EXPECT_EQ(list.Selected(), WordFileList::kNone);
-  list.Select(-5);
-  EXPECT_EQ(list.Selected(), WordFileList::kNone);
+  list.Select(98);
+  EXPECT_EQ(list.Selected(), 98);
+  for (const int none : {-5, 99, 100}) {
+    list.Select(none);
+    EXPECT_EQ(list.Selected(), WordFileList::kNone) << none;
+  }
 }
 
 TEST(CommonWords, EveryLanguageHasItsFile) {
