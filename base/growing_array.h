@@ -50,6 +50,15 @@ class GrowingArray {
     size_ += elements.size();
   }
 
+  /// Appends so many elements without a value and returns where they are. Throws as those above.
+  T* Extend(size_t elements) {
+    if (capacity_ - size_ < elements) Grow(elements);
+    size_ += elements;
+    return elements_.get() + (size_ - elements);
+  }
+  /// Keeps the memory.
+  void clear() { size_ = 0; }
+
   /// Makes room for so many elements in all, and for no more. Throws as those above.
   void reserve(size_t elements) {
     if (elements > capacity_) Resize(elements);

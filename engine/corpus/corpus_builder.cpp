@@ -1,6 +1,8 @@
 #include "engine/corpus/corpus_builder.h"
 
+#include <algorithm>
 #include <limits>
+#include <span>
 #include <stdexcept>
 #include <utility>
 
@@ -63,6 +65,55 @@ void CorpusBuilder::Feed(WordNumber wordClass) {
   ResetPhrases();
   if (KeepsPlaces(corpus_.Options))
     corpus_.WordsAtEnds.push_back(Place{static_cast<uint32_t>(corpus_.Tokens.size() - 1)});
+}
+
+void CorpusBuilder::BeginPiece() {
+  corpus_.Tokens.clear();
+  corpus_.Tokens.push_back(CorpusPiece::kBegin);
+  corpus_.WordsAtEnds.clear();
+  corpus_.Lines.Clear();
+  counts_ = {};
+}
+
+void CorpusBuilder::TakePiece(CorpusPiece& piece) {
+  std::swap(piece.Tokens, corpus_.Tokens);
+  std::swap(piece.WordsAtEnds, corpus_.WordsAtEnds);
+  std::swap(piece.Lines, corpus_.Lines);
+  piece.Counts = counts_;
+  piece.NewWords.clear();
+  piece.NewWordEnds.clear();
+  for (; wordsGiven_ < corpus_.Words.Size(); ++wordsGiven_) {
+    piece.NewWords.append(std::span(corpus_.Words.Text(WordNumber{wordsGiven_ + 1})));
+    piece.NewWordEnds.push_back(piece.NewWords.size());
+  }
+}
+
+void CorpusBuilder::Append(const CorpusPiece& piece, const PieceBegin& begin, PartNumbers& numbers) {
+  if (numbers.size() == 0) numbers.push_back(kNoWord);
+  uint64_t wordBegin = 0;
+  for (const uint64_t end : piece.NewWordEnds) {
+    numbers.push_back(corpus_.Words.Number({piece.NewWords.data() + wordBegin, end - wordBegin}));
+    wordBegin = end;
+  }
+  GrowingArray<WordNumber>& tokens = corpus_.Tokens;
+  const size_t before = tokens.size();
+  // The phrase end at which the piece begins may be there already.
+  const bool same = piece.Tokens.size() > 1 && piece.Tokens[1] == kNoWord && tokens.back() == kNoWord;
+  const size_t shift = before - (same ? 1 : 0);
+  const auto placeOf = [shift](Place place) {
+    return Place{static_cast<uint32_t>(ValueOf(place) - 1 + shift)};
+  };
+  const size_t first = same ? 2 : 1;
+  const size_t more = piece.Tokens.size() - first;
+  WordNumber* const to = tokens.Extend(more);
+  const WordNumber* const from = piece.Tokens.data() + first;
+  for (size_t i = 0; i < more; ++i) to[i] = numbers[ValueOf(from[i])];
+  for (const Place end : piece.WordsAtEnds) corpus_.WordsAtEnds.push_back(placeOf(end));
+  // A line that begins before that phrase end can give no token before what follows.
+  corpus_.Lines.Append(piece.Lines, begin.Offset, begin.Lines, [&](Place place) {
+    return std::max(placeOf(place), Place{static_cast<uint32_t>(before)});
+  });
+  counts_ = counts_ + piece.Counts;
 }
 
 Corpus CorpusBuilder::TakeCorpus() && {

@@ -10,6 +10,7 @@
 
 #include "base/string_table.h"
 #include "engine/corpus/corpus.h"
+#include "engine/corpus/corpus_piece.h"
 #include "engine/patterns/word_filters.h"
 #include "engine/run_options.h"
 #include "engine/text/word_counts.h"
@@ -63,6 +64,16 @@ class CorpusBuilder {
     if (corpus_.Tokens.back() != kNoWord) corpus_.Tokens.push_back(kNoWord);
   }
 
+  /// Begins a piece of a text that another builder takes. What this builder has is dropped, but for its
+  /// words.
+  void BeginPiece();
+  /// Ends that piece. What `piece` had is dropped; its memory serves the next one.
+  void TakePiece(CorpusPiece& piece);
+  /// Takes the next piece of the text, as if its words had been taken one by one: the corpus becomes the
+  /// same, but for a line that the index keeps at the begin of the piece. `numbers` are those of the builder
+  /// that cut it, empty at first.
+  void Append(const CorpusPiece& piece, const PieceBegin& begin, PartNumbers& numbers);
+
   const WordCounts& Counts() const { return counts_; }
 
   /// The corpus so far, without its trailing phrase ends.
@@ -88,6 +99,7 @@ class CorpusBuilder {
   StringTable asCut_;                 ///< The distinct words as they were cut.
   GrowingArray<WordNumber> classes_;  ///< By number in asCut_.
   WordCounts counts_;
+  uint32_t wordsGiven_ = 0;  ///< Those of corpus_ that pieces have told already.
 };
 
 }  // namespace korv

@@ -58,6 +58,22 @@ class LineIndex {
   /// before it. The first line of a text always is.
   void AtLine(const LineAnchor& line, bool resumable);
 
+  /// Takes the lines of a piece of a text, in which offsets, line numbers and tokens are those of the piece.
+  /// `placeOf` gives the place of a token.
+  template <typename PlaceOf>
+  void Append(const LineIndex& piece, uint64_t offset, uint32_t lines, PlaceOf placeOf) {
+    for (const LineAnchor& a : piece.anchors_)
+      anchors_.emplace_back(a.Offset() + offset, a.StartsLine(), placeOf(a.Token()), a.Line() + lines);
+    for (const LineBegin& begin : piece.begins_) NoteBegin({placeOf(begin.Token), begin.Line + lines});
+    if (!piece.anchors_.empty()) first_ = false;
+  }
+  /// Becomes empty and keeps its memory.
+  void Clear() {
+    anchors_.clear();
+    begins_.clear();
+    first_ = true;
+  }
+
   /// In the order of reading.
   const std::vector<LineAnchor>& Anchors() const { return anchors_; }
   /// The last anchor with Token() <= token. There must be one. Cost: the logarithm of the anchors.

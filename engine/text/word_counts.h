@@ -31,6 +31,12 @@ struct WordCounts {
   bool operator==(const WordCounts&) const = default;
 };
 
+inline WordCounts operator+(WordCounts a, const WordCounts& b) {
+  a.Taken += b.Taken;
+  for (size_t r = 0; r < kDropReasons; ++r) a.DroppedBy[r] += b.DroppedBy[r];
+  return a;
+}
+
 /// What came behind `before`, the counts of an earlier moment.
 inline WordCounts operator-(WordCounts now, const WordCounts& before) {
   now.Taken -= before.Taken;

@@ -1,5 +1,6 @@
 #include "sources/read/corpus_reader.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "sources/scan/line_scanner.h"
@@ -9,26 +10,70 @@ namespace korv {
 TextSummary CorpusReader::Read(const std::filesystem::path& path, DocumentText text, EncodingPlan encoding,
                                AfterStop afterStop) {
   corpus_.BeginSource(path);
-  TextReader reader(std::move(text.Head), text.Rest.get(), std::move(encoding), LongLines::Anywhere);
-  LineScanner<CorpusBuilder> scanner(rules_, text.Markers, corpus_);
-  scanner.BeginSource();
-  const bool isPlain = IsPlainText(text.Markers);
-  uint32_t line = 0;
-  while ((!yielder_.Stopped() || afterStop == AfterStop::WhatIsThere) && reader.NextLine()) {
-    line += reader.StartsLine();
-    // Pieces of mark-up depend on what came before them.
-    const bool resumable = reader.StartsLine() ? !scanner.InRegion() : isPlain && !scanner.HoldsBack();
-    corpus_.BeginLine(reader.LineOffset(), line, reader.StartsLine(), resumable);
-    if (!text.Marks.empty() && reader.StartsLine() && EndsPhraseAt(text.Marks, reader.LineOffset()))
-      corpus_.ResetPhrases();
-    scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
-    progress_.BytesRead = reader.BytesRead();
+  TextSummary summary;
+  if (IsPlainText(text.Markers) && text.Marks.empty()) {
+    TextPieces pieces(std::move(text.Head), text.Rest.get(), std::move(encoding), shares_.PieceBytes);
+    summary = ReadPieces(pieces, afterStop);
+  } else {
+    TextReader reader(std::move(text.Head), text.Rest.get(), std::move(encoding), LongLines::Anywhere);
+    summary = ReadLines(reader, text.Markers, text.Marks, {}, afterStop);
+  }
+  text.Origin.IsUtf8 = summary.ReadAs == ReadAs::Utf8;
+  corpus_.DescribeSource(text.Origin);
+  return summary;
+}
+
+TextSummary CorpusReader::ReadPieces(TextPieces& pieces, AfterStop afterStop) {
+  std::optional<TextPiece> piece = pieces.Next();
+  if (piece && pieces.AtEnd()) {
+    TextReader reader(std::move(piece->Bytes), nullptr,
+                      piece->Encoding ? EncodingPlan(*piece->Encoding) : EncodingPlan(nullptr),
+                      LongLines::Anywhere, piece->Part);
+    TextSummary summary = ReadLines(reader, {}, {}, {}, afterStop);
+    summary.Error = pieces.Error();
+    return summary;
+  }
+  cutter_.BeginText(afterStop == AfterStop::WhatIsThere);
+  for (; piece; piece = GoesOn(afterStop) ? pieces.Next() : std::nullopt) {
+    cutter_.Add(std::move(*piece));
+    progress_.BytesRead = pieces.BytesRead();
     progress_.Words = corpus_.Counts().Taken;
     yielder_.Yield();
   }
-  text.Origin.IsUtf8 = reader.ReadAs() == ReadAs::Utf8;
-  corpus_.DescribeSource(text.Origin);
-  return {reader.ReadAs(), reader.IllFormed(), reader.BytesRead(), scanner.TextBytes(), reader.Error()};
+  CutFacts cut = cutter_.Finish();
+  if (pieces.Encoding().Settled == TextEncoding::Utf8) cut.ReadAs = ReadAs::Utf8;
+  progress_.Words = corpus_.Counts().Taken;
+  TextSummary summary{cut.ReadAs, cut.IllFormed, pieces.BytesRead(), cut.TextBytes, pieces.Error()};
+  if (!pieces.HoldsLongLine()) return summary;
+  const PieceBegin begin{pieces.Offset(), cut.Lines};
+  const TextPart part = pieces.Part();
+  TextReader rest(pieces.TakeBytes(), pieces.Rest(), pieces.Encoding(), LongLines::Anywhere, part);
+  const TextSummary more = ReadLines(rest, {}, {}, begin, afterStop);
+  return {std::max(cut.ReadAs, more.ReadAs), cut.IllFormed + more.IllFormed, more.BytesRead,
+          cut.TextBytes + more.TextBytes, more.Error ? more.Error : pieces.Error()};
+}
+
+/// Reads the rest of a text, which begins at a line, on the calling thread.
+TextSummary CorpusReader::ReadLines(TextReader& reader, const CommentMarkers& markers,
+                                    const PieceBegin& begin, AfterStop afterStop) {
+  LineScanner<CorpusBuilder> scanner(rules_, markers, corpus_);
+  scanner.BeginSource();
+  const bool isPlain = IsPlainText(markers);
+  uint32_t line = begin.Lines;
+  while (GoesOn(afterStop) && reader.NextLine()) {
+    line += reader.StartsLine();
+    // Pieces of mark-up depend on what came before them.
+    const bool resumable = reader.StartsLine() ? !scanner.InRegion() : isPlain && !scanner.HoldsBack();
+    corpus_.BeginLine(begin.Offset + reader.LineOffset(), line, reader.StartsLine(), resumable);
+    if (!marks.empty() && reader.StartsLine() && EndsPhraseAt(marks, reader.LineOffset()))
+      corpus_.ResetPhrases();
+    scanner.ScanLine(reader.Line(), reader.StartsLine(), reader.EndsLine());
+    progress_.BytesRead = begin.Offset + reader.BytesRead();
+    progress_.Words = corpus_.Counts().Taken;
+    yielder_.Yield();
+  }
+  return {reader.ReadAs(), reader.IllFormed(), begin.Offset + reader.BytesRead(), scanner.TextBytes(),
+          reader.Error()};
 }
 
 }  // namespace korv

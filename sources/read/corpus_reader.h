@@ -1,14 +1,19 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 
 #include "base/gauge.h"
+#include "base/workers.h"
 #include "base/yielder.h"
 #include "engine/corpus/corpus_builder.h"
 #include "engine/text/word_rules.h"
 #include "sources/read/document_reader.h"
+#include "sources/read/piece_cutter.h"
+#include "sources/read/text_pieces.h"
 #include "sources/read/text_reader.h"
 
 namespace korv {
@@ -34,13 +39,26 @@ struct TextSummary {
   std::optional<FileError> Error;  ///< It could be read only up to here.
 };
 
-/// Cuts texts into words, one text after the other, and hands the words to a corpus. Where several threads
-/// read, each has a reader and a part of the corpus of its own.
+/// How plain texts are parted among threads. The result is the same for any number of threads.
+struct ReadingShares {
+  size_t Threads = WorkerCount();
+  size_t PieceBytes = size_t{1024} * 1024;  ///< Shorter texts are not parted.
+};
+
+/// Cuts texts into words, one text after the other, and hands the words to a corpus. Long plain texts are cut
+/// by several threads, in pieces of whole lines; what regions are left out of a text depends on all that
+/// stands before, so that mark-up and programs are not parted.
 class CorpusReader {
  public:
   /// `rules` has its AllowedExtraChars. All must outlive the object.
-  CorpusReader(const WordRules& rules, CorpusBuilder& corpus, Yielder& yielder, ReadProgress progress)
-      : rules_(rules), corpus_(corpus), yielder_(yielder), progress_(progress) {}
+  CorpusReader(const WordRules& rules, CorpusBuilder& corpus, Yielder& yielder, ReadProgress progress,
+               ReadingShares shares = {})
+      : rules_(rules),
+        corpus_(corpus),
+        yielder_(yielder),
+        progress_(progress),
+        shares_(shares),
+        cutter_(rules, corpus, yielder, shares.Threads) {}
 
   /// Reads a text line by line to its end, or until a stop is requested. `path` names its file; it is empty
   /// for a text that is no file.
@@ -48,10 +66,19 @@ class CorpusReader {
                    AfterStop afterStop = AfterStop::Nothing);
 
  private:
+  TextSummary ReadPieces(TextPieces& pieces, AfterStop afterStop);
+  TextSummary ReadLines(TextReader& reader, const CommentMarkers& markers, std::span<const TextMark> marks,
+                        const PieceBegin& begin, AfterStop afterStop);
+  bool GoesOn(AfterStop afterStop) const {
+    return !yielder_.Stopped() || afterStop == AfterStop::WhatIsThere;
+  }
+
   const WordRules& rules_;
   CorpusBuilder& corpus_;
   Yielder& yielder_;
   ReadProgress progress_;
+  ReadingShares shares_;
+  PieceCutter cutter_;
 };
 
 }  // namespace korv
