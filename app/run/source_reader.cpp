@@ -6,6 +6,7 @@
 #include "app/run/comparison_request.h"
 #include "app/run/encoding_tally.h"
 #include "base/translation.h"
+#include "base/workers.h"
 #include "report/error_text.h"
 #include "report/summary.h"
 #include "sources/detect/comment_markers_ok.h"
@@ -14,6 +15,7 @@
 #include "sources/detect/text_file_check.h"
 #include "sources/folders/met_paths.h"
 #include "sources/read/document_readers.h"
+#include "sources/read/documents_ahead.h"
 #include "sources/read/docx.h"
 
 namespace korv {
@@ -144,7 +146,8 @@ RunEnd SourceReader::DoItFromFile() {
   plan.AddFile(PathFromText(input));
   if (!CommentMarkersAreSafe(plan)) return RunEnd::Refused;
   services_.View.Status(Tr("Now counting phrases in") + ("\r\n\r\n" + input));
-  if (ReadDocument(plan.Document(0).Path, Alone::Yes)) return RunEnd::Counted;
+  const fs::path path = plan.Document(0).Path;
+  if (ReadDocument(path, Open(path, Alone::Yes), Alone::Yes)) return RunEnd::Counted;
   services_.View.Sizes("", "");
   services_.View.ClearOutput();
   return RunEnd::Refused;
@@ -269,13 +272,23 @@ Message SourceReader::NothingToScan() const {
 void SourceReader::ReadFolder(const ReadPlan& plan) {
   const OneAnswerForAll encodings(services_.Encodings);
   RunProgress& progress = services_.Progress;
+  const ReadContext context = ContextOf(Alone::No);
+  std::optional<DocumentsAhead> ahead;
+  if (WorkerCount() > 1 && DocumentsAhead::IsWorthIt(plan, context))
+    ahead.emplace(plan, context, WorkerCount());
   for (size_t i = 0; i < plan.Documents(); ++i) {
     if (Compares() && i == secondSide_) BeginSecondSide();
     const PlannedDocument document = plan.Document(i);
     progress.FoldersRead = document.Folders;
     services_.Yielder.Yield();
     if (services_.Yielder.Stopped()) break;
-    if (ReadOneOfMany(document.Path)) ++run_.Facts.FilesScanned;
+    const auto open = [&] {
+      if (!ahead) return Open(document.Path, Alone::No);
+      OpenedDocument opened = ahead->Take(i);
+      ShowSize(opened.FileSize);
+      return opened;
+    };
+    if (ReadOneOfMany(document.Path, open)) ++run_.Facts.FilesScanned;
     ++progress.FilesRead;
   }
   if (progress.FilesRead == plan.Documents()) progress.FoldersRead = plan.Folders();
@@ -318,13 +331,13 @@ bool SourceReader::SomethingWasRead() {
   return false;
 }
 
-bool SourceReader::ReadOneOfMany(const fs::path& path) {
+bool SourceReader::ReadOneOfMany(const fs::path& path, const std::function<OpenedDocument()>& open) {
   if (path.empty()) return ReadStreamAmongFiles();
   services_.View.InputFile(PathToText(path));
   // Of a folder it was there a moment ago.
   if (!request_.Paths.empty() && !services_.Files.FileExists(path))
     return Skip(PathToText(path), TrLater("does not exist"));
-  return ReadDocument(path, Alone::No);
+  return ReadDocument(path, open(), Alone::No);
 }
 
 bool SourceReader::ReadStreamAmongFiles() {
@@ -351,19 +364,31 @@ bool SourceReader::Skip(std::string path, std::string_view reason) {
   return false;
 }
 
-bool SourceReader::ReadDocument(const fs::path& path, Alone alone) {
-  OpenedText opened = OpenTextSource(services_.Files, path, kRunThreshold);
-  const std::string size = opened.File ? FileSizeLabel(opened.File->Size(), services_.Numbers) : "";
-  services_.View.Sizes(size, "");
-  const DocumentReader& reader = ReaderOfFile(path, opened.Head, request_.ReadAs, request_.Documents.Others);
-  Expected<DocumentText, DocumentRefusal> text =
-      reader.Open(path, std::move(opened),
-                  {services_.Files, services_.Messages, services_.Yielder, alone == Alone::No,
-                   [this](const std::string& bar) { services_.View.TextProgress(bar); }, request_.ReadAs,
-                   request_.Documents});
+ReadContext SourceReader::ContextOf(Alone alone) const {
+  return {services_.Files,
+          services_.Messages,
+          services_.Yielder,
+          alone == Alone::No,
+          [this](const std::string& bar) { services_.View.TextProgress(bar); },
+          request_.ReadAs,
+          request_.Documents};
+}
+
+void SourceReader::ShowSize(std::optional<uint64_t> fileSize) {
+  services_.View.Sizes(fileSize ? FileSizeLabel(*fileSize, services_.Numbers) : "", "");
+}
+
+/// Opens a document on this thread.
+OpenedDocument SourceReader::Open(const fs::path& path, Alone alone) {
+  return OpenDocument(path, ContextOf(alone), [this](std::optional<uint64_t> size) { ShowSize(size); });
+}
+
+bool SourceReader::ReadDocument(const fs::path& path, OpenedDocument document, Alone alone) {
+  Expected<DocumentText, DocumentRefusal>& text = document.Text;
   if (!text) return Refuse(path, text.Error(), alone);
   if (text->Origin.IsDocument) {
-    services_.View.Sizes(size, TextSizeLabel(text->Head.size(), services_.Numbers));
+    services_.View.Sizes(FileSizeLabel(text->Origin.Size, services_.Numbers),
+                         TextSizeLabel(text->Head.size(), services_.Numbers));
     if (request_.ExtractTextFromDocx && IsDocx(path)) KeepExtractedText(path, text->Head);
   }
   return ReadText(path, std::move(*text), alone);

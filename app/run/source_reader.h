@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,6 +10,7 @@
 #include "app/run/run.h"
 #include "engine/corpus/corpus_builder.h"
 #include "sources/read/corpus_reader.h"
+#include "sources/read/documents_ahead.h"
 #include "sources/read/read_plan.h"
 #include "sources/read/stream_source.h"
 
@@ -52,15 +54,18 @@ class SourceReader {
   bool SomethingWasRead();
   bool BothSidesHaveWords();
   bool Compares() const { return !request_.Compared.empty(); }
-  /// One of several documents. False when it was not read, after noting why.
-  bool ReadOneOfMany(const std::filesystem::path& path);
+  /// One of several documents; `open` opens it. False when it was not read, after noting why.
+  bool ReadOneOfMany(const std::filesystem::path& path, const std::function<OpenedDocument()>& open);
   bool ReadStreamAmongFiles();
   bool ClipboardIsValid() const;
   void ReadClipboardText();
   /// False.
   bool Skip(std::string path, std::string_view reason);
   /// False when it was not read, after telling why.
-  bool ReadDocument(const std::filesystem::path& path, Alone alone);
+  bool ReadDocument(const std::filesystem::path& path, OpenedDocument document, Alone alone);
+  ReadContext ContextOf(Alone alone) const;
+  OpenedDocument Open(const std::filesystem::path& path, Alone alone);
+  void ShowSize(std::optional<uint64_t> fileSize);
   bool ReadText(const std::filesystem::path& path, DocumentText text, Alone alone);
   EncodingPlan EncodingOf(const std::filesystem::path& path, const DocumentText& text);
   /// False.

@@ -7,12 +7,21 @@
 
 namespace korv {
 
+namespace {
+
+constexpr size_t kStreamPieceBytes = size_t{64} * 1024;
+
+}  // namespace
+
 TextSummary CorpusReader::Read(const std::filesystem::path& path, DocumentText text, EncodingPlan encoding,
                                AfterStop afterStop) {
   corpus_.BeginSource(path);
   TextSummary summary;
   if (IsPlainText(text.Markers) && text.Marks.empty()) {
-    TextPieces pieces(std::move(text.Head), text.Rest.get(), std::move(encoding), shares_.PieceBytes);
+    // A stream may come slowly, and its words are counted as they come.
+    const bool isStream = text.Rest && text.Rest->Size() == 0;
+    TextPieces pieces(std::move(text.Head), text.Rest.get(), std::move(encoding),
+                      isStream ? std::min(shares_.PieceBytes, kStreamPieceBytes) : shares_.PieceBytes);
     summary = ReadPieces(pieces, afterStop);
   } else {
     TextReader reader(std::move(text.Head), text.Rest.get(), std::move(encoding), LongLines::Anywhere);
@@ -55,7 +64,8 @@ TextSummary CorpusReader::ReadPieces(TextPieces& pieces, AfterStop afterStop) {
 
 /// Reads the rest of a text, which begins at a line, on the calling thread.
 TextSummary CorpusReader::ReadLines(TextReader& reader, const CommentMarkers& markers,
-                                    const PieceBegin& begin, AfterStop afterStop) {
+                                    std::span<const TextMark> marks, const PieceBegin& begin,
+                                    AfterStop afterStop) {
   LineScanner<CorpusBuilder> scanner(rules_, markers, corpus_);
   scanner.BeginSource();
   const bool isPlain = IsPlainText(markers);

@@ -42,7 +42,7 @@ struct TextSummary {
 /// How plain texts are parted among threads. The result is the same for any number of threads.
 struct ReadingShares {
   size_t Threads = WorkerCount();
-  size_t PieceBytes = size_t{1024} * 1024;  ///< Shorter texts are not parted.
+  size_t PieceBytes = size_t{1024} * 1024;  ///< Shorter texts are not parted. Those of streams are smaller.
 };
 
 /// Cuts texts into words, one text after the other, and hands the words to a corpus. Long plain texts are cut

@@ -32,6 +32,11 @@ struct ReadContext {
   std::function<void(const std::string&)> ShowProgress;
   std::string_view ReadAs{};  ///< The extension that a text is read by; empty for its own.
   DocumentChoice Documents{};
+
+  /// The same for another thread, which shows no progress.
+  ReadContext With(korv::Messages& messages, korv::Yielder& yielder) const {
+    return {Files, messages, yielder, IsOneOfMany, nullptr, ReadAs, Documents};
+  }
 };
 
 /// The text of a document, ready to be read line by line.
@@ -71,6 +76,8 @@ class DocumentReader {
   virtual bool TakesBeginning(std::string_view /*head*/) const { return true; }
   /// The regions that are no text in files with that extension.
   virtual CommentMarkers Markers(std::string_view /*extension*/) const { return {}; }
+  /// Whether Open() takes about as long as the reading of the text, or longer.
+  virtual bool OpeningIsWork() const { return true; }
   /// Makes the text of a file, whose beginning has been read, ready to be read. Messages and questions of the
   /// work itself go through `context`; a refusal is only returned.
   virtual Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,

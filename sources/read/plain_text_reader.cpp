@@ -10,6 +10,7 @@ namespace {
 class PlainText final : public DocumentReader {
  public:
   bool TakesExtension(std::string_view /*extension*/) const override { return true; }
+  bool OpeningIsWork() const override { return false; }
   Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
                                                const ReadContext& /*context*/) const override {
     return OpenTextDocument(path, std::move(opened), {});

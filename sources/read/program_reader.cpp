@@ -14,6 +14,7 @@ class Program final : public DocumentReader {
     return MarkersOfExtension(extension).Language == MarkupLanguage::C;
   }
   CommentMarkers Markers(std::string_view extension) const override { return MarkersOfExtension(extension); }
+  bool OpeningIsWork() const override { return false; }
   Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
                                                const ReadContext& context) const override {
     return OpenTextDocument(path, std::move(opened), MarkersOfFile(path, context.ReadAs));

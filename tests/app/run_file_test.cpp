@@ -315,18 +315,16 @@ TEST(RunCount, CountsTheFilesOfAFolderByTheirEncoding) {
 }
 
 TEST(RunCount, AsksAboutTheEncodingOnlyWhereTheTextNeedsIt) {
-  RunWorld world;
-  const std::string words = "the big cat\n";
   std::string text;
-  while (text.size() < 100'000) text += words;
-  uint64_t wordsThen = 0;
-  world.Messages.OnShow = [&](const Message& message) {
-    if (message.Question == questions::kTextEncoding) wordsThen = world.Progress.Words;
-  };
-  world.UseFile("/a.txt", text + "caf\xC3\xA9\n");
-  world.Count();
-  EXPECT_EQ(world.Messages.Shown.size(), 1u);
-  EXPECT_EQ(wordsThen, text.size() / words.size() * 3);
+  while (text.size() < 3'000'000) text += "the big cat\n";
+  for (const char* end : {"", "cafe\n", "caf\xC3\xA9\n"}) {
+    RunWorld world;
+    world.UseFile("/a.txt", text + end);
+    EXPECT_EQ(world.Count(), RunEnd::Counted);
+    const auto asked = std::ranges::count(world.Messages.Shown, questions::kTextEncoding, &Message::Question);
+    EXPECT_EQ(asked, std::string_view(end).ends_with("\xA9\n") ? 1 : 0) << end;
+    EXPECT_EQ(world.Run.Facts.Words.Taken, text.size() / 12 * 3 + (*end ? 1 : 0));
+  }
 }
 
 TEST(RunCount, RefusesAFileWhoseReadingFails) {

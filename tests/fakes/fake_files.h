@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -98,10 +99,17 @@ class FakeFiles final : public FileSystem {
                                 [&](const auto& path) { return path != "/tmp" && inTemporary(path); });
   }
 
-  bool FileExists(const std::filesystem::path& path) const override { return files_.contains(path); }
-  bool FolderExists(const std::filesystem::path& path) const override { return folders_.contains(path); }
+  bool FileExists(const std::filesystem::path& path) const override {
+    const std::scoped_lock lock(*mutex_);
+    return files_.contains(path);
+  }
+  bool FolderExists(const std::filesystem::path& path) const override {
+    const std::scoped_lock lock(*mutex_);
+    return folders_.contains(path);
+  }
 
   Expected<uint64_t, FileError> FileSize(const std::filesystem::path& path) const override {
+    const std::scoped_lock lock(*mutex_);
     if (auto fault = Fault(path)) return *fault;
     const auto file = files_.find(path);
     if (file == files_.end()) return Error(FileFault::NotFound);
@@ -109,6 +117,7 @@ class FakeFiles final : public FileSystem {
   }
 
   bool SameFile(const std::filesystem::path& a, const std::filesystem::path& b) const override {
+    const std::scoped_lock lock(*mutex_);
     const auto first = files_.find(a);
     const auto second = files_.find(b);
     return first != files_.end() && second != files_.end() && first->second == second->second;
@@ -119,6 +128,7 @@ class FakeFiles final : public FileSystem {
   }
 
   std::filesystem::path CanonicalPath(const std::filesystem::path& path) const override {
+    const std::scoped_lock lock(*mutex_);
     const std::filesystem::path absolute = AbsolutePath(path);
     for (const auto& [link, target] : links_)
       if (IsIn(absolute, link))
@@ -127,6 +137,7 @@ class FakeFiles final : public FileSystem {
   }
 
   Expected<std::unique_ptr<InputFile>, FileError> OpenForReading(const std::filesystem::path& path) override {
+    const std::scoped_lock lock(*mutex_);
     ++openings_;
     if (BeforeOpening) BeforeOpening(path);
     if (auto fault = Fault(path)) return *fault;
@@ -140,6 +151,7 @@ class FakeFiles final : public FileSystem {
 
   Expected<std::unique_ptr<OutputFile>, FileError> OpenForWriting(
       const std::filesystem::path& path) override {
+    const std::scoped_lock lock(*mutex_);
     if (auto fault = Fault(path)) return *fault;
     if (folders_.contains(path)) return Error(FileFault::IsFolder);
     if (!folders_.contains(path.parent_path())) return Error(FileFault::NotFound);
@@ -147,6 +159,7 @@ class FakeFiles final : public FileSystem {
   }
 
   Expected<FolderListing, FileError> ListFolder(const std::filesystem::path& path) override {
+    const std::scoped_lock lock(*mutex_);
     if (BeforeListing) BeforeListing(path);
     if (auto fault = Fault(path)) return *fault;
     if (!folders_.contains(path)) return Error(FileFault::NotFound);
@@ -162,6 +175,7 @@ class FakeFiles final : public FileSystem {
   }
 
   std::optional<FileError> CreateFolder(const std::filesystem::path& path) override {
+    const std::scoped_lock lock(*mutex_);
     if (auto fault = Fault(path)) return fault;
     if (files_.contains(path)) return Error(FileFault::Other);
     if (!folders_.contains(path.parent_path())) return Error(FileFault::NotFound);
@@ -170,6 +184,7 @@ class FakeFiles final : public FileSystem {
   }
 
   std::optional<FileError> Remove(const std::filesystem::path& path) override {
+    const std::scoped_lock lock(*mutex_);
     if (auto fault = Fault(path)) return fault;
     if (files_.erase(path) > 0) return std::nullopt;
     const auto below = [&](const std::filesystem::path& other) { return other != path && IsIn(other, path); };
@@ -181,6 +196,7 @@ class FakeFiles final : public FileSystem {
   }
 
   Expected<std::filesystem::path, FileError> CreatePrivateTemporaryFolder() override {
+    const std::scoped_lock lock(*mutex_);
     if (auto fault = Fault("/tmp")) return *fault;
     const std::filesystem::path path = "/tmp/private" + std::to_string(++temporaries_);
     AddFolder(path);
@@ -193,6 +209,7 @@ class FakeFiles final : public FileSystem {
     Input(FakeFiles& files, std::shared_ptr<std::string> content, int64_t modified)
         : files_(files), content_(std::move(content)), size_(content_->size()), modified_(modified) {}
     Expected<size_t, FileError> Read(std::span<char> buffer) override {
+      const std::scoped_lock lock(*files_.mutex_);
       if (auto fault = files_.Fault({})) return *fault;
       const size_t left = content_->size() - std::min(at_, content_->size());
       const size_t count = std::min({buffer.size(), left, files_.piece_});
@@ -203,6 +220,7 @@ class FakeFiles final : public FileSystem {
     uint64_t Size() const override { return size_; }
     int64_t Modified() const override { return modified_; }
     std::optional<FileError> SeekTo(uint64_t position) override {
+      const std::scoped_lock lock(*files_.mutex_);
       if (auto fault = files_.Fault({})) return fault;
       at_ = static_cast<size_t>(position);
       return std::nullopt;
@@ -221,12 +239,14 @@ class FakeFiles final : public FileSystem {
     Output(FakeFiles& files, std::filesystem::path path)
         : files_(files), path_(std::move(path)), replaces_(files.files_.contains(path_)) {}
     std::optional<FileError> Write(std::string_view bytes) override {
+      const std::scoped_lock lock(*files_.mutex_);
       if (auto fault = files_.Fault({})) return fault;
       written_ += bytes;
       return std::nullopt;
     }
     bool Replaces() const override { return replaces_; }
     std::optional<FileError> Commit() override {
+      const std::scoped_lock lock(*files_.mutex_);
       if (auto fault = files_.Fault({})) return fault;
       files_.files_[path_] = std::make_shared<std::string>(std::move(written_));
       return std::nullopt;
@@ -254,6 +274,9 @@ class FakeFiles final : public FileSystem {
     return refused == refused_.end() ? std::nullopt : std::optional(Error(refused->second));
   }
 
+  /// Held by every call of the interface, which several threads may use at once. What is only for tests is
+  /// for one thread.
+  std::unique_ptr<std::recursive_mutex> mutex_ = std::make_unique<std::recursive_mutex>();
   std::map<std::filesystem::path, std::shared_ptr<std::string>> files_;
   std::map<std::filesystem::path, int64_t> modified_;
   int64_t changes_ = 0;
