@@ -274,8 +274,8 @@ void SourceReader::ReadFolder(const ReadPlan& plan) {
   RunProgress& progress = services_.Progress;
   const ReadContext context = ContextOf(Alone::No);
   std::optional<DocumentsAhead> ahead;
-  if (WorkerCount() > 1 && DocumentsAhead::IsWorthIt(plan, context))
-    ahead.emplace(plan, context, WorkerCount());
+  const size_t threads = WorkerCount(services_.Yielder);
+  if (threads > 1 && DocumentsAhead::IsWorthIt(plan, context)) ahead.emplace(plan, context, threads);
   for (size_t i = 0; i < plan.Documents(); ++i) {
     if (Compares() && i == secondSide_) BeginSecondSide();
     const PlannedDocument document = plan.Document(i);

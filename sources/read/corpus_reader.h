@@ -41,7 +41,7 @@ struct TextSummary {
 
 /// How plain texts are parted among threads. The result is the same for any number of threads.
 struct ReadingShares {
-  size_t Threads = WorkerCount();
+  size_t Threads = 0;                       ///< 0: as many as work for the loops of the yielder.
   size_t PieceBytes = size_t{1024} * 1024;  ///< Shorter texts are not parted. Those of streams are smaller.
 };
 
@@ -58,7 +58,7 @@ class CorpusReader {
         yielder_(yielder),
         progress_(progress),
         shares_(shares),
-        cutter_(rules, corpus, yielder, shares.Threads) {}
+        cutter_(rules, corpus, yielder, shares.Threads > 0 ? shares.Threads : WorkerCount(yielder)) {}
 
   /// Reads a text line by line to its end, or until a stop is requested. `path` names its file; it is empty
   /// for a text that is no file.

@@ -8,6 +8,7 @@
 #include "report/summary.h"
 #include "tests/app/run_texts.h"
 #include "tests/app/run_world.h"
+#include "tests/fakes/chosen_threads.h"
 #include "tests/fakes/native_paths.h"
 
 namespace korv {
@@ -53,6 +54,39 @@ TEST(RunCount, CountsAFolderInItsOrderAndSkipsWhatCannotBeRead) {
   EXPECT_THAT(world.View.Statuses, Contains("8 files will be scanned."));
   EXPECT_EQ(world.Messages.Only().Title, "Error");  // The broken document.
   EXPECT_TRUE(world.Messages.Only().Text.ends_with(" when processing broken.docx"));
+}
+
+TEST(RunCount, GivesTheSameOfAFolderWithAnyNumberOfThreads) {
+  std::vector<std::string> results;
+  for (const size_t threads : {size_t{1}, size_t{2}, size_t{3}, size_t{16}}) {
+    RunWorld world;
+    std::string all;
+    for (int i = 0; i < 200; ++i) {
+      const std::string name = "/t/" + std::to_string(i);
+      if (i % 10 == 3)
+        world.Files.Add(name + ".docx", "PK" + std::string(100, 'x'));
+      else if (i % 10 == 7)
+        world.Files.Add(name + ".txt", std::string(static_cast<size_t>(i % 3), 'x'));
+      else if (i % 50 == 5)
+        world.Files.Add(name + ".txt", ManyPhrases(100000));
+      else
+        world.Files.Add(name + ".txt",
+                        "the big caf\xC3\xA9 number " + std::to_string(i) + " and the big cat");
+    }
+    world.UseFolder("/t/");
+    world.UseLengths(2, 4);
+    WithThreads<> yielder(threads);
+    EXPECT_EQ(world.CountWith(yielder), RunEnd::Counted);
+    all += world.Listed() + "\n";
+    for (const SkippedFile& file : world.Run.Facts.SkippedFiles) all += file.Path + ": " + file.Reason + "\n";
+    for (const std::string& file : world.View.InputFiles) all += file + " ";
+    for (const Message& message : world.Messages.Shown) all += message.Text + "\n";
+    all += std::to_string(world.Run.Facts.Words.Taken) + " " + std::to_string(world.Run.Facts.FilesScanned);
+    results.push_back(all);
+    EXPECT_TRUE(world.Files.TemporaryIsClean());
+  }
+  for (const std::string& result : results) EXPECT_EQ(result, results.front());
+  EXPECT_THAT(results.front(), testing::HasSubstr("the big cat"));
 }
 
 TEST(RunCount, TellsOfTheFirstBrokenDocumentOfAFolderAndListsAll) {

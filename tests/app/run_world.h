@@ -77,8 +77,9 @@ struct RunWorld {
   RunRequest Request;
   CountedRun Run;
 
-  RunEnd Count() {
-    return RunCount(Request, {Messages, Yielder, Files, Clock, Numbers, Encodings, View, Progress}, Run);
+  RunEnd Count() { return CountWith(Yielder); }
+  RunEnd CountWith(korv::Yielder& yielder) {
+    return RunCount(Request, {Messages, yielder, Files, Clock, Numbers, Encodings, View, Progress}, Run);
   }
 
   void UseFile(const std::string& path, std::string content) {
