@@ -340,7 +340,7 @@ constexpr SettingRow kRows[] = {
                 .Group = OptionGroup::Sources,
                 .Help =
                     TrLater("Read other documents too: OpenDocument, EPUB, PDF, RTF, subtitles, TMX, XLIFF, "
-                            "PO, TEI and other XML")}},
+                            "PO, TEI and other XML, files packed by gzip and the like")}},
     {.Name = "DocumentSegments",
      .Value = TrimmedText<&Settings::Documents, &DocumentChoice::Segments>(),
      .Reset = ResetBy::RestoreDefaults,

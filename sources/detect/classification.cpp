@@ -118,31 +118,37 @@ Expected<std::string, FileError> ReadHead(InputFile& file, size_t most) {
   return head;
 }
 
-Opened OpenAndProbe(FileSystem& files, const path& path, size_t headBytes, bool checkDeclaredCharset) {
+Opened Refused(EncodingSignature why) {
   Opened opened;
-  const auto refuse = [&](EncodingSignature why) -> Opened& {
-    opened.Signature = why;
-    return opened;
-  };
-  if (path.empty()) return std::move(refuse(EncodingSignature::NoPath));
-  auto file = files.OpenForReading(path);
-  if (!file) return std::move(refuse(SignatureOfFault(file.Error().Fault)));
-  auto head = ReadHead(**file, headBytes);
+  opened.Signature = why;
+  return opened;
+}
+
+Opened Probe(std::unique_ptr<InputFile> file, const path& path, size_t headBytes, bool checkDeclaredCharset) {
+  auto head = ReadHead(*file, headBytes);
   if (!head) {
     // The file is there, whatever the reason says.
     const bool denied = head.Error().Fault == FileFault::PermissionDenied;
-    return std::move(refuse(denied ? EncodingSignature::PermissionDenied : EncodingSignature::CannotOpen));
+    return Refused(denied ? EncodingSignature::PermissionDenied : EncodingSignature::CannotOpen);
   }
-  opened.File = std::move(*file);
+  Opened opened;
+  opened.File = std::move(file);
   opened.Head = std::move(*head);
   const std::string name = PathToText(path);
   opened.Signature = SignatureOfHead(opened.Head, FileExtension(name, true));
   if (opened.Signature == EncodingSignature::None && checkDeclaredCharset && IsPlainTextExtension(name)) {
     const std::optional<bool> declares = DeclaresUtf8(*opened.File, opened.Head);
-    if (!declares) return std::move(refuse(EncodingSignature::CannotOpen));
+    if (!declares) return Refused(EncodingSignature::CannotOpen);
     if (*declares) opened.Signature = EncodingSignature::Utf8;
   }
   return opened;
+}
+
+Opened OpenAndProbe(FileSystem& files, const path& path, size_t headBytes, bool checkDeclaredCharset) {
+  if (path.empty()) return Refused(EncodingSignature::NoPath);
+  auto file = files.OpenForReading(path);
+  if (!file) return Refused(SignatureOfFault(file.Error().Fault));
+  return Probe(std::move(*file), path, headBytes, checkDeclaredCharset);
 }
 
 bool IsAnomalous(char c) {
@@ -201,6 +207,14 @@ TextFacts Classify(const Opened& opened, int32_t maxBytes, double threshold) {
   return facts;
 }
 
+OpenedText Classified(Opened opened, double threshold) {
+  OpenedText source;
+  source.Facts = Classify(opened, kScannedBytes, threshold);
+  source.File = std::move(opened.File);
+  source.Head = std::move(opened.Head);
+  return source;
+}
+
 // What is scanned, and no less than the signatures take.
 constexpr size_t HeadBytes(int32_t maxBytes) {
   constexpr int32_t kSignatureBytes = 5;
@@ -210,12 +224,11 @@ constexpr size_t HeadBytes(int32_t maxBytes) {
 }  // namespace
 
 OpenedText OpenTextSource(FileSystem& files, const path& path, double threshold) {
-  Opened opened = OpenAndProbe(files, path, HeadBytes(kScannedBytes), true);
-  OpenedText source;
-  source.Facts = Classify(opened, kScannedBytes, threshold);
-  source.File = std::move(opened.File);
-  source.Head = std::move(opened.Head);
-  return source;
+  return Classified(OpenAndProbe(files, path, HeadBytes(kScannedBytes), true), threshold);
+}
+
+OpenedText OpenTextSource(std::unique_ptr<InputFile> file, const path& name, double threshold) {
+  return Classified(Probe(std::move(file), name, HeadBytes(kScannedBytes), true), threshold);
 }
 
 EncodingSignature ProbeTextEncoding(FileSystem& files, const path& path, bool checkDeclaredCharset) {

@@ -41,6 +41,11 @@ struct OpenedText {
 ///   TextReader reader(std::move(source.Head), source.File.get(), chooser.PlanFor(source.Facts, ...));
 OpenedText OpenTextSource(FileSystem& files, const std::filesystem::path& path, double threshold);
 
+/// The same of a file that is open already, from its beginning; `name` is its path, by whose extension its
+/// beginning may declare a character set.
+OpenedText OpenTextSource(std::unique_ptr<InputFile> file, const std::filesystem::path& name,
+                          double threshold);
+
 /// What the first five bytes say, and (for the extensions of IsPlainTextExtension) the first ten lines that
 /// are not blank: "charset=UTF-8", with or without double quotes and only in this case, or the bytes E2 80.
 EncodingSignature ProbeTextEncoding(FileSystem& files, const std::filesystem::path& path,

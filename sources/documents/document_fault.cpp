@@ -30,6 +30,8 @@ std::string_view ReasonOf(DocumentFault fault) {
       return TrLater("has no text, perhaps only pictures of its pages");
     case DocumentFault::NoText:
       return TrLater("has no text of the kind that was asked for");
+    case DocumentFault::InPacked:
+      return TrLater("holds a document that must be unpacked first");
     case DocumentFault::NoProgram:
       return TrLater("is a PDF document, which needs the program pdftotext (Debian package poppler-utils)");
     case DocumentFault::ProgramFailed:

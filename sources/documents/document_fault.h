@@ -21,6 +21,7 @@ enum class DocumentFault : uint8_t {
   TooPacked,     ///< Unpacks to so much more than it holds that it may be made to do harm.
   OnlyPictures,  ///< Pages without any text, as a scanner makes them.
   NoText,        ///< A good document, but without text of the kind that was asked for.
+  InPacked,      ///< A document of a kind that is not read where it is packed once more.
   NoProgram,     ///< The program that reads such documents is not installed.
   ProgramFailed,
   Unreadable,  ///< The file.

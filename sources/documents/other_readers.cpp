@@ -13,6 +13,9 @@ const DocumentReader& FlatOdtReader();
 const DocumentReader& EpubReader();
 const DocumentReader& PdfReader();
 const DocumentReader& RtfReader();
+#ifdef KORV_ARCHIVE
+const DocumentReader& PackedReader();
+#endif
 const DocumentReader& SrtReader();
 const DocumentReader& VttReader();
 const DocumentReader& LrcReader();
@@ -42,6 +45,9 @@ constexpr std::array kOthers = {
     Other{&XliffReader, TrLater("XLIFF"), true},
     Other{&PoReader, TrLater("Catalogue of translations"), true},
     Other{&XmlReader, "XML", true},
+#ifdef KORV_ARCHIVE
+    Other{&PackedReader, TrLater("Packed file"), false},
+#endif
 };
 
 const Other* Find(std::string_view extension) {
