@@ -16,7 +16,7 @@ constexpr const char* kTei =
     "<l>One line</l><l>another</l></sp></body></text></TEI>";
 
 TEST_F(ElementsTest, OfTeiAreItsText) {
-  const OpenedDocument tei = Open("a.xml", kTei);
+  const MadeText tei = Open("a.xml", kTei);
   EXPECT_EQ(tei.Text, "A title\nSome words\na note\nhere and there\nANN\nOne line\nanother\n");
   EXPECT_EQ(tei.Unit, PlaceUnit::Line);
   EXPECT_EQ(tei.Marks, (std::vector<TextMark>{{0, 4, false}, {8, 5, false}, {41, 6, false}}));

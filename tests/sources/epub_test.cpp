@@ -38,7 +38,7 @@ std::vector<DocxPart> Parts(const std::vector<std::string>& bodies) {
 
 class EpubTest : public OtherDocumentsTest {
  protected:
-  OpenedDocument OpenBook(const std::vector<DocxPart>& parts) { return Open("a.epub", BuildArchive(parts)); }
+  MadeText OpenBook(const std::vector<DocxPart>& parts) { return Open("a.epub", BuildArchive(parts)); }
 };
 
 TEST_F(EpubTest, IsItsChaptersInReadingOrder) {
@@ -49,7 +49,7 @@ TEST_F(EpubTest, IsItsChaptersInReadingOrder) {
       "<item id=\"css\" href=\"a.css\" media-type=\"text/css\"/></manifest>"
       "<spine><itemref idref=\"a\"/><itemref idref=\"css\"/><itemref idref=\"nobody\"/>"
       "<itemref idref=\"b\"/><itemref idref=\"a\" linear=\"no\"/></spine></package>";
-  const OpenedDocument book = OpenBook(parts);
+  const MadeText book = OpenBook(parts);
   EXPECT_EQ(book.Text, "One\nfirst words\nsecond words\n");
   EXPECT_EQ(book.Unit, PlaceUnit::Chapter);
   EXPECT_EQ(book.Marks, (std::vector<TextMark>{{0, 1, false}, {16, 2, true}}));

@@ -15,7 +15,7 @@
 namespace korv {
 
 /// What a reader made of a document.
-struct OpenedDocument {
+struct MadeText {
   std::string Text;
   std::vector<TextMark> Marks;
   PlaceUnit Unit = PlaceUnit::Line;
@@ -26,7 +26,7 @@ struct OpenedDocument {
 /// Opens documents as a run does that reads the further kinds.
 class OtherDocumentsTest : public testing::Test {
  protected:
-  OpenedDocument Open(const std::string& name, const std::string& content) {
+  MadeText Open(const std::string& name, const std::string& content) {
     files.Add("/in/" + name, content);
     OpenedText opened = OpenTextSource(files, "/in/" + name, kRunThreshold);
     const DocumentReader& reader = ReaderOfFile("/in/" + name, opened.Head, readAs, choice.Others);
@@ -44,7 +44,7 @@ class OtherDocumentsTest : public testing::Test {
   /// The document cut off behind every byte is read or refused, never worse.
   void OpenCutOffAnywhere(const std::string& name, const std::string& content) {
     for (size_t size = 1; size < content.size(); ++size) {
-      const OpenedDocument cut = Open(name, content.substr(0, size));
+      const MadeText cut = Open(name, content.substr(0, size));
       EXPECT_TRUE(cut.Refusal.empty() || cut.Text.empty()) << size;
     }
   }

@@ -112,14 +112,14 @@ std::string Layout(const std::vector<std::vector<std::string>>& pages) {
 
 TEST_F(PdfTest, IsWhatTheProgramTakesOutOfIt) {
   WillPrint(Layout({{"one page", "of well-", "known words"}, {"another well-known one"}}));
-  const OpenedDocument document = Open("a.pdf", "%PDF-1.7 and so on");
+  const MadeText document = Open("a.pdf", "%PDF-1.7 and so on");
   EXPECT_EQ(called, "pdftotext -enc UTF-8 -eol unix -bbox-layout /in/a.pdf -");
   EXPECT_EQ(document.Text, "one page\nof well-known\n words\nanother well-known one\n");
 }
 
 TEST_F(PdfTest, IsThePlainTextWhereTheProgramWritesNoWellFormedXml) {
   WillPrint("one page\n\fan\x01other\n\f");
-  const OpenedDocument document = Open("a.pdf", "%PDF-1.7 and so on");
+  const MadeText document = Open("a.pdf", "%PDF-1.7 and so on");
   EXPECT_EQ(called, "pdftotext -enc UTF-8 -eol unix /in/a.pdf -");
   EXPECT_EQ(document.Text, "one page\nan\x01other\n");
   EXPECT_EQ(document.Unit, PlaceUnit::Page);

@@ -13,7 +13,7 @@ class SegmentsTest : public OtherDocumentsTest {
  protected:
   std::string TextOf(const std::string& name, const std::string& content, const char* segments) {
     choice.Segments = segments;
-    const OpenedDocument document = Open(name, content);
+    const MadeText document = Open(name, content);
     return document.Refusal.empty() ? document.Text : document.Refusal;
   }
 };
@@ -38,7 +38,7 @@ TEST_F(SegmentsTest, OfTmxAreThoseOfTheLanguage) {
   EXPECT_EQ(TextOf("a.tmx", tmx("*all*"), "source"), "ein Wort\ndeux\n");
   EXPECT_EQ(TextOf("a.tmx", tmx("en"), "es"), kNone);
   choice.Segments = "fr";
-  const OpenedDocument document = Open("a.tmx", tmx("en"));
+  const MadeText document = Open("a.tmx", tmx("en"));
   EXPECT_EQ(document.Marks, (std::vector<TextMark>{{0, 1, false}, {7, 2, true}}));
   EXPECT_EQ(document.Unit, PlaceUnit::Segment);
 }

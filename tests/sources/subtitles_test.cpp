@@ -64,7 +64,7 @@ TEST_F(SubtitlesTest, EndPhrasesWithACueThatEndsASentence) {
   for (const Row& row : {Row{"one", false}, Row{"one,", false}, Row{"one.", true}, Row{"one!", true},
                          Row{"one?\"", true}, Row{"one.)\u201D", true}, Row{"one\u2026", true},
                          Row{"\u4E00\u3002", true}, Row{"<i>one.</i>", true}, Row{"one -", false}}) {
-    const OpenedDocument subtitles = Open("a.srt", cues({row.First, "two"}));
+    const MadeText subtitles = Open("a.srt", cues({row.First, "two"}));
     ASSERT_EQ(subtitles.Marks.size(), 2u) << row.First;
     EXPECT_EQ(subtitles.Marks[1].EndsPhrase, row.Ends) << row.First;
     EXPECT_EQ(subtitles.Marks[1].Number, 2u);
