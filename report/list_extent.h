@@ -16,7 +16,8 @@ struct ListExtent {
   uint64_t Occurrences = 0;   ///< Sum of their counts.
 };
 
-/// Calls Yield() once per entry. Linear in the entries.
+/// Yields, and measures the whole list whether or not a stop is asked for. Linear in the entries; on all
+/// threads where there are many.
 ListExtent MeasureList(const PhraseTable& table, Yielder& yielder);
 
 }  // namespace korv

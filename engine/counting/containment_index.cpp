@@ -3,56 +3,77 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <bit>
+#include <span>
+#include <utility>
+#include <vector>
 
-#include "base/pieces.h"
 #include "base/workers.h"
 #include "base/zeroed_array.h"
 
 namespace korv {
 
 bool ContainmentIndex::Collect(Yielder& yielder) {
+  return CollectPhrases(yielder) && FindAffixes(yielder);
+}
+
+/// Parts of the entries put their phrases into ranges of places, each of which is sorted by itself then.
+bool ContainmentIndex::CollectPhrases(Yielder& yielder) {
+  constexpr size_t kPart = size_t{1} << 16;
+  constexpr int kRangeBits = 8;
   const bool small = data_.Entries.size() < 1000;
-  const bool collected = RunTasks(1, small, yielder, [&](size_t, size_t) {
-    if (CollectPhrases(yielder)) SortByPlace(yielder);
+  const size_t tasks = (data_.Entries.size() + kPart - 1) / kPart;
+  const int shift = std::max(0, static_cast<int>(std::bit_width(data_.Corpus.Tokens.size())) - kRangeBits);
+  std::vector<std::array<uint32_t, size_t{1} << kRangeBits>> next(tasks);
+  const auto forEach = [&](size_t task, const auto& use) {
+    for (size_t e = task * kPart; e < std::min(data_.Entries.size(), (task + 1) * kPart); ++e)
+      if (const PhraseEntry& entry = data_.Entries[e]; entry.Listed && entry.Words >= kFewestWords)
+        use(entry, next[task][ValueOf(entry.First) >> shift], e);
+  };
+  if (!RunTasks(tasks, small, yielder, [&](size_t task, size_t) {
+        forEach(task, [](const PhraseEntry&, uint32_t& size, size_t) { ++size; });
+      }))
+    return false;
+  std::vector<size_t> begins{0};
+  uint32_t sum = 0;
+  for (size_t range = 0; range < next.front().size(); ++range) {
+    for (auto& ofTask : next) sum += std::exchange(ofTask[range], sum);
+    begins.push_back(sum);
+  }
+  phrases_.resize(sum);
+  std::atomic<int> fewest{kMostWords};
+  if (!RunTasks(tasks, small, yielder, [&](size_t task, size_t) {
+        int fewestOfTask = kMostWords;
+        forEach(task, [&](const PhraseEntry& entry, uint32_t& at, size_t e) {
+          phrases_[at++] = {entry.First, entry.Count, static_cast<uint32_t>(e), entry.Words};
+          fewestOfTask = std::min<int>(fewestOfTask, entry.Words);
+        });
+        for (int now = fewest; fewestOfTask < now && !fewest.compare_exchange_weak(now, fewestOfTask);) {
+        }
+      }))
+    return false;
+  fewestWords_ = fewest;
+  return RunTasks(begins.size() - 1, small, yielder, [&](size_t range, size_t) {
+    SortByPlace(std::span(phrases_).subspan(begins[range], begins[range + 1] - begins[range]), shift);
   });
-  return collected && FindAffixes(yielder);
 }
 
-bool ContainmentIndex::CollectPhrases(const Yielder& yielder) {
-  phrases_.reserve(data_.Entries.size());
-  return InPieces(data_.Entries.size(), yielder, [this](size_t begin, size_t end) {
-    for (size_t e = begin; e < end; ++e) {
-      const PhraseEntry& entry = data_.Entries[e];
-      if (!entry.Listed || entry.Words < kFewestWords) continue;
-      phrases_.push_back({entry.First, entry.Count, static_cast<uint32_t>(e), entry.Words});
-      fewestWords_ = std::min<int>(fewestWords_, entry.Words);
-    }
-  });
-}
-
-/// A radix sort by First, lowest digit first.
-bool ContainmentIndex::SortByPlace(const Yielder& yielder) {
+/// A radix sort by the lowest `bits` of First, which are those in which the places differ.
+void ContainmentIndex::SortByPlace(std::span<Phrase> phrases, int bits) {
   constexpr int kDigitBits = 11;
   constexpr size_t kDigits = size_t{1} << kDigitBits;
-  const size_t n = phrases_.size();
-  RawVector<Phrase> sorted(n);
-  for (int shift = 0; shift < 32 && data_.Corpus.Tokens.size() >> shift != 0; shift += kDigitBits) {
+  if (phrases.size() < 2) return;
+  RawVector<Phrase> sorted(phrases.size());
+  for (int shift = 0; shift < bits; shift += kDigitBits) {
     const auto digit = [shift](const Phrase& phrase) {
       return ValueOf(phrase.First) >> shift & (kDigits - 1);
     };
     std::array<size_t, kDigits + 1> next{};
-    const bool counted = InPieces(n, yielder, [&](size_t begin, size_t end) {
-      for (size_t k = begin; k < end; ++k) ++next[digit(phrases_[k]) + 1];
-    });
-    if (!counted) return false;
+    for (const Phrase& phrase : phrases) ++next[digit(phrase) + 1];
     for (size_t d = 0; d < kDigits; ++d) next[d + 1] += next[d];
-    const bool scattered = InPieces(n, yielder, [&](size_t begin, size_t end) {
-      for (size_t k = begin; k < end; ++k) sorted[next[digit(phrases_[k])]++] = phrases_[k];
-    });
-    if (!scattered) return false;
-    phrases_.swap(sorted);
+    for (const Phrase& phrase : phrases) sorted[next[digit(phrase)]++] = phrase;
+    std::copy(sorted.begin(), sorted.end(), phrases.begin());
   }
-  return true;
 }
 
 int ContainmentIndex::WordsCoveredBefore(size_t k) const {

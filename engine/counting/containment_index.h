@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "base/raw_vector.h"
 #include "base/yielder.h"
@@ -87,8 +88,8 @@ class ContainmentIndex {
     return Scramble(hash + (uint64_t{count} << 8) + static_cast<uint64_t>(words));
   }
 
-  bool CollectPhrases(const Yielder& yielder);
-  bool SortByPlace(const Yielder& yielder);
+  bool CollectPhrases(Yielder& yielder);
+  static void SortByPlace(std::span<Phrase> phrases, int bits);
   bool FindAffixes(Yielder& yielder);
   void Add(size_t begin, size_t end);
 
