@@ -90,7 +90,10 @@ class FakeFiles final : public FileSystem {
     return file == files_.end() ? std::nullopt : std::optional(*file->second);
   }
   /// How many times OpenForReading() was called.
-  int Openings() const { return openings_; }
+  int Openings() const {
+    const std::scoped_lock lock(*mutex_);
+    return openings_;
+  }
   /// Whether a temporary folder or anything in one is left.
   bool TemporaryIsClean() const {
     const auto inTemporary = [](const std::filesystem::path& path) { return IsIn(path, "/tmp"); };
