@@ -31,6 +31,30 @@ class SourceSurveys : public testing::Test {
   FakeYielder yielder;
 };
 
+TEST_F(SourceSurveys, NameOtherDocumentsWhereTheseAreRead) {
+  files.Add("/in/a.rtf", "{\\rtf1 the white whale}");
+  files.Add("/in/a.pdf", "%PDF-1.7\n" + std::string(100, '\x01'));
+  files.Add("/in/false.pdf", "the white whale");
+  const auto file = [this](const char* path) {
+    return SurveyText(SurveySource({.Kind = TextSource::SingleFile,
+                                    .Path = path,
+                                    .Selection = {.Patterns = {}, .Exclusions = {}, .OtherDocuments = true}},
+                                   files, yielder),
+                      {});
+  };
+  EXPECT_EQ(file("/in/a.rtf"), "RTF document, UTF-8");
+  EXPECT_EQ(file("/in/a.pdf"), "PDF document, UTF-8");
+  EXPECT_EQ(file("/in/false.pdf"), "Plain text, ASCII");
+  EXPECT_EQ(OfFolder().Files, 1u) << "by its name a PDF is no file to be counted";
+  const SourceSurvey folder =
+      SurveySource({.Kind = TextSource::Folder,
+                    .Path = "/in",
+                    .Selection = {.Patterns = {}, .Exclusions = {}, .OtherDocuments = true}},
+                   files, yielder);
+  EXPECT_EQ(folder.Files, 3u);
+  EXPECT_EQ(folder.Refused, 0u);
+}
+
 TEST_F(SourceSurveys, NameTheKindAndEncodingOfAFile) {
   const std::string longAscii(20000, 'a');
   const struct {
