@@ -25,13 +25,14 @@ bool SameSource(const RunRequest& a, const RunRequest& b) {
     case TextSource::Clipboard:
       return true;
     case TextSource::SingleFile:
-      return TrimmedPath(a.InputPath) == TrimmedPath(b.InputPath);
+      return TrimmedPath(a.InputPath) == TrimmedPath(b.InputPath) && a.Documents == b.Documents;
     case TextSource::Folder:
       break;
   }
   const bool samePath = !a.Paths.empty() || TrimmedFolderPath(a.InputPath) == TrimmedFolderPath(b.InputPath);
   return samePath && a.IncludeSubfolders == b.IncludeSubfolders &&
-         a.Selection.Patterns == b.Selection.Patterns && a.Selection.Exclusions == b.Selection.Exclusions;
+         a.Selection.Patterns == b.Selection.Patterns && a.Selection.Exclusions == b.Selection.Exclusions &&
+         a.Documents == b.Documents;
 }
 
 auto CharactersOf(const WordRules& r) {

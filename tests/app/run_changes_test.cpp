@@ -39,6 +39,7 @@ TEST(ChangesBetween, ToldByWhatTheyAreAbout) {
       {"another file", [](RunRequest& r) { r.InputPath = "b.txt"; }, "source"},
       {"another kind of source", [](RunRequest& r) { r.Options.SourceKind = TextSource::Clipboard; },
        "source"},
+      {"other documents", [](RunRequest& r) { r.Documents.Others = true; }, "source"},
       {"what only folders have", [](RunRequest& r) { r.IncludeSubfolders = true; }, ""},
       {"another output file", [](RunRequest& r) { r.OutputPath = "o.txt"; }, ""},
       {"fewest words", [](RunRequest& r) { r.Options.MinWords = 2; }, "phrase lengths"},
