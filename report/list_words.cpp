@@ -161,20 +161,30 @@ void ListOneByOne(const ListedRows& rows, Listing& listing) {
 /// thread.
 void ListOnThreads(const ListedRows& rows, std::vector<RowMaker>& makers, Listing& listing,
                    Yielder& yielder) {
-  constexpr size_t kRowsOfTask = 2048;
+  constexpr size_t kMostRowsOfTask = 2048;
   const size_t tasks = makers.size() * 8;
   std::vector<MadeRows> made(tasks);
-  for (size_t begin = 0; begin < rows.Size(); begin += tasks * kRowsOfTask) {
-    const bool finished = RunTasks(tasks, false, yielder, [&](size_t task, size_t worker) {
-      const size_t first = std::min(rows.Size(), begin + task * kRowsOfTask);
-      makers[worker].Make(rows, first, std::min(rows.Size(), first + kRowsOfTask), yielder, made[task]);
-    });
-    if (!finished) {
+  size_t rowsOfTask = kMostRowsOfTask;
+  for (size_t begin = 0; begin < rows.Size();) {
+    const auto endOf = [&](size_t task) { return std::min(rows.Size(), begin + task * rowsOfTask); };
+    if (!RunTasks(tasks, false, yielder, [&](size_t task, size_t worker) {
+          makers[worker].Make(rows, endOf(task), endOf(task + 1), yielder, made[task]);
+        })) {
       listing.Stop();
       return;
     }
-    for (const MadeRows& some : made)
-      if (!listing.List(some)) return;
+    bool tooLong = false;
+    for (size_t task = 0; task < tasks; ++task) {
+      if (!listing.List(made[task])) return;
+      // What did not fit into memory that may be taken is made here.
+      while (made[task].End < endOf(task + 1)) {
+        tooLong = true;
+        makers.front().Make(rows, made[task].End, endOf(task + 1), yielder, made[task]);
+        if (!listing.List(made[task])) return;
+      }
+    }
+    begin = endOf(tasks);
+    rowsOfTask = tooLong ? std::max<size_t>(1, rowsOfTask / 4) : std::min(kMostRowsOfTask, rowsOfTask * 2);
   }
 }
 

@@ -17,9 +17,9 @@ void RowMaker::Make(const ListedRows& rows, size_t begin, size_t end, const Yiel
                     MadeRows& made) {
   made.Text.Clear();
   made.Rows.clear();
-  for (size_t row = begin; row < end && !yielder.Stopped(); ++row) {
-    rows.PrefetchBehind(row);
-    const PhraseIndex entry = rows.At(row);
+  for (made.End = begin; made.End < end && made.Text.Size() <= kMostText && !yielder.Stopped(); ++made.End) {
+    rows.PrefetchBehind(made.End);
+    const PhraseIndex entry = rows.At(made.End);
     if (entry == kNoPhrase) continue;
     phrase_.clear();
     table_.AppendText(entry, phrase_);

@@ -24,17 +24,21 @@ struct MadeRows {
 
   TextBuffer Text;
   std::vector<Row> Rows;
+  size_t End = 0;  ///< Of the range that they come from.
 };
 
 /// Makes the text of ranges of rows; a thread has one of its own.
 class RowMaker {
  public:
+  /// In bytes. A row that names thousands of files has a hundred thousand.
+  static constexpr size_t kMostText = size_t{1} << 20;
+
   /// All outlive the object.
   RowMaker(const Report& report, std::span<const Column* const> columns, const ColumnSource& source,
            std::unique_ptr<RowText> text);
 
-  /// Of the rows [begin, end) those that pass the report's filter, in place of what `made` holds. Fewer after
-  /// a stop.
+  /// Of the rows [begin, end) those that pass the report's filter, in place of what `made` holds. The range
+  /// ends earlier where its text has become longer than kMostText, and after a stop.
   void Make(const ListedRows& rows, size_t begin, size_t end, const Yielder& yielder, MadeRows& made);
 
  private:

@@ -7,6 +7,7 @@
 
 #include "report/columns/registry.h"
 #include "report/list_words.h"
+#include "report/row_maker.h"
 #include "report/writers/table_forms.h"
 #include "tests/fakes/chosen_threads.h"
 #include "tests/report/report_world.h"
@@ -78,6 +79,26 @@ TEST(LongLists, AreTheSameOnAnyNumberOfThreads) {
     WithThreads<> yielder(threads);
     const ListResult result = ListWords(world.View(), kFileForm, sink, yielder);
     EXPECT_TRUE((Listed{sink.Text, result}) == expected);
+  }
+}
+
+TEST(LongLists, OfRowsThatNameManyFilesAreTheSameAsMadeRowByRow) {
+  ReportWorld world;
+  world.Facts.Options.SourceKind = TextSource::Folder;
+  for (int file = 0; file < 900; ++file) {
+    world.BeginFile("a file whose name is long enough to make long rows " + std::to_string(file));
+    for (int k = 0; k < 200; ++k) world.Say("common w" + std::to_string(k));
+    for (int k = 0; k < 20; ++k) world.Say("v" + std::to_string(file) + " w" + std::to_string(k));
+  }
+  world.Finish();
+  ASSERT_GT(world.Table.EntryCount(), 1U << 14);
+  for (const int format : {11, 12}) {
+    SCOPED_TRACE(format);
+    world.Options = {.DisplayFormat = format};
+    const Listed expected = ListIn(kSmallPieces, world.View(), kFileForm);
+    // The most frequent come first: all of these rows are those of one task.
+    EXPECT_GT(expected.Text.size(), RowMaker::kMostText + world.Table.EntryCount() * 40);
+    EXPECT_TRUE(ListIn(kLargePieces, world.View(), kFileForm) == expected);
   }
 }
 
