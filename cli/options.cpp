@@ -270,8 +270,12 @@ std::variant<CountOptions, int> ParseCountOptions(const std::vector<std::string>
 }
 
 void ApplyOptions(const CountOptions& options, Settings& settings) {
-  CopyValues(options.Given.Which, options.Given.Values, settings);
   const auto given = [&](const char* name) { return (options.Given.Which & SetOf(RowOf(name))).any(); };
+  if (given("Reading")) ApplyReading(options.Given.Values.Reading, settings);
+  // Who names characters or lengths wants these, whatever the reading says.
+  if (given("AllowHyphens")) settings.WordsAre = WordRule::Allowed;
+  if (given("ShortWordSize") || given("LongWordSize")) settings.AnyWordLength = false;
+  CopyValues(options.Given.Which, options.Given.Values, settings);
   // Who asks for shorter phrases alone does not mean to ask for none.
   if (given("MaxWords") && !given("MinWords"))
     settings.MinWords = std::min(settings.MinWords, settings.MaxWords);

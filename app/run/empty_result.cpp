@@ -73,11 +73,11 @@ class Causes {
                    offered.NotCountOnly)},
           {NoteAction::CountOnly});
     Share(offered, offered.TooLong,
-          {Tr("The only phrase has more than 100 characters."),
-           TrCount("%1 phrase has more than 100 characters.", "%1 phrases have more than 100 characters.",
+          {Tr("The only phrase has more than %2 characters."),
+           TrCount("%1 phrase has more than %2 characters.", "%1 phrases have more than %2 characters.",
                    offered.TooLong),
-           TrCount("All %1 phrases have more than 100 characters.",
-                   "All %1 phrases have more than 100 characters.", offered.TooLong)},
+           TrCount("All %1 phrases have more than %2 characters.",
+                   "All %1 phrases have more than %2 characters.", offered.TooLong)},
           {});
   }
 
@@ -93,7 +93,8 @@ class Causes {
     if (phrases == 0) return;
     const bool all = phrases == offered.Offered;
     const char* const text = !all ? texts.Some : phrases == 1 ? texts.Only : texts.All;
-    Add(Fill(text, {Number(phrases)}), std::move(waysOut));
+    const auto most = static_cast<uint64_t>(result_.Run.Facts.Options.MostCharacters);
+    Add(Fill(text, {Number(phrases), Number(most)}), std::move(waysOut));
   }
 
   const ShownResult& result_;

@@ -227,9 +227,10 @@ class Notes {
     Skipped();
     if (facts.LongPhrases > 0)
       Add({NoteKind::LongPhrases,
-           Counted(TrCount("%1 phrase of more than 100 characters left out.",
-                           "%1 phrases of more than 100 characters left out.", facts.LongPhrases),
-                   facts.LongPhrases, numbers_)});
+           Fill(TrCount("%1 phrase of more than %2 characters left out.",
+                        "%1 phrases of more than %2 characters left out.", facts.LongPhrases),
+                {numbers_.Grouped(static_cast<int64_t>(facts.LongPhrases)),
+                 numbers_.Grouped(facts.Options.MostCharacters)})});
     if (const uint64_t replaced = facts.Encodings.IllFormed; replaced > 0)
       Add({NoteKind::Replaced,
            Counted(TrCount("%1 byte sequence that is no UTF-8 was passed over.",

@@ -1,11 +1,27 @@
 #include "app/run/run_request.h"
 
+#include "engine/text/word_chars.h"
+
 namespace korv {
 
 FileSelection SelectionOf(const Settings& settings) {
   return {.Patterns = SplitPatterns(settings.FilePatterns),
           .Exclusions = SplitPatterns(settings.ExcludedTexts),
           .OtherDocuments = settings.Documents.Others};
+}
+
+WordRules WordRulesOf(const Settings& settings) {
+  WordRules rules = settings.Words;
+  if (settings.WordsAre == WordRule::Words)
+    rules.AllowHyphens = rules.AllowApostrophes = rules.AllowNumerals = true;
+  rules.UnicodeWords = settings.WordsAre == WordRule::Unicode;
+  if (settings.AnyWordLength) {
+    rules.IgnoreShortWords = false;
+    rules.LongWordSize = static_cast<int>(kMostWordCharacters);
+  }
+  // Of the periods these are the ones that end a sentence.
+  if (rules.TerminateAtSentence) rules.TerminateAtPeriod = false;
+  return rules;
 }
 
 RunRequest RunRequestOf(const Settings& settings) {
@@ -15,7 +31,12 @@ RunRequest RunRequestOf(const Settings& settings) {
   request.Options.MinFrequency = settings.MinFrequency;
   request.Options.IgnoreMode = settings.IgnoreOption.value_or(IgnoreRule::Allow);
   request.Options.SourceKind = settings.SourceKind;
-  request.Rules = settings.Words;
+  request.Options.MostCharacters = settings.LongPhrases ? kMostLongPhraseCharacters : kMostPhraseCharacters;
+  request.Options.Reading = {.ShownMarkup = settings.ShownMarkup,
+                             .DeclaredEncodings = settings.DeclaredEncodings,
+                             .NotesAndBoxes = settings.NotesAndBoxes,
+                             .Encoding = settings.Encoding};
+  request.Rules = WordRulesOf(settings);
   request.Chain = ChainOrderOf(settings.Report);
   request.InputPath = settings.SourceKind == TextSource::Folder ? settings.Folder : settings.InputFile;
   if (!settings.DisableOutputToFile) request.OutputPath = settings.OutputFile;

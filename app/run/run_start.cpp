@@ -1,5 +1,8 @@
 #include "app/run/run_start.h"
 
+#include <utility>
+
+#include "engine/text/unicode.h"
 #include "sources/detect/source_checks.h"
 
 namespace korv {
@@ -27,10 +30,26 @@ WordRules RulesInForce(const RunRequest& request) {
   return rules;
 }
 
+namespace {
+
+/// Adds the fully folded forms: words of the text come in these.
+void FoldEntries(std::vector<std::string>& entries) {
+  const size_t count = entries.size();
+  for (size_t i = 0; i < count; ++i) {
+    std::string folded = entries[i].find('<') == std::string::npos ? FoldCaseFully(entries[i]) : entries[i];
+    if (folded != FoldCase(entries[i])) entries.push_back(std::move(folded));
+  }
+}
+
+}  // namespace
+
 void BeginRun(const RunRequest& request, Yielder& yielder, CountedRun& run) {
   run = CountedRun{};
   WordFilterSpec entries = request.Lists;
   entries.CaseSignificant = request.Rules.CaseSignificant;
+  if (request.Rules.FoldCaseFully && !request.Rules.CaseSignificant)
+    for (auto* list : {&entries.FileWordsToIgnore, &entries.TypedWordsToIgnore, &entries.CountOnly})
+      FoldEntries(*list);
   *run.Lists = WordFilters(entries, yielder);
   run.Chain = request.Chain;
   RunSummary& facts = run.Facts;

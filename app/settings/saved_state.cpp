@@ -29,6 +29,11 @@ bool HasPlace(const SettingRow& row) {
   return row.Places.front() != 0;
 }
 
+/// The row that decides on the defaults of others. Its line comes before theirs.
+bool IsReading(const SettingRow& row) {
+  return std::string_view(row.Name) == "Reading";
+}
+
 /// Builds the records of settings.
 class RecordWriter {
  public:
@@ -121,6 +126,8 @@ class RecordReader {
       // A later version may know more.
       if (row == rows.end()) continue;
       std::visit([&](const auto& value) { TakeNamed(value, text->substr(equals + 1)); }, row->Value);
+      // What it sets may be set otherwise by the lines behind.
+      if (IsReading(*row)) ApplyReading(settings_.Reading, settings_);
     }
   }
 
@@ -293,8 +300,10 @@ std::string WriteWhole(FileSystem& files, const std::filesystem::path& path, std
 Expected<std::string, StateError> StateBytes(const Settings& settings, std::span<const SettingRow> rows) {
   RecordWriter writer(settings);
   for (const SavedPlace& place : SavedPlaces(rows)) writer.Write(place);
+  const Settings defaults = DefaultsUnder(settings.Reading);
   for (const SettingRow& row : rows)
-    if (!HasPlace(row) && !SameValue(row, settings, Settings{})) writer.WriteNamed(row);
+    if (!HasPlace(row) && !SameValue(row, settings, IsReading(row) ? Settings{} : defaults))
+      writer.WriteNamed(row);
   return std::move(writer).Result();
 }
 

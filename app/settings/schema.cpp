@@ -20,6 +20,11 @@ constexpr Choice kIgnoreRules[] = {{"allow", "optAllowPhrasesAllWordsToIgnore"},
                                    {"exclude-all", "optExcludePhrasesAllWordsToIgnore"},
                                    {"remove", "optRemoveWordsToIgnore"},
                                    {"exclude-with", "optExcludePhrasesWithWordToIgnore"}};
+constexpr Choice kReadings[] = {{"letter", "optReadByLetter"}, {"reader", "optReadAsReader"}};
+constexpr Choice kWordRules[] = {{"letters"}, {"words"}, {"unicode"}};
+constexpr Choice kSegmentations[] = {{"off"}, {"auto"}, {"words"}, {"characters"}};
+/// Of a checkbox that the reading ticks or clears, so that its option must say which.
+constexpr Choice kOffOn[] = {{"off"}, {"on"}};
 constexpr Choice kOrders[] = {{"frequency"}, {"alphabetical"}};
 constexpr Choice kFilterModes[] = {{"all", "optIncludeAllWords"},
                                    {"ordered", "optIncludeAllWordsInSameOrder"},
@@ -227,6 +232,16 @@ constexpr SettingRow kRows[] = {
      .Places = {38, 43},
      .Control = "chkTerminatePhraseAtTab",
      .Option = EndsAt("tab")},
+    {.Name = "TerminateAtSentence",
+     .Value = WordCheck<&WordRules::TerminateAtSentence>(),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkTerminatePhraseAtSentence",
+     .Option = EndsAt("sentence")},
+    {.Name = "TerminateAtBlock",
+     .Value = WordCheck<&WordRules::TerminateAtBlock>(),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkTerminatePhraseAtBlock",
+     .Option = EndsAt("block")},
 
     // What is a word
     {.Name = "CaseSignificant",
@@ -365,6 +380,76 @@ constexpr SettingRow kRows[] = {
                 .Help = TrLater(
                     "Of XML never count what stands inside of these (teiHeader, script, style), or none")}},
 
+    // How texts are read. Reading comes first, for it sets all the others.
+    {.Name = "Reading",
+     .Value = ChoiceOf<&Settings::Reading>(kReadings),
+     .Reset = ResetBy::RestoreDefaults,
+     .Option = {.Name = "--reading",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Read texts by the letter or as a reader sees them ({default}); reader turns "
+                                "on what follows, but for what is given")}},
+    {.Name = "ShownMarkup",
+     .Value = ChoiceOf<&Settings::ShownMarkup>(kOffOn),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkShownMarkup",
+     .Option = {.Name = "--shown-markup",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Of HTML, XML and PHP only what a page shows ({default})")}},
+    {.Name = "DeclaredEncodings",
+     .Value = ChoiceOf<&Settings::DeclaredEncodings>(kOffOn),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkDeclaredEncodings",
+     .Option = {.Name = "--declared-encodings",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Texts in the encoding that they declare, ANSI as Windows-1252 ({default})")}},
+    {.Name = "NotesAndBoxes",
+     .Value = ChoiceOf<&Settings::NotesAndBoxes>(kOffOn),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkNotesAndBoxes",
+     .Option = {.Name = "--notes-and-boxes",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Of .docx also notes, text boxes, headers and footers ({default})")}},
+    {.Name = "WordRule",
+     .Value = ChoiceOf<&Settings::WordsAre>(kWordRules),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "cboWordRule",
+     .Option = {.Name = "--word-rule",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Words of letters and what --allow names; words with digits, apostrophes and "
+                                "hyphens too; or as Unicode has words ({default})")}},
+    {.Name = "AnyWordLength",
+     .Value = ChoiceOf<&Settings::AnyWordLength>(kOffOn),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkAnyWordLength",
+     .Option = {.Name = "--any-word-length",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Ignore no word for its length ({default})")}},
+    {.Name = "FoldCaseFully",
+     .Value = ChoiceOf<&Settings::Words, &WordRules::FoldCaseFully>(kOffOn),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkFoldCaseFully",
+     .Option = {.Name = "--full-case-folding",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Fold case by Unicode's full rules ({default})")}},
+    {.Name = "Segmentation",
+     .Value = ChoiceOf<&Settings::Words, &WordRules::Segment>(kSegmentations),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "cboSegmentation",
+     .Option = {.Name = "--segment",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Find words in Chinese, Japanese, Thai, Lao, Khmer and Burmese ({default})")}},
+    {.Name = "LongPhrases",
+     .Value = ChoiceOf<&Settings::LongPhrases>(kOffOn),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "chkLongPhrases",
+     .Option = {.Name = "--long-phrases",
+                .Group = OptionGroup::Reading,
+                .Help = TrLater("Count phrases of up to 1,000 characters instead of 100 ({default})")}},
+    {.Name = "Encoding",
+     .Value = TrimmedText<&Settings::Encoding>(),
+     .Reset = ResetBy::RestoreDefaults,
+     .Control = "cboEncoding"},
+
     // Report
     {.Name = "DisplayFormat",
      .Value = Number<&Settings::Report, &ReportOptions::DisplayFormat>(0, kDisplayFormats - 1),
@@ -483,6 +568,8 @@ const char* TitleOf(OptionGroup group) {
       return Tr("What is a word, and where phrases end");
     case OptionGroup::Sources:
       return Tr("Sources");
+    case OptionGroup::Reading:
+      return Tr("How texts are read");
     case OptionGroup::Report:
       return Tr("Report");
     case OptionGroup::Contexts:
@@ -566,6 +653,32 @@ Settings SettingsAtStart() {
   for (const SettingRow& row : kRows)
     if (row.AtStart) std::get<NumberValue>(row.Value).Set(settings, *row.AtStart);
   return settings;
+}
+
+void ApplyReading(Reading reading, Settings& settings) {
+  const bool on = reading == Reading::Reader;
+  settings.Reading = reading;
+  settings.ShownMarkup = on;
+  settings.DeclaredEncodings = on;
+  settings.NotesAndBoxes = on;
+  settings.WordsAre = on ? WordRule::Words : WordRule::Allowed;
+  settings.AnyWordLength = on;
+  settings.LongPhrases = on;
+  settings.Words.FoldCaseFully = on;
+  settings.Words.Segment = on ? Segmentation::Auto : Segmentation::Off;
+  settings.Words.TerminateAtSentence = on;
+  settings.Words.TerminateAtBlock = on;
+}
+
+Settings DefaultsUnder(Reading reading) {
+  Settings defaults;
+  ApplyReading(reading, defaults);
+  return defaults;
+}
+
+SettingSet SettingsOfReading() {
+  return DifferencesOf(DefaultsUnder(Reading::Letter), DefaultsUnder(Reading::Reader)) &
+         ~SetOf(RowOf("Reading"));
 }
 
 void SetDefaultValues(Settings& settings) {

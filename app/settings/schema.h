@@ -51,6 +51,13 @@ Settings SettingsAtStart();
 /// What "Restore defaults" does.
 void SetDefaultValues(Settings& settings);
 
+/// Sets all that a way of reading sets, and Settings::Reading itself.
+void ApplyReading(Reading reading, Settings& settings);
+/// The settings that Reading sets, itself not among them.
+SettingSet SettingsOfReading();
+/// The defaults of settings that have no place in a file: those of the way of reading.
+Settings DefaultsUnder(Reading reading);
+
 /// Whether two settings differ in what a user would miss after a restart.
 bool SettingsDiffer(const Settings& one, const Settings& other);
 

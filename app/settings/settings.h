@@ -21,6 +21,17 @@ inline constexpr int kMostWordsFiles = 99;
 /// Items of the list of common-words languages.
 enum class CommonWords { English, German, Spanish, Portuguese, Italian, French, All, None };
 
+/// What the user asked for with one switch: texts by the letter, or as a reader sees them. The single settings
+/// that it sets may then differ from it.
+enum class Reading { Letter, Reader };
+
+/// What a word is made of.
+enum class WordRule {
+  Allowed,  ///< Letters and the characters that are allowed.
+  Words,    ///< The same with digits, apostrophes and hyphens, allowed or not.
+  Unicode,  ///< As Unicode has words.
+};
+
 /// The whole persisted settings model: what the controls of both windows hold, as values rather than as
 /// places in lists. The defaults are those of a fresh program after "Restore defaults".
 ///
@@ -56,6 +67,16 @@ struct Settings {
 
   /// FileList and FilterActive are not persisted.
   ReportOptions Report;
+
+  // What Reading sets: see ApplyReading().
+  korv::Reading Reading = korv::Reading::Letter;
+  bool ShownMarkup = false;
+  bool DeclaredEncodings = false;
+  bool NotesAndBoxes = false;
+  WordRule WordsAre = WordRule::Allowed;
+  bool AnyWordLength = false;  ///< No word is dropped for its length.
+  bool LongPhrases = false;    ///< Phrases of up to 1,000 characters, not 100.
+  std::string Encoding;        ///< cboEncoding: the name of the encoding of all texts; empty for each its own.
 
   bool ExtractTextFromDocx = false;
   DocumentChoice

@@ -4,7 +4,7 @@
 #include "engine/text/word_form.h"
 #include "sources/detect/comment_markers.h"
 #include "sources/read/text_reader.h"
-#include "sources/scan/line_scanner.h"
+#include "sources/scan/word_cutter.h"
 
 namespace korv {
 
@@ -17,7 +17,7 @@ class SampleSink final : public WordSink {
 
   void TakeWord(std::string_view word) override {
     if (DroppedByForm(word, rules_)) return;
-    const std::string folded = rules_.CaseSignificant ? std::string(word) : FoldCase(word);
+    const std::string folded = FoldedWord(word, rules_);
     if (rules_.Only7bitASCII && !Is7bit(folded)) return;
     if (!found_.empty()) found_ += phraseEnds_ ? " || " : " | ";
     found_ += folded;
@@ -56,7 +56,8 @@ std::string WordsOfSample(std::string_view sample, const WordRules& rules) {
   SetAllowedExtraChars(current);
   SetAllowedExtraChars2(current);
   SampleSink sink(current);
-  LineScanner<WordSink> scanner(current, CommentMarkers{}, sink);
+  WordCutter cutter(current, sink);
+  LineScanner<WordCutter> scanner(current, CommentMarkers{}, cutter);
   scanner.BeginSource();
   TextReader reader(Replaced(Replaced(sample, kLineEndMark, '\n'), kTabMark, '\t'), nullptr,
                     TextEncoding::Utf8);

@@ -4,7 +4,7 @@
 
 #include "engine/corpus/corpus_builder.h"
 #include "sources/read/text_decoder.h"
-#include "sources/scan/line_scanner.h"
+#include "sources/scan/word_cutter.h"
 
 namespace korv {
 
@@ -48,7 +48,8 @@ class WordLooker final : public WordSink {
 
 std::vector<TypedWord> TypedWordsOf(std::string_view text, const Corpus& corpus) {
   WordLooker looker(corpus);
-  LineScanner<WordSink> scanner(corpus.Rules, {}, looker);
+  WordCutter cutter(corpus.Rules, looker);
+  LineScanner<WordCutter> scanner(corpus.Rules, {}, cutter);
   std::string buffer;
   scanner.BeginSource();
   scanner.ScanLine(DecodeText(text, TextEncoding::Utf8, buffer));

@@ -142,7 +142,8 @@ class Explanation {
       case FateCause::TooManyWords:
         return SayTooManyWords(words, static_cast<uint64_t>(options.MaxWords));
       case FateCause::TooLong:
-        return Say(Tr("It has more than 100 characters, and no such phrase is counted."));
+        return Say(Fill(Tr("It has more than %1 characters, and no such phrase is counted."),
+                        {Number(static_cast<uint64_t>(options.MostCharacters))}));
       case FateCause::AllIgnored:
         return Say(Tr("It consists of words to ignore alone."), NoteAction::WordsToIgnore);
       case FateCause::NotCountOnly:

@@ -14,7 +14,10 @@ namespace {
 class PhrasesFrom {
  public:
   PhrasesFrom(const PhraseTableData& data, const CountRule& accepted, OfferedPhrases& offered)
-      : data_(data), accepted_(accepted), offered_(offered) {}
+      : data_(data),
+        accepted_(accepted),
+        offered_(offered),
+        mostCharacters_(data.Corpus.Options.MostCharacters) {}
 
   void Look(const WordNumber* first) {
     int characters = -1;
@@ -31,7 +34,7 @@ class PhrasesFrom {
  private:
   void Classify(const WordNumber* first, int words, int characters, bool ignored) {
     ++offered_.Offered;
-    if (characters > kMostPhraseCharacters)
+    if (characters > mostCharacters_)
       ++offered_.TooLong;
     else if (ignored)
       ++offered_.AllIgnored;
@@ -42,6 +45,7 @@ class PhrasesFrom {
   const PhraseTableData& data_;
   const CountRule& accepted_;
   OfferedPhrases& offered_;
+  int mostCharacters_;
   std::string scratch_;
 };
 

@@ -13,7 +13,7 @@ struct OfferedPhrases {
   /// phrases that hold one are excluded.
   uint64_t Offered = 0;
   // Occurrences that do not count, each under the first reason that holds.
-  uint64_t TooLong = 0;       ///< More than kMostPhraseCharacters characters.
+  uint64_t TooLong = 0;       ///< More than RunOptions::MostCharacters characters.
   uint64_t AllIgnored = 0;    ///< Nothing but words to ignore, in the mode that excludes such phrases.
   uint64_t NotCountOnly = 0;  ///< No count-only entry matches.
 

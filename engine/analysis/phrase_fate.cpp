@@ -28,7 +28,7 @@ class FateSearch {
     const auto words = static_cast<int>(phrase_.size());
     AddIf(words < options.MinWords, FateCause::TooFewWords);
     AddIf(words > options.MaxWords, FateCause::TooManyWords);
-    AddIf(Characters() > kMostPhraseCharacters, FateCause::TooLong);
+    AddIf(Characters() > options.MostCharacters, FateCause::TooLong);
     AddIf(AllIgnored(), FateCause::AllIgnored);
     AddIf(!CountOnlyAdmits(), FateCause::NotCountOnly);
     AddIf(fate_.Occurrences < static_cast<uint64_t>(options.MinFrequency), FateCause::TooRare);

@@ -15,7 +15,7 @@ enum class FateCause {
   NeverInARow,   ///< Its words never follow each other.
   TooFewWords,   ///< Fewer than RunOptions::MinWords.
   TooManyWords,  ///< More than RunOptions::MaxWords.
-  TooLong,       ///< More than kMostPhraseCharacters characters.
+  TooLong,       ///< More than RunOptions::MostCharacters characters.
   AllIgnored,    ///< Nothing but words to ignore, in the mode that excludes such phrases.
   NotCountOnly,  ///< No count-only entry matches.
   TooRare,       ///< Fewer occurrences than RunOptions::MinFrequency.

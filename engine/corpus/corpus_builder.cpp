@@ -41,7 +41,7 @@ void CorpusBuilder::GetWords2(std::string_view word) {
 
 WordNumber CorpusBuilder::ClassifyWord(std::string_view word) {
   if (const auto reason = DroppedByForm(word, corpus_.Rules)) return Dropped(*reason);
-  const std::string folded = corpus_.Rules.CaseSignificant ? std::string(word) : FoldCase(word);
+  const std::string folded = FoldedWord(word, corpus_.Rules);
   if (corpus_.Options.IgnoreMode == IgnoreRule::Remove && corpus_.Lists->IsWordToIgnore(folded))
     return Dropped(DropReason::Ignored);
   return Admit(folded);

@@ -9,7 +9,7 @@ namespace {
 bool IsShortEnough(const Corpus& corpus, std::span<const WordNumber> phrase) {
   size_t characters = phrase.size() - 1;
   for (const WordNumber word : phrase) characters += corpus.Words.Characters(word);
-  return characters <= static_cast<size_t>(kMostPhraseCharacters);
+  return characters <= static_cast<size_t>(corpus.Options.MostCharacters);
 }
 
 /// Whether the filters let the phrase count, so that all of its places are in the suffix array. With

@@ -215,7 +215,7 @@ bool HoldsPhrase(PhraseTable& table, Yielder& yielder) {
     int characters = -1;
     for (int words = 1; words <= data.Corpus.Options.MaxWords && first[words - 1] != kNoWord; ++words) {
       characters += data.Corpus.Words.Characters(first[words - 1]) + 1;
-      if (characters > kMostPhraseCharacters) break;
+      if (characters > data.Corpus.Options.MostCharacters) break;
       if (words >= data.Corpus.Options.MinWords && rule.Accepts(first, words, scratch)) return true;
     }
   }

@@ -10,7 +10,7 @@
 
 namespace korv {
 
-/// Counts the occurrences of MinWords to MaxWords words that would count but for kMostPhraseCharacters, where
+/// Counts the occurrences of MinWords to MaxWords words that would count but for RunOptions::MostCharacters, where
 /// count-only patterns for whole phrases are in force. `mostWords`: per token, most words of a phrase from
 /// there that is short enough. Each such occurrence is matched with the patterns, on all threads. Nothing
 /// when stopped.

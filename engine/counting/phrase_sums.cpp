@@ -112,7 +112,7 @@ CountVerdict PhraseSums::Add(std::string_view phrase, uint32_t frequency) {
   }
   const RunOptions& options = data_.Corpus.Options;
   if (words < options.MinWords || words > options.MaxWords) return CountVerdict::OtherLength;
-  if (CharacterCount(phrase) > static_cast<size_t>(kMostPhraseCharacters)) {
+  if (CharacterCount(phrase) > static_cast<size_t>(options.MostCharacters)) {
     data_.LongPhrases += frequency;
     return CountVerdict::TooLong;
   }

@@ -24,7 +24,7 @@ inline constexpr uint32_t kMostFrequency = std::numeric_limits<int32_t>::max();
 enum class CountVerdict {
   Added,
   OtherLength,  ///< Left out: fewer or more words than the run's phrases have.
-  TooLong,      ///< Left out: more than kMostPhraseCharacters.
+  TooLong,      ///< Left out: more than RunOptions::MostCharacters.
   Excluded,     ///< Left out: it holds a word that excludes the phrases with it.
   // Refused:
   NoPhrase,           ///< A word is empty, or a sign in it stands in no word (a control character, no UTF-8).

@@ -43,7 +43,7 @@ class PhraseTable {
   uint64_t PhraseCount() const;
   /// Number of phrase occurrences counted, listed or not. Relative frequencies refer to it.
   uint64_t Occurrences() const;
-  /// Number of phrase occurrences that would count but for having more than kMostPhraseCharacters.
+  /// Number of phrase occurrences that would count but for having more than RunOptions::MostCharacters.
   uint64_t LongPhrases() const;
 
   // ---- Adding one phrase at a time.
@@ -52,7 +52,7 @@ class PhraseTable {
   /// files.
   void Clear(bool forWordList = false);
   /// Counts one occurrence of `phrase`, its words joined by single blanks. A phrase of more than
-  /// kMostPhraseCharacters is only counted for a word list. Expected cost: linear in the phrase.
+  /// RunOptions::MostCharacters is only counted for a word list. Expected cost: linear in the phrase.
   void AddWordToList(std::string_view phrase);
   /// Begins the file `path`. It gets a number with its first phrase.
   void BeginFile(const std::filesystem::path& path);

@@ -20,7 +20,7 @@ void PhraseTable::BeginFile(const std::filesystem::path& path) {
 
 void PhraseTable::AddWordToList(std::string_view phrase) {
   PhraseTableData& data = *data_;
-  if (!data.ForWordList && CharacterCount(phrase) > static_cast<size_t>(kMostPhraseCharacters)) {
+  if (!data.ForWordList && CharacterCount(phrase) > static_cast<size_t>(data.Corpus.Options.MostCharacters)) {
     ++data.LongPhrases;
     return;
   }

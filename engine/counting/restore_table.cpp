@@ -203,7 +203,7 @@ class EntryCheck {
     const auto isOfPhrase = [&](uint8_t common) { return common >= entry.Words; };
     const auto first = common_.begin() + static_cast<std::ptrdiff_t>(entry.Slice);
     const auto last = first + static_cast<std::ptrdiff_t>(entry.Count);
-    return characters <= kMostPhraseCharacters && !isOfPhrase(*first) &&
+    return characters <= data_.Corpus.Options.MostCharacters && !isOfPhrase(*first) &&
            std::all_of(first + 1, last, isOfPhrase) && (last == common_.end() || !isOfPhrase(*last));
   }
 

@@ -25,6 +25,7 @@ class PhraseWindow {
         rule_(rule),
         minWords_(corpus.Options.MinWords),
         maxWords_(static_cast<size_t>(corpus.Options.MaxWords)),
+        mostCharacters_(corpus.Options.MostCharacters),
         end_(corpus.Tokens.size()),
         phraseEnd_(corpus.Tokens.size()) {}
 
@@ -39,7 +40,7 @@ class PhraseWindow {
   void MoveToWord(size_t place, WordNumber word) {
     place_ = place;
     characters_ += vocabulary_.Characters(word) + 1;
-    while (end_ - place > maxWords_ || characters_ - 1 > kMostPhraseCharacters)
+    while (end_ - place > maxWords_ || characters_ - 1 > mostCharacters_)
       characters_ -= vocabulary_.Characters(tokens_[--end_]) + 1;
     if (rule_.ExcludesAllIgnored())
       ignored_ = rule_.IsWordToIgnore(word) ? std::min(ignored_ + 1, kMostWords) : 0;
@@ -62,7 +63,7 @@ class PhraseWindow {
     return fewest;
   }
 
-  /// Phrases that start here and would count, had they no more than kMostPhraseCharacters.
+  /// Phrases that start here and would count, had they no more than MostCharacters.
   uint64_t TooLong() const {
     const int most = MostWords();
     const auto reach = static_cast<int>(std::min(phraseEnd_ - place_, maxWords_));
@@ -76,6 +77,7 @@ class PhraseWindow {
   const CountRule& rule_;
   int minWords_;
   size_t maxWords_;
+  int mostCharacters_;
 
   size_t place_ = 0;
   size_t end_;                        ///< Of the longest phrase.

@@ -272,6 +272,21 @@ std::string FoldCase(std::string_view text) {
   return IsCertainlyNfc(folded) ? folded : ToNfc(folded);
 }
 
+std::string FoldCaseFully(std::string_view text) {
+  if (IsAscii(text)) return LowerText(text);
+  std::string folded;
+  utf8proc_int32_t characters[kMostParts];
+  for (size_t at = 0; at < text.size();) {
+    const char32_t character = NextCharacter(text, at);
+    int boundClass = 0;
+    const utf8proc_ssize_t count = utf8proc_decompose_char(Code(character), characters, kMostParts,
+                                                           UTF8PROC_CASEFOLD, &boundClass);
+    for (utf8proc_ssize_t k = 0; k < count; ++k)
+      AppendCharacter(static_cast<char32_t>(characters[static_cast<size_t>(k)]), folded);
+  }
+  return IsCertainlyNfc(folded) ? folded : ToNfc(folded);
+}
+
 bool IsUnicodeLetter(char32_t character) {
   static const BasicPlane letters = BasicPlaneOf(HasCategoryOfLetters);
   return character < kPlaneEnd ? letters[character] : HasCategoryOfLetters(character);

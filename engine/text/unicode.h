@@ -36,6 +36,10 @@ std::string LowerText(std::string_view text);
 /// has no composed form, t with U+0308 has one.
 std::string FoldCase(std::string_view text);
 
+/// The same by Unicode's full case folding, in which one character may become several: "Straße" and "STRASSE"
+/// give "strasse".
+std::string FoldCaseFully(std::string_view text);
+
 /// Whether the general category is that of letters (L*), and that of marks (M*).
 bool IsUnicodeLetter(char32_t character);
 bool IsUnicodeMark(char32_t character);

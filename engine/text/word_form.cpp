@@ -2,10 +2,20 @@
 
 #include <algorithm>
 
+#include "engine/text/blankless.h"
 #include "engine/text/unicode.h"
 #include "engine/text/word_chars.h"
 
 namespace korv {
+
+namespace {
+
+/// Whether a dictionary or the like found the word; most of these have one letter or two.
+bool IsSegmented(std::string_view word, const WordRules& rules) {
+  return rules.Segment != Segmentation::Off && BeginsBlankless(word);
+}
+
+}  // namespace
 
 std::optional<DropReason> DroppedByForm(std::string_view word, const WordRules& rules) {
   constexpr int kRepetitions = 4;
@@ -27,11 +37,17 @@ std::optional<DropReason> DroppedByForm(std::string_view word, const WordRules& 
     last = lower;
     repeats = repeats || inARow >= kRepetitions;
   }
-  if (rules.IgnoreShortWords && characters < rules.ShortWordSize) return DropReason::Short;
+  if (rules.IgnoreShortWords && characters < rules.ShortWordSize && !IsSegmented(word, rules))
+    return DropReason::Short;
   if (characters > rules.LongWordSize) return DropReason::Long;
   if (rules.IgnoreNoLetter && !hasLetter) return DropReason::Letterless;
   if (rules.IgnoreRepetitions && repeats) return DropReason::Repetition;
   return std::nullopt;
+}
+
+std::string FoldedWord(std::string_view word, const WordRules& rules) {
+  if (rules.CaseSignificant) return std::string(word);
+  return rules.FoldCaseFully ? FoldCaseFully(word) : FoldCase(word);
 }
 
 bool Is7bit(std::string_view word) {

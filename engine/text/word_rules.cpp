@@ -21,6 +21,8 @@ void SetAllowedExtraChars2(WordRules& rules) {
   if (rules.AllowParentheses) extra += "()";
   if (rules.AllowAmpersands) extra += '&';
   if (rules.AllowCommas) extra += ',';
+  // What may stand within words by Unicode's rules; where it does is found out for each word.
+  if (rules.UnicodeWords) extra = "'.,:;_0123456789";
 }
 
 }  // namespace korv

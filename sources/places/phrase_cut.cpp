@@ -4,13 +4,16 @@
 
 #include "engine/corpus/corpus_builder.h"
 #include "sources/read/text_decoder.h"
-#include "sources/scan/line_scanner.h"
+#include "sources/scan/corpus_sink.h"
+#include "sources/scan/word_cutter.h"
 
 namespace korv {
 
 CutPhrase CutTypedPhrase(std::string_view text, const Corpus& corpus) {
   CorpusBuilder stream(corpus.Rules, corpus.Options, *corpus.Lists);
-  LineScanner<CorpusBuilder> scanner(corpus.Rules, {}, stream);
+  CorpusSink sink(stream);
+  WordCutter cutter(corpus.Rules, sink);
+  LineScanner<WordCutter> scanner(corpus.Rules, {}, cutter);
   std::string buffer;
   scanner.BeginSource();
   scanner.ScanLine(DecodeText(text, TextEncoding::Utf8, buffer));

@@ -109,7 +109,8 @@ PlaceLocator::Fault PlaceLocator::Open(size_t source, Place from) {
   readerBegin_ = anchor.Offset();
   replay_ = std::make_unique<TextReplay>(corpus_, source, anchor, *columns,
                                          MarkersOf(corpus_.Sources[source], readAs_), std::move(*reader),
-                                         Marks(source));
+                                         Marks(source),
+                                         corpus_.Sources[source].Origin.IsDocument && documentHasBlocks_);
   return std::nullopt;
 }
 
@@ -203,6 +204,7 @@ PlaceLocator::Fault PlaceLocator::ReadDocument(size_t source) {
                            /*ShowProgress=*/{}, readAs_, documents_});
   if (!text) return PlaceFault::Unreadable;
   document_ = std::move(text->Head);
+  documentHasBlocks_ = text->LinesAreBlocks;
   marks_ = std::move(text->Marks);
   unit_ = text->Unit;
   documentOf_ = source;

@@ -99,7 +99,8 @@ class PlaceLocator {
   std::unique_ptr<InputFile> file_;
   size_t documentOf_ = SIZE_MAX;  ///< The source that document_ is the text of.
   std::string document_;
-  std::vector<TextMark> marks_;  ///< Of that text.
+  bool documentHasBlocks_ = false;  ///< See DocumentText::LinesAreBlocks.
+  std::vector<TextMark> marks_;     ///< Of that text.
   PlaceUnit unit_ = PlaceUnit::Line;
   uint64_t readerBegin_ = 0;  ///< Offset of the first byte that the reader was given.
   std::unique_ptr<TextReplay> replay_;

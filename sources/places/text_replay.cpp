@@ -22,13 +22,14 @@ TextEncoding EncodingOf(const Corpus& corpus, size_t source) {
 
 TextReplay::TextReplay(const Corpus& corpus, size_t source, const LineAnchor& anchor, uint64_t columnsBefore,
                        const CommentMarkers& markers, std::unique_ptr<TextReader> reader,
-                       std::span<const TextMark> marks)
+                       std::span<const TextMark> marks, bool linesAreBlocks)
     : corpus_(corpus),
       marks_(marks),
       readFrom_(anchor.Offset()),
       end_(EndOfSource(corpus, source)),
       stream_(corpus.Rules, corpus.Options, *corpus.Lists),
-      scanner_(corpus.Rules, markers, *this),
+      cutter_(corpus.Rules, *this),
+      scanner_(corpus.Rules, markers, cutter_),
       reader_(std::move(reader)),
       encoding_(EncodingOf(corpus, source)),
       line_(anchor.Line()),
@@ -38,6 +39,7 @@ TextReplay::TextReplay(const Corpus& corpus, size_t source, const LineAnchor& an
   if (const WordNumber before = *corpus.From(anchor.Token() - 1); before != kNoWord)
     stream_.GetWords2(corpus.Words.Text(before));
   base_ = anchor.Token() - static_cast<uint32_t>(Tokens());
+  cutter_.BeginSource(linesAreBlocks);
   scanner_.BeginSource();
 }
 

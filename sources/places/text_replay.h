@@ -12,7 +12,7 @@
 #include "sources/places/raw_line.h"
 #include "sources/read/text_marks.h"
 #include "sources/read/text_reader.h"
-#include "sources/scan/line_scanner.h"
+#include "sources/scan/word_cutter.h"
 
 namespace korv {
 
@@ -41,11 +41,11 @@ struct ReplayedLine {
 class TextReplay final : private WordSink {
  public:
   /// `source` is an index in corpus.Sources; `reader` stands at the line of `anchor`, of which
-  /// `columnsBefore` code points came before it. `marks`: those of the text, by their offsets in it. The
-  /// corpus and they must outlive the object.
+  /// `columnsBefore` code points came before it. `marks`: those of the text, by their offsets in it.
+  /// `linesAreBlocks`: see DocumentText. The corpus and the marks must outlive the object.
   TextReplay(const Corpus& corpus, size_t source, const LineAnchor& anchor, uint64_t columnsBefore,
              const CommentMarkers& markers, std::unique_ptr<TextReader> reader,
-             std::span<const TextMark> marks = {});
+             std::span<const TextMark> marks = {}, bool linesAreBlocks = false);
 
   /// Null at the end of the text.
   std::unique_ptr<ReplayedLine> NextLine();
@@ -68,7 +68,8 @@ class TextReplay final : private WordSink {
   uint64_t readFrom_;  ///< Offset in the text at which the reader began.
   Place end_;          ///< First token behind the text.
   CorpusBuilder stream_;
-  LineScanner<WordSink> scanner_;
+  WordCutter cutter_;
+  LineScanner<WordCutter> scanner_;
   std::unique_ptr<TextReader> reader_;
   TextEncoding encoding_;
   Place base_;  ///< Token i of the stream is token base_ + i of the run.

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "sources/scan/line_scanner.h"
+#include "sources/scan/corpus_sink.h"
+#include "sources/scan/word_cutter.h"
 
 namespace korv {
 
@@ -17,7 +18,8 @@ TextSummary CorpusReader::Read(const std::filesystem::path& path, DocumentText t
                                AfterStop afterStop) {
   corpus_.BeginSource(path);
   TextSummary summary;
-  if (IsPlainText(text.Markers) && text.Marks.empty()) {
+  // What a reader sees of a line may depend on the lines before it.
+  if (IsPlainText(text.Markers) && text.Marks.empty() && !WordCutter::IsNeeded(rules_)) {
     // A stream may come slowly, and its words are counted as they come.
     const bool isStream = text.Rest && text.Rest->Size() == 0;
     TextPieces pieces(std::move(text.Head), text.Rest.get(), std::move(encoding),
@@ -25,7 +27,7 @@ TextSummary CorpusReader::Read(const std::filesystem::path& path, DocumentText t
     summary = ReadPieces(pieces, afterStop);
   } else {
     TextReader reader(std::move(text.Head), text.Rest.get(), std::move(encoding), LongLines::Anywhere);
-    summary = ReadLines(reader, text.Markers, text.Marks, {}, afterStop);
+    summary = ReadLines(reader, text.Markers, text.Marks, text.LinesAreBlocks, {}, afterStop);
   }
   text.Origin.IsUtf8 = summary.ReadAs == ReadAs::Utf8;
   corpus_.DescribeSource(text.Origin);
@@ -38,7 +40,7 @@ TextSummary CorpusReader::ReadPieces(TextPieces& pieces, AfterStop afterStop) {
     TextReader reader(std::move(piece->Bytes), nullptr,
                       piece->Encoding ? EncodingPlan(*piece->Encoding) : EncodingPlan(nullptr),
                       LongLines::Anywhere, piece->Part);
-    TextSummary summary = ReadLines(reader, {}, {}, {}, afterStop);
+    TextSummary summary = ReadLines(reader, {}, {}, false, {}, afterStop);
     summary.Error = pieces.Error();
     return summary;
   }
@@ -57,23 +59,39 @@ TextSummary CorpusReader::ReadPieces(TextPieces& pieces, AfterStop afterStop) {
   const PieceBegin begin{pieces.Offset(), cut.Lines};
   const TextPart part = pieces.Part();
   TextReader rest(pieces.TakeBytes(), pieces.Rest(), pieces.Encoding(), LongLines::Anywhere, part);
-  const TextSummary more = ReadLines(rest, {}, {}, begin, afterStop);
+  const TextSummary more = ReadLines(rest, {}, {}, false, begin, afterStop);
   return {std::max(cut.ReadAs, more.ReadAs), cut.IllFormed + more.IllFormed, more.BytesRead,
           cut.TextBytes + more.TextBytes, more.Error ? more.Error : pieces.Error()};
 }
 
 /// Reads the rest of a text, which begins at a line, on the calling thread.
 TextSummary CorpusReader::ReadLines(TextReader& reader, const CommentMarkers& markers,
-                                    std::span<const TextMark> marks, const PieceBegin& begin,
-                                    AfterStop afterStop) {
-  LineScanner<CorpusBuilder> scanner(rules_, markers, corpus_);
-  scanner.BeginSource();
+                                    std::span<const TextMark> marks, bool linesAreBlocks,
+                                    const PieceBegin& begin, AfterStop afterStop) {
   const bool isPlain = IsPlainText(markers);
+  if (!WordCutter::IsNeeded(rules_)) {
+    LineScanner<CorpusBuilder> scanner(rules_, markers, corpus_);
+    return ScanLines(reader, marks, begin, afterStop, isPlain, scanner, [] { return false; });
+  }
+  CorpusSink sink(corpus_);
+  WordCutter cutter(rules_, sink);
+  cutter.BeginSource(linesAreBlocks);
+  LineScanner<WordCutter> scanner(rules_, markers, cutter);
+  return ScanLines(reader, marks, begin, afterStop, isPlain, scanner, [&cutter] { return cutter.HoldsBack(); });
+}
+
+/// `holdsBack`: whether the next line depends on those before it.
+template <typename Scanner, typename HoldsBack>
+TextSummary CorpusReader::ScanLines(TextReader& reader, std::span<const TextMark> marks,
+                                    const PieceBegin& begin, AfterStop afterStop, bool isPlain,
+                                    Scanner& scanner, HoldsBack holdsBack) {
+  scanner.BeginSource();
   uint32_t line = begin.Lines;
   while (GoesOn(afterStop) && reader.NextLine()) {
     line += reader.StartsLine();
     // Pieces of mark-up depend on what came before them.
-    const bool resumable = reader.StartsLine() ? !scanner.InRegion() : isPlain && !scanner.HoldsBack();
+    const bool resumable =
+        (reader.StartsLine() ? !scanner.InRegion() : isPlain && !scanner.HoldsBack()) && !holdsBack();
     corpus_.BeginLine(begin.Offset + reader.LineOffset(), line, reader.StartsLine(), resumable);
     if (!marks.empty() && reader.StartsLine() && EndsPhraseAt(marks, reader.LineOffset()))
       corpus_.ResetPhrases();

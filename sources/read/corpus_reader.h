@@ -68,7 +68,10 @@ class CorpusReader {
  private:
   TextSummary ReadPieces(TextPieces& pieces, AfterStop afterStop);
   TextSummary ReadLines(TextReader& reader, const CommentMarkers& markers, std::span<const TextMark> marks,
-                        const PieceBegin& begin, AfterStop afterStop);
+                        bool linesAreBlocks, const PieceBegin& begin, AfterStop afterStop);
+  template <typename Scanner, typename HoldsBack>
+  TextSummary ScanLines(TextReader& reader, std::span<const TextMark> marks, const PieceBegin& begin,
+                        AfterStop afterStop, bool isPlain, Scanner& scanner, HoldsBack holdsBack);
   bool GoesOn(AfterStop afterStop) const {
     return !yielder_.Stopped() || afterStop == AfterStop::WhatIsThere;
   }

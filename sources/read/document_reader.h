@@ -46,6 +46,7 @@ struct DocumentText {
   TextFacts Facts;                       ///< Of a file that is itself the text.
   std::optional<TextEncoding> Encoding;  ///< Empty: as the user chooses for files with such Facts.
   CommentMarkers Markers;                ///< Of the regions that are no text.
+  bool LinesAreBlocks = false;           ///< Each line is a paragraph; else blank lines part these.
   SourceOrigin Origin;                   ///< IsUtf8 is set when the text has been read.
   std::vector<TextMark> Marks;           ///< By their offsets in Head, which is then all of the text.
   PlaceUnit Unit = PlaceUnit::Line;      ///< What Marks count; without Marks lines of the text count.

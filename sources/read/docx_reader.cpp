@@ -23,6 +23,7 @@ class Docx final : public DocumentReader {
                                                const ReadContext& context) const override {
     DocumentText text;
     text.Encoding = TextEncoding::Utf8;
+    text.LinesAreBlocks = true;
     text.Origin = {.IsDocument = true, .Size = opened.File->Size(), .Modified = opened.File->Modified()};
     const Expected<int32_t, DocxFault> result =
         ReadDocx({context.Files, context.Messages, context.Yielder}, path, std::move(opened.File),

@@ -28,7 +28,8 @@ class WordSink {
 /// of across lines), and hands over the words with the places where phrases end.
 ///
 /// A template over its sink so that the hot loop has no virtual call: line_scanner.cpp instantiates it for
-/// CorpusBuilder (counting) and WordSink (word lists, tests). Allocates nothing per line or word once its
+/// CorpusBuilder (counting), WordSink (word lists, tests) and WordCutter (reading as a reader
+/// sees a text). Allocates nothing per line or word once its
 /// buffers have grown to the longest line that needs cleaning. Linear in the line for every line.
 ///
 ///   LineScanner<CorpusBuilder> scanner(rules, markers, stream);
@@ -66,6 +67,9 @@ class LineScanner {
  private:
   static constexpr int kOutside = -1;
   static constexpr size_t kNotSought = static_cast<size_t>(-2);
+  /// Whether the sink also wants to know what stands between the words: a WordCutter does.
+  static constexpr bool kTellsText =
+      requires(Sink sink, std::string_view text) { sink.BeginText(text, true); };
 
   /// What a byte can be outside a region, as bits.
   enum Class : uint8_t {

@@ -102,7 +102,9 @@ void LineScanner<Sink>::ScanLine(std::string_view line, bool startsLine, bool en
   endsLine_ = endsLine;
   behindLine_ = endsLine ? 0 : kWord;
   line_ = BehindKept(cleaner_.Clean(line, startsLine, endsLine));
+  if constexpr (kTellsText) sink_->BeginText(line_, startsLine);
   const size_t scanned = ScanText();
+  if constexpr (kTellsText) sink_->EndText(scanned, endsLine);
   if (scanned == line_.size() && kept_.empty()) return;
   textBytes_ -= line_.size() - scanned;
   kept_ = std::string(line_.substr(scanned));
@@ -227,6 +229,7 @@ template <typename Sink>
 size_t LineScanner<Sink>::PastMarker(size_t at) {
   if (const size_t length = CdataDelimiterAt(at)) {
     textBytes_ -= length;
+    if constexpr (kTellsText) sink_->Skip(at, at + length);
     return at + length;
   }
   const int pair = PairAt(at);
@@ -234,6 +237,7 @@ size_t LineScanner<Sink>::PastMarker(size_t at) {
   intWithinComment_ = pair;
   const size_t inside = at + markers_.Markers[static_cast<size_t>(pair)].Start.size();
   textBytes_ -= inside - at;
+  if constexpr (kTellsText) sink_->Skip(at, inside);
   return PastRegion(inside);
 }
 
@@ -243,6 +247,7 @@ template <typename Sink>
 size_t LineScanner<Sink>::PastRegion(size_t at) {
   const size_t past = EndOfRegion(at);
   textBytes_ -= past - at;
+  if constexpr (kTellsText) sink_->Skip(at, past);
   return past;
 }
 

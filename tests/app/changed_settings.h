@@ -43,6 +43,12 @@ inline Settings AllChanged() {
   s.Report.SortByNumberOfFiles = true;
   s.Report.FilterText = "the cat";
   s.Report.FilterModeOfWords = FilterMode::Subphrase;
+  s.Reading = Reading::Reader;
+  s.ShownMarkup = s.DeclaredEncodings = s.NotesAndBoxes = s.AnyWordLength = s.LongPhrases = true;
+  s.WordsAre = WordRule::Unicode;
+  s.Encoding = "KOI8-R";
+  w.FoldCaseFully = w.TerminateAtSentence = w.TerminateAtBlock = true;
+  w.Segment = Segmentation::Characters;
   s.ExtractTextFromDocx = true;
   s.Documents = {.Others = true, .Segments = "de", .OnlyElements = "p, l", .SkippedElements = "note"};
   s.SaveStateOnQuit = true;
