@@ -85,7 +85,8 @@ std::string RunLine(const RunSummary& facts, const WordRules& rules, const Numbe
   if (facts.LongPhrases > 0)
     parts.push_back(Fill(TrCount("%1 phrase of more than %2 characters not counted",
                                  "%1 phrases of more than %2 characters not counted", facts.LongPhrases),
-                         {writer.Number(facts.LongPhrases), writer.Number(static_cast<uint64_t>(facts.Options.MostCharacters))}));
+                         {writer.Number(facts.LongPhrases),
+                          writer.Number(static_cast<uint64_t>(facts.Options.MostCharacters))}));
   const std::string encodings =
       writer.Encodings(facts.Encodings, facts.Options.SourceKind == TextSource::Folder);
   if (!encodings.empty()) parts.push_back(encodings);

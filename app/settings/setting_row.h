@@ -69,7 +69,18 @@ using SettingValue = std::variant<CheckValue, NumberValue, ChoiceValue, TextValu
 // ---- The option of korv-count that sets it.
 
 /// Groups of options, in the order of --help.
-enum class OptionGroup { Settings, Phrases, WordLists, Words, Sources, Reading, Report, Contexts, Comparison, Output };
+enum class OptionGroup {
+  Settings,
+  Phrases,
+  WordLists,
+  Words,
+  Sources,
+  Reading,
+  Report,
+  Contexts,
+  Comparison,
+  Output
+};
 /// The heading of its options there.
 const char* TitleOf(OptionGroup group);
 

@@ -21,8 +21,8 @@ inline constexpr int kMostWordsFiles = 99;
 /// Items of the list of common-words languages.
 enum class CommonWords { English, German, Spanish, Portuguese, Italian, French, All, None };
 
-/// What the user asked for with one switch: texts by the letter, or as a reader sees them. The single settings
-/// that it sets may then differ from it.
+/// What the user asked for with one switch: texts by the letter, or as a reader sees them. The single
+/// settings that it sets may then differ from it.
 enum class Reading { Letter, Reader };
 
 /// What a word is made of.
@@ -76,7 +76,7 @@ struct Settings {
   WordRule WordsAre = WordRule::Allowed;
   bool AnyWordLength = false;  ///< No word is dropped for its length.
   bool LongPhrases = false;    ///< Phrases of up to 1,000 characters, not 100.
-  std::string Encoding;        ///< cboEncoding: the name of the encoding of all texts; empty for each its own.
+  std::string Encoding;  ///< cboEncoding: the name of the encoding of all texts; empty for each its own.
 
   bool ExtractTextFromDocx = false;
   DocumentChoice

@@ -59,7 +59,8 @@ struct StartPlaces {
   RawVector<Place> Places;
   ZeroedArray<uint64_t> BucketEnds;   ///< Per word: the end of its bucket in Places.
   ZeroedArray<uint64_t> Occurrences;  ///< Per word: occurrences that count and start with it.
-  /// Occurrences that would count but for RunOptions::MostCharacters. Not set with patterns for whole phrases.
+  /// Occurrences that would count but for RunOptions::MostCharacters. Not set with patterns for whole
+  /// phrases.
   uint64_t LongPhrases = 0;
   std::vector<uint8_t> SourceHasPhrase;  ///< Per source. Not set with patterns for whole phrases.
 };

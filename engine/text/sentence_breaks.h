@@ -6,8 +6,8 @@
 
 namespace korv {
 
-/// Finds the ends of sentences by the rules of UAX #29 (SB4 to SB11), character by character: "3.14" and "e.g."
-/// before a small letter end none. Constant time and memory.
+/// Finds the ends of sentences by the rules of UAX #29 (SB4 to SB11), character by character: "3.14" and
+/// "e.g." before a small letter end none. Constant time and memory.
 ///
 /// A period may end a sentence or not, depending on the next letter. Where digits or signs come before that
 /// letter it is in doubt: the end, if it is one, lies before them.

@@ -9,7 +9,7 @@ enum class SentenceClass : uint8_t {
   Other,
   Lower,
   Upper,
-  OLetter,    ///< A letter without case.
+  OLetter,  ///< A letter without case.
   Numeric,
   ATerm,      ///< A period, which may end a sentence or not.
   STerm,      ///< Ends a sentence.

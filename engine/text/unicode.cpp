@@ -279,8 +279,8 @@ std::string FoldCaseFully(std::string_view text) {
   for (size_t at = 0; at < text.size();) {
     const char32_t character = NextCharacter(text, at);
     int boundClass = 0;
-    const utf8proc_ssize_t count = utf8proc_decompose_char(Code(character), characters, kMostParts,
-                                                           UTF8PROC_CASEFOLD, &boundClass);
+    const utf8proc_ssize_t count =
+        utf8proc_decompose_char(Code(character), characters, kMostParts, UTF8PROC_CASEFOLD, &boundClass);
     for (utf8proc_ssize_t k = 0; k < count; ++k)
       AppendCharacter(static_cast<char32_t>(characters[static_cast<size_t>(k)]), folded);
   }

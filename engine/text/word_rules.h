@@ -36,7 +36,7 @@ struct WordRules {
   bool IgnoreNoLetter = true;     ///< Words without a letter are dropped.
   bool IgnoreRepetitions = true;  ///< Words with one letter four times in a row, case aside, are dropped.
 
-  bool FoldCaseFully = false;     ///< Case is folded by Unicode's full rules: "Straße" is "strasse".
+  bool FoldCaseFully = false;  ///< Case is folded by Unicode's full rules: "Straße" is "strasse".
   bool UnicodeWords = false;  ///< Words are cut by Unicode's rules (UAX #29) instead of the characters above.
   Segmentation Segment = Segmentation::Off;
 

@@ -550,6 +550,21 @@ TEST(NamedSettings, AreWrittenOnlyWhereTheyDifferFromTheirDefault) {
             "1\r\n\"ExtraWordsToIgnore=a=b größer\"\r\n\"FilterModeOfWords=2\"\r\n\"WarnOnOverwrite=1\"\r\n");
 }
 
+TEST(NamedSettings, AreWrittenWhereTheyDifferFromWhatTheReadingSets) {
+  Settings settings;
+  const std::string letter = *StateBytes(settings);
+  ApplyReading(Reading::Reader, settings);
+  EXPECT_EQ(*StateBytes(settings), letter + "\"Reading=1\"\r\n");
+  settings.ShownMarkup = false;
+  settings.Words.Segment = Segmentation::Words;
+  EXPECT_EQ(*StateBytes(settings), letter + "\"Reading=1\"\r\n\"ShownMarkup=0\"\r\n\"Segmentation=2\"\r\n");
+  Settings read;
+  EXPECT_TRUE(ReadStateBytes(*StateBytes(settings), read).Complete());
+  EXPECT_EQ(DifferencesOf(read, settings), SettingSet());
+  EXPECT_TRUE(ReadStateBytes(letter, read).Complete());
+  EXPECT_EQ(DifferencesOf(read, Settings{}), SettingSet());
+}
+
 TEST(NamedSettings, AreReadInAnyOrderAndAreTheirDefaultsWhereTheyAreMissing) {
   Settings settings = AllChanged();
   EXPECT_TRUE(ReadStateBytes("3\r\n\"WarnOnOverwrite=0\"\r\n\"ExtraWordsToIgnore=a=b größer\"\r\n", settings,

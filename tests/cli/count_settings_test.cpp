@@ -77,6 +77,37 @@ TEST_F(CountProgramTest, EveryOptionSetsItsField) {
       {{"--keep-letterless"}, [](Settings& s) { s.Words.IgnoreNoLetter = false; }},
       {{"--patterns", "*.txt,a*.xml  b*"}, [](Settings& s) { s.FilePatterns = "*.txt, a*.xml, b*"; }},
       {{"--exclude", "copy bak"}, [](Settings& s) { s.ExcludedTexts = "copy, bak"; }},
+      {{"--reading", "letter"}, [](Settings&) {}},
+      {{"--reading", "reader"}, [](Settings& s) { ApplyReading(Reading::Reader, s); }},
+      {{"--allow", "hyphens", "--reading", "reader", "--terminate", "period,sentence"},
+       [](Settings& s) {
+         ApplyReading(Reading::Reader, s);
+         s.WordsAre = WordRule::Allowed;
+         s.Words.TerminateAtDoubleQuote = s.Words.TerminateAtTab = s.Words.TerminateAtBlock = false;
+       }},
+      {{"--reading", "reader", "--short-words", "2", "--segment", "off"},
+       [](Settings& s) {
+         ApplyReading(Reading::Reader, s);
+         s.AnyWordLength = false;
+         s.Words.ShortWordSize = 2;
+         s.Words.Segment = Segmentation::Off;
+       }},
+      {{"--shown-markup", "on"}, [](Settings& s) { s.ShownMarkup = true; }},
+      {{"--declared-encodings", "on"}, [](Settings& s) { s.DeclaredEncodings = true; }},
+      {{"--notes-and-boxes", "on"}, [](Settings& s) { s.NotesAndBoxes = true; }},
+      {{"--reading", "reader", "--notes-and-boxes", "off"},
+       [](Settings& s) {
+         ApplyReading(Reading::Reader, s);
+         s.NotesAndBoxes = false;
+       }},
+      {{"--word-rule", "words"}, [](Settings& s) { s.WordsAre = WordRule::Words; }},
+      {{"--word-rule", "unicode"}, [](Settings& s) { s.WordsAre = WordRule::Unicode; }},
+      {{"--any-word-length", "on"}, [](Settings& s) { s.AnyWordLength = true; }},
+      {{"--full-case-folding", "on"}, [](Settings& s) { s.Words.FoldCaseFully = true; }},
+      {{"--segment", "auto"}, [](Settings& s) { s.Words.Segment = Segmentation::Auto; }},
+      {{"--segment", "words"}, [](Settings& s) { s.Words.Segment = Segmentation::Words; }},
+      {{"--segment", "characters"}, [](Settings& s) { s.Words.Segment = Segmentation::Characters; }},
+      {{"--long-phrases", "on"}, [](Settings& s) { s.LongPhrases = true; }},
       {{"--subfolders"}, [](Settings& s) { s.IncludeSubfolders = true; }},
       {{"--format", "9"}, [](Settings& s) { s.Report.DisplayFormat = 9; }},
       {{"--order", "alphabetical"}, [](Settings& s) { s.Report.WordOrder = 1; }},
