@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "app/settings/settings.h"
 #include "base/translation.h"
 
 namespace korv {
@@ -33,6 +34,10 @@ std::vector<std::string> NamesOf(const std::vector<Flag>& flags, const WordRules
 }
 
 std::string Sizes(const WordRules& rules) {
+  if (rules.LongWordSize > kMostLongWordSize)
+    return rules.IgnoreShortWords
+               ? Fill(Tr("Words of %1 letters and more"), {std::to_string(rules.ShortWordSize)})
+               : Tr("Words of any length");
   const std::string most = std::to_string(rules.LongWordSize);
   if (!rules.IgnoreShortWords) return Fill(Tr("Words of up to %1 letters"), {most});
   return Fill(Tr("Words of %1 to %2 letters"), {std::to_string(rules.ShortWordSize), most});
@@ -59,16 +64,34 @@ std::string WordRulesText(const WordRules& rules) {
                {&WordRules::TerminateAtPeriod, TrLater("periods")},
                {&WordRules::TerminateAtComma, TrLater("commas")},
                {&WordRules::TerminateAtDoubleQuote, TrLater("double quotes")},
-               {&WordRules::TerminateAtTab, TrLater("tabs")}},
+               {&WordRules::TerminateAtTab, TrLater("tabs")},
+               {&WordRules::TerminateAtSentence, TrLater("sentences, brackets and quotes")},
+               {&WordRules::TerminateAtBlock, TrLater("paragraphs")}},
               rules);
   std::string text = Sizes(rules);
-  if (!extra.empty()) text = Fill(Tr("%1, with %2"), {text, Enumerated(extra)});
+  if (rules.UnicodeWords)
+    text = Fill(Tr("%1, as Unicode has them"), {text});
+  else if (!extra.empty())
+    text = Fill(Tr("%1, with %2"), {text, Enumerated(extra)});
   text += std::string("; ") + (rules.CaseSignificant ? Tr("capitals count") : Tr("case ignored"));
   if (rules.Only7bitASCII) text += std::string("; ") + Tr("without accents");
   if (!rules.IgnoreNoLetter) text += std::string("; ") + Tr("also without a letter");
   if (!rules.IgnoreRepetitions) text += std::string("; ") + Tr("also with a letter four times in a row");
+  if (rules.Segment != Segmentation::Off) text += std::string("; ") + Tr("also in scripts without blanks");
   return text + "; " +
          (ends.empty() ? Tr("phrases end at no sign") : Fill(Tr("phrases end at %1"), {Enumerated(ends)}));
+}
+
+std::string ReadingText(const Settings& settings) {
+  std::vector<std::string> seen;
+  if (settings.ShownMarkup) seen.emplace_back(Tr("pages as they are shown"));
+  if (settings.DeclaredEncodings) seen.emplace_back(Tr("declared encodings"));
+  if (settings.NotesAndBoxes) seen.emplace_back(Tr("notes and text boxes"));
+  if (settings.LongPhrases) seen.emplace_back(Tr("phrases of up to 1,000 characters"));
+  const bool letter = settings.Reading == Reading::Letter;
+  if (seen.empty()) return letter ? Tr("Read by the letter") : Tr("Read as a reader sees it");
+  return Fill(letter ? Tr("Read by the letter, but with %1") : Tr("Read as a reader sees it: %1"),
+              {Enumerated(seen)});
 }
 
 std::string PhrasesText(const RunOptions& options) {

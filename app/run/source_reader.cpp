@@ -371,7 +371,8 @@ ReadContext SourceReader::ContextOf(Alone alone) const {
           alone == Alone::No,
           [this](const std::string& bar) { services_.View.TextProgress(bar); },
           request_.ReadAs,
-          request_.Documents};
+          request_.Documents,
+          request_.Options.Reading};
 }
 
 void SourceReader::ShowSize(std::optional<uint64_t> fileSize) {
@@ -427,13 +428,18 @@ bool SourceReader::ReadText(const fs::path& path, DocumentText text, Alone alone
 EncodingPlan SourceReader::EncodingOf(const fs::path& path, const DocumentText& text) {
   if (text.Encoding) return *text.Encoding;
   EncodingPlan plan = services_.Encodings.PlanFor(text.Facts, PathToText(path), services_.Messages);
+  if (request_.Options.Reading.DeclaredEncodings) {
+    plan.OtherThanUtf8 = TextEncoding::Windows1252;
+    if (plan.Settled == TextEncoding::Ansi) plan.Settled = TextEncoding::Windows1252;
+  }
   services_.View.FileKind(FileKindWhileReading(plan.Settled == TextEncoding::Utf8));
   if (plan.Settled) return plan;
-  return EncodingPlan([this, confirm = std::move(plan.ConfirmUtf8)] {
+  plan.ConfirmUtf8 = [this, confirm = std::move(plan.ConfirmUtf8)] {
     const bool isUtf8 = confirm();
     services_.View.FileKind(FileKindWhileReading(isUtf8));
     return isUtf8;
-  });
+  };
+  return plan;
 }
 
 bool SourceReader::Refuse(const fs::path& path, const DocumentRefusal& refusal, Alone alone) {

@@ -382,6 +382,7 @@ constexpr SettingRow kRows[] = {
     {.Name = "Reading",
      .Value = ChoiceOf<&Settings::Reading>(kReadings),
      .Reset = ResetBy::RestoreDefaults,
+     .Control = "cboReading",
      .Option = {.Name = "--reading",
                 .Group = OptionGroup::Reading,
                 .Help = TrLater("Read texts by the letter or as a reader sees them ({default}); reader turns "

@@ -13,6 +13,7 @@
 
 #include "app/run/left_out_words.h"
 #include "app/run/rules_text.h"
+#include "app/run/run_request.h"
 #include "app/run/words_in_force.h"
 #include "base/translation.h"
 #include "desktop/dialogs/frm_help.h"
@@ -287,7 +288,8 @@ void frmMain::TrySample() {
 
 void frmMain::ShowWords() {
   panels_.WordsToIgnore->ShowWords(WordsInForceText(work_, desktop_.Numbers),
-                                   WordRulesText(work_.Current().Words));
+                                   WordRulesText(WordRulesOf(work_.Current())));
+  panels_.Source->ShowReading(ReadingText(work_.Current()));
 }
 
 void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
@@ -302,6 +304,8 @@ void frmMain::SettingsHaveChanged(const SettingSet& changed, ChangedBy by) {
   result_->ShowResult();
   if (by == ChangedBy::Program) return;
   steps_->Forget();
+  if (Has(changed, "Reading"))
+    work_.Change(by, [](Settings& settings) { ApplyReading(settings.Reading, settings); });
   if (Has(changed, "DisplayFormat")) panels_.Report->cboDisplayFormat_Click();
   if (Has(changed, "WordOrder")) panels_.Report->cboWordOrder_Click();
 }

@@ -1,6 +1,7 @@
 #include "desktop/main_window/source_panel.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -43,6 +44,7 @@ SourcePanel::SourcePanel(const Desktop& desktop, QWidget* parent)
   layout->addWidget(stkSource);
   lblFound = Named(new ElidingLabel(this), "lblFound");
   layout->addWidget(lblFound);
+  BuildReading(*layout);
   lstRecent = Described(Named(new RecentList(this), "lstRecent"), Tr("Recent files and folders"));
   layout->addWidget(lstRecent, 1);
   FitToPages();
@@ -64,6 +66,24 @@ void SourcePanel::BuildPages() {
   for (QWidget* page : std::initializer_list<QWidget*>{Clipboard, File, Folder}) {
     stkSource->addWidget(page);
   }
+}
+
+void SourcePanel::BuildReading(QVBoxLayout& layout) {
+  cboReading = MakeCombo("cboReading", Tr("How texts are read"), this);
+  // In the order of Reading.
+  cboReading->addItem(Tr("by the letter"));
+  cboReading->addItem(Tr("as a reader sees it"));
+  cboReading->setToolTip(Tr(
+      "By the letter every byte counts as it stands in the file.\n"
+      "As a reader sees it: what a page shows, in the encoding that it declares, with notes and text boxes;\n"
+      "phrases end with sentences, and no word is dropped for its length."));
+  auto* row = new QHBoxLayout;
+  row->addWidget(MakeCaption(Tr("Read:"), cboReading, this));
+  row->addWidget(cboReading);
+  row->addStretch(1);
+  layout.addLayout(row);
+  lblReading = Named(new ElidingLabel(this), "lblReading");
+  layout.addWidget(lblReading);
 }
 
 void SourcePanel::FitToPages() {
@@ -178,6 +198,10 @@ std::string SourcePanel::Name() const {
   return SourceName(Kind(), FromQt(box->text()));
 }
 
+void SourcePanel::ShowReading(const std::string& text) {
+  lblReading->setText(ToQt(text));
+}
+
 void SourcePanel::ShowFound(const std::string& text) {
   lblFound->setText(ToQt(text));
   lblFound->setVisible(!text.empty());
@@ -188,8 +212,8 @@ bool SourcePanel::RefusesOutput(const std::string& path) const {
 }
 
 void SourcePanel::EnableDisableButtons(bool enabled) {
-  for (QWidget* control : std::initializer_list<QWidget*>{optOnClipboard, optInFile, optFolder, lstRecent,
-                                                          Clipboard->cmdClipboardViewer}) {
+  for (QWidget* control : std::initializer_list<QWidget*>{optOnClipboard, optInFile, optFolder, cboReading,
+                                                          lstRecent, Clipboard->cmdClipboardViewer}) {
     control->setEnabled(enabled);
   }
   File->EnableDisableButtons(enabled);
@@ -225,6 +249,7 @@ std::vector<QWidget*> SourcePanel::TabOrder() const {
           Folder->txbFileFilepathSpecifications[1],
           Folder->chkIncludeSubfolders,
           Folder->cmdListFiles,
+          cboReading,
           lstRecent};
 }
 

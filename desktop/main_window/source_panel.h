@@ -10,8 +10,10 @@
 #include "desktop/main_window/recent_sources.h"
 #include "engine/run_options.h"
 
+class QComboBox;
 class QRadioButton;
 class QStackedWidget;
+class QVBoxLayout;
 
 namespace korv {
 
@@ -34,8 +36,10 @@ class SourcePanel final : public QGroupBox {
   ClipboardPage* Clipboard = nullptr;
   FilePage* File = nullptr;
   FolderPage* Folder = nullptr;
-  ElidingLabel* lblFound = nullptr;  ///< What a look at the source has found.
-  RecentList* lstRecent = nullptr;   ///< Has what room the page leaves over: nothing below it jumps.
+  QComboBox* cboReading = nullptr;     ///< By the letter, or as a reader sees a text.
+  ElidingLabel* lblReading = nullptr;  ///< Which reading is in force.
+  ElidingLabel* lblFound = nullptr;    ///< What a look at the source has found.
+  RecentList* lstRecent = nullptr;     ///< Has what room the page leaves over: nothing below it jumps.
 
   RecentSources RecentFiles;
   RecentSources RecentFolders;
@@ -61,6 +65,8 @@ class SourcePanel final : public QGroupBox {
   void Remember(TextSource kind, const std::string& path);
   /// What the source is called: the name of the file or folder, "3 files", "Clipboard". Empty for none.
   std::string Name() const;
+  /// Says which reading is in force.
+  void ShowReading(const std::string& text);
   /// Says what was found; hidden where that is nothing.
   void ShowFound(const std::string& text);
   /// Whether a report at `path` would be read by a folder run, or replace what it reads; says so.
@@ -74,6 +80,7 @@ class SourcePanel final : public QGroupBox {
 
  private:
   void BuildPages();
+  void BuildReading(QVBoxLayout& layout);
   void FitToPages();
   void Connect();
   void ConnectRecent();

@@ -16,7 +16,10 @@ bool IsWhiteSpace(char32_t c) {
 std::string RawText(std::string_view bytes, TextEncoding encoding) {
   if (encoding == TextEncoding::Utf8) return MendedUtf8(bytes);
   std::string text;
-  for (const char byte : bytes) AppendCharacter(static_cast<unsigned char>(byte), text);
+  for (const char byte : bytes) {
+    const auto code = static_cast<unsigned char>(byte);
+    AppendCharacter(encoding == TextEncoding::Windows1252 ? WindowsCharacter(code) : code, text);
+  }
   return text;
 }
 

@@ -5,6 +5,7 @@
 
 #include "engine/text/unicode.h"
 #include "sources/places/context_text.h"
+#include "sources/places/encoding_of_source.h"
 #include "sources/read/document_readers.h"
 
 namespace korv {
@@ -22,11 +23,6 @@ constexpr uint64_t kWorthASeek = uint64_t{64} * 1024;
 
 LongLines LinesOf(const CommentMarkers& markers) {
   return IsPlainText(markers) ? LongLines::AtBlanks : LongLines::Whole;
-}
-
-CommentMarkers MarkersOf(const CorpusSource& source, std::string_view readAs) {
-  if (source.Origin.IsDocument) return {};
-  return source.Path.empty() && readAs.empty() ? CommentMarkers{} : MarkersOfFile(source.Path, readAs);
 }
 
 }  // namespace
@@ -67,6 +63,12 @@ Expected<PlaceInText, PlaceFault> PlaceLocator::Locate(Place place, int words, s
   return found;
 }
 
+CommentMarkers PlaceLocator::Markers(size_t source) const {
+  const CorpusSource& of = corpus_.Sources[source];
+  if (of.Origin.IsDocument) return documentOf_ == source ? documentMarkers_ : CommentMarkers{};
+  return of.Path.empty() && readAs_.empty() ? CommentMarkers{} : MarkersOfFile(of.Path, readAs_);
+}
+
 /// Only a document has marks.
 std::span<const TextMark> PlaceLocator::Marks(size_t source) const {
   return documentOf_ == source ? std::span<const TextMark>(marks_) : std::span<const TextMark>();
@@ -76,8 +78,12 @@ void PlaceLocator::SetNumber(PlaceInText& place) const {
   const std::span<const TextMark> marks = Marks(source_);
   const auto behind = MarkBehind(marks, place.Begin);
   if (behind == marks.begin()) return;
+  const TextMark& mark = *(behind - 1);
   place.Unit = unit_;
-  place.Number = (behind - 1)->Number;
+  place.Number = mark.Number;
+  if (mark.Column == 0) return;
+  place.Column = mark.Column +
+                 CharacterCount(std::string_view(document_).substr(mark.Offset, place.Begin - mark.Offset));
 }
 
 /// Whether reading on is as good as beginning at an anchor.
@@ -107,9 +113,8 @@ PlaceLocator::Fault PlaceLocator::Open(size_t source, Place from) {
   auto reader = ReaderAt(source, anchor);
   if (!reader) return reader.Error();
   readerBegin_ = anchor.Offset();
-  replay_ = std::make_unique<TextReplay>(corpus_, source, anchor, *columns,
-                                         MarkersOf(corpus_.Sources[source], readAs_), std::move(*reader),
-                                         Marks(source),
+  replay_ = std::make_unique<TextReplay>(corpus_, source, anchor, *columns, Markers(source),
+                                         std::move(*reader), Marks(source),
                                          corpus_.Sources[source].Origin.IsDocument && documentHasBlocks_);
   return std::nullopt;
 }
@@ -153,14 +158,15 @@ Expected<std::string, PlaceFault> PlaceLocator::Bytes(size_t source, uint64_t be
 Expected<std::unique_ptr<TextReader>, PlaceFault> PlaceLocator::ReaderAt(size_t source,
                                                                          const LineAnchor& anchor) {
   const CorpusSource& of = corpus_.Sources[source];
-  const LongLines longLines = LinesOf(MarkersOf(of, readAs_));
+  if (of.Origin.IsDocument && !of.Path.empty())
+    if (const Fault fault = ReadDocument(source)) return *fault;
+  const LongLines longLines = LinesOf(Markers(source));
   std::string head;
   InputFile* rest = nullptr;
   if (of.Path.empty()) {
     if (text_.empty()) return PlaceFault::NotKept;
     head = text_.substr(std::min<size_t>(anchor.Offset(), text_.size()));
   } else if (of.Origin.IsDocument) {
-    if (const Fault fault = ReadDocument(source)) return *fault;
     head = document_.substr(std::min<size_t>(anchor.Offset(), document_.size()));
   } else {
     auto file = OpenFileAt(source, anchor.Offset());
@@ -168,7 +174,7 @@ Expected<std::unique_ptr<TextReader>, PlaceFault> PlaceLocator::ReaderAt(size_t 
     file_ = std::move(*file);
     rest = file_.get();
   }
-  const TextEncoding encoding = of.Origin.IsUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  const TextEncoding encoding = EncodingOfSource(corpus_, source);
   return std::make_unique<TextReader>(std::move(head), rest, encoding, longLines, TextPart::Middle);
 }
 
@@ -201,9 +207,10 @@ PlaceLocator::Fault PlaceLocator::ReadDocument(size_t source) {
   const DocumentReader& reader = ReaderOfFile(of.Path, opened.Head, readAs_, documents_.Others);
   auto text = reader.Open(of.Path, std::move(opened),
                           {context_.Files, context_.Messages, context_.Yielder, /*IsOneOfMany=*/true,
-                           /*ShowProgress=*/{}, readAs_, documents_});
+                           /*ShowProgress=*/{}, readAs_, documents_, corpus_.Options.Reading});
   if (!text) return PlaceFault::Unreadable;
   document_ = std::move(text->Head);
+  documentMarkers_ = text->Markers;
   documentHasBlocks_ = text->LinesAreBlocks;
   marks_ = std::move(text->Marks);
   unit_ = text->Unit;
@@ -251,13 +258,12 @@ bool PlaceLocator::Find(Place token, Hit& hit) const {
 RawSpan PlaceLocator::SpanOf(const Hit& hit) {
   ReplayedLine& line = *lines_[hit.Line];
   if (!line.Raw)
-    line.Raw.emplace(line.Bytes, Encoding(), line.StartsLine,
-                     MarkersOf(corpus_.Sources[source_], readAs_).blnCharacterEntitiesPossible);
+    line.Raw.emplace(line.Bytes, Encoding(), line.StartsLine, Markers(source_).blnCharacterEntitiesPossible);
   return line.Raw->Find(hit.Word->Begin, hit.Word->End);
 }
 
 TextEncoding PlaceLocator::Encoding() const {
-  return corpus_.Sources[source_].Origin.IsUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  return EncodingOfSource(corpus_, source_);
 }
 
 std::string PlaceLocator::PhraseBetween(const Hit& first, size_t begin, const Hit& last, size_t end) const {

@@ -77,6 +77,7 @@ class PlaceLocator {
   Expected<std::unique_ptr<TextReader>, PlaceFault> ReaderAt(size_t source, const LineAnchor& anchor);
   Expected<uint64_t, PlaceFault> ColumnsBefore(size_t source, const LineAnchor& anchor);
   Fault ReadDocument(size_t source);
+  CommentMarkers Markers(size_t source) const;
   std::span<const TextMark> Marks(size_t source) const;
   void SetNumber(PlaceInText& place) const;
   bool ReadLine();
@@ -99,6 +100,7 @@ class PlaceLocator {
   std::unique_ptr<InputFile> file_;
   size_t documentOf_ = SIZE_MAX;  ///< The source that document_ is the text of.
   std::string document_;
+  CommentMarkers documentMarkers_;
   bool documentHasBlocks_ = false;  ///< See DocumentText::LinesAreBlocks.
   std::vector<TextMark> marks_;     ///< Of that text.
   PlaceUnit unit_ = PlaceUnit::Line;

@@ -44,7 +44,7 @@ size_t RawLine::OldEnd(size_t end) const {
 }
 
 size_t RawLine::PastCharacter(size_t raw) const {
-  if (encoding_ == TextEncoding::Ansi) return raw + 1;
+  if (encoding_ != TextEncoding::Utf8) return raw + 1;
   NextCharacter(bytes_, raw);
   return raw;
 }
@@ -56,7 +56,7 @@ size_t RawLine::DecodedSize(size_t begin, size_t end) const {
 /// Whether the character joins none before it. What is dropped stands in the way of none, so it begins
 /// nothing.
 bool RawLine::BeginsSegment(size_t begin, size_t end) const {
-  if (encoding_ == TextEncoding::Ansi) return true;
+  if (encoding_ != TextEncoding::Utf8) return true;
   const std::string_view decoded = DecodeText(bytes_.substr(begin, end - begin), encoding_, buffer_);
   return !decoded.empty() && IsCertainlyNfc(decoded);
 }

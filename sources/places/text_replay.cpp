@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/text/unicode.h"
+#include "sources/places/encoding_of_source.h"
 
 namespace korv {
 
@@ -12,10 +13,6 @@ Place EndOfSource(const Corpus& corpus, size_t source) {
   return Place{static_cast<uint32_t>(source + 1 < corpus.Sources.size()
                                          ? corpus.Sources[source + 1].Begin
                                          : corpus.Tokens.size() - kTrailingEnds)};
-}
-
-TextEncoding EncodingOf(const Corpus& corpus, size_t source) {
-  return corpus.Sources[source].Origin.IsUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
 }
 
 }  // namespace
@@ -31,7 +28,7 @@ TextReplay::TextReplay(const Corpus& corpus, size_t source, const LineAnchor& an
       cutter_(corpus.Rules, *this),
       scanner_(corpus.Rules, markers, cutter_),
       reader_(std::move(reader)),
-      encoding_(EncodingOf(corpus, source)),
+      encoding_(EncodingOfSource(corpus, source)),
       line_(anchor.Line()),
       columns_(columnsBefore),
       startsLine_(anchor.StartsLine()) {
@@ -95,7 +92,7 @@ void TextReplay::Compare(size_t before) {
 }
 
 uint64_t CharactersIn(std::string_view bytes, TextEncoding encoding) {
-  if (encoding == TextEncoding::Ansi) return bytes.size();
+  if (encoding != TextEncoding::Utf8) return bytes.size();
   uint64_t characters = 0;
   for (size_t at = 0; at < bytes.size(); ++characters) {
     const size_t ascii = PastAscii(bytes, at);

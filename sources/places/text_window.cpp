@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "sources/places/context_text.h"
+#include "sources/places/encoding_of_source.h"
 
 namespace korv {
 
@@ -68,8 +69,7 @@ uint64_t TextWindow::LastLine() const {
 
 Expected<TextWindow, PlaceFault> ReadTextWindow(const Corpus& corpus, PlaceLocator& locator,
                                                 const WindowWish& wish) {
-  const TextEncoding encoding =
-      corpus.Sources[wish.Source].Origin.IsUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  const TextEncoding encoding = EncodingOfSource(corpus, wish.Source);
   const uint64_t begin = wish.Offset - std::min(wish.Offset, wish.Around);
   const uint64_t end = wish.Offset + wish.Around;
   // One byte more tells whether the text goes on.

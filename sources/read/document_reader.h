@@ -32,6 +32,7 @@ struct ReadContext {
   std::function<void(const std::string&)> ShowProgress;
   std::string_view ReadAs{};  ///< The extension that a text is read by; empty for its own.
   DocumentChoice Documents{};
+  ReadingOptions Reading{};
 
   /// The same for another thread, which shows no progress.
   ReadContext With(korv::Messages& messages, korv::Yielder& yielder) const {
@@ -46,6 +47,7 @@ struct DocumentText {
   TextFacts Facts;                       ///< Of a file that is itself the text.
   std::optional<TextEncoding> Encoding;  ///< Empty: as the user chooses for files with such Facts.
   CommentMarkers Markers;                ///< Of the regions that are no text.
+  std::string EncodingName;              ///< That of the file, where the reader has decoded it.
   bool LinesAreBlocks = false;           ///< Each line is a paragraph; else blank lines part these.
   SourceOrigin Origin;                   ///< IsUtf8 is set when the text has been read.
   std::vector<TextMark> Marks;           ///< By their offsets in Head, which is then all of the text.

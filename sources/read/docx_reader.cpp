@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "sources/documents/docx_parts.h"
 #include "sources/read/document_reader.h"
 #include "sources/read/docx.h"
 
@@ -7,7 +8,7 @@ namespace korv {
 
 namespace {
 
-DocumentRefusal RefusalOf(DocxFault fault, const std::filesystem::path& path) {
+DocumentRefusal DocxRefusalOf(DocxFault fault, const std::filesystem::path& path) {
   const std::string name = PathToText(path);
   return {.MessageAlone = [fault, name](const NumberFormat& /*format*/) { return DocxRefusal(fault, name); },
           .MessageOnce = DocxFolderRefusal(fault, name),
@@ -25,10 +26,16 @@ class Docx final : public DocumentReader {
     text.Encoding = TextEncoding::Utf8;
     text.LinesAreBlocks = true;
     text.Origin = {.IsDocument = true, .Size = opened.File->Size(), .Modified = opened.File->Modified()};
+    if (context.Reading.NotesAndBoxes) {
+      auto whole = DocxWithNotes(std::move(opened.File), context.Yielder);
+      if (!whole) return RefusalOf(whole.Error(), path);
+      text.Head = std::move(*whole);
+      return text;
+    }
     const Expected<int32_t, DocxFault> result =
         ReadDocx({context.Files, context.Messages, context.Yielder}, path, std::move(opened.File),
                  kProductWord, !context.IsOneOfMany, text.Head, context.ShowProgress);
-    if (!result) return RefusalOf(result.Error(), path);
+    if (!result) return DocxRefusalOf(result.Error(), path);
     return text;
   }
 };

@@ -1,5 +1,7 @@
 #include <utility>
 
+#include "sources/documents/html_text.h"
+#include "sources/documents/page_reader.h"
 #include "sources/read/document_readers.h"
 #include "sources/read/text_document.h"
 
@@ -17,7 +19,10 @@ class Markup final : public DocumentReader {
   bool OpeningIsWork() const override { return false; }
   Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
                                                const ReadContext& context) const override {
-    return OpenTextDocument(path, std::move(opened), MarkersOfFile(path, context.ReadAs));
+    const CommentMarkers markers = MarkersOfFile(path, context.ReadAs);
+    if (context.Reading.ShownMarkup && (markers.Language == MarkupLanguage::Xml || ReadsHtml()))
+      return OpenPage(path, std::move(opened), markers.Language, context);
+    return OpenDecoded(path, std::move(opened), markers, context);
   }
 };
 

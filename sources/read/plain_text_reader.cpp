@@ -12,8 +12,8 @@ class PlainText final : public DocumentReader {
   bool TakesExtension(std::string_view /*extension*/) const override { return true; }
   bool OpeningIsWork() const override { return false; }
   Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
-                                               const ReadContext& /*context*/) const override {
-    return OpenTextDocument(path, std::move(opened), {});
+                                               const ReadContext& context) const override {
+    return OpenDecoded(path, std::move(opened), {}, context);
   }
 };
 

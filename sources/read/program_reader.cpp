@@ -17,7 +17,7 @@ class Program final : public DocumentReader {
   bool OpeningIsWork() const override { return false; }
   Expected<DocumentText, DocumentRefusal> Open(const std::filesystem::path& path, OpenedText opened,
                                                const ReadContext& context) const override {
-    return OpenTextDocument(path, std::move(opened), MarkersOfFile(path, context.ReadAs));
+    return OpenDecoded(path, std::move(opened), MarkersOfFile(path, context.ReadAs), context);
   }
 };
 

@@ -6,8 +6,12 @@
 
 namespace korv {
 
-/// Ansi: one byte is one character, its code the byte's. Utf8: as its name says.
-enum class TextEncoding { Ansi, Utf8 };
+/// Ansi: one byte is one character, its code the byte's. Windows1252: the same, but that the bytes 128 to 159
+/// are the signs that Windows has there. Utf8: as its name says.
+enum class TextEncoding { Ansi, Utf8, Windows1252 };
+
+/// The character of a byte of Windows-1252.
+char32_t WindowsCharacter(unsigned char byte);
 
 /// Turns the bytes of a text into the text that the program works on: UTF-8 as CleanText makes it (see
 /// engine/clean_text.h). In ANSI text it is the bytes 0x91, 0x92, 0x94 and 0xAD that are replaced or dropped.

@@ -9,11 +9,12 @@ namespace korv {
 /// What the places of a document are counted in.
 enum class PlaceUnit : uint8_t { Line, Page, Chapter, Cue, Segment };
 
-/// A line of a document's text at which something begins.
+/// A line of a document's text at which something begins; or, where lines of the file are told, any place.
 struct TextMark {
-  uint64_t Offset;  ///< Of the line's first byte in the text.
-  uint32_t Number;  ///< Of the page, the chapter, ... that the text from here on belongs to.
-  bool EndsPhrase;  ///< No phrase goes on from the line before.
+  uint64_t Offset;      ///< Of the line's first byte in the text.
+  uint32_t Number;      ///< Of the page, the chapter, ... that the text from here on belongs to.
+  bool EndsPhrase;      ///< No phrase goes on from the line before.
+  uint32_t Column = 0;  ///< Where Number is a line of the file: the column there, from 1; 0 where unknown.
 
   bool operator==(const TextMark&) const = default;
 };

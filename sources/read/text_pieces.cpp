@@ -55,7 +55,7 @@ void TextPieces::Settle(size_t length) {
   }
   const std::string_view sample = Unread().substr(before, kEncodingSample);
   const bool isUtf8 = LooksLikeUtf8(sample) && (!encoding_.ConfirmUtf8 || encoding_.ConfirmUtf8());
-  encoding_.Settled = isUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  encoding_.Settled = isUtf8 ? TextEncoding::Utf8 : encoding_.OtherThanUtf8;
 }
 
 /// The length of the next piece; 0 where no line ends in as many bytes as a piece has.

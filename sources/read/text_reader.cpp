@@ -124,7 +124,7 @@ void TextReader::State::Decide(size_t length) {
   const std::string_view sample =
       std::string_view(Bytes).substr(Begin, End - Begin).substr(before, kEncodingSample);
   const bool isUtf8 = LooksLikeUtf8(sample) && (!Encoding.ConfirmUtf8 || Encoding.ConfirmUtf8());
-  Encoding.Settled = isUtf8 ? TextEncoding::Utf8 : TextEncoding::Ansi;
+  Encoding.Settled = isUtf8 ? TextEncoding::Utf8 : Encoding.OtherThanUtf8;
 }
 
 /// Makes a line of the next `length` bytes.
@@ -136,7 +136,7 @@ void TextReader::State::Decode(size_t length) {
     return;
   }
   Line = DecodeText(source, *Encoding.Settled, Decoded, &IllFormed);
-  HasAnsi |= Encoding.Settled == TextEncoding::Ansi && Line.data() != source.data();
+  HasAnsi |= Encoding.Settled != TextEncoding::Utf8 && Line.data() != source.data();
 }
 
 void TextReader::State::HandOut(size_t length, size_t lineEnd, bool endsLine) {

@@ -31,6 +31,7 @@ struct EncodingPlan {
   explicit EncodingPlan(std::function<bool()> confirm) : ConfirmUtf8(std::move(confirm)) {}
 
   std::optional<TextEncoding> Settled;
+  TextEncoding OtherThanUtf8 = TextEncoding::Ansi;  ///< What a text is in that is found not to be UTF-8.
   std::function<bool()> ConfirmUtf8;
 };
 
