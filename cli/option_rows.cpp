@@ -6,12 +6,15 @@
 #include <string_view>
 #include <utility>
 
+#include "app/settings/schema.h"
 #include "base/translation.h"
 #include "cli/column_values.h"
 #include "cli/comparison.h"
 #include "cli/option_values.h"
 #include "cli/setting_options.h"
 #include "platform/locale_numbers.h"
+#include "sources/detect/declared_encoding.h"
+#include "sources/read/whole_text.h"
 
 namespace korv {
 
@@ -127,16 +130,29 @@ OptionRow PathList(const char* name, char separator, const char* help) {
           }};
 }
 
+/// One of three words, or the name of any encoding.
+void TakeEncoding(const std::string& text, CountOptions& options) {
+  const SettingRow& row = RowOf("Encoding");
+  options.Given.Which |= SetOf(row);
+  options.Given.Values.Encoding.clear();
+  options.Encoding = text == "utf-8"  ? EncodingChoice::Utf8
+                     : text == "ansi" ? EncodingChoice::Ansi
+                                      : EncodingChoice::Auto;
+  if (text == "auto" || options.Encoding != EncodingChoice::Auto) return;
+  if (text.empty() || !TextInUtf8("", EncodingAsBrowsersHaveIt(text)))
+    RefuseValue("--encoding", Fill(Tr("'%1' is none of: %2"),
+                                   {text, std::string("auto|utf-8|ansi, ") + Tr("nor a known encoding")}));
+  options.Given.Values.Encoding = text;
+}
+
 std::vector<OptionRow> OwnSources() {
   OptionRow withNul = PathList("--files0-from", '\0', Tr("The same of paths that end in NUL"));
   withNul.Excludes = {"--files-from"};
   return {
       File("--from-counts", &CountOptions::FromCounts, OptionGroup::Sources,
            Tr("Read phrases and frequencies, separated by a tab, in place of PATH; - for standard input")),
-      Choices<EncodingChoice>(
-          "--encoding", &CountOptions::Encoding,
-          {{"auto", EncodingChoice::Auto}, {"utf-8", EncodingChoice::Utf8}, {"ansi", EncodingChoice::Ansi}},
-          OptionGroup::Sources, Tr("How text is encoded (auto)")),
+      Text("--encoding", "auto|utf-8|ansi|NAME", OptionGroup::Sources, Tr("How text is encoded (auto)"),
+           TakeEncoding),
       Choices<std::string>(
           "--type", &CountOptions::ReadAs,
           {{"text", "txt"}, {"html", "html"}, {"xml", "xml"}, {"php", "php"}}, OptionGroup::Sources,

@@ -56,7 +56,8 @@ class LineWriter {
   }
 
   /// Of one text the encoding, of several how many have which.
-  std::string Encodings(const EncodingCounts& texts, bool folder) const {
+  std::string Encodings(const RunSummary& facts, bool folder) const {
+    const EncodingCounts& texts = facts.Encodings;
     const auto kind = [&](uint64_t count, const char* name) {
       return folder ? Fill(TrCount("%1 file %2", "%1 files %2", count), {Number(count), name})
                     : std::string(name);
@@ -64,6 +65,7 @@ class LineWriter {
     std::vector<std::string> parts;
     if (texts.Utf8 > 0) parts.push_back(kind(texts.Utf8, "UTF-8"));
     if (texts.Ansi > 0) parts.push_back(kind(texts.Ansi, Tr("ANSI with bytes above 127")));
+    for (const auto& [name, count] : facts.OtherEncodings) parts.push_back(kind(count, name.c_str()));
     if (texts.Ascii > 0) parts.push_back(kind(texts.Ascii, "ASCII"));
     if (texts.IllFormed > 0)
       parts.push_back(With(
@@ -88,7 +90,7 @@ std::string RunLine(const RunSummary& facts, const WordRules& rules, const Numbe
                          {writer.Number(facts.LongPhrases),
                           writer.Number(static_cast<uint64_t>(facts.Options.MostCharacters))}));
   const std::string encodings =
-      writer.Encodings(facts.Encodings, facts.Options.SourceKind == TextSource::Folder);
+      writer.Encodings(facts, facts.Options.SourceKind == TextSource::Folder);
   if (!encodings.empty()) parts.push_back(encodings);
   return Joined(parts, "; ");
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -60,6 +61,8 @@ struct RunSummary {
   uint64_t FilesScanned = 0;    ///< Folder source: files whose text was read.
   uint64_t FoldersScanned = 0;  ///< Folder source: folders entered, and those of named files.
   EncodingCounts Encodings;     ///< Of files and streams; the clipboard's text has none.
+  /// Texts that were decoded from other encodings, by the names of these. Not kept with a run.
+  std::map<std::string, uint64_t> OtherEncodings;
   /// Where it is there, nothing is known of the text: no word, no file and no place.
   std::optional<CountsRead> Counts;
   std::vector<SkippedFile> SkippedFiles;  ///< Folder source, in reading order.

@@ -10,6 +10,7 @@
 #include "report/error_text.h"
 #include "report/summary.h"
 #include "sources/detect/comment_markers_ok.h"
+#include "sources/detect/declared_encoding.h"
 #include "sources/detect/foreign_kind.h"
 #include "sources/detect/source_checks.h"
 #include "sources/detect/text_file_check.h"
@@ -93,8 +94,13 @@ void SourceReader::ReadClipboardText() {
 }
 
 std::unique_ptr<StreamSource> SourceReader::MakeStream() {
-  return std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder,
-                                        KeepsText() ? &run_.KeptText : nullptr);
+  std::string* const kept = KeepsText() ? &run_.KeptText : nullptr;
+  const std::string& named = request_.Options.Reading.Encoding;
+  if (named.empty())
+    return std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder, kept);
+  decoded_ = std::make_unique<DecodedStream>(*request_.Stream, EncodingAsBrowsersHaveIt(named),
+                                             services_.Yielder);
+  return std::make_unique<StreamSource>(*decoded_, EncodingChoice::Utf8, services_.Yielder, kept);
 }
 
 std::optional<FileError> SourceReader::ReadHeadOf(StreamSource& source) {
@@ -403,8 +409,10 @@ bool SourceReader::ReadText(const fs::path& path, DocumentText text, Alone alone
   EncodingPlan encoding = EncodingOf(path, text);
   if (isFileItself && alone == Alone::Yes)
     services_.Progress.BytesTotal = size >= kProgressFromBytes ? size : 0;
+  const std::string named = text.EncodingName == "UTF-8" ? std::string() : text.EncodingName;
   const TextSummary summary = reader_.Read(path, std::move(text), std::move(encoding));
-  Tally(summary);
+  Tally(summary, named);
+  if (!named.empty() && alone == Alone::Yes) run_.FileKind = Fill(Tr("This is a text in %1."), {named});
   if (isFileItself && alone == Alone::Yes)
     run_.FileKind = FileKindAfterRun(summary.ReadAs == ReadAs::Utf8, code);
   if (isMarkup)
@@ -451,9 +459,12 @@ bool SourceReader::Refuse(const fs::path& path, const DocumentRefusal& refusal, 
   return alone == Alone::No && Skip(PathToText(path), refusal.SkipReason);
 }
 
-void SourceReader::Tally(const TextSummary& summary) {
+void SourceReader::Tally(const TextSummary& summary, const std::string& encoding) {
   EncodingCounts& counts = run_.Facts.Encodings;
-  CountReading(summary.ReadAs, counts);
+  if (encoding.empty())
+    CountReading(summary.ReadAs, counts);
+  else
+    ++run_.Facts.OtherEncodings[encoding];
   counts.IllFormed += summary.IllFormed;
 }
 

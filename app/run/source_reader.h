@@ -11,6 +11,7 @@
 #include "engine/corpus/corpus_builder.h"
 #include "sources/read/corpus_reader.h"
 #include "sources/read/documents_ahead.h"
+#include "sources/read/decoded_stream.h"
 #include "sources/read/read_plan.h"
 #include "sources/read/stream_source.h"
 
@@ -73,7 +74,8 @@ class SourceReader {
   /// Shows a notice, and keeps it for the report.
   void Note(const std::string& text);
   /// Counts how texts were read, for the report.
-  void Tally(const TextSummary& summary);
+  /// `encoding`: that of the file where it was decoded by its name.
+  void Tally(const TextSummary& summary, const std::string& encoding = {});
   void NoteShortened(const std::filesystem::path& path);
   /// Shows a message about the first failure, and notes the others.
   void KeepExtractedText(const std::filesystem::path& path, std::string_view text);
@@ -87,6 +89,7 @@ class SourceReader {
   CountedRun& run_;
   CorpusBuilder& corpus_;
   CorpusReader reader_;
+  std::unique_ptr<DecodedStream> decoded_;  ///< Of standard input in an encoding that was named.
   size_t secondSide_ = 0;  ///< The first document of side B in the plan, where there is one.
   WordCounts wordsOfA_;
   bool refusalTold_ = false;

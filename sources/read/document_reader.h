@@ -36,7 +36,7 @@ struct ReadContext {
 
   /// The same for another thread, which shows no progress.
   ReadContext With(korv::Messages& messages, korv::Yielder& yielder) const {
-    return {Files, messages, yielder, IsOneOfMany, nullptr, ReadAs, Documents};
+    return {Files, messages, yielder, IsOneOfMany, nullptr, ReadAs, Documents, Reading};
   }
 };
 

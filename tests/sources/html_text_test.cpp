@@ -12,7 +12,7 @@ namespace {
 
 /// The text with "/" for the end of a line and "//" for that of a block.
 std::string Shown(std::string_view page) {
-  Yielder yielder;
+  NoYielder yielder;
   const auto shown = HtmlText(page, yielder);
   if (!shown) return "refused";
   std::string text;
@@ -66,7 +66,7 @@ struct Place {
 
 /// Where in the file the text stands that `word` begins.
 Place PlaceOf(std::string_view page, std::string_view word) {
-  Yielder yielder;
+  NoYielder yielder;
   const auto shown = HtmlText(page, yielder);
   const size_t at = shown->Text.find(word);
   const auto behind = MarkBehind(shown->Marks, at);

@@ -27,7 +27,7 @@ class TextBytesSource final : public ByteSource {
 ShownText ShownOf(std::string_view xml) {
   TextBytesSource source(xml);
   XmlShownText text;
-  Yielder yielder;
+  NoYielder yielder;
   EXPECT_FALSE(WalkXml(source, text, yielder)) << xml;
   return text.Take();
 }
