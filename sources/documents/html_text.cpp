@@ -1,6 +1,7 @@
 #include "sources/documents/html_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <string>
 #include <vector>
@@ -228,6 +229,32 @@ class PageWalker {
   int asItIs_ = 0;
 };
 
+constexpr std::array<std::string_view, 28> kNeverDeep = {
+    "area",   "base",  "br",    "col",   "embed",    "hr",   "img",  "input", "link", "meta",
+    "source", "track", "wbr",   "p",     "li",       "dt",   "dd",   "tr",    "td",   "th",
+    "option", "tbody", "thead", "tfoot", "colgroup", "body", "html", "head"};
+
+/// Whether more elements may be open at a time than any real page has: those that are never closed, or only
+/// by others, aside.
+bool IsTooDeep(std::string_view page) {
+  size_t open = 0;
+  for (size_t at = page.find('<'); at != page.npos; at = page.find('<', at + 1)) {
+    size_t end = at + 1;
+    const bool closes = end < page.size() && page[end] == '/';
+    if (closes) ++end;
+    std::string name;
+    constexpr size_t kEnough = 10;
+    while (end < page.size() && name.size() < kEnough && std::isalnum(static_cast<unsigned char>(page[end])))
+      name += static_cast<char>(std::tolower(static_cast<unsigned char>(page[end++])));
+    if (name.empty() || std::ranges::find(kNeverDeep, name) != kNeverDeep.end()) continue;
+    if (closes)
+      open -= open > 0;
+    else if (++open > kMostPageDepth)
+      return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool ReadsHtml() {
@@ -236,7 +263,9 @@ bool ReadsHtml() {
 
 Expected<ShownText, DocumentFault> HtmlText(std::string_view page, Yielder& yielder) {
   if (page.size() > kMostPageBytes) return DocumentFault::TooLarge;
-  const HtmlTree tree(page, kMostTreeBytes);
+  if (IsTooDeep(page)) return DocumentFault::TooDeep;
+  const HtmlTree tree(page, kMostTreeBytes, yielder);
+  if (yielder.Stopped()) return ShownText();
   if (tree.Document() == nullptr) return DocumentFault::TooLarge;
   return PageWalker(page, yielder).Walk(tree.Document());
 }

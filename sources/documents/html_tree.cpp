@@ -11,7 +11,8 @@ struct alignas(std::max_align_t) HtmlTree::Block {
   size_t Size;
 };
 
-HtmlTree::HtmlTree(std::string_view page, size_t mostBytes) : left_(mostBytes) {
+HtmlTree::HtmlTree(std::string_view page, size_t mostBytes, Yielder& yielder)
+    : left_(mostBytes), yielder_(yielder) {
   Parse(page);
 }
 
@@ -23,7 +24,8 @@ HtmlTree::~HtmlTree() {
   }
 }
 
-/// Only C stands between a jump and here.
+/// Only C stands between a jump and here, and nothing of the parser's is left behind: all that it has is in
+/// blocks_.
 void HtmlTree::Parse(std::string_view page) {
   if (setjmp(full_) != 0) {
     output_ = nullptr;
@@ -39,6 +41,8 @@ void HtmlTree::Parse(std::string_view page) {
 
 void* HtmlTree::Allocate(void* tree, size_t size) {
   auto& self = *static_cast<HtmlTree*>(tree);
+  self.yielder_.Yield();
+  if (self.yielder_.Stopped()) std::longjmp(self.full_, 1);
   auto* const block =
       size + sizeof(Block) > self.left_ ? nullptr : static_cast<Block*>(std::malloc(size + sizeof(Block)));
   if (block == nullptr) std::longjmp(self.full_, 1);

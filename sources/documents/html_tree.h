@@ -6,14 +6,17 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/yielder.h"
+
 namespace korv {
 
 /// The tree of a page, with a limit on the memory that it takes. Tags that are never closed would make it
 /// grow with the square of the page; and trees are freed without recursion, however deep they are.
 class HtmlTree {
  public:
-  /// `page`, UTF-8, must outlive the object. Without a root where the tree takes more than `mostBytes`.
-  HtmlTree(std::string_view page, size_t mostBytes);
+  /// `page`, UTF-8, must outlive the object. Without a root where the tree takes more than `mostBytes`, and
+  /// after a stop.
+  HtmlTree(std::string_view page, size_t mostBytes, Yielder& yielder);
   ~HtmlTree();
   HtmlTree(const HtmlTree&) = delete;
   HtmlTree& operator=(const HtmlTree&) = delete;
@@ -30,6 +33,7 @@ class HtmlTree {
 
   Block* blocks_ = nullptr;
   size_t left_;
+  Yielder& yielder_;
   std::jmp_buf full_;
   GumboOutput* output_ = nullptr;
 };

@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view kWhiteSpace = " \t\n\r";
 constexpr std::array<std::string_view, 3> kPassedOver = {"teiHeader", "script", "style"};
 constexpr std::array<std::string_view, 2> kLineEnds = {"lb", "br"};
+constexpr std::array<std::string_view, 3> kNotes = {"note", "footnote", "fn"};
 
 template <size_t N>
 bool IsOneOf(const std::array<std::string_view, N>& names, std::string_view name) {
@@ -22,23 +23,32 @@ bool IsWhite(char c) {
 
 }  // namespace
 
-void XmlShownText::AddEdge() {
-  edges_.push_back({text_.size(), open_.back()});
+void XmlShownText::AddEdge(bool isBlock) {
+  edges_.push_back({text_.size(), isBlock ? kBlockEnd : open_.back()});
+}
+
+bool XmlShownText::PartsBlocks(const Edge& edge) const {
+  if (edge.Parent == kLineBreak || edge.Parent == kBlockEnd) return edge.Parent == kBlockEnd;
+  uint32_t element = edge.Parent;
+  while (element != 0 && !elements_[element].HasText && elements_[element].Children == 1)
+    element = elements_[element].Parent;
+  return !elements_[element].HasText;
 }
 
 void XmlShownText::BeginElement(const XmlElement& element, uint64_t /*line*/) {
   const std::string_view name = LocalName(element.Name());
   if (passedOver_ > 0 || IsOneOf(kPassedOver, name)) {
-    if (passedOver_++ == 0) AddEdge();
+    if (passedOver_++ == 0) AddEdge(false);
     return;
   }
   if (IsOneOf(kLineEnds, name)) {
     if (element.Attribute("break") != "no") edges_.push_back({text_.size(), kLineBreak});
   } else {
-    AddEdge();
+    AddEdge(IsOneOf(kNotes, name));
+    ++elements_[open_.back()].Children;
   }
-  open_.push_back(static_cast<uint32_t>(hasText_.size()));
-  hasText_.push_back(false);
+  elements_.push_back({.Parent = open_.back()});
+  open_.push_back(static_cast<uint32_t>(elements_.size() - 1));
 }
 
 void XmlShownText::EndElement(std::string_view name) {
@@ -47,7 +57,7 @@ void XmlShownText::EndElement(std::string_view name) {
     return;
   }
   open_.pop_back();
-  if (!IsOneOf(kLineEnds, LocalName(name))) AddEdge();
+  if (!IsOneOf(kLineEnds, LocalName(name))) AddEdge(IsOneOf(kNotes, LocalName(name)));
 }
 
 void XmlShownText::Characters(std::string_view text, uint64_t line) {
@@ -58,7 +68,7 @@ void XmlShownText::Characters(std::string_view text, uint64_t line) {
     text_ += text.substr(begin, end - begin);
     begin = end;
   }
-  if (text.find_first_not_of(kWhiteSpace) != text.npos) hasText_[open_.back()] = true;
+  if (text.find_first_not_of(kWhiteSpace) != text.npos) elements_[open_.back()].HasText = true;
 }
 
 ShownText XmlShownText::Take() {
@@ -71,7 +81,7 @@ ShownText XmlShownText::Take() {
   for (size_t at = 0; at < text_.size(); ++at) {
     for (; edge != edges_.cend() && edge->Offset <= at; ++edge) {
       if (edge->Parent == kLineBreak) ends = std::max<size_t>(ends, 1);
-      if (edge->Parent != kLineBreak && !hasText_[edge->Parent]) ends = 2;
+      if (PartsBlocks(*edge)) ends = 2;
     }
     while (line + 1 < lines_.cend() && (line + 1)->Offset <= at) ++line;
     if (IsWhite(text_[at])) {

@@ -98,9 +98,13 @@ TEST(HtmlText, LeadsBackToLinesAndColumnsOfTheFile) {
 
 TEST(HtmlText, DeepAndUnclosedPagesTakeBoundedMemory) {
   std::string deep;
-  for (int i = 0; i < 200000; ++i) deep += "<i>";
+  for (size_t i = 0; i < kMostPageDepth; ++i) deep += "<i>";
   EXPECT_EQ(Shown(deep + "end"), "end/");
-  std::string square;
+  EXPECT_EQ(Shown(deep + "<i>end"), "refused");
+  std::string closed;
+  for (size_t i = 0; i < 2 * kMostPageDepth; ++i) closed += "<i>a</i><li><br>";
+  EXPECT_NE(Shown(closed), "refused");
+  std::string square = "<p>";
   for (int i = 0; i < 3000; ++i) square += "<font size=" + std::to_string(i) + ">";
   for (int i = 0; i < 30000; ++i) square += "<p>a";
   EXPECT_EQ(Shown(square), "refused");
@@ -123,7 +127,7 @@ TEST(WithoutPrograms, LeavesWhatStandsOutsideWhereItStood) {
       {"<?php # it's\n ?>b", "            \n   b"},
       {"a<?php no end", "a            "},
       {"<?php 'no end ?>b", "                 "},
-      {"a<?", "a  "},
+      {"a<?", "a<?"},
       {"no program", "no program"},
   };
   for (const Case& c : cases) EXPECT_EQ(WithoutPrograms(c.Php), c.Page) << c.Php;
