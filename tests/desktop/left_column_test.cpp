@@ -1,6 +1,7 @@
 // What the left column tells of the source and of words, and what is told of words and files left out.
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QTimer>
 #include <QToolButton>
@@ -34,6 +35,29 @@ class LeftColumn : public WindowTest {
     return TextOf("lblFound");
   }
 };
+
+// ---- How texts are read
+
+TEST_F(LeftColumn, SwitchesBetweenTheLetterAndWhatAReaderSees) {
+  EXPECT_EQ(Find<QComboBox>("cboReading")->currentText().toStdString(), "by the letter");
+  EXPECT_EQ(TextOf("lblReading"), "Read by the letter");
+  Choose("cboReading", 1);
+  EXPECT_EQ(DifferencesOf(main->Work().Current(), DefaultsUnder(Reading::Reader)) & SettingsOfReading(),
+            SettingSet());
+  EXPECT_EQ(TextOf("lblReading"),
+            "Read as a reader sees it: pages as they are shown, declared encodings, notes and text boxes and "
+            "phrases of up to 1,000 characters");
+  Choose("cboReading", 0);
+  EXPECT_EQ(DifferencesOf(main->Work().Current(), Settings{}) & SettingsOfReading(), SettingSet());
+  EXPECT_EQ(TextOf("lblReading"), "Read by the letter");
+}
+
+TEST_F(LeftColumn, CountsAsAReaderSeesAText) {
+  Type("txbFile_0", WriteFile("a.html", "<p>I am <b>a</b>t ho<i>me</i>.<p>I am at home."));
+  Choose("cboReading", 1);
+  Count();
+  EXPECT_THAT(Output(), HasSubstr("i am at home"));
+}
 
 // ---- The source
 
