@@ -18,6 +18,7 @@
 #include "report/listed_rows.h"
 #include "report/row_builder.h"
 #include "report/row_maker.h"
+#include "report/shown_phrase.h"
 #include "report/writers/report_opening.h"
 #include "report/writers/table_forms.h"
 #include "report/writers/text_writer.h"
@@ -58,6 +59,7 @@ class Listing {
     text_.clear();
     table_.AppendText(i, text_);
     if (filter_ && !filter_->Passes(text_)) return true;
+    ShowPhrase(table_, text_);
     return Take(table_.Count(i), [&] { return writer_.Row(rows_.Cells(i, text_)); });
   }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/yielder.h"
+#include "report/shown_phrase.h"
 #include "report/writers/report_opening.h"
 
 namespace korv {
@@ -24,6 +25,7 @@ void RowMaker::Make(const ListedRows& rows, size_t begin, size_t end, const Yiel
     phrase_.clear();
     table_.AppendText(entry, phrase_);
     if (filter_ && !filter_->Passes(phrase_)) continue;
+    ShowPhrase(table_, phrase_);
     rowText_->Append(cells_.Cells(entry, phrase_), made.Text);
     made.Rows.push_back({made.Text.Size(), table_.Count(entry)});
   }

@@ -57,6 +57,14 @@ bool EndsBlankless(std::string_view text) {
   return BeginsBlankless(text.substr(at));
 }
 
+void JoinBlankless(std::string& phrase) {
+  if (!MayHoldBlankless(phrase)) return;
+  for (size_t blank = phrase.find(' '); blank != std::string::npos; blank = phrase.find(' ', blank + 1)) {
+    const std::string_view text = phrase;
+    if (EndsBlankless(text.substr(0, blank)) && BeginsBlankless(text.substr(blank + 1))) phrase.erase(blank, 1);
+  }
+}
+
 bool MayHoldBlankless(std::string_view text) {
   return std::any_of(text.begin(), text.end(),
                      [](char byte) { return static_cast<unsigned char>(byte) >= kFirstLead; });

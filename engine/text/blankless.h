@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace korv {
@@ -14,6 +15,10 @@ bool IsIdeographOrKana(char32_t character);
 bool BeginsBlankless(std::string_view text);
 /// Whether the last one is.
 bool EndsBlankless(std::string_view text);
+
+/// Takes the blanks out of a phrase, its words joined by single blanks, that stand between two words of such
+/// scripts.
+void JoinBlankless(std::string& phrase);
 
 /// False where `text` certainly has no blankless character. Looks at bytes alone.
 bool MayHoldBlankless(std::string_view text);

@@ -4,6 +4,7 @@
 
 #include "base/size_text.h"
 #include "base/translation.h"
+#include "sources/detect/declared_encoding.h"
 #include "sources/detect/foreign_kind.h"
 #include "sources/documents/other_readers.h"
 #include "sources/questions.h"
@@ -160,6 +161,9 @@ namespace {
 /// The advice on a file of another kind, and how Korv reads it where it can.
 std::string AdviceOn(const std::string& path, std::string_view head) {
   std::string advice = ForeignKindAdvice(head);
+  if (const std::string encoding = SignedEncoding(head); !encoding.empty() && encoding != "UTF-8")
+    return advice + "\n" +
+           Tr("Korv reads it where texts are read as a reader sees them (korv-count: --reading reader).");
   if (OtherReaderOf(FileExtension(path, true), head, /*isTyped=*/false) == nullptr) return advice;
   if (!advice.empty()) advice += '\n';
   return advice +

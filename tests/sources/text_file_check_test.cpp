@@ -238,6 +238,15 @@ TEST(SingleFileRefusal, SaysWhatIsWrong) {
   }
 }
 
+TEST(SingleFileRefusal, SaysHowWideTextCanBeRead) {
+  const Message message = SingleFileRefusal("/a", {.Code = TextFileCode::UnicodeNotUtf8},
+                                            std::string_view("\xFF\xFEo\0", 4), 9, NumberFormat());
+  EXPECT_EQ(message.Text, "File /a\nis a Unicode file but not UTF-8 encoded.");
+  EXPECT_TRUE(message.Addition.ends_with(
+      "\nKorv reads it where texts are read as a reader sees them (korv-count: --reading reader)."))
+      << message.Addition;
+}
+
 TEST(SkipReason, HasAWordForEveryRefusal) {
   using enum TextFileCode;
   EXPECT_EQ(SkipReason(ZeroLength), "is zero-length");

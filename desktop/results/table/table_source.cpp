@@ -6,6 +6,7 @@
 #include "engine/analysis/phrase_order.h"
 #include "report/list_source.h"
 #include "report/row_builder.h"
+#include "report/shown_phrase.h"
 
 namespace korv {
 
@@ -58,7 +59,10 @@ Cell TableSource::ValueOf(const Column& column, PhraseIndex entry, std::string& 
     text = FirstPlace(Run(), entry);
     return text;
   }
-  if (column.Type == ColumnType::Text) Table().AppendText(entry, text);
+  if (column.Type == ColumnType::Text) {
+    Table().AppendText(entry, text);
+    ShowPhrase(Table(), text);
+  }
   const ColumnSource view = View();
   return RowBuilder(std::array{&column}, view).Cells(entry, text).OfPhrase.front();
 }
