@@ -6,6 +6,8 @@
 #include <new>
 #include <optional>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "app/settings/questions.h"
 #include "base/line_ends.h"
@@ -114,9 +116,10 @@ class RecordReader {
 
   /// The records with names that follow the last place. What is no such record ends them, as it always did.
   void ReadNamed(std::span<const SettingRow> rows) {
+    NamedValues named;
     while (outcome_.Complete()) {
       SkipBlanks();
-      if (!rest_.starts_with('"')) return;
+      if (!rest_.starts_with('"')) break;
       const auto text = NextText();
       const size_t equals = text ? text->find('=') : std::string::npos;
       if (equals == std::string::npos) continue;
@@ -125,15 +128,28 @@ class RecordReader {
       });
       // A later version may know more.
       if (row == rows.end()) continue;
-      std::visit([&](const auto& value) { TakeNamed(value, text->substr(equals + 1)); }, row->Value);
-      // What it sets may be set otherwise by the lines behind.
-      if (IsReading(*row)) ApplyReading(settings_.Reading, settings_);
+      named.emplace_back(&*row, text->substr(equals + 1));
     }
+    TakeAll(named);
   }
 
   RestoreOutcome Outcome() const { return outcome_; }
 
  private:
+  using NamedValues = std::vector<std::pair<const SettingRow*, std::string>>;
+
+  /// In any order; but what the reading sets may be set otherwise by the others.
+  void TakeAll(const NamedValues& named) {
+    for (const bool reading : {true, false})
+      for (const auto& [row, text] : named)
+        if (IsReading(*row) == reading) TakeOne(*row, text);
+  }
+  void TakeOne(const SettingRow& row, const std::string& text) {
+    if (Failed()) return;
+    std::visit([&](const auto& value) { TakeNamed(value, text); }, row.Value);
+    if (IsReading(row)) ApplyReading(settings_.Reading, settings_);
+  }
+
   void Take(const TextValue& value, int) {
     if (const auto text = NextText()) value.Set(settings_, *text);
   }

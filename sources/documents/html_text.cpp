@@ -15,88 +15,40 @@ namespace {
 /// How an element shows what is in it.
 enum class Shown { InLine, Block, Line, AsItIs, Not };
 
+/// What a page does not show, or not as running text.
+constexpr std::array kNotShown = {
+    GUMBO_TAG_HEAD,          GUMBO_TAG_TITLE,    GUMBO_TAG_SCRIPT,   GUMBO_TAG_STYLE,    GUMBO_TAG_TEMPLATE,
+    GUMBO_TAG_NOSCRIPT,      GUMBO_TAG_SELECT,   GUMBO_TAG_TEXTAREA, GUMBO_TAG_IFRAME,   GUMBO_TAG_OBJECT,
+    GUMBO_TAG_SVG,           GUMBO_TAG_AUDIO,    GUMBO_TAG_VIDEO,    GUMBO_TAG_CANVAS,   GUMBO_TAG_DATALIST,
+    GUMBO_TAG_NOEMBED,       GUMBO_TAG_NOFRAMES, GUMBO_TAG_METER,    GUMBO_TAG_PROGRESS, GUMBO_TAG_RP,
+    GUMBO_TAG_ANNOTATION_XML};
+
+/// Line ends and blanks count in these.
+constexpr std::array kAsItIs = {GUMBO_TAG_PRE, GUMBO_TAG_LISTING, GUMBO_TAG_XMP, GUMBO_TAG_PLAINTEXT};
+
+/// They begin and end a block.
+constexpr std::array kBlocks = {
+    GUMBO_TAG_HTML,       GUMBO_TAG_BODY,   GUMBO_TAG_ADDRESS, GUMBO_TAG_ARTICLE,  GUMBO_TAG_ASIDE,
+    GUMBO_TAG_BLOCKQUOTE, GUMBO_TAG_CENTER, GUMBO_TAG_DETAILS, GUMBO_TAG_DIR,      GUMBO_TAG_DIV,
+    GUMBO_TAG_DL,         GUMBO_TAG_DT,     GUMBO_TAG_DD,      GUMBO_TAG_FIELDSET, GUMBO_TAG_FIGCAPTION,
+    GUMBO_TAG_FIGURE,     GUMBO_TAG_FOOTER, GUMBO_TAG_FORM,    GUMBO_TAG_H1,       GUMBO_TAG_H2,
+    GUMBO_TAG_H3,         GUMBO_TAG_H4,     GUMBO_TAG_H5,      GUMBO_TAG_H6,       GUMBO_TAG_HEADER,
+    GUMBO_TAG_HGROUP,     GUMBO_TAG_HR,     GUMBO_TAG_LEGEND,  GUMBO_TAG_LI,       GUMBO_TAG_MAIN,
+    GUMBO_TAG_MENU,       GUMBO_TAG_NAV,    GUMBO_TAG_OL,      GUMBO_TAG_P,        GUMBO_TAG_SECTION,
+    GUMBO_TAG_SUMMARY,    GUMBO_TAG_TABLE,  GUMBO_TAG_CAPTION, GUMBO_TAG_COLGROUP, GUMBO_TAG_COL,
+    GUMBO_TAG_TBODY,      GUMBO_TAG_TD,     GUMBO_TAG_TFOOT,   GUMBO_TAG_TH,       GUMBO_TAG_THEAD,
+    GUMBO_TAG_TR,         GUMBO_TAG_UL};
+
+template <size_t N>
+bool IsOneOf(const std::array<GumboTag, N>& tags, GumboTag tag) {
+  return std::ranges::find(tags, tag) != tags.end();
+}
+
 Shown HowShown(GumboTag tag) {
-  switch (tag) {
-    case GUMBO_TAG_HEAD:
-    case GUMBO_TAG_TITLE:
-    case GUMBO_TAG_SCRIPT:
-    case GUMBO_TAG_STYLE:
-    case GUMBO_TAG_TEMPLATE:
-    case GUMBO_TAG_NOSCRIPT:
-    case GUMBO_TAG_SELECT:
-    case GUMBO_TAG_TEXTAREA:
-    case GUMBO_TAG_IFRAME:
-    case GUMBO_TAG_OBJECT:
-    case GUMBO_TAG_SVG:
-    case GUMBO_TAG_AUDIO:
-    case GUMBO_TAG_VIDEO:
-    case GUMBO_TAG_CANVAS:
-    case GUMBO_TAG_DATALIST:
-    case GUMBO_TAG_NOEMBED:
-    case GUMBO_TAG_NOFRAMES:
-    case GUMBO_TAG_METER:
-    case GUMBO_TAG_PROGRESS:
-    case GUMBO_TAG_RP:
-    case GUMBO_TAG_ANNOTATION_XML:
-      return Shown::Not;
-    case GUMBO_TAG_BR:
-      return Shown::Line;
-    case GUMBO_TAG_PRE:
-    case GUMBO_TAG_LISTING:
-    case GUMBO_TAG_XMP:
-    case GUMBO_TAG_PLAINTEXT:
-      return Shown::AsItIs;
-    case GUMBO_TAG_HTML:
-    case GUMBO_TAG_BODY:
-    case GUMBO_TAG_ADDRESS:
-    case GUMBO_TAG_ARTICLE:
-    case GUMBO_TAG_ASIDE:
-    case GUMBO_TAG_BLOCKQUOTE:
-    case GUMBO_TAG_CENTER:
-    case GUMBO_TAG_DETAILS:
-    case GUMBO_TAG_DIR:
-    case GUMBO_TAG_DIV:
-    case GUMBO_TAG_DL:
-    case GUMBO_TAG_DT:
-    case GUMBO_TAG_DD:
-    case GUMBO_TAG_FIELDSET:
-    case GUMBO_TAG_FIGCAPTION:
-    case GUMBO_TAG_FIGURE:
-    case GUMBO_TAG_FOOTER:
-    case GUMBO_TAG_FORM:
-    case GUMBO_TAG_H1:
-    case GUMBO_TAG_H2:
-    case GUMBO_TAG_H3:
-    case GUMBO_TAG_H4:
-    case GUMBO_TAG_H5:
-    case GUMBO_TAG_H6:
-    case GUMBO_TAG_HEADER:
-    case GUMBO_TAG_HGROUP:
-    case GUMBO_TAG_HR:
-    case GUMBO_TAG_LEGEND:
-    case GUMBO_TAG_LI:
-    case GUMBO_TAG_MAIN:
-    case GUMBO_TAG_MENU:
-    case GUMBO_TAG_NAV:
-    case GUMBO_TAG_OL:
-    case GUMBO_TAG_P:
-    case GUMBO_TAG_SECTION:
-    case GUMBO_TAG_SUMMARY:
-    case GUMBO_TAG_TABLE:
-    case GUMBO_TAG_CAPTION:
-    case GUMBO_TAG_COLGROUP:
-    case GUMBO_TAG_COL:
-    case GUMBO_TAG_TBODY:
-    case GUMBO_TAG_TD:
-    case GUMBO_TAG_TFOOT:
-    case GUMBO_TAG_TH:
-    case GUMBO_TAG_THEAD:
-    case GUMBO_TAG_TR:
-    case GUMBO_TAG_UL:
-      return Shown::Block;
-    default:
-      return Shown::InLine;
-  }
+  if (tag == GUMBO_TAG_BR) return Shown::Line;
+  if (IsOneOf(kBlocks, tag)) return Shown::Block;
+  if (IsOneOf(kNotShown, tag)) return Shown::Not;
+  return IsOneOf(kAsItIs, tag) ? Shown::AsItIs : Shown::InLine;
 }
 
 /// The name of an element that the parser does not know.

@@ -563,6 +563,9 @@ TEST(NamedSettings, AreWrittenWhereTheyDifferFromWhatTheReadingSets) {
   EXPECT_EQ(DifferencesOf(read, settings), SettingSet());
   EXPECT_TRUE(ReadStateBytes(letter, read).Complete());
   EXPECT_EQ(DifferencesOf(read, Settings{}), SettingSet());
+  EXPECT_TRUE(
+      ReadStateBytes(letter + "\"Segmentation=2\"\r\n\"ShownMarkup=0\"\r\n\"Reading=1\"", read).Complete());
+  EXPECT_EQ(DifferencesOf(read, settings), SettingSet()) << "lines stand in any order";
 }
 
 TEST(NamedSettings, AreReadInAnyOrderAndAreTheirDefaultsWhereTheyAreMissing) {

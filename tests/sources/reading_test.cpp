@@ -21,8 +21,8 @@ class ReadingTest : public testing::Test {
     files.Add("/in/" + name, content);
     OpenedText opened = OpenTextSource(files, "/in/" + name, kRunThreshold);
     const DocumentReader& reader = ReaderOfFile("/in/" + name, opened.Head);
-    auto text = reader.Open("/in/" + name, std::move(opened),
-                            {.Files = files, .Messages = messages, .Yielder = yielder, .Reading = reading});
+    auto text =
+        reader.Open("/in/" + name, std::move(opened), {files, messages, yielder, false, {}, {}, {}, reading});
     if (!text) return "refused: " + std::string(text.Error().SkipReason);
     std::string shown;
     for (const char c : text->Head)
@@ -73,7 +73,8 @@ TEST_F(ReadingTest, TextsInTheEncodingsThatTheyDeclareOrThatAreNamed) {
   EXPECT_EQ(Open("a.txt", "\xFF\xFEo\0n\0e\0\n\0"s), "one/@UTF-16LE");
   EXPECT_EQ(Open("b.txt", "one"), "one");
   EXPECT_EQ(Open("c.html", "<meta charset=koi8-r>\xC1"), "<meta charset=koi8-r>\u0430@KOI8-R");
-  reading = {.Encoding = "iso-8859-2"};
+  reading = {};
+  reading.Encoding = "iso-8859-2";
   EXPECT_EQ(Open("d.txt", "\xB1 one"), "\u0105 one@ISO-8859-2");
   EXPECT_EQ(Open("none.txt", ""), "refused: is zero-length");
 }
