@@ -10,8 +10,8 @@
 #include "app/run/run.h"
 #include "engine/corpus/corpus_builder.h"
 #include "sources/read/corpus_reader.h"
-#include "sources/read/documents_ahead.h"
 #include "sources/read/decoded_stream.h"
+#include "sources/read/documents_ahead.h"
 #include "sources/read/read_plan.h"
 #include "sources/read/stream_source.h"
 
@@ -90,7 +90,7 @@ class SourceReader {
   CorpusBuilder& corpus_;
   CorpusReader reader_;
   std::unique_ptr<DecodedStream> decoded_;  ///< Of standard input in an encoding that was named.
-  size_t secondSide_ = 0;  ///< The first document of side B in the plan, where there is one.
+  size_t secondSide_ = 0;                   ///< The first document of side B in the plan, where there is one.
   WordCounts wordsOfA_;
   bool refusalTold_ = false;
   bool extractionFaultTold_ = false;

@@ -77,7 +77,8 @@ TextSummary CorpusReader::ReadLines(TextReader& reader, const CommentMarkers& ma
   WordCutter cutter(rules_, sink);
   cutter.BeginSource(linesAreBlocks);
   LineScanner<WordCutter> scanner(rules_, markers, cutter);
-  return ScanLines(reader, marks, begin, afterStop, isPlain, scanner, [&cutter] { return cutter.HoldsBack(); });
+  return ScanLines(reader, marks, begin, afterStop, isPlain, scanner,
+                   [&cutter] { return cutter.HoldsBack(); });
 }
 
 /// `holdsBack`: whether the next line depends on those before it.
