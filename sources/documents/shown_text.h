@@ -51,7 +51,6 @@ class ShownTextBuilder {
   bool inBlock_ = false;
   // The place in the source up to which lines and columns are counted.
   size_t counted_ = 0;
-  size_t lineBegin_ = 0;
   uint32_t line_ = 1;
   uint32_t column_ = 1;
   size_t expected_ = SIZE_MAX;  ///< What is added next stands here if no mark is needed.
