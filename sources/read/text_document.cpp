@@ -49,7 +49,8 @@ Expected<DocumentText, DocumentRefusal> OpenDecoded(const std::filesystem::path&
                                                     const ReadContext& context) {
   const std::string name =
       opened.File ? NamedEncoding(opened, markers.Language, context.Reading) : std::string();
-  if (name.empty()) return OpenTextDocument(path, std::move(opened), markers);
+  if (name.empty() || opened.Facts.Code == TextFileCode::ZeroLength)
+    return OpenTextDocument(path, std::move(opened), markers);
   DocumentText text;
   text.Facts = opened.Facts;
   text.Encoding = TextEncoding::Utf8;

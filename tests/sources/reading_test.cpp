@@ -21,8 +21,8 @@ class ReadingTest : public testing::Test {
     files.Add("/in/" + name, content);
     OpenedText opened = OpenTextSource(files, "/in/" + name, kRunThreshold);
     const DocumentReader& reader = ReaderOfFile("/in/" + name, opened.Head);
-    auto text =
-        reader.Open("/in/" + name, std::move(opened), {files, messages, yielder, false, {}, {}, {}, reading});
+    const ReadContext context{files, messages, yielder, false, nullptr, "", DocumentChoice(), reading};
+    auto text = reader.Open("/in/" + name, std::move(opened), context);
     if (!text) return "refused: " + std::string(text.Error().SkipReason);
     std::string shown;
     for (const char c : text->Head)
@@ -71,7 +71,7 @@ TEST_F(ReadingTest, PagesInTheirEncodings) {
 TEST_F(ReadingTest, TextsInTheEncodingsThatTheyDeclareOrThatAreNamed) {
   reading.DeclaredEncodings = true;
   EXPECT_EQ(Open("a.txt", "\xFF\xFEo\0n\0e\0\n\0"s), "one/@UTF-16LE");
-  EXPECT_EQ(Open("b.txt", "one"), "one");
+  EXPECT_EQ(Open("b.txt", "one two"), "one two");
   EXPECT_EQ(Open("c.html", "<meta charset=koi8-r>\xC1"), "<meta charset=koi8-r>\u0430@KOI8-R");
   reading = {};
   reading.Encoding = "iso-8859-2";
