@@ -89,8 +89,7 @@ std::string RunLine(const RunSummary& facts, const WordRules& rules, const Numbe
                                  "%1 phrases of more than %2 characters not counted", facts.LongPhrases),
                          {writer.Number(facts.LongPhrases),
                           writer.Number(static_cast<uint64_t>(facts.Options.MostCharacters))}));
-  const std::string encodings =
-      writer.Encodings(facts, facts.Options.SourceKind == TextSource::Folder);
+  const std::string encodings = writer.Encodings(facts, facts.Options.SourceKind == TextSource::Folder);
   if (!encodings.empty()) parts.push_back(encodings);
   return Joined(parts, "; ");
 }

@@ -98,8 +98,8 @@ std::unique_ptr<StreamSource> SourceReader::MakeStream() {
   const std::string& named = request_.Options.Reading.Encoding;
   if (named.empty())
     return std::make_unique<StreamSource>(*request_.Stream, request_.StreamEncoding, services_.Yielder, kept);
-  decoded_ = std::make_unique<DecodedStream>(*request_.Stream, EncodingAsBrowsersHaveIt(named),
-                                             services_.Yielder);
+  decoded_ =
+      std::make_unique<DecodedStream>(*request_.Stream, EncodingAsBrowsersHaveIt(named), services_.Yielder);
   return std::make_unique<StreamSource>(*decoded_, EncodingChoice::Utf8, services_.Yielder, kept);
 }
 

@@ -61,7 +61,8 @@ void JoinBlankless(std::string& phrase) {
   if (!MayHoldBlankless(phrase)) return;
   for (size_t blank = phrase.find(' '); blank != std::string::npos; blank = phrase.find(' ', blank + 1)) {
     const std::string_view text = phrase;
-    if (EndsBlankless(text.substr(0, blank)) && BeginsBlankless(text.substr(blank + 1))) phrase.erase(blank, 1);
+    if (EndsBlankless(text.substr(0, blank)) && BeginsBlankless(text.substr(blank + 1)))
+      phrase.erase(blank, 1);
   }
 }
 
