@@ -79,8 +79,7 @@ void SourcePanel::BuildReading(QVBoxLayout& layout) {
       "phrases end with sentences, and no word is dropped for its length."));
   auto* row = new QHBoxLayout;
   row->addWidget(MakeCaption(Tr("Read:"), cboReading, this));
-  row->addWidget(cboReading);
-  row->addStretch(1);
+  row->addWidget(cboReading, 1);
   layout.addLayout(row);
   lblReading = Named(new ElidingLabel(this), "lblReading");
   layout.addWidget(lblReading);

@@ -296,11 +296,11 @@ TEST_F(Controls, AreReachedByTabInTheOrderInWhichTheyAreRead) {
     }
   }
   EXPECT_THAT(
-      order, ElementsAre("cmdFile_0", "txbFile_0", "cmdClearFile_0", "cboPhraseLength_0", "cboPhraseLength_1",
-                         "cboMinimumFrequency", "cmdSetParameters", "cmdChangeWordRules", "cmdCountPhrases",
-                         "cmdSaveState", "cmdHelp", "cmdQuit", "cboWordOrder", "cboDisplayFormat",
-                         "cmdFile_1", "txbFile_1", "cmdClearFile_1", "txbOutput", "cmdClearOutput",
-                         "txbFilterWords", "cmdFilterResults", "cmdClear"));
+      order, ElementsAre("cmdFile_0", "txbFile_0", "cmdClearFile_0", "cboReading", "cboPhraseLength_0",
+                         "cboPhraseLength_1", "cboMinimumFrequency", "cmdSetParameters", "cmdChangeWordRules",
+                         "cmdCountPhrases", "cmdSaveState", "cmdHelp", "cmdQuit", "cboWordOrder",
+                         "cboDisplayFormat", "cmdFile_1", "txbFile_1", "cmdClearFile_1", "txbOutput",
+                         "cmdClearOutput", "txbFilterWords", "cmdFilterResults", "cmdClear"));
 }
 
 TEST_F(Controls, FitIntoASmallWindowWithTheCountButtonInSight) {
