@@ -199,6 +199,8 @@ std::string SourcePanel::Name() const {
 
 void SourcePanel::ShowReading(const std::string& text) {
   lblReading->setText(ToQt(text));
+  // The choice above says it already.
+  lblReading->setVisible(text != Tr("Read by the letter"));
 }
 
 void SourcePanel::ShowFound(const std::string& text) {
