@@ -36,7 +36,7 @@ QWidget* MakeGroups(MainPanels& panels, const Desktop& desktop, Workspace& work,
   panels.WordsToIgnore = new WordsToIgnorePanel(desktop, groups);
   auto* stack = Bare(new QVBoxLayout(groups));
   // Groups have air of their own.
-  stack->setSpacing(3);
+  stack->setSpacing(2);
   stack->addWidget(panels.Source, 1);
   stack->addWidget(panels.Compare);
   stack->addWidget(panels.Phrases);

@@ -31,8 +31,8 @@ void RecentList::Show(const QStringList& files, const QStringList& folders) {
 }
 
 QSize RecentList::minimumSizeHint() const {
-  // Two whole rows: half of a row cannot be read.
-  return {0, 2 * std::max(fontMetrics().lineSpacing() + 2, iconSize().height() + 2) + 2 * frameWidth() + 2};
+  // A whole row: half of one cannot be read.
+  return {0, std::max(fontMetrics().lineSpacing() + 2, iconSize().height() + 2) + 2 * frameWidth() + 2};
 }
 
 void RecentList::paintEvent(QPaintEvent* event) {

@@ -33,6 +33,7 @@ SourcePanel::SourcePanel(const Desktop& desktop, QWidget* parent)
       desktop_(desktop) {
   setObjectName(QStringLiteral("fraSource"));
   auto* layout = Tight(new QVBoxLayout(this));
+  layout->setSpacing(3);
   optOnClipboard = MakeOption("optOnClipboard", Tr("Clipboard"), this);
   optInFile = MakeOption("optInFile", Tr("Single file"), this);
   optFolder = MakeOption("optFolder", Tr("Folder"), this);
@@ -83,6 +84,7 @@ void SourcePanel::BuildReading(QVBoxLayout& layout) {
   layout.addLayout(row);
   lblReading = Named(new ElidingLabel(this), "lblReading");
   layout.addWidget(lblReading);
+  lblReading->hide();
 }
 
 void SourcePanel::FitToPages() {
