@@ -140,15 +140,14 @@ std::optional<PhraseList> ChosenRows(const Report& report, const ColumnSource& s
 }
 
 /// Nothing when stopped.
-std::optional<ListedRows> RowsOf(const Report& report, const ColumnSource& source, const ListExtent& extent,
-                                 Yielder& yielder) {
+std::optional<ListedRows> RowsOf(const Report& report, const ColumnSource& source, Yielder& yielder) {
   if (!report.Rows.Empty()) {
     std::optional<PhraseList> rows = ChosenRows(report, source, yielder);
     if (!rows) return std::nullopt;
     return ListedRows::Chosen(report.Table, std::move(*rows));
   }
   if (report.Options.WordOrder == kAlphabetical) return ListedRows::Alphabetical(report.Table);
-  return ListedRows::ByFrequency(report.Table, extent);
+  return ListedRows::ByFrequency(report.Table);
 }
 
 void ListOneByOne(const ListedRows& rows, Listing& listing) {
@@ -218,7 +217,7 @@ ListResult WriteList(const Report& report, std::span<const Column* const> column
   RowBuilder cells(columns, source.View());
   writer.Begin(columns, source.View());
   Listing listing(report, extent, cells, writer, yielder);
-  const std::optional<ListedRows> rows = RowsOf(report, source.View(), extent, yielder);
+  const std::optional<ListedRows> rows = RowsOf(report, source.View(), yielder);
   std::vector<RowMaker> makers;
   if (rows && rows->Size() >= kEnoughForThreads)
     makers = MakersOf(report, columns, source.View(), writer, yielder);

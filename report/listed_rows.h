@@ -6,7 +6,6 @@
 
 #include "engine/analysis/phrase_list.h"
 #include "engine/counting/phrase_table.h"
-#include "report/list_extent.h"
 #include "report/look_ahead.h"
 
 namespace korv {
@@ -18,8 +17,8 @@ class ListedRows {
   static ListedRows Alphabetical(const PhraseTable& table) {
     return {table, Kind::Table, table.EntryCount()};
   }
-  static ListedRows ByFrequency(const PhraseTable& table, const ListExtent& extent) {
-    return {table, Kind::Chain, extent.Phrases};
+  static ListedRows ByFrequency(const PhraseTable& table) {
+    return {table, Kind::Chain, table.ChainLength()};
   }
   static ListedRows Chosen(const PhraseTable& table, PhraseList rows) {
     ListedRows listed(table, Kind::Chosen, rows.Rows());

@@ -98,6 +98,10 @@ PhraseRank PhraseTable::ChainPosition(PhraseIndex i) const {
   return data_->Rank.empty() ? kNoRank : data_->Rank[ValueOf(i)];
 }
 
+uint32_t PhraseTable::ChainLength() const {
+  return static_cast<uint32_t>(data_->Chain.size());
+}
+
 PhraseIndex PhraseTable::AtChainPosition(PhraseRank rank) const {
   const uint32_t before = ValueOf(rank) - 1;
   return before < data_->Chain.size() ? data_->Chain[before] : kNoPhrase;

@@ -92,6 +92,7 @@ class PhraseTable {
   // ---- The frequency chain.
 
   PhraseIndex ChainHead() const;                       ///< kNoPhrase for an empty chain.
+  uint32_t ChainLength() const;                        ///< How many phrases are listed by it.
   PhraseRank ChainPosition(PhraseIndex i) const;       ///< The rank; kNoRank when not in the chain.
   PhraseIndex AtChainPosition(PhraseRank rank) const;  ///< The inverse; kNoPhrase beyond the end.
   PhraseIndex ChainNext(PhraseIndex i) const;  ///< kNoPhrase at the end and for entries not in the chain.
