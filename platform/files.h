@@ -10,9 +10,10 @@
 #include <vector>
 
 #include "base/expected.h"
-#include "base/yielder.h"
 
 namespace korv {
+
+class Yielder;
 
 /// Why the file system refused. `PermissionDenied` is the one kind that users are told apart.
 enum class FileFault { NotFound, PermissionDenied, IsFolder, NotAFolder, NoSpace, Other };

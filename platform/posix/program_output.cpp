@@ -7,6 +7,7 @@
 
 #include <cerrno>
 
+#include "base/yielder.h"
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/system_calls.h"
 

@@ -68,7 +68,7 @@ class LineScanner {
   static constexpr int kOutside = -1;
   static constexpr size_t kNotSought = static_cast<size_t>(-2);
   /// Whether the sink also wants to know what stands between the words: a WordCutter does.
-  static constexpr bool kTellsText = requires(Sink sink, std::string_view text) {
+  static constexpr bool kTellsText = requires(Sink & sink, std::string_view text) {
     sink.BeginText(text, true);
   };
 
