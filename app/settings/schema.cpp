@@ -666,11 +666,6 @@ Settings DefaultsUnder(Reading reading) {
   return defaults;
 }
 
-SettingSet SettingsOfReading() {
-  return DifferencesOf(DefaultsUnder(Reading::Letter), DefaultsUnder(Reading::Reader)) &
-         ~SetOf(RowOf("Reading"));
-}
-
 void SetDefaultValues(Settings& settings) {
   CopyValues(SettingsResetBy(ResetBy::RestoreDefaults), Settings{}, settings);
 }

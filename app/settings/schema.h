@@ -53,8 +53,6 @@ void SetDefaultValues(Settings& settings);
 
 /// Sets all that a way of reading sets, and Settings::Reading itself.
 void ApplyReading(Reading reading, Settings& settings);
-/// The settings that Reading sets, itself not among them.
-SettingSet SettingsOfReading();
 /// The defaults of settings that have no place in a file: those of the way of reading.
 Settings DefaultsUnder(Reading reading);
 

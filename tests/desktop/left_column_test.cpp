@@ -38,6 +38,11 @@ class LeftColumn : public WindowTest {
 
 // ---- How texts are read
 
+/// The settings that the way of reading sets.
+SettingSet SettingsOfReading() {
+  return DifferencesOf(DefaultsUnder(Reading::Letter), DefaultsUnder(Reading::Reader));
+}
+
 TEST_F(LeftColumn, SwitchesBetweenTheLetterAndWhatAReaderSees) {
   EXPECT_EQ(Find<QComboBox>("cboReading")->currentText().toStdString(), "by the letter");
   EXPECT_EQ(TextOf("lblReading"), "Read by the letter");
