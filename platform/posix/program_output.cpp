@@ -4,14 +4,13 @@
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cerrno>
 
 #include "base/yielder.h"
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/system_calls.h"
-
-extern char** environ;
 
 namespace korv {
 
@@ -109,6 +108,7 @@ Expected<std::unique_ptr<InputFile>, FileError> SystemOpenOutputOf(
   std::vector<std::string> texts{program};
   for (const std::filesystem::path& argument : arguments) texts.push_back(argument.native());
   std::vector<char*> values;
+  values.reserve(texts.size() + 1);
   for (std::string& text : texts) values.push_back(text.data());
   values.push_back(nullptr);
   const Actions actions(writing.Number());

@@ -29,9 +29,7 @@ void DocxShownText::BeginElement(const XmlElement& element, uint64_t /*line*/) {
     open_.emplace_back();
   } else if (name == "w:t") {
     inRun_ = true;
-  } else if (name == "w:tab" || name == "w:ptab") {
-    if (!open_.empty()) open_.back().Tab = !open_.back().Text.empty();
-  } else if (name == "w:br" || name == "w:cr") {
+  } else if (name == "w:tab" || name == "w:ptab" || name == "w:br" || name == "w:cr") {
     // A line within a paragraph goes on its sentence.
     if (!open_.empty()) open_.back().Tab = !open_.back().Text.empty();
   } else if (name == "w:noBreakHyphen") {
