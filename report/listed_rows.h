@@ -35,7 +35,8 @@ class ListedRows {
   }
   /// Prefetches what rows behind this one need. Costs a fraction of a row.
   void PrefetchBehind(size_t row) const {
-    if (kind_ != Kind::Chosen) table_.Prefetch(EntryAt(row + kLookAhead), EntryAt(row + size_t{2} * kLookAhead));
+    if (kind_ != Kind::Chosen)
+      table_.Prefetch(EntryAt(row + kLookAhead), EntryAt(row + size_t{2} * kLookAhead));
   }
 
  private:
