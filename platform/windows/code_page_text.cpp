@@ -12,7 +12,7 @@ namespace {
 
 constexpr UINT kUnknown = 0;
 
-/// Windows has numbers instead of names.
+/// Windows has numbers instead of names. Those of the families tell theirs.
 UINT NumberOf(std::string_view encoding) {
   std::string name(encoding);
   std::transform(name.begin(), name.end(), name.begin(),
@@ -29,6 +29,16 @@ UINT NumberOf(std::string_view encoding) {
     const auto [stop, error] = std::from_chars(name.data() + family.Prefix.size(), end, number);
     if (error == std::errc{} && stop == end && IsValidCodePage(family.Base + number))
       return family.Base + number;
+  }
+  struct Named {
+    std::string_view Name;
+    UINT Number;
+  };
+  for (const Named& named :
+       {Named{"koi8-r", 20866}, Named{"koi8-u", 21866}, Named{"shift_jis", 932}, Named{"euc-jp", 20932},
+        Named{"gbk", 936}, Named{"gb2312", 936}, Named{"gb18030", 54936}, Named{"big5", 950},
+        Named{"euc-kr", 949}, Named{"tis-620", 874}, Named{"macintosh", 10000}}) {
+    if (name == named.Name && IsValidCodePage(named.Number)) return named.Number;
   }
   return kUnknown;
 }
