@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/yielder.h"
 #include "platform/files.h"
 
 namespace korv {
