@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/utf8.h"
 #include "sources/documents/html_tree.h"
 
 namespace korv {
@@ -171,7 +172,9 @@ class PageWalker {
     const char* const begin = text.original_text.data;
     const bool known = begin >= page_.data() && begin <= page_.data() + page_.size();
     const size_t at = known ? static_cast<size_t>(begin - page_.data()) : page_.size();
-    asItIs_ > 0 ? text_.RunAsItIs(text.text, at) : text_.Run(text.text, at);
+    // The parser makes bytes that are no UTF-8 of numbers of characters beyond all that there are.
+    const std::string shown = MendedUtf8(text.text);
+    asItIs_ > 0 ? text_.RunAsItIs(shown, at) : text_.Run(shown, at);
   }
 
   std::string_view page_;

@@ -63,7 +63,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (data[0] % 3 == 1) {
     const std::string without = WithoutPrograms(page);
     Require(without.size() == page.size());
-    Require(WithoutPrograms(without) == without);
+    // What stands around a program may look like one when the program is gone, so that only line ends are
+    // sure.
+    Require(std::count(without.begin(), without.end(), '\n') == std::count(page.begin(), page.end(), '\n'));
     page = without;
   }
   if (!ReadsHtml()) return 0;
